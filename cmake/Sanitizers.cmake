@@ -1,0 +1,12 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# MELL_SANITIZE is a list for -fsanitize, such as "address,undefined" or "thread".
+
+set(MELL_SANITIZE "" CACHE STRING "Sanitizers to build with")
+
+function(mell_sanitize target)
+  if(MELL_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${MELL_SANITIZE} -fno-omit-frame-pointer
+                                             -fno-sanitize-recover=undefined)
+    target_link_options(${target} PRIVATE -fsanitize=${MELL_SANITIZE})
+  endif()
+endfunction()
