@@ -8,7 +8,8 @@
 namespace Base {
 
 /// Where progress goes: the application plugs in one of its own. All operations are called on the
-/// thread that runs the job, one launcher at a time or several in turn, so a sink locks what it shares.
+/// thread that runs the job, one launcher at a time or several in turn, so a sink locks what it
+/// shares.
 class ProgressSink
 {
 public:
@@ -24,7 +25,8 @@ public:
     virtual bool isCancelRequested() const = 0;
 };
 
-/// Plugs a sink in, or takes it out with null. Launchers that are open keep the sink they began with.
+/// Plugs a sink in, or takes it out with null. Launchers that are open keep the sink they began
+/// with.
 void setProgressSink(std::shared_ptr<ProgressSink> sink);
 std::shared_ptr<ProgressSink> progressSink();
 

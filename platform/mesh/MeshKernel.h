@@ -12,9 +12,9 @@
 /// UpdateBoundingBox, and a matrix.
 ///
 /// A copy is independent: changes on one side are never seen by the other. The records are copied
-/// at once if the source has handed its mesh out for writing (somebody may still hold it). Otherwise
-/// both kernels read the same mesh until one of them is asked for it by getMesh(), which then makes
-/// its own. readMesh() never copies.
+/// at once if the source has handed its mesh out for writing (somebody may still hold it).
+/// Otherwise both kernels read the same mesh until one of them is asked for it by getMesh(), which
+/// then makes its own. readMesh() never copies.
 class MeshKernel
 {
 public:

@@ -39,8 +39,8 @@ public:
     ClipperLib::Paths const& getPaths() const;
 
     /// Grows (distance above 0) or shrinks the set.
-    Polygons offset(int distance, ClipperLib::JoinType join, double miterLimit,
-                    double arcTolerance, bool clean) const;
+    Polygons offset(int distance, ClipperLib::JoinType join, double miterLimit, double arcTolerance,
+                    bool clean) const;
 
     /// Each outer contour with its holes.
     std::vector<PolygonsPart> splitIntoParts(bool unionAll, int minimumSize) const;

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/mesh/DegenerateTriangles.h"
+
+#include "host/mesh/RecordSlabs.h"
+
+#include <cmath>
+#include <numeric>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+using Vertex = UVertex<float>;
+using Triangle = UTriangle<float>;
+
+/// Whether p * q equals r * s exactly: the rounded products first, then what the rounding lost.
+bool productsAreEqual(double p, double q, double r, double s)
+{
+    double const left = p * q;
+    double const right = r * s;
+    return left == right && std::fma(p, q, -left) == std::fma(r, s, -right);
+}
+
+bool isDegenerate(Triangle const& triangle)
+{
+    return ::isDegenerate(triangle.cP(0), triangle.cP(1), triangle.cP(2));
+}
+
+std::vector<Triangle*> findDegenerate(UMesh<float> const& mesh)
+{
+    std::vector<Triangle*> found;
+    for (Triangle* const triangle : mesh.triangles)
+        if (isDegenerate(*triangle))
+            found.push_back(triangle);
+    return found;
+}
+
+/// Representatives of vertices that are to become one.
+class VertexUnion
+{
+public:
+    explicit VertexUnion(std::size_t count) : m_parent(count)
+    {
+        std::iota(m_parent.begin(), m_parent.end(), 0u);
+    }
+
+    std::uint32_t find(std::uint32_t v)
+    {
+        while (m_parent[v] != v)
+            v = m_parent[v] = m_parent[m_parent[v]];
+        return v;
+    }
+
+    void unite(std::uint32_t a, std::uint32_t b)
+    {
+        a = find(a);
+        b = find(b);
+        m_parent[std::max(a, b)] = std::min(a, b);
+    }
+
+private:
+    std::vector<std::uint32_t> m_parent;
+};
+
+/// Makes the ends of every edge of no length one vertex. Returns whether there was any.
+bool uniteCoincidentCorners(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
+{
+    mesh.UpdateVertsID();
+    VertexUnion groups(mesh.vertices.size());
+    bool isAny = false;
+    for (Triangle const* const triangle : degenerate)
+        for (int i = 0; i < 3; ++i) {
+            int const k = Triangle::Next(i);
+            if (triangle->cV(i) != triangle->cV(k) && triangle->cP(i) == triangle->cP(k)) {
+                groups.unite(std::uint32_t(triangle->cV(i)->cID()),
+                             std::uint32_t(triangle->cV(k)->cID()));
+                isAny = true;
+            }
+        }
+    if (!isAny)
+        return false;
+    for (Triangle* const triangle : mesh.triangles)
+        for (int i = 0; i < 3; ++i)
+            triangle->V0(i) = mesh.vertices[groups.find(std::uint32_t(triangle->cV(i)->cID()))];
+    return true;
+}
+
+bool hasEqualCorners(Triangle const& t)
+{
+    return t.cV(0) == t.cV(1) || t.cV(1) == t.cV(2) || t.cV(2) == t.cV(0);
+}
+
+/// Takes triangles out of the list and frees them. Returns how many.
+template <typename Condition>
+std::size_t dropTriangles(UMesh<float>& mesh, Condition const& isUnwanted)
+{
+    std::vector<Triangle*> dropped;
+    std::erase_if(mesh.triangles, [&](Triangle* triangle) {
+        if (!isUnwanted(*triangle))
+            return false;
+        dropped.push_back(triangle);
+        return true;
+    });
+    RecordSlabs::releaseAll<Triangle>(dropped);
+    mesh.triangleCount = std::uint32_t(mesh.triangles.size());
+    return dropped.size();
+}
+
+/// The edge of a triangle with its corners in a line on which the third corner lies.
+int longestEdge(Triangle const& triangle)
+{
+    int longest = 0;
+    double best = -1;
+    for (int i = 0; i < 3; ++i) {
+        UPoint3<float> const a = triangle.cP(i);
+        UPoint3<float> const b = triangle.cP(Triangle::Next(i));
+        double const x = double(b.X()) - a.X(), y = double(b.Y()) - a.Y(),
+                     z = double(b.Z()) - a.Z();
+        double const squared = x * x + y * y + z * z;
+        if (squared > best) {
+            best = squared;
+            longest = i;
+        }
+    }
+    return longest;
+}
+
+using EdgeKey = std::uint64_t;
+
+EdgeKey keyOf(Vertex const* from, Vertex const* to)
+{
+    return (EdgeKey(from->cID()) << 32) | EdgeKey(to->cID());
+}
+
+/// For each wanted directed edge the triangle that runs along it.
+std::unordered_map<EdgeKey, Triangle*> findPartners(UMesh<float> const& mesh,
+                                                    std::vector<Triangle*> const& degenerate)
+{
+    std::unordered_map<EdgeKey, Triangle*> partners;
+    std::vector<bool> isWantedFrom(mesh.vertices.size(), false);
+    for (Triangle const* const triangle : degenerate) {
+        int const i = longestEdge(*triangle);
+        partners[keyOf(triangle->cV(Triangle::Next(i)), triangle->cV(i))] = nullptr;
+        isWantedFrom[triangle->cV(Triangle::Next(i))->cID()] = true;
+    }
+    for (Triangle* const triangle : mesh.triangles)
+        for (int i = 0; i < 3; ++i) {
+            if (!isWantedFrom[triangle->cV(i)->cID()])
+                continue;
+            auto const wanted =
+                partners.find(keyOf(triangle->cV(i), triangle->cV(Triangle::Next(i))));
+            if (wanted != partners.end() && !wanted->second)
+                wanted->second = triangle;
+        }
+    return partners;
+}
+
+void setCorners(Triangle& triangle, Vertex* a, Vertex* b, Vertex* c)
+{
+    triangle.V0(0) = a;
+    triangle.V0(1) = b;
+    triangle.V0(2) = c;
+    triangle.N() = triangle.ComputeNormalizedNormal();
+}
+
+void markForRemoval(Triangle& triangle)
+{
+    triangle.V0(1) = triangle.V0(0);
+}
+
+/// Swaps the shared edge of a degenerate triangle u-w-m and its partner w-u-x for the edge m-x.
+/// Where the two are the same triangle facing both ways, both go.
+void swapWithPartner(Triangle& flat, int edge, Triangle* partner)
+{
+    if (!partner) {
+        markForRemoval(flat);
+        return;
+    }
+    Vertex* const u = flat.cV(edge);
+    Vertex* const w = flat.cV(Triangle::Next(edge));
+    Vertex* const m = flat.cV(Triangle::Prev(edge));
+    int k = 0;
+    while (partner->cV(k) == u || partner->cV(k) == w)
+        ++k;
+    Vertex* const x = partner->cV(k);
+    if (x == m) {
+        markForRemoval(flat);
+        markForRemoval(*partner);
+        return;
+    }
+    setCorners(flat, w, m, x);
+    setCorners(*partner, m, u, x);
+}
+
+/// One round of swaps; a triangle takes part in one swap only. Returns whether anything changed.
+bool swapRound(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
+{
+    mesh.UpdateTrisID();
+    auto const partners = findPartners(mesh, degenerate);
+    std::vector<bool> isTouched(mesh.triangles.size(), false);
+    bool isAny = false;
+    for (Triangle* const flat : degenerate) {
+        int const i = longestEdge(*flat);
+        Triangle* const partner = partners.at(keyOf(flat->cV(Triangle::Next(i)), flat->cV(i)));
+        if (isTouched[flat->cID()] || partner == flat || (partner && isTouched[partner->cID()]))
+            continue;
+        isTouched[flat->cID()] = true;
+        if (partner)
+            isTouched[partner->cID()] = true;
+        swapWithPartner(*flat, i, partner);
+        isAny = true;
+    }
+    return isAny;
+}
+
+void dropLinks(UMesh<float>& mesh)
+{
+    for (Vertex* const vertex : mesh.vertices)
+        vertex->VFp() = nullptr;
+    for (Triangle* const triangle : mesh.triangles)
+        for (int i = 0; i < 3; ++i)
+            triangle->FFp(i) = nullptr;
+}
+
+}  // namespace
+
+bool isDegenerate(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c)
+{
+    double const ux = double(b.X()) - a.X(), uy = double(b.Y()) - a.Y(), uz = double(b.Z()) - a.Z();
+    double const vx = double(c.X()) - a.X(), vy = double(c.Y()) - a.Y(), vz = double(c.Z()) - a.Z();
+    return productsAreEqual(ux, vy, uy, vx) && productsAreEqual(uy, vz, uz, vy) &&
+           productsAreEqual(uz, vx, ux, vz);
+}
+
+std::size_t removeDegenerateTriangles(UMesh<float>& mesh)
+{
+    // Every round ends at least one flat triangle or passes it on to a neighbour; the bound only
+    // guards against an endless exchange between flat triangles.
+    constexpr int maximumRounds = 64;
+    std::vector<Triangle*> degenerate = findDegenerate(mesh);
+    std::size_t const before = degenerate.size();
+    if (before == 0)
+        return 0;
+    for (int round = 0; round < maximumRounds && !degenerate.empty(); ++round) {
+        uniteCoincidentCorners(mesh, degenerate);
+        dropTriangles(mesh, hasEqualCorners);
+        degenerate = findDegenerate(mesh);
+        if (degenerate.empty() || !swapRound(mesh, degenerate))
+            break;
+        dropTriangles(mesh, hasEqualCorners);
+        degenerate = findDegenerate(mesh);
+    }
+    dropLinks(mesh);
+    return before - degenerate.size();
+}

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/mesh/MeshKernel.h"
+
+#include "host/mesh/MeshCopy.h"
+
+#include <atomic>
+
+MeshKernel::MeshKernel() : m_mesh(std::make_shared<UMesh<float>>()) {}
+
+MeshKernel::MeshKernel(MeshKernel const* source)
+{
+    takeOver(*source);
+}
+
+MeshKernel::MeshKernel(MeshKernel const& source)
+{
+    takeOver(source);
+}
+
+MeshKernel::MeshKernel(UMesh<float>* mesh) : m_mesh(mesh) {}
+
+MeshKernel::~MeshKernel() = default;
+
+void MeshKernel::takeOver(MeshKernel const& source)
+{
+    std::lock_guard const lock(source.m_guard);
+    m_mesh = source.m_isHandedOut ? std::shared_ptr(copyMesh(*source.m_mesh)) : source.m_mesh;
+    m_isHandedOut = false;
+    m_box = source.m_box;
+    m_matrix = source.m_matrix;
+}
+
+void MeshKernel::shareMeshOf(MeshKernel const& source)
+{
+    if (&source == this)
+        return;
+    std::lock_guard const lock(m_guard);
+    takeOver(source);
+}
+
+void MeshKernel::detach()
+{
+    std::lock_guard const lock(m_guard);
+    if (!m_mesh || m_mesh.use_count() == 1) {
+        // Whoever shared the mesh has finished reading it before letting go.
+        std::atomic_thread_fence(std::memory_order_acquire);
+        return;
+    }
+    m_mesh = copyMesh(*m_mesh);
+}
+
+MeshKernel* MeshKernel::shallowCopy()
+{
+    return new MeshKernel(*this);
+}
+
+MeshKernel* MeshKernel::deepCopySelected(std::vector<bool> const& selected)
+{
+    auto copy = std::make_unique<MeshKernel>(copySelected(*readMesh(), selected).release());
+    copy->m_matrix = m_matrix;
+    copy->UpdateBoundingBox();
+    return copy.release();
+}
+
+std::shared_ptr<UMesh<float>>& MeshKernel::getMesh()
+{
+    // Once handed out the mesh is ours alone: copies of this kernel are deep from then on.
+    if (!m_isHandedOut) {
+        detach();
+        std::lock_guard const lock(m_guard);
+        m_isHandedOut = true;
+    }
+    return m_mesh;
+}
+
+std::shared_ptr<UMesh<float> const> MeshKernel::readMesh() const
+{
+    std::lock_guard const lock(m_guard);
+    return m_mesh;
+}
+
+void MeshKernel::UpdateBoundingBox()
+{
+    std::shared_ptr<UMesh<float> const> const mesh = readMesh();
+    m_box.SetNull();
+    bool const isPlain = m_matrix.isIdentity();
+    for (UVertex<float> const* const vertex : mesh->vertices)
+        m_box.Add(isPlain ? vertex->cP() : m_matrix * vertex->cP());
+}
+
+std::size_t MeshKernel::DeleteDegenerateTris()
+{
+    return getMesh()->DeleteDegenerateTris();
+}
+
+std::size_t MeshKernel::DeleteUnreferenceVerts()
+{
+    return getMesh()->DeleteUnreferenceVerts();
+}
+
+void MeshKernel::UpdateTrisID()
+{
+    getMesh()->UpdateTrisID();
+}
+
+void MeshKernel::UpdateVertsID()
+{
+    getMesh()->UpdateVertsID();
+}
+
+bool MeshKernel::toRclMesh()
+{
+    DeleteUnreferenceVerts();
+    UpdateTrisID();
+    UpdateVertsID();
+    return !getMesh()->triangles.empty();
+}
