@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+
 #include <functional>
 
 /// A worker: runs one cut at a time on the thread it lives on, and ends it by exactly one signal.

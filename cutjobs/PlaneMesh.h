@@ -9,8 +9,8 @@
 template <typename T>
 class UMesh;
 
-/// The mesh that stands for a cutting plane: four vertices, and the triangles 0, 1, 2 and 2, 3, 0 with
-/// their normals stored.
+/// The mesh that stands for a cutting plane: four vertices, and the triangles 0, 1, 2 and 2, 3, 0
+/// with their normals stored.
 namespace PlaneMesh {
 
 using Corners = std::array<UPoint3<float>, 4>;
@@ -20,8 +20,8 @@ enum class Reach
 {
     /// L along each direction.
     Diagonal,
-    /// L divided by the smallest component other than zero of the two directions, so that even along
-    /// the axis in which they advance the least the plane spans L.
+    /// L divided by the smallest component other than zero of the two directions, so that even
+    /// along the axis in which they advance the least the plane spans L.
     DiagonalAlongAxes,
 };
 

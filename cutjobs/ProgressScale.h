@@ -3,8 +3,8 @@
 
 #include <functional>
 
-/// Maps the percentage that one service call reports to a percentage of the whole job. A value above
-/// 100 stands for the end of that call's stage.
+/// Maps the percentage that one service call reports to a percentage of the whole job. A value
+/// above 100 stands for the end of that call's stage.
 namespace ProgressScale {
 
 /// percent   what the service reports
@@ -18,8 +18,8 @@ int planeCut(int percent, int part, int partCount);
 int splitBySolid(int percent, int part, int partCount);
 /// Around the first boolean of a cut with clearance: the first half of the part's share.
 int firstBoolean(int percent, int part, int partCount);
-/// Around the second boolean of a cut with clearance. It runs up to twice the job's end, and callers
-/// report 100 when the job is done.
+/// Around the second boolean of a cut with clearance. It runs up to twice the job's end, and
+/// callers report 100 when the job is done.
 int secondBoolean(int percent, int part, int partCount);
 
 /// What a job reports once the part at hand is done.

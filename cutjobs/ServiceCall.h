@@ -3,8 +3,8 @@
 
 #include "platform/jobs/Exceptions.h"
 
-/// How a job leaves a mesh service that throws. Only an abort with the exact text of a user's cancel
-/// stays an abort; all else becomes a plain failure, an exception of type char const*.
+/// How a job leaves a mesh service that throws. Only an abort with the exact text of a user's
+/// cancel stays an abort; all else becomes a plain failure, an exception of type char const*.
 namespace ServiceCall {
 
 /// Logs the abort and throws: a copy of it if it is the user's cancel, else a failure.

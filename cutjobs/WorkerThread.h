@@ -10,8 +10,8 @@
 /// signalOperate() and the slots handleResult(bool) and processEnd().
 namespace WorkerThread {
 
-/// Moves a new worker to the thread, ties it to its front object and starts the thread's event loop.
-/// The worker deletes itself when the thread has finished.
+/// Moves a new worker to the thread, ties it to its front object and starts the thread's event
+/// loop. The worker deletes itself when the thread has finished.
 template <typename Front>
 void start(QThread& thread, CutWorker* worker, Front* front)
 {

@@ -66,7 +66,7 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
             plane = std::make_shared<MeshKernel>();
             calculatezCutMeshonebyone(plane->getMesh().get(), m_objects, i);
         }
-        MeshKernel const* const kernel = kernelOf(part);
+        MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
         CutSides const sides = CutSides::cut(kernel, plane.get(), progress, i, partCount);
