@@ -85,12 +85,10 @@ UPoint3<float> CutPlane::crossing(UPoint3<float> const& below, UPoint3<float> co
     double const span = high - low;
     // The signs are exact, the heights are not: next to the plane they may vanish or turn.
     double const t = span > 0 ? std::clamp(-low / span, 0.0, 1.0) : 0.5;
-    UPoint3<float> point;
-    for (int i = 0; i < 3; ++i)
-        point[i] = float(below[i] + t * (double(above[i]) - below[i]));
-    if (m_isAxisParallel)
-        point[m_dropped] = m_level;
-    return point;
+    // The third coordinate follows from the other two, so that two edges that meet the plane in one
+    // place have one point.
+    auto const between = [&](int i) { return float(below[i] + t * (double(above[i]) - below[i])); };
+    return lift({between(m_first), between(m_second)});
 }
 
 UPoint3<float> CutPlane::lift(std::array<double, 2> const& p) const

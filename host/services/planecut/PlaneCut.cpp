@@ -36,6 +36,8 @@ public:
         if (m_copies.isEmpty(sideAbove))
             return whole(PlaneCutResult::Whole::below);
         m_copies.copy();
+        if (m_points.settle(m_copies.meeting()))
+            m_copies.copy();
         SectionContours contours;
         m_walls.sort(contours);
         auto segments = contours.segments(m_points);
@@ -43,7 +45,6 @@ public:
         Exact::SectionFilling const filling = fill(segments);
         m_walls.write(segments);
         writeCaps(filling);
-        replaceVertices();
         return finish(filling);
     }
 
@@ -98,18 +99,6 @@ private:
             triangle->V0(i) = m_points.vertexIn(side, corners[std::size_t(i)]);
         triangle->N() = normal;
         m_copies.mesh(side).AddTriangle(triangle);
-    }
-
-    void replaceVertices()
-    {
-        if (m_points.replacements().empty())
-            return;
-        for (CutSide const side : {sideAbove, sideBelow})
-            for (Triangle* const triangle : m_copies.mesh(side).triangles)
-                for (int i = 0; i < 3; ++i)
-                    if (auto const found = m_points.replacements().find(triangle->V(i));
-                        found != m_points.replacements().end())
-                        triangle->V0(i) = found->second;
     }
 
     std::unique_ptr<UMesh<float>> sectionMesh(Exact::SectionFilling const& filling) const

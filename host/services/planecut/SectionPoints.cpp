@@ -4,12 +4,12 @@
 #include <bit>
 #include <utility>
 
-std::size_t SectionPoints::PlaceHash::operator()(UPoint3<float> const& p) const
+std::size_t SectionPoints::PlaceHash::operator()(std::array<double, 2> const& p) const
 {
     std::uint64_t hash = 0;
-    for (int i = 0; i < 3; ++i)
+    for (double const c : p)
         // Adding zero gives both zeros the same bits.
-        hash = (hash ^ std::bit_cast<std::uint32_t>(p[i] + 0.0f)) * 0x9e3779b97f4a7c15u;
+        hash = (hash ^ std::bit_cast<std::uint64_t>(c + 0.0)) * 0x9e3779b97f4a7c15u;
     return hash ^ (hash >> 32);
 }
 
@@ -23,10 +23,11 @@ UPoint3<float> SectionPoints::crossing(std::uint32_t belowPlace, std::uint32_t a
                             m_source.vertices[abovePlace]->cP());
 }
 
-void SectionPoints::settle(std::vector<UTriangle<float> const*> const& meeting)
+bool SectionPoints::settle(std::vector<UTriangle<float> const*> const& meeting)
 {
     m_ofEdge.reserve(2 * meeting.size());
     m_byPlace.reserve(2 * meeting.size());
+    bool isAnyMoved = false;
     for (UTriangle<float> const* const triangle : meeting)
         for (int i = 0; i < 3; ++i) {
             std::uint32_t below = m_copies.placeOf(triangle->cV(i));
@@ -38,10 +39,11 @@ void SectionPoints::settle(std::vector<UTriangle<float> const*> const& meeting)
             UPoint3<float> const p = crossing(below, above);
             for (std::uint32_t const end : {below, above})
                 if (p == m_source.vertices[end]->cP()) {
-                    m_sideBeforeMove[end] = m_copies.sideOf(end);
                     m_copies.moveToPlane(end);
+                    isAnyMoved = true;
                 }
         }
+    return isAnyMoved;
 }
 
 std::uint32_t SectionPoints::add(UPoint3<float> const& place)
@@ -50,9 +52,10 @@ std::uint32_t SectionPoints::add(UPoint3<float> const& place)
     return std::uint32_t(m_points.size() - 1);
 }
 
+/// The point whose plane coordinates are those of `place`.
 std::uint32_t SectionPoints::pointAt(UPoint3<float> const& place)
 {
-    auto const [entry, isNew] = m_byPlace.try_emplace(place, 0);
+    auto const [entry, isNew] = m_byPlace.try_emplace(m_plane.project(place), 0);
     if (isNew)
         entry->second = add(place);
     return entry->second;
@@ -62,28 +65,22 @@ std::uint32_t SectionPoints::ofEdge(std::uint32_t belowPlace, std::uint32_t abov
 {
     auto const [entry, isNew] = m_ofEdge.try_emplace(key(belowPlace, abovePlace), 0);
     if (isNew)
-        entry->second = pointAt(crossing(belowPlace, abovePlace));
+        // The third coordinate follows from the other two, so that it does not depend on which of
+        // several edges through one place comes first.
+        entry->second = pointAt(m_plane.lift(m_plane.project(crossing(belowPlace, abovePlace))));
     return entry->second;
 }
 
 std::uint32_t SectionPoints::ofVertex(std::uint32_t vertexPlace)
 {
     auto const [entry, isNew] = m_ofVertex.try_emplace(vertexPlace, 0);
-    if (!isNew)
-        return entry->second;
-    std::uint32_t const point = pointAt(m_source.vertices[vertexPlace]->cP());
-    entry->second = point;
-    // A vertex that was moved to the plane has a copy already, used by triangles beside the
-    // section.
-    if (auto const moved = m_sideBeforeMove.find(vertexPlace); moved != m_sideBeforeMove.end()) {
-        Vertex*& copy = m_points[point].copies[moved->second > 0 ? sideAbove : sideBelow];
-        Vertex* const existing = m_copies.copyOf(vertexPlace);
-        if (!copy)
-            copy = existing;
-        else if (copy != existing)
-            m_replacements[existing] = copy;
+    if (isNew) {
+        UPoint3<float> const place = m_source.vertices[vertexPlace]->cP();
+        entry->second = pointAt(place);
+        // Where a vertex and the crossing of an edge are one point, the vertex stays where it was.
+        m_points[entry->second].place = place;
     }
-    return point;
+    return entry->second;
 }
 
 SectionPoints::Vertex* SectionPoints::vertexIn(CutSide side, std::uint32_t point)

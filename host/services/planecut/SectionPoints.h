@@ -8,8 +8,9 @@
 #include <unordered_map>
 #include <vector>
 
-/// The points in which a part's edges and vertices meet the plane, each once: points that coincide
-/// after rounding are one point, so that a section contour never has an edge of no length.
+/// The points in which a part's edges and vertices meet the plane, each once: points whose
+/// plane coordinates coincide after rounding are one point, so that a section contour never has an
+/// edge of no length.
 class SectionPoints
 {
 public:
@@ -18,8 +19,9 @@ public:
     SectionPoints(SideCopies& copies, UMesh<float> const& source, CutPlane const& plane);
 
     /// Counts every vertex as in the plane onto which the section point of one of its edges rounds,
-    /// for the given triangles. To be called before any point is asked for.
-    void settle(std::vector<UTriangle<float> const*> const& meeting);
+    /// for the given triangles. To be called before any point is asked for. Returns whether there
+    /// was any; the copies are then to be made anew.
+    bool settle(std::vector<UTriangle<float> const*> const& meeting);
 
     std::uint32_t ofVertex(std::uint32_t vertexPlace);
     std::uint32_t ofEdge(std::uint32_t belowPlace, std::uint32_t abovePlace);
@@ -32,10 +34,6 @@ public:
     /// The point's vertex in one half, made at the first call.
     Vertex* vertexIn(CutSide side, std::uint32_t point);
 
-    /// Vertices of a half that turned out to coincide with a section point that has another vertex
-    /// there: the first is to be replaced by the second wherever it is used.
-    std::unordered_map<Vertex*, Vertex*> const& replacements() const { return m_replacements; }
-
 private:
     struct Point
     {
@@ -45,7 +43,7 @@ private:
 
     struct PlaceHash
     {
-        std::size_t operator()(UPoint3<float> const& p) const;
+        std::size_t operator()(std::array<double, 2> const& p) const;
     };
 
     UPoint3<float> crossing(std::uint32_t belowPlace, std::uint32_t abovePlace) const;
@@ -61,7 +59,5 @@ private:
     std::vector<Point> m_points;
     std::unordered_map<std::uint64_t, std::uint32_t> m_ofEdge;
     std::unordered_map<std::uint32_t, std::uint32_t> m_ofVertex;
-    std::unordered_map<UPoint3<float>, std::uint32_t, PlaceHash> m_byPlace;
-    std::unordered_map<std::uint32_t, int> m_sideBeforeMove;
-    std::unordered_map<Vertex*, Vertex*> m_replacements;
+    std::unordered_map<std::array<double, 2>, std::uint32_t, PlaceHash> m_byPlace;
 };

@@ -38,7 +38,6 @@ CutSide SectionWalls::sideInPlane(Triangle const& triangle) const
 
 void SectionWalls::sort(SectionContours& contours)
 {
-    m_points.settle(m_copies.meeting());
     m_pieces.reserve(2 * m_copies.meeting().size());
     for (Triangle const* const triangle : m_copies.meeting()) {
         bool hasAbove = false;

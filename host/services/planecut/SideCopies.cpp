@@ -92,17 +92,21 @@ void SideCopies::forBlocks(
 void SideCopies::classify()
 {
     m_sides.resize(m_source.vertices.size());
-    m_blockCounts.resize(blocksOf(m_sides.size()));
-    forBlocks(m_sides.size(), 0, 10, [&](std::size_t block, std::size_t begin, std::size_t end) {
-        std::array<std::uint32_t, 2> counts{};
-        for (std::size_t v = begin; v < end; ++v) {
-            int const side = m_plane.sideOf(m_source.vertices[v]->cP());
-            m_sides[v] = std::int8_t(side);
-            counts[sideAbove] += side > 0;
-            counts[sideBelow] += side < 0;
-        }
-        m_blockCounts[block] = counts;
+    forBlocks(m_sides.size(), 0, 10, [&](std::size_t, std::size_t begin, std::size_t end) {
+        for (std::size_t v = begin; v < end; ++v)
+            m_sides[v] = std::int8_t(m_plane.sideOf(m_source.vertices[v]->cP()));
     });
+    count();
+}
+
+void SideCopies::count()
+{
+    m_counts = {};
+    m_blockCounts.assign(blocksOf(m_sides.size()), {});
+    for (std::size_t v = 0; v < m_sides.size(); ++v) {
+        m_blockCounts[v / blockSize][sideAbove] += m_sides[v] > 0;
+        m_blockCounts[v / blockSize][sideBelow] += m_sides[v] < 0;
+    }
     for (auto const& counts : m_blockCounts)
         for (std::size_t side = 0; side < 2; ++side)
             m_counts[side] += counts[side];
@@ -110,6 +114,8 @@ void SideCopies::classify()
 
 void SideCopies::copy()
 {
+    count();
+    m_meeting.clear();
     m_meshes = {std::make_unique<UMesh<float>>(), std::make_unique<UMesh<float>>()};
     copyVertices();
     copyTriangles();
@@ -126,7 +132,7 @@ void SideCopies::copyVertices()
     for (std::size_t block = 0; block < m_blockCounts.size(); ++block)
         for (std::size_t side = 0; side < 2; ++side)
             starts[block + 1][side] = starts[block][side] + m_blockCounts[block][side];
-    m_copies.resize(m_sides.size());
+    m_copies.assign(m_sides.size(), nullptr);
     // A cancel may leave raw memory in the lists; freeing it does not look at it.
     forBlocks(m_sides.size(), 10, 20, [&](std::size_t block, std::size_t begin, std::size_t end) {
         std::array<std::size_t, 2> place = starts[block];

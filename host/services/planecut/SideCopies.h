@@ -37,13 +37,13 @@ public:
     /// copies have not been made then.
     bool isEmpty(CutSide side) const { return m_counts[side] == 0; }
 
-    /// Makes the copies. Called once, if neither side is empty.
+    /// Makes the copies, dropping those made before. Called if neither side is empty.
     void copy();
 
     std::uint32_t placeOf(Vertex const* vertex) const { return m_place(vertex); }
     /// +1, -1 or 0 by a vertex's place.
     int sideOf(std::uint32_t place) const { return m_sides[place]; }
-    /// Counts a vertex as in the plane from now on.
+    /// Counts a vertex as in the plane from the next copy() on.
     void moveToPlane(std::uint32_t place) { m_sides[place] = 0; }
     /// The copy of a vertex on its own side; null for one that is exactly in the plane.
     Vertex* copyOf(std::uint32_t place) const { return m_copies[place]; }
@@ -57,6 +57,7 @@ private:
     struct TriangleBlock;
 
     void classify();
+    void count();
     void copyVertices();
     void copyTriangles();
     void copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const;
