@@ -14,6 +14,7 @@ class DocumentObject;
 
 namespace Base {
 
+class DocumentEntry;
 class DocumentObject;
 class GLView;
 class History;
@@ -134,16 +135,15 @@ public:
     sigslot::signal0<SingleThreaded> signalDocumentDeleted;
 
 private:
-    friend class History;
     friend class DocumentObject;
-    struct Entry;
-    using EntryPtr = std::shared_ptr<Entry>;
+    friend class History;
+    using EntryPtr = std::shared_ptr<DocumentEntry>;
 
     EntryPtr find(DocumentObject const* object) const;
     void insert(EntryPtr const& entry);
     void takeOut(EntryPtr const& entry);
-    void leaveRelations(EntryPtr const& entry);
-    void makeViewProvider(Entry& entry);
+    void leave(EntryPtr const& entry);
+    void makeViewProvider(DocumentEntry& entry) const;
 
     std::string m_name;
     std::vector<EntryPtr> m_entries;

@@ -10,6 +10,7 @@
 namespace Base {
 
 class Document;
+class DocumentEntry;
 class History;
 
 /// An object of a document. Changes of what a document shows of it (visibility, colour, name,
@@ -104,11 +105,16 @@ protected:
 
     /// Tells the document's listeners that the object looks different.
     void notifyChanged();
+    /// Where a change is recorded before it is made; null if there is nothing to record it in.
+    History* openHistory() const;
+    std::shared_ptr<DocumentEntry> entry() const { return m_entry.lock(); }
 
 private:
+    friend class Document;
     friend class History;
 
     Document* m_document = nullptr;
+    std::weak_ptr<DocumentEntry> m_entry;
     std::string m_name;
     unsigned m_color = 0;
     bool m_isVisible = true;

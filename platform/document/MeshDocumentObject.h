@@ -48,11 +48,13 @@ public:
     void loadMatrixWithEditing(UMatrix4<float> const& matrix) override;
     void updateBoundingBox() override;
     UBox3<float> getBoundingBox() const override;
-    void onChanged(Base::Property* property) override;
+    using Base::DocumentObject::onBeforeChange;
     using Base::DocumentObject::onChanged;
+    void onBeforeChange(Base::Property* property) override;
+    void onChanged(Base::Property* property) override;
 
     /// The mesh property; never null, owned by the part.
-    PropertyMesh* meshProperty;
+    PropertyMesh* const meshProperty;
 
     /// What copyFrom leaves to parts with supports: here copyFrom itself.
     virtual void copyFrom4Support(Base::DocumentObject* source);
@@ -74,7 +76,8 @@ public:
     virtual void scale(UPoint3<float> centre, UVector3<float> factors);
     /// Reflects in a plane; a normal of no length reflects nothing.
     virtual void mirror(UPoint3<float> point, UVector3<float> normal);
-    /// Applies the matrix to the records, which cannot be undone, and makes it the identity.
+    /// Replaces the kernel by one with the matrix applied to the records and an identity matrix.
+    /// Like every change of the kernel it can be undone in a transaction.
     virtual void meshConvertToRealCoord();
 
     /// Volume (mm^3, positive for an outward-facing solid) and surface (mm^2) of the placed part.
@@ -93,7 +96,8 @@ public:
     virtual void getSupportVolumnAndArea(double& volume, double& area) const;
     virtual MeshKernel* getSupportMeshDeepCopy() const;
 
-    /// Appends the records of other parts as they are placed. In a transaction it can be undone.
+    /// Replaces the kernel by one with the records of this part and of others, as they are placed,
+    /// and an identity matrix. The others stay as they are.
     virtual void merge(DocumentObject const* other);
     virtual void merge(std::vector<DocumentObject*> const& others);
 
@@ -126,6 +130,9 @@ protected:
 private:
     friend class DocumentObjectGroup;
     friend class Base::History;
+
+    void setGroup(DocumentObjectGroup* group);
+    void place(UMatrix4<double> const& operation);
 
     PropertyMesh m_mesh;
     DocumentObjectGroup* m_group = nullptr;
