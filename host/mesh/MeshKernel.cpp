@@ -73,6 +73,21 @@ std::shared_ptr<UMesh<float>>& MeshKernel::getMesh()
     return m_mesh;
 }
 
+void MeshKernel::replaceMesh(std::unique_ptr<UMesh<float>> mesh)
+{
+    std::lock_guard const lock(m_guard);
+    m_mesh = std::move(mesh);
+    m_isHandedOut = false;
+}
+
+/// The mesh for changes of this kernel's own, which nobody sees half done.
+UMesh<float>& MeshKernel::ownMesh()
+{
+    if (!m_isHandedOut)
+        detach();
+    return *m_mesh;
+}
+
 std::shared_ptr<UMesh<float> const> MeshKernel::readMesh() const
 {
     std::lock_guard const lock(m_guard);
@@ -90,22 +105,22 @@ void MeshKernel::UpdateBoundingBox()
 
 std::size_t MeshKernel::DeleteDegenerateTris()
 {
-    return getMesh()->DeleteDegenerateTris();
+    return ownMesh().DeleteDegenerateTris();
 }
 
 std::size_t MeshKernel::DeleteUnreferenceVerts()
 {
-    return getMesh()->DeleteUnreferenceVerts();
+    return ownMesh().DeleteUnreferenceVerts();
 }
 
 void MeshKernel::UpdateTrisID()
 {
-    getMesh()->UpdateTrisID();
+    ownMesh().UpdateTrisID();
 }
 
 void MeshKernel::UpdateVertsID()
 {
-    getMesh()->UpdateVertsID();
+    ownMesh().UpdateVertsID();
 }
 
 bool MeshKernel::toRclMesh()
@@ -113,5 +128,5 @@ bool MeshKernel::toRclMesh()
     DeleteUnreferenceVerts();
     UpdateTrisID();
     UpdateVertsID();
-    return !getMesh()->triangles.empty();
+    return !ownMesh().triangles.empty();
 }

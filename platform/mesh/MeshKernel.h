@@ -39,8 +39,11 @@ public:
     /// The mesh for reading. It may be shared with other kernels, so nothing behind it may be
     /// changed, not even identifiers.
     std::shared_ptr<UMesh<float> const> readMesh() const;
-    /// Replaces the mesh by another kernel's, without copying records now.
+    /// Replaces the mesh by another kernel's, without copying records now; the matrix and the box
+    /// come along.
     void shareMeshOf(MeshKernel const& source);
+    /// Replaces the mesh by one that nobody else holds.
+    void replaceMesh(std::unique_ptr<UMesh<float>> mesh);
 
     UBox3<float>& GetBox() { return m_box; }
     UBox3<float> const& GetBox() const { return m_box; }
@@ -61,6 +64,7 @@ public:
 
 private:
     void takeOver(MeshKernel const& source);
+    UMesh<float>& ownMesh();
 
     mutable std::mutex m_guard;
     std::shared_ptr<UMesh<float>> m_mesh;

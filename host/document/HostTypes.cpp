@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/document/DocumentObjectGroup.h"
+#include "platform/document/GraphicObject.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/AppModule.h"
+#include "platform/view/GraphicViewProvider.h"
+
+namespace {
+
+// Enters the host's classes when the library is loaded, parents before their children. The class
+// identifiers and property tables are constant-initialised, so the order of files does not matter.
+struct HostTypes : Base::BaseClass
+{
+    HostTypes()
+    {
+        initSubclass(BaseClass::classTypeId, "Base::BaseClass", "", nullptr);
+        Base::Persistence::init();
+        Base::Property::init();
+        PropertyMesh::init();
+        Base::PropertyContainer::init();
+        Base::DocumentObject::init();
+        Base::GraphicObject::init();
+        Mesh::DocumentObject::init();
+        Mesh::DocumentObjectGroup::init();
+        Base::Document::init();
+        Mesh::Document::init();
+        Base::ViewProvider::init();
+        Base::GraphicViewProvider::init();
+        AppModule::init();
+    }
+};
+
+HostTypes const hostTypes;
+
+}  // namespace

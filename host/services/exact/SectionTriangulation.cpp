@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/exact/SectionTriangulation.h"
+
+#include <CGAL/Constrained_Delaunay_triangulation_2.h>
+#include <CGAL/Constrained_triangulation_plus_2.h>
+#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
+#include <CGAL/Spatial_sort_traits_adapter_2.h>
+#include <CGAL/Triangulation_face_base_with_info_2.h>
+#include <CGAL/Triangulation_vertex_base_with_info_2.h>
+#include <CGAL/property_map.h>
+#include <CGAL/spatial_sort.h>
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <unordered_map>
+
+namespace Exact {
+
+namespace {
+
+constexpr std::uint32_t noPoint = std::numeric_limits<std::uint32_t>::max();
+
+/// A region of the plane: how often it lies inside.
+struct Region
+{
+    int winding = 0;
+    bool isOdd = false;
+    bool isKnown = false;
+
+    int layers() const
+    {
+        if (!isOdd)
+            return winding;
+        // An undirected contour makes a hole in material and material in the void.
+        return winding == 0 ? 1 : winding - (winding > 0 ? 1 : -1);
+    }
+};
+
+struct PointPlace
+{
+    std::uint32_t value = noPoint;
+};
+
+using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointPlace, Kernel>;
+using FaceBase =
+    CGAL::Triangulation_face_base_with_info_2<Region, Kernel,
+                                              CGAL::Constrained_triangulation_face_base_2<Kernel>>;
+using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
+using Delaunay =
+    CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure, CGAL::Exact_predicates_tag>;
+using Triangulation = CGAL::Constrained_triangulation_plus_2<Delaunay>;
+using VertexHandle = Triangulation::Vertex_handle;
+using FaceHandle = Triangulation::Face_handle;
+
+/// What the segments over one edge of the triangulation add up to, along the edge from its smaller
+/// to its larger point.
+struct EdgeWeight
+{
+    int net = 0;
+    bool isOdd = false;
+};
+
+class SectionFiller
+{
+public:
+    SectionFiller(std::vector<SectionPoint2>& points, std::vector<SectionSegment>& segments,
+                  std::function<void(int)> const& progress)
+        : m_points(points), m_segments(segments), m_progress(progress)
+    {}
+
+    SectionFilling fill()
+    {
+        insertPoints();
+        insertSegments();
+        // Contours without area leave nothing to fill.
+        if (m_triangulation.dimension() < 2)
+            return {};
+        spreadRegions();
+        return collect();
+    }
+
+private:
+    void report(int percent) const
+    {
+        if (m_progress)
+            m_progress(percent);
+    }
+
+    /// In the order of a space-filling curve, so that each point is found next to the last one.
+    void insertPoints()
+    {
+        std::vector<Kernel::Point_2> places;
+        places.reserve(m_points.size());
+        for (SectionPoint2 const& p : m_points)
+            places.emplace_back(p[0], p[1]);
+        std::vector<std::size_t> order(m_points.size());
+        std::iota(order.begin(), order.end(), std::size_t(0));
+        using Map = CGAL::Pointer_property_map<Kernel::Point_2>::type;
+        CGAL::spatial_sort(
+            order.begin(), order.end(),
+            CGAL::Spatial_sort_traits_adapter_2<Kernel, Map>(CGAL::make_property_map(places)));
+        m_handles.resize(m_points.size());
+        FaceHandle hint;
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            if (i % batch == 0)
+                report(int(40 * i / order.size()));
+            VertexHandle const vertex = m_triangulation.insert(places[order[i]], hint);
+            vertex->info().value = std::uint32_t(order[i]);
+            m_handles[order[i]] = vertex;
+            hint = vertex->face();
+        }
+    }
+
+    void insertSegments()
+    {
+        std::vector<Triangulation::Constraint_id> constraints;
+        constraints.reserve(m_segments.size());
+        for (std::size_t i = 0; i < m_segments.size(); ++i) {
+            if (i % batch == 0)
+                report(int(40 + 40 * i / m_segments.size()));
+            constraints.push_back(m_triangulation.insert_constraint(m_handles[m_segments[i].from],
+                                                                    m_handles[m_segments[i].to]));
+        }
+        // Only now: a later segment may have split an earlier one.
+        m_weights.reserve(2 * m_segments.size());
+        for (std::size_t i = 0; i < m_segments.size(); ++i)
+            readSplits(m_segments[i], constraints[i]);
+    }
+
+    void readSplits(SectionSegment& segment, Triangulation::Constraint_id constraint)
+    {
+        std::vector<std::uint32_t> chain;
+        auto const end = m_triangulation.vertices_in_constraint_end(constraint);
+        for (auto v = m_triangulation.vertices_in_constraint_begin(constraint); v != end; ++v)
+            chain.push_back(placeOf(*v));
+        if (chain.front() != segment.from)
+            std::reverse(chain.begin(), chain.end());
+        for (std::size_t i = 0; i + 1 < chain.size(); ++i)
+            addWeight(chain[i], chain[i + 1], segment);
+        segment.splits.assign(chain.begin() + 1, chain.end() - 1);
+    }
+
+    /// The place of a vertex; one that the triangulation made at a crossing is appended.
+    std::uint32_t placeOf(VertexHandle vertex)
+    {
+        std::uint32_t& place = vertex->info().value;
+        if (place == noPoint) {
+            place = std::uint32_t(m_points.size());
+            m_points.push_back({vertex->point().x(), vertex->point().y()});
+        }
+        return place;
+    }
+
+    static std::uint64_t edgeKey(std::uint32_t a, std::uint32_t b)
+    {
+        return (std::uint64_t(std::min(a, b)) << 32) | std::max(a, b);
+    }
+
+    void addWeight(std::uint32_t from, std::uint32_t to, SectionSegment const& segment)
+    {
+        EdgeWeight& weight = m_weights[edgeKey(from, to)];
+        if (segment.isUndirected)
+            weight.isOdd = !weight.isOdd;
+        else
+            weight.net += from < to ? segment.weight : -segment.weight;
+    }
+
+    /// From the unbounded region inwards, each contour crossed changes the region.
+    void spreadRegions()
+    {
+        std::vector<FaceHandle> front{m_triangulation.infinite_face()};
+        front.back()->info().isKnown = true;
+        std::size_t visited = 0;
+        while (!front.empty()) {
+            if (++visited % (8 * batch) == 0)
+                report(80);
+            FaceHandle const face = front.back();
+            front.pop_back();
+            for (int i = 0; i < 3; ++i) {
+                FaceHandle const beyond = face->neighbor(i);
+                if (beyond->info().isKnown)
+                    continue;
+                beyond->info() = regionBeyond(face, i);
+                front.push_back(beyond);
+            }
+        }
+    }
+
+    Region regionBeyond(FaceHandle face, int i) const
+    {
+        Region region = face->info();
+        if (!face->is_constrained(i))
+            return region;
+        // The face lies to the left of its edge from the one corner to the other.
+        std::uint32_t const from = face->vertex(Triangulation::ccw(i))->info().value;
+        std::uint32_t const to = face->vertex(Triangulation::cw(i))->info().value;
+        auto const found = m_weights.find(edgeKey(from, to));
+        if (found == m_weights.end())
+            return region;
+        region.winding -= from < to ? found->second.net : -found->second.net;
+        region.isOdd ^= found->second.isOdd;
+        return region;
+    }
+
+    SectionFilling collect()
+    {
+        SectionFilling filling;
+        int most = 0;
+        for (FaceHandle const face : m_triangulation.finite_face_handles())
+            most = std::max(most, std::abs(face->info().layers()));
+        if (most <= 1) {
+            for (FaceHandle const face : m_triangulation.finite_face_handles())
+                if (int const layers = face->info().layers(); layers != 0)
+                    filling.triangles.push_back(cornersOf(face, layers < 0));
+            return filling;
+        }
+        for (int layer = 1; layer <= most; ++layer) {
+            appendLayer(layer, filling);
+            appendLayer(-layer, filling);
+        }
+        return filling;
+    }
+
+    static std::array<std::uint32_t, 3> cornersOf(FaceHandle face, bool isReversed)
+    {
+        auto const corner = [&](int i) { return face->vertex(i)->info().value; };
+        return {corner(0), corner(isReversed ? 2 : 1), corner(isReversed ? 1 : 2)};
+    }
+
+    bool isInLayer(FaceHandle face, int layer) const
+    {
+        if (m_triangulation.is_infinite(face))
+            return false;
+        int const layers = face->info().layers();
+        return layer > 0 ? layers >= layer : layers <= layer;
+    }
+
+    /// A layer shares no edge inside with the others: it is triangulated from its own border alone.
+    void appendLayer(int layer, SectionFilling& filling)
+    {
+        std::vector<SectionSegment> border;
+        for (FaceHandle const face : m_triangulation.finite_face_handles()) {
+            if (!isInLayer(face, layer))
+                continue;
+            for (int i = 0; i < 3; ++i)
+                if (!isInLayer(face->neighbor(i), layer)) {
+                    std::uint32_t from = face->vertex(Triangulation::ccw(i))->info().value;
+                    std::uint32_t to = face->vertex(Triangulation::cw(i))->info().value;
+                    if (layer < 0)
+                        std::swap(from, to);
+                    border.push_back({from, to});
+                }
+        }
+        if (border.empty())
+            return;
+        SectionFilling const part = fillPart(border);
+        filling.triangles.insert(filling.triangles.end(), part.triangles.begin(),
+                                 part.triangles.end());
+    }
+
+    /// Fills with just the points that the segments use.
+    SectionFilling fillPart(std::vector<SectionSegment> segments) const
+    {
+        std::unordered_map<std::uint32_t, std::uint32_t> places;
+        std::vector<std::uint32_t> origins;
+        std::vector<SectionPoint2> points;
+        auto const localOf = [&](std::uint32_t global) {
+            auto const [place, isNew] = places.try_emplace(global, std::uint32_t(points.size()));
+            if (isNew) {
+                points.push_back(m_points[global]);
+                origins.push_back(global);
+            }
+            return place->second;
+        };
+        for (SectionSegment& segment : segments) {
+            segment.from = localOf(segment.from);
+            segment.to = localOf(segment.to);
+        }
+        SectionFilling filling = SectionFiller(points, segments, m_progress).fill();
+        for (auto& triangle : filling.triangles)
+            for (std::uint32_t& corner : triangle)
+                corner = origins[corner];
+        return filling;
+    }
+
+    static constexpr std::size_t batch = 1024;
+
+    std::vector<SectionPoint2>& m_points;
+    std::vector<SectionSegment>& m_segments;
+    std::function<void(int)> const& m_progress;
+    Triangulation m_triangulation;
+    std::vector<VertexHandle> m_handles;
+    std::unordered_map<std::uint64_t, EdgeWeight> m_weights;
+};
+
+}  // namespace
+
+SectionFilling fillSection(std::vector<SectionPoint2>& points,
+                           std::vector<SectionSegment>& segments,
+                           std::function<void(int)> const& progress)
+{
+    if (segments.empty())
+        return {};
+    return SectionFiller(points, segments, progress).fill();
+}
+
+}  // namespace Exact

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/planecut/PlaneCut.h"
+
+#include "host/mesh/DegenerateTriangles.h"
+#include "host/services/planecut/SectionWalls.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <algorithm>
+
+namespace {
+
+using Vertex = UVertex<float>;
+using Triangle = UTriangle<float>;
+using Corners = std::array<std::uint32_t, 3>;
+
+constexpr int copiesDone = 60;
+constexpr int fillingDone = 95;
+
+class PlaneCutter
+{
+public:
+    PlaneCutter(UMesh<float> const& part, CutPlane const& plane,
+                std::function<void(int)> const& progress)
+        : m_part(part),
+          m_plane(plane),
+          m_progress(progress),
+          m_copies(part, plane, progress),
+          m_points(m_copies, part, plane),
+          m_walls(m_copies, m_points, plane)
+    {}
+
+    PlaneCutResult run()
+    {
+        if (m_copies.isEmpty(sideBelow))
+            return whole(PlaneCutResult::Whole::above);
+        if (m_copies.isEmpty(sideAbove))
+            return whole(PlaneCutResult::Whole::below);
+        m_copies.copy();
+        if (m_points.settle(m_copies.meeting()))
+            m_copies.copy();
+        SectionContours contours;
+        m_walls.sort(contours);
+        auto segments = contours.segments(m_points);
+        checkReach(segments);
+        Exact::SectionFilling const filling = fill(segments);
+        m_walls.write(segments);
+        writeCaps(filling);
+        return finish(filling);
+    }
+
+private:
+    static PlaneCutResult whole(PlaneCutResult::Whole side)
+    {
+        PlaneCutResult result;
+        result.whole = side;
+        return result;
+    }
+
+    /// A plane mesh that ends within the part would ask for a cut of another kind.
+    void checkReach(std::vector<Exact::SectionSegment> const& segments) const
+    {
+        for (Exact::SectionSegment const& segment : segments)
+            if (!m_plane.covers(m_plane.project(m_points.place(segment.from))))
+                throw Mell::Exception(
+                    "The cutting plane ends within the part. Make the plane larger than the part.");
+    }
+
+    Exact::SectionFilling fill(std::vector<Exact::SectionSegment>& segments)
+    {
+        std::vector<Exact::SectionPoint2> places;
+        places.reserve(m_points.size());
+        for (std::uint32_t i = 0; i < m_points.size(); ++i)
+            places.push_back(m_plane.project(m_points.place(i)));
+        std::function<void(int)> scaled;
+        if (m_progress)
+            scaled = [this](int percent) {
+                m_progress(copiesDone + percent * (fillingDone - copiesDone) / 100);
+            };
+        auto filling = Exact::fillSection(places, segments, scaled);
+        for (std::size_t i = m_points.size(); i < places.size(); ++i)
+            m_points.add(m_plane.lift(places[i]));
+        return filling;
+    }
+
+    /// The section closes the half below as it is and the half above turned round.
+    void writeCaps(Exact::SectionFilling const& filling)
+    {
+        UVector3<float> const normal = m_plane.unitNormal();
+        for (Corners const& t : filling.triangles) {
+            addCap(sideBelow, {t[0], t[1], t[2]}, normal);
+            addCap(sideAbove, {t[0], t[2], t[1]}, -normal);
+        }
+    }
+
+    void addCap(CutSide side, Corners const& corners, UVector3<float> const& normal)
+    {
+        auto* const triangle = new Triangle;
+        for (int i = 0; i < 3; ++i)
+            triangle->V0(i) = m_points.vertexIn(side, corners[std::size_t(i)]);
+        triangle->N() = normal;
+        m_copies.mesh(side).AddTriangle(triangle);
+    }
+
+    std::unique_ptr<UMesh<float>> sectionMesh(Exact::SectionFilling const& filling) const
+    {
+        auto mesh = std::make_unique<UMesh<float>>();
+        std::vector<Vertex*> vertices(m_points.size(), nullptr);
+        for (Corners const& t : filling.triangles) {
+            auto* const triangle = new Triangle;
+            for (int i = 0; i < 3; ++i) {
+                Vertex*& vertex = vertices[t[std::size_t(i)]];
+                if (!vertex) {
+                    vertex = new Vertex(m_points.place(t[std::size_t(i)]));
+                    mesh->AddVertex(vertex);
+                }
+                triangle->V0(i) = vertex;
+            }
+            triangle->N() = m_plane.unitNormal();
+            mesh->AddTriangle(triangle);
+        }
+        mesh->UpdateVertsID();
+        mesh->UpdateTrisID();
+        return mesh;
+    }
+
+    std::unique_ptr<UMesh<float>> finishSide(CutSide side)
+    {
+        UMesh<float>& mesh = m_copies.mesh(side);
+        // Rounding may have laid the corners of a cut triangle in one line.
+        auto const& written = m_walls.written(side);
+        if (std::any_of(written.begin(), written.end(), [](Triangle const* t) {
+                return isDegenerate(t->cP(0), t->cP(1), t->cP(2));
+            }))
+            mesh.DeleteDegenerateTris();
+        mesh.triangleCount = std::uint32_t(mesh.triangles.size());
+        mesh.vertexCount = std::uint32_t(mesh.vertices.size());
+        return m_copies.takeMesh(side);
+    }
+
+    PlaneCutResult finish(Exact::SectionFilling const& filling)
+    {
+        // Vertices that no triangle uses may have made a part look cut.
+        if (m_copies.mesh(sideBelow).triangles.empty())
+            return whole(PlaneCutResult::Whole::above);
+        if (m_copies.mesh(sideAbove).triangles.empty())
+            return whole(PlaneCutResult::Whole::below);
+        PlaneCutResult result;
+        result.section = sectionMesh(filling);
+        result.above = finishSide(sideAbove);
+        result.below = finishSide(sideBelow);
+        if (m_progress)
+            m_progress(100);
+        return result;
+    }
+
+    UMesh<float> const& m_part;
+    CutPlane const& m_plane;
+    std::function<void(int)> const& m_progress;
+    SideCopies m_copies;
+    SectionPoints m_points;
+    SectionWalls m_walls;
+};
+
+}  // namespace
+
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+                              std::function<void(int)> const& progress)
+{
+    return PlaneCutter(part, plane, progress).run();
+}

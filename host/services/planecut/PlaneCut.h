@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/planecut/SideCopies.h"
+
+#include <functional>
+#include <memory>
+
+/// The three meshes of a plane cut; a side may be empty.
+struct PlaneCutResult
+{
+    std::unique_ptr<UMesh<float>> above;
+    std::unique_ptr<UMesh<float>> below;
+    std::unique_ptr<UMesh<float>> section;
+    /// The plane meets nothing of the part: all of it belongs to one side, and nothing was copied.
+    enum class Whole
+    {
+        no,
+        above,
+        below,
+    } whole = Whole::no;
+};
+
+/// Cuts a mesh by a plane; the contract is that of Intersect::cutByPlane.
+///
+/// Stages: the vertices' sides; copies of the triangles that lie wholly on one side; contours of
+/// those that meet the plane; one constrained Delaunay triangulation of the section; the cut
+/// triangles and the caps of both halves on the same section points.
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+                              std::function<void(int)> const& progress);

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/planecut/SideCopies.h"
+
+#include <array>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+/// The points in which a part's edges and vertices meet the plane, each once: points whose
+/// plane coordinates coincide after rounding are one point, so that a section contour never has an
+/// edge of no length.
+class SectionPoints
+{
+public:
+    using Vertex = UVertex<float>;
+
+    SectionPoints(SideCopies& copies, UMesh<float> const& source, CutPlane const& plane);
+
+    /// Counts every vertex as in the plane onto which the section point of one of its edges rounds,
+    /// for the given triangles. To be called before any point is asked for. Returns whether there
+    /// was any; the copies are then to be made anew.
+    bool settle(std::vector<UTriangle<float> const*> const& meeting);
+
+    std::uint32_t ofVertex(std::uint32_t vertexPlace);
+    std::uint32_t ofEdge(std::uint32_t belowPlace, std::uint32_t abovePlace);
+    /// A point that belongs to no edge, where contours cross.
+    std::uint32_t add(UPoint3<float> const& place);
+
+    std::size_t size() const { return m_points.size(); }
+    UPoint3<float> const& place(std::uint32_t point) const { return m_points[point].place; }
+
+    /// The point's vertex in one half, made at the first call.
+    Vertex* vertexIn(CutSide side, std::uint32_t point);
+
+private:
+    struct Point
+    {
+        UPoint3<float> place;
+        std::array<Vertex*, 2> copies{};
+    };
+
+    struct PlaceHash
+    {
+        std::size_t operator()(std::array<double, 2> const& p) const;
+    };
+
+    UPoint3<float> crossing(std::uint32_t belowPlace, std::uint32_t abovePlace) const;
+    std::uint32_t pointAt(UPoint3<float> const& place);
+    static std::uint64_t key(std::uint32_t a, std::uint32_t b)
+    {
+        return (std::uint64_t(a) << 32) | b;
+    }
+
+    SideCopies& m_copies;
+    UMesh<float> const& m_source;
+    CutPlane const& m_plane;
+    std::vector<Point> m_points;
+    std::unordered_map<std::uint64_t, std::uint32_t> m_ofEdge;
+    std::unordered_map<std::uint32_t, std::uint32_t> m_ofVertex;
+    std::unordered_map<std::array<double, 2>, std::uint32_t, PlaceHash> m_byPlace;
+};

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/planecut/SectionWalls.h"
+
+#include "platform/geometry/MellMath.h"
+
+#include <algorithm>
+
+SectionWalls::SectionWalls(SideCopies& copies, SectionPoints& points, CutPlane const& plane)
+    : m_copies(copies), m_points(points), m_plane(plane)
+{}
+
+/// Appends a corner unless it is the last one again: points that coincide are one.
+void SectionWalls::Piece::add(Corner const& corner)
+{
+    if (size == 0 || corners[std::size_t(size) - 1] != corner)
+        corners[std::size_t(size++)] = corner;
+}
+
+void SectionWalls::Piece::close()
+{
+    if (size > 1 && corners[std::size_t(size) - 1] == corners[0])
+        --size;
+}
+
+SectionWalls::Corner SectionWalls::cornerOf(Vertex const* vertex)
+{
+    std::uint32_t const place = m_copies.placeOf(vertex);
+    return m_copies.sideOf(place) == 0 ? Corner{m_points.ofVertex(place), none}
+                                       : Corner{none, place};
+}
+
+/// A triangle in the plane stays with the material behind it.
+CutSide SectionWalls::sideInPlane(Triangle const& triangle) const
+{
+    return m_plane.facing(triangle.cP(0), triangle.cP(1), triangle.cP(2)) < 0 ? sideAbove
+                                                                              : sideBelow;
+}
+
+void SectionWalls::sort(SectionContours& contours)
+{
+    m_pieces.reserve(2 * m_copies.meeting().size());
+    for (Triangle const* const triangle : m_copies.meeting()) {
+        bool hasAbove = false;
+        bool hasBelow = false;
+        for (int i = 0; i < 3; ++i) {
+            int const side = m_copies.sideOf(m_copies.placeOf(triangle->cV(i)));
+            hasAbove |= side > 0;
+            hasBelow |= side < 0;
+        }
+        if (hasAbove && hasBelow)
+            sortCut(*triangle, contours);
+        else if (hasAbove || hasBelow)
+            sortWhole(*triangle, hasAbove ? sideAbove : sideBelow, contours);
+        else
+            sortWhole(*triangle, sideInPlane(*triangle), contours);
+    }
+}
+
+void SectionWalls::sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours)
+{
+    Piece piece{&triangle, side, 0, {}};
+    for (int i = 0; i < 3; ++i)
+        piece.add(cornerOf(triangle.cV(i)));
+    piece.close();
+    for (int i = 0; i < piece.size; ++i) {
+        Corner const& from = piece.corners[std::size_t(i)];
+        Corner const& to = piece.corners[std::size_t((i + 1) % piece.size)];
+        if (from.point != none && to.point != none)
+            contours.addEdge(side, from.point, to.point);
+    }
+    m_pieces.push_back(piece);
+}
+
+void SectionWalls::sortCut(Triangle const& triangle, SectionContours& contours)
+{
+    Piece above{&triangle, sideAbove, 0, {}};
+    Piece below{&triangle, sideBelow, 0, {}};
+    std::uint32_t leaving = none;
+    std::uint32_t entering = none;
+    for (int i = 0; i < 3; ++i) {
+        std::uint32_t const from = m_copies.placeOf(triangle.cV(i));
+        std::uint32_t const to = m_copies.placeOf(triangle.cV(Triangle::Next(i)));
+        int const fromSide = m_copies.sideOf(from);
+        int const toSide = m_copies.sideOf(to);
+        Corner const corner = cornerOf(triangle.cV(i));
+        if (fromSide >= 0)
+            above.add(corner);
+        if (fromSide <= 0)
+            below.add(corner);
+        if (fromSide == 0)
+            (toSide < 0 ? leaving : entering) = corner.point;
+        if (fromSide * toSide < 0) {
+            std::uint32_t const point =
+                fromSide < 0 ? m_points.ofEdge(from, to) : m_points.ofEdge(to, from);
+            above.add({point, none});
+            below.add({point, none});
+            (fromSide > 0 ? leaving : entering) = point;
+        }
+    }
+    above.close();
+    below.close();
+    contours.addCut(leaving, entering);
+    m_pieces.push_back(above);
+    m_pieces.push_back(below);
+}
+
+void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments)
+{
+    for (Exact::SectionSegment const& segment : segments) {
+        if (segment.splits.empty())
+            continue;
+        auto backwards = segment.splits;
+        std::reverse(backwards.begin(), backwards.end());
+        m_splits[(std::uint64_t(segment.from) << 32) | segment.to] = segment.splits;
+        m_splits[(std::uint64_t(segment.to) << 32) | segment.from] = std::move(backwards);
+    }
+    for (Piece const& piece : m_pieces)
+        writePiece(piece);
+}
+
+void SectionWalls::writePiece(Piece const& piece)
+{
+    auto const& c = piece.corners;
+    if (piece.size == 3)
+        writeTriangle(piece, c[0], c[1], c[2]);
+    if (piece.size < 4)
+        return;
+    auto const place = [&](std::size_t i) { return placeOf(piece.side, c[i]); };
+    // The shorter diagonal gives the better triangles.
+    if (MellMath<float>::DisPt2Pt(place(0), place(2)) <=
+        MellMath<float>::DisPt2Pt(place(1), place(3))) {
+        writeTriangle(piece, c[0], c[1], c[2]);
+        writeTriangle(piece, c[0], c[2], c[3]);
+    } else {
+        writeTriangle(piece, c[1], c[2], c[3]);
+        writeTriangle(piece, c[1], c[3], c[0]);
+    }
+}
+
+std::vector<std::uint32_t> const* SectionWalls::splitsOf(Corner const& from, Corner const& to) const
+{
+    if (m_splits.empty() || from.point == none || to.point == none)
+        return nullptr;
+    auto const found = m_splits.find((std::uint64_t(from.point) << 32) | to.point);
+    return found == m_splits.end() ? nullptr : &found->second;
+}
+
+void SectionWalls::writeTriangle(Piece const& piece, Corner const& a, Corner const& b,
+                                 Corner const& c)
+{
+    Corner const corners[3] = {a, b, c};
+    for (std::size_t i = 0; i < 3; ++i) {
+        Corner const& to = corners[(i + 1) % 3];
+        Corner const& apex = corners[(i + 2) % 3];
+        auto const* const splits = splitsOf(corners[i], to);
+        if (!splits)
+            continue;
+        Corner last = corners[i];
+        for (std::uint32_t const split : *splits) {
+            writeTriangle(piece, last, {split, none}, apex);
+            last = {split, none};
+        }
+        writeTriangle(piece, last, to, apex);
+        return;
+    }
+    auto* const triangle = new Triangle;
+    for (int i = 0; i < 3; ++i)
+        triangle->V0(i) = vertexOf(piece.side, corners[i]);
+    triangle->N() = piece.origin->cN();
+    m_copies.mesh(piece.side).AddTriangle(triangle);
+    m_written[piece.side].push_back(triangle);
+}
+
+SectionWalls::Vertex* SectionWalls::vertexOf(CutSide side, Corner const& corner)
+{
+    return corner.point != none ? m_points.vertexIn(side, corner.point)
+                                : m_copies.copyOf(corner.vertex);
+}
+
+UPoint3<float> SectionWalls::placeOf(CutSide side, Corner const& corner)
+{
+    return vertexOf(side, corner)->cP();
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/planecut/SectionContours.h"
+
+#include <array>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+/// The triangles that meet the plane, taken apart: whole ones go to a side, cut ones become one
+/// polygon on each side. They enter the contours first and are written once the contours are
+/// settled, since a contour edge may have had to be split.
+class SectionWalls
+{
+public:
+    using Vertex = UVertex<float>;
+    using Triangle = UTriangle<float>;
+
+    SectionWalls(SideCopies& copies, SectionPoints& points, CutPlane const& plane);
+
+    /// Sorts the triangles and enters their edges in the plane into the contours.
+    void sort(SectionContours& contours);
+    /// Makes the triangles of both halves, split as the segments are.
+    void write(std::vector<Exact::SectionSegment> const& segments);
+
+    /// The triangles written, by side.
+    std::vector<Triangle*> const& written(CutSide side) const { return m_written[side]; }
+
+private:
+    static constexpr std::uint32_t none = UINT32_MAX;
+
+    /// A corner of a piece: a section point, or else a vertex beside the plane.
+    struct Corner
+    {
+        std::uint32_t point = none;
+        std::uint32_t vertex = none;
+
+        bool operator==(Corner const&) const = default;
+    };
+
+    /// A polygon of three or four corners on one side, in the order of the triangle it comes from.
+    struct Piece
+    {
+        Triangle const* origin;
+        CutSide side;
+        int size = 0;
+        std::array<Corner, 4> corners;
+
+        void add(Corner const& corner);
+        void close();
+    };
+
+    void sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours);
+    void sortCut(Triangle const& triangle, SectionContours& contours);
+    CutSide sideInPlane(Triangle const& triangle) const;
+    Corner cornerOf(Vertex const* vertex);
+    void writePiece(Piece const& piece);
+    void writeTriangle(Piece const& piece, Corner const& a, Corner const& b, Corner const& c);
+    std::vector<std::uint32_t> const* splitsOf(Corner const& from, Corner const& to) const;
+    UPoint3<float> placeOf(CutSide side, Corner const& corner);
+    Vertex* vertexOf(CutSide side, Corner const& corner);
+
+    SideCopies& m_copies;
+    SectionPoints& m_points;
+    CutPlane const& m_plane;
+    std::vector<Piece> m_pieces;
+    std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> m_splits;
+    std::array<std::vector<Triangle*>, 2> m_written;
+};

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/mesh/RecordIndex.h"
+#include "host/services/planecut/CutPlane.h"
+#include "platform/mesh/UMesh.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// The two halves of a plane cut, as places in arrays.
+enum CutSide
+{
+    sideAbove = 0,
+    sideBelow = 1,
+};
+
+/// The part of a cut that is a copy: every vertex that is not in the plane, and every triangle
+/// whose corners all lie strictly on one side, goes to that side's mesh, in the order of the
+/// source. The triangles that are left over meet the plane.
+///
+/// The work is done in blocks of records, in parallel where there are threads; what comes out does
+/// not depend on their number. `progress` is called on the calling thread only.
+class SideCopies
+{
+public:
+    using Vertex = UVertex<float>;
+    using Triangle = UTriangle<float>;
+
+    SideCopies(UMesh<float> const& source, CutPlane const& plane,
+               std::function<void(int)> const& progress);
+
+    /// True if no vertex lies on the given side, so that everything belongs to the other one. The
+    /// copies have not been made then.
+    bool isEmpty(CutSide side) const { return m_counts[side] == 0; }
+
+    /// Makes the copies, dropping those made before. Called if neither side is empty.
+    void copy();
+
+    std::uint32_t placeOf(Vertex const* vertex) const { return m_place(vertex); }
+    /// +1, -1 or 0 by a vertex's place.
+    int sideOf(std::uint32_t place) const { return m_sides[place]; }
+    /// Counts a vertex as in the plane from the next copy() on.
+    void moveToPlane(std::uint32_t place) { m_sides[place] = 0; }
+    /// The copy of a vertex on its own side; null for one that is exactly in the plane.
+    Vertex* copyOf(std::uint32_t place) const { return m_copies[place]; }
+
+    /// The triangles that meet the plane, in list order.
+    std::vector<Triangle const*> const& meeting() const { return m_meeting; }
+    UMesh<float>& mesh(CutSide side) { return *m_meshes[side]; }
+    std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
+
+private:
+    struct TriangleBlock;
+
+    void classify();
+    void count();
+    void copyVertices();
+    void copyTriangles();
+    void copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const;
+    void collect(std::vector<TriangleBlock> const& blocks);
+    void forBlocks(std::size_t count, int percentBegin, int percentEnd,
+                   std::function<void(std::size_t, std::size_t, std::size_t)> const& work) const;
+
+    UMesh<float> const& m_source;
+    CutPlane const& m_plane;
+    std::function<void(int)> const& m_progress;
+    RecordIndex<Vertex> m_place;
+    std::vector<std::int8_t> m_sides;
+    std::vector<Vertex*> m_copies;
+    std::vector<std::array<std::uint32_t, 2>> m_blockCounts;
+    std::array<std::size_t, 2> m_counts{};
+    std::vector<Triangle const*> m_meeting;
+    std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
+};

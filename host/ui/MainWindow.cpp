@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/ui/MainWindow.h"
+
+#include "platform/ui/MellViewSlider.h"
+#include "platform/view/GLView.h"
+
+namespace {
+
+MainWindow* currentWindow = nullptr;
+
+}  // namespace
+
+MainWindow* MainWindow::getInstance()
+{
+    return currentWindow;
+}
+
+Base::MellViewSlider* MainWindow::getViewSlider()
+{
+    return Base::MellViewSlider::instance();
+}
+
+MainWindow::MainWindow(QWidget* parent) : MainWindowBase(parent)
+{
+    currentWindow = this;
+}
+
+MainWindow::~MainWindow()
+{
+    if (currentWindow == this)
+        currentWindow = nullptr;
+}
+
+void MainWindow::setActiveGLView(Base::GLView* view)
+{
+    if (view == m_activeView)
+        return;
+    m_activeView = view;
+    emit signalActiveGLViewChanged();
+}
+
+void MainWindow::updateActiveGLView()
+{
+    if (m_activeView)
+        m_activeView->redraw();
+}

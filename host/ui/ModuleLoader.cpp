@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/ui/ModuleLoader.h"
+
+#include "platform/document/q2s.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <QLibrary>
+
+std::unique_ptr<AppModule> loadModule(QString const& path, char const* className)
+{
+    QLibrary library(path);
+    if (!library.load())
+        throw Mell::Exception("The module \"" + q2s(path) +
+                              "\" cannot be loaded: " + q2s(library.errorString()));
+    auto* const initialise = library.resolve("initDLLModule");
+    if (!initialise)
+        throw Mell::Exception("\"" + q2s(path) +
+                              "\" is no module of this application: it has no initDLLModule.");
+    return startModule(initialise, className);
+}
+
+std::unique_ptr<AppModule> startModule(void (*initialise)(), char const* className)
+{
+    if (Base::Type::fromName(className).isBad())
+        initialise();
+    std::unique_ptr<Base::BaseClass> made(Base::Type::createInstance(className));
+    if (!dynamic_cast<AppModule*>(made.get()))
+        throw Mell::Exception("The module enters no module class \"" + std::string(className) +
+                              "\"; it does not belong to this application.");
+    std::unique_ptr<AppModule> module(static_cast<AppModule*>(made.release()));
+    if (!module->createModule())
+        throw Mell::Exception("The module \"" + std::string(className) +
+                              "\" refuses to start in this application.");
+    return module;
+}

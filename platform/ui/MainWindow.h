@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/ui/MainWindowBase.h"
+
+namespace Base {
+class GLView;
+class MellViewSlider;
+}  // namespace Base
+
+/// The main window: parent of all message boxes, and holder of the view in front. The command line
+/// has none.
+class MainWindow : public MainWindowBase
+{
+    Q_OBJECT
+
+public:
+    /// The window made last, or null.
+    static MainWindow* getInstance();
+    /// The height slider, also without a window; never null.
+    static Base::MellViewSlider* getViewSlider();
+
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /// The view in front, or null.
+    Base::GLView* activeGLView() const { return m_activeView; }
+    /// Puts a view in front, borrowed; null when it goes.
+    void setActiveGLView(Base::GLView* view);
+    /// Repaints the view in front.
+    void updateActiveGLView();
+
+signals:
+    void signalActiveGLViewChanged();
+    /// Tool buttons re-read their state.
+    void signalUpdateToolbuttonState();
+
+private:
+    Base::GLView* m_activeView = nullptr;
+};

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QDialogButtonBox>
+
+class QLabel;
+
+/// A modal message with buttons.
+class MellMessageBox : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit MellMessageBox(QWidget* parent);
+
+    /// Shows a message and waits for an answer.
+    ///
+    /// button0..2     button texts; an empty one makes no button
+    /// defaultButton  the button that Enter presses; -1 for none
+    /// escapeButton   the answer when the box is closed without a button; -1 stands for the last
+    ///                button there is
+    /// returns        the index of the button
+    ///
+    /// Without a QApplication there is nobody to ask: the text goes to the log console and the
+    /// answer is that of a closed box.
+    static int warning(QWidget* parent, QString const& title, QString const& text,
+                       QString const& button0, QString const& button1, QString const& button2,
+                       int defaultButton, int escapeButton);
+
+    void setText(QString const& text);
+    QString text() const;
+    void setStandardButtons(QDialogButtonBox::StandardButtons buttons);
+    void setDefaultButton(QDialogButtonBox::StandardButton button);
+    QPushButton* button(QDialogButtonBox::StandardButton button) const;
+
+    /// The standard button that was pressed; for a box closed otherwise Cancel if there is such a
+    /// button, else NoButton.
+    int exec() override;
+
+private:
+    QLabel* m_text;
+    QDialogButtonBox* m_buttons;
+};

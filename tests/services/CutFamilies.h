@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/services/Intersect.h"
+#include "tests/support/MeshBuilders.h"
+
+#include <string>
+#include <vector>
+
+/// A cut and what came of it.
+struct CutOutcome
+{
+    MeshKernel above;
+    MeshKernel below;
+    MeshKernel section;
+};
+
+/// A square of two triangles through `centre`, `reach` from the centre to each corner, its normal
+/// along `normal`.
+std::unique_ptr<MeshKernel> planeMesh(UPoint3<float> const& centre, UVector3<float> const& normal,
+                                      float reach);
+
+std::unique_ptr<CutOutcome> cut(MeshKernel& part, MeshKernel& plane,
+                                std::function<void(int)> progress = {});
+std::unique_ptr<CutOutcome> cut(Soup const& part, UPoint3<float> const& centre,
+                                UVector3<float> const& normal);
+
+struct NamedPlane
+{
+    std::string name;
+    UPoint3<float> centre;
+    UVector3<float> normal;
+};
+
+/// Planes across a mesh: along the axes and oblique, in the middle and off it, through vertices,
+/// along edges and in faces.
+std::vector<NamedPlane> planesAcross(Soup const& soup);
