@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/cli/FreecutProcess.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+#include <QThread>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// A command that takes a while.
+Names longCommand(FreecutFolder& folder)
+{
+    folder.addStl(sphere(50, 300, 400), "ball.stl");
+    Names arguments = {"zcut", "--height", "1.234", "-o", "pieces"};
+    for (int i = 0; i < 12; ++i)
+        arguments.push_back("ball.stl");
+    return arguments;
+}
+
+/// Reads what a process writes to its terminal, until it has ended.
+std::string readTerminal(int terminal, QProcess& process)
+{
+    fcntl(terminal, F_SETFL, O_NONBLOCK);
+    std::string text;
+    char buffer[4096];
+    bool isRunning = true;
+    while (isRunning) {
+        isRunning = !process.waitForFinished(5) && process.state() != QProcess::NotRunning;
+        for (ssize_t count; (count = read(terminal, buffer, sizeof buffer)) > 0;)
+            text.append(buffer, std::size_t(count));
+    }
+    return text;
+}
+
+}  // namespace
+
+TEST(FreecutCancel, CtrlCEndsWith130AndLeavesNoFile)
+{
+    FreecutFolder folder;
+    Names const arguments = longCommand(folder);
+    QProcess process;
+    folder.prepare(process, arguments);
+    process.start();
+    ASSERT_TRUE(waitUntilInterruptible(process));
+    kill(pid_t(process.processId()), SIGINT);
+    process.waitForFinished(-1);
+    ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 130);
+    EXPECT_EQ(folder.files(), Names{"ball.stl"});
+    EXPECT_NE(process.readAllStandardError().toStdString().find("Cancelled"), std::string::npos);
+}
+
+TEST(FreecutCancel, AtAnyMomentThereAreAllPiecesOrNone)
+{
+    FreecutFolder folder;
+    Names const arguments = longCommand(folder);
+    for (unsigned long const delayMs : {0ul, 100ul, 200ul, 400ul, 600ul, 800ul, 1200ul}) {
+        QProcess process;
+        folder.prepare(process, arguments);
+        process.start();
+        waitUntilInterruptible(process);
+        QThread::msleep(delayMs);
+        kill(pid_t(process.processId()), SIGINT);
+        process.waitForFinished(-1);
+        ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
+        Names const left = folder.files().size() == 1 ? Names() : folder.files("pieces");
+        if (process.exitCode() == 0) {
+            EXPECT_EQ(left.size(), 24u);
+            break;
+        }
+        EXPECT_EQ(process.exitCode(), 130) << delayMs;
+        EXPECT_TRUE(left.empty()) << delayMs << testing::PrintToString(left);
+    }
+}
+
+TEST(FreecutCancel, OnATerminalALineShowsThePercentage)
+{
+    int const terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_GE(terminal, 0);
+    ASSERT_EQ(grantpt(terminal), 0);
+    ASSERT_EQ(unlockpt(terminal), 0);
+    FreecutFolder folder;
+    QProcess process;
+    folder.prepare(process, longCommand(folder));
+    process.setStandardErrorFile(ptsname(terminal));
+    process.start();
+    std::string const shown = readTerminal(terminal, process);
+    close(terminal);
+    EXPECT_EQ(process.exitCode(), 0);
+    EXPECT_NE(shown.find(" %  "), std::string::npos) << shown;
+    EXPECT_NE(shown.find('\r'), std::string::npos);
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/ui/AppModule.h"
+#include "tests/module/LoadedModule.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+TEST(ModuleEntry, IsFoundInTheLoadedLibrary)
+{
+    LoadedModule module;
+    EXPECT_TRUE(module.isEntered) << module.library.errorString().toStdString();
+}
+
+TEST(ModuleEntry, EntersTheModuleClassByName)
+{
+    LoadedModule const module;
+    Base::Type const type = Base::Type::fromName("OrbeFreecut");
+    ASSERT_FALSE(type.isBad());
+    EXPECT_EQ(type.getParent().getName(), "AppModule");
+    EXPECT_TRUE(type.isDerivedFrom(AppModule::getClassTypeId()));
+}
+
+TEST(ModuleEntry, TheModuleIsMadeByNameAndAgreesToEverything)
+{
+    LoadedModule const loaded;
+    std::unique_ptr<Base::BaseClass> const object(Base::Type::createInstance("OrbeFreecut"));
+    auto* const module = dynamic_cast<AppModule*>(object.get());
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(module->getClassName(), "OrbeFreecut");
+    EXPECT_EQ(module->getTypeId(), Base::Type::fromName("OrbeFreecut"));
+    EXPECT_TRUE(module->createModule());
+    EXPECT_TRUE(module->finishModule());
+    EXPECT_TRUE(module->deleteModule("document"));
+}
+
+TEST(ModuleEntry, ClassesThatAreMadeWithNewAloneAreNotEntered)
+{
+    LoadedModule const module;
+    for (char const* name : {"Freecut::CuboidGraphicObject", "Freecut::GLGraphicsItem",
+                             "Freecut::RubberLine", "Freecut::RubberRect"})
+        EXPECT_TRUE(Base::Type::fromName(name).isBad()) << name;
+}
