@@ -63,10 +63,7 @@ template <typename Record>
 [[gnu::noinline]] void refill(Cache& mine)
 {
     cacheReturn<Record>.isArmed = true;
-    auto const taken = pool<Record>().refill(mine.isOver ? 1 : refillCount);
-    mine.run = taken.run;
-    mine.list = taken.list;
-    mine.listCount = taken.listCount;
+    mine.run = pool<Record>().take(mine.isOver ? 1 : refillCount);
 }
 
 /// Halves a list that has grown too long, so that freed records reach other threads and whole

@@ -54,7 +54,7 @@ struct SlabPool::Slab
 {
     std::size_t inUse = 0;
     std::size_t bumped = 0;
-    FreeRecord* freeList = nullptr;
+    FreeRun* freeRuns = nullptr;
     Slab* previous = nullptr;
     Slab* next = nullptr;
     bool isPartial = false;
@@ -97,37 +97,37 @@ Run SlabPool::bump(std::size_t wanted)
     return run;
 }
 
-SlabPool::Refill SlabPool::refill(std::size_t wanted)
+/// Takes from the free pieces of partly used slabs.
+Run SlabPool::takePartial(std::size_t wanted)
 {
-    std::lock_guard const lock(m_guard);
-    Refill taken;
-    if (!m_partial) {
-        taken.run = bump(wanted);
-        return taken;
-    }
     Slab* const slab = m_partial;
-    FreeRecord* last = nullptr;
-    taken.list = slab->freeList;
-    for (FreeRecord* record = slab->freeList; record && taken.listCount < wanted;
-         record = record->next) {
-        last = record;
-        ++taken.listCount;
-    }
-    slab->freeList = last->next;
-    last->next = nullptr;
-    slab->inUse += taken.listCount;
-    if (!slab->freeList)
+    FreeRun* const first = slab->freeRuns;
+    Run const taken{reinterpret_cast<std::byte*>(first), std::min(wanted, first->count)};
+    slab->freeRuns = first->next;
+    if (taken.count < first->count)
+        slab->freeRuns = new (taken.begin + taken.count * m_recordSize)
+            FreeRun{first->next, first->count - taken.count};
+    slab->inUse += taken.count;
+    if (!slab->freeRuns)
         unlinkPartial(slab);
     return taken;
+}
+
+Run SlabPool::take(std::size_t wanted)
+{
+    std::lock_guard const lock(m_guard);
+    return m_partial ? takePartial(wanted) : bump(wanted);
 }
 
 void SlabPool::takeRuns(std::size_t count, std::vector<Run>& runs)
 {
     std::lock_guard const lock(m_guard);
     while (count > 0) {
-        Run const run = bump(count);
-        runs.push_back(run);
-        count -= run.count;
+        // Crumbs are left to those who need one record at a time.
+        constexpr std::size_t crumb = 64;
+        bool const isWorthwhile = m_partial && m_partial->freeRuns->count >= std::min(count, crumb);
+        runs.push_back(isWorthwhile ? takePartial(count) : bump(count));
+        count -= runs.back().count;
     }
 }
 
@@ -136,7 +136,7 @@ void SlabPool::giveBack(FreeRecord* list)
     std::lock_guard const lock(m_guard);
     while (list) {
         FreeRecord* const next = list->next;
-        freeOne(list);
+        free({reinterpret_cast<std::byte*>(list), 1});
         list = next;
     }
 }
@@ -144,8 +144,8 @@ void SlabPool::giveBack(FreeRecord* list)
 void SlabPool::giveBack(Run run)
 {
     std::lock_guard const lock(m_guard);
-    for (std::size_t i = 0; i < run.count; ++i)
-        freeOne(run.begin + i * m_recordSize);
+    if (run.count > 0)
+        free(run);
 }
 
 void SlabPool::giveBackAll(void* const* records, std::size_t count)
@@ -156,36 +156,37 @@ void SlabPool::giveBackAll(void* const* records, std::size_t count)
         std::size_t const end = std::min(count, begin + batch);
         std::lock_guard const lock(m_guard);
         for (std::size_t i = begin; i < end;) {
-            if (!records[i]) {
+            auto* const first = static_cast<std::byte*>(records[i]);
+            std::byte* next = first + m_recordSize;
+            std::size_t const start = i++;
+            // Neighbouring records lie in one slab: between two slabs stands a header.
+            while (i < end && records[i] == next) {
+                next += m_recordSize;
                 ++i;
-                continue;
             }
-            Slab* const slab = slabOf(records[i]);
-            std::size_t const first = i;
-            while (i < end && records[i] && slabOf(records[i]) == slab)
-                ++i;
-            freeGroup(slab, records + first, i - first);
+            if (first)
+                free({first, i - start});
         }
     }
 }
 
-void SlabPool::freeOne(void* record)
+void SlabPool::free(Run run)
 {
-    freeGroup(slabOf(record), &record, 1);
-}
-
-void SlabPool::freeGroup(Slab* slab, void* const* records, std::size_t count)
-{
-    assert(slab->inUse >= count);
-    slab->inUse -= count;
+    Slab* const slab = slabOf(run.begin);
+    assert(slab->inUse >= run.count);
+    slab->inUse -= run.count;
     if (slab->inUse == 0) {
         if (slab->isPartial)
             unlinkPartial(slab);
         retire(slab);
         return;
     }
-    for (std::size_t i = 0; i < count; ++i)
-        slab->freeList = new (records[i]) FreeRecord{slab->freeList};
+    FreeRun* const last = slab->freeRuns;
+    // Pieces that come back in order grow together.
+    if (last && reinterpret_cast<std::byte*>(last) + last->count * m_recordSize == run.begin)
+        last->count += run.count;
+    else
+        slab->freeRuns = new (run.begin) FreeRun{last, run.count};
     if (!slab->isPartial)
         linkPartial(slab);
 }

@@ -8,7 +8,7 @@
 
 namespace RecordSlabs {
 
-/// A free record, linked into a list through its own memory.
+/// A free record in a thread's cache, linked into a list through its own memory.
 struct FreeRecord
 {
     FreeRecord* next;
@@ -21,23 +21,24 @@ struct Run
     std::size_t count = 0;
 };
 
+/// A contiguous free piece of a slab, described in its first record. The other records of the piece
+/// are not touched.
+struct FreeRun
+{
+    FreeRun* next;
+    std::size_t count;
+};
+
 /// The slabs of one record size. Records that threads keep in their caches count as in use.
 class SlabPool
 {
 public:
     explicit SlabPool(std::size_t recordSize);
 
-    /// Takes at most `wanted` records, at least one: free ones of a partly used slab as a list, or
-    /// a run of fresh ones.
-    struct Refill
-    {
-        Run run;
-        FreeRecord* list = nullptr;
-        std::size_t listCount = 0;
-    };
-    Refill refill(std::size_t wanted);
+    /// Takes at least one and at most `wanted` records.
+    Run take(std::size_t wanted);
 
-    /// Takes exactly `count` records as runs, in ascending order within each slab.
+    /// Takes exactly `count` records as runs.
     void takeRuns(std::size_t count, std::vector<Run>& runs);
 
     void giveBack(FreeRecord* list);
@@ -52,8 +53,8 @@ private:
     Slab* slabOf(void* record) const;
     Slab* freshSlab();
     Run bump(std::size_t wanted);
-    void freeOne(void* record);
-    void freeGroup(Slab* slab, void* const* records, std::size_t count);
+    Run takePartial(std::size_t wanted);
+    void free(Run run);
     void linkPartial(Slab* slab);
     void unlinkPartial(Slab* slab);
     void retire(Slab* slab);

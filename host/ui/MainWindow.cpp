@@ -18,8 +18,7 @@ MainWindow* MainWindow::getInstance()
 
 Base::MellViewSlider* MainWindow::getViewSlider()
 {
-    static Base::MellViewSlider slider;
-    return &slider;
+    return Base::MellViewSlider::instance();
 }
 
 MainWindow::MainWindow(QWidget* parent) : MainWindowBase(parent)

@@ -8,6 +8,12 @@
 
 namespace Base {
 
+MellViewSlider* MellViewSlider::instance()
+{
+    static MellViewSlider slider;
+    return &slider;
+}
+
 MellViewSlider::MellViewSlider(QObject* parent) : QObject(parent) {}
 
 void MellViewSlider::setHeight(float height)

@@ -13,6 +13,10 @@ class UTriangle
 {
 public:
     UTriangle() = default;
+    /// A triangle with its corners and its stored normal, without neighbours.
+    UTriangle(UVertex<T>* a, UVertex<T>* b, UVertex<T>* c, UVector3<T> const& normal)
+        : m_vertices{a, b, c}, m_normal(normal)
+    {}
 
     /// The writing accessor, used while a triangle is built.
     UVertex<T>*& V0(int i) { return m_vertices[i]; }

@@ -11,6 +11,9 @@ class MellViewSlider : public QObject
     Q_OBJECT
 
 public:
+    /// The one that MainWindow::getViewSlider() gives: there without a window too, never null.
+    static MellViewSlider* instance();
+
     explicit MellViewSlider(QObject* parent = nullptr);
 
     float getHeight() const { return m_height; }

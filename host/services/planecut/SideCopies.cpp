@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr std::size_t blockSize = 8192;
+// A block and its copies stay in the second-level cache between the two loops over it.
+constexpr std::size_t blockSize = 2048;
 
 std::size_t blocksOf(std::size_t count)
 {
@@ -103,13 +104,18 @@ void SideCopies::count()
 {
     m_counts = {};
     m_blockCounts.assign(blocksOf(m_sides.size()), {});
-    for (std::size_t v = 0; v < m_sides.size(); ++v) {
-        m_blockCounts[v / blockSize][sideAbove] += m_sides[v] > 0;
-        m_blockCounts[v / blockSize][sideBelow] += m_sides[v] < 0;
+    for (std::size_t block = 0; block < m_blockCounts.size(); ++block) {
+        std::size_t const end = std::min(m_sides.size(), (block + 1) * blockSize);
+        std::uint32_t above = 0;
+        std::uint32_t below = 0;
+        for (std::size_t v = block * blockSize; v < end; ++v) {
+            above += m_sides[v] > 0;
+            below += m_sides[v] < 0;
+        }
+        m_blockCounts[block] = {above, below};
+        m_counts[sideAbove] += above;
+        m_counts[sideBelow] += below;
     }
-    for (auto const& counts : m_blockCounts)
-        for (std::size_t side = 0; side < 2; ++side)
-            m_counts[side] += counts[side];
 }
 
 void SideCopies::copy()
@@ -190,10 +196,10 @@ void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& bl
         int const side = sides[t - begin];
         if (side == 0)
             continue;
-        auto* const triangle = new (cursors[side > 0 ? sideAbove : sideBelow].next()) Triangle;
-        for (int i = 0; i < 3; ++i)
-            triangle->V0(i) = m_copies[corners[(t - begin) * 3 + std::size_t(i)]];
-        triangle->N() = m_source.triangles[t]->cN();
+        std::uint32_t const* const places = &corners[(t - begin) * 3];
+        new (cursors[side > 0 ? sideAbove : sideBelow].next())
+            Triangle(m_copies[places[0]], m_copies[places[1]], m_copies[places[2]],
+                     m_source.triangles[t]->cN());
     }
 }
 

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/CommonOptions.h"
+
+#include "cli/ProgressLine.h"
+#include "host/jobs/Threads.h"
+
+#include <CLI/CLI.hpp>
+
+void CommonOptions::addTo(CLI::App& command)
+{
+    command.add_option("FILE", files, "The parts: STL, OBJ, PLY or 3MF files")->required();
+    command
+        .add_option("--json", report,
+                    "Write a report to this file, replacing it, or to standard output for \"-\"")
+        ->type_name("FILE|-");
+    command.add_option("--threads", threads, "Use at most this many threads (default: all cores)")
+        ->check(CLI::Range(1, 1024))
+        ->type_name("N");
+    command.add_flag("--quiet", quiet, "Print neither table nor progress");
+}
+
+void applyCommonOptions(CommonOptions const& options)
+{
+    if (options.threads > 0)
+        Threads::setThreadCount(options.threads);
+    Base::setProgressSink(std::make_shared<ProgressLine>(isTerminal() && !options.quiet));
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+/// What all sub-commands understand.
+struct CommonOptions
+{
+    std::vector<std::string> files;
+    /// Where the report goes: a file, "-" for standard output, empty for nowhere.
+    std::string report;
+    int threads = 0;
+    bool quiet = false;
+
+    void addTo(CLI::App& command);
+
+    /// Whether the table for people goes to standard output.
+    bool wantsTable() const { return !quiet && report != "-"; }
+};
+
+/// Plugs the progress line in and limits the threads.
+void applyCommonOptions(CommonOptions const& options);

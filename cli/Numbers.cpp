@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Numbers.h"
+
+#include "cli/Errors.h"
+
+#include <charconv>
+#include <cmath>
+
+std::string fixed(double value, int decimals)
+{
+    char text[400];
+    auto const end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals);
+    return std::string(text, end.ptr);
+}
+
+std::string shortest(float value)
+{
+    char text[64];
+    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+}
+
+std::string grouped(std::size_t count)
+{
+    std::string text = std::to_string(count);
+    for (std::size_t left = text.size(); left > 3; left -= 3)
+        text.insert(left - 3, 1, ',');
+    return text;
+}
+
+double tidy(float value)
+{
+    std::string const text = shortest(value);
+    double result = value;
+    std::from_chars(text.data(), text.data() + text.size(), result);
+    return result;
+}
+
+float parseMillimetres(std::string const& text, std::string const& option)
+{
+    char const* const begin = text.data() + (text.starts_with('+') ? 1 : 0);
+    char const* const end = text.data() + text.size();
+    float value = 0;
+    auto const [stop, error] = std::from_chars(begin, end, value);
+    if (error != std::errc() || stop != end || !std::isfinite(value))
+        throw UsageError(option + " takes a height in millimetres such as 12.5, but got \"" + text +
+                         "\".");
+    return value;
+}

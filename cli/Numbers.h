@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+/// Numbers as text and back, the same in every locale.
+
+/// With a fixed number of decimals.
+std::string fixed(double value, int decimals);
+/// The shortest text that stands for the value.
+std::string shortest(float value);
+/// With a comma between thousands.
+std::string grouped(std::size_t count);
+/// The double that has the same shortest text as the float: 0.1f gives 0.1.
+double tidy(float value);
+
+/// A number from the command line. Throws UsageError that names the option if the text is not a
+/// finite number within the range of float.
+float parseMillimetres(std::string const& text, std::string const& option);

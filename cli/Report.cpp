@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Report.h"
+
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
+#include "host/formats/FileError.h"
+#include "host/formats/OutputFile.h"
+
+#include <cstdio>
+#include <filesystem>
+
+Report boxReport(UBox3<float> const& box)
+{
+    return {tidy(box.MinX()), tidy(box.MinY()), tidy(box.MinZ()),
+            tidy(box.MaxX()), tidy(box.MaxY()), tidy(box.MaxZ())};
+}
+
+void appendFacts(Report& object, MeshFacts const& facts)
+{
+    object["triangles"] = facts.triangles;
+    object["vertices"] = facts.vertices;
+    object["shells"] = facts.shells;
+    object["volume"] = facts.volume;
+    object["area"] = facts.area;
+    object["closed"] = facts.closed;
+    object["box"] = boxReport(facts.box);
+}
+
+void checkReportTarget(std::string const& target, std::vector<std::string> const& sources)
+{
+    if (target.empty() || target == "-")
+        return;
+    std::filesystem::path const path = target;
+    std::error_code error;
+    for (std::string const& source : sources)
+        if (std::filesystem::equivalent(path, source, error))
+            throw UsageError("The report would replace the part " + source +
+                             "; give it another name.");
+    auto const folder = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+    if (!std::filesystem::is_directory(folder, error))
+        throw Formats::FileError(path, "its folder does not exist; make it first.");
+}
+
+void writeReport(std::string const& target, Report const& report)
+{
+    // Names come from files and need not be valid UTF-8.
+    std::string const text = report.dump(2, ' ', false, Report::error_handler_t::replace) + "\n";
+    if (target != "-") {
+        Formats::OutputFile file(target, Formats::Overwrite::Allow);
+        file.write(text);
+        file.commit();
+        return;
+    }
+    bool const isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (std::fflush(stdout) != 0 || !isWritten)
+        throw Formats::FileError("standard output", "the report cannot be written to it.");
+}

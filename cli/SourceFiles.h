@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/mesh/MeshKernel.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Formats {
+class MeshFormat;
+}
+
+/// A part as it was read from a file.
+struct SourcePart
+{
+    /// The file's path as it was given.
+    std::string file;
+    Formats::MeshFormat const* format = nullptr;
+    std::string name;
+    std::unique_ptr<MeshKernel> kernel;
+};
+
+/// Reads all parts of the files, in order, behind a progress display each.
+///
+/// throws  Formats::FileError; Mell::AbortException if the user cancels
+std::vector<SourcePart> readSources(std::vector<std::string> const& files);

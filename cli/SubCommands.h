@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+/// What a sub-command does once the command line is understood. Returns the exit status; failures
+/// are exceptions that main() turns into a message.
+using Action = std::function<int()>;
+
+// Each adds its sub-command with its options and help to the command line, and sets `action` when
+// it was chosen. The options live as long as the action.
+void addInfo(CLI::App& commandLine, Action& action);
+void addZCut(CLI::App& commandLine, Action& action);

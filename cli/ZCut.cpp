@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Errors.h"
+#include "cli/PieceFiles.h"
+#include "cli/SourceFiles.h"
+#include "cli/Stopwatch.h"
+#include "cli/SubCommands.h"
+#include "cli/ZCutJob.h"
+#include "cli/ZCutOptions.h"
+#include "cli/ZCutReport.h"
+#include "host/formats/FormatRegistry.h"
+#include "host/jobs/Threads.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/Application.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace {
+
+/// Adds the parts to a document, under names that are all different.
+std::vector<Mesh::DocumentObject*> addParts(Mesh::Document& document,
+                                            std::vector<SourcePart>& sources)
+{
+    std::vector<Mesh::DocumentObject*> parts;
+    for (SourcePart& source : sources) {
+        auto* const part = new Mesh::DocumentObject;
+        part->meshProperty->setMesh(source.kernel.release(), true);
+        std::string const name =
+            document.getUniqueObjectName(source.name.c_str(), {}, false, false);
+        document.addObject(part, name.c_str(), false);
+        parts.push_back(part);
+    }
+    return parts;
+}
+
+void savePieces(std::vector<CutPart>& parts, ZCutOptions const& options, PieceFiles& files)
+{
+    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
+    // All names first: a file in the way is found before anything is written.
+    for (CutPart& part : parts)
+        for (CutPiece& piece : part.pieces) {
+            piece.format = chosen ? chosen : part.format;
+            piece.file = files.reserve(piece.object->getName(), *piece.format);
+        }
+    for (CutPart const& part : parts)
+        for (CutPiece const& piece : part.pieces)
+            files.write(piece.file, piece.object->getName(), *piece.object->meshProperty->getMesh(),
+                        *piece.format);
+}
+
+int runZCut(ZCutOptions const& options)
+{
+    Stopwatch total;
+    applyCommonOptions(options.common);
+    checkReportTarget(options.common.report, options.common.files);
+    PieceFiles files(options.folder,
+                     options.force ? Formats::Overwrite::Allow : Formats::Overwrite::Refuse);
+    CutSeconds seconds;
+    Stopwatch stage;
+    std::vector<SourcePart> sources = readSources(options.common.files);
+    std::vector<float> const heights = options.heightsFor(sources.size());
+    seconds.load = stage.restart();
+
+    auto* const document = Application::Instance->newDocument("freecut");
+    std::vector<Mesh::DocumentObject*> const objects = addParts(*document, sources);
+    bool const wantsReport = !options.common.report.empty();
+    std::vector<CutPart> parts = describeParts(sources, objects, wantsReport);
+    stage.restart();
+    runZCutJob(*document, parts, heights, options);
+    seconds.cut = stage.restart();
+    savePieces(parts, options, files);
+    seconds.save = stage.restart();
+
+    if (wantsReport)
+        writeReport(options.common.report,
+                    zCutReport(parts, seconds, total, Threads::threadCount()));
+    files.keep();
+    if (options.common.wantsTable())
+        printTable(parts);
+    return 0;
+}
+
+}  // namespace
+
+void addZCut(CLI::App& commandLine, Action& action)
+{
+    CLI::App* const command = commandLine.add_subcommand(
+        "zcut", "Cut parts by a horizontal plane. All numbers are millimetres.");
+    auto const options = std::make_shared<ZCutOptions>();
+    options->addTo(*command);
+    command->footer(
+        "Examples:\n"
+        "  freecut zcut bracket.stl --height 12.5\n"
+        "  freecut zcut a.stl b.3mf --heights 10,22.5 -o pieces --format 3mf\n"
+        "  freecut zcut big.stl --height 40 --no-repair --json report.json");
+    command->callback([options, &action] { action = [options] { return runZCut(*options); }; });
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ZCutOptions.h"
+
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
+#include "host/formats/FormatRegistry.h"
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+std::vector<std::string> formatNames()
+{
+    std::vector<std::string> names;
+    for (auto const& format : Formats::FormatRegistry::instance().formats())
+        names.emplace_back(format->name());
+    return names;
+}
+
+std::string checkHeight(std::string const& text)
+{
+    try {
+        parseMillimetres(text, "A cut");
+        return {};
+    } catch (UsageError const& e) {
+        return e.what();
+    }
+}
+
+}  // namespace
+
+void ZCutOptions::addTo(CLI::App& command)
+{
+    common.addTo(command);
+    auto* const heightGroup = command.add_option_group("Height", "Where to cut; give one of them");
+    heightGroup->add_option("--height", height, "Cut all parts at this height")
+        ->type_name("H")
+        ->check(checkHeight);
+    heightGroup
+        ->add_option("--heights", heights,
+                     "Cut each part at a height of its own, in the order of the parts")
+        ->type_name("H1,H2,...")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(checkHeight);
+    heightGroup->require_option(1);
+    command.add_flag("--repair,!--no-repair", repair,
+                     "Check each piece and repair it if need be (default), or do not");
+    command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
+        ->type_name("DIR");
+    command
+        .add_option("--format", format, "The format of the pieces (default: that of the source)")
+        ->check(CLI::IsMember(formatNames()))
+        ->type_name("");
+    command.add_flag("--force", force, "Replace files that exist");
+}
+
+std::vector<float> ZCutOptions::heightsFor(std::size_t partCount) const
+{
+    if (!isOneByOne())
+        return std::vector<float>(partCount, parseMillimetres(height, "--height"));
+    if (heights.size() != partCount)
+        throw UsageError("--heights takes one height for each part: the files hold " +
+                         std::to_string(partCount) + " but " + std::to_string(heights.size()) +
+                         " were given.");
+    std::vector<float> values;
+    for (std::string const& text : heights)
+        values.push_back(parseMillimetres(text, "--heights"));
+    return values;
+}

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ZCutReport.h"
+
+#include "cli/Numbers.h"
+#include "platform/document/MeshDocumentObject.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+Report pieceReport(CutPiece const& piece)
+{
+    Report report;
+    report["name"] = piece.object->getName();
+    report["file"] = piece.file.string();
+    appendFacts(report, measureMesh(*piece.object->meshProperty->getMesh()));
+    return report;
+}
+
+Report partReport(CutPart const& part)
+{
+    Report report;
+    report["source"] = part.source;
+    report["triangles"] = part.triangles;
+    report["volume"] = part.facts.volume;
+    report["closed"] = part.facts.closed;
+    report["pieces"] = Report::array();
+    for (CutPiece const& piece : part.pieces)
+        report["pieces"].push_back(pieceReport(piece));
+    return report;
+}
+
+/// Three decimals at most.
+std::string decimal(float value)
+{
+    std::string text = fixed(value, 3);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+        text.pop_back();
+    return text == "-0" ? "0" : text;
+}
+
+std::string boxText(UBox3<float> const& box)
+{
+    auto const corner = [](UPoint3<float> const& p) {
+        return decimal(p.X()) + " " + decimal(p.Y()) + " " + decimal(p.Z());
+    };
+    return corner(box.min) + " .. " + corner(box.max) + " mm";
+}
+
+std::string padded(std::string text, std::size_t width)
+{
+    text.resize(std::max(width, text.size()), ' ');
+    return text;
+}
+
+}  // namespace
+
+Report zCutReport(std::vector<CutPart> const& parts, CutSeconds const& seconds,
+                  Stopwatch const& total, int threads)
+{
+    Report report;
+    report["command"] = "zcut";
+    report["parts"] = Report::array();
+    for (CutPart const& part : parts)
+        report["parts"].push_back(partReport(part));
+    report["seconds"] = {{"load", seconds.load},
+                         {"cut", seconds.cut},
+                         {"save", seconds.save},
+                         {"total", total.seconds()}};
+    report["threads"] = threads;
+    return report;
+}
+
+void printTable(std::vector<CutPart> const& parts)
+{
+    std::size_t width = 0;
+    for (CutPart const& part : parts)
+        for (CutPiece const& piece : part.pieces)
+            width = std::max(width, piece.file.string().size());
+    for (CutPart const& part : parts) {
+        std::printf("%s: %s triangles\n", part.source.c_str(), grouped(part.triangles).c_str());
+        for (CutPiece const& piece : part.pieces) {
+            MeshKernel const& kernel = *piece.object->meshProperty->getMesh();
+            std::printf("  %s  %10s triangles  %s\n", padded(piece.file.string(), width).c_str(),
+                        grouped(kernel.readMesh()->triangles.size()).c_str(),
+                        boxText(kernel.GetBox()).c_str());
+        }
+    }
+}

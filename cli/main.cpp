@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Cancel.h"
+#include "cli/Errors.h"
+#include "cli/ExitStatus.h"
+#include "cli/SubCommands.h"
+#include "host/formats/FileError.h"
+#include "platform/ui/Application.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+int fail(int status, char const* message)
+{
+    std::fprintf(stderr, "freecut: %s\n", message);
+    return status;
+}
+
+/// Runs the chosen sub-command and turns what it throws into a message and an exit status.
+int run(Action const& action)
+{
+    try {
+        return action();
+    } catch (Mell::AbortException const&) {
+        return fail(Cancel::exitStatus(), "Cancelled.");
+    } catch (UsageError const& e) {
+        return fail(EXIT_WRONG_USAGE, e.what());
+    } catch (Formats::FileError const& e) {
+        return fail(EXIT_FILE_FAILED, e.what());
+    } catch (Mell::Exception const& e) {
+        return fail(EXIT_CUT_FAILED, e.what());
+    } catch (std::bad_alloc const&) {
+        return fail(EXIT_CUT_FAILED,
+                    "There is not enough memory; close other programs or cut "
+                    "the parts one at a time.");
+    } catch (std::exception const& e) {
+        return fail(EXIT_CUT_FAILED, e.what());
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App commandLine("Cuts triangle-mesh parts for 3D printing. All numbers are millimetres.",
+                         "freecut");
+    commandLine.require_subcommand(1);
+    commandLine.footer(
+        "Examples:\n"
+        "  freecut info bracket.stl\n"
+        "  freecut zcut bracket.stl --height 12.5 -o pieces\n"
+        "\n"
+        "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be "
+        "read or written,\n130 cancelled by Ctrl-C.");
+    Action action;
+    addInfo(commandLine, action);
+    addZCut(commandLine, action);
+    try {
+        commandLine.parse(argc, argv);
+    } catch (CLI::ParseError const& e) {
+        return commandLine.exit(e) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
+    }
+    Cancel::listen();
+    QCoreApplication const application(argc, argv);
+    QCoreApplication::setApplicationName("freecut");
+    Application const host;
+    return run(action);
+}

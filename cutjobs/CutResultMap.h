@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+class MeshKernel;
+namespace Mesh {
+class DocumentObject;
+}
+
+/// Source part to its pieces, in the order in which they were made. Only pieces with triangles are
+/// stored, and a part without such a piece has no key.
+using CutResultMap = std::map<Mesh::DocumentObject*, std::vector<std::shared_ptr<MeshKernel>>>;

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/CutSides.h"
+
+#include "cutjobs/ProgressScale.h"
+#include "cutjobs/ServiceCall.h"
+#include "platform/services/Intersect.h"
+
+CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
+                       std::function<void(int)> const& progress, int index, int partCount)
+{
+    CutSides sides;
+    auto const copy = std::make_shared<MeshKernel>(part);
+    ServiceCall::run([&] {
+        Intersect::cutByPlane(
+            copy.get(), plane, sides.sideA.get(), sides.sideB.get(), sides.section.get(),
+            ProgressScale::scaled(progress, ProgressScale::planeCut, index, partCount), true);
+    });
+    ServiceCall::run([&] {
+        if (progress)
+            progress(ProgressScale::partDone(index, partCount));
+    });
+    cleanUpPiece(*sides.sideA);
+    cleanUpPiece(*sides.sideB);
+    return sides;
+}
+
+void CutSides::store(CutResultMap& result, Mesh::DocumentObject* part) const
+{
+    storePiece(result, part, sideA);
+    storePiece(result, part, sideB);
+}
+
+void cleanUpPiece(MeshKernel& piece)
+{
+    piece.DeleteDegenerateTris();
+    piece.DeleteUnreferenceVerts();
+    piece.UpdateTrisID();
+    piece.UpdateVertsID();
+    piece.UpdateBoundingBox();
+}
+
+void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
+                std::shared_ptr<MeshKernel> const& piece)
+{
+    if (!piece->readMesh()->triangles.empty())
+        result[part].push_back(piece);
+}

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cutjobs/CutResultMap.h"
+#include "platform/mesh/MeshKernel.h"
+
+#include <functional>
+#include <memory>
+
+/// The kernels that one plane cut of one part makes.
+struct CutSides
+{
+    /// The piece on the side to which the plane's normal points.
+    std::shared_ptr<MeshKernel> sideA = std::make_shared<MeshKernel>();
+    std::shared_ptr<MeshKernel> sideB = std::make_shared<MeshKernel>();
+    std::shared_ptr<MeshKernel> section = std::make_shared<MeshKernel>();
+
+    /// Cuts a working copy of the part and cleans up side A and then side B.
+    ///
+    /// progress         of the whole job; may be empty
+    /// index, partCount the part's place in the job
+    /// throws           as ServiceCall::run
+    static CutSides cut(MeshKernel const* part, MeshKernel* plane,
+                        std::function<void(int)> const& progress, int index, int partCount);
+
+    /// Appends to the part's pieces side A and then side B, each if it has triangles.
+    void store(CutResultMap& result, Mesh::DocumentObject* part) const;
+};
+
+/// Cleans up a piece that a service has made.
+void cleanUpPiece(MeshKernel& piece);
+
+/// Appends a piece to those of its part if it has triangles.
+void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
+                std::shared_ptr<MeshKernel> const& piece);

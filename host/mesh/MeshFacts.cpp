@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/mesh/MeshFacts.h"
+
+#include "host/mesh/RecordIndex.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+#include <span>
+
+namespace {
+
+using Place = std::uint32_t;
+using Corners = std::vector<std::array<Place, 3>>;
+
+/// A triangle's side as seen from its corner of smaller place.
+struct Side
+{
+    Place other;
+    Place triangle;
+
+    bool operator<(Side const& o) const { return other < o.other; }
+};
+
+/// Disjoint sets of triangles (Galler and Fischer, 1964), with path halving.
+class ShellForest
+{
+public:
+    explicit ShellForest(std::size_t count) : m_parent(count), m_shells(count)
+    {
+        std::iota(m_parent.begin(), m_parent.end(), Place(0));
+    }
+
+    void unite(Place a, Place b)
+    {
+        a = root(a);
+        b = root(b);
+        if (a == b)
+            return;
+        m_parent[std::max(a, b)] = std::min(a, b);
+        --m_shells;
+    }
+
+    std::size_t shells() const { return m_shells; }
+
+private:
+    Place root(Place t)
+    {
+        while (m_parent[t] != t)
+            t = m_parent[t] = m_parent[m_parent[t]];
+        return t;
+    }
+
+    std::vector<Place> m_parent;
+    std::size_t m_shells;
+};
+
+std::vector<UVector3<double>> pointsOf(MeshKernel const& kernel, UMesh<float> const& mesh,
+                                       UBox3<float>& box)
+{
+    bool const isPlain = kernel.getMatrix().isIdentity();
+    std::vector<UVector3<double>> points;
+    points.reserve(mesh.vertices.size());
+    for (UVertex<float> const* const vertex : mesh.vertices) {
+        UPoint3<float> const p = isPlain ? vertex->cP() : kernel.getMatrix() * vertex->cP();
+        box.Add(p);
+        points.emplace_back(p.X(), p.Y(), p.Z());
+    }
+    // Sums about the box's middle lose least.
+    UPoint3<float> const middle = (box.min + box.max) * 0.5f;
+    UVector3<double> const origin(middle.X(), middle.Y(), middle.Z());
+    for (auto& p : points)
+        p -= origin;
+    return points;
+}
+
+Corners cornersOf(UMesh<float> const& mesh)
+{
+    RecordIndex<UVertex<float>> const place{mesh.vertices};
+    Corners corners;
+    corners.reserve(mesh.triangles.size());
+    for (UTriangle<float> const* const t : mesh.triangles)
+        corners.push_back({place(t->cV(0)), place(t->cV(1)), place(t->cV(2))});
+    return corners;
+}
+
+void sumVolumeAndArea(std::span<UVector3<double> const> points, Corners const& corners,
+                      MeshFacts& facts)
+{
+    for (auto const& [i, j, k] : corners) {
+        UVector3<double> const a = points[i];
+        UVector3<double> const normal = (points[j] - a) * (points[k] - a);
+        facts.area += normal.GetLength() / 2;
+        facts.volume += (a | normal) / 6;
+    }
+}
+
+/// Goes over the sides of one corner's bucket: joins triangles that share an edge, and returns
+/// whether every edge has an even number of triangles.
+bool joinBucket(std::span<Side> bucket, ShellForest& forest)
+{
+    std::sort(bucket.begin(), bucket.end());
+    bool isClosed = true;
+    for (std::size_t begin = 0; begin < bucket.size();) {
+        std::size_t end = begin + 1;
+        for (; end < bucket.size() && bucket[end].other == bucket[begin].other; ++end)
+            forest.unite(bucket[begin].triangle, bucket[end].triangle);
+        isClosed = isClosed && (end - begin) % 2 == 0;
+        begin = end;
+    }
+    return isClosed;
+}
+
+void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& facts)
+{
+    std::vector<Place> ends(vertexCount + 1, 0);
+    auto const eachSide = [&](auto const& visit) {
+        for (Place t = 0; t < corners.size(); ++t)
+            for (std::size_t i = 0; i < 3; ++i) {
+                auto const [low, high] = std::minmax(corners[t][i], corners[t][(i + 1) % 3]);
+                visit(Place(low), Side{Place(high), t});
+            }
+    };
+    eachSide([&](Place low, Side const&) { ++ends[low + 1]; });
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    std::vector<Side> sides(corners.size() * 3);
+    eachSide([&](Place low, Side const& side) { sides[ends[low]++] = side; });
+
+    ShellForest forest(corners.size());
+    facts.closed = !corners.empty();
+    Place begin = 0;
+    for (std::size_t v = 0; v < vertexCount; ++v) {
+        Place const end = ends[v];
+        if (!joinBucket(std::span(sides).subspan(begin, end - begin), forest))
+            facts.closed = false;
+        begin = end;
+    }
+    facts.shells = forest.shells();
+}
+
+}  // namespace
+
+MeshFacts measureMesh(MeshKernel const& kernel)
+{
+    auto const mesh = kernel.readMesh();
+    MeshFacts facts;
+    facts.triangles = mesh->triangles.size();
+    facts.vertices = mesh->vertices.size();
+    auto const points = pointsOf(kernel, *mesh, facts.box);
+    Corners const corners = cornersOf(*mesh);
+    sumVolumeAndArea(points, corners, facts);
+    // A reflection turns every triangle round, the solid stays where its inside was.
+    if (kernel.getMatrix().linearDeterminant() < 0)
+        facts.volume = -facts.volume;
+    joinShells(corners, mesh->vertices.size(), facts);
+    return facts;
+}

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/mesh/MeshKernel.h"
+
+#include <cstddef>
+
+/// What can be said of a mesh as a solid, in world millimetres, the kernel's matrix applied.
+struct MeshFacts
+{
+    std::size_t triangles = 0;
+    std::size_t vertices = 0;
+    /// Sets of triangles that hang together over edges.
+    std::size_t shells = 0;
+    /// Enclosed volume: positive if the triangles face outward, and meaningful only for a closed
+    /// mesh.
+    double volume = 0;
+    double area = 0;
+    /// Whether the surface has no border: every edge joins an even number of triangles, and there
+    /// is at least one triangle.
+    bool closed = false;
+    UBox3<float> box;
+};
+
+/// Measures a mesh, all sums in double.
+///
+/// thread  any; the kernel is only read
+/// cost    linear in the triangles; about as long as two passes over the records
+MeshFacts measureMesh(MeshKernel const& kernel);

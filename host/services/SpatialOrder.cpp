@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/SpatialOrder.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int bitsPerAxis = 10;
+constexpr int bitsPerPass = 10;
+
+/// Spreads ten bits so that each is followed by two zeros.
+std::uint32_t spread(std::uint32_t bits)
+{
+    bits = (bits | bits << 16) & 0x030000ff;
+    bits = (bits | bits << 8) & 0x0300f00f;
+    bits = (bits | bits << 4) & 0x030c30c3;
+    return (bits | bits << 2) & 0x09249249;
+}
+
+/// Cells of a cube around the points that are used.
+struct Grid
+{
+    Grid(MeshArrays const& mesh, std::vector<std::uint32_t> const& triangles)
+    {
+        for (std::uint32_t t : triangles)
+            for (std::uint32_t vertex : mesh.triangles[t])
+                for (int axis = 0; axis < 3; ++axis) {
+                    low[axis] = std::min(low[axis], mesh.points[vertex][axis]);
+                    high[axis] = std::max(high[axis], mesh.points[vertex][axis]);
+                }
+        double size = 0;
+        for (int axis = 0; axis < 3; ++axis)
+            size = std::max(size, double(high[axis]) - low[axis]);
+        cellsPerUnit = size > 0 ? ((1 << bitsPerAxis) - 1) / size : 0;
+    }
+
+    std::uint32_t cell(MeshArrays const& mesh, std::uint32_t triangle) const
+    {
+        std::uint32_t code = 0;
+        for (int axis = 0; axis < 3; ++axis) {
+            float const a = mesh.point(triangle, 0)[axis];
+            float const b = mesh.point(triangle, 1)[axis];
+            float const c = mesh.point(triangle, 2)[axis];
+            double const middle =
+                (double(std::min({a, b, c})) + double(std::max({a, b, c}))) * 0.5 - low[axis];
+            code |= spread(std::uint32_t(middle * cellsPerUnit)) << axis;
+        }
+        return code;
+    }
+
+    float low[3] = {3.4e38f, 3.4e38f, 3.4e38f};
+    float high[3] = {-3.4e38f, -3.4e38f, -3.4e38f};
+    double cellsPerUnit = 0;
+};
+
+/// One pass of a stable radix sort by the bits from `shift` on.
+void sortByBits(std::vector<std::uint64_t> const& from, std::vector<std::uint64_t>& to, int shift)
+{
+    constexpr std::uint32_t mask = (1u << bitsPerPass) - 1;
+    std::vector<std::size_t> places(mask + 1, 0);
+    for (std::uint64_t entry : from)
+        ++places[entry >> shift & mask];
+    std::size_t begin = 0;
+    for (std::size_t& place : places)
+        begin += std::exchange(place, begin);
+    for (std::uint64_t entry : from)
+        to[places[entry >> shift & mask]++] = entry;
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
+                                        std::vector<std::uint8_t> const& isLeftOut)
+{
+    std::vector<std::uint32_t> order;
+    order.reserve(mesh.triangles.size());
+    for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t)
+        if (!isLeftOut[t])
+            order.push_back(t);
+    Grid const grid(mesh, order);
+    std::vector<std::uint64_t> entries(order.size()), sorted(order.size());
+    using Range = tbb::blocked_range<std::size_t>;
+    tbb::parallel_for(Range(0, order.size(), 8192), [&](Range const& range) {
+        for (std::size_t i = range.begin(); i != range.end(); ++i)
+            entries[i] = std::uint64_t(grid.cell(mesh, order[i])) << 32 | order[i];
+    });
+    for (int pass = 0; pass < 3; ++pass) {
+        sortByBits(entries, sorted, 32 + pass * bitsPerPass);
+        entries.swap(sorted);
+    }
+    std::transform(entries.begin(), entries.end(), order.begin(),
+                   [](std::uint64_t entry) { return std::uint32_t(entry); });
+    return order;
+}

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/MeshArrays.h"
+
+#include <cstdint>
+#include <vector>
+
+/// The triangles that are not left out, ordered so that neighbours in the list lie close together:
+/// along a space-filling curve through the centres of their boxes (G. M. Morton, 1966); where that
+/// leaves a tie, by index.
+///
+/// isLeftOut  per triangle: 1 for those that do not occur in the result
+std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
+                                        std::vector<std::uint8_t> const& isLeftOut);

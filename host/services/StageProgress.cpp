@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/StageProgress.h"
+
+#include <tbb/task_group.h>
+
+#include <algorithm>
+
+StageProgress::StageProgress(std::function<void(int)> const& progress)
+    : m_progress(progress), m_caller(std::this_thread::get_id())
+{}
+
+void StageProgress::begin(int from, int to, std::size_t amount)
+{
+    m_from = from;
+    m_to = to;
+    setAmount(amount);
+    m_done.store(0, std::memory_order_relaxed);
+    report(from);
+}
+
+void StageProgress::setAmount(std::size_t amount)
+{
+    m_amount = std::max<std::size_t>(amount, 1);
+}
+
+bool StageProgress::add(std::size_t steps)
+{
+    std::size_t const done = m_done.fetch_add(steps, std::memory_order_relaxed) + steps;
+    if (std::this_thread::get_id() != m_caller)
+        return !tbb::is_current_task_group_canceling();
+    if (m_progress && std::chrono::steady_clock::now() - m_last > std::chrono::milliseconds(10)) {
+        double const share = std::min(1.0, double(done) / double(m_amount));
+        report(m_from + int(share * (m_to - m_from)));
+    }
+    return true;
+}
+
+void StageProgress::finish()
+{
+    report(m_to);
+}
+
+void StageProgress::report(int percent)
+{
+    m_last = std::chrono::steady_clock::now();
+    if (!m_progress)
+        return;
+    m_hasThrown = true;
+    m_progress(percent);
+    m_hasThrown = false;
+}

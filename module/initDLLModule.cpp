@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "module/Commands.h"
+#include "module/OrbeFreecut.h"
+#include "platform/ui/Application.h"
+
+#include <QtGlobal>
+
+/// The entry of the library. The host calls it once, on the user interface thread, before any
+/// document exists. It enters the module class, then the commands, then the classes that the host
+/// finds by name, each parent before its children.
+extern "C" Q_DECL_EXPORT void initDLLModule()
+{
+    OrbeFreecut::init();
+    registerCommands(Application::Instance->commandManager());
+}

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A box one of whose edges carries an extra point that only one of the two triangles at it uses:
+/// the other side is filled by a triangle with its corners in a line.
+Soup boxWithAFlatTriangle()
+{
+    Soup soup = box(2, 2, 2);
+    auto const t = soup.triangles[0];
+    std::uint32_t const middle = soup.add((soup.points[t[0]] + soup.points[t[1]]) * 0.5f);
+    soup.triangles[0] = {t[0], middle, t[2]};
+    soup.add(middle, t[1], t[2]);
+    soup.add(t[0], t[1], middle);
+    return soup;
+}
+
+}  // namespace
+
+TEST(DegenerateTriangles, CleanMeshStaysAsItIs)
+{
+    auto const kernel = kernelOf(torus(10, 3, 12, 8));
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 0u);
+    EXPECT_EQ(soupOf(*kernel).triangles, torus(10, 3, 12, 8).triangles);
+}
+
+TEST(DegenerateTriangles, FlatTriangleIsSwappedAwayAndTheMeshStaysClosed)
+{
+    auto const kernel = kernelOf(boxWithAFlatTriangle());
+    ASSERT_NE(closedSolidFaults(*kernel), "");
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 1u);
+    EXPECT_EQ(closedSolidFaults(*kernel), "");
+    EXPECT_NEAR(volumeOf(soupOf(*kernel)), 8, 1e-6);
+}
+
+TEST(DegenerateTriangles, EdgeOfNoLengthCollapsesAndTheMeshStaysClosed)
+{
+    Soup soup = torus(10, 3, 12, 8);
+    auto const t = soup.triangles[5];
+    soup.points[t[1]] = soup.points[t[0]];
+    auto const kernel = kernelOf(soup);
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 2u);
+    EXPECT_EQ(closedSolidFaults(*kernel), "");
+}
+
+TEST(DegenerateTriangles, ChainOfFlatTrianglesIsResolved)
+{
+    // A strip along an edge of the box: three points in a line, filled by flat triangles.
+    Soup soup = box(8, 8, 8);
+    auto const t = soup.triangles[0];
+    auto const a = soup.points[t[0]];
+    auto const b = soup.points[t[1]];
+    std::uint32_t const p = soup.add(a * 0.75f + b * 0.25f);
+    std::uint32_t const q = soup.add(a * 0.5f + b * 0.5f);
+    std::uint32_t const r = soup.add(a * 0.25f + b * 0.75f);
+    soup.triangles[0] = {t[0], p, t[2]};
+    soup.add(p, q, t[2]);
+    soup.add(q, r, t[2]);
+    soup.add(r, t[1], t[2]);
+    soup.add(t[0], t[1], r);
+    soup.add(t[0], r, q);
+    soup.add(t[0], q, p);
+    auto const kernel = kernelOf(soup);
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 3u);
+    EXPECT_EQ(closedSolidFaults(*kernel), "");
+    EXPECT_NEAR(volumeOf(soupOf(*kernel)), 512, 1e-4);
+}
+
+TEST(DegenerateTriangles, LoneFlatTriangleIsTakenAway)
+{
+    Soup soup;
+    soup.points = {{0, 0, 0}, {1, 1, 1}, {2, 2, 2}};
+    soup.triangles = {{0, 1, 2}};
+    auto const kernel = kernelOf(soup);
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 1u);
+    EXPECT_TRUE(kernel->getMesh()->triangles.empty());
+}
