@@ -43,6 +43,9 @@ void StageProgress::finish()
 void StageProgress::report(int percent)
 {
     m_last = std::chrono::steady_clock::now();
-    if (m_progress)
-        m_progress(percent);
+    if (!m_progress)
+        return;
+    m_hasThrown = true;
+    m_progress(percent);
+    m_hasThrown = false;
 }

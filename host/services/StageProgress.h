@@ -27,6 +27,9 @@ public:
     /// returns  whether the work goes on; false in a loop that is being left
     bool add(std::size_t steps);
 
+    /// Whether the progress function has thrown: tells its exceptions from those of libraries.
+    bool hasThrown() const { return m_hasThrown; }
+
     /// Reports that the last percentage of the stage is reached.
     void finish();
 
@@ -38,6 +41,7 @@ private:
     std::chrono::steady_clock::time_point m_last;
     std::atomic<std::size_t> m_done{0};
     std::size_t m_amount = 1;
+    bool m_hasThrown = false;
     int m_from = 0;
     int m_to = 0;
 };

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/MeshArrays.h"
+
+/// Turns triangles so that the two at an edge agree wherever that is possible. In each connected
+/// piece the minority is turned.
+///
+/// returns  whether anything was turned
+/// cost     linear in the triangles
+bool orientConsistently(MeshArrays& mesh, StageProgress& progress);
+
+/// Gives each vertex a copy per fan of triangles around it. A fan goes on over an edge with
+/// two triangles that agree, and over an edge with more where they can be paired so that each pair
+/// bounds one wedge of material; elsewhere it ends. Afterwards no vertex holds two fans.
+///
+/// returns  whether anything was split
+/// cost     linear in the triangles
+bool splitFans(MeshArrays& mesh, StageProgress& progress);

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/MeshArrays.h"
+#include "host/services/TopologyCheck.h"
+
+#include <cstdint>
+#include <vector>
+
+// Steps of a repair that need nothing but the arrays. Each keeps the order of what it leaves, and
+// returns whether it changed anything.
+
+/// Removes the triangles that `isRemoved` marks.
+bool removeTriangles(MeshArrays& mesh, std::vector<std::uint8_t> const& isRemoved);
+
+/// Removes triangles that use a vertex twice or have a coordinate that is no number.
+bool removeBrokenTriangles(MeshArrays& mesh);
+
+/// Joins vertices at border edges that lie at the same place, so that seams close. Triangles that
+/// collapse in this way are removed.
+bool joinBorders(MeshArrays& mesh, StageProgress& progress);
+
+/// Of triangles on the same three vertices keeps one, or none where they cancel each other and
+/// the surface does not need one to be closed.
+bool removeDuplicates(MeshArrays& mesh);
+
+/// Removes closed shells without volume.
+bool removeFlatShells(MeshArrays& mesh, StageProgress& progress);
+
+/// Removes the points that no triangle uses.
+void removeUnusedPoints(MeshArrays& mesh);

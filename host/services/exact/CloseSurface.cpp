@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/exact/PolledSurface.h"
+#include "host/services/exact/SurfaceMending.h"
+
+#include <CGAL/Polygon_mesh_processing/border.h>
+#include <CGAL/Polygon_mesh_processing/repair_degeneracies.h>
+#include <CGAL/Polygon_mesh_processing/triangulate_hole.h>
+
+#include <exception>
+
+namespace {
+
+namespace PMP = CGAL::Polygon_mesh_processing;
+
+/// Asks for a cancel between the steps of filling one hole.
+struct HolePolling : PMP::Hole_filling::Default_visitor
+{
+    explicit HolePolling(StageProgress& stageProgress) : progress(stageProgress) {}
+    void start_quadratic_phase(std::size_t) const { progress.add(0); }
+    void quadratic_step() const { progress.add(0); }
+    void start_cubic_phase(int) const { progress.add(0); }
+    void cubic_step() const { progress.add(0); }
+
+    StageProgress& progress;
+};
+
+void fillHoles(Surface& surface, StageProgress& progress)
+{
+    std::vector<Surface::Halfedge_index> holes;
+    PMP::extract_boundary_cycles(surface, std::back_inserter(holes));
+    progress.setAmount(holes.size());
+    HolePolling polling(progress);
+    for (Surface::Halfedge_index hole : holes) {
+        std::vector<Surface::Face_index> patch;
+        PMP::triangulate_hole(surface, hole, std::back_inserter(patch),
+                              CGAL::parameters::vertex_point_map(PolledPoints(surface, progress))
+                                  .use_2d_constrained_delaunay_triangulation(true)
+                                  .visitor(polling));
+        progress.add(1);
+    }
+}
+
+}  // namespace
+
+bool closeSurface(MeshArrays& mesh, StageProgress& progress)
+{
+    try {
+        Surface surface;
+        if (!buildSurface(mesh, surface, progress))
+            return false;
+        PMP::remove_degenerate_faces(
+            surface, CGAL::parameters::vertex_point_map(PolledPoints(surface, progress)));
+        fillHoles(surface, progress);
+        mesh = arraysOf(surface);
+        return true;
+    } catch (std::exception const&) {
+        // The library gives up on some inputs in this way; the caller goes on without this step.
+        if (progress.hasThrown())
+            throw;
+        return false;
+    }
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// For the sources of this folder only: it shows CGAL's types.
+
+#include "host/services/MeshArrays.h"
+
+#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
+#include <CGAL/Surface_mesh.h>
+
+using SurfaceKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+using Surface = CGAL::Surface_mesh<SurfaceKernel::Point_3>;
+
+/// The points of a surface, as a property map that asks for a cancel now and then: the way to
+/// leave long operations that know no progress. What the progress function throws passes through
+/// them.
+class PolledPoints
+{
+public:
+    using key_type = Surface::Vertex_index;
+    using value_type = SurfaceKernel::Point_3;
+    using reference = value_type const&;
+    using category = boost::lvalue_property_map_tag;
+
+    PolledPoints(Surface& surface, StageProgress& progress)
+        : m_points(surface.points()), m_progress(&progress)
+    {}
+
+    /// Without questions: for the small pieces that an operation copies for itself.
+    PolledPoints(Surface::Property_map<Surface::Vertex_index, SurfaceKernel::Point_3> points)
+        : m_points(points)
+    {}
+
+    reference operator[](key_type vertex) const
+    {
+        if (m_progress && ++m_reads % 256 == 0)
+            m_progress->add(0);
+        return m_points[vertex];
+    }
+
+    friend reference get(PolledPoints const& map, key_type vertex) { return map[vertex]; }
+    friend void put(PolledPoints const& map, key_type vertex, value_type const& point)
+    {
+        map.m_points[vertex] = point;
+    }
+
+private:
+    Surface::Property_map<Surface::Vertex_index, SurfaceKernel::Point_3> m_points;
+    StageProgress* m_progress = nullptr;
+    mutable unsigned m_reads = 0;
+};
+
+/// Vertices and faces in the order of the arrays. Returns false where the triangles are no surface:
+/// an edge with more than two, a vertex with two fans, neighbours that disagree in orientation.
+bool buildSurface(MeshArrays const& mesh, Surface& surface, StageProgress& progress);
+
+/// What is left of the surface, in its order, rounded to float.
+MeshArrays arraysOf(Surface& surface);
