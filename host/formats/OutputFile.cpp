@@ -32,10 +32,15 @@ std::filesystem::path targetBehindLinks(std::filesystem::path const& path)
 std::filesystem::path temporaryName(std::filesystem::path const& target)
 {
     static std::atomic<unsigned> serial = 0;
-    std::string const suffix = "." + std::to_string(getpid()) + "-" + std::to_string(serial++);
+    std::string suffix = ".";
+    suffix += std::to_string(getpid());
+    suffix += '-';
+    suffix += std::to_string(serial++);
+    suffix += ".part";
     // A name near the system's limit has no room for the suffix.
-    std::string const stem = target.filename().string().substr(0, 200);
-    return target.parent_path() / ("." + stem + suffix + ".part");
+    std::string name = ".";
+    name += target.filename().string().substr(0, 200);
+    return target.parent_path() / (name + suffix);
 }
 
 }  // namespace

@@ -31,8 +31,6 @@ public:
     OutputFile& operator=(OutputFile const&) = delete;
 
     std::filesystem::path const& path() const { return m_target; }
-    /// Where the content goes until commit(), for libraries that write files themselves.
-    std::filesystem::path const& temporaryPath() const { return m_temporary; }
 
     /// Appends. Throws FileError when the system takes no more, for instance on a full disk.
     void write(std::span<std::byte const> bytes);

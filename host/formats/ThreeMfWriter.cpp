@@ -3,10 +3,10 @@
 
 #include "host/formats/MeshSource.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
+#include <exception>
 
 namespace Formats {
 namespace {
@@ -29,6 +29,48 @@ std::string identifier(Entry entry, std::size_t place)
     std::snprintf(text.data(), text.size(), "%08x-0000-4000-8000-%012zx", unsigned(entry), place);
     return text.data();
 }
+
+/// Takes the package in memory, where writing can only fail for lack of it. The library must not be
+/// told of a failure: it would throw from a destructor, which ends the process.
+class PackageSink
+{
+public:
+    static DWORD write(BYTE* bytes, DWORD count, void* self)
+    {
+        static_cast<PackageSink*>(self)->put({reinterpret_cast<char const*>(bytes), count});
+        return success;
+    }
+    static DWORD seek(ULONG64 position, void* self)
+    {
+        static_cast<PackageSink*>(self)->m_position = position;
+        return success;
+    }
+
+    std::string const& content() const { return m_content; }
+    void rethrow() const
+    {
+        if (m_thrown)
+            std::rethrow_exception(m_thrown);
+    }
+
+private:
+    void put(std::string_view bytes)
+    {
+        try {
+            m_content.resize(std::max(m_content.size(), m_position + bytes.size()));
+            std::ranges::copy(bytes, m_content.begin() + std::ptrdiff_t(m_position));
+        } catch (...) {
+            m_thrown = std::current_exception();
+        }
+        m_position += bytes.size();
+    }
+
+    static constexpr DWORD success = 0;
+
+    std::string m_content;
+    std::size_t m_position = 0;
+    std::exception_ptr m_thrown;
+};
 
 }  // namespace
 
@@ -93,23 +135,14 @@ void ThreeMfWriter::writePackage()
     ThreeMfProgress progress(m_progress, percentForFilling, 99);
     check(NMR::lib3mf_writer_setprogresscallback(writer.get(), &ThreeMfProgress::report, &progress),
           writer);
-    auto const result =
-        NMR::lib3mf_writer_writetofileutf8(writer.get(), m_output.temporaryPath().c_str());
+    PackageSink sink;
+    auto const result = NMR::lib3mf_writer_writetocallback(
+        writer.get(), reinterpret_cast<void*>(&PackageSink::write),
+        reinterpret_cast<void*>(&PackageSink::seek), &sink);
     progress.rethrow();
+    sink.rethrow();
     check(result, writer);
-    checkPackageEnd();
-}
-
-void ThreeMfWriter::checkPackageEnd() const
-{
-    // The library does not notice a full disk. A ZIP package ends with a record of 22 bytes.
-    constexpr std::string_view mark = "PK\5\6";
-    std::ifstream package(m_output.temporaryPath(), std::ios::binary);
-    std::array<char, 22> end{};
-    package.seekg(-std::ptrdiff_t(end.size()), std::ios::end);
-    package.read(end.data(), end.size());
-    if (!package || !std::string_view(end.data(), end.size()).starts_with(mark))
-        throw FileError(m_output.path(), "it cannot be written completely; is the disk full?");
+    m_output.write(sink.content());
 }
 
 void ThreeMfWriter::check(LIB3MFRESULT result, ThreeMfHandle const& object) const

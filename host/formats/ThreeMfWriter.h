@@ -19,7 +19,6 @@ private:
     void addPart(NamedMesh const& part, std::size_t place);
     void fillMesh(ThreeMfHandle const& object, MeshKernel const& kernel);
     void writePackage();
-    void checkPackageEnd() const;
     void check(LIB3MFRESULT result, ThreeMfHandle const& object) const;
 
     OutputFile& m_output;

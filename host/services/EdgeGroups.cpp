@@ -6,12 +6,14 @@
 #include <algorithm>
 #include <utility>
 
-EdgeGroups::EdgeGroups(MeshArrays const& mesh)
+EdgeGroups::EdgeGroups(MeshArrays const& mesh, StageProgress& progress)
 {
-    VertexStars const stars(mesh);
+    VertexStars const stars(mesh, progress);
     std::vector<std::pair<std::uint32_t, std::uint32_t>> upward;
     m_halfEdges.reserve(3 * mesh.triangles.size());
     for (std::uint32_t vertex = 0; vertex < stars.vertexCount(); ++vertex) {
+        if (vertex % 4096 == 0)
+            progress.add(0);
         upward.clear();
         for (std::uint32_t corner : stars.corners(vertex)) {
             std::uint32_t const triangle = corner / 3;

@@ -14,7 +14,7 @@ class EdgeGroups
 {
 public:
     /// cost  linear in the triangles for vertices of bounded degree
-    explicit EdgeGroups(MeshArrays const& mesh);
+    explicit EdgeGroups(MeshArrays const& mesh, StageProgress& progress);
 
     std::size_t size() const { return m_first.size() - 1; }
     /// The half-edges along one edge, in ascending order.

@@ -11,6 +11,12 @@ namespace {
 
 constexpr std::uint32_t none = 0xffffffff;
 
+/// Whether two half-edges along one edge run against each other, as in an oriented surface.
+bool doAgree(MeshArrays const& mesh, std::uint32_t a, std::uint32_t b)
+{
+    return EdgeGroups::start(mesh, a) == EdgeGroups::end(mesh, b);
+}
+
 /// Floods one connected piece; collects its triangles and whether each is turned against the first.
 class OrientationFlood
 {
@@ -22,7 +28,7 @@ public:
           m_partners(3 * mesh.triangles.size(), none),
           m_isReached(mesh.triangles.size(), 0)
     {
-        EdgeGroups const edges(mesh);
+        EdgeGroups const edges(mesh, progress);
         for (std::size_t i = 0; i < edges.size(); ++i)
             if (edges[i].size() == 2) {
                 m_partners[edges[i][0]] = edges[i][1];
@@ -67,15 +73,23 @@ private:
 };
 
 /// The half-edge across each half-edge over which a fan goes on, or none.
-std::vector<std::uint32_t> fanPartners(MeshArrays const& mesh)
+std::vector<std::uint32_t> fanPartners(MeshArrays const& mesh, StageProgress& progress)
 {
     std::vector<std::uint32_t> partners(3 * mesh.triangles.size(), none);
-    EdgeGroups const edges(mesh);
-    for (std::size_t i = 0; i < edges.size(); ++i)
-        for (auto const& [a, b] : wedgePairs(mesh, edges[i])) {
-            partners[a] = b;
-            partners[b] = a;
+    EdgeGroups const edges(mesh, progress);
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        if (i % 65536 == 0)
+            progress.add(0);
+        if (edges[i].size() == 2 && doAgree(mesh, edges[i][0], edges[i][1])) {
+            partners[edges[i][0]] = edges[i][1];
+            partners[edges[i][1]] = edges[i][0];
+        } else if (edges[i].size() > 2) {
+            for (auto const& [a, b] : wedgePairs(mesh, edges[i])) {
+                partners[a] = b;
+                partners[b] = a;
+            }
         }
+    }
     return partners;
 }
 
@@ -154,12 +168,12 @@ bool orientConsistently(MeshArrays& mesh, StageProgress& progress)
     return hasTurned;
 }
 
-bool splitFans(MeshArrays& mesh, StageProgress& progress)
+std::vector<std::uint32_t> splitFans(MeshArrays& mesh, StageProgress& progress)
 {
-    VertexStars const stars(mesh);
-    std::vector<std::uint32_t> const partners = fanPartners(mesh);
+    VertexStars const stars(mesh, progress);
+    std::vector<std::uint32_t> const partners = fanPartners(mesh, progress);
     Fans fans(mesh, partners);
-    bool hasSplit = false;
+    std::vector<std::uint32_t> sources;
     for (std::uint32_t vertex = 0; vertex < stars.vertexCount(); ++vertex) {
         if (vertex % 4096 == 0)
             progress.add(0);
@@ -172,8 +186,8 @@ bool splitFans(MeshArrays& mesh, StageProgress& progress)
             mesh.points.push_back(mesh.points[vertex]);
             for (std::uint32_t c : fan)
                 mesh.triangles[c / 3][c % 3] = copy;
-            hasSplit = true;
+            sources.push_back(vertex);
         }
     }
-    return hasSplit;
+    return sources;
 }

@@ -14,6 +14,8 @@ bool orientConsistently(MeshArrays& mesh, StageProgress& progress);
 /// two triangles that agree, and over an edge with more where they can be paired so that each pair
 /// bounds one wedge of material; elsewhere it ends. Afterwards no vertex holds two fans.
 ///
-/// returns  whether anything was split
+/// returns  for each copy, in the order in which they were added behind the points, the vertex that
+/// it
+///          is a copy of
 /// cost     linear in the triangles
-bool splitFans(MeshArrays& mesh, StageProgress& progress);
+std::vector<std::uint32_t> splitFans(MeshArrays& mesh, StageProgress& progress);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/EdgeGroups.h"
 #include "host/services/MeshErrors.h"
+#include "host/services/MeshRegion.h"
 #include "host/services/OrientationMending.h"
 #include "host/services/SoupMending.h"
 #include "host/services/exact/SurfaceMending.h"
@@ -42,13 +44,12 @@ public:
         stages.begin(from, middle, mesh.triangles.size());
         removeBrokenTriangles(mesh);
         joinBorders(mesh, stages);
-        removeDuplicates(mesh);
+        removeDuplicates(mesh, stages);
         stages.add(mesh.triangles.size() / 2);
         orientConsistently(mesh, stages);
         splitFans(mesh, stages);
         stages.begin(middle, to, 1);
-        if (needsClosing(mesh, stages))
-            closeSurface(mesh, stages);
+        close(mesh, stages);
         removeFlatShells(mesh, stages);
         return mesh;
     }
@@ -60,17 +61,31 @@ public:
         {
             StageProgress stages(m_progress);
             stages.begin(from, (from + to) / 2, 8);
-            removeLocalCrossings(mesh, judged.errors.intersections.isInvolved,
-                                 judged.errors.topology.shellOf, stages);
+            constexpr int rings = 12;
+            MeshRegion region =
+                takeOut(mesh, judged.errors.intersections.isInvolved, rings, stages);
+            if (removeLocalCrossings(region, judged.errors.topology.shellOf, stages))
+                putBack(mesh, region);
         }
         return mendSurface(std::move(mesh), (from + to) / 2, to);
     }
 
 private:
-    static bool needsClosing(MeshArrays const& mesh, StageProgress& stages)
+    /// Removes triangles without area and fills holes, in the surroundings of either.
+    static void close(MeshArrays& mesh, StageProgress& stages)
     {
         TopologyReport const topology = checkTopology(mesh, stages);
-        return topology.borderEdges + topology.degenerateTriangles > 0;
+        if (topology.borderEdges + topology.degenerateTriangles == 0)
+            return;
+        std::vector<std::uint8_t> isSeed = topology.isDegenerate;
+        EdgeGroups const edges(mesh, stages);
+        for (std::size_t i = 0; i < edges.size(); ++i)
+            if (edges[i].size() == 1)
+                isSeed[edges[i][0] / 3] = 1;
+        constexpr int rings = 4;
+        MeshRegion region = takeOut(mesh, isSeed, rings, stages);
+        if (closeSurface(region, stages))
+            putBack(mesh, region);
     }
 
     std::function<void(int)> const& m_progress;

@@ -3,6 +3,7 @@
 
 #include "host/services/EdgeGroups.h"
 #include "host/services/ShellNesting.h"
+#include "host/services/VertexStars.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,10 +26,10 @@ bool lessByPlace(Point const& a, Point const& b)
     return std::tuple(a.X(), a.Y(), a.Z()) < std::tuple(b.X(), b.Y(), b.Z());
 }
 
-std::vector<std::uint32_t> borderVertices(MeshArrays const& mesh)
+std::vector<std::uint32_t> borderVertices(MeshArrays const& mesh, StageProgress& progress)
 {
     std::vector<std::uint32_t> vertices;
-    EdgeGroups const edges(mesh);
+    EdgeGroups const edges(mesh, progress);
     for (std::size_t i = 0; i < edges.size(); ++i)
         if (edges[i].size() == 1) {
             vertices.push_back(EdgeGroups::start(mesh, edges[i][0]));
@@ -71,11 +72,35 @@ struct Duplicates
     }
 };
 
+/// The triangles that share their three vertices with others, those on the same vertices together.
+std::vector<std::uint32_t> byDuplicates(MeshArrays const& mesh, StageProgress& progress)
+{
+    VertexStars const stars(mesh, progress);
+    std::vector<std::pair<Corners, std::uint32_t>> atVertex;
+    std::vector<std::uint32_t> order;
+    for (std::uint32_t vertex = 0; vertex < stars.vertexCount(); ++vertex) {
+        if (vertex % 4096 == 0)
+            progress.add(0);
+        atVertex.clear();
+        for (std::uint32_t corner : stars.corners(vertex)) {
+            Corners const corners = inOrder(mesh.triangles[corner / 3]);
+            if (corners[0] == vertex)
+                atVertex.emplace_back(corners, corner / 3);
+        }
+        std::sort(atVertex.begin(), atVertex.end());
+        for (std::size_t i = 0; i < atVertex.size(); ++i)
+            if ((i > 0 && atVertex[i].first == atVertex[i - 1].first) ||
+                (i + 1 < atVertex.size() && atVertex[i].first == atVertex[i + 1].first))
+                order.push_back(atVertex[i].second);
+    }
+    return order;
+}
+
 /// Per half-edge: the number of triangles at its edge.
-std::vector<std::uint32_t> edgeUses(MeshArrays const& mesh)
+std::vector<std::uint32_t> edgeUses(MeshArrays const& mesh, StageProgress& progress)
 {
     std::vector<std::uint32_t> uses(3 * mesh.triangles.size(), 0);
-    EdgeGroups const edges(mesh);
+    EdgeGroups const edges(mesh, progress);
     for (std::size_t i = 0; i < edges.size(); ++i)
         for (std::uint32_t halfEdge : edges[i])
             uses[halfEdge] = std::uint32_t(edges[i].size());
@@ -106,7 +131,7 @@ bool removeBrokenTriangles(MeshArrays& mesh)
 
 bool joinBorders(MeshArrays& mesh, StageProgress& progress)
 {
-    std::vector<std::uint32_t> byPlace = borderVertices(mesh);
+    std::vector<std::uint32_t> byPlace = borderVertices(mesh, progress);
     progress.add(0);
     std::stable_sort(byPlace.begin(), byPlace.end(), [&](std::uint32_t a, std::uint32_t b) {
         return lessByPlace(mesh.points[a], mesh.points[b]);
@@ -128,21 +153,17 @@ bool joinBorders(MeshArrays& mesh, StageProgress& progress)
     return true;
 }
 
-bool removeDuplicates(MeshArrays& mesh)
+bool removeDuplicates(MeshArrays& mesh, StageProgress& progress)
 {
-    std::vector<std::uint32_t> order(mesh.triangles.size());
-    std::iota(order.begin(), order.end(), 0u);
-    std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-        return inOrder(mesh.triangles[a]) < inOrder(mesh.triangles[b]);
-    });
-    std::vector<std::uint32_t> const uses = edgeUses(mesh);
+    std::vector<std::uint32_t> const order = byDuplicates(mesh, progress);
+    if (order.empty())
+        return false;
+    std::vector<std::uint32_t> const uses = edgeUses(mesh, progress);
     std::vector<std::uint8_t> isRemoved(mesh.triangles.size());
     for (std::size_t i = 0, end; i < order.size(); i = end) {
-        for (end = i + 1; end < order.size() &&
-                          inOrder(mesh.triangles[order[end]]) == inOrder(mesh.triangles[order[i]]);)
+        Corners const corners = inOrder(mesh.triangles[order[i]]);
+        for (end = i + 1; end < order.size() && inOrder(mesh.triangles[order[end]]) == corners;)
             ++end;
-        if (end - i == 1)
-            continue;
         Duplicates group{{&order[i], end - i}, true};
         for (std::uint32_t k = 0; k < 3; ++k)
             group.fillsGap &= uses[3 * order[i] + k] == end - i + 1;

@@ -22,7 +22,7 @@ bool joinBorders(MeshArrays& mesh, StageProgress& progress);
 
 /// Of triangles on the same three vertices keeps one, or none where they cancel each other and
 /// the surface does not need one to be closed.
-bool removeDuplicates(MeshArrays& mesh);
+bool removeDuplicates(MeshArrays& mesh, StageProgress& progress);
 
 /// Removes closed shells without volume.
 bool removeFlatShells(MeshArrays& mesh, StageProgress& progress);

@@ -157,7 +157,7 @@ TopologyReport checkTopology(MeshArrays const& mesh, StageProgress& progress)
 {
     TopologyReport report;
     findDegenerate(mesh, report, progress);
-    VertexStars const stars(mesh);
+    VertexStars const stars(mesh, progress);
     ShellUnion shells(mesh.triangles.size());
     std::vector<std::uint8_t> isIrregular(mesh.triangles.size());
     report.isSpread.resize(mesh.points.size());

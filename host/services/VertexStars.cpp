@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/VertexStars.h"
 
-VertexStars::VertexStars(MeshArrays const& mesh) : m_first(mesh.points.size() + 1, 0)
+VertexStars::VertexStars(MeshArrays const& mesh, StageProgress& progress)
+    : m_first(mesh.points.size() + 1, 0)
 {
     std::size_t const triangleCount = mesh.triangles.size();
     for (std::size_t t = 0; t < triangleCount; ++t)
         if (!mesh.isCollapsed(t))
             for (std::uint32_t vertex : mesh.triangles[t])
                 ++m_first[vertex];
+    progress.add(0);
     std::uint32_t end = 0;
     for (std::uint32_t& first : m_first)
         first = end += first;
@@ -17,4 +19,5 @@ VertexStars::VertexStars(MeshArrays const& mesh) : m_first(mesh.points.size() + 
         if (!mesh.isCollapsed(t))
             for (int k = 3; k-- > 0;)
                 m_corners[--m_first[mesh.triangles[t][k]]] = std::uint32_t(3 * t + k);
+    progress.add(0);
 }

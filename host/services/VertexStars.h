@@ -13,7 +13,7 @@ class VertexStars
 {
 public:
     /// cost  two passes over the triangles
-    explicit VertexStars(MeshArrays const& mesh);
+    explicit VertexStars(MeshArrays const& mesh, StageProgress& progress);
 
     std::size_t vertexCount() const { return m_first.size() - 1; }
     std::span<std::uint32_t const> corners(std::size_t vertex) const

@@ -55,11 +55,6 @@ std::vector<std::pair<std::uint32_t, std::uint32_t>> wedgePairs(
 {
     if (halfEdges.size() % 2 != 0)
         return {};
-    if (halfEdges.size() == 2) {
-        if (EdgeGroups::start(mesh, halfEdges[0]) == EdgeGroups::start(mesh, halfEdges[1]))
-            return {};
-        return {{halfEdges[0], halfEdges[1]}};
-    }
     // Seen against the edge, a triangle that runs along it has its material clockwise of it.
     std::vector<Spoke> around = spokes(mesh, halfEdges);
     std::sort(around.begin(), around.end());

@@ -11,6 +11,6 @@
 /// Pairs the half-edges along one edge so that the triangles of each pair bound one wedge of
 /// material. Empty where they do not alternate around the edge.
 ///
-/// halfEdges  as EdgeGroups gives them
+/// halfEdges  more than two, as EdgeGroups gives them
 std::vector<std::pair<std::uint32_t, std::uint32_t>> wedgePairs(
     MeshArrays const& mesh, std::span<std::uint32_t const> halfEdges);

@@ -24,34 +24,46 @@ struct HolePolling : PMP::Hole_filling::Default_visitor
     StageProgress& progress;
 };
 
-void fillHoles(Surface& surface, StageProgress& progress)
+bool isRim(Surface const& surface, Surface::Halfedge_index border, MeshRegion const& region)
+{
+    for (Surface::Vertex_index vertex : CGAL::vertices_around_face(border, surface)) {
+        std::uint32_t const origin = originOf(surface, vertex);
+        if (origin != MeshRegion::none && region.isRim[origin])
+            return true;
+    }
+    return false;
+}
+
+void fillHoles(Surface& surface, MeshRegion const& region, StageProgress& progress)
 {
     std::vector<Surface::Halfedge_index> holes;
     PMP::extract_boundary_cycles(surface, std::back_inserter(holes));
     progress.setAmount(holes.size());
     HolePolling polling(progress);
     for (Surface::Halfedge_index hole : holes) {
+        progress.add(1);
+        if (isRim(surface, hole, region))
+            continue;
         std::vector<Surface::Face_index> patch;
         PMP::triangulate_hole(surface, hole, std::back_inserter(patch),
                               CGAL::parameters::vertex_point_map(PolledPoints(surface, progress))
                                   .use_2d_constrained_delaunay_triangulation(true)
                                   .visitor(polling));
-        progress.add(1);
     }
 }
 
 }  // namespace
 
-bool closeSurface(MeshArrays& mesh, StageProgress& progress)
+bool closeSurface(MeshRegion& region, StageProgress& progress)
 {
     try {
         Surface surface;
-        if (!buildSurface(mesh, surface, progress))
+        if (!buildSurface(region, surface, progress))
             return false;
         PMP::remove_degenerate_faces(
             surface, CGAL::parameters::vertex_point_map(PolledPoints(surface, progress)));
-        fillHoles(surface, progress);
-        mesh = arraysOf(surface);
+        fillHoles(surface, region, progress);
+        takeSurface(surface, region);
         return true;
     } catch (std::exception const&) {
         // The library gives up on some inputs in this way; the caller goes on without this step.

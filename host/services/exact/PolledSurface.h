@@ -3,7 +3,7 @@
 
 // For the sources of this folder only: it shows CGAL's types.
 
-#include "host/services/MeshArrays.h"
+#include "host/services/MeshRegion.h"
 
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Surface_mesh.h>
@@ -52,7 +52,11 @@ private:
 
 /// Vertices and faces in the order of the arrays. Returns false where the triangles are no surface:
 /// an edge with more than two, a vertex with two fans, neighbours that disagree in orientation.
-bool buildSurface(MeshArrays const& mesh, Surface& surface, StageProgress& progress);
+bool buildSurface(MeshRegion const& region, Surface& surface, StageProgress& progress);
 
-/// What is left of the surface, in its order, rounded to float.
-MeshArrays arraysOf(Surface& surface);
+/// The point of the whole mesh that a vertex of the surface stands for, or none.
+std::uint32_t originOf(Surface const& surface, Surface::Vertex_index vertex);
+
+/// Takes over the points and triangles that are left of the surface, in its order, rounded to
+/// float.
+void takeSurface(Surface& surface, MeshRegion& region);
