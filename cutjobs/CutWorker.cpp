@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/CutWorker.h"
 
+#include "cutjobs/ServiceCall.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
 
@@ -21,6 +22,8 @@ CutWorker::End CutWorker::runBody(char const* title, Body const& body)
     } catch (Mell::AbortException&) {
         return End::Cancelled;
     } catch (...) {
+        // What a service call let pass is logged here; what it turned into a failure says nothing.
+        ServiceCall::logReason();
         return End::Failed;
     }
     return End::Done;

@@ -23,9 +23,8 @@ void leaveOnAbort(Mell::AbortException const& abort)
     throw failure;
 }
 
-void leaveOnFailure()
+void logReason()
 {
-    // The user sees one text for all failures, so the reason is at least in the log.
     try {
         throw;
     } catch (Mell::Exception const& e) {
@@ -34,6 +33,11 @@ void leaveOnFailure()
         Base::ConsoleSingleton::Instance().Log(e.what());
     } catch (...) {
     }
+}
+
+void leaveOnFailure()
+{
+    logReason();
     throw failure;
 }
 

@@ -10,9 +10,12 @@ namespace ServiceCall {
 /// Logs the abort and throws: a copy of it if it is the user's cancel, else a failure.
 [[noreturn]] void leaveOnAbort(Mell::AbortException const& abort);
 
-/// Inside a handler: logs what the exception in flight says, where it says something, and throws a
-/// failure.
+/// Inside a handler: logs the reason and throws a failure.
 [[noreturn]] void leaveOnFailure();
+
+/// Inside a handler: logs what the exception in flight says, where it says something. The user sees
+/// one text for all failures, so the reason is at least in the log.
+void logReason();
 
 /// Runs one service call. `onLeave` is called before an exception goes on, to free what the job
 /// holds.

@@ -3,7 +3,6 @@
 
 #include "host/mesh/MeshCopy.h"
 #include "host/services/planecut/PlaneCut.h"
-#include "platform/jobs/ConsoleSingleton.h"
 
 namespace {
 
@@ -32,7 +31,7 @@ void deliverWhole(MeshKernel const& part, std::shared_ptr<UMesh<float> const> co
 void Intersect::cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* sideA,
                            MeshKernel* sideB, MeshKernel* section,
                            std::function<void(int)> progress, bool)
-try {
+{
     auto const mesh = placedMesh(*part);
     if (mesh->triangles.empty())
         return;
@@ -46,10 +45,4 @@ try {
     sideB->replaceMesh(std::move(result.below));
     if (section)
         section->replaceMesh(std::move(result.section));
-} catch (Mell::AbortException const&) {
-    throw;
-} catch (Mell::Exception const& failure) {
-    // A job shows one text for all failures; the log keeps the reason.
-    Base::ConsoleSingleton::Instance().Log(failure.what());
-    throw;
 }
