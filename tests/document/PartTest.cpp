@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/document/Parts.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <numbers>
 #include <tuple>
 
@@ -270,6 +275,45 @@ TEST(Part, MatrixCanBeSetWithoutTheBox)
     expectBox(part, {0, 0, 0}, {1, 1, 1});
     part.updateBoundingBox();
     expectBox(part, {0, 0, 4}, {1, 1, 5});
+}
+
+TEST(Part, LoadsAllThatAFileHolds)
+{
+    QTemporaryDir const directory;
+    std::string const file = directory.filePath("bun\u0148y.stl").toStdString();
+    std::ofstream stream(std::filesystem::path(reinterpret_cast<char8_t const*>(file.c_str())));
+    stream << "solid bunny\n";
+    Soup const soup = box(1, 2, 3);
+    for (auto const& triangle : soup.triangles) {
+        stream << "facet normal 0 0 0\nouter loop\n";
+        for (auto const corner : triangle)
+            stream << "vertex " << soup.points[corner].X() << ' ' << soup.points[corner].Y() << ' '
+                   << soup.points[corner].Z() << '\n';
+        stream << "endloop\nendfacet\n";
+    }
+    stream << "endsolid bunny\n";
+    stream.close();
+
+    Mesh::DocumentObject part;
+    ASSERT_TRUE(part.load(file.c_str()));
+    EXPECT_FALSE(part.getName().empty());
+    EXPECT_EQ(closedSolidFaults(*part.meshProperty->getMesh()), "");
+    expectBox(part, {0, 0, 0}, {1, 2, 3});
+}
+
+TEST(Part, FileThatCannotBeReadLeavesThePartAlone)
+{
+    std::vector<std::string> lines;
+    Base::ConsoleSingleton::Instance().setListener(
+        [&](std::string const& line) { lines.push_back(line); });
+    Mesh::DocumentObject part;
+    giveBox(part, 1, 2, 3);
+    MeshKernel const* const kernel = part.meshProperty->getMesh();
+    EXPECT_FALSE(part.load("/nowhere/bunny.stl"));
+    Base::ConsoleSingleton::Instance().setListener({});
+    EXPECT_EQ(part.meshProperty->getMesh(), kernel);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("bunny.stl"), std::string::npos) << lines[0];
 }
 
 TEST(Part, CompressFreesUnusedVertices)

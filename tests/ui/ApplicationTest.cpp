@@ -194,6 +194,19 @@ TEST(ModuleLoader, EntersAModuleOnceAndMakesIt)
     EXPECT_EQ(first->getDocument(), nullptr);
 }
 
+TEST(ModuleLoader, LoadsTheCuttingModuleWithItsCommands)
+{
+    Application application;
+    auto const module = loadModule(QString(MELL_BINARY_DIR) + "/libMellTriangleCut");
+    EXPECT_EQ(module->getClassName(), "OrbeFreecut");
+    EXPECT_EQ(module->getTypeId(), Base::Type::fromName("OrbeFreecut"));
+    EXPECT_NE(application.commandManager().getCommandByName("Std_zCut"), nullptr);
+    std::size_t const commands = application.commandManager().getAllCommands().size();
+    EXPECT_EQ(commands, 18u);
+    loadModule(QString(MELL_BINARY_DIR) + "/libMellTriangleCut");
+    EXPECT_EQ(application.commandManager().getAllCommands().size(), commands);
+}
+
 TEST(ModuleLoader, RefusalOfTheModuleIsSaid)
 {
     Bench::refuses = true;

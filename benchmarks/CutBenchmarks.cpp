@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "benchmarks/BenchmarkMeshes.h"
+#include "platform/services/Intersect.h"
+
+#include <benchmark/benchmark.h>
+#include <tbb/global_control.h>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+/// A level plane through the middle of a part, four times as wide as its box.
+std::unique_ptr<MeshKernel> planeAcross(MeshKernel const& part)
+{
+    UBox3<float> const& box = part.GetBox();
+    UPoint3<float> const centre = (box.min + box.max) * 0.5f;
+    float const reach = 2 * (box.max - box.min).GetLength();
+    auto* const mesh = new UMesh<float>;
+    for (auto const& [x, y] :
+         {std::pair(reach, 0.0f), {0.0f, reach}, {-reach, 0.0f}, {0.0f, -reach}})
+        mesh->AddVertex(new UVertex<float>(centre + UVector3<float>(x, y, 0)));
+    auto const& v = mesh->vertices;
+    mesh->AddTriangle(new UTriangle<float>(v[0], v[1], v[2], {0, 0, 1}));
+    mesh->AddTriangle(new UTriangle<float>(v[2], v[3], v[0], {0, 0, 1}));
+    return std::make_unique<MeshKernel>(mesh);
+}
+
+struct Halves
+{
+    MeshKernel above;
+    MeshKernel below;
+    MeshKernel section;
+
+    Halves(MeshKernel const& part, MeshKernel& plane)
+    {
+        MeshKernel copy(part);
+        Intersect::cutByPlane(
+            &copy, &plane, &above, &below, &section, [](int) {}, true);
+    }
+};
+
+/// Kernel in to kernels out; the halves' memory is given back outside the time.
+void cutByPlane(benchmark::State& state)
+{
+    tbb::global_control const threads(tbb::global_control::max_allowed_parallelism,
+                                      std::size_t(state.range(1)));
+    MeshKernel const& part = largePart(int(state.range(0)));
+    auto const plane = planeAcross(part);
+    std::size_t const triangles = part.readMesh()->triangles.size();
+    if (Halves const check(part, *plane);
+        check.above.readMesh()->triangles.empty() || check.below.readMesh()->triangles.empty())
+        throw std::logic_error("the plane does not cut the part");
+    for (auto _ : state) {
+        auto halves = std::make_unique<Halves>(part, *plane);
+        state.PauseTiming();
+        halves.reset();
+        state.ResumeTiming();
+    }
+    state.counters["triangles/s"] =
+        benchmark::Counter(double(triangles * state.iterations()), benchmark::Counter::kIsRate);
+    state.counters["ns/triangle"] =
+        benchmark::Counter(double(triangles * state.iterations()) * 1e-9,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(cutByPlane)
+    ->ArgNames({"millions", "threads"})
+    ->Args({1, 1})
+    ->Args({1, 2})
+    ->Args({4, 1})
+    ->Args({4, 2})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+}  // namespace
