@@ -58,7 +58,7 @@ Report partReport(SourcePart const& part, MeshFacts const& facts, Counts const& 
 
 std::string corner(UPoint3<float> const& p)
 {
-    return "(" + shortest(p.X()) + ", " + shortest(p.Y()) + ", " + shortest(p.Z()) + ")";
+    return "(" + decimal(p.X()) + ", " + decimal(p.Y()) + ", " + decimal(p.Z()) + ")";
 }
 
 void printLine(std::string const& label, std::string const& value)

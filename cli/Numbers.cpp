@@ -14,10 +14,13 @@ std::string fixed(double value, int decimals)
     return std::string(text, end.ptr);
 }
 
-std::string shortest(float value)
+std::string decimal(float value)
 {
-    char text[64];
-    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+    std::string text = fixed(value, 3);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+        text.pop_back();
+    return text == "-0" ? "0" : text;
 }
 
 std::string grouped(std::size_t count)
@@ -30,9 +33,10 @@ std::string grouped(std::size_t count)
 
 double tidy(float value)
 {
-    std::string const text = shortest(value);
+    char text[64];
+    char const* const end = std::to_chars(text, text + sizeof text, value).ptr;
     double result = value;
-    std::from_chars(text.data(), text.data() + text.size(), result);
+    std::from_chars(text, end, result);
     return result;
 }
 

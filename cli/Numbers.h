@@ -8,8 +8,8 @@
 
 /// With a fixed number of decimals.
 std::string fixed(double value, int decimals);
-/// The shortest text that stands for the value.
-std::string shortest(float value);
+/// With three decimals at most.
+std::string decimal(float value);
 /// With a comma between thousands.
 std::string grouped(std::size_t count);
 /// The double that has the same shortest text as the float: 0.1f gives 0.1.

@@ -31,16 +31,6 @@ Report partReport(CutPart const& part)
     return report;
 }
 
-/// Three decimals at most.
-std::string decimal(float value)
-{
-    std::string text = fixed(value, 3);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
-        text.pop_back();
-    return text == "-0" ? "0" : text;
-}
-
 std::string boxText(UBox3<float> const& box)
 {
     auto const corner = [](UPoint3<float> const& p) {
