@@ -56,10 +56,14 @@ PieceFiles::~PieceFiles()
 fs::path PieceFiles::reserve(std::string const& name, Formats::MeshFormat const& format)
 {
     std::string const stem = safeFileName(name);
-    std::string const extension = "." + std::string(format.extensions().front());
-    fs::path path = m_folder / (stem + extension);
+    auto const fileNamed = [&](std::string file) {
+        file += '.';
+        file += format.extensions().front();
+        return m_folder / file;
+    };
+    fs::path path = fileNamed(stem);
     for (int number = 2; !m_reserved.insert(path).second; ++number)
-        path = m_folder / (stem + "_" + std::to_string(number) + extension);
+        path = fileNamed(stem + '_' + std::to_string(number));
     std::error_code error;
     if (m_overwrite == Formats::Overwrite::Refuse && fs::exists(fs::symlink_status(path, error)))
         throw Formats::FileError(

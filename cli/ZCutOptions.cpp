@@ -39,7 +39,7 @@ void ZCutOptions::addTo(CLI::App& command)
     heightGroup
         ->add_option("--heights", heights,
                      "Cut each part at a height of its own, in the order of the parts")
-        ->type_name("H1,H2,...")
+        ->type_name("H1,H2")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(checkHeight);
@@ -51,7 +51,7 @@ void ZCutOptions::addTo(CLI::App& command)
     command
         .add_option("--format", format, "The format of the pieces (default: that of the source)")
         ->check(CLI::IsMember(formatNames()))
-        ->type_name("");
+        ->type_name("NAME");
     command.add_flag("--force", force, "Replace files that exist");
 }
 

@@ -3,8 +3,11 @@
 #include "platform/document/MeshDocumentObject.h"
 
 #include "host/document/History.h"
+#include "host/formats/FileError.h"
+#include "host/formats/PartFiles.h"
 #include "host/mesh/Placement.h"
 #include "platform/document/DocumentObjectGroup.h"
+#include "platform/jobs/ConsoleSingleton.h"
 
 namespace Mesh {
 
@@ -92,6 +95,28 @@ void DocumentObject::copyFrom(Base::DocumentObject* source)
 void DocumentObject::copyFrom4Support(Base::DocumentObject* source)
 {
     copyFrom(source);
+}
+
+bool DocumentObject::load(char const* file)
+{
+    std::vector<Formats::LoadedPart> parts;
+    try {
+        parts = Formats::readParts(reinterpret_cast<char8_t const*>(file));
+    } catch (Formats::FileError const& error) {
+        Base::ConsoleSingleton::Instance().Log(error.what());
+        return false;
+    }
+    if (parts.empty())
+        return false;
+    std::shared_ptr<MeshKernel> kernel = std::move(parts.front().kernel);
+    if (parts.size() > 1)
+        kernel = placedCopy(*kernel);
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        appendRecords(*kernel->getMesh(), *placedCopy(*parts[i].kernel)->getMesh());
+    meshProperty->setMesh(kernel);
+    if (getName().empty())
+        setName(parts.front().name);
+    return true;
 }
 
 void DocumentObject::onBeforeChange(Base::Property* property)

@@ -56,6 +56,13 @@ private:
     std::size_t m_shells;
 };
 
+UVector3<double> middleOf(UBox3<float> const& box)
+{
+    UPoint3<float> const middle = (box.min + box.max) * 0.5f;
+    return {middle.X(), middle.Y(), middle.Z()};
+}
+
+/// The points as seen from the middle of their box, about which sums lose least.
 std::vector<UVector3<double>> pointsOf(MeshKernel const& kernel, UMesh<float> const& mesh,
                                        UBox3<float>& box)
 {
@@ -67,11 +74,9 @@ std::vector<UVector3<double>> pointsOf(MeshKernel const& kernel, UMesh<float> co
         box.Add(p);
         points.emplace_back(p.X(), p.Y(), p.Z());
     }
-    // Sums about the box's middle lose least.
-    UPoint3<float> const middle = (box.min + box.max) * 0.5f;
-    UVector3<double> const origin(middle.X(), middle.Y(), middle.Z());
+    UVector3<double> const middle = middleOf(box);
     for (auto& p : points)
-        p -= origin;
+        p -= middle;
     return points;
 }
 
@@ -85,15 +90,20 @@ Corners cornersOf(UMesh<float> const& mesh)
     return corners;
 }
 
-void sumVolumeAndArea(std::span<UVector3<double> const> points, Corners const& corners,
-                      MeshFacts& facts)
+/// Volume with cones to the box's middle, and area. Returns the sum of the triangles' normals, each
+/// of twice the triangle's area; zero for a closed mesh.
+UVector3<double> sumVolumeAndArea(std::span<UVector3<double> const> points, Corners const& corners,
+                                  MeshFacts& facts)
 {
+    UVector3<double> normals;
     for (auto const& [i, j, k] : corners) {
         UVector3<double> const a = points[i];
         UVector3<double> const normal = (points[j] - a) * (points[k] - a);
         facts.area += normal.GetLength() / 2;
         facts.volume += (a | normal) / 6;
+        normals += normal;
     }
+    return normals;
 }
 
 /// Goes over the sides of one corner's bucket: joins triangles that share an edge, and returns
@@ -149,10 +159,12 @@ MeshFacts measureMesh(MeshKernel const& kernel)
     facts.vertices = mesh->vertices.size();
     auto const points = pointsOf(kernel, *mesh, facts.box);
     Corners const corners = cornersOf(*mesh);
-    sumVolumeAndArea(points, corners, facts);
+    UVector3<double> const normals = sumVolumeAndArea(points, corners, facts);
+    joinShells(corners, mesh->vertices.size(), facts);
+    if (!facts.closed)
+        facts.volume += (middleOf(facts.box) | normals) / 6;
     // A reflection turns every triangle round, the solid stays where its inside was.
     if (kernel.getMatrix().linearDeterminant() < 0)
         facts.volume = -facts.volume;
-    joinShells(corners, mesh->vertices.size(), facts);
     return facts;
 }

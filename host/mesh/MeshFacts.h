@@ -12,8 +12,8 @@ struct MeshFacts
     std::size_t vertices = 0;
     /// Sets of triangles that hang together over edges.
     std::size_t shells = 0;
-    /// Enclosed volume: positive if the triangles face outward, and meaningful only for a closed
-    /// mesh.
+    /// Enclosed volume, positive if the triangles face outward. An open mesh counts as closed by
+    /// cones to the origin, which is right for holes in the planes of the axes only.
     double volume = 0;
     double area = 0;
     /// Whether the surface has no border: every edge joins an even number of triangles, and there

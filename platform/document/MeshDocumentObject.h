@@ -45,6 +45,10 @@ public:
     DocumentObject* shallowCopy() const override;
     /// From another part: look, mesh (shared until written to) and placement.
     void copyFrom(Base::DocumentObject* source) override;
+    /// Reads a mesh file of any known format; several parts in one file are merged, and a part
+    /// without a name takes that of the file's first. False if the file cannot be read: the reason
+    /// goes to the log console and the part stays as it was.
+    bool load(char const* file) override;
     void loadMatrixWithEditing(UMatrix4<float> const& matrix) override;
     void updateBoundingBox() override;
     UBox3<float> getBoundingBox() const override;

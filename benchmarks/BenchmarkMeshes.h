@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/mesh/MeshKernel.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+/// A closed part of about `millions` million triangles, made once per size: a scanned head,
+/// its triangles split evenly, or a wavy ball where that model is missing.
+MeshKernel const& largePart(int millions);
+
+/// A file of that part in a format of the registry, made once and removed at the end.
+std::filesystem::path largeFile(int millions, std::string const& format);
+
+/// The highest resident memory of this process in bytes.
+std::size_t peakMemory();
+/// Starts the measurement of the peak anew.
+void resetPeakMemory();

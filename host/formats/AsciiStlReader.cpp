@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/AsciiStlReader.h"
+
+#include "host/formats/AvailableMemory.h"
+#include "host/formats/FileError.h"
+#include "host/formats/LineReader.h"
+#include "host/formats/MeshBuilder.h"
+#include "host/formats/TextTokens.h"
+
+#include <algorithm>
+
+namespace Formats {
+namespace {
+
+/// A facet takes at least this much text, which bounds how many there can be.
+constexpr std::uint64_t bytesPerFacet = 120;
+
+char lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+}
+
+bool isKeyword(std::string_view word, std::string_view keyword)
+{
+    return std::ranges::equal(word, keyword, {}, lower);
+}
+
+bool isText(std::string_view head)
+{
+    return std::ranges::none_of(head, [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 && !isBlank(c) && c != '\n';
+    });
+}
+
+/// Reads the grammar of the format word by word.
+class FacetParser
+{
+public:
+    explicit FacetParser(InputFile& input)
+        : m_path(input.path()),
+          m_lines(input),
+          m_builder(input.size() / bytesPerFacet / 2, input.size() / bytesPerFacet / 4)
+    {}
+
+    std::unique_ptr<MeshKernel> parse()
+    {
+        expect("solid");
+        do {
+            parseSolid();
+        } while (startsAnotherSolid());
+        if (m_builder.isEmpty())
+            throw error("the file has no facet; a mesh was expected.");
+        return m_builder.finish();
+    }
+
+private:
+    void parseSolid()
+    {
+        m_rest = {};  // the solid's name
+        for (;;) {
+            std::string_view const word = nextWord("'facet' or 'endsolid'");
+            if (isKeyword(word, "endsolid"))
+                break;
+            if (!isKeyword(word, "facet"))
+                throw unexpected(word, "'facet' or 'endsolid'");
+            parseFacet();
+        }
+        m_rest = {};
+    }
+
+    bool startsAnotherSolid()
+    {
+        std::string_view word;
+        while ((word = takeWord(m_rest)).empty())
+            if (!m_lines.next(m_rest))
+                return false;
+        if (!isKeyword(word, "solid"))
+            throw unexpected(word, "'solid' or the end of the file");
+        return true;
+    }
+
+    void parseFacet()
+    {
+        expect("normal");
+        for (int i = 0; i < 3; ++i)
+            nextWord("the normal's number");  // not used, and not a number in some files
+        expect("outer");
+        expect("loop");
+        UVertex<float>* corners[3];
+        for (UVertex<float>*& corner : corners)
+            corner = parseCorner();
+        expect("endloop");
+        expect("endfacet");
+        m_builder.addTriangle(corners[0], corners[1], corners[2]);
+    }
+
+    UVertex<float>* parseCorner()
+    {
+        expect("vertex");
+        UPoint3<float> point;
+        for (int i = 0; i < 3; ++i) {
+            std::string_view const word = nextWord("a coordinate");
+            auto const value = coordinateFrom(word);
+            if (!value)
+                throw unexpected(word, "a coordinate");
+            point[i] = *value;
+        }
+        if (auto* const vertex = m_builder.points().join(point))
+            return vertex;
+        throw error("a coordinate is not a finite number in the range of single precision.");
+    }
+
+    std::string_view nextWord(std::string_view expected)
+    {
+        for (;;) {
+            std::string_view const word = takeWord(m_rest);
+            if (!word.empty())
+                return word;
+            if (!m_lines.next(m_rest))
+                throw error("the file ends here, where " + std::string(expected) +
+                            " was expected; it is truncated.");
+        }
+    }
+
+    void expect(std::string_view keyword)
+    {
+        std::string_view const word = nextWord(keyword);
+        if (!isKeyword(word, keyword))
+            throw unexpected(word, "'" + std::string(keyword) + "'");
+    }
+
+    FileError unexpected(std::string_view word, std::string const& expected) const
+    {
+        return error(expected + " was expected, but there is " + quoted(word) + ".");
+    }
+
+    FileError error(std::string const& problem) const
+    {
+        return FileError::atLine(m_path, m_lines.lineNumber(), problem);
+    }
+
+    std::filesystem::path const& m_path;
+    LineReader m_lines;
+    MeshBuilder m_builder;
+    std::string_view m_rest;
+};
+
+}  // namespace
+
+bool looksLikeAsciiStl(std::string_view head)
+{
+    auto const start = std::ranges::find_if(head, [](char c) { return !isBlank(c) && c != '\n'; });
+    std::string_view const text = head.substr(std::size_t(start - head.begin()));
+    if (!isKeyword(text.substr(0, 5), "solid") || !isText(text))
+        return false;
+    if (text.size() > 5 && !isBlank(text[5]) && text[5] != '\n')
+        return false;
+    std::string lowered(text.substr(5));
+    std::ranges::transform(lowered, lowered.begin(), lower);
+    return lowered.find("facet") != lowered.npos || lowered.find("endsolid") != lowered.npos;
+}
+
+std::unique_ptr<MeshKernel> readAsciiStl(InputFile& input)
+{
+    requireMemoryFor(input.size() / bytesPerFacet / 4, input.path());
+    return FacetParser(input).parse();
+}
+
+}  // namespace Formats

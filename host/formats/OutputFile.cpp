@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/OutputFile.h"
+
+#include "host/formats/FileError.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace Formats {
+namespace {
+
+std::string existsAlready()
+{
+    return "it exists already and is not replaced; choose another name or allow overwriting.";
+}
+
+std::filesystem::path targetBehindLinks(std::filesystem::path const& path)
+{
+    std::error_code error;
+    if (!std::filesystem::is_symlink(path, error))
+        return path;
+    auto const target = std::filesystem::canonical(path, error);
+    return error ? path : target;
+}
+
+std::filesystem::path temporaryName(std::filesystem::path const& target)
+{
+    static std::atomic<unsigned> serial = 0;
+    std::string suffix = ".";
+    suffix += std::to_string(getpid());
+    suffix += '-';
+    suffix += std::to_string(serial++);
+    suffix += ".part";
+    // A name near the system's limit has no room for the suffix.
+    std::string name = ".";
+    name += target.filename().string().substr(0, 200);
+    return target.parent_path() / (name + suffix);
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::filesystem::path target, Overwrite overwrite)
+    : m_target(targetBehindLinks(target)),
+      m_overwrite(overwrite),
+      m_buffer(std::make_unique_for_overwrite<std::byte[]>(bufferSize))
+{
+    std::error_code error;
+    auto const status = std::filesystem::symlink_status(m_target, error);
+    if (std::filesystem::is_directory(status))
+        throw FileError(m_target, "it is a folder, but a file name was expected.");
+    if (std::filesystem::exists(status) && overwrite == Overwrite::Refuse)
+        throw FileError(m_target, existsAlready());
+    createTemporary();
+    if (std::filesystem::is_regular_file(status))
+        keepPermissionsOfTarget();
+}
+
+OutputFile::~OutputFile()
+{
+    if (m_descriptor >= 0)
+        close(m_descriptor);
+    if (!m_isCommitted)
+        unlink(m_temporary.c_str());
+}
+
+void OutputFile::createTemporary()
+{
+    // A leftover of a process that was killed may bear the name.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        m_temporary = temporaryName(m_target);
+        m_descriptor = open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (m_descriptor >= 0 || errno != EEXIST)
+            break;
+    }
+    if (m_descriptor >= 0)
+        return;
+    std::string const folder = m_target.has_parent_path() ? m_target.parent_path().string() : ".";
+    throw FileError(m_target, "no file can be made in the folder '" + folder +
+                                  "': " + std::strerror(errno) + ".");
+}
+
+void OutputFile::keepPermissionsOfTarget() const
+{
+    struct stat status
+    {
+    };
+    if (stat(m_target.c_str(), &status) == 0 && fchmod(m_descriptor, status.st_mode & 0777) != 0) {
+        // The file is then written with the permissions of a new one.
+    }
+}
+
+void OutputFile::write(std::span<std::byte const> bytes)
+{
+    if (bytes.size() > bufferSize - m_filled)
+        flush();
+    if (bytes.size() >= bufferSize) {
+        writeThrough(bytes);
+        return;
+    }
+    std::memcpy(m_buffer.get() + m_filled, bytes.data(), bytes.size());
+    m_filled += bytes.size();
+}
+
+void OutputFile::write(std::string_view text)
+{
+    write(std::as_bytes(std::span(text)));
+}
+
+void OutputFile::writeThrough(std::span<std::byte const> bytes)
+{
+    while (!bytes.empty()) {
+        ssize_t const count = ::write(m_descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw FileError(m_target,
+                            std::string("it cannot be written: ") + std::strerror(errno) + ".");
+        bytes = bytes.subspan(std::size_t(count));
+    }
+}
+
+void OutputFile::flush()
+{
+    std::size_t const filled = std::exchange(m_filled, 0);
+    writeThrough({m_buffer.get(), filled});
+}
+
+void OutputFile::commit()
+{
+    flush();
+    // A network file system may report a full disk only now.
+    if (close(std::exchange(m_descriptor, -1)) != 0)
+        throw FileError(m_target,
+                        std::string("it cannot be written: ") + std::strerror(errno) + ".");
+    rename();
+    m_isCommitted = true;
+}
+
+void OutputFile::rename()
+{
+    int result = 0;
+    if (m_overwrite == Overwrite::Allow) {
+        result = std::rename(m_temporary.c_str(), m_target.c_str());
+    } else {
+        result =
+            renameat2(AT_FDCWD, m_temporary.c_str(), AT_FDCWD, m_target.c_str(), RENAME_NOREPLACE);
+        // Not every file system knows that flag; a hard link does not replace either.
+        if (result != 0 && errno == EINVAL) {
+            result = link(m_temporary.c_str(), m_target.c_str());
+            if (result == 0)
+                unlink(m_temporary.c_str());
+        }
+    }
+    if (result == 0)
+        return;
+    throw FileError(m_target, errno == EEXIST ? existsAlready()
+                                              : std::string("it cannot be given its name: ") +
+                                                    std::strerror(errno) + ".");
+}
+
+}  // namespace Formats

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/PlyReader.h"
+
+#include "host/formats/AvailableMemory.h"
+
+#include <algorithm>
+
+namespace Formats {
+namespace {
+
+int axisOf(PlyProperty const& property)
+{
+    if (property.isList || property.name.size() != 1)
+        return -1;
+    int const axis = property.name[0] - 'x';
+    return axis >= 0 && axis < 3 ? axis : -1;
+}
+
+bool holdsCorners(PlyProperty const& property)
+{
+    bool const isWhole = property.type != PlyType::Float && property.type != PlyType::Double;
+    return property.isList && isWhole &&
+           (property.name == "vertex_indices" || property.name == "vertex_index");
+}
+
+}  // namespace
+
+PlyReader::PlyReader(InputFile& input)
+    : m_input(input), m_lines(input), m_header(readPlyHeader(input, m_lines))
+{
+    checkHeader();
+    checkSize();
+    if (m_header.encoding == PlyEncoding::Ascii) {
+        m_values = std::make_unique<PlyTextValues>(input, m_lines);
+    } else {
+        input.seek(m_lines.offset());
+        m_values = std::make_unique<PlyBinaryValues>(
+            input,
+            m_header.encoding == PlyEncoding::BigEndian ? std::endian::big : std::endian::little);
+    }
+    m_builder = std::make_unique<MeshBuilder>(element("face")->count, element("vertex")->count);
+    m_builder->allowUnusedPoints();
+    m_splitter = std::make_unique<PolygonSplitter>(*m_builder);
+}
+
+std::unique_ptr<MeshKernel> PlyReader::read()
+{
+    for (PlyElement const& each : m_header.elements) {
+        if (&each == element("vertex"))
+            readVertices(each);
+        else if (&each == element("face"))
+            readFaces(each);
+        else
+            skipElement(each);
+    }
+    if (m_builder->isEmpty())
+        throw m_values->error("no face has three different corners; a mesh was expected.");
+    m_vertices = {};
+    return m_builder->finish();
+}
+
+PlyElement const* PlyReader::element(std::string_view name) const
+{
+    auto const found = std::ranges::find(m_header.elements, name, &PlyElement::name);
+    return found == m_header.elements.end() ? nullptr : &*found;
+}
+
+void PlyReader::checkHeader() const
+{
+    auto const fail = [&](std::string const& problem) {
+        throw FileError::atLine(m_input.path(), m_lines.lineNumber(), problem);
+    };
+    PlyElement const* const vertices = element("vertex");
+    PlyElement const* const faces = element("face");
+    if (!vertices ||
+        std::ranges::count_if(vertices->properties, [](auto& p) { return axisOf(p) >= 0; }) != 3)
+        fail("the header ends without an element 'vertex' with the properties x, y and z.");
+    if (!faces || std::ranges::count_if(faces->properties, holdsCorners) != 1)
+        fail(
+            "the header ends without an element 'face' with a list 'vertex_indices'; a mesh was "
+            "expected.");
+    if (faces < vertices)
+        fail("the header has 'face' before 'vertex'; the other order was expected.");
+    if (vertices->count == 0 || faces->count == 0)
+        fail("the header announces no vertices or no faces; a mesh was expected.");
+}
+
+void PlyReader::checkSize() const
+{
+    // A number and the blank behind it take two bytes of text at least.
+    bool const isText = m_header.encoding == PlyEncoding::Ascii;
+    std::uint64_t needed = 0;
+    for (PlyElement const& each : m_header.elements)
+        needed += each.count * (isText ? each.properties.size() * 2 : each.smallestSize());
+    std::uint64_t const present = m_input.size() - m_lines.offset();
+    if (needed > present + isText)
+        throw FileError::atByte(
+            m_input.path(), m_input.size(),
+            "the file ends here, but what its header announces takes at least " +
+                std::to_string(needed) +
+                " bytes behind the header; it is "
+                "truncated.");
+    requireMemoryFor(std::max(element("face")->count, element("vertex")->count / 2),
+                     m_input.path());
+}
+
+void PlyReader::readVertices(PlyElement const& vertices)
+{
+    m_vertices.reserve(vertices.count);
+    for (std::uint64_t i = 0; i < vertices.count; ++i) {
+        UPoint3<float> point;
+        for (PlyProperty const& property : vertices.properties) {
+            int const axis = axisOf(property);
+            if (axis >= 0)
+                point[axis] = float(m_values->next(property.type));
+            else
+                skip(property);
+        }
+        auto* const vertex = m_builder->points().join(point);
+        if (!vertex)
+            throw m_values->error("a coordinate of vertex " + std::to_string(i) +
+                                  " is not a finite number in the range of single precision.");
+        m_vertices.push_back(vertex);
+    }
+}
+
+void PlyReader::readFaces(PlyElement const& faces)
+{
+    for (std::uint64_t i = 0; i < faces.count; ++i)
+        for (PlyProperty const& property : faces.properties) {
+            if (holdsCorners(property))
+                readFace(property, nextCount(property));
+            else
+                skip(property);
+        }
+}
+
+void PlyReader::readFace(PlyProperty const& indices, std::uint64_t corners)
+{
+    if (corners < 3)
+        throw m_values->error("a face of three or more corners was expected, but there are " +
+                              std::to_string(corners) + ".");
+    m_corners.clear();
+    for (std::uint64_t i = 0; i < corners; ++i) {
+        double const index = m_values->next(indices.type);
+        if (!(index >= 0 && index < double(m_vertices.size())))
+            throw m_values->error("the face refers to vertex " +
+                                  std::to_string(std::int64_t(index)) + ", but there are " +
+                                  std::to_string(m_vertices.size()) + " vertices, counted from 0.");
+        m_corners.push_back(m_vertices[std::size_t(index)]);
+    }
+    m_splitter->add(m_corners);
+}
+
+void PlyReader::skipElement(PlyElement const& element)
+{
+    for (std::uint64_t i = 0; i < element.count; ++i)
+        for (PlyProperty const& property : element.properties)
+            skip(property);
+}
+
+void PlyReader::skip(PlyProperty const& property)
+{
+    std::uint64_t const count = property.isList ? nextCount(property) : 1;
+    for (std::uint64_t i = 0; i < count; ++i)
+        m_values->next(property.type);
+}
+
+std::uint64_t PlyReader::nextCount(PlyProperty const& property)
+{
+    double const count = m_values->next(property.countType);
+    if (!(count >= 0 && count <= double(m_input.size())))
+        throw m_values->error("the length of the list '" + property.name +
+                              "' is negative or longer than the file.");
+    return std::uint64_t(count);
+}
+
+}  // namespace Formats

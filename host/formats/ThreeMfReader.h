@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/formats/MeshFormat.h"
+#include "host/formats/ThreeMfModel.h"
+
+#include <vector>
+
+namespace Formats {
+
+/// Reads a 3MF file: walks the build from its items through components to meshes.
+class ThreeMfReader
+{
+public:
+    ThreeMfReader(InputFile const& input, std::string const& defaultName, Progress const& progress);
+
+    /// Throws FileError.
+    std::vector<LoadedPart> read();
+
+private:
+    /// A 3x4 transform, rows of the linear part with the translation last; double, since several
+    /// are multiplied.
+    struct Placement
+    {
+        double m[3][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}};
+    };
+
+    static Placement placementFrom(NMR::MODELTRANSFORM const& transform);
+    static Placement combined(Placement const& outer, Placement const& inner);
+
+    void load();
+    double millimetresPerUnit() const;
+    void readBuildItem(ThreeMfHandle const& item, Placement const& scale);
+    void readObject(ThreeMfHandle const& object, Placement const& placement,
+                    std::string const& outerName, int depth);
+    void readComponents(ThreeMfHandle const& components, Placement const& placement,
+                        std::string const& name, int depth);
+    void readMesh(ThreeMfHandle const& mesh, Placement const& placement, std::string const& name);
+    std::string nameOf(ThreeMfHandle const& object) const;
+    std::string uniqueName(std::string const& name) const;
+    /// Throws FileError for a result of the library that is no success.
+    void check(LIB3MFRESULT result, ThreeMfHandle const& object) const;
+
+    InputFile const& m_input;
+    std::string m_defaultName;
+    Progress const& m_progress;
+    ThreeMfHandle m_model;
+    std::vector<LoadedPart> m_parts;
+};
+
+}  // namespace Formats

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/PlaneMesh.h"
+#include "platform/mesh/UMesh.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using PlaneMesh::Reach;
+
+namespace {
+
+UBox3<float> const box({0, 0, 0}, {3, 4, 12});  // its diagonal is 13
+
+void expectPoint(UPoint3<float> const& actual, UPoint3<float> const& expected)
+{
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NEAR(actual[i], expected[i], 1e-5f) << "component " << i;
+}
+
+}  // namespace
+
+TEST(PlaneMesh, CornersLieTheDiagonalAwayFromTheCentre)
+{
+    auto const corners = PlaneMesh::span(box, {1, 1, 1}, {2, 1, 1}, {1, 3, 1}, Reach::Diagonal);
+    expectPoint(corners[0], {14, 1, 1});
+    expectPoint(corners[1], {1, 14, 1});
+    expectPoint(corners[2], {-12, 1, 1});
+    expectPoint(corners[3], {1, -12, 1});
+}
+
+TEST(PlaneMesh, ACentreFarFromThePartsEnlargesThePlane)
+{
+    auto const corners =
+        PlaneMesh::span(box, {0, 0, 112}, {1, 0, 112}, {0, 1, 112}, Reach::Diagonal);
+    float const diagonal = std::sqrt(9.0f + 16 + 112 * 112);
+    expectPoint(corners[0], {diagonal, 0, 112});
+}
+
+TEST(PlaneMesh, ZeroComponentsAreSkippedWhenThePlaneIsStretched)
+{
+    auto const corners =
+        PlaneMesh::span(box, {1, 1, 1}, {2, 1, 1}, {1, 3, 1}, Reach::DiagonalAlongAxes);
+    expectPoint(corners[0], {14, 1, 1});
+    expectPoint(corners[1], {1, 14, 1});
+}
+
+TEST(PlaneMesh, TheSmallestComponentStretchesThePlane)
+{
+    // d1 = (0.6, 0.8, 0), d2 = (0, 0, 1): the smallest component is 0.6.
+    auto const corners =
+        PlaneMesh::span(box, {0, 0, 0}, {3, 4, 0}, {0, 0, 5}, Reach::DiagonalAlongAxes);
+    expectPoint(corners[0], {13.0f, 13.0f / 0.6f * 0.8f, 0});
+    expectPoint(corners[1], {0, 0, 13.0f / 0.6f});
+}
+
+TEST(PlaneMesh, ANullBoxCountsAsTheOrigin)
+{
+    auto const corners =
+        PlaneMesh::span(UBox3<float>(), {3, 4, 0}, {4, 4, 0}, {3, 5, 0}, Reach::Diagonal);
+    expectPoint(corners[0], {8, 4, 0});
+}
+
+TEST(PlaneMesh, HasFourVerticesAndTwoTrianglesWithTheSameNormal)
+{
+    UMesh<float> mesh;
+    PlaneMesh::fill(&mesh, {UPoint3<float>(1, 0, 5), {0, 1, 5}, {-1, 0, 5}, {0, -1, 5}});
+    ASSERT_EQ(mesh.vertices.size(), 4u);
+    ASSERT_EQ(mesh.triangles.size(), 2u);
+    int const expected[2][3] = {{0, 1, 2}, {2, 3, 0}};
+    for (std::size_t t = 0; t < 2; ++t) {
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(mesh.triangles[t]->V(i), mesh.vertices[std::size_t(expected[t][i])]);
+        EXPECT_EQ(mesh.triangles[t]->N(), UVector3<float>(0, 0, 1));
+    }
+}

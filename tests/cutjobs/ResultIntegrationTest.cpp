@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/ResultIntegration.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/TestDocument.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// Pieces as a worker makes them.
+std::vector<std::shared_ptr<MeshKernel>> pieces(std::size_t count)
+{
+    std::vector<std::shared_ptr<MeshKernel>> kernels;
+    for (std::size_t i = 0; i < count; ++i)
+        kernels.push_back(kernelOf(box(1, 1, float(i + 1))));
+    return kernels;
+}
+
+ResultIntegration::PartMap integrate(TestDocument& test, CutResultMap const& result,
+                                     IntegrationRules const& rules)
+{
+    ResultIntegration integration(test.document, rules);
+    auto parts = integration.begin(result);
+    integration.end();
+    return parts;
+}
+
+}  // namespace
+
+TEST(ResultIntegration, SourcesStayUnlessTheRulesSayOtherwise)
+{
+    TestDocument test;
+    auto* const part = test.add(box(1, 1, 3), "part");
+    integrate(test, {{part, pieces(2)}}, {});
+    EXPECT_EQ(test.names(), (Names{"part", "part_cut1", "part_cut2"}));
+}
+
+TEST(ResultIntegration, SourcesVanishWithinTheSameStep)
+{
+    TestDocument test;
+    auto* const part = test.add(box(1, 1, 3), "part");
+    integrate(test, {{part, pieces(2)}}, {.removesSources = true});
+    EXPECT_EQ(test.names(), (Names{"part_cut1", "part_cut2"}));
+    EXPECT_EQ(test.document->undoNames(), Names{"Section Cut"});
+    ASSERT_TRUE(test.document->undo());
+    EXPECT_EQ(test.names(), Names{"part"});
+}
+
+TEST(ResultIntegration, TheTransactionBearsItsPlainName)
+{
+    TestDocument test;
+    auto* const part = test.add(box(1, 1, 3), "part");
+    integrate(test, {{part, pieces(1)}}, {.transactionName = "Polygon Cut"});
+    EXPECT_EQ(test.document->undoNames(), Names{"Polygon Cut"});
+    EXPECT_TRUE(test.document->isModified());
+}
+
+TEST(ResultIntegration, AnOnlyPieceIsCalledCutUniqueOrNot)
+{
+    TestDocument test;
+    auto* const first = test.add(box(1, 1, 3), "part");
+    auto* const second = test.add(box(1, 1, 3), "part");
+    integrate(test, {{first, pieces(1)}}, {.removesSources = true});
+    integrate(test, {{second, pieces(1)}}, {.removesSources = true});
+    EXPECT_EQ(test.names(), (Names{"part(cut)", "part(cut)"}));
+}
+
+TEST(ResultIntegration, ThePieceCountIsThatOfTheSourceItself)
+{
+    TestDocument test;
+    auto* const whole = test.add(box(1, 1, 3), "whole");
+    auto* const halved = test.add(box(1, 1, 3), "halved");
+    auto parts = integrate(test, {{whole, pieces(1)}, {halved, pieces(2)}}, {});
+    EXPECT_EQ(parts[whole][0]->getName(), "whole(cut)");
+    EXPECT_EQ(parts[halved][0]->getName(), "halved_cut1");
+    EXPECT_EQ(parts[halved][1]->getName(), "halved_cut2");
+}
+
+TEST(ResultIntegration, GeometryMovesAndThePieceIsLeftEmpty)
+{
+    TestDocument test;
+    auto* const part = test.add(box(1, 1, 3), "part");
+    auto const kernels = pieces(1);
+    auto const* const triangle = kernels[0]->readMesh()->triangles[0];
+    auto parts = integrate(test, {{part, kernels}}, {});
+    EXPECT_EQ(parts[part][0]->meshProperty->getMesh()->readMesh()->triangles[0], triangle);
+    EXPECT_TRUE(kernels[0]->readMesh()->triangles.empty());
+    EXPECT_TRUE(kernels[0]->readMesh()->vertices.empty());
+    EXPECT_EQ(parts[part][0]->getBoundingBox(), UBox3<float>({0, 0, 0}, {1, 1, 1}));
+}
+
+TEST(ResultIntegration, PiecesGetTheDefaultMatrixAndColour)
+{
+    TestDocument test;
+    auto* const part = test.add(box(1, 1, 3), "part");
+    part->setColor(0xFF0000FFu);
+    part->translate({5, 0, 0}, 0);
+    auto parts = integrate(test, {{part, pieces(1)}}, {});
+    EXPECT_TRUE(parts[part][0]->getMatrix().isIdentity());
+    EXPECT_EQ(parts[part][0]->getColor(), Mesh::DocumentObject().getColor());
+    EXPECT_FALSE(parts[part][0]->isSelected());
+}
+
+TEST(ResultIntegration, WithoutPiecesTheDocumentStaysAndTheStepIsEmpty)
+{
+    TestDocument test;
+    test.add(box(1, 1, 3), "part");
+    EXPECT_TRUE(integrate(test, {}, {.removesSources = true}).empty());
+    EXPECT_EQ(test.names(), Names{"part"});
+    EXPECT_FALSE(test.document->hasOpenTransaction());
+}

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/ZCutImp.h"
+#include "tests/cutjobs/ConsoleLines.h"
+#include "tests/cutjobs/RecordingSink.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/TestDocument.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Runs the worker on the calling thread, where its signals come directly.
+struct WorkerRun
+{
+    explicit WorkerRun(std::vector<Mesh::DocumentObject*> const& parts, float z)
+    {
+        QObject::connect(&worker, &CutWorker::resultReady,
+                         [this](bool ok) { events.push_back(ok ? "true" : "false"); });
+        QObject::connect(&worker, &CutWorker::processEnd,
+                         [this] { events.push_back("process end"); });
+        worker.setObjects(parts);
+        worker.setZheight(1000);  // the rubber points alone say where the plane is
+        worker.setRubPts({{0, 0, z}, {-20, -20, z}, {20, -20, z}});
+    }
+
+    ZCutImp worker{nullptr};
+    std::vector<std::string> events;
+};
+
+using Events = std::vector<std::string>;
+
+}  // namespace
+
+TEST(ZCutImp, WithoutPartsTheResultIsEmpty)
+{
+    WorkerRun run({}, 1);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"true"});
+    EXPECT_TRUE(run.worker.getResult().empty());
+}
+
+TEST(ZCutImp, TheResultHoldsTheUpperPieceFirst)
+{
+    TestDocument test;
+    auto* const part = test.add(box(2, 2, 4), "part");
+    WorkerRun run({part}, 1);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"true"});
+    CutResultMap const result = run.worker.getResult();
+    ASSERT_EQ(result.size(), 1u);
+    auto const& pieces = result.at(part);
+    ASSERT_EQ(pieces.size(), 2u);
+    EXPECT_NEAR(volumeOf(soupOf(*pieces[0])), 12, 1e-5);
+    EXPECT_NEAR(volumeOf(soupOf(*pieces[1])), 4, 1e-5);
+    EXPECT_EQ(pieces[0]->GetBox().MinZ(), 1);
+}
+
+TEST(ZCutImp, ASecondJobAddsToTheFirstOnesResult)
+{
+    TestDocument test;
+    auto* const part = test.add(box(2, 2, 4), "part");
+    WorkerRun run({part}, 1);
+    run.worker.doWork();
+    run.worker.doWork();
+    EXPECT_EQ(run.worker.getResult().at(part).size(), 4u);
+}
+
+TEST(ZCutImp, ThePartItselfStaysAsItIs)
+{
+    TestDocument test;
+    auto* const part = test.add(torus(5, 2, 30, 20), "part");
+    auto const mesh = part->meshProperty->getMesh()->readMesh();
+    Soup const before = soupOf(part);
+    WorkerRun run({part}, 0.3f);
+    run.worker.setReapir(true);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"true"});
+    EXPECT_EQ(part->meshProperty->getMesh()->readMesh(), mesh);
+    EXPECT_EQ(soupOf(part).points, before.points);
+    EXPECT_EQ(soupOf(part).triangles, before.triangles);
+}
+
+TEST(ZCutImp, WithRepairAPieceWithoutErrorsIsLeftUntouched)
+{
+    TestDocument test;
+    auto* const part = test.add(torus(5, 2, 30, 20), "part");
+    std::vector<Soup> pieces[2];
+    for (bool const repair : {false, true}) {
+        WorkerRun run({part}, 0.3f);
+        run.worker.setReapir(repair);
+        run.worker.doWork();
+        CutResultMap const result = run.worker.getResult();
+        for (auto const& piece : result.at(part))
+            pieces[repair].push_back(soupOf(*piece));
+    }
+    ASSERT_EQ(pieces[0].size(), pieces[1].size());
+    for (std::size_t i = 0; i < pieces[0].size(); ++i) {
+        EXPECT_EQ(pieces[0][i].points, pieces[1][i].points);
+        EXPECT_EQ(pieces[0][i].triangles, pieces[1][i].triangles);
+    }
+}
+
+TEST(ZCutImp, ProgressRunsOverThePartsAndEndsAtHundred)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    WorkerRun run({test.add(box(1, 1, 4), "a"), test.add(box(1, 1, 4, {5, 0, 0}), "b"),
+                   test.add(box(1, 1, 4, {0, 5, 0}), "c")},
+                  1);
+    run.worker.doWork();
+    std::vector<int> const values = sink->values();
+    ASSERT_FALSE(values.empty());
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_EQ(values.back(), 100);
+    for (int const partEnd : {33, 66, 100})
+        EXPECT_NE(std::find(values.begin(), values.end(), partEnd), values.end()) << partEnd;
+    EXPECT_EQ(sink->titles(), std::vector<std::string>{"Section Cut"});
+}
+
+TEST(ZCutImp, ACancelAtTheVeryEndIsACancelWithoutALogLine)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    ConsoleLines const console;
+    int hundreds = 0;
+    // For one part 100 comes when the part is done, and again at the end of the job.
+    sink->onProgress = [&](RecordingSink& s, int) {
+        std::vector<int> const values = s.values();
+        hundreds = int(std::count(values.begin(), values.end(), 100));
+    };
+    auto* const part = test.add(box(1, 1, 4), "part");
+    WorkerRun counting({part}, 1);
+    counting.worker.doWork();
+    ASSERT_GT(hundreds, 1);
+
+    PluggedSink const second;
+    int left = hundreds;
+    second->onProgress = [&](RecordingSink&, int value) {
+        if (value == 100 && --left == 0)
+            throw Mell::AbortException("Aborting...");
+    };
+    WorkerRun run({part}, 1);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"process end"});
+    EXPECT_TRUE(console.lines().empty());
+}
+
+TEST(ZCutImp, ACancelDuringARepairEndsAsAnyAbort)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    // The pieces of a part that crosses itself need a repair, whose progress begins anew.
+    int highest = 0;
+    bool hasCancelled = false;
+    sink->onProgress = [&](RecordingSink& s, int value) {
+        if (highest == 100 && value < 100) {
+            hasCancelled = true;
+            s.cancel();
+        }
+        highest = std::max(highest, value);
+    };
+    WorkerRun run({test.add(crossingBoxes(), "part")}, 0.5f);
+    run.worker.setReapir(true);
+    run.worker.doWork();
+    EXPECT_TRUE(hasCancelled);
+    EXPECT_EQ(run.events, Events{"process end"});
+}
+
+TEST(ZCutImp, ANullBoxDoesNoHarm)
+{
+    TestDocument test;
+    auto* const part = test.add({}, "empty");
+    WorkerRun run({part}, 1);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"true"});
+    EXPECT_TRUE(run.worker.getResult().empty());
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cutjobs/SectionZCut.h"
+#include "tests/support/TestDocument.h"
+
+#include <QEventLoop>
+#include <QString>
+
+/// One Z cut from start to end, and what it told.
+class ZCutRun
+{
+public:
+    ZCutRun() : cut(nullptr)
+    {
+        QObject::connect(&cut, &Freecut::SectionZCut::finished, &m_loop,
+                         [this](int outcome, QString const& text) {
+                             ++finishedCount;
+                             code = outcome;
+                             message = text;
+                             m_loop.quit();
+                         });
+    }
+
+    void cutAt(TestDocument& test, std::vector<Mesh::DocumentObject*> const& parts, float z)
+    {
+        cut.setDocument(test.document);
+        cut.startZCut(parts, z);
+        m_loop.exec();
+    }
+
+    void cutOneByOne(TestDocument& test, std::vector<Mesh::DocumentObject*> const& parts,
+                     std::vector<float> const& heights)
+    {
+        cut.setDocument(test.document);
+        cut.startZCutonebyone(parts, heights);
+        m_loop.exec();
+    }
+
+    /// The new parts of a part that was cut.
+    std::vector<Mesh::DocumentObject*> piecesOf(Mesh::DocumentObject* part) const
+    {
+        auto const found = cut.newParts().find(part);
+        return found == cut.newParts().end() ? std::vector<Mesh::DocumentObject*>() : found->second;
+    }
+
+    Freecut::SectionZCut cut;
+    int finishedCount = 0;
+    int code = -99;
+    QString message = "none";
+
+private:
+    QEventLoop m_loop;
+};
