@@ -3,8 +3,11 @@
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
+#include <tbb/parallel_reduce.h>
 
 #include <algorithm>
+#include <limits>
+#include <utility>
 
 namespace {
 
@@ -20,20 +23,54 @@ std::uint32_t spread(std::uint32_t bits)
     return (bits | bits << 2) & 0x09249249;
 }
 
-/// Cells of a cube around the points that are used.
+using Range = tbb::blocked_range<std::size_t>;
+constexpr std::size_t grain = 8192;
+
+/// The corners of the box around points; its default is empty.
+struct Bounds
+{
+    void add(MeshArrays::Point const& p)
+    {
+        for (int axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], p[axis]);
+            high[axis] = std::max(high[axis], p[axis]);
+        }
+    }
+
+    MeshArrays::Point low{largest, largest, largest};
+    MeshArrays::Point high{-largest, -largest, -largest};
+
+private:
+    static constexpr float largest = std::numeric_limits<float>::max();
+};
+
+Bounds boundsOf(MeshArrays const& mesh, std::vector<std::uint32_t> const& triangles)
+{
+    return tbb::parallel_reduce(
+        Range(0, triangles.size(), grain), Bounds(),
+        [&](Range const& range, Bounds bounds) {
+            for (std::size_t i = range.begin(); i != range.end(); ++i)
+                for (std::uint32_t vertex : mesh.triangles[triangles[i]])
+                    bounds.add(mesh.points[vertex]);
+            return bounds;
+        },
+        [](Bounds a, Bounds const& b) {
+            a.add(b.low);
+            a.add(b.high);
+            return a;
+        });
+}
+
+/// Cells of a cube around the triangles.
 struct Grid
 {
     Grid(MeshArrays const& mesh, std::vector<std::uint32_t> const& triangles)
     {
-        for (std::uint32_t t : triangles)
-            for (std::uint32_t vertex : mesh.triangles[t])
-                for (int axis = 0; axis < 3; ++axis) {
-                    low[axis] = std::min(low[axis], mesh.points[vertex][axis]);
-                    high[axis] = std::max(high[axis], mesh.points[vertex][axis]);
-                }
+        Bounds const bounds = boundsOf(mesh, triangles);
+        low = bounds.low;
         double size = 0;
         for (int axis = 0; axis < 3; ++axis)
-            size = std::max(size, double(high[axis]) - low[axis]);
+            size = std::max(size, double(bounds.high[axis]) - bounds.low[axis]);
         cellsPerUnit = size > 0 ? ((1 << bitsPerAxis) - 1) / size : 0;
     }
 
@@ -51,8 +88,7 @@ struct Grid
         return code;
     }
 
-    float low[3] = {3.4e38f, 3.4e38f, 3.4e38f};
-    float high[3] = {-3.4e38f, -3.4e38f, -3.4e38f};
+    MeshArrays::Point low;
     double cellsPerUnit = 0;
 };
 
@@ -82,8 +118,7 @@ std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
             order.push_back(t);
     Grid const grid(mesh, order);
     std::vector<std::uint64_t> entries(order.size()), sorted(order.size());
-    using Range = tbb::blocked_range<std::size_t>;
-    tbb::parallel_for(Range(0, order.size(), 8192), [&](Range const& range) {
+    tbb::parallel_for(Range(0, order.size(), grain), [&](Range const& range) {
         for (std::size_t i = range.begin(); i != range.end(); ++i)
             entries[i] = std::uint64_t(grid.cell(mesh, order[i])) << 32 | order[i];
     });

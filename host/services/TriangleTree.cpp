@@ -44,14 +44,6 @@ void clearPlace(Block& block, int place)
 
 }  // namespace
 
-void TriangleTree::Box::add(Box const& other)
-{
-    for (int i = 0; i < 4; ++i) {
-        low[i] = std::min(low[i], other.low[i]);
-        high[i] = std::max(high[i], other.high[i]);
-    }
-}
-
 TriangleTree::TriangleTree(MeshArrays const& mesh, TopologyReport const& topology,
                            StageProgress& progress)
 {

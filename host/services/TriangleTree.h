@@ -5,6 +5,7 @@
 #include "host/services/MeshArrays.h"
 #include "host/services/TopologyCheck.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -67,6 +68,14 @@ private:
     std::vector<Block> m_blocks;
     std::vector<std::vector<Box>> m_levels;
 };
+
+inline void TriangleTree::Box::add(Box const& other)
+{
+    for (int i = 0; i < 4; ++i) {
+        low[i] = std::min(low[i], other.low[i]);
+        high[i] = std::max(high[i], other.high[i]);
+    }
+}
 
 inline TriangleTree::Box TriangleTree::Block::box(int place) const
 {

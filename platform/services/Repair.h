@@ -26,16 +26,26 @@ public:
         ERROR_ALL = 7,
     };
 
-    /// The number of each kind, as of the last evaluate().
+    /// The number of each kind, as of the last evaluate(). Triangles that use a vertex twice count
+    /// as degenerate only; their edges do not count.
     struct Counts
     {
+        /// Edges with one triangle.
         std::size_t borderEdges = 0;
+        /// Edges with more than two.
         std::size_t nonManifoldEdges = 0;
+        /// Edges with two that disagree in orientation.
         std::size_t inconsistentEdges = 0;
+        /// Triangles without area, and those with a coordinate that is no number.
         std::size_t degenerateTriangles = 0;
+        /// Of the triangles on the same three vertices all but one.
         std::size_t duplicateTriangles = 0;
+        /// Pairs of triangles that have a point in common which lies on no vertex and no edge of
+        /// both. Vertices at the same place count as one here, so solids may touch in whole edges.
         std::size_t selfIntersections = 0;
-        /// Shells that face the wrong way for their nesting; a cavity faces inward and is no error.
+        /// Shells (triangles joined over edges) that are closed and consistently oriented, but face
+        /// the wrong way for their nesting; a cavity faces inward and is no error. Shells that
+        /// cross do not lie within each other.
         std::size_t misorientedShells = 0;
 
         std::size_t total() const
@@ -72,7 +82,8 @@ public:
 
     /// Mends orientation, open seams, holes, degenerate and duplicate triangles, stray shells
     /// without volume and local self-intersections. The mesh is replaced only if the number of
-    /// errors fell; otherwise it stays as it was.
+    /// errors fell; otherwise it stays as it was. Coordinates of points that are kept do not
+    /// change. Shells that cross each other stay: they are for Intersect::boolean.
     ///
     /// returns  whether no error is left
     /// throws   Mell::AbortException from `progress`; the mesh then stays as it was

@@ -46,7 +46,7 @@ void fillHoles(Surface& surface, MeshRegion const& region, StageProgress& progre
             continue;
         std::vector<Surface::Face_index> patch;
         PMP::triangulate_hole(surface, hole, std::back_inserter(patch),
-                              CGAL::parameters::vertex_point_map(PolledPoints(surface, progress))
+                              CGAL::parameters::vertex_point_map(PolledPoints(surface.points()))
                                   .use_2d_constrained_delaunay_triangulation(true)
                                   .visitor(polling));
     }
@@ -57,11 +57,12 @@ void fillHoles(Surface& surface, MeshRegion const& region, StageProgress& progre
 bool closeSurface(MeshRegion& region, StageProgress& progress)
 {
     try {
+        PolledPoints::Scope const polling(progress);
         Surface surface;
         if (!buildSurface(region, surface, progress))
             return false;
         PMP::remove_degenerate_faces(
-            surface, CGAL::parameters::vertex_point_map(PolledPoints(surface, progress)));
+            surface, CGAL::parameters::vertex_point_map(PolledPoints(surface.points())));
         fillHoles(surface, region, progress);
         takeSurface(surface, region);
         return true;

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Smoothing takes a hundred rounds that cannot be left, and filling mends what it would.
+#define CGAL_PMP_REMOVE_SELF_INTERSECTIONS_NO_SMOOTHING
+
 #include "host/services/exact/PolledSurface.h"
 #include "host/services/exact/SurfaceMending.h"
 
@@ -39,6 +42,7 @@ bool removeLocalCrossings(MeshRegion& region, std::vector<std::uint32_t> const& 
                           StageProgress& progress)
 {
     try {
+        PolledPoints::Scope const polling(progress);
         Surface surface;
         if (!buildSurface(region, surface, progress))
             return false;
@@ -46,13 +50,13 @@ bool removeLocalCrossings(MeshRegion& region, std::vector<std::uint32_t> const& 
             surface.add_property_map<Surface::Face_index, std::uint32_t>("f:shell", newShell).first;
         for (Surface::Face_index face : surface.faces())
             shells[face] = shellOf[region.places[face]];
-        RemovalPolling polling;
-        polling.progress = &progress;
+        RemovalPolling visitor;
+        visitor.progress = &progress;
         PMP::experimental::remove_self_intersections(
-            surface, CGAL::parameters::vertex_point_map(PolledPoints(surface, progress))
+            surface, CGAL::parameters::vertex_point_map(PolledPoints(surface.points()))
                          .filter(IsOfTwoShells{shells})
                          .apply_per_connected_component(false)
-                         .visitor(polling));
+                         .visitor(visitor));
         takeSurface(surface, region);
         return true;
     } catch (std::exception const&) {

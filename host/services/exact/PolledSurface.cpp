@@ -7,6 +7,12 @@ constexpr char const* originName = "v:origin";
 
 }  // namespace
 
+StageProgress*& PolledPoints::Scope::current()
+{
+    static thread_local StageProgress* progress = nullptr;
+    return progress;
+}
+
 bool buildSurface(MeshRegion const& region, Surface& surface, StageProgress& progress)
 {
     using Vertex = Surface::Vertex_index;

@@ -8,6 +8,8 @@
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Surface_mesh.h>
 
+#include <utility>
+
 using SurfaceKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 using Surface = CGAL::Surface_mesh<SurfaceKernel::Point_3>;
 
@@ -22,19 +24,30 @@ public:
     using reference = value_type const&;
     using category = boost::lvalue_property_map_tag;
 
-    PolledPoints(Surface& surface, StageProgress& progress)
-        : m_points(surface.points()), m_progress(&progress)
-    {}
+    /// Names the progress that maps ask on this thread. Operations copy pieces of the surface and
+    /// make maps for them from nothing else, so no map can carry it.
+    class Scope
+    {
+    public:
+        explicit Scope(StageProgress& progress) : m_outer(std::exchange(current(), &progress)) {}
+        ~Scope() { current() = m_outer; }
+        Scope(Scope const&) = delete;
+        Scope& operator=(Scope const&) = delete;
 
-    /// Without questions: for the small pieces that an operation copies for itself.
+        static StageProgress*& current();
+
+    private:
+        StageProgress* m_outer;
+    };
+
     PolledPoints(Surface::Property_map<Surface::Vertex_index, SurfaceKernel::Point_3> points)
         : m_points(points)
     {}
 
     reference operator[](key_type vertex) const
     {
-        if (m_progress && ++m_reads % 256 == 0)
-            m_progress->add(0);
+        if (++m_reads % 256 == 0 && Scope::current())
+            Scope::current()->add(0);
         return m_points[vertex];
     }
 
@@ -46,7 +59,6 @@ public:
 
 private:
     Surface::Property_map<Surface::Vertex_index, SurfaceKernel::Point_3> m_points;
-    StageProgress* m_progress = nullptr;
     mutable unsigned m_reads = 0;
 };
 
