@@ -16,6 +16,9 @@ template <typename Record>
 class RecordIndex
 {
 public:
+    /// For records whose identifiers are known to be valid.
+    RecordIndex() = default;
+
     explicit RecordIndex(std::span<Record* const> list)
     {
         for (std::size_t i = 0; i < list.size(); ++i)
@@ -24,8 +27,6 @@ public:
                 return;
             }
     }
-
-    bool identifiersAreValid() const { return m_sorted.empty(); }
 
     /// The place of a record that is in the list.
     std::uint32_t operator()(Record const* record) const

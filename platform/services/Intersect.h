@@ -41,7 +41,7 @@ public:
     /// that the plane does not cross arrives whole in one side. Parts that cross themselves are cut
     /// all the same: the section is filled where its winding number is not zero, as many times over
     /// as that number says, so that every piece is closed and the volumes add up. Neighbour links
-    /// and triangle identifiers of the output are not set; vertex identifiers are.
+    /// and identifiers of the output are not set.
     ///
     /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
     ///          plane meets it, near (x, y, z). Repair the part and cut again." if the part has a

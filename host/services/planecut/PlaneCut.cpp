@@ -35,9 +35,9 @@ public:
             return whole(PlaneCutResult::Whole::above);
         if (m_copies.isEmpty(sideAbove))
             return whole(PlaneCutResult::Whole::below);
-        m_copies.copy();
-        if (m_points.settle(m_copies.meeting()))
-            m_copies.copy();
+        m_copies.copyTriangles();
+        if (auto const vertices = m_points.verticesInPlane(m_copies.meeting()); !vertices.empty())
+            m_copies.moveToPlane(vertices);
         SectionContours contours;
         m_walls.sort(contours);
         auto segments = contours.segments(m_points);

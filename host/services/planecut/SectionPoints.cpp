@@ -23,11 +23,10 @@ UPoint3<float> SectionPoints::crossing(std::uint32_t belowPlace, std::uint32_t a
                             m_source.vertices[abovePlace]->cP());
 }
 
-bool SectionPoints::settle(std::vector<UTriangle<float> const*> const& meeting)
+std::vector<std::uint32_t> SectionPoints::verticesInPlane(
+    std::vector<UTriangle<float> const*> const& meeting) const
 {
-    m_ofEdge.reserve(2 * meeting.size());
-    m_byPlace.reserve(2 * meeting.size());
-    bool isAnyMoved = false;
+    std::vector<std::uint32_t> found;
     for (UTriangle<float> const* const triangle : meeting)
         for (int i = 0; i < 3; ++i) {
             std::uint32_t below = m_copies.placeOf(triangle->cV(i));
@@ -38,12 +37,10 @@ bool SectionPoints::settle(std::vector<UTriangle<float> const*> const& meeting)
                 continue;
             UPoint3<float> const p = crossing(below, above);
             for (std::uint32_t const end : {below, above})
-                if (p == m_source.vertices[end]->cP()) {
-                    m_copies.moveToPlane(end);
-                    isAnyMoved = true;
-                }
+                if (p == m_source.vertices[end]->cP())
+                    found.push_back(end);
         }
-    return isAnyMoved;
+    return found;
 }
 
 std::uint32_t SectionPoints::add(UPoint3<float> const& place)

@@ -18,10 +18,10 @@ public:
 
     SectionPoints(SideCopies& copies, UMesh<float> const& source, CutPlane const& plane);
 
-    /// Counts every vertex as in the plane onto which the section point of one of its edges rounds,
-    /// for the given triangles. To be called before any point is asked for. Returns whether there
-    /// was any; the copies are then to be made anew.
-    bool settle(std::vector<UTriangle<float> const*> const& meeting);
+    /// The vertices, by place, onto which the section point of one of their edges rounds, for the
+    /// given triangles. They are to count as in the plane before any point is asked for.
+    std::vector<std::uint32_t> verticesInPlane(
+        std::vector<UTriangle<float> const*> const& meeting) const;
 
     std::uint32_t ofVertex(std::uint32_t vertexPlace);
     std::uint32_t ofEdge(std::uint32_t belowPlace, std::uint32_t abovePlace);

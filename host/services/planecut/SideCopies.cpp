@@ -7,6 +7,7 @@
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
+#include <atomic>
 #include <new>
 #include <thread>
 
@@ -27,6 +28,30 @@ void appendAddresses(std::vector<Record*>& list, std::vector<std::span<Record>> 
     for (std::span<Record> const run : runs)
         for (Record& place : run)
             list.push_back(&place);
+}
+
+/// How many records ahead memory is asked for: a record in the list, and what a record points at.
+constexpr std::size_t farAhead = 24;
+constexpr std::size_t nearAhead = 12;
+
+/// A triangle may lie across two cache lines.
+void prefetchRecord(UTriangle<float> const* triangle)
+{
+    __builtin_prefetch(triangle);
+    __builtin_prefetch(reinterpret_cast<char const*>(triangle + 1) - 1);
+}
+
+/// Makes a list of the records in the blocks' runs, with room for what the section adds.
+template <typename Block, typename Record>
+void collectRuns(std::vector<Block> const& blocks, std::size_t side, std::vector<Record*>& list)
+{
+    std::size_t count = 0;
+    for (Block const& block : blocks)
+        for (std::span<Record> const run : block.runs[side])
+            count += run.size();
+    list.reserve(count + count / 16);
+    for (Block const& block : blocks)
+        appendAddresses(list, block.runs[side]);
 }
 
 /// Hands out the places of some runs one after the other.
@@ -55,6 +80,12 @@ private:
 
 }  // namespace
 
+/// What one block of vertices comes to.
+struct SideCopies::VertexBlock
+{
+    std::array<std::vector<std::span<Vertex>>, 2> runs;
+};
+
 /// What one block of triangles comes to.
 struct SideCopies::TriangleBlock
 {
@@ -64,9 +95,18 @@ struct SideCopies::TriangleBlock
 
 SideCopies::SideCopies(UMesh<float> const& source, CutPlane const& plane,
                        std::function<void(int)> const& progress)
-    : m_source(source), m_plane(plane), m_progress(progress), m_place(source.vertices)
+    : m_source(source), m_plane(plane), m_progress(progress)
 {
-    classify();
+    copyVertices(false);
+}
+
+void SideCopies::moveToPlane(std::vector<std::uint32_t> const& places)
+{
+    for (std::uint32_t const place : places)
+        m_sides[place] = 0;
+    m_meeting.clear();
+    copyVertices(true);
+    copyTriangles();
 }
 
 /// Runs `work(block, begin, end)` over all blocks of `count` records.
@@ -90,67 +130,54 @@ void SideCopies::forBlocks(
                       });
 }
 
-void SideCopies::classify()
+void SideCopies::copyVertices(bool areSidesKnown)
 {
-    m_sides.resize(m_source.vertices.size());
-    forBlocks(m_sides.size(), 0, 10, [&](std::size_t, std::size_t begin, std::size_t end) {
-        for (std::size_t v = begin; v < end; ++v)
-            m_sides[v] = std::int8_t(m_plane.sideOf(m_source.vertices[v]->cP()));
-    });
-    count();
-}
-
-void SideCopies::count()
-{
-    m_counts = {};
-    m_blockCounts.assign(blocksOf(m_sides.size()), {});
-    for (std::size_t block = 0; block < m_blockCounts.size(); ++block) {
-        std::size_t const end = std::min(m_sides.size(), (block + 1) * blockSize);
-        std::uint32_t above = 0;
-        std::uint32_t below = 0;
-        for (std::size_t v = block * blockSize; v < end; ++v) {
-            above += m_sides[v] > 0;
-            below += m_sides[v] < 0;
-        }
-        m_blockCounts[block] = {above, below};
-        m_counts[sideAbove] += above;
-        m_counts[sideBelow] += below;
-    }
-}
-
-void SideCopies::copy()
-{
-    count();
-    m_meeting.clear();
     m_meshes = {std::make_unique<UMesh<float>>(), std::make_unique<UMesh<float>>()};
-    copyVertices();
-    copyTriangles();
+    m_sides.resize(m_source.vertices.size());
+    m_copies.resize(m_source.vertices.size());
+    std::vector<VertexBlock> blocks(blocksOf(m_source.vertices.size()));
+    std::atomic<bool> areIdentifiersValid = true;
+    auto const collect = [&] {
+        for (std::size_t side = 0; side < 2; ++side)
+            collectRuns(blocks, side, m_meshes[side]->vertices);
+    };
+    try {
+        forBlocks(m_source.vertices.size(), 0, 20,
+                  [&](std::size_t block, std::size_t begin, std::size_t end) {
+                      if (!copyVertexBlock(begin, end, areSidesKnown, blocks[block]))
+                          areIdentifiersValid = false;
+                  });
+    } catch (...) {
+        collect();
+        throw;
+    }
+    collect();
+    if (!areIdentifiersValid)
+        m_place = RecordIndex<Vertex>(m_source.vertices);
 }
 
-void SideCopies::copyVertices()
+/// Returns whether the identifiers of the block's vertices are their places.
+bool SideCopies::copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
+                                 VertexBlock& block)
 {
-    for (std::size_t side = 0; side < 2; ++side) {
-        m_meshes[side]->vertices.reserve(m_counts[side] + m_counts[side] / 16);
-        appendAddresses(m_meshes[side]->vertices,
-                        RecordSlabs::allocateRuns<Vertex>(m_counts[side]));
+    bool areIdentifiersValid = true;
+    std::array<std::size_t, 2> counts{};
+    for (std::size_t v = begin; v < end; ++v) {
+        Vertex const* const vertex = m_source.vertices[v];
+        areIdentifiersValid &= vertex->cID() == v;
+        if (!areSidesKnown)
+            m_sides[v] = std::int8_t(m_plane.sideOf(vertex->cP()));
+        counts[sideAbove] += m_sides[v] > 0;
+        counts[sideBelow] += m_sides[v] < 0;
     }
-    std::vector<std::array<std::size_t, 2>> starts(m_blockCounts.size() + 1);
-    for (std::size_t block = 0; block < m_blockCounts.size(); ++block)
-        for (std::size_t side = 0; side < 2; ++side)
-            starts[block + 1][side] = starts[block][side] + m_blockCounts[block][side];
-    m_copies.assign(m_sides.size(), nullptr);
-    // A cancel may leave raw memory in the lists; freeing it does not look at it.
-    forBlocks(m_sides.size(), 10, 20, [&](std::size_t block, std::size_t begin, std::size_t end) {
-        std::array<std::size_t, 2> place = starts[block];
-        for (std::size_t v = begin; v < end; ++v) {
-            if (m_sides[v] == 0)
-                continue;
-            std::size_t const side = m_sides[v] > 0 ? sideAbove : sideBelow;
-            Vertex* const raw = m_meshes[side]->vertices[place[side]];
-            m_copies[v] = new (raw) Vertex(m_source.vertices[v]->cP());
-            m_copies[v]->ID() = place[side]++;
-        }
-    });
+    for (std::size_t side = 0; side < 2; ++side)
+        block.runs[side] = RecordSlabs::allocateRuns<Vertex>(counts[side]);
+    std::array<RunCursor<Vertex>, 2> cursors{RunCursor(block.runs[0]), RunCursor(block.runs[1])};
+    for (std::size_t v = begin; v < end; ++v)
+        m_copies[v] = m_sides[v] == 0 ? nullptr
+                                      : new (cursors[m_sides[v] > 0 ? sideAbove : sideBelow].next())
+                                            Vertex(m_source.vertices[v]->cP());
+    return areIdentifiersValid;
 }
 
 void SideCopies::copyTriangles()
@@ -176,6 +203,11 @@ void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& bl
     std::array<std::int8_t, blockSize> sides;
     std::array<std::size_t, 2> counts{};
     for (std::size_t t = begin; t < end; ++t) {
+        if (t + farAhead < end)
+            prefetchRecord(m_source.triangles[t + farAhead]);
+        if (t + nearAhead < end)
+            for (int i = 0; i < 3; ++i)
+                __builtin_prefetch(m_source.triangles[t + nearAhead]->cV(i));
         Triangle const* const triangle = m_source.triangles[t];
         std::uint32_t* const places = &corners[(t - begin) * 3];
         for (int i = 0; i < 3; ++i)
@@ -197,23 +229,17 @@ void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& bl
         if (side == 0)
             continue;
         std::uint32_t const* const places = &corners[(t - begin) * 3];
-        new (cursors[side > 0 ? sideAbove : sideBelow].next())
-            Triangle(m_copies[places[0]], m_copies[places[1]], m_copies[places[2]],
-                     m_source.triangles[t]->cN());
+        Triangle* const place = cursors[side > 0 ? sideAbove : sideBelow].next();
+        __builtin_prefetch(place + farAhead, 1);
+        new (place) Triangle(m_copies[places[0]], m_copies[places[1]], m_copies[places[2]],
+                             m_source.triangles[t]->cN());
     }
 }
 
 void SideCopies::collect(std::vector<TriangleBlock> const& blocks)
 {
-    for (std::size_t side = 0; side < 2; ++side) {
-        std::size_t count = 0;
-        for (TriangleBlock const& block : blocks)
-            for (auto const& run : block.runs[side])
-                count += run.size();
-        m_meshes[side]->triangles.reserve(count + count / 16);
-        for (TriangleBlock const& block : blocks)
-            appendAddresses(m_meshes[side]->triangles, block.runs[side]);
-    }
+    for (std::size_t side = 0; side < 2; ++side)
+        collectRuns(blocks, side, m_meshes[side]->triangles);
     for (TriangleBlock const& block : blocks)
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
 }

@@ -30,21 +30,22 @@ public:
     using Vertex = UVertex<float>;
     using Triangle = UTriangle<float>;
 
+    /// Finds every vertex's side and copies the vertices.
     SideCopies(UMesh<float> const& source, CutPlane const& plane,
                std::function<void(int)> const& progress);
 
-    /// True if no vertex lies on the given side, so that everything belongs to the other one. The
-    /// copies have not been made then.
-    bool isEmpty(CutSide side) const { return m_counts[side] == 0; }
+    /// True if no vertex lies on the given side, so that everything belongs to the other one.
+    bool isEmpty(CutSide side) const { return m_meshes[side]->vertices.empty(); }
 
-    /// Makes the copies, dropping those made before. Called if neither side is empty.
-    void copy();
+    /// Copies the triangles.
+    void copyTriangles();
+
+    /// Counts the given vertices as in the plane, and makes all copies anew.
+    void moveToPlane(std::vector<std::uint32_t> const& places);
 
     std::uint32_t placeOf(Vertex const* vertex) const { return m_place(vertex); }
     /// +1, -1 or 0 by a vertex's place.
     int sideOf(std::uint32_t place) const { return m_sides[place]; }
-    /// Counts a vertex as in the plane from the next copy() on.
-    void moveToPlane(std::uint32_t place) { m_sides[place] = 0; }
     /// The copy of a vertex on its own side; null for one that is exactly in the plane.
     Vertex* copyOf(std::uint32_t place) const { return m_copies[place]; }
 
@@ -54,12 +55,12 @@ public:
     std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
 
 private:
+    struct VertexBlock;
     struct TriangleBlock;
 
-    void classify();
-    void count();
-    void copyVertices();
-    void copyTriangles();
+    void copyVertices(bool areSidesKnown);
+    bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
+                         VertexBlock& block);
     void copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const;
     void collect(std::vector<TriangleBlock> const& blocks);
     void forBlocks(std::size_t count, int percentBegin, int percentEnd,
@@ -71,8 +72,6 @@ private:
     RecordIndex<Vertex> m_place;
     std::vector<std::int8_t> m_sides;
     std::vector<Vertex*> m_copies;
-    std::vector<std::array<std::uint32_t, 2>> m_blockCounts;
-    std::array<std::size_t, 2> m_counts{};
     std::vector<Triangle const*> m_meeting;
     std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
 };
