@@ -210,7 +210,6 @@ TEST(FormatRoundTrip, AnIndependentProgramFindsAWrittenStlClosed)
     for (std::string const name : {"stl", "stl-ascii"}) {
         auto const path = written(folder, name, *kernel);
         auto const report = folder / "report";
-        // -n to -d: check only, with the normals' directions and values.
         std::string const command =
             "admesh '" + path.string() + "' > '" + report.string() + "' 2>&1";
         ASSERT_EQ(std::system(command.c_str()), 0);
