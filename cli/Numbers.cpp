@@ -6,6 +6,13 @@
 #include <charconv>
 #include <cmath>
 
+namespace {
+
+/// Beyond it the arithmetic on planes would overflow.
+constexpr float longestLength = 1e9f;
+
+}  // namespace
+
 std::string fixed(double value, int decimals)
 {
     char text[400];
@@ -46,8 +53,11 @@ float parseMillimetres(std::string const& text, std::string const& option)
     char const* const end = text.data() + text.size();
     float value = 0;
     auto const [stop, error] = std::from_chars(begin, end, value);
-    if (error != std::errc() || stop != end || !std::isfinite(value))
-        throw UsageError(option + " takes a height in millimetres such as 12.5, but got \"" + text +
-                         "\".");
+    // Not so for "not a number" either.
+    bool const isSensible = std::fabs(value) <= longestLength;
+    if (error != std::errc() || stop != end || !isSensible)
+        throw UsageError(option +
+                         " takes millimetres such as 12.5, up to a million metres, but got \"" +
+                         text + "\".");
     return value;
 }

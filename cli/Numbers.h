@@ -15,6 +15,6 @@ std::string grouped(std::size_t count);
 /// The double that has the same shortest text as the float: 0.1f gives 0.1.
 double tidy(float value);
 
-/// A number from the command line. Throws UsageError that names the option if the text is not a
-/// finite number within the range of float.
+/// A length from the command line. Throws UsageError that names the option if the text is not a
+/// number or too large to be one.
 float parseMillimetres(std::string const& text, std::string const& option);

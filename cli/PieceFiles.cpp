@@ -59,7 +59,7 @@ fs::path PieceFiles::reserve(std::string const& name, Formats::MeshFormat const&
     auto const fileNamed = [&](std::string file) {
         file += '.';
         file += format.extensions().front();
-        return m_folder / file;
+        return m_folder == "." ? fs::path(file) : m_folder / file;
     };
     fs::path path = fileNamed(stem);
     for (int number = 2; !m_reserved.insert(path).second; ++number)

@@ -48,7 +48,7 @@ TEST(FreecutZCut, TheReportTellsEverythingAndStandsAloneOnStandardOutput)
     EXPECT_EQ(fields, (Names{"name", "file", "triangles", "vertices", "shells", "volume", "area",
                              "closed", "box"}));
     EXPECT_EQ(upper["name"], "part_cut1");
-    EXPECT_EQ(upper["file"], "./part_cut1.stl");
+    EXPECT_EQ(upper["file"], "part_cut1.stl");
     EXPECT_EQ(upper["triangles"], folder.mesh("part_cut1.stl").triangles.size());
     EXPECT_EQ(upper["shells"], 1);
     EXPECT_NEAR(upper["volume"].get<double>(), 18, 1e-9);
@@ -185,6 +185,9 @@ TEST(FreecutZCut, WrongUsageEndsWithTwo)
                             {"zcut", "a.stl", "--height", "1", "--heights", "1"},
                             {"zcut", "a.stl", "--height", "high"},
                             {"zcut", "a.stl", "--height", "nan"},
+                            {"zcut", "a.stl", "--height", "inf"},
+                            {"zcut", "a.stl", "--height", "-3e38"},
+                            {"zcut", "a.stl", "--height", "1e99"},
                             {"zcut", "a.stl", "--height", "1,5"},
                             {"zcut", "a.stl", "--heights", "1,2"},
                             {"zcut", "a.stl", "--height", "1", "--format", "doc"},

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/ResultIntegration.h"
+#include "platform/document/RenamePara.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace {
 
@@ -77,6 +80,16 @@ TEST(ResultIntegration, ThePieceCountIsThatOfTheSourceItself)
     EXPECT_EQ(parts[whole][0]->getName(), "whole(cut)");
     EXPECT_EQ(parts[halved][0]->getName(), "halved_cut1");
     EXPECT_EQ(parts[halved][1]->getName(), "halved_cut2");
+}
+
+TEST(ResultIntegration, TheSuffixIsThatOfTheRenameSettings)
+{
+    TestDocument test;
+    QString const before = std::exchange(Mesh::g_RenamePara.suffix, "-teil");
+    auto* const part = test.add(box(1, 1, 3), "part");
+    auto parts = integrate(test, {{part, pieces(2)}}, {});
+    Mesh::g_RenamePara.suffix = before;
+    EXPECT_EQ(parts[part][0]->getName(), "part-teil1");
 }
 
 TEST(ResultIntegration, GeometryMovesAndThePieceIsLeftEmpty)
