@@ -4,6 +4,7 @@
 #include "host/mesh/RecordSlabs.h"
 
 #include <tbb/blocked_range.h>
+#include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 
 namespace {
 
-// A block and its copies stay in the second-level cache between the two loops over it.
 constexpr std::size_t blockSize = 2048;
 
 std::size_t blocksOf(std::size_t count)
@@ -54,31 +54,85 @@ void collectRuns(std::vector<Block> const& blocks, std::size_t side, std::vector
         appendAddresses(list, block.runs[side]);
 }
 
-/// Hands out the places of some runs one after the other.
+/// Raw records that a thread has in hand, so that the blocks it works on lie one after the other.
 template <typename Record>
-class RunCursor
+class RecordStock
 {
 public:
-    explicit RunCursor(std::vector<std::span<Record>> const& runs) : m_runs(runs) {}
+    RecordStock() = default;
+    RecordStock(RecordStock const&) = delete;
+    RecordStock& operator=(RecordStock const&) = delete;
 
-    Record* next()
+    ~RecordStock()
     {
-        while (m_place == m_end) {
-            m_place = m_runs[m_run].data();
-            m_end = m_place + m_runs[m_run].size();
-            ++m_run;
-        }
-        return m_place++;
+        for (std::span<Record> const run : m_runs)
+            RecordSlabs::releaseRun(run);
+    }
+
+    /// A run of at least one record, which leaves the stock.
+    std::span<Record> take()
+    {
+        if (m_runs.empty())
+            m_runs = RecordSlabs::allocateRuns<Record>(blockSize);
+        std::span<Record> const run = m_runs.back();
+        m_runs.pop_back();
+        return run;
+    }
+
+    void putBack(std::span<Record> run)
+    {
+        if (!run.empty())
+            m_runs.push_back(run);
     }
 
 private:
-    std::vector<std::span<Record>> const& m_runs;
-    std::size_t m_run = 0;
-    Record* m_place = nullptr;
-    Record* m_end = nullptr;
+    std::vector<std::span<Record>> m_runs;
+};
+
+/// Hands out raw records from a stock one after the other and notes the runs they lie in.
+template <typename Record>
+class RecordSource
+{
+public:
+    RecordSource(RecordStock<Record>& stock, std::vector<std::span<Record>>& used)
+        : m_stock(stock), m_used(used)
+    {}
+
+    Record* next()
+    {
+        if (m_next == m_run.size()) {
+            finish();
+            m_run = m_stock.take();
+        }
+        // The place that is written to next but some is fetched while this one is filled.
+        __builtin_prefetch(m_run.data() + m_next + farAhead, 1);
+        return m_run.data() + m_next++;
+    }
+
+    void finish()
+    {
+        if (m_next > 0)
+            m_used.push_back(m_run.first(m_next));
+        m_stock.putBack(m_run.subspan(m_next));
+        m_run = {};
+        m_next = 0;
+    }
+
+private:
+    RecordStock<Record>& m_stock;
+    std::vector<std::span<Record>>& m_used;
+    std::span<Record> m_run;
+    std::size_t m_next = 0;
 };
 
 }  // namespace
+
+/// A thread's stocks, by side.
+struct SideCopies::Stocks
+{
+    std::array<RecordStock<Vertex>, 2> vertices;
+    std::array<RecordStock<Triangle>, 2> triangles;
+};
 
 /// What one block of vertices comes to.
 struct SideCopies::VertexBlock
@@ -109,17 +163,18 @@ void SideCopies::moveToPlane(std::vector<std::uint32_t> const& places)
     copyTriangles();
 }
 
-/// Runs `work(block, begin, end)` over all blocks of `count` records.
-void SideCopies::forBlocks(
-    std::size_t count, int percentBegin, int percentEnd,
-    std::function<void(std::size_t, std::size_t, std::size_t)> const& work) const
+/// Runs `work(stocks, block, begin, end)` over all blocks of `count` records.
+template <typename Work>
+void SideCopies::forBlocks(std::size_t count, int percentBegin, int percentEnd,
+                           Work const& work) const
 {
     std::size_t const blocks = blocksOf(count);
     auto const caller = std::this_thread::get_id();
+    tbb::enumerable_thread_specific<Stocks> stocks;
     auto const run = [&](std::size_t block) {
         if (m_progress && std::this_thread::get_id() == caller)
             m_progress(percentBegin + int(block * std::size_t(percentEnd - percentBegin) / blocks));
-        work(block, block * blockSize, std::min(count, (block + 1) * blockSize));
+        work(stocks.local(), block, block * blockSize, std::min(count, (block + 1) * blockSize));
     };
     if (blocks == 1)
         return run(0);
@@ -143,8 +198,8 @@ void SideCopies::copyVertices(bool areSidesKnown)
     };
     try {
         forBlocks(m_source.vertices.size(), 0, 20,
-                  [&](std::size_t block, std::size_t begin, std::size_t end) {
-                      if (!copyVertexBlock(begin, end, areSidesKnown, blocks[block]))
+                  [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
+                      if (!copyVertexBlock(begin, end, areSidesKnown, stocks, blocks[block]))
                           areIdentifiersValid = false;
                   });
     } catch (...) {
@@ -158,25 +213,25 @@ void SideCopies::copyVertices(bool areSidesKnown)
 
 /// Returns whether the identifiers of the block's vertices are their places.
 bool SideCopies::copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
-                                 VertexBlock& block)
+                                 Stocks& stocks, VertexBlock& block)
 {
     bool areIdentifiersValid = true;
-    std::array<std::size_t, 2> counts{};
+    std::array<RecordSource<Vertex>, 2> sources{RecordSource(stocks.vertices[0], block.runs[0]),
+                                                RecordSource(stocks.vertices[1], block.runs[1])};
     for (std::size_t v = begin; v < end; ++v) {
+        if (v + farAhead < end)
+            __builtin_prefetch(m_source.vertices[v + farAhead]);
         Vertex const* const vertex = m_source.vertices[v];
         areIdentifiersValid &= vertex->cID() == v;
         if (!areSidesKnown)
             m_sides[v] = std::int8_t(m_plane.sideOf(vertex->cP()));
-        counts[sideAbove] += m_sides[v] > 0;
-        counts[sideBelow] += m_sides[v] < 0;
+        int const side = m_sides[v];
+        m_copies[v] = side == 0 ? nullptr
+                                : new (sources[side > 0 ? sideAbove : sideBelow].next())
+                                      Vertex(vertex->cP());
     }
-    for (std::size_t side = 0; side < 2; ++side)
-        block.runs[side] = RecordSlabs::allocateRuns<Vertex>(counts[side]);
-    std::array<RunCursor<Vertex>, 2> cursors{RunCursor(block.runs[0]), RunCursor(block.runs[1])};
-    for (std::size_t v = begin; v < end; ++v)
-        m_copies[v] = m_sides[v] == 0 ? nullptr
-                                      : new (cursors[m_sides[v] > 0 ? sideAbove : sideBelow].next())
-                                            Vertex(m_source.vertices[v]->cP());
+    for (RecordSource<Vertex>& source : sources)
+        source.finish();
     return areIdentifiersValid;
 }
 
@@ -185,8 +240,8 @@ void SideCopies::copyTriangles()
     std::vector<TriangleBlock> blocks(blocksOf(m_source.triangles.size()));
     try {
         forBlocks(m_source.triangles.size(), 20, 60,
-                  [&](std::size_t block, std::size_t begin, std::size_t end) {
-                      copyBlock(begin, end, blocks[block]);
+                  [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
+                      copyTriangleBlock(begin, end, stocks, blocks[block]);
                   });
     } catch (...) {
         collect(blocks);
@@ -195,13 +250,11 @@ void SideCopies::copyTriangles()
     collect(blocks);
 }
 
-void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const
+void SideCopies::copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
+                                   TriangleBlock& block) const
 {
-    // First the sides, so that the block's records can be had in one piece; then the copies, while
-    // the block is still in the cache.
-    std::array<std::uint32_t, blockSize * 3> corners;
-    std::array<std::int8_t, blockSize> sides;
-    std::array<std::size_t, 2> counts{};
+    std::array<RecordSource<Triangle>, 2> sources{RecordSource(stocks.triangles[0], block.runs[0]),
+                                                  RecordSource(stocks.triangles[1], block.runs[1])};
     for (std::size_t t = begin; t < end; ++t) {
         if (t + farAhead < end)
             prefetchRecord(m_source.triangles[t + farAhead]);
@@ -209,31 +262,19 @@ void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& bl
             for (int i = 0; i < 3; ++i)
                 __builtin_prefetch(m_source.triangles[t + nearAhead]->cV(i));
         Triangle const* const triangle = m_source.triangles[t];
-        std::uint32_t* const places = &corners[(t - begin) * 3];
-        for (int i = 0; i < 3; ++i)
-            places[i] = m_place(triangle->cV(i));
-        int const first = m_sides[places[0]];
-        bool const isWhole =
-            first != 0 && m_sides[places[1]] == first && m_sides[places[2]] == first;
-        sides[t - begin] = std::int8_t(isWhole ? first : 0);
-        counts[sideAbove] += isWhole && first > 0;
-        counts[sideBelow] += isWhole && first < 0;
-        if (!isWhole)
+        std::uint32_t const a = m_place(triangle->cV(0));
+        std::uint32_t const b = m_place(triangle->cV(1));
+        std::uint32_t const c = m_place(triangle->cV(2));
+        int const side = m_sides[a];
+        if (side == 0 || m_sides[b] != side || m_sides[c] != side) {
             block.meeting.push_back(triangle);
-    }
-    for (std::size_t side = 0; side < 2; ++side)
-        block.runs[side] = RecordSlabs::allocateRuns<Triangle>(counts[side]);
-    std::array<RunCursor<Triangle>, 2> cursors{RunCursor(block.runs[0]), RunCursor(block.runs[1])};
-    for (std::size_t t = begin; t < end; ++t) {
-        int const side = sides[t - begin];
-        if (side == 0)
             continue;
-        std::uint32_t const* const places = &corners[(t - begin) * 3];
-        Triangle* const place = cursors[side > 0 ? sideAbove : sideBelow].next();
-        __builtin_prefetch(place + farAhead, 1);
-        new (place) Triangle(m_copies[places[0]], m_copies[places[1]], m_copies[places[2]],
-                             m_source.triangles[t]->cN());
+        }
+        new (sources[side > 0 ? sideAbove : sideBelow].next())
+            Triangle(m_copies[a], m_copies[b], m_copies[c], triangle->cN());
     }
+    for (RecordSource<Triangle>& source : sources)
+        source.finish();
 }
 
 void SideCopies::collect(std::vector<TriangleBlock> const& blocks)
