@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/ExactSigns.h"
+#include "host/mesh/ExactSigns.h"
 
 #include "host/services/exact/ArbitrarySigns.h"
 
