@@ -92,9 +92,4 @@ int orient2dExact(Point const& a, Point const& b, Point const& c, int droppedAxi
     return sign(m[0] * m[1] - m[2] * m[3]);
 }
 
-bool areCollinear(Point const& a, Point const& b, Point const& c)
-{
-    return orient2d(a, b, c, 0) == 0 && orient2d(a, b, c, 1) == 0 && orient2d(a, b, c, 2) == 0;
-}
-
 }  // namespace ExactSigns

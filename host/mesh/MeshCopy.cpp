@@ -101,19 +101,3 @@ std::unique_ptr<UMesh<float>> copySelected(UMesh<float> const& source,
     copy->UpdateTrisID();
     return copy;
 }
-
-void transformMesh(UMesh<float>& mesh, UMatrix4<float> const& matrix)
-{
-    for (Vertex* const vertex : mesh.vertices) {
-        vertex->P() = matrix * vertex->cP();
-        vertex->VFp() = nullptr;
-    }
-    bool const isReflection = matrix.linearDeterminant() < 0;
-    for (Triangle* const triangle : mesh.triangles) {
-        if (isReflection)
-            std::swap(triangle->V0(1), triangle->V0(2));
-        triangle->N() = triangle->ComputeNormalizedNormal();
-        for (int i = 0; i < 3; ++i)
-            triangle->FFp(i) = nullptr;
-    }
-}

@@ -51,8 +51,8 @@ public:
     /// Which way a triangle in the plane faces: +1 along N, -1 against it, 0 if it has no area.
     int facing(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c) const;
 
-    /// True if the plane mesh covers a point of the plane.
-    bool covers(std::array<double, 2> const& p) const;
+    /// True if the plane mesh covers a point of the plane, both seen in the plane's coordinates.
+    bool covers(UPoint3<float> const& p) const;
 
     UVector3<float> unitNormal() const;
 
@@ -65,7 +65,7 @@ private:
     int exactSideOf(UPoint3<float> const& p) const;
 
     std::array<UPoint3<float>, 3> m_corners;
-    std::vector<std::array<std::array<double, 2>, 3>> m_triangles;
+    std::vector<std::array<UPoint3<float>, 3>> m_triangles;
     double m_origin[3];
     double m_normal[3];
     double m_magnitude[3];

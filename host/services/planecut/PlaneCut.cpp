@@ -60,7 +60,7 @@ private:
     void checkReach(std::vector<Exact::SectionSegment> const& segments) const
     {
         for (Exact::SectionSegment const& segment : segments)
-            if (!m_plane.covers(m_plane.project(m_points.place(segment.from))))
+            if (!m_plane.covers(m_points.place(segment.from)))
                 throw Mell::Exception(
                     "The cutting plane ends within the part. Make the plane larger than the part.");
     }
