@@ -85,7 +85,8 @@ public:
     virtual void meshConvertToRealCoord();
 
     /// Volume (mm^3, positive for an outward-facing solid) and surface (mm^2) of the placed part.
-    /// Kept until the mesh or the placement changes.
+    /// An open mesh counts as closed by cones to the origin. Kept until the mesh or the placement
+    /// changes.
     virtual void getPartVolumnAndArea(double& volume, double& area) const;
     /// True makes the next getPartVolumnAndArea compute anew.
     virtual void setUpdateVolumnAndArea(bool update);
