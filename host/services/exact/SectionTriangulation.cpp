@@ -84,6 +84,7 @@ public:
 
     SectionFilling fill()
     {
+        report(0);
         insertPoints();
         insertSegments();
         // Contours without area leave nothing to fill.

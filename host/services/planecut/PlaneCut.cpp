@@ -13,8 +13,11 @@ using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 using Corners = std::array<std::uint32_t, 3>;
 
+// Percentages at the end of each stage.
 constexpr int copiesDone = 60;
-constexpr int fillingDone = 95;
+constexpr int sortingDone = 70;
+constexpr int fillingDone = 90;
+constexpr int wallsDone = 96;
 
 class PlaneCutter
 {
@@ -39,11 +42,11 @@ public:
         if (auto const vertices = m_points.verticesInPlane(m_copies.meeting()); !vertices.empty())
             m_copies.moveToPlane(vertices);
         SectionContours contours;
-        m_walls.sort(contours);
+        m_walls.sort(contours, stage(copiesDone, sortingDone));
         auto segments = contours.segments(m_points);
         checkReach(segments);
         Exact::SectionFilling const filling = fill(segments);
-        m_walls.write(segments);
+        m_walls.write(segments, stage(fillingDone, wallsDone));
         writeCaps(filling);
         return finish(filling);
     }
@@ -54,6 +57,15 @@ private:
         PlaneCutResult result;
         result.whole = side;
         return result;
+    }
+
+    /// The job's progress for a stage that reports its own percentage.
+    std::function<void(int)> stage(int begin, int end) const
+    {
+        if (!m_progress)
+            return {};
+        return
+            [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
     }
 
     /// A plane mesh that ends within the part would ask for a cut of another kind.
@@ -71,12 +83,7 @@ private:
         places.reserve(m_points.size());
         for (std::uint32_t i = 0; i < m_points.size(); ++i)
             places.push_back(m_plane.project(m_points.place(i)));
-        std::function<void(int)> scaled;
-        if (m_progress)
-            scaled = [this](int percent) {
-                m_progress(copiesDone + percent * (fillingDone - copiesDone) / 100);
-            };
-        auto filling = Exact::fillSection(places, segments, scaled);
+        auto filling = Exact::fillSection(places, segments, stage(sortingDone, fillingDone));
         for (std::size_t i = m_points.size(); i < places.size(); ++i)
             m_points.add(m_plane.lift(places[i]));
         return filling;
