@@ -72,44 +72,43 @@ struct OtherLanguage : QTranslator
     }
 };
 
+/// A document with one part, shown in a view.
+class ZCutClosing : public testing::Test
+{
+protected:
+    ZCutClosing()
+    {
+        NotingProvider::enter();
+        calls.clear();
+    }
+
+    TestDocument test;
+    Mesh::DocumentObject* part = test.add(box(2, 3, 4), "box");
+    NotingView view{*test.document};
+    ZCutRun run;
+};
+
 }  // namespace
 
-TEST(ZCutClosing, NewPartsAreRefreshedInOrderThenTheStepEndsAndTheViewIsRedrawn)
+TEST_F(ZCutClosing, NewPartsAreRefreshedInOrderThenTheStepEndsAndTheViewIsRedrawn)
 {
-    NotingProvider::enter();
-    TestDocument test;
-    auto* const part = test.add(box(2, 3, 4), "box");
-    NotingView const view(*test.document);
-    calls.clear();
-    ZCutRun run;
     QObject::connect(&run.cut, &Freecut::SectionZCut::finished,
                      [](int code, QString const&) { calls.push_back(std::to_string(code)); });
     run.cutAt(test, {part}, 1);
     EXPECT_EQ(calls, (Names{"refresh box_cut1 open", "refresh box_cut2 open", "redraw test", "1"}));
 }
 
-TEST(ZCutClosing, WithoutUndoTheViewIsBroughtUpToDateAllTheSame)
+TEST_F(ZCutClosing, WithoutUndoTheViewIsBroughtUpToDateAllTheSame)
 {
-    NotingProvider::enter();
-    TestDocument test;
-    auto* const part = test.add(box(2, 3, 4), "box");
-    NotingView const view(*test.document);
-    calls.clear();
-    ZCutRun run;
     run.cut.setPara({.undoable = false, .repair = false});
     run.cutAt(test, {part}, 1);
     EXPECT_EQ(calls, (Names{"refresh box", "refresh box", "redraw test"}));
 }
 
-TEST(ZCutClosing, PiecesGoIntoTheDocumentThatIsActiveThen)
+TEST_F(ZCutClosing, PiecesGoIntoTheDocumentThatIsActiveThen)
 {
-    TestDocument test;
-    auto* const part = test.add(box(2, 3, 4), "box");
     Mesh::Document* const active = test.application.newDocument("active");
-    NotingView const view(*test.document);
     NotingView const activeView(*active);
-    calls.clear();
-    ZCutRun run;
     run.cutAt(test, {part}, 1);
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(test.names(), Names{"box"});
@@ -120,13 +119,10 @@ TEST(ZCutClosing, PiecesGoIntoTheDocumentThatIsActiveThen)
     EXPECT_EQ(calls, Names{"redraw active"});
 }
 
-TEST(ZCutClosing, TitleStepAndMessageAreNotTranslated)
+TEST_F(ZCutClosing, TitleStepAndMessageAreNotTranslated)
 {
-    TestDocument test;
     PluggedSink const sink;
     OtherLanguage const language;
-    auto* const part = test.add(box(2, 3, 4), "box");
-    ZCutRun run;
     run.cutAt(test, {part}, 1);
     EXPECT_EQ(sink->titles(), Names{"Section Cut"});
     EXPECT_EQ(test.document->undoNames(), Names{"Section Cut"});
@@ -137,7 +133,7 @@ TEST(ZCutClosing, TitleStepAndMessageAreNotTranslated)
     EXPECT_EQ(failing.message, "An error occurred in triangulate.");
 }
 
-TEST(ZCutClosing, CutsAreUndoableAndRepairedUnlessToldOtherwise)
+TEST_F(ZCutClosing, CutsAreUndoableAndRepairedUnlessToldOtherwise)
 {
     Freecut::SectionZCut::ZCutParas const paras;
     EXPECT_TRUE(paras.undoable);

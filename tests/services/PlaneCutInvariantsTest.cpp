@@ -21,8 +21,9 @@ void expectGoodCut(Soup const& part, NamedPlane const& plane, std::string const&
     double const volume = volumeOf(part);
     EXPECT_NEAR(volumeOf(above) + volumeOf(below), volume, 1e-6 * std::abs(volume));
     // Shells may lie on both sides of a plane that cuts none of them.
-    if (above.triangles.empty() || below.triangles.empty())
+    if (above.triangles.empty() || below.triangles.empty()) {
         EXPECT_TRUE(section.triangles.empty());
+    }
 
     UVector3<double> normal(plane.normal.X(), plane.normal.Y(), plane.normal.Z());
     normal.Normalize();

@@ -44,8 +44,12 @@ public:
         SectionContours contours;
         m_walls.sort(contours, stage(copiesDone, sortingDone));
         auto segments = contours.segments(m_points);
-        checkReach(segments);
+        bool const isCovered = isWithinPlane(segments);
         Exact::SectionFilling const filling = fill(segments);
+        if (!isCovered) {
+            checkIsBesidePlane(filling);
+            return whole(PlaneCutResult::Whole::above);
+        }
         m_walls.write(segments, stage(fillingDone, wallsDone));
         writeCaps(filling);
         return finish(filling);
@@ -68,11 +72,23 @@ private:
             [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
     }
 
-    /// A plane mesh that ends within the part would ask for a cut of another kind.
-    void checkReach(std::vector<Exact::SectionSegment> const& segments) const
+    /// Whether the plane mesh, which is convex, covers the whole section.
+    bool isWithinPlane(std::vector<Exact::SectionSegment> const& segments) const
     {
-        for (Exact::SectionSegment const& segment : segments)
-            if (!m_plane.covers(m_points.place(segment.from)))
+        return std::all_of(segments.begin(), segments.end(),
+                           [this](Exact::SectionSegment const& segment) {
+                               return m_plane.covers(m_points.place(segment.from)) &&
+                                      m_plane.covers(m_points.place(segment.to));
+                           });
+    }
+
+    /// A part that the plane mesh does not meet stays whole. One that it meets in a part of the
+    /// section only would ask for a cut of another kind.
+    void checkIsBesidePlane(Exact::SectionFilling const& filling) const
+    {
+        for (Corners const& t : filling.triangles)
+            if (m_plane.overlaps(
+                    {m_points.place(t[0]), m_points.place(t[1]), m_points.place(t[2])}))
                 throw Mell::Exception(
                     "The cutting plane ends within the part. Make the plane larger than the part.");
     }
