@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SideCopies.h"
 
-#include "host/mesh/RecordSlabs.h"
+#include "host/mesh/RecordStock.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
@@ -54,76 +54,30 @@ void collectRuns(std::vector<Block> const& blocks, std::size_t side, std::vector
         appendAddresses(list, block.runs[side]);
 }
 
-/// Raw records that a thread has in hand, so that the blocks it works on lie one after the other.
+/// Has the stocks of both sides note what they hand out for one block.
 template <typename Record>
-class RecordStock
+void beginNotes(std::array<RecordStock<Record>, 2>& stocks,
+                std::array<std::vector<std::span<Record>>, 2>& runs)
 {
-public:
-    RecordStock() = default;
-    RecordStock(RecordStock const&) = delete;
-    RecordStock& operator=(RecordStock const&) = delete;
+    for (std::size_t side = 0; side < 2; ++side)
+        stocks[side].beginNotes(runs[side]);
+}
 
-    ~RecordStock()
-    {
-        for (std::span<Record> const run : m_runs)
-            RecordSlabs::releaseRun(run);
-    }
-
-    /// A run of at least one record, which leaves the stock.
-    std::span<Record> take()
-    {
-        if (m_runs.empty())
-            m_runs = RecordSlabs::allocateRuns<Record>(blockSize);
-        std::span<Record> const run = m_runs.back();
-        m_runs.pop_back();
-        return run;
-    }
-
-    void putBack(std::span<Record> run)
-    {
-        if (!run.empty())
-            m_runs.push_back(run);
-    }
-
-private:
-    std::vector<std::span<Record>> m_runs;
-};
-
-/// Hands out raw records from a stock one after the other and notes the runs they lie in.
 template <typename Record>
-class RecordSource
+void endNotes(std::array<RecordStock<Record>, 2>& stocks)
 {
-public:
-    RecordSource(RecordStock<Record>& stock, std::vector<std::span<Record>>& used)
-        : m_stock(stock), m_used(used)
-    {}
+    for (RecordStock<Record>& stock : stocks)
+        stock.endNotes();
+}
 
-    Record* next()
-    {
-        if (m_next == m_run.size()) {
-            finish();
-            m_run = m_stock.take();
-        }
-        // The place that is written to next but some is fetched while this one is filled.
-        __builtin_prefetch(m_run.data() + m_next + farAhead, 1);
-        return m_run.data() + m_next++;
-    }
-
-    void finish()
-    {
-        if (m_next > 0)
-            m_used.push_back(m_run.first(m_next));
-        m_stock.putBack(m_run.subspan(m_next));
-        m_run = {};
-        m_next = 0;
-    }
-
-private:
-    RecordStock<Record>& m_stock;
-    std::vector<std::span<Record>>& m_used;
-    std::span<Record> m_run;
-    std::size_t m_next = 0;
-};
+/// A place on the given side of the plane; the one that is written to next but some is fetched.
+template <typename Record>
+Record* takePlace(std::array<RecordStock<Record>, 2>& stocks, int side)
+{
+    Record* const place = stocks[side > 0 ? sideAbove : sideBelow].take();
+    __builtin_prefetch(place + farAhead, 1);
+    return place;
+}
 
 }  // namespace
 
@@ -216,8 +170,7 @@ bool SideCopies::copyVertexBlock(std::size_t begin, std::size_t end, bool areSid
                                  Stocks& stocks, VertexBlock& block)
 {
     bool areIdentifiersValid = true;
-    std::array<RecordSource<Vertex>, 2> sources{RecordSource(stocks.vertices[0], block.runs[0]),
-                                                RecordSource(stocks.vertices[1], block.runs[1])};
+    beginNotes(stocks.vertices, block.runs);
     for (std::size_t v = begin; v < end; ++v) {
         if (v + farAhead < end)
             __builtin_prefetch(m_source.vertices[v + farAhead]);
@@ -226,12 +179,10 @@ bool SideCopies::copyVertexBlock(std::size_t begin, std::size_t end, bool areSid
         if (!areSidesKnown)
             m_sides[v] = std::int8_t(m_plane.sideOf(vertex->cP()));
         int const side = m_sides[v];
-        m_copies[v] = side == 0 ? nullptr
-                                : new (sources[side > 0 ? sideAbove : sideBelow].next())
-                                      Vertex(vertex->cP());
+        m_copies[v] =
+            side == 0 ? nullptr : new (takePlace(stocks.vertices, side)) Vertex(vertex->cP());
     }
-    for (RecordSource<Vertex>& source : sources)
-        source.finish();
+    endNotes(stocks.vertices);
     return areIdentifiersValid;
 }
 
@@ -253,8 +204,7 @@ void SideCopies::copyTriangles()
 void SideCopies::copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
                                    TriangleBlock& block) const
 {
-    std::array<RecordSource<Triangle>, 2> sources{RecordSource(stocks.triangles[0], block.runs[0]),
-                                                  RecordSource(stocks.triangles[1], block.runs[1])};
+    beginNotes(stocks.triangles, block.runs);
     for (std::size_t t = begin; t < end; ++t) {
         if (t + farAhead < end)
             prefetchRecord(m_source.triangles[t + farAhead]);
@@ -270,11 +220,10 @@ void SideCopies::copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& s
             block.meeting.push_back(triangle);
             continue;
         }
-        new (sources[side > 0 ? sideAbove : sideBelow].next())
+        new (takePlace(stocks.triangles, side))
             Triangle(m_copies[a], m_copies[b], m_copies[c], triangle->cN());
     }
-    for (RecordSource<Triangle>& source : sources)
-        source.finish();
+    endNotes(stocks.triangles);
 }
 
 void SideCopies::collect(std::vector<TriangleBlock> const& blocks)
