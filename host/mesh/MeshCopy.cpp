@@ -31,6 +31,7 @@ void copyRecords(std::vector<Record*> const& source, std::vector<Record*>& copy,
     for (std::span<Record> const run : RecordSlabs::allocateRuns<Record>(source.size()))
         for (Record& place : run) {
             prefetch(source, copy.size());
+            __builtin_prefetch(&place + ahead, 1);
             make(&place, copy.size());
             copy.push_back(&place);
         }

@@ -99,6 +99,8 @@ void* allocate()
         return record;
     }
     void* const record = mine.run.begin;
+    // Records are written one after the other as a rule: have the place of a later one fetched.
+    __builtin_prefetch(mine.run.begin + 16 * sizeof(Record), 1);
     mine.run.begin += sizeof(Record);
     --mine.run.count;
     return record;

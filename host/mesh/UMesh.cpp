@@ -13,20 +13,6 @@ UMesh<T>::~UMesh()
 }
 
 template <typename T>
-void UMesh<T>::AddVertex(UVertex<T>* vertex)
-{
-    vertices.push_back(vertex);
-    vertexCount = std::uint32_t(vertices.size());
-}
-
-template <typename T>
-void UMesh<T>::AddTriangle(UTriangle<T>* triangle)
-{
-    triangles.push_back(triangle);
-    triangleCount = std::uint32_t(triangles.size());
-}
-
-template <typename T>
 void UMesh<T>::BuildTopo(std::function<void(int)> progress, bool keepLinks)
 {
     if (!keepLinks || !isFullyLinked(*this))

@@ -27,8 +27,16 @@ public:
 
     /// Append; the record now belongs to the mesh. Add the vertices first, then the triangles that
     /// point at them.
-    void AddVertex(UVertex<T>* vertex);
-    void AddTriangle(UTriangle<T>* triangle);
+    void AddVertex(UVertex<T>* vertex)
+    {
+        vertices.push_back(vertex);
+        vertexCount = std::uint32_t(vertices.size());
+    }
+    void AddTriangle(UTriangle<T>* triangle)
+    {
+        triangles.push_back(triangle);
+        triangleCount = std::uint32_t(triangles.size());
+    }
 
     /// Fills the neighbour links of all triangles, and one triangle per vertex, from shared
     /// vertices. Where an edge has more than two triangles, oppositely directed ones are paired in
