@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-/// A closed part of about `millions` million triangles, made once per size: a scanned head,
-/// its triangles split evenly, or a wavy ball where that model is missing.
+/// A closed part of `millions` million triangles or somewhat more (1 or 4), made once per size: a
+/// scanned head, split and smoothed, or a ball where that model is missing.
 MeshKernel const& largePart(int millions);
 
 /// A file of that part in a format of the registry, made once and removed at the end.

@@ -124,7 +124,7 @@ void SectionZCut::integrate(Base::Document* document)
     m_newParts = integration.begin(m_worker->getResult());
     refreshViewProviders();
     integration.end();
-    if (Base::GLView* const view = m_document->getView())
+    if (Base::GLView* const view = document->getView())
         view->redraw();
     Base::MellViewSlider::instance()->refresh();
 }

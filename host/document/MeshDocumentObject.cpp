@@ -5,6 +5,7 @@
 #include "host/document/History.h"
 #include "host/formats/FileError.h"
 #include "host/formats/PartFiles.h"
+#include "host/mesh/MeshFacts.h"
 #include "host/mesh/Placement.h"
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/jobs/ConsoleSingleton.h"
@@ -157,9 +158,9 @@ void DocumentObject::getPartVolumnAndArea(double& volume, double& area) const
 {
     if (!m_isMeasured) {
         MeshKernel const* const kernel = meshProperty->getMesh();
-        VolumeAndArea const sum = kernel ? measure(*kernel) : VolumeAndArea();
-        m_volume = sum.volume;
-        m_area = sum.area;
+        MeshFacts const facts = kernel ? measureMesh(*kernel) : MeshFacts();
+        m_volume = facts.volume;
+        m_area = facts.area;
         m_isMeasured = true;
     }
     volume = m_volume;

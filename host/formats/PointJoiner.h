@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/formats/RecordStock.h"
+#include "host/mesh/RecordStock.h"
 #include "platform/mesh/UMesh.h"
 
 #include <cstdint>

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mesh/DegenerateTriangles.h"
 
+#include "host/mesh/DisjointSets.h"
+#include "host/mesh/ExactSigns.h"
 #include "host/mesh/RecordSlabs.h"
 
 #include <cmath>
-#include <numeric>
 #include <unordered_map>
 #include <vector>
 
@@ -13,12 +14,10 @@ namespace {
 using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 
-/// Whether p * q equals r * s exactly: the rounded products first, then what the rounding lost.
-bool productsAreEqual(double p, double q, double r, double s)
+bool isFinite(UPoint3<float> const& p)
 {
-    double const left = p * q;
-    double const right = r * s;
-    return left == right && std::fma(p, q, -left) == std::fma(r, s, -right);
+    // A sum of three floats does not leave the range of double.
+    return std::isfinite(double(p.X()) + p.Y() + p.Z());
 }
 
 bool isDegenerate(Triangle const& triangle)
@@ -35,38 +34,11 @@ std::vector<Triangle*> findDegenerate(UMesh<float> const& mesh)
     return found;
 }
 
-/// Representatives of vertices that are to become one.
-class VertexUnion
-{
-public:
-    explicit VertexUnion(std::size_t count) : m_parent(count)
-    {
-        std::iota(m_parent.begin(), m_parent.end(), 0u);
-    }
-
-    std::uint32_t find(std::uint32_t v)
-    {
-        while (m_parent[v] != v)
-            v = m_parent[v] = m_parent[m_parent[v]];
-        return v;
-    }
-
-    void unite(std::uint32_t a, std::uint32_t b)
-    {
-        a = find(a);
-        b = find(b);
-        m_parent[std::max(a, b)] = std::min(a, b);
-    }
-
-private:
-    std::vector<std::uint32_t> m_parent;
-};
-
 /// Makes the ends of every edge of no length one vertex. Returns whether there was any.
 bool uniteCoincidentCorners(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
 {
     mesh.UpdateVertsID();
-    VertexUnion groups(mesh.vertices.size());
+    DisjointSets groups(mesh.vertices.size());
     bool isAny = false;
     for (Triangle const* const triangle : degenerate)
         for (int i = 0; i < 3; ++i) {
@@ -81,7 +53,7 @@ bool uniteCoincidentCorners(UMesh<float>& mesh, std::vector<Triangle*> const& de
         return false;
     for (Triangle* const triangle : mesh.triangles)
         for (int i = 0; i < 3; ++i)
-            triangle->V0(i) = mesh.vertices[groups.find(std::uint32_t(triangle->cV(i)->cID()))];
+            triangle->V0(i) = mesh.vertices[groups.root(std::uint32_t(triangle->cV(i)->cID()))];
     return true;
 }
 
@@ -226,10 +198,7 @@ void dropLinks(UMesh<float>& mesh)
 
 bool isDegenerate(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c)
 {
-    double const ux = double(b.X()) - a.X(), uy = double(b.Y()) - a.Y(), uz = double(b.Z()) - a.Z();
-    double const vx = double(c.X()) - a.X(), vy = double(c.Y()) - a.Y(), vz = double(c.Z()) - a.Z();
-    return productsAreEqual(ux, vy, uy, vx) && productsAreEqual(uy, vz, uz, vy) &&
-           productsAreEqual(uz, vx, ux, vz);
+    return isFinite(a) && isFinite(b) && isFinite(c) && ExactSigns::areCollinear(a, b, c);
 }
 
 std::size_t removeDegenerateTriangles(UMesh<float>& mesh)

@@ -5,8 +5,8 @@
 
 #include <cstddef>
 
-/// True if the three points lie on one line or coincide. Exact for coordinates of ordinary range
-/// (differences that double holds without rounding).
+/// True if the three points lie on one line or coincide; exact. Points with a coordinate that is no
+/// number do neither.
 bool isDegenerate(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c);
 
 /// Removes the triangles without area and returns how many. Every directed edge that had a partner

@@ -11,33 +11,54 @@ namespace {
 using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 
-/// Fills a list with the addresses of fresh records; the records themselves are still raw memory.
+/// How many records ahead memory is asked for.
+constexpr std::size_t ahead = 16;
+
 template <typename Record>
-void allocateList(std::vector<Record*>& list, std::size_t count)
+void prefetch(std::vector<Record*> const& list, std::size_t i)
 {
-    list.reserve(count);
-    for (std::span<Record> const run : RecordSlabs::allocateRuns<Record>(count))
-        for (Record& place : run)
-            list.push_back(&place);
+    if (i + ahead >= list.size())
+        return;
+    __builtin_prefetch(list[i + ahead]);
+    __builtin_prefetch(reinterpret_cast<char const*>(list[i + ahead] + 1) - 1);
+}
+
+/// Makes as many records as there are in a list, each by `make(place, index)`, and lists them.
+template <typename Record, typename Make>
+void copyRecords(std::vector<Record*> const& source, std::vector<Record*>& copy, Make const& make)
+{
+    copy.reserve(source.size());
+    for (std::span<Record> const run : RecordSlabs::allocateRuns<Record>(source.size()))
+        for (Record& place : run) {
+            prefetch(source, copy.size());
+            make(&place, copy.size());
+            copy.push_back(&place);
+        }
 }
 
 void copyVertices(UMesh<float> const& source, UMesh<float>& copy)
 {
-    allocateList(copy.vertices, source.vertices.size());
-    for (std::size_t i = 0; i < source.vertices.size(); ++i) {
-        Vertex* const vertex = new (copy.vertices[i]) Vertex(source.vertices[i]->cP());
-        vertex->ID() = i;
-    }
+    copyRecords(source.vertices, copy.vertices, [&](Vertex* place, std::size_t i) {
+        new (place) Vertex(source.vertices[i]->cP());
+        place->ID() = i;
+    });
     copy.vertexCount = std::uint32_t(copy.vertices.size());
 }
 
-bool hasLinks(UMesh<float> const& mesh)
+/// Returns whether any triangle of the source has a neighbour link.
+bool copyTriangles(UMesh<float> const& source, UMesh<float>& copy)
 {
-    for (Triangle const* const triangle : mesh.triangles)
-        for (int i = 0; i < 3; ++i)
-            if (triangle->cFFp(i))
-                return true;
-    return false;
+    RecordIndex<Vertex> const place{source.vertices};
+    bool hasLinks = false;
+    copyRecords(source.triangles, copy.triangles, [&](Triangle* raw, std::size_t t) {
+        Triangle const& from = *source.triangles[t];
+        auto const vertex = [&](int i) { return copy.vertices[place(from.cV(i))]; };
+        new (raw) Triangle(vertex(0), vertex(1), vertex(2), from.cN());
+        raw->ID() = std::uint32_t(t);
+        hasLinks |= from.cFFp(0) || from.cFFp(1) || from.cFFp(2);
+    });
+    copy.triangleCount = std::uint32_t(copy.triangles.size());
+    return hasLinks;
 }
 
 /// Points the copied links at the copied records.
@@ -46,8 +67,10 @@ void copyLinks(UMesh<float> const& source, UMesh<float>& copy)
     RecordIndex<Triangle> const place{source.triangles};
     for (std::size_t t = 0; t < source.triangles.size(); ++t)
         for (int i = 0; i < 3; ++i)
-            if (Triangle const* const neighbour = source.triangles[t]->cFFp(i))
+            if (Triangle const* const neighbour = source.triangles[t]->cFFp(i)) {
                 copy.triangles[t]->FFp(i) = copy.triangles[place(neighbour)];
+                copy.triangles[t]->FFi(i) = source.triangles[t]->cFFi(i);
+            }
     for (std::size_t v = 0; v < source.vertices.size(); ++v)
         if (Triangle const* const triangle = source.vertices[v]->cVFp())
             copy.vertices[v]->VFp() = copy.triangles[place(triangle)];
@@ -59,18 +82,7 @@ std::unique_ptr<UMesh<float>> copyMesh(UMesh<float> const& source)
 {
     auto copy = std::make_unique<UMesh<float>>();
     copyVertices(source, *copy);
-    RecordIndex<Vertex> const place{source.vertices};
-    allocateList(copy->triangles, source.triangles.size());
-    for (std::size_t t = 0; t < source.triangles.size(); ++t) {
-        Triangle* const triangle = new (copy->triangles[t]) Triangle(*source.triangles[t]);
-        for (int i = 0; i < 3; ++i) {
-            triangle->V0(i) = copy->vertices[place(triangle->cV(i))];
-            triangle->FFp(i) = nullptr;
-        }
-        triangle->ID() = std::uint32_t(t);
-    }
-    copy->triangleCount = std::uint32_t(copy->triangles.size());
-    if (hasLinks(source))
+    if (copyTriangles(source, *copy))
         copyLinks(source, *copy);
     return copy;
 }
@@ -100,20 +112,4 @@ std::unique_ptr<UMesh<float>> copySelected(UMesh<float> const& source,
     copy->UpdateVertsID();
     copy->UpdateTrisID();
     return copy;
-}
-
-void transformMesh(UMesh<float>& mesh, UMatrix4<float> const& matrix)
-{
-    for (Vertex* const vertex : mesh.vertices) {
-        vertex->P() = matrix * vertex->cP();
-        vertex->VFp() = nullptr;
-    }
-    bool const isReflection = matrix.linearDeterminant() < 0;
-    for (Triangle* const triangle : mesh.triangles) {
-        if (isReflection)
-            std::swap(triangle->V0(1), triangle->V0(2));
-        triangle->N() = triangle->ComputeNormalizedNormal();
-        for (int i = 0; i < 3; ++i)
-            triangle->FFp(i) = nullptr;
-    }
 }

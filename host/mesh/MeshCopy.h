@@ -15,7 +15,3 @@ std::unique_ptr<UMesh<float>> copyMesh(UMesh<float> const& source);
 /// they use, in list order, without neighbour links and with identifiers valid.
 std::unique_ptr<UMesh<float>> copySelected(UMesh<float> const& source,
                                            std::vector<bool> const& selected);
-
-/// Moves all vertices by a matrix; a reflection turns the triangles round, so that they keep facing
-/// outward. Normals are computed anew, neighbour links dropped.
-void transformMesh(UMesh<float>& mesh, UMatrix4<float> const& matrix);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mesh/MeshFacts.h"
 
+#include "host/mesh/DisjointSets.h"
 #include "host/mesh/RecordIndex.h"
 
 #include <algorithm>
@@ -21,39 +22,6 @@ struct Side
     Place triangle;
 
     bool operator<(Side const& o) const { return other < o.other; }
-};
-
-/// Disjoint sets of triangles (Galler and Fischer, 1964), with path halving.
-class ShellForest
-{
-public:
-    explicit ShellForest(std::size_t count) : m_parent(count), m_shells(count)
-    {
-        std::iota(m_parent.begin(), m_parent.end(), Place(0));
-    }
-
-    void unite(Place a, Place b)
-    {
-        a = root(a);
-        b = root(b);
-        if (a == b)
-            return;
-        m_parent[std::max(a, b)] = std::min(a, b);
-        --m_shells;
-    }
-
-    std::size_t shells() const { return m_shells; }
-
-private:
-    Place root(Place t)
-    {
-        while (m_parent[t] != t)
-            t = m_parent[t] = m_parent[m_parent[t]];
-        return t;
-    }
-
-    std::vector<Place> m_parent;
-    std::size_t m_shells;
 };
 
 UVector3<double> middleOf(UBox3<float> const& box)
@@ -106,16 +74,17 @@ UVector3<double> sumVolumeAndArea(std::span<UVector3<double> const> points, Corn
     return normals;
 }
 
-/// Goes over the sides of one corner's bucket: joins triangles that share an edge, and returns
-/// whether every edge has an even number of triangles.
-bool joinBucket(std::span<Side> bucket, ShellForest& forest)
+/// Goes over the sides of one corner's bucket: joins triangles that share an edge, which lowers the
+/// number of shells. Returns whether every edge has an even number of triangles.
+bool joinBucket(std::span<Side> bucket, DisjointSets& triangles, std::size_t& shells)
 {
     std::sort(bucket.begin(), bucket.end());
     bool isClosed = true;
     for (std::size_t begin = 0; begin < bucket.size();) {
         std::size_t end = begin + 1;
         for (; end < bucket.size() && bucket[end].other == bucket[begin].other; ++end)
-            forest.unite(bucket[begin].triangle, bucket[end].triangle);
+            if (triangles.unite(bucket[begin].triangle, bucket[end].triangle))
+                --shells;
         isClosed = isClosed && (end - begin) % 2 == 0;
         begin = end;
     }
@@ -137,16 +106,16 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
     std::vector<Side> sides(corners.size() * 3);
     eachSide([&](Place low, Side const& side) { sides[ends[low]++] = side; });
 
-    ShellForest forest(corners.size());
+    DisjointSets triangles(corners.size());
+    facts.shells = corners.size();
     facts.closed = !corners.empty();
     Place begin = 0;
     for (std::size_t v = 0; v < vertexCount; ++v) {
         Place const end = ends[v];
-        if (!joinBucket(std::span(sides).subspan(begin, end - begin), forest))
+        if (!joinBucket(std::span(sides).subspan(begin, end - begin), triangles, facts.shells))
             facts.closed = false;
         begin = end;
     }
-    facts.shells = forest.shells();
 }
 
 }  // namespace

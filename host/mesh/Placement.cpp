@@ -2,6 +2,8 @@
 
 #include "host/mesh/Placement.h"
 
+#include "host/mesh/MeshCopy.h"
+
 #include <utility>
 
 namespace {
@@ -15,11 +17,6 @@ void turnRound(UTriangle<float>& triangle)
     for (int i = 0; i < 3; ++i)
         if (triangle.FFp(i))
             triangle.FFi(i) = char(2 - triangle.FFi(i));
-}
-
-UVector3<double> between(UPoint3<float> const& from, UPoint3<float> const& to)
-{
-    return {double(to.X()) - from.X(), double(to.Y()) - from.Y(), double(to.Z()) - from.Z()};
 }
 
 }  // namespace
@@ -38,10 +35,15 @@ void applyMatrix(UMesh<float>& mesh, UMatrix4<float> const& matrix)
 
 std::shared_ptr<MeshKernel> placedCopy(MeshKernel const& source)
 {
-    auto copy = std::make_shared<MeshKernel>(source);
-    UMatrix4<float> const matrix = std::exchange(copy->getMatrix(), {});
-    if (!matrix.isIdentity())
-        applyMatrix(*copy->getMesh(), matrix);
+    auto copy = std::make_shared<MeshKernel>();
+    if (source.getMatrix().isIdentity()) {
+        copy->shareMeshOf(source);
+    } else {
+        // Filled before the kernel holds it, so that copies of the kernel may share it.
+        auto mesh = copyMesh(*source.readMesh());
+        applyMatrix(*mesh, source.getMatrix());
+        copy->replaceMesh(std::move(mesh));
+    }
     copy->UpdateBoundingBox();
     return copy;
 }
@@ -58,25 +60,4 @@ void appendRecords(UMesh<float>& mesh, UMesh<float>& source)
     mesh.triangleCount = std::uint32_t(mesh.triangles.size());
     mesh.UpdateVertsID();
     mesh.UpdateTrisID();
-}
-
-VolumeAndArea measure(MeshKernel const& kernel)
-{
-    std::shared_ptr<UMesh<float> const> const mesh = kernel.readMesh();
-    VolumeAndArea sum;
-    if (mesh->vertices.empty())
-        return sum;
-    UMatrix4<float> const matrix = kernel.getMatrix();
-    // Tetrahedra over a point of the part: over a far origin their volumes would cancel.
-    UPoint3<float> const apex = matrix * mesh->vertices.front()->cP();
-    for (UTriangle<float> const* const triangle : mesh->triangles) {
-        UVector3<double> const a = between(apex, matrix * triangle->cP(0));
-        UVector3<double> const b = between(apex, matrix * triangle->cP(1));
-        UVector3<double> const c = between(apex, matrix * triangle->cP(2));
-        sum.volume += (a | (b * c)) / 6;
-        sum.area += ((b - a) * (c - a)).GetLength() / 2;
-    }
-    if (matrix.linearDeterminant() < 0)
-        sum.volume = -sum.volume;
-    return sum;
 }

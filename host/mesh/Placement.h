@@ -9,17 +9,9 @@
 /// that a solid that faced outward still does. Neighbour links stay valid.
 void applyMatrix(UMesh<float>& mesh, UMatrix4<float> const& matrix);
 
-/// A kernel with an identity matrix and records of its own that are those of the source as it is
-/// placed.
+/// A kernel with an identity matrix and the records of the source as it is placed: its own, or
+/// those of the source until one of the two is written to.
 std::shared_ptr<MeshKernel> placedCopy(MeshKernel const& source);
 
 /// Moves all records of one mesh to the end of another. The identifiers are renumbered.
 void appendRecords(UMesh<float>& mesh, UMesh<float>& source);
-
-/// Volume (positive for an outward-facing solid) and surface of a kernel as it is placed.
-struct VolumeAndArea
-{
-    double volume = 0;
-    double area = 0;
-};
-VolumeAndArea measure(MeshKernel const& kernel);

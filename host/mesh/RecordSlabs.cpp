@@ -134,6 +134,17 @@ std::vector<std::span<Record>> allocateRuns(std::size_t count)
 }
 
 template <typename Record>
+void releaseRun(std::span<Record> run) noexcept
+{
+    if constexpr (everyRecordAlone) {
+        for (Record& record : run)
+            ::operator delete(&record);
+        return;
+    }
+    pool<Record>().giveBack(Run{reinterpret_cast<std::byte*>(run.data()), run.size()});
+}
+
+template <typename Record>
 void releaseAll(std::span<Record* const> records) noexcept
 {
     static_assert(std::is_trivially_destructible_v<Record>);
@@ -161,6 +172,8 @@ template void release<Vertex>(void*) noexcept;
 template void release<Triangle>(void*) noexcept;
 template std::vector<std::span<Vertex>> allocateRuns<Vertex>(std::size_t);
 template std::vector<std::span<Triangle>> allocateRuns<Triangle>(std::size_t);
+template void releaseRun<Vertex>(std::span<Vertex>) noexcept;
+template void releaseRun<Triangle>(std::span<Triangle>) noexcept;
 template void releaseAll<Vertex>(std::span<Vertex* const>) noexcept;
 template void releaseAll<Triangle>(std::span<Triangle* const>) noexcept;
 template Footprint footprint<Vertex>();

@@ -27,6 +27,10 @@ void release(void* record) noexcept;
 template <typename Record>
 std::vector<std::span<Record>> allocateRuns(std::size_t count);
 
+/// Frees the records of one run, or raw memory from a run.
+template <typename Record>
+void releaseRun(std::span<Record> run) noexcept;
+
 /// Frees many records at once; null entries are skipped. Whole slabs are freed without touching the
 /// records in them.
 template <typename Record>

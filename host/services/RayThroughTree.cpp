@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/RayThroughTree.h"
 
-#include "host/services/ExactSigns.h"
+#include "host/mesh/ExactSigns.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/TopologyCheck.h"
 
-#include "host/services/ExactSigns.h"
+#include "host/mesh/ExactSigns.h"
 #include "host/services/ShellUnion.h"
 #include "host/services/SpreadStar.h"
 #include "host/services/VertexStars.h"

@@ -84,8 +84,8 @@ public:
     /// Like every change of the kernel it can be undone in a transaction.
     virtual void meshConvertToRealCoord();
 
-    /// Volume (mm^3, positive for an outward-facing solid) and surface (mm^2) of the placed part.
-    /// Kept until the mesh or the placement changes.
+    /// Volume (mm^3, positive for an outward-facing solid; holes count as closed by cones to the
+    /// origin) and surface (mm^2) of the placed part. Kept until mesh or placement changes.
     virtual void getPartVolumnAndArea(double& volume, double& area) const;
     /// True makes the next getPartVolumnAndArea compute anew.
     virtual void setUpdateVolumnAndArea(bool update);

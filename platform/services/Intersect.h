@@ -25,8 +25,9 @@ public:
     /// Splits a solid by a plane.
     ///
     /// part     the solid; left intact, so that one copy may serve several cuts
-    /// plane    a mesh of two triangles; their normal N gives the plane its direction. It reaches
-    ///          beyond the part, so that it stands for the whole plane
+    /// plane    a mesh of two triangles that form a rectangle; their normal N gives the plane its
+    ///          direction. A part beside the rectangle is not cut and arrives whole in side A; one
+    ///          that the rectangle meets lies within its reach
     /// sideA    empty; receives the piece on the side to which N points
     /// sideB    empty; receives the piece on the other side
     /// section  empty; receives the section face, facing along N. Its border loops are the contours
@@ -45,7 +46,8 @@ public:
     ///
     /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
     ///          plane meets it, near (x, y, z). Repair the part and cut again." if the part has a
-    ///          border there, so that the cut could not be closed. Nothing has been written then
+    ///          border there, so that the cut could not be closed; "The cutting plane ends within
+    ///          the part. Make the plane larger than the part." Nothing has been written then
     /// cost     one pass over the part, plus O(k log k) for the k triangles that the plane meets
     static void cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* sideA,
                            MeshKernel* sideB, MeshKernel* section,

@@ -150,6 +150,7 @@ TEST(ZCutImp, ACancelDuringARepairEndsAsAnyAbort)
 {
     TestDocument test;
     PluggedSink const sink;
+    ConsoleLines const console;
     // The pieces of a part that crosses itself need a repair, whose progress begins anew.
     int highest = 0;
     bool hasCancelled = false;
@@ -165,6 +166,7 @@ TEST(ZCutImp, ACancelDuringARepairEndsAsAnyAbort)
     run.worker.doWork();
     EXPECT_TRUE(hasCancelled);
     EXPECT_EQ(run.events, Events{"process end"});
+    EXPECT_EQ(console.lines(), std::vector<std::string>{"Command Abort."});
 }
 
 TEST(ZCutImp, ANullBoxDoesNoHarm)

@@ -146,6 +146,16 @@ TEST(Part, AreaIsThatOfThePlacedPart)
     EXPECT_NEAR(area, 24, 1e-6);
 }
 
+TEST(Part, AnOpenPartsVolumeIsThatOfConesToTheOrigin)
+{
+    Mesh::DocumentObject part;
+    part.meshProperty->setMesh(kernelOf(openBox(2, 3, 4)).release(), true);
+    part.translate({5, 6, 7}, 0);
+    double const expected = volumeOf(soupOf(*part.meshProperty->getMesh()));
+    EXPECT_GT(std::abs(expected - 24), 1);
+    EXPECT_NEAR(volumeOf(part), expected, 1e-9 * std::abs(expected));
+}
+
 TEST(Part, RealCoordinatesAreAClosedOutwardSolidForEveryPlacement)
 {
     for (bool const mirrored : {false, true})

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 /// A box one of whose edges carries an extra point that only one of the two triangles at it uses:
@@ -78,4 +80,26 @@ TEST(DegenerateTriangles, LoneFlatTriangleIsTakenAway)
     auto const kernel = kernelOf(soup);
     EXPECT_EQ(kernel->DeleteDegenerateTris(), 1u);
     EXPECT_TRUE(kernel->getMesh()->triangles.empty());
+}
+
+TEST(DegenerateTriangles, NearlyFlatTriangleOfPointsFarApartInSizeIsKept)
+{
+    // A double cannot hold the difference of the first two points: without the rounding the three
+    // do not lie on one line.
+    Soup soup;
+    soup.points = {{1e-20f, 0, 0}, {1, 1, 0}, {2, 2, 0}};
+    soup.triangles = {{0, 1, 2}};
+    EXPECT_EQ(kernelOf(soup)->DeleteDegenerateTris(), 0u);
+}
+
+TEST(DegenerateTriangles, CoordinatesThatAreNoNumbersAreLeftAlone)
+{
+    float const none = std::numeric_limits<float>::quiet_NaN();
+    float const endless = std::numeric_limits<float>::infinity();
+    for (float const broken : {none, endless, -endless}) {
+        Soup soup;
+        soup.points = {{0, 0, 0}, {1, 1, broken}, {2, 2, 2}};
+        soup.triangles = {{0, 1, 2}};
+        EXPECT_EQ(kernelOf(soup)->DeleteDegenerateTris(), 0u) << broken;
+    }
 }

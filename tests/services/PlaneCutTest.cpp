@@ -289,6 +289,33 @@ TEST(PlaneCut, PlaneThatEndsWithinThePartIsRefused)
     EXPECT_TRUE(outcome.above.readMesh()->triangles.empty());
 }
 
+TEST(PlaneCut, PlaneThatEndsAcrossTheContourOfThePartIsRefused)
+{
+    auto const part = kernelOf(box(10, 10, 10));
+    // Over a corner, over one side, and across the middle of the part.
+    std::vector<UPoint3<float>> const centres = {{0, 0, 5}, {-1, 5, 5}, {5, 14, 5}};
+    for (UPoint3<float> const& centre : centres) {
+        auto const plane = planeMesh(centre, up, 8);
+        EXPECT_THROW(cut(*part, *plane), Mell::Exception) << centre.X() << ' ' << centre.Y();
+    }
+}
+
+TEST(PlaneCut, PartBesideThePlaneStaysWhole)
+{
+    auto const part = kernelOf(box(10, 10, 10));
+    // Away from the part, and along one of its faces.
+    for (float const x : {-50.0f, -8.0f, 18.0f, 60.0f}) {
+        Soup square;
+        square.points = {{x - 8, -20, 5}, {x + 8, -20, 5}, {x + 8, 20, 5}, {x - 8, 20, 5}};
+        square.triangles = {{0, 1, 2}, {2, 3, 0}};
+        auto const plane = kernelOf(square);
+        auto const outcome = cut(*part, *plane);
+        EXPECT_EQ(bytesOf(outcome->above), bytesOf(*part)) << x;
+        EXPECT_TRUE(outcome->below.readMesh()->triangles.empty());
+        EXPECT_TRUE(outcome->section.readMesh()->triangles.empty());
+    }
+}
+
 TEST(PlaneCut, KernelMatrixIsAppliedToTheOutput)
 {
     auto const placed = kernelOf(box(10, 10, 10));

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <numbers>
+#include <random>
 
 namespace {
 
@@ -192,6 +193,18 @@ Soup lattice(int cells)
                 if (x % 2 + y % 2 + z % 2 <= 1)
                     solid.fill(x, y, z);
     return solid.boundary(2.5f);
+}
+
+Soup randomVoxels(int size, unsigned seed)
+{
+    std::mt19937 random(seed);
+    VoxelSolid solid(size);
+    for (int z = 0; z < size; ++z)
+        for (int y = 0; y < size; ++y)
+            for (int x = 0; x < size; ++x)
+                if (random() % 2 == 0)
+                    solid.fill(x, y, z);
+    return solid.boundary(1);
 }
 
 Soup nestedBoxes()

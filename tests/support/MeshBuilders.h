@@ -17,6 +17,9 @@ Soup torus(float ring, float pipe, int around, int across);
 Soup sphere(float radius, int rings, int segments, UPoint3<float> const& centre = {});
 /// A lattice of beams, `cells` openings along each axis: a closed surface of high genus.
 Soup lattice(int cells);
+/// Unit cubes filled at random in a grid, their common faces left out: a closed surface that
+/// touches itself along edges and in corners.
+Soup randomVoxels(int size, unsigned seed);
 /// A box with a box-shaped cavity, and in it a smaller box.
 Soup nestedBoxes();
 /// A box without its top.

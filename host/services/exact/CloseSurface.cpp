@@ -6,8 +6,6 @@
 #include <CGAL/Polygon_mesh_processing/repair_degeneracies.h>
 #include <CGAL/Polygon_mesh_processing/triangulate_hole.h>
 
-#include <exception>
-
 namespace {
 
 namespace PMP = CGAL::Polygon_mesh_processing;
@@ -56,20 +54,9 @@ void fillHoles(Surface& surface, MeshRegion const& region, StageProgress& progre
 
 bool closeSurface(MeshRegion& region, StageProgress& progress)
 {
-    try {
-        PolledPoints::Scope const polling(progress);
-        Surface surface;
-        if (!buildSurface(region, surface, progress))
-            return false;
+    return mendRegion(region, progress, [&](Surface& surface) {
         PMP::remove_degenerate_faces(
             surface, CGAL::parameters::vertex_point_map(PolledPoints(surface.points())));
         fillHoles(surface, region, progress);
-        takeSurface(surface, region);
-        return true;
-    } catch (std::exception const&) {
-        // The library gives up on some inputs in this way; the caller goes on without this step.
-        if (progress.hasThrown())
-            throw;
-        return false;
-    }
+    });
 }

@@ -7,8 +7,6 @@
 
 #include <CGAL/Polygon_mesh_processing/repair_self_intersections.h>
 
-#include <exception>
-
 namespace {
 
 namespace PMP = CGAL::Polygon_mesh_processing;
@@ -41,11 +39,7 @@ struct RemovalPolling : PMP::experimental::Remove_self_intersection_default_visi
 bool removeLocalCrossings(MeshRegion& region, std::vector<std::uint32_t> const& shellOf,
                           StageProgress& progress)
 {
-    try {
-        PolledPoints::Scope const polling(progress);
-        Surface surface;
-        if (!buildSurface(region, surface, progress))
-            return false;
+    return mendRegion(region, progress, [&](Surface& surface) {
         Shells const shells =
             surface.add_property_map<Surface::Face_index, std::uint32_t>("f:shell", newShell).first;
         for (Surface::Face_index face : surface.faces())
@@ -57,12 +51,5 @@ bool removeLocalCrossings(MeshRegion& region, std::vector<std::uint32_t> const& 
                          .filter(IsOfTwoShells{shells})
                          .apply_per_connected_component(false)
                          .visitor(visitor));
-        takeSurface(surface, region);
-        return true;
-    } catch (std::exception const&) {
-        // The library gives up on some inputs in this way; the caller goes on without this step.
-        if (progress.hasThrown())
-            throw;
-        return false;
-    }
+    });
 }

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/PolledSurface.h"
 
+#include <exception>
+
 namespace {
 
 constexpr char const* originName = "v:origin";
 
-}  // namespace
-
-StageProgress*& PolledPoints::Scope::current()
-{
-    static thread_local StageProgress* progress = nullptr;
-    return progress;
-}
-
+/// Vertices and faces in the order of the arrays. Returns false where they are no surface.
 bool buildSurface(MeshRegion const& region, Surface& surface, StageProgress& progress)
 {
     using Vertex = Surface::Vertex_index;
@@ -33,11 +28,6 @@ bool buildSurface(MeshRegion const& region, Surface& surface, StageProgress& pro
     return true;
 }
 
-std::uint32_t originOf(Surface const& surface, Surface::Vertex_index vertex)
-{
-    return surface.property_map<Surface::Vertex_index, std::uint32_t>(originName).first[vertex];
-}
-
 void takeSurface(Surface& surface, MeshRegion& region)
 {
     surface.collect_garbage();
@@ -53,5 +43,37 @@ void takeSurface(Surface& surface, MeshRegion& region)
         Surface::Halfedge_index const next = surface.next(first);
         region.mesh.triangles.push_back(
             {surface.source(first), surface.target(first), surface.target(next)});
+    }
+}
+
+}  // namespace
+
+StageProgress*& PolledPoints::Scope::current()
+{
+    static thread_local StageProgress* progress = nullptr;
+    return progress;
+}
+
+std::uint32_t originOf(Surface const& surface, Surface::Vertex_index vertex)
+{
+    return surface.property_map<Surface::Vertex_index, std::uint32_t>(originName).first[vertex];
+}
+
+bool mendRegion(MeshRegion& region, StageProgress& progress,
+                std::function<void(Surface&)> const& mend)
+{
+    try {
+        PolledPoints::Scope const polling(progress);
+        Surface surface;
+        if (!buildSurface(region, surface, progress))
+            return false;
+        mend(surface);
+        takeSurface(surface, region);
+        return true;
+    } catch (std::exception const&) {
+        // The library gives up on some inputs in this way; the caller goes on without this step.
+        if (progress.hasThrown())
+            throw;
+        return false;
     }
 }

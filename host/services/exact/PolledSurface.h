@@ -8,6 +8,7 @@
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Surface_mesh.h>
 
+#include <functional>
 #include <utility>
 
 using SurfaceKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
@@ -62,13 +63,16 @@ private:
     mutable unsigned m_reads = 0;
 };
 
-/// Vertices and faces in the order of the arrays. Returns false where the triangles are no surface:
-/// an edge with more than two, a vertex with two fans, neighbours that disagree in orientation.
-bool buildSurface(MeshRegion const& region, Surface& surface, StageProgress& progress);
-
 /// The point of the whole mesh that a vertex of the surface stands for, or none.
 std::uint32_t originOf(Surface const& surface, Surface::Vertex_index vertex);
 
-/// Takes over the points and triangles that are left of the surface, in its order, rounded to
-/// float.
-void takeSurface(Surface& surface, MeshRegion& region);
+/// Makes a surface of a region, mends it, and takes over the points and triangles that are left, in
+/// the surface's order, rounded to float.
+///
+/// mend     may leave by a standard exception where the library gives up
+/// returns  whether the region was changed; false as well where its triangles are no surface: an
+///          edge with more than two, a vertex with two fans, neighbours that disagree in
+///          orientation
+/// throws   what the progress function throws; the region is then as it was
+bool mendRegion(MeshRegion& region, StageProgress& progress,
+                std::function<void(Surface&)> const& mend);

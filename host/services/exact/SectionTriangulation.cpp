@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <type_traits>
 #include <unordered_map>
 
 namespace Exact {
@@ -48,11 +49,18 @@ using FaceBase =
     CGAL::Triangulation_face_base_with_info_2<Region, Kernel,
                                               CGAL::Constrained_triangulation_face_base_2<Kernel>>;
 using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
-using Delaunay =
-    CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure, CGAL::Exact_predicates_tag>;
-using Triangulation = CGAL::Constrained_triangulation_plus_2<Delaunay>;
-using VertexHandle = Triangulation::Vertex_handle;
-using FaceHandle = Triangulation::Face_handle;
+/// Takes segments that meet in common ends only, or that run through points; it throws where two
+/// segments cross.
+using PlainTriangulation = CGAL::Constrained_Delaunay_triangulation_2<
+    Kernel, Structure, CGAL::No_constraint_intersection_requiring_constructions_tag>;
+/// Makes points where segments cross, and remembers on which points each segment was split.
+using SplittingTriangulation = CGAL::Constrained_triangulation_plus_2<
+    CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure, CGAL::Exact_predicates_tag>>;
+
+/// A segment has to be split, which the plain triangulation does not keep account of.
+struct SplitNeeded
+{
+};
 
 /// What the segments over one edge of the triangulation add up to, along the edge from its smaller
 /// to its larger point.
@@ -62,8 +70,12 @@ struct EdgeWeight
     bool isOdd = false;
 };
 
+template <typename Triangulation>
 class SectionFiller
 {
+    using VertexHandle = typename Triangulation::Vertex_handle;
+    using FaceHandle = typename Triangulation::Face_handle;
+
 public:
     SectionFiller(std::vector<SectionPoint2>& points, std::vector<SectionSegment>& segments,
                   std::function<void(int)> const& progress)
@@ -72,6 +84,7 @@ public:
 
     SectionFilling fill()
     {
+        report(0);
         insertPoints();
         insertSegments();
         // Contours without area leave nothing to fill.
@@ -97,7 +110,7 @@ private:
             places.emplace_back(p[0], p[1]);
         std::vector<std::size_t> order(m_points.size());
         std::iota(order.begin(), order.end(), std::size_t(0));
-        using Map = CGAL::Pointer_property_map<Kernel::Point_2>::type;
+        using Map = typename CGAL::Pointer_property_map<Kernel::Point_2>::type;
         CGAL::spatial_sort(
             order.begin(), order.end(),
             CGAL::Spatial_sort_traits_adapter_2<Kernel, Map>(CGAL::make_property_map(places)));
@@ -115,21 +128,49 @@ private:
 
     void insertSegments()
     {
-        std::vector<Triangulation::Constraint_id> constraints;
+        m_weights.reserve(2 * m_segments.size());
+        if constexpr (std::is_same_v<Triangulation, PlainTriangulation>)
+            insertPlainSegments();
+        else
+            insertSplittingSegments();
+    }
+
+    void reportSegment(std::size_t i) const
+    {
+        if (i % batch == 0)
+            report(int(40 + 40 * i / m_segments.size()));
+    }
+
+    void insertPlainSegments()
+    {
+        for (std::size_t i = 0; i < m_segments.size(); ++i) {
+            reportSegment(i);
+            SectionSegment const& segment = m_segments[i];
+            VertexHandle const from = m_handles[segment.from];
+            VertexHandle const to = m_handles[segment.to];
+            m_triangulation.insert_constraint(from, to);
+            if (!m_triangulation.is_edge(from, to))
+                throw SplitNeeded();
+            addWeight(segment.from, segment.to, segment);
+        }
+    }
+
+    void insertSplittingSegments()
+    {
+        std::vector<typename SplittingTriangulation::Constraint_id> constraints;
         constraints.reserve(m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i) {
-            if (i % batch == 0)
-                report(int(40 + 40 * i / m_segments.size()));
+            reportSegment(i);
             constraints.push_back(m_triangulation.insert_constraint(m_handles[m_segments[i].from],
                                                                     m_handles[m_segments[i].to]));
         }
         // Only now: a later segment may have split an earlier one.
-        m_weights.reserve(2 * m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i)
             readSplits(m_segments[i], constraints[i]);
     }
 
-    void readSplits(SectionSegment& segment, Triangulation::Constraint_id constraint)
+    void readSplits(SectionSegment& segment,
+                    typename SplittingTriangulation::Constraint_id constraint)
     {
         std::vector<std::uint32_t> chain;
         auto const end = m_triangulation.vertices_in_constraint_end(constraint);
@@ -278,7 +319,7 @@ private:
             segment.from = localOf(segment.from);
             segment.to = localOf(segment.to);
         }
-        SectionFilling filling = SectionFiller(points, segments, m_progress).fill();
+        SectionFilling filling = fillSection(points, segments, m_progress);
         for (auto& triangle : filling.triangles)
             for (std::uint32_t& corner : triangle)
                 corner = origins[corner];
@@ -303,7 +344,12 @@ SectionFilling fillSection(std::vector<SectionPoint2>& points,
 {
     if (segments.empty())
         return {};
-    return SectionFiller(points, segments, progress).fill();
+    try {
+        return SectionFiller<PlainTriangulation>(points, segments, progress).fill();
+    } catch (PlainTriangulation::Intersection_of_constraints_exception const&) {
+    } catch (SplitNeeded const&) {
+    }
+    return SectionFiller<SplittingTriangulation>(points, segments, progress).fill();
 }
 
 }  // namespace Exact

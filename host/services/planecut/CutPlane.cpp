@@ -1,32 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/CutPlane.h"
 
-#include "host/services/exact/Orientation.h"
+#include "host/mesh/ExactSigns.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <algorithm>
-
-namespace {
-
-/// The sign of p * q - r * s for exact factors.
-int signOfDifference(double p, double q, double r, double s)
-{
-    double const left = p * q;
-    double const right = r * s;
-    if (left != right)
-        return left > right ? 1 : -1;
-    double const leftRest = std::fma(p, q, -left);
-    double const rightRest = std::fma(r, s, -right);
-    return leftRest > rightRest ? 1 : leftRest < rightRest ? -1 : 0;
-}
-
-int orientation2(std::array<double, 2> const& a, std::array<double, 2> const& b,
-                 std::array<double, 2> const& c)
-{
-    return signOfDifference(b[0] - a[0], c[1] - a[1], b[1] - a[1], c[0] - a[0]);
-}
-
-}  // namespace
 
 CutPlane::CutPlane(MeshKernel const& planeKernel)
 {
@@ -61,13 +39,13 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
     for (UTriangle<float> const* const triangle : mesh->triangles) {
         auto& corners = m_triangles.emplace_back();
         for (int i = 0; i < 3; ++i)
-            corners[std::size_t(i)] = project(planeKernel.getMatrix() * triangle->cP(i));
+            corners[std::size_t(i)] = planeKernel.getMatrix() * triangle->cP(i);
     }
 }
 
 int CutPlane::exactSideOf(UPoint3<float> const& p) const
 {
-    return Exact::orientation(m_corners[0], m_corners[1], m_corners[2], p);
+    return ExactSigns::orient3d(m_corners[0], m_corners[1], m_corners[2], p);
 }
 
 double CutPlane::heightOf(UPoint3<float> const& p) const
@@ -106,17 +84,38 @@ UPoint3<float> CutPlane::lift(std::array<double, 2> const& p) const
 int CutPlane::facing(UPoint3<float> const& a, UPoint3<float> const& b,
                      UPoint3<float> const& c) const
 {
-    return orientation2(project(a), project(b), project(c));
+    return m_upSign * ExactSigns::orient2d(a, b, c, m_dropped);
 }
 
-bool CutPlane::covers(std::array<double, 2> const& p) const
+bool CutPlane::covers(UPoint3<float> const& p) const
 {
     return std::any_of(m_triangles.begin(), m_triangles.end(), [&](auto const& t) {
-        int const turns[] = {orientation2(t[0], t[1], p), orientation2(t[1], t[2], p),
-                             orientation2(t[2], t[0], p)};
+        int turns[3];
+        for (std::size_t i = 0; i < 3; ++i)
+            turns[i] = ExactSigns::orient2d(t[i], t[(i + 1) % 3], p, m_dropped);
         bool const isLeft = std::all_of(turns, turns + 3, [](int turn) { return turn >= 0; });
         bool const isRight = std::all_of(turns, turns + 3, [](int turn) { return turn <= 0; });
         return isLeft || isRight;
+    });
+}
+
+/// Whether all of `triangle` lies on the outer side of one edge of `from` or on that edge's line.
+bool CutPlane::isApart(Corners const& from, Corners const& triangle) const
+{
+    int const turn = ExactSigns::orient2d(from[0], from[1], from[2], m_dropped);
+    for (std::size_t i = 0; i < 3; ++i)
+        if (std::all_of(triangle.begin(), triangle.end(), [&](UPoint3<float> const& p) {
+                return turn * ExactSigns::orient2d(from[i], from[(i + 1) % 3], p, m_dropped) <= 0;
+            }))
+            return true;
+    return false;
+}
+
+bool CutPlane::overlaps(Corners const& triangle) const
+{
+    // Two triangles without a common area are apart along an edge of one of the two.
+    return std::any_of(m_triangles.begin(), m_triangles.end(), [&](Corners const& own) {
+        return !isApart(own, triangle) && !isApart(triangle, own);
     });
 }
 

@@ -51,8 +51,13 @@ public:
     /// Which way a triangle in the plane faces: +1 along N, -1 against it, 0 if it has no area.
     int facing(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c) const;
 
-    /// True if the plane mesh covers a point of the plane.
-    bool covers(std::array<double, 2> const& p) const;
+    /// True if the plane mesh covers a point of the plane, both seen in the plane's coordinates.
+    bool covers(UPoint3<float> const& p) const;
+
+    using Corners = std::array<UPoint3<float>, 3>;
+    /// True if the plane mesh and a triangle in the plane have an area in common, both seen in the
+    /// plane's coordinates.
+    bool overlaps(Corners const& triangle) const;
 
     UVector3<float> unitNormal() const;
 
@@ -62,10 +67,11 @@ private:
     static constexpr double errorFactor = 16 * 1.1102230246251565e-16;
 
     double heightOf(UPoint3<float> const& p) const;
+    bool isApart(Corners const& from, Corners const& triangle) const;
     int exactSideOf(UPoint3<float> const& p) const;
 
-    std::array<UPoint3<float>, 3> m_corners;
-    std::vector<std::array<std::array<double, 2>, 3>> m_triangles;
+    Corners m_corners;
+    std::vector<Corners> m_triangles;
     double m_origin[3];
     double m_normal[3];
     double m_magnitude[3];

@@ -13,8 +13,11 @@ using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 using Corners = std::array<std::uint32_t, 3>;
 
+// Percentages at the end of each stage.
 constexpr int copiesDone = 60;
-constexpr int fillingDone = 95;
+constexpr int sortingDone = 70;
+constexpr int fillingDone = 90;
+constexpr int wallsDone = 96;
 
 class PlaneCutter
 {
@@ -39,11 +42,15 @@ public:
         if (auto const vertices = m_points.verticesInPlane(m_copies.meeting()); !vertices.empty())
             m_copies.moveToPlane(vertices);
         SectionContours contours;
-        m_walls.sort(contours);
+        m_walls.sort(contours, stage(copiesDone, sortingDone));
         auto segments = contours.segments(m_points);
-        checkReach(segments);
+        bool const isCovered = isWithinPlane(segments);
         Exact::SectionFilling const filling = fill(segments);
-        m_walls.write(segments);
+        if (!isCovered) {
+            checkIsBesidePlane(filling);
+            return whole(PlaneCutResult::Whole::above);
+        }
+        m_walls.write(segments, stage(fillingDone, wallsDone));
         writeCaps(filling);
         return finish(filling);
     }
@@ -56,11 +63,32 @@ private:
         return result;
     }
 
-    /// A plane mesh that ends within the part would ask for a cut of another kind.
-    void checkReach(std::vector<Exact::SectionSegment> const& segments) const
+    /// The job's progress for a stage that reports its own percentage.
+    std::function<void(int)> stage(int begin, int end) const
     {
-        for (Exact::SectionSegment const& segment : segments)
-            if (!m_plane.covers(m_plane.project(m_points.place(segment.from))))
+        if (!m_progress)
+            return {};
+        return
+            [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
+    }
+
+    /// Whether the plane mesh, which is convex, covers the whole section.
+    bool isWithinPlane(std::vector<Exact::SectionSegment> const& segments) const
+    {
+        return std::all_of(segments.begin(), segments.end(),
+                           [this](Exact::SectionSegment const& segment) {
+                               return m_plane.covers(m_points.place(segment.from)) &&
+                                      m_plane.covers(m_points.place(segment.to));
+                           });
+    }
+
+    /// A part that the plane mesh does not meet stays whole. One that it meets in a part of the
+    /// section only would ask for a cut of another kind.
+    void checkIsBesidePlane(Exact::SectionFilling const& filling) const
+    {
+        for (Corners const& t : filling.triangles)
+            if (m_plane.overlaps(
+                    {m_points.place(t[0]), m_points.place(t[1]), m_points.place(t[2])}))
                 throw Mell::Exception(
                     "The cutting plane ends within the part. Make the plane larger than the part.");
     }
@@ -71,12 +99,7 @@ private:
         places.reserve(m_points.size());
         for (std::uint32_t i = 0; i < m_points.size(); ++i)
             places.push_back(m_plane.project(m_points.place(i)));
-        std::function<void(int)> scaled;
-        if (m_progress)
-            scaled = [this](int percent) {
-                m_progress(copiesDone + percent * (fillingDone - copiesDone) / 100);
-            };
-        auto filling = Exact::fillSection(places, segments, scaled);
+        auto filling = Exact::fillSection(places, segments, stage(sortingDone, fillingDone));
         for (std::size_t i = m_points.size(); i < places.size(); ++i)
             m_points.add(m_plane.lift(places[i]));
         return filling;

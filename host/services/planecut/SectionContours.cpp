@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SectionContours.h"
 
+#include "host/mesh/DisjointSets.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <algorithm>
 #include <charconv>
-#include <numeric>
 #include <string>
 #include <tuple>
 
@@ -53,34 +53,13 @@ void addSegment(EdgeUse const& use, std::uint32_t low, std::uint32_t high, Segme
         segments.push_back({low, high, 1, true});
 }
 
-/// Groups of points that contours connect.
-class Components
-{
-public:
-    explicit Components(std::size_t count) : m_parent(count)
-    {
-        std::iota(m_parent.begin(), m_parent.end(), 0u);
-    }
-
-    std::uint32_t find(std::uint32_t v)
-    {
-        while (m_parent[v] != v)
-            v = m_parent[v] = m_parent[m_parent[v]];
-        return v;
-    }
-
-    void unite(std::uint32_t a, std::uint32_t b) { m_parent[find(a)] = find(b); }
-
-private:
-    std::vector<std::uint32_t> m_parent;
-};
-
 /// Turns the segments of every component undirected in which some point has more ways in than out.
 void settleDirections(Segments& segments, SectionPoints const& points)
 {
     std::vector<int> balance(points.size(), 0);
     std::vector<int> degree(points.size(), 0);
-    Components components(points.size());
+    // Points that contours connect.
+    DisjointSets components(points.size());
     std::vector<bool> isUndirected(points.size(), false);
     for (Exact::SectionSegment const& s : segments) {
         balance[s.from] -= s.weight;
@@ -91,15 +70,15 @@ void settleDirections(Segments& segments, SectionPoints const& points)
     }
     for (std::uint32_t v = 0; v < points.size(); ++v)
         if (balance[v] != 0)
-            isUndirected[components.find(v)] = true;
+            isUndirected[components.root(v)] = true;
     for (Exact::SectionSegment const& s : segments)
         if (s.isUndirected)
-            isUndirected[components.find(s.from)] = true;
+            isUndirected[components.root(s.from)] = true;
     for (std::uint32_t v = 0; v < points.size(); ++v)
-        if (isUndirected[components.find(v)] && degree[v] % 2 != 0)
+        if (isUndirected[components.root(v)] && degree[v] % 2 != 0)
             throwOpen(points.place(v));
     for (Exact::SectionSegment& s : segments)
-        s.isUndirected = isUndirected[components.find(s.from)];
+        s.isUndirected = isUndirected[components.root(s.from)];
     std::erase_if(segments, [](Exact::SectionSegment const& s) {
         return s.isUndirected && s.weight % 2 == 0;
     });

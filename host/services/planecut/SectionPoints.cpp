@@ -43,6 +43,13 @@ std::vector<std::uint32_t> SectionPoints::verticesInPlane(
     return found;
 }
 
+void SectionPoints::reserve(std::size_t count)
+{
+    m_points.reserve(count);
+    m_ofEdge.reserve(count);
+    m_byPlace.reserve(count);
+}
+
 std::uint32_t SectionPoints::add(UPoint3<float> const& place)
 {
     m_points.push_back({place});

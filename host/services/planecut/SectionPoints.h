@@ -23,6 +23,9 @@ public:
     std::vector<std::uint32_t> verticesInPlane(
         std::vector<UTriangle<float> const*> const& meeting) const;
 
+    /// Makes room for about as many points.
+    void reserve(std::size_t count);
+
     std::uint32_t ofVertex(std::uint32_t vertexPlace);
     std::uint32_t ofEdge(std::uint32_t belowPlace, std::uint32_t abovePlace);
     /// A point that belongs to no edge, where contours cross.

@@ -5,6 +5,18 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Reports the share that is done, now and then.
+void reportShare(std::function<void(int)> const& progress, std::size_t done, std::size_t count)
+{
+    constexpr std::size_t step = 4096;
+    if (progress && done % step == 0)
+        progress(int(100 * done / count));
+}
+
+}  // namespace
+
 SectionWalls::SectionWalls(SideCopies& copies, SectionPoints& points, CutPlane const& plane)
     : m_copies(copies), m_points(points), m_plane(plane)
 {}
@@ -36,24 +48,32 @@ CutSide SectionWalls::sideInPlane(Triangle const& triangle) const
                                                                               : sideBelow;
 }
 
-void SectionWalls::sort(SectionContours& contours)
+void SectionWalls::sort(SectionContours& contours, std::function<void(int)> const& progress)
 {
-    m_pieces.reserve(2 * m_copies.meeting().size());
-    for (Triangle const* const triangle : m_copies.meeting()) {
-        bool hasAbove = false;
-        bool hasBelow = false;
-        for (int i = 0; i < 3; ++i) {
-            int const side = m_copies.sideOf(m_copies.placeOf(triangle->cV(i)));
-            hasAbove |= side > 0;
-            hasBelow |= side < 0;
-        }
-        if (hasAbove && hasBelow)
-            sortCut(*triangle, contours);
-        else if (hasAbove || hasBelow)
-            sortWhole(*triangle, hasAbove ? sideAbove : sideBelow, contours);
-        else
-            sortWhole(*triangle, sideInPlane(*triangle), contours);
+    auto const& meeting = m_copies.meeting();
+    m_points.reserve(meeting.size());
+    m_pieces.reserve(2 * meeting.size());
+    for (std::size_t i = 0; i < meeting.size(); ++i) {
+        reportShare(progress, i, meeting.size());
+        sortOne(*meeting[i], contours);
     }
+}
+
+void SectionWalls::sortOne(Triangle const& triangle, SectionContours& contours)
+{
+    bool hasAbove = false;
+    bool hasBelow = false;
+    for (int i = 0; i < 3; ++i) {
+        int const side = m_copies.sideOf(m_copies.placeOf(triangle.cV(i)));
+        hasAbove |= side > 0;
+        hasBelow |= side < 0;
+    }
+    if (hasAbove && hasBelow)
+        sortCut(triangle, contours);
+    else if (hasAbove || hasBelow)
+        sortWhole(triangle, hasAbove ? sideAbove : sideBelow, contours);
+    else
+        sortWhole(triangle, sideInPlane(triangle), contours);
 }
 
 void SectionWalls::sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours)
@@ -104,7 +124,8 @@ void SectionWalls::sortCut(Triangle const& triangle, SectionContours& contours)
     m_pieces.push_back(below);
 }
 
-void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments)
+void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments,
+                         std::function<void(int)> const& progress)
 {
     for (Exact::SectionSegment const& segment : segments) {
         if (segment.splits.empty())
@@ -114,8 +135,10 @@ void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments)
         m_splits[(std::uint64_t(segment.from) << 32) | segment.to] = segment.splits;
         m_splits[(std::uint64_t(segment.to) << 32) | segment.from] = std::move(backwards);
     }
-    for (Piece const& piece : m_pieces)
-        writePiece(piece);
+    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+        reportShare(progress, i, m_pieces.size());
+        writePiece(m_pieces[i]);
+    }
 }
 
 void SectionWalls::writePiece(Piece const& piece)

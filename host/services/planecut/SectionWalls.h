@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -19,10 +20,12 @@ public:
 
     SectionWalls(SideCopies& copies, SectionPoints& points, CutPlane const& plane);
 
-    /// Sorts the triangles and enters their edges in the plane into the contours.
-    void sort(SectionContours& contours);
+    /// Sorts the triangles and enters their edges in the plane into the contours. `progress` gets
+    /// a percentage and may throw.
+    void sort(SectionContours& contours, std::function<void(int)> const& progress);
     /// Makes the triangles of both halves, split as the segments are.
-    void write(std::vector<Exact::SectionSegment> const& segments);
+    void write(std::vector<Exact::SectionSegment> const& segments,
+               std::function<void(int)> const& progress);
 
     /// The triangles written, by side.
     std::vector<Triangle*> const& written(CutSide side) const { return m_written[side]; }
@@ -51,6 +54,7 @@ private:
         void close();
     };
 
+    void sortOne(Triangle const& triangle, SectionContours& contours);
     void sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours);
     void sortCut(Triangle const& triangle, SectionContours& contours);
     CutSide sideInPlane(Triangle const& triangle) const;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SideCopies.h"
 
-#include "host/mesh/RecordSlabs.h"
+#include "host/mesh/RecordStock.h"
 
 #include <tbb/blocked_range.h>
+#include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 
 namespace {
 
-// A block and its copies stay in the second-level cache between the two loops over it.
 constexpr std::size_t blockSize = 2048;
 
 std::size_t blocksOf(std::size_t count)
@@ -54,31 +54,39 @@ void collectRuns(std::vector<Block> const& blocks, std::size_t side, std::vector
         appendAddresses(list, block.runs[side]);
 }
 
-/// Hands out the places of some runs one after the other.
+/// Has the stocks of both sides note what they hand out for one block.
 template <typename Record>
-class RunCursor
+void beginNotes(std::array<RecordStock<Record>, 2>& stocks,
+                std::array<std::vector<std::span<Record>>, 2>& runs)
 {
-public:
-    explicit RunCursor(std::vector<std::span<Record>> const& runs) : m_runs(runs) {}
+    for (std::size_t side = 0; side < 2; ++side)
+        stocks[side].beginNotes(runs[side]);
+}
 
-    Record* next()
-    {
-        while (m_place == m_end) {
-            m_place = m_runs[m_run].data();
-            m_end = m_place + m_runs[m_run].size();
-            ++m_run;
-        }
-        return m_place++;
-    }
+template <typename Record>
+void endNotes(std::array<RecordStock<Record>, 2>& stocks)
+{
+    for (RecordStock<Record>& stock : stocks)
+        stock.endNotes();
+}
 
-private:
-    std::vector<std::span<Record>> const& m_runs;
-    std::size_t m_run = 0;
-    Record* m_place = nullptr;
-    Record* m_end = nullptr;
-};
+/// A place on the given side of the plane; the one that is written to next but some is fetched.
+template <typename Record>
+Record* takePlace(std::array<RecordStock<Record>, 2>& stocks, int side)
+{
+    Record* const place = stocks[side > 0 ? sideAbove : sideBelow].take();
+    __builtin_prefetch(place + farAhead, 1);
+    return place;
+}
 
 }  // namespace
+
+/// A thread's stocks, by side.
+struct SideCopies::Stocks
+{
+    std::array<RecordStock<Vertex>, 2> vertices;
+    std::array<RecordStock<Triangle>, 2> triangles;
+};
 
 /// What one block of vertices comes to.
 struct SideCopies::VertexBlock
@@ -109,17 +117,18 @@ void SideCopies::moveToPlane(std::vector<std::uint32_t> const& places)
     copyTriangles();
 }
 
-/// Runs `work(block, begin, end)` over all blocks of `count` records.
-void SideCopies::forBlocks(
-    std::size_t count, int percentBegin, int percentEnd,
-    std::function<void(std::size_t, std::size_t, std::size_t)> const& work) const
+/// Runs `work(stocks, block, begin, end)` over all blocks of `count` records.
+template <typename Work>
+void SideCopies::forBlocks(std::size_t count, int percentBegin, int percentEnd,
+                           Work const& work) const
 {
     std::size_t const blocks = blocksOf(count);
     auto const caller = std::this_thread::get_id();
+    tbb::enumerable_thread_specific<Stocks> stocks;
     auto const run = [&](std::size_t block) {
         if (m_progress && std::this_thread::get_id() == caller)
             m_progress(percentBegin + int(block * std::size_t(percentEnd - percentBegin) / blocks));
-        work(block, block * blockSize, std::min(count, (block + 1) * blockSize));
+        work(stocks.local(), block, block * blockSize, std::min(count, (block + 1) * blockSize));
     };
     if (blocks == 1)
         return run(0);
@@ -143,8 +152,8 @@ void SideCopies::copyVertices(bool areSidesKnown)
     };
     try {
         forBlocks(m_source.vertices.size(), 0, 20,
-                  [&](std::size_t block, std::size_t begin, std::size_t end) {
-                      if (!copyVertexBlock(begin, end, areSidesKnown, blocks[block]))
+                  [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
+                      if (!copyVertexBlock(begin, end, areSidesKnown, stocks, blocks[block]))
                           areIdentifiersValid = false;
                   });
     } catch (...) {
@@ -158,25 +167,22 @@ void SideCopies::copyVertices(bool areSidesKnown)
 
 /// Returns whether the identifiers of the block's vertices are their places.
 bool SideCopies::copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
-                                 VertexBlock& block)
+                                 Stocks& stocks, VertexBlock& block)
 {
     bool areIdentifiersValid = true;
-    std::array<std::size_t, 2> counts{};
+    beginNotes(stocks.vertices, block.runs);
     for (std::size_t v = begin; v < end; ++v) {
+        if (v + farAhead < end)
+            __builtin_prefetch(m_source.vertices[v + farAhead]);
         Vertex const* const vertex = m_source.vertices[v];
         areIdentifiersValid &= vertex->cID() == v;
         if (!areSidesKnown)
             m_sides[v] = std::int8_t(m_plane.sideOf(vertex->cP()));
-        counts[sideAbove] += m_sides[v] > 0;
-        counts[sideBelow] += m_sides[v] < 0;
+        int const side = m_sides[v];
+        m_copies[v] =
+            side == 0 ? nullptr : new (takePlace(stocks.vertices, side)) Vertex(vertex->cP());
     }
-    for (std::size_t side = 0; side < 2; ++side)
-        block.runs[side] = RecordSlabs::allocateRuns<Vertex>(counts[side]);
-    std::array<RunCursor<Vertex>, 2> cursors{RunCursor(block.runs[0]), RunCursor(block.runs[1])};
-    for (std::size_t v = begin; v < end; ++v)
-        m_copies[v] = m_sides[v] == 0 ? nullptr
-                                      : new (cursors[m_sides[v] > 0 ? sideAbove : sideBelow].next())
-                                            Vertex(m_source.vertices[v]->cP());
+    endNotes(stocks.vertices);
     return areIdentifiersValid;
 }
 
@@ -185,8 +191,8 @@ void SideCopies::copyTriangles()
     std::vector<TriangleBlock> blocks(blocksOf(m_source.triangles.size()));
     try {
         forBlocks(m_source.triangles.size(), 20, 60,
-                  [&](std::size_t block, std::size_t begin, std::size_t end) {
-                      copyBlock(begin, end, blocks[block]);
+                  [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
+                      copyTriangleBlock(begin, end, stocks, blocks[block]);
                   });
     } catch (...) {
         collect(blocks);
@@ -195,13 +201,10 @@ void SideCopies::copyTriangles()
     collect(blocks);
 }
 
-void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const
+void SideCopies::copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
+                                   TriangleBlock& block) const
 {
-    // First the sides, so that the block's records can be had in one piece; then the copies, while
-    // the block is still in the cache.
-    std::array<std::uint32_t, blockSize * 3> corners;
-    std::array<std::int8_t, blockSize> sides;
-    std::array<std::size_t, 2> counts{};
+    beginNotes(stocks.triangles, block.runs);
     for (std::size_t t = begin; t < end; ++t) {
         if (t + farAhead < end)
             prefetchRecord(m_source.triangles[t + farAhead]);
@@ -209,31 +212,18 @@ void SideCopies::copyBlock(std::size_t begin, std::size_t end, TriangleBlock& bl
             for (int i = 0; i < 3; ++i)
                 __builtin_prefetch(m_source.triangles[t + nearAhead]->cV(i));
         Triangle const* const triangle = m_source.triangles[t];
-        std::uint32_t* const places = &corners[(t - begin) * 3];
-        for (int i = 0; i < 3; ++i)
-            places[i] = m_place(triangle->cV(i));
-        int const first = m_sides[places[0]];
-        bool const isWhole =
-            first != 0 && m_sides[places[1]] == first && m_sides[places[2]] == first;
-        sides[t - begin] = std::int8_t(isWhole ? first : 0);
-        counts[sideAbove] += isWhole && first > 0;
-        counts[sideBelow] += isWhole && first < 0;
-        if (!isWhole)
+        std::uint32_t const a = m_place(triangle->cV(0));
+        std::uint32_t const b = m_place(triangle->cV(1));
+        std::uint32_t const c = m_place(triangle->cV(2));
+        int const side = m_sides[a];
+        if (side == 0 || m_sides[b] != side || m_sides[c] != side) {
             block.meeting.push_back(triangle);
-    }
-    for (std::size_t side = 0; side < 2; ++side)
-        block.runs[side] = RecordSlabs::allocateRuns<Triangle>(counts[side]);
-    std::array<RunCursor<Triangle>, 2> cursors{RunCursor(block.runs[0]), RunCursor(block.runs[1])};
-    for (std::size_t t = begin; t < end; ++t) {
-        int const side = sides[t - begin];
-        if (side == 0)
             continue;
-        std::uint32_t const* const places = &corners[(t - begin) * 3];
-        Triangle* const place = cursors[side > 0 ? sideAbove : sideBelow].next();
-        __builtin_prefetch(place + farAhead, 1);
-        new (place) Triangle(m_copies[places[0]], m_copies[places[1]], m_copies[places[2]],
-                             m_source.triangles[t]->cN());
+        }
+        new (takePlace(stocks.triangles, side))
+            Triangle(m_copies[a], m_copies[b], m_copies[c], triangle->cN());
     }
+    endNotes(stocks.triangles);
 }
 
 void SideCopies::collect(std::vector<TriangleBlock> const& blocks)

@@ -55,16 +55,18 @@ public:
     std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
 
 private:
+    struct Stocks;
     struct VertexBlock;
     struct TriangleBlock;
 
     void copyVertices(bool areSidesKnown);
-    bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
+    bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown, Stocks& stocks,
                          VertexBlock& block);
-    void copyBlock(std::size_t begin, std::size_t end, TriangleBlock& block) const;
+    void copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
+                           TriangleBlock& block) const;
     void collect(std::vector<TriangleBlock> const& blocks);
-    void forBlocks(std::size_t count, int percentBegin, int percentEnd,
-                   std::function<void(std::size_t, std::size_t, std::size_t)> const& work) const;
+    template <typename Work>
+    void forBlocks(std::size_t count, int percentBegin, int percentEnd, Work const& work) const;
 
     UMesh<float> const& m_source;
     CutPlane const& m_plane;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/ExactSigns.h"
+#include "host/mesh/ExactSigns.h"
 
 #include "host/services/exact/ArbitrarySigns.h"
 
@@ -90,11 +90,6 @@ int orient2dExact(Point const& a, Point const& b, Point const& c, int droppedAxi
     if (!toIntegers(differences, 62, m))
         return arbitraryOrient2d(a, b, c, droppedAxis);
     return sign(m[0] * m[1] - m[2] * m[3]);
-}
-
-bool areCollinear(Point const& a, Point const& b, Point const& c)
-{
-    return orient2d(a, b, c, 0) == 0 && orient2d(a, b, c, 1) == 0 && orient2d(a, b, c, 2) == 0;
 }
 
 }  // namespace ExactSigns

@@ -71,6 +71,9 @@ inline int orient2d(Point const& a, Point const& b, Point const& c, int droppedA
 }
 
 /// Whether the three points lie on one line, so that a triangle of them has no area.
-bool areCollinear(Point const& a, Point const& b, Point const& c);
+inline bool areCollinear(Point const& a, Point const& b, Point const& c)
+{
+    return orient2d(a, b, c, 2) == 0 && orient2d(a, b, c, 0) == 0 && orient2d(a, b, c, 1) == 0;
+}
 
 }  // namespace ExactSigns
