@@ -156,16 +156,17 @@ void SlabPool::giveBackAll(void* const* records, std::size_t count)
         std::size_t const end = std::min(count, begin + batch);
         std::lock_guard const lock(m_guard);
         for (std::size_t i = begin; i < end;) {
-            auto* const first = static_cast<std::byte*>(records[i]);
-            std::byte* next = first + m_recordSize;
             std::size_t const start = i++;
+            auto* const first = static_cast<std::byte*>(records[start]);
+            if (!first)
+                continue;
+            std::byte* next = first + m_recordSize;
             // Neighbouring records lie in one slab: between two slabs stands a header.
             while (i < end && records[i] == next) {
                 next += m_recordSize;
                 ++i;
             }
-            if (first)
-                free({first, i - start});
+            free({first, i - start});
         }
     }
 }

@@ -71,6 +71,17 @@ TEST(Records, RunsAndSingleRecordsMixFreely)
     RecordSlabs::releaseAll<Vertex>(records);
 }
 
+TEST(Records, AListToFreeMayHaveGaps)
+{
+    std::vector<Vertex*> records{nullptr, new Vertex, nullptr, nullptr, new Vertex, nullptr};
+    RecordSlabs::releaseAll<Vertex>(records);
+    std::set<Vertex*> const again{new Vertex, new Vertex};
+    EXPECT_EQ(again.size(), 2u);
+    EXPECT_FALSE(again.contains(nullptr));
+    for (Vertex* const record : again)
+        delete record;
+}
+
 TEST(Records, MayBeFreedOnAnotherThreadThanTheOneThatMadeThem)
 {
     for (int round = 0; round < 4; ++round) {
