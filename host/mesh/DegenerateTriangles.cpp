@@ -172,9 +172,12 @@ bool swapRound(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
     std::vector<bool> isTouched(mesh.triangles.size(), false);
     bool isAny = false;
     for (Triangle* const flat : degenerate) {
+        // A partner of an earlier swap is another triangle now; it has its turn in the next round.
+        if (isTouched[flat->cID()])
+            continue;
         int const i = longestEdge(*flat);
         Triangle* const partner = partners.at(keyOf(flat->cV(Triangle::Next(i)), flat->cV(i)));
-        if (isTouched[flat->cID()] || partner == flat || (partner && isTouched[partner->cID()]))
+        if (partner == flat || (partner && isTouched[partner->cID()]))
             continue;
         isTouched[flat->cID()] = true;
         if (partner)
