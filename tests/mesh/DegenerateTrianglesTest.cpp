@@ -103,3 +103,15 @@ TEST(DegenerateTriangles, CoordinatesThatAreNoNumbersAreLeftAlone)
         EXPECT_EQ(kernelOf(soup)->DeleteDegenerateTris(), 0u) << broken;
     }
 }
+
+TEST(DegenerateTriangles, FlatPartnerOfAFlatTriangleHasItsTurnInTheNextRound)
+{
+    // The swap of the first takes the second's longest edge away, under which its own partner was
+    // looked for.
+    Soup soup;
+    soup.points = {{0, 0, 0}, {2, 0, 0}, {1, 0, 0}, {-5, 0, 0}};
+    soup.triangles = {{0, 1, 2}, {1, 0, 3}};
+    auto const kernel = kernelOf(soup);
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 2u);
+    EXPECT_TRUE(kernel->getMesh()->triangles.empty());
+}
