@@ -129,6 +129,20 @@ TEST(BoundedPlaneCut, TrianglesOfAFaceThatIsNotCutAreLeftAsTheyAre)
     EXPECT_TRUE(trianglesRightOf(15, outcome->above).empty());
 }
 
+TEST(BoundedPlaneCut, NoVertexIsLeftOver)
+{
+    auto const part = kernelOf(figureWithBag());
+    auto const outcome = cut(*part, *planeOver(-5, 35, 35));
+    for (MeshKernel const* const piece : {&outcome->above, &outcome->below}) {
+        Soup const soup = soupOf(*piece);
+        std::vector<bool> isUsed(soup.points.size(), false);
+        for (auto const& t : soup.triangles)
+            for (std::uint32_t const corner : t)
+                isUsed[corner] = true;
+        EXPECT_EQ(std::count(isUsed.begin(), isUsed.end(), false), 0);
+    }
+}
+
 TEST(BoundedPlaneCut, FaceThatLiesPartlyOutsideThePlaneIsNotCut)
 {
     // Across the arm, across the torso, within the torso, and across both.
