@@ -13,6 +13,7 @@ namespace {
 using Face = SectionFaces::Face;
 
 constexpr std::uint32_t none = UINT32_MAX;
+constexpr std::uint32_t batch = 16384;
 
 class BoundedCutter
 {
@@ -111,6 +112,8 @@ private:
         m_pieceOf.resize(m_sheets.triangleCount());
         m_pieceCount = 0;
         for (std::uint32_t t = 0; t < m_pieceOf.size(); ++t) {
+            if (t % batch == 0)
+                m_progress.add(0);
             std::uint32_t const first = m_sheets.sheetOf(t);
             m_pieceOf[t] = first == t ? m_pieceCount++ : m_pieceOf[first];
         }
@@ -142,6 +145,7 @@ private:
         };
         for (std::uint32_t t = 0; t < m_sheets.copiedCount(); ++t)
             cut.halfOfCopy.push_back(halfOf(t));
+        m_progress.add(0);
         for (std::uint32_t i = 0; i < m_wallPieces.size(); ++i) {
             std::uint32_t const triangle = triangleFor(i);
             cut.halfOfWallPiece.push_back(triangle == none ? m_wallPieces[i].side

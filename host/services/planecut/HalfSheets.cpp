@@ -29,14 +29,17 @@ HalfSheets::HalfSheets(UMesh<float> const& source, SideCopies const& copies,
     m_arrays.triangles = copies.copiedTriangles(progress);
     m_copiedCount = m_arrays.triangles.size();
     m_arrays.points.reserve(m_firstPoint + 2 * points.size());
-    for (UVertex<float> const* const vertex : source.vertices)
+    for (UVertex<float> const* const vertex : source.vertices) {
+        if (m_arrays.points.size() % batch == 0)
+            progress.add(0);
         m_arrays.points.push_back(vertex->cP());
+    }
     for (std::uint32_t p = 0; p < points.size(); ++p)
         m_arrays.points.insert(m_arrays.points.end(), 2, points.place(p));
     addPieces(pieces);
     m_sheets = DisjointSets(m_arrays.triangles.size());
     EdgeGroups edges(m_arrays, progress);
-    if (isOpen(edges)) {
+    if (isOpen(edges, progress)) {
         joinCoincident(progress);
         edges = EdgeGroups(m_arrays, progress);
     }
@@ -58,9 +61,11 @@ void HalfSheets::addPieces(std::vector<WallPiece> const& pieces)
     m_firstOfPiece.push_back(std::uint32_t(m_arrays.triangles.size()));
 }
 
-bool HalfSheets::isOpen(EdgeGroups const& edges) const
+bool HalfSheets::isOpen(EdgeGroups const& edges, StageProgress& progress) const
 {
     for (std::size_t e = 0; e < edges.size(); ++e) {
+        if (e % batch == 0)
+            progress.add(0);
         std::uint32_t const halfEdge = edges[e].front();
         if (edges[e].size() % 2 == 1 &&
             std::min(EdgeGroups::start(m_arrays, halfEdge), EdgeGroups::end(m_arrays, halfEdge)) <
@@ -88,6 +93,7 @@ void HalfSheets::joinCoincident(StageProgress& progress)
     for (std::size_t i = 1; i < order.size(); ++i)
         if (key(order[i]).first == key(order[i - 1]).first)
             firstThere[order[i]] = firstThere[order[i - 1]];
+    progress.add(0);
     for (MeshArrays::Corners& corners : m_arrays.triangles)
         for (std::uint32_t& corner : corners)
             corner = firstThere[corner];

@@ -43,7 +43,7 @@ public:
 private:
     void addPieces(std::vector<WallPiece> const& pieces);
     /// Whether triangles have borders elsewhere than at the section.
-    bool isOpen(EdgeGroups const& edges) const;
+    bool isOpen(EdgeGroups const& edges, StageProgress& progress) const;
     void joinCoincident(StageProgress& progress);
     void joinOverEdges(EdgeGroups const& edges, StageProgress& progress);
 

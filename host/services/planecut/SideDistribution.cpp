@@ -44,6 +44,7 @@ void SideCopies::distribute(std::vector<CutSide> const& halfOfTriangle,
     for (std::size_t t = 0; t < places.size(); ++t)
         for (std::uint32_t const place : places[t])
             halfOfVertex[place] = halfOfTriangle[t];
+    progress.add(0);
     for (std::size_t t = 0; t < places.size(); ++t) {
         if (t % batch == 0)
             progress.add(0);
