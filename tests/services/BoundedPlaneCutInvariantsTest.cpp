@@ -184,6 +184,33 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsOnTurnedSolidsThatTouchThemselves)
     EXPECT_GT(cuts, 50);
 }
 
+TEST(BoundedPlaneCut, HoldsItsInvariantsOnAllClosedShapes)
+{
+    // A second body beside each shape, which the planes cross as well.
+    for (auto const& [name, soup] : closedMeshes()) {
+        Soup part = soup;
+        part.append(box(300, 300, 300, {130, -150, -150}));
+        for (auto const& plane : planesAcross(soup)) {
+            SCOPED_TRACE(name + ", " + plane.name);
+            Frame frame = frameAcross(soup, plane.normal, 0);
+            frame.origin = plane.centre;
+            cutFaceByFace(part, frame, 3);
+        }
+    }
+}
+
+TEST(BoundedPlaneCut, ModelThatCrossesItselfIsCutClosed)
+{
+    Soup const part = realMesh("cow-6k.stl");
+    if (part.triangles.empty())
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    for (float const share : {0.05f, 0.1f, 0.3f, 0.6f, 0.9f}) {
+        SCOPED_TRACE(share);
+        cutFaceByFace(part, frameAcross(part, {0, 1, 0}, share), 6);
+        cutFaceByFace(part, frameAcross(part, {1, 0.1f, 0}, share), 6);
+    }
+}
+
 TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnALattice)
 {
     Soup const part = lattice(3);

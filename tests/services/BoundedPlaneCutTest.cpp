@@ -317,6 +317,22 @@ TEST(BoundedPlaneCut, PartWhoseTrianglesDoNotShareVerticesHangsTogether)
     EXPECT_NEAR(volumeOf(soupOf(outcome->below)), 9500, 1e-3);
 }
 
+TEST(BoundedPlaneCut, OpenPartBesideThePlaneStaysWhole)
+{
+    Soup part = box(10, 10, 20);
+    part.triangles.pop_back();
+    ASSERT_GT(borderEdgesOf(part), 0u);
+    expectWholeInSideA(part, *planeOver(20, 40, 10));
+}
+
+TEST(BoundedPlaneCut, OpenPartThatThePlaneMeetsIsRefused)
+{
+    Soup part = box(10, 10, 20);
+    part.triangles.pop_back();
+    auto const kernel = kernelOf(part);
+    EXPECT_THROW(cut(*kernel, *planeOver(5, 40, 10)), Mell::Exception);
+}
+
 TEST(BoundedPlaneCut, ShellsThatTouchInOneVertexComeApart)
 {
     // The limb's own shell touches the torso's in a corner that they share.

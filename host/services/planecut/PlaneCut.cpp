@@ -44,6 +44,8 @@ public:
             m_copies.moveToPlane(vertices);
         SectionContours contours;
         m_walls.sort(contours, stage(copiesDone, sortingDone));
+        if (isBesidePlane())
+            return whole(PlaneCutResult::Whole::above);
         auto segments = contours.segments(m_points);
         bool const isCovered = isWithinPlane(segments);
         Exact::SectionFilling filling = fill(segments);
@@ -69,6 +71,20 @@ private:
             return {};
         return
             [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
+    }
+
+    /// Whether the part crosses the plane, but nowhere within the plane mesh, so that no face can
+    /// be cut. It may then be open there.
+    bool isBesidePlane() const
+    {
+        for (std::uint32_t p = 0; p < m_points.size(); ++p)
+            if (m_plane.covers(m_points.place(p)))
+                return false;
+        auto const& pieces = m_walls.pieces();
+        return std::adjacent_find(pieces.begin(), pieces.end(),
+                                  [](WallPiece const& a, WallPiece const& b) {
+                                      return a.origin == b.origin;
+                                  }) != pieces.end();
     }
 
     /// Whether the plane mesh, which is convex, covers the whole section.
