@@ -4,7 +4,6 @@
 #include "host/mesh/DisjointSets.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -95,39 +94,64 @@ private:
     std::uint32_t m_count = 0;
 };
 
+/// What each of the two ways would cut.
+class FaceWays
+{
+public:
+    FaceWays(std::size_t pieceCount, std::vector<FaceLink> const& links)
+        : m_sets(pieceCount, links), m_hasFaceAbove(pieceCount), m_hasFaceBelow(pieceCount)
+    {
+        for (FaceLink const& link : links)
+            if (!isRing(link)) {
+                m_hasFaceAbove[m_sets.setOf(link.below)] = true;
+                m_hasFaceBelow[m_sets.setOf(link.above)] = true;
+            }
+    }
+
+    /// Whether the piece above comes off, as nothing else hangs on to it from above.
+    bool freesUpper(FaceLink const& link) const
+    {
+        return !isRing(link) && !m_hasFaceAbove[m_sets.setOf(link.above)];
+    }
+    bool freesLower(FaceLink const& link) const
+    {
+        return !isRing(link) && !m_hasFaceBelow[m_sets.setOf(link.below)];
+    }
+
+private:
+    bool isRing(FaceLink const& link) const
+    {
+        return m_sets.setOf(link.below) == m_sets.setOf(link.above);
+    }
+
+    StrongSets m_sets;
+    std::vector<bool> m_hasFaceAbove;
+    std::vector<bool> m_hasFaceBelow;
+};
+
 }  // namespace
 
 std::vector<bool> chooseFaces(std::size_t pieceCount, std::vector<FaceLink> const& links)
 {
-    StrongSets const sets(pieceCount, links);
+    FaceWays const ways(pieceCount, links);
     DisjointSets bodies(pieceCount);
-    std::vector<bool> hasFaceAbove(pieceCount, false), hasFaceBelow(pieceCount, false);
-    auto const isRing = [&](FaceLink const& link) {
-        return sets.setOf(link.below) == sets.setOf(link.above);
-    };
-    for (FaceLink const& link : links) {
+    for (FaceLink const& link : links)
         bodies.unite(link.below, link.above);
-        if (isRing(link))
-            continue;
-        hasFaceAbove[sets.setOf(link.below)] = true;
-        hasFaceBelow[sets.setOf(link.above)] = true;
-    }
-    auto const freesUpper = [&](FaceLink const& link) {
-        return !isRing(link) && !hasFaceAbove[sets.setOf(link.above)];
+    struct Counts
+    {
+        std::size_t upper = 0;
+        std::size_t lower = 0;
     };
-    auto const freesLower = [&](FaceLink const& link) {
-        return !isRing(link) && !hasFaceBelow[sets.setOf(link.below)];
-    };
-    std::vector<std::array<std::size_t, 2>> counts(pieceCount);
+    std::vector<Counts> counts(pieceCount);
     for (FaceLink const& link : links) {
-        auto& [upper, lower] = counts[bodies.root(link.below)];
-        upper += freesUpper(link);
-        lower += freesLower(link);
+        Counts& body = counts[bodies.root(link.below)];
+        body.upper += ways.freesUpper(link);
+        body.lower += ways.freesLower(link);
     }
     std::vector<bool> isCut;
     for (FaceLink const& link : links) {
-        auto const [upper, lower] = counts[bodies.root(link.below)];
-        isCut.push_back(lower > upper ? freesLower(link) : freesUpper(link));
+        Counts const& body = counts[bodies.root(link.below)];
+        isCut.push_back(body.lower > body.upper ? ways.freesLower(link) : ways.freesUpper(link));
     }
     return isCut;
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SectionFaces.h"
 
-#include "host/mesh/DisjointSets.h"
-
 #include <algorithm>
 #include <tuple>
 
@@ -65,16 +63,12 @@ std::uint32_t anyPointOf(WallPiece const& piece)
     return WallCorner::none;
 }
 
-}  // namespace
-
-SectionFaces::SectionFaces(SectionPoints const& points, CutPlane const& plane,
-                           std::vector<WallPiece> const& pieces,
-                           std::vector<Exact::SectionSegment> const& segments,
-                           Exact::SectionFilling const& filling)
-    : m_faceOf(points.size())
+/// Points of the same face are joined.
+DisjointSets facesAmong(std::size_t pointCount, std::vector<PlaneEdge> const& meeting,
+                        std::vector<Exact::SectionSegment> const& segments,
+                        Exact::SectionFilling const& filling)
 {
-    std::vector<PlaneEdge> const meeting = meetingEdgesOf(pieces);
-    DisjointSets sets(points.size());
+    DisjointSets sets(pointCount);
     for (PlaneEdge const& edge : meeting)
         sets.unite(edge.low, edge.high);
     for (Exact::SectionSegment const& segment : segments)
@@ -84,21 +78,42 @@ SectionFaces::SectionFaces(SectionPoints const& points, CutPlane const& plane,
         sets.unite(a, b);
         sets.unite(a, c);
     }
-    for (std::uint32_t p = 0; p < points.size(); ++p) {
-        bool const isFirst = sets.root(p) == p;
-        m_faceOf[p] = isFirst ? std::uint32_t(m_faces.size()) : m_faceOf[sets.root(p)];
-        if (isFirst)
-            m_faces.emplace_back();
-        m_faces[m_faceOf[p]].isWithinPlane &= plane.covers(points.place(p));
-    }
+    return sets;
+}
+
+}  // namespace
+
+SectionFaces::SectionFaces(SectionPoints const& points, CutPlane const& plane,
+                           std::vector<WallPiece> const& pieces,
+                           std::vector<Exact::SectionSegment> const& segments,
+                           Exact::SectionFilling const& filling)
+    : m_faceOf(points.size())
+{
+    std::vector<PlaneEdge> const meeting = meetingEdgesOf(pieces);
+    DisjointSets sets = facesAmong(points.size(), meeting, segments, filling);
+    number(sets, points, plane);
     for (auto const& triangle : filling.triangles)
         m_faces[m_faceOf[triangle[0]]].hasArea = true;
     for (PlaneEdge const& edge : meeting)
         m_faces[m_faceOf[edge.low]].pieces[edge.side].push_back(edge.piece);
     // The two pieces of a triangle belong together even if their common edge has no length.
-    for (std::uint32_t i = 0; i + 1 < pieces.size(); ++i)
-        if (pieces[i].origin == pieces[i + 1].origin)
-            for (std::uint32_t const piece : {i, i + 1})
-                m_faces[m_faceOf[anyPointOf(pieces[i])]].pieces[pieces[piece].side].push_back(
-                    piece);
+    for (std::uint32_t i = 0; i + 1 < pieces.size(); ++i) {
+        if (pieces[i].origin != pieces[i + 1].origin)
+            continue;
+        Face& face = m_faces[m_faceOf[anyPointOf(pieces[i])]];
+        for (std::uint32_t const piece : {i, i + 1})
+            face.pieces[pieces[piece].side].push_back(piece);
+    }
+}
+
+/// Makes the faces, in the order of their first points.
+void SectionFaces::number(DisjointSets& sets, SectionPoints const& points, CutPlane const& plane)
+{
+    for (std::uint32_t p = 0; p < points.size(); ++p) {
+        std::uint32_t const first = sets.root(p);
+        if (first == p)
+            m_faces.emplace_back();
+        m_faceOf[p] = first == p ? std::uint32_t(m_faces.size() - 1) : m_faceOf[first];
+        m_faces[m_faceOf[p]].isWithinPlane &= plane.covers(points.place(p));
+    }
 }

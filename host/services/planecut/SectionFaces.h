@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/mesh/DisjointSets.h"
 #include "host/services/planecut/SectionWalls.h"
 
 #include <array>
@@ -33,6 +34,8 @@ public:
     std::uint32_t faceOf(std::uint32_t point) const { return m_faceOf[point]; }
 
 private:
+    void number(DisjointSets& sets, SectionPoints const& points, CutPlane const& plane);
+
     std::vector<Face> m_faces;
     std::vector<std::uint32_t> m_faceOf;
 };

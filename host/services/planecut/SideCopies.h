@@ -75,12 +75,18 @@ private:
     struct Stocks;
     struct VertexBlock;
     struct TriangleBlock;
+    struct Stray;
 
     void copyVertices(bool areSidesKnown);
     bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown, Stocks& stocks,
                          VertexBlock& block);
     void copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
                            TriangleBlock& block) const;
+    std::array<std::vector<Triangle*>, 2> triangleLists(std::vector<Places> const& places,
+                                                        std::vector<CutSide> const& halfOfTriangle,
+                                                        std::vector<CutSide> const& halfOfVertex,
+                                                        std::vector<Stray>& strays,
+                                                        StageProgress& progress) const;
     Vertex* anotherCopy(CutSide half, std::uint32_t place);
     void collect(std::vector<TriangleBlock> const& blocks);
     template <typename Work>

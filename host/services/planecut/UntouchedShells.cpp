@@ -13,6 +13,11 @@ constexpr std::uint32_t none = UINT32_MAX;
 // Sums over many triangles are off by less than this share of their terms.
 constexpr double roundingShare = 1e-9;
 
+UVector3<double> offset(UPoint3<float> const& from, UPoint3<float> const& to)
+{
+    return {double(to.X()) - from.X(), double(to.Y()) - from.Y(), double(to.Z()) - from.Z()};
+}
+
 /// Sums over the triangles of one piece.
 struct Measures
 {
@@ -25,17 +30,26 @@ struct Measures
     double moment = 0;
     double momentTerms = 0;
 
+    void add(UPoint3<float> const& origin, UPoint3<float> const& a, UPoint3<float> const& b,
+             UPoint3<float> const& c, CutPlane const& plane)
+    {
+        double const cone = offset(origin, a) | (offset(origin, b) * offset(origin, c));
+        volume += cone;
+        volumeTerms += std::abs(cone);
+        double const area = (offset(a, b) * offset(a, c)).GetLength();
+        for (UPoint3<float> const* const corner : {&a, &b, &c}) {
+            double const term = area * plane.heightOf(*corner);
+            moment += term;
+            momentTerms += std::abs(term);
+        }
+    }
+
     bool isInward() const { return volume < -roundingShare * volumeTerms; }
     CutSide centroidSide() const
     {
         return moment < -roundingShare * momentTerms ? sideBelow : sideAbove;
     }
 };
-
-UVector3<double> offset(UPoint3<float> const& from, UPoint3<float> const& to)
-{
-    return {double(to.X()) - from.X(), double(to.Y()) - from.Y(), double(to.Z()) - from.Z()};
-}
 
 std::vector<Measures> measure(MeshArrays const& solids, std::vector<std::uint32_t> const& pieceOf,
                               CutPlane const& plane, std::size_t pieceCount,
@@ -49,30 +63,10 @@ std::vector<Measures> measure(MeshArrays const& solids, std::vector<std::uint32_
         if (m.firstTriangle == none)
             m.firstTriangle = t;
         ++m.triangleCount;
-        UPoint3<float> const& origin = solids.point(m.firstTriangle, 0);
-        UPoint3<float> const &a = solids.point(t, 0), &b = solids.point(t, 1),
-                             &c = solids.point(t, 2);
-        double const volume = offset(origin, a) | (offset(origin, b) * offset(origin, c));
-        m.volume += volume;
-        m.volumeTerms += std::abs(volume);
-        double const area = (offset(a, b) * offset(a, c)).GetLength();
-        double const heights[3] = {plane.heightOf(a), plane.heightOf(b), plane.heightOf(c)};
-        m.moment += area * (heights[0] + heights[1] + heights[2]);
-        m.momentTerms +=
-            area * (std::abs(heights[0]) + std::abs(heights[1]) + std::abs(heights[2]));
+        m.add(solids.point(m.firstTriangle, 0), solids.point(t, 0), solids.point(t, 1),
+              solids.point(t, 2), plane);
     }
     return measures;
-}
-
-/// A point on a triangle that is unlikely to lie straight behind an edge of a regular grid.
-RayThroughTree::Origin pointOn(MeshArrays const& mesh, std::uint32_t triangle)
-{
-    RayThroughTree::Origin origin;
-    for (int axis = 0; axis < 3; ++axis)
-        origin[std::size_t(axis)] = 0.3117 * mesh.point(triangle, 0)[axis] +
-                                    0.2939 * mesh.point(triangle, 1)[axis] +
-                                    0.3944 * mesh.point(triangle, 2)[axis];
-    return origin;
 }
 
 /// Finds the solids around cavities.
@@ -103,7 +97,7 @@ public:
             if (m_pieceOf[t] != piece || m_topology.isDegenerate[t])
                 continue;
             ++tried;
-            if (auto const passages = m_rays.passages(pointOn(m_solids, t), piece))
+            if (auto const passages = m_rays.passages(RayThroughTree::pointOn(m_solids, t), piece))
                 return smallestOf(*passages);
         }
         return none;
