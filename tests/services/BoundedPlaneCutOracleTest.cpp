@@ -12,16 +12,40 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-constexpr int width = 9;
-constexpr int height = 7;
+constexpr int width = 13;
+constexpr int height = 9;
 
-/// A random picture in which no two squares touch in a corner only.
-Rows randomPicture(std::mt19937& random)
+Rows randomSquares(std::mt19937& random)
 {
     Rows rows(height, std::string(width, '.'));
     for (std::string& row : rows)
         for (char& square : row)
             square = random() % 100 < 42 ? '#' : '.';
+    return rows;
+}
+
+/// Upright bars, some of which reach up or down to beams that join them, so that bodies wind up and
+/// down through the plane.
+Rows randomWinding(std::mt19937& random)
+{
+    Rows rows(height, std::string(width, '.'));
+    for (std::size_t x = 0; x < width; x += 2)
+        for (std::size_t z = 1; z < height - 1; ++z) {
+            bool const isEnd = z == 1 || z == height - 2;
+            if (!isEnd || random() % 2 == 0)
+                rows[z][x] = '#';
+        }
+    for (std::size_t z : {std::size_t(0), std::size_t(height - 1)})
+        for (std::size_t x = 0; x < width; ++x)
+            if (random() % 100 < 85)
+                rows[z][x] = '#';
+    return rows;
+}
+
+/// A random picture in which no two squares touch in a corner only.
+Rows randomPicture(std::mt19937& random)
+{
+    Rows rows = random() % 3 == 0 ? randomSquares(random) : randomWinding(random);
     for (bool isChanging = true; isChanging;) {
         isChanging = false;
         for (std::size_t z = 0; z + 1 < height; ++z)
