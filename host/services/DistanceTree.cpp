@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/DistanceTree.h"
 
+#include "host/formats/HugePages.h"
 #include "host/services/Lanes.h"
 #include "host/services/TriangleDistance.h"
 
@@ -31,6 +32,14 @@ struct Entry
 bool isFinite(Point const& p)
 {
     return std::isfinite(p.X()) && std::isfinite(p.Y()) && std::isfinite(p.Z());
+}
+
+/// Reserves fresh memory, which is used at random later on.
+template <typename Item>
+void reserve(std::vector<Item>& list, std::size_t size)
+{
+    list.reserve(size);
+    Formats::preferHugePages(list.data(), size * sizeof(Item));
 }
 
 /// How many levels have boxes along their patch: those of up to 4096 triangles.
@@ -80,7 +89,7 @@ void setFrame(float (&frame)[3][4], UVector3<float> const& normal)
 std::vector<Entry> entriesOf(MeshArrays const& mesh)
 {
     std::vector<Entry> entries;
-    entries.reserve(mesh.triangles.size());
+    reserve(entries, mesh.triangles.size());
     for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t) {
         Point const& a = mesh.point(t, 0);
         Point const& b = mesh.point(t, 1);
@@ -193,8 +202,11 @@ DistanceTree::DistanceTree(MeshArrays const& mesh, StageProgress& progress)
         ++rounds;
     progress.setAmount(rounds * entries.size());
     Sorter(entries, progress).sort(0, entries.size(), capacity);
+    reserve(m_triangles, entries.size());
     m_triangles.resize(entries.size());
-    std::vector<Patch> patches(entries.size());
+    std::vector<Patch> patches;
+    reserve(patches, entries.size());
+    patches.resize(entries.size());
     tbb::parallel_for(Range(0, entries.size(), grain), [&](Range const& range) {
         for (std::size_t i = range.begin(); i != range.end(); ++i) {
             for (int k = 0; k < 3; ++k)
@@ -236,7 +248,9 @@ void DistanceTree::addLevel(std::vector<Patch> const& patches)
 {
     Level& level = m_levels.emplace_back();
     level.children = patches.size();
-    level.nodes.resize((level.children + width - 1) / width);
+    std::size_t const nodes = (level.children + width - 1) / width;
+    reserve(level.nodes, nodes);
+    level.nodes.resize(nodes);
     tbb::parallel_for(Range(0, level.nodes.size(), 256), [&](Range const& range) {
         for (std::size_t i = range.begin(); i != range.end(); ++i)
             fillNode(level.nodes[i], i, patches);
