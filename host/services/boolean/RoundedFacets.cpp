@@ -109,16 +109,20 @@ private:
     std::size_t m_axis = 0;
 };
 
-/// The facets that are flat or face the other way than their triangles.
-std::vector<std::size_t> RoundedFacets::findTurned() const
+/// Of some facets, or of all, those that are flat or face the other way than their triangles.
+std::vector<std::size_t> RoundedFacets::findTurned(std::vector<std::size_t> const* some) const
 {
     std::vector<std::size_t> turned;
-    for (std::size_t f = 0; f < m_facets.size();) {
-        std::uint32_t const triangle = m_facets[f].triangle;
+    std::size_t const count = some ? some->size() : m_facets.size();
+    for (std::size_t i = 0; i < count;) {
+        std::uint32_t const triangle = m_facets[some ? (*some)[i] : i].triangle;
         Facing const facing(m_soup, triangle);
-        for (; f < m_facets.size() && m_facets[f].triangle == triangle; ++f) {
+        for (; i < count; ++i) {
+            std::size_t const f = some ? (*some)[i] : i;
             Corners const& c = m_facets[f].corners;
-            if (!facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
+            if (m_facets[f].triangle != triangle)
+                break;
+            if (!isCollapsed(c) && !facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
                 turned.push_back(f);
         }
     }
@@ -153,18 +157,26 @@ private:
 
 void RoundedFacets::mend()
 {
-    for (int round = 0; round < maximalRounds; ++round) {
-        std::vector<std::size_t> const turned = findTurned();
-        if (turned.empty())
-            break;
+    std::size_t const count = m_facets.size();
+    std::vector<std::size_t> turned = findTurned(nullptr);
+    if (turned.empty())
+        return;
+    for (int round = 0; round < maximalRounds && !turned.empty(); ++round) {
+        m_changed.clear();
         Surroundings surroundings(m_facets, turned);
         for (std::size_t const f : turned)
             if (!isCollapsed(m_facets[f].corners))
                 collapse(f, surroundings);
-        std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
-        std::stable_sort(m_facets.begin(), m_facets.end(),
-                         [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; });
+        std::sort(m_changed.begin(), m_changed.end());
+        m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
+        turned = findTurned(&m_changed);
     }
+    // The new facets to their triangles.
+    auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };
+    auto const middle = m_facets.begin() + std::ptrdiff_t(count);
+    std::stable_sort(middle, m_facets.end(), byTriangle);
+    std::inplace_merge(m_facets.begin(), middle, m_facets.end(), byTriangle);
+    std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
 }
 
 /// Whether all triangles at an edge are divided for sure.
@@ -208,6 +220,7 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
             if (corner == gone)
                 corner = kept;
         surroundings.add(m_facets[f], f);
+        m_changed.push_back(f);
     }
     for (std::uint32_t& number : m_numbers)
         if (number == gone)
@@ -254,7 +267,9 @@ void RoundedFacets::leadThrough(std::uint32_t from, std::uint32_t to, std::uint3
             second.corners[k] = middle;
             corners[(k + 1) % 3] = middle;
             surroundings.add(m_facets[f], f);
+            m_changed.push_back(f);
             if (!isCollapsed(second.corners)) {
+                m_changed.push_back(m_facets.size());
                 m_facets.push_back(second);
                 surroundings.add(second, m_facets.size() - 1);
             }

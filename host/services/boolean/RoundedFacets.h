@@ -36,7 +36,7 @@ private:
     void numberPoints();
     void copyFacets();
     void mend();
-    std::vector<std::size_t> findTurned() const;
+    std::vector<std::size_t> findTurned(std::vector<std::size_t> const* some) const;
     class Facing;
     class Surroundings;
     void collapse(std::size_t flat, Surroundings& surroundings);
@@ -54,6 +54,8 @@ private:
     CurveNetwork const& m_network;
     std::vector<std::uint32_t> m_numbers;
     std::vector<Facet> m_facets;
+    /// Facets changed in a round of mending.
+    std::vector<std::size_t> m_changed;
     /// Triangles that no curve divides, but rounding.
     std::vector<std::uint32_t> m_dividedWholes;
 };
