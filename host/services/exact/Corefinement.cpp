@@ -3,6 +3,7 @@
 
 #include "host/mesh/DegenerateTriangles.h"
 #include "host/services/EdgeGroups.h"
+#include "host/services/FilmRemoval.h"
 #include "host/services/SelfIntersections.h"
 #include "host/services/SoupMending.h"
 #include "host/services/exact/ExactSurface.h"
@@ -236,9 +237,12 @@ private:
         mesh.points = m_points;
         addFaces(m_a, m_patchOfA, m_placesOfA, m_sharesOfA, share, mesh);
         addFaces(m_b, m_patchOfB, m_placesOfB, m_sharesOfB, share, mesh);
+        mesh = withoutDegenerate(std::move(mesh), m_progress);
+        removeFilms(mesh, m_progress);
         removeUnusedPoints(mesh);
-        result = withoutDegenerate(std::move(mesh), m_progress);
-        return isClosed(*result, m_progress);
+        bool const done = isClosed(mesh, m_progress);
+        result = std::move(mesh);
+        return done;
     }
 
     void addFaces(ExactSurface const& surface, std::vector<std::uint32_t> const& patchOf,

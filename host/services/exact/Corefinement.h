@@ -49,8 +49,8 @@ struct CombinedSolids
 /// second   the same; solid is what has a winding number above zero
 /// returns  the solids, or the fault. Where both surfaces touch in an edge, that edge has four
 ///          triangles. Intersection points are constructed exactly and rounded once to the nearest
-///          float; triangles that this makes degenerate are removed, so that the result stays
-///          closed. All results share these points bit by bit
+///          float; triangles that this makes degenerate and films are removed, so that the result
+///          stays closed. All results share these points bit by bit
 /// progress what its function throws leaves through this operation. It is asked between the
 ///          library's steps on single edges and faces, and in each own loop
 /// thread   any
