@@ -47,6 +47,29 @@ Soup barWithCrossingEnds()
     return soup;
 }
 
+/// Every layer of the first counts by itself; the second is solid where it winds at all.
+void expectLayers(Soup const& a, Soup const& b)
+{
+    CombinedSolids const solids = combineAll(a, b);
+    ASSERT_EQ(solids.fault, CombinationFault::none);
+    Soup const difference = soupOf(*solids.difference), common = soupOf(*solids.common);
+    Soup const united = soupOf(*solids.united);
+    for (Soup const* const result : {&difference, &common, &united})
+        EXPECT_EQ(closedSolidFaults(*result), "");
+    std::mt19937 random(4);
+    for (int i = 0; i < 500; ++i) {
+        auto const coordinate = [&] { return double(random()) / 4294967296.0 * 45 - 10; };
+        double const x = coordinate(), y = coordinate(), z = coordinate();
+        if (distanceFrom(a, {x, y, z}) < 1e-2 || distanceFrom(b, {x, y, z}) < 1e-2)
+            continue;
+        int const layers = windingNumberAt(a, {x, y, z});
+        bool const isInB = windingNumberAt(b, {x, y, z}) > 0;
+        EXPECT_EQ(windingNumberAt(difference, {x, y, z}), isInB ? 0 : layers);
+        EXPECT_EQ(windingNumberAt(common, {x, y, z}), isInB ? layers : 0);
+        EXPECT_EQ(windingNumberAt(united, {x, y, z}), isInB ? 1 : layers);
+    }
+}
+
 }  // namespace
 
 TEST(Corefinement, RandomSolidsInGeneralPosition)
@@ -131,11 +154,31 @@ TEST(Corefinement, OpenOperandsAreRefused)
     EXPECT_EQ(combineAll(turned, box(2, 2, 2)).fault, CombinationFault::operandNotClosed);
 }
 
-TEST(Corefinement, CrossingsWhereTheOperandsMeetAreRefused)
+TEST(Corefinement, SolidsThatTouchThemselvesWhereTheyMeet)
 {
-    Soup const tool = box(40, 40, 2, {-5, -5, 9});
-    EXPECT_EQ(combineAll(crossingBoxes(), tool).fault, CombinationFault::operandCrossesItself);
-    EXPECT_EQ(combineAll(tool, crossingBoxes()).fault, CombinationFault::operandCrossesItself);
+    for (unsigned seed = 1; seed <= 500; ++seed) {
+        std::mt19937 random(seed);
+        auto const [name, a, b] = randomGridPair(random, true);
+        SCOPED_TRACE(name + ", seed " + std::to_string(seed));
+        CombinedSolids const solids = combineAll(a, b);
+        ASSERT_EQ(solids.fault, CombinationFault::none);
+        EXPECT_EQ(faultsOfPieces(a, b, piecesOf(solids), 20, random), "");
+    }
+}
+
+TEST(Corefinement, LayersOfAPartThatCrossesItselfWhereTheToolMeetsItAreKept)
+{
+    Soup const plate = box(40, 40, 2, {-5, -5, 11});
+    expectLayers(crossingBoxes(), plate);
+    expectLayers(plate, crossingBoxes());
+    expectLayers(crossingBoxes(), sphere(9, 9, 12, {14, 13, 12}));
+    expectLayers(sphere(9, 9, 12, {14, 13, 12}), crossingBoxes());
+    // A face of the tool runs in one of the part, across the crossing.
+    expectLayers(crossingBoxes(), box(40, 40, 10, {-5, -5, 20}));
+    Soup moved = crossingBoxes();
+    for (auto& p : moved.points)
+        p += UVector3<float>(4.3f, -6.1f, 2.7f);
+    expectLayers(crossingBoxes(), moved);
 }
 
 TEST(Corefinement, LayersOfAPartThatCrossesItselfElsewhereAreKept)

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/// Booleans of closed meshes by exact corefinement of the whole meshes: slow, thorough, and
+/// Booleans of closed meshes by exact constructions on the whole meshes: slow, thorough, and
 /// independent of the fast way to the same result.
 namespace Exact {
 
@@ -24,8 +24,8 @@ enum class CombinationFault
     none,
     /// An operand has a border, triangles that disagree, or a coordinate that is no number.
     operandNotClosed,
-    /// The second operand crosses itself, or the first does where the second meets it. Shells that
-    /// touch each other there count as well.
+    /// The way taken cannot do with operands that touch or cross themselves there. combine() knows
+    /// another.
     operandCrossesItself,
     /// The library gave up, or what came out is not closed.
     resultNotClosed,
@@ -42,10 +42,10 @@ struct CombinedSolids
 
 /// Combines two solids.
 ///
-/// first    closed, outward-facing; any number of shells, one within another, touching in vertices
-///          and edges, overlapping away from the second: the winding number w of the first becomes
-///          w outside the second and 0 within it in a difference, the other way round in what is
-///          common, and w outside and 1 within in a union
+/// first    closed, outward-facing; any number of shells, one within another, that may touch and
+///          cross: the winding number w of the first becomes w outside the second and 0 within it
+///          in a difference, the other way round in what is common, and w outside and 1 within in a
+///          union
 /// second   the same; solid is what has a winding number above zero
 /// returns  the solids, or the fault. Where both surfaces touch in an edge, that edge has four
 ///          triangles. Intersection points are constructed exactly and rounded once to the nearest
@@ -55,7 +55,9 @@ struct CombinedSolids
 ///          library's steps on single edges and faces, and in each own loop
 /// thread   any
 /// cost     some ten microseconds per triangle of both operands
-/// source   corefinement of CGAL, with a winding number per patch found by exact rays
+/// source   corefinement (CGAL), with a winding number per patch found by exact rays; where an
+///          operand touches or crosses itself, an arrangement of the triangles (own derivation):
+///          each triangle is divided along all others by a constrained triangulation
 CombinedSolids combine(MeshArrays const& first, MeshArrays const& second, WantedSolids wanted,
                        StageProgress& progress);
 
