@@ -2,13 +2,15 @@
 // Runs boolean operations on random solids whose faces, edges and corners coincide more often than
 // not, and judges every result:
 //
-//     test_fuzz [--seconds S] [--seed N] [--runs R]
+//     test_fuzz [--seconds S] [--seed N] [--runs R] [--exact 1]
 //
+// With --exact 1 it judges the exact combination, which the operations fall back to.
 // Each run has the seed after that of the one before. It takes two solids and, with some of its
 // results, a few steps more. A failure is told with its seed, and both operands are written into
 // the working folder; `--seed N --runs 1` repeats it.
 #include "host/formats/FormatRegistry.h"
 #include "host/formats/PartFiles.h"
+#include "host/services/exact/Corefinement.h"
 #include "tests/fuzz/FuzzSolids.h"
 #include "tests/support/BooleanRuns.h"
 
@@ -17,7 +19,9 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <functional>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace {
@@ -29,6 +33,7 @@ struct Options
     unsigned seconds = 60;
     unsigned seed = 1;
     unsigned runs = std::numeric_limits<unsigned>::max();
+    unsigned exact = 0;
 };
 
 bool readOptions(int argc, char** argv, Options& options)
@@ -37,6 +42,7 @@ bool readOptions(int argc, char** argv, Options& options)
         unsigned* const value = std::strcmp(argv[i], "--seconds") == 0 ? &options.seconds
                                 : std::strcmp(argv[i], "--seed") == 0  ? &options.seed
                                 : std::strcmp(argv[i], "--runs") == 0  ? &options.runs
+                                : std::strcmp(argv[i], "--exact") == 0 ? &options.exact
                                                                        : nullptr;
         if (!value || i + 1 == argc)
             return false;
@@ -55,9 +61,26 @@ void writeStl(std::string const& name, Soup const& soup)
                        Formats::Overwrite::Allow);
 }
 
+BooleanPieces exactPiecesOf(Soup const& a, Soup const& b)
+{
+    std::function<void(int)> const unasked;
+    StageProgress progress(unasked);
+    auto const solids = Exact::combine({a.points, a.triangles}, {b.points, b.triangles},
+                                       {true, true, true}, progress);
+    if (solids.fault != Exact::CombinationFault::none)
+        throw Mell::Exception("fault " + std::to_string(int(solids.fault)));
+    auto const soup = [](std::optional<MeshArrays> const& solid) {
+        return Soup{solid->points, solid->triangles};
+    };
+    Soup const common = soup(solids.common), difference = soup(solids.difference);
+    return {soup(solids.united), common, difference, common, difference};
+}
+
 class Fuzzing
 {
 public:
+    explicit Fuzzing(bool isExact) : m_isExact(isExact) {}
+
     /// Runs all steps of one seed. Returns false at the first failure.
     bool run(unsigned seed)
     {
@@ -88,7 +111,7 @@ private:
     {
         constexpr std::size_t samples = 12;
         try {
-            pieces = booleansOf(part, tool);
+            pieces = m_isExact ? exactPiecesOf(part, tool) : booleansOf(part, tool);
             // Union, intersection, difference and split.
             m_operations += 4;
             return faultsOfPieces(part, tool, pieces, samples, random);
@@ -113,6 +136,7 @@ private:
         std::fflush(stdout);
     }
 
+    bool m_isExact;
     unsigned long m_operations = 0;
 };
 
@@ -122,11 +146,11 @@ int main(int argc, char** argv)
 {
     Options options;
     if (!readOptions(argc, argv, options)) {
-        std::fputs("usage: test_fuzz [--seconds S] [--seed N] [--runs R]\n", stderr);
+        std::fputs("usage: test_fuzz [--seconds S] [--seed N] [--runs R] [--exact 1]\n", stderr);
         return 2;
     }
     auto const end = Clock::now() + std::chrono::seconds(options.seconds);
-    Fuzzing fuzzing;
+    Fuzzing fuzzing(options.exact != 0);
     unsigned runs = 0, failures = 0;
     constexpr unsigned mostFailures = 20;
     while (runs < options.runs && Clock::now() < end && failures < mostFailures)
