@@ -76,7 +76,7 @@ private:
 };
 
 /// Takes out triangles that lie back to back.
-void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points)
+void cancelPairs(std::vector<PieceTriangle>& piece, RoundedFacets const& points)
 {
     struct Entry
     {
@@ -122,7 +122,7 @@ std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork co
                                         BooleanRule rule)
 {
     auto piece = PieceCollector(soup, network, rounded, labels, rule).run();
-    cancelPairs(piece, network.points());
+    cancelPairs(piece, rounded);
     return piece;
 }
 

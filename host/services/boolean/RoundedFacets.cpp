@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <unordered_map>
 
@@ -20,6 +21,24 @@ constexpr double flatness = 0x1p-26;
 
 using Point = UPoint3<float>;
 using Corners = MeshArrays::Corners;
+using PlaceKey = std::array<std::uint32_t, 3>;
+
+struct PlaceHash
+{
+    std::uint64_t operator()(PlaceKey const& k) const
+    {
+        return mixBits(mixBits(std::uint64_t(k[0]) << 32 | k[1]) + k[2]);
+    }
+};
+
+using PointsByPlace = FlatMap<PlaceKey, PlaceHash>;
+
+PlaceKey keyOf(Point const& p)
+{
+    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
+            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
+}
+
 bool isCollapsed(Corners const& c)
 {
     return c[0] == c[1] || c[1] == c[2] || c[2] == c[0];
@@ -41,12 +60,31 @@ RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& networ
     mend();
 }
 
+/// Vertices keep their numbers, so that those of one operand at the same place stay apart unless a
+/// curve passes through them.
 void RoundedFacets::numberPoints()
 {
     CurvePoints const& points = m_network.points();
     m_numbers.resize(points.size());
+    m_isOnCurve.resize(points.size());
     for (std::uint32_t i = 0; i < points.size(); ++i)
-        m_numbers[i] = i < m_soup.pointCount() ? points.numberOf(i) : i;
+        m_isOnCurve[i] = points.isOnCurve(i);
+    PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
+    for (Facets::End const& face : m_network.facets().ends)
+        for (std::uint32_t const corner : m_soup.corners(face.triangle))
+            if (std::uint32_t& known = byPlace[keyOf(place(corner))]; known == byPlace.none)
+                known = points.numberOf(corner);
+    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i) {
+        std::uint32_t& known = byPlace[keyOf(place(i))];
+        if (known == byPlace.none)
+            known = i;
+        m_numbers[i] = known;
+        m_isOnCurve[known] = true;
+    }
+    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i) {
+        std::uint32_t const standIn = points.numberOf(i);
+        m_numbers[i] = standIn < m_soup.pointCount() ? standIn : m_numbers[standIn];
+    }
 }
 
 void RoundedFacets::copyFacets()
@@ -225,6 +263,7 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
     for (std::uint32_t& number : m_numbers)
         if (number == gone)
             number = kept;
+    m_isOnCurve[kept] = true;
     return true;
 }
 
