@@ -180,7 +180,6 @@ TEST(BooleanContract, FinishedMeshesComeOut)
             EXPECT_EQ(mesh->vertices[i]->cID(), i);
         for (std::size_t t = 0; t < mesh->triangles.size(); ++t) {
             auto const* const triangle = mesh->triangles[t];
-            EXPECT_EQ(mesh->triangles[t]->cID(), t);
             EXPECT_NEAR((triangle->cN() - triangle->ComputeNormalizedNormal()).GetLength(), 0,
                         1e-5);
             for (int k = 0; k < 3; ++k)

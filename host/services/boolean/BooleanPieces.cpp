@@ -75,8 +75,9 @@ private:
     std::vector<PieceTriangle> m_piece;
 };
 
-/// Takes out triangles that lie back to back.
-void cancelPairs(std::vector<PieceTriangle>& piece, RoundedFacets const& points)
+/// Takes out triangles that lie back to back: between two curves, or where facets were mended.
+void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
+                 RoundedFacets const& rounded)
 {
     struct Entry
     {
@@ -87,7 +88,10 @@ void cancelPairs(std::vector<PieceTriangle>& piece, RoundedFacets const& points)
     std::vector<Entry> entries;
     for (std::uint32_t i = 0; i < piece.size(); ++i) {
         Corners c = piece[i].corners;
-        if (!points.isOnCurve(c[0]) || !points.isOnCurve(c[1]) || !points.isOnCurve(c[2]))
+        auto const isOnCurve = [&](std::uint32_t p) { return points.isOnCurve(p); };
+        auto const isMended = [&](std::uint32_t p) { return rounded.isMended(p); };
+        if (!std::all_of(c.begin(), c.end(), isOnCurve) &&
+            !std::any_of(c.begin(), c.end(), isMended))
             continue;
         int const first = int(std::min_element(c.begin(), c.end()) - c.begin());
         std::rotate(c.begin(), c.begin() + first, c.end());
@@ -122,7 +126,7 @@ std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork co
                                         BooleanRule rule)
 {
     auto piece = PieceCollector(soup, network, rounded, labels, rule).run();
-    cancelPairs(piece, rounded);
+    cancelPairs(piece, network.points(), rounded);
     return piece;
 }
 

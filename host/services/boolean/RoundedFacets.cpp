@@ -66,9 +66,7 @@ void RoundedFacets::numberPoints()
 {
     CurvePoints const& points = m_network.points();
     m_numbers.resize(points.size());
-    m_isOnCurve.resize(points.size());
-    for (std::uint32_t i = 0; i < points.size(); ++i)
-        m_isOnCurve[i] = points.isOnCurve(i);
+    m_isMended.assign(points.size(), false);
     PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
     for (Facets::End const& face : m_network.facets().ends)
         for (std::uint32_t const corner : m_soup.corners(face.triangle))
@@ -78,8 +76,9 @@ void RoundedFacets::numberPoints()
         std::uint32_t& known = byPlace[keyOf(place(i))];
         if (known == byPlace.none)
             known = i;
+        if (known != i)
+            m_isMended[known] = true;
         m_numbers[i] = known;
-        m_isOnCurve[known] = true;
     }
     for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i) {
         std::uint32_t const standIn = points.numberOf(i);
@@ -228,6 +227,8 @@ bool RoundedFacets::isDivided(std::uint32_t a, std::uint32_t b) const
 void RoundedFacets::collapse(std::size_t flat, Surroundings& surroundings)
 {
     Corners const c = m_facets[flat].corners;
+    for (std::uint32_t const corner : c)
+        m_isMended[corner] = true;
     std::array<double, 3> lengths;
     for (std::size_t k = 0; k < 3; ++k)
         lengths[k] = squaredLength(place(c[k]), place(c[(k + 1) % 3]));
@@ -263,7 +264,6 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
     for (std::uint32_t& number : m_numbers)
         if (number == gone)
             number = kept;
-    m_isOnCurve[kept] = true;
     return true;
 }
 

@@ -27,8 +27,8 @@ public:
 
     /// In the order of the triangles.
     std::vector<Facet> const& facets() const { return m_facets; }
-    /// Whether a curve passes through a point, or through one that the number stands for.
-    bool isOnCurve(std::uint32_t number) const { return m_isOnCurve[number]; }
+    /// Whether a number stands for several points, or facets at it have been mended.
+    bool isMended(std::uint32_t number) const { return m_isMended[number]; }
     /// Whether facets stand for a triangle.
     bool isDivided(std::uint32_t triangle) const;
     /// The number that stands for a point.
@@ -55,7 +55,7 @@ private:
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
     std::vector<std::uint32_t> m_numbers;
-    std::vector<bool> m_isOnCurve;
+    std::vector<bool> m_isMended;
     std::vector<Facet> m_facets;
     /// Facets changed in a round of mending.
     std::vector<std::size_t> m_changed;
