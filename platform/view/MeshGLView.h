@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/mesh/UTriangle.h"
+#include "platform/view/GLView.h"
+
+namespace Mesh {
+
+class DocumentObject;
+
+/// A 3D view that shows a mesh document, with the build plate and the axes. A click selects the
+/// part under the mouse while no tool runs; with the control key it adds to the selection.
+class GLView : public Base::GLView
+{
+    Q_OBJECT
+
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+
+    /// A point on a part.
+    struct Pick
+    {
+        DocumentObject* part = nullptr;
+        /// For reading only; valid until the part's mesh changes.
+        UTriangle<float>* triangle = nullptr;
+        /// World millimetres.
+        UPoint3<float> point;
+    };
+
+    explicit GLView(QWidget* parent = nullptr);
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+    /// The part and triangle under a widget position that come first in the line of sight; false,
+    /// with nothing changed, if there is none.
+    ///
+    /// onlySelected  other parts are looked through
+    /// onlyFront     faces seen from behind are looked through
+    /// alsoGhosts    parts that are shown as ghosts count too
+    /// cost          logarithmic in the triangles; the first pick on a mesh sorts it
+    bool pickFace(QPoint position, DocumentObject*& part, UTriangle<float>*& triangle,
+                  bool onlySelected, bool onlyFront, bool alsoGhosts) const;
+    /// The same, with the point.
+    bool pickPoint(QPoint position, Pick& pick, bool onlySelected = false, bool onlyFront = false,
+                   bool alsoGhosts = false) const;
+
+    /// The size of the build plate, which lies in the plane z = 0 around the origin.
+    void setPlateSize(float widthMm, float depthMm);
+    void setPlateVisible(bool visible);
+
+    UPoint3<float> turningPoint(QPoint position) const override;
+    void clicked(QMouseEvent* event) override;
+
+protected:
+    void paintSurroundings() override;
+    void paintOverlay() override;
+    UBox3<float> surroundingsBox() const override;
+
+private:
+    float m_plateWidth = 200;
+    float m_plateDepth = 200;
+    bool m_isPlateVisible = true;
+};
+
+}  // namespace Mesh
