@@ -21,6 +21,12 @@ namespace {
 // As red, green, blue.
 constexpr float background[3] = {0.93f, 0.94f, 0.95f};
 
+bool isSameView(GLCamera const& a, GLCamera const& b)
+{
+    return a.get_ref() == b.get_ref() && a.get_direction() == b.get_direction() &&
+           a.get_vecUp() == b.get_vecUp();
+}
+
 }  // namespace
 
 constinit Type GLView::classTypeId;
@@ -150,14 +156,23 @@ UBox3<float> GLView::surroundingsBox() const
 
 void GLView::paintPending()
 {
-    if (isVisible() && m_scene->isInitialized())
-        repaint();
+    if (!isVisible() || !m_scene->isInitialized() || isSameView(m_paintedCamera, *m_camera))
+        return;
+    // Not repaint(), which a window with OpenGL in it puts off until the next frame.
+    makeCurrent();
+    double const ratio = devicePixelRatioF();
+    context()->functions()->glViewport(0, 0, int(width() * ratio), int(height() * ratio));
+    paintGL();
+    doneCurrent();
 }
 
 bool GLView::event(QEvent* event)
 {
-    // Before the first of these has passed, the widget makes no context.
-    if ((event->type() == QEvent::Polish || event->type() == QEvent::Resize) && !context())
+    // One of these comes before a context is made, also in another window; a format set once would
+    // lose its samples there.
+    bool const comesBefore = event->type() == QEvent::Polish || event->type() == QEvent::Resize ||
+                             event->type() == QEvent::Show;
+    if (comesBefore && !context())
         setFormat(chooseContextFormat());
     return QOpenGLWidget::event(event);
 }
@@ -191,6 +206,7 @@ void GLView::paintGL()
     if (!device)
         return;
     setDepthRange();
+    m_paintedCamera = *m_camera;
     device->resetState();
     paintSurroundings();
     m_scene->paintProviders();

@@ -171,6 +171,7 @@ void GLView::fit(UBox3<float> const& box)
 {
     if (box.Isnullptr())
         return;
+    paintPending();
     GLCamera& camera = *getCamera();
     UPoint3<float> const centre = (box.min + box.max) * 0.5f;
     camera.set_ref(centre.X(), centre.Y(), centre.Z(), true);

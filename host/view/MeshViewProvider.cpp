@@ -10,7 +10,7 @@ namespace Mesh {
 
 namespace {
 
-constexpr unsigned partColor = 0xa9b8c6ff;
+constexpr unsigned partColor = 0xbccad8ff;
 constexpr unsigned selectedColor = 0xf29b38ff;
 constexpr unsigned candidateColor = 0xe5c07bff;
 constexpr unsigned backColor = 0xb04a5aff;
@@ -144,13 +144,8 @@ std::optional<ViewProvider::Hit> ViewProvider::firstHit(PickTree::Ray const& ray
         return {};
     if (!m_tree || !m_tree->isOf(*shown))
         m_tree = std::make_unique<PickTree>(*shown);
-    PickTree::Ray local = placedBack(ray, shown->getMatrix());
-    // A reflection shows fronts as backs.
-    bool const isMirrored = shown->getMatrix().linearDeterminant() < 0;
-    if (isMirrored && ray.onlyFront) {
-        local.onlyFront = false;
-        local.onlyBack = true;
-    }
+    // A reflection turns the ray and the corners alike, so fronts stay fronts.
+    PickTree::Ray const local = placedBack(ray, shown->getMatrix());
     auto const hit = m_tree->firstHit(*shown->readMesh(), local);
     if (!hit)
         return {};

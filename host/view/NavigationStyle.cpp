@@ -198,6 +198,7 @@ bool NavigationStyle::key(QKeyEvent* event)
 void NavigationStyle::begin()
 {
     m_isNavigating = true;
+    m_view->paintPending();
     if (m_action != Action::Turn)
         return;
     m_view->getCamera()->set_pivot(m_view->turningPoint(m_press));

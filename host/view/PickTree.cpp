@@ -53,7 +53,7 @@ std::optional<double> distanceTo(Vector const& a, Vector const& b, Vector const&
     bool const isFront = u >= 0 && v >= 0 && w >= 0;
     bool const isBehind = u <= 0 && v <= 0 && w <= 0;
     double const sum = u + v + w;
-    if (sum == 0 || !((isFront && !ray.onlyBack) || (isBehind && !ray.onlyFront)))
+    if (sum == 0 || !(isFront || (isBehind && !ray.onlyFront)))
         return {};
     Vector const point = (a * u + b * v + c * w) / sum;
     double const distance = (point | ray.direction) / (ray.direction | ray.direction);

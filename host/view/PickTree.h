@@ -18,9 +18,8 @@ public:
     {
         UPoint3<double> origin;
         UVector3<double> direction;
-        // Which triangles are hit: those seen from the front, from behind, or all.
+        /// Triangles that are seen from behind are not hit.
         bool onlyFront = false;
-        bool onlyBack = false;
     };
 
     struct Hit

@@ -109,8 +109,8 @@ public:
     virtual UPoint3<float> turningPoint(QPoint position) const;
     /// A click that no tool has used.
     virtual void clicked(QMouseEvent* event);
-    /// Paints at once what has been asked for, so that the tools see the changes of the camera one
-    /// by one: they take a turn otherwise than a move.
+    /// Paints at once if the camera has been turned or moved since the last picture, so that the
+    /// tools see turns and moves one by one: they take them in different ways.
     void paintPending();
 
     /// What draws in this view, for the host's own classes.
@@ -148,6 +148,8 @@ private:
     void releaseGL();
 
     std::unique_ptr<GLCamera> m_camera;
+    /// As it was for the last picture.
+    GLCamera m_paintedCamera;
     GLCamera::Projection m_projection = GLCamera::Projection::Parallel;
     std::unique_ptr<ViewScene> m_scene;
     std::unique_ptr<NavigationStyle> m_navigation;
