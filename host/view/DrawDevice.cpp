@@ -184,9 +184,12 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
     m_part.setUniformValue("frontColor", components(look.front));
     m_part.setUniformValue("backColor", components(look.back));
     m_gl.glFrontFace(look.isMirrored ? GL_CW : GL_CCW);
-    // Leaves room for edges in front of the triangles they belong to.
-    m_gl.glEnable(GL_POLYGON_OFFSET_FILL);
-    m_gl.glPolygonOffset(1, 1);
+    if (look.edges & 255) {
+        // Leaves room for edges in front of the triangles they belong to. Not without need: steep
+        // triangles are moved farther, so that those behind an outline would shine through.
+        m_gl.glEnable(GL_POLYGON_OFFSET_FILL);
+        m_gl.glPolygonOffset(1, 1);
+    }
     if (isGhost) {
         m_gl.glEnable(GL_BLEND);
         m_gl.glDepthMask(GL_FALSE);

@@ -215,6 +215,10 @@ void GLView::paintGL()
     device->resetState();
     paintOverlay();
     m_scene->paintItems();
+    // What was blended has left an alpha of its own, by which the window would shine through.
+    gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClear(GL_COLOR_BUFFER_BIT);
+    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
 void GLView::mousePressEvent(QMouseEvent* event)

@@ -115,7 +115,7 @@ void PointPickerMesh::draw()
         return;
     int x, y;
     m_view->getWidgetcoordFromWCS(*m_point, x, y);
-    m_label->move(x + labelOffset, y + labelOffset);
+    placeLabel({x, y});
     QMatrix4x4 toClip;
     toClip.ortho(0, float(m_view->width()), float(m_view->height()), 0, -1, 1);
     float const left = float(x), top = float(y);
@@ -125,6 +125,17 @@ void PointPickerMesh::draw()
                               {left, top - markReach, 1},
                               {left, top + markReach, 1}},
                              runs, toClip);
+}
+
+void PointPickerMesh::placeLabel(QPoint mark)
+{
+    QPoint const after = mark + QPoint(labelOffset, labelOffset);
+    QPoint const before =
+        mark - QPoint(labelOffset + m_label->width(), labelOffset + m_label->height());
+    // On the other side of the mark where the view ends.
+    bool const isLeft = after.x() + m_label->width() > m_view->width() && before.x() >= 0;
+    bool const isAbove = after.y() + m_label->height() > m_view->height() && before.y() >= 0;
+    m_label->move(isLeft ? before.x() : after.x(), isAbove ? before.y() : after.y());
 }
 
 }  // namespace Mesh

@@ -37,6 +37,7 @@ public:
 
 private:
     void mark(std::optional<UPoint3<float>> point);
+    void placeLabel(QPoint mark);
 
     bool m_isPressed = false;
     QPoint m_press;

@@ -2,7 +2,9 @@
 #include "host/view/MeshViewProvider.h"
 #include "tests/view/ShownView.h"
 
+#include <QLabel>
 #include <QOpenGLContext>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -118,6 +120,75 @@ TEST_P(Pictures, ShowBackFacesInAnotherColour)
     // A reflected part still faces outward.
     part->mirror({20, 15, 0}, {1, 0, 0});
     EXPECT_TRUE(isReddish(colorAt(picture("open-box-mirrored"), {20, 15, 0})));
+}
+
+TEST_P(Pictures, ShowNothingOfTheBackOfAClosedPart)
+{
+    view->setPlateVisible(false);
+    for (NamedSoup const& named : closedMeshes()) {
+        if (named.name.find("crossing") != std::string::npos || named.soup.triangles.empty())
+            continue;
+        Mesh::DocumentObject* const part = test.add(named.soup, named.name);
+        view->OnViewType(6);
+        view->fitAll();
+        for (int const mode : {0, 1}) {
+            test.document->getViewProvider(part)->setRenderMode(mode);
+            QImage const image = picture("closed-" + named.name + "-" + std::to_string(mode));
+            int reddish = 0;
+            // The axes stand in the lower left corner.
+            for (int y = 0; y < image.height() * 2 / 3; ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    reddish += isReddish(image.pixelColor(x, y));
+            EXPECT_EQ(reddish, 0) << named.name << ", mode " << mode;
+        }
+        test.document->removeObject(part);
+    }
+}
+
+TEST_P(Pictures, ShowThePickedPointWithItsCoordinatesBesideIt)
+{
+    test.add(box(40, 30, 20), "box");
+    view->OnViewType(6);
+    view->fitAll();
+    view->startSelection("Mesh::PointPickerMesh");
+    QPoint const position = positionOf({5, 15, 20});
+    click(*view, position);
+    settle();
+    auto const* const label = view->findChild<QLabel*>("PickedPoint");
+    ASSERT_NE(label, nullptr);
+    EXPECT_TRUE(label->isVisible());
+    EXPECT_EQ(label->pos(), position + QPoint(10, 10));
+    QImage const image = picture("picked-point");
+    EXPECT_TRUE(
+        isReddish(image.pixelColor((position + QPoint(3, 0)) * int(view->devicePixelRatioF()))));
+    // The mark stays on its point, and the text in the view.
+    drag(*view, {100, 100}, {110, 120}, Qt::MiddleButton);
+    settle();
+    EXPECT_EQ(label->pos(), position + QPoint(10, 20) + QPoint(10, 10));
+    drag(*view, {100, 100}, {300, 100}, Qt::MiddleButton);
+    settle();
+    EXPECT_TRUE(view->rect().contains(label->geometry()));
+    EXPECT_LT(label->geometry().right(), position.x() + 210);
+}
+
+TEST_P(Pictures, ReachTheScreenAsTheyWerePainted)
+{
+    test.add(box(40, 30, 20), "box");
+    view->OnViewType(6);
+    view->fitAll();
+    view->startSelection("Mesh::PointPickerMesh");
+    settle();
+    QImage const painted = picture("screen-painted");
+    QImage screen =
+        view->screen()->grabWindow(view->winId()).toImage().convertToFormat(QImage::Format_RGB32);
+    screen.save(MELL_BINARY_DIR "/../pictures/screen.png");
+    ASSERT_EQ(screen.size(), painted.size());
+    EXPECT_LT(Difference(screen, painted).mean, 0.1);
+    // Nothing of what was blended shines through.
+    EXPECT_EQ(view->grabFramebuffer().pixelColor(5, 5).alpha(), 255);
+    EXPECT_LT(
+        Difference(view->grab().toImage().convertToFormat(QImage::Format_RGB32), painted).mean,
+        0.1);
 }
 
 TEST_P(Pictures, ShowEdgesOverPartsAndAlone)
