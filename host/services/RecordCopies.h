@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/mesh/RecordIndex.h"
+#include "platform/mesh/UMesh.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// The two sides into which a cut sorts a part, as places in arrays.
+enum CutSide
+{
+    sideAbove = 0,
+    sideBelow = 1,
+};
+
+/// The part of a cut that is a copy: every vertex that a sorter puts on a side, and every triangle
+/// whose corners all lie on one side and that the cut does not meet, goes to that side's mesh, in
+/// the order of the source. The triangles that are left over meet the cut.
+///
+/// The work is done in blocks of records, in parallel where there are threads; what comes out does
+/// not depend on their number. `progress` is called on the calling thread only.
+///
+/// Sorter  has `int sideOf(std::uint32_t place, UPoint3<float> const&) const`, which gives 1 for
+///         sideAbove, -1 for sideBelow and 0 for neither, once per vertex and on any thread; and
+///         `bool isApart(a, b, c) const` for the places of corners that lie on one side
+template <typename Sorter>
+class RecordCopies
+{
+public:
+    using Vertex = UVertex<float>;
+    using Triangle = UTriangle<float>;
+    using Wanted = std::array<bool, 2>;
+
+    /// Finds every vertex's side and copies the vertices.
+    ///
+    /// wanted  the sides whose records are copied; those of the other are only counted
+    RecordCopies(UMesh<float> const& source, Sorter const& sorter, Wanted wanted,
+                 std::function<void(int)> const& progress);
+
+    /// Copies the triangles.
+    void copyTriangles();
+
+    std::uint32_t placeOf(Vertex const* vertex) const { return m_place(vertex); }
+    /// 1, -1 or 0 by a vertex's place.
+    int sideOf(std::uint32_t place) const { return m_sides[place]; }
+    /// The copy of a vertex on its own side; null for one on no side, or on one not wanted.
+    Vertex* copyOf(std::uint32_t place) const { return m_copies[place]; }
+
+    /// The triangles that meet the cut, in list order.
+    std::vector<Triangle const*> const& meeting() const { return m_meeting; }
+    /// How many triangles lie apart from the cut on a side.
+    std::size_t countOf(CutSide side) const { return m_counts[side]; }
+    UMesh<float>& mesh(CutSide side) { return *m_meshes[side]; }
+    std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
+
+protected:
+    void copyVertices(bool areSidesKnown);
+
+    UMesh<float> const& m_source;
+    std::vector<std::int8_t> m_sides;
+    std::vector<Triangle const*> m_meeting;
+
+private:
+    struct Stocks;
+    struct VertexBlock;
+    struct TriangleBlock;
+
+    bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown, Stocks& stocks,
+                         VertexBlock& block);
+    void copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
+                           TriangleBlock& block) const;
+    void collect(std::vector<TriangleBlock> const& blocks);
+    template <typename Work>
+    void forBlocks(std::size_t count, int percentBegin, int percentEnd, Work const& work) const;
+
+    Sorter const& m_sorter;
+    Wanted m_wanted;
+    std::function<void(int)> const& m_progress;
+    RecordIndex<Vertex> m_place;
+    std::vector<Vertex*> m_copies;
+    std::array<std::size_t, 2> m_counts{};
+    std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
+};

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/BooleanPieces.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+using Corners = MeshArrays::Corners;
+
+struct EdgeKey
+{
+    std::uint32_t low = 0;
+    std::uint32_t high = 0;
+    bool operator==(EdgeKey const&) const = default;
+};
+
+struct EdgeHash
+{
+    std::uint64_t operator()(EdgeKey const& e) const
+    {
+        return mixBits(std::uint64_t(e.low) << 32 | e.high);
+    }
+};
+
+class PieceCollector
+{
+public:
+    PieceCollector(OperandSoup const& soup, CurveNetwork const& network,
+                   RoundedFacets const& rounded, SideLabels const& labels, BooleanRule rule)
+        : m_soup(soup), m_network(network), m_rounded(rounded), m_labels(labels), m_rule(rule)
+    {}
+
+    std::vector<PieceTriangle> run()
+    {
+        auto facet = m_rounded.facets().begin();
+        for (std::uint32_t t = 0; t < m_soup.triangleCount(); ++t) {
+            if (!m_rounded.isDivided(t))
+                add(wholeCorners(t), t, timesOfWhole(t));
+            for (; facet != m_rounded.facets().end() && facet->triangle == t; ++facet)
+                add(facet->corners, t,
+                    facet->region == RoundedFacets::whole ? timesOfWhole(t)
+                                                          : timesOfRegion(t, facet->region));
+        }
+        return std::move(m_piece);
+    }
+
+private:
+    Corners wholeCorners(std::uint32_t triangle) const
+    {
+        Corners corners;
+        for (std::size_t k = 0; k < 3; ++k)
+            corners[k] = m_rounded.numberOf(m_soup.corners(triangle)[k]);
+        return corners;
+    }
+
+    int timesOfWhole(std::uint32_t triangle) const
+    {
+        std::uint32_t const vertex = m_soup.corners(triangle)[0];
+        if (m_soup.operandOf(triangle) == Operand::first) {
+            bool const isIn = m_labels.ofFirstVertices[vertex] > 0;
+            return m_rule.timesOfFirst(isIn, isIn);
+        }
+        return m_rule.timesOfSecond(m_labels.ofSecondVertices[vertex - m_soup.firstPointOfSecond]);
+    }
+
+    int timesOfRegion(std::uint32_t triangle, std::uint32_t region) const
+    {
+        if (m_soup.operandOf(triangle) == Operand::first) {
+            SideLabels::Sides const& sides = m_labels.ofFirst[region];
+            return m_rule.timesOfFirst(sides.front > 0, sides.behind > 0);
+        }
+        return m_labels.isOnFirst[region] ? 0 : m_rule.timesOfSecond(m_labels.ofSecond[region]);
+    }
+
+    void add(Corners corners, std::uint32_t triangle, int times)
+    {
+        bool const isTurned = times < 0;
+        if (isTurned)
+            std::swap(corners[1], corners[2]);
+        for (int i = 0; i < std::abs(times); ++i)
+            m_piece.push_back({corners, triangle, isTurned});
+    }
+
+    OperandSoup const& m_soup;
+    CurveNetwork const& m_network;
+    RoundedFacets const& m_rounded;
+    SideLabels const& m_labels;
+    BooleanRule m_rule;
+    std::vector<PieceTriangle> m_piece;
+};
+
+/// Takes out triangles that lie back to back.
+void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points)
+{
+    struct Entry
+    {
+        Corners sorted;
+        bool isOdd;
+        std::uint32_t place;
+    };
+    std::vector<Entry> entries;
+    for (std::uint32_t i = 0; i < piece.size(); ++i) {
+        Corners c = piece[i].corners;
+        if (!points.isOnCurve(c[0]) || !points.isOnCurve(c[1]) || !points.isOnCurve(c[2]))
+            continue;
+        int const first = int(std::min_element(c.begin(), c.end()) - c.begin());
+        std::rotate(c.begin(), c.begin() + first, c.end());
+        bool const isOdd = c[1] > c[2];
+        if (isOdd)
+            std::swap(c[1], c[2]);
+        entries.push_back({c, isOdd, i});
+    }
+    std::sort(entries.begin(), entries.end(), [](Entry const& a, Entry const& b) {
+        return a.sorted != b.sorted ? a.sorted < b.sorted : a.place < b.place;
+    });
+    std::vector<bool> isGone(piece.size(), false);
+    std::vector<std::uint32_t> open;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (i == 0 || entries[i].sorted != entries[i - 1].sorted)
+            open.clear();
+        if (!open.empty() && entries[open.back()].isOdd != entries[i].isOdd) {
+            isGone[entries[i].place] = isGone[entries[open.back()].place] = true;
+            open.pop_back();
+        } else {
+            open.push_back(std::uint32_t(i));
+        }
+    }
+    std::size_t place = 0;
+    std::erase_if(piece, [&](PieceTriangle const&) { return isGone[place++]; });
+}
+
+}  // namespace
+
+std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork const& network,
+                                        RoundedFacets const& rounded, SideLabels const& labels,
+                                        BooleanRule rule)
+{
+    auto piece = PieceCollector(soup, network, rounded, labels, rule).run();
+    cancelPairs(piece, network.points());
+    return piece;
+}
+
+bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const& points)
+{
+    FlatMap<EdgeKey, EdgeHash> places(1024);
+    std::vector<int> balances;
+    for (PieceTriangle const& t : piece)
+        for (std::size_t k = 0; k < 3; ++k) {
+            std::uint32_t const from = t.corners[k], to = t.corners[(k + 1) % 3];
+            if (!points.isOnCurve(from) && !points.isOnCurve(to))
+                continue;
+            std::uint32_t& place = places[{std::min(from, to), std::max(from, to)}];
+            if (place == places.none) {
+                place = std::uint32_t(balances.size());
+                balances.push_back(0);
+            }
+            balances[place] += from < to ? 1 : -1;
+        }
+    return std::all_of(balances.begin(), balances.end(), [](int b) { return b == 0; });
+}

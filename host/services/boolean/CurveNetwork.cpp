@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/CurveNetwork.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int maximalRounds = 30;
+
+/// The edge of a triangle on which two of its places lie, or `inside`.
+int commonEdge(TrianglePlace a, TrianglePlace b)
+{
+    for (int k = 0; k < 3; ++k)
+        if (a.isOnEdge(k) && b.isOnEdge(k))
+            return k;
+    return CurveSegment::inside;
+}
+
+TrianglePlace placeBetween(int edge)
+{
+    return edge == CurveSegment::inside ? TrianglePlace::face() : TrianglePlace::edge(edge);
+}
+
+template <typename T>
+void sortUniquely(std::vector<T>& list)
+{
+    std::sort(list.begin(), list.end());
+    list.erase(std::unique(list.begin(), list.end()), list.end());
+}
+
+FaceSegment undirected(std::uint32_t a, std::uint32_t b)
+{
+    return {std::min(a, b), std::max(a, b)};
+}
+
+}  // namespace
+
+bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgress& progress)
+{
+    markTouched(contacts);
+    addContacts(contacts);
+    progress.add(0);
+    for (int round = 0; round < maximalRounds; ++round) {
+        FaceFaults faults;
+        spread();
+        sortAlongEdges();
+        findFinerEdges(faults);
+        if (!divide(faults, progress))
+            return false;
+        if (faults.isEmpty())
+            return true;
+        mend(faults);
+    }
+    return false;
+}
+
+void CurveNetwork::markTouched(std::vector<TrianglePair> const& contacts)
+{
+    m_faceOf.assign(m_soup.triangleCount(), none);
+    for (TrianglePair const& pair : contacts)
+        m_faceOf[pair.first] = m_faceOf[pair.second] = 0;
+    m_touched.clear();
+    for (std::uint32_t t = 0; t < m_faceOf.size(); ++t)
+        if (m_faceOf[t] != none) {
+            m_faceOf[t] = std::uint32_t(m_touched.size());
+            m_touched.push_back(t);
+        }
+}
+
+void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts)
+{
+    for (TrianglePair const& pair : contacts) {
+        if (pair.contact.count == 2)
+            addSegment(pair);
+        if (pair.contact.count != 1)
+            continue;
+        // A touch in a point divides nothing, but a vertex there is on neither side.
+        TriangleContact::Point const& point = pair.contact.points[0];
+        if (point.inFirst.isCorner() || point.inSecond.isCorner())
+            m_points.add(point, pair.first, pair.second);
+    }
+    // Equal vertices that were met later stand for each other too.
+    for (CurveSegment& segment : m_segments)
+        for (std::uint32_t* const point : {&segment.from, &segment.to})
+            if (*point < m_soup.pointCount())
+                *point = m_points.numberOf(*point);
+}
+
+void CurveNetwork::addSegment(TrianglePair const& pair)
+{
+    auto const& [start, end] = pair.contact.points;
+    std::uint32_t const from = m_points.add(start, pair.first, pair.second);
+    std::uint32_t const to = m_points.add(end, pair.first, pair.second);
+    m_segments.push_back(
+        {from,
+         to,
+         {pair.first, pair.second},
+         {commonEdge(start.inFirst, end.inFirst), commonEdge(start.inSecond, end.inSecond)},
+         {start.inFirst, start.inSecond},
+         {end.inFirst, end.inSecond}});
+}
+
+/// Hands points and segments to the triangles and edges in which they lie.
+void CurveNetwork::spread()
+{
+    m_edgePoints.clear();
+    m_facePoints.clear();
+    m_faceSegments.clear();
+    for (CurveSegment const& s : m_segments)
+        for (int operand = 0; operand < 2; ++operand) {
+            std::size_t const o = std::size_t(operand);
+            spreadEnd(s, operand, s.from, s.fromPlaces[o]);
+            spreadEnd(s, operand, s.to, s.toPlaces[o]);
+            if (s.edges[o] == CurveSegment::inside)
+                m_faceSegments.emplace_back(s.triangles[o], undirected(s.from, s.to));
+        }
+    sortUniquely(m_facePoints);
+    sortUniquely(m_faceSegments);
+    sortUniquely(m_edgePoints);
+}
+
+void CurveNetwork::spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,
+                             TrianglePlace place)
+{
+    std::uint32_t const triangle = segment.triangles[std::size_t(operand)];
+    if (place.isFace())
+        m_facePoints.emplace_back(triangle, point);
+    if (!place.isEdge())
+        return;
+    auto const& corners = m_soup.corners(triangle);
+    auto const [low, high] = std::minmax(corners[std::size_t(place.index())],
+                                         corners[std::size_t((place.index() + 1) % 3)]);
+    m_edgePoints.push_back({low, high, point});
+}
+
+int CurveNetwork::compare(std::uint32_t a, std::uint32_t b, int axis) const
+{
+    CurvePoints::Estimate const p = m_points.estimate(a), q = m_points.estimate(b);
+    double const way = q.place[std::size_t(axis)] - p.place[std::size_t(axis)];
+    if (std::abs(way) > 1.001 * (p.error + q.error))
+        return way > 0 ? 1 : -1;
+    return Exact::compare(m_points.exact(a), m_points.exact(b), axis);
+}
+
+/// Puts the points of each edge in their order from its lower vertex to its higher one.
+void CurveNetwork::sortAlongEdges()
+{
+    for (auto begin = m_edgePoints.begin(); begin != m_edgePoints.end();) {
+        auto const end = std::find_if(begin, m_edgePoints.end(),
+                                      [&](EdgePoint const& p) { return !p.isOnSameEdge(*begin); });
+        if (end - begin > 1) {
+            UPoint3<float> const& from = m_soup.mesh.points[begin->low];
+            UPoint3<float> const& to = m_soup.mesh.points[begin->high];
+            int axis = 0;
+            for (int k = 1; k < 3; ++k)
+                if (std::abs(double(to[k]) - from[k]) > std::abs(double(to[axis]) - from[axis]))
+                    axis = k;
+            int const direction = to[axis] > from[axis] ? 1 : -1;
+            std::sort(begin, end, [&](EdgePoint const& p, EdgePoint const& q) {
+                return p.point != q.point && compare(p.point, q.point, axis) == direction;
+            });
+        }
+        begin = end;
+    }
+    m_edgePointNumbers.clear();
+    for (EdgePoint const& p : m_edgePoints)
+        m_edgePointNumbers.push_back(p.point);
+}
+
+std::span<std::uint32_t const> CurveNetwork::pointsOnEdge(std::uint32_t low,
+                                                          std::uint32_t high) const
+{
+    auto const [begin, end] =
+        std::equal_range(m_edgePoints.begin(), m_edgePoints.end(), EdgePoint{low, high, 0},
+                         [](EdgePoint const& a, EdgePoint const& b) {
+                             return a.low != b.low ? a.low < b.low : a.high < b.high;
+                         });
+    return std::span(m_edgePointNumbers)
+        .subspan(std::size_t(begin - m_edgePoints.begin()), std::size_t(end - begin));
+}
+
+/// Finds segments along an edge that has points between their ends.
+void CurveNetwork::findFinerEdges(FaceFaults& faults) const
+{
+    for (CurveSegment const& s : m_segments)
+        for (std::size_t o = 0; o < 2; ++o) {
+            if (s.edges[o] == CurveSegment::inside)
+                continue;
+            auto const& corners = m_soup.corners(s.triangles[o]);
+            auto const [low, high] = std::minmax(corners[std::size_t(s.edges[o])],
+                                                 corners[std::size_t((s.edges[o] + 1) % 3)]);
+            auto const chain = pointsOnEdge(low, high);
+            auto const placeOf = [&](std::uint32_t point) -> std::ptrdiff_t {
+                if (point == m_points.numberOf(low))
+                    return -1;
+                return std::find(chain.begin(), chain.end(), point) - chain.begin();
+            };
+            auto const [a, b] = std::minmax(placeOf(s.from), placeOf(s.to));
+            for (std::ptrdiff_t i = a + 1; i < b && i < std::ptrdiff_t(chain.size()); ++i)
+                faults.breaks.push_back({undirected(s.from, s.to), chain[std::size_t(i)]});
+        }
+}
+
+bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
+{
+    m_facets = {};
+    FaceTriangulation triangulation(m_soup, m_points);
+    std::vector<std::uint32_t> inside;
+    std::vector<FaceSegment> segments;
+    std::array<std::vector<std::uint32_t>, 3> onEdges;
+    auto facePoint = m_facePoints.begin();
+    auto faceSegment = m_faceSegments.begin();
+    for (std::uint32_t const t : m_touched) {
+        Face face;
+        face.triangle = t;
+        auto const& corners = m_soup.corners(t);
+        for (std::size_t k = 0; k < 3; ++k) {
+            face.corners[k] = m_points.numberOf(corners[k]);
+            std::uint32_t const a = corners[k], b = corners[(k + 1) % 3];
+            auto const chain = pointsOnEdge(std::min(a, b), std::max(a, b));
+            onEdges[k].assign(chain.begin(), chain.end());
+            if (a > b)
+                std::reverse(onEdges[k].begin(), onEdges[k].end());
+            face.onEdges[k] = onEdges[k];
+        }
+        inside.clear();
+        for (; facePoint != m_facePoints.end() && facePoint->first == t; ++facePoint)
+            inside.push_back(facePoint->second);
+        segments.clear();
+        for (; faceSegment != m_faceSegments.end() && faceSegment->first == t; ++faceSegment)
+            segments.push_back(faceSegment->second);
+        face.inside = inside;
+        face.segments = segments;
+        if (!triangulation.divide(face, m_facets, faults))
+            return false;
+        progress.add(1);
+    }
+    return true;
+}
+
+/// Breaks segments where points lie on them and where they cross.
+void CurveNetwork::mend(FaceFaults const& faults)
+{
+    for (FaceFaults::Break const& fault : faults.breaks)
+        breakSegment(fault.segment, fault.point);
+    for (FaceFaults::Crossing const& fault : faults.crossings) {
+        std::uint32_t const a = partnerOf(fault.triangle, fault.first);
+        std::uint32_t const b = partnerOf(fault.triangle, fault.second);
+        if (a == none || b == none)
+            continue;  // broken already, so that the next round finds what is left
+        std::uint32_t const point = m_points.addCrossing({fault.triangle, a, b});
+        breakSegment(fault.first, point);
+        breakSegment(fault.second, point);
+    }
+}
+
+std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const& segment) const
+{
+    for (CurveSegment const& s : m_segments)
+        for (std::size_t o = 0; o < 2; ++o)
+            if (s.triangles[o] == triangle && undirected(s.from, s.to) == segment)
+                return s.triangles[1 - o];
+    return none;
+}
+
+void CurveNetwork::breakSegment(FaceSegment const& segment, std::uint32_t point)
+{
+    std::size_t const count = m_segments.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        CurveSegment& s = m_segments[i];
+        if (undirected(s.from, s.to) != segment || s.from == point || s.to == point)
+            continue;
+        CurveSegment second = s;
+        second.from = s.to = point;
+        for (std::size_t o = 0; o < 2; ++o)
+            second.fromPlaces[o] = s.toPlaces[o] = placeBetween(s.edges[o]);
+        m_segments.push_back(second);
+    }
+}
+
+std::uint32_t CurveNetwork::regionLeftOf(std::uint32_t triangle, std::uint32_t from,
+                                         std::uint32_t to) const
+{
+    std::uint32_t const face = m_faceOf[triangle];
+    if (face == none)
+        return none;
+    auto const begin = m_facets.borders.begin() + (face == 0 ? 0 : m_facets.ends[face - 1].borders);
+    auto const end = m_facets.borders.begin() + m_facets.ends[face].borders;
+    Facets::Border const wanted{from, to, 0, false};
+    auto const found = std::lower_bound(begin, end, wanted);
+    return found != end && found->from == from && found->to == to ? found->region : none;
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/StageProgress.h"
+#include "host/services/boolean/CurvePoints.h"
+#include "host/services/boolean/FaceTriangulation.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+/// Two triangles that touch or cross, one of either operand.
+struct TrianglePair
+{
+    std::uint32_t first;
+    std::uint32_t second;
+    TriangleContact contact;
+};
+
+/// A piece of the curves in which the surfaces meet, as one pair of triangles has it in common. The
+/// same piece comes from several pairs where it runs along an edge.
+struct CurveSegment
+{
+    static constexpr int inside = 3;
+
+    /// On its left the first triangle lies behind the second.
+    std::uint32_t from;
+    std::uint32_t to;
+    /// The triangle of the first operand, and that of the second.
+    std::array<std::uint32_t, 2> triangles;
+    /// The edge of either triangle along which the segment runs, or `inside`.
+    std::array<int, 2> edges;
+    std::array<TrianglePlace, 2> fromPlaces;
+    std::array<TrianglePlace, 2> toPlaces;
+
+    bool isAlongEdge() const { return edges[0] != inside || edges[1] != inside; }
+};
+
+/// The curves in which two surfaces meet, and the triangles divided along them.
+class CurveNetwork
+{
+public:
+    explicit CurveNetwork(OperandSoup const& soup) : m_soup(soup), m_points(soup) {}
+
+    /// Makes points and segments of the contacts, and divides all triangles that have one.
+    ///
+    /// returns  false if the division does not come to an end, which exact operands do not do
+    bool build(std::vector<TrianglePair> const& contacts, StageProgress& progress);
+
+    CurvePoints const& points() const { return m_points; }
+    std::vector<CurveSegment> const& segments() const { return m_segments; }
+    /// The facets of all triangles that touch the other operand, by ascending triangle.
+    Facets const& facets() const { return m_facets; }
+
+    static constexpr std::uint32_t none = 0xffffffff;
+    /// The place of a triangle in facets().ends; `none` for one that touches nothing.
+    std::uint32_t faceOf(std::uint32_t triangle) const { return m_faceOf[triangle]; }
+    /// The region on the left of an edge of a face's facets, which lies on a segment or on a side
+    /// of the face; `none` if there is no such edge.
+    std::uint32_t regionLeftOf(std::uint32_t triangle, std::uint32_t from, std::uint32_t to) const;
+
+    /// 1 if b comes after a in the direction of an axis, -1 if before.
+    int compare(std::uint32_t a, std::uint32_t b, int axis) const;
+
+private:
+    struct EdgePoint
+    {
+        std::uint32_t low;
+        std::uint32_t high;
+        std::uint32_t point;
+        bool isOnSameEdge(EdgePoint const& o) const { return low == o.low && high == o.high; }
+        auto operator<=>(EdgePoint const&) const = default;
+    };
+    using FacePoint = std::pair<std::uint32_t, std::uint32_t>;
+    using SegmentInFace = std::pair<std::uint32_t, FaceSegment>;
+
+    void addContacts(std::vector<TrianglePair> const& contacts);
+    void addSegment(TrianglePair const& pair);
+    void markTouched(std::vector<TrianglePair> const& contacts);
+    void spread();
+    void spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,
+                   TrianglePlace place);
+    void sortAlongEdges();
+    std::span<std::uint32_t const> pointsOnEdge(std::uint32_t low, std::uint32_t high) const;
+    void findFinerEdges(FaceFaults& faults) const;
+    bool divide(FaceFaults& faults, StageProgress& progress);
+    void mend(FaceFaults const& faults);
+    void breakSegment(FaceSegment const& segment, std::uint32_t point);
+    std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment) const;
+
+    OperandSoup const& m_soup;
+    CurvePoints m_points;
+    std::vector<CurveSegment> m_segments;
+    std::vector<std::uint32_t> m_faceOf;
+    std::vector<std::uint32_t> m_touched;
+    std::vector<EdgePoint> m_edgePoints;
+    std::vector<std::uint32_t> m_edgePointNumbers;
+    std::vector<FacePoint> m_facePoints;
+    std::vector<SegmentInFace> m_faceSegments;
+    Facets m_facets;
+};

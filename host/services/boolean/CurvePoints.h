@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/boolean/FlatMap.h"
+#include "host/services/boolean/OperandSoup.h"
+#include "host/services/boolean/TriangleContact.h"
+#include "host/services/exact/ImplicitPoints.h"
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+/// The points in which the surfaces of two operands meet. They stay defined by what they come from
+/// (a vertex, an edge through a plane, three planes) until all decisions are made: coordinates in
+/// double with an error bound serve as a filter, exact ones decide, and the float coordinates are
+/// the exact ones rounded once.
+///
+/// Numbers below the soup's point count stand for its vertices. Of points that are equal, exactly,
+/// one number stands for all.
+class CurvePoints
+{
+public:
+    /// Coordinates that are off by at most `error` each.
+    struct Estimate
+    {
+        std::array<double, 3> place;
+        double error;
+    };
+
+    explicit CurvePoints(OperandSoup const& soup);
+
+    /// The number of the point of a contact of two triangles, new or known.
+    std::uint32_t add(TriangleContact::Point const& point, std::uint32_t first,
+                      std::uint32_t second);
+
+    /// The number of the point that the planes of three triangles share.
+    std::uint32_t addCrossing(std::array<std::uint32_t, 3> const& triangles);
+
+    /// The number that stands for a vertex: its own, or that of an equal point on the curves.
+    std::uint32_t numberOf(std::uint32_t vertex) const { return m_standIns[vertex]; }
+    /// Whether the surfaces meet in a point or vertex.
+    bool isOnCurve(std::uint32_t point) const
+    {
+        return point >= m_soup.pointCount() || m_isOnCurve[point];
+    }
+
+    std::uint32_t size() const { return m_soup.pointCount() + std::uint32_t(m_points.size()); }
+
+    Estimate estimate(std::uint32_t point) const
+    {
+        if (point >= m_soup.pointCount())
+            return m_points[point - m_soup.pointCount()].estimate;
+        UPoint3<float> const& p = m_soup.mesh.points[point];
+        return {{p.X(), p.Y(), p.Z()}, 0};
+    }
+
+    UPoint3<float> const& rounded(std::uint32_t point) const
+    {
+        return point < m_soup.pointCount() ? m_soup.mesh.points[point]
+                                           : m_points[point - m_soup.pointCount()].rounded;
+    }
+
+    Exact::ImplicitPoint exact(std::uint32_t point) const;
+
+private:
+    struct Definition
+    {
+        Estimate estimate{};
+        UPoint3<float> rounded;
+        /// Two ends of an edge and a triangle; or three triangles.
+        std::array<std::uint32_t, 3> sources{};
+        bool isCrossing = false;
+    };
+    /// What a point lies in of either operand: a vertex, an edge or a triangle.
+    struct Key
+    {
+        std::uint64_t inFirst = 0;
+        std::uint64_t inSecond = 0;
+        bool operator==(Key const&) const = default;
+    };
+    struct KeyHash
+    {
+        std::uint64_t operator()(Key const& k) const
+        {
+            return mixBits(mixBits(k.inFirst) + k.inSecond);
+        }
+    };
+    using Rounded = std::array<std::uint32_t, 3>;
+    struct RoundedHash
+    {
+        std::uint64_t operator()(Rounded const& r) const
+        {
+            return mixBits(mixBits(std::uint64_t(r[0]) << 32 | r[1]) + r[2]);
+        }
+    };
+
+    Definition define(TriangleContact::Point const& point, std::uint32_t first,
+                      std::uint32_t second) const;
+    void locate(Definition& definition) const;
+    std::uint32_t addVertex(std::uint32_t vertex);
+    std::uint32_t addNew(Definition const& definition);
+    std::uint32_t findEqual(std::uint32_t point) const;
+    Exact::ImplicitPoint exact(Definition const& definition) const;
+
+    OperandSoup const& m_soup;
+    std::vector<std::uint32_t> m_standIns;
+    std::vector<bool> m_isOnCurve;
+    std::vector<Definition> m_points;
+    FlatMap<Key, KeyHash> m_byKey;
+    /// The first point with given float coordinates, and the next one after a point.
+    FlatMap<Rounded, RoundedHash> m_byPlace;
+    std::vector<std::uint32_t> m_nextAtPlace;
+};

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/boolean/CurvePoints.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+/// A segment in a triangle, by point numbers.
+struct FaceSegment
+{
+    std::uint32_t from = 0;
+    std::uint32_t to = 0;
+    auto operator<=>(FaceSegment const&) const = default;
+};
+
+/// A triangle with the points and the segments that lie in it.
+struct Face
+{
+    std::uint32_t triangle = 0;
+    std::array<std::uint32_t, 3> corners{};
+    /// The points inside each edge, from its first corner to its second.
+    std::array<std::span<std::uint32_t const>, 3> onEdges;
+    std::span<std::uint32_t const> inside;
+    std::span<FaceSegment const> segments;
+};
+
+/// The facets into which faces are divided, one face after the other.
+struct Facets
+{
+    /// An edge of a facet that lies on a segment or on a side of the face, with the region on its
+    /// left.
+    struct Border
+    {
+        std::uint32_t from;
+        std::uint32_t to;
+        std::uint32_t region;
+        /// Whether the edge lies on a side of the face.
+        bool isSide;
+        bool operator<(Border const& o) const { return from != o.from ? from < o.from : to < o.to; }
+    };
+    /// Where the entries of one face end.
+    struct End
+    {
+        std::uint32_t triangle = 0;
+        std::uint32_t facets = 0;
+        std::uint32_t borders = 0;
+        std::uint32_t regions = 0;
+    };
+
+    /// By point numbers, facing as their face.
+    std::vector<MeshArrays::Corners> corners;
+    /// The region of each facet: what is joined without crossing a segment.
+    std::vector<std::uint32_t> regions;
+    /// Sorted within a face.
+    std::vector<Border> borders;
+    std::vector<End> ends;
+};
+
+/// What keeps a face from being divided: segments on which a point lies, or that cross.
+struct FaceFaults
+{
+    struct Break
+    {
+        FaceSegment segment;
+        std::uint32_t point;
+    };
+    struct Crossing
+    {
+        std::uint32_t triangle;
+        FaceSegment first;
+        FaceSegment second;
+    };
+
+    std::vector<Break> breaks;
+    std::vector<Crossing> crossings;
+    bool isEmpty() const { return breaks.empty() && crossings.empty(); }
+};
+
+/// Divides triangles along segments into facets, by a constrained Delaunay triangulation. The
+/// topology is exact; where it leaves a choice, estimates decide. One object serves many faces, on
+/// one thread.
+///
+/// After Lawson's flips for the points, and Sloan, "A fast algorithm for generating constrained
+/// Delaunay triangulations", 1993, for the segments.
+class FaceTriangulation
+{
+public:
+    FaceTriangulation(OperandSoup const& soup, CurvePoints const& points)
+        : m_soup(soup), m_points(points)
+    {}
+
+    /// Appends the facets of a face; appends to the faults and writes facets that do not respect
+    /// all segments where it finds any.
+    /// returns  false if the input contradicts itself
+    bool divide(Face const& face, Facets& facets, FaceFaults& faults);
+
+private:
+    static constexpr int none = -1;
+
+    /// A point of the face in two of its coordinates, such that the face runs anticlockwise.
+    struct Place
+    {
+        double u, v;
+        double error;
+        std::uint32_t number;
+        /// Bit k: lies on side k of the face.
+        unsigned sides;
+    };
+    /// Edge i joins corner i and the next one.
+    struct Facet
+    {
+        std::array<int, 3> corners;
+        std::array<int, 3> neighbours;
+        std::array<int, 3> segments;
+    };
+    struct Edge
+    {
+        int facet;
+        int index;
+    };
+
+    void chooseView(std::uint32_t triangle);
+    Place placeOf(std::uint32_t number, unsigned sides) const;
+    int orient(int a, int b, int c) const;
+    int orientExactly(int a, int b, int c) const;
+    bool isInCircle(int a, int b, int c, int d) const;
+
+    void begin(Face const& face);
+    bool addEdgePoints(Face const& face, int side);
+    bool addInnerPoint(std::uint32_t number);
+    bool locate(int point, int& facet, int& edge);
+    void splitFacet(int facet, int point);
+    void splitEdge(Edge edge, int point);
+
+    int localOf(std::uint32_t number) const;
+    void addSegment(int index, FaceSegment const& segment, Face const& face, FaceFaults& faults);
+    /// Makes edges from one point towards another as far as no third point lies between; returns
+    /// the point reached, or `none` if a segment is in the way.
+    int addStretch(int from, int to, int segment, Face const& face, FaceFaults& faults);
+    bool crossedEdges(Edge first, int from, int& to, int segment, Face const& face,
+                      FaceFaults& faults);
+    bool flipAway(int from, int to);
+
+    Edge findEdge(int from, int to) const;
+    void fix(Edge edge, int segment);
+    void setFacet(int facet, std::array<int, 3> corners);
+    void link(int facet, int index, int neighbour, int segment);
+    void flip(Edge edge);
+    bool isConvex(Edge edge) const;
+    Edge opposite(Edge edge) const;
+    void improve();
+    void write(std::uint32_t triangle, Facets& facets);
+
+    OperandSoup const& m_soup;
+    CurvePoints const& m_points;
+    int m_axis = 2;
+    bool m_isTurned = false;
+    std::vector<Place> m_places;
+    std::vector<std::pair<std::uint32_t, int>> m_locals;
+    std::vector<Facet> m_facets;
+    std::vector<int> m_facetAt;
+    std::vector<Edge> m_stack;
+    std::vector<std::pair<int, int>> m_crossed;
+    std::vector<int> m_regions;
+    int m_last = 0;
+};

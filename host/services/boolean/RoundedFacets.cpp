@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/RoundedFacets.h"
+
+#include "host/mesh/ExactSigns.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <unordered_map>
+
+namespace {
+
+constexpr std::uint32_t none = 0xffffffff;
+constexpr int maximalRounds = 12;
+/// Points that differ by less than this share of their coordinates may be joined: four times what
+/// rounding to float makes of one point.
+constexpr double nearness = 0x1p-22;
+/// Facets lower than this share of their coordinates are flat: a quarter of that rounding.
+constexpr double flatness = 0x1p-26;
+
+using Point = UPoint3<float>;
+using Corners = MeshArrays::Corners;
+using PlaceKey = std::array<std::uint32_t, 3>;
+
+struct PlaceHash
+{
+    std::uint64_t operator()(PlaceKey const& k) const
+    {
+        return mixBits(mixBits(std::uint64_t(k[0]) << 32 | k[1]) + k[2]);
+    }
+};
+
+PlaceKey keyOf(Point const& p)
+{
+    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
+            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
+}
+
+bool isCollapsed(Corners const& c)
+{
+    return c[0] == c[1] || c[1] == c[2] || c[2] == c[0];
+}
+
+double squaredLength(Point const& a, Point const& b)
+{
+    ExactSigns::Offset const d(a, b);
+    return d.x * d.x + d.y * d.y + d.z * d.z;
+}
+
+}  // namespace
+
+RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& network)
+    : m_soup(soup), m_network(network)
+{
+    numberPoints();
+    copyFacets();
+    mend();
+}
+
+/// Vertices keep their numbers, so that those of one operand at the same place stay apart unless a
+/// curve passes through them.
+void RoundedFacets::numberPoints()
+{
+    CurvePoints const& points = m_network.points();
+    m_numbers.resize(points.size());
+    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i)
+        m_numbers[i] = points.numberOf(i);
+    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i)
+        m_numbers[i] = i;
+    FlatMap<PlaceKey, PlaceHash> byPlace(points.size() - m_soup.pointCount() +
+                                         2 * m_network.facets().ends.size());
+    auto const enter = [&](std::uint32_t point) {
+        std::uint32_t& known = byPlace[keyOf(points.rounded(point))];
+        if (known == none)
+            known = point;
+        return known;
+    };
+    for (Facets::End const& face : m_network.facets().ends)
+        for (std::uint32_t const corner : m_soup.corners(face.triangle))
+            if (points.numberOf(corner) == corner)
+                enter(corner);
+    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i)
+        m_numbers[i] = enter(i);
+    // Vertices on which a point of the curves stands in.
+    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i)
+        m_numbers[i] = m_numbers[points.numberOf(i)];
+}
+
+void RoundedFacets::copyFacets()
+{
+    Facets const& facets = m_network.facets();
+    m_facets.reserve(facets.corners.size());
+    std::uint32_t begin = 0;
+    for (Facets::End const& face : facets.ends) {
+        for (std::uint32_t f = begin; f < face.facets; ++f) {
+            Corners corners;
+            for (std::size_t k = 0; k < 3; ++k)
+                corners[k] = m_numbers[facets.corners[f][k]];
+            if (!isCollapsed(corners))
+                m_facets.push_back({corners, face.triangle, facets.regions[f]});
+        }
+        begin = face.facets;
+    }
+}
+
+/// Whether a facet is so low that its corners lie in a line as far as floats of their size tell.
+bool RoundedFacets::isFlat(Facet const& facet) const
+{
+    Point const &a = place(facet.corners[0]), &b = place(facet.corners[1]),
+                &c = place(facet.corners[2]);
+    ExactSigns::Offset const u(a, b), v(a, c), w(b, c);
+    double const x = u.y * v.z - u.z * v.y, y = u.z * v.x - u.x * v.z, z = u.x * v.y - u.y * v.x;
+    auto const squared = [](ExactSigns::Offset const& o) {
+        return o.x * o.x + o.y * o.y + o.z * o.z;
+    };
+    double const length = std::max({squared(u), squared(v), squared(w)});
+    double size = 0;
+    for (int k = 0; k < 3; ++k)
+        size = std::max(size, std::abs(double(a[k])));
+    return x * x + y * y + z * z <= length * size * size * flatness * flatness;
+}
+
+/// 1 if a facet faces as its triangle does, seen along the axis that the triangle faces most.
+int RoundedFacets::facing(Facet const& facet) const
+{
+    Point const a = m_soup.mesh.point(facet.triangle, 0), b = m_soup.mesh.point(facet.triangle, 1),
+                c = m_soup.mesh.point(facet.triangle, 2);
+    ExactSigns::Offset const u(a, b), v(a, c);
+    double const normal[3] = {u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
+    int axis = 0;
+    for (int k = 1; k < 3; ++k)
+        if (std::abs(normal[k]) > std::abs(normal[axis]))
+            axis = k;
+    CurvePoints const& points = m_network.points();
+    int const sign =
+        ExactSigns::orient2d(points.rounded(facet.corners[0]), points.rounded(facet.corners[1]),
+                             points.rounded(facet.corners[2]), axis);
+    return normal[axis] > 0 ? sign : -sign;
+}
+
+/// The facets at each point of some facets; kept up while these are mended.
+class RoundedFacets::Surroundings
+{
+public:
+    Surroundings(std::vector<Facet> const& facets, std::vector<std::size_t> const& some)
+    {
+        for (std::size_t const f : some)
+            for (std::uint32_t const corner : facets[f].corners)
+                m_facetsAt[corner];
+        for (std::size_t f = 0; f < facets.size(); ++f)
+            add(facets[f], f);
+    }
+
+    void add(Facet const& facet, std::size_t place)
+    {
+        for (std::uint32_t const corner : facet.corners)
+            if (auto const at = m_facetsAt.find(corner); at != m_facetsAt.end())
+                at->second.push_back(place);
+    }
+
+    std::vector<std::size_t> facetsAt(std::uint32_t point) const { return m_facetsAt.at(point); }
+
+private:
+    std::unordered_map<std::uint32_t, std::vector<std::size_t>> m_facetsAt;
+};
+
+void RoundedFacets::mend()
+{
+    for (int round = 0; round < maximalRounds; ++round) {
+        std::vector<std::size_t> turned;
+        for (std::size_t f = 0; f < m_facets.size(); ++f)
+            if (isFlat(m_facets[f]) || facing(m_facets[f]) <= 0)
+                turned.push_back(f);
+        if (turned.empty())
+            break;
+        Surroundings surroundings(m_facets, turned);
+        for (std::size_t const f : turned)
+            if (!isCollapsed(m_facets[f].corners))
+                collapse(f, surroundings);
+        std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
+    }
+    std::stable_sort(m_facets.begin(), m_facets.end(),
+                     [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; });
+}
+
+/// Whether all triangles at an edge are divided for sure.
+bool RoundedFacets::isDivided(std::uint32_t a, std::uint32_t b) const
+{
+    return m_network.points().isOnCurve(a) || m_network.points().isOnCurve(b);
+}
+
+/// Makes a flat facet collapse: joins two corners that are as near as rounding makes points differ,
+/// or leads the longest edge through the third corner.
+void RoundedFacets::collapse(std::size_t flat, Surroundings& surroundings)
+{
+    Corners const c = m_facets[flat].corners;
+    std::array<double, 3> lengths;
+    for (std::size_t k = 0; k < 3; ++k)
+        lengths[k] = squaredLength(place(c[k]), place(c[(k + 1) % 3]));
+    std::size_t const shortest =
+        std::size_t(std::min_element(lengths.begin(), lengths.end()) - lengths.begin());
+    std::size_t const longest =
+        std::size_t(std::max_element(lengths.begin(), lengths.end()) - lengths.begin());
+    double size = 0;
+    for (int k = 0; k < 3; ++k)
+        size = std::max(size, std::abs(double(place(c[shortest])[k])));
+    if (lengths[shortest] <= size * size * nearness * nearness &&
+        join(c[shortest], c[(shortest + 1) % 3], surroundings))
+        return;
+    leadThrough(c[longest], c[(longest + 1) % 3], c[(longest + 2) % 3], surroundings);
+}
+
+/// Puts one point in the place of another. A vertex off the curves stays, for triangles that are
+/// not divided have it too. Returns false for two of these.
+bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroundings)
+{
+    CurvePoints const& points = m_network.points();
+    if (!points.isOnCurve(a) && !points.isOnCurve(b))
+        return false;
+    bool const isAFree = points.isOnCurve(a) && (!points.isOnCurve(b) || a > b);
+    std::uint32_t const kept = isAFree ? b : a, gone = isAFree ? a : b;
+    for (std::size_t const f : surroundings.facetsAt(gone)) {
+        for (std::uint32_t& corner : m_facets[f].corners)
+            if (corner == gone)
+                corner = kept;
+        surroundings.add(m_facets[f], f);
+    }
+    for (std::uint32_t& number : m_numbers)
+        if (number == gone)
+            number = kept;
+    return true;
+}
+
+/// Makes facets of the triangles at an edge that no curve divides.
+void RoundedFacets::divideWholeTriangles(std::uint32_t a, std::uint32_t b,
+                                         Surroundings& surroundings)
+{
+    for (std::uint32_t t = 0; t < m_soup.triangleCount(); ++t) {
+        Corners const& c = m_soup.corners(t);
+        bool const hasEdge = std::find(c.begin(), c.end(), a) != c.end() &&
+                             std::find(c.begin(), c.end(), b) != c.end();
+        if (!hasEdge || m_network.faceOf(t) != CurveNetwork::none || isDivided(t))
+            continue;
+        m_facets.push_back({c, t, whole});
+        surroundings.add(m_facets.back(), m_facets.size() - 1);
+        m_dividedWholes.push_back(t);
+    }
+}
+
+bool RoundedFacets::isDivided(std::uint32_t triangle) const
+{
+    return m_network.faceOf(triangle) != CurveNetwork::none ||
+           std::find(m_dividedWholes.begin(), m_dividedWholes.end(), triangle) !=
+               m_dividedWholes.end();
+}
+
+/// Leads an edge through a point, in all facets at the edge.
+void RoundedFacets::leadThrough(std::uint32_t from, std::uint32_t to, std::uint32_t middle,
+                                Surroundings& surroundings)
+{
+    if (!isDivided(from, to))
+        divideWholeTriangles(from, to, surroundings);
+    for (std::size_t const f : surroundings.facetsAt(from))
+        for (std::size_t k = 0; k < 3; ++k) {
+            Corners& corners = m_facets[f].corners;
+            std::uint32_t const a = corners[k], b = corners[(k + 1) % 3];
+            if (!((a == from && b == to) || (a == to && b == from)) || isCollapsed(corners))
+                continue;
+            Facet second = m_facets[f];
+            second.corners[k] = middle;
+            corners[(k + 1) % 3] = middle;
+            surroundings.add(m_facets[f], f);
+            if (!isCollapsed(second.corners)) {
+                m_facets.push_back(second);
+                surroundings.add(second, m_facets.size() - 1);
+            }
+            break;
+        }
+}

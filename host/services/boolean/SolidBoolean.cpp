@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/SolidBoolean.h"
+
+#include "host/services/RecordCopies.h"
+#include "host/services/boolean/PieceWriter.h"
+#include "host/services/boolean/RayPassage.h"
+#include "host/services/boolean/SoupBoolean.h"
+#include "host/services/boolean/ToolSides.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Triangle = UTriangle<float>;
+
+// Percentages at the end of each stage.
+constexpr int gridDone = 10;
+constexpr int copiesDone = 45;
+constexpr int curvesDone = 85;
+
+class SolidBoolean
+{
+public:
+    SolidBoolean(UMesh<float> const& part, MeshKernel const& tool,
+                 std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress)
+        : m_part(part), m_pieces(pieces), m_report(progress), m_progress(progress)
+    {
+        m_progress.begin(0, gridDone, tool.readMesh()->triangles.size());
+        m_tool = copyArrays(tool, Frame::World, m_progress);
+    }
+
+    std::vector<BooleanResult> run()
+    {
+        ToolGrid const grid(m_tool, cellCount(), m_progress);
+        ToolSides const sides(grid, m_part.vertices.size());
+        std::function<void(int)> const copyProgress = [this](int percent) {
+            m_progress.begin(gridDone + percent * (copiesDone - gridDone) / 60, copiesDone, 1);
+        };
+        Copies copies(m_part, sides, wantedSides(), copyProgress);
+        copies.copyTriangles();
+        gatherSoup(copies);
+        m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
+        SoupBoolean boolean(m_soup);
+        resolve(boolean, grid);
+        m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
+        std::vector<BooleanResult> results;
+        for (BooleanPiece const piece : m_pieces)
+            results.push_back(write(boolean, copies, piece));
+        m_progress.finish();
+        return results;
+    }
+
+private:
+    using Copies = RecordCopies<ToolSides>;
+
+    static bool isKept(BooleanPiece piece, bool isIn)
+    {
+        return BooleanRule(piece).timesOfFirst(isIn, isIn) > 0;
+    }
+
+    Copies::Wanted wantedSides() const
+    {
+        Copies::Wanted wanted{};
+        for (BooleanPiece const piece : m_pieces) {
+            wanted[sideAbove] |= isKept(piece, false);
+            wanted[sideBelow] |= isKept(piece, true);
+        }
+        return wanted;
+    }
+
+    /// Small enough to find and label quickly, fine enough to leave few triangles near the tool.
+    std::size_t cellCount() const
+    {
+        return std::clamp<std::size_t>(m_part.triangles.size() / 4 + m_tool.triangles.size(),
+                                       1 << 12, 1 << 19);
+    }
+
+    /// The triangles in cells that the tool touches, and all of the tool.
+    void gatherSoup(Copies const& copies)
+    {
+        constexpr std::uint32_t none = 0xffffffff;
+        std::vector<std::uint32_t> locals(m_part.vertices.size(), none);
+        auto& mesh = m_soup.mesh;
+        mesh.triangles.reserve(copies.meeting().size() + m_tool.triangles.size());
+        for (Triangle const* const triangle : copies.meeting()) {
+            MeshArrays::Corners corners;
+            for (int k = 0; k < 3; ++k) {
+                std::uint32_t const place = copies.placeOf(triangle->cV(k));
+                if (locals[place] == none) {
+                    locals[place] = std::uint32_t(mesh.points.size());
+                    mesh.points.push_back(triangle->cP(k));
+                    m_places.push_back(place);
+                    int const side = copies.sideOf(place);
+                    m_known.push_back(side == 0 ? SideLabels::unknown : std::int8_t(side < 0));
+                }
+                corners[std::size_t(k)] = locals[place];
+            }
+            mesh.triangles.push_back(corners);
+        }
+        m_soup.firstPointOfSecond = std::uint32_t(mesh.points.size());
+        m_soup.firstTriangleOfSecond = std::uint32_t(mesh.triangles.size());
+        mesh.points.insert(mesh.points.end(), m_tool.points.begin(), m_tool.points.end());
+        for (MeshArrays::Corners corners : m_tool.triangles) {
+            for (std::uint32_t& corner : corners)
+                corner += m_soup.firstPointOfSecond;
+            mesh.triangles.push_back(corners);
+        }
+    }
+
+    void resolve(SoupBoolean& boolean, ToolGrid const& grid)
+    {
+        WindingNumbers winding;
+        winding.ofFirst = [this](WindingNumbers::Points const& points) {
+            return partAround(points);
+        };
+        winding.ofSecond = [&grid](WindingNumbers::Points const& points) {
+            std::vector<int> numbers;
+            for (UPoint3<float> const& point : points)
+                numbers.push_back(grid.windingAt(point));
+            return numbers;
+        };
+        if (boolean.resolve(grid, m_known, winding, m_progress) != SoupBoolean::Outcome::done)
+            fail(boolean);
+    }
+
+    /// The part's winding numbers around points, by one pass over the part.
+    std::vector<int> partAround(WindingNumbers::Points const& points)
+    {
+        using Numbers = std::vector<int>;
+        using Range = tbb::blocked_range<std::size_t>;
+        return tbb::parallel_reduce(
+            Range(0, m_part.triangles.size(), 4096), Numbers(points.size(), 0),
+            [&](Range const& range, Numbers numbers) {
+                for (std::size_t t = range.begin(); t != range.end(); ++t) {
+                    Triangle const& triangle = *m_part.triangles[t];
+                    UPoint3<float> const a = triangle.cP(0), b = triangle.cP(1), c = triangle.cP(2);
+                    auto const [low, high] = std::minmax({a[1], b[1], c[1]});
+                    for (std::size_t i = 0; i < points.size(); ++i)
+                        if (points[i][1] >= low && points[i][1] <= high)
+                            numbers[i] += rayPassage(points[i], a, b, c);
+                }
+                m_progress.add(0);
+                return numbers;
+            },
+            [](Numbers a, Numbers const& b) {
+                for (std::size_t i = 0; i < a.size(); ++i)
+                    a[i] += b[i];
+                return a;
+            });
+    }
+
+    BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece)
+    {
+        auto const triangles = boolean.piece(piece);
+        if (!triangles)
+            fail(boolean);
+        bool const keepsOutside = isKept(piece, false);
+        CutSide const side = keepsOutside ? sideAbove : sideBelow;
+        if (isWholePart(*triangles, copies, side))
+            return {};
+        PieceWriter writer(copies.takeMesh(side), boolean, m_soup);
+        for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v)
+            if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
+                writer.useVertex(v, copies.copyOf(m_places[v]));
+        writer.reserve(triangles->size());
+        for (PieceTriangle const& t : *triangles)
+            writer.add(t, t.triangle < m_soup.firstTriangleOfSecond
+                              ? copies.meeting()[t.triangle]->cN()
+                              : UVector3<float>());
+        m_progress.add(m_soup.triangleCount());
+        return {writer.finish()};
+    }
+
+    /// Whether a result is the part as it was: all of its triangles, and none of the tool's.
+    bool isWholePart(std::vector<PieceTriangle> const& triangles, Copies const& copies,
+                     CutSide side) const
+    {
+        if (copies.countOf(side == sideAbove ? sideBelow : sideAbove) > 0 ||
+            triangles.size() != m_soup.firstTriangleOfSecond)
+            return false;
+        for (std::uint32_t t = 0; t < triangles.size(); ++t)
+            if (triangles[t].triangle != t || triangles[t].corners != m_soup.corners(t))
+                return false;
+        return true;
+    }
+
+    [[noreturn]] void fail(SoupBoolean const& boolean) const
+    {
+        for (Operand const operand : {Operand::first, Operand::second})
+            if (auto const place = boolean.openPlace(operand))
+                throw Mell::Exception(
+                    std::string(operand == Operand::first ? "The part" : "The tool") +
+                    " is open where the two meet, near " + textOf(*place) +
+                    ". Repair it and cut again.");
+        throw Mell::Exception(
+            "The two solids could not be combined, for one of them crosses itself where they meet. "
+            "Repair it and cut again.");
+    }
+
+    static std::string textOf(UPoint3<float> const& p)
+    {
+        char text[96];
+        std::snprintf(text, sizeof text, "(%g, %g, %g)", double(p[0]), double(p[1]), double(p[2]));
+        return text;
+    }
+
+    UMesh<float> const& m_part;
+    std::span<BooleanPiece const> m_pieces;
+    std::function<void(int)> const& m_report;
+    StageProgress m_progress;
+    MeshArrays m_tool;
+    OperandSoup m_soup;
+    /// By vertex of the part in the soup: its place in the part, and its side where known.
+    std::vector<std::uint32_t> m_places;
+    std::vector<std::int8_t> m_known;
+};
+
+}  // namespace
+
+std::vector<BooleanResult> combineSolids(UMesh<float> const& part, MeshKernel const& tool,
+                                         std::span<BooleanPiece const> pieces,
+                                         std::function<void(int)> const& progress)
+{
+    return SolidBoolean(part, tool, pieces, progress).run();
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/boolean/BooleanRule.h"
+#include "platform/mesh/MeshKernel.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+/// One result of a boolean: a new mesh; or none where it is the first operand as it was.
+struct BooleanResult
+{
+    std::unique_ptr<UMesh<float>> mesh;
+};
+
+/// Combines two solids; one result per piece asked for, all from one division of the surfaces, so
+/// that they share their new points.
+///
+/// The stages: the tool, which is the second operand, is laid out in a grid of cells; triangles of
+/// the part in cells that the tool does not touch are copied, and their side is that of their cell;
+/// the others meet the tool's triangles exactly, are divided along the curves, and every region's
+/// side is told by the curves; what the rule of a piece keeps is written.
+///
+/// part, tool  in final coordinates; only read
+/// pieces      what to give; of `united` and `difference` at most one
+/// throws      as Intersect::boolean
+std::vector<BooleanResult> combineSolids(UMesh<float> const& part, MeshKernel const& tool,
+                                         std::span<BooleanPiece const> pieces,
+                                         std::function<void(int)> const& progress);

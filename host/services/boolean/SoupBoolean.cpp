@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/SoupBoolean.h"
+
+#include "host/services/boolean/ContactFinder.h"
+
+#include <algorithm>
+
+SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
+                                          std::vector<std::int8_t> const& known,
+                                          WindingNumbers const& winding, StageProgress& progress)
+{
+    SideSeeds seeds;
+    if (!m_network.build(findContacts(m_soup, grid, progress), progress) ||
+        !findSideSeeds(m_soup, m_network, seeds) ||
+        !labelSides(m_soup, m_network, seeds, known, winding, m_labels))
+        return Outcome::contradiction;
+    progress.add(0);
+    m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);
+    return Outcome::done;
+}
+
+std::optional<std::vector<PieceTriangle>> SoupBoolean::piece(BooleanPiece piece) const
+{
+    auto triangles = collectPiece(m_soup, m_network, *m_facets, m_labels, BooleanRule(piece));
+    if (!isClosedAtCurves(triangles, m_network.points()))
+        return {};
+    return triangles;
+}
+
+std::optional<UPoint3<float>> SoupBoolean::openPlace(Operand operand) const
+{
+    struct Use
+    {
+        std::uint32_t low, high;
+        int direction;
+    };
+    std::vector<Use> uses;
+    Facets const& facets = m_network.facets();
+    std::uint32_t begin = 0;
+    for (Facets::End const& face : facets.ends) {
+        for (std::uint32_t b = begin; b < face.borders; ++b) {
+            auto const& border = facets.borders[b];
+            if (m_soup.operandOf(face.triangle) == operand &&
+                (m_network.points().isOnCurve(border.from) ||
+                 m_network.points().isOnCurve(border.to)))
+                uses.push_back({std::min(border.from, border.to), std::max(border.from, border.to),
+                                border.from < border.to ? 1 : -1});
+        }
+        begin = face.borders;
+    }
+    std::sort(uses.begin(), uses.end(), [](Use const& a, Use const& b) {
+        return a.low != b.low ? a.low < b.low : a.high < b.high;
+    });
+    for (std::size_t i = 0; i < uses.size();) {
+        std::size_t end = i;
+        int balance = 0;
+        for (; end < uses.size() && uses[end].low == uses[i].low && uses[end].high == uses[i].high;
+             ++end)
+            balance += uses[end].direction;
+        if (balance != 0)
+            return place(uses[i].low);
+        i = end;
+    }
+    return {};
+}

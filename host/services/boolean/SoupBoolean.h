@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/boolean/BooleanPieces.h"
+#include "host/services/boolean/ToolGrid.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// The surfaces of two operands divided along their curves, with every region's side: all that
+/// several results of one pair of operands share.
+class SoupBoolean
+{
+public:
+    enum class Outcome
+    {
+        done,
+        /// The curves contradict each other: an operand is open there, or crosses itself.
+        contradiction,
+    };
+
+    /// soup  must outlive this
+    explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(soup) {}
+
+    /// grid     of the second operand
+    /// known    by vertex of the first operand: whether it lies in the second, if that is known
+    /// winding  for what no curve and no known vertex tells
+    Outcome resolve(ToolGrid const& grid, std::vector<std::int8_t> const& known,
+                    WindingNumbers const& winding, StageProgress& progress);
+
+    /// The triangles of one result; nothing if they do not close around the curves.
+    std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece) const;
+
+    UPoint3<float> const& place(std::uint32_t point) const
+    {
+        return m_network.points().rounded(point);
+    }
+    std::uint32_t pointCount() const { return m_network.points().size(); }
+
+    /// A point on an edge of an operand from which one of its triangles is missing, among the edges
+    /// that the other operand meets.
+    std::optional<UPoint3<float>> openPlace(Operand operand) const;
+
+private:
+    OperandSoup const& m_soup;
+    CurveNetwork m_network;
+    SideLabels m_labels;
+    std::unique_ptr<RoundedFacets> m_facets;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/boolean/ToolGrid.h"
+
+#include <vector>
+
+/// Sorts the records of a part by the cells of a tool's grid: above is outside the tool, below
+/// within it.
+class ToolSides
+{
+public:
+    ToolSides(ToolGrid const& grid, std::size_t vertices) : m_grid(grid), m_places(vertices) {}
+
+    /// Once per vertex, before isApart() is asked about it.
+    int sideOf(std::uint32_t vertex, UPoint3<float> const& point) const
+    {
+        m_places[vertex] = m_grid.placeOf(point);
+        std::int8_t const state = m_grid.stateAt(m_places[vertex]);
+        return state == ToolGrid::touched ? 0 : state > 0 ? -1 : 1;
+    }
+
+    /// Whether a triangle with corners in clear cells is in clear cells as a whole.
+    bool isApart(std::uint32_t a, std::uint32_t b, std::uint32_t c) const
+    {
+        ToolGrid::Place const p = m_places[a], q = m_places[b], r = m_places[c];
+        if (p == q && q == r)
+            return true;
+        return m_grid.stateBetween(ToolGrid::rangeOf(p, q, r)) != ToolGrid::touched;
+    }
+
+private:
+    ToolGrid const& m_grid;
+    /// Written once per vertex, each by one thread.
+    mutable std::vector<ToolGrid::Place> m_places;
+};
