@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/StandardViews.h"
 #include "host/view/ViewScene.h"
 #include "platform/document/DocumentObject.h"
 #include "platform/view/AbstractMouseSelection.h"
@@ -15,22 +16,6 @@ namespace Base {
 namespace {
 
 using Vector = UVector3<double>;
-
-struct StandardView
-{
-    Vector direction;
-    Vector up;
-};
-
-double const third = std::sqrt(1.0 / 3);
-
-StandardView const standardViews[] = {{{0, -1, 0}, {0, 0, 1}},
-                                      {{0, 1, 0}, {0, 0, 1}},
-                                      {{0, 0, 1}, {0, 1, 0}},
-                                      {{0, 0, -1}, {0, -1, 0}},
-                                      {{-1, 0, 0}, {0, 0, 1}},
-                                      {{1, 0, 0}, {0, 0, 1}},
-                                      {{third, -third, third}, {0, 0, 1}}};
 
 /// The part of the picture that a fitted box may take.
 constexpr double fittedShare = 0.85;

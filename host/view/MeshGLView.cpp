@@ -3,6 +3,7 @@
 
 #include "host/view/BuildPlate.h"
 #include "host/view/MeshViewProvider.h"
+#include "host/view/OrientationCube.h"
 #include "host/view/ViewScene.h"
 #include "platform/document/MeshDocumentObject.h"
 
@@ -98,6 +99,60 @@ void GLView::clicked(QMouseEvent* event)
         document->clearSelection();
 }
 
+void GLView::hover(int standardView)
+{
+    if (standardView == m_hoveredView)
+        return;
+    m_hoveredView = standardView;
+    redraw();
+}
+
+void GLView::mousePressEvent(QMouseEvent* event)
+{
+    bool const isFirst = event->buttons() == event->button();
+    m_pressedView = isFirst && event->button() == Qt::LeftButton
+                        ? OrientationCube::viewAt(*this, event->pos())
+                        : -1;
+    if (m_pressedView < 0)
+        Base::GLView::mousePressEvent(event);
+}
+
+void GLView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (OrientationCube::viewAt(*this, event->pos()) < 0)
+        Base::GLView::mouseDoubleClickEvent(event);
+    else
+        mousePressEvent(event);
+}
+
+void GLView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() == Qt::NoButton)
+        hover(OrientationCube::viewAt(*this, event->pos()));
+    if (m_pressedView < 0)
+        Base::GLView::mouseMoveEvent(event);
+}
+
+void GLView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_pressedView < 0) {
+        Base::GLView::mouseReleaseEvent(event);
+        return;
+    }
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (OrientationCube::viewAt(*this, event->pos()) == m_pressedView)
+        OnViewType(m_pressedView);
+    m_pressedView = -1;
+    hover(OrientationCube::viewAt(*this, event->pos()));
+}
+
+void GLView::leaveEvent(QEvent* event)
+{
+    hover(-1);
+    Base::GLView::leaveEvent(event);
+}
+
 UBox3<float> GLView::surroundingsBox() const
 {
     if (!m_isPlateVisible)
@@ -118,6 +173,7 @@ void GLView::paintSurroundings()
 void GLView::paintOverlay()
 {
     paintAxes(scene(), width(), height());
+    OrientationCube::paint(*this, m_hoveredView);
 }
 
 }  // namespace Mesh

@@ -9,7 +9,9 @@ namespace Mesh {
 class DocumentObject;
 
 /// A 3D view that shows a mesh document, with the build plate and the axes. A click selects the
-/// part under the mouse while no tool runs; with the control key it adds to the selection.
+/// part under the mouse while no tool runs; with the control key it adds to the selection. A cube
+/// in the upper right corner shows how the view lies; a click on one of its faces, or on the corner
+/// at the front, the right and above, turns to that standard view, and no tool sees it.
 class GLView : public Base::GLView
 {
     Q_OBJECT
@@ -55,14 +57,24 @@ public:
     void clicked(QMouseEvent* event) override;
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintSurroundings() override;
     void paintOverlay() override;
     UBox3<float> surroundingsBox() const override;
 
 private:
+    void hover(int standardView);
+
     float m_plateWidth = 200;
     float m_plateDepth = 200;
     bool m_isPlateVisible = true;
+    /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
+    int m_hoveredView = -1;
+    int m_pressedView = -1;
 };
 
 }  // namespace Mesh
