@@ -12,10 +12,11 @@ namespace Mesh {
 class DocumentObject;
 }
 
-/// A new part and the file it goes to. The document owns the part.
+/// A new part and the file it goes to. Whoever has made the piece owns the kernel.
 struct CutPiece
 {
-    Mesh::DocumentObject* object = nullptr;
+    std::string name;
+    MeshKernel const* kernel = nullptr;
     Formats::MeshFormat const* format = nullptr;
     std::filesystem::path file;
 };
@@ -25,6 +26,7 @@ struct CutPart
 {
     std::string source;
     Formats::MeshFormat const* format = nullptr;
+    /// The part in the document, if it is in one.
     Mesh::DocumentObject* object = nullptr;
     std::size_t triangles = 0;
     /// Measured only for a report.
@@ -32,6 +34,5 @@ struct CutPart
     std::vector<CutPiece> pieces;
 };
 
-/// Describes the parts before they are cut; `objects` has one for each source.
-std::vector<CutPart> describeParts(std::vector<SourcePart> const& sources,
-                                   std::vector<Mesh::DocumentObject*> const& objects, bool measure);
+/// Describes a part before it is cut.
+CutPart describePart(SourcePart const& source, MeshKernel const& kernel, bool measure);

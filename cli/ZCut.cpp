@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/Errors.h"
-#include "cli/PieceFiles.h"
-#include "cli/SourceFiles.h"
-#include "cli/Stopwatch.h"
+#include "cli/CutReport.h"
+#include "cli/SavePieces.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
-#include "cli/ZCutOptions.h"
-#include "cli/ZCutReport.h"
-#include "host/formats/FormatRegistry.h"
 #include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
@@ -35,28 +30,12 @@ std::vector<Mesh::DocumentObject*> addParts(Mesh::Document& document,
     return parts;
 }
 
-void savePieces(std::vector<CutPart>& parts, ZCutOptions const& options, PieceFiles& files)
-{
-    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
-    // All names first: a file in the way is found before anything is written.
-    for (CutPart& part : parts)
-        for (CutPiece& piece : part.pieces) {
-            piece.format = chosen ? chosen : part.format;
-            piece.file = files.reserve(piece.object->getName(), *piece.format);
-        }
-    for (CutPart const& part : parts)
-        for (CutPiece const& piece : part.pieces)
-            files.write(piece.file, piece.object->getName(), *piece.object->meshProperty->getMesh(),
-                        *piece.format);
-}
-
 int runZCut(ZCutOptions const& options)
 {
     Stopwatch total;
     applyCommonOptions(options.common);
     checkReportTarget(options.common.report, options.common.files);
-    PieceFiles files(options.folder,
-                     options.force ? Formats::Overwrite::Allow : Formats::Overwrite::Refuse);
+    PieceFiles files(options.pieces.folder, options.pieces.overwrite());
     CutSeconds seconds;
     Stopwatch stage;
     std::vector<SourcePart> sources = readSources(options.common.files);
@@ -66,16 +45,24 @@ int runZCut(ZCutOptions const& options)
     auto* const document = Application::Instance->newDocument("freecut");
     std::vector<Mesh::DocumentObject*> const objects = addParts(*document, sources);
     bool const wantsReport = !options.common.report.empty();
-    std::vector<CutPart> parts = describeParts(sources, objects, wantsReport);
+    std::vector<CutPart> parts;
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        parts.push_back(
+            describePart(sources[i], *objects[i]->meshProperty->getMesh(), wantsReport));
+        parts.back().object = objects[i];
+    }
     stage.restart();
     runZCutJob(*document, parts, heights, options);
     seconds.cut = stage.restart();
-    savePieces(parts, options, files);
+    savePieces(parts, options.pieces, files);
     seconds.save = stage.restart();
 
-    if (wantsReport)
+    if (wantsReport) {
+        Report head;
+        head["command"] = "zcut";
         writeReport(options.common.report,
-                    zCutReport(parts, seconds, total, Threads::threadCount()));
+                    cutReport(head, parts, seconds, total, Threads::threadCount()));
+    }
     files.keep();
     if (options.common.wantsTable())
         printTable(parts);

@@ -4,6 +4,7 @@
 #include "cli/Errors.h"
 #include "cutjobs/SectionZCut.h"
 #include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/ConsoleSingleton.h"
 
 #include <QEventLoop>
@@ -87,5 +88,6 @@ void runZCutJob(Mesh::Document& document, std::vector<CutPart>& parts,
     for (CutPart& part : parts)
         if (auto const found = cut.newParts().find(part.object); found != cut.newParts().end())
             for (Mesh::DocumentObject* const object : found->second)
-                part.pieces.push_back({object, nullptr, {}});
+                part.pieces.push_back(
+                    {object->getName(), object->meshProperty->getMesh(), nullptr, {}});
 }

@@ -3,19 +3,10 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
-#include "host/formats/FormatRegistry.h"
 
 #include <CLI/CLI.hpp>
 
 namespace {
-
-std::vector<std::string> formatNames()
-{
-    std::vector<std::string> names;
-    for (auto const& format : Formats::FormatRegistry::instance().formats())
-        names.emplace_back(format->name());
-    return names;
-}
 
 std::string checkHeight(std::string const& text)
 {
@@ -46,13 +37,7 @@ void ZCutOptions::addTo(CLI::App& command)
     heightGroup->require_option(1);
     command.add_flag("--repair,!--no-repair", repair,
                      "Check each piece and repair it if need be (default), or do not");
-    command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
-        ->type_name("DIR");
-    command
-        .add_option("--format", format, "The format of the pieces (default: that of the source)")
-        ->check(CLI::IsMember(formatNames()))
-        ->type_name("NAME");
-    command.add_flag("--force", force, "Replace files that exist");
+    pieces.addTo(command);
 }
 
 std::vector<float> ZCutOptions::heightsFor(std::size_t partCount) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/CommonOptions.h"
+#include "cli/PieceOptions.h"
 
 /// The command line of the Z cut.
 struct ZCutOptions
@@ -11,10 +12,7 @@ struct ZCutOptions
     std::string height;
     std::vector<std::string> heights;
     bool repair = true;
-    std::string folder = ".";
-    /// Name of the pieces' format; empty for that of the source.
-    std::string format;
-    bool force = false;
+    PieceOptions pieces;
 
     void addTo(CLI::App& command);
 

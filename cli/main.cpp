@@ -54,12 +54,14 @@ int main(int argc, char** argv)
         "Examples:\n"
         "  freecut info bracket.stl\n"
         "  freecut zcut bracket.stl --height 12.5 -o pieces\n"
+        "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
         "\n"
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be "
         "read or written,\n130 cancelled by Ctrl-C.");
     Action action;
     addInfo(commandLine, action);
     addZCut(commandLine, action);
+    addBoolean(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {

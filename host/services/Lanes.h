@@ -26,6 +26,26 @@ inline IntLanes loadInts(std::uint32_t const* values)
     return lanes;
 }
 
+/// Lane by lane the larger value; the second where one is no number.
+inline FloatLanes largerLanes(FloatLanes a, FloatLanes b)
+{
+#ifdef __SSE2__
+    return FloatLanes(_mm_max_ps(__m128(a), __m128(b)));
+#else
+    return a > b ? a : b;
+#endif
+}
+
+/// Lane by lane the smaller value; the second where one is no number.
+inline FloatLanes smallerLanes(FloatLanes a, FloatLanes b)
+{
+#ifdef __SSE2__
+    return FloatLanes(_mm_min_ps(__m128(a), __m128(b)));
+#else
+    return a < b ? a : b;
+#endif
+}
+
 /// Bit i is set if lane i is true.
 inline std::uint32_t bitsOf(IntLanes lanes)
 {

@@ -72,6 +72,16 @@ Passing passingOf(Vector const& a, Vector const& b, Vector const& c)
 
 }  // namespace
 
+RayThroughTree::Origin RayThroughTree::pointOn(MeshArrays const& mesh, std::uint32_t triangle)
+{
+    Origin origin;
+    for (int axis = 0; axis < 3; ++axis)
+        origin[std::size_t(axis)] = 0.3117 * mesh.point(triangle, 0)[axis] +
+                                    0.2939 * mesh.point(triangle, 1)[axis] +
+                                    0.3944 * mesh.point(triangle, 2)[axis];
+    return origin;
+}
+
 std::optional<std::vector<RayThroughTree::Passage>> RayThroughTree::passages(
     Origin const& origin, std::uint32_t exceptShell) const
 {

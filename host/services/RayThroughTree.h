@@ -29,6 +29,9 @@ public:
         : m_mesh(mesh), m_topology(topology), m_tree(tree)
     {}
 
+    /// A point on a triangle that is unlikely to lie straight behind an edge of a regular grid.
+    static Origin pointOn(MeshArrays const& mesh, std::uint32_t triangle);
+
     /// The passages through all shells but one; nothing if the ray comes so near to an edge, or its
     /// origin so near to a triangle, that rounding leaves the side open.
     std::optional<std::vector<Passage>> passages(Origin const& origin,

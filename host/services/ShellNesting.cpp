@@ -31,17 +31,6 @@ struct ShellLists
     std::vector<std::uint32_t> triangles;
 };
 
-/// A point on a triangle that is unlikely to lie straight behind an edge of a regular grid.
-RayThroughTree::Origin pointOn(MeshArrays const& mesh, std::uint32_t triangle)
-{
-    RayThroughTree::Origin origin;
-    for (int axis = 0; axis < 3; ++axis)
-        origin[axis] = 0.3117 * mesh.point(triangle, 0)[axis] +
-                       0.2939 * mesh.point(triangle, 1)[axis] +
-                       0.3944 * mesh.point(triangle, 2)[axis];
-    return origin;
-}
-
 bool doMeet(ShellPairs const& meeting, std::uint32_t a, std::uint32_t b)
 {
     return std::binary_search(meeting.begin(), meeting.end(),
@@ -108,7 +97,8 @@ std::vector<std::uint32_t> shellDepths(MeshArrays const& mesh, TopologyReport co
         constexpr std::size_t mostRays = 16;
         for (std::size_t i = 0; i < std::min(size, mostRays); ++i) {
             std::size_t const place = lists.first[shell] + i * size / std::min(size, mostRays);
-            auto const passages = rays.passages(pointOn(mesh, lists.triangles[place]), shell);
+            auto const passages =
+                rays.passages(RayThroughTree::pointOn(mesh, lists.triangles[place]), shell);
             if (!passages)
                 continue;
             depths[shell] = countAround(*passages, shell, volumes, meeting);

@@ -26,17 +26,28 @@ public:
     ///
     /// part     the solid; left intact, so that one copy may serve several cuts
     /// plane    a mesh of two triangles that form a rectangle; their normal N gives the plane its
-    ///          direction. A part beside the rectangle is not cut and arrives whole in side A; one
-    ///          that the rectangle meets lies within its reach
+    ///          direction. It may be smaller than the part, see below
     /// sideA    empty; receives the piece on the side to which N points
     /// sideB    empty; receives the piece on the other side
-    /// section  empty; receives the section face, facing along N. Its border loops are the contours
+    /// section  empty; receives the faces that were cut, facing along N. Their border loops are the
+    ///          contours
     ///
     /// Rule for what lies in the plane: a vertex belongs to both sides; an edge in the plane is a
     /// section edge exactly if the triangles at it go to different sides; a triangle in the plane
     /// stays with the material behind it, that is, it goes to side A if it faces against N and to
     /// side B if it faces along N. Touching the plane without crossing it cuts nothing. Signs are
     /// exact; a vertex onto which the rounding of a section point falls counts as in the plane.
+    ///
+    /// Where the rectangle does not cover the whole section, only those of the section's connected
+    /// faces are cut that lie wholly within it, its border included; the others stay as they are. A
+    /// face with a hole is one face, and faces that touch are one. The pieces are then what hangs
+    /// together over edges. Pieces at the upper caps, which face against N, go to side A, pieces at
+    /// the lower caps to side B, wherever else they reach. A shell without caps goes whole to the
+    /// side of its surface's centroid, side A if that lies in the plane; a cavity stays with its
+    /// solid. A face that parts nothing, as in a ring cut once, is not cut. Where a piece would
+    /// have caps of both kinds, either its lower or its upper faces are not cut: those that leave
+    /// more faces of the body cut, or else those that let pieces come off to side A. If no face is
+    /// cut the whole part arrives in side A.
     ///
     /// Both sides and the section share the same section points and the same triangulation. A part
     /// that the plane does not cross arrives whole in one side. Parts that cross themselves are cut
@@ -46,9 +57,10 @@ public:
     ///
     /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
     ///          plane meets it, near (x, y, z). Repair the part and cut again." if the part has a
-    ///          border there, so that the cut could not be closed; "The cutting plane ends within
-    ///          the part. Make the plane larger than the part." Nothing has been written then
-    /// cost     one pass over the part, plus O(k log k) for the k triangles that the plane meets
+    ///          border there, so that the cut could not be closed, and meets the rectangle. Nothing
+    ///          has been written then
+    /// cost     one pass over the part, plus O(k log k) for the k triangles that the plane meets;
+    ///          where the rectangle covers some faces but not all, several times as much
     static void cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* sideA,
                            MeshKernel* sideB, MeshKernel* section,
                            std::function<void(int)> progress, bool flag);

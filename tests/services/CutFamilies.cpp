@@ -18,6 +18,31 @@ std::unique_ptr<MeshKernel> planeMesh(UPoint3<float> const& centre, UVector3<flo
     return kernelOf(soup);
 }
 
+std::unique_ptr<MeshKernel> levelPlane(UPoint2<float> const& low, UPoint2<float> const& high,
+                                       float height, bool isUpward)
+{
+    Soup soup;
+    soup.points = {{low.X(), low.Y(), height},
+                   {high.X(), low.Y(), height},
+                   {high.X(), high.Y(), height},
+                   {low.X(), high.Y(), height}};
+    soup.triangles = {{0, 1, 2}, {2, 3, 0}};
+    if (!isUpward)
+        soup.flip();
+    return kernelOf(soup);
+}
+
+std::vector<float> bytesOf(MeshKernel const& kernel)
+{
+    std::vector<float> coordinates;
+    auto const mesh = kernel.readMesh();
+    for (auto const* const triangle : mesh->triangles)
+        for (int i = 0; i < 3; ++i)
+            for (int axis = 0; axis < 3; ++axis)
+                coordinates.push_back(triangle->cP(i)[axis]);
+    return coordinates;
+}
+
 std::unique_ptr<CutOutcome> cut(MeshKernel& part, MeshKernel& plane,
                                 std::function<void(int)> progress)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/geometry/UPoint2.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -19,6 +20,13 @@ struct CutOutcome
 /// along `normal`.
 std::unique_ptr<MeshKernel> planeMesh(UPoint3<float> const& centre, UVector3<float> const& normal,
                                       float reach);
+
+/// A level rectangle, its normal along Z or against it.
+std::unique_ptr<MeshKernel> levelPlane(UPoint2<float> const& low, UPoint2<float> const& high,
+                                       float height, bool isUpward = true);
+
+/// What a mesh looks like to a file: the coordinates of its triangles, in order.
+std::vector<float> bytesOf(MeshKernel const& kernel);
 
 std::unique_ptr<CutOutcome> cut(MeshKernel& part, MeshKernel& plane,
                                 std::function<void(int)> progress = {});

@@ -37,18 +37,6 @@ Soup facesAt(Soup const& piece, float height, bool isUpward)
     return faces;
 }
 
-/// What a mesh looks like to a file: the coordinates of its triangles, in order.
-std::vector<float> bytesOf(MeshKernel const& kernel)
-{
-    std::vector<float> coordinates;
-    auto const mesh = kernel.readMesh();
-    for (auto const* const triangle : mesh->triangles)
-        for (int i = 0; i < 3; ++i)
-            for (int axis = 0; axis < 3; ++axis)
-                coordinates.push_back(triangle->cP(i)[axis]);
-    return coordinates;
-}
-
 UMatrix4<float> turnedAndMoved()
 {
     double const c = std::cos(0.7), s = std::sin(0.7);
@@ -276,28 +264,6 @@ TEST(PlaneCut, InconsistentOrientationDoesNotKeepTheContoursFromClosing)
     auto const outcome = cut(part, {5, 5, 5}, up);
     EXPECT_NEAR(sectionAreaOf(*outcome), 100, 1e-3);
     EXPECT_EQ(borderEdgesOf(soupOf(outcome->above)) > 0, borderEdgesOf(part) > 0);
-}
-
-TEST(PlaneCut, PlaneThatEndsWithinThePartIsRefused)
-{
-    auto const part = kernelOf(box(10, 10, 10));
-    CutOutcome outcome;
-    auto const plane = planeMesh({5, 5, 5}, up, 3);
-    EXPECT_THROW(Intersect::cutByPlane(part.get(), plane.get(), &outcome.above, &outcome.below,
-                                       &outcome.section, {}, true),
-                 Mell::Exception);
-    EXPECT_TRUE(outcome.above.readMesh()->triangles.empty());
-}
-
-TEST(PlaneCut, PlaneThatEndsAcrossTheContourOfThePartIsRefused)
-{
-    auto const part = kernelOf(box(10, 10, 10));
-    // Over a corner, over one side, and across the middle of the part.
-    std::vector<UPoint3<float>> const centres = {{0, 0, 5}, {-1, 5, 5}, {5, 14, 5}};
-    for (UPoint3<float> const& centre : centres) {
-        auto const plane = planeMesh(centre, up, 8);
-        EXPECT_THROW(cut(*part, *plane), Mell::Exception) << centre.X() << ' ' << centre.Y();
-    }
 }
 
 TEST(PlaneCut, PartBesideThePlaneStaysWhole)

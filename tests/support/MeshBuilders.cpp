@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/MeshBuilders.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <fstream>
@@ -205,6 +206,19 @@ Soup randomVoxels(int size, unsigned seed)
                 if (random() % 2 == 0)
                     solid.fill(x, y, z);
     return solid.boundary(1);
+}
+
+Soup fromFrontView(std::vector<std::string> const& rows)
+{
+    std::size_t size = rows.size();
+    for (std::string const& row : rows)
+        size = std::max(size, row.size());
+    VoxelSolid solid{int(size)};
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        for (std::size_t x = 0; x < rows[row].size(); ++x)
+            if (rows[row][x] == '#')
+                solid.fill(int(x), 0, int(rows.size() - 1 - row));
+    return solid.boundary(10);
 }
 
 Soup nestedBoxes()

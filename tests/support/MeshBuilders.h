@@ -20,6 +20,9 @@ Soup lattice(int cells);
 /// Unit cubes filled at random in a grid, their common faces left out: a closed surface that
 /// touches itself along edges and in corners.
 Soup randomVoxels(int size, unsigned seed);
+/// Cubes of 10 mm where the rows, the uppermost first, have a '#', seen from the front: x runs to
+/// the right, z up, and y from 0 to 10. Common faces are left out.
+Soup fromFrontView(std::vector<std::string> const& rows);
 /// A box with a box-shaped cavity, and in it a smaller box.
 Soup nestedBoxes();
 /// A box without its top.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/ContactFinder.h"
 
+#include "host/mesh/ExactSigns.h"
 #include "host/services/TriangleTree.h"
 
 #include <tbb/blocked_range.h>
@@ -8,6 +9,7 @@
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -33,14 +35,54 @@ Box boxOf(TriangleCorners const& t)
     return box;
 }
 
+/// A triangle's plane for telling quickly that another triangle lies on one side of it.
+class QuickPlane
+{
+public:
+    explicit QuickPlane(TriangleCorners const& t) : m_origin(t[0])
+    {
+        ExactSigns::Offset const u(t[0], t[1]), v(t[0], t[2]);
+        m_normal[0] = u.y * v.z - u.z * v.y;
+        m_normal[1] = u.z * v.x - u.x * v.z;
+        m_normal[2] = u.x * v.y - u.y * v.x;
+        double const reach = std::max({std::abs(u.x), std::abs(u.y), std::abs(u.z), std::abs(v.x),
+                                       std::abs(v.y), std::abs(v.z)});
+        m_bound = ExactSigns::volumeErrorBound * reach * reach;
+    }
+
+    /// False if in doubt.
+    bool hasOnOneSide(TriangleCorners const& t) const
+    {
+        double low = 0, high = 0, reach = 0;
+        for (std::size_t k = 0; k < 3; ++k) {
+            ExactSigns::Offset const w(m_origin, t[k]);
+            double const height = m_normal[0] * w.x + m_normal[1] * w.y + m_normal[2] * w.z;
+            reach = std::max({reach, std::abs(w.x), std::abs(w.y), std::abs(w.z)});
+            low = k == 0 ? height : std::min(low, height);
+            high = k == 0 ? height : std::max(high, height);
+        }
+        double const bound = m_bound * reach;
+        return low > bound || high < -bound;
+    }
+
+private:
+    UPoint3<float> m_origin;
+    double m_normal[3];
+    double m_bound;
+};
+
 class ContactFinder
 {
 public:
     ContactFinder(OperandSoup const& soup, ToolGrid const& grid) : m_soup(soup), m_grid(grid)
     {
         m_boxes.reserve(soup.triangleCount() - soup.firstTriangleOfSecond);
-        for (std::uint32_t t = soup.firstTriangleOfSecond; t < soup.triangleCount(); ++t)
-            m_boxes.push_back(boxOf(cornersOf(soup, t)));
+        m_planes.reserve(soup.triangleCount() - soup.firstTriangleOfSecond);
+        for (std::uint32_t t = soup.firstTriangleOfSecond; t < soup.triangleCount(); ++t) {
+            TriangleCorners const corners = cornersOf(soup, t);
+            m_boxes.push_back(boxOf(corners));
+            m_planes.emplace_back(corners);
+        }
     }
 
     std::vector<TrianglePair> run(StageProgress& progress) const
@@ -69,20 +111,23 @@ private:
     {
         TriangleCorners const corners = cornersOf(m_soup, triangle);
         Box const box = boxOf(corners);
-        auto const range = ToolGrid::rangeOf(m_grid.placeOf(corners[0]), m_grid.placeOf(corners[1]),
-                                             m_grid.placeOf(corners[2]));
         candidates.clear();
-        m_grid.forTriangles(range, [&](std::uint32_t t) {
-            if (m_boxes[t].overlaps(box))
-                candidates.push_back(t);
-        });
+        m_grid.forTriangles(m_grid.placeOf(corners[0]), m_grid.placeOf(corners[1]),
+                            m_grid.placeOf(corners[2]), [&](std::uint32_t t) {
+                                if (m_boxes[t].overlaps(box) && !m_planes[t].hasOnOneSide(corners))
+                                    candidates.push_back(t);
+                            });
         if (candidates.empty())
             return;
+        QuickPlane const plane(corners);
         std::sort(candidates.begin(), candidates.end());
         auto const last = std::unique(candidates.begin(), candidates.end());
         for (auto t = candidates.begin(); t != last; ++t) {
             std::uint32_t const second = m_soup.firstTriangleOfSecond + *t;
-            TriangleContact const contact = contactOf(corners, cornersOf(m_soup, second));
+            TriangleCorners const others = cornersOf(m_soup, second);
+            if (plane.hasOnOneSide(others))
+                continue;
+            TriangleContact const contact = contactOf(corners, others);
             if (contact.count > 0 || contact.isCoplanar)
                 found.push_back({triangle, second, contact});
         }
@@ -91,6 +136,7 @@ private:
     OperandSoup const& m_soup;
     ToolGrid const& m_grid;
     std::vector<Box> m_boxes;
+    std::vector<QuickPlane> m_planes;
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 /// All pairs of triangles, one of either operand, that have a point in common or lie in one plane
 /// and may, in the order of the first triangle and then the second. Works on all cores.
 ///
-/// grid  of the second operand
-/// cost  a box test per triangle of the second operand in the cells that one of the first touches,
-///       and 50 to 200 ns per pair whose boxes overlap
+/// grid  that of the second operand
+/// cost  50 to 100 ns per triangle of the first operand, and about as much per pair whose boxes
+///       overlap
 std::vector<TrianglePair> findContacts(OperandSoup const& soup, ToolGrid const& grid,
                                        StageProgress& progress);

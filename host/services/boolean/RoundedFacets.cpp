@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <unordered_map>
 
@@ -21,22 +20,6 @@ constexpr double flatness = 0x1p-26;
 
 using Point = UPoint3<float>;
 using Corners = MeshArrays::Corners;
-using PlaceKey = std::array<std::uint32_t, 3>;
-
-struct PlaceHash
-{
-    std::uint64_t operator()(PlaceKey const& k) const
-    {
-        return mixBits(mixBits(std::uint64_t(k[0]) << 32 | k[1]) + k[2]);
-    }
-};
-
-PlaceKey keyOf(Point const& p)
-{
-    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
-            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
-}
-
 bool isCollapsed(Corners const& c)
 {
     return c[0] == c[1] || c[1] == c[2] || c[2] == c[0];
@@ -58,33 +41,12 @@ RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& networ
     mend();
 }
 
-/// Vertices keep their numbers, so that those of one operand at the same place stay apart unless a
-/// curve passes through them.
 void RoundedFacets::numberPoints()
 {
     CurvePoints const& points = m_network.points();
     m_numbers.resize(points.size());
-    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i)
-        m_numbers[i] = points.numberOf(i);
-    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i)
-        m_numbers[i] = i;
-    FlatMap<PlaceKey, PlaceHash> byPlace(points.size() - m_soup.pointCount() +
-                                         2 * m_network.facets().ends.size());
-    auto const enter = [&](std::uint32_t point) {
-        std::uint32_t& known = byPlace[keyOf(points.rounded(point))];
-        if (known == none)
-            known = point;
-        return known;
-    };
-    for (Facets::End const& face : m_network.facets().ends)
-        for (std::uint32_t const corner : m_soup.corners(face.triangle))
-            if (points.numberOf(corner) == corner)
-                enter(corner);
-    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i)
-        m_numbers[i] = enter(i);
-    // Vertices on which a point of the curves stands in.
-    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i)
-        m_numbers[i] = m_numbers[points.numberOf(i)];
+    for (std::uint32_t i = 0; i < points.size(); ++i)
+        m_numbers[i] = i < m_soup.pointCount() ? points.numberOf(i) : i;
 }
 
 void RoundedFacets::copyFacets()
@@ -104,39 +66,63 @@ void RoundedFacets::copyFacets()
     }
 }
 
-/// Whether a facet is so low that its corners lie in a line as far as floats of their size tell.
-bool RoundedFacets::isFlat(Facet const& facet) const
+/// What a facet must face alike.
+class RoundedFacets::Facing
 {
-    Point const &a = place(facet.corners[0]), &b = place(facet.corners[1]),
-                &c = place(facet.corners[2]);
-    ExactSigns::Offset const u(a, b), v(a, c), w(b, c);
-    double const x = u.y * v.z - u.z * v.y, y = u.z * v.x - u.x * v.z, z = u.x * v.y - u.y * v.x;
-    auto const squared = [](ExactSigns::Offset const& o) {
-        return o.x * o.x + o.y * o.y + o.z * o.z;
-    };
-    double const length = std::max({squared(u), squared(v), squared(w)});
-    double size = 0;
-    for (int k = 0; k < 3; ++k)
-        size = std::max(size, std::abs(double(a[k])));
-    return x * x + y * y + z * z <= length * size * size * flatness * flatness;
-}
+public:
+    Facing(OperandSoup const& soup, std::uint32_t triangle)
+    {
+        ExactSigns::Offset const u(soup.mesh.point(triangle, 0), soup.mesh.point(triangle, 1)),
+            v(soup.mesh.point(triangle, 0), soup.mesh.point(triangle, 2));
+        m_normal = {u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
+        for (std::size_t k = 1; k < 3; ++k)
+            if (std::abs(m_normal[k]) > std::abs(m_normal[m_axis]))
+                m_axis = k;
+    }
 
-/// 1 if a facet faces as its triangle does, seen along the axis that the triangle faces most.
-int RoundedFacets::facing(Facet const& facet) const
+    /// Whether a facet faces the same way and is not so low that its corners lie in a line as far
+    /// as floats of their size tell.
+    bool isMetBy(Point const& a, Point const& b, Point const& c) const
+    {
+        ExactSigns::Offset const u(a, b), v(a, c), w(b, c);
+        std::array<double, 3> const n{u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z,
+                                      u.x * v.y - u.y * v.x};
+        double const length = std::max({squared(u), squared(v), squared(w)});
+        double const size = std::max({std::abs(a[0]), std::abs(a[1]), std::abs(a[2])});
+        double const area = n[0] * n[0] + n[1] * n[1] + n[2] * n[2];
+        if (area <= length * (double(size) * size) * (flatness * flatness))
+            return false;
+        double const along = n[0] * m_normal[0] + n[1] * m_normal[1] + n[2] * m_normal[2];
+        double const most =
+            m_normal[0] * m_normal[0] + m_normal[1] * m_normal[1] + m_normal[2] * m_normal[2];
+        // Rounding of the products stays far below a sixteenth.
+        if (along > 0 && along * along * 16 > area * most && area > length * length * 1e-20)
+            return true;
+        int const sign = ExactSigns::orient2d(a, b, c, int(m_axis));
+        return (m_normal[m_axis] > 0 ? sign : -sign) > 0;
+    }
+
+private:
+    static double squared(ExactSigns::Offset const& o) { return o.x * o.x + o.y * o.y + o.z * o.z; }
+
+    std::array<double, 3> m_normal;
+    std::size_t m_axis = 0;
+};
+
+/// The facets that are flat or face the other way than their triangles.
+std::vector<std::size_t> RoundedFacets::findTurned() const
 {
-    Point const a = m_soup.mesh.point(facet.triangle, 0), b = m_soup.mesh.point(facet.triangle, 1),
-                c = m_soup.mesh.point(facet.triangle, 2);
-    ExactSigns::Offset const u(a, b), v(a, c);
-    double const normal[3] = {u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
-    int axis = 0;
-    for (int k = 1; k < 3; ++k)
-        if (std::abs(normal[k]) > std::abs(normal[axis]))
-            axis = k;
-    CurvePoints const& points = m_network.points();
-    int const sign =
-        ExactSigns::orient2d(points.rounded(facet.corners[0]), points.rounded(facet.corners[1]),
-                             points.rounded(facet.corners[2]), axis);
-    return normal[axis] > 0 ? sign : -sign;
+    std::vector<std::size_t> turned;
+    for (std::size_t f = 0; f < m_facets.size();) {
+        std::uint32_t const triangle = m_facets[f].triangle;
+        Facing const facing(m_soup, triangle);
+        for (; f < m_facets.size() && m_facets[f].triangle == triangle; ++f) {
+            Corners const& c = m_facets[f].corners;
+            if (!facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
+                turned.push_back(f);
+        }
+    }
+    return turned;
 }
 
 /// The facets at each point of some facets; kept up while these are mended.
@@ -168,10 +154,7 @@ private:
 void RoundedFacets::mend()
 {
     for (int round = 0; round < maximalRounds; ++round) {
-        std::vector<std::size_t> turned;
-        for (std::size_t f = 0; f < m_facets.size(); ++f)
-            if (isFlat(m_facets[f]) || facing(m_facets[f]) <= 0)
-                turned.push_back(f);
+        std::vector<std::size_t> const turned = findTurned();
         if (turned.empty())
             break;
         Surroundings surroundings(m_facets, turned);
@@ -179,9 +162,9 @@ void RoundedFacets::mend()
             if (!isCollapsed(m_facets[f].corners))
                 collapse(f, surroundings);
         std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
+        std::stable_sort(m_facets.begin(), m_facets.end(),
+                         [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; });
     }
-    std::stable_sort(m_facets.begin(), m_facets.end(),
-                     [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; });
 }
 
 /// Whether all triangles at an edge are divided for sure.

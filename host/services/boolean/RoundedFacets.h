@@ -36,8 +36,8 @@ private:
     void numberPoints();
     void copyFacets();
     void mend();
-    bool isFlat(Facet const& facet) const;
-    int facing(Facet const& facet) const;
+    std::vector<std::size_t> findTurned() const;
+    class Facing;
     class Surroundings;
     void collapse(std::size_t flat, Surroundings& surroundings);
     bool join(std::uint32_t a, std::uint32_t b, Surroundings& surroundings);

@@ -36,7 +36,8 @@ public:
 
     std::vector<BooleanResult> run()
     {
-        ToolGrid const grid(m_tool, cellCount(), m_progress);
+        ToolTree const tool(m_tool, m_progress);
+        ToolGrid const grid(tool, boxOfPart(), cellCount(), m_progress);
         ToolSides const sides(grid, m_part.vertices.size());
         std::function<void(int)> const copyProgress = [this](int percent) {
             m_progress.begin(gridDone + percent * (copiesDone - gridDone) / 60, copiesDone, 1);
@@ -73,11 +74,29 @@ private:
         return wanted;
     }
 
-    /// Small enough to find and label quickly, fine enough to leave few triangles near the tool.
+    /// Few enough to find and label quickly, many enough to leave few triangles near the tool.
     std::size_t cellCount() const
     {
-        return std::clamp<std::size_t>(m_part.triangles.size() / 4 + m_tool.triangles.size(),
-                                       1 << 12, 1 << 19);
+        return std::clamp<std::size_t>(m_part.triangles.size() / 12, 1 << 12, 1 << 20);
+    }
+
+    TriangleTree::Box boxOfPart() const
+    {
+        using Box = TriangleTree::Box;
+        using Range = tbb::blocked_range<std::size_t>;
+        return tbb::parallel_reduce(
+            Range(0, m_part.vertices.size(), 4096), Box(),
+            [&](Range const& range, Box box) {
+                for (std::size_t v = range.begin(); v != range.end(); ++v) {
+                    UPoint3<float> const p = m_part.vertices[v]->cP();
+                    box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+                }
+                return box;
+            },
+            [](Box a, Box const& b) {
+                a.add(b);
+                return a;
+            });
     }
 
     /// The triangles in cells that the tool touches, and all of the tool.
@@ -121,7 +140,7 @@ private:
         winding.ofSecond = [&grid](WindingNumbers::Points const& points) {
             std::vector<int> numbers;
             for (UPoint3<float> const& point : points)
-                numbers.push_back(grid.windingAt(point));
+                numbers.push_back(grid.tool().windingAt(point));
             return numbers;
         };
         if (boolean.resolve(grid, m_known, winding, m_progress) != SoupBoolean::Outcome::done)

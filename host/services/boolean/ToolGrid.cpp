@@ -1,80 +1,184 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/ToolGrid.h"
 
-#include "host/services/boolean/RayPassage.h"
-
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
 /// By how much of a cell a triangle counts as larger, to make up for rounding.
 constexpr double slack = 1e-3;
+/// Cells along the longest axis, but those at the border.
+constexpr double maximalCells = 1000;
+
+using Layers = std::array<std::uint64_t, 8>;
+
+constexpr std::uint64_t firstColumn = 0x0101010101010101;
+constexpr std::uint64_t lastColumn = 0x8080808080808080;
+
+/// Spreads bits to all free cells that hang together with them over faces.
+void flood(Layers& bits, Layers const& free)
+{
+    for (bool hasGrown = true; hasGrown;) {
+        hasGrown = false;
+        for (std::size_t z = 0; z < 8; ++z) {
+            std::uint64_t const b = bits[z];
+            std::uint64_t grown =
+                b | (b << 8) | (b >> 8) | ((b & ~lastColumn) << 1) | ((b & ~firstColumn) >> 1);
+            if (z > 0)
+                grown |= bits[z - 1];
+            if (z < 7)
+                grown |= bits[z + 1];
+            grown &= free[z];
+            hasGrown |= grown != b;
+            bits[z] = grown;
+        }
+    }
+}
+
+double extentOf(TriangleTree::Box const& box, std::size_t axis)
+{
+    return double(box.high[axis]) - box.low[axis];
+}
+
+/// The area of the triangles that reach into a box.
+double areaWithin(MeshArrays const& mesh, TriangleTree::Box const& box)
+{
+    double area = 0;
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+        double e[2][3], corners[3][3];
+        bool isApart = false;
+        for (int k = 0; k < 3; ++k) {
+            for (int i = 0; i < 3; ++i)
+                corners[i][k] = mesh.point(t, i)[k];
+            auto const [low, high] = std::minmax({corners[0][k], corners[1][k], corners[2][k]});
+            isApart |= low > box.high[std::size_t(k)] || high < box.low[std::size_t(k)];
+            // What reaches beyond the box counts as far as its edges can lie in it.
+            double const most = extentOf(box, std::size_t(k));
+            for (int i = 0; i < 2; ++i)
+                e[i][k] = std::clamp(corners[i + 1][k] - corners[0][k], -most, most);
+        }
+        if (!isApart)
+            area += 0.5 * std::hypot(e[0][1] * e[1][2] - e[0][2] * e[1][1],
+                                     e[0][2] * e[1][0] - e[0][0] * e[1][2],
+                                     e[0][0] * e[1][1] - e[0][1] * e[1][0]);
+    }
+    return area;
+}
 
 }  // namespace
 
-ToolGrid::ToolGrid(MeshArrays const& tool, std::size_t cells, StageProgress& progress)
+ToolGrid::ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching,
+                   StageProgress& progress)
     : m_tool(tool)
 {
-    measure(cells);
-    listTriangles(progress);
+    measure(part, touching);
+    m_pages.assign(
+        std::size_t(m_pageCounts[0]) * std::size_t(m_pageCounts[1]) * std::size_t(m_pageCounts[2]),
+        uniformBase);
+    for (std::uint32_t t = 0; t < tool.mesh().triangles.size(); ++t) {
+        touchCells(t);
+        if (t % 1024 == 0)
+            progress.add(1024);
+    }
+    sortReferences();
     findStates(progress);
 }
 
-void ToolGrid::measure(std::size_t cells)
+void ToolGrid::measure(Box const& part, std::size_t touching)
 {
-    double low[3], high[3];
-    std::fill(low, low + 3, std::numeric_limits<double>::infinity());
-    std::fill(high, high + 3, -std::numeric_limits<double>::infinity());
-    for (MeshArrays::Corners const& corners : m_tool.triangles)
+    Box tool;
+    for (MeshArrays::Corners const& corners : m_tool.mesh().triangles)
         for (std::uint32_t const corner : corners)
-            for (int k = 0; k < 3; ++k) {
-                low[k] = std::min(low[k], double(m_tool.points[corner][k]));
-                high[k] = std::max(high[k], double(m_tool.points[corner][k]));
+            for (std::size_t k = 0; k < 3; ++k) {
+                float const x = m_tool.mesh().points[corner][int(k)];
+                tool.low[k] = std::min(tool.low[k], x);
+                tool.high[k] = std::max(tool.high[k], x);
             }
-    if (m_tool.triangles.empty())
-        return;
-    double largest = 0, magnitude = 0;
-    for (int k = 0; k < 3; ++k) {
-        largest = std::max(largest, high[k] - low[k]);
-        magnitude = std::max({magnitude, std::abs(low[k]), std::abs(high[k])});
+    Box common;
+    double longest = 0, magnitude = 0;
+    for (std::size_t k = 0; k < 3; ++k) {
+        common.low[k] = std::max(tool.low[k], part.low[k]);
+        common.high[k] = std::min(tool.high[k], part.high[k]);
+        // Apart: any grid will do.
+        if (!(common.low[k] <= common.high[k]))
+            common.low[k] = common.high[k] = part.low[k] <= part.high[k] ? part.low[k] : 0;
+        longest = std::max(longest, extentOf(common, k));
+        magnitude = std::max(
+            {magnitude, std::abs(double(common.low[k])), std::abs(double(common.high[k]))});
     }
+    double const byArea = std::sqrt(2 * areaWithin(m_tool.mesh(), common) / double(touching));
     // Not so small that the rounding of floats would matter.
-    double const smallest = std::max(largest / 1000, magnitude * 1e-4);
-    double volume = 1;
-    for (int k = 0; k < 3; ++k)
-        volume *= std::max(high[k] - low[k], smallest);
-    m_cellSize = std::max(std::cbrt(volume / double(cells)), smallest);
+    m_cellSize = std::max({byArea, longest / maximalCells, magnitude * 1e-5, 1e-30});
     m_perUnit = 1 / m_cellSize;
     for (int k = 0; k < 3; ++k) {
-        double const margin = m_cellSize * 0.01;
-        m_low[k] = low[k] - margin;
-        m_counts[k] = int(std::min((high[k] - low[k] + 2 * margin) * m_perUnit, 1020.0)) + 3;
+        double const extent = extentOf(common, std::size_t(k));
+        // One cell of margin, and more on the upper side to fill a page.
+        m_low[k] = common.low[std::size_t(k)] - 1.01 * m_cellSize;
+        m_pageCounts[k] = int((extent * m_perUnit + 2.02) / 8) + 1;
     }
 }
 
-/// Calls `visit(cell)` for all cells that a triangle may touch.
-template <typename Visit>
-void ToolGrid::forTouchedCells(std::uint32_t triangle, Visit const& visit) const
+void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
+{
+    std::int32_t& page = m_pages[pageAt(x >> 3, y >> 3, z >> 3)];
+    if (page < 0) {
+        page = std::int32_t(m_details.size());
+        m_details.emplace_back();
+        m_lastReferences.push_back(0xffffffff);
+    }
+    int const n[3] = {x & 7, y & 7, z & 7};
+    m_details[std::size_t(page)].touched[std::size_t(n[2])] |= std::uint64_t(1)
+                                                               << (n[1] * 8 + n[0]);
+    std::uint32_t& last = m_lastReferences[std::size_t(page)];
+    std::uint32_t const place = std::uint32_t(n[0] | n[1] << 8 | n[2] << 16);
+    if (last == 0xffffffff || m_references[last].triangle != triangle) {
+        last = std::uint32_t(m_references.size());
+        m_references.push_back({triangle, std::uint32_t(page), place, place});
+        return;
+    }
+    Reference& reference = m_references[last];
+    for (int k = 0; k < 24; k += 8) {
+        std::uint32_t const byte = std::uint32_t(0xff) << k;
+        reference.low = (reference.low & ~byte) | std::min(reference.low & byte, place & byte);
+        reference.high = (reference.high & ~byte) | std::max(reference.high & byte, place & byte);
+    }
+}
+
+/// Puts the references of each page together, in the order of the triangles.
+void ToolGrid::sortReferences()
+{
+    m_referenceEnds.assign(m_details.size() + 1, 0);
+    for (Reference const& reference : m_references)
+        ++m_referenceEnds[reference.page + 1];
+    for (std::size_t i = 1; i < m_referenceEnds.size(); ++i)
+        m_referenceEnds[i] += m_referenceEnds[i - 1];
+    std::vector<std::uint32_t> next(m_referenceEnds.begin(), m_referenceEnds.end() - 1);
+    std::vector<Reference> sorted(m_references.size());
+    for (Reference const& reference : m_references)
+        sorted[next[reference.page]++] = reference;
+    m_references = std::move(sorted);
+    m_lastReferences = {};
+}
+
+/// Marks the cells that a triangle may touch, by columns along the axis that it faces most.
+void ToolGrid::touchCells(std::uint32_t triangle)
 {
     double p[3][3];
     int low[3], high[3];
     for (int k = 0; k < 3; ++k) {
         double least = 1e300, most = -1e300;
         for (int i = 0; i < 3; ++i) {
-            p[i][k] = (double(m_tool.point(triangle, i)[k]) - m_low[k]) * m_perUnit + 1;
+            p[i][k] = (double(m_tool.mesh().point(triangle, i)[k]) - m_low[k]) * m_perUnit;
             least = std::min(least, p[i][k]);
             most = std::max(most, p[i][k]);
         }
-        low[k] = std::max(int(least - slack), 0);
-        high[k] = std::min(int(most + slack), m_counts[k] - 1);
+        double const last = 8 * m_pageCounts[k] - 1;
+        if (least > last + 1 || most < 0)
+            return;
+        low[k] = int(std::clamp(least - slack, 0.0, last));
+        high[k] = int(std::clamp(most + slack, 0.0, last));
     }
-    auto const cell = [&](int const* n) {
-        return std::size_t(n[2] * m_counts[1] + n[1]) * std::size_t(m_counts[0]) +
-               std::size_t(n[0]);
-    };
-    // Columns of cells along the axis that the triangle faces most.
     double u[3], v[3], normal[3];
     for (int k = 0; k < 3; ++k) {
         u[k] = p[1][k] - p[0][k];
@@ -89,138 +193,175 @@ void ToolGrid::forTouchedCells(std::uint32_t triangle, Visit const& visit) const
     int const a = (w + 1) % 3, b = (w + 2) % 3;
     double const turn = normal[w] > 0 ? 1 : -1;
     bool const isFlat = normal[w] == 0;
+    double const slopeA = isFlat ? 0 : normal[a] / normal[w];
+    double const slopeB = isFlat ? 0 : normal[b] / normal[w];
+    double const reach = 0.5 * (std::abs(slopeA) + std::abs(slopeB)) + slack;
     int n[3];
-    for (n[a] = low[a]; n[a] <= high[a]; ++n[a])
-        for (n[b] = low[b]; n[b] <= high[b]; ++n[b]) {
-            double const centreA = n[a] + 0.5 - p[0][a], centreB = n[b] + 0.5 - p[0][b];
-            bool isOutside = false;
-            for (int i = 0; i < 3 && !isFlat; ++i) {
-                double const da = p[(i + 1) % 3][a] - p[i][a], db = p[(i + 1) % 3][b] - p[i][b];
-                double const side =
-                    turn * (da * (n[b] + 0.5 - p[i][b]) - db * (n[a] + 0.5 - p[i][a]));
-                isOutside |= side < -(0.5 + slack) * (std::abs(da) + std::abs(db));
-            }
-            if (isOutside)
-                continue;
+    for (n[b] = low[b]; n[b] <= high[b]; ++n[b]) {
+        // The part of the row in which no edge has a whole column on its outer side.
+        double const centreB = n[b] + 0.5;
+        double begin = low[a], end = high[a];
+        for (int i = 0; i < 3 && !isFlat; ++i) {
+            int const j = (i + 1) % 3;
+            double const da = turn * (p[j][a] - p[i][a]), db = turn * (p[j][b] - p[i][b]);
+            double const room = da * (centreB - p[i][b]) + db * p[i][a] +
+                                (0.5 + slack) * (std::abs(da) + std::abs(db));
+            // db times the column's centre is at most the room.
+            if (db > 0)
+                end = std::min(end, room / db - 0.5 + slack);
+            else if (db < 0)
+                begin = std::max(begin, room / db - 0.5 - slack);
+            else if (room < 0)
+                end = -1;
+        }
+        for (n[a] = int(std::clamp(std::ceil(begin), 0.0, 1e6)); n[a] <= end; ++n[a]) {
             int from = low[w], to = high[w];
             if (!isFlat) {
                 double const level =
-                    p[0][w] - (normal[a] * centreA + normal[b] * centreB) / normal[w];
-                double const reach =
-                    0.5 * (std::abs(normal[a]) + std::abs(normal[b])) / std::abs(normal[w]) + slack;
-                from = std::max(from, int(std::floor(level - reach)));
-                to = std::min(to, int(std::floor(level + reach)));
+                    p[0][w] - slopeA * (n[a] + 0.5 - p[0][a]) - slopeB * (centreB - p[0][b]);
+                from = std::max(from, int(std::max(std::floor(level - reach), -1.0)));
+                to = std::min(to, int(std::min(std::floor(level + reach), 1e6)));
             }
             for (n[w] = from; n[w] <= to; ++n[w])
-                visit(cell(n));
+                touch(triangle, n[0], n[1], n[2]);
         }
-}
-
-void ToolGrid::listTriangles(StageProgress& progress)
-{
-    std::size_t const cells =
-        std::size_t(m_counts[0]) * std::size_t(m_counts[1]) * std::size_t(m_counts[2]);
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> entries;
-    m_listEnds.assign(cells + 1, 0);
-    for (std::uint32_t t = 0; t < m_tool.triangles.size(); ++t) {
-        forTouchedCells(t, [&](std::size_t cell) {
-            entries.emplace_back(std::uint32_t(cell), t);
-            ++m_listEnds[cell + 1];
-        });
-        if (t % 4096 == 0)
-            progress.add(4096);
     }
-    for (std::size_t i = 1; i <= cells; ++i)
-        m_listEnds[i] += m_listEnds[i - 1];
-    m_lists.resize(entries.size());
-    std::vector<std::uint32_t> next(m_listEnds.begin(), m_listEnds.end() - 1);
-    for (auto const& [cell, triangle] : entries)
-        m_lists[next[cell]++] = triangle;
 }
 
 void ToolGrid::findStates(StageProgress& progress)
 {
-    m_states.assign(m_listEnds.size() - 1, 0);
-    for (std::size_t cell = 0; cell < m_states.size(); ++cell)
-        if (m_listEnds[cell] != m_listEnds[cell + 1])
-            m_states[cell] = touched;
-    for (int z = 0; z < m_counts[2]; ++z) {
+    for (int z = 0; z < m_pageCounts[2]; ++z) {
         progress.add(0);
-        for (int y = 0; y < m_counts[1]; ++y)
-            labelRow(std::size_t(z * m_counts[1] + y) * std::size_t(m_counts[0]), y, z);
+        for (int y = 0; y < m_pageCounts[1]; ++y)
+            for (int x = 0; x < m_pageCounts[0]; ++x)
+                findState(x, y, z);
     }
 }
 
-/// Labels the clear cells of a row, run by run: from a clear cell beside the run, else by a ray.
-void ToolGrid::labelRow(std::size_t row, int y, int z)
+/// Finds the states of a page's clear cells from the pages before it along the axes, or by a ray.
+void ToolGrid::findState(int x, int y, int z)
 {
-    std::size_t const width = std::size_t(m_counts[0]);
-    std::size_t const layer = width * std::size_t(m_counts[1]);
-    for (std::size_t x = 0; x < width;) {
-        if (m_states[row + x] == touched) {
-            ++x;
-            continue;
+    std::int32_t& page = m_pages[pageAt(x, y, z)];
+    if (page < 0)
+        page = uniformBase + std::int32_t(uniformState(x, y, z));
+    else
+        findDetail(m_details[std::size_t(page)], x, y, z);
+}
+
+void ToolGrid::findDetail(Detail& detail, int x, int y, int z)
+{
+    Layers inside{}, outside{}, free;
+    for (std::size_t k = 0; k < 8; ++k)
+        free[k] = ~detail.touched[k];
+    seed(x, y, z, inside, outside);
+    for (std::size_t k = 0; k < 8; ++k) {
+        inside[k] &= free[k];
+        outside[k] &= free[k];
+    }
+    flood(inside, free);
+    flood(outside, free);
+    for (std::size_t k = 0; k < 8; ++k)
+        while (std::uint64_t const open = free[k] & ~inside[k] & ~outside[k]) {
+            int const bit = std::countr_zero(open);
+            State const state = ask(8 * x + bit % 8, 8 * y + bit / 8, 8 * z + int(k));
+            Layers& same = state == State::inside ? inside : outside;
+            same[k] |= std::uint64_t(1) << bit;
+            flood(same, free);
         }
-        std::size_t end = x;
-        std::int8_t state = x == 0 ? 0 : touched;
-        for (; end < width && m_states[row + end] != touched; ++end) {
-            if (state == touched && y > 0)
-                state = m_states[row + end - width];
-            if (state == touched && z > 0)
-                state = m_states[row + end - layer];
+    detail.inside = inside;
+}
+
+/// The cells of a page that lie next to clear cells of pages before it, by their states.
+void ToolGrid::seed(int x, int y, int z, Layers& inside, Layers& outside) const
+{
+    auto const facing = [&](std::int32_t page, Layers& in, Layers& out) {
+        if (page < 0) {
+            (page - uniformBase == std::int32_t(State::inside) ? in : out).fill(~std::uint64_t(0));
+            return;
         }
-        if (end == width)
-            state = 0;
-        if (state == touched) {
-            auto const centre = [&](double number, int axis) {
-                return float((number - 0.5) * m_cellSize + m_low[axis]);
-            };
-            state = windingAt({centre(double(x), 0), centre(y, 1), centre(z, 2)}) > 0;
+        Detail const& d = m_details[std::size_t(page)];
+        for (std::size_t k = 0; k < 8; ++k) {
+            in[k] = d.inside[k];
+            out[k] = ~d.inside[k] & ~d.touched[k];
         }
-        std::fill(m_states.begin() + std::ptrdiff_t(row + x),
-                  m_states.begin() + std::ptrdiff_t(row + end), state);
-        x = end;
+    };
+    Layers in{}, out{};
+    if (x > 0) {
+        facing(m_pages[pageAt(x - 1, y, z)], in, out);
+        for (std::size_t k = 0; k < 8; ++k) {
+            inside[k] |= (in[k] & lastColumn) >> 7;
+            outside[k] |= (out[k] & lastColumn) >> 7;
+        }
+    }
+    if (y > 0) {
+        in = out = {};
+        facing(m_pages[pageAt(x, y - 1, z)], in, out);
+        for (std::size_t k = 0; k < 8; ++k) {
+            inside[k] |= in[k] >> 56;
+            outside[k] |= out[k] >> 56;
+        }
+    }
+    if (z > 0) {
+        in = out = {};
+        facing(m_pages[pageAt(x, y, z - 1)], in, out);
+        inside[0] |= in[7];
+        outside[0] |= out[7];
     }
 }
 
-int ToolGrid::windingAt(Point const& p) const
+/// The state of a page without touched cells.
+ToolGrid::State ToolGrid::uniformState(int x, int y, int z) const
 {
-    Range range;
-    for (int k = 0; k < 3; ++k)
-        range.low[std::size_t(k)] = range.high[std::size_t(k)] = numberOf(p[k], k);
-    range.high[0] = m_counts[0] - 1;
-    std::vector<std::uint32_t> onRay;
-    forTriangles(range, [&](std::uint32_t t) { onRay.push_back(t); });
-    std::sort(onRay.begin(), onRay.end());
-    onRay.erase(std::unique(onRay.begin(), onRay.end()), onRay.end());
-    int winding = 0;
-    for (std::uint32_t const t : onRay)
-        winding += rayPassage(p, m_tool.point(t, 0), m_tool.point(t, 1), m_tool.point(t, 2));
-    return winding;
+    Layers inside{}, outside{};
+    seed(x, y, z, inside, outside);
+    for (std::size_t k = 0; k < 8; ++k) {
+        if (inside[k])
+            return State::inside;
+        if (outside[k])
+            return State::outside;
+    }
+    return ask(8 * x, 8 * y, 8 * z);
 }
 
-ToolGrid::Range ToolGrid::rangeOf(Place a, Place b, Place c)
+/// The state of a clear cell, by a ray from its centre.
+ToolGrid::State ToolGrid::ask(int x, int y, int z) const
 {
-    Range range;
+    auto const centre = [&](int number, int axis) {
+        return float((number + 0.5) * m_cellSize + m_low[axis]);
+    };
+    return m_tool.windingAt({centre(x, 0), centre(y, 1), centre(z, 2)}) > 0 ? State::inside
+                                                                            : State::outside;
+}
+
+bool ToolGrid::areCellsClear(Place a, Place b, Place c) const
+{
+    int low[3], high[3];
     for (int k = 0; k < 3; ++k) {
-        auto const [low, high] = std::minmax({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
-        range.low[std::size_t(k)] = low;
-        range.high[std::size_t(k)] = high;
+        low[k] = std::min({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
+        high[k] = std::max({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
     }
-    return range;
-}
-
-std::int8_t ToolGrid::stateBetween(Range const& range) const
-{
-    std::int8_t state = 0;
-    for (int z = range.low[2]; z <= range.high[2]; ++z)
-        for (int y = range.low[1]; y <= range.high[1]; ++y) {
-            std::size_t const row = std::size_t(z * m_counts[1] + y) * std::size_t(m_counts[0]);
-            for (int x = range.low[0]; x <= range.high[0]; ++x) {
-                state = m_states[row + std::size_t(x)];
-                if (state == touched)
-                    return touched;
+    for (int pz = low[2] >> 3; pz <= high[2] >> 3; ++pz)
+        for (int py = low[1] >> 3; py <= high[1] >> 3; ++py)
+            for (int px = low[0] >> 3; px <= high[0] >> 3; ++px) {
+                std::int32_t const page = m_pages[pageAt(px, py, pz)];
+                if (page < 0)
+                    continue;
+                Detail const& detail = m_details[std::size_t(page)];
+                // The box of the cells, as bits of this page.
+                auto const part = [](int from, int to, int first) {
+                    int const f = std::max(from - first, 0), t = std::min(to - first, 7);
+                    return std::uint64_t((1 << (t + 1)) - (1 << f));
+                };
+                std::uint64_t const columns = part(low[0], high[0], 8 * px);
+                std::uint64_t const rows = part(low[1], high[1], 8 * py);
+                std::uint64_t mask = 0;
+                for (int row = 0; row < 8; ++row)
+                    if (rows >> row & 1)
+                        mask |= columns << (8 * row);
+                int const from = std::max(low[2] - 8 * pz, 0), to = std::min(high[2] - 8 * pz, 7);
+                for (int layer = from; layer <= to; ++layer)
+                    if (detail.touched[std::size_t(layer)] & mask)
+                        return false;
             }
-        }
-    return state;
+    return true;
 }

@@ -1,28 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/services/MeshArrays.h"
+#include "host/services/boolean/ToolTree.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <span>
 #include <vector>
 
-/// Cubic cells over the box of a tool, the second operand. A cell that the tool's surface may touch
-/// lists its triangles; all others are clear, and lie within the tool or outside it as a whole. The
-/// outermost cells stand for all space around.
+/// Cubic cells over the space that a tool, the second operand, shares with the box of a part. The
+/// tool's surface may touch a cell; all others are clear, and lie within the tool or outside it as
+/// a whole.
+///
+/// Cells are grouped in pages of eight along each axis. Only pages with touched cells are stored
+/// cell by cell, with a bit per cell, so that cells may be small.
 class ToolGrid
 {
 public:
     using Point = UPoint3<float>;
+    using Box = TriangleTree::Box;
     /// Numbers of a cell along the axes, ten bits each.
     using Place = std::uint32_t;
 
-    /// tool   must outlive the grid
-    /// cells  about how many cells to make
-    /// cost   linear in cells and in the pieces into which they divide the tool's triangles
-    ToolGrid(MeshArrays const& tool, std::size_t cells, StageProgress& progress);
+    /// tool      must outlive the grid
+    /// part      the box of the part; points outside it may not be asked for
+    /// touching  about how many cells the tool may touch
+    /// cost      linear in the cells touched
+    ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching, StageProgress& progress);
 
+    ToolTree const& tool() const { return m_tool; }
+
+    /// The cell of a point; one at the border of the grid for a point of the part outside the grid,
+    /// and so outside the tool.
     Place placeOf(Point const& p) const
     {
         Place place = 0;
@@ -31,71 +40,136 @@ public:
         return place;
     }
 
-    /// Whether the tool contains a clear cell; `touched` for one that is not clear.
-    static constexpr std::int8_t touched = -1;
-    std::int8_t stateAt(Place place) const { return m_states[indexOf(place)]; }
-
-    /// The lowest and the highest numbers of some cells.
-    struct Range
+    enum class State : std::int8_t
     {
-        std::array<int, 3> low;
-        std::array<int, 3> high;
+        outside,
+        inside,
+        touched,
     };
-    static Range rangeOf(Place a, Place b, Place c);
-
-    /// Calls `visit(triangle)` for the triangles listed in the cells of a range; for some more than
-    /// once.
-    template <typename Visit>
-    void forTriangles(Range const& range, Visit const& visit) const
+    State stateAt(Place place) const
     {
-        for (int z = range.low[2]; z <= range.high[2]; ++z)
-            for (int y = range.low[1]; y <= range.high[1]; ++y) {
-                std::size_t const row = std::size_t(z * m_counts[1] + y) * std::size_t(m_counts[0]);
-                for (int x = range.low[0]; x <= range.high[0]; ++x)
-                    for (std::uint32_t const t : trianglesIn(row + std::size_t(x)))
-                        visit(t);
-            }
+        std::int32_t const page = m_pages[pageOf(place)];
+        return page < 0 ? State(page - uniformBase) : stateIn(m_details[std::size_t(page)], place);
     }
 
-    /// The state that all cells of a range share; `touched` if one is.
-    std::int8_t stateBetween(Range const& range) const;
+    /// Whether a triangle with corners in three clear cells lies in clear cells as a whole.
+    bool isClearBetween(Place a, Place b, Place c) const
+    {
+        std::size_t const page = pageOf(a);
+        if (page == pageOf(b) && page == pageOf(c) && (m_pages[page] < 0 || (a == b && b == c)))
+            return true;
+        return areCellsClear(a, b, c);
+    }
 
-    /// The tool's winding number around a point that does not lie on it.
-    int windingAt(Point const& p) const;
+    /// Calls `visit(triangle)` for the tool's triangles that touch a cell in the box around three
+    /// cells, and for some others near them; for some more than once.
+    template <typename Visit>
+    void forTriangles(Place a, Place b, Place c, Visit const& visit) const;
 
 private:
+    static constexpr std::int32_t uniformBase = -8;
+    static constexpr std::int32_t mixed = -1;
+
+    /// The cells of a page: a word per layer, a byte per row, a bit per cell.
+    struct Detail
+    {
+        std::array<std::uint64_t, 8> touched{};
+        std::array<std::uint64_t, 8> inside{};
+    };
+    using Layers = std::array<std::uint64_t, 8>;
+    /// The box of the cells of one page that one triangle touches; numbers within the page, a byte
+    /// each.
+    struct Reference
+    {
+        std::uint32_t triangle;
+        std::uint32_t page;
+        std::uint32_t low;
+        std::uint32_t high;
+    };
+
     int numberOf(float coordinate, int axis) const
     {
-        double const n = (double(coordinate) - m_low[axis]) * m_perUnit + 1;
-        // Not a number counts as below.
-        return n >= m_counts[axis] - 1 ? m_counts[axis] - 1 : n >= 0 ? int(n) : 0;
+        double const n = (double(coordinate) - m_low[axis]) * m_perUnit;
+        int const last = 8 * m_pageCounts[axis] - 1;
+        // What is no number counts as below.
+        return n >= last ? last : n >= 0 ? int(n) : 0;
     }
     static int numberIn(Place place, int axis) { return int(place >> (10 * axis) & 1023); }
-    std::size_t indexOf(Place place) const
+    std::size_t pageOf(Place place) const
     {
-        return (std::size_t(numberIn(place, 2)) * std::size_t(m_counts[1]) +
-                std::size_t(numberIn(place, 1))) *
-                   std::size_t(m_counts[0]) +
-               std::size_t(numberIn(place, 0));
+        return (std::size_t(place >> 23 & 127) * std::size_t(m_pageCounts[1]) +
+                std::size_t(place >> 13 & 127)) *
+                   std::size_t(m_pageCounts[0]) +
+               std::size_t(place >> 3 & 127);
     }
-    std::span<std::uint32_t const> trianglesIn(std::size_t cell) const
+    static State stateIn(Detail const& detail, Place place)
     {
-        return {m_lists.data() + m_listEnds[cell], m_listEnds[cell + 1] - m_listEnds[cell]};
+        std::size_t const layer = place >> 20 & 7;
+        std::uint64_t const bit = std::uint64_t(1) << ((place >> 10 & 7) * 8 + (place & 7));
+        if (detail.touched[layer] & bit)
+            return State::touched;
+        return detail.inside[layer] & bit ? State::inside : State::outside;
     }
 
-    void measure(std::size_t cells);
-    void listTriangles(StageProgress& progress);
-    template <typename Visit>
-    void forTouchedCells(std::uint32_t triangle, Visit const& visit) const;
+    void measure(Box const& part, std::size_t touching);
+    void touchCells(std::uint32_t triangle);
+    void touch(std::uint32_t triangle, int x, int y, int z);
+    void sortReferences();
     void findStates(StageProgress& progress);
-    void labelRow(std::size_t row, int y, int z);
+    void findState(int x, int y, int z);
+    void findDetail(Detail& detail, int x, int y, int z);
+    State uniformState(int x, int y, int z) const;
+    void seed(int x, int y, int z, Layers& inside, Layers& outside) const;
+    State ask(int x, int y, int z) const;
+    bool areCellsClear(Place a, Place b, Place c) const;
+    std::size_t pageAt(int x, int y, int z) const
+    {
+        return std::size_t((z * m_pageCounts[1] + y) * m_pageCounts[0] + x);
+    }
 
-    MeshArrays const& m_tool;
+    ToolTree const& m_tool;
     double m_low[3]{};
     double m_perUnit = 1;
     double m_cellSize = 1;
-    int m_counts[3]{3, 3, 3};
-    std::vector<std::uint32_t> m_listEnds;
-    std::vector<std::uint32_t> m_lists;
-    std::vector<std::int8_t> m_states;
+    int m_pageCounts[3]{1, 1, 1};
+    /// Per page: where its cells are in `m_details`, or the state of all of them.
+    std::vector<std::int32_t> m_pages;
+    std::vector<Detail> m_details;
+    /// Sorted by page; m_referenceEnds[i] is where those of detail i begin.
+    std::vector<Reference> m_references;
+    std::vector<std::uint32_t> m_referenceEnds;
+    /// While triangles are entered: the last reference of each page.
+    std::vector<std::uint32_t> m_lastReferences;
 };
+
+template <typename Visit>
+void ToolGrid::forTriangles(Place a, Place b, Place c, Visit const& visit) const
+{
+    int low[3], high[3];
+    for (int k = 0; k < 3; ++k) {
+        low[k] = std::min({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
+        high[k] = std::max({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
+    }
+    for (int pz = low[2] >> 3; pz <= high[2] >> 3; ++pz)
+        for (int py = low[1] >> 3; py <= high[1] >> 3; ++py)
+            for (int px = low[0] >> 3; px <= high[0] >> 3; ++px) {
+                std::int32_t const page = m_pages[pageAt(px, py, pz)];
+                if (page < 0)
+                    continue;
+                int const first[3] = {8 * px, 8 * py, 8 * pz};
+                std::uint32_t from = 0, to = 0;
+                for (int k = 0; k < 3; ++k) {
+                    from |= std::uint32_t(std::max(low[k] - first[k], 0)) << (8 * k);
+                    to |= std::uint32_t(std::min(high[k] - first[k], 7)) << (8 * k);
+                }
+                std::uint32_t const end = m_referenceEnds[std::size_t(page) + 1];
+                for (std::uint32_t r = m_referenceEnds[std::size_t(page)]; r < end; ++r) {
+                    Reference const& reference = m_references[r];
+                    // A byte that falls below zero borrows from the bit above it.
+                    std::uint32_t const guards = 0x00808080;
+                    if ((((reference.high | guards) - from) & ((to | guards) - reference.low) &
+                         guards) == guards)
+                        visit(reference.triangle);
+                }
+            }
+}

@@ -16,17 +16,14 @@ public:
     int sideOf(std::uint32_t vertex, UPoint3<float> const& point) const
     {
         m_places[vertex] = m_grid.placeOf(point);
-        std::int8_t const state = m_grid.stateAt(m_places[vertex]);
-        return state == ToolGrid::touched ? 0 : state > 0 ? -1 : 1;
+        ToolGrid::State const state = m_grid.stateAt(m_places[vertex]);
+        return state == ToolGrid::State::touched ? 0 : state == ToolGrid::State::inside ? -1 : 1;
     }
 
     /// Whether a triangle with corners in clear cells is in clear cells as a whole.
     bool isApart(std::uint32_t a, std::uint32_t b, std::uint32_t c) const
     {
-        ToolGrid::Place const p = m_places[a], q = m_places[b], r = m_places[c];
-        if (p == q && q == r)
-            return true;
-        return m_grid.stateBetween(ToolGrid::rangeOf(p, q, r)) != ToolGrid::touched;
+        return m_grid.isClearBetween(m_places[a], m_places[b], m_places[c]);
     }
 
 private:

@@ -99,26 +99,6 @@ bool CutPlane::covers(UPoint3<float> const& p) const
     });
 }
 
-/// Whether all of `triangle` lies on the outer side of one edge of `from` or on that edge's line.
-bool CutPlane::isApart(Corners const& from, Corners const& triangle) const
-{
-    int const turn = ExactSigns::orient2d(from[0], from[1], from[2], m_dropped);
-    for (std::size_t i = 0; i < 3; ++i)
-        if (std::all_of(triangle.begin(), triangle.end(), [&](UPoint3<float> const& p) {
-                return turn * ExactSigns::orient2d(from[i], from[(i + 1) % 3], p, m_dropped) <= 0;
-            }))
-            return true;
-    return false;
-}
-
-bool CutPlane::overlaps(Corners const& triangle) const
-{
-    // Two triangles without a common area are apart along an edge of one of the two.
-    return std::any_of(m_triangles.begin(), m_triangles.end(), [&](Corners const& own) {
-        return !isApart(own, triangle) && !isApart(triangle, own);
-    });
-}
-
 UVector3<float> CutPlane::unitNormal() const
 {
     double const length = std::hypot(m_normal[0], m_normal[1], m_normal[2]);

@@ -54,10 +54,8 @@ public:
     /// True if the plane mesh covers a point of the plane, both seen in the plane's coordinates.
     bool covers(UPoint3<float> const& p) const;
 
-    using Corners = std::array<UPoint3<float>, 3>;
-    /// True if the plane mesh and a triangle in the plane have an area in common, both seen in the
-    /// plane's coordinates.
-    bool overlaps(Corners const& triangle) const;
+    /// The signed distance from the plane in double, in a unit of the plane's own.
+    double heightOf(UPoint3<float> const& p) const;
 
     UVector3<float> unitNormal() const;
 
@@ -66,8 +64,8 @@ private:
     // multiple of the sum of magnitudes.
     static constexpr double errorFactor = 16 * 1.1102230246251565e-16;
 
-    double heightOf(UPoint3<float> const& p) const;
-    bool isApart(Corners const& from, Corners const& triangle) const;
+    using Corners = std::array<UPoint3<float>, 3>;
+
     int exactSideOf(UPoint3<float> const& p) const;
 
     Corners m_corners;

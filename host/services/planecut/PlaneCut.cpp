@@ -2,8 +2,8 @@
 #include "host/services/planecut/PlaneCut.h"
 
 #include "host/mesh/DegenerateTriangles.h"
+#include "host/services/planecut/BoundedCut.h"
 #include "host/services/planecut/SectionWalls.h"
-#include "platform/jobs/Exceptions.h"
 
 #include <algorithm>
 
@@ -17,6 +17,7 @@ using Corners = std::array<std::uint32_t, 3>;
 constexpr int copiesDone = 60;
 constexpr int sortingDone = 70;
 constexpr int fillingDone = 90;
+constexpr int boundingDone = 95;
 constexpr int wallsDone = 96;
 
 class PlaneCutter
@@ -43,14 +44,14 @@ public:
             m_copies.moveToPlane(vertices);
         SectionContours contours;
         m_walls.sort(contours, stage(copiesDone, sortingDone));
+        if (isBesidePlane())
+            return whole(PlaneCutResult::Whole::above);
         auto segments = contours.segments(m_points);
         bool const isCovered = isWithinPlane(segments);
-        Exact::SectionFilling const filling = fill(segments);
-        if (!isCovered) {
-            checkIsBesidePlane(filling);
+        Exact::SectionFilling filling = fill(segments);
+        if (!isCovered && !bound(segments, filling))
             return whole(PlaneCutResult::Whole::above);
-        }
-        m_walls.write(segments, stage(fillingDone, wallsDone));
+        m_walls.write(segments, stage(isCovered ? fillingDone : boundingDone, wallsDone));
         writeCaps(filling);
         return finish(filling);
     }
@@ -72,6 +73,20 @@ private:
             [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
     }
 
+    /// Whether the part crosses the plane, but nowhere within the plane mesh, so that no face can
+    /// be cut. It may then be open there.
+    bool isBesidePlane() const
+    {
+        for (std::uint32_t p = 0; p < m_points.size(); ++p)
+            if (m_plane.covers(m_points.place(p)))
+                return false;
+        auto const& pieces = m_walls.pieces();
+        return std::adjacent_find(pieces.begin(), pieces.end(),
+                                  [](WallPiece const& a, WallPiece const& b) {
+                                      return a.origin == b.origin;
+                                  }) != pieces.end();
+    }
+
     /// Whether the plane mesh, which is convex, covers the whole section.
     bool isWithinPlane(std::vector<Exact::SectionSegment> const& segments) const
     {
@@ -82,15 +97,30 @@ private:
                            });
     }
 
-    /// A part that the plane mesh does not meet stays whole. One that it meets in a part of the
-    /// section only would ask for a cut of another kind.
-    void checkIsBesidePlane(Exact::SectionFilling const& filling) const
+    /// Leaves only the faces of the section that are cut, and has everything go to the half that it
+    /// belongs to. Returns false if no face is cut.
+    bool bound(std::vector<Exact::SectionSegment>& segments, Exact::SectionFilling& filling)
     {
-        for (Corners const& t : filling.triangles)
-            if (m_plane.overlaps(
-                    {m_points.place(t[0]), m_points.place(t[1]), m_points.place(t[2])}))
-                throw Mell::Exception(
-                    "The cutting plane ends within the part. Make the plane larger than the part.");
+        auto const report = stage(fillingDone, boundingDone);
+        auto const bounded = boundCut(m_part, m_plane, m_copies, m_points, m_walls.pieces(),
+                                      segments, filling, report);
+        if (!bounded)
+            return false;
+        auto const isCut = [&](std::uint32_t point) { return bounded->isCutPoint[point]; };
+        std::erase_if(segments, [&](auto const& segment) { return !isCut(segment.from); });
+        std::erase_if(filling.triangles, [&](Corners const& t) { return !isCut(t[0]); });
+        m_walls.assignHalves(bounded->halfOfWallPiece, bounded->isCutPoint);
+        std::vector<CutSide> halfOfVertex(m_part.vertices.size());
+        for (std::uint32_t v = 0; v < halfOfVertex.size(); ++v)
+            halfOfVertex[v] = m_copies.sideOf(v) < 0 ? sideBelow : sideAbove;
+        for (WallPiece const& piece : m_walls.pieces())
+            for (WallCorner const& corner : piece.corners)
+                if (corner.vertex != WallCorner::none)
+                    halfOfVertex[corner.vertex] = piece.side;
+        StageProgress progress(report);
+        progress.begin(100, 100, 1);
+        m_copies.distribute(bounded->halfOfCopy, std::move(halfOfVertex), progress);
+        return true;
     }
 
     Exact::SectionFilling fill(std::vector<Exact::SectionSegment>& segments)

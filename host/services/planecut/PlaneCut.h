@@ -25,6 +25,7 @@ struct PlaneCutResult
 ///
 /// Stages: the vertices' sides; copies of the triangles that lie wholly on one side; contours of
 /// those that meet the plane; one constrained Delaunay triangulation of the section; the cut
-/// triangles and the caps of both halves on the same section points.
+/// triangles and the caps of both halves on the same section points. Where the plane mesh does not
+/// cover the section, boundCut() chooses its faces and everything's half before the last stage.
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
                               std::function<void(int)> const& progress);

@@ -22,13 +22,13 @@ SectionWalls::SectionWalls(SideCopies& copies, SectionPoints& points, CutPlane c
 {}
 
 /// Appends a corner unless it is the last one again: points that coincide are one.
-void SectionWalls::Piece::add(Corner const& corner)
+void WallPiece::add(WallCorner const& corner)
 {
     if (size == 0 || corners[std::size_t(size) - 1] != corner)
         corners[std::size_t(size++)] = corner;
 }
 
-void SectionWalls::Piece::close()
+void WallPiece::close()
 {
     if (size > 1 && corners[std::size_t(size) - 1] == corners[0])
         --size;
@@ -76,16 +76,22 @@ void SectionWalls::sortOne(Triangle const& triangle, SectionContours& contours)
         sortWhole(triangle, sideInPlane(triangle), contours);
 }
 
-void SectionWalls::sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours)
+SectionWalls::Piece SectionWalls::wholePiece(Triangle const& triangle, CutSide side)
 {
     Piece piece{&triangle, side, 0, {}};
     for (int i = 0; i < 3; ++i)
         piece.add(cornerOf(triangle.cV(i)));
     piece.close();
+    return piece;
+}
+
+void SectionWalls::sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours)
+{
+    Piece const piece = wholePiece(triangle, side);
     for (int i = 0; i < piece.size; ++i) {
         Corner const& from = piece.corners[std::size_t(i)];
         Corner const& to = piece.corners[std::size_t((i + 1) % piece.size)];
-        if (from.point != none && to.point != none)
+        if (from.isPoint() && to.isPoint())
             contours.addEdge(side, from.point, to.point);
     }
     m_pieces.push_back(piece);
@@ -122,6 +128,27 @@ void SectionWalls::sortCut(Triangle const& triangle, SectionContours& contours)
     contours.addCut(leaving, entering);
     m_pieces.push_back(above);
     m_pieces.push_back(below);
+}
+
+void SectionWalls::assignHalves(std::vector<CutSide> const& halfOfPiece,
+                                std::vector<bool> const& isCutPoint)
+{
+    std::vector<Piece> settled;
+    settled.reserve(m_pieces.size());
+    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+        Piece const& piece = m_pieces[i];
+        auto const point = std::find_if(piece.corners.begin(), piece.corners.begin() + piece.size,
+                                        [](Corner const& corner) { return corner.isPoint(); });
+        bool const isTakenApart = i + 1 < m_pieces.size() && m_pieces[i + 1].origin == piece.origin;
+        if (isTakenApart && !isCutPoint[point->point]) {
+            settled.push_back(wholePiece(*piece.origin, halfOfPiece[i]));
+            ++i;
+            continue;
+        }
+        settled.push_back(piece);
+        settled.back().side = halfOfPiece[i];
+    }
+    m_pieces = std::move(settled);
 }
 
 void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments,
@@ -162,7 +189,7 @@ void SectionWalls::writePiece(Piece const& piece)
 
 std::vector<std::uint32_t> const* SectionWalls::splitsOf(Corner const& from, Corner const& to) const
 {
-    if (m_splits.empty() || from.point == none || to.point == none)
+    if (m_splits.empty() || !from.isPoint() || !to.isPoint())
         return nullptr;
     auto const found = m_splits.find((std::uint64_t(from.point) << 32) | to.point);
     return found == m_splits.end() ? nullptr : &found->second;
@@ -196,8 +223,8 @@ void SectionWalls::writeTriangle(Piece const& piece, Corner const& a, Corner con
 
 SectionWalls::Vertex* SectionWalls::vertexOf(CutSide side, Corner const& corner)
 {
-    return corner.point != none ? m_points.vertexIn(side, corner.point)
-                                : m_copies.copyOf(corner.vertex);
+    return corner.isPoint() ? m_points.vertexIn(side, corner.point)
+                            : m_copies.copyIn(side, corner.vertex);
 }
 
 UPoint3<float> SectionWalls::placeOf(CutSide side, Corner const& corner)

@@ -9,6 +9,31 @@
 #include <unordered_map>
 #include <vector>
 
+/// A corner of a piece: a section point, or else a vertex beside the plane.
+struct WallCorner
+{
+    static constexpr std::uint32_t none = UINT32_MAX;
+
+    std::uint32_t point = none;
+    std::uint32_t vertex = none;
+
+    bool isPoint() const { return point != none; }
+    bool operator==(WallCorner const&) const = default;
+};
+
+/// A polygon of three or four corners on one side, in the order of the triangle it comes from.
+/// Where corners coincide it may have fewer, and is nothing then.
+struct WallPiece
+{
+    UTriangle<float> const* origin;
+    CutSide side;
+    int size = 0;
+    std::array<WallCorner, 4> corners;
+
+    void add(WallCorner const& corner);
+    void close();
+};
+
 /// The triangles that meet the plane, taken apart: whole ones go to a side, cut ones become one
 /// polygon on each side. They enter the contours first and are written once the contours are
 /// settled, since a contour edge may have had to be split.
@@ -23,6 +48,12 @@ public:
     /// Sorts the triangles and enters their edges in the plane into the contours. `progress` gets
     /// a percentage and may throw.
     void sort(SectionContours& contours, std::function<void(int)> const& progress);
+    /// The pieces, in the order of their triangles; the two of a triangle that is cut in two follow
+    /// each other, the one above first.
+    std::vector<WallPiece> const& pieces() const { return m_pieces; }
+    /// Has every piece written to the given half. A triangle that was taken apart at points that
+    /// are not cut is made whole again.
+    void assignHalves(std::vector<CutSide> const& halfOfPiece, std::vector<bool> const& isCutPoint);
     /// Makes the triangles of both halves, split as the segments are.
     void write(std::vector<Exact::SectionSegment> const& segments,
                std::function<void(int)> const& progress);
@@ -31,34 +62,17 @@ public:
     std::vector<Triangle*> const& written(CutSide side) const { return m_written[side]; }
 
 private:
-    static constexpr std::uint32_t none = UINT32_MAX;
+    using Corner = WallCorner;
+    using Piece = WallPiece;
 
-    /// A corner of a piece: a section point, or else a vertex beside the plane.
-    struct Corner
-    {
-        std::uint32_t point = none;
-        std::uint32_t vertex = none;
-
-        bool operator==(Corner const&) const = default;
-    };
-
-    /// A polygon of three or four corners on one side, in the order of the triangle it comes from.
-    struct Piece
-    {
-        Triangle const* origin;
-        CutSide side;
-        int size = 0;
-        std::array<Corner, 4> corners;
-
-        void add(Corner const& corner);
-        void close();
-    };
+    static constexpr std::uint32_t none = WallCorner::none;
 
     void sortOne(Triangle const& triangle, SectionContours& contours);
     void sortWhole(Triangle const& triangle, CutSide side, SectionContours& contours);
     void sortCut(Triangle const& triangle, SectionContours& contours);
     CutSide sideInPlane(Triangle const& triangle) const;
     Corner cornerOf(Vertex const* vertex);
+    Piece wholePiece(Triangle const& triangle, CutSide side);
     void writePiece(Piece const& piece);
     void writeTriangle(Piece const& piece, Corner const& a, Corner const& b, Corner const& c);
     std::vector<std::uint32_t> const* splitsOf(Corner const& from, Corner const& to) const;

@@ -12,9 +12,10 @@ struct CutSeconds
     double save = 0;
 };
 
-/// The report of a cut. The pieces are measured here; `total` has run since the start.
-Report zCutReport(std::vector<CutPart> const& parts, CutSeconds const& seconds,
-                  Stopwatch const& total, int threads);
+/// The report of a cut, which begins with the fields of `head`. The pieces are measured here;
+/// `total` has run since the start.
+Report cutReport(Report head, std::vector<CutPart> const& parts, CutSeconds const& seconds,
+                 Stopwatch const& total, int threads);
 
 /// Prints the pieces for a person to read, to standard output.
 void printTable(std::vector<CutPart> const& parts);

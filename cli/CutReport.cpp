@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/ZCutReport.h"
+#include "cli/CutReport.h"
 
 #include "cli/Numbers.h"
-#include "platform/document/MeshDocumentObject.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,9 +11,9 @@ namespace {
 Report pieceReport(CutPiece const& piece)
 {
     Report report;
-    report["name"] = piece.object->getName();
+    report["name"] = piece.name;
     report["file"] = piece.file.string();
-    appendFacts(report, measureMesh(*piece.object->meshProperty->getMesh()));
+    appendFacts(report, measureMesh(*piece.kernel));
     return report;
 }
 
@@ -47,11 +46,10 @@ std::string padded(std::string text, std::size_t width)
 
 }  // namespace
 
-Report zCutReport(std::vector<CutPart> const& parts, CutSeconds const& seconds,
-                  Stopwatch const& total, int threads)
+Report cutReport(Report head, std::vector<CutPart> const& parts, CutSeconds const& seconds,
+                 Stopwatch const& total, int threads)
 {
-    Report report;
-    report["command"] = "zcut";
+    Report report = std::move(head);
     report["parts"] = Report::array();
     for (CutPart const& part : parts)
         report["parts"].push_back(partReport(part));
@@ -72,10 +70,9 @@ void printTable(std::vector<CutPart> const& parts)
     for (CutPart const& part : parts) {
         std::printf("%s: %s triangles\n", part.source.c_str(), grouped(part.triangles).c_str());
         for (CutPiece const& piece : part.pieces) {
-            MeshKernel const& kernel = *piece.object->meshProperty->getMesh();
             std::printf("  %s  %10s triangles  %s\n", padded(piece.file.string(), width).c_str(),
-                        grouped(kernel.readMesh()->triangles.size()).c_str(),
-                        boxText(kernel.GetBox()).c_str());
+                        grouped(piece.kernel->readMesh()->triangles.size()).c_str(),
+                        boxText(piece.kernel->GetBox()).c_str());
         }
     }
 }

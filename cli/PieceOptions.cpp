@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/PieceOptions.h"
+
+#include "host/formats/FormatRegistry.h"
+
+#include <CLI/CLI.hpp>
+
+#include <vector>
+
+namespace {
+
+std::vector<std::string> formatNames()
+{
+    std::vector<std::string> names;
+    for (auto const& format : Formats::FormatRegistry::instance().formats())
+        names.emplace_back(format->name());
+    return names;
+}
+
+}  // namespace
+
+void PieceOptions::addTo(CLI::App& command)
+{
+    command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
+        ->type_name("DIR");
+    command
+        .add_option("--format", format, "The format of the pieces (default: that of the source)")
+        ->check(CLI::IsMember(formatNames()))
+        ->type_name("NAME");
+    command.add_flag("--force", force, "Replace files that exist");
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/CutPart.h"
+#include "cli/PieceFiles.h"
+#include "cli/PieceOptions.h"
+
+/// Gives every piece its format and file and writes it.
+///
+/// throws  Formats::FileError, before anything is written if a file is in the way;
+///         Mell::AbortException if the user cancels
+void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files);
