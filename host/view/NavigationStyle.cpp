@@ -183,7 +183,9 @@ void NavigationStyle::release(QMouseEvent* event)
         return;
     }
     m_action = Action::None;
-    if (deliver(event) == 0 && !m_hasMoved && int(event->button()) == m_button)
+    if (m_tool)
+        deliver(event);
+    else if (!m_hasMoved && int(event->button()) == m_button)
         m_view->clicked(event);
 }
 

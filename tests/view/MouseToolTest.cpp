@@ -255,6 +255,21 @@ TEST_F(MouseTools, ThePointPickerShowsCoordinatesOfAClickOnAPart)
     EXPECT_EQ(view.findChild<QLabel*>("PickedPoint"), nullptr);
 }
 
+TEST_F(MouseTools, KeepTheViewFromSelectingByAClick)
+{
+    test.add(box(20, 20, 20), "box");
+    view.OnViewType(2);
+    view.fitAll();
+    view.startSelection("Mesh::PointPickerMesh");
+    // The picker has seen no press, so it makes nothing of the release.
+    release(view, positionOf({10, 10, 20}), Qt::LeftButton);
+    click(view, positionOf({10, 10, 20}), Qt::RightButton);
+    EXPECT_TRUE(test.document->getSelectedObjects().empty());
+    view.stopSelection();
+    click(view, positionOf({10, 10, 20}));
+    EXPECT_EQ(test.document->getSelectedObjects().size(), 1u);
+}
+
 TEST_F(MouseTools, ADragWithThePointPickerPicksNothing)
 {
     test.add(box(20, 20, 20), "box");
