@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/BooleanPieces.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -133,15 +137,20 @@ std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork co
 bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const& points)
 {
     // Every edge has a number of 64 random bits; run along both ways, it adds up to nothing.
-    std::uint64_t sum = 0;
-    for (PieceTriangle const& t : piece)
-        for (std::size_t k = 0; k < 3; ++k) {
-            std::uint32_t const from = t.corners[k], to = t.corners[k == 2 ? 0 : k + 1];
-            if (!points.isOnCurve(from) && !points.isOnCurve(to))
-                continue;
-            auto const [low, high] = std::minmax(from, to);
-            std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
-            sum += from < to ? number : -number;
-        }
-    return sum == 0;
+    using Range = tbb::blocked_range<std::size_t>;
+    auto const edges = [&](Range const& range, std::uint64_t sum) {
+        for (std::size_t i = range.begin(); i != range.end(); ++i)
+            for (std::size_t k = 0; k < 3; ++k) {
+                MeshArrays::Corners const& c = piece[i].corners;
+                std::uint32_t const from = c[k], to = c[k == 2 ? 0 : k + 1];
+                if (!points.isOnCurve(from) && !points.isOnCurve(to))
+                    continue;
+                auto const [low, high] = std::minmax(from, to);
+                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
+                sum += from < to ? number : -number;
+            }
+        return sum;
+    };
+    return tbb::parallel_reduce(Range(0, piece.size(), 4096), std::uint64_t(0), edges,
+                                std::plus<>()) == 0;
 }

@@ -3,6 +3,9 @@
 
 #include "host/mesh/ExactSigns.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -146,24 +149,32 @@ private:
     std::size_t m_axis = 0;
 };
 
-/// Of some facets, or of all, those that are flat or face the other way than their triangles.
-std::vector<std::size_t> RoundedFacets::findTurned(std::vector<std::size_t> const* some) const
+/// Those of some facets that are flat or face the other way than their triangles.
+///
+/// number  gives the facets' numbers for 0 to count
+template <typename Number>
+std::vector<std::size_t> RoundedFacets::findTurned(std::size_t count, Number const& number) const
 {
-    std::vector<std::size_t> turned;
-    std::size_t const count = some ? some->size() : m_facets.size();
-    for (std::size_t i = 0; i < count;) {
-        std::uint32_t const triangle = m_facets[some ? (*some)[i] : i].triangle;
-        Facing const facing(m_soup, triangle);
-        for (; i < count; ++i) {
-            std::size_t const f = some ? (*some)[i] : i;
-            Corners const& c = m_facets[f].corners;
-            if (m_facets[f].triangle != triangle)
-                break;
-            if (!isCollapsed(c) && !facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
-                turned.push_back(f);
-        }
-    }
-    return turned;
+    using Turned = std::vector<std::size_t>;
+    using Range = tbb::blocked_range<std::size_t>;
+    return tbb::parallel_reduce(
+        Range(0, count, 4096), Turned(),
+        [&](Range const& range, Turned turned) {
+            for (std::size_t i = range.begin(); i < range.end();) {
+                std::uint32_t const triangle = m_facets[number(i)].triangle;
+                Facing const facing(m_soup, triangle);
+                for (; i < range.end() && m_facets[number(i)].triangle == triangle; ++i) {
+                    Corners const& c = m_facets[number(i)].corners;
+                    if (!isCollapsed(c) && !facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
+                        turned.push_back(number(i));
+                }
+            }
+            return turned;
+        },
+        [](Turned a, Turned const& b) {
+            a.insert(a.end(), b.begin(), b.end());
+            return a;
+        });
 }
 
 /// The facets at each point of some facets; kept up while these are mended.
@@ -195,7 +206,7 @@ private:
 void RoundedFacets::mend()
 {
     std::size_t const count = m_facets.size();
-    std::vector<std::size_t> turned = findTurned(nullptr);
+    auto turned = findTurned(count, [](std::size_t i) { return i; });
     if (turned.empty())
         return;
     for (int round = 0; round < maximalRounds && !turned.empty(); ++round) {
@@ -206,7 +217,7 @@ void RoundedFacets::mend()
                 collapse(f, surroundings);
         std::sort(m_changed.begin(), m_changed.end());
         m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
-        turned = findTurned(&m_changed);
+        turned = findTurned(m_changed.size(), [this](std::size_t i) { return m_changed[i]; });
     }
     // The new facets to their triangles.
     auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };

@@ -38,7 +38,8 @@ private:
     void numberPoints();
     void copyFacets();
     void mend();
-    std::vector<std::size_t> findTurned(std::vector<std::size_t> const* some) const;
+    template <typename Number>
+    std::vector<std::size_t> findTurned(std::size_t count, Number const& number) const;
     class Facing;
     class Surroundings;
     void collapse(std::size_t flat, Surroundings& surroundings);

@@ -91,7 +91,7 @@ private:
     /// Few enough to find and label quickly, many enough to leave few triangles near the tool.
     std::size_t cellCount() const
     {
-        return std::clamp<std::size_t>(m_part.triangles.size() / 12, 1 << 12, 1 << 20);
+        return std::clamp<std::size_t>(m_part.triangles.size() / 16, 1 << 12, 1 << 20);
     }
 
     TriangleTree::Box boxOfPart() const

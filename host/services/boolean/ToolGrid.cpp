@@ -237,6 +237,31 @@ void ToolGrid::findStates(StageProgress& progress)
             for (int x = 0; x < m_pageCounts[0]; ++x)
                 findState(x, y, z);
     }
+    findCalmPages();
+}
+
+/// Marks the pages that have no touched cell around them: most triangles lie there, and need no
+/// further look.
+void ToolGrid::findCalmPages()
+{
+    for (int z = 0; z < m_pageCounts[2]; ++z)
+        for (int y = 0; y < m_pageCounts[1]; ++y)
+            for (int x = 0; x < m_pageCounts[0]; ++x) {
+                std::int32_t& page = m_pages[pageAt(x, y, z)];
+                if (page < 0 && isCalm(x, y, z))
+                    page += calmBase - uniformBase;
+            }
+}
+
+bool ToolGrid::isCalm(int x, int y, int z) const
+{
+    auto const last = [&](int n, int axis) { return std::min(n + 1, m_pageCounts[axis] - 1); };
+    for (int k = std::max(z - 1, 0); k <= last(z, 2); ++k)
+        for (int j = std::max(y - 1, 0); j <= last(y, 1); ++j)
+            for (int i = std::max(x - 1, 0); i <= last(x, 0); ++i)
+                if (m_pages[pageAt(i, j, k)] >= 0)
+                    return false;
+    return true;
 }
 
 /// Finds the states of a page's clear cells from the pages before it along the axes, or by a ray.
@@ -277,7 +302,7 @@ void ToolGrid::seed(int x, int y, int z, Layers& inside, Layers& outside) const
 {
     auto const facing = [&](std::int32_t page, Layers& in, Layers& out) {
         if (page < 0) {
-            (page - uniformBase == std::int32_t(State::inside) ? in : out).fill(~std::uint64_t(0));
+            (uniformStateOf(page) == State::inside ? in : out).fill(~std::uint64_t(0));
             return;
         }
         Detail const& d = m_details[std::size_t(page)];

@@ -49,7 +49,7 @@ public:
     State stateAt(Place place) const
     {
         std::int32_t const page = m_pages[pageOf(place)];
-        return page < 0 ? State(page - uniformBase) : stateIn(m_details[std::size_t(page)], place);
+        return page < 0 ? uniformStateOf(page) : stateIn(m_details[std::size_t(page)], place);
     }
 
     /// Whether a triangle with corners in three clear cells lies in clear cells as a whole.
@@ -57,6 +57,9 @@ public:
     {
         std::size_t const page = pageOf(a);
         if (page == pageOf(b) && page == pageOf(c) && (m_pages[page] < 0 || (a == b && b == c)))
+            return true;
+        if (m_pages[page] < 0 && m_pages[page] >= calmBase && areNeighbours(a, b) &&
+            areNeighbours(a, c))
             return true;
         return areCellsClear(a, b, c);
     }
@@ -67,8 +70,20 @@ public:
     void forTriangles(Place a, Place b, Place c, Visit const& visit) const;
 
 private:
+    /// What the number of a page without touched cells begins at, the state being added; and that
+    /// of one with no touched cells in the pages around it either.
     static constexpr std::int32_t uniformBase = -8;
-    static constexpr std::int32_t mixed = -1;
+    static constexpr std::int32_t calmBase = -4;
+    static State uniformStateOf(std::int32_t page) { return State(page & 1); }
+
+    /// Whether the pages of two cells are the same or touch each other.
+    static bool areNeighbours(Place a, Place b)
+    {
+        bool result = true;
+        for (int shift = 3; shift < 30; shift += 10)
+            result &= std::uint32_t((a >> shift & 127) - (b >> shift & 127) + 1) <= 2;
+        return result;
+    }
 
     /// The cells of a page: a word per layer, a byte per row, a bit per cell.
     struct Detail
@@ -121,6 +136,8 @@ private:
     void sortReferences();
     void findStates(StageProgress& progress);
     void findState(int x, int y, int z);
+    void findCalmPages();
+    bool isCalm(int x, int y, int z) const;
     void findDetail(Detail& detail, int x, int y, int z);
     State uniformState(int x, int y, int z) const;
     void seed(int x, int y, int z, Layers& inside, Layers& outside) const;

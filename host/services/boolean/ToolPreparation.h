@@ -12,8 +12,8 @@ void requireFinite(MeshArrays const& operand, char const* name);
 bool hasFlatTriangle(MeshArrays const& operand);
 
 /// A tool, the second operand of a boolean, made ready: final coordinates, no triangle without
-/// area, and where bodies in it overlap, their union. What overlaps is looked for among up to
-/// 20,000 triangles, and in larger tools only among shells whose boxes overlap.
+/// area, and where bodies in it overlap, their union. Convex shells whose boxes lie apart, as those
+/// of pins do, are known not to overlap; other triangles are tested.
 ///
 /// throws  Mell::Exception if a coordinate is no number
 MeshArrays prepareTool(MeshKernel const& tool, StageProgress& progress);
