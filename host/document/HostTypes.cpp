@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "host/view/MeshViewProvider.h"
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/GraphicObject.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/AppModule.h"
+#include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GraphicViewProvider.h"
+#include "platform/view/MeshGLView.h"
+#include "platform/view/PointPickerMesh.h"
 
 namespace {
 
@@ -28,6 +32,14 @@ struct HostTypes : Base::BaseClass
         Mesh::Document::init();
         Base::ViewProvider::init();
         Base::GraphicViewProvider::init();
+        Mesh::ViewProvider::init();
+        Base::GLGraphicsItem::init();
+        Base::GLView::init();
+        Mesh::GLView::init();
+        Base::AbstractMouseSelection::init();
+        Base::RubberbandSelection::init();
+        Base::RectangleSelection::init();
+        Mesh::PointPickerMesh::init();
         AppModule::init();
     }
 };

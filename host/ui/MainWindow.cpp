@@ -32,11 +32,21 @@ MainWindow::~MainWindow()
         currentWindow = nullptr;
 }
 
+Base::GLView* MainWindow::activeGLView() const
+{
+    return m_activeView;
+}
+
 void MainWindow::setActiveGLView(Base::GLView* view)
 {
     if (view == m_activeView)
         return;
+    if (m_activeView)
+        disconnect(m_activeView, nullptr, this, nullptr);
     m_activeView = view;
+    if (view)
+        connect(view, &Base::GLView::signalInteractModeChanged, this,
+                &MainWindow::signalUpdateToolbuttonState);
     emit signalActiveGLViewChanged();
 }
 

@@ -3,6 +3,8 @@
 
 #include "platform/ui/MainWindowBase.h"
 
+#include <QPointer>
+
 namespace Base {
 class GLView;
 class MellViewSlider;
@@ -24,8 +26,9 @@ public:
     ~MainWindow() override;
 
     /// The view in front, or null.
-    Base::GLView* activeGLView() const { return m_activeView; }
-    /// Puts a view in front, borrowed; null when it goes.
+    Base::GLView* activeGLView() const;
+    /// Puts a view in front, borrowed; null for none. When its mouse tool changes, the tool buttons
+    /// are told.
     void setActiveGLView(Base::GLView* view);
     /// Repaints the view in front.
     void updateActiveGLView();
@@ -36,5 +39,5 @@ signals:
     void signalUpdateToolbuttonState();
 
 private:
-    Base::GLView* m_activeView = nullptr;
+    QPointer<Base::GLView> m_activeView;
 };

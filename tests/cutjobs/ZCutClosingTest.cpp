@@ -15,49 +15,21 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// What was called, in order, on views and view providers of the test.
+/// What the views were told, in order.
 Names calls;
 
 struct NotingView : Base::GLView
 {
     explicit NotingView(Base::Document& shown) : document(shown) { document.setView(this); }
     ~NotingView() override { document.setView(nullptr); }
-    void redraw() override
+    void redraw() override { calls.push_back("redraw " + document.getName() + step()); }
+    void renderDataUpdated(Base::ViewProvider* provider) override
     {
-        calls.push_back("redraw " + document.getName() +
-                        (document.hasOpenTransaction() ? " open" : ""));
+        calls.push_back("refresh " + provider->getObject()->getName() + step());
     }
+    std::string step() const { return document.hasOpenTransaction() ? " open" : ""; }
 
     Base::Document& document;
-};
-
-/// The provider of parts in these tests.
-struct NotingProvider : Base::ViewProvider
-{
-    static void enter()
-    {
-        static Base::Type id;
-        initSubclass(id, "Mesh::ViewProvider", "Base::ViewProvider",
-                     []() -> void* { return new NotingProvider; });
-    }
-
-    void attach(Base::DocumentObject* shown) override { object = shown; }
-    void hide() override {}
-    void show() override {}
-    bool isShow() const override { return true; }
-    void attachGLViewer(Base::GLView*) override {}
-    void updateRenderData() override
-    {
-        bool const isOpen = object->getDocument()->hasOpenTransaction();
-        calls.push_back("refresh " + object->getName() + (isOpen ? " open" : ""));
-    }
-    bool isTransparent() const override { return false; }
-    void setObjectColor(unsigned) override {}
-    void clearColor() override {}
-    unsigned getObjectColor() const override { return 0; }
-    void setRenderMode(int) override {}
-
-    Base::DocumentObject* object = nullptr;
 };
 
 /// Translates every text, so that one that passed through a translation shows.
@@ -76,11 +48,7 @@ struct OtherLanguage : QTranslator
 class ZCutClosing : public testing::Test
 {
 protected:
-    ZCutClosing()
-    {
-        NotingProvider::enter();
-        calls.clear();
-    }
+    ZCutClosing() { calls.clear(); }
 
     TestDocument test;
     Mesh::DocumentObject* part = test.add(box(2, 3, 4), "box");

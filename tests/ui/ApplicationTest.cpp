@@ -133,6 +133,26 @@ TEST(MainWindow, TellsWhenAnotherViewComesInFront)
     EXPECT_EQ(view.redraws, 1);
 }
 
+TEST(MainWindow, TellsToolButtonsWhenTheToolOfTheViewInFrontChanges)
+{
+    MainWindow window;
+    CountingView behind;
+    auto front = std::make_unique<CountingView>();
+    int updates = 0;
+    QObject::connect(&window, &MainWindow::signalUpdateToolbuttonState, [&] { ++updates; });
+    window.setActiveGLView(&behind);
+    window.setActiveGLView(front.get());
+    behind.startSelection("Mesh::PointPickerMesh");
+    EXPECT_EQ(updates, 0);
+    front->startSelection("Mesh::PointPickerMesh");
+    EXPECT_EQ(updates, 1);
+    front->stopSelection();
+    front->stopSelection();
+    EXPECT_EQ(updates, 2);
+    front.reset();
+    EXPECT_EQ(window.activeGLView(), nullptr);
+}
+
 TEST(ViewSlider, KeepsItsHeightWithoutAWindow)
 {
     Base::MellViewSlider* const slider = MainWindow::getViewSlider();

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/DrawDevice.h"
+
+#include "host/view/DrawDevice21.h"
+#include "host/view/DrawDevice33.h"
+#include "platform/jobs/ConsoleSingleton.h"
+#include "platform/view/OpenGLPath.h"
+
+#include <QVector4D>
+
+namespace {
+
+constexpr int positionPlace = 0;
+constexpr int facetPlace = 1;
+
+QVector4D components(unsigned rgba)
+{
+    auto const part = [&](int shift) { return float(rgba >> shift & 255) / 255; };
+    return {part(24), part(16), part(8), part(0)};
+}
+
+bool isTranslucent(unsigned rgba)
+{
+    return (rgba & 255) != 255;
+}
+
+bool linkProgram(QOpenGLShaderProgram& program, std::string const& name)
+{
+    QString const path = QString::fromStdString(":/shader/shader/view/" + name);
+    program.addShaderFromSourceFile(QOpenGLShader::Vertex, path + ".uvs");
+    program.addShaderFromSourceFile(QOpenGLShader::Fragment, path + ".ufs");
+    program.bindAttributeLocation("position", positionPlace);
+    program.bindAttributeLocation("facet", facetPlace);
+    if (program.link())
+        return true;
+    Base::ConsoleSingleton::Instance().Log("The view cannot draw: " + program.log().toStdString());
+    return false;
+}
+
+}  // namespace
+
+std::unique_ptr<DrawDevice> DrawDevice::create()
+{
+    if (g_OPENGL_3_3)
+        return DrawDevice33::create();
+    return DrawDevice21::create();
+}
+
+DrawDevice::DrawDevice()
+{
+    m_gl.initializeOpenGLFunctions();
+}
+
+DrawDevice::~DrawDevice() = default;
+
+bool DrawDevice::link(Shaders const& shaders)
+{
+    return linkProgram(m_plain, shaders.plain) && linkProgram(m_part, shaders.part);
+}
+
+void DrawDevice::resetState()
+{
+    m_gl.glUseProgram(0);
+    m_gl.glBindBuffer(GL_ARRAY_BUFFER, 0);
+    m_gl.glEnable(GL_DEPTH_TEST);
+    m_gl.glDepthFunc(GL_LEQUAL);
+    m_gl.glDepthMask(GL_TRUE);
+    m_gl.glDisable(GL_BLEND);
+    m_gl.glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    m_gl.glDisable(GL_CULL_FACE);
+    m_gl.glDisable(GL_SCISSOR_TEST);
+    m_gl.glDisable(GL_POLYGON_OFFSET_FILL);
+    m_gl.glFrontFace(GL_CCW);
+    m_gl.glEnable(GL_MULTISAMPLE);
+    setPolygonMode(GL_FILL);
+}
+
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::makeGeometry(void const* data, std::size_t bytes)
+{
+    auto geometry = std::make_unique<Geometry>();
+    if (keepsVertexArrays()) {
+        geometry->m_array.create();
+        geometry->m_array.bind();
+    }
+    geometry->m_vertices.create();
+    geometry->m_vertices.bind();
+    geometry->m_vertices.allocate(data, int(bytes));
+    return geometry;
+}
+
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(std::span<UPoint3<float> const> points)
+{
+    auto geometry = makeGeometry(points.data(), points.size_bytes());
+    geometry->m_count = int(points.size());
+    if (keepsVertexArrays())
+        describe(*geometry);
+    release(*geometry);
+    return geometry;
+}
+
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(PartSurface const& surface)
+{
+    auto geometry = makeGeometry(surface.vertices.data(),
+                                 surface.vertices.size() * sizeof(PartSurface::Vertex));
+    geometry->m_hasFacets = true;
+    geometry->m_count = int(surface.indices.size());
+    geometry->m_indices.create();
+    geometry->m_indices.bind();
+    geometry->m_indices.allocate(surface.indices.data(),
+                                 int(surface.indices.size() * sizeof(std::uint32_t)));
+    if (keepsVertexArrays())
+        describe(*geometry);
+    release(*geometry);
+    return geometry;
+}
+
+void DrawDevice::describe(Geometry& geometry)
+{
+    geometry.m_vertices.bind();
+    GLsizei const stride = geometry.m_hasFacets ? sizeof(PartSurface::Vertex) : 0;
+    m_gl.glEnableVertexAttribArray(positionPlace);
+    m_gl.glVertexAttribPointer(positionPlace, 3, GL_FLOAT, GL_FALSE, stride, nullptr);
+    if (!geometry.m_hasFacets)
+        return;
+    m_gl.glEnableVertexAttribArray(facetPlace);
+    m_gl.glVertexAttribPointer(facetPlace, 2, GL_SHORT, GL_TRUE, stride,
+                               reinterpret_cast<void*>(offsetof(PartSurface::Vertex, facet)));
+    geometry.m_indices.bind();
+}
+
+void DrawDevice::bind(Geometry& geometry)
+{
+    if (keepsVertexArrays())
+        geometry.m_array.bind();
+    else
+        describe(geometry);
+}
+
+void DrawDevice::release(Geometry& geometry)
+{
+    if (keepsVertexArrays()) {
+        geometry.m_array.release();
+    } else {
+        m_gl.glDisableVertexAttribArray(positionPlace);
+        m_gl.glDisableVertexAttribArray(facetPlace);
+        m_gl.glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
+    }
+    m_gl.glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+void DrawDevice::draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x4 const& toClip)
+{
+    m_plain.bind();
+    m_plain.setUniformValue("mvp", toClip);
+    bind(points);
+    m_gl.glEnable(GL_BLEND);
+    for (DrawRun const& run : runs) {
+        m_plain.setUniformValue("clr", components(run.rgba));
+        m_gl.glDrawArrays(run.mode, run.first, run.count);
+    }
+    m_gl.glDisable(GL_BLEND);
+    release(points);
+    m_plain.release();
+}
+
+void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                      QMatrix4x4 const& toEye)
+{
+    if (surface.m_count == 0)
+        return;
+    if ((look.front & 255) || (look.back & 255))
+        drawTriangles(surface, look, toClip, toEye);
+    if (look.edges & 255)
+        drawEdges(surface, look.edges, toClip);
+}
+
+void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                               QMatrix4x4 const& toEye)
+{
+    bool const isGhost = isTranslucent(look.front) || isTranslucent(look.back);
+    m_part.bind();
+    m_part.setUniformValue("mvp", toClip);
+    m_part.setUniformValue("nmv", toEye.normalMatrix());
+    m_part.setUniformValue("frontColor", components(look.front));
+    m_part.setUniformValue("backColor", components(look.back));
+    m_gl.glFrontFace(look.isMirrored ? GL_CW : GL_CCW);
+    if (look.edges & 255) {
+        // Leaves room for edges in front of the triangles they belong to. Not without need: steep
+        // triangles are moved farther, so that those behind an outline would shine through.
+        m_gl.glEnable(GL_POLYGON_OFFSET_FILL);
+        m_gl.glPolygonOffset(1, 1);
+    }
+    if (isGhost) {
+        m_gl.glEnable(GL_BLEND);
+        m_gl.glDepthMask(GL_FALSE);
+    }
+    bind(surface);
+    m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
+    release(surface);
+    m_gl.glDisable(GL_BLEND);
+    m_gl.glDepthMask(GL_TRUE);
+    m_gl.glDisable(GL_POLYGON_OFFSET_FILL);
+    m_gl.glFrontFace(GL_CCW);
+    m_part.release();
+}
+
+void DrawDevice::drawEdges(Geometry& surface, unsigned rgba, QMatrix4x4 const& toClip)
+{
+    m_plain.bind();
+    m_plain.setUniformValue("mvp", toClip);
+    m_plain.setUniformValue("clr", components(rgba));
+    m_gl.glEnable(GL_BLEND);
+    setPolygonMode(GL_LINE);
+    bind(surface);
+    m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
+    release(surface);
+    setPolygonMode(GL_FILL);
+    m_gl.glDisable(GL_BLEND);
+    m_plain.release();
+}

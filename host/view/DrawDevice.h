@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/view/PartSurface.h"
+
+#include <QMatrix4x4>
+#include <QOpenGLBuffer>
+#include <QOpenGLFunctions>
+#include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
+
+#include <memory>
+#include <span>
+
+/// Lines or areas in one colour: some of the points of a DrawDevice::Points, in order.
+struct DrawRun
+{
+    GLenum mode;
+    int first;
+    int count;
+    /// 0xRRGGBBAA
+    unsigned rgba;
+};
+
+/// How the triangles of a part are drawn. Colours are 0xRRGGBBAA; alpha 0 leaves a side out.
+struct SurfaceLook
+{
+    unsigned front = 0;
+    unsigned back = 0;
+    /// Drawn as lines over the triangles, or alone.
+    unsigned edges = 0;
+    /// The transform reflects, so that what faces outward shows its corners clockwise.
+    bool isMirrored = false;
+};
+
+/// What can be drawn, for both versions of OpenGL: points are uploaded, and runs of them drawn in
+/// a mode and a colour; surfaces of parts are uploaded, and drawn lit.
+///
+/// All of it with the context current that it was made in. Uploaded things must not outlive the
+/// device.
+class DrawDevice
+{
+public:
+    /// Vertices on the device.
+    class Geometry
+    {
+    public:
+        Geometry() : m_vertices(QOpenGLBuffer::VertexBuffer), m_indices(QOpenGLBuffer::IndexBuffer)
+        {}
+
+    private:
+        friend class DrawDevice;
+        QOpenGLBuffer m_vertices;
+        QOpenGLBuffer m_indices;
+        QOpenGLVertexArrayObject m_array;
+        int m_count = 0;
+        bool m_hasFacets = false;
+    };
+
+    /// The device for the current context: that of g_OPENGL_3_3. Null if the context lacks the
+    /// functions.
+    static std::unique_ptr<DrawDevice> create();
+    virtual ~DrawDevice();
+
+    std::unique_ptr<Geometry> upload(std::span<UPoint3<float> const> points);
+    std::unique_ptr<Geometry> upload(PartSurface const& surface);
+
+    void draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x4 const& toClip);
+    /// toEye  for the light; its linear part may scale
+    void draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+              QMatrix4x4 const& toEye);
+
+    void setDepthWriting(bool isOn) { m_gl.glDepthMask(isOn ? GL_TRUE : GL_FALSE); }
+    void setDepthTest(bool isOn)
+    {
+        isOn ? m_gl.glEnable(GL_DEPTH_TEST) : m_gl.glDisable(GL_DEPTH_TEST);
+    }
+
+    /// Brings OpenGL into the state in which a picture begins, whatever others have left behind.
+    virtual void resetState();
+
+protected:
+    struct Shaders
+    {
+        char const* plain;
+        char const* part;
+    };
+
+    DrawDevice();
+    bool link(Shaders const& shaders);
+    QOpenGLFunctions& gl() { return m_gl; }
+
+    /// GL_LINE or GL_FILL for both sides.
+    virtual void setPolygonMode(GLenum mode) = 0;
+    virtual bool keepsVertexArrays() const = 0;
+
+private:
+    std::unique_ptr<Geometry> makeGeometry(void const* data, std::size_t bytes);
+    void describe(Geometry& geometry);
+    void bind(Geometry& geometry);
+    void release(Geometry& geometry);
+    void drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                       QMatrix4x4 const& toEye);
+    void drawEdges(Geometry& surface, unsigned rgba, QMatrix4x4 const& toClip);
+
+    QOpenGLFunctions m_gl;
+    QOpenGLShaderProgram m_plain;
+    QOpenGLShaderProgram m_part;
+};

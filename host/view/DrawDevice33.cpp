@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/DrawDevice33.h"
+
+#include <QOpenGLContext>
+#include <QOpenGLFunctions_3_3_Core>
+
+std::unique_ptr<DrawDevice> DrawDevice33::create()
+{
+    auto* const functions =
+        QOpenGLContext::currentContext()->versionFunctions<QOpenGLFunctions_3_3_Core>();
+    if (!functions || !functions->initializeOpenGLFunctions())
+        return nullptr;
+    std::unique_ptr<DrawDevice33> device(new DrawDevice33(functions));
+    if (!device->link({"plain33", "part33"}))
+        return nullptr;
+    return device;
+}
+
+void DrawDevice33::setPolygonMode(GLenum mode)
+{
+    m_functions->glPolygonMode(GL_FRONT_AND_BACK, mode);
+}

@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/view/GLView.h"
+
+#include "host/view/ContextChoice.h"
+#include "host/view/ViewScene.h"
+#include "platform/jobs/ConsoleSingleton.h"
+#include "platform/view/NavigationStyle.h"
+#include "platform/view/PointPickerMesh.h"
+#include "platform/view/ViewProvider.h"
+
+#include <QMouseEvent>
+#include <QOpenGLContext>
+
+#include <algorithm>
+
+// The view as a widget: what it holds, how it paints, where its events go.
+namespace Base {
+
+namespace {
+
+// As red, green, blue.
+constexpr float background[3] = {0.93f, 0.94f, 0.95f};
+
+bool isSameView(GLCamera const& a, GLCamera const& b)
+{
+    return a.get_ref() == b.get_ref() && a.get_direction() == b.get_direction() &&
+           a.get_vecUp() == b.get_vecUp();
+}
+
+}  // namespace
+
+constinit Type GLView::classTypeId;
+
+void GLView::init()
+{
+    initSubclass(classTypeId, "Base::GLView", "Base::BaseClass", nullptr);
+}
+
+GLView::GLView(QWidget* parent)
+    : QOpenGLWidget(parent),
+      m_camera(std::make_unique<GLCamera>()),
+      m_scene(std::make_unique<ViewScene>(this)),
+      m_navigation(std::make_unique<NavigationStyle>(this))
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+GLView::~GLView()
+{
+    m_navigation->setMouseModel(nullptr);
+    m_scene->setDocument(nullptr);
+    // Those of a document that has this view without its knowing.
+    while (!m_scene->providers().empty()) {
+        ViewProvider* const provider = m_scene->providers().back();
+        provider->attachGLViewer(nullptr);
+        m_scene->remove(provider);
+    }
+    releaseGL();
+}
+
+Type GLView::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string GLView::getClassName() const
+{
+    return "Base::GLView";
+}
+
+Document* GLView::getDocument() const
+{
+    return m_scene->document();
+}
+
+void GLView::setDocument(Document* document)
+{
+    m_scene->setDocument(document);
+    update();
+}
+
+void GLView::redraw()
+{
+    update();
+}
+
+NavigationStyle* GLView::navigationStyle() const
+{
+    return m_navigation.get();
+}
+
+std::string GLView::getInteractModeName() const
+{
+    AbstractMouseSelection const* const tool = m_navigation->mouseModel();
+    return tool ? tool->getClassName() : std::string();
+}
+
+bool GLView::startSelection(std::string className)
+{
+    std::unique_ptr<BaseClass> made(Type::createInstance(className));
+    auto* const tool = dynamic_cast<AbstractMouseSelection*>(made.get());
+    if (!tool)
+        return false;
+    static_cast<void>(made.release());
+    m_navigation->setMouseModel(std::unique_ptr<AbstractMouseSelection>(tool));
+    applyProjection();
+    emit signalInteractModeChanged();
+    return true;
+}
+
+void GLView::stopSelection()
+{
+    if (!m_navigation->mouseModel())
+        return;
+    m_navigation->setMouseModel(nullptr);
+    applyProjection();
+    emit signalInteractModeChanged();
+}
+
+void GLView::addGraphicsItem(GLGraphicsItem* item)
+{
+    m_scene->add(item);
+}
+
+void GLView::removeGraphicsItem(GLGraphicsItem* item)
+{
+    m_scene->remove(item);
+}
+
+void GLView::addViewProvider(ViewProvider* provider)
+{
+    m_scene->add(provider);
+}
+
+void GLView::removeViewProvider(ViewProvider* provider)
+{
+    m_scene->remove(provider);
+}
+
+void GLView::renderDataUpdated(ViewProvider*)
+{
+    update();
+}
+
+void GLView::clicked(QMouseEvent*) {}
+
+void GLView::paintSurroundings() {}
+
+void GLView::paintOverlay() {}
+
+UBox3<float> GLView::surroundingsBox() const
+{
+    return {};
+}
+
+void GLView::paintPending()
+{
+    if (!isVisible() || !m_scene->isInitialized() || isSameView(m_paintedCamera, *m_camera))
+        return;
+    // Not repaint(), which a window with OpenGL in it puts off until the next frame.
+    makeCurrent();
+    double const ratio = devicePixelRatioF();
+    context()->functions()->glViewport(0, 0, int(width() * ratio), int(height() * ratio));
+    paintGL();
+    doneCurrent();
+}
+
+bool GLView::event(QEvent* event)
+{
+    // One of these comes before a context is made, also in another window; a format set once would
+    // lose its samples there.
+    bool const comesBefore = event->type() == QEvent::Polish || event->type() == QEvent::Resize ||
+                             event->type() == QEvent::Show;
+    if (comesBefore && !context())
+        setFormat(chooseContextFormat());
+    return QOpenGLWidget::event(event);
+}
+
+void GLView::initializeGL()
+{
+    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &GLView::releaseGL);
+    m_scene->initialize();
+    if (!m_scene->isInitialized())
+        ConsoleSingleton::Instance().Log(
+            "The view stays empty: install a driver for OpenGL 2.1 or later.");
+}
+
+void GLView::releaseGL()
+{
+    if (!context() || !m_scene->isInitialized())
+        return;
+    disconnect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &GLView::releaseGL);
+    makeCurrent();
+    m_scene->release();
+    doneCurrent();
+}
+
+void GLView::paintGL()
+{
+    QOpenGLFunctions& gl = *context()->functions();
+    gl.glClearColor(background[0], background[1], background[2], 1);
+    gl.glDepthMask(GL_TRUE);
+    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    DrawDevice* const device = m_scene->device();
+    if (!device)
+        return;
+    setDepthRange();
+    m_paintedCamera = *m_camera;
+    device->resetState();
+    paintSurroundings();
+    m_scene->paintProviders();
+    if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
+        tool->draw();
+    device->resetState();
+    paintOverlay();
+    m_scene->paintItems();
+    // What was blended has left an alpha of its own, by which the window would shine through.
+    gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClear(GL_COLOR_BUFFER_BIT);
+    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void GLView::mousePressEvent(QMouseEvent* event)
+{
+    m_navigation->press(event);
+}
+
+void GLView::mouseMoveEvent(QMouseEvent* event)
+{
+    m_navigation->move(event);
+}
+
+void GLView::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_navigation->release(event);
+}
+
+void GLView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_navigation->doubleClick(event);
+}
+
+void GLView::wheelEvent(QWheelEvent* event)
+{
+    m_navigation->wheel(event);
+    event->accept();
+}
+
+void GLView::keyPressEvent(QKeyEvent* event)
+{
+    if (!m_navigation->key(event))
+        QOpenGLWidget::keyPressEvent(event);
+}
+
+void GLView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!m_navigation->key(event))
+        QOpenGLWidget::keyReleaseEvent(event);
+}
+
+}  // namespace Base

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/view/MeshGLView.h"
+
+#include "host/view/BuildPlate.h"
+#include "host/view/MeshViewProvider.h"
+#include "host/view/OrientationCube.h"
+#include "host/view/ViewScene.h"
+#include "platform/document/MeshDocumentObject.h"
+
+#include <QMouseEvent>
+
+namespace Mesh {
+
+constinit Base::Type GLView::classTypeId;
+
+void GLView::init()
+{
+    initSubclass(classTypeId, "Mesh::GLView", "Base::GLView", nullptr);
+}
+
+GLView::GLView(QWidget* parent) : Base::GLView(parent) {}
+
+Base::Type GLView::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string GLView::getClassName() const
+{
+    return "Mesh::GLView";
+}
+
+bool GLView::pickPoint(QPoint position, Pick& pick, bool onlySelected, bool onlyFront,
+                       bool alsoGhosts) const
+{
+    setDepthRange();
+    PickTree::Ray ray;
+    getCamera()->sightRay(position.x(), position.y(), ray.origin, ray.direction);
+    ray.onlyFront = onlyFront;
+    std::optional<ViewProvider::Hit> first;
+    for (Base::ViewProvider const* const provider : scene().providers()) {
+        auto const* const shown = dynamic_cast<ViewProvider const*>(provider);
+        if (!shown || !(shown->isShow() || (alsoGhosts && shown->isGhost())) ||
+            (onlySelected && !shown->getObject()->isSelected()))
+            continue;
+        auto const hit = shown->firstHit(ray);
+        if (!hit || (first && first->distance <= hit->distance))
+            continue;
+        first = hit;
+        pick.part = dynamic_cast<DocumentObject*>(shown->getObject());
+    }
+    if (!first)
+        return false;
+    pick.triangle = first->triangle;
+    pick.point = {float(first->point.X()), float(first->point.Y()), float(first->point.Z())};
+    return true;
+}
+
+bool GLView::pickFace(QPoint position, DocumentObject*& part, UTriangle<float>*& triangle,
+                      bool onlySelected, bool onlyFront, bool alsoGhosts) const
+{
+    Pick pick;
+    if (!pickPoint(position, pick, onlySelected, onlyFront, alsoGhosts))
+        return false;
+    part = pick.part;
+    triangle = pick.triangle;
+    return true;
+}
+
+void GLView::setPlateSize(float widthMm, float depthMm)
+{
+    m_plateWidth = widthMm;
+    m_plateDepth = depthMm;
+    redraw();
+}
+
+void GLView::setPlateVisible(bool visible)
+{
+    m_isPlateVisible = visible;
+    redraw();
+}
+
+UPoint3<float> GLView::turningPoint(QPoint position) const
+{
+    Pick pick;
+    return pickPoint(position, pick) ? pick.point : Base::GLView::turningPoint(position);
+}
+
+void GLView::clicked(QMouseEvent* event)
+{
+    Base::Document* const document = getDocument();
+    if (event->button() != Qt::LeftButton || !document)
+        return;
+    bool const isAdding = event->modifiers() & Qt::ControlModifier;
+    Pick pick;
+    if (pickPoint(event->pos(), pick))
+        pick.part->setSelected(!(isAdding && pick.part->isSelected()), true, !isAdding);
+    else if (!isAdding)
+        document->clearSelection();
+}
+
+void GLView::hover(int standardView)
+{
+    if (standardView == m_hoveredView)
+        return;
+    m_hoveredView = standardView;
+    redraw();
+}
+
+void GLView::mousePressEvent(QMouseEvent* event)
+{
+    bool const isFirst = event->buttons() == event->button();
+    m_pressedView = isFirst && event->button() == Qt::LeftButton
+                        ? OrientationCube::viewAt(*this, event->pos())
+                        : -1;
+    if (m_pressedView < 0)
+        Base::GLView::mousePressEvent(event);
+}
+
+void GLView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (OrientationCube::viewAt(*this, event->pos()) < 0)
+        Base::GLView::mouseDoubleClickEvent(event);
+    else
+        mousePressEvent(event);
+}
+
+void GLView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() == Qt::NoButton)
+        hover(OrientationCube::viewAt(*this, event->pos()));
+    if (m_pressedView < 0)
+        Base::GLView::mouseMoveEvent(event);
+}
+
+void GLView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_pressedView < 0) {
+        Base::GLView::mouseReleaseEvent(event);
+        return;
+    }
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (OrientationCube::viewAt(*this, event->pos()) == m_pressedView)
+        OnViewType(m_pressedView);
+    m_pressedView = -1;
+    hover(OrientationCube::viewAt(*this, event->pos()));
+}
+
+void GLView::leaveEvent(QEvent* event)
+{
+    hover(-1);
+    Base::GLView::leaveEvent(event);
+}
+
+UBox3<float> GLView::surroundingsBox() const
+{
+    if (!m_isPlateVisible)
+        return {};
+    UPoint3<float> const corner(m_plateWidth / 2, m_plateDepth / 2, 0);
+    return {UPoint3<float>() - (corner - UPoint3<float>()), corner};
+}
+
+void GLView::paintSurroundings()
+{
+    if (!m_isPlateVisible)
+        return;
+    double viewWidth, viewHeight;
+    getCamera()->get_view_rect(viewWidth, viewHeight);
+    paintBuildPlate(scene(), m_plateWidth, m_plateDepth, height() / viewHeight);
+}
+
+void GLView::paintOverlay()
+{
+    paintAxes(scene(), width(), height());
+    OrientationCube::paint(*this, m_hoveredView);
+}
+
+}  // namespace Mesh

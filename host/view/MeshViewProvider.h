@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/view/DrawDevice.h"
+#include "host/view/PickTree.h"
+#include "platform/view/ViewProvider.h"
+
+namespace Mesh {
+
+class DocumentObject;
+
+/// Shows a part, and finds where a ray meets it. What OpenGL needs is made with the first picture
+/// and what picking needs with the first pick, both anew after the mesh was replaced or
+/// updateRenderData was called; a part that is moved keeps them.
+class ViewProvider : public Base::ViewProvider
+{
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+    static void* create();
+
+    ~ViewProvider() override;
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+    void paintGL() override;
+    void updateRenderData() override;
+    /// A ghost, or a colour with an alpha below 255.
+    bool isTransparent() const override;
+
+    /// Hidden, but shown as a ghost.
+    bool isGhost() const;
+
+    /// A place where a ray meets the part.
+    struct Hit
+    {
+        UTriangle<float>* triangle;
+        UPoint3<double> point;
+        /// In lengths of the ray's direction.
+        double distance;
+    };
+
+    /// The first place on a ray in world space.
+    std::optional<Hit> firstHit(PickTree::Ray const& ray) const;
+
+    /// With the context current: frees what OpenGL holds.
+    void releaseGL() { m_surface.reset(); }
+    /// Bytes that the part takes on the device now.
+    std::size_t deviceBytes() const { return m_surface ? m_deviceBytes : 0; }
+
+private:
+    DocumentObject const* part() const;
+    MeshKernel const* kernel() const;
+    bool isSurfaceOf(MeshKernel const& kernel) const;
+    void upload(DrawDevice& device, MeshKernel const& kernel);
+    SurfaceLook look(MeshKernel const& kernel) const;
+
+    std::unique_ptr<DrawDevice::Geometry> m_surface;
+    std::weak_ptr<UMesh<float> const> m_surfaceMesh;
+    std::size_t m_surfaceTriangles = 0;
+    std::size_t m_deviceBytes = 0;
+    mutable std::unique_ptr<PickTree> m_tree;
+};
+
+}  // namespace Mesh

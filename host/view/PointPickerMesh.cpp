@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/view/PointPickerMesh.h"
+
+#include "host/view/ViewScene.h"
+#include "platform/view/MeshGLView.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+
+namespace Mesh {
+
+namespace {
+
+constexpr unsigned markColor = 0xd02020ff;
+/// Half the length of the mark's lines, in pixels.
+constexpr float markReach = 6;
+/// From the mark to the text.
+constexpr int labelOffset = 10;
+constexpr int clickReach = 3;
+
+QString coordinates(UPoint3<float> const& p)
+{
+    auto const number = [](float value) { return QString::number(double(value), 'f', 3); };
+    return QStringLiteral("X: %1  Y: %2  Z: %3 mm")
+        .arg(number(p.X()), number(p.Y()), number(p.Z()));
+}
+
+}  // namespace
+
+constinit Base::Type PointPickerMesh::classTypeId;
+
+void PointPickerMesh::init()
+{
+    initSubclass(classTypeId, "Mesh::PointPickerMesh", "Base::RectangleSelection", create);
+}
+
+void* PointPickerMesh::create()
+{
+    return static_cast<BaseClass*>(new PointPickerMesh);
+}
+
+PointPickerMesh::~PointPickerMesh()
+{
+    delete m_label;
+}
+
+Base::Type PointPickerMesh::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string PointPickerMesh::getClassName() const
+{
+    return "Mesh::PointPickerMesh";
+}
+
+void PointPickerMesh::terminate()
+{
+    mark({});
+}
+
+int PointPickerMesh::mousePressEvent(QMouseEvent* event)
+{
+    m_isPressed = event->button() == Qt::LeftButton;
+    m_press = event->pos();
+    return 0;
+}
+
+int PointPickerMesh::mouseMoveEvent(QMouseEvent* event)
+{
+    QPoint const offset = event->pos() - m_press;
+    if (qMax(qAbs(offset.x()), qAbs(offset.y())) > clickReach)
+        m_isPressed = false;
+    return 0;
+}
+
+int PointPickerMesh::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_isPressed || event->button() != Qt::LeftButton)
+        return 0;
+    m_isPressed = false;
+    auto const* const view = dynamic_cast<GLView const*>(m_view);
+    GLView::Pick pick;
+    if (view && view->pickPoint(event->pos(), pick))
+        mark(pick.point);
+    else
+        mark({});
+    return 1;
+}
+
+void PointPickerMesh::mark(std::optional<UPoint3<float>> point)
+{
+    m_point = point;
+    if (!point) {
+        delete m_label;
+    } else {
+        if (!m_label) {
+            m_label = new QLabel(m_view);
+            m_label->setObjectName(QStringLiteral("PickedPoint"));
+            m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
+            m_label->setStyleSheet(
+                QStringLiteral("background: #fffbe6; color: #202020;"
+                               "border: 1px solid #a09060; padding: 2px;"));
+        }
+        m_label->setText(coordinates(*point));
+        m_label->adjustSize();
+        m_label->show();
+    }
+    m_view->redraw();
+}
+
+void PointPickerMesh::draw()
+{
+    if (!m_point)
+        return;
+    int x, y;
+    m_view->getWidgetcoordFromWCS(*m_point, x, y);
+    placeLabel({x, y});
+    QMatrix4x4 toClip;
+    toClip.ortho(0, float(m_view->width()), float(m_view->height()), 0, -1, 1);
+    float const left = float(x), top = float(y);
+    DrawRun const runs[] = {{GL_LINES, 0, 4, markColor}};
+    m_view->scene().drawOnce({{left - markReach, top, 1},
+                              {left + markReach, top, 1},
+                              {left, top - markReach, 1},
+                              {left, top + markReach, 1}},
+                             runs, toClip);
+}
+
+void PointPickerMesh::placeLabel(QPoint mark)
+{
+    QPoint const after = mark + QPoint(labelOffset, labelOffset);
+    QPoint const before =
+        mark - QPoint(labelOffset + m_label->width(), labelOffset + m_label->height());
+    // On the other side of the mark where the view ends.
+    bool const isLeft = after.x() + m_label->width() > m_view->width() && before.x() >= 0;
+    bool const isAbove = after.y() + m_label->height() > m_view->height() && before.y() >= 0;
+    m_label->move(isLeft ? before.x() : after.x(), isAbove ? before.y() : after.y());
+}
+
+}  // namespace Mesh

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/ViewScene.h"
+
+#include "host/view/MeshViewProvider.h"
+#include "platform/view/GLGraphicsItem.h"
+#include "platform/view/GLView.h"
+#include "platform/view/GraphicViewProvider.h"
+
+namespace {
+
+bool isTool(Base::ViewProvider const* provider)
+{
+    return dynamic_cast<Base::GraphicViewProvider const*>(provider) != nullptr;
+}
+
+/// A part that is hidden may still show as a ghost.
+bool isPainted(Base::ViewProvider const* provider)
+{
+    if (provider->isShow())
+        return true;
+    auto const* const part = dynamic_cast<Mesh::ViewProvider const*>(provider);
+    return part && part->isGhost();
+}
+
+enum class Turn
+{
+    Opaque,
+    Transparent,
+    Tool
+};
+
+Turn turnOf(Base::ViewProvider const* provider)
+{
+    if (isTool(provider))
+        return Turn::Tool;
+    return provider->isTransparent() ? Turn::Transparent : Turn::Opaque;
+}
+
+}  // namespace
+
+void ViewScene::setDocument(Base::Document* document)
+{
+    if (document == m_document)
+        return;
+    disconnect_all();
+    if (m_document)
+        m_document->setView(nullptr);
+    m_document = document;
+    if (!document)
+        return;
+    document->signalNewObject.connect(this, &ViewScene::objectChanged);
+    document->signalDelObject.connect(this, &ViewScene::objectDeleted);
+    document->signalObjectChanged.connect(this, &ViewScene::objectChanged);
+    document->signalObjectSelectionChanged.connect(this, &ViewScene::askForPicture);
+    document->signalDocumentDeleted.connect(this, &ViewScene::documentDeleted);
+    document->setView(m_view);
+}
+
+void ViewScene::askForPicture()
+{
+    m_view->update();
+}
+
+void ViewScene::add(Base::ViewProvider* provider)
+{
+    m_providers.push_back(provider);
+    if (isInitialized())
+        provider->initGL();
+    askForPicture();
+}
+
+void ViewScene::remove(Base::ViewProvider* provider)
+{
+    if (std::erase(m_providers, provider))
+        askForPicture();
+}
+
+void ViewScene::add(Base::GLGraphicsItem* item)
+{
+    m_items.push_back(item);
+    if (isInitialized()) {
+        m_view->makeCurrent();
+        item->initGL();
+    }
+    askForPicture();
+}
+
+void ViewScene::remove(Base::GLGraphicsItem* item)
+{
+    if (std::erase(m_items, item))
+        askForPicture();
+}
+
+void ViewScene::initialize()
+{
+    m_device = DrawDevice::create();
+    if (!m_device)
+        return;
+    for (Base::ViewProvider* const provider : m_providers)
+        provider->initGL();
+    for (Base::GLGraphicsItem* const item : m_items)
+        item->initGL();
+    m_view->makeCurrent();
+}
+
+void ViewScene::release()
+{
+    for (Base::ViewProvider* const provider : m_providers)
+        if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
+            part->releaseGL();
+    m_device.reset();
+}
+
+void ViewScene::paintProviders()
+{
+    for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
+        // A provider may add objects while it paints.
+        std::vector<Base::ViewProvider*> const providers = m_providers;
+        for (Base::ViewProvider* const provider : providers)
+            if (turnOf(provider) == turn && isPainted(provider)) {
+                m_device->resetState();
+                provider->paintGL();
+            }
+    }
+    m_device->resetState();
+}
+
+void ViewScene::paintItems()
+{
+    std::vector<Base::GLGraphicsItem*> const items = m_items;
+    for (Base::GLGraphicsItem* const item : items) {
+        m_device->resetState();
+        item->paintGL();
+    }
+    m_device->resetState();
+}
+
+void ViewScene::drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,
+                         QMatrix4x4 const& toClip)
+{
+    auto const geometry = m_device->upload(points);
+    m_device->draw(*geometry, runs, toClip);
+}
+
+QMatrix4x4 ViewScene::toClip() const
+{
+    GLCamera const& camera = *m_view->getCamera();
+    return camera.getProjectionMatrix() * camera.getModelViewMatrix();
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/view/DrawDevice.h"
+#include "platform/document/Document.h"
+
+#include <vector>
+
+namespace Base {
+class GLGraphicsItem;
+class GLView;
+class ViewProvider;
+}  // namespace Base
+
+/// What a view shows, and the order in which it is painted:
+///
+/// 1. the surroundings;
+/// 2. providers of parts and whatever else has no tool, first those that are not transparent;
+/// 3. providers of tools, Base::GraphicViewProvider and below;
+/// 4. the mouse tool's drawing;
+/// 5. the overlay;
+/// 6. the graphics items.
+///
+/// Within each the order is that in which they came. Each provider and item starts from the same
+/// state of OpenGL.
+class ViewScene : public sigslot::has_slots<sigslot::single_threaded>
+{
+public:
+    explicit ViewScene(Base::GLView* view) : m_view(view) {}
+
+    Base::GLView& view() const { return *m_view; }
+    Base::Document* document() const { return m_document; }
+    void setDocument(Base::Document* document);
+
+    std::vector<Base::ViewProvider*> const& providers() const { return m_providers; }
+    void add(Base::ViewProvider* provider);
+    void remove(Base::ViewProvider* provider);
+    void add(Base::GLGraphicsItem* item);
+    void remove(Base::GLGraphicsItem* item);
+
+    /// With the context current: makes the device and initializes what has come before it.
+    void initialize();
+    /// With the context current: frees all that the device has made for the host.
+    void release();
+    bool isInitialized() const { return m_device != nullptr; }
+
+    /// Null before initialize().
+    DrawDevice* device() const { return m_device.get(); }
+    void paintProviders();
+    void paintItems();
+
+    /// Draws points of the moment: uploads, draws and forgets them.
+    void drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,
+                  QMatrix4x4 const& toClip);
+
+    /// World to clip space.
+    QMatrix4x4 toClip() const;
+
+private:
+    void askForPicture();
+    void objectChanged(Base::DocumentObject*) { askForPicture(); }
+    void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
+    void documentDeleted() { m_document = nullptr; }
+
+    Base::GLView* m_view;
+    Base::Document* m_document = nullptr;
+    std::vector<Base::ViewProvider*> m_providers;
+    std::vector<Base::GLGraphicsItem*> m_items;
+    std::unique_ptr<DrawDevice> m_device;
+};

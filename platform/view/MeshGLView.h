@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/mesh/UTriangle.h"
+#include "platform/view/GLView.h"
+
+namespace Mesh {
+
+class DocumentObject;
+
+/// A 3D view that shows a mesh document, with the build plate and the axes. A click selects the
+/// part under the mouse while no tool runs; with the control key it adds to the selection. A cube
+/// in the upper right corner shows how the view lies; a click on one of its faces, or on the corner
+/// at the front, the right and above, turns to that standard view, and no tool sees it.
+class GLView : public Base::GLView
+{
+    Q_OBJECT
+
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+
+    /// A point on a part.
+    struct Pick
+    {
+        DocumentObject* part = nullptr;
+        /// For reading only; valid until the part's mesh changes.
+        UTriangle<float>* triangle = nullptr;
+        /// World millimetres.
+        UPoint3<float> point;
+    };
+
+    explicit GLView(QWidget* parent = nullptr);
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+    /// The part and triangle under a widget position that come first in the line of sight; false,
+    /// with nothing changed, if there is none.
+    ///
+    /// onlySelected  other parts are looked through
+    /// onlyFront     faces seen from behind are looked through
+    /// alsoGhosts    parts that are shown as ghosts count too
+    /// cost          logarithmic in the triangles; the first pick on a mesh sorts it
+    bool pickFace(QPoint position, DocumentObject*& part, UTriangle<float>*& triangle,
+                  bool onlySelected, bool onlyFront, bool alsoGhosts) const;
+    /// The same, with the point.
+    bool pickPoint(QPoint position, Pick& pick, bool onlySelected = false, bool onlyFront = false,
+                   bool alsoGhosts = false) const;
+
+    /// The size of the build plate, which lies in the plane z = 0 around the origin.
+    void setPlateSize(float widthMm, float depthMm);
+    void setPlateVisible(bool visible);
+
+    UPoint3<float> turningPoint(QPoint position) const override;
+    void clicked(QMouseEvent* event) override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintSurroundings() override;
+    void paintOverlay() override;
+    UBox3<float> surroundingsBox() const override;
+
+private:
+    void hover(int standardView);
+
+    float m_plateWidth = 200;
+    float m_plateDepth = 200;
+    bool m_isPlateVisible = true;
+    /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
+    int m_hoveredView = -1;
+    int m_pressedView = -1;
+};
+
+}  // namespace Mesh

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPoint>
+
+#include <memory>
+#include <vector>
+
+class QEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
+
+namespace Base {
+
+class AbstractMouseSelection;
+class GLView;
+
+/// Takes the events of a view to its mouse tool and turns, moves and zooms the view with what the
+/// tool leaves. A drag becomes the view's once it is longer than a click; until then the tool sees
+/// all of it. The left button alone is never the view's.
+///
+/// The view turns about the point under the mouse: sideways about the world's z axis, up and down
+/// about the screen's horizontal, as far as straight above and below. The wheel zooms to the mouse.
+///
+/// thread  the user interface thread
+class NavigationStyle
+{
+public:
+    /// Which buttons turn and move the view; in all of them the wheel zooms.
+    enum class Preset
+    {
+        /// Right turns; middle, or right with shift, moves.
+        TurnByRight,
+        /// Middle turns; middle with shift moves; middle with control zooms.
+        TurnByMiddle,
+        /// Middle turns; right moves; right with control zooms.
+        MoveByRight
+    };
+
+    explicit NavigationStyle(GLView* view);
+    ~NavigationStyle();
+
+    Preset preset() const { return m_preset; }
+    void setPreset(Preset preset) { m_preset = preset; }
+
+    /// The running tool, or null.
+    AbstractMouseSelection* mouseModel() const { return m_tool.get(); }
+    /// Ends the running tool, deletes it, and takes another one to the view; null for none. A tool
+    /// that is busy with an event is deleted when the event is over.
+    void setMouseModel(std::unique_ptr<AbstractMouseSelection> tool);
+
+    // Events of the view, in its widget coordinates.
+
+    void press(QMouseEvent* event);
+    void move(QMouseEvent* event);
+    void release(QMouseEvent* event);
+    void doubleClick(QMouseEvent* event);
+    void wheel(QWheelEvent* event);
+    /// False if nobody has made use of the key.
+    bool key(QKeyEvent* event);
+
+    /// The view is being turned, moved or zoomed by a drag.
+    bool isNavigating() const { return m_isNavigating; }
+
+private:
+    enum class Action
+    {
+        None,
+        Turn,
+        Move,
+        Zoom
+    };
+    struct Delivery;
+
+    int deliver(QEvent* event);
+    Action actionFor(QMouseEvent const& event) const;
+    void begin();
+    void step(QPoint position);
+    void finish();
+    void turn(QPoint pixels);
+
+    GLView* m_view;
+    Preset m_preset = Preset::TurnByRight;
+    std::unique_ptr<AbstractMouseSelection> m_tool;
+    std::vector<std::unique_ptr<AbstractMouseSelection>> m_ended;
+    int m_deliveries = 0;
+
+    Action m_action = Action::None;
+    int m_button = 0;
+    QPoint m_press;
+    QPoint m_last;
+    bool m_isNavigating = false;
+    bool m_hasMoved = false;
+};
+
+}  // namespace Base
