@@ -125,16 +125,17 @@ void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
     if (page < 0) {
         page = std::int32_t(m_details.size());
         m_details.emplace_back();
-        m_lastReferences.push_back(0xffffffff);
+        m_lastReferences.resize(m_lastReferences.size() + 8, 0xffffffff);
     }
     int const n[3] = {x & 7, y & 7, z & 7};
     m_details[std::size_t(page)].touched[std::size_t(n[2])] |= std::uint64_t(1)
                                                                << (n[1] * 8 + n[0]);
-    std::uint32_t& last = m_lastReferences[std::size_t(page)];
-    std::uint32_t const place = std::uint32_t(n[0] | n[1] << 8 | n[2] << 16);
+    std::size_t const block = blockOf(page, x >> 2, y >> 2, z >> 2);
+    std::uint32_t& last = m_lastReferences[block];
+    std::uint32_t const place = std::uint32_t((x & 3) | (y & 3) << 8 | (z & 3) << 16);
     if (last == 0xffffffff || m_references[last].triangle != triangle) {
         last = std::uint32_t(m_references.size());
-        m_references.push_back({triangle, std::uint32_t(page), place, place});
+        m_references.push_back({triangle, std::uint32_t(block), place, place});
         return;
     }
     Reference& reference = m_references[last];
@@ -145,18 +146,18 @@ void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
     }
 }
 
-/// Puts the references of each page together, in the order of the triangles.
+/// Puts the references of each block together, in the order of the triangles.
 void ToolGrid::sortReferences()
 {
-    m_referenceEnds.assign(m_details.size() + 1, 0);
+    m_referenceEnds.assign(8 * m_details.size() + 1, 0);
     for (Reference const& reference : m_references)
-        ++m_referenceEnds[reference.page + 1];
+        ++m_referenceEnds[reference.block + 1];
     for (std::size_t i = 1; i < m_referenceEnds.size(); ++i)
         m_referenceEnds[i] += m_referenceEnds[i - 1];
     std::vector<std::uint32_t> next(m_referenceEnds.begin(), m_referenceEnds.end() - 1);
     std::vector<Reference> sorted(m_references.size());
     for (Reference const& reference : m_references)
-        sorted[next[reference.page]++] = reference;
+        sorted[next[reference.block]++] = reference;
     m_references = std::move(sorted);
     m_lastReferences = {};
 }
