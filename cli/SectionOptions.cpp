@@ -26,8 +26,8 @@ void SectionOptions::addTo(CLI::App& command)
         ->required();
     command
         .add_option("--size", sizeText,
-                    "Width and height of the plane's rectangle, for --bounded (default: as large "
-                    "as the parts). With a vertical normal the width runs along X")
+                    "Width and height of the rectangle of a bounded plane (default: as large as "
+                    "the parts). With a vertical normal the width runs along X")
         ->type_name("W,H");
     command.add_flag("--bounded", bounded,
                      "Cut only where the whole section lies within the rectangle");

@@ -227,6 +227,19 @@ TEST(FreecutSection, ABoundedPlaneCutsOnlyWhatLiesWithinIt)
     EXPECT_EQ(unbounded["section"]["contours"], 2);
 }
 
+// A plane is stretched along its diagonals, which nearly coincide in a narrow one.
+TEST(FreecutSection, WithoutABoundaryTheShapeOfThePlaneDoesNotMatter)
+{
+    BlockFolder const folder;
+    for (std::string const size : {"1,1000", "1000,1", "50,50"}) {
+        auto const result = folder.run({"section", "block.stl", "--center", "20,15,10", "--normal",
+                                        "1,2,3", "--size", size, "--dry-run", "--json", "-"});
+        ASSERT_EQ(result.status, 0) << result.errors;
+        EXPECT_NEAR(result.json()["parts"][0]["section"]["area"].get<double>(), 1247.219, 0.05)
+            << size;
+    }
+}
+
 TEST(FreecutSection, WidthRunsAlongXAndHeightAlongYForAVerticalNormal)
 {
     BlockFolder const folder;
