@@ -3,6 +3,7 @@
 
 #include "platform/mesh/UMesh.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -10,12 +11,17 @@ namespace PlaneMesh {
 
 namespace {
 
-float diagonalWith(UBox3<float> const& box, UPoint3<float> const& centre)
+/// The largest distance between neighbouring floats at a corner for which the plane is still told
+/// well by its corners.
+constexpr float largestSpacingMm = 0.001f;
+constexpr float shortenedReach = 4;
+
+UBox3<float> extendedBy(UBox3<float> const& box, UPoint3<float> const& centre)
 {
     // A null box counts by its corners, the origin.
     UBox3<float> extended(box.min, box.max);
     extended.Add(centre);
-    return (extended.max - extended.min).GetLength();
+    return extended;
 }
 
 float leastComponent(UVector3<float> const& d1, UVector3<float> const& d2)
@@ -36,6 +42,44 @@ UVector3<float> directionTo(UPoint3<float> const& target, UPoint3<float> const& 
     return direction.Normalize();
 }
 
+Corners cornersAt(UPoint3<float> const& centre, UVector3<float> const& d1,
+                  UVector3<float> const& d2, float s)
+{
+    return {centre + d1 * s, centre + d2 * s, centre - d1 * s, centre - d2 * s};
+}
+
+/// Whether floats lie too far apart at the corners for their plane to be the one that was asked
+/// for.
+bool isTooCoarse(Corners const& corners)
+{
+    for (UPoint3<float> const& corner : corners)
+        for (int i = 0; i < 3; ++i) {
+            float const size = std::fabs(corner[i]);
+            float const next = std::nextafter(size, std::numeric_limits<float>::infinity());
+            if (!(next - size <= largestSpacingMm))
+                return true;
+        }
+    return false;
+}
+
+/// The stretch with which the rectangle covers all of the box, seen along its sides.
+float spanningStretch(UBox3<float> const& box, UPoint3<float> const& centre,
+                      UVector3<float> const& d1, UVector3<float> const& d2)
+{
+    float stretch = 0;
+    for (UVector3<float> half : {(d1 - d2) * 0.5f, (d1 + d2) * 0.5f}) {
+        float const length = half.GetLength();
+        half.Normalize();
+        for (int corner = 0; corner < 8; ++corner) {
+            UPoint3<float> const p(corner & 1 ? box.MaxX() : box.MinX(),
+                                   corner & 2 ? box.MaxY() : box.MinY(),
+                                   corner & 4 ? box.MaxZ() : box.MinZ());
+            stretch = std::max(stretch, std::fabs((p - centre) | half) / length);
+        }
+    }
+    return stretch;
+}
+
 }  // namespace
 
 Corners span(UBox3<float> const& box, UPoint3<float> const& centre, UPoint3<float> const& towards1,
@@ -43,10 +87,16 @@ Corners span(UBox3<float> const& box, UPoint3<float> const& centre, UPoint3<floa
 {
     UVector3<float> const d1 = directionTo(towards1, centre);
     UVector3<float> const d2 = directionTo(towards2, centre);
-    float s = diagonalWith(box, centre);
-    if (reach == Reach::DiagonalAlongAxes)
-        s = s / leastComponent(d1, d2);
-    return {centre + d1 * s, centre + d2 * s, centre - d1 * s, centre - d2 * s};
+    UBox3<float> const extended = extendedBy(box, centre);
+    float const diagonal = (extended.max - extended.min).GetLength();
+    if (reach == Reach::Diagonal)
+        return cornersAt(centre, d1, d2, diagonal);
+    float const s = diagonal / leastComponent(d1, d2);
+    Corners const corners = cornersAt(centre, d1, d2, s);
+    if (!isTooCoarse(corners))
+        return corners;
+    float const shortened = shortenedReach * spanningStretch(extended, centre, d1, d2);
+    return shortened < s ? cornersAt(centre, d1, d2, shortened) : corners;
 }
 
 void fill(UMesh<float>* mesh, Corners const& corners)

@@ -34,6 +34,34 @@ TEST(ModuleEntry, TheModuleIsMadeByNameAndAgreesToEverything)
     EXPECT_TRUE(module->deleteModule("document"));
 }
 
+TEST(ModuleEntry, EntersTheToolObjectsUnderTheirParents)
+{
+    LoadedModule const module;
+    for (auto const& [name, parent] : {std::pair("GraphicObject", "Base::GraphicObject"),
+                                       {"PlaneGraphicObject", "Freecut::GraphicObject"},
+                                       {"VolumeGraphicObject", "Freecut::GraphicObject"},
+                                       {"PolygonGraphicObject", "Freecut::VolumeGraphicObject"},
+                                       {"CylinderGraphicObject", "Freecut::VolumeGraphicObject"}}) {
+        Base::Type const type = Base::Type::fromName(std::string("Freecut::") + name);
+        ASSERT_FALSE(type.isBad()) << name;
+        EXPECT_EQ(type.getParent().getName(), parent) << name;
+    }
+}
+
+TEST(ModuleEntry, MakesToolObjectsByName)
+{
+    LoadedModule const module;
+    for (std::string const name :
+         {"Freecut::PlaneGraphicObject", "Freecut::VolumeGraphicObject",
+          "Freecut::PolygonGraphicObject", "Freecut::CylinderGraphicObject"}) {
+        std::unique_ptr<Base::BaseClass> const object(Base::Type::createInstance(name));
+        ASSERT_NE(object, nullptr) << name;
+        EXPECT_EQ(object->getClassName(), name);
+        EXPECT_EQ(object->getTypeId(), Base::Type::fromName(name));
+    }
+    EXPECT_EQ(Base::Type::createInstance("Freecut::GraphicObject"), nullptr);
+}
+
 TEST(ModuleEntry, ClassesThatAreMadeWithNewAloneAreNotEntered)
 {
     LoadedModule const module;

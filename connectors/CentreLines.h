@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/SectionContour.h"
+
+class ContourDistance;
+template <typename T>
+class UMesh;
+
+/// The centre lines of a section: its chordal axis, which joins the midpoints of the inner edges of
+/// the triangulated section face; a triangle with three usable edges is a junction at its centroid.
+///
+/// mesh       the section face, with topology built and triangles numbered in list order
+/// contours   distances from the section's contours
+/// clearance  an edge is usable if its midpoint is farther than this and 0.1 mm from every contour
+/// returns    polylines in space, each with at least two points
+/// cost       one distance for each inner edge, then linear
+std::vector<std::vector<UPoint3<float>>> extractCentreLines(UMesh<float>& mesh,
+                                                            ContourDistance const& contours,
+                                                            float clearance);
+
+/// Whether a distance from the contours leaves the margin of 0.1 mm beyond a clearance.
+inline bool isClearOfContours(float distance, float clearance)
+{
+    return double(distance) > double(clearance) + 0.1;
+}

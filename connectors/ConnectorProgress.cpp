@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/ConnectorProgress.h"
+
+#include <algorithm>
+
+namespace ConnectorProgress {
+
+int overall(int x, Share stage, int part, int partCount)
+{
+    int const percent = int(std::min(x, 100) / 100.0 * stage.span + stage.start);
+    return int((percent + part * 100.0) / partCount);
+}
+
+std::function<void(int)> stage(std::function<void(int)> progress, Share share, int part,
+                               int partCount)
+{
+    if (!progress)
+        return {};
+    return [progress = std::move(progress), share, part, partCount](int x) {
+        progress(overall(x, share, part, partCount));
+    };
+}
+
+std::function<void(int)> span(std::function<void(int)> stage, Share share)
+{
+    if (!stage)
+        return {};
+    return [stage = std::move(stage), share](int x) {
+        stage(int(x / 100.0 * share.span + share.start));
+    };
+}
+
+}  // namespace ConnectorProgress

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/ConnectorRun.h"
+
+#include "cutjobs/PartMesh.h"
+#include "platform/jobs/ConsoleSingleton.h"
+#include "platform/jobs/Exceptions.h"
+#include "platform/services/Intersect.h"
+
+namespace {
+
+void keep(CutResultMap& result, Mesh::DocumentObject* part, std::shared_ptr<MeshKernel> const& half)
+{
+    if (!half->readMesh()->triangles.empty())
+        result[part].push_back(half);
+}
+
+void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel& cap,
+                std::function<void(int)> const& stage)
+{
+    runMeshStage([&] {
+        Intersect::cutByPlane(&part, &plane, halves.upper.get(), halves.lower.get(), &cap, stage,
+                              true);
+    });
+}
+
+}  // namespace
+
+void runMeshStage(std::function<void()> const& stage)
+{
+    try {
+        stage();
+    } catch (Mell::AbortException const&) {
+        Base::ConsoleSingleton::Instance().Log("Command Abort.");
+        throw Mell::AbortException("Aborting...");
+    }
+}
+
+CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
+                               Connect const& connect) const
+{
+    CutResultMap result;
+    if (m_form.reportsStart && progress)
+        progress(0);
+    for (int i = 0; i < int(m_parts.size()); ++i) {
+        Mesh::DocumentObject* const part = m_parts[std::size_t(i)];
+        MeshKernel* const source = kernelOfPart(part);
+        if (!source)
+            continue;
+        PartOfRun const current = cut(i, source, progress);
+        std::optional<Halves> const connected = connect(current);
+        Halves const& halves = connected ? *connected : current.plain;
+        bool const isUpperFirst = !connected && m_form.plainUpperFirst;
+        keep(result, part, isUpperFirst ? halves.upper : halves.lower);
+        keep(result, part, isUpperFirst ? halves.lower : halves.upper);
+    }
+    if (progress)
+        progress(100);
+    return result;
+}
+
+PartOfRun ConnectorRun::cut(int index, MeshKernel* source,
+                            std::function<void(int)> const& progress) const
+{
+    PartOfRun part;
+    part.index = index;
+    part.source = source;
+    part.cap = std::make_shared<MeshKernel>();
+    part.stage = [progress, index, count = int(m_parts.size())](ConnectorProgress::Share share) {
+        return ConnectorProgress::stage(progress, share, index, count);
+    };
+    auto const copy = std::make_shared<MeshKernel>(static_cast<MeshKernel const*>(source));
+    int const span = m_form.cutSpan;
+    if (!m_form.hasTwoCuts) {
+        cutByPlane(*copy, m_base, part.plain, *part.cap, part.stage({0, span}));
+        return part;
+    }
+    Halves atOffset;
+    Halves atBase;
+    MeshKernel unread;
+    cutByPlane(*copy, m_offset, atOffset, unread, part.stage({0, span}));
+    cutByPlane(*copy, m_base, atBase, *part.cap, part.stage({span, span}));
+    part.plain = {atBase.lower, atOffset.upper};
+    return part;
+}

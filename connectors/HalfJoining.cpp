@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/HalfJoining.h"
+
+#include "platform/services/Intersect.h"
+
+namespace {
+
+void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::BooleanType type,
+             std::function<void(int)> const& stage, ConnectorProgress::Share share)
+{
+    std::vector<MeshKernel*> out{&result};
+    Intersect::boolean(&a, &b, out, type, ConnectorProgress::span(stage, share), 1);
+}
+
+}  // namespace
+
+Halves joinRaisedAndHollow(PartOfRun const& part, MeshKernel& raised, MeshKernel& hollow,
+                           std::function<void(int)> const& progress)
+{
+    Halves joined;
+    MeshKernel clipped;
+    combine(*part.source, raised, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
+    combine(*part.plain.lower, clipped, *joined.lower, Intersect::BOOLEAN_UNION, progress,
+            {40, 30});
+    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
+            {70, 30});
+    return joined;
+}
+
+Halves takeOutOfBoth(PartOfRun const& part, MeshKernel& hollow,
+                     std::function<void(int)> const& progress)
+{
+    Halves joined;
+    combine(*part.plain.lower, hollow, *joined.lower, Intersect::BOOLEAN_SUBTRACT, progress,
+            {0, 50});
+    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
+            {50, 50});
+    return joined;
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/LapJointCutter.h"
+
+#include "connectors/HalfJoining.h"
+#include "connectors/LapJointOutline.h"
+#include "connectors/LapJointSolid.h"
+#include "connectors/SectionPlanes.h"
+#include "cutjobs/ServiceCall.h"
+
+LapJointCutter::LapJointCutter(LapJointParas const& paras_, bool checkBoundary_,
+                               std::vector<Mesh::DocumentObject*> parts_,
+                               Freecut::PlaneGraphicObject* plane_)
+    : checkBoundary(checkBoundary_), paras(paras_), parts(std::move(parts_)), plane(plane_)
+{}
+
+bool LapJointCutter::execute(std::function<void(int)> progress)
+{
+    result.clear();
+    try {
+        result = run(progress);
+    } catch (Mell::AbortException const& abort) {
+        ServiceCall::leaveOnAbort(abort);
+    }
+    return true;
+}
+
+CutResultMap LapJointCutter::run(std::function<void(int)> const& progress) const
+{
+    SectionPlanes const planes(*plane, parts, checkBoundary);
+    MeshKernel base;
+    MeshKernel offset;
+    planes.calculateOffsetPlaneMesh(base.getMesh().get(), offset.getMesh().get(),
+                                    paras.frontClearance);
+    return ConnectorRun(RunForm::twoCuts(), parts, base, offset)
+        .run(progress, [&](PartOfRun const& part) { return connect(part, planes.frame(), base); });
+}
+
+std::optional<Halves> LapJointCutter::connect(PartOfRun const& part, PlaneFrame const& frame,
+                                              MeshKernel const& basePlane) const
+{
+    std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
+    if (contours.empty())
+        return {};
+    std::vector<MeshKernel> tongue = createNotchMesh(contours, frame, basePlane, true);
+    std::vector<MeshKernel> notch = createNotchMesh(contours, frame, basePlane, false);
+    if (tongue.empty())
+        return {};
+    return applyLapJoint(part, tongue, notch);
+}
+
+std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionContour> const& contours,
+                                                        PlaneFrame const& frame,
+                                                        MeshKernel const& basePlane,
+                                                        bool tongue) const
+{
+    std::vector<MeshKernel> solid;
+    LapJointOutline const outline(paras, frame, *basePlane.readMesh());
+    if (auto mesh = notchMesh(outline.of(contours, tongue), paras, frame, tongue))
+        solid.emplace_back(mesh.release());
+    return solid;
+}
+
+Halves LapJointCutter::applyLapJoint(PartOfRun const& part, std::vector<MeshKernel>& tongue,
+                                     std::vector<MeshKernel>& notch) const
+{
+    constexpr ConnectorProgress::Share stage{40, 60};
+    Halves joined;
+    runMeshStage([&] {
+        joined = joinRaisedAndHollow(part, tongue.front(), notch.front(), part.stage(stage));
+    });
+    return joined;
+}

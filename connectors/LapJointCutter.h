@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/ConnectorRun.h"
+#include "connectors/LapJointParas.h"
+#include "connectors/SectionContour.h"
+#include "cutjobs/CutResultMap.h"
+
+namespace Freecut {
+class PlaneGraphicObject;
+}
+class PlaneFrame;
+
+/// Cuts parts along a plane and shapes the two faces of each as tongue and notch. The lower half,
+/// from which the plane's normal points away, gets the tongue. Made for one run.
+class LapJointCutter
+{
+public:
+    /// checkBoundary  the plane ends at its drawn corners
+    /// plane          borrowed
+    LapJointCutter(LapJointParas const& paras, bool checkBoundary,
+                   std::vector<Mesh::DocumentObject*> parts, Freecut::PlaneGraphicObject* plane);
+
+    /// Runs the cut. A part whose section is too small for a joint is cut plainly.
+    ///
+    /// progress  a percentage of the run; may be empty
+    /// returns   true
+    /// throws    Mell::AbortException "Aborting..." on a user's cancel, an empty char const* on any
+    ///           other abort, and what the services throw; the result is then empty
+    /// thread    any; reads the parts and the plane, which must not change meanwhile
+    bool execute(std::function<void(int)> progress);
+
+    /// After execute: the lower half of each part and then its upper half, where they are not
+    /// empty.
+    CutResultMap& getResult() { return result; }
+
+private:
+    CutResultMap run(std::function<void(int)> const& progress) const;
+    std::optional<Halves> connect(PartOfRun const& part, PlaneFrame const& frame,
+                                  MeshKernel const& basePlane) const;
+    /// The tongue or the notch as one kernel, or none.
+    std::vector<MeshKernel> createNotchMesh(std::vector<SectionContour> const& contours,
+                                            PlaneFrame const& frame, MeshKernel const& basePlane,
+                                            bool tongue) const;
+    Halves applyLapJoint(PartOfRun const& part, std::vector<MeshKernel>& tongue,
+                         std::vector<MeshKernel>& notch) const;
+
+    bool checkBoundary;
+    LapJointParas paras;
+    std::vector<Mesh::DocumentObject*> parts;
+    Freecut::PlaneGraphicObject* plane;
+    CutResultMap result;
+};

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/LineDistribution.h"
+
+#include "platform/geometry/MellMath.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+using Point = UPoint3<float>;
+using Vector = UVector3<float>;
+
+constexpr double straightTolerance = 0.001;
+/// Points on the circle around another one lie this much nearer at most, by rounding.
+constexpr float roundingMm = 0.001f;
+
+Vector unit(Vector v)
+{
+    return v.Normalize();
+}
+
+/// A point placed earlier whose circle reaches the segment at hand.
+struct NearPoint
+{
+    std::size_t index;
+    /// Its distance from the segment's first point.
+    float fromStart;
+};
+
+struct Candidate
+{
+    /// No point is to be placed on the segment any more.
+    bool endsSegment = false;
+    std::optional<Point> place;
+    /// It lies beyond the ends of the stretch that was looked at.
+    bool isOutside = false;
+
+    static Candidate end() { return {true, {}, false}; }
+    static Candidate none() { return {}; }
+};
+
+/// The distance from a stretch's base to where the line meets the circle with radius `s` around a
+/// point that is seen from the base at distance `x` under the cosine `ca`, and from the stretch's
+/// end under the cosine `cb`.
+struct CircleMeeting
+{
+    bool endsSegment = false;
+    std::optional<float> distance;
+
+    CircleMeeting(float ca, float cb, float x, float s)
+    {
+        float const r = float(std::sqrt(
+            std::max(0.0, std::pow(s, 2.0) - (1.0 - std::pow(ca, 2.0)) * std::pow(x, 2.0))));
+        bool const isBefore = x > s;
+        if (ca >= 0 && (cb >= 0 || isBefore))
+            distance = x * ca - r;
+        else if (cb < 0 && !isBefore)
+            distance = x * ca + r;
+        else
+            endsSegment = cb >= 0;
+    }
+};
+
+class LineDistributor
+{
+public:
+    explicit LineDistributor(float spacing) : m_spacing(spacing) {}
+
+    void walk(std::vector<Point> const& line)
+    {
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            if (m_placed.empty()) {
+                m_placed.push_back(line[0]);
+                continue;
+            }
+            if (i == 0) {
+                if (isFree(line[0], m_placed.size()))
+                    m_placed.push_back(line[0]);
+                continue;
+            }
+            while (placeOn(line[i - 1], line[i])) {
+            }
+        }
+    }
+
+    std::vector<Point> takePlaced() { return std::move(m_placed); }
+
+private:
+    /// Whether no point placed is too near, but for one of them.
+    bool isFree(Point const& p, std::size_t except) const
+    {
+        for (std::size_t m = 0; m < m_placed.size(); ++m)
+            if (m != except && m_spacing > MellMath<float>::DisPt2Pt(p, m_placed[m]))
+                return false;
+        return true;
+    }
+
+    /// Places the next point on the segment; false if there is none.
+    bool placeOn(Point const& a, Point const& b)
+    {
+        if (!findNear(a, b))
+            return false;
+        if (m_near.empty()) {
+            m_placed.push_back(a);
+            return true;
+        }
+        for (auto near = m_near.rbegin(); near != m_near.rend(); ++near) {
+            Candidate const candidate = candidateBy(*near, a, b);
+            if (candidate.endsSegment)
+                return false;
+            if (candidate.place && isFree(*candidate.place, near->index) && !candidate.isOutside) {
+                m_placed.push_back(*candidate.place);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// False if the segment lies wholly inside the circle of a point.
+    bool findNear(Point const& a, Point const& b)
+    {
+        m_near.clear();
+        for (std::size_t j = 0; j < m_placed.size(); ++j) {
+            if (MellMath<float>::DisPt2Segment(m_placed[j], a, b) > m_spacing)
+                continue;
+            float const fromStart = MellMath<float>::DisPt2Pt(a, m_placed[j]);
+            float const fromEnd = MellMath<float>::DisPt2Pt(b, m_placed[j]);
+            if (m_spacing > std::max(fromStart, fromEnd))
+                return false;
+            m_near.push_back({j, fromStart});
+        }
+        return true;
+    }
+
+    Candidate candidateBy(NearPoint const& near, Point const& a, Point const& b) const
+    {
+        Point const& centre = m_placed[near.index];
+        Vector const along = b - a;
+        if (along.GetLength() == 0)
+            return Candidate::end();
+        if ((centre - a).GetLength() == 0)
+            return {false, a + unit(along) * m_spacing, false};
+        if ((centre - b).GetLength() == 0)
+            return {false, b - unit(along) * m_spacing, false};
+        Point const& before = m_placed[(near.index > 0 ? near.index : m_placed.size()) - 1];
+        Vector const turn = unit(centre - a) - unit(centre - before);
+        bool const isStraight = double(turn.GetLength()) <= straightTolerance;
+        if (!isStraight)
+            return meet(a, near.fromStart, near, a, b);
+        if (2 * m_spacing > (b - before).GetLength())
+            return Candidate::end();
+        Candidate const straight = meet(before, m_spacing, near, a, b);
+        // Where something had stood in between, the point before is farther away than assumed.
+        if (straight.place &&
+            m_spacing > MellMath<float>::DisPt2Pt(*straight.place, centre) + roundingMm)
+            return meet(a, near.fromStart, near, a, b);
+        return straight;
+    }
+
+    /// Where the line from a base towards b meets the circle of a point.
+    Candidate meet(Point const& base, float fromBase, NearPoint const& near, Point const& a,
+                   Point const& b) const
+    {
+        Point const& centre = m_placed[near.index];
+        Vector const along = unit(b - a);
+        float const ca = std::clamp(unit(centre - a) | along, -1.0f, 1.0f);
+        float const cb = std::clamp(unit(centre - b) | along, -1.0f, 1.0f);
+        CircleMeeting const meeting(ca, cb, fromBase, m_spacing);
+        if (meeting.endsSegment)
+            return Candidate::end();
+        if (!meeting.distance)
+            return Candidate::none();
+        Point const place = base + along * *meeting.distance;
+        return {false, place, ((place - base) | (place - b)) > 0};
+    }
+
+    float m_spacing;
+    std::vector<Point> m_placed;
+    std::vector<NearPoint> m_near;
+};
+
+}  // namespace
+
+std::vector<Point> distributeAlongLines(std::vector<std::vector<Point>> const& lines, float spacing)
+{
+    LineDistributor distributor(spacing);
+    for (std::vector<Point> const& line : lines)
+        distributor.walk(line);
+    return distributor.takePlaced();
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/geometry/UPoint3.h"
+
+#include <vector>
+
+/// Places points along polylines, one line after the other, so that every two are at least a
+/// distance apart (to the rounding of the arithmetic, which is float). The walk is greedy: along
+/// each line it goes from a point to the next place that is free.
+///
+/// lines    may repeat points
+/// returns  in order of placing; the order of the lines decides who stands where
+/// cost     each segment is measured against each point placed
+std::vector<UPoint3<float>> distributeAlongLines(
+    std::vector<std::vector<UPoint3<float>>> const& lines, float spacing);

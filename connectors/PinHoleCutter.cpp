@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connectors/PinHoleCutter.h"
+
+#include "connectors/HalfJoining.h"
+#include "connectors/PinBodies.h"
+#include "connectors/PinPlacement.h"
+#include "connectors/SectionPlanes.h"
+#include "cutjobs/ServiceCall.h"
+
+namespace {
+
+constexpr int holesEnd = 100;
+/// The stage of the pins ends short of the part's end.
+constexpr int pinsEnd = 90;
+
+}  // namespace
+
+PinHoleCutter::PinHoleCutter(PinHoleParas const& paras_, bool checkBoundary_,
+                             std::vector<Mesh::DocumentObject*> parts_,
+                             Freecut::PlaneGraphicObject* plane_)
+    : paras(paras_), checkBoundary(checkBoundary_), parts(std::move(parts_)), plane(plane_)
+{}
+
+bool PinHoleCutter::execute(std::function<void(int)> progress)
+{
+    result.clear();
+    try {
+        result = run(paras.faceclearance != 0 ? RunForm::twoCuts() : RunForm::oneCut(), progress);
+    } catch (Mell::AbortException const& abort) {
+        ServiceCall::leaveOnAbort(abort);
+    }
+    return true;
+}
+
+CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> const& progress) const
+{
+    SectionPlanes const planes(*plane, parts, checkBoundary);
+    MeshKernel base;
+    MeshKernel offset;
+    if (form.hasTwoCuts)
+        planes.calculateOffsetPlaneMesh(base.getMesh().get(), offset.getMesh().get(),
+                                        paras.faceclearance);
+    else
+        planes.calculateCutPlaneMesh(base.getMesh().get());
+    return ConnectorRun(form, parts, base, offset).run(progress, [&](PartOfRun const& part) {
+        return connect(part, form, planes.frame());
+    });
+}
+
+std::optional<Halves> PinHoleCutter::connect(PartOfRun const& part, RunForm const& form,
+                                             PlaneFrame const& frame) const
+{
+    std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
+    if (contours.empty())
+        return {};
+    std::vector<UPoint3<float>> const positions =
+        PinPlacement(paras, frame).computePositions(contours, part.cap.get());
+    if (positions.empty())
+        return {};
+    return paras.isPin ? applyPins(part, form, frame, positions)
+                       : applyHoles(part, form, frame, positions);
+}
+
+Halves PinHoleCutter::applyPins(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+                                std::vector<UPoint3<float>> const& positions) const
+{
+    std::vector<MeshKernel> pins;
+    std::vector<MeshKernel> holes;
+    PinBodies(paras, frame).createPinBodies(positions, pins, holes);
+    Halves joined;
+    runMeshStage([&] {
+        joined =
+            joinRaisedAndHollow(part, pins.front(), holes.front(),
+                                part.stage({form.connectorStart, pinsEnd - form.connectorStart}));
+    });
+    return joined;
+}
+
+Halves PinHoleCutter::applyHoles(PartOfRun const& part, RunForm const& form,
+                                 PlaneFrame const& frame,
+                                 std::vector<UPoint3<float>> const& positions) const
+{
+    std::vector<MeshKernel> holes;
+    PinBodies(paras, frame).createHoleBodies(positions, holes);
+    Halves joined;
+    runMeshStage([&] {
+        joined = takeOutOfBoth(part, holes.front(),
+                               part.stage({form.connectorStart, holesEnd - form.connectorStart}));
+    });
+    return joined;
+}

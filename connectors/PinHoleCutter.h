@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/ConnectorRun.h"
+#include "connectors/PinHoleParas.h"
+#include "cutjobs/CutResultMap.h"
+#include "platform/geometry/UPoint3.h"
+
+namespace Freecut {
+class PlaneGraphicObject;
+}
+class PlaneFrame;
+
+/// Cuts parts along a plane and puts pins and holes into the two faces of each: pins on the lower
+/// half, from which the plane's normal points away, and holes in the upper one, or holes in both.
+/// Made for one run.
+class PinHoleCutter
+{
+public:
+    /// checkBoundary  the plane ends at its drawn corners
+    /// plane          borrowed
+    PinHoleCutter(PinHoleParas const& paras, bool checkBoundary,
+                  std::vector<Mesh::DocumentObject*> parts, Freecut::PlaneGraphicObject* plane);
+
+    /// Runs the cut. A part whose section has no room for a connector is cut plainly.
+    ///
+    /// progress  a percentage of the run; may be empty
+    /// returns   true
+    /// throws    as LapJointCutter::execute
+    /// thread    any; reads the parts and the plane, which must not change meanwhile
+    bool execute(std::function<void(int)> progress);
+
+    /// After execute: the halves of each part that are not empty, the lower one first. Only where
+    /// one cut made both and no connector fits comes the upper one first.
+    CutResultMap& getResult() { return result; }
+
+private:
+    CutResultMap run(RunForm const& form, std::function<void(int)> const& progress) const;
+    std::optional<Halves> connect(PartOfRun const& part, RunForm const& form,
+                                  PlaneFrame const& frame) const;
+    Halves applyPins(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+                     std::vector<UPoint3<float>> const& positions) const;
+    Halves applyHoles(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+                      std::vector<UPoint3<float>> const& positions) const;
+
+    PinHoleParas paras;
+    bool checkBoundary;
+    std::vector<Mesh::DocumentObject*> parts;
+    Freecut::PlaneGraphicObject* plane;
+    CutResultMap result;
+};

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/PinHoleParas.h"
+#include "connectors/SectionContour.h"
+
+class PlaneFrame;
+
+/// Decides where on a section the connectors stand.
+class PinPlacement
+{
+public:
+    PinPlacement(PinHoleParas const& paras, PlaneFrame const& frame)
+        : m_paras(paras), m_frame(frame)
+    {}
+
+    /// The positions, every two at least the spacing apart, in order of placing.
+    ///
+    /// With isSidedis they lie at the side distance from a contour, on the section or less than the
+    /// radius beside it. Otherwise they lie on the centre lines, and a hole at each keeps more than
+    /// 0.1 mm of material to every contour.
+    ///
+    /// contours  of the section, as extractSectionContours gives them
+    /// cap       the section face that they were extracted from
+    /// cost      O(n log n) for the contours and triangles, plus each line against each position
+    std::vector<UPoint3<float>> computePositions(std::vector<SectionContour> const& contours,
+                                                 MeshKernel* cap) const;
+
+    /// Each contour moved inward, as closed lines. The contour of a hole moves into the hole.
+    std::vector<std::vector<UPoint3<float>>> linesBesideContours(
+        std::vector<SectionContour> const& contours) const;
+
+private:
+    std::vector<UPoint3<float>> besideContours(std::vector<SectionContour> const& contours,
+                                               MeshKernel* cap) const;
+    std::vector<UPoint3<float>> onCentreLines(std::vector<SectionContour> const& contours,
+                                              MeshKernel* cap) const;
+
+    PinHoleParas const& m_paras;
+    PlaneFrame const& m_frame;
+};

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/SectionCutImp.h"
+
+#include "connectors/LapJointCutter.h"
+#include "connectors/PinHoleCutter.h"
+#include "connectors/SectionPlanes.h"
+#include "cutjobs/CutSides.h"
+#include "cutjobs/PartMesh.h"
+#include "cutjobs/ServiceCall.h"
+#include "tools/PlaneGraphicObject.h"
+
+namespace {
+
+/// Runs a connector cut and takes its result over once all of it is there.
+template <typename Cutter>
+bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResultMap& result)
+{
+    try {
+        bool const isDone = cutter.execute(progress);
+        if (isDone)
+            result = cutter.getResult();
+        return isDone;
+    } catch (Mell::AbortException const& abort) {
+        ServiceCall::leaveOnAbort(abort);
+    }
+}
+
+}  // namespace
+
+SectionCutImp::SectionCutImp(QObject* parent) : CutWorker(parent) {}
+
+void SectionCutImp::setObjects(std::vector<Mesh::DocumentObject*> objects)
+{
+    m_objects = std::move(objects);
+}
+
+void SectionCutImp::setCutType(SECTIONCUTTYPE type)
+{
+    m_cutType = type;
+}
+
+void SectionCutImp::setCheckBoundary(bool checkBoundary)
+{
+    m_checkBoundary = checkBoundary;
+}
+
+void SectionCutImp::setPlaneObject(Freecut::PlaneGraphicObject* plane)
+{
+    m_plane = plane;
+}
+
+void SectionCutImp::setPinHoleParas(PinHoleParas const& paras)
+{
+    m_pinHoleParas = paras;
+}
+
+void SectionCutImp::setLapJointParas(LapJointParas const& paras)
+{
+    m_lapJointParas = paras;
+}
+
+void SectionCutImp::doWork()
+{
+    m_result.clear();
+    runJob("Section Cut", [this](std::function<void(int)> const& progress) {
+        switch (m_cutType) {
+            case SECTIONCUT_PLANE:
+                planeCut(progress);
+                break;
+            case SECTIONCUT_PINHOLE:
+                pinHoleCut(progress);
+                break;
+            default:
+                lapJointCut(progress);
+                break;
+        }
+    });
+}
+
+bool SectionCutImp::planeCut(std::function<void(int)> progress)
+{
+    auto const plane = std::make_shared<MeshKernel>();
+    calculateCutPlaneMesh(plane->getMesh().get(), m_objects);
+    int const partCount = int(m_objects.size());
+    for (int i = 0; i < partCount; ++i) {
+        Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
+        if (MeshKernel const* const kernel = kernelOfPart(part))
+            CutSides::cut(kernel, plane.get(), progress, i, partCount).store(m_result, part);
+    }
+    if (progress)
+        progress(100);
+    return true;
+}
+
+bool SectionCutImp::pinHoleCut(std::function<void(int)> progress)
+{
+    return runCutter(PinHoleCutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject()),
+                     progress, m_result);
+}
+
+bool SectionCutImp::lapJointCut(std::function<void(int)> progress)
+{
+    return runCutter(LapJointCutter(m_lapJointParas, m_checkBoundary, m_objects, &planeObject()),
+                     progress, m_result);
+}
+
+void SectionCutImp::calculateCutPlaneMesh(UMesh<float>* mesh,
+                                          std::vector<Mesh::DocumentObject*> objects)
+{
+    SectionPlanes(planeObject(), objects, m_checkBoundary).calculateCutPlaneMesh(mesh);
+}
+
+Freecut::PlaneGraphicObject& SectionCutImp::planeObject() const
+{
+    if (!m_plane)
+        throw Mell::Exception("There is no cutting plane. Place one first.");
+    return *m_plane;
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/LapJointParas.h"
+#include "connectors/PinHoleParas.h"
+#include "cutjobs/CutResultMap.h"
+#include "cutjobs/CutWorker.h"
+#include "cutjobs/SectionCutType.h"
+
+#include <vector>
+
+template <typename T>
+class UMesh;
+namespace Freecut {
+class PlaneGraphicObject;
+}
+
+/// The worker of the section cut: splits each part by the plane that the user has defined, with
+/// connectors or without. It serves any number of jobs in turn.
+class SectionCutImp : public CutWorker
+{
+    Q_OBJECT
+
+public:
+    explicit SectionCutImp(QObject* parent);
+
+    void setObjects(std::vector<Mesh::DocumentObject*> objects);
+    /// What is neither the plain plane nor pins and holes is the lap joint.
+    void setCutType(SECTIONCUTTYPE type);
+    /// The plane ends at its drawn corners; otherwise it reaches beyond all parts.
+    void setCheckBoundary(bool checkBoundary);
+    /// Borrowed; only read while a job runs.
+    void setPlaneObject(Freecut::PlaneGraphicObject* plane);
+    void setPinHoleParas(PinHoleParas const& paras);
+    void setLapJointParas(LapJointParas const& paras);
+
+    /// The pieces of the last job: side A, to which the plane's normal points, before side B in a
+    /// plain cut; for connectors as their cutters tell. Empty after a connector cut that failed.
+    CutResultMap& getResult() { return m_result; }
+
+public slots:
+    void doWork() override;
+
+private:
+    bool planeCut(std::function<void(int)> progress);
+    bool pinHoleCut(std::function<void(int)> progress);
+    bool lapJointCut(std::function<void(int)> progress);
+    void calculateCutPlaneMesh(UMesh<float>* mesh, std::vector<Mesh::DocumentObject*> objects);
+    Freecut::PlaneGraphicObject& planeObject() const;
+
+    SECTIONCUTTYPE m_cutType = SECTIONCUT_PLANE;
+    PinHoleParas m_pinHoleParas{-1, -1, -1, -1, -1, -1, -1, -1};
+    LapJointParas m_lapJointParas{-1, -1, -1, -1, -1, -1};
+    Freecut::PlaneGraphicObject* m_plane = nullptr;
+    bool m_checkBoundary = false;
+    std::vector<Mesh::DocumentObject*> m_objects;
+    CutResultMap m_result;
+};

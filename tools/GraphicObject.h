@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/document/GraphicObject.h"
+
+namespace Freecut {
+
+class GraphicViewProvider;
+
+/// A cut tool: a scene object that lives while its dialog is open. It cannot be copied, loaded or
+/// saved; its parameters are a plain member, no registered property.
+class GraphicObject : public Base::GraphicObject
+{
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+    /// Null: only the classes below are made.
+    static void* create();
+    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+    Base::PropertyData const& getPropertyData() const override;
+
+    std::string getViewProviderName() const override;
+    /// Null.
+    Base::DocumentObject* deepCopy() const override;
+    /// Does nothing.
+    void copyFrom(Base::DocumentObject* source) override;
+    /// False.
+    bool load(char const* file) override;
+    void freeMemory() override;
+
+    /// What shows the tool in its document's view; null without a document or a view.
+    GraphicViewProvider* getViewProvider() const;
+
+protected:
+    static Base::PropertyData propertyData;
+};
+
+}  // namespace Freecut

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tools/PolygonProperty.h"
+#include "tools/VolumeGraphicObject.h"
+
+template <typename T>
+class UMesh;
+
+namespace Freecut {
+
+class TLabel;
+
+/// A prism over a drawn polygon, whose edges may carry teeth.
+class PolygonGraphicObject : public VolumeGraphicObject
+{
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+    static void* create();
+    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+
+    PolygonGraphicObject();
+    ~PolygonGraphicObject() override;
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+    Base::PropertyData const& getPropertyData() const override;
+    std::string getViewProviderName() const override;
+    /// Deletes the labels and the records of the teeth.
+    void freeMemory() override;
+
+    PolygonProperty& getProperty() { return property; }
+    PolygonProperty const& getProperty() const { return property; }
+
+    /// The vertices in drawing order, without a closing repeat.
+    std::vector<UPoint3<float>> getPoints() const { return property.getKeyPoints(); }
+
+    /// One for each vertex, in the same order; the tool owns them.
+    std::vector<TLabel*> const& getPointLabels() const { return pointLabels; }
+    std::vector<TLabel*>& getPointLabels() { return pointLabels; }
+
+    /// The nominal solid, closed and outward-facing; the caller owns it.
+    UMesh<float>* createMesh();
+    /// The solids on both sides of the clearance, the outer one last; an inner one without
+    /// triangles is left out. The caller owns them.
+    std::vector<UMesh<float>*> createInandOutMesh();
+
+protected:
+    static Base::PropertyData propertyData;
+
+private:
+    PolygonProperty property;
+    std::vector<TLabel*> pointLabels;
+};
+
+}  // namespace Freecut
