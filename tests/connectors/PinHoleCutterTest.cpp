@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/PinPlacement.h"
 #include "tests/connectors/CutterRun.h"
+#include "tests/support/MeshBuilders.h"
 
 #include <gtest/gtest.h>
 
