@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/LineDistribution.h"
 
+#include "connectors/CircleMeeting.h"
 #include "platform/geometry/MellMath.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ using Point = UPoint3<float>;
 using Vector = UVector3<float>;
 
 constexpr double straightTolerance = 0.001;
-/// Points on the circle around another one lie this much nearer at most, by rounding.
+/// By how much rounding may move a place.
 constexpr float roundingMm = 0.001f;
 
 Vector unit(Vector v)
@@ -39,28 +40,6 @@ struct Candidate
 
     static Candidate end() { return {true, {}, false}; }
     static Candidate none() { return {}; }
-};
-
-/// The distance from a stretch's base to where the line meets the circle with radius `s` around a
-/// point that is seen from the base at distance `x` under the cosine `ca`, and from the stretch's
-/// end under the cosine `cb`.
-struct CircleMeeting
-{
-    bool endsSegment = false;
-    std::optional<float> distance;
-
-    CircleMeeting(float ca, float cb, float x, float s)
-    {
-        float const r = float(std::sqrt(
-            std::max(0.0, std::pow(s, 2.0) - (1.0 - std::pow(ca, 2.0)) * std::pow(x, 2.0))));
-        bool const isBefore = x > s;
-        if (ca >= 0 && (cb >= 0 || isBefore))
-            distance = x * ca - r;
-        else if (cb < 0 && !isBefore)
-            distance = x * ca + r;
-        else
-            endsSegment = cb >= 0;
-    }
 };
 
 class LineDistributor
@@ -152,11 +131,18 @@ private:
         if (2 * m_spacing > (b - before).GetLength())
             return Candidate::end();
         Candidate const straight = meet(before, m_spacing, near, a, b);
-        // Where something had stood in between, the point before is farther away than assumed.
-        if (straight.place &&
-            m_spacing > MellMath<float>::DisPt2Pt(*straight.place, centre) + roundingMm)
+        // The point before may stand farther back than a spacing, or the line may bend at a: then
+        // the place would be off the line or too near.
+        if (straight.place && !isInStep(*straight.place, centre, a, b))
             return meet(a, near.fromStart, near, a, b);
         return straight;
+    }
+
+    /// Whether a place lies on the segment and a spacing from the point it is to follow.
+    bool isInStep(Point const& place, Point const& centre, Point const& a, Point const& b) const
+    {
+        return MellMath<float>::DisPt2Segment(place, a, b) <= roundingMm &&
+               m_spacing <= MellMath<float>::DisPt2Pt(place, centre) + roundingMm;
     }
 
     /// Where the line from a base towards b meets the circle of a point.

@@ -30,7 +30,7 @@ public:
     /// sideA    empty; receives the piece on the side to which N points
     /// sideB    empty; receives the piece on the other side
     /// section  empty; receives the faces that were cut, facing along N. Their border loops are the
-    ///          contours
+    ///          contours, with points added on long edges
     ///
     /// Rule for what lies in the plane: a vertex belongs to both sides; an edge in the plane is a
     /// section edge exactly if the triangles at it go to different sides; a triangle in the plane
@@ -49,11 +49,15 @@ public:
     /// more faces of the body cut, or else those that let pieces come off to side A. If no face is
     /// cut the whole part arrives in side A.
     ///
-    /// Both sides and the section share the same section points and the same triangulation. A part
-    /// that the plane does not cross arrives whole in one side. Parts that cross themselves are cut
-    /// all the same: the section is filled where its winding number is not zero, as many times over
-    /// as that number says, so that every piece is closed and the volumes add up. In the output
-    /// vertices are numbered; neighbour links and identifiers of triangles are not set.
+    /// Both sides share the same section points and the same triangulation. The section has the
+    /// same contours and a triangulation of its own, without a point inside, through whose inner
+    /// edges centre lines may be drawn: its contours' edges are at most a quarter of the face's
+    /// mean width long, or 0.5 mm if that is more, unless a section would need many thousands of
+    /// points. A part that the plane does not cross arrives whole in one side. Parts that cross
+    /// themselves are cut all the same: the section is filled where its winding number is not zero,
+    /// as many times over as that number says, so that every piece is closed and the volumes add
+    /// up. In the output vertices are numbered; neighbour links and identifiers of triangles are
+    /// not set.
     ///
     /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
     ///          plane meets it, near (x, y, z). Repair the part and cut again." if the part has a

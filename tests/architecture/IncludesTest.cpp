@@ -33,7 +33,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
     {"platform", {"platform"}},
     {"host", {"host", "platform"}},
     {"tools", {"tools", "display", "platform"}},
-    {"connectors", {"connectors", "tools", "platform"}},
+    {"connectors", {"connectors", "cutjobs", "tools", "platform"}},
     {"cutjobs", {"cutjobs", "connectors", "tools", "platform"}},
     {"display", {"display", "tools", "platform"}},
     {"selection", {"selection", "display", "tools", "platform"}},
@@ -90,6 +90,20 @@ TEST(Includes, FollowTheDirectionOfKnowledge)
         for (Include const& include : includesBelow(folder))
             if (include.isQuoted)
                 EXPECT_TRUE(targets.contains(firstFolderOf(include.target))) << include.place();
+}
+
+TEST(Includes, ConnectorsKnowOfTheJobsOnlyTheCommonParts)
+{
+    // The jobs know the connectors, so what the connectors share with them must know nobody.
+    std::set<std::string> const common = {"cutjobs/CutResultMap.h", "cutjobs/PartMesh.h",
+                                          "cutjobs/PlaneMesh.h", "cutjobs/ServiceCall.h"};
+    for (Include const& include : includesBelow("connectors"))
+        if (include.target.starts_with("cutjobs/"))
+            EXPECT_TRUE(common.contains(include.target)) << include.place();
+    for (Include const& include : includesBelow("cutjobs"))
+        for (std::string const& header : common)
+            if (fs::path(include.file).stem() == fs::path(header).stem())
+                EXPECT_FALSE(include.target.starts_with("connectors/")) << include.place();
 }
 
 TEST(Includes, PlatformHasHeadersOnly)

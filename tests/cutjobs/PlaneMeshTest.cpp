@@ -54,6 +54,22 @@ TEST(PlaneMesh, TheSmallestComponentStretchesThePlane)
     expectPoint(corners[1], {0, 0, 13.0f / 0.6f});
 }
 
+TEST(PlaneMesh, ATinyComponentDoesNotStretchThePlaneBeyondWhatFloatsCanTell)
+{
+    // 13 / 0.001 would do, but 13 / 0.0001 lies where floats are 0.0078 apart.
+    auto const prescribed =
+        PlaneMesh::span(box, {0, 0, 0}, {1, 0, 0.001f}, {0, 1, 0}, Reach::DiagonalAlongAxes);
+    EXPECT_NEAR(prescribed[0].X(), 13000, 1);
+    auto const shortened =
+        PlaneMesh::span(box, {0, 0, 0}, {1, 0, 0.0001f}, {0, 1, 0}, Reach::DiagonalAlongAxes);
+    // The sides run along (1, -1) and (1, 1), half as long as the diagonal is; seen along them the
+    // box reaches (3 + 4) / sqrt(2).
+    float const stretch = 4 * 7.0f;
+    EXPECT_NEAR(shortened[0].X(), stretch, 0.01f);
+    EXPECT_NEAR(shortened[1].Y(), stretch, 0.01f);
+    EXPECT_NEAR(shortened[2].Z(), -stretch * 0.0001f, 1e-5f);
+}
+
 TEST(PlaneMesh, ANullBoxCountsAsTheOrigin)
 {
     auto const corners =

@@ -3,13 +3,13 @@
 
 #include "host/mesh/DegenerateTriangles.h"
 #include "host/services/planecut/BoundedCut.h"
+#include "host/services/planecut/SectionSampling.h"
 #include "host/services/planecut/SectionWalls.h"
 
 #include <algorithm>
 
 namespace {
 
-using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 using Corners = std::array<std::uint32_t, 3>;
 
@@ -19,6 +19,7 @@ constexpr int sortingDone = 70;
 constexpr int fillingDone = 90;
 constexpr int boundingDone = 95;
 constexpr int wallsDone = 96;
+constexpr int sectionDone = 99;
 
 class PlaneCutter
 {
@@ -154,28 +155,6 @@ private:
         m_copies.mesh(side).AddTriangle(triangle);
     }
 
-    std::unique_ptr<UMesh<float>> sectionMesh(Exact::SectionFilling const& filling) const
-    {
-        auto mesh = std::make_unique<UMesh<float>>();
-        std::vector<Vertex*> vertices(m_points.size(), nullptr);
-        for (Corners const& t : filling.triangles) {
-            auto* const triangle = new Triangle;
-            for (int i = 0; i < 3; ++i) {
-                Vertex*& vertex = vertices[t[std::size_t(i)]];
-                if (!vertex) {
-                    vertex = new Vertex(m_points.place(t[std::size_t(i)]));
-                    mesh->AddVertex(vertex);
-                }
-                triangle->V0(i) = vertex;
-            }
-            triangle->N() = m_plane.unitNormal();
-            mesh->AddTriangle(triangle);
-        }
-        mesh->UpdateVertsID();
-        mesh->UpdateTrisID();
-        return mesh;
-    }
-
     std::unique_ptr<UMesh<float>> finishSide(CutSide side)
     {
         UMesh<float>& mesh = m_copies.mesh(side);
@@ -200,7 +179,7 @@ private:
         if (m_copies.mesh(sideAbove).triangles.empty())
             return whole(PlaneCutResult::Whole::below);
         PlaneCutResult result;
-        result.section = sectionMesh(filling);
+        result.section = sectionMesh(m_points, filling, m_plane, stage(wallsDone, sectionDone));
         result.above = finishSide(sideAbove);
         result.below = finishSide(sideBelow);
         if (m_progress)

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/SectionCutImp.h"
+#include "tests/cutjobs/ConsoleLines.h"
+#include "tests/cutjobs/RecordingSink.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/TestDocument.h"
+#include "tests/support/Validator.h"
+#include "tools/PlaneGraphicObject.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Events = std::vector<std::string>;
+
+/// Runs the worker on the calling thread, where its signals come directly.
+struct SectionRun
+{
+    explicit SectionRun(std::vector<Mesh::DocumentObject*> const& parts,
+                        SECTIONCUTTYPE type = SECTIONCUT_PLANE)
+    {
+        QObject::connect(&worker, &CutWorker::resultReady,
+                         [this](bool ok) { events.push_back(ok ? "true" : "false"); });
+        QObject::connect(&worker, &CutWorker::processEnd,
+                         [this] { events.push_back("process end"); });
+        placePlane({15, 15, 10}, 20);
+        worker.setObjects(parts);
+        worker.setCutType(type);
+        worker.setPlaneObject(&plane);
+        worker.setPinHoleParas({});
+        worker.setLapJointParas({});
+    }
+
+    void placePlane(UPoint3<float> const& c, float reach)
+    {
+        plane.getProperty().setKeyPoints(
+            {c, c + UVector3<float>(-reach, -reach, 0), c + UVector3<float>(reach, -reach, 0),
+             c + UVector3<float>(reach, reach, 0), c + UVector3<float>(-reach, reach, 0)});
+    }
+
+    Freecut::PlaneGraphicObject plane;
+    SectionCutImp worker{nullptr};
+    Events events;
+};
+
+Soup const block = box(30, 30, 30);
+
+}  // namespace
+
+TEST(SectionCutImp, ThePieceTheNormalPointsToComesFirst)
+{
+    TestDocument test;
+    auto* const part = test.add(block, "part");
+    SectionRun run({part});
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"true"});
+    auto const& pieces = run.worker.getResult().at(part);
+    ASSERT_EQ(pieces.size(), 2u);
+    EXPECT_EQ(pieces[0]->GetBox().MinZ(), 10);
+    EXPECT_EQ(pieces[1]->GetBox().MaxZ(), 10);
+}
+
+TEST(SectionCutImp, ConnectorsHaveTheLowerPieceFirst)
+{
+    TestDocument test;
+    auto* const part = test.add(block, "part");
+    for (SECTIONCUTTYPE const type : {SECTIONCUT_PINHOLE, SECTIONCUT_LAPJOINT, SECTIONCUTTYPE(7)}) {
+        SectionRun run({part}, type);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"true"});
+        auto const& pieces = run.worker.getResult().at(part);
+        ASSERT_EQ(pieces.size(), 2u);
+        EXPECT_EQ(closedSolidFaults(*pieces[0]), "");
+        pieces[0]->UpdateBoundingBox();
+        EXPECT_NEAR(pieces[0]->GetBox().MaxZ(), type == SECTIONCUT_PINHOLE ? 15 : 13, 1e-4f);
+    }
+}
+
+TEST(SectionCutImp, ASecondJobStartsAnew)
+{
+    TestDocument test;
+    auto* const a = test.add(block, "a");
+    auto* const b = test.add(block, "b");
+    SectionRun run({a});
+    run.worker.doWork();
+    run.worker.setObjects({b});
+    run.worker.doWork();
+    EXPECT_EQ(run.worker.getResult().size(), 1u);
+    EXPECT_EQ(run.worker.getResult().count(b), 1u);
+}
+
+TEST(SectionCutImp, WithoutPartsTheResultIsEmpty)
+{
+    for (SECTIONCUTTYPE const type : {SECTIONCUT_PLANE, SECTIONCUT_PINHOLE, SECTIONCUT_LAPJOINT}) {
+        SectionRun run({}, type);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"true"});
+        EXPECT_TRUE(run.worker.getResult().empty());
+    }
+}
+
+TEST(SectionCutImp, APartThatThePlaneDoesNotCrossIsOnePiece)
+{
+    TestDocument test;
+    auto* const part = test.add(box(5, 5, 5), "part");
+    SectionRun run({part});
+    run.worker.doWork();
+    EXPECT_EQ(run.worker.getResult().at(part).size(), 1u);
+}
+
+TEST(SectionCutImp, WithBoundaryAPartOutsideTheRectangleIsOnePiece)
+{
+    TestDocument test;
+    auto* const part = test.add(block, "part");
+    SectionRun run({part});
+    run.placePlane({100, 100, 10}, 20);
+    run.worker.setCheckBoundary(true);
+    run.worker.doWork();
+    EXPECT_EQ(run.worker.getResult().at(part).size(), 1u);
+    // A plane without an end cuts, however far away its centre lies.
+    run.worker.setCheckBoundary(false);
+    run.worker.doWork();
+    EXPECT_EQ(run.worker.getResult().at(part).size(), 2u);
+}
+
+TEST(SectionCutImp, SeveralShellsOnASideAreOnePiece)
+{
+    TestDocument test;
+    auto* const part = test.add(fromFrontView({"#.#", "###"}), "part");
+    SectionRun run({part});
+    run.placePlane({15, 5, 15}, 5);
+    run.worker.doWork();
+    auto const& pieces = run.worker.getResult().at(part);
+    ASSERT_EQ(pieces.size(), 2u);
+    EXPECT_EQ(componentsOf(soupOf(*pieces[0])), 2u);
+}
+
+TEST(SectionCutImp, WithoutAPlaneTheJobFails)
+{
+    TestDocument test;
+    SectionRun run({test.add(block, "part")});
+    run.worker.setPlaneObject(nullptr);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"false"});
+    EXPECT_EQ(run.worker.getErrorMessage(), "An error occurred in triangulate.");
+}
+
+TEST(SectionCutImp, ProgressOfAPlainCutRunsOverTheParts)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    SectionRun run({test.add(block, "a"), test.add(block, "b")});
+    run.worker.doWork();
+    std::vector<int> const values = sink->values();
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_NE(std::find(values.begin(), values.end(), 50), values.end());
+    EXPECT_EQ(values.back(), 100);
+    EXPECT_EQ(sink->titles(), std::vector<std::string>{"Section Cut"});
+}
+
+TEST(SectionCutImp, ACancelledConnectorCutIsLoggedThreeTimesAndLeavesNothing)
+{
+    for (SECTIONCUTTYPE const type : {SECTIONCUT_PINHOLE, SECTIONCUT_LAPJOINT}) {
+        TestDocument test;
+        PluggedSink const sink;
+        ConsoleLines const console;
+        sink->onProgress = [&](RecordingSink& s, int value) {
+            if (value >= 75)
+                s.cancel();
+        };
+        SectionRun run({test.add(block, "a"), test.add(block, "b")}, type);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"process end"});
+        EXPECT_TRUE(run.worker.getResult().empty());
+        EXPECT_EQ(console.lines(), Events(3, "Command Abort."));
+    }
+}
+
+TEST(SectionCutImp, ACancelledPlainCutKeepsTheFinishedPiecesUntilTheNextJob)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    sink->onProgress = [&](RecordingSink&, int value) {
+        if (value > 50)
+            throw Mell::AbortException("Aborting...");
+    };
+    SectionRun run({test.add(block, "a"), test.add(block, "b")});
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"process end"});
+    EXPECT_EQ(run.worker.getResult().size(), 1u);
+}
+
+TEST(SectionCutImp, AnAbortWithAnotherTextFailsAPlainCut)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    sink->onProgress = [&](RecordingSink&, int) { throw Mell::AbortException("Something else"); };
+    SectionRun run({test.add(block, "a")});
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"false"});
+}
