@@ -5,6 +5,7 @@
 #include "host/mesh/MeshFacts.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,16 @@ struct CutPiece
     std::filesystem::path file;
 };
 
+/// What a plane makes of a part, before it is cut.
+struct SectionFacts
+{
+    /// Square millimetres.
+    double area = 0;
+    std::size_t contours = 0;
+    /// Where pins or holes go; none if they were not asked for.
+    std::optional<std::vector<UPoint3<float>>> positions;
+};
+
 /// A part from the command line and what became of it.
 struct CutPart
 {
@@ -31,6 +42,8 @@ struct CutPart
     std::size_t triangles = 0;
     /// Measured only for a report.
     MeshFacts facts;
+    /// Of a section cut, measured only for a report.
+    std::optional<SectionFacts> section;
     std::vector<CutPiece> pieces;
 };
 

@@ -17,6 +17,16 @@ Report pieceReport(CutPiece const& piece)
     return report;
 }
 
+void appendSection(Report& report, SectionFacts const& section)
+{
+    report["section"] = {{"area", section.area}, {"contours", section.contours}};
+    if (!section.positions)
+        return;
+    report["positions"] = Report::array();
+    for (UPoint3<float> const& p : *section.positions)
+        report["positions"].push_back({tidy(p.X()), tidy(p.Y()), tidy(p.Z())});
+}
+
 Report partReport(CutPart const& part)
 {
     Report report;
@@ -24,6 +34,8 @@ Report partReport(CutPart const& part)
     report["triangles"] = part.triangles;
     report["volume"] = part.facts.volume;
     report["closed"] = part.facts.closed;
+    if (part.section)
+        appendSection(report, *part.section);
     report["pieces"] = Report::array();
     for (CutPiece const& piece : part.pieces)
         report["pieces"].push_back(pieceReport(piece));

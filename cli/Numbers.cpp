@@ -3,6 +3,7 @@
 
 #include "cli/Errors.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -47,7 +48,7 @@ double tidy(float value)
     return result;
 }
 
-float parseMillimetres(std::string const& text, std::string const& option)
+std::optional<float> parseNumber(std::string const& text)
 {
     char const* const begin = text.data() + (text.starts_with('+') ? 1 : 0);
     char const* const end = text.data() + text.size();
@@ -56,8 +57,29 @@ float parseMillimetres(std::string const& text, std::string const& option)
     // Not so for "not a number" either.
     bool const isSensible = std::fabs(value) <= longestLength;
     if (error != std::errc() || stop != end || !isSensible)
-        throw UsageError(option +
-                         " takes millimetres such as 12.5, up to a million metres, but got \"" +
-                         text + "\".");
+        return std::nullopt;
     return value;
+}
+
+std::vector<float> parseNumbers(std::string const& text)
+{
+    std::vector<float> numbers;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        std::size_t const end = std::min(text.find(',', begin), text.size());
+        std::optional<float> const number = parseNumber(text.substr(begin, end - begin));
+        if (!number)
+            return {};
+        numbers.push_back(*number);
+        begin = end + 1;
+    }
+    return numbers;
+}
+
+float parseMillimetres(std::string const& text, std::string const& option)
+{
+    if (std::optional<float> const value = parseNumber(text))
+        return *value;
+    throw UsageError(option +
+                     " takes millimetres such as 12.5, up to a million metres, but got \"" + text +
+                     "\".");
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 /// Numbers as text and back, the same in every locale.
 
@@ -14,6 +16,11 @@ std::string decimal(float value);
 std::string grouped(std::size_t count);
 /// The double that has the same shortest text as the float: 0.1f gives 0.1.
 double tidy(float value);
+
+/// A number of at most a thousand million; none if the text is something else.
+std::optional<float> parseNumber(std::string const& text);
+/// Numbers with commas between them; empty if one of them is none.
+std::vector<float> parseNumbers(std::string const& text);
 
 /// A length from the command line. Throws UsageError that names the option if the text is not a
 /// number or too large to be one.

@@ -53,17 +53,24 @@ PieceFiles::~PieceFiles()
         fs::remove(file, error);
 }
 
+fs::path PieceFiles::fileNamed(std::string const& stem, Formats::MeshFormat const& format) const
+{
+    std::string file = stem + '.';
+    file += format.extensions().front();
+    return m_folder == "." ? fs::path(file) : m_folder / file;
+}
+
+fs::path PieceFiles::fileFor(std::string const& name, Formats::MeshFormat const& format) const
+{
+    return fileNamed(safeFileName(name), format);
+}
+
 fs::path PieceFiles::reserve(std::string const& name, Formats::MeshFormat const& format)
 {
     std::string const stem = safeFileName(name);
-    auto const fileNamed = [&](std::string file) {
-        file += '.';
-        file += format.extensions().front();
-        return m_folder == "." ? fs::path(file) : m_folder / file;
-    };
-    fs::path path = fileNamed(stem);
+    fs::path path = fileNamed(stem, format);
     for (int number = 2; !m_reserved.insert(path).second; ++number)
-        path = fileNamed(stem + '_' + std::to_string(number));
+        path = fileNamed(stem + '_' + std::to_string(number), format);
     std::error_code error;
     if (m_overwrite == Formats::Overwrite::Refuse && fs::exists(fs::symlink_status(path, error)))
         throw Formats::FileError(

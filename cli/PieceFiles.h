@@ -25,6 +25,9 @@ public:
     PieceFiles(PieceFiles const&) = delete;
     PieceFiles& operator=(PieceFiles const&) = delete;
 
+    /// The file for a piece of that name, if no other piece has it.
+    std::filesystem::path fileFor(std::string const& name, Formats::MeshFormat const& format) const;
+
     /// Reserves the file for a piece and returns its path. Names are made safe, and different
     /// within one cut. Throws Formats::FileError if the file exists and must not be replaced.
     std::filesystem::path reserve(std::string const& name, Formats::MeshFormat const& format);
@@ -39,6 +42,9 @@ public:
     void keep() { m_created.clear(); }
 
 private:
+    std::filesystem::path fileNamed(std::string const& stem,
+                                    Formats::MeshFormat const& format) const;
+
     std::filesystem::path m_folder;
     Formats::Overwrite m_overwrite;
     std::set<std::filesystem::path> m_reserved;

@@ -15,4 +15,5 @@ using Action = std::function<int()>;
 // it was chosen. The options live as long as the action.
 void addInfo(CLI::App& commandLine, Action& action);
 void addZCut(CLI::App& commandLine, Action& action);
+void addSection(CLI::App& commandLine, Action& action);
 void addBoolean(CLI::App& commandLine, Action& action);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutReport.h"
+#include "cli/DocumentParts.h"
 #include "cli/SavePieces.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
 #include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/Application.h"
 
 #include <CLI/CLI.hpp>
@@ -13,22 +13,6 @@
 #include <memory>
 
 namespace {
-
-/// Adds the parts to a document, under names that are all different.
-std::vector<Mesh::DocumentObject*> addParts(Mesh::Document& document,
-                                            std::vector<SourcePart>& sources)
-{
-    std::vector<Mesh::DocumentObject*> parts;
-    for (SourcePart& source : sources) {
-        auto* const part = new Mesh::DocumentObject;
-        part->meshProperty->setMesh(source.kernel.release(), true);
-        std::string const name =
-            document.getUniqueObjectName(source.name.c_str(), {}, false, false);
-        document.addObject(part, name.c_str(), false);
-        parts.push_back(part);
-    }
-    return parts;
-}
 
 int runZCut(ZCutOptions const& options)
 {
@@ -43,14 +27,8 @@ int runZCut(ZCutOptions const& options)
     seconds.load = stage.restart();
 
     auto* const document = Application::Instance->newDocument("freecut");
-    std::vector<Mesh::DocumentObject*> const objects = addParts(*document, sources);
     bool const wantsReport = !options.common.report.empty();
-    std::vector<CutPart> parts;
-    for (std::size_t i = 0; i < sources.size(); ++i) {
-        parts.push_back(
-            describePart(sources[i], *objects[i]->meshProperty->getMesh(), wantsReport));
-        parts.back().object = objects[i];
-    }
+    std::vector<CutPart> parts = addParts(*document, sources, wantsReport);
     stage.restart();
     runZCutJob(*document, parts, heights, options);
     seconds.cut = stage.restart();

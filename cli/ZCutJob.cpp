@@ -1,44 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ZCutJob.h"
 
+#include "cli/DocumentParts.h"
 #include "cli/Errors.h"
+#include "cli/LogLines.h"
 #include "cutjobs/SectionZCut.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/jobs/ConsoleSingleton.h"
 
 #include <QEventLoop>
 
 #include <optional>
 
 namespace {
-
-/// Keeps what the worker logs while it lives: the reason of a failure.
-class LogLines
-{
-public:
-    LogLines()
-    {
-        Base::ConsoleSingleton::Instance().setListener(
-            [this](std::string const& line) { m_last = line; });
-    }
-    ~LogLines() { Base::ConsoleSingleton::Instance().setListener({}); }
-    LogLines(LogLines const&) = delete;
-    LogLines& operator=(LogLines const&) = delete;
-
-    std::string const& last() const { return m_last; }
-
-private:
-    std::string m_last;
-};
-
-std::vector<Mesh::DocumentObject*> objectsOf(std::vector<CutPart> const& parts)
-{
-    std::vector<Mesh::DocumentObject*> objects;
-    for (CutPart const& part : parts)
-        objects.push_back(part.object);
-    return objects;
-}
 
 struct Outcome
 {

@@ -54,6 +54,7 @@ int main(int argc, char** argv)
         "Examples:\n"
         "  freecut info bracket.stl\n"
         "  freecut zcut bracket.stl --height 12.5 -o pieces\n"
+        "  freecut section bracket.stl --center 0,0,12.5 --normal 0,0,1 --pins\n"
         "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
         "\n"
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be "
@@ -61,6 +62,7 @@ int main(int argc, char** argv)
     Action action;
     addInfo(commandLine, action);
     addZCut(commandLine, action);
+    addSection(commandLine, action);
     addBoolean(commandLine, action);
     try {
         commandLine.parse(argc, argv);

@@ -76,7 +76,8 @@ void History::exchangeFields(ObjectChange& change)
     for (auto& [kernel, matrix] : change.matrices)
         std::swap(kernel->getMatrix(), matrix);
     if (!change.matrices.empty()) {
-        part->setMeshModified(true);
+        part->updateBoundingBox();
+        part->setUpdateVolumnAndArea(true);
         notifyChanged(part);
     }
 }

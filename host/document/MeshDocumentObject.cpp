@@ -8,7 +8,9 @@
 #include "host/mesh/MeshFacts.h"
 #include "host/mesh/Placement.h"
 #include "platform/document/DocumentObjectGroup.h"
+#include "platform/document/Document.h"
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/view/ViewProvider.h"
 
 namespace Mesh {
 
@@ -179,6 +181,9 @@ void DocumentObject::setMeshModified(bool modified)
         return;
     m_isMeasured = false;
     updateBoundingBox();
+    if (Base::ViewProvider* const provider =
+            getDocument() ? getDocument()->getViewProvider(this) : nullptr)
+        provider->updateRenderData();
     notifyChanged();
 }
 

@@ -78,7 +78,7 @@ void Intersect::boolean(MeshKernel* a, MeshKernel* b, std::vector<MeshKernel*>& 
 {
     PlacedSolid const part(*a);
     std::array const pieces{pieceOf(type)};
-    auto results = combineSolids(*part.kernel().readMesh(), *b, pieces, progress);
+    auto results = combineSolids(part.kernel(), *b, pieces, progress);
     deliver(results, part, out);
 }
 
@@ -87,7 +87,7 @@ void Intersect::boolean_subtract_keep(MeshKernel* a, MeshKernel* b, MeshKernel* 
 {
     PlacedSolid const part(*a);
     std::array const pieces{BooleanPiece::common, BooleanPiece::difference};
-    auto results = combineSolids(*part.kernel().readMesh(), *b, pieces, progress);
+    auto results = combineSolids(part.kernel(), *b, pieces, progress);
     std::array const kernels{first, second};
     deliver(results, part, kernels);
 }

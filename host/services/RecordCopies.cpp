@@ -3,6 +3,7 @@
 
 #include "host/mesh/RecordStock.h"
 #include "host/services/boolean/ToolSides.h"
+#include "host/services/planecut/SideCopies.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
@@ -250,4 +251,5 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
     }
 }
 
+template class RecordCopies<PlaneSides>;
 template class RecordCopies<ToolSides>;

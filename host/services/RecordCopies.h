@@ -41,6 +41,9 @@ public:
     RecordCopies(UMesh<float> const& source, Sorter const& sorter, Wanted wanted,
                  std::function<void(int)> const& progress);
 
+    /// True if no vertex lies on the given side, so that everything belongs to the other one.
+    bool isEmpty(CutSide side) const { return m_meshes[side]->vertices.empty(); }
+
     /// Copies the triangles.
     void copyTriangles();
 
@@ -61,8 +64,11 @@ protected:
     void copyVertices(bool areSidesKnown);
 
     UMesh<float> const& m_source;
+    RecordIndex<Vertex> m_place;
     std::vector<std::int8_t> m_sides;
+    std::vector<Vertex*> m_copies;
     std::vector<Triangle const*> m_meeting;
+    std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
 
 private:
     struct Stocks;
@@ -80,8 +86,5 @@ private:
     Sorter const& m_sorter;
     Wanted m_wanted;
     std::function<void(int)> const& m_progress;
-    RecordIndex<Vertex> m_place;
-    std::vector<Vertex*> m_copies;
     std::array<std::size_t, 2> m_counts{};
-    std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
 };

@@ -135,6 +135,11 @@ void NavigationStyle::press(QMouseEvent* event)
 {
     if (m_isNavigating)
         return;
+    // A drag is that of the first button; another one beside it is the tool's alone.
+    if (event->buttons() != event->button()) {
+        deliver(event);
+        return;
+    }
     m_press = m_last = event->pos();
     m_hasMoved = false;
     m_button = event->button();
@@ -155,6 +160,9 @@ void NavigationStyle::move(QMouseEvent* event)
 {
     bool const isPressed = (int(event->buttons()) & m_button) != 0;
     m_hasMoved = m_hasMoved || (isPressed && isBeyondClick(event->pos() - m_press));
+    // The release went elsewhere.
+    if (m_isNavigating && !isPressed)
+        finish();
     if (m_action != Action::None && isPressed && m_hasMoved && !m_isNavigating)
         begin();
     if (m_isNavigating)
@@ -175,7 +183,9 @@ void NavigationStyle::release(QMouseEvent* event)
         return;
     }
     m_action = Action::None;
-    if (deliver(event) == 0 && !m_hasMoved && int(event->button()) == m_button)
+    if (m_tool)
+        deliver(event);
+    else if (!m_hasMoved && int(event->button()) == m_button)
         m_view->clicked(event);
 }
 

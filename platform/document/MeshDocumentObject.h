@@ -89,7 +89,7 @@ public:
     virtual void getPartVolumnAndArea(double& volume, double& area) const;
     /// True makes the next getPartVolumnAndArea compute anew.
     virtual void setUpdateVolumnAndArea(bool update);
-    /// Tells that records were changed in place: box, volume and area are stale.
+    /// Tells that records were changed in place: box, volume, area and what a view draws are stale.
     virtual void setMeshModified(bool modified);
 
     virtual MeshKernel* getSupportMesh() const;

@@ -107,7 +107,7 @@ public:
 
     /// The point about which the view turns that is being turned from a widget position.
     virtual UPoint3<float> turningPoint(QPoint position) const;
-    /// A click that no tool has used.
+    /// A click while no tool runs: with one, the selection is the tool's.
     virtual void clicked(QMouseEvent* event);
     /// Paints at once if the camera has been turned or moved since the last picture, so that the
     /// tools see turns and moves one by one: they take them in different ways.

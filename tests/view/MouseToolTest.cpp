@@ -255,6 +255,21 @@ TEST_F(MouseTools, ThePointPickerShowsCoordinatesOfAClickOnAPart)
     EXPECT_EQ(view.findChild<QLabel*>("PickedPoint"), nullptr);
 }
 
+TEST_F(MouseTools, KeepTheViewFromSelectingByAClick)
+{
+    test.add(box(20, 20, 20), "box");
+    view.OnViewType(2);
+    view.fitAll();
+    view.startSelection("Mesh::PointPickerMesh");
+    // The picker has seen no press, so it makes nothing of the release.
+    release(view, positionOf({10, 10, 20}), Qt::LeftButton);
+    click(view, positionOf({10, 10, 20}), Qt::RightButton);
+    EXPECT_TRUE(test.document->getSelectedObjects().empty());
+    view.stopSelection();
+    click(view, positionOf({10, 10, 20}));
+    EXPECT_EQ(test.document->getSelectedObjects().size(), 1u);
+}
+
 TEST_F(MouseTools, ADragWithThePointPickerPicksNothing)
 {
     test.add(box(20, 20, 20), "box");
@@ -280,4 +295,30 @@ TEST_F(MouseTools, ARectangleTakesThePartsThatLieWithinIt)
     EXPECT_EQ(test.document->getSelectedObjects(), Objects{b});
     click(view, positionOf({5, 5, 10}), Qt::LeftButton, Qt::ControlModifier);
     EXPECT_EQ(test.document->getSelectedObjects(), (Objects{b, a}));
+}
+
+TEST_F(MouseTools, SelectAndUnselectThePartUnderAPosition)
+{
+    Mesh::DocumentObject* const a = test.add(box(10, 10, 10), "a");
+    Mesh::DocumentObject* const b = test.add(box(10, 10, 10, {20, 0, 0}), "b");
+    view.OnViewType(2);
+    view.fitAll();
+    view.startSelection("Mesh::PointPickerMesh");
+    Base::AbstractMouseSelection& tool = *view.navigationStyle()->mouseModel();
+    QPoint const onA = positionOf({5, 5, 10}), onB = positionOf({25, 5, 10});
+    using Objects = std::vector<Base::DocumentObject*>;
+    auto const select = [&](QPoint p, bool keepsOthers, bool toggles) {
+        tool.selectModel(p.x(), p.y(), keepsOthers, toggles, true, false, false);
+        return test.document->getSelectedObjects();
+    };
+    EXPECT_EQ(select(onA, false, false), Objects{a});
+    EXPECT_EQ(select(onB, true, false), (Objects{a, b}));
+    EXPECT_EQ(select(onA, true, true), Objects{b});
+    EXPECT_EQ(select({1, 1}, true, false), Objects{b});
+    tool.unSelectModel(onA.x(), onA.y());
+    EXPECT_EQ(test.document->getSelectedObjects(), Objects{b});
+    tool.unSelectModel(onB.x(), onB.y());
+    EXPECT_TRUE(test.document->getSelectedObjects().empty());
+    select(onA, false, false);
+    EXPECT_TRUE(select({1, 1}, false, false).empty());
 }

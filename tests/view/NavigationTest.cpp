@@ -175,6 +175,28 @@ TEST_F(Navigation, AnotherButtonDoesNotEndADrag)
     EXPECT_FALSE(view.navigationStyle()->isNavigating());
 }
 
+TEST_F(Navigation, ADragWhoseReleaseWentElsewhereEndsWithTheNextMove)
+{
+    press(view, {400, 300}, Qt::RightButton);
+    move(view, {420, 300}, Qt::RightButton);
+    UVector3<float> const direction = view.getViewDirection();
+    move(view, {500, 300});
+    EXPECT_FALSE(view.navigationStyle()->isNavigating());
+    EXPECT_EQ(view.getViewDirection(), direction);
+}
+
+TEST_F(Navigation, ASecondButtonDoesNotTurnWhatTheFirstDrags)
+{
+    UVector3<float> const direction = view.getViewDirection();
+    press(view, {400, 300}, Qt::LeftButton);
+    move(view, {420, 300}, Qt::LeftButton);
+    sendMouse(view, QEvent::MouseButtonPress, {420, 300}, Qt::RightButton,
+              Qt::LeftButton | Qt::RightButton);
+    move(view, {480, 300}, Qt::LeftButton | Qt::RightButton);
+    EXPECT_FALSE(view.navigationStyle()->isNavigating());
+    EXPECT_EQ(view.getViewDirection(), direction);
+}
+
 TEST_F(Navigation, FittingShowsTheWholeBoxAndFillsThePicture)
 {
     test.add(box(5, 60, 10, {-40, 3, 2}), "long");

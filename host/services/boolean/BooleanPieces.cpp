@@ -1,27 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/BooleanPieces.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 namespace {
 
 using Corners = MeshArrays::Corners;
-
-struct EdgeKey
-{
-    std::uint32_t low = 0;
-    std::uint32_t high = 0;
-    bool operator==(EdgeKey const&) const = default;
-};
-
-struct EdgeHash
-{
-    std::uint64_t operator()(EdgeKey const& e) const
-    {
-        return mixBits(std::uint64_t(e.low) << 32 | e.high);
-    }
-};
 
 class PieceCollector
 {
@@ -90,8 +79,9 @@ private:
     std::vector<PieceTriangle> m_piece;
 };
 
-/// Takes out triangles that lie back to back.
-void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points)
+/// Takes out triangles that lie back to back: between two curves, or where facets were mended.
+void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
+                 RoundedFacets const& rounded)
 {
     struct Entry
     {
@@ -102,7 +92,10 @@ void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points)
     std::vector<Entry> entries;
     for (std::uint32_t i = 0; i < piece.size(); ++i) {
         Corners c = piece[i].corners;
-        if (!points.isOnCurve(c[0]) || !points.isOnCurve(c[1]) || !points.isOnCurve(c[2]))
+        auto const isOnCurve = [&](std::uint32_t p) { return points.isOnCurve(p); };
+        auto const isMended = [&](std::uint32_t p) { return rounded.isMended(p); };
+        if (!std::all_of(c.begin(), c.end(), isOnCurve) &&
+            !std::any_of(c.begin(), c.end(), isMended))
             continue;
         int const first = int(std::min_element(c.begin(), c.end()) - c.begin());
         std::rotate(c.begin(), c.begin() + first, c.end());
@@ -137,25 +130,27 @@ std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork co
                                         BooleanRule rule)
 {
     auto piece = PieceCollector(soup, network, rounded, labels, rule).run();
-    cancelPairs(piece, network.points());
+    cancelPairs(piece, network.points(), rounded);
     return piece;
 }
 
 bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const& points)
 {
-    FlatMap<EdgeKey, EdgeHash> places(1024);
-    std::vector<int> balances;
-    for (PieceTriangle const& t : piece)
-        for (std::size_t k = 0; k < 3; ++k) {
-            std::uint32_t const from = t.corners[k], to = t.corners[(k + 1) % 3];
-            if (!points.isOnCurve(from) && !points.isOnCurve(to))
-                continue;
-            std::uint32_t& place = places[{std::min(from, to), std::max(from, to)}];
-            if (place == places.none) {
-                place = std::uint32_t(balances.size());
-                balances.push_back(0);
+    // Every edge has a number of 64 random bits; run along both ways, it adds up to nothing.
+    using Range = tbb::blocked_range<std::size_t>;
+    auto const edges = [&](Range const& range, std::uint64_t sum) {
+        for (std::size_t i = range.begin(); i != range.end(); ++i)
+            for (std::size_t k = 0; k < 3; ++k) {
+                MeshArrays::Corners const& c = piece[i].corners;
+                std::uint32_t const from = c[k], to = c[k == 2 ? 0 : k + 1];
+                if (!points.isOnCurve(from) && !points.isOnCurve(to))
+                    continue;
+                auto const [low, high] = std::minmax(from, to);
+                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
+                sum += from < to ? number : -number;
             }
-            balances[place] += from < to ? 1 : -1;
-        }
-    return std::all_of(balances.begin(), balances.end(), [](int b) { return b == 0; });
+        return sum;
+    };
+    return tbb::parallel_reduce(Range(0, piece.size(), 4096), std::uint64_t(0), edges,
+                                std::plus<>()) == 0;
 }

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/CurveNetwork.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+#include <tbb/parallel_sort.h>
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr int maximalRounds = 30;
+/// How many triangles one thread divides in one go.
+constexpr std::size_t blockSize = 128;
 
 /// The edge of a triangle on which two of its places lie, or `inside`.
 int commonEdge(TrianglePlace a, TrianglePlace b)
@@ -25,7 +31,7 @@ TrianglePlace placeBetween(int edge)
 template <typename T>
 void sortUniquely(std::vector<T>& list)
 {
-    std::sort(list.begin(), list.end());
+    tbb::parallel_sort(list.begin(), list.end());
     list.erase(std::unique(list.begin(), list.end()), list.end());
 }
 
@@ -204,14 +210,49 @@ void CurveNetwork::findFinerEdges(FaceFaults& faults) const
 
 bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
 {
+    struct Block
+    {
+        Facets facets;
+        FaceFaults faults;
+        bool isDone = false;
+    };
+    std::vector<Block> blocks((m_touched.size() + blockSize - 1) / blockSize);
+    using Range = tbb::blocked_range<std::size_t>;
+    tbb::parallel_for(Range(0, blocks.size(), 1), [&](Range const& range) {
+        for (std::size_t b = range.begin(); b != range.end(); ++b) {
+            std::size_t const end = std::min(m_touched.size(), (b + 1) * blockSize);
+            blocks[b].isDone = divideBlock(b * blockSize, end, blocks[b].facets, blocks[b].faults);
+            if (!progress.add(end - b * blockSize))
+                return;
+        }
+    });
     m_facets = {};
+    for (Block const& block : blocks) {
+        if (!block.isDone)
+            return false;
+        append(block.facets);
+        faults.breaks.insert(faults.breaks.end(), block.faults.breaks.begin(),
+                             block.faults.breaks.end());
+        faults.crossings.insert(faults.crossings.end(), block.faults.crossings.begin(),
+                                block.faults.crossings.end());
+    }
+    return true;
+}
+
+/// Divides the touched triangles from one place in their list to another.
+bool CurveNetwork::divideBlock(std::size_t begin, std::size_t end, Facets& facets,
+                               FaceFaults& faults) const
+{
     FaceTriangulation triangulation(m_soup, m_points);
     std::vector<std::uint32_t> inside;
     std::vector<FaceSegment> segments;
     std::array<std::vector<std::uint32_t>, 3> onEdges;
-    auto facePoint = m_facePoints.begin();
-    auto faceSegment = m_faceSegments.begin();
-    for (std::uint32_t const t : m_touched) {
+    auto facePoint =
+        std::lower_bound(m_facePoints.begin(), m_facePoints.end(), FacePoint(m_touched[begin], 0));
+    auto faceSegment = std::lower_bound(m_faceSegments.begin(), m_faceSegments.end(),
+                                        SegmentInFace(m_touched[begin], FaceSegment{0, 0}));
+    for (std::size_t i = begin; i < end; ++i) {
+        std::uint32_t const t = m_touched[i];
         Face face;
         face.triangle = t;
         auto const& corners = m_soup.corners(t);
@@ -232,11 +273,29 @@ bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
             segments.push_back(faceSegment->second);
         face.inside = inside;
         face.segments = segments;
-        if (!triangulation.divide(face, m_facets, faults))
+        if (!triangulation.divide(face, facets, faults))
             return false;
-        progress.add(1);
     }
     return true;
+}
+
+/// Appends the facets of a block of triangles to those of the blocks before.
+void CurveNetwork::append(Facets const& facets)
+{
+    Facets::End const before = m_facets.ends.empty() ? Facets::End() : m_facets.ends.back();
+    m_facets.corners.insert(m_facets.corners.end(), facets.corners.begin(), facets.corners.end());
+    for (std::uint32_t const region : facets.regions)
+        m_facets.regions.push_back(region + before.regions);
+    for (Facets::Border border : facets.borders) {
+        border.region += before.regions;
+        m_facets.borders.push_back(border);
+    }
+    for (Facets::End end : facets.ends) {
+        end.facets += before.facets;
+        end.borders += before.borders;
+        end.regions += before.regions;
+        m_facets.ends.push_back(end);
+    }
 }
 
 /// Breaks segments where points lie on them and where they cross.

@@ -86,6 +86,8 @@ private:
     std::span<std::uint32_t const> pointsOnEdge(std::uint32_t low, std::uint32_t high) const;
     void findFinerEdges(FaceFaults& faults) const;
     bool divide(FaceFaults& faults, StageProgress& progress);
+    bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults) const;
+    void append(Facets const& facets);
     void mend(FaceFaults const& faults);
     void breakSegment(FaceSegment const& segment, std::uint32_t point);
     std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment) const;

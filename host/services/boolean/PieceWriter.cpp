@@ -47,6 +47,7 @@ std::unique_ptr<UMesh<float>> PieceWriter::finish()
         m_mesh->DeleteDegenerateTris();
         m_mesh->DeleteUnreferenceVerts();
     }
+    m_mesh->UpdateVertsID();
     m_mesh->triangleCount = std::uint32_t(m_mesh->triangles.size());
     m_mesh->vertexCount = std::uint32_t(m_mesh->vertices.size());
     return std::move(m_mesh);

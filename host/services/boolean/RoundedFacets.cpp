@@ -3,8 +3,12 @@
 
 #include "host/mesh/ExactSigns.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <unordered_map>
 
@@ -20,6 +24,24 @@ constexpr double flatness = 0x1p-26;
 
 using Point = UPoint3<float>;
 using Corners = MeshArrays::Corners;
+using PlaceKey = std::array<std::uint32_t, 3>;
+
+struct PlaceHash
+{
+    std::uint64_t operator()(PlaceKey const& k) const
+    {
+        return mixBits(mixBits(std::uint64_t(k[0]) << 32 | k[1]) + k[2]);
+    }
+};
+
+using PointsByPlace = FlatMap<PlaceKey, PlaceHash>;
+
+PlaceKey keyOf(Point const& p)
+{
+    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
+            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
+}
+
 bool isCollapsed(Corners const& c)
 {
     return c[0] == c[1] || c[1] == c[2] || c[2] == c[0];
@@ -41,12 +63,30 @@ RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& networ
     mend();
 }
 
+/// Vertices keep their numbers, so that those of one operand at the same place stay apart unless a
+/// curve passes through them.
 void RoundedFacets::numberPoints()
 {
     CurvePoints const& points = m_network.points();
     m_numbers.resize(points.size());
-    for (std::uint32_t i = 0; i < points.size(); ++i)
-        m_numbers[i] = i < m_soup.pointCount() ? points.numberOf(i) : i;
+    m_isMended.assign(points.size(), false);
+    PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
+    for (Facets::End const& face : m_network.facets().ends)
+        for (std::uint32_t const corner : m_soup.corners(face.triangle))
+            if (std::uint32_t& known = byPlace[keyOf(place(corner))]; known == byPlace.none)
+                known = points.numberOf(corner);
+    for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i) {
+        std::uint32_t& known = byPlace[keyOf(place(i))];
+        if (known == byPlace.none)
+            known = i;
+        if (known != i)
+            m_isMended[known] = true;
+        m_numbers[i] = known;
+    }
+    for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i) {
+        std::uint32_t const standIn = points.numberOf(i);
+        m_numbers[i] = standIn < m_soup.pointCount() ? standIn : m_numbers[standIn];
+    }
 }
 
 void RoundedFacets::copyFacets()
@@ -109,20 +149,32 @@ private:
     std::size_t m_axis = 0;
 };
 
-/// The facets that are flat or face the other way than their triangles.
-std::vector<std::size_t> RoundedFacets::findTurned() const
+/// Those of some facets that are flat or face the other way than their triangles.
+///
+/// number  gives the facets' numbers for 0 to count
+template <typename Number>
+std::vector<std::size_t> RoundedFacets::findTurned(std::size_t count, Number const& number) const
 {
-    std::vector<std::size_t> turned;
-    for (std::size_t f = 0; f < m_facets.size();) {
-        std::uint32_t const triangle = m_facets[f].triangle;
-        Facing const facing(m_soup, triangle);
-        for (; f < m_facets.size() && m_facets[f].triangle == triangle; ++f) {
-            Corners const& c = m_facets[f].corners;
-            if (!facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
-                turned.push_back(f);
-        }
-    }
-    return turned;
+    using Turned = std::vector<std::size_t>;
+    using Range = tbb::blocked_range<std::size_t>;
+    return tbb::parallel_reduce(
+        Range(0, count, 4096), Turned(),
+        [&](Range const& range, Turned turned) {
+            for (std::size_t i = range.begin(); i < range.end();) {
+                std::uint32_t const triangle = m_facets[number(i)].triangle;
+                Facing const facing(m_soup, triangle);
+                for (; i < range.end() && m_facets[number(i)].triangle == triangle; ++i) {
+                    Corners const& c = m_facets[number(i)].corners;
+                    if (!isCollapsed(c) && !facing.isMetBy(place(c[0]), place(c[1]), place(c[2])))
+                        turned.push_back(number(i));
+                }
+            }
+            return turned;
+        },
+        [](Turned a, Turned const& b) {
+            a.insert(a.end(), b.begin(), b.end());
+            return a;
+        });
 }
 
 /// The facets at each point of some facets; kept up while these are mended.
@@ -153,18 +205,26 @@ private:
 
 void RoundedFacets::mend()
 {
-    for (int round = 0; round < maximalRounds; ++round) {
-        std::vector<std::size_t> const turned = findTurned();
-        if (turned.empty())
-            break;
+    std::size_t const count = m_facets.size();
+    auto turned = findTurned(count, [](std::size_t i) { return i; });
+    if (turned.empty())
+        return;
+    for (int round = 0; round < maximalRounds && !turned.empty(); ++round) {
+        m_changed.clear();
         Surroundings surroundings(m_facets, turned);
         for (std::size_t const f : turned)
             if (!isCollapsed(m_facets[f].corners))
                 collapse(f, surroundings);
-        std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
-        std::stable_sort(m_facets.begin(), m_facets.end(),
-                         [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; });
+        std::sort(m_changed.begin(), m_changed.end());
+        m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
+        turned = findTurned(m_changed.size(), [this](std::size_t i) { return m_changed[i]; });
     }
+    // The new facets to their triangles.
+    auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };
+    auto const middle = m_facets.begin() + std::ptrdiff_t(count);
+    std::stable_sort(middle, m_facets.end(), byTriangle);
+    std::inplace_merge(m_facets.begin(), middle, m_facets.end(), byTriangle);
+    std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
 }
 
 /// Whether all triangles at an edge are divided for sure.
@@ -178,6 +238,8 @@ bool RoundedFacets::isDivided(std::uint32_t a, std::uint32_t b) const
 void RoundedFacets::collapse(std::size_t flat, Surroundings& surroundings)
 {
     Corners const c = m_facets[flat].corners;
+    for (std::uint32_t const corner : c)
+        m_isMended[corner] = true;
     std::array<double, 3> lengths;
     for (std::size_t k = 0; k < 3; ++k)
         lengths[k] = squaredLength(place(c[k]), place(c[(k + 1) % 3]));
@@ -208,6 +270,7 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
             if (corner == gone)
                 corner = kept;
         surroundings.add(m_facets[f], f);
+        m_changed.push_back(f);
     }
     for (std::uint32_t& number : m_numbers)
         if (number == gone)
@@ -254,7 +317,9 @@ void RoundedFacets::leadThrough(std::uint32_t from, std::uint32_t to, std::uint3
             second.corners[k] = middle;
             corners[(k + 1) % 3] = middle;
             surroundings.add(m_facets[f], f);
+            m_changed.push_back(f);
             if (!isCollapsed(second.corners)) {
+                m_changed.push_back(m_facets.size());
                 m_facets.push_back(second);
                 surroundings.add(second, m_facets.size() - 1);
             }

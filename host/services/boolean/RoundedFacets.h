@@ -27,6 +27,8 @@ public:
 
     /// In the order of the triangles.
     std::vector<Facet> const& facets() const { return m_facets; }
+    /// Whether a number stands for several points, or facets at it have been mended.
+    bool isMended(std::uint32_t number) const { return m_isMended[number]; }
     /// Whether facets stand for a triangle.
     bool isDivided(std::uint32_t triangle) const;
     /// The number that stands for a point.
@@ -36,7 +38,8 @@ private:
     void numberPoints();
     void copyFacets();
     void mend();
-    std::vector<std::size_t> findTurned() const;
+    template <typename Number>
+    std::vector<std::size_t> findTurned(std::size_t count, Number const& number) const;
     class Facing;
     class Surroundings;
     void collapse(std::size_t flat, Surroundings& surroundings);
@@ -53,7 +56,10 @@ private:
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
     std::vector<std::uint32_t> m_numbers;
+    std::vector<bool> m_isMended;
     std::vector<Facet> m_facets;
+    /// Facets changed in a round of mending.
+    std::vector<std::size_t> m_changed;
     /// Triangles that no curve divides, but rounding.
     std::vector<std::uint32_t> m_dividedWholes;
 };

@@ -5,7 +5,9 @@
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/RayPassage.h"
 #include "host/services/boolean/SoupBoolean.h"
+#include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
+#include "host/services/exact/Corefinement.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <tbb/blocked_range.h>
@@ -26,12 +28,16 @@ constexpr int curvesDone = 85;
 class SolidBoolean
 {
 public:
-    SolidBoolean(UMesh<float> const& part, MeshKernel const& tool,
+    SolidBoolean(MeshKernel const& part, MeshKernel const& tool,
                  std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress)
-        : m_part(part), m_pieces(pieces), m_report(progress), m_progress(progress)
+        : m_partKernel(part),
+          m_mesh(part.readMesh()),
+          m_part(*m_mesh),
+          m_pieces(pieces),
+          m_progress(progress)
     {
-        m_progress.begin(0, gridDone, tool.readMesh()->triangles.size());
-        m_tool = copyArrays(tool, Frame::World, m_progress);
+        m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
+        m_tool = prepareTool(tool, m_progress);
     }
 
     std::vector<BooleanResult> run()
@@ -45,13 +51,21 @@ public:
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
         gatherSoup(copies);
+        if (hasFlatTriangle(m_soup.mesh))
+            return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
         SoupBoolean boolean(m_soup);
-        resolve(boolean, grid);
+        bool const isDone = resolve(boolean, grid);
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results;
-        for (BooleanPiece const piece : m_pieces)
-            results.push_back(write(boolean, copies, piece));
+        for (std::size_t i = 0; isDone && i < m_pieces.size(); ++i) {
+            auto const triangles = boolean.piece(m_pieces[i]);
+            if (!triangles)
+                break;
+            results.push_back(write(boolean, copies, m_pieces[i], *triangles));
+        }
+        if (results.size() < m_pieces.size())
+            results = combineWholes(boolean);
         m_progress.finish();
         return results;
     }
@@ -77,7 +91,7 @@ private:
     /// Few enough to find and label quickly, many enough to leave few triangles near the tool.
     std::size_t cellCount() const
     {
-        return std::clamp<std::size_t>(m_part.triangles.size() / 12, 1 << 12, 1 << 20);
+        return std::clamp<std::size_t>(m_part.triangles.size() / 16, 1 << 12, 1 << 20);
     }
 
     TriangleTree::Box boxOfPart() const
@@ -131,7 +145,7 @@ private:
         }
     }
 
-    void resolve(SoupBoolean& boolean, ToolGrid const& grid)
+    bool resolve(SoupBoolean& boolean, ToolGrid const& grid)
     {
         WindingNumbers winding;
         winding.ofFirst = [this](WindingNumbers::Points const& points) {
@@ -143,8 +157,7 @@ private:
                 numbers.push_back(grid.tool().windingAt(point));
             return numbers;
         };
-        if (boolean.resolve(grid, m_known, winding, m_progress) != SoupBoolean::Outcome::done)
-            fail(boolean);
+        return boolean.resolve(grid, m_known, winding, m_progress) == SoupBoolean::Outcome::done;
     }
 
     /// The part's winding numbers around points, by one pass over the part.
@@ -173,21 +186,19 @@ private:
             });
     }
 
-    BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece)
+    BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
+                        std::vector<PieceTriangle> const& triangles)
     {
-        auto const triangles = boolean.piece(piece);
-        if (!triangles)
-            fail(boolean);
         bool const keepsOutside = isKept(piece, false);
         CutSide const side = keepsOutside ? sideAbove : sideBelow;
-        if (isWholePart(*triangles, copies, side))
+        if (isWholePart(triangles, copies, side))
             return {};
         PieceWriter writer(copies.takeMesh(side), boolean, m_soup);
         for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v)
             if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
                 writer.useVertex(v, copies.copyOf(m_places[v]));
-        writer.reserve(triangles->size());
-        for (PieceTriangle const& t : *triangles)
+        writer.reserve(triangles.size());
+        for (PieceTriangle const& t : triangles)
             writer.add(t, t.triangle < m_soup.firstTriangleOfSecond
                               ? copies.meeting()[t.triangle]->cN()
                               : UVector3<float>());
@@ -208,7 +219,47 @@ private:
         return true;
     }
 
-    [[noreturn]] void fail(SoupBoolean const& boolean) const
+    /// The same for the part without its triangles that have no area.
+    std::vector<BooleanResult> combineWithoutFlatTriangles()
+    {
+        MeshKernel clean(m_partKernel);
+        requireFinite(m_soup.mesh, "The part");
+        std::size_t const removed = clean.getMesh()->DeleteDegenerateTris();
+        clean.getMesh()->DeleteUnreferenceVerts();
+        clean.getMesh()->UpdateVertsID();
+        if (removed == 0)
+            throw Mell::Exception(
+                "The part has triangles without area that cannot be removed. "
+                "Repair it and cut again.");
+        std::function<void(int)> const rest = [this](int percent) {
+            m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
+        };
+        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest);
+        for (BooleanResult& result : results)
+            if (!result.mesh)
+                result.mesh = takeMesh(clean);
+        return results;
+    }
+
+    /// Moves the records out of a kernel.
+    static std::unique_ptr<UMesh<float>> takeMesh(MeshKernel& kernel)
+    {
+        auto mesh = std::make_unique<UMesh<float>>();
+        mesh->triangles.swap(kernel.getMesh()->triangles);
+        mesh->vertices.swap(kernel.getMesh()->vertices);
+        mesh->triangleCount = std::uint32_t(mesh->triangles.size());
+        mesh->vertexCount = std::uint32_t(mesh->vertices.size());
+        return mesh;
+    }
+
+    std::unique_ptr<MeshKernel> toolKernel() const
+    {
+        return std::make_unique<MeshKernel>(makeMesh(m_tool).release());
+    }
+
+    /// The slow way, for solids that cross themselves where they meet. An operand that is open
+    /// there is refused.
+    std::vector<BooleanResult> combineWholes(SoupBoolean const& boolean)
     {
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
@@ -216,9 +267,26 @@ private:
                     std::string(operand == Operand::first ? "The part" : "The tool") +
                     " is open where the two meet, near " + textOf(*place) +
                     ". Repair it and cut again.");
-        throw Mell::Exception(
-            "The two solids could not be combined, for one of them crosses itself where they meet. "
-            "Repair it and cut again.");
+        Exact::WantedSolids wanted;
+        for (BooleanPiece const piece : m_pieces)
+            (piece == BooleanPiece::united   ? wanted.united
+             : piece == BooleanPiece::common ? wanted.common
+                                             : wanted.difference) = true;
+        MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
+        Exact::CombinedSolids solids = Exact::combine(part, m_tool, wanted, m_progress);
+        std::vector<BooleanResult> results;
+        for (BooleanPiece const piece : m_pieces) {
+            auto const& solid = piece == BooleanPiece::united   ? solids.united
+                                : piece == BooleanPiece::common ? solids.common
+                                                                : solids.difference;
+            if (!solid)
+                throw Mell::Exception(
+                    "The two solids could not be combined, for one of them is "
+                    "open or crosses itself where they meet. Repair it and cut "
+                    "again.");
+            results.push_back({makeMesh(*solid)});
+        }
+        return results;
     }
 
     static std::string textOf(UPoint3<float> const& p)
@@ -228,9 +296,10 @@ private:
         return text;
     }
 
+    MeshKernel const& m_partKernel;
+    std::shared_ptr<UMesh<float> const> m_mesh;
     UMesh<float> const& m_part;
     std::span<BooleanPiece const> m_pieces;
-    std::function<void(int)> const& m_report;
     StageProgress m_progress;
     MeshArrays m_tool;
     OperandSoup m_soup;
@@ -241,7 +310,7 @@ private:
 
 }  // namespace
 
-std::vector<BooleanResult> combineSolids(UMesh<float> const& part, MeshKernel const& tool,
+std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
                                          std::function<void(int)> const& progress)
 {

@@ -21,11 +21,14 @@ struct BooleanResult
 /// The stages: the tool, which is the second operand, is laid out in a grid of cells; triangles of
 /// the part in cells that the tool does not touch are copied, and their side is that of their cell;
 /// the others meet the tool's triangles exactly, are divided along the curves, and every region's
-/// side is told by the curves; what the rule of a piece keeps is written.
+/// side is told by the curves; what the rule of a piece keeps is written. Where the curves
+/// contradict each other, because an operand crosses itself there, the whole solids are combined by
+/// exact arithmetic, which takes its time.
 ///
-/// part, tool  in final coordinates; only read
+/// part        without a matrix; only read
+/// tool        only read; a matrix is applied
 /// pieces      what to give; of `united` and `difference` at most one
 /// throws      as Intersect::boolean
-std::vector<BooleanResult> combineSolids(UMesh<float> const& part, MeshKernel const& tool,
+std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
                                          std::function<void(int)> const& progress);

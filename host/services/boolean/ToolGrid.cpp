@@ -125,16 +125,17 @@ void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
     if (page < 0) {
         page = std::int32_t(m_details.size());
         m_details.emplace_back();
-        m_lastReferences.push_back(0xffffffff);
+        m_lastReferences.resize(m_lastReferences.size() + 8, 0xffffffff);
     }
     int const n[3] = {x & 7, y & 7, z & 7};
     m_details[std::size_t(page)].touched[std::size_t(n[2])] |= std::uint64_t(1)
                                                                << (n[1] * 8 + n[0]);
-    std::uint32_t& last = m_lastReferences[std::size_t(page)];
-    std::uint32_t const place = std::uint32_t(n[0] | n[1] << 8 | n[2] << 16);
+    std::size_t const block = blockOf(page, x >> 2, y >> 2, z >> 2);
+    std::uint32_t& last = m_lastReferences[block];
+    std::uint32_t const place = std::uint32_t((x & 3) | (y & 3) << 8 | (z & 3) << 16);
     if (last == 0xffffffff || m_references[last].triangle != triangle) {
         last = std::uint32_t(m_references.size());
-        m_references.push_back({triangle, std::uint32_t(page), place, place});
+        m_references.push_back({triangle, std::uint32_t(block), place, place});
         return;
     }
     Reference& reference = m_references[last];
@@ -145,18 +146,18 @@ void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
     }
 }
 
-/// Puts the references of each page together, in the order of the triangles.
+/// Puts the references of each block together, in the order of the triangles.
 void ToolGrid::sortReferences()
 {
-    m_referenceEnds.assign(m_details.size() + 1, 0);
+    m_referenceEnds.assign(8 * m_details.size() + 1, 0);
     for (Reference const& reference : m_references)
-        ++m_referenceEnds[reference.page + 1];
+        ++m_referenceEnds[reference.block + 1];
     for (std::size_t i = 1; i < m_referenceEnds.size(); ++i)
         m_referenceEnds[i] += m_referenceEnds[i - 1];
     std::vector<std::uint32_t> next(m_referenceEnds.begin(), m_referenceEnds.end() - 1);
     std::vector<Reference> sorted(m_references.size());
     for (Reference const& reference : m_references)
-        sorted[next[reference.page]++] = reference;
+        sorted[next[reference.block]++] = reference;
     m_references = std::move(sorted);
     m_lastReferences = {};
 }
@@ -236,6 +237,31 @@ void ToolGrid::findStates(StageProgress& progress)
             for (int x = 0; x < m_pageCounts[0]; ++x)
                 findState(x, y, z);
     }
+    findCalmPages();
+}
+
+/// Marks the pages that have no touched cell around them: most triangles lie there, and need no
+/// further look.
+void ToolGrid::findCalmPages()
+{
+    for (int z = 0; z < m_pageCounts[2]; ++z)
+        for (int y = 0; y < m_pageCounts[1]; ++y)
+            for (int x = 0; x < m_pageCounts[0]; ++x) {
+                std::int32_t& page = m_pages[pageAt(x, y, z)];
+                if (page < 0 && isCalm(x, y, z))
+                    page += calmBase - uniformBase;
+            }
+}
+
+bool ToolGrid::isCalm(int x, int y, int z) const
+{
+    auto const last = [&](int n, int axis) { return std::min(n + 1, m_pageCounts[axis] - 1); };
+    for (int k = std::max(z - 1, 0); k <= last(z, 2); ++k)
+        for (int j = std::max(y - 1, 0); j <= last(y, 1); ++j)
+            for (int i = std::max(x - 1, 0); i <= last(x, 0); ++i)
+                if (m_pages[pageAt(i, j, k)] >= 0)
+                    return false;
+    return true;
 }
 
 /// Finds the states of a page's clear cells from the pages before it along the axes, or by a ray.
@@ -276,7 +302,7 @@ void ToolGrid::seed(int x, int y, int z, Layers& inside, Layers& outside) const
 {
     auto const facing = [&](std::int32_t page, Layers& in, Layers& out) {
         if (page < 0) {
-            (page - uniformBase == std::int32_t(State::inside) ? in : out).fill(~std::uint64_t(0));
+            (uniformStateOf(page) == State::inside ? in : out).fill(~std::uint64_t(0));
             return;
         }
         Detail const& d = m_details[std::size_t(page)];

@@ -49,7 +49,7 @@ public:
     State stateAt(Place place) const
     {
         std::int32_t const page = m_pages[pageOf(place)];
-        return page < 0 ? State(page - uniformBase) : stateIn(m_details[std::size_t(page)], place);
+        return page < 0 ? uniformStateOf(page) : stateIn(m_details[std::size_t(page)], place);
     }
 
     /// Whether a triangle with corners in three clear cells lies in clear cells as a whole.
@@ -57,6 +57,9 @@ public:
     {
         std::size_t const page = pageOf(a);
         if (page == pageOf(b) && page == pageOf(c) && (m_pages[page] < 0 || (a == b && b == c)))
+            return true;
+        if (m_pages[page] < 0 && m_pages[page] >= calmBase && areNeighbours(a, b) &&
+            areNeighbours(a, c))
             return true;
         return areCellsClear(a, b, c);
     }
@@ -67,8 +70,20 @@ public:
     void forTriangles(Place a, Place b, Place c, Visit const& visit) const;
 
 private:
+    /// What the number of a page without touched cells begins at, the state being added; and that
+    /// of one with no touched cells in the pages around it either.
     static constexpr std::int32_t uniformBase = -8;
-    static constexpr std::int32_t mixed = -1;
+    static constexpr std::int32_t calmBase = -4;
+    static State uniformStateOf(std::int32_t page) { return State(page & 1); }
+
+    /// Whether the pages of two cells are the same or touch each other.
+    static bool areNeighbours(Place a, Place b)
+    {
+        bool result = true;
+        for (int shift = 3; shift < 30; shift += 10)
+            result &= std::uint32_t((a >> shift & 127) - (b >> shift & 127) + 1) <= 2;
+        return result;
+    }
 
     /// The cells of a page: a word per layer, a byte per row, a bit per cell.
     struct Detail
@@ -77,12 +92,12 @@ private:
         std::array<std::uint64_t, 8> inside{};
     };
     using Layers = std::array<std::uint64_t, 8>;
-    /// The box of the cells of one page that one triangle touches; numbers within the page, a byte
-    /// each.
+    /// The box of the cells of one block that one triangle touches; numbers within the block, a
+    /// byte each.
     struct Reference
     {
         std::uint32_t triangle;
-        std::uint32_t page;
+        std::uint32_t block;
         std::uint32_t low;
         std::uint32_t high;
     };
@@ -102,6 +117,10 @@ private:
                    std::size_t(m_pageCounts[0]) +
                std::size_t(place >> 3 & 127);
     }
+    static std::size_t blockOf(std::int32_t page, int x, int y, int z)
+    {
+        return std::size_t(page) * 8 + std::size_t((x & 1) | (y & 1) << 1 | (z & 1) << 2);
+    }
     static State stateIn(Detail const& detail, Place place)
     {
         std::size_t const layer = place >> 20 & 7;
@@ -117,6 +136,8 @@ private:
     void sortReferences();
     void findStates(StageProgress& progress);
     void findState(int x, int y, int z);
+    void findCalmPages();
+    bool isCalm(int x, int y, int z) const;
     void findDetail(Detail& detail, int x, int y, int z);
     State uniformState(int x, int y, int z) const;
     void seed(int x, int y, int z, Layers& inside, Layers& outside) const;
@@ -135,10 +156,10 @@ private:
     /// Per page: where its cells are in `m_details`, or the state of all of them.
     std::vector<std::int32_t> m_pages;
     std::vector<Detail> m_details;
-    /// Sorted by page; m_referenceEnds[i] is where those of detail i begin.
+    /// Sorted by block; m_referenceEnds[i] is where those of block i begin.
     std::vector<Reference> m_references;
     std::vector<std::uint32_t> m_referenceEnds;
-    /// While triangles are entered: the last reference of each page.
+    /// While triangles are entered: the last reference of each block.
     std::vector<std::uint32_t> m_lastReferences;
 };
 
@@ -150,20 +171,22 @@ void ToolGrid::forTriangles(Place a, Place b, Place c, Visit const& visit) const
         low[k] = std::min({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
         high[k] = std::max({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
     }
-    for (int pz = low[2] >> 3; pz <= high[2] >> 3; ++pz)
-        for (int py = low[1] >> 3; py <= high[1] >> 3; ++py)
-            for (int px = low[0] >> 3; px <= high[0] >> 3; ++px) {
-                std::int32_t const page = m_pages[pageAt(px, py, pz)];
+    // By blocks of four cells along each axis, eight to a page.
+    for (int z = low[2] >> 2; z <= high[2] >> 2; ++z)
+        for (int y = low[1] >> 2; y <= high[1] >> 2; ++y)
+            for (int x = low[0] >> 2; x <= high[0] >> 2; ++x) {
+                std::int32_t const page = m_pages[pageAt(x >> 1, y >> 1, z >> 1)];
                 if (page < 0)
                     continue;
-                int const first[3] = {8 * px, 8 * py, 8 * pz};
+                int const first[3] = {4 * x, 4 * y, 4 * z};
                 std::uint32_t from = 0, to = 0;
                 for (int k = 0; k < 3; ++k) {
                     from |= std::uint32_t(std::max(low[k] - first[k], 0)) << (8 * k);
-                    to |= std::uint32_t(std::min(high[k] - first[k], 7)) << (8 * k);
+                    to |= std::uint32_t(std::min(high[k] - first[k], 3)) << (8 * k);
                 }
-                std::uint32_t const end = m_referenceEnds[std::size_t(page) + 1];
-                for (std::uint32_t r = m_referenceEnds[std::size_t(page)]; r < end; ++r) {
+                std::size_t const block = blockOf(page, x, y, z);
+                for (std::uint32_t r = m_referenceEnds[block]; r < m_referenceEnds[block + 1];
+                     ++r) {
                     Reference const& reference = m_references[r];
                     // A byte that falls below zero borrows from the bit above it.
                     std::uint32_t const guards = 0x00808080;

@@ -164,6 +164,8 @@ private:
                 return isDegenerate(t->cP(0), t->cP(1), t->cP(2));
             }))
             mesh.DeleteDegenerateTris();
+        // The next service finds a vertex's place by its identifier.
+        mesh.UpdateVertsID();
         mesh.triangleCount = std::uint32_t(mesh.triangles.size());
         mesh.vertexCount = std::uint32_t(mesh.vertices.size());
         return m_copies.takeMesh(side);

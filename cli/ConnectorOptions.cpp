@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ConnectorOptions.h"
+
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace {
+
+using ConnectorLimits::Length;
+namespace PinHole = ConnectorLimits::PinHole;
+namespace LapJoint = ConnectorLimits::LapJoint;
+using Kind = ConnectorOptions::Kind;
+
+/// The values that a length may have, and what decides the end that is not fixed.
+struct Range
+{
+    double least;
+    double largest;
+    std::string leastIs;
+    std::string largestIs;
+
+    explicit Range(Length const& length) : least(length.least), largest(length.largest) {}
+    Range&& atLeast(double value, char const* what) &&
+    {
+        least = value;
+        leastIs = what;
+        return std::move(*this);
+    }
+    Range&& atMost(double value, char const* what) &&
+    {
+        largest = value;
+        largestIs = what;
+        return std::move(*this);
+    }
+};
+
+std::string limitText(double value, std::string const& what)
+{
+    return decimal(float(value)) + " mm" + (what.empty() ? "" : " (" + what + ")");
+}
+
+float lengthOf(ConnectorOptions const& options, char const* name, Length const& length,
+               Range const& range)
+{
+    auto const given = options.lengths.find(name);
+    if (given == options.lengths.end())
+        return float(std::min(std::max(length.initial, range.least), range.largest));
+    float const value = parseMillimetres(given->second, name);
+    if (value < float(range.least) || value > float(range.largest))
+        throw UsageError(
+            std::string(name) + " must be from " + limitText(range.least, range.leastIs) + " to " +
+            limitText(range.largest, range.largestIs) + ", but is " + given->second + ".");
+    return value;
+}
+
+float lengthOf(ConnectorOptions const& options, char const* name, Length const& length)
+{
+    return lengthOf(options, name, length, Range(length));
+}
+
+/// The options that have a meaning with a kind.
+std::set<std::string> namesFor(Kind kind)
+{
+    switch (kind) {
+        case Kind::None:
+            break;
+        case Kind::Pins:
+        case Kind::Holes:
+            return {"--radius",        "--tolerance", "--height",         "--side-distance",
+                    "--top-clearance", "--spacing",   "--side-clearance", "--face-clearance"};
+        case Kind::LapJoint:
+            return {"--notch-depth", "--side-distance", "--notch-clearance", "--front-clearance",
+                    "--back-clearance"};
+    }
+    return {};
+}
+
+void addText(CLI::App& group, ConnectorOptions& options, char const* name, std::string const& help)
+{
+    group
+        .add_option_function<std::string>(
+            name, [&options, name](std::string const& text) { options.lengths[name] = text; }, help)
+        ->type_name("MM");
+}
+
+void addLength(CLI::App& group, ConnectorOptions& options, char const* name,
+               std::string const& help, Length const& length)
+{
+    addText(group, options, name, help + " (default: " + decimal(float(length.initial)) + ")");
+}
+
+void addPinOptions(CLI::App& command, ConnectorOptions& options)
+{
+    CLI::App& group = *command.add_option_group("Pins and holes", "With --pins or --holes");
+    addLength(group, options, "--radius", "Radius of the pins", PinHole::radius);
+    addLength(group, options, "--tolerance",
+              "Largest gap between a facet and the true circle, at most the radius",
+              PinHole::tolerance);
+    addLength(group, options, "--height", "Height of the pins", PinHole::height);
+    addLength(group, options, "--top-clearance", "How much deeper than the pins the holes are",
+              PinHole::topClearance);
+    addLength(group, options, "--spacing",
+              "Smallest distance of two connectors, at least twice the radius and side clearance",
+              PinHole::spacing);
+    addLength(group, options, "--side-clearance", "How much wider than the pins the holes are",
+              PinHole::sideClearance);
+    addLength(group, options, "--face-clearance", "Gap between the cut faces",
+              PinHole::faceClearance);
+}
+
+void addLapJointOptions(CLI::App& command, ConnectorOptions& options)
+{
+    CLI::App& group = *command.add_option_group("Lap joint", "With --lap-joint");
+    addLength(group, options, "--notch-depth", "Height of the tongue", LapJoint::notchDepth);
+    addLength(group, options, "--notch-clearance",
+              "How much wider than the tongue the notch is, at most the side distance",
+              LapJoint::notchClearance);
+    addLength(group, options, "--front-clearance",
+              "Gap between the cut faces, at most the notch depth", LapJoint::frontClearance);
+    addLength(group, options, "--back-clearance",
+              "How much deeper than the tongue the notch is, at most the notch depth",
+              LapJoint::backClearance);
+    std::map<std::string, int> const contours = {{"outer", 0}, {"inner", 1}, {"all", 2}};
+    group
+        .add_option_function<std::string>(
+            "--based-on",
+            [&options, contours](std::string const& word) {
+                options.basedOn = contours.at(word);
+                options.givesBasedOn = true;
+            },
+            "The contours that the joint follows (default: all)")
+        ->check(CLI::IsMember({"outer", "inner", "all"}))
+        ->type_name("WHICH");
+}
+
+}  // namespace
+
+void ConnectorOptions::addTo(CLI::App& command)
+{
+    CLI::App& group =
+        *command.add_option_group("Connectors", "What joins the pieces again; none by default");
+    for (auto const& [name, choice, help] :
+         {std::tuple("--pins", Kind::Pins, "Pins on the lower piece and holes in the upper one"),
+          std::tuple("--holes", Kind::Holes, "Holes in both pieces, for pins of your own"),
+          std::tuple("--lap-joint", Kind::LapJoint,
+                     "A tongue on the lower piece and a notch in the upper one")})
+        group.add_flag_callback(
+            name, [this, chosen = choice] { kind = chosen; }, help);
+    group.require_option(0, 1);
+    addText(command, *this, "--side-distance",
+            "Distance of the connectors from the contours (default: " +
+                decimal(float(LapJoint::sideDistance.initial)) +
+                " for a lap joint; without it pins and holes follow the section's centre lines)");
+    addPinOptions(command, *this);
+    addLapJointOptions(command, *this);
+}
+
+void ConnectorOptions::check() const
+{
+    std::set<std::string> const known = namesFor(kind);
+    auto const refuse = [&](std::string const& option) {
+        throw UsageError(
+            option + (kind == Kind::None
+                          ? " shapes connectors; add --pins, --holes or --lap-joint."
+                          : " has no meaning with --" + std::string(name()) + "; leave it out."));
+    };
+    for (auto const& [option, text] : lengths)
+        if (!known.contains(option))
+            refuse(option);
+    if (givesBasedOn && kind != Kind::LapJoint)
+        refuse("--based-on");
+    if (kind == Kind::LapJoint)
+        lapJointParas();
+    else if (kind != Kind::None)
+        pinHoleParas();
+}
+
+SECTIONCUTTYPE ConnectorOptions::cutType() const
+{
+    return kind == Kind::None       ? SECTIONCUT_PLANE
+           : kind == Kind::LapJoint ? SECTIONCUT_LAPJOINT
+                                    : SECTIONCUT_PINHOLE;
+}
+
+char const* ConnectorOptions::name() const
+{
+    switch (kind) {
+        case Kind::None:
+            return "none";
+        case Kind::Pins:
+            return "pins";
+        case Kind::Holes:
+            return "holes";
+        case Kind::LapJoint:
+            return "lap-joint";
+    }
+    return "";
+}
+
+PinHoleParas ConnectorOptions::pinHoleParas() const
+{
+    PinHoleParas paras;
+    paras.radius = lengthOf(*this, "--radius", PinHole::radius);
+    paras.tolerance = lengthOf(*this, "--tolerance", PinHole::tolerance,
+                               Range(PinHole::tolerance).atMost(paras.radius, "the radius"));
+    paras.height = lengthOf(*this, "--height", PinHole::height);
+    paras.sidedistance = lengthOf(*this, "--side-distance", PinHole::sideDistance,
+                                  Range(PinHole::sideDistance).atLeast(paras.radius, "the radius"));
+    paras.topclearance = lengthOf(*this, "--top-clearance", PinHole::topClearance);
+    paras.sideclearance = lengthOf(*this, "--side-clearance", PinHole::sideClearance);
+    paras.spacing = lengthOf(*this, "--spacing", PinHole::spacing,
+                             Range(PinHole::spacing)
+                                 .atLeast(PinHole::leastSpacing(paras.radius, paras.sideclearance),
+                                          "twice the radius and side clearance"));
+    paras.faceclearance = lengthOf(*this, "--face-clearance", PinHole::faceClearance);
+    paras.isSidedis = lengths.contains("--side-distance");
+    paras.isPin = kind == Kind::Pins;
+    return paras;
+}
+
+LapJointParas ConnectorOptions::lapJointParas() const
+{
+    LapJointParas paras;
+    paras.notchDepth = lengthOf(*this, "--notch-depth", LapJoint::notchDepth);
+    paras.sideDistance = lengthOf(*this, "--side-distance", LapJoint::sideDistance);
+    paras.notchClearance =
+        lengthOf(*this, "--notch-clearance", LapJoint::notchClearance,
+                 Range(LapJoint::notchClearance).atMost(paras.sideDistance, "the side distance"));
+    paras.frontClearance =
+        lengthOf(*this, "--front-clearance", LapJoint::frontClearance,
+                 Range(LapJoint::frontClearance).atMost(paras.notchDepth, "the notch depth"));
+    paras.backClearance =
+        lengthOf(*this, "--back-clearance", LapJoint::backClearance,
+                 Range(LapJoint::backClearance).atMost(paras.notchDepth, "the notch depth"));
+    paras.basedOn = basedOn;
+    return paras;
+}

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/CutReport.h"
+#include "cli/DocumentParts.h"
+#include "cli/Numbers.h"
+#include "cli/SavePieces.h"
+#include "cli/SectionJob.h"
+#include "cli/SectionSurvey.h"
+#include "cli/SubCommands.h"
+#include "host/formats/FormatRegistry.h"
+#include "host/jobs/Threads.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/Application.h"
+#include "tools/SceneBox.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <optional>
+
+namespace {
+
+/// Without a boundary the plane is stretched from its corners until it reaches beyond the parts,
+/// and a long and narrow one would stay narrow; a square never does.
+Freecut::PlaneSize sizeOf(SectionOptions const& options, Mesh::Document const& document)
+{
+    float const suitable = Freecut::suitableSize(Freecut::boxOfAllParts(document));
+    Freecut::PlaneSize const size =
+        options.size().value_or(Freecut::PlaneSize{.width = suitable, .height = suitable});
+    if (options.bounded)
+        return size;
+    float const larger = std::max(size.width, size.height);
+    return {.width = larger, .height = larger};
+}
+
+Report reportHead(SectionOptions const& options, Freecut::PlaneSize const& size)
+{
+    UPoint3<float> const center = options.center();
+    UVector3<float> const normal = options.normal();
+    Report head;
+    head["command"] = "section";
+    head["connectors"] = options.connectors.name();
+    head["plane"] = {{"center", {tidy(center.X()), tidy(center.Y()), tidy(center.Z())}},
+                     {"normal", {tidy(normal.X()), tidy(normal.Y()), tidy(normal.Z())}},
+                     {"size", {tidy(size.width), tidy(size.height)}},
+                     {"bounded", options.bounded}};
+    head["dryRun"] = options.dryRun;
+    return head;
+}
+
+std::string counted(std::size_t count, std::string const& noun)
+{
+    return grouped(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+void printSurvey(std::vector<CutPart> const& parts)
+{
+    for (CutPart const& part : parts) {
+        SectionFacts const& section = *part.section;
+        std::string text = part.source + ": " + decimal(float(section.area)) + " mm2 in " +
+                           counted(section.contours, "contour");
+        if (section.positions)
+            text += ", room for " + counted(section.positions->size(), "connector");
+        std::printf("%s\n", text.c_str());
+        if (section.positions)
+            for (UPoint3<float> const& p : *section.positions)
+                std::printf("  %s %s %s\n", decimal(p.X()).c_str(), decimal(p.Y()).c_str(),
+                            decimal(p.Z()).c_str());
+    }
+}
+
+/// The parts themselves follow the pieces that they were cut into, except where they come from the
+/// very file that they would go to.
+void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
+                     PieceFiles const& files)
+{
+    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
+    for (CutPart& part : parts) {
+        std::string const name = part.object->getName();
+        std::error_code error;
+        if (!std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
+                                         part.source, error))
+            part.pieces.push_back({name, part.object->meshProperty->getMesh(), nullptr, {}});
+    }
+}
+
+void cutAndSave(SectionOptions const& options, Mesh::Document& document,
+                std::vector<CutPart>& parts, Freecut::PlaneGraphicObject& plane, PieceFiles& files,
+                CutSeconds& seconds)
+{
+    Stopwatch stage;
+    runSectionJob(document, parts, plane, options);
+    if (options.keepOriginal)
+        appendOriginals(parts, options.pieces, files);
+    seconds.cut = stage.restart();
+    savePieces(parts, options.pieces, files);
+    seconds.save = stage.restart();
+}
+
+int runSection(SectionOptions const& options)
+{
+    Stopwatch total;
+    options.check();
+    applyCommonOptions(options.common);
+    checkReportTarget(options.common.report, options.common.files);
+    std::optional<PieceFiles> files;
+    if (!options.dryRun)
+        files.emplace(options.pieces.folder, options.pieces.overwrite());
+    CutSeconds seconds;
+    Stopwatch stage;
+    std::vector<SourcePart> sources = readSources(options.common.files);
+    seconds.load = stage.restart();
+
+    Mesh::Document& document = *Application::Instance->newDocument("freecut");
+    bool const wantsReport = !options.common.report.empty();
+    std::vector<CutPart> parts = addParts(document, sources, wantsReport);
+    Freecut::PlaneSize const size = sizeOf(options, document);
+    auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
+    if (wantsReport || options.dryRun)
+        surveySections(parts, *plane, options);
+    if (files)
+        cutAndSave(options, document, parts, *plane, *files, seconds);
+
+    if (wantsReport)
+        writeReport(options.common.report, cutReport(reportHead(options, size), parts, seconds,
+                                                     total, Threads::threadCount()));
+    if (files)
+        files->keep();
+    if (options.common.wantsTable())
+        files ? printTable(parts) : printSurvey(parts);
+    return 0;
+}
+
+}  // namespace
+
+void addSection(CLI::App& commandLine, Action& action)
+{
+    CLI::App* const command = commandLine.add_subcommand(
+        "section",
+        "Cut parts by a plane, with pins, holes or a lap joint to join the pieces again. "
+        "All numbers are millimetres.");
+    auto const options = std::make_shared<SectionOptions>();
+    options->addTo(*command);
+    command->footer(
+        "Examples:\n"
+        "  freecut section bracket.stl --center 0,0,12.5 --normal 0,0,1\n"
+        "  freecut section arm.stl --center 40,0,0 --normal 1,0,0.2 --pins --radius 1.5\n"
+        "  freecut section vase.stl --center 0,0,50 --normal 0,0,1 --lap-joint --based-on outer\n"
+        "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --holes --dry-run --json -");
+    command->callback([options, &action] { action = [options] { return runSection(*options); }; });
+}

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/ToolPreparation.h"
+
+#include "host/mesh/DisjointSets.h"
+#include "host/mesh/ExactSigns.h"
+#include "host/services/SelfIntersections.h"
+#include "host/services/exact/Corefinement.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+using Box = TriangleTree::Box;
+using Corners = MeshArrays::Corners;
+
+/// Larger tools are only searched where shells that are not convex, or come near others, are.
+constexpr std::size_t thoroughLimit = 64;
+/// How far a corner may stand out of the plane of the triangle beside it, for its distance from
+/// there, and the shell still count as convex: what rounding makes of flat sides.
+constexpr double allowedDent = 1e-5;
+
+/// The triangles of a tool by shells, which are triangles that share vertices.
+class ToolShells
+{
+public:
+    explicit ToolShells(MeshArrays const& tool) : m_tool(tool)
+    {
+        DisjointSets sets(tool.points.size());
+        for (Corners const& c : tool.triangles) {
+            sets.unite(c[0], c[1]);
+            sets.unite(c[0], c[2]);
+        }
+        std::vector<std::uint32_t> shellAt(tool.points.size(), none);
+        for (std::uint32_t t = 0; t < tool.triangles.size(); ++t) {
+            std::uint32_t& shell = shellAt[sets.root(tool.triangles[t][0])];
+            if (shell == none) {
+                shell = std::uint32_t(m_shells.size());
+                m_shells.emplace_back();
+            }
+            m_shells[shell].triangles.push_back(t);
+            for (int k = 0; k < 3; ++k) {
+                UPoint3<float> const& p = tool.point(t, k);
+                m_shells[shell].box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+            }
+        }
+    }
+
+    /// The triangles that may meet others of their own shell or of another one.
+    MeshArrays suspects()
+    {
+        markNearOnes();
+        MeshArrays arrays;
+        arrays.points = m_tool.points;
+        for (Shell const& shell : m_shells)
+            if (shell.isNearOthers || !isConvex(shell))
+                for (std::uint32_t const t : shell.triangles)
+                    arrays.triangles.push_back(m_tool.triangles[t]);
+        return arrays;
+    }
+
+private:
+    static constexpr std::uint32_t none = 0xffffffff;
+
+    struct Shell
+    {
+        std::vector<std::uint32_t> triangles;
+        Box box;
+        bool isNearOthers = false;
+    };
+
+    void markNearOnes()
+    {
+        std::vector<Shell*> order;
+        for (Shell& shell : m_shells)
+            order.push_back(&shell);
+        std::sort(order.begin(), order.end(),
+                  [](Shell const* a, Shell const* b) { return a->box.low[0] < b->box.low[0]; });
+        for (std::size_t i = 0; i < order.size(); ++i)
+            for (std::size_t j = i + 1;
+                 j < order.size() && order[j]->box.low[0] <= order[i]->box.high[0]; ++j)
+                if (order[i]->box.overlaps(order[j]->box))
+                    order[i]->isNearOthers = order[j]->isNearOthers = true;
+    }
+
+    struct EdgeUse
+    {
+        std::uint32_t low, high, triangle, apex;
+        bool operator<(EdgeUse const& o) const
+        {
+            return low != o.low ? low < o.low : high < o.high;
+        }
+        bool isSameEdge(EdgeUse const& o) const { return low == o.low && high == o.high; }
+    };
+
+    /// Whether a shell is closed and bends outward at every edge, so that it does not meet itself.
+    bool isConvex(Shell const& shell)
+    {
+        m_uses.clear();
+        for (std::uint32_t const t : shell.triangles)
+            for (std::size_t k = 0; k < 3; ++k) {
+                Corners const& c = m_tool.triangles[t];
+                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
+                m_uses.push_back({low, high, t, c[(k + 2) % 3]});
+            }
+        std::sort(m_uses.begin(), m_uses.end());
+        for (std::size_t i = 0; i < m_uses.size(); i += 2) {
+            bool const isPair = i + 1 < m_uses.size() && m_uses[i].isSameEdge(m_uses[i + 1]) &&
+                                (i + 2 == m_uses.size() || !m_uses[i].isSameEdge(m_uses[i + 2]));
+            if (!isPair || !bendsOutward(m_uses[i], m_uses[i + 1]))
+                return false;
+        }
+        return true;
+    }
+
+    bool bendsOutward(EdgeUse const& a, EdgeUse const& b) const
+    {
+        UVector3<double> const n = normalOf(a.triangle), m = normalOf(b.triangle);
+        ExactSigns::Offset const w(m_tool.points[a.low], m_tool.points[b.apex]);
+        UVector3<double> const offset(w.x, w.y, w.z);
+        double const height = (n | offset) / n.GetLength();
+        double const dent = allowedDent * offset.GetLength();
+        // Flat is fine, folded back on itself is not.
+        return height < -dent || (height <= dent && (n | m) > 0);
+    }
+
+    UVector3<double> normalOf(std::uint32_t triangle) const
+    {
+        ExactSigns::Offset const u(m_tool.point(triangle, 0), m_tool.point(triangle, 1));
+        ExactSigns::Offset const v(m_tool.point(triangle, 0), m_tool.point(triangle, 2));
+        return UVector3<double>(u.x, u.y, u.z) * UVector3<double>(v.x, v.y, v.z);
+    }
+
+    MeshArrays const& m_tool;
+    std::vector<Shell> m_shells;
+    std::vector<EdgeUse> m_uses;
+};
+
+bool doTrianglesCross(MeshArrays const& arrays, StageProgress& progress)
+{
+    TopologyReport const topology = checkTopology(arrays, progress);
+    TriangleTree const tree(arrays, topology, progress);
+    return findIntersections(arrays, topology, tree, progress).pairs > 0;
+}
+
+bool doesOverlapItself(MeshArrays const& tool, StageProgress& progress)
+{
+    if (tool.triangles.size() <= thoroughLimit)
+        return doTrianglesCross(tool, progress);
+    MeshArrays const suspects = ToolShells(tool).suspects();
+    return !suspects.triangles.empty() && doTrianglesCross(suspects, progress);
+}
+
+MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progress)
+{
+    MeshKernel kernel(makeMesh(arrays).release());
+    kernel.getMesh()->DeleteDegenerateTris();
+    kernel.getMesh()->DeleteUnreferenceVerts();
+    kernel.getMesh()->UpdateVertsID();
+    return copyArrays(kernel, Frame::World, progress);
+}
+
+}  // namespace
+
+void requireFinite(MeshArrays const& operand, char const* name)
+{
+    bool const isFinite =
+        std::all_of(operand.points.begin(), operand.points.end(), [](UPoint3<float> const& p) {
+            return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
+        });
+    if (!isFinite)
+        throw Mell::Exception(std::string(name) +
+                              " has a point whose coordinates are no numbers. Repair it and cut "
+                              "again.");
+}
+
+bool hasFlatTriangle(MeshArrays const& operand)
+{
+    for (std::size_t t = 0; t < operand.triangles.size(); ++t)
+        if (ExactSigns::areCollinear(operand.point(t, 0), operand.point(t, 1), operand.point(t, 2)))
+            return true;
+    return false;
+}
+
+MeshArrays prepareTool(MeshKernel const& tool, StageProgress& progress)
+{
+    MeshArrays arrays = copyArrays(tool, Frame::World, progress);
+    requireFinite(arrays, "The tool");
+    if (hasFlatTriangle(arrays))
+        arrays = withoutFlatTriangles(arrays, progress);
+    if (!doesOverlapItself(arrays, progress))
+        return arrays;
+    Exact::CombinedSolids united = Exact::combine({}, arrays, {.united = true}, progress);
+    // A tool that is open somewhere is taken as it is.
+    return united.united ? std::move(*united.united) : arrays;
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/exact/ExactWinding.h"
+
+#include <iterator>
+#include <random>
+
+ExactWinding::ExactWinding(MeshArrays const& mesh, StageProgress& progress)
+{
+    std::vector<Point> points;
+    points.reserve(mesh.points.size());
+    for (MeshArrays::Point const& p : mesh.points)
+        points.emplace_back(p.X(), p.Y(), p.Z());
+    m_triangles.reserve(mesh.triangles.size());
+    for (MeshArrays::Corners const& c : mesh.triangles) {
+        if (m_triangles.size() % 4096 == 0)
+            progress.add(0);
+        m_triangles.emplace_back(points[c[0]], points[c[1]], points[c[2]]);
+    }
+    m_tree.insert(m_triangles.cbegin(), m_triangles.cend());
+}
+
+ExactWinding::Triangle const* ExactWinding::triangleAt(Point const& point) const
+{
+    auto const found = m_tree.any_intersected_primitive(point);
+    return found ? &**found : nullptr;
+}
+
+/// Counts the crossings of a ray by their direction. Returns false where the ray meets an edge.
+bool ExactWinding::tryDirection(Point const& point, Vector const& direction, int& winding) const
+{
+    Point const far = point + direction;
+    std::vector<Tree::Primitive_id> crossed;
+    m_tree.all_intersected_primitives(ExactKernel::Ray_3(point, far), std::back_inserter(crossed));
+    winding = 0;
+    for (auto const& place : crossed) {
+        Triangle const& t = *place;
+        if (t.has_on(point))
+            continue;
+        int sum = 0;
+        for (int k = 0; k < 3; ++k) {
+            auto const side = CGAL::orientation(point, far, t[k], t[k + 1]);
+            if (side == CGAL::COPLANAR)
+                return false;
+            sum += side == CGAL::POSITIVE ? 1 : -1;
+        }
+        // Seen along the ray, a triangle that runs clockwise is left by its front.
+        winding += sum > 0 ? 1 : -1;
+    }
+    return true;
+}
+
+int ExactWinding::beside(Point const& point, Vector const& side, StageProgress& progress) const
+{
+    // The ray may go anywhere on the right side; directions of full doubles avoid edges.
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> coordinate(-1, 1);
+    int winding = 0;
+    for (;;) {
+        progress.add(0);
+        double const x = coordinate(random), y = coordinate(random), z = coordinate(random);
+        Vector direction(x, y, z);
+        auto const facing = CGAL::sign(direction * side);
+        if (facing == CGAL::ZERO)
+            continue;
+        if (facing == CGAL::NEGATIVE)
+            direction = -direction;
+        if (tryDirection(point, direction, winding))
+            return winding;
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// For the sources of this folder only: it shows CGAL's types.
+
+#include "host/services/exact/ExactSurface.h"
+
+#include <CGAL/AABB_traits.h>
+#include <CGAL/AABB_tree.h>
+#include <CGAL/AABB_triangle_primitive.h>
+
+#include <vector>
+
+/// How many times a mesh winds around exact points.
+class ExactWinding
+{
+public:
+    using Point = ExactKernel::Point_3;
+    using Vector = ExactKernel::Vector_3;
+    using Triangle = ExactKernel::Triangle_3;
+
+    /// cost  one pass over the triangles, and n log n at the first question
+    ExactWinding(MeshArrays const& mesh, StageProgress& progress);
+
+    /// The winding number on the side of a point to which a vector shows. Triangles that contain
+    /// the point are left out: it is asked for a point in the inner of a face, and `side` is on the
+    /// front of these triangles or on their back.
+    int beside(Point const& point, Vector const& side, StageProgress& progress) const;
+
+    /// A triangle that contains the point, or null.
+    Triangle const* triangleAt(Point const& point) const;
+
+private:
+    using Triangles = std::vector<Triangle>;
+    using Primitive = CGAL::AABB_triangle_primitive<ExactKernel, Triangles::const_iterator>;
+    using Tree = CGAL::AABB_tree<CGAL::AABB_traits<ExactKernel, Primitive>>;
+
+    bool tryDirection(Point const& point, Vector const& direction, int& winding) const;
+
+    Triangles m_triangles;
+    Tree m_tree;
+};
