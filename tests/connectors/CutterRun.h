@@ -25,7 +25,7 @@ Pieces cutWith(Paras const& paras, Soup const& soup, Freecut::PlaneGraphicObject
     cutter.execute({});
     auto const& pieces = cutter.getResult().at(part);
     if (pieces.size() != 2)
-        throw std::runtime_error("not two pieces");
+        throw std::runtime_error("The cut left " + std::to_string(pieces.size()) + " pieces.");
     return {soupOf(*pieces[0]), soupOf(*pieces[1])};
 }
 

@@ -108,7 +108,8 @@ TEST(SectionSampling, EachFaceIsDividedByItsOwnWidth)
         double& length = longest[section.points[a].X() > 45];
         length = std::max(length, double((section.points[a] - section.points[b]).GetLength()));
     }
-    EXPECT_NEAR(longest[0], 5, 0.1);
+    // The side is parted where the wall's diagonal is cut, 24 mm along.
+    EXPECT_NEAR(longest[0], 24.0 / 5, 1e-3);
     EXPECT_LE(longest[1], 800.0 / 208 / 4 + 1e-4);
 }
 
