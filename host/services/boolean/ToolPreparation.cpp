@@ -18,9 +18,9 @@ using Corners = MeshArrays::Corners;
 
 /// Larger tools are only searched where shells that are not convex, or come near others, are.
 constexpr std::size_t thoroughLimit = 64;
-/// How far a corner may stand out of the plane of the triangle beside it, for its distance from
-/// there, and the shell still count as convex: what rounding makes of flat sides.
-constexpr double allowedDent = 1e-5;
+/// How far a corner may stand out of the plane of the triangle beside it, for the size of its
+/// coordinates, and the shell still count as convex: what rounding to float makes of flat sides.
+constexpr double allowedDent = 0x1p-20;
 
 /// The triangles of a tool by shells, which are triangles that share vertices.
 class ToolShells
@@ -142,7 +142,9 @@ private:
         ExactSigns::Offset const w(m_tool.points[a.low], m_tool.points[b.apex]);
         UVector3<double> const offset(w.x, w.y, w.z);
         double const height = (n | offset) / n.GetLength();
-        double const dent = allowedDent * offset.GetLength();
+        UPoint3<float> const& apex = m_tool.points[b.apex];
+        double const dent =
+            allowedDent * std::max({std::abs(apex[0]), std::abs(apex[1]), std::abs(apex[2])});
         // Flat is fine, folded back on itself is not.
         return height < -dent || (height <= dent && (n | m) > 0);
     }
