@@ -171,6 +171,8 @@ private:
 
 std::vector<Point> distributeAlongLines(std::vector<std::vector<Point>> const& lines, float spacing)
 {
+    if (!(spacing > 0))
+        return {};
     LineDistributor distributor(spacing);
     for (std::vector<Point> const& line : lines)
         distributor.walk(line);

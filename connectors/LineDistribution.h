@@ -10,6 +10,7 @@
 /// each line it goes from a point to the next place that is free.
 ///
 /// lines    may repeat points
+/// spacing  above zero; otherwise nothing is placed
 /// returns  in order of placing; the order of the lines decides who stands where
 /// cost     each segment is measured against each point placed
 std::vector<UPoint3<float>> distributeAlongLines(

@@ -21,7 +21,7 @@ constexpr double overlapMm = 0.01;
 int segmentsOf(double fullAngle, double angle)
 {
     double const whole = std::trunc(fullAngle / angle) + 1;
-    return int(std::min(whole, double(mostSegments)));
+    return int(std::min(double(mostSegments), whole));
 }
 
 /// One cylinder within a mesh.

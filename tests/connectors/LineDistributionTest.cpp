@@ -116,6 +116,12 @@ TEST(LineDistribution, NoLinesGiveNoPoints)
     EXPECT_TRUE(distributeAlongLines({{}}, 6).empty());
 }
 
+TEST(LineDistribution, WithoutSpacingNothingIsPlaced)
+{
+    EXPECT_TRUE(distributeAlongLines({{{0, 0, 0}, {9, 0, 0}}}, 0).empty());
+    EXPECT_TRUE(distributeAlongLines({{{0, 0, 0}, {9, 0, 0}}}, -1).empty());
+}
+
 TEST(LineDistribution, ALineCloseToAnEarlierOneStaysBare)
 {
     // Between neighbours on the first line there is no room either.

@@ -75,6 +75,24 @@ void expectRadius(Soup const& soup, UPoint3<float> const& centre, float z, float
     EXPECT_GE(found, 60);
 }
 
+/// A block that is lower where x is above 0.
+Soup stepped(float height)
+{
+    // Drawn as a front view and set upright: (x, y, z) becomes (x, -z, y).
+    float const values[16] = {1, 0, 0, 0, 0, 0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1};
+    Ring const view{{-20, -20}, {20, -20}, {20, height}, {0, height}, {0, 20}, {-20, 20}};
+    return moved(prism({view}, -20, 20), UMatrix4<float>(values));
+}
+
+float topBeyondStep(Soup const& soup)
+{
+    float top = -100;
+    for (auto const& p : soup.points)
+        if (p.X() > 0.5f)
+            top = std::max(top, p.Z());
+    return top;
+}
+
 }  // namespace
 
 TEST(PinHoleCutter, PinsAndHolesKeepTheClearances)
@@ -148,20 +166,20 @@ TEST(PinHoleCutter, CommonSectionsGetPinsThatFit)
 TEST(PinHoleCutter, APinIsTrimmedToThePart)
 {
     // Half of the part ends 2 mm above the plane, less than a pin is high.
-    Soup const stepped =
-        moved(prism({{{-20, -20}, {20, -20}, {20, 2}, {0, 2}, {0, 20}, {-20, 20}}}, -20, 20),
-              // Front view becomes upright: (x, y, z) to (x, z, y), turned to stay a solid.
-              [] {
-                  float const values[16] = {1, 0, 0, 0, 0, 0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1};
-                  return UMatrix4<float>(values);
-              }());
-    Pieces const pieces = cutPins(paras(true, 0.2f), stepped);
+    Pieces const pieces = cutPins(paras(true, 0.2f), stepped(2));
     expectClosed(pieces);
-    float top = 0;
-    for (auto const& p : pieces.lower.points)
-        if (p.X() > 0.5f)
-            top = std::max(top, p.Z());
-    EXPECT_NEAR(top, 2, 1e-4f);
+    EXPECT_NEAR(topBeyondStep(pieces.lower), 2, 1e-4f);
+    EXPECT_EQ(commonVolume(pieces.lower, pieces.upper), 0);
+}
+
+TEST(PinHoleCutter, WhereTheUpperHalfHasNoMaterialThePinEndsWithThePart)
+{
+    // Half of the part ends within the gap between the faces.
+    Pieces const pieces = cutPins(paras(true, 0.2f), stepped(0.1f));
+    expectClosed(pieces);
+    EXPECT_NEAR(topBeyondStep(pieces.lower), 0.1f, 1e-4f);
+    for (auto const& p : pieces.upper.points)
+        EXPECT_LE(p.X(), 1e-4f);
     EXPECT_EQ(commonVolume(pieces.lower, pieces.upper), 0);
 }
 
