@@ -205,7 +205,7 @@ void CurveNetwork::findFinerEdges(FaceFaults& faults) const
                     return -1;
                 return std::find(chain.begin(), chain.end(), point) - chain.begin();
             };
-            auto const [a, b] = std::minmax(placeOf(s.from), placeOf(s.to));
+            auto const [a, b] = std::minmax({placeOf(s.from), placeOf(s.to)});
             for (std::ptrdiff_t i = a + 1; i < b && i < std::ptrdiff_t(chain.size()); ++i)
                 faults.breaks.push_back({undirected(s.from, s.to), chain[std::size_t(i)]});
         }
