@@ -45,12 +45,13 @@ FaceSegment undirected(std::uint32_t a, std::uint32_t b)
 bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgress& progress)
 {
     markTouched(contacts);
-    addContacts(contacts);
-    progress.add(0);
+    addContacts(contacts, progress);
     for (int round = 0; round < maximalRounds; ++round) {
         FaceFaults faults;
         spread();
+        progress.add(0);
         sortAlongEdges();
+        progress.add(0);
         findFinerEdges(faults);
         if (!divide(faults, progress))
             return false;
@@ -74,9 +75,11 @@ void CurveNetwork::markTouched(std::vector<TrianglePair> const& contacts)
         }
 }
 
-void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts)
+void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress)
 {
     for (TrianglePair const& pair : contacts) {
+        if ((&pair - contacts.data()) % 4096 == 0)
+            progress.add(0);
         if (pair.contact.count == 2)
             addSegment(pair);
         if (pair.contact.count != 1)

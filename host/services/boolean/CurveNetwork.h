@@ -76,7 +76,7 @@ private:
     using FacePoint = std::pair<std::uint32_t, std::uint32_t>;
     using SegmentInFace = std::pair<std::uint32_t, FaceSegment>;
 
-    void addContacts(std::vector<TrianglePair> const& contacts);
+    void addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress);
     void addSegment(TrianglePair const& pair);
     void markTouched(std::vector<TrianglePair> const& contacts);
     void spread();

@@ -128,11 +128,9 @@ void FaceTriangulation::begin(Face const& face)
 {
     chooseView(face.triangle);
     m_places.clear();
-    m_facets.clear();
-    m_facetAt.assign(3, 0);
     for (int k = 0; k < 3; ++k)
         m_places.push_back(placeOf(face.corners[std::size_t(k)], 1u << k | 1u << previous(k)));
-    m_facets.push_back({{0, 1, 2}, {none, none, none}, {none, none, none}});
+    m_mesh.begin();
     m_last = 0;
 }
 
@@ -142,15 +140,15 @@ bool FaceTriangulation::addEdgePoints(Face const& face, int side)
     auto const& numbers = face.onEdges[std::size_t(side)];
     if (numbers.empty())
         return true;
-    Edge edge = findEdge(side, next(side));
+    Edge edge = m_mesh.findEdge(side, next(side));
     if (edge.facet == none)
         return false;
     for (std::uint32_t const number : numbers) {
         int const point = int(m_places.size());
         m_places.push_back(placeOf(number, 1u << side));
-        m_facetAt.push_back(0);
-        int const right = int(m_facets.size());
-        splitEdge(edge, point);
+        m_mesh.addPoint();
+        int const right = int(m_mesh.facets().size());
+        m_mesh.splitEdge(edge, point);
         edge = {right, 0};
     }
     return true;
@@ -160,27 +158,27 @@ bool FaceTriangulation::addInnerPoint(std::uint32_t number)
 {
     int const point = int(m_places.size());
     m_places.push_back(placeOf(number, 0));
-    m_facetAt.push_back(0);
+    m_mesh.addPoint();
     int facet = m_last;
     int edge = none;
     if (!locate(point, facet, edge))
         return false;
     m_last = facet;
     if (edge == none)
-        splitFacet(facet, point);
-    else if (m_facets[std::size_t(facet)].neighbours[std::size_t(edge)] == none)
+        m_mesh.splitFacet(facet, point);
+    else if (m_mesh.facet(facet).neighbours[std::size_t(edge)] == none)
         return false;
     else
-        splitEdge({facet, edge}, point);
+        m_mesh.splitEdge({facet, edge}, point);
     return true;
 }
 
 /// Walks to the facet in which a point lies, and to the edge if it lies on one.
 bool FaceTriangulation::locate(int point, int& facet, int& edge)
 {
-    std::size_t const limit = 2 * m_facets.size() + 16;
+    std::size_t const limit = 2 * m_mesh.facets().size() + 16;
     for (std::size_t step = 0; step < limit; ++step) {
-        Facet const& f = m_facets[std::size_t(facet)];
+        Facet const& f = m_mesh.facet(facet);
         int zeros = 0;
         int leave = none;
         edge = none;
@@ -202,83 +200,6 @@ bool FaceTriangulation::locate(int point, int& facet, int& edge)
             return false;
     }
     return false;
-}
-
-void FaceTriangulation::setFacet(int facet, std::array<int, 3> corners)
-{
-    m_facets[std::size_t(facet)].corners = corners;
-    for (int const c : corners)
-        m_facetAt[std::size_t(c)] = facet;
-}
-
-/// Links an edge of a facet with a neighbour, which is told where it runs along this edge.
-void FaceTriangulation::link(int facet, int index, int neighbour, int segment)
-{
-    Facet& f = m_facets[std::size_t(facet)];
-    f.neighbours[std::size_t(index)] = neighbour;
-    f.segments[std::size_t(index)] = segment;
-    if (neighbour == none)
-        return;
-    Facet& g = m_facets[std::size_t(neighbour)];
-    int const to = f.corners[std::size_t(next(index))];
-    for (std::size_t k = 0; k < 3; ++k)
-        if (g.corners[k] == to &&
-            g.corners[std::size_t(next(int(k)))] == f.corners[std::size_t(index)]) {
-            g.neighbours[k] = facet;
-            g.segments[k] = segment;
-        }
-}
-
-void FaceTriangulation::splitFacet(int facet, int point)
-{
-    Facet const old = m_facets[std::size_t(facet)];
-    int const second = int(m_facets.size());
-    int const third = second + 1;
-    m_facets.resize(m_facets.size() + 2);
-    setFacet(facet, {old.corners[0], old.corners[1], point});
-    setFacet(second, {old.corners[1], old.corners[2], point});
-    setFacet(third, {old.corners[2], old.corners[0], point});
-    link(facet, 0, old.neighbours[0], old.segments[0]);
-    link(second, 0, old.neighbours[1], old.segments[1]);
-    link(third, 0, old.neighbours[2], old.segments[2]);
-    link(facet, 1, second, none);
-    link(second, 1, third, none);
-    link(third, 1, facet, none);
-}
-
-/// Splits an edge and the facets at it. The facet at the edge keeps its first half; the new facet
-/// at the second half has it as its first edge.
-void FaceTriangulation::splitEdge(Edge edge, int point)
-{
-    Facet const f = m_facets[std::size_t(edge.facet)];
-    std::size_t const i = std::size_t(edge.index);
-    std::size_t const j = std::size_t(next(edge.index)), k = std::size_t(previous(edge.index));
-    int const from = f.corners[i], to = f.corners[j], apex = f.corners[k];
-    Edge const across = opposite(edge);
-    int const half = int(m_facets.size());
-    m_facets.resize(m_facets.size() + (across.facet == none ? 1 : 2));
-    setFacet(edge.facet, {from, point, apex});
-    setFacet(half, {point, to, apex});
-    link(edge.facet, 2, f.neighbours[k], f.segments[k]);
-    link(half, 1, f.neighbours[j], f.segments[j]);
-    link(edge.facet, 1, half, none);
-    link(edge.facet, 0, none, f.segments[i]);
-    link(half, 0, none, f.segments[i]);
-    if (across.facet == none)
-        return;
-    Facet const g = m_facets[std::size_t(across.facet)];
-    std::size_t const gi = std::size_t(across.index);
-    std::size_t const gj = std::size_t(next(across.index)),
-                      gk = std::size_t(previous(across.index));
-    int const otherApex = g.corners[gk];
-    int const otherHalf = half + 1;
-    setFacet(across.facet, {to, point, otherApex});
-    setFacet(otherHalf, {point, from, otherApex});
-    link(across.facet, 2, g.neighbours[gk], g.segments[gk]);
-    link(otherHalf, 1, g.neighbours[gj], g.segments[gj]);
-    link(across.facet, 1, otherHalf, none);
-    link(across.facet, 0, half, g.segments[gi]);
-    link(otherHalf, 0, edge.facet, g.segments[gi]);
 }
 
 int FaceTriangulation::localOf(std::uint32_t number) const
@@ -304,26 +225,26 @@ int FaceTriangulation::addStretch(int from, int to, int segment, Face const& fac
                                   FaceFaults& faults)
 {
     // Round the point: anticlockwise to a side of the face, then clockwise from the start.
-    int facet = m_facetAt[std::size_t(from)];
+    int facet = m_mesh.facetAt(from);
     int const start = facet;
     bool isClockwise = false;
     while (facet != none) {
-        Facet const& f = m_facets[std::size_t(facet)];
+        Facet const& f = m_mesh.facet(facet);
         int k = 0;
         while (f.corners[std::size_t(k)] != from)
             ++k;
         int const p = f.corners[std::size_t(next(k))], q = f.corners[std::size_t(previous(k))];
         if (p == to || q == to) {
-            fix({facet, p == to ? k : previous(k)}, segment);
+            m_mesh.fix({facet, p == to ? k : previous(k)}, segment);
             return to;
         }
         int const pSide = orient(from, to, p), qSide = orient(from, to, q);
         if (pSide == 0 && qSide > 0) {
-            fix({facet, k}, segment);
+            m_mesh.fix({facet, k}, segment);
             return p;
         }
         if (qSide == 0 && pSide < 0) {
-            fix({facet, previous(k)}, segment);
+            m_mesh.fix({facet, previous(k)}, segment);
             return q;
         }
         if (pSide < 0 && qSide > 0) {
@@ -331,13 +252,13 @@ int FaceTriangulation::addStretch(int from, int to, int segment, Face const& fac
             if (!crossedEdges({facet, next(k)}, from, reached, segment, face, faults) ||
                 !flipAway(from, reached))
                 return none;
-            fix(findEdge(from, reached), segment);
+            m_mesh.fix(m_mesh.findEdge(from, reached), segment);
             return reached;
         }
         facet = f.neighbours[std::size_t(isClockwise ? k : previous(k))];
         if (facet == none && !isClockwise) {
             isClockwise = true;
-            Facet const& first = m_facets[std::size_t(start)];
+            Facet const& first = m_mesh.facet(start);
             int j = 0;
             while (first.corners[std::size_t(j)] != from)
                 ++j;
@@ -355,7 +276,7 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
 {
     m_crossed.clear();
     for (;;) {
-        Facet const& f = m_facets[std::size_t(edge.facet)];
+        Facet const& f = m_mesh.facet(edge.facet);
         int const inTheWay = f.segments[std::size_t(edge.index)];
         if (inTheWay != none) {
             faults.crossings.push_back({face.triangle, face.segments[std::size_t(segment)],
@@ -365,11 +286,10 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
         int const p = f.corners[std::size_t(edge.index)];
         int const q = f.corners[std::size_t(next(edge.index))];
         m_crossed.emplace_back(p, q);
-        Edge const across = opposite(edge);
+        Edge const across = m_mesh.opposite(edge);
         if (across.facet == none)
             return false;
-        int const apex =
-            m_facets[std::size_t(across.facet)].corners[std::size_t(previous(across.index))];
+        int const apex = m_mesh.facet(across.facet).corners[std::size_t(previous(across.index))];
         if (apex == to)
             return true;
         int const side = orient(from, to, apex);
@@ -391,18 +311,17 @@ bool FaceTriangulation::flipAway(int from, int to)
         if (i > limit)
             return false;
         auto const [p, q] = m_crossed[i];
-        Edge const edge = findEdge(p, q);
+        Edge const edge = m_mesh.findEdge(p, q);
         if (edge.facet == none)
             return false;
         if (!isConvex(edge)) {
             m_crossed.emplace_back(p, q);
             continue;
         }
-        Edge const across = opposite(edge);
-        int const a = m_facets[std::size_t(edge.facet)].corners[std::size_t(previous(edge.index))];
-        int const b =
-            m_facets[std::size_t(across.facet)].corners[std::size_t(previous(across.index))];
-        flip(edge);
+        Edge const across = m_mesh.opposite(edge);
+        int const a = m_mesh.facet(edge.facet).corners[std::size_t(previous(edge.index))];
+        int const b = m_mesh.facet(across.facet).corners[std::size_t(previous(across.index))];
+        m_mesh.flip(edge);
         if (a == from || a == to || b == from || b == to)
             continue;
         if (orient(from, to, a) != orient(from, to, b))
@@ -411,106 +330,41 @@ bool FaceTriangulation::flipAway(int from, int to)
     return true;
 }
 
-FaceTriangulation::Edge FaceTriangulation::opposite(Edge edge) const
-{
-    Facet const& f = m_facets[std::size_t(edge.facet)];
-    int const neighbour = f.neighbours[std::size_t(edge.index)];
-    if (neighbour == none)
-        return {none, none};
-    Facet const& g = m_facets[std::size_t(neighbour)];
-    int const to = f.corners[std::size_t(next(edge.index))];
-    int k = 0;
-    while (g.corners[std::size_t(k)] != to)
-        ++k;
-    return {neighbour, k};
-}
-
-/// The edge between two points, from either side.
-FaceTriangulation::Edge FaceTriangulation::findEdge(int from, int to) const
-{
-    int const start = m_facetAt[std::size_t(from)];
-    for (bool const isClockwise : {false, true}) {
-        int facet = start;
-        do {
-            Facet const& f = m_facets[std::size_t(facet)];
-            int k = 0;
-            while (f.corners[std::size_t(k)] != from)
-                ++k;
-            if (f.corners[std::size_t(next(k))] == to)
-                return {facet, k};
-            if (f.corners[std::size_t(previous(k))] == to)
-                return {facet, previous(k)};
-            facet = f.neighbours[std::size_t(isClockwise ? k : previous(k))];
-        } while (facet != none && facet != start);
-    }
-    return {none, none};
-}
-
-void FaceTriangulation::fix(Edge edge, int segment)
-{
-    if (edge.facet == none)
-        return;
-    Edge const across = opposite(edge);
-    m_facets[std::size_t(edge.facet)].segments[std::size_t(edge.index)] = segment;
-    if (across.facet != none)
-        m_facets[std::size_t(across.facet)].segments[std::size_t(across.index)] = segment;
-}
-
 /// Whether the two facets at an edge form a strictly convex quadrilateral.
 bool FaceTriangulation::isConvex(Edge edge) const
 {
-    Edge const across = opposite(edge);
-    Facet const& f = m_facets[std::size_t(edge.facet)];
-    Facet const& g = m_facets[std::size_t(across.facet)];
+    Edge const across = m_mesh.opposite(edge);
+    Facet const& f = m_mesh.facet(edge.facet);
+    Facet const& g = m_mesh.facet(across.facet);
     int const a = f.corners[std::size_t(edge.index)], b = f.corners[std::size_t(next(edge.index))];
     int const c = f.corners[std::size_t(previous(edge.index))];
     int const d = g.corners[std::size_t(previous(across.index))];
     return orient(a, d, c) > 0 && orient(d, b, c) > 0;
 }
 
-void FaceTriangulation::flip(Edge edge)
-{
-    Edge const across = opposite(edge);
-    Facet const f = m_facets[std::size_t(edge.facet)];
-    Facet const g = m_facets[std::size_t(across.facet)];
-    std::size_t const i = std::size_t(edge.index), j = std::size_t(next(edge.index)),
-                      k = std::size_t(previous(edge.index));
-    std::size_t const gj = std::size_t(next(across.index)),
-                      gk = std::size_t(previous(across.index));
-    int const a = f.corners[i], b = f.corners[j], c = f.corners[k], d = g.corners[gk];
-    setFacet(edge.facet, {a, d, c});
-    setFacet(across.facet, {d, b, c});
-    link(edge.facet, 0, g.neighbours[gj], g.segments[gj]);
-    link(edge.facet, 2, f.neighbours[k], f.segments[k]);
-    link(across.facet, 0, g.neighbours[gk], g.segments[gk]);
-    link(across.facet, 1, f.neighbours[j], f.segments[j]);
-    link(edge.facet, 1, across.facet, none);
-}
-
 /// Flips edges that are no segments until the facets are as little acute as can be.
 void FaceTriangulation::improve()
 {
     m_stack.clear();
-    for (int f = 0; f < int(m_facets.size()); ++f)
+    for (int f = 0; f < int(m_mesh.facets().size()); ++f)
         for (int k = 0; k < 3; ++k)
-            if (m_facets[std::size_t(f)].neighbours[std::size_t(k)] > f)
+            if (m_mesh.facet(f).neighbours[std::size_t(k)] > f)
                 m_stack.push_back({f, k});
     std::size_t flips = 0;
-    std::size_t const limit = 64 + 32 * m_facets.size();
+    std::size_t const limit = 64 + 32 * m_mesh.facets().size();
     while (!m_stack.empty() && flips < limit) {
         Edge const edge = m_stack.back();
         m_stack.pop_back();
-        Facet const& f = m_facets[std::size_t(edge.facet)];
+        Facet const& f = m_mesh.facet(edge.facet);
         if (f.segments[std::size_t(edge.index)] != none)
             continue;
-        Edge const across = opposite(edge);
+        Edge const across = m_mesh.opposite(edge);
         if (across.facet == none)
             continue;
-        int const d =
-            m_facets[std::size_t(across.facet)].corners[std::size_t(previous(across.index))];
+        int const d = m_mesh.facet(across.facet).corners[std::size_t(previous(across.index))];
         if (!isInCircle(f.corners[0], f.corners[1], f.corners[2], d) || !isConvex(edge))
             continue;
-        flip(edge);
+        m_mesh.flip(edge);
         ++flips;
         m_stack.push_back({edge.facet, 0});
         m_stack.push_back({edge.facet, 2});
@@ -522,14 +376,14 @@ void FaceTriangulation::improve()
 void FaceTriangulation::write(std::uint32_t triangle, Facets& facets)
 {
     int regions = 0;
-    m_regions.assign(m_facets.size(), none);
-    for (std::size_t seed = 0; seed < m_facets.size(); ++seed) {
+    m_regions.assign(m_mesh.facets().size(), none);
+    for (std::size_t seed = 0; seed < m_mesh.facets().size(); ++seed) {
         if (m_regions[seed] != none)
             continue;
         m_regions[seed] = regions;
         m_stack.assign(1, {int(seed), 0});
         while (!m_stack.empty()) {
-            Facet const& f = m_facets[std::size_t(m_stack.back().facet)];
+            Facet const& f = m_mesh.facet(m_stack.back().facet);
             m_stack.pop_back();
             for (std::size_t k = 0; k < 3; ++k) {
                 int const neighbour = f.neighbours[k];
@@ -544,8 +398,8 @@ void FaceTriangulation::write(std::uint32_t triangle, Facets& facets)
     }
     std::uint32_t const firstRegion = facets.ends.empty() ? 0 : facets.ends.back().regions;
     std::size_t const firstBorder = facets.borders.size();
-    for (std::size_t i = 0; i < m_facets.size(); ++i) {
-        Facet const& f = m_facets[i];
+    for (std::size_t i = 0; i < m_mesh.facets().size(); ++i) {
+        Facet const& f = m_mesh.facets()[i];
         std::uint32_t const region = firstRegion + std::uint32_t(m_regions[i]);
         MeshArrays::Corners corners;
         for (std::size_t k = 0; k < 3; ++k)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/services/boolean/CurvePoints.h"
+#include "host/services/boolean/FaceMesh.h"
 
 #include <array>
 #include <cstdint>
@@ -98,7 +99,7 @@ public:
     bool divide(Face const& face, Facets& facets, FaceFaults& faults);
 
 private:
-    static constexpr int none = -1;
+    static constexpr int none = FaceMesh::none;
 
     /// A point of the face in two of its coordinates, such that the face runs anticlockwise.
     struct Place
@@ -109,18 +110,8 @@ private:
         /// Bit k: lies on side k of the face.
         unsigned sides;
     };
-    /// Edge i joins corner i and the next one.
-    struct Facet
-    {
-        std::array<int, 3> corners;
-        std::array<int, 3> neighbours;
-        std::array<int, 3> segments;
-    };
-    struct Edge
-    {
-        int facet;
-        int index;
-    };
+    using Facet = FaceMesh::Facet;
+    using Edge = FaceMesh::Edge;
 
     void chooseView(std::uint32_t triangle);
     Place placeOf(std::uint32_t number, unsigned sides) const;
@@ -132,8 +123,6 @@ private:
     bool addEdgePoints(Face const& face, int side);
     bool addInnerPoint(std::uint32_t number);
     bool locate(int point, int& facet, int& edge);
-    void splitFacet(int facet, int point);
-    void splitEdge(Edge edge, int point);
 
     int localOf(std::uint32_t number) const;
     void addSegment(int index, FaceSegment const& segment, Face const& face, FaceFaults& faults);
@@ -144,13 +133,7 @@ private:
                       FaceFaults& faults);
     bool flipAway(int from, int to);
 
-    Edge findEdge(int from, int to) const;
-    void fix(Edge edge, int segment);
-    void setFacet(int facet, std::array<int, 3> corners);
-    void link(int facet, int index, int neighbour, int segment);
-    void flip(Edge edge);
     bool isConvex(Edge edge) const;
-    Edge opposite(Edge edge) const;
     void improve();
     void write(std::uint32_t triangle, Facets& facets);
 
@@ -160,8 +143,7 @@ private:
     bool m_isTurned = false;
     std::vector<Place> m_places;
     std::vector<std::pair<std::uint32_t, int>> m_locals;
-    std::vector<Facet> m_facets;
-    std::vector<int> m_facetAt;
+    FaceMesh m_mesh;
     std::vector<Edge> m_stack;
     std::vector<std::pair<int, int>> m_crossed;
     std::vector<int> m_regions;

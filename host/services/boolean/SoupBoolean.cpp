@@ -9,10 +9,14 @@ SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
                                           std::vector<std::int8_t> const& known,
                                           WindingNumbers const& winding, StageProgress& progress)
 {
+    if (!m_network.build(findContacts(m_soup, grid, progress), progress))
+        return Outcome::contradiction;
+    progress.add(0);
     SideSeeds seeds;
-    if (!m_network.build(findContacts(m_soup, grid, progress), progress) ||
-        !findSideSeeds(m_soup, m_network, seeds) ||
-        !labelSides(m_soup, m_network, seeds, known, winding, m_labels))
+    if (!findSideSeeds(m_soup, m_network, seeds))
+        return Outcome::contradiction;
+    progress.add(0);
+    if (!labelSides(m_soup, m_network, seeds, known, winding, m_labels))
         return Outcome::contradiction;
     progress.add(0);
     m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);

@@ -18,9 +18,9 @@ using Corners = MeshArrays::Corners;
 
 /// Larger tools are only searched where shells that are not convex, or come near others, are.
 constexpr std::size_t thoroughLimit = 64;
-/// How far a corner may stand out of the plane of the triangle beside it, for its distance from
-/// there, and the shell still count as convex: what rounding makes of flat sides.
-constexpr double allowedDent = 1e-5;
+/// How far a corner may stand out of the plane of the triangle beside it, for the size of its
+/// coordinates, and the shell still count as convex: what rounding to float makes of flat sides.
+constexpr double allowedDent = 0x1p-20;
 
 /// The triangles of a tool by shells, which are triangles that share vertices.
 class ToolShells
@@ -51,13 +51,15 @@ public:
     /// The triangles that may meet others of their own shell or of another one.
     MeshArrays suspects()
     {
-        markNearOnes();
+        findOverlaps();
         MeshArrays arrays;
         arrays.points = m_tool.points;
-        for (Shell const& shell : m_shells)
-            if (shell.isNearOthers || !isConvex(shell))
-                for (std::uint32_t const t : shell.triangles)
+        for (Shell const& shell : m_shells) {
+            bool const isSafe = isConvex(shell);
+            for (std::uint32_t const t : shell.triangles)
+                if (!isSafe || isNearOthers(shell, t))
                     arrays.triangles.push_back(m_tool.triangles[t]);
+        }
         return arrays;
     }
 
@@ -68,10 +70,22 @@ private:
     {
         std::vector<std::uint32_t> triangles;
         Box box;
-        bool isNearOthers = false;
+        /// Where other shells' boxes overlap it.
+        std::vector<Box> overlaps;
     };
 
-    void markNearOnes()
+    bool isNearOthers(Shell const& shell, std::uint32_t triangle) const
+    {
+        Box box;
+        for (int k = 0; k < 3; ++k) {
+            UPoint3<float> const& p = m_tool.point(triangle, k);
+            box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        }
+        return std::any_of(shell.overlaps.begin(), shell.overlaps.end(),
+                           [&](Box const& overlap) { return overlap.overlaps(box); });
+    }
+
+    void findOverlaps()
     {
         std::vector<Shell*> order;
         for (Shell& shell : m_shells)
@@ -81,8 +95,15 @@ private:
         for (std::size_t i = 0; i < order.size(); ++i)
             for (std::size_t j = i + 1;
                  j < order.size() && order[j]->box.low[0] <= order[i]->box.high[0]; ++j)
-                if (order[i]->box.overlaps(order[j]->box))
-                    order[i]->isNearOthers = order[j]->isNearOthers = true;
+                if (order[i]->box.overlaps(order[j]->box)) {
+                    Box common;
+                    for (std::size_t k = 0; k < 4; ++k) {
+                        common.low[k] = std::max(order[i]->box.low[k], order[j]->box.low[k]);
+                        common.high[k] = std::min(order[i]->box.high[k], order[j]->box.high[k]);
+                    }
+                    order[i]->overlaps.push_back(common);
+                    order[j]->overlaps.push_back(common);
+                }
     }
 
     struct EdgeUse
@@ -121,7 +142,9 @@ private:
         ExactSigns::Offset const w(m_tool.points[a.low], m_tool.points[b.apex]);
         UVector3<double> const offset(w.x, w.y, w.z);
         double const height = (n | offset) / n.GetLength();
-        double const dent = allowedDent * offset.GetLength();
+        UPoint3<float> const& apex = m_tool.points[b.apex];
+        double const dent =
+            allowedDent * std::max({std::abs(apex[0]), std::abs(apex[1]), std::abs(apex[2])});
         // Flat is fine, folded back on itself is not.
         return height < -dent || (height <= dent && (n | m) > 0);
     }
