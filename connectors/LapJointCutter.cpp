@@ -43,7 +43,8 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun const& part, PlaneFrame 
         return {};
     std::vector<MeshKernel> tongue = createNotchMesh(contours, frame, basePlane, true);
     std::vector<MeshKernel> notch = createNotchMesh(contours, frame, basePlane, false);
-    if (tongue.empty())
+    // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
+    if (tongue.empty() || notch.empty())
         return {};
     return applyLapJoint(part, tongue, notch);
 }
