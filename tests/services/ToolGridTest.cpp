@@ -120,10 +120,9 @@ TEST(ToolGrid, ClearCellsAreInsideWhereTheWindingNumberIsAboveZero)
 TEST(ToolGrid, VerticesOfTheToolLieInTouchedCells)
 {
     forGrids(4, [&](ToolGrid const& grid, Box const& part, Chance&) {
-    for (Point const& p : grid.tool().mesh().points)
-        if (part.overlaps(boxOf(p))) {
-            ASSERT_EQ(grid.stateAt(grid.placeOf(p)), State::touched);
-        }
+        for (Point const& p : grid.tool().mesh().points)
+            if (part.overlaps(boxOf(p))) {
+                ASSERT_EQ(grid.stateAt(grid.placeOf(p)), State::touched);
             }
     });
 }
