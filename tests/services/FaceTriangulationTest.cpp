@@ -180,6 +180,22 @@ TEST(FaceTriangulation, PointOnASegmentIsTold)
     expectFaultsAreTrue(face);
 }
 
+TEST(FaceTriangulation, VertexAtAPointOfAnEdgeIsTheSamePoint)
+{
+    // The first ends with an edge through (2, 2, 0), where the second has a vertex.
+    WholeTriangle const through = wall(1, 1, 2, 2);
+    WholeTriangle const standing{WholePoint{{2, 2, 0}}, WholePoint{{4, 1, 0}},
+                                 WholePoint{{3, 1, 5}}};
+    for (bool const isVertexFirst : {false, true}) {
+        DividedFace face(plainFace, isVertexFirst ? std::vector{standing, through}
+                                                  : std::vector{through, standing});
+        ASSERT_TRUE(face.divide());
+        EXPECT_TRUE(face.faults.isEmpty());
+        EXPECT_EQ(face.allPoints().size(), 6u);
+        expectDivided(face);
+    }
+}
+
 TEST(FaceTriangulation, RandomFacesAreCoveredAndAllSegmentsRespected)
 {
     std::mt19937 random(1);
