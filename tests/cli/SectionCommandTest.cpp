@@ -186,6 +186,22 @@ TEST(FreecutSection, ALapJointFollowsTheContoursThatAreChosen)
     EXPECT_NE(volumes["inner"], volumes["all"]);
 }
 
+TEST(FreecutSection, ASectionTooSmallForAPinIsToldAndCutPlainly)
+{
+    BlockFolder const folder;
+    auto const result =
+        folder.run(sectionOf({"block.stl"}, {"--pins", "--radius", "18", "--spacing", "50", "-o",
+                                             "pieces", "--json", "-"}));
+    ASSERT_EQ(result.status, 0) << result.errors;
+    EXPECT_NE(result.errors.find("block.stl: the section has no room for a connector"),
+              std::string::npos)
+        << result.errors;
+    auto const part = result.json()["parts"][0];
+    EXPECT_TRUE(part["positions"].empty());
+    ASSERT_EQ(part["pieces"].size(), 2u);
+    EXPECT_NEAR(part["pieces"][0]["volume"].get<double>(), 12000, 12);
+}
+
 TEST(FreecutSection, ADryRunMeasuresAndWritesNothing)
 {
     BlockFolder const folder;
