@@ -240,14 +240,22 @@ TEST(ConnectorRun, ACancelAtAnyMomentLeavesTheResultEmpty)
         count = scene.progressOf<PinHoleCutter>(pins(0.1f), parts).size();
     }
     ASSERT_GT(count, 20u);
-    // The last value comes after all stages.
+    int cancelled = 0;
     for (std::size_t n = 1; n < count; n += std::max<std::size_t>(1, count / 40)) {
         std::vector<std::string> lines;
-        EXPECT_EQ(cancelAt<PinHoleCutter>(pins(0.1f), n, "Aborting...", lines),
-                  "abort Aborting...");
-        // Once where the stage is left, once where the run is.
-        EXPECT_EQ(lines, (std::vector<std::string>{"Command Abort.", "Command Abort."}));
+        std::string const end = cancelAt<PinHoleCutter>(pins(0.1f), n, "Aborting...", lines);
+        // How many values come depends on how long the services take: there may be fewer now.
+        if (end == "returned")
+            continue;
+        ++cancelled;
+        EXPECT_EQ(end, "abort Aborting...");
+        // Where the run is left, and before that where a stage is, if it was in one.
+        ASSERT_FALSE(lines.empty());
+        EXPECT_LE(lines.size(), 2u);
+        for (std::string const& line : lines)
+            EXPECT_EQ(line, "Command Abort.");
     }
+    EXPECT_GE(cancelled, 10);
 }
 
 TEST(ConnectorRun, ACancelBetweenTheStagesIsLoggedOnce)
