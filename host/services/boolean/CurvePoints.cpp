@@ -2,7 +2,6 @@
 #include "host/services/boolean/CurvePoints.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 
 namespace {
@@ -25,7 +24,6 @@ std::uint64_t keyIn(TrianglePlace place, Corners const& corners, std::uint32_t t
     return std::uint64_t(low) << 31 | high;
 }
 
-/// A vector and a bound for the error of each of its components.
 struct Vector
 {
     double x, y, z;
@@ -84,13 +82,6 @@ bool isRoundingSafe(CurvePoints::Estimate const& e)
 {
     return std::all_of(e.place.begin(), e.place.end(),
                        [&](double x) { return float(x - e.error) == float(x + e.error); });
-}
-
-/// Float coordinates as a key; both zeros are one.
-std::array<std::uint32_t, 3> placeKey(UPoint3<float> const& p)
-{
-    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
-            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/services/boolean/FlatMap.h"
 #include "host/services/boolean/OperandSoup.h"
+#include "host/services/boolean/PlaceKey.h"
 #include "host/services/boolean/TriangleContact.h"
 #include "host/services/exact/ImplicitPoints.h"
 
@@ -85,21 +85,12 @@ private:
             return mixBits(mixBits(k.inFirst) + k.inSecond);
         }
     };
-    using Rounded = std::array<std::uint32_t, 3>;
-    struct RoundedHash
-    {
-        std::uint64_t operator()(Rounded const& r) const
-        {
-            return mixBits(mixBits(std::uint64_t(r[0]) << 32 | r[1]) + r[2]);
-        }
-    };
 
     Definition define(TriangleContact::Point const& point, std::uint32_t first,
                       std::uint32_t second) const;
     void locate(Definition& definition) const;
     std::uint32_t addVertex(std::uint32_t vertex);
     std::uint32_t addNew(Definition const& definition);
-    std::uint32_t findEqual(std::uint32_t point) const;
     Exact::ImplicitPoint exact(Definition const& definition) const;
 
     OperandSoup const& m_soup;
@@ -108,6 +99,6 @@ private:
     std::vector<Definition> m_points;
     FlatMap<Key, KeyHash> m_byKey;
     /// The first point with given float coordinates, and the next one after a point.
-    FlatMap<Rounded, RoundedHash> m_byPlace;
+    PointsByPlace m_byPlace;
     std::vector<std::uint32_t> m_nextAtPlace;
 };

@@ -1,19 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/FaceMesh.h"
 
-namespace {
-
-constexpr int next(int k)
-{
-    return k == 2 ? 0 : k + 1;
-}
-
-constexpr int previous(int k)
-{
-    return k == 0 ? 2 : k - 1;
-}
-
-}  // namespace
+#include "host/services/boolean/CornerOrder.h"
 
 void FaceMesh::begin()
 {

@@ -2,23 +2,10 @@
 #include "host/services/boolean/FaceTriangulation.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/boolean/CornerOrder.h"
 
 #include <algorithm>
 #include <cmath>
-
-namespace {
-
-constexpr int next(int k)
-{
-    return k == 2 ? 0 : k + 1;
-}
-
-constexpr int previous(int k)
-{
-    return k == 0 ? 2 : k - 1;
-}
-
-}  // namespace
 
 bool FaceTriangulation::divide(Face const& face, Facets& facets, FaceFaults& faults)
 {

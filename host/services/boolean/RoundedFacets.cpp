@@ -2,13 +2,13 @@
 #include "host/services/boolean/RoundedFacets.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/boolean/PlaceKey.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <unordered_map>
 
@@ -24,24 +24,6 @@ constexpr double flatness = 0x1p-26;
 
 using Point = UPoint3<float>;
 using Corners = MeshArrays::Corners;
-using PlaceKey = std::array<std::uint32_t, 3>;
-
-struct PlaceHash
-{
-    std::uint64_t operator()(PlaceKey const& k) const
-    {
-        return mixBits(mixBits(std::uint64_t(k[0]) << 32 | k[1]) + k[2]);
-    }
-};
-
-using PointsByPlace = FlatMap<PlaceKey, PlaceHash>;
-
-PlaceKey keyOf(Point const& p)
-{
-    return {std::bit_cast<std::uint32_t>(p.X() + 0.0f), std::bit_cast<std::uint32_t>(p.Y() + 0.0f),
-            std::bit_cast<std::uint32_t>(p.Z() + 0.0f)};
-}
-
 bool isCollapsed(Corners const& c)
 {
     return c[0] == c[1] || c[1] == c[2] || c[2] == c[0];
@@ -73,10 +55,10 @@ void RoundedFacets::numberPoints()
     PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
     for (Facets::End const& face : m_network.facets().ends)
         for (std::uint32_t const corner : m_soup.corners(face.triangle))
-            if (std::uint32_t& known = byPlace[keyOf(place(corner))]; known == byPlace.none)
+            if (std::uint32_t& known = byPlace[placeKey(place(corner))]; known == byPlace.none)
                 known = points.numberOf(corner);
     for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i) {
-        std::uint32_t& known = byPlace[keyOf(place(i))];
+        std::uint32_t& known = byPlace[placeKey(place(i))];
         if (known == byPlace.none)
             known = i;
         if (known != i)

@@ -2,22 +2,13 @@
 #include "host/services/boolean/TriangleContact.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/boolean/CornerOrder.h"
 
 #include <optional>
 
 namespace {
 
 using Signs = std::array<int, 3>;
-
-constexpr int next(int k)
-{
-    return k == 2 ? 0 : k + 1;
-}
-
-constexpr int previous(int k)
-{
-    return k == 0 ? 2 : k - 1;
-}
 
 /// On which side of a triangle's plane the corners of another lie.
 Signs sidesOf(TriangleCorners const& t, TriangleCorners const& plane)
