@@ -175,7 +175,6 @@ void OrbeWindow::retranslate()
 {
     Application::Instance->commandManager().languageChange();
     m_menus->retranslate();
-    m_gate->refresh();
     refresh();
 }
 
@@ -191,7 +190,7 @@ void OrbeWindow::keyPressEvent(QKeyEvent* event)
 void OrbeWindow::refresh()
 {
     m_status->refresh(*m_view, m_follower->document());
-    m_gate->refreshLater();
+    m_gate->refresh();
     refreshTitle();
     getViewSlider()->refresh();
 }
