@@ -28,6 +28,7 @@ struct PartNode
         unsigned color = 0;
         bool isGhost = false;
         bool isCandidate = false;
+        Base::DocumentObject const* group = nullptr;
         std::size_t triangles = 0;
         UMesh<float> const* mesh = nullptr;
         UMatrix4<float> matrix;

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PartTreeModel.h"
 
-#include "app/JobGuard.h"
 #include "app/panels/MeshSurvey.h"
 #include "platform/ui/Application.h"
 
-#include <QColor>
-#include <QLocale>
-
-#include <cassert>
+#include <algorithm>
 
 PartTreeModel::PartTreeModel(QObject* parent)
     : QAbstractItemModel(parent), m_survey(MeshSurvey::shared())
@@ -43,6 +39,7 @@ void PartTreeModel::followActiveDocument()
         m_document->signalNewObject.connect(this, &PartTreeModel::objectAdded);
         m_document->signalDelObject.connect(this, &PartTreeModel::objectRemoved);
         m_document->signalObjectChanged.connect(this, &PartTreeModel::objectChanged);
+        m_document->signalObjectSelectionChanged.connect(this, &PartTreeModel::selectionChanged);
         m_document->signalDocumentDeleted.connect(this, &PartTreeModel::documentDeleted);
     }
     synchronize();
@@ -78,11 +75,8 @@ void PartTreeModel::objectChanged(Base::DocumentObject* object)
     // A part that looks as before has been changed in place.
     auto const* const part = dynamic_cast<Mesh::DocumentObject const*>(object);
     auto const place = m_nodes.find(object);
-    if (part && place != m_nodes.end() && !m_isUpdateScheduled) {
-        PartNode::Look look = lookOf(*place->second);
-        if (look == place->second->look)
-            m_survey->forget(*part);
-    }
+    if (part && place != m_nodes.end() && lookOf(*place->second) == place->second->look)
+        m_survey->forget(*part);
     scheduleUpdate();
 }
 
@@ -127,7 +121,7 @@ void PartTreeModel::reconcile(PartNode& parent, Objects const& wanted)
 
 void PartTreeModel::removeMissing(PartNode& parent, Objects const& wanted)
 {
-    auto const isMissing = [&, next = wanted.begin()](PartNode const& node) mutable {
+    auto isMissing = [&, next = wanted.begin()](PartNode const& node) mutable {
         auto const found = node.object ? std::find(next, wanted.end(), node.object) : wanted.end();
         if (found == wanted.end())
             return true;
@@ -227,6 +221,7 @@ PartNode::Look PartTreeModel::lookOf(PartNode const& node) const
     look.color = part.getColor();
     look.isGhost = part.isSemiVisible();
     look.isCandidate = part.isSemiSelected();
+    look.group = part.getGroup();
     look.matrix = part.getMatrix();
     if (MeshKernel const* const kernel = part.meshProperty->getMesh()) {
         auto const mesh = kernel->readMesh();

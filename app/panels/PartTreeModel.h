@@ -77,6 +77,7 @@ signals:
     /// Around a change of rows: what happens to a selection meanwhile is not the user's doing.
     void aboutToSynchronize();
     void synchronized();
+    void documentSelectionChanged();
 
 private:
     using Objects = std::vector<Base::DocumentObject*>;
@@ -86,6 +87,7 @@ private:
     void objectAdded(Base::DocumentObject* object);
     void objectRemoved(Base::DocumentObject* object, std::string className);
     void objectChanged(Base::DocumentObject* object);
+    void selectionChanged() { emit documentSelectionChanged(); }
     void scheduleUpdate();
 
     void reconcile(PartNode& parent, Objects const& wanted);
