@@ -49,7 +49,8 @@ TEST_F(AppWindow, AppearanceIsRememberedAndNonsenseFallsBack)
 {
     trigger("Std_ShowEdges");
     trigger("Std_ShowPlate");
-    window = std::make_unique<OrbeWindow>();
+    start();
+    EXPECT_TRUE(action("Std_ShowEdges")->isChecked());
     EXPECT_TRUE(WindowSettings::flag("View/Edges", false));
     EXPECT_FALSE(WindowSettings::flag("View/Plate", true));
     QSettings(g_AppSettingFormat, QSettings::UserScope, "orbe", getSettingName())
@@ -61,8 +62,7 @@ TEST_F(AppWindow, NonsenseInTheStoredPlacesOfWindowsIsIgnored)
 {
     WindowSettings::setBytes("Window/Geometry", "nonsense");
     WindowSettings::setBytes("Window/State", "nonsense");
-    window.reset();
-    window = std::make_unique<OrbeWindow>();
+    start();
     EXPECT_GE(window->width(), 800);
 }
 
