@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/CuboidViewProvider.h"
+#include "display/CylinderViewProvider.h"
+#include "display/PolygonViewProvider.h"
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
 #include "platform/ui/Application.h"
@@ -21,4 +24,9 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::VolumeGraphicObject::init();
     Freecut::PolygonGraphicObject::init();
     Freecut::CylinderGraphicObject::init();
+    Freecut::GraphicViewProvider::init();
+    Freecut::VolumeViewProvider::init();
+    Freecut::PolygonViewProvider::init();
+    Freecut::CylinderViewProvider::init();
+    Freecut::CuboidViewProvider::init();
 }
