@@ -16,6 +16,7 @@ class QHBoxLayout;
 class StatusLine;
 class ViewAppearance;
 class WindowMenus;
+class WindowPanels;
 
 namespace Mesh {
 class GLView;
@@ -42,8 +43,7 @@ public:
     /// Puts a panel, which the window then owns, into a dock.
     ///
     /// name  what the window remembers its place by
-    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area,
-                          bool isVisible);
+    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area);
     /// Puts a widget to the right of the view.
     void addBesideView(QWidget* widget);
 
@@ -52,6 +52,7 @@ public:
 
     Mesh::GLView& view() const { return *m_view; }
     WindowMenus& menus() const { return *m_menus; }
+    WindowPanels& panels() const { return *m_panels; }
     StatusLine& statusLine() const { return *m_status; }
     DocumentFiles& files() const { return *m_files; }
     NoticeBar& notices() const { return *m_notices; }
@@ -66,7 +67,6 @@ private:
     void buildFiles(std::unique_ptr<FileQuestions> questions);
     void buildCommands();
     void buildMenus();
-    void buildPanels();
     void buildStatusLine();
     void followDocument();
     void restorePlaces();
@@ -82,6 +82,7 @@ private:
     ViewAppearance* m_appearance = nullptr;
     CommandGate* m_gate = nullptr;
     WindowMenus* m_menus = nullptr;
+    WindowPanels* m_panels = nullptr;
     StatusLine* m_status = nullptr;
     DocumentFollower* m_follower = nullptr;
     DocumentFiles* m_files = nullptr;
