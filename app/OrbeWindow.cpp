@@ -15,6 +15,7 @@
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobProgressBar.h"
+#include "app/window/DockTitles.h"
 #include "app/window/DocumentFollower.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
@@ -60,6 +61,7 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
     buildCentre();
     buildStatusLine();
     buildFiles(std::move(questions));
+    m_dockTitles = new DockTitles(*this);
     m_panels = new WindowPanels(*this);
     buildCommands();
     buildMenus();
@@ -156,7 +158,16 @@ void OrbeWindow::restorePlaces()
 {
     if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
         resize(defaultSize);
-    restoreState(WindowSettings::bytes(stateKey), stateVersion);
+    m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
+}
+
+void OrbeWindow::showEvent(QShowEvent* event)
+{
+    MainWindow::showEvent(event);
+    // Docks take a size only in a window that has one.
+    if (!m_hasStoredPlaces)
+        m_panels->resizeDocks();
+    m_hasStoredPlaces = true;
 }
 
 void OrbeWindow::commandsAdded()
@@ -172,6 +183,7 @@ QDockWidget* OrbeWindow::addPanel(QWidget* panel, QString const& name, Qt::DockW
     dock->setWidget(panel);
     connect(panel, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);
     addDockWidget(area, dock);
+    m_dockTitles->add(dock);
     if (m_menus)
         m_menus->windowMenu()->addAction(dock->toggleViewAction());
     return dock;
@@ -198,6 +210,7 @@ void OrbeWindow::retranslate()
 {
     Application::Instance->commandManager().languageChange();
     m_menus->retranslate();
+    m_panels->retranslate();
     refresh();
 }
 

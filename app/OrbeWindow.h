@@ -6,6 +6,7 @@
 #include <memory>
 
 class CommandGate;
+class DockTitles;
 class DocumentFiles;
 class DocumentFollower;
 class FileQuestions;
@@ -60,6 +61,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -82,11 +84,13 @@ private:
     ViewAppearance* m_appearance = nullptr;
     CommandGate* m_gate = nullptr;
     WindowMenus* m_menus = nullptr;
+    DockTitles* m_dockTitles = nullptr;
     WindowPanels* m_panels = nullptr;
     StatusLine* m_status = nullptr;
     DocumentFollower* m_follower = nullptr;
     DocumentFiles* m_files = nullptr;
     std::unique_ptr<PartPreparation> m_preparation;
+    bool m_hasStoredPlaces = false;
     bool m_closesAfterJob = false;
     bool m_isAskingToClose = false;
 };

@@ -22,7 +22,7 @@
 namespace {
 
 // Widths of the docks at first, in base sizes of the interface.
-constexpr int leftWidth = 20;
+constexpr int leftWidth = 22;
 constexpr int rightWidth = 24;
 constexpr int logHeight = 10;
 
@@ -57,13 +57,12 @@ void WindowPanels::buildHeightSlider()
 
 void WindowPanels::buildLeft()
 {
-    QDockWidget* const parts =
+    m_partsDock =
         m_window.addPanel(new PartList(&m_window), QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
     QDockWidget* const history = m_window.addPanel(
         new HistoryList(&m_window), QStringLiteral("History"), Qt::LeftDockWidgetArea);
-    m_window.tabifyDockWidget(parts, history);
-    parts->raise();
-    m_window.resizeDocks({parts}, {leftWidth * g_pixelSize}, Qt::Horizontal);
+    m_window.tabifyDockWidget(m_partsDock, history);
+    m_partsDock->raise();
 }
 
 void WindowPanels::buildRight()
@@ -82,15 +81,25 @@ void WindowPanels::buildRight()
     m_window.tabifyDockWidget(m_informationDock, placement);
     m_window.tabifyDockWidget(placement, m_sideDock);
     m_informationDock->raise();
-    m_window.resizeDocks({m_informationDock}, {rightWidth * g_pixelSize}, Qt::Horizontal);
 }
 
 void WindowPanels::buildBottom()
 {
-    QDockWidget* const log = m_window.addPanel(new LogConsole(*m_log, &m_window),
-                                               QStringLiteral("Log"), Qt::BottomDockWidgetArea);
-    log->hide();
-    m_window.resizeDocks({log}, {logHeight * g_pixelSize}, Qt::Vertical);
+    m_logDock = m_window.addPanel(new LogConsole(*m_log, &m_window), QStringLiteral("Log"),
+                                  Qt::BottomDockWidgetArea);
+    m_logDock->hide();
+}
+
+void WindowPanels::resizeDocks()
+{
+    m_window.resizeDocks({m_partsDock, m_informationDock},
+                         {leftWidth * g_pixelSize, rightWidth * g_pixelSize}, Qt::Horizontal);
+    m_window.resizeDocks({m_logDock}, {logHeight * g_pixelSize}, Qt::Vertical);
+}
+
+void WindowPanels::retranslate()
+{
+    m_sideControl->setWindowTitle(tr("Cut View"));
 }
 
 QDockWidget* WindowPanels::addScrolled(QWidget* panel, QString const& name, Qt::DockWidgetArea area)

@@ -29,6 +29,10 @@ public:
     /// Null if there is no page with it.
     CutView* cutView() const;
 
+    /// Gives the docks the sizes that they have at first.
+    void resizeDocks();
+    void retranslate();
+
     /// Brings a panel in front, also one that is closed.
     void showInformation();
     void showCutView();
@@ -45,6 +49,8 @@ private:
     ViewPreferences* m_viewPreferences = nullptr;
     PartInformation* m_information = nullptr;
     SideControlTab* m_sideControl = nullptr;
+    QDockWidget* m_partsDock = nullptr;
     QDockWidget* m_informationDock = nullptr;
     QDockWidget* m_sideDock = nullptr;
+    QDockWidget* m_logDock = nullptr;
 };
