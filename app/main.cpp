@@ -3,8 +3,10 @@
 #include "app/StartOptions.h"
 #include "app/modules/Modules.h"
 #include "platform/ui/Application.h"
+#include "platform/ui/LanguageSwitch.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -50,8 +52,11 @@ void prepareQt()
 int runWindow(StartOptions const& options)
 {
     Base::setOpenGLPath(options.openGL);
+    QGuiApplication::setDesktopFileName(QStringLiteral("orbe"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/icons/orbe.png")));
     Application application;
     application.newDocument({});
+    LanguageSwitch::applyStored();
     OrbeWindow window;
     Modules modules;
     modules.load(options.plugin.isEmpty() ? Modules::installedLibrary() : options.plugin);

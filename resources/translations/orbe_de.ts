@@ -754,6 +754,33 @@
     </message>
 </context>
 <context>
+    <name>OrientationCube</name>
+    <message>
+        <source>FRONT</source>
+        <translation>VORN</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>HINTEN</translation>
+    </message>
+    <message>
+        <source>TOP</source>
+        <translation>OBEN</translation>
+    </message>
+    <message>
+        <source>BOTTOM</source>
+        <translation>UNTEN</translation>
+    </message>
+    <message>
+        <source>LEFT</source>
+        <translation>LINKS</translation>
+    </message>
+    <message>
+        <source>RIGHT</source>
+        <translation>RECHTS</translation>
+    </message>
+</context>
+<context>
     <name>PartList</name>
     <message>
         <source>Colour of the Part</source>
