@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
@@ -90,7 +91,7 @@ double leastContrast(QString const& name, QColor const& ground)
     return least;
 }
 
-/// Draws a page of icons at a size, for looking at, into the folder of the programs.
+/// Draws a page of icons at a size, for looking at, into the build folder.
 void drawSheet(QString const& file, QStringList const& names, QColor const& ground, int side)
 {
     int const columns = 12;
@@ -102,7 +103,7 @@ void drawSheet(QString const& file, QStringList const& names, QColor const& grou
     for (int i = 0; i < names.size(); ++i)
         QIcon(pathOf(names[i]))
             .paint(&painter, (i % columns) * cell + 8, (i / columns) * cell + 8, side, side);
-    sheet.save(QStringLiteral(MELL_BINARY_DIR "/") + file);
+    sheet.save(QStringLiteral(MELL_BINARY_DIR "/../pictures/") + file);
 }
 
 }  // namespace
@@ -170,6 +171,7 @@ TEST(Icons, TakeThePictureForTheScreensPixelRatio)
 
 TEST(Icons, AreDrawnOnASheetForLookingAt)
 {
+    QDir(MELL_BINARY_DIR "/..").mkpath("pictures");
     QStringList dark;
     for (QString const& name : applicationIcons())
         dark << name + "_dark";
@@ -178,7 +180,7 @@ TEST(Icons, AreDrawnOnASheetForLookingAt)
         drawSheet("icons_light" + end, applicationIcons() + toolIcons() + cursors(), lightGround,
                   side);
         drawSheet("icons_dark" + end, dark + toolIcons() + cursors(), darkGround, side);
-        EXPECT_TRUE(QFile::exists(MELL_BINARY_DIR "/icons_dark" + end));
+        EXPECT_TRUE(QFile::exists(MELL_BINARY_DIR "/../pictures/icons_dark" + end));
     }
 }
 
