@@ -37,7 +37,7 @@ QString JobGuard::reason() const
     if (m_titles.empty())
         return QCoreApplication::translate("JobGuard", "Wait until the running job has finished.");
     QString const title =
-        QCoreApplication::translate("JobGuard", m_titles.back().toUtf8().constData());
+        QCoreApplication::translate("StatusBarMessage", m_titles.back().toUtf8().constData());
     return QCoreApplication::translate("JobGuard", "Wait until \"%1\" has finished, or cancel it.")
         .arg(title);
 }

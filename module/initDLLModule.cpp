@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/PlaneViewProvider.h"
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
 #include "platform/ui/Application.h"
@@ -21,4 +22,6 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::VolumeGraphicObject::init();
     Freecut::PolygonGraphicObject::init();
     Freecut::CylinderGraphicObject::init();
+    Freecut::GraphicViewProvider::init();
+    Freecut::PlaneViewProvider::init();
 }

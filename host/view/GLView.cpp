@@ -2,6 +2,8 @@
 #include "platform/view/GLView.h"
 
 #include "host/view/ContextChoice.h"
+#include "host/view/DrawValues.h"
+#include "host/view/ViewColors.h"
 #include "host/view/ViewScene.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/view/NavigationStyle.h"
@@ -18,8 +20,8 @@ namespace Base {
 
 namespace {
 
-// As red, green, blue.
-constexpr float background[3] = {0.93f, 0.94f, 0.95f};
+/// The width of the line around what is selected.
+constexpr double outlineWidth = 2;
 
 bool isSameView(GLCamera const& a, GLCamera const& b)
 {
@@ -199,9 +201,12 @@ void GLView::releaseGL()
 void GLView::paintGL()
 {
     QOpenGLFunctions& gl = *context()->functions();
-    gl.glClearColor(background[0], background[1], background[2], 1);
+    QVector4D const background = colorOf(viewColors().background);
+    gl.glClearColor(background.x(), background.y(), background.z(), 1);
     gl.glDepthMask(GL_TRUE);
-    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    gl.glStencilMask(0xff);
+    gl.glClearStencil(0);
+    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
     DrawDevice* const device = m_scene->device();
     if (!device)
         return;
@@ -213,10 +218,16 @@ void GLView::paintGL()
     if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
         tool->draw();
     device->resetState();
+    if (m_scene->hasSelection()) {
+        double const ratio = devicePixelRatioF();
+        device->drawOutline(defaultFramebufferObject(), size() * ratio, float(outlineWidth * ratio),
+                            viewColors().outline);
+    }
     paintOverlay();
     m_scene->paintItems();
     // What was blended has left an alpha of its own, by which the window would shine through.
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClearColor(0, 0, 0, 1);
     gl.glClear(GL_COLOR_BUFFER_BIT);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }

@@ -3,11 +3,11 @@
 
 #include "app/files/DocumentFiles.h"
 #include "platform/document/DocumentObjectGroup.h"
-#include "platform/ui/Settings.h"
 #include "tests/cutjobs/RecordingSink.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
+#include "tests/ui/ScratchSettings.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -60,20 +60,6 @@ public:
 
 private:
     FileAnswers& m_answers;
-};
-
-/// Settings of a test's own.
-class ScratchSettings
-{
-public:
-    ScratchSettings()
-    {
-        QSettings::setPath(g_AppSettingFormat, QSettings::UserScope,
-                           QString::fromStdString(m_folder.path().string()));
-    }
-
-private:
-    ScratchFolder m_folder;
 };
 
 /// An application with a document, its files, and a folder.
