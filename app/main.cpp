@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 #include "app/StartOptions.h"
+#include "app/files/DocumentFiles.h"
 #include "app/modules/Modules.h"
 #include "platform/ui/Application.h"
+#include "platform/ui/DisplayUnit.h"
+#include "platform/ui/LanguageSwitch.h"
+#include "platform/ui/ThemeSwitch.h"
 
 #include <QApplication>
 
@@ -44,6 +48,7 @@ void prepareQt()
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QCoreApplication::setApplicationName(QStringLiteral("orbe"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orbe"));
     QCoreApplication::setApplicationVersion(StartOptions::version());
 }
 
@@ -52,6 +57,9 @@ int runWindow(StartOptions const& options)
     Base::setOpenGLPath(options.openGL);
     Application application;
     application.newDocument({});
+    LanguageSwitch::applyStored();
+    ThemeSwitch::applyStored();
+    DisplayUnit::instance().readStored();
     OrbeWindow window;
     Modules modules;
     modules.load(options.plugin.isEmpty() ? Modules::installedLibrary() : options.plugin);
@@ -59,6 +67,7 @@ int runWindow(StartOptions const& options)
     for (QString const& message : modules.messages())
         window.addNotice(message);
     window.show();
+    window.files().openFiles(options.files);
     return QApplication::exec();
 }
 

@@ -31,7 +31,7 @@ QStringList applicationIcons()
         "view_iso perspective parallel wireframe screenshot settings info check repair log history "
         "parts place cutview eye eye_off closed open_part cancel pick help flip drop pin pinned "
         "close chevron_up chevron_down chevron_left chevron_right rename color search axes quit "
-        "theme language rectangle plate recent add home plugin units copy_text clear";
+        "theme language rectangle plate recent add new plugin units copy_text clear";
     QStringList paths;
     for (QString const& name : names.split(' '))
         paths << "app_" + name;
