@@ -44,6 +44,7 @@ char const* const stateKey = "Window/State";
 /// Raised when docks or tool bars change so that stored places make no sense any more.
 constexpr int stateVersion = 1;
 constexpr QSize defaultSize(1280, 800);
+constexpr int isometricView = 6;
 
 }  // namespace
 
@@ -88,6 +89,7 @@ void OrbeWindow::buildCentre()
     column->addWidget(m_notices);
     column->addLayout(m_viewRow, 1);
     setCentralWidget(centre);
+    m_view->OnViewType(isometricView);
     m_appearance = new ViewAppearance(*m_view, this);
 }
 
