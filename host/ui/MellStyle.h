@@ -20,6 +20,8 @@ public:
                             QPainter* painter, QWidget const* widget) const override;
     QRect subControlRect(ComplexControl control, QStyleOptionComplex const* option, SubControl part,
                          QWidget const* widget) const override;
+    QRect subElementRect(SubElement element, QStyleOption const* option,
+                         QWidget const* widget) const override;
     QSize sizeFromContents(ContentsType type, QStyleOption const* option, QSize const& size,
                            QWidget const* widget) const override;
     int pixelMetric(PixelMetric metric, QStyleOption const* option,
