@@ -2,6 +2,7 @@
 
 #include "host/ui/MellStyle.h"
 
+#include "host/ui/GlyphIcon.h"
 #include "host/ui/StyleShapes.h"
 #include "platform/ui/Theme.h"
 
@@ -354,6 +355,22 @@ int MellStyle::pixelMetric(PixelMetric metric, QStyleOption const* option,
             return scaled(0.34);
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QIcon MellStyle::standardIcon(StandardPixmap icon, QStyleOption const* option,
+                              QWidget const* widget) const
+{
+    switch (icon) {
+        case SP_TitleBarCloseButton:
+        case SP_DockWidgetCloseButton:
+            return glyphIcon(GlyphButton::Close);
+        case SP_TitleBarNormalButton:
+            return glyphIcon(GlyphButton::Restore);
+        case SP_TitleBarMaxButton:
+            return glyphIcon(GlyphButton::Maximize);
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
     }
 }
 

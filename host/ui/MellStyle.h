@@ -26,6 +26,8 @@ public:
                            QWidget const* widget) const override;
     int pixelMetric(PixelMetric metric, QStyleOption const* option,
                     QWidget const* widget) const override;
+    QIcon standardIcon(StandardPixmap icon, QStyleOption const* option,
+                       QWidget const* widget) const override;
     int styleHint(StyleHint hint, QStyleOption const* option, QWidget const* widget,
                   QStyleHintReturn* returned) const override;
 
