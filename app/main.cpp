@@ -9,6 +9,7 @@
 #include "platform/ui/ThemeSwitch.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -55,6 +56,8 @@ void prepareQt()
 int runWindow(StartOptions const& options)
 {
     Base::setOpenGLPath(options.openGL);
+    QGuiApplication::setDesktopFileName(QStringLiteral("orbe"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/icons/orbe.png")));
     Application application;
     application.newDocument({});
     LanguageSwitch::applyStored();
