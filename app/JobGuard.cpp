@@ -5,6 +5,16 @@
 
 #include <QCoreApplication>
 
+namespace {
+
+// The titles that jobs of modules give.
+[[maybe_unused]] char const* const moduleTitles[] = {
+    QT_TRANSLATE_NOOP("JobGuard", "Section Cut"),
+    QT_TRANSLATE_NOOP("JobGuard", "Polygon Cut"),
+};
+
+}  // namespace
+
 JobGuard* JobGuard::instance()
 {
     static JobGuard guard;
@@ -36,10 +46,13 @@ QString JobGuard::reason() const
     std::lock_guard const lock(m_titlesLock);
     if (m_titles.empty())
         return QCoreApplication::translate("JobGuard", "Wait until the running job has finished.");
-    QString const title =
-        QCoreApplication::translate("StatusBarMessage", m_titles.back().toUtf8().constData());
     return QCoreApplication::translate("JobGuard", "Wait until \"%1\" has finished, or cancel it.")
-        .arg(title);
+        .arg(translatedTitle(m_titles.back()));
+}
+
+QString JobGuard::translatedTitle(QString const& title)
+{
+    return QCoreApplication::translate("JobGuard", title.toUtf8().constData());
 }
 
 void JobGuard::displayOpened(QString const& title)

@@ -4,12 +4,20 @@
 #include "app/JobGuard.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/EditCommands.h"
+#include "app/commands/FileCommands.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
 #include "app/commands/WindowCommands.h"
+#include "app/files/DocumentFiles.h"
+#include "app/files/FileDrop.h"
+#include "app/files/RecentMenu.h"
+#include "app/files/WindowFileQuestions.h"
+#include "app/files/WindowTitle.h"
 #include "app/jobs/JobProgressBar.h"
+#include "app/panels/PartList.h"
 #include "app/window/DocumentFollower.h"
 #include "app/window/NoticeBar.h"
+#include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
 #include "app/window/ViewAppearance.h"
 #include "app/window/WindowMenus.h"
@@ -39,24 +47,29 @@ constexpr QSize defaultSize(1280, 800);
 
 }  // namespace
 
-OrbeWindow::OrbeWindow(QWidget* parent) : MainWindow(parent)
+OrbeWindow::OrbeWindow() : OrbeWindow(std::make_unique<WindowFileQuestions>()) {}
+
+OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
 {
     setObjectName(QStringLiteral("OrbeWindow"));
     setDockNestingEnabled(true);
     buildCentre();
     buildStatusLine();
+    buildFiles(std::move(questions));
     buildCommands();
     buildMenus();
+    buildPanels();
     followDocument();
     setActiveGLView(m_view);
     connect(JobGuard::instance(), &JobGuard::busyChanged, this, &OrbeWindow::jobsChanged);
     restorePlaces();
     retranslate();
-    refresh();
 }
 
 OrbeWindow::~OrbeWindow()
 {
+    // Waits for a job that still runs, while all that it reports to is there.
+    delete m_files;
     setActiveGLView(nullptr);
 }
 
@@ -84,9 +97,23 @@ void OrbeWindow::buildStatusLine()
     setStatusBar(m_status);
 }
 
+void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
+{
+    m_files = new DocumentFiles(std::move(questions), this);
+    m_preparation = std::make_unique<PartPreparation>(*m_files);
+    new FileDrop(this, *m_files);
+    new WindowTitle(this, *m_files);
+}
+
+void OrbeWindow::buildPanels()
+{
+    addPanel(new PartList(this), QStringLiteral("Parts"), Qt::LeftDockWidgetArea, true);
+}
+
 void OrbeWindow::buildCommands()
 {
     Base::CommandManager& manager = Application::Instance->commandManager();
+    registerFileCommands(manager, *m_files);
     registerEditCommands(manager);
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
@@ -101,6 +128,7 @@ void OrbeWindow::buildCommands()
 void OrbeWindow::buildMenus()
 {
     m_menus = new WindowMenus(*this, Application::Instance->commandManager());
+    m_menus->setRecentFiles(new RecentMenu(*m_files, this));
     connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
     connect(m_menus, &WindowMenus::filled, this, [this] {
         for (QDockWidget* const dock : findChildren<QDockWidget*>())
@@ -159,11 +187,6 @@ void OrbeWindow::addNotice(QString const& message)
     m_notices->add(message);
 }
 
-void OrbeWindow::setMayClose(std::function<bool()> mayClose)
-{
-    m_mayClose = std::move(mayClose);
-}
-
 void OrbeWindow::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
@@ -175,7 +198,6 @@ void OrbeWindow::retranslate()
 {
     Application::Instance->commandManager().languageChange();
     m_menus->retranslate();
-    m_gate->refresh();
     refresh();
 }
 
@@ -191,19 +213,8 @@ void OrbeWindow::keyPressEvent(QKeyEvent* event)
 void OrbeWindow::refresh()
 {
     m_status->refresh(*m_view, m_follower->document());
-    m_gate->refreshLater();
-    refreshTitle();
+    m_gate->refresh();
     getViewSlider()->refresh();
-}
-
-void OrbeWindow::refreshTitle()
-{
-    Base::Document const* const document = m_follower->document();
-    QString const name = document ? QString::fromStdString(document->getName()) : QString();
-    QString const application = QCoreApplication::applicationName();
-    setWindowTitle(name.isEmpty() ? application
-                                  : QStringLiteral("%1[*] - %2").arg(name, application));
-    setWindowModified(document && document->isModified());
 }
 
 void OrbeWindow::closeEvent(QCloseEvent* event)
@@ -213,7 +224,7 @@ void OrbeWindow::closeEvent(QCloseEvent* event)
         return;
     m_isAskingToClose = true;
     bool const mayClose =
-        (!JobGuard::instance()->isBusy() || mayCloseDuringJob()) && (!m_mayClose || m_mayClose());
+        (!JobGuard::instance()->isBusy() || mayCloseDuringJob()) && m_files->mayDiscard();
     m_isAskingToClose = false;
     if (!mayClose)
         return;

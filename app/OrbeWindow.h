@@ -3,11 +3,14 @@
 
 #include "platform/ui/MainWindow.h"
 
-#include <functional>
+#include <memory>
 
 class CommandGate;
+class DocumentFiles;
 class DocumentFollower;
+class FileQuestions;
 class NoticeBar;
+class PartPreparation;
 class QDockWidget;
 class QHBoxLayout;
 class StatusLine;
@@ -22,12 +25,15 @@ class GLView;
 /// docks and the status line. The Application exists before it and after it.
 ///
 /// Closing it while a job runs asks what to become of the job, and happens when the job has ended.
+/// There is one window per Application, since it registers the commands.
 class OrbeWindow : public MainWindow
 {
     Q_OBJECT
 
 public:
-    explicit OrbeWindow(QWidget* parent = nullptr);
+    OrbeWindow();
+    /// questions  how the user is asked about files
+    explicit OrbeWindow(std::unique_ptr<FileQuestions> questions);
     ~OrbeWindow() override;
 
     /// Shows commands that have been registered since, such as those of a module.
@@ -44,12 +50,10 @@ public:
     /// Shows a message in a strip above the view.
     void addNotice(QString const& message);
 
-    /// Asked before the window closes, to save what is unsaved; false keeps it open.
-    void setMayClose(std::function<bool()> mayClose);
-
     Mesh::GLView& view() const { return *m_view; }
     WindowMenus& menus() const { return *m_menus; }
     StatusLine& statusLine() const { return *m_status; }
+    DocumentFiles& files() const { return *m_files; }
     NoticeBar& notices() const { return *m_notices; }
 
 protected:
@@ -59,15 +63,16 @@ protected:
 
 private:
     void buildCentre();
+    void buildFiles(std::unique_ptr<FileQuestions> questions);
     void buildCommands();
     void buildMenus();
+    void buildPanels();
     void buildStatusLine();
     void followDocument();
     void restorePlaces();
 
     void retranslate();
     void refresh();
-    void refreshTitle();
     bool mayCloseDuringJob();
     void jobsChanged(bool busy);
 
@@ -79,7 +84,8 @@ private:
     WindowMenus* m_menus = nullptr;
     StatusLine* m_status = nullptr;
     DocumentFollower* m_follower = nullptr;
-    std::function<bool()> m_mayClose;
+    DocumentFiles* m_files = nullptr;
+    std::unique_ptr<PartPreparation> m_preparation;
     bool m_closesAfterJob = false;
     bool m_isAskingToClose = false;
 };

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 #include "app/StartOptions.h"
+#include "app/files/DocumentFiles.h"
 #include "app/modules/Modules.h"
 #include "platform/ui/Application.h"
+<<<<<<< HEAD
 #include "platform/ui/LanguageSwitch.h"
+=======
+#include "platform/ui/DisplayUnit.h"
+#include "platform/ui/LanguageSwitch.h"
+#include "platform/ui/ThemeSwitch.h"
+>>>>>>> main
 
 #include <QApplication>
 #include <QIcon>
@@ -46,6 +53,7 @@ void prepareQt()
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QCoreApplication::setApplicationName(QStringLiteral("orbe"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orbe"));
     QCoreApplication::setApplicationVersion(StartOptions::version());
 }
 
@@ -57,6 +65,11 @@ int runWindow(StartOptions const& options)
     Application application;
     application.newDocument({});
     LanguageSwitch::applyStored();
+<<<<<<< HEAD
+=======
+    ThemeSwitch::applyStored();
+    DisplayUnit::instance().readStored();
+>>>>>>> main
     OrbeWindow window;
     Modules modules;
     modules.load(options.plugin.isEmpty() ? Modules::installedLibrary() : options.plugin);
@@ -64,6 +77,7 @@ int runWindow(StartOptions const& options)
     for (QString const& message : modules.messages())
         window.addNotice(message);
     window.show();
+    window.files().openFiles(options.files);
     return QApplication::exec();
 }
 

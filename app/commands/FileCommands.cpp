@@ -7,15 +7,11 @@
 #include "platform/ui/MainWindow.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 
 #include <functional>
 
 namespace {
-
-QString translated(char const* text)
-{
-    return QCoreApplication::translate("HostCommand", text);
-}
 
 /// A command that is one operation of the files.
 class FileCommand : public HostCommand
@@ -28,7 +24,7 @@ public:
     FileCommand(char const* name, Texts const& texts, DocumentFiles& files, Operation operation,
                 Reason reason = nullptr)
         : HostCommand(name, texts),
-          m_files(files),
+          m_files(&files),
           m_operation(std::move(operation)),
           m_reason(reason)
     {}
@@ -38,10 +34,14 @@ public:
         char const* const reason = m_reason ? m_reason(activeMeshDocument()) : nullptr;
         return reason ? translated(reason) : QString();
     }
-    void activated(int) override { m_operation(m_files); }
+    void activated(int) override
+    {
+        if (m_files)
+            m_operation(*m_files);
+    }
 
 private:
-    DocumentFiles& m_files;
+    QPointer<DocumentFiles> m_files;
     Operation m_operation;
     Reason m_reason;
 };

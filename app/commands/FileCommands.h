@@ -10,5 +10,5 @@ class DocumentFiles;
 /// Registers Std_New, Std_Open, Std_Save, Std_SaveAs, Std_Export, Std_ExportSelected and Std_Quit.
 /// Std_Quit closes the main window, which asks about unsaved work.
 ///
-/// files  borrowed; outlives the commands
+/// files  borrowed; without it the commands do nothing
 void registerFileCommands(Base::CommandManager& commands, DocumentFiles& files);

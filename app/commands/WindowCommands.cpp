@@ -21,22 +21,6 @@ public:
     bool changesDocument() const override { return false; }
 };
 
-class QuitCommand : public WindowCommand
-{
-public:
-    QuitCommand()
-        : WindowCommand("Std_Quit", {QT_TRANSLATE_NOOP("HostCommand", "&Quit"),
-                                     QT_TRANSLATE_NOOP("HostCommand", "Close the application."),
-                                     nullptr, "Ctrl+Q"})
-    {}
-
-    void activated(int) override
-    {
-        if (MainWindow::getInstance())
-            MainWindow::getInstance()->close();
-    }
-};
-
 class FullScreenCommand : public CheckableCommand
 {
 public:
@@ -107,7 +91,6 @@ public:
 
 void registerWindowCommands(Base::CommandManager& manager)
 {
-    manager.addCommand(new QuitCommand);
     manager.addCommand(new FullScreenCommand);
     manager.addCommand(new ShortcutsCommand);
     manager.addCommand(new AboutCommand);

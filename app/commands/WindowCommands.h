@@ -5,7 +5,5 @@ namespace Base {
 class CommandManager;
 }
 
-class QWidget;
-
-/// Std_Quit, Std_FullScreen, Std_Shortcuts and Std_About, which act on the main window.
+/// Std_FullScreen, Std_Shortcuts and Std_About, which act on the main window.
 void registerWindowCommands(Base::CommandManager& manager);

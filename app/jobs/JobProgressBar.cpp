@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/jobs/JobProgressBar.h"
 
+#include "app/JobGuard.h"
 #include "app/jobs/JobProgress.h"
 
 #include <QCoreApplication>
@@ -88,8 +89,7 @@ void JobProgressBar::refresh()
 {
     m_isRefreshPending = false;
     JobProgress::State const state = m_progress->state();
-    QString const title =
-        QCoreApplication::translate("StatusBarMessage", state.title.toUtf8().constData());
+    QString const title = JobGuard::translatedTitle(state.title);
     m_title->setText(state.isCancelRequested && state.canCancel ? tr("Cancelling: %1").arg(title)
                                                                 : title);
     m_bar->setValue(state.percent);

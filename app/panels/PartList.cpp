@@ -97,6 +97,7 @@ void PartList::changeEvent(QEvent* event)
 
 void PartList::retranslate()
 {
+    setWindowTitle(tr("Parts"));
     m_view->setPlaceholder(tr("Open a part, or drop a file into the window."));
     m_view->setAccessibleName(tr("Parts"));
     emit m_model->headerDataChanged(Qt::Horizontal, 0, PartTreeModel::ColumnCount - 1);

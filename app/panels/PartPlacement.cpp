@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PartPlacement.h"
 
-#include "app/panels/DocumentStep.h"
+#include "app/commands/EditStep.h"
 
 #include <QString>
 
@@ -25,10 +25,9 @@ bool moveAs(Mesh::Document& document, Parts const& parts, UVector3<float> const&
 {
     if (parts.empty() || !isMove(offset))
         return false;
-    DocumentStep step(document, name);
+    EditStep const step(document, name);
     for (Mesh::DocumentObject* const part : parts)
         part->translate(offset, 0);
-    step.finish();
     return true;
 }
 
@@ -70,7 +69,7 @@ bool rotate(Mesh::Document& document, Parts const& parts, UVector3<double> const
     if (box.Isnullptr() || angles == UVector3<double>())
         return false;
     UPoint3<float> const middle = middleOf(box);
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rotate"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rotate"));
     for (Mesh::DocumentObject* const part : parts)
         for (int axis = 0; axis < 3; ++axis) {
             UVector3<float> direction;
@@ -78,7 +77,6 @@ bool rotate(Mesh::Document& document, Parts const& parts, UVector3<double> const
             if (angles[axis] != 0)
                 part->rotate(middle, float(angles[axis]), direction, false);
         }
-    step.finish();
     return true;
 }
 
@@ -87,11 +85,10 @@ bool dropToPlate(Mesh::Document& document, Parts const& parts)
     auto const floats = [](auto const* part) { return isMove(toPlate(part)); };
     if (std::none_of(parts.begin(), parts.end(), floats))
         return false;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Drop to Plate"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Drop to Plate"));
     for (Mesh::DocumentObject* const part : parts)
         if (floats(part))
             part->translate(toPlate(part), 0);
-    step.finish();
     return true;
 }
 

@@ -33,8 +33,8 @@ std::vector<Menu> const& menus()
 {
     static std::vector<Menu> const all = {
         {QT_TRANSLATE_NOOP("WindowMenus", "&File"),
-         {"Std_New", "Std_Open", recentFiles, "-", "Std_Save", "Std_SaveAs", "Std_Export", "-",
-          "Std_Screenshot", "-", "Std_Quit"}},
+         {"Std_New", "Std_Open", recentFiles, "-", "Std_Save", "Std_SaveAs", "Std_Export",
+          "Std_ExportSelected", "-", "Std_Screenshot", "-", "Std_Quit"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Edit"),
          {"Std_Undo", "Std_Redo", "-", "Std_Duplicate", "Std_Delete", "-", "Std_SelectAll",
           "Std_SelectNone", "Std_InvertSelection", "-", "Std_RectangleSelect", "Std_PickPoint", "-",
@@ -99,11 +99,9 @@ WindowMenus::WindowMenus(QMainWindow& window, Base::CommandManager& manager)
 
 void WindowMenus::fill()
 {
-    // The menu bar keeps the menus that it shows no longer. Submenus come behind theirs.
-    while (!m_titles.empty()) {
-        delete m_titles.back().menu;
-        m_titles.pop_back();
-    }
+    for (Title const& title : m_titles)
+        delete title.menu;
+    m_titles.clear();
     m_headings.clear();
     m_mainWindow.menuBar()->clear();
     m_toolBar->clear();
@@ -150,9 +148,8 @@ void WindowMenus::fillMenu(QMenu& menu, char const* const* names, int count)
             continue;
         }
         if (entry == recentFiles) {
-            m_recentFiles = menu.addMenu(QString());
-            m_recentFiles->menuAction()->setVisible(false);
-            m_titles.push_back({m_recentFiles, QT_TRANSLATE_NOOP("WindowMenus", "Open &Recent")});
+            if (m_recentFiles)
+                menu.addMenu(m_recentFiles);
             continue;
         }
         if (!m_manager.getCommandByName(names[i]))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 
 class QLabel;
@@ -26,8 +27,9 @@ public:
     void fill();
     void retranslate();
 
-    /// Menus whose entries others add to; null if the menu is not there.
-    QMenu* recentFilesMenu() const { return m_recentFiles; }
+    /// The submenu of the recent files, borrowed; shown when the menus are filled next.
+    void setRecentFiles(QMenu* menu) { m_recentFiles = menu; }
+    /// The menu to which the window adds its panels; never null after fill().
     QMenu* windowMenu() const { return m_window; }
 
 signals:
@@ -58,7 +60,7 @@ private:
     Base::CommandManager& m_manager;
     QVector<Title> m_titles;
     QVector<Heading> m_headings;
-    QMenu* m_recentFiles = nullptr;
+    QPointer<QMenu> m_recentFiles;
     QMenu* m_window = nullptr;
     QToolBar* m_toolBar;
 };

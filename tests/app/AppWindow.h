@@ -3,6 +3,7 @@
 
 #include "app/JobGuard.h"
 #include "app/OrbeWindow.h"
+#include "app/files/DocumentFiles.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
@@ -36,6 +37,35 @@ bool waitUntil(Condition const& condition)
     return condition();
 }
 
+/// Answers that need nobody.
+class ScriptedAnswers : public FileQuestions
+{
+public:
+    /// What the tests look at and set.
+    struct Script
+    {
+        Unsaved unsaved = Unsaved::Discard;
+        int askedAboutUnsaved = 0;
+        QStringList told;
+    };
+
+    explicit ScriptedAnswers(Script& script) : m_script(script) {}
+
+    QStringList filesToOpen() override { return {}; }
+    QString projectToSave(QString const&) override { return {}; }
+    std::optional<ExportPlan> exportPlan(QString const&, int) override { return {}; }
+    bool mayReplace(QStringList const&) override { return true; }
+    Unsaved aboutUnsaved(QString const&) override
+    {
+        ++m_script.askedAboutUnsaved;
+        return m_script.unsaved;
+    }
+    void tell(QString const& text) override { m_script.told << text; }
+
+private:
+    Script& m_script;
+};
+
 /// The application's window on one document, with the commands of the plug-in and settings of its
 /// own.
 class AppWindow : public testing::Test
@@ -45,11 +75,18 @@ protected:
     {
         QSettings::setPath(g_AppSettingFormat, QSettings::UserScope, settings.path());
         QCoreApplication::setApplicationName("orbe");
+        start();
+    }
+
+    /// The application anew, with the settings that it left.
+    void start()
+    {
+        window.reset();
+        test.reset();
         test = std::make_unique<TestDocument>();
-        window = std::make_unique<OrbeWindow>();
+        window = std::make_unique<OrbeWindow>(std::make_unique<ScriptedAnswers>(script));
         enterPlugIn();
         window->commandsAdded();
-        window->resize(1200, 800);
     }
 
     void TearDown() override
@@ -107,6 +144,7 @@ protected:
     static bool hasDisplay() { return QGuiApplication::platformName() == "xcb"; }
 
     QTemporaryDir settings;
+    ScriptedAnswers::Script script;
     std::unique_ptr<TestDocument> test;
     std::unique_ptr<OrbeWindow> window;
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+
+/// A small flat button with a sign drawn in the colours of the theme.
+class GlyphButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    enum Glyph
+    {
+        Pin,
+        Fold,
+        Unfold,
+        Maximize,
+        Restore,
+        Close
+    };
+
+    GlyphButton(Glyph glyph, QWidget* parent);
+
+    void setGlyph(Glyph glyph);
+    /// The text is the tool tip and what a screen reader says.
+    void setName(QString const& name);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Glyph m_glyph;
+};
