@@ -4,13 +4,9 @@
 #include "app/files/DocumentFiles.h"
 #include "app/modules/Modules.h"
 #include "platform/ui/Application.h"
-<<<<<<< HEAD
-#include "platform/ui/LanguageSwitch.h"
-=======
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/ThemeSwitch.h"
->>>>>>> main
 
 #include <QApplication>
 #include <QIcon>
@@ -65,11 +61,8 @@ int runWindow(StartOptions const& options)
     Application application;
     application.newDocument({});
     LanguageSwitch::applyStored();
-<<<<<<< HEAD
-=======
     ThemeSwitch::applyStored();
     DisplayUnit::instance().readStored();
->>>>>>> main
     OrbeWindow window;
     Modules modules;
     modules.load(options.plugin.isEmpty() ? Modules::installedLibrary() : options.plugin);
