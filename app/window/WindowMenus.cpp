@@ -99,9 +99,11 @@ WindowMenus::WindowMenus(QMainWindow& window, Base::CommandManager& manager)
 
 void WindowMenus::fill()
 {
-    for (Title const& title : m_titles)
-        delete title.menu;
-    m_titles.clear();
+    // The menu bar keeps the menus that it shows no longer. Submenus come behind theirs.
+    while (!m_titles.empty()) {
+        delete m_titles.back().menu;
+        m_titles.pop_back();
+    }
     m_headings.clear();
     m_mainWindow.menuBar()->clear();
     m_toolBar->clear();
