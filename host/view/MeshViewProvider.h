@@ -63,6 +63,7 @@ private:
     bool isSurfaceOf(MeshKernel const& kernel) const;
     void upload(DrawDevice& device, MeshKernel const& kernel);
     SurfaceLook look(MeshKernel const& kernel) const;
+    unsigned edgeColor(MeshKernel const& kernel) const;
     PickTree const& tree(MeshKernel const& kernel) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
@@ -73,6 +74,7 @@ private:
     std::weak_ptr<UMesh<float> const> m_surfaceMesh;
     std::size_t m_surfaceTriangles = 0;
     std::size_t m_deviceBytes = 0;
+    double m_meanEdge = 0;
     std::unique_ptr<PartSurface> m_prepared;
     mutable std::unique_ptr<PickTree> m_tree;
     std::unique_ptr<PartSection> m_capSection;

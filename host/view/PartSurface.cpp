@@ -34,9 +34,21 @@ UVector3<double> normalOf(MeshArrays const& mesh, std::size_t triangle)
     return edge(1) * edge(2);
 }
 
+/// By some of the triangles.
+double meanEdgeOf(MeshArrays const& mesh)
+{
+    std::size_t const stride = 1 + mesh.triangles.size() / 10000;
+    double sum = 0;
+    std::size_t count = 0;
+    for (std::size_t t = 0; t < mesh.triangles.size(); t += stride, count += 3)
+        for (int k = 0; k < 3; ++k)
+            sum += (mesh.point(t, (k + 1) % 3) - mesh.point(t, k)).GetLength();
+    return count ? sum / double(count) : 0;
+}
+
 }  // namespace
 
-PartSurface::PartSurface(MeshArrays const& mesh)
+PartSurface::PartSurface(MeshArrays const& mesh) : meanEdge(meanEdgeOf(mesh))
 {
     vertices.reserve(std::max(mesh.points.size(), mesh.triangles.size()));
     for (MeshArrays::Point const& point : mesh.points)

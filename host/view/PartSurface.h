@@ -24,6 +24,8 @@ struct PartSurface
 
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
+    /// The mean length of the edges, in the mesh's coordinates; 0 without triangles.
+    double meanEdge = 0;
 };
 
 static_assert(sizeof(PartSurface::Vertex) == 16);
