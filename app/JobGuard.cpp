@@ -5,6 +5,16 @@
 
 #include <QCoreApplication>
 
+namespace {
+
+// The titles that jobs of modules give.
+[[maybe_unused]] char const* const moduleTitles[] = {
+    QT_TRANSLATE_NOOP("JobGuard", "Section Cut"),
+    QT_TRANSLATE_NOOP("JobGuard", "Polygon Cut"),
+};
+
+}  // namespace
+
 JobGuard* JobGuard::instance()
 {
     static JobGuard guard;
@@ -36,10 +46,17 @@ QString JobGuard::reason() const
     std::lock_guard const lock(m_titlesLock);
     if (m_titles.empty())
         return QCoreApplication::translate("JobGuard", "Wait until the running job has finished.");
-    QString const title =
-        QCoreApplication::translate("JobGuard", m_titles.back().toUtf8().constData());
     return QCoreApplication::translate("JobGuard", "Wait until \"%1\" has finished, or cancel it.")
-        .arg(title);
+        .arg(translatedTitle(m_titles.back()));
+}
+
+QString JobGuard::translatedTitle(QString const& title)
+{
+    QByteArray const text = title.toUtf8();
+    QString const translated = QCoreApplication::translate("JobGuard", text.constData());
+    // Modules have theirs translated for the status bar.
+    return translated != title ? translated
+                               : QCoreApplication::translate("StatusBarMessage", text.constData());
 }
 
 void JobGuard::displayOpened(QString const& title)

@@ -29,6 +29,10 @@ public:
     /// while nothing runs.
     QString reason() const;
 
+    /// The title of a job as the user reads it; plain titles are translated in the context
+    /// "JobGuard".
+    static QString translatedTitle(QString const& title);
+
     // Called by what shows progress, on any thread, in pairs.
 
     void displayOpened(QString const& title);

@@ -47,6 +47,28 @@ QString HostCommand::whyInactive() const
     return {};
 }
 
+QString HostCommand::currentText() const
+{
+    return translated(getMenuText().toUtf8().constData());
+}
+
+QString HostCommand::translated(char const* text) const
+{
+    return QCoreApplication::translate(className(), text);
+}
+
+QString HostCommand::whyNoPart() const
+{
+    Mesh::Document const* const document = activeMeshDocument();
+    return document && !document->getMeshObjects().empty() ? QString() : generalReason();
+}
+
+QString HostCommand::whyNothingSelected() const
+{
+    Mesh::Document const* const document = activeMeshDocument();
+    return document && !document->getSelectedMeshObjects().empty() ? QString() : generalReason();
+}
+
 bool HostCommand::isActive()
 {
     return (!changesDocument() || !JobGuard::instance()->isBusy()) && whyInactive().isEmpty();

@@ -30,6 +30,8 @@ public:
     /// One sentence that says what to do before the command makes sense; empty if it does now. A
     /// running job is not its matter.
     virtual QString whyInactive() const;
+    /// The translated text that menus show now: the menu text, unless it says more at times.
+    virtual QString currentText() const;
     /// Whether a job that runs forbids the command: true for all but viewing and selecting.
     virtual bool changesDocument() const { return true; }
 
@@ -39,6 +41,12 @@ public:
 protected:
     /// The active document if it is a mesh document, else null.
     static Mesh::Document* activeMeshDocument();
+    /// Translated in the context of the class name.
+    QString translated(char const* text) const;
+
+    // Reasons; empty if there is such a part.
+    QString whyNoPart() const;
+    QString whyNothingSelected() const;
 
 private:
     std::string m_icon;

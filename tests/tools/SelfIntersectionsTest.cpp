@@ -1,0 +1,418 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/tools/FlatShapes.h"
+#include "tools/LoopNesting.h"
+#include "tools/SegmentRelation.h"
+#include "tools/SelfIntersections.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+namespace {
+
+using Freecut::FlatLoops;
+using Freecut::FlatRing;
+using Freecut::ResolvedLoops;
+using Freecut::resolveSelfIntersections;
+using Point = UPoint2<float>;
+
+/// By which part of a fine grid's cells the loops' filling differs from where the outline runs
+/// around them `wanted` times or more.
+double misfilledShare(FlatRing const& outline, FlatLoops const& solid, int wanted)
+{
+    float low = 1e9f, high = -1e9f;
+    for (Point const& p : outline) {
+        low = std::min({low, p.X(), p.Y()});
+        high = std::max({high, p.X(), p.Y()});
+    }
+    int constexpr cells = 150;
+    int wrong = 0, filled = 0;
+    for (int i = 0; i < cells; ++i)
+        for (int k = 0; k < cells; ++k) {
+            double const x = low + (high - low) * (i + 0.503) / cells;
+            double const y = low + (high - low) * (k + 0.497) / cells;
+            int const turns = windingOf(outline, x, y);
+            bool const isWanted = wanted > 0 ? turns >= wanted : turns <= wanted;
+            bool const isSolid = std::any_of(solid.begin(), solid.end(), [&](FlatRing const& loop) {
+                return windingOf(loop, x, y) != 0;
+            });
+            wrong += isWanted != isSolid;
+            filled += isWanted;
+        }
+    EXPECT_GT(filled, 0) << "the oracle must see something";
+    return double(wrong) / std::max(filled, 1);
+}
+
+FlatRing rotated(FlatRing ring, std::size_t places)
+{
+    std::rotate(ring.begin(), ring.begin() + std::ptrdiff_t(places), ring.end());
+    return ring;
+}
+
+/// The codes of all pairs of edges that touch twice.
+std::set<int> overlapCodes(FlatRing const& q)
+{
+    std::set<int> codes;
+    Point p1, p2;
+    for (std::size_t i = 0; i < q.size(); ++i)
+        for (std::size_t j = i + 2; j < q.size(); ++j) {
+            int const code =
+                Freecut::segmentRelation(q[i], q[i + 1], q[j], q[(j + 1) % q.size()], p1, p2);
+            if (code < 0 && code % 2 == 0)
+                codes.insert(code);
+        }
+    return codes;
+}
+
+bool isSplitAt(Point const& point, ResolvedLoops const& loops)
+{
+    auto const has = [&](FlatRing const& loop) {
+        return std::count(loop.begin(), loop.end(), point) > 0;
+    };
+    return std::any_of(loops.solid.begin(), loops.solid.end(), has) ||
+           std::any_of(loops.residual.begin(), loops.residual.end(), has);
+}
+
+void expectClosed(FlatLoops const& loops)
+{
+    for (FlatRing const& loop : loops) {
+        EXPECT_GE(loop.size(), 3u);
+        EXPECT_EQ(loop.front(), loop.back());
+    }
+}
+
+/// The steps one by one, with all pairs compared and plain searches.
+class SlowResolver
+{
+public:
+    explicit SlowResolver(FlatRing outline) : q(std::move(outline)), m(q.size()), lists(m)
+    {
+        for (std::size_t i = 0; i < m; ++i)
+            lists[i].push_back(q[i]);
+        q.push_back(q[0]);
+        for (std::size_t i = 0; i < m; ++i)
+            for (std::size_t j = i + 2; j < m; ++j)
+                compare(i, j);
+        for (FlatRing& list : lists)
+            sort(list);
+    }
+
+    ResolvedLoops loops()
+    {
+        auto segments = makeSegments();
+        ResolvedLoops result;
+        while (!segments.empty()) {
+            auto [start, end, flag] = segments.front();
+            segments.erase(segments.begin());
+            FlatRing loop{start};
+            bool isClosed = true;
+            while (end != start) {
+                auto const next = std::find_if(
+                    segments.begin(), segments.end(),
+                    [&](Segment const& s) { return s.start == end && s.flag == flag; });
+                isClosed = next != segments.end();
+                if (!isClosed)
+                    break;
+                loop.push_back(next->start);
+                end = next->end;
+                segments.erase(next);
+            }
+            loop.push_back(end);
+            if (loop.size() > 2)
+                (flag && isClosed ? result.solid : result.residual).push_back(loop);
+        }
+        Freecut::moveNestedLoops(result.solid, result.residual);
+        return result;
+    }
+
+private:
+    struct Segment
+    {
+        Point start, end;
+        bool flag;
+    };
+
+    Point const& point(std::ptrdiff_t i) const
+    {
+        return q[std::size_t((i + std::ptrdiff_t(m)) % std::ptrdiff_t(m))];
+    }
+    static double distance(Point const& a, Point const& b)
+    {
+        double const x = double(a.X()) - b.X(), y = double(a.Y()) - b.Y();
+        return std::sqrt(x * x + y * y);
+    }
+    void compare(std::size_t i, std::size_t j)
+    {
+        Point p1, p2, x, y;
+        auto const a = std::ptrdiff_t(i), c = std::ptrdiff_t(j);
+        auto const cross = [&](std::ptrdiff_t first, std::ptrdiff_t second) {
+            return Freecut::segmentRelation(point(first), point(first + 1), point(second),
+                                            point(second + 1), x, y) == 1;
+        };
+        auto const straddles = [&](std::ptrdiff_t e) {
+            return Freecut::turnOf(point(e), point(e + 1), point(e - 1)) *
+                       Freecut::turnOf(point(e), point(e + 1), point(e + 2)) <
+                   0;
+        };
+        int const code = Freecut::segmentRelation(q[i], q[i + 1], q[j], q[j + 1], p1, p2);
+        bool const passes =
+            (code == -4 && straddles(c)) || (code == -14 && straddles(a)) ||
+            (code == -6 && cross(c - 1, a - 1)) || (code == -10 && cross(c - 1, a + 1)) ||
+            (code == -8 && cross(c + 1, a - 1)) || (code == -12 && cross(c + 1, a + 1));
+        bool const isClear = code == 1 && distance(p1, q[i]) > 0.001 &&
+                             distance(p1, q[i + 1]) > 0.001 && distance(p1, q[j]) > 0.001 &&
+                             distance(p1, q[j + 1]) > 0.001;
+        if (!passes && !isClear)
+            return;
+        Point const split = isClear ? p1 : (p1 + p2) / 2.0f;
+        lists[i].push_back(split);
+        lists[j].push_back(split);
+    }
+    static void sort(FlatRing& list)
+    {
+        for (std::size_t i = 2; i < list.size(); ++i)
+            for (std::size_t k = i;
+                 k > 1 && distance(list[0], list[k]) < distance(list[0], list[k - 1]); --k)
+                std::swap(list[k], list[k - 1]);
+    }
+    std::vector<Segment> makeSegments() const
+    {
+        std::vector<Segment> segments;
+        bool flag = true;
+        for (std::size_t i = 0; i < m; ++i) {
+            FlatRing line = lists[i];
+            line.push_back(q[i + 1]);
+            for (std::size_t k = 0; k + 1 < line.size(); ++k) {
+                if (k > 0)
+                    flag = !flag;
+                segments.push_back(flag ? Segment{line[k], line[k + 1], true}
+                                        : Segment{line[k + 1], line[k], false});
+            }
+        }
+        return segments;
+    }
+
+    FlatRing q;
+    std::size_t m;
+    FlatLoops lists;
+};
+
+}  // namespace
+
+TEST(SelfIntersections, ASimplePolygonIsOneLoopWithItsFirstPointRepeated)
+{
+    FlatRing const square{{0, 0}, {10, 0}, {10, 10}, {0, 10}};
+    ResolvedLoops const loops = resolveSelfIntersections(square);
+    EXPECT_EQ(loops.solid, (FlatLoops{{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}}));
+    EXPECT_TRUE(loops.residual.empty());
+}
+
+TEST(SelfIntersections, NothingAndSinglePointsGiveNoLoop)
+{
+    EXPECT_TRUE(resolveSelfIntersections({}).solid.empty());
+    EXPECT_TRUE(resolveSelfIntersections({{3, 4}}).solid.empty());
+    EXPECT_TRUE(resolveSelfIntersections({{3, 4}}).residual.empty());
+}
+
+TEST(SelfIntersections, TwoPointsAreALoopThereAndBack)
+{
+    EXPECT_EQ(resolveSelfIntersections({{0, 0}, {10, 0}}).solid,
+              (FlatLoops{{{0, 0}, {10, 0}, {0, 0}}}));
+}
+
+TEST(SelfIntersections, OfAFigureEightTheFirstEdgesLobeIsSolid)
+{
+    FlatRing const eight{{0, 0}, {10, 10}, {10, 0}, {0, 10}};
+    ResolvedLoops const loops = resolveSelfIntersections(eight);
+    EXPECT_EQ(loops.solid, (FlatLoops{{{0, 0}, {5, 5}, {0, 10}, {0, 0}}}));
+    EXPECT_EQ(loops.residual, (FlatLoops{{{10, 10}, {5, 5}, {10, 0}, {10, 10}}}));
+    ResolvedLoops const other = resolveSelfIntersections(rotated(eight, 1));
+    ASSERT_EQ(other.solid.size(), 1u);
+    EXPECT_LT(misfilledShare(eight, other.solid, -1), 0.02);
+    EXPECT_LT(misfilledShare(eight, loops.solid, 1), 0.02);
+}
+
+TEST(SelfIntersections, OfAPentagramTheStarIsSolidAndItsMiddleIsDrawn)
+{
+    FlatRing const star = pentagram(1000);
+    ResolvedLoops const loops = resolveSelfIntersections(star);
+    ASSERT_EQ(loops.solid.size(), 1u);
+    EXPECT_EQ(loops.solid[0].size(), 11u);
+    ASSERT_EQ(loops.residual.size(), 1u);
+    EXPECT_EQ(loops.residual[0].size(), 6u);
+    EXPECT_LT(misfilledShare(star, loops.solid, 1), 0.01);
+    expectClosed(loops.solid);
+}
+
+TEST(SelfIntersections, ALoopTurnedOverAtACornerFallsAway)
+{
+    // At the upper right corner the outline overshoots and comes back from above.
+    FlatRing const outline{{0, 0}, {100, 0}, {100, 110}, {110, 100}, {0, 100}};
+    ResolvedLoops const loops = resolveSelfIntersections(outline);
+    EXPECT_EQ(loops.solid, (FlatLoops{{{0, 0}, {100, 0}, {100, 100}, {0, 100}, {0, 0}}}));
+    EXPECT_EQ(loops.residual, (FlatLoops{{{100, 110}, {100, 100}, {110, 100}, {100, 110}}}));
+    EXPECT_LT(misfilledShare(outline, loops.solid, 1), 0.01);
+}
+
+TEST(SelfIntersections, ALoopTurnedInwardIsFilledFromOutside)
+{
+    FlatRing const outline{{0, 0}, {100, 0}, {100, 100}, {40, 40}, {60, 40}, {0, 100}};
+    ResolvedLoops const loops = resolveSelfIntersections(outline);
+    EXPECT_EQ(loops.solid.size(), 1u);
+    EXPECT_EQ(loops.residual.size(), 1u);
+    EXPECT_LT(misfilledShare(outline, loops.solid, 1), 0.01);
+}
+
+TEST(SelfIntersections, ALoopStartedOnItsInnerTurnKeepsTheInnerTurn)
+{
+    // A snail: the inner turn runs the same way as the outer one.
+    FlatRing const snail{{0, 0},   {100, 0}, {100, 100}, {20, 100},
+                         {20, 20}, {80, 20}, {80, 80},   {0, 80}};
+    ResolvedLoops const fromOutside = resolveSelfIntersections(snail);
+    EXPECT_LT(misfilledShare(snail, fromOutside.solid, 1), 0.02);
+    ResolvedLoops const fromInside = resolveSelfIntersections(rotated(snail, 4));
+    EXPECT_LT(misfilledShare(snail, fromInside.solid, 2), 0.02);
+}
+
+TEST(SelfIntersections, ASpiralClosedAcrossItsTurnsFollowsTheRule)
+{
+    // Three turns inward, closed by a straight edge that crosses the two turns outside it.
+    FlatRing spiral;
+    for (int i = 0; i < 72; ++i) {
+        double const angle = 2 * M_PI * i / 24 + 0.01;
+        double const radius = 1000 - 10 * i;
+        spiral.push_back({float(radius * std::cos(angle)), float(radius * std::sin(angle))});
+    }
+    spiral = wholeNumbers(spiral);
+    ResolvedLoops const loops = resolveSelfIntersections(spiral);
+    expectClosed(loops.solid);
+    // Two crossings: the outermost turn and the innermost one are on the first edge's side. The
+    // inner one is within the outer one.
+    ASSERT_EQ(loops.solid.size(), 1u);
+    EXPECT_EQ(loops.residual.size(), 2u);
+    EXPECT_LT(misfilledShare(spiral, loops.solid, 1), 0.01);
+}
+
+TEST(SelfIntersections, AVertexThatJustTouchesAnEdgeDoesNotSplit)
+{
+    // Codes -1 to -9 by themselves: a tooth whose tip touches the opposite side.
+    FlatRing const outline{{0, 0}, {100, 0}, {100, 100}, {60, 100}, {50, 0}, {40, 100}, {0, 100}};
+    for (std::size_t places = 0; places < outline.size(); ++places) {
+        ResolvedLoops const loops = resolveSelfIntersections(rotated(outline, places));
+        ASSERT_EQ(loops.solid.size(), 1u);
+        EXPECT_EQ(loops.solid[0].size(), outline.size() + 1);
+        EXPECT_TRUE(loops.residual.empty());
+    }
+}
+
+TEST(SelfIntersections, WhereEdgesOverlapTheNeighboursDecide)
+{
+    struct Case
+    {
+        char const* name;
+        FlatRing outline;
+        bool isSplit;
+    };
+    // An edge comes from above, overlaps the one at the bottom, and goes on above or below.
+    Case const cases[] = {
+        {"within it, going on below",
+         {{0, 0}, {100, 0}, {100, 100}, {30, 100}, {30, 0}, {70, 0}, {70, -50}, {0, -50}},
+         true},
+        {"within it, turning back",
+         {{0, 0}, {100, 0}, {100, 100}, {70, 100}, {70, 0}, {30, 0}, {30, 100}, {0, 100}},
+         false},
+        {"over its end, where the neighbours are apart",
+         {{0, 0}, {100, 0}, {100, 100}, {30, 100}, {30, 0}, {-50, 0}, {-50, -50}, {-20, -80}},
+         false},
+    };
+    for (Case const& row : cases) {
+        ResolvedLoops const loops = resolveSelfIntersections(row.outline);
+        EXPECT_EQ(loops.solid.size() + loops.residual.size() > 1, row.isSplit) << row.name;
+    }
+}
+
+TEST(SelfIntersections, EveryCodeOfAnOverlapSplitsInItsMiddle)
+{
+    // Run backwards and started elsewhere, the same overlaps have other codes.
+    struct Case
+    {
+        FlatRing outline;
+        Point split;
+    };
+    Case const cases[] = {
+        {{{0, 0}, {100, 0}, {150, 50}, {30, 50}, {30, 0}, {70, 0}, {70, -50}}, {50, 0}},
+        {{{0, 0}, {100, 0}, {100, 100}, {-50, 100}, {40, 0}, {-30, 0}, {40, 30}}, {20, 0}},
+        {{{0, 0}, {100, 0}, {60, 40}, {60, 90}, {120, 90}, {60, 0}, {130, 0}, {130, -50}}, {80, 0}},
+    };
+    std::set<int> codes;
+    for (Case const& row : cases)
+        for (bool const isReversed : {false, true})
+            for (std::size_t places = 0; places < row.outline.size(); ++places) {
+                FlatRing outline = rotated(row.outline, places);
+                if (isReversed)
+                    std::reverse(outline.begin(), outline.end());
+                codes.merge(overlapCodes(outline));
+                EXPECT_TRUE(isSplitAt(row.split, resolveSelfIntersections(outline)));
+            }
+    EXPECT_EQ(codes, (std::set<int>{-14, -12, -10, -8, -6, -4}));
+}
+
+TEST(SelfIntersections, CrossingTeethOfNeighbouringEdgesAreFound)
+{
+    // Teeth that point inward on two edges of a corner reach through each other.
+    FlatRing const outline{{0, 0},   {100, 0},  {100, 10},  {85, 15},
+                           {75, 12}, {100, 30}, {100, 100}, {0, 100}};
+    FlatRing const crossed{{0, 0},   {80, 0},  {90, 20},  {95, 0},    {100, 0},
+                           {100, 8}, {80, 12}, {100, 16}, {100, 100}, {0, 100}};
+    ASSERT_EQ(resolveSelfIntersections(outline).residual.size(), 0u);
+    ResolvedLoops const loops = resolveSelfIntersections(crossed);
+    EXPECT_FALSE(loops.solid.empty());
+    EXPECT_FALSE(loops.residual.empty());
+    expectClosed(loops.solid);
+}
+
+TEST(SelfIntersections, RandomOutlinesAreResolvedAsByTheSlowSteps)
+{
+    std::mt19937 random(20260101);
+    int withResidual = 0;
+    for (int run = 0; run < 3000; ++run) {
+        // Small ranges are full of touches and overlaps, large ones of proper crossings.
+        int const range = run % 3 == 0 ? 4 : run % 3 == 1 ? 20 : 100000;
+        std::uniform_int_distribution<int> coordinate(-range, range);
+        FlatRing outline(3 + run % 40);
+        for (Point& p : outline)
+            p = {float(coordinate(random)), float(coordinate(random))};
+        ResolvedLoops const expected = SlowResolver(outline).loops();
+        ResolvedLoops const actual = resolveSelfIntersections(outline);
+        ASSERT_EQ(actual.solid, expected.solid) << "run " << run;
+        ASSERT_EQ(actual.residual, expected.residual) << "run " << run;
+        withResidual += !expected.residual.empty();
+    }
+    EXPECT_GT(withResidual, 1000);
+}
+
+TEST(SelfIntersections, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)
+{
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> coordinate(-4e9f, 4e9f);
+    for (int run = 0; run < 50; ++run) {
+        FlatRing outline(20);
+        for (Point& p : outline)
+            p = {coordinate(random), coordinate(random)};
+        outline = wholeNumbers(outline);
+        EXPECT_EQ(resolveSelfIntersections(outline).solid, SlowResolver(outline).loops().solid);
+    }
+}
+
+TEST(SelfIntersections, SimpleCircleLikeOutlinesStayWholeAtAnySize)
+{
+    for (int const count : {3, 31, 32, 33, 64, 65, 2000}) {
+        FlatRing const ring = wholeNumbers(circlePoints(100000, count));
+        ResolvedLoops const loops = resolveSelfIntersections(ring);
+        ASSERT_EQ(loops.solid.size(), 1u) << count;
+        EXPECT_EQ(loops.solid[0].size(), ring.size() + 1);
+        EXPECT_NEAR(signedArea(loops.solid[0]), signedArea(ring), 1);
+    }
+}
