@@ -116,6 +116,7 @@ void ViewProvider::upload(DrawDevice& device, MeshKernel const& kernel)
     }
     m_surface = device.upload(*m_prepared);
     m_meanEdge = m_prepared->meanEdge;
+    m_isSolid = m_prepared->isSolid;
     m_surfaceMesh = kernel.readMesh();
     m_surfaceTriangles = kernel.readMesh()->triangles.size();
     m_deviceBytes = m_prepared->vertices.size() * sizeof(PartSurface::Vertex) +
@@ -152,6 +153,9 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
         look.front = withAlpha(look.front, ghostAlpha);
         look.back = withAlpha(look.front, ghostAlpha);
     }
+    // In perspective the eye may be inside.
+    look.isSolid = m_isSolid && (look.front & 255) == 255 && (!look.cut || hasCaps()) &&
+                   m_view->getCamera()->projection() == GLCamera::Projection::Parallel;
     look.isMarked = m_object->isSelected() && !isGhost();
     if (getRenderMode() != Shaded)
         look.edges = edgeColor(kernel);

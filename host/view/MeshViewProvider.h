@@ -66,6 +66,7 @@ private:
     unsigned edgeColor(MeshKernel const& kernel) const;
     PickTree const& tree(MeshKernel const& kernel) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
+    bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
     void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
@@ -75,6 +76,7 @@ private:
     std::size_t m_surfaceTriangles = 0;
     std::size_t m_deviceBytes = 0;
     double m_meanEdge = 0;
+    bool m_isSolid = false;
     std::unique_ptr<PartSurface> m_prepared;
     mutable std::unique_ptr<PickTree> m_tree;
     std::unique_ptr<PartSection> m_capSection;

@@ -200,6 +200,29 @@ TEST_P(LiveCuts, ShowTheSectionLineOfAHeightOverTheParts)
     EXPECT_EQ(picture("section-line-none"), plain);
 }
 
+TEST_P(LiveCuts, AskForAPictureOnlyIfTheyChange)
+{
+    test.add(box(40, 30, 20), "box");
+    lookDown();
+    settle();
+    PictureCount pictures(*view);
+    auto const picturesFor = [&](auto const& change) {
+        pictures.count = 0;
+        change();
+        settle();
+        return pictures.count;
+    };
+    EXPECT_EQ(picturesFor([&] { cutBelow(10); }), 1);
+    EXPECT_EQ(picturesFor([&] { cutBelow(10); }), 0);
+    EXPECT_EQ(picturesFor([&] { view->setSectionHeight(5.0f); }), 1);
+    EXPECT_EQ(picturesFor([&] { view->setSectionHeight(5.0f); }), 0);
+    EXPECT_EQ(picturesFor([&] {
+                  for (float height = 5; height < 10; ++height)
+                      view->setSectionHeight(height);
+              }),
+              1);
+}
+
 TEST_P(LiveCuts, OfAModel)
 {
     Soup const soup = realMesh("armadillo-86k.stl");
