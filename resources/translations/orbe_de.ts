@@ -1289,11 +1289,11 @@
     </message>
     <message>
         <source>Middle of the box</source>
-        <translation>Mitte des Quaders</translation>
+        <translation>Mitte des Hüllquaders</translation>
     </message>
     <message>
         <source>Lower corner of the box</source>
-        <translation>Untere Ecke des Quaders</translation>
+        <translation>Untere Ecke des Hüllquaders</translation>
     </message>
     <message>
         <source>Middle of the bottom</source>
