@@ -309,7 +309,7 @@ public:
     ShowAllCommand()
         : HostCommand("Std_ShowAll", {QT_TRANSLATE_NOOP("HostCommand", "Show &All"),
                                       QT_TRANSLATE_NOOP("HostCommand", "Show all hidden parts."),
-                                      "app_eye", "Ctrl+Shift+H"})
+                                      "app_show_all", "Ctrl+Shift+H"})
     {}
 
     QString whyInactive() const override

@@ -53,7 +53,7 @@ public:
     QuitCommand()
         : HostCommand("Std_Quit", {QT_TRANSLATE_NOOP("HostCommand", "&Quit"),
                                    QT_TRANSLATE_NOOP("HostCommand", "Close the application."),
-                                   nullptr, "Ctrl+Q"})
+                                   "app_quit", "Ctrl+Q"})
     {}
 
     bool changesDocument() const override { return false; }
@@ -113,7 +113,7 @@ void addSaving(Base::CommandManager& commands, DocumentFiles& files)
     commands.addCommand(new FileCommand(
         "Std_SaveAs",
         {QT_TRANSLATE_NOOP("HostCommand", "Save &As..."),
-         QT_TRANSLATE_NOOP("HostCommand", "Save the project in another file."), nullptr,
+         QT_TRANSLATE_NOOP("HostCommand", "Save the project in another file."), "app_save_as",
          "Ctrl+Shift+S"},
         files, [](DocumentFiles& f) { f.saveAs(); }, noDocument));
 }

@@ -53,7 +53,7 @@ void PartMenu::addVisibility()
     add(tr("Show"), "app_show",
         select.isEmpty() && allVisible ? tr("The selected parts are shown already.") : select,
         [this] { PartEdits::setVisible(m_document, selectedParts(), true); });
-    add(tr("Show All"), {}, {},
+    add(tr("Show All"), "app_show_all", {},
         [this] { PartEdits::setVisible(m_document, m_document.getMeshObjects(), true); });
 }
 
@@ -77,8 +77,8 @@ void PartMenu::addParts()
 {
     QString const select = m_parts.empty() ? tr("Select a part first.") : QString();
     QString const selectAny = m_objects.empty() ? tr("Select a part first.") : QString();
-    add(tr("Rename"), {}, selectAny, [this] { emit renameRequested(); });
-    add(tr("Colour..."), {}, select, [this] { emit colorRequested(); });
+    add(tr("Rename"), "app_rename", selectAny, [this] { emit renameRequested(); });
+    add(tr("Colour..."), "app_color", select, [this] { emit colorRequested(); });
     add(tr("No Colour of Its Own"), {}, select,
         [this] { PartEdits::setColor(m_document, selectedParts(), 0); });
     add(tr("Duplicate"), "app_duplicate", select,

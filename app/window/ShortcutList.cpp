@@ -22,8 +22,8 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
     m_list->setRootIsDecorated(false);
     m_list->setAlternatingRowColors(true);
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
-    m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    m_list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
     addCommands(manager);
     addMouse();

@@ -794,6 +794,78 @@
         <source>About</source>
         <translation>Über</translation>
     </message>
+    <message>
+        <source>&amp;Cut Open</source>
+        <translation>Au&amp;fschneiden</translation>
+    </message>
+    <message>
+        <source>Show the parts cut open by a plane; they stay whole.</source>
+        <translation>Die Bauteile an einer Ebene aufgeschnitten zeigen; sie bleiben ganz.</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences...</source>
+        <translation>&amp;Einstellungen...</translation>
+    </message>
+    <message>
+        <source>Choose theme, language, units and how the mouse works.</source>
+        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Drop to the Plate</source>
+        <translation>Auf die Platte a&amp;bsetzen</translation>
+    </message>
+    <message>
+        <source>Let the selected parts down onto the build plate.</source>
+        <translation>Die ausgewählten Bauteile auf die Bauplatte absetzen.</translation>
+    </message>
+    <message>
+        <source>&amp;Centre on the Plate</source>
+        <translation>Auf der Platte &amp;zentrieren</translation>
+    </message>
+    <message>
+        <source>Move the selected parts to the middle of the plate.</source>
+        <translation>Die ausgewählten Bauteile in die Mitte der Platte verschieben.</translation>
+    </message>
+    <message>
+        <source>C&amp;heck</source>
+        <translation>&amp;Prüfen</translation>
+    </message>
+    <message>
+        <source>Look for errors in the selected parts.</source>
+        <translation>Die ausgewählten Bauteile auf Fehler prüfen.</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Reparieren</translation>
+    </message>
+    <message>
+        <source>Mend the errors of the selected parts.</source>
+        <translation>Die Fehler der ausgewählten Bauteile beheben.</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern...</translation>
+    </message>
+    <message>
+        <source>Save the picture of the view to a file.</source>
+        <translation>Das Bild der Ansicht in einer Datei speichern.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences</source>
+        <translation>&amp;Einstellungen</translation>
+    </message>
+    <message>
+        <source>Choose theme, language, units and the use of the mouse.</source>
+        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -1074,13 +1146,6 @@
         <source>...</source>
         <translation>...</translation>
     </message>
-    <message numerus="yes">
-        <source>%n parts</source>
-        <translation>
-            <numerusform>%n Bauteil</numerusform>
-            <numerusform>%n Bauteile</numerusform>
-        </translation>
-    </message>
     <message>
         <source>empty</source>
         <translation>leer</translation>
@@ -1117,6 +1182,10 @@
         <source>The check was cancelled.</source>
         <translation>Die Prüfung wurde abgebrochen.</translation>
     </message>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 Bauteile</translation>
+    </message>
 </context>
 <context>
     <name>PartList</name>
@@ -1132,13 +1201,6 @@
         <source>Parts</source>
         <translation>Bauteile</translation>
     </message>
-    <message numerus="yes">
-        <source>%n part(s)</source>
-        <translation>
-            <numerusform>%n Bauteil</numerusform>
-            <numerusform>%n Bauteile</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 triangles</source>
         <translation>%1 Dreiecke</translation>
@@ -1146,6 +1208,14 @@
     <message>
         <source>%1 selected</source>
         <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>1 part</source>
+        <translation>1 Bauteil</translation>
+    </message>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 Bauteile</translation>
     </message>
 </context>
 <context>
@@ -1289,11 +1359,11 @@
     </message>
     <message>
         <source>Middle of the box</source>
-        <translation>Mitte des Quaders</translation>
+        <translation>Mitte des Hüllquaders</translation>
     </message>
     <message>
         <source>Lower corner of the box</source>
-        <translation>Untere Ecke des Quaders</translation>
+        <translation>Untere Ecke des Hüllquaders</translation>
     </message>
     <message>
         <source>Middle of the bottom</source>
@@ -1739,6 +1809,13 @@
     <message>
         <source>Tools</source>
         <translation>Werkzeuge</translation>
+    </message>
+</context>
+<context>
+    <name>WindowPanels</name>
+    <message>
+        <source>Cut View</source>
+        <translation>Schnittansicht</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/files/ExportDialog.h"
+#include "app/panels/HistoryList.h"
+#include "app/panels/PartInformation.h"
+#include "app/panels/PartList.h"
+#include "app/panels/PlacementPanel.h"
+#include "app/panels/PreferencesDialog.h"
+#include "app/panels/ViewPreferences.h"
+#include "app/window/ShortcutList.h"
+#include "app/window/ViewAppearance.h"
 #include "platform/ui/LanguageSwitch.h"
+#include "platform/ui/ThemeSwitch.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/TranslationFile.h"
 
@@ -69,17 +79,61 @@ std::set<QString> englishTexts()
     return english;
 }
 
+void expectNoEnglishText(QWidget const& window)
+{
+    static std::set<QString> const english = englishTexts();
+    QStringList texts;
+    collectTexts(window, texts);
+    for (QString const& text : texts)
+        EXPECT_EQ(english.count(text), 0u) << qPrintable(text);
+}
+
+/// Whether a label or button has the room that its text needs.
+void expectWholeTexts(QWidget const& window)
+{
+    for (QWidget const* const widget : window.findChildren<QWidget*>()) {
+        auto const* const label = qobject_cast<QLabel const*>(widget);
+        auto const* const button = qobject_cast<QAbstractButton const*>(widget);
+        bool const isText = label ? !label->wordWrap() && !label->text().isEmpty()
+                                  : button && !button->text().isEmpty();
+        if (isText && widget->isVisible()) {
+            EXPECT_GE(widget->width(), widget->sizeHint().width())
+                << qPrintable(label ? label->text() : button->text());
+        }
+    }
+}
+
 class GermanWindow : public AppWindow
 {
 protected:
+    /// Dialogs and panels that were made in English.
+    std::vector<std::unique_ptr<QWidget>> panels()
+    {
+        appearance = std::make_unique<ViewAppearance>(window->view());
+        preferences = std::make_unique<ViewPreferences>(window->view());
+        std::vector<std::unique_ptr<QWidget>> made;
+        made.push_back(std::make_unique<PreferencesDialog>(*appearance, *preferences, nullptr));
+        made.push_back(std::make_unique<PlacementPanel>());
+        made.push_back(std::make_unique<PartInformation>());
+        made.push_back(std::make_unique<PartList>());
+        made.push_back(std::make_unique<HistoryList>());
+        return made;
+    }
+
+    std::unique_ptr<ViewAppearance> appearance;
+    std::unique_ptr<ViewPreferences> preferences;
+
     void SetUp() override
     {
         AppWindow::SetUp();
+        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
         LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
         QCoreApplication::processEvents();
     }
     void TearDown() override
     {
+        preferences.reset();
+        appearance.reset();
         LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
         QCoreApplication::processEvents();
         AppWindow::TearDown();
@@ -102,12 +156,10 @@ TEST_F(GermanWindow, LeavesNoEnglishTextBehind)
 {
     test->add(box(20, 20, 20), "Box");
     QCoreApplication::processEvents();
-    std::set<QString> const english = englishTexts();
     QStringList texts;
     collectTexts(*window, texts);
     EXPECT_GT(texts.size(), 100);
-    for (QString const& text : texts)
-        EXPECT_EQ(english.count(text), 0u) << qPrintable(text);
+    expectNoEnglishText(*window);
 }
 
 TEST_F(GermanWindow, ShowsGermanMenus)
@@ -135,4 +187,39 @@ TEST_F(GermanWindow, LooksTidy)
     trigger("Std_View6");
     trigger("Std_FitAll");
     takePicture("german");
+}
+
+TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
+{
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
+    test->add(box(40, 30, 20), "Box");
+    auto const made = panels();
+    trigger("Std_SelectAll");
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
+    QDir(MELL_BINARY_DIR "/..").mkpath("pictures");
+    for (auto const& panel : made) {
+        panel->show();
+        QCoreApplication::processEvents();
+        QString const name = panel->metaObject()->className();
+        SCOPED_TRACE(qPrintable(name));
+        expectNoEnglishText(*panel);
+        expectWholeTexts(*panel);
+        panel->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+    }
+}
+
+TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
+{
+    ShortcutList shortcuts(commands(), nullptr);
+    ExportDialog exporting(3, nullptr);
+    for (QDialog* const dialog :
+         {static_cast<QDialog*>(&shortcuts), static_cast<QDialog*>(&exporting)}) {
+        dialog->show();
+        QCoreApplication::processEvents();
+        QString const name = dialog->metaObject()->className();
+        SCOPED_TRACE(qPrintable(name));
+        expectNoEnglishText(*dialog);
+        expectWholeTexts(*dialog);
+        dialog->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+    }
 }
