@@ -10,6 +10,7 @@
 
 #include <QDockWidget>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QTimer>
 
 #include <algorithm>
@@ -21,7 +22,10 @@ DialogPlace::DialogPlace(QString const& name, DialogWidget* dialog, MainWindow* 
     window->installEventFilter(this);
     m_dialog->setParent(window, Qt::Widget);
     m_dialog->setFocusPolicy(Qt::TabFocus);
-    connect(dialog, &Dialog::signalPinned, this, &DialogPlace::setPinned);
+    connect(dialog, &Dialog::signalPinned, this, [this] {
+        followDialog();
+        store();
+    });
     connect(dialog, &Dialog::signalMaximized, this, &DialogPlace::place);
     connect(dialog, &Dialog::signalSizeChanged, this, &DialogPlace::placeLater);
     connect(dialog, &Dialog::signalDragged, this, &DialogPlace::dragBy);
@@ -47,7 +51,7 @@ void DialogPlace::store() const
 {
     storeValue(m_key + "/side", m_isAtLeft ? "left" : "right");
     storeValue(m_key + "/offset", m_offset);
-    storeValue(m_key + "/pinned", !m_dock.isNull());
+    storeValue(m_key + "/pinned", m_dialog->isPinned());
 }
 
 Qt::DockWidgetArea DialogPlace::area() const
@@ -65,6 +69,7 @@ QRect DialogPlace::viewArea() const
 
 void DialogPlace::bringUp()
 {
+    followDialog();
     if (m_dock) {
         m_dock->show();
         m_dock->raise();
@@ -86,16 +91,17 @@ void DialogPlace::stepAside()
         m_offset += themePixels("titleHeight");
 }
 
-void DialogPlace::setPinned(bool pinned)
+void DialogPlace::followDialog()
 {
-    if (!m_window || pinned == !m_dock.isNull())
+    // Folded, even a pinned dialog gives its room back to the view.
+    bool const wantsDock = m_dialog->isPinned() && m_dialog->isMainPageVisible();
+    if (!m_window || wantsDock == !m_dock.isNull())
         return;
     bool const isShown = m_dialog->isVisible();
-    pinned ? dock() : undock();
+    wantsDock ? dock() : undock();
     m_dialog->setVisible(isShown);
     if (isShown)
         bringUp();
-    store();
 }
 
 void DialogPlace::dock()
@@ -105,7 +111,7 @@ void DialogPlace::dock()
     m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     // The dialog has a title bar of its own.
     auto* const noTitle = new QWidget(m_dock);
-    noTitle->setFixedHeight(0);
+    (new QHBoxLayout(noTitle))->setContentsMargins(0, 0, 0, 0);
     m_dock->setTitleBarWidget(noTitle);
     m_dock->setWidget(m_dialog);
     m_window->addDockWidget(area(), m_dock);
@@ -129,6 +135,7 @@ void DialogPlace::placeLater()
     // Layouts settle first.
     QTimer::singleShot(0, this, [this] {
         m_isWaiting = false;
+        followDialog();
         place();
     });
 }

@@ -31,7 +31,8 @@ private:
     void store() const;
     void dock();
     void undock();
-    void setPinned(bool pinned);
+    /// Docks or undocks as the dialog is pinned and folded.
+    void followDialog();
     /// Leaves the title of a dialog in view that stands at the same place.
     void stepAside();
     void placeLater();

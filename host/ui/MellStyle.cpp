@@ -6,9 +6,11 @@
 #include "host/ui/StyleShapes.h"
 #include "platform/ui/Theme.h"
 
+#include <QComboBox>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -28,6 +30,15 @@ int scaled(double factor)
 }  // namespace
 
 MellStyle::MellStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+void MellStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    // The default delegate of a combo box does not ask the style for the height of its rows.
+    auto* const box = qobject_cast<QComboBox*>(widget);
+    if (box && box->itemDelegate()->inherits("QComboBoxDelegate"))
+        box->setItemDelegate(new QStyledItemDelegate(box));
+}
 
 void MellStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* option,
                               QPainter* painter, QWidget const* widget) const
@@ -216,6 +227,9 @@ QRect MellStyle::subControlRect(ComplexControl control, QStyleOptionComplex cons
 {
     if (control == CC_SpinBox && qstyleoption_cast<QStyleOptionSpinBox const*>(option))
         return spinBoxRect(option, part);
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return visualRect(option->direction, option->rect,
+                          option->rect.adjusted(scaled(0.34), 2, -scaled(1.6), -2));
     if (control == CC_ScrollBar && qstyleoption_cast<QStyleOptionSlider const*>(option))
         return scrollBarRect(option, part, widget);
     return QProxyStyle::subControlRect(control, option, part, widget);
