@@ -106,15 +106,16 @@ void DialogPlace::followDialog()
 
 void DialogPlace::dock()
 {
-    m_dock = new QDockWidget(m_dialog->windowTitle(), m_window);
-    m_dock->setObjectName(m_key);
-    m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    auto* const dock = new QDockWidget(m_dialog->windowTitle(), m_window);
+    dock->setObjectName(m_key);
+    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     // The dialog has a title bar of its own.
-    auto* const noTitle = new QWidget(m_dock);
+    auto* const noTitle = new QWidget(dock);
     (new QHBoxLayout(noTitle))->setContentsMargins(0, 0, 0, 0);
-    m_dock->setTitleBarWidget(noTitle);
-    m_dock->setWidget(m_dialog);
-    m_window->addDockWidget(area(), m_dock);
+    dock->setTitleBarWidget(noTitle);
+    dock->setWidget(m_dialog);
+    m_window->addDockWidget(area(), dock);
+    m_dock = dock;
     m_dialog->installEventFilter(this);
 }
 
@@ -183,7 +184,7 @@ void DialogPlace::dropAt(QPoint const& place)
     m_isDragged = false;
     if (m_dock) {
         m_isAtLeft = m_window->mapFromGlobal(place).x() < m_window->width() / 2;
-        m_window->addDockWidget(area(), m_dock);
+        m_window->addDockWidget(area(), static_cast<QDockWidget*>(m_dock.data()));
     } else {
         QRect const room = viewArea();
         m_isAtLeft = m_dialog->geometry().center().x() < room.center().x();
@@ -195,11 +196,12 @@ void DialogPlace::dropAt(QPoint const& place)
 
 bool DialogPlace::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_window &&
-        (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
+    // Also reached while dialog, dock or window are being destroyed and are plain widgets already.
+    bool const isDialog = watched == m_dialog;
+    if (!isDialog && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
         placeLater();
     // A dock without its dialog is an empty strip.
-    if (watched == m_dialog && m_dock && event->type() == QEvent::HideToParent)
-        m_dock->hide();
+    if (isDialog && !m_dock.isNull() && event->type() == QEvent::HideToParent)
+        static_cast<QWidget*>(watched)->parentWidget()->hide();
     return QObject::eventFilter(watched, event);
 }

@@ -6,7 +6,6 @@
 
 class DialogWidget;
 class MainWindow;
-class QDockWidget;
 
 /// Where a dialog stands in the main window, kept in the settings under its name: over the view at
 /// the left or right edge, at a height of the user's choice, or docked at that edge while it is
@@ -44,7 +43,8 @@ private:
     QString m_key;
     DialogWidget* m_dialog;
     QPointer<MainWindow> m_window;
-    QPointer<QDockWidget> m_dock;
+    /// A QDockWidget, or none.
+    QPointer<QWidget> m_dock;
     /// Below the upper edge of the view.
     int m_offset = 0;
     bool m_isAtLeft = false;
