@@ -46,8 +46,10 @@ void prepareQt()
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Between whole numbers the view's edges fall between pixels; the size of the font, from which
+    // the interface takes all others, makes up for the rest.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QCoreApplication::setApplicationName(QStringLiteral("orbe"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Orbe"));
     QCoreApplication::setApplicationVersion(StartOptions::version());
