@@ -36,10 +36,15 @@ QString measure(double value, int power, QString const& sign)
 
 }  // namespace
 
-QString MeasureText::lengthMm(double millimetres)
+QString MeasureText::boxMm(UBox3<float> const& box)
 {
-    return Base::Quantity::toUserString(millimetres, Base::Unit::length, 'f', decimals,
-                                        QLatin1Char(' '), false);
+    auto const text = [](double length, bool isLast) {
+        return Base::Quantity::toUserString(length, Base::Unit::length, 'f', decimals,
+                                            QLatin1Char(' '), !isLast);
+    };
+    return QStringLiteral("%1 \u00d7 %2 \u00d7 %3")
+        .arg(text(box.MaxX() - box.MinX(), false), text(box.MaxY() - box.MinY(), false),
+             text(box.MaxZ() - box.MinZ(), true));
 }
 
 QString MeasureText::areaMm2(double squareMillimetres)

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <string>
 #include <unordered_set>
 
 namespace PartEdits {
@@ -35,6 +36,28 @@ void removeEmptyGroups(Mesh::Document& document, Groups const& candidates)
         if (!inUse.contains(group))
             document.removeObject(group);
 }
+
+/// Names for copies that no object of a document bears; for many copies at once.
+class CopyNames
+{
+public:
+    explicit CopyNames(Mesh::Document const& document)
+    {
+        for (Base::DocumentObject const* const object : document.getObjectArray())
+            m_taken.insert(object->getName());
+    }
+
+    std::string nameFor(std::string const& original)
+    {
+        std::string name = original + "_copy";
+        for (int number = 1; !m_taken.insert(name).second; ++number)
+            name = original + "_copy" + std::to_string(number);
+        return name;
+    }
+
+private:
+    std::unordered_set<std::string> m_taken;
+};
 
 }  // namespace
 
@@ -169,11 +192,10 @@ bool duplicate(Mesh::Document& document, Parts const& parts)
     float const shift = box.Isnullptr() ? 0 : box.MaxX() - box.MinX() + gap;
     EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Duplicate"));
     document.clearSelection();
+    CopyNames names(document);
     for (Mesh::DocumentObject* const part : parts) {
         Mesh::DocumentObject* const copy = part->shallowCopy();
-        std::string const name =
-            document.getUniqueObjectName(part->getName().c_str(), "_copy", true, false);
-        document.addObject(copy, name.c_str(), true);
+        document.addObject(copy, names.nameFor(part->getName()).c_str(), true);
         if (Group* const group = part->getGroup())
             group->addObject(copy, nullptr);
         copy->translate({shift, 0, 0}, 0);

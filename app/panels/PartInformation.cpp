@@ -172,13 +172,9 @@ void PartInformation::showFacts(Parts const& selected)
     auto const known = [&](QString const& text) { return isComplete ? text : tr("..."); };
     int const count = int(selected.size());
     show(Name, count == 1 ? QString::fromStdString(selected.front()->getName())
-                          : tr("%n parts", nullptr, count));
+                          : tr("%1 parts").arg(count));
     show(Triangles, known(QLocale().toString(qulonglong(sum.triangles))));
-    show(Size, box.Isnullptr() ? tr("empty")
-                               : QStringLiteral("%1 \u00d7 %2 \u00d7 %3")
-                                     .arg(MeasureText::lengthMm(box.MaxX() - box.MinX()),
-                                          MeasureText::lengthMm(box.MaxY() - box.MinY()),
-                                          MeasureText::lengthMm(box.MaxZ() - box.MinZ())));
+    show(Size, box.Isnullptr() ? tr("empty") : MeasureText::boxMm(box));
     show(Volume,
          known(open > 0 ? tr("none, the surface is open") : MeasureText::volumeMm3(sum.volume)));
     show(Area, known(MeasureText::areaMm2(sum.area)));

@@ -31,6 +31,33 @@ bool moveAs(Mesh::Document& document, Parts const& parts, UVector3<float> const&
     return true;
 }
 
+/// A turn as a unit quaternion: the cosine of half the angle, and the axis, of the length of its
+/// sine.
+struct Turn
+{
+    double cosine = 1;
+    UVector3<double> axis;
+
+    /// First the other turn, then this one.
+    Turn operator*(Turn const& first) const
+    {
+        return {cosine * first.cosine - (axis | first.axis),
+                first.axis * cosine + axis * first.cosine + axis * first.axis};
+    }
+};
+
+/// The turn about one axis. An angle that is not finite, or a multiple of a full turn, turns
+/// nothing.
+Turn about(int axis, UVector3<double> const& degrees)
+{
+    double const rest = std::isfinite(degrees[axis]) ? std::remainder(degrees[axis], 360.0) : 0;
+    double const half = rest * std::numbers::pi / 360;
+    Turn turn;
+    turn.cosine = std::cos(half);
+    turn.axis[axis] = std::sin(half);
+    return turn;
+}
+
 /// How far up a part goes to stand on the plate.
 UVector3<float> toPlate(Mesh::DocumentObject const* part)
 {
@@ -61,22 +88,15 @@ bool move(Mesh::Document& document, Parts const& parts, UVector3<float> const& o
 bool rotate(Mesh::Document& document, Parts const& parts, UVector3<double> const& degrees)
 {
     UBox3<float> const box = boxOf(parts);
-    UVector3<double> angles = degrees;
-    for (int axis = 0; axis < 3; ++axis)
-        angles[axis] = std::isfinite(angles[axis])
-                           ? std::remainder(angles[axis], 360.0) * std::numbers::pi / 180
-                           : 0;
-    if (box.Isnullptr() || angles == UVector3<double>())
+    Turn const turn = about(2, degrees) * about(1, degrees) * about(0, degrees);
+    double const sine = turn.axis.GetLength();
+    if (box.Isnullptr() || sine == 0)
         return false;
-    UPoint3<float> const middle = middleOf(box);
+    auto const angle = float(2 * std::atan2(sine, turn.cosine));
+    UVector3<float> const axis(float(turn.axis.X()), float(turn.axis.Y()), float(turn.axis.Z()));
     EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rotate"));
     for (Mesh::DocumentObject* const part : parts)
-        for (int axis = 0; axis < 3; ++axis) {
-            UVector3<float> direction;
-            direction[axis] = 1;
-            if (angles[axis] != 0)
-                part->rotate(middle, float(angles[axis]), direction, false);
-        }
+        part->rotate(middleOf(box), angle, axis, false);
     return true;
 }
 

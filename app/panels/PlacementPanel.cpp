@@ -27,8 +27,7 @@ QGroupBox* groupOf(std::initializer_list<QWidget*> widgets, QWidget* parent)
 {
     auto* const group = new QGroupBox(parent);
     auto* const layout = new MellVBoxLayout(group);
-    int const margin = themePixels("dialogWidegtMargin");
-    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setContentsMargins({});
     for (QWidget* const widget : widgets)
         layout->addWidget(widget);
     return group;
@@ -58,8 +57,10 @@ void PlacementPanel::build()
     m_position = new VectorFields(Base::Unit::length, rangeMm, this);
     m_offset = new VectorFields(Base::Unit::length, rangeMm, this);
     m_angles = new VectorFields(Base::Unit::none, rangeDegrees, this);
-    for (int axis = 0; axis < 3; ++axis)
+    for (int axis = 0; axis < 3; ++axis) {
         m_angles->field(axis).setSingleStep(15);
+        m_angles->field(axis).setDecimals(2);
+    }
     m_move = new PushButtonAnimate({}, this);
     m_rotate = new PushButtonAnimate({}, this);
     m_drop = new PushButtonAnimate({}, this);
@@ -181,8 +182,8 @@ void PlacementPanel::refresh()
     m_hint->setVisible(!why.isEmpty());
     m_content->setEnabled(why.isEmpty());
     m_content->setToolTip(why);
-    m_move->setIcon(panelIcon("app_place"));
     m_drop->setIcon(panelIcon("app_drop"));
+    m_centre->setIcon(panelIcon("app_plate"));
     if (PartPlacement::boxOf(parts()).Isnullptr())
         return;
     UPoint3<float> const point = referencePoint();

@@ -34,8 +34,7 @@ QComboBox* choiceOf(int count, QWidget* parent)
 QFormLayout* formOf(QGroupBox* group)
 {
     auto* const form = new QFormLayout(group);
-    int const margin = themePixels("dialogWidegtMargin");
-    form->setContentsMargins(margin, margin, margin, margin);
+    form->setContentsMargins({});
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->setLabelAlignment(Qt::AlignLeft);
     return form;
@@ -95,6 +94,7 @@ void PreferencesDialog::buildInterface()
     m_size->setSuffix(QStringLiteral(" px"));
     // A size takes effect when it is typed, not while.
     m_size->setKeyboardTracking(false);
+    m_size->setMinimumWidth(6 * g_pixelSize);
     auto* const size = new QWidget(this);
     auto* const sizeLayout = new MellHBoxLayout(size);
     sizeLayout->addWidget(m_size);

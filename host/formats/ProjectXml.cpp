@@ -84,6 +84,19 @@ void requireVersion(QXmlStreamAttributes const& attributes, std::filesystem::pat
 
 }  // namespace
 
+std::vector<ProjectObject> completeObjects(std::vector<ProjectEntry> entries)
+{
+    std::vector<ProjectObject> objects;
+    for (ProjectEntry& entry : entries) {
+        bool const isPart = entry.object.kind == ProjectObject::Kind::Part;
+        if (isPart && entry.item.empty())
+            entry.object.kernel = std::make_shared<MeshKernel>();
+        if (!isPart || entry.object.kernel)
+            objects.push_back(std::move(entry.object));
+    }
+    return objects;
+}
+
 std::string xmlEscaped(std::string const& text)
 {
     QString escaped;

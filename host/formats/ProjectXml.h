@@ -7,6 +7,7 @@ namespace Formats {
 
 /// The attachment of a project file, as it stands in the package.
 inline constexpr char projectEntryName[] = "Metadata/Orbe_project.xml";
+inline constexpr char modelEntryName[] = "3D/3dmodel.model";
 inline constexpr char projectRelationship[] = "urn:orbe:relationships:project";
 
 /// A project's object, with the identifier of the build item that holds its geometry; empty for a
@@ -16,6 +17,10 @@ struct ProjectEntry
     ProjectObject object;
     std::string item;
 };
+
+/// The objects of a project, after the kernels have been found for the items: groups, parts with a
+/// kernel, and the parts that have no triangles, which get an empty one.
+std::vector<ProjectObject> completeObjects(std::vector<ProjectEntry> entries);
 
 /// Text for an XML attribute in quotes. Characters that XML has no way to write are left out;
 /// what is not UTF-8 becomes the replacement character.

@@ -50,13 +50,7 @@ std::vector<ProjectObject> ThreeMfReader::readProject()
             readBuildItem(item, scale);
     });
 
-    std::vector<ProjectObject> objects;
-    for (ProjectEntry& entry : entries) {
-        if (entry.object.kind == ProjectObject::Kind::Part && entry.item.empty())
-            entry.object.kernel = std::make_shared<MeshKernel>();
-        if (entry.object.kind == ProjectObject::Kind::Group || entry.object.kernel)
-            objects.push_back(std::move(entry.object));
-    }
+    std::vector<ProjectObject> objects = completeObjects(std::move(entries));
     appendOtherParts(objects);
     if (objects.empty() && text.empty())
         throw FileError(m_input.path(), "its build places no mesh; at least one was expected.");

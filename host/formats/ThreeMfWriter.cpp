@@ -109,14 +109,14 @@ void ThreeMfWriter::writeProject(std::span<ProjectObject const> objects)
 void ThreeMfWriter::writeModel(std::vector<Item> const& items)
 {
     m_zip.addEntry("_rels/.rels",
-                   relationships("3D/3dmodel.model",
+                   relationships(modelEntryName,
                                  "http://schemas.microsoft.com/3dmanufacturing/2013/01/3dmodel"));
     std::uint64_t total = 1;
     for (Item const& item : items)
         total +=
             item.kernel->readMesh()->triangles.size() + item.kernel->readMesh()->vertices.size();
     StepProgress steps(m_progress, total);
-    m_zip.beginEntry("3D/3dmodel.model");
+    m_zip.beginEntry(modelEntryName);
     m_text = xmlHead;
     m_text += modelHead;
     writeMaterials(items);

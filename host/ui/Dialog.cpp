@@ -46,6 +46,7 @@ void Dialog::buildFrame()
     auto* const column = new QVBoxLayout(m_body);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    column->addSpacing(themePixels("layoutSpacing"));
     m_page = new DialogPage(m_body);
     m_foot = new QWidget(m_body);
     column->addWidget(m_page, 1);

@@ -87,8 +87,9 @@ void Dialog::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), themeColor("window"));
-    int const title = m_titleBar->height() + 1;
-    painter.fillRect(QRect(0, 0, width(), title), themeColor("header"));
+    int const title = m_titleBar->geometry().bottom() + 1;
+    painter.fillRect(QRect(0, 0, width(), title), themeColor("surface"));
+    painter.fillRect(QRect(0, title - 1, width(), 1), themeColor("border"));
     painter.setPen(themeColor("border"));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -69,8 +69,21 @@ void DialogPlace::bringUp()
         m_dock->show();
         m_dock->raise();
     } else {
+        if (!m_dialog->isVisible())
+            stepAside();
         place();
     }
+}
+
+void DialogPlace::stepAside()
+{
+    auto const isTaken = [this](DialogPlace const* other) {
+        return other != this && !other->m_dock && other->m_dialog->isVisible() &&
+               other->m_isAtLeft == m_isAtLeft && other->m_offset == m_offset;
+    };
+    QList<DialogPlace*> const places = m_window->findChildren<DialogPlace*>();
+    while (std::any_of(places.begin(), places.end(), isTaken))
+        m_offset += themePixels("titleHeight");
 }
 
 void DialogPlace::setPinned(bool pinned)

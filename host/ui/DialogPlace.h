@@ -32,6 +32,8 @@ private:
     void dock();
     void undock();
     void setPinned(bool pinned);
+    /// Leaves the title of a dialog in view that stands at the same place.
+    void stepAside();
     void placeLater();
     void place();
     void dragBy(QPoint const& way);

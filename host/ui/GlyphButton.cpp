@@ -88,17 +88,26 @@ void GlyphButton::paintEvent(QPaintEvent*)
     if (hasFocus())
         StyleShapes::focusRing(painter, rect());
 
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(QRectF(rect()).center());
-    if (m_glyph == Pin && !isChecked())
-        painter.rotate(45);
     QColor const colour = themeColor(!isEnabled()  ? "disabledText"
                                      : isChecked() ? "link"
                                                    : "mutedText");
-    double const reach = g_pixelSize * 0.42;
+    painter.translate(QRectF(rect()).center());
+    if (m_glyph == Pin && !isChecked())
+        painter.rotate(45);
+    draw(painter, m_glyph, QRectF(), g_pixelSize * 0.42, QPen(colour, g_pixelSize / 9.0),
+         isChecked() ? QBrush(colour) : QBrush(Qt::NoBrush));
+}
+
+void GlyphButton::draw(QPainter& painter, Glyph glyph, QRectF const& place, double reach,
+                       QPen const& pen, QBrush const& brush)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(place.center());
     painter.scale(reach, reach);
     painter.setPen(
-        QPen(colour, g_pixelSize / 9.0 / reach, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(isChecked() ? QBrush(colour) : QBrush(Qt::NoBrush));
-    painter.drawPath(outlineOf(m_glyph));
+        QPen(pen.color(), pen.widthF() / reach, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(brush);
+    painter.drawPath(outlineOf(glyph));
+    painter.restore();
 }

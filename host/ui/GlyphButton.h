@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QBrush>
+#include <QPen>
 
 /// A small flat button with a sign drawn in the colours of the theme.
 class GlyphButton : public QAbstractButton
@@ -24,6 +26,10 @@ public:
     void setGlyph(Glyph glyph);
     /// The text is the tool tip and what a screen reader says.
     void setName(QString const& name);
+
+    /// Draws a sign in the middle of a place, `reach` pixels to each side.
+    static void draw(QPainter& painter, Glyph glyph, QRectF const& place, double reach,
+                     QPen const& pen, QBrush const& brush);
 
     QSize sizeHint() const override;
 

@@ -2,6 +2,65 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>CheckReport</name>
+    <message>
+        <source>1 open edge</source>
+        <translation>1 offene Kante</translation>
+    </message>
+    <message>
+        <source>%1 open edges</source>
+        <translation>%1 offene Kanten</translation>
+    </message>
+    <message>
+        <source>1 edge with more than two triangles</source>
+        <translation>1 Kante mit mehr als zwei Dreiecken</translation>
+    </message>
+    <message>
+        <source>%1 edges with more than two triangles</source>
+        <translation>%1 Kanten mit mehr als zwei Dreiecken</translation>
+    </message>
+    <message>
+        <source>1 edge between triangles that face different ways</source>
+        <translation>1 Kante zwischen Dreiecken, die verschieden ausgerichtet sind</translation>
+    </message>
+    <message>
+        <source>%1 edges between triangles that face different ways</source>
+        <translation>%1 Kanten zwischen Dreiecken, die verschieden ausgerichtet sind</translation>
+    </message>
+    <message>
+        <source>1 triangle without area</source>
+        <translation>1 Dreieck ohne Fläche</translation>
+    </message>
+    <message>
+        <source>%1 triangles without area</source>
+        <translation>%1 Dreiecke ohne Fläche</translation>
+    </message>
+    <message>
+        <source>1 triangle that is there twice</source>
+        <translation>1 doppeltes Dreieck</translation>
+    </message>
+    <message>
+        <source>%1 triangles that are there twice</source>
+        <translation>%1 doppelte Dreiecke</translation>
+    </message>
+    <message>
+        <source>1 pair of triangles that cross</source>
+        <translation>1 Paar von Dreiecken, die sich schneiden</translation>
+    </message>
+    <message>
+        <source>%1 pairs of triangles that cross</source>
+        <translation>%1 Paare von Dreiecken, die sich schneiden</translation>
+    </message>
+    <message>
+        <source>1 shell that is inside out</source>
+        <translation>1 umgestülpte Hülle</translation>
+    </message>
+    <message>
+        <source>%1 shells that are inside out</source>
+        <translation>%1 umgestülpte Hüllen</translation>
+    </message>
+</context>
+<context>
     <name>CmdFreecutCuboid</name>
     <message>
         <source>Cuboid</source>
@@ -181,6 +240,96 @@
     </message>
 </context>
 <context>
+    <name>CutView</name>
+    <message>
+        <source>Live cut view</source>
+        <translation>Schnittansicht</translation>
+    </message>
+    <message>
+        <source>Cuts the parts open in the view. The parts stay whole.</source>
+        <translation>Schneidet die Bauteile in der Ansicht auf. Die Bauteile bleiben ganz.</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>Direction along X</source>
+        <translation>Richtung entlang X</translation>
+    </message>
+    <message>
+        <source>Direction along Y</source>
+        <translation>Richtung entlang Y</translation>
+    </message>
+    <message>
+        <source>Direction along Z</source>
+        <translation>Richtung entlang Z</translation>
+    </message>
+    <message>
+        <source>Enter a direction other than 0, 0, 0.</source>
+        <translation>Eine andere Richtung als 0, 0, 0 eingeben.</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Moves the cut along its direction.</source>
+        <translation>Verschiebt den Schnitt entlang seiner Richtung.</translation>
+    </message>
+    <message>
+        <source>The distance of the cut from the origin along its direction.</source>
+        <translation>Der Abstand des Schnitts vom Ursprung entlang seiner Richtung.</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Umdrehen</translation>
+    </message>
+    <message>
+        <source>Cuts away the other side.</source>
+        <translation>Schneidet die andere Seite weg.</translation>
+    </message>
+    <message>
+        <source>Fill the cut</source>
+        <translation>Schnitt füllen</translation>
+    </message>
+    <message>
+        <source>Shows the parts solid where they are cut.</source>
+        <translation>Zeigt die Bauteile massiv, wo sie geschnitten sind.</translation>
+    </message>
+</context>
+<context>
+    <name>DialogTitleBar</name>
+    <message>
+        <source>Keep open</source>
+        <translation>Offen halten</translation>
+    </message>
+    <message>
+        <source>Unfold</source>
+        <translation>Aufklappen</translation>
+    </message>
+    <message>
+        <source>Fold</source>
+        <translation>Zuklappen</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>DocumentFiles</name>
     <message>
         <source>The file &quot;%1&quot; is not there any more; it is taken off the list.</source>
@@ -268,6 +417,51 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>GLView</name>
+    <message>
+        <source>There is no picture to save: show the view first.</source>
+        <translation>Es gibt kein Bild zum Speichern: zuerst die Ansicht zeigen.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved as %1: %2. Choose another folder.</source>
+        <translation>Das Bild konnte nicht als %1 gespeichert werden: %2. Einen anderen Ordner wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightSlider</name>
+    <message>
+        <source>The height at which a horizontal cut is made.</source>
+        <translation>Die Höhe, in der waagrecht geschnitten wird.</translation>
+    </message>
+    <message>
+        <source>Drag, or press Up and Down, to set the height of the cut.</source>
+        <translation>Ziehen oder die Pfeiltasten auf und ab drücken, um die Schnitthöhe einzustellen.</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Shows on the parts where they would be cut.</source>
+        <translation>Zeigt auf den Bauteilen, wo sie geschnitten würden.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryList</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Click a step to go back or forth to it.</source>
+        <translation>Einen Schritt anklicken, um zu ihm zurück- oder vorzugehen.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Anfang</translation>
     </message>
 </context>
 <context>
@@ -623,6 +817,22 @@
         <source>Wait until &quot;%1&quot; has finished, or cancel it.</source>
         <translation>Warten, bis „%1“ beendet ist, oder den Auftrag abbrechen.</translation>
     </message>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Polygon Cut</source>
+        <translation>Polygonschnitt</translation>
+    </message>
+    <message>
+        <source>Checking parts</source>
+        <translation>Bauteile prüfen</translation>
+    </message>
+    <message>
+        <source>Repairing parts</source>
+        <translation>Bauteile reparieren</translation>
+    </message>
 </context>
 <context>
     <name>JobProgressBar</name>
@@ -637,6 +847,21 @@
     <message>
         <source>Stop the job and leave the parts as they were (Esc).</source>
         <translation>Den Auftrag abbrechen und die Bauteile lassen, wie sie waren (Esc).</translation>
+    </message>
+</context>
+<context>
+    <name>LogConsole</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>What the application has to tell about its work comes here.</source>
+        <translation>Hier steht, was das Programm über seine Arbeit zu berichten hat.</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
     </message>
 </context>
 <context>
@@ -778,6 +1003,119 @@
     <message>
         <source>RIGHT</source>
         <translation>RECHTS</translation>
+    </message>
+</context>
+<context>
+    <name>PartCheck</name>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>
+    </message>
+</context>
+<context>
+    <name>PartInformation</name>
+    <message>
+        <source>Part Information</source>
+        <translation>Bauteilinformation</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>Dreiecke</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Fläche</translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Befund</translation>
+    </message>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>Count what a printable part must not have.</source>
+        <translation>Zählen, was ein druckbares Bauteil nicht haben darf.</translation>
+    </message>
+    <message>
+        <source>Close holes and mend what else can be mended.</source>
+        <translation>Löcher schließen und beheben, was sich sonst beheben lässt.</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n Bauteil</numerusform>
+            <numerusform>%n Bauteile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>none, the surface is open</source>
+        <translation>keins, die Oberfläche ist offen</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 parts are open</source>
+        <translation>%1 von %2 Bauteilen sind offen</translation>
+    </message>
+    <message>
+        <source>not checked yet</source>
+        <translation>noch nicht geprüft</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>The repair was cancelled; the parts are as they were.</source>
+        <translation>Die Reparatur wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>The check was cancelled.</source>
+        <translation>Die Prüfung wurde abgebrochen.</translation>
     </message>
 </context>
 <context>
@@ -932,6 +1270,152 @@
     </message>
 </context>
 <context>
+    <name>PlacementPanel</name>
+    <message>
+        <source>Placement</source>
+        <translation>Platzierung</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Move By</source>
+        <translation>Verschieben um</translation>
+    </message>
+    <message>
+        <source>Turn By (Degrees)</source>
+        <translation>Drehen um (Grad)</translation>
+    </message>
+    <message>
+        <source>Middle of the box</source>
+        <translation>Mitte des Quaders</translation>
+    </message>
+    <message>
+        <source>Lower corner of the box</source>
+        <translation>Untere Ecke des Quaders</translation>
+    </message>
+    <message>
+        <source>Middle of the bottom</source>
+        <translation>Mitte der Unterseite</translation>
+    </message>
+    <message>
+        <source>Point that the position gives</source>
+        <translation>Punkt, dessen Position angegeben ist</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Drop to Plate</source>
+        <translation>Auf die Platte absetzen</translation>
+    </message>
+    <message>
+        <source>Centre on Plate</source>
+        <translation>Auf der Platte zentrieren</translation>
+    </message>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Lengths in</source>
+        <translation>Längen in</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Projection</source>
+        <translation>Projektion</translation>
+    </message>
+    <message>
+        <source>Plate width</source>
+        <translation>Breite der Bauplatte</translation>
+    </message>
+    <message>
+        <source>Plate depth</source>
+        <translation>Tiefe der Bauplatte</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Wie das System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Millimetres</source>
+        <translation>Millimeter</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>Zoll</translation>
+    </message>
+    <message>
+        <source>Turn: right; move: middle</source>
+        <translation>Drehen: rechts; verschieben: Mitte</translation>
+    </message>
+    <message>
+        <source>Turn: middle; move: Shift + middle</source>
+        <translation>Drehen: Mitte; verschieben: Umschalt + Mitte</translation>
+    </message>
+    <message>
+        <source>Turn: middle; move: right</source>
+        <translation>Drehen: Mitte; verschieben: rechts</translation>
+    </message>
+    <message>
+        <source>Parallel</source>
+        <translation>Parallel</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>Perspektive</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>RecentMenu</name>
     <message>
         <source>Open &amp;Recent</source>
@@ -1011,6 +1495,13 @@
     <message>
         <source>Click on the cube</source>
         <translation>Klick auf den Würfel</translation>
+    </message>
+</context>
+<context>
+    <name>SideControlTab</name>
+    <message>
+        <source>Preparing</source>
+        <translation>Vorbereitung</translation>
     </message>
 </context>
 <context>
@@ -1133,6 +1624,10 @@
         <source>Centre on Plate</source>
         <translation>Auf der Platte zentrieren</translation>
     </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
 </context>
 <context>
     <name>WindowFileQuestions</name>
@@ -1240,10 +1735,6 @@
     <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
-    </message>
-    <message>
-        <source>Open &amp;Recent</source>
-        <translation>&amp;Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>Tools</source>

@@ -36,6 +36,16 @@
     </message>
 </context>
 <context>
+    <name>PartInformation</name>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PartList</name>
     <message numerus="yes">
         <source>%n part(s)</source>

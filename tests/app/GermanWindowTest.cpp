@@ -119,6 +119,13 @@ TEST_F(GermanWindow, ShowsGermanMenus)
     EXPECT_TRUE(titles.contains("S&chneiden")) << qPrintable(titles.join(' '));
 }
 
+TEST_F(GermanWindow, NamesTheJobsOfApplicationAndPlugInInGerman)
+{
+    EXPECT_EQ(JobGuard::translatedTitle("Opening files"), QString::fromUtf8("Dateien öffnen"));
+    EXPECT_EQ(JobGuard::translatedTitle("Section Cut"), "Ebenenschnitt");
+    EXPECT_EQ(JobGuard::translatedTitle("Something else"), "Something else");
+}
+
 TEST_F(GermanWindow, LooksTidy)
 {
     if (!hasDisplay())

@@ -227,6 +227,77 @@ TEST(ProjectFile, APackageWithoutTheAttachmentIsReadAsPartsWithTheirMaterials)
     EXPECT_FLOAT_EQ(objects[0].kernel->GetBox().MaxX(), 25.4f);
 }
 
+TEST(ProjectFile, WhatAnotherProgramChangedIsTakenAsItIs)
+{
+    ScratchFolder const folder;
+    std::string const head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    std::string const relations =
+        head +
+        "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/"
+        "relationships\"><Relationship Id=\"rel0\" ";
+    std::string const mesh =
+        "<mesh><vertices><vertex x=\"0\" y=\"0\" z=\"0\"/><vertex x=\"1\" y=\"0\" z=\"0\"/>"
+        "<vertex x=\"0\" y=\"1\" z=\"0\"/><vertex x=\"0\" y=\"0\" z=\"1\"/></vertices>"
+        "<triangles><triangle v1=\"0\" v2=\"2\" v3=\"1\"/><triangle v1=\"0\" v2=\"1\" v3=\"3\"/>"
+        "<triangle v1=\"1\" v2=\"2\" v3=\"3\"/><triangle v1=\"2\" v2=\"0\" v3=\"3\"/></triangles>"
+        "</mesh></object>";
+    std::vector<ZipEntry> const entries = {
+        {"[Content_Types].xml",
+         head + "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+                "<Default Extension=\"rels\" "
+                "ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
+                "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
+                "<Default Extension=\"model\" "
+                "ContentType=\"application/vnd.ms-package.3dmanufacturing-3dmodel+xml\"/></Types>"},
+        {"_rels/.rels", relations +
+                            "Target=\"/3D/3dmodel.model\" Type=\"http://schemas.microsoft.com/"
+                            "3dmanufacturing/2013/01/3dmodel\"/></Relationships>"},
+        {"3D/_rels/3dmodel.model.rels",
+         relations + "Target=\"/Metadata/Orbe_project.xml\" "
+                     "Type=\"urn:orbe:relationships:project\"/></Relationships>"},
+        {"Metadata/Orbe_project.xml",
+         head + "<project xmlns=\"urn:orbe:project:1\" version=\"1\">"
+                "<part name=\"removed\" item=\"00000003-0000-4000-8000-000000000009\"/>"
+                "<part name=\"moved\" group=\"G\" visible=\"no\" "
+                "item=\"00000003-0000-4000-8000-000000000000\"/>"
+                "<group uuid=\"G\" name=\"group\"/><unknown/></project>"},
+        {"3D/3dmodel.model",
+         head +
+             "<model unit=\"millimeter\" "
+             "xmlns=\"http://schemas.microsoft.com/3dmanufacturing/core/2015/02\" "
+             "xmlns:p=\"http://schemas.microsoft.com/3dmanufacturing/production/2015/06\">"
+             "<resources><object id=\"1\" p:UUID=\"00000002-0000-4000-8000-000000000000\">" +
+             mesh +
+             "<object id=\"2\" name=\"added\" p:UUID=\"00000002-0000-4000-8000-000000000001\">" +
+             mesh +
+             "</resources><build p:UUID=\"00000001-0000-4000-8000-000000000000\">"
+             "<item objectid=\"1\" transform=\"1 0 0 0 1 0 0 0 1 5 6 7\" "
+             "p:UUID=\"00000003-0000-4000-8000-000000000000\"/>"
+             "<item objectid=\"2\" p:UUID=\"00000003-0000-4000-8000-000000000001\"/>"
+             "</build></model>"}};
+    auto const path = folder.file("changed.3mf", storedZip(entries));
+    EXPECT_TRUE(isProjectFile(path));
+    auto const objects = readProject(path);
+    ASSERT_EQ(objects.size(), 3u);
+    EXPECT_EQ(objects[0].name, "moved");
+    EXPECT_EQ(objects[0].groupUuid, "G");
+    EXPECT_FALSE(objects[0].isVisible);
+    EXPECT_EQ(objects[0].kernel->getMatrix()(2, 3), 7);
+    EXPECT_EQ(objects[0].kernel->GetBox().MinX(), 5);
+    EXPECT_EQ(objects[1].kind, ProjectObject::Kind::Group);
+    EXPECT_EQ(objects[2].name, "added");
+    EXPECT_EQ(objects[2].kernel->readMesh()->triangles.size(), 4u);
+
+    std::vector<ZipEntry> newer = entries;
+    newer[3].content.replace(newer[3].content.find("version=\"1\">"), 12, "version=\"2\">");
+    try {
+        readProject(folder.file("newer.3mf", storedZip(newer)));
+        FAIL() << "read";
+    } catch (FileError const& error) {
+        EXPECT_THAT(error.what(), HasSubstr("newer version"));
+    }
+}
+
 TEST(ProjectFile, APartFileIsNoProject)
 {
     ScratchFolder const folder;

@@ -246,6 +246,17 @@ TEST_F(Dialogs, ComesUpWhereItWasLast)
     EXPECT_NE(qobject_cast<QDockWidget*>(dialog->parentWidget()), nullptr);
 }
 
+TEST_F(Dialogs, SecondOneLeavesTheTitleOfTheFirstInView)
+{
+    ProbeDialog* const first = open();
+    ProbeDialog* const second = open("Second");
+    auto* const title = first->findChild<DialogTitleBar*>();
+    EXPECT_GE(second->y(), first->y() + title->height());
+    manager.activateDialog(second);
+    settle();
+    EXPECT_LT(second->y(), first->y() + 2 * title->height());
+}
+
 TEST_F(Dialogs, StoredPlacesThatMakeNoSenseCountAsNone)
 {
     settings.setValue("/DialogWindow/Probe/side", 17);

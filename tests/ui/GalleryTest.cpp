@@ -210,7 +210,7 @@ TEST(Gallery, ShowsAllWidgetsInBothThemesAndPixelRatios)
         ThemeSwitch::setTheme(isDark ? ThemeSwitch::Choice::Dark : ThemeSwitch::Choice::Light);
         MainWindow window;
         fill(window);
-        window.resize(1000, 760);
+        window.resize(1000, 1150);
         window.show();
         auto& manager = *DialogWindowManager::instance();
         auto* const dialog = manager.creatDialogWindow("Gallery", GalleryDialog::create);
