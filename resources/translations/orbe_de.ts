@@ -507,7 +507,7 @@
         <translation>Die ausgewählten Bauteile löschen.</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
+        <source>Duplica&amp;te</source>
         <translation>&amp;Duplizieren</translation>
     </message>
     <message>
@@ -667,7 +667,7 @@
         <translation>Nichts ist ausgewählt.</translation>
     </message>
     <message>
-        <source>Select by &amp;Rectangle</source>
+        <source>Select by Rectan&amp;gle</source>
         <translation>Mit Re&amp;chteck auswählen</translation>
     </message>
     <message>
@@ -739,7 +739,7 @@
         <translation>Entferntes kleiner darstellen.</translation>
     </message>
     <message>
-        <source>Para&amp;llel</source>
+        <source>P&amp;arallel</source>
         <translation>P&amp;arallel</translation>
     </message>
     <message>
@@ -755,7 +755,7 @@
         <translation>Die Kanten der Dreiecke auf den Bauteilen zeigen.</translation>
     </message>
     <message>
-        <source>Show Build Pl&amp;ate</source>
+        <source>Sho&amp;w Build Plate</source>
         <translation>&amp;Bauplatte zeigen</translation>
     </message>
     <message>
