@@ -52,7 +52,11 @@ QString JobGuard::reason() const
 
 QString JobGuard::translatedTitle(QString const& title)
 {
-    return QCoreApplication::translate("JobGuard", title.toUtf8().constData());
+    QByteArray const text = title.toUtf8();
+    QString const translated = QCoreApplication::translate("JobGuard", text.constData());
+    // Modules have theirs translated for the status bar.
+    return translated != title ? translated
+                               : QCoreApplication::translate("StatusBarMessage", text.constData());
 }
 
 void JobGuard::displayOpened(QString const& title)

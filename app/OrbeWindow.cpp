@@ -5,6 +5,7 @@
 #include "app/commands/CommandGate.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
+#include "app/commands/PanelCommands.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
 #include "app/commands/WindowCommands.h"
@@ -14,17 +15,19 @@
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobProgressBar.h"
-#include "app/panels/PartList.h"
+#include "app/window/DockTitles.h"
 #include "app/window/DocumentFollower.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
 #include "app/window/ViewAppearance.h"
 #include "app/window/WindowMenus.h"
+#include "app/window/WindowPanels.h"
 #include "app/window/WindowSettings.h"
 #include "platform/document/Document.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
+#include "platform/ui/DialogWindowManager.h"
 #include "platform/ui/MellMessageBox.h"
 #include "platform/ui/MellViewSlider.h"
 #include "platform/view/MeshGLView.h"
@@ -44,6 +47,7 @@ char const* const stateKey = "Window/State";
 /// Raised when docks or tool bars change so that stored places make no sense any more.
 constexpr int stateVersion = 1;
 constexpr QSize defaultSize(1280, 800);
+constexpr int isometricView = 6;
 
 }  // namespace
 
@@ -53,12 +57,14 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
 {
     setObjectName(QStringLiteral("OrbeWindow"));
     setDockNestingEnabled(true);
+    setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
     buildCentre();
     buildStatusLine();
     buildFiles(std::move(questions));
+    m_dockTitles = new DockTitles(*this);
+    m_panels = new WindowPanels(*this);
     buildCommands();
     buildMenus();
-    buildPanels();
     followDocument();
     setActiveGLView(m_view);
     connect(JobGuard::instance(), &JobGuard::busyChanged, this, &OrbeWindow::jobsChanged);
@@ -88,6 +94,7 @@ void OrbeWindow::buildCentre()
     column->addWidget(m_notices);
     column->addLayout(m_viewRow, 1);
     setCentralWidget(centre);
+    m_view->OnViewType(isometricView);
     m_appearance = new ViewAppearance(*m_view, this);
 }
 
@@ -105,11 +112,6 @@ void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
     new WindowTitle(this, *m_files);
 }
 
-void OrbeWindow::buildPanels()
-{
-    addPanel(new PartList(this), QStringLiteral("Parts"), Qt::LeftDockWidgetArea, true);
-}
-
 void OrbeWindow::buildCommands()
 {
     Base::CommandManager& manager = Application::Instance->commandManager();
@@ -117,6 +119,7 @@ void OrbeWindow::buildCommands()
     registerEditCommands(manager);
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
+    registerPanelCommands(manager, *m_panels, *m_appearance);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
     connect(m_gate, &CommandGate::refused, this,
@@ -131,7 +134,8 @@ void OrbeWindow::buildMenus()
     m_menus->setRecentFiles(new RecentMenu(*m_files, this));
     connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
     connect(m_menus, &WindowMenus::filled, this, [this] {
-        for (QDockWidget* const dock : findChildren<QDockWidget*>())
+        for (QDockWidget* const dock :
+             findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly))
             m_menus->windowMenu()->addAction(dock->toggleViewAction());
     });
     m_menus->fill();
@@ -154,7 +158,16 @@ void OrbeWindow::restorePlaces()
 {
     if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
         resize(defaultSize);
-    restoreState(WindowSettings::bytes(stateKey), stateVersion);
+    m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
+}
+
+void OrbeWindow::showEvent(QShowEvent* event)
+{
+    MainWindow::showEvent(event);
+    // Docks take a size only in a window that has one.
+    if (!m_hasStoredPlaces)
+        m_panels->resizeDocks();
+    m_hasStoredPlaces = true;
 }
 
 void OrbeWindow::commandsAdded()
@@ -163,17 +176,16 @@ void OrbeWindow::commandsAdded()
     m_gate->refresh();
 }
 
-QDockWidget* OrbeWindow::addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area,
-                                  bool isVisible)
+QDockWidget* OrbeWindow::addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area)
 {
     auto* const dock = new QDockWidget(panel->windowTitle(), this);
     dock->setObjectName(name);
     dock->setWidget(panel);
     connect(panel, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);
     addDockWidget(area, dock);
-    dock->setVisible(isVisible);
-    restoreDockWidget(dock);
-    m_menus->windowMenu()->addAction(dock->toggleViewAction());
+    m_dockTitles->add(dock);
+    if (m_menus)
+        m_menus->windowMenu()->addAction(dock->toggleViewAction());
     return dock;
 }
 
@@ -198,6 +210,7 @@ void OrbeWindow::retranslate()
 {
     Application::Instance->commandManager().languageChange();
     m_menus->retranslate();
+    m_panels->retranslate();
     refresh();
 }
 
@@ -223,8 +236,8 @@ void OrbeWindow::closeEvent(QCloseEvent* event)
     if (m_isAskingToClose)
         return;
     m_isAskingToClose = true;
-    bool const mayClose =
-        (!JobGuard::instance()->isBusy() || mayCloseDuringJob()) && m_files->mayDiscard();
+    bool const mayClose = (!JobGuard::instance()->isBusy() || mayCloseDuringJob()) &&
+                          m_files->mayDiscard() && DialogWindowManager::instance()->closeAll();
     m_isAskingToClose = false;
     if (!mayClose)
         return;

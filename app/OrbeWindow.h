@@ -6,6 +6,7 @@
 #include <memory>
 
 class CommandGate;
+class DockTitles;
 class DocumentFiles;
 class DocumentFollower;
 class FileQuestions;
@@ -16,6 +17,7 @@ class QHBoxLayout;
 class StatusLine;
 class ViewAppearance;
 class WindowMenus;
+class WindowPanels;
 
 namespace Mesh {
 class GLView;
@@ -42,8 +44,7 @@ public:
     /// Puts a panel, which the window then owns, into a dock.
     ///
     /// name  what the window remembers its place by
-    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area,
-                          bool isVisible);
+    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area);
     /// Puts a widget to the right of the view.
     void addBesideView(QWidget* widget);
 
@@ -52,6 +53,7 @@ public:
 
     Mesh::GLView& view() const { return *m_view; }
     WindowMenus& menus() const { return *m_menus; }
+    WindowPanels& panels() const { return *m_panels; }
     StatusLine& statusLine() const { return *m_status; }
     DocumentFiles& files() const { return *m_files; }
     NoticeBar& notices() const { return *m_notices; }
@@ -59,6 +61,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -66,7 +69,6 @@ private:
     void buildFiles(std::unique_ptr<FileQuestions> questions);
     void buildCommands();
     void buildMenus();
-    void buildPanels();
     void buildStatusLine();
     void followDocument();
     void restorePlaces();
@@ -82,10 +84,13 @@ private:
     ViewAppearance* m_appearance = nullptr;
     CommandGate* m_gate = nullptr;
     WindowMenus* m_menus = nullptr;
+    DockTitles* m_dockTitles = nullptr;
+    WindowPanels* m_panels = nullptr;
     StatusLine* m_status = nullptr;
     DocumentFollower* m_follower = nullptr;
     DocumentFiles* m_files = nullptr;
     std::unique_ptr<PartPreparation> m_preparation;
+    bool m_hasStoredPlaces = false;
     bool m_closesAfterJob = false;
     bool m_isAskingToClose = false;
 };

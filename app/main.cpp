@@ -9,6 +9,7 @@
 #include "platform/ui/ThemeSwitch.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -45,8 +46,10 @@ void prepareQt()
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Between whole numbers the view's edges fall between pixels; the size of the font, from which
+    // the interface takes all others, makes up for the rest.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QCoreApplication::setApplicationName(QStringLiteral("orbe"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Orbe"));
     QCoreApplication::setApplicationVersion(StartOptions::version());
@@ -55,6 +58,8 @@ void prepareQt()
 int runWindow(StartOptions const& options)
 {
     Base::setOpenGLPath(options.openGL);
+    QGuiApplication::setDesktopFileName(QStringLiteral("orbe"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/icons/orbe.png")));
     Application application;
     application.newDocument({});
     LanguageSwitch::applyStored();

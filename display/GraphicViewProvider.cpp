@@ -16,7 +16,12 @@ Base::Type GraphicViewProvider::classTypeId = Base::Type::badType();
 
 void GraphicViewProvider::init()
 {
-    initSubclass(classTypeId, "Freecut::GraphicViewProvider", "Base::GraphicViewProvider", nullptr);
+    initSubclass(classTypeId, "Freecut::GraphicViewProvider", "Base::GraphicViewProvider", create);
+}
+
+void* GraphicViewProvider::create()
+{
+    return nullptr;
 }
 
 GraphicViewProvider::~GraphicViewProvider()

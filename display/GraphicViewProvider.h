@@ -17,6 +17,8 @@ public:
     static Base::Type classTypeId;
     static Base::Type getClassTypeId() { return classTypeId; }
     static void init();
+    /// Null: only the classes below are made.
+    static void* create();
 
     ~GraphicViewProvider() override;
     Base::Type getTypeId() const override;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/CuboidViewProvider.h"
+#include "display/CylinderViewProvider.h"
 #include "display/PlaneViewProvider.h"
+#include "display/PolygonViewProvider.h"
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
 #include "platform/ui/Application.h"
@@ -24,4 +27,8 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::CylinderGraphicObject::init();
     Freecut::GraphicViewProvider::init();
     Freecut::PlaneViewProvider::init();
+    Freecut::VolumeViewProvider::init();
+    Freecut::PolygonViewProvider::init();
+    Freecut::CylinderViewProvider::init();
+    Freecut::CuboidViewProvider::init();
 }

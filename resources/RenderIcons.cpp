@@ -33,7 +33,7 @@ struct Palette
 constexpr Palette light{"#3b4652", "#1f7ae0", "#c77414"};
 constexpr Palette dark{"#cfd7e1", "#5aaaff", "#f0a94e"};
 /// For pictures whose path is the same in both themes: legible on light and dark ground.
-constexpr Palette neutral{"#76838f", "#2c8ae8", "#cf8226"};
+constexpr Palette neutral{"#7a8794", "#3a92ec", "#cf8226"};
 /// What is not chosen, in both themes.
 constexpr Palette muted{"#76838f", "#8d99a5", "#76838f"};
 

@@ -2,6 +2,7 @@
 #include "tools/CuboidGraphicObject.h"
 
 #include "display/TLabel.h"
+#include "tools/SolidMeshes.h"
 
 namespace Freecut {
 
@@ -54,6 +55,16 @@ void CuboidGraphicObject::freeMemory()
 {
     delete label;
     label = nullptr;
+}
+
+UMesh<float>* CuboidGraphicObject::createMesh()
+{
+    return SolidMeshes::nominal(getViewProvider());
+}
+
+std::vector<UMesh<float>*> CuboidGraphicObject::createInandOutMesh()
+{
+    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

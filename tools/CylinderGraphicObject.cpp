@@ -2,6 +2,7 @@
 #include "tools/CylinderGraphicObject.h"
 
 #include "display/TLabel.h"
+#include "tools/SolidMeshes.h"
 
 namespace Freecut {
 
@@ -54,6 +55,16 @@ void CylinderGraphicObject::freeMemory()
 {
     delete label;
     label = nullptr;
+}
+
+UMesh<float>* CylinderGraphicObject::createMesh()
+{
+    return SolidMeshes::nominal(getViewProvider());
+}
+
+std::vector<UMesh<float>*> CylinderGraphicObject::createInandOutMesh()
+{
+    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

@@ -38,10 +38,12 @@ public:
     TLabel* getLabel() const { return label; }
     void setLabel(TLabel* owned) { label = owned; }
 
-    /// The nominal solid, closed and outward-facing; the caller owns it.
+    /// The nominal solid, closed and outward-facing; the caller owns it. Null if no view shows the
+    /// tool.
     UMesh<float>* createMesh();
     /// The solids on both sides of the clearance, the outer one last; an inner one without
-    /// triangles is left out. The caller owns them.
+    /// vertices is left out. The caller owns them. None if no view shows the tool. Call it once
+    /// after the outlines were derived.
     std::vector<UMesh<float>*> createInandOutMesh();
 
 protected:

@@ -4,12 +4,15 @@
 #include "app/commands/CheckableCommand.h"
 #include "app/window/ViewAppearance.h"
 #include "platform/document/MeshDocument.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
 
 #include <QCoreApplication>
+#include <QFileDialog>
 #include <QPointer>
+#include <QStandardPaths>
 
 #include <functional>
 
@@ -77,6 +80,34 @@ public:
     {
         if (Base::GLView* const view = activeView())
             view->fitSelection();
+    }
+};
+
+class ScreenshotCommand : public HostCommand
+{
+public:
+    ScreenshotCommand()
+        : HostCommand("Std_Screenshot",
+                      {QT_TRANSLATE_NOOP("HostCommand", "Save &Picture..."),
+                       QT_TRANSLATE_NOOP("HostCommand", "Save the picture of the view to a file."),
+                       "app_screenshot", "F12"})
+    {}
+
+    bool changesDocument() const override { return false; }
+
+    void activated(int) override
+    {
+        Base::GLView* const view = activeView();
+        if (!view)
+            return;
+        QString const folder =
+            QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + "/orbe.png";
+        QString const file = QFileDialog::getSaveFileName(
+            MainWindow::getInstance(), translated(QT_TRANSLATE_NOOP("HostCommand", "Save Picture")),
+            folder, translated(QT_TRANSLATE_NOOP("HostCommand", "PNG pictures (*.png)")));
+        QString reason;
+        if (!file.isEmpty() && !view->saveScreenshot(file, &reason))
+            throw Mell::Exception(reason.toStdString());
     }
 };
 
@@ -161,6 +192,7 @@ void registerViewCommands(Base::CommandManager& manager, ViewAppearance& appeara
             view.name, {view.menu, viewToolTip, view.icon, view.keys}, viewType++));
     manager.addCommand(new FitAllCommand);
     manager.addCommand(new FitSelectionCommand);
+    manager.addCommand(new ScreenshotCommand);
     registerProjection(manager, appearance);
     manager.addCommand(new AppearanceCommand(
         "Std_ShowEdges",

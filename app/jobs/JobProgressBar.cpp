@@ -15,6 +15,14 @@
 #include <QThread>
 #include <QToolButton>
 
+namespace {
+
+/// Between two updates: each makes the window system put the whole window together, which takes the
+/// job's time where that is done in software.
+constexpr int pauseMs = 80;
+
+}  // namespace
+
 JobProgressBar::JobProgressBar(QWidget* parent)
     : QWidget(parent),
       m_progress(std::make_shared<JobProgress>()),
@@ -42,6 +50,12 @@ JobProgressBar::JobProgressBar(QWidget* parent)
 
     connect(m_cancel, &QToolButton::clicked, this, &JobProgressBar::cancel);
     connect(m_escape, &QShortcut::activated, this, &JobProgressBar::cancel);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseMs);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_isRefreshDue)
+            refreshSoon();
+    });
     retranslate();
     refresh();
     m_progress->setListener([this] { progressChanged(); });
@@ -82,12 +96,23 @@ void JobProgressBar::progressChanged()
         return;
     }
     if (!m_isRefreshPending.exchange(true))
-        QMetaObject::invokeMethod(this, &JobProgressBar::refresh, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &JobProgressBar::refreshSoon, Qt::QueuedConnection);
+}
+
+void JobProgressBar::refreshSoon()
+{
+    m_isRefreshPending = false;
+    if (m_pause.isActive()) {
+        m_isRefreshDue = true;
+        return;
+    }
+    refresh();
+    m_pause.start();
 }
 
 void JobProgressBar::refresh()
 {
-    m_isRefreshPending = false;
+    m_isRefreshDue = false;
     JobProgress::State const state = m_progress->state();
     QString const title = JobGuard::translatedTitle(state.title);
     m_title->setText(state.isCancelRequested && state.canCancel ? tr("Cancelling: %1").arg(title)

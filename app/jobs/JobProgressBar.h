@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 #include <atomic>
@@ -31,6 +32,7 @@ protected:
 
 private:
     void progressChanged();
+    void refreshSoon();
     void refresh();
     void retranslate();
 
@@ -40,4 +42,6 @@ private:
     QToolButton* m_cancel;
     QShortcut* m_escape;
     std::atomic<bool> m_isRefreshPending = false;
+    QTimer m_pause;
+    bool m_isRefreshDue = false;
 };

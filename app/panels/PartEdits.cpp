@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PartEdits.h"
 
-#include "app/panels/DocumentStep.h"
+#include "app/commands/EditStep.h"
 #include "app/panels/PartPlacement.h"
 
 #include <QString>
 
 #include <algorithm>
+#include <string>
 #include <unordered_set>
 
 namespace PartEdits {
@@ -35,6 +36,28 @@ void removeEmptyGroups(Mesh::Document& document, Groups const& candidates)
         if (!inUse.contains(group))
             document.removeObject(group);
 }
+
+/// Names for copies that no object of a document bears; for many copies at once.
+class CopyNames
+{
+public:
+    explicit CopyNames(Mesh::Document const& document)
+    {
+        for (Base::DocumentObject const* const object : document.getObjectArray())
+            m_taken.insert(object->getName());
+    }
+
+    std::string nameFor(std::string const& original)
+    {
+        std::string name = original + "_copy";
+        for (int number = 1; !m_taken.insert(name).second; ++number)
+            name = original + "_copy" + std::to_string(number);
+        return name;
+    }
+
+private:
+    std::unordered_set<std::string> m_taken;
+};
 
 }  // namespace
 
@@ -75,11 +98,10 @@ bool setVisible(Mesh::Document& document, Parts const& parts, bool visible)
     auto const differs = [&](auto const* part) { return part->isVisible() != visible; };
     if (std::none_of(parts.begin(), parts.end(), differs))
         return false;
-    DocumentStep step(document, visible ? QT_TRANSLATE_NOOP("UndoRedoName", "Show")
-                                        : QT_TRANSLATE_NOOP("UndoRedoName", "Hide"));
+    EditStep const step(document, visible ? QT_TRANSLATE_NOOP("UndoRedoName", "Show")
+                                          : QT_TRANSLATE_NOOP("UndoRedoName", "Hide"));
     for (Mesh::DocumentObject* const part : parts)
         part->setVisible(visible);
-    step.finish();
     return true;
 }
 
@@ -88,10 +110,9 @@ bool setColor(Mesh::Document& document, Parts const& parts, unsigned rgba)
     auto const differs = [&](auto const* part) { return part->getColor() != rgba; };
     if (std::none_of(parts.begin(), parts.end(), differs))
         return false;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Colour"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Colour"));
     for (Mesh::DocumentObject* const part : parts)
         part->setColor(rgba);
-    step.finish();
     return true;
 }
 
@@ -100,9 +121,8 @@ bool rename(Mesh::Document& document, Base::DocumentObject& object, std::string 
     std::string const wanted = QString::fromStdString(name).trimmed().toStdString();
     if (wanted.empty() || wanted == object.getName())
         return false;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rename"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rename"));
     object.setName(wanted);
-    step.finish();
     return true;
 }
 
@@ -111,7 +131,7 @@ bool group(Mesh::Document& document, Parts const& parts, std::string const& base
     if (parts.empty())
         return false;
     Groups const left = groupsOf(parts);
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Group"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Group"));
     auto* const group = new Group;
     std::string const name =
         document.getUniqueObjectName((baseName + " ").c_str(), {}, false, true);
@@ -119,7 +139,6 @@ bool group(Mesh::Document& document, Parts const& parts, std::string const& base
     for (Mesh::DocumentObject* const part : parts)
         group->addObject(part, nullptr);
     removeEmptyGroups(document, left);
-    step.finish();
     return true;
 }
 
@@ -127,10 +146,9 @@ bool ungroup(Mesh::Document& document, Groups const& groups)
 {
     if (groups.empty())
         return false;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Ungroup"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Ungroup"));
     for (Group* const group : groups)
         document.removeObject(group);
-    step.finish();
     return true;
 }
 
@@ -140,15 +158,14 @@ bool moveToGroup(Mesh::Document& document, Parts const& parts, Group* group)
     if (std::none_of(parts.begin(), parts.end(), isElsewhere))
         return false;
     Groups const left = groupsOf(parts);
-    DocumentStep step(document, group ? QT_TRANSLATE_NOOP("UndoRedoName", "Move to Group")
-                                      : QT_TRANSLATE_NOOP("UndoRedoName", "Take Out of Group"));
+    EditStep const step(document, group ? QT_TRANSLATE_NOOP("UndoRedoName", "Move to Group")
+                                        : QT_TRANSLATE_NOOP("UndoRedoName", "Take Out of Group"));
     for (Mesh::DocumentObject* const part : parts)
         if (group)
             group->addObject(part, nullptr);
         else if (Group* const home = part->getGroup())
             home->removeObject(part);
     removeEmptyGroups(document, left);
-    step.finish();
     return true;
 }
 
@@ -157,13 +174,12 @@ bool remove(Mesh::Document& document, Objects const& objects)
     if (objects.empty())
         return false;
     Groups const around = groupsAround(objects);
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Delete"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Delete"));
     for (Mesh::DocumentObject* const part : partsAmong(objects))
         document.removeObject(part);
     for (Base::DocumentObject* const object : objects)
         document.removeObject(object);
     removeEmptyGroups(document, around);
-    step.finish();
     return true;
 }
 
@@ -174,19 +190,17 @@ bool duplicate(Mesh::Document& document, Parts const& parts)
     constexpr float gap = 5;
     UBox3<float> const box = PartPlacement::boxOf(parts);
     float const shift = box.Isnullptr() ? 0 : box.MaxX() - box.MinX() + gap;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Duplicate"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Duplicate"));
     document.clearSelection();
+    CopyNames names(document);
     for (Mesh::DocumentObject* const part : parts) {
         Mesh::DocumentObject* const copy = part->shallowCopy();
-        std::string const name =
-            document.getUniqueObjectName(part->getName().c_str(), "_copy", true, false);
-        document.addObject(copy, name.c_str(), true);
+        document.addObject(copy, names.nameFor(part->getName()).c_str(), true);
         if (Group* const group = part->getGroup())
             group->addObject(copy, nullptr);
         copy->translate({shift, 0, 0}, 0);
         document.select(copy, true, part == parts.back(), false);
     }
-    step.finish();
     return true;
 }
 

@@ -71,13 +71,13 @@ void PartList::buildView()
     QHeaderView* const header = m_view->header();
     header->setSectionsMovable(false);
     header->setStretchLastSection(false);
-    header->setMinimumSectionSize(fontMetrics().height() * 3 / 2);
+    header->setMinimumSectionSize(fontMetrics().height());
     header->setSectionResizeMode(QHeaderView::Fixed);
     header->setSectionResizeMode(PartTreeModel::NameColumn, QHeaderView::Stretch);
     header->setSectionResizeMode(PartTreeModel::TrianglesColumn, QHeaderView::ResizeToContents);
     for (int const column : {int(PartTreeModel::ClosedColumn), int(PartTreeModel::ColorColumn),
                              int(PartTreeModel::EyeColumn)})
-        header->resizeSection(column, fontMetrics().height() * 7 / 4);
+        header->resizeSection(column, fontMetrics().height() * 3 / 2);
     int const margin = fontMetrics().height() / 3;
     m_summary->setContentsMargins(margin, 0, margin, margin);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -97,6 +97,7 @@ void PartList::changeEvent(QEvent* event)
 
 void PartList::retranslate()
 {
+    setWindowTitle(tr("Parts"));
     m_view->setPlaceholder(tr("Open a part, or drop a file into the window."));
     m_view->setAccessibleName(tr("Parts"));
     emit m_model->headerDataChanged(Qt::Horizontal, 0, PartTreeModel::ColumnCount - 1);
@@ -106,7 +107,9 @@ void PartList::retranslate()
 void PartList::updateSummary()
 {
     QStringList texts;
-    texts << tr("%n part(s)", nullptr, int(m_model->partCount()));
+    std::size_t const count = m_model->partCount();
+    texts << (count == 1 ? tr("1 part")
+                         : tr("%1 parts").arg(QLocale().toString(qulonglong(count))));
     texts << tr("%1 triangles").arg(QLocale().toString(qulonglong(m_model->triangleCount())));
     std::size_t const selected =
         m_model->document() ? m_model->document()->getSelectedMeshObjects().size() : 0;

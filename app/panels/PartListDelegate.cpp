@@ -28,8 +28,10 @@ QSize PartListDelegate::sizeHint(QStyleOptionViewItem const& option, QModelIndex
 void PartListDelegate::initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    // The current row's frame would look like an editor.
+    option->state &= ~QStyle::State_HasFocus;
     if (eyeOf(index) == Eye::Closed)
-        option->palette.setCurrentColorGroup(QPalette::Disabled);
+        option->state &= ~QStyle::State_Enabled;
     if (index.column() == PartTreeModel::NameColumn && index.model()->rowCount(index) > 0)
         option->font.setBold(true);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PartPlacement.h"
 
-#include "app/panels/DocumentStep.h"
+#include "app/commands/EditStep.h"
 
 #include <QString>
 
@@ -25,11 +25,37 @@ bool moveAs(Mesh::Document& document, Parts const& parts, UVector3<float> const&
 {
     if (parts.empty() || !isMove(offset))
         return false;
-    DocumentStep step(document, name);
+    EditStep const step(document, name);
     for (Mesh::DocumentObject* const part : parts)
         part->translate(offset, 0);
-    step.finish();
     return true;
+}
+
+/// A turn as a unit quaternion: the cosine of half the angle, and the axis, of the length of its
+/// sine.
+struct Turn
+{
+    double cosine = 1;
+    UVector3<double> axis;
+
+    /// First the other turn, then this one.
+    Turn operator*(Turn const& first) const
+    {
+        return {cosine * first.cosine - (axis | first.axis),
+                first.axis * cosine + axis * first.cosine + axis * first.axis};
+    }
+};
+
+/// The turn about one axis. An angle that is not finite, or a multiple of a full turn, turns
+/// nothing.
+Turn about(int axis, UVector3<double> const& degrees)
+{
+    double const rest = std::isfinite(degrees[axis]) ? std::remainder(degrees[axis], 360.0) : 0;
+    double const half = rest * std::numbers::pi / 360;
+    Turn turn;
+    turn.cosine = std::cos(half);
+    turn.axis[axis] = std::sin(half);
+    return turn;
 }
 
 /// How far up a part goes to stand on the plate.
@@ -62,23 +88,15 @@ bool move(Mesh::Document& document, Parts const& parts, UVector3<float> const& o
 bool rotate(Mesh::Document& document, Parts const& parts, UVector3<double> const& degrees)
 {
     UBox3<float> const box = boxOf(parts);
-    UVector3<double> angles = degrees;
-    for (int axis = 0; axis < 3; ++axis)
-        angles[axis] = std::isfinite(angles[axis])
-                           ? std::remainder(angles[axis], 360.0) * std::numbers::pi / 180
-                           : 0;
-    if (box.Isnullptr() || angles == UVector3<double>())
+    Turn const turn = about(2, degrees) * about(1, degrees) * about(0, degrees);
+    double const sine = turn.axis.GetLength();
+    if (box.Isnullptr() || sine == 0)
         return false;
-    UPoint3<float> const middle = middleOf(box);
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rotate"));
+    auto const angle = float(2 * std::atan2(sine, turn.cosine));
+    UVector3<float> const axis(float(turn.axis.X()), float(turn.axis.Y()), float(turn.axis.Z()));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Rotate"));
     for (Mesh::DocumentObject* const part : parts)
-        for (int axis = 0; axis < 3; ++axis) {
-            UVector3<float> direction;
-            direction[axis] = 1;
-            if (angles[axis] != 0)
-                part->rotate(middle, float(angles[axis]), direction, false);
-        }
-    step.finish();
+        part->rotate(middleOf(box), angle, axis, false);
     return true;
 }
 
@@ -87,11 +105,10 @@ bool dropToPlate(Mesh::Document& document, Parts const& parts)
     auto const floats = [](auto const* part) { return isMove(toPlate(part)); };
     if (std::none_of(parts.begin(), parts.end(), floats))
         return false;
-    DocumentStep step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Drop to Plate"));
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Drop to Plate"));
     for (Mesh::DocumentObject* const part : parts)
         if (floats(part))
             part->translate(toPlate(part), 0);
-    step.finish();
     return true;
 }
 

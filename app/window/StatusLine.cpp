@@ -7,6 +7,7 @@
 #include "platform/view/GLView.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QLocale>
 
@@ -74,6 +75,25 @@ StatusLine::StatusLine(QWidget* parent)
     addPermanentWidget(m_progress);
     addPermanentWidget(m_selection);
     setSizeGripEnabled(false);
+    keepHeight();
+}
+
+// The height with progress and without: otherwise the view would change its size, and draw all
+// parts anew, whenever a job begins or ends.
+void StatusLine::keepHeight()
+{
+    int const margin = fontMetrics().height() / 3;
+    setContentsMargins(margin, 0, margin, 0);
+    setFixedHeight(m_progress->sizeHint().height() + margin);
+}
+
+void StatusLine::changeEvent(QEvent* event)
+{
+    QStatusBar::changeEvent(event);
+    bool const changesSize =
+        event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange;
+    if (changesSize)
+        keepHeight();
 }
 
 void StatusLine::refresh(Base::GLView const& view, Base::Document const* document)

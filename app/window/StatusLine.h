@@ -32,7 +32,11 @@ public:
     QString hint() const;
     JobProgressBar& progress() const { return *m_progress; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void keepHeight();
     static QString selectionSummary(Mesh::Document const* document);
 
     QLabel* m_hint;

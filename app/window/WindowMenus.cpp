@@ -42,10 +42,10 @@ std::vector<Menu> const& menus()
         {QT_TRANSLATE_NOOP("WindowMenus", "&View"),
          {"Std_View0", "Std_View1", "Std_View2", "Std_View3", "Std_View4", "Std_View5", "Std_View6",
           "-", "Std_FitAll", "Std_FitSelection", "-", "Std_Perspective", "Std_Parallel", "-",
-          "Std_ShowEdges", "Std_ShowPlate", "Std_CutView"}},
+          "Std_ShowEdges", "Std_ShowPlate", "-", "Std_CutView"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Part"),
-         {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-", "Std_Move",
-          "Std_Rotate", "Std_DropToPlate", "-", "Std_Check", "Std_Repair"}},
+         {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-",
+          "Std_DropToPlate", "Std_CentreOnPlate", "-", "Std_Check", "Std_Repair"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Cut"),
          {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
           QT_TRANSLATE_NOOP("WindowMenus", "#With settings"), "Std_Sectioncut", "Std_Polygoncut"}},
@@ -76,6 +76,7 @@ constexpr char const* toolBarEntries[] = {"Std_Open",
                                           "Std_View6",
                                           "Std_Perspective",
                                           "Std_ShowEdges",
+                                          "Std_CutView",
                                           "-",
                                           "Std_zCut",
                                           "Std_Polygoncut"};
@@ -99,9 +100,11 @@ WindowMenus::WindowMenus(QMainWindow& window, Base::CommandManager& manager)
 
 void WindowMenus::fill()
 {
-    for (Title const& title : m_titles)
-        delete title.menu;
-    m_titles.clear();
+    // The menu bar keeps the menus that it shows no longer. Submenus come behind theirs.
+    while (!m_titles.empty()) {
+        delete m_titles.back().menu;
+        m_titles.pop_back();
+    }
     m_headings.clear();
     m_mainWindow.menuBar()->clear();
     m_toolBar->clear();

@@ -3,16 +3,16 @@
 #include "platform/ui/LanguageSwitch.h"
 
 #include "host/ui/LanguageTexts.h"
+#include "host/ui/StoredSettings.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/MainWindow.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLocale>
 #include <QPointer>
 #include <QRegularExpression>
-#include <QSettings>
 
 #include <algorithm>
 #include <array>
@@ -36,12 +36,6 @@ QString languageOf(LanguageSwitch::Choice choice)
     return choiceNames[static_cast<std::size_t>(choice)];
 }
 
-QSettings settings()
-{
-    return QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                     getSettingName());
-}
-
 void putIntoEffect(QString const& language)
 {
     languageInEffect = language;
@@ -59,6 +53,9 @@ void putIntoEffect(QString const& language)
     }
     QEvent change(QEvent::LanguageChange);
     QCoreApplication::sendEvent(QCoreApplication::instance(), &change);
+    // The view draws words, but only when it is asked to.
+    if (MainWindow* const window = MainWindow::getInstance())
+        window->updateActiveGLView();
 }
 
 }  // namespace
@@ -70,14 +67,14 @@ void LanguageSwitch::applyStored()
 
 LanguageSwitch::Choice LanguageSwitch::choice()
 {
-    QString const name = settings().value(languageKey).toString();
+    QString const name = storedValue(languageKey).toString();
     auto const found = std::find(choiceNames.begin(), choiceNames.end(), name);
     return found == choiceNames.end() ? Choice::System : Choice(found - choiceNames.begin());
 }
 
 void LanguageSwitch::setLanguage(Choice choice)
 {
-    settings().setValue(languageKey, choiceNames[static_cast<std::size_t>(choice)]);
+    storeValue(languageKey, choiceNames[static_cast<std::size_t>(choice)]);
     putIntoEffect(languageOf(choice));
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/ui/MellStyle.h"
 
+#include "host/ui/GlyphIcon.h"
 #include "host/ui/StyleShapes.h"
 #include "platform/ui/Theme.h"
 
@@ -54,6 +55,20 @@ void MellStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* opti
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
             return StyleShapes::checkBox(*painter, *option);
+        case PE_IndicatorMenuCheckMark: {
+            auto const* const entry = qstyleoption_cast<QStyleOptionMenuItem const*>(option);
+            bool const isExclusive = entry && entry->checkType == QStyleOptionMenuItem::Exclusive;
+            return StyleShapes::menuMark(*painter, *option, isExclusive);
+        }
+        case PE_PanelItemViewItem:
+        case PE_PanelItemViewRow:
+            return StyleShapes::itemGround(*painter, *option);
+        case PE_IndicatorBranch:
+            if (option->state & State_Children)
+                StyleShapes::chevron(*painter, option->rect,
+                                     option->state & State_Open ? Qt::BottomEdge : Qt::RightEdge,
+                                     themeColor("mutedText"));
+            return;
         case PE_IndicatorRadioButton:
             return StyleShapes::radioButton(*painter, *option);
         case PE_IndicatorArrowUp:
@@ -74,7 +89,7 @@ void MellStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* opti
 void MellStyle::drawControl(ControlElement element, QStyleOption const* option, QPainter* painter,
                             QWidget const* widget) const
 {
-    if (element == CE_ProgressBarGroove)
+    if (element == CE_ProgressBarGroove || element == CE_ProgressBarLabel)
         return;
     if (element == CE_ProgressBarContents)
         return StyleShapes::progressBar(*painter, *option);
@@ -179,6 +194,14 @@ void MellStyle::drawSlider(QStyleOptionComplex const* option, QPainter* painter,
     painter->setBrush(themeColor(!isEnabled  ? "disabledText"
                                  : isHovered ? "accentHover"
                                              : "accent"));
+    QRectF below = line;
+    if (isFlat)
+        slider->upsideDown ? below.setLeft(handle.center().x())
+                           : below.setRight(handle.center().x());
+    else
+        slider->upsideDown ? below.setTop(handle.center().y())
+                           : below.setBottom(handle.center().y());
+    painter->drawRoundedRect(below, half, half);
     painter->drawEllipse(handle.center(), knob, knob);
     if (option->state & State_HasFocus) {
         painter->setBrush(Qt::NoBrush);
@@ -196,6 +219,16 @@ QRect MellStyle::subControlRect(ComplexControl control, QStyleOptionComplex cons
     if (control == CC_ScrollBar && qstyleoption_cast<QStyleOptionSlider const*>(option))
         return scrollBarRect(option, part, widget);
     return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QRect MellStyle::subElementRect(SubElement element, QStyleOption const* option,
+                                QWidget const* widget) const
+{
+    QRect const result = QProxyStyle::subElementRect(element, option, widget);
+    auto const* const frame = qstyleoption_cast<QStyleOptionFrame const*>(option);
+    bool const isOwnField = element == SE_LineEditContents && frame && frame->lineWidth > 0;
+    int const margin = isOwnField ? scaled(0.25) : 0;
+    return result.adjusted(margin, 0, -margin, 0);
 }
 
 QRect MellStyle::spinBoxRect(QStyleOptionComplex const* option, SubControl part) const
@@ -267,6 +300,9 @@ QSize MellStyle::sizeFromContents(ContentsType type, QStyleOption const* option,
         case CT_ComboBox:
             result.setHeight(std::max(size.height(), controlHeight));
             return result;
+        case CT_ItemViewItem:
+            result.setHeight(std::max(result.height(), scaled(1.9)));
+            return result;
         case CT_CheckBox:
         case CT_RadioButton:
             result.setHeight(std::max(result.height(), scaled(1.67)));
@@ -319,6 +355,22 @@ int MellStyle::pixelMetric(PixelMetric metric, QStyleOption const* option,
             return scaled(0.34);
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QIcon MellStyle::standardIcon(StandardPixmap icon, QStyleOption const* option,
+                              QWidget const* widget) const
+{
+    switch (icon) {
+        case SP_TitleBarCloseButton:
+        case SP_DockWidgetCloseButton:
+            return glyphIcon(GlyphButton::Close);
+        case SP_TitleBarNormalButton:
+            return glyphIcon(GlyphButton::Restore);
+        case SP_TitleBarMaxButton:
+            return glyphIcon(GlyphButton::Maximize);
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
     }
 }
 

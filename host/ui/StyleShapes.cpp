@@ -44,6 +44,15 @@ QColor mixed(QColor const& from, QColor const& to, double share)
                   channel(from.blue(), to.blue()));
 }
 
+void hook(QPainter& painter, QRectF const& square, QColor const& colour)
+{
+    double const side = square.width();
+    painter.setPen(QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.translate(square.topLeft());
+    painter.drawPolyline(QPolygonF(
+        {{side * 0.23, side * 0.52}, {side * 0.42, side * 0.72}, {side * 0.77, side * 0.3}}));
+}
+
 QRectF squareIn(QRect const& room)
 {
     double const side = std::min(room.width(), room.height()) - 1;
@@ -178,14 +187,12 @@ void checkBox(QPainter& painter, QStyleOption const& option)
     painter.drawRoundedRect(box, cornerRadius() * 0.7, cornerRadius() * 0.7);
     if (!isOn)
         return;
-    double const side = box.width();
-    painter.setPen(QPen(colours.mark, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.translate(box.topLeft());
-    if (isPartial)
-        painter.drawLine(QPointF(side * 0.25, side * 0.5), QPointF(side * 0.75, side * 0.5));
-    else
-        painter.drawPolyline(QPolygonF(
-            {{side * 0.23, side * 0.52}, {side * 0.42, side * 0.72}, {side * 0.77, side * 0.3}}));
+    if (!isPartial)
+        return hook(painter, box, colours.mark);
+    double const quarter = box.width() / 4;
+    painter.setPen(QPen(colours.mark, box.width() / 7, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(box.left() + quarter, box.center().y()),
+                     QPointF(box.right() - quarter, box.center().y()));
 }
 
 void radioButton(QPainter& painter, QStyleOption const& option)
@@ -205,6 +212,33 @@ void radioButton(QPainter& painter, QStyleOption const& option)
     painter.drawEllipse(box.adjusted(inset, inset, -inset, -inset));
 }
 
+void menuMark(QPainter& painter, QStyleOption const& option, bool isExclusive)
+{
+    if (!(option.state & State::State_On))
+        return;
+    Brush const brush(painter);
+    QColor const colour = themeColor(option.state & State::State_Enabled ? "text" : "disabledText");
+    QRectF square(0, 0, g_pixelSize * 1.2, g_pixelSize * 1.2);
+    square.moveCenter(QRectF(option.rect).center());
+    if (!isExclusive)
+        return hook(painter, square, colour);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawEllipse(square.center(), g_pixelSize * 0.25, g_pixelSize * 0.25);
+}
+
+void itemGround(QPainter& painter, QStyleOption const& option)
+{
+    auto const* const item = qstyleoption_cast<QStyleOptionViewItem const*>(&option);
+    bool const isEnabled = option.state & State::State_Enabled;
+    if (option.state & State::State_Selected)
+        painter.fillRect(option.rect, themeColor(isEnabled ? "selection" : "hover"));
+    else if (isEnabled && option.state & State::State_MouseOver)
+        painter.fillRect(option.rect, themeColor("hover"));
+    else if (item && item->backgroundBrush.style() != Qt::NoBrush)
+        painter.fillRect(option.rect, item->backgroundBrush);
+}
+
 void progressBar(QPainter& painter, QStyleOption const& option)
 {
     auto const* const bar = qstyleoption_cast<QStyleOptionProgressBar const*>(&option);
@@ -220,9 +254,17 @@ void progressBar(QPainter& painter, QStyleOption const& option)
     QPainterPath shape;
     shape.addRoundedRect(room, cornerRadius(), cornerRadius());
     painter.setClipPath(shape);
-    painter.setBrush(themeColor("accent"));
-    painter.drawRect(
-        QRectF(room.topLeft(), QSizeF(room.width() * std::clamp(share, 0.0, 1.0), room.height())));
+    QRectF const done(room.topLeft(),
+                      QSizeF(room.width() * std::clamp(share, 0.0, 1.0), room.height()));
+    painter.fillRect(done, themeColor("accent"));
+    if (!bar->textVisible)
+        return;
+    painter.setPen(themeColor("text"));
+    painter.drawText(room, Qt::AlignCenter, bar->text);
+    painter.setClipRect(done, Qt::IntersectClip);
+    painter.fillRect(done, themeColor("accent"));
+    painter.setPen(themeColor("accentText"));
+    painter.drawText(room, Qt::AlignCenter, bar->text);
 }
 
 }  // namespace StyleShapes

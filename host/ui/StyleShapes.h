@@ -27,6 +27,10 @@ void pushButton(QPainter& painter, QStyleOption const& option, QWidget const* wi
 void toolButton(QPainter& painter, QStyleOption const& option);
 void checkBox(QPainter& painter, QStyleOption const& option);
 void radioButton(QPainter& painter, QStyleOption const& option);
+/// The mark of a checked menu entry: a hook, or a dot where one of several is chosen.
+void menuMark(QPainter& painter, QStyleOption const& option, bool isExclusive);
+/// The ground of a row or cell in a list, tree or table.
+void itemGround(QPainter& painter, QStyleOption const& option);
 void progressBar(QPainter& painter, QStyleOption const& option);
 
 }  // namespace StyleShapes

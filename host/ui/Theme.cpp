@@ -31,7 +31,7 @@ QHash<QString, Shades> const colours{
     {"error", {0xffb3261e, 0xfff2a19b}},         {"warning", {0xff8a5300, 0xfff0c06a}},
     {"success", {0xff1e6b34, 0xff86d19c}},       {"toolTip", {0xff2a2f36, 0xffe9ecf0}},
     {"toolTipText", {0xfff4f5f7, 0xff1d232c}},   {"viewTop", {0xfff7f9fb, 0xff3a424d}},
-    {"viewBottom", {0xffd4dbe4, 0xff1e2228}},
+    {"caution", {0xffc27400, 0xfff0c06a}},       {"viewBottom", {0xffd4dbe4, 0xff1e2228}},
 };
 
 QHash<QString, double> const lengths{

@@ -82,6 +82,15 @@ void GLView::setPlateVisible(bool visible)
     redraw();
 }
 
+UBox3<float> GLView::getPartsBox() const
+{
+    UBox3<float> box;
+    for (Base::ViewProvider const* const provider : scene().providers())
+        if (dynamic_cast<ViewProvider const*>(provider) && provider->isShow())
+            box.Add(provider->getObject()->getBoundingBox());
+    return box;
+}
+
 void GLView::setLiveCut(std::optional<LiveCut> const& cut)
 {
     if (cut == m_liveCut)

@@ -8,7 +8,6 @@ namespace {
 constexpr int darkTheme = 16;
 
 constexpr ViewColors lightColors = {
-    .background = 0xedf0f2ff,
     .plateFill = 0x8fa3b52e,
     .plateEdge = 0x5a6b7aff,
     .plateLine = 0x6f8292a0,
@@ -23,7 +22,6 @@ constexpr ViewColors lightColors = {
 };
 
 constexpr ViewColors darkColors = {
-    .background = 0x24282cff,
     .plateFill = 0x8fa3b51c,
     .plateEdge = 0x8495a4ff,
     .plateLine = 0x8495a470,

@@ -4,7 +4,6 @@
 /// The colours of a view that go with the theme, as 0xRRGGBBAA.
 struct ViewColors
 {
-    unsigned background;
     unsigned plateFill;
     unsigned plateEdge;
     unsigned plateLine;

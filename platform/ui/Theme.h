@@ -18,7 +18,7 @@ extern int g_pixelSize;
 /// Colours   "window", "base", "surface", "header", "text", "mutedText", "disabledText", "border",
 ///           "controlBorder", "hover", "pressed", "accent", "accentHover", "accentPressed",
 ///           "accentText", "focus", "link", "selection", "error", "warning", "success", "toolTip",
-///           "toolTipText", "viewTop", "viewBottom"
+///           "toolTipText", "caution", "viewTop", "viewBottom"
 /// Lengths   "dialogWidegtMargin", "layoutSpacing", "controlHeight", "iconSize", "cornerRadius",
 ///           "titleHeight", "groupHeight", "dialogWidth"
 QVariant binderTheme(QString const& key);

@@ -96,6 +96,12 @@ public:
     /// The box around what is shown, in world millimetres; null if there is nothing.
     virtual UBox3<float> getSceneBox(bool onlySelected) const;
 
+    /// Writes the picture to a PNG file, as large as the widget in device pixels. On failure a file
+    /// of that name stays as it was.
+    ///
+    /// reason  takes a sentence that says what to do
+    bool saveScreenshot(QString const& file, QString* reason = nullptr);
+
     // Called by view providers.
 
     void addViewProvider(ViewProvider* provider);
@@ -145,6 +151,7 @@ protected:
 private:
     void fit(UBox3<float> const& box);
     void applyProjection();
+    void paintBackground();
     void releaseGL();
 
     std::unique_ptr<GLCamera> m_camera;

@@ -56,6 +56,9 @@ public:
     void setPlateSize(float widthMm, float depthMm);
     void setPlateVisible(bool visible);
 
+    /// The box around the parts that are shown, in world millimetres; null if there is none.
+    UBox3<float> getPartsBox() const;
+
     /// Cuts the parts open for the eye; picks look through what is cut away. Tools are not cut.
     void setLiveCut(std::optional<LiveCut> const& cut);
     std::optional<LiveCut> const& liveCut() const { return m_liveCut; }

@@ -103,8 +103,7 @@ TEST_F(Jobs, TheKeyCCutsTheSelectedPartAtTheSlidersHeightAndUndoBringsItBack)
     QTest::keyClick(window->windowHandle(), Qt::Key_C);
     ASSERT_TRUE(waitUntil([&] { return test->names().size() == 2 && !isBusy(); }));
     EXPECT_EQ(test->names(), (std::vector<std::string>{"bunny-60k_cut1", "bunny-60k_cut2"}));
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(progress().isVisible());
+    EXPECT_TRUE(waitUntil([&] { return !progress().isVisible(); }));
     EXPECT_TRUE(window->isWindowModified());
     trigger("Std_Undo");
     EXPECT_EQ(test->names(), std::vector<std::string>{"bunny-60k"});
@@ -199,6 +198,20 @@ TEST_F(Jobs, ACancelIsForTheJobThatRunsAndNotForTheNext)
         window->statusLine().progress().cancel();
         ASSERT_TRUE(waitUntil([&] { return job.wasCancelled && !isBusy(); }));
     }
+}
+
+TEST_F(Jobs, ProgressComesAndGoesWithoutAChangeOfTheViewsSize)
+{
+    QSize const size = window->view().size();
+    {
+        SlowJob const job;
+        ASSERT_TRUE(waitUntil([&] { return progress().isVisible(); }));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window->view().size(), size);
+    }
+    ASSERT_TRUE(waitUntil([&] { return !progress().isVisible(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().size(), size);
 }
 
 TEST_F(Jobs, ValuesBeyondTheRangeShowAsFull)

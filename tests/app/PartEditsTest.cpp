@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <random>
 
 namespace {
@@ -194,6 +195,21 @@ TEST_F(PartEditsTest, PartsTurnTogetherAboutTheMiddleOfTheirBox)
     EXPECT_NEAR(box.MinY(), -10, 1e-5);
     EXPECT_NEAR(box.MaxY(), 20, 1e-5);
     EXPECT_NEAR(parts.first->getBoundingBox().MinY(), -10, 1e-5);
+}
+
+TEST_F(PartEditsTest, TurnsGoAboutXThenYThenZ)
+{
+    UMatrix4<float> const start = parts.first->getMatrix();
+    PartPlacement::rotate(document, {parts.first}, {30, -70, 250});
+    UMatrix4<float> const together = parts.first->getMatrix();
+    parts.first->setMatrix(start, true, true);
+    PartPlacement::rotate(document, {parts.first}, {30, 0, 0});
+    UPoint3<float> const middle(5, 5, 5);
+    auto const radians = [](double degrees) { return float(degrees * std::numbers::pi / 180); };
+    parts.first->rotate(middle, radians(-70), {0, 1, 0}, false);
+    parts.first->rotate(middle, radians(250), {0, 0, 1}, false);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_NEAR(together.data()[i], parts.first->getMatrix().data()[i], 1e-5);
 }
 
 TEST_F(PartEditsTest, EachPartDropsByItselfAndAllCentreTogether)

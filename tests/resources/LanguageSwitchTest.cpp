@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/StrokeText.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/Command.h"
@@ -158,4 +159,18 @@ TEST_F(LanguageSwitchTest, TranslatesTheCommands)
     EXPECT_EQ(action->text(), "Ebenenschnitt");
     LanguageSwitch::setLanguage(Choice::English);
     EXPECT_EQ(action->text(), "Section Cut");
+}
+
+TEST_F(LanguageSwitchTest, NamesTheFacesOfTheCubeByLettersThatCanBeDrawn)
+{
+    for (Choice const choice : {Choice::English, Choice::German}) {
+        LanguageSwitch::setLanguage(choice);
+        for (char const* const face : {"FRONT", "BACK", "TOP", "BOTTOM", "LEFT", "RIGHT"}) {
+            std::string const name =
+                QCoreApplication::translate("OrientationCube", face).toStdString();
+            EXPECT_EQ(name == face, choice == Choice::English) << name;
+            for (char const letter : name)
+                EXPECT_FALSE(strokesOf(std::string(1, letter)).empty()) << name << ": " << letter;
+        }
+    }
 }

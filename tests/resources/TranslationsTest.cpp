@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/CommandTexts.h"
-#include "tests/resources/TranslationFile.h"
+#include "tests/support/TranslationFile.h"
 
 #include <gtest/gtest.h>
 

@@ -124,6 +124,7 @@ TEST_F(Themes, TextsAndEdgesCanBeSeen)
                 EXPECT_GE(contrast(text, ground), 4.5) << text << " on " << ground;
         for (char const* const ground : {"accent", "accentHover", "accentPressed"})
             EXPECT_GE(contrast("accentText", ground), 4.5) << ground;
+        EXPECT_GE(contrast("caution", "window"), 3);
         EXPECT_GE(contrast("text", "selection"), 4.5);
         EXPECT_GE(contrast("text", "pressed"), 4.5);
         EXPECT_GE(contrast("toolTipText", "toolTip"), 4.5);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/resources/TranslationFile.h"
+#include "tests/support/TranslationFile.h"
 
 #include <QFile>
 #include <QXmlStreamReader>

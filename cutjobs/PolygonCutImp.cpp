@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/PolygonCutImp.h"
+
+#include "cutjobs/CutSides.h"
+#include "cutjobs/PartMesh.h"
+#include "cutjobs/ProgressScale.h"
+#include "cutjobs/ServiceCall.h"
+#include "platform/services/Intersect.h"
+
+struct PolygonCutImp::Pieces
+{
+    std::shared_ptr<MeshKernel> first = std::make_shared<MeshKernel>();
+    std::shared_ptr<MeshKernel> second = std::make_shared<MeshKernel>();
+};
+
+namespace {
+
+void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::BooleanType type,
+             std::function<void(int)> const& progress)
+{
+    ServiceCall::run([&] {
+        std::vector<MeshKernel*> out{&piece};
+        Intersect::boolean(&part, &tool, out, type, progress, 1);
+    });
+}
+
+}  // namespace
+
+PolygonCutImp::PolygonCutImp(QObject* parent) : CutWorker(parent) {}
+
+PolygonCutImp::~PolygonCutImp() = default;
+
+void PolygonCutImp::setObjects(std::vector<Mesh::DocumentObject*> objects)
+{
+    m_objects = std::move(objects);
+}
+
+void PolygonCutImp::setParas(bool useClearance, bool singleTool)
+{
+    m_useClearance = useClearance;
+    m_singleTool = singleTool;
+}
+
+void PolygonCutImp::setInOutPolygonMesh(MeshKernel* in, MeshKernel* out)
+{
+    m_in.reset(in);
+    m_out.reset(out);
+}
+
+void PolygonCutImp::doWork()
+{
+    m_result.clear();
+    runJob("Polygon Cut", [this](std::function<void(int)> const& progress) { run(progress); });
+}
+
+void PolygonCutImp::run(std::function<void(int)> progress)
+{
+    // However the job ends, its tools go with it.
+    std::unique_ptr<MeshKernel> const in = std::move(m_in);
+    std::unique_ptr<MeshKernel> const out = std::move(m_out);
+    bool const isSplit = !m_useClearance || m_singleTool;
+    if (!in || (!isSplit && !out))
+        throw Mell::Exception("There is no tool to cut with. Draw one first.");
+    for (int i = 0; i < partCount(); ++i) {
+        Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
+        MeshKernel const* const kernel = kernelOfPart(part);
+        if (!kernel)
+            continue;
+        Pieces const pieces =
+            isSplit ? split(*kernel, *in, progress, i) : cutApart(*kernel, *in, *out, progress, i);
+        storePiece(m_result, part, pieces.first);
+        storePiece(m_result, part, pieces.second);
+    }
+    progress(100);
+}
+
+PolygonCutImp::Pieces PolygonCutImp::split(MeshKernel const& part, MeshKernel& in,
+                                           std::function<void(int)> const& progress,
+                                           int index) const
+{
+    Pieces pieces;
+    MeshKernel copy(part);
+    ServiceCall::run([&] {
+        Intersect::boolean_subtract_keep(
+            &copy, &in, pieces.first.get(), pieces.second.get(),
+            ProgressScale::scaled(progress, ProgressScale::splitBySolid, index, partCount()), 1);
+    });
+    return pieces;
+}
+
+PolygonCutImp::Pieces PolygonCutImp::cutApart(MeshKernel const& part, MeshKernel& in,
+                                              MeshKernel& out,
+                                              std::function<void(int)> const& progress,
+                                              int index) const
+{
+    Pieces pieces;
+    MeshKernel copy(part);
+    combine(copy, in, *pieces.first, Intersect::BOOLEAN_INTERSECT,
+            ProgressScale::scaled(progress, ProgressScale::firstBoolean, index, partCount()));
+    combine(copy, out, *pieces.second, Intersect::BOOLEAN_SUBTRACT,
+            ProgressScale::scaled(progress, ProgressScale::secondBoolean, index, partCount()));
+    return pieces;
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cutjobs/CutResultMap.h"
+#include "cutjobs/CutWorker.h"
+
+#include <memory>
+#include <vector>
+
+class MeshKernel;
+
+/// The worker of the volume cut: splits each part into what lies within a solid tool and what lies
+/// outside it. With a clearance the tool is two solids, and what lies between them goes. It serves
+/// any number of jobs in turn, each with tools of its own.
+class PolygonCutImp : public CutWorker
+{
+    Q_OBJECT
+
+public:
+    explicit PolygonCutImp(QObject* parent);
+    ~PolygonCutImp() override;
+
+    void setObjects(std::vector<Mesh::DocumentObject*> objects);
+    /// useClearance  the tool has a clearance
+    /// singleTool    but gave only one solid, by which the parts are split
+    void setParas(bool useClearance, bool singleTool);
+    /// The tools of the next job; the worker takes them over and deletes them when the job ends.
+    ///
+    /// in   the solid that the first piece lies in
+    /// out  the solid that the second piece lies outside of; null if `in` serves for both
+    void setInOutPolygonMesh(MeshKernel* in, MeshKernel* out);
+
+    /// The pieces of the last job: what lies within the tool before what lies outside.
+    CutResultMap getResult() const { return m_result; }
+
+public slots:
+    void doWork() override;
+
+private:
+    struct Pieces;
+
+    void run(std::function<void(int)> progress);
+    Pieces split(MeshKernel const& part, MeshKernel& in, std::function<void(int)> const& progress,
+                 int index) const;
+    Pieces cutApart(MeshKernel const& part, MeshKernel& in, MeshKernel& out,
+                    std::function<void(int)> const& progress, int index) const;
+    int partCount() const { return int(m_objects.size()); }
+
+    std::vector<Mesh::DocumentObject*> m_objects;
+    CutResultMap m_result;
+    bool m_useClearance = false;
+    bool m_singleTool = false;
+    std::unique_ptr<MeshKernel> m_in;
+    std::unique_ptr<MeshKernel> m_out;
+};

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/CylinderViewProvider.h"
+
+#include "tools/CylinderGraphicObject.h"
+#include "tools/CylinderOutline.h"
+
+namespace Freecut {
+
+Base::Type CylinderViewProvider::classTypeId = Base::Type::badType();
+
+void CylinderViewProvider::init()
+{
+    initSubclass(classTypeId, "Freecut::CylinderViewProvider", "Freecut::VolumeViewProvider",
+                 create);
+}
+
+void* CylinderViewProvider::create()
+{
+    return new CylinderViewProvider;
+}
+
+Base::Type CylinderViewProvider::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string CylinderViewProvider::getClassName() const
+{
+    return "Freecut::CylinderViewProvider";
+}
+
+std::unique_ptr<VolumeOutline> CylinderViewProvider::makeOutline() const
+{
+    auto* const tool = static_cast<CylinderGraphicObject*>(getObject());
+    return std::make_unique<CylinderOutline>(tool->getProperty());
+}
+
+}  // namespace Freecut

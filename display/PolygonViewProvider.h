@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "display/VolumeViewProvider.h"
+
+namespace Freecut {
+
+/// Shows a polygon tool.
+class PolygonViewProvider : public VolumeViewProvider
+{
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+    static void* create();
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+protected:
+    std::unique_ptr<VolumeOutline> makeOutline() const override;
+};
+
+}  // namespace Freecut

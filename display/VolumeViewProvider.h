@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "display/GraphicViewProvider.h"
+
+#include <memory>
+
+namespace Freecut {
+
+class VolumeOutline;
+
+/// Shows a solid tool. This class has no outline of its own; only the classes below are used.
+class VolumeViewProvider : public GraphicViewProvider
+{
+public:
+    static Base::Type classTypeId;
+    static Base::Type getClassTypeId() { return classTypeId; }
+    static void init();
+    static void* create();
+
+    VolumeViewProvider();
+    ~VolumeViewProvider() override;
+
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+    /// Derives the outlines, in the eye space of the view that it is attached to; nothing without a
+    /// view. If the camera was turned, the tool follows the screen.
+    void updateGeometry() override;
+    /// Brings the solid's bottom and faces up to date, for the path by which views draw.
+    void buildSolidBuffers();
+
+    /// What was derived; null before the first updateGeometry.
+    VolumeOutline const* getOutline() const { return outline.get(); }
+
+    /// The camera was turned since the last picture, so that the tool has to follow.
+    bool getViewChanged() const { return viewChanged; }
+    void setViewChanged(bool value) { viewChanged = value; }
+
+protected:
+    /// The outline of the tool that is shown; null if there is none.
+    virtual std::unique_ptr<VolumeOutline> makeOutline() const;
+
+private:
+    std::unique_ptr<VolumeOutline> outline;
+    bool viewChanged = false;
+};
+
+}  // namespace Freecut

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/VolumeOutline.h"
+
+#include "tools/OutlineOffset.h"
+#include "tools/RoundRing.h"
+#include "tools/VolumeProperty.h"
+
+#include <algorithm>
+
+namespace Freecut {
+
+namespace {
+
+bool goesInward(int clearanceDirection)
+{
+    return clearanceDirection == 0 || clearanceDirection == 2;
+}
+
+bool goesOutward(int clearanceDirection)
+{
+    return clearanceDirection == 1 || clearanceDirection == 2;
+}
+
+void appendLoops(std::vector<float>& buffer, Loops const& loops)
+{
+    for (Ring const& ring : loops)
+        appendCoordinates(buffer, ring);
+}
+
+}  // namespace
+
+bool VolumeOutline::Rounding::counts() const
+{
+    return isOn && radius >= leastLength;
+}
+
+bool VolumeOutline::hasClearance() const
+{
+    return m_record.getClearanceEnabled() && m_record.getClearance() >= leastLength;
+}
+
+Loops VolumeOutline::nominalWithoutRepeat() const
+{
+    return isRing() ? m_outlines.solidLoops : withoutLastPoints(m_outlines.solidLoops);
+}
+
+void VolumeOutline::update(GLCamera const& camera, bool viewChanged, bool isOpenGL33)
+{
+    m_outlines.clear();
+    if (m_record.getKeyPoints().empty())
+        return;
+    if (viewChanged) {
+        m_record.updateDepth();
+        pinToScreen(SketchPlane(camera, m_record.getSketchDepth()));
+    }
+    SketchPlane const plane(camera, m_record.getSketchDepth());
+    deriveNominal(plane);
+    if (rounding().counts()) {
+        m_outlines.roundedLoops = nominalWithoutRepeat();
+        round(m_outlines.roundedLoops);
+    }
+    if (hasClearance())
+        deriveClearance(plane);
+    if (isRing())
+        chooseCaps();
+    flatten();
+    if (m_record.getPreviewOn())
+        buildSolidBuffers(isOpenGL33);
+}
+
+void VolumeOutline::pinToScreen(SketchPlane const& plane)
+{
+    std::vector<UPoint3<float>> const eye = m_record.getEyePoints();
+    std::vector<UPoint3<float>>& points = m_record.getKeyPoints();
+    for (std::size_t i = 0; i < std::min(points.size(), eye.size()); ++i)
+        points[i] = plane.project(eye[i]);
+}
+
+void VolumeOutline::round(Loops& loops) const
+{
+    for (Ring& ring : loops)
+        roundRing(ring, rounding().radius);
+}
+
+void VolumeOutline::deriveClearance(SketchPlane const& plane)
+{
+    OutlineOffset offset(
+        m_outlines.roundedLoops.empty() ? m_outlines.solidLoops : m_outlines.roundedLoops, plane);
+    double const clearance = m_record.getClearance();
+    int const direction = m_record.getClearanceDirection();
+    if (goesInward(direction))
+        m_outlines.innerLoops = offset.moved(clearance * -1.0);
+    if (goesOutward(direction))
+        m_outlines.outerLoops = offset.moved(clearance);
+    for (Loops* const loops : {&m_outlines.innerLoops, &m_outlines.outerLoops}) {
+        keepPaths(*loops);
+        if (rounding().counts())
+            round(*loops);
+    }
+}
+
+void VolumeOutline::keepPaths(Loops& paths) const
+{
+    if (isRing() && paths.size() > 1)
+        paths.resize(1);
+}
+
+void VolumeOutline::chooseCaps()
+{
+    if (hasClearance() && goesInward(m_record.getClearanceDirection()))
+        m_outlines.topLoops = m_outlines.innerLoops;
+    else if (rounding().counts())
+        m_outlines.topLoops = m_outlines.roundedLoops;
+    else
+        m_outlines.topLoops = nominalWithoutRepeat();
+    m_outlines.bottomLoops = m_outlines.topLoops;
+}
+
+void VolumeOutline::flatten()
+{
+    appendLoops(m_outlines.outlineBuffer, withoutLastPoints(m_outlines.residualLoops));
+    appendLoops(m_outlines.outlineBuffer, m_outlines.roundedLoops);
+    appendLoops(m_outlines.outlineBuffer, nominalWithoutRepeat());
+    appendLoops(m_outlines.innerBuffer, m_outlines.innerLoops);
+    appendLoops(m_outlines.outerBuffer, m_outlines.outerLoops);
+    appendLoops(m_outlines.teethBuffer, m_outlines.teethLoops);
+}
+
+void VolumeOutline::buildSolidBuffers(bool isOpenGL33)
+{
+    m_outlines.previewBuffer.clear();
+    m_outlines.normalBuffer.clear();
+    if (!isRing())
+        chooseCaps();
+    m_outlines.bottomLoops =
+        translated(std::move(m_outlines.bottomLoops), -m_record.getExtrudeVector());
+    SolidPreview preview(isOpenGL33, m_outlines.previewBuffer, m_outlines.normalBuffer);
+    appendSolid(preview);
+}
+
+void VolumeOutline::appendSolid(SolidPreview& preview) const
+{
+    for (std::size_t i = 0; i < m_outlines.topLoops.size(); ++i)
+        preview.addSides(m_outlines.topLoops[i], m_outlines.bottomLoops[i]);
+    for (Ring const& bottom : m_outlines.bottomLoops)
+        preview.addCaps(bottom, m_record.getExtrudeVector());
+}
+
+Loops VolumeOutline::outerOutline() const
+{
+    if (!m_outlines.outerLoops.empty())
+        return m_outlines.outerLoops;
+    return rounding().isOn ? m_outlines.roundedLoops : nominalWithoutRepeat();
+}
+
+}  // namespace Freecut
