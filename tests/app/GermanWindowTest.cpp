@@ -154,7 +154,10 @@ TEST_F(GermanWindow, HasNoTwoEntriesOfAMenuOnOneLetter)
 
 TEST_F(GermanWindow, LeavesNoEnglishTextBehind)
 {
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
     test->add(box(20, 20, 20), "Box");
+    show();
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
     QCoreApplication::processEvents();
     QStringList texts;
     collectTexts(*window, texts);
