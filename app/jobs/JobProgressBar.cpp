@@ -31,6 +31,23 @@ JobProgressBar::JobProgressBar(QWidget* parent)
       m_cancel(new QToolButton(this)),
       m_escape(new QShortcut(Qt::Key_Escape, this))
 {
+    build();
+    connect(m_cancel, &QToolButton::clicked, this, &JobProgressBar::cancel);
+    connect(m_escape, &QShortcut::activated, this, &JobProgressBar::cancel);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseMs);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_isRefreshDue)
+            refreshSoon();
+    });
+    retranslate();
+    refresh();
+    m_progress->setListener([this] { progressChanged(); });
+    Base::setProgressSink(m_progress);
+}
+
+void JobProgressBar::build()
+{
     setObjectName(QStringLiteral("JobProgressBar"));
     m_bar->setRange(0, 100);
     m_bar->setFixedWidth(fontMetrics().averageCharWidth() * 28);
@@ -47,19 +64,6 @@ JobProgressBar::JobProgressBar(QWidget* parent)
     row->addWidget(m_title);
     row->addWidget(m_bar);
     row->addWidget(m_cancel);
-
-    connect(m_cancel, &QToolButton::clicked, this, &JobProgressBar::cancel);
-    connect(m_escape, &QShortcut::activated, this, &JobProgressBar::cancel);
-    m_pause.setSingleShot(true);
-    m_pause.setInterval(pauseMs);
-    connect(&m_pause, &QTimer::timeout, this, [this] {
-        if (m_isRefreshDue)
-            refreshSoon();
-    });
-    retranslate();
-    refresh();
-    m_progress->setListener([this] { progressChanged(); });
-    Base::setProgressSink(m_progress);
 }
 
 JobProgressBar::~JobProgressBar()
