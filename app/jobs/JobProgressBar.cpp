@@ -3,12 +3,11 @@
 
 #include "app/JobGuard.h"
 #include "app/jobs/JobProgress.h"
+#include "app/panels/PanelIcon.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFile>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
 #include <QShortcut>
@@ -55,8 +54,7 @@ void JobProgressBar::build()
     m_cancel->setObjectName(QStringLiteral("CancelJob"));
     m_cancel->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_cancel->setAutoRaise(true);
-    if (QString const icon = QStringLiteral(":/icons/icons/app_cancel.png"); QFile::exists(icon))
-        m_cancel->setIcon(QIcon(icon));
+    m_cancel->setIcon(panelIcon(QStringLiteral("app_cancel")));
     m_escape->setContext(Qt::ApplicationShortcut);
 
     auto* const row = new QHBoxLayout(this);
@@ -88,6 +86,8 @@ void JobProgressBar::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
+        m_cancel->setIcon(panelIcon(QStringLiteral("app_cancel")));
     QWidget::changeEvent(event);
 }
 
