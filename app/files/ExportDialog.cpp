@@ -3,6 +3,7 @@
 
 #include "host/formats/FormatRegistry.h"
 #include "platform/ui/Settings.h"
+#include "platform/ui/Theme.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -17,6 +18,8 @@
 namespace {
 
 constexpr char formatKey[] = "/Export/format";
+/// In sizes of the font.
+constexpr int formatWidth = 16;
 constexpr char fileEachKey[] = "/Export/fileForEachPart";
 
 QSettings settings()
@@ -47,7 +50,9 @@ ExportDialog::ExportDialog(int parts, QWidget* parent)
 void ExportDialog::fillFormats()
 {
     for (auto const& format : Formats::FormatRegistry::instance().formats())
-        m_formats->addItem(latin(format->title()), latin(format->name()));
+        m_formats->addItem(
+            QCoreApplication::translate("Formats", std::string(format->title()).c_str()),
+            latin(format->name()));
 }
 
 void ExportDialog::buildFileChoice(int parts)
@@ -70,6 +75,10 @@ void ExportDialog::buildFileChoice(int parts)
     layout->addLayout(form);
     layout->addStretch();
     layout->addWidget(buttons);
+    int const margin = themePixels("dialogWidegtMargin");
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(themePixels("layoutSpacing") * 2);
+    m_formats->setMinimumWidth(g_pixelSize * formatWidth);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

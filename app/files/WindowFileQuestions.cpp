@@ -7,6 +7,7 @@
 #include "platform/ui/MellMessageBox.h"
 #include "platform/ui/Settings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QSet>
@@ -98,9 +99,10 @@ std::optional<ExportPlan> WindowFileQuestions::exportPlan(QString const& suggest
     } else {
         QString safe = suggestion;
         safe.replace('/', '_');
-        plan.path = QFileDialog::getSaveFileName(MainWindow::getInstance(), tr("Export"),
-                                                 suggestedPath(safe + ending),
-                                                 latin(format.title()) + " (*" + ending + ")");
+        plan.path = QFileDialog::getSaveFileName(
+            MainWindow::getInstance(), tr("Export"), suggestedPath(safe + ending),
+            QCoreApplication::translate("Formats", std::string(format.title()).c_str()) + " (*" +
+                ending + ")");
         if (!plan.path.isEmpty() && QFileInfo(plan.path).suffix().isEmpty()) {
             plan.path += ending;
             if (QFileInfo::exists(plan.path) && !mayReplace({plan.path}))
@@ -120,11 +122,12 @@ bool WindowFileQuestions::mayReplace(QStringList const& files)
         names.push_back(QFileInfo(file).fileName());
     if (files.size() > mostNames)
         names.push_back(tr("and %n more", nullptr, files.size() - mostNames));
-    return MellMessageBox::warning(
-               MainWindow::getInstance(), tr("Replace"),
-               tr("%n files exist already. Replace them?", nullptr, files.size()) + "\n\n" +
-                   names.join('\n'),
-               tr("Replace"), tr("Cancel"), "", 1, 1) == 0;
+    QString const question =
+        files.size() == 1 ? tr("\"%1\" exists already. Replace it?").arg(names.front())
+                          : tr("%n files exist already. Replace them?", nullptr, files.size()) +
+                                "\n\n" + names.join('\n');
+    return MellMessageBox::warning(MainWindow::getInstance(), tr("Replace"), question,
+                                   tr("Replace"), tr("Cancel"), "", 1, 1) == 0;
 }
 
 FileQuestions::Unsaved WindowFileQuestions::aboutUnsaved(QString const& documentName)

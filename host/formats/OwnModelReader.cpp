@@ -16,6 +16,8 @@ namespace {
 /// What a triangle with its half vertex takes in the text, about.
 constexpr std::uint64_t textBytesPerTriangle = 70;
 constexpr std::size_t chunkBytes = 1 << 18;
+/// No line of ours is longer, whatever the name in it.
+constexpr std::size_t longestLine = 1 << 20;
 
 /// Lets the reader leave from anywhere.
 struct OtherShape
@@ -55,6 +57,8 @@ private:
         m_buffer.erase(0, m_place);
         m_place = 0;
         std::size_t const kept = m_buffer.size();
+        if (kept > longestLine)
+            throw OtherShape();
         m_buffer.resize(kept + chunkBytes);
         std::size_t const count = m_stream.read(std::span(m_buffer).subspan(kept));
         m_buffer.resize(kept + count);

@@ -14,6 +14,9 @@
 namespace Formats {
 namespace {
 
+/// A list of objects beyond that is meant to do harm.
+constexpr std::uint64_t largestList = 1 << 28;
+
 /// The objects of a package that is as we wrote it; nothing if another program has changed it.
 std::optional<std::vector<ProjectObject>> readOwnPackage(InputFile& input)
 {
@@ -22,6 +25,8 @@ std::optional<std::vector<ProjectObject>> readOwnPackage(InputFile& input)
     ZipReader::Entry const* const model = package.find(modelEntryName);
     if (!list || !model || !list->isDeflated || !model->isDeflated)
         return {};
+    if (list->size > largestList)
+        throw FileError(input.path(), "its list of objects is larger than 256 MiB.");
     auto entries = parseProjectXml(ZipEntryStream(input, *list).readAll(), input.path());
     ZipEntryStream stream(input, *model);
     auto const items = readOwnModel(stream, model->size, input.path());

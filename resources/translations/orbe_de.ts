@@ -420,6 +420,25 @@
     </message>
 </context>
 <context>
+    <name>Formats</name>
+    <message>
+        <source>PLY, binary</source>
+        <translation>PLY, binär</translation>
+    </message>
+    <message>
+        <source>PLY, ASCII</source>
+        <translation>PLY, ASCII</translation>
+    </message>
+    <message>
+        <source>STL, binary</source>
+        <translation>STL, binär</translation>
+    </message>
+    <message>
+        <source>STL, ASCII</source>
+        <translation>STL, ASCII</translation>
+    </message>
+</context>
+<context>
     <name>GLView</name>
     <message>
         <source>There is no picture to save: show the view first.</source>
@@ -1766,6 +1785,10 @@
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; exists already. Replace it?</source>
+        <translation>„%1“ gibt es schon. Ersetzen?</translation>
     </message>
 </context>
 <context>
