@@ -20,6 +20,7 @@
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
+#include "app/window/ToolLock.h"
 #include "app/window/ViewAppearance.h"
 #include "app/window/WindowMenus.h"
 #include "app/window/WindowPanels.h"
@@ -94,6 +95,7 @@ void OrbeWindow::buildCentre()
     column->addWidget(m_notices);
     column->addLayout(m_viewRow, 1);
     setCentralWidget(centre);
+    new ToolLock(*m_view);
     m_view->OnViewType(isometricView);
     m_appearance = new ViewAppearance(*m_view, this);
 }

@@ -32,6 +32,25 @@ QStringList argumentsOf(int argc, char** argv)
     return arguments;
 }
 
+/// Takes out of the arguments what Qt would take for an option of its own.
+QStringList takeOwnArguments(int& argc, char** argv)
+{
+    QStringList own;
+    int kept = 1;
+    for (int i = 1; i < argc; ++i) {
+        QString const argument = QString::fromLocal8Bit(argv[i]);
+        if (argument == "--plugin" && i + 1 < argc)
+            own << argument << QString::fromLocal8Bit(argv[++i]);
+        else if (argument == "--plugin" || argument.startsWith("--plugin="))
+            own << argument;
+        else
+            argv[kept++] = argv[i];
+    }
+    argc = kept;
+    argv[kept] = nullptr;
+    return own;
+}
+
 bool answersWithoutWindow(StartOptions const& options)
 {
     if (options.wantsHelp)
@@ -90,8 +109,9 @@ int main(int argc, char** argv)
         return 1;
     }
     prepareQt();
+    QStringList const own = takeOwnArguments(argc, argv);
     QApplication const qt(argc, argv);
-    StartOptions const options = StartOptions::parse(QApplication::arguments().mid(1));
+    StartOptions const options = StartOptions::parse(own + QApplication::arguments().mid(1));
     if (!options.error.isEmpty()) {
         std::fprintf(stderr, "orbe: %s\n", qPrintable(options.error));
         return 2;

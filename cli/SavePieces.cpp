@@ -2,6 +2,7 @@
 #include "cli/SavePieces.h"
 
 #include "host/formats/FormatRegistry.h"
+#include "platform/document/MeshDocumentObject.h"
 
 void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files)
 {
@@ -15,4 +16,17 @@ void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceF
     for (CutPart const& part : parts)
         for (CutPiece const& piece : part.pieces)
             files.write(piece.file, piece.name, *piece.kernel, *piece.format);
+}
+
+void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
+                     PieceFiles const& files)
+{
+    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
+    for (CutPart& part : parts) {
+        std::string const name = part.object->getName();
+        std::error_code error;
+        if (!std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
+                                         part.source, error))
+            part.pieces.push_back({name, part.object->meshProperty->getMesh(), nullptr, {}});
+    }
 }

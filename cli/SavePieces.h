@@ -10,3 +10,8 @@
 /// throws  Formats::FileError, before anything is written if a file is in the way;
 ///         Mell::AbortException if the user cancels
 void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files);
+
+/// Lets the parts themselves follow the pieces that they were cut into, except where they come from
+/// the very file that they would go to.
+void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
+                     PieceFiles const& files);

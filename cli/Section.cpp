@@ -6,10 +6,8 @@
 #include "cli/SectionJob.h"
 #include "cli/SectionSurvey.h"
 #include "cli/SubCommands.h"
-#include "host/formats/FormatRegistry.h"
 #include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/Application.h"
 #include "tools/SceneBox.h"
 
@@ -78,21 +76,6 @@ void warnOfPlainHalves(std::vector<CutPart> const& parts)
         if (part.section && !part.section->warning.empty())
             std::fprintf(stderr, "freecut: %s: %s\n", part.source.c_str(),
                          part.section->warning.c_str());
-}
-
-/// The parts themselves follow the pieces that they were cut into, except where they come from the
-/// very file that they would go to.
-void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
-                     PieceFiles const& files)
-{
-    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
-    for (CutPart& part : parts) {
-        std::string const name = part.object->getName();
-        std::error_code error;
-        if (!std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
-                                         part.source, error))
-            part.pieces.push_back({name, part.object->meshProperty->getMesh(), nullptr, {}});
-    }
 }
 
 void cutAndSave(SectionOptions const& options, Mesh::Document& document,

@@ -17,3 +17,9 @@ void addInfo(CLI::App& commandLine, Action& action);
 void addZCut(CLI::App& commandLine, Action& action);
 void addSection(CLI::App& commandLine, Action& action);
 void addBoolean(CLI::App& commandLine, Action& action);
+/// The cuts by solid tools: polygon, cylinder and cuboid.
+void addTools(CLI::App& commandLine, Action& action);
+
+/// Whether one of the latter was chosen: it draws in a view, so it takes an application with
+/// widgets.
+bool isToolChosen(CLI::App const& commandLine);

@@ -8,9 +8,10 @@
 
 #include <CLI/CLI.hpp>
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
+#include <memory>
 #include <new>
 
 namespace {
@@ -43,6 +44,23 @@ int run(Action const& action)
     }
 }
 
+/// What Qt has to say about the desktop is of no use here.
+void passFailuresOn(QtMsgType type, QMessageLogContext const&, QString const& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "freecut: %s\n", text.toLocal8Bit().constData());
+}
+
+/// Views are never shown, so they need no display.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, bool hasViews)
+{
+    if (!hasViews)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qInstallMessageHandler(passFailuresOn);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QApplication>(argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -55,6 +73,7 @@ int main(int argc, char** argv)
         "  freecut info bracket.stl\n"
         "  freecut zcut bracket.stl --height 12.5 -o pieces\n"
         "  freecut section bracket.stl --center 0,0,12.5 --normal 0,0,1 --pins\n"
+        "  freecut polygon bracket.stl --view top --points \"0,0;20,0;20,15\" --clearance 0.1\n"
         "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
         "\n"
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be "
@@ -64,13 +83,14 @@ int main(int argc, char** argv)
     addZCut(commandLine, action);
     addSection(commandLine, action);
     addBoolean(commandLine, action);
+    addTools(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {
         return commandLine.exit(e) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
     }
     Cancel::listen();
-    QCoreApplication const application(argc, argv);
+    auto const application = makeApplication(argc, argv, isToolChosen(commandLine));
     QCoreApplication::setApplicationName("freecut");
     Application const host;
     return run(action);

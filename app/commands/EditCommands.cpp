@@ -142,7 +142,7 @@ public:
     DuplicateCommand()
         : SelectionCommand(
               "Std_Duplicate",
-              {QT_TRANSLATE_NOOP("HostCommand", "D&uplicate"),
+              {QT_TRANSLATE_NOOP("HostCommand", "Duplica&te"),
                QT_TRANSLATE_NOOP("HostCommand", "Put copies of the selected parts beside them."),
                "app_duplicate", "Ctrl+D"})
     {}

@@ -75,7 +75,7 @@ class PreferencesCommand : public HostCommand
 public:
     PreferencesCommand(WindowPanels& panels, ViewAppearance& appearance)
         : HostCommand("Std_Preferences",
-                      {QT_TRANSLATE_NOOP("HostCommand", "&Preferences..."),
+                      {QT_TRANSLATE_NOOP("HostCommand", "Pr&eferences..."),
                        QT_TRANSLATE_NOOP("HostCommand",
                                          "Choose theme, language, units and how the mouse works."),
                        "app_settings", "Ctrl+,"}),
@@ -127,7 +127,7 @@ void registerPanelCommands(Base::CommandManager& manager, WindowPanels& panels,
     QPointer<WindowPanels> const pointer(&panels);
     manager.addCommand(new PartsCommand(
         "Std_Check",
-        {QT_TRANSLATE_NOOP("HostCommand", "C&heck"),
+        {QT_TRANSLATE_NOOP("HostCommand", "Chec&k"),
          QT_TRANSLATE_NOOP("HostCommand", "Look for errors in the selected parts."), "app_check"},
         [pointer](Mesh::Document&) {
             if (!pointer)

@@ -152,7 +152,7 @@ void registerSelectCommands(Base::CommandManager& manager)
     manager.addCommand(new InvertSelectionCommand);
     manager.addCommand(new MouseToolCommand(
         "Std_RectangleSelect",
-        {QT_TRANSLATE_NOOP("HostCommand", "Select by &Rectangle"),
+        {QT_TRANSLATE_NOOP("HostCommand", "Select by Rectan&gle"),
          QT_TRANSLATE_NOOP("HostCommand", "Select the parts within a rectangle that you drag."),
          "app_rectangle", "R"},
         "Base::RectangleSelection"));

@@ -175,7 +175,7 @@ void registerProjection(Base::CommandManager& manager, ViewAppearance& appearanc
         [](auto& view) { view.setPerspective(true); }));
     manager.addCommand(new AppearanceCommand(
         "Std_Parallel",
-        {QT_TRANSLATE_NOOP("HostCommand", "Para&llel"),
+        {QT_TRANSLATE_NOOP("HostCommand", "P&arallel"),
          QT_TRANSLATE_NOOP("HostCommand", "Show equal lengths equal, near and far."),
          "app_parallel", "O"},
         appearance, [](auto const& view) { return !view.isPerspective(); },
@@ -203,7 +203,7 @@ void registerViewCommands(Base::CommandManager& manager, ViewAppearance& appeara
         [](auto& view) { view.setShowsEdges(!view.showsEdges()); }));
     manager.addCommand(new AppearanceCommand(
         "Std_ShowPlate",
-        {QT_TRANSLATE_NOOP("HostCommand", "Show Build Pl&ate"),
+        {QT_TRANSLATE_NOOP("HostCommand", "Sho&w Build Plate"),
          QT_TRANSLATE_NOOP("HostCommand", "Show the build plate with its grid."), "app_plate", "B"},
         appearance, [](auto const& view) { return view.showsPlate(); },
         [](auto& view) { view.setShowsPlate(!view.showsPlate()); }));

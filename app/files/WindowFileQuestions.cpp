@@ -122,12 +122,11 @@ bool WindowFileQuestions::mayReplace(QStringList const& files)
         names.push_back(QFileInfo(file).fileName());
     if (files.size() > mostNames)
         names.push_back(tr("and %n more", nullptr, files.size() - mostNames));
-    QString const question =
-        files.size() == 1 ? tr("\"%1\" exists already. Replace it?").arg(names.front())
-                          : tr("%n files exist already. Replace them?", nullptr, files.size()) +
-                                "\n\n" + names.join('\n');
-    return MellMessageBox::warning(MainWindow::getInstance(), tr("Replace"), question,
-                                   tr("Replace"), tr("Cancel"), "", 1, 1) == 0;
+    return MellMessageBox::warning(
+               MainWindow::getInstance(), tr("Replace"),
+               tr("%n files exist already. Replace them?", nullptr, files.size()) + "\n\n" +
+                   names.join('\n'),
+               tr("Replace"), tr("Cancel"), "", 1, 1) == 0;
 }
 
 FileQuestions::Unsaved WindowFileQuestions::aboutUnsaved(QString const& documentName)

@@ -38,7 +38,7 @@ constexpr std::array<ErrorKind, 7> errorKinds = {{
      QT_TRANSLATE_NOOP("CheckReport", "%1 shells that are inside out")},
 }};
 
-QString tr(char const* text)
+QString translated(char const* text)
 {
     return QCoreApplication::translate("CheckReport", text);
 }
@@ -59,31 +59,34 @@ Counts mendedOf(PartCheck::Finding const& finding)
 QString adviceFor(Counts const& left)
 {
     if (left.selfIntersections > 0)
-        return tr(
-            "Shells that cross are no error for most printers; cut or unite them to be "
-            "sure.");
-    return tr("Mend the rest in the program that the part comes from.");
+        return translated(QT_TRANSLATE_NOOP(
+            "CheckReport",
+            "Shells that cross are no error for most printers; cut or unite them to be sure."));
+    return translated(
+        QT_TRANSLATE_NOOP("CheckReport", "Mend the rest in the program that the part comes from."));
 }
 
 QString repairOf(PartCheck::Finding const& finding)
 {
     if (finding.before.total() == 0)
-        return tr("no errors, nothing to repair.");
+        return translated(QT_TRANSLATE_NOOP("CheckReport", "no errors, nothing to repair."));
     if (!finding.mended)
-        return tr("could not be repaired: %1. %2")
+        return translated(QT_TRANSLATE_NOOP("CheckReport", "could not be repaired: %1. %2"))
             .arg(CheckReport::errorsInWords(finding.before), adviceFor(finding.before));
-    QString const mended = tr("mended: %1.").arg(CheckReport::errorsInWords(mendedOf(finding)));
+    QString const mended = translated(QT_TRANSLATE_NOOP("CheckReport", "mended: %1."))
+                               .arg(CheckReport::errorsInWords(mendedOf(finding)));
     if (finding.after.total() == 0)
-        return mended + QLatin1Char(' ') + tr("No error is left.");
+        return mended + QLatin1Char(' ') +
+               translated(QT_TRANSLATE_NOOP("CheckReport", "No error is left."));
     return mended + QLatin1Char(' ') +
-           tr("Left: %1. %2")
+           translated(QT_TRANSLATE_NOOP("CheckReport", "Left: %1. %2"))
                .arg(CheckReport::errorsInWords(finding.after), adviceFor(finding.after));
 }
 
 QString checkOf(PartCheck::Finding const& finding)
 {
     return finding.before.total() == 0
-               ? tr("no errors.")
+               ? translated(QT_TRANSLATE_NOOP("CheckReport", "no errors."))
                : CheckReport::errorsInWords(finding.before) + QLatin1Char('.');
 }
 
@@ -104,7 +107,7 @@ QString CheckReport::errorsInWords(PartCheck::Counts const& counts)
     QStringList words;
     for (ErrorKind const& kind : errorKinds)
         if (std::size_t const count = counts.*kind.count)
-            words << (count == 1 ? tr(kind.one) : tr(kind.many).arg(count));
+            words << (count == 1 ? translated(kind.one) : translated(kind.many).arg(count));
     return words.join(QStringLiteral(", "));
 }
 

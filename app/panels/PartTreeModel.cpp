@@ -72,11 +72,16 @@ void PartTreeModel::objectRemoved(Base::DocumentObject* object, std::string clas
 
 void PartTreeModel::objectChanged(Base::DocumentObject* object)
 {
-    // A part that looks as before has been changed in place.
+    // A part that looks as before has been changed in place. Nothing is measured now: whoever
+    // changes it may not have finished.
     auto const* const part = dynamic_cast<Mesh::DocumentObject const*>(object);
     auto const place = m_nodes.find(object);
-    if (part && place != m_nodes.end() && lookOf(*place->second) == place->second->look)
-        m_survey->forget(*part);
+    if (part && place != m_nodes.end()) {
+        PartNode::Look look = lookOfPart(*part);
+        look.openEdges = place->second->look.openEdges;
+        if (look == place->second->look)
+            m_survey->forget(*part);
+    }
     scheduleUpdate();
 }
 
@@ -215,6 +220,14 @@ PartNode::Look PartTreeModel::lookOf(PartNode const& node) const
     if (node.isGroup)
         return lookOfGroup(node);
     auto const& part = static_cast<Mesh::DocumentObject const&>(*node.object);
+    PartNode::Look look = lookOfPart(part);
+    if (auto const facts = m_survey->facts(part))
+        look.openEdges = facts->openEdges;
+    return look;
+}
+
+PartNode::Look PartTreeModel::lookOfPart(Mesh::DocumentObject const& part)
+{
     PartNode::Look look;
     look.name = QString::fromStdString(part.getName());
     look.eye = part.isVisible() ? PartNode::Eye::Open : PartNode::Eye::Closed;
@@ -228,8 +241,6 @@ PartNode::Look PartTreeModel::lookOf(PartNode const& node) const
         look.mesh = mesh.get();
         look.triangles = mesh ? mesh->triangles.size() : 0;
     }
-    if (auto const facts = m_survey->facts(part))
-        look.openEdges = facts->openEdges;
     return look;
 }
 

@@ -95,6 +95,8 @@ private:
     void insertNew(PartNode& parent, Objects const& wanted);
     void refresh(PartNode& node);
     PartNode::Look lookOf(PartNode const& node) const;
+    /// All but the open edges.
+    static PartNode::Look lookOfPart(Mesh::DocumentObject const& part);
     PartNode::Look lookOfGroup(PartNode const& node) const;
     void forgetNodes(PartNode const& node);
 

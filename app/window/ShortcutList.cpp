@@ -4,11 +4,12 @@
 #include "platform/ui/Action.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
+#include "platform/ui/MellLineEdit.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeySequence>
-#include <QLineEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -28,7 +29,7 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
     addCommands(manager);
     addMouse();
 
-    auto* const search = new QLineEdit(this);
+    auto* const search = new MellLineEdit(this);
     search->setObjectName(QStringLiteral("Search"));
     search->setPlaceholderText(tr("Search"));
     search->setClearButtonEnabled(true);
@@ -48,9 +49,12 @@ void ShortcutList::addCommands(Base::CommandManager const& manager)
     for (Base::Command* const command : manager.getAllCommands()) {
         Base::Action const* const action = command->getAction();
         QKeySequence const keys = action ? action->getQAction()->shortcut() : QKeySequence();
+        // Not the action's text, which may name the step that would be undone.
+        QString const text = QCoreApplication::translate(
+            command->className(), command->getMenuText().toUtf8().constData());
         if (!keys.isEmpty())
             new QTreeWidgetItem(
-                m_list, {action->text().remove('&'), keys.toString(QKeySequence::NativeText)});
+                m_list, {QString(text).remove('&'), keys.toString(QKeySequence::NativeText)});
     }
 }
 

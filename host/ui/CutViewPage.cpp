@@ -69,7 +69,6 @@ void CutView::build()
     w.flip->setObjectName("flip");
     w.flip->setCheckable(true);
     w.flip->setFixedHeight(themePixels("controlHeight"));
-    w.flip->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     w.caps = new QCheckBox(this);
     w.caps->setObjectName("caps");
     w.caps->setChecked(true);
@@ -89,7 +88,11 @@ void CutView::build()
 
 void CutView::showIcons()
 {
-    m_widgets->flip->setIcon(QIcon(icons[g_ThemeColor & 16 ? 1 : 0]));
+    QIcon const icon(icons[g_ThemeColor & 16 ? 1 : 0]);
+    bool const hasIcon = !icon.pixmap(g_pixelSize).isNull();
+    m_widgets->flip->setIcon(icon);
+    m_widgets->flip->setToolButtonStyle(hasIcon ? Qt::ToolButtonTextBesideIcon
+                                                : Qt::ToolButtonTextOnly);
 }
 
 void CutView::retranslate()

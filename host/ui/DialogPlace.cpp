@@ -10,6 +10,7 @@
 
 #include <QDockWidget>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QTimer>
 
 #include <algorithm>
@@ -21,7 +22,10 @@ DialogPlace::DialogPlace(QString const& name, DialogWidget* dialog, MainWindow* 
     window->installEventFilter(this);
     m_dialog->setParent(window, Qt::Widget);
     m_dialog->setFocusPolicy(Qt::TabFocus);
-    connect(dialog, &Dialog::signalPinned, this, &DialogPlace::setPinned);
+    connect(dialog, &Dialog::signalPinned, this, [this] {
+        followDialog();
+        store();
+    });
     connect(dialog, &Dialog::signalMaximized, this, &DialogPlace::place);
     connect(dialog, &Dialog::signalSizeChanged, this, &DialogPlace::placeLater);
     connect(dialog, &Dialog::signalDragged, this, &DialogPlace::dragBy);
@@ -47,7 +51,7 @@ void DialogPlace::store() const
 {
     storeValue(m_key + "/side", m_isAtLeft ? "left" : "right");
     storeValue(m_key + "/offset", m_offset);
-    storeValue(m_key + "/pinned", !m_dock.isNull());
+    storeValue(m_key + "/pinned", m_dialog->isPinned());
 }
 
 Qt::DockWidgetArea DialogPlace::area() const
@@ -65,6 +69,7 @@ QRect DialogPlace::viewArea() const
 
 void DialogPlace::bringUp()
 {
+    followDialog();
     if (m_dock) {
         m_dock->show();
         m_dock->raise();
@@ -86,29 +91,31 @@ void DialogPlace::stepAside()
         m_offset += themePixels("titleHeight");
 }
 
-void DialogPlace::setPinned(bool pinned)
+void DialogPlace::followDialog()
 {
-    if (!m_window || pinned == !m_dock.isNull())
+    // Folded, even a pinned dialog gives its room back to the view.
+    bool const wantsDock = m_dialog->isPinned() && m_dialog->isMainPageVisible();
+    if (!m_window || wantsDock == !m_dock.isNull())
         return;
     bool const isShown = m_dialog->isVisible();
-    pinned ? dock() : undock();
+    wantsDock ? dock() : undock();
     m_dialog->setVisible(isShown);
     if (isShown)
         bringUp();
-    store();
 }
 
 void DialogPlace::dock()
 {
-    m_dock = new QDockWidget(m_dialog->windowTitle(), m_window);
-    m_dock->setObjectName(m_key);
-    m_dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    auto* const dock = new QDockWidget(m_dialog->windowTitle(), m_window);
+    dock->setObjectName(m_key);
+    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
     // The dialog has a title bar of its own.
-    auto* const noTitle = new QWidget(m_dock);
-    noTitle->setFixedHeight(0);
-    m_dock->setTitleBarWidget(noTitle);
-    m_dock->setWidget(m_dialog);
-    m_window->addDockWidget(area(), m_dock);
+    auto* const noTitle = new QWidget(dock);
+    (new QHBoxLayout(noTitle))->setContentsMargins(0, 0, 0, 0);
+    dock->setTitleBarWidget(noTitle);
+    dock->setWidget(m_dialog);
+    m_window->addDockWidget(area(), dock);
+    m_dock = dock;
     m_dialog->installEventFilter(this);
 }
 
@@ -129,6 +136,7 @@ void DialogPlace::placeLater()
     // Layouts settle first.
     QTimer::singleShot(0, this, [this] {
         m_isWaiting = false;
+        followDialog();
         place();
     });
 }
@@ -176,7 +184,7 @@ void DialogPlace::dropAt(QPoint const& place)
     m_isDragged = false;
     if (m_dock) {
         m_isAtLeft = m_window->mapFromGlobal(place).x() < m_window->width() / 2;
-        m_window->addDockWidget(area(), m_dock);
+        m_window->addDockWidget(area(), static_cast<QDockWidget*>(m_dock.data()));
     } else {
         QRect const room = viewArea();
         m_isAtLeft = m_dialog->geometry().center().x() < room.center().x();
@@ -188,11 +196,12 @@ void DialogPlace::dropAt(QPoint const& place)
 
 bool DialogPlace::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_window &&
-        (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
+    // Also reached while dialog, dock or window are being destroyed and are plain widgets already.
+    bool const isDialog = watched == m_dialog;
+    if (!isDialog && (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest))
         placeLater();
     // A dock without its dialog is an empty strip.
-    if (watched == m_dialog && m_dock && event->type() == QEvent::HideToParent)
-        m_dock->hide();
+    if (isDialog && !m_dock.isNull() && event->type() == QEvent::HideToParent)
+        static_cast<QWidget*>(watched)->parentWidget()->hide();
     return QObject::eventFilter(watched, event);
 }

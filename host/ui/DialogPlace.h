@@ -6,7 +6,6 @@
 
 class DialogWidget;
 class MainWindow;
-class QDockWidget;
 
 /// Where a dialog stands in the main window, kept in the settings under its name: over the view at
 /// the left or right edge, at a height of the user's choice, or docked at that edge while it is
@@ -31,7 +30,8 @@ private:
     void store() const;
     void dock();
     void undock();
-    void setPinned(bool pinned);
+    /// Docks or undocks as the dialog is pinned and folded.
+    void followDialog();
     /// Leaves the title of a dialog in view that stands at the same place.
     void stepAside();
     void placeLater();
@@ -43,7 +43,8 @@ private:
     QString m_key;
     DialogWidget* m_dialog;
     QPointer<MainWindow> m_window;
-    QPointer<QDockWidget> m_dock;
+    /// A QDockWidget, or none.
+    QPointer<QWidget> m_dock;
     /// Below the upper edge of the view.
     int m_offset = 0;
     bool m_isAtLeft = false;

@@ -15,7 +15,7 @@ DialogWindowManager* DialogWindowManager::instance()
 DialogWidget* DialogWindowManager::getDialogWindow(char const* name) const
 {
     for (Entry const& entry : m_entries)
-        if (entry.dialog && entry.name == QString::fromUtf8(name))
+        if (entry.name == QString::fromUtf8(name))
             return entry.dialog;
     return nullptr;
 }
@@ -29,7 +29,7 @@ DialogWidget* DialogWindowManager::creatDialogWindow(QString name, void* (*creat
     if (!dialog)
         return nullptr;
     m_entries.push_back({name, dialog});
-    connect(dialog, &QObject::destroyed, this, [this] { forget(nullptr); });
+    connect(dialog, &QObject::destroyed, this, [this, dialog] { forget(dialog); });
     if (auto* const oneOff = qobject_cast<DialogWidgetOneOff*>(dialog))
         connect(oneOff, &DialogWidgetOneOff::signalDestructed, this,
                 [this, dialog] { forget(dialog); });
@@ -57,8 +57,7 @@ std::vector<DialogWidget*> DialogWindowManager::openDialogs() const
 {
     std::vector<DialogWidget*> result;
     for (Entry const& entry : m_entries)
-        if (entry.dialog)
-            result.push_back(entry.dialog);
+        result.push_back(entry.dialog);
     return result;
 }
 
@@ -70,8 +69,7 @@ bool DialogWindowManager::closeAll()
     return areClosed;
 }
 
-void DialogWindowManager::forget(DialogWidget* dialog)
+void DialogWindowManager::forget(DialogWidget const* dialog)
 {
-    std::erase_if(m_entries,
-                  [dialog](Entry const& entry) { return !entry.dialog || entry.dialog == dialog; });
+    std::erase_if(m_entries, [dialog](Entry const& entry) { return entry.dialog == dialog; });
 }

@@ -122,7 +122,8 @@ void HeightScale::paintTicks(QPainter& painter) const
         double const length = (isMajor ? longTick : shortTick) * g_pixelSize;
         painter.setPen(themeColor(isMajor ? "controlBorder" : "border"));
         painter.drawLine(QPointF(right - length, place), QPointF(right, place));
-        if (!isMajor)
+        // The handle covers what stands close to it.
+        if (!isMajor || std::abs(place - placeOf(slider().getHeight())) < 1.1 * g_pixelSize)
             continue;
         painter.setPen(themeColor("mutedText"));
         QRectF const room(0, place - g_pixelSize, right - length - gap * g_pixelSize,

@@ -12,6 +12,8 @@ class MellStyle : public QProxyStyle
 public:
     MellStyle();
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
     void drawPrimitive(PrimitiveElement element, QStyleOption const* option, QPainter* painter,
                        QWidget const* widget) const override;
     void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter,

@@ -189,6 +189,10 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
         m_gl.glEnable(GL_POLYGON_OFFSET_FILL);
         m_gl.glPolygonOffset(1, 1);
     }
+    if (look.isSolid) {
+        m_gl.glEnable(GL_CULL_FACE);
+        m_gl.glCullFace(GL_BACK);
+    }
     if (isGhost) {
         m_gl.glEnable(GL_BLEND);
         m_gl.glDepthMask(GL_FALSE);
@@ -205,6 +209,7 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
     release(surface);
     endCut(m_part);
     m_gl.glDisable(GL_STENCIL_TEST);
+    m_gl.glDisable(GL_CULL_FACE);
     m_gl.glDisable(GL_BLEND);
     m_gl.glDepthMask(GL_TRUE);
     m_gl.glDisable(GL_POLYGON_OFFSET_FILL);

@@ -34,6 +34,8 @@ struct SurfaceLook
     unsigned edges = 0;
     /// The transform reflects, so that what faces outward shows its corners clockwise.
     bool isMirrored = false;
+    /// Triangles seen from behind are left out, as something stands before them anyway.
+    bool isSolid = false;
     /// What has a height above 0 by this plane, in the coordinates of the triangles, is cut away.
     std::optional<ViewPlane> cut;
     /// The places where it shows, or would show without what stands before it, get the mark.

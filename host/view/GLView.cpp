@@ -161,7 +161,9 @@ UBox3<float> GLView::surroundingsBox() const
 
 void GLView::paintPending()
 {
-    if (!isVisible() || !m_scene->isInitialized() || isSameView(m_paintedCamera, *m_camera))
+    bool const isSeen = m_navigation->mouseModel() || m_scene->hasTools();
+    if (!isSeen || !isVisible() || !m_scene->isInitialized() ||
+        isSameView(m_paintedCamera, *m_camera))
         return;
     // Not repaint(), which a window with OpenGL in it puts off until the next frame.
     makeCurrent();

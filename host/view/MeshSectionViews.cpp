@@ -44,6 +44,12 @@ std::optional<ViewPlane> ViewProvider::cutPlane(MeshKernel const& kernel) const
     return placedBack(planeThrough(cut.point, cut.normal), kernel.getMatrix());
 }
 
+bool ViewProvider::hasCaps() const
+{
+    auto const* const view = dynamic_cast<GLView const*>(m_view);
+    return view && view->liveCut() && view->liveCut()->hasCaps;
+}
+
 PartSection const* ViewProvider::section(std::unique_ptr<PartSection>& kept,
                                          ViewPlane const& plane) const
 {
@@ -72,11 +78,10 @@ void ViewProvider::paintLines(PartSection::Points const& lines, unsigned rgba, f
 
 void ViewProvider::paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip)
 {
-    auto const* const view = dynamic_cast<GLView const*>(m_view);
     PartSection const* const shown = section(m_capSection, *look.cut);
     if (!shown)
         return;
-    if (view->liveCut()->hasCaps && !shown->cap.empty() && (look.front & 255)) {
+    if (hasCaps() && !shown->cap.empty() && (look.front & 255)) {
         DrawDevice& device = *m_view->scene().device();
         auto const points = device.upload(shown->cap);
         CapLook cap;

@@ -7,11 +7,17 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/view/MeshGLView.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace Mesh {
 
 namespace {
 
 constexpr unsigned ghostAlpha = 0x40;
+/// Edges have their full colour if they are this long, in pixels, on average.
+constexpr double plainEdges = 8;
+constexpr double faintestEdges = 0.12;
 
 unsigned withAlpha(unsigned rgba, unsigned alpha)
 {
@@ -109,11 +115,25 @@ void ViewProvider::upload(DrawDevice& device, MeshKernel const& kernel)
         m_prepared = std::make_unique<PartSurface>(copyArrays(kernel, Frame::Local, progress));
     }
     m_surface = device.upload(*m_prepared);
+    m_meanEdge = m_prepared->meanEdge;
+    m_isSolid = m_prepared->isSolid;
     m_surfaceMesh = kernel.readMesh();
     m_surfaceTriangles = kernel.readMesh()->triangles.size();
     m_deviceBytes = m_prepared->vertices.size() * sizeof(PartSurface::Vertex) +
                     m_prepared->indices.size() * sizeof(std::uint32_t);
     m_prepared.reset();
+}
+
+unsigned ViewProvider::edgeColor(MeshKernel const& kernel) const
+{
+    double viewWidth, viewHeight;
+    m_view->getCamera()->get_view_rect(viewWidth, viewHeight);
+    double const scale = std::cbrt(std::abs(double(kernel.getMatrix().linearDeterminant())));
+    double const pixels = m_meanEdge * scale * m_view->height() / viewHeight;
+    // Where edges stand so close that they would cover the part, they let it shine through.
+    unsigned const full = viewColors().edges & 255;
+    double const share = std::clamp(pixels / plainEdges, faintestEdges, 1.0);
+    return withAlpha(viewColors().edges, unsigned(std::lround(full * share)));
 }
 
 SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
@@ -133,13 +153,15 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
         look.front = withAlpha(look.front, ghostAlpha);
         look.back = withAlpha(look.front, ghostAlpha);
     }
+    // In perspective the eye may be inside.
+    look.isSolid = m_isSolid && (look.front & 255) == 255 && (!look.cut || hasCaps()) &&
+                   m_view->getCamera()->projection() == GLCamera::Projection::Parallel;
     look.isMarked = m_object->isSelected() && !isGhost();
     if (getRenderMode() != Shaded)
-        look.edges = colors.edges;
+        look.edges = edgeColor(kernel);
     if (getRenderMode() == Edges) {
         look.front = look.back = 0;
-        if (m_object->isSelected())
-            look.edges = colors.selected;
+        look.edges = m_object->isSelected() ? colors.selected : colors.edges;
     }
     return look;
 }

@@ -63,8 +63,10 @@ private:
     bool isSurfaceOf(MeshKernel const& kernel) const;
     void upload(DrawDevice& device, MeshKernel const& kernel);
     SurfaceLook look(MeshKernel const& kernel) const;
+    unsigned edgeColor(MeshKernel const& kernel) const;
     PickTree const& tree(MeshKernel const& kernel) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
+    bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
     void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
@@ -73,6 +75,8 @@ private:
     std::weak_ptr<UMesh<float> const> m_surfaceMesh;
     std::size_t m_surfaceTriangles = 0;
     std::size_t m_deviceBytes = 0;
+    double m_meanEdge = 0;
+    bool m_isSolid = false;
     std::unique_ptr<PartSurface> m_prepared;
     mutable std::unique_ptr<PickTree> m_tree;
     std::unique_ptr<PartSection> m_capSection;

@@ -122,6 +122,11 @@ bool ViewScene::hasSelection() const
     });
 }
 
+bool ViewScene::hasTools() const
+{
+    return std::any_of(m_providers.begin(), m_providers.end(), isTool);
+}
+
 void ViewScene::paintProviders()
 {
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {

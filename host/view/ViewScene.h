@@ -48,6 +48,7 @@ public:
     DrawDevice* device() const { return m_device.get(); }
     /// A part that is shown is selected.
     bool hasSelection() const;
+    bool hasTools() const;
     void paintProviders();
     void paintItems();
 

@@ -3,7 +3,6 @@
 
 #include "platform/ui/DialogWidget.h"
 
-#include <QPointer>
 #include <QString>
 
 #include <vector>
@@ -40,11 +39,11 @@ private:
     struct Entry
     {
         QString name;
-        QPointer<DialogWidget> dialog;
+        DialogWidget* dialog;
     };
 
     DialogWindowManager() = default;
-    void forget(DialogWidget* dialog);
+    void forget(DialogWidget const* dialog);
 
     std::vector<Entry> m_entries;
 };

@@ -116,7 +116,8 @@ public:
     /// A click while no tool runs: with one, the selection is the tool's.
     virtual void clicked(QMouseEvent* event);
     /// Paints at once if the camera has been turned or moved since the last picture, so that the
-    /// tools see turns and moves one by one: they take them in different ways.
+    /// tools see turns and moves one by one: they take them in different ways. Without a tool it
+    /// does nothing.
     void paintPending();
 
     /// What draws in this view, for the host's own classes.

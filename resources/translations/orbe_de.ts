@@ -59,6 +59,38 @@
         <source>%1 shells that are inside out</source>
         <translation>%1 umgestülpte Hüllen</translation>
     </message>
+    <message>
+        <source>Shells that cross are no error for most printers; cut or unite them to be sure.</source>
+        <translation>Hüllen, die sich durchdringen, stören die meisten Drucker nicht; zur Sicherheit schneiden oder vereinigen.</translation>
+    </message>
+    <message>
+        <source>Mend the rest in the program that the part comes from.</source>
+        <translation>Den Rest in dem Programm beheben, aus dem das Bauteil stammt.</translation>
+    </message>
+    <message>
+        <source>no errors, nothing to repair.</source>
+        <translation>keine Fehler, nichts zu reparieren.</translation>
+    </message>
+    <message>
+        <source>could not be repaired: %1. %2</source>
+        <translation>konnte nicht repariert werden: %1. %2</translation>
+    </message>
+    <message>
+        <source>mended: %1.</source>
+        <translation>behoben: %1.</translation>
+    </message>
+    <message>
+        <source>No error is left.</source>
+        <translation>Kein Fehler ist übrig.</translation>
+    </message>
+    <message>
+        <source>Left: %1. %2</source>
+        <translation>Übrig: %1. %2</translation>
+    </message>
+    <message>
+        <source>no errors.</source>
+        <translation>keine Fehler.</translation>
+    </message>
 </context>
 <context>
     <name>CmdFreecutCuboid</name>
@@ -526,7 +558,7 @@
         <translation>Die ausgewählten Bauteile löschen.</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
+        <source>Duplica&amp;te</source>
         <translation>&amp;Duplizieren</translation>
     </message>
     <message>
@@ -686,7 +718,7 @@
         <translation>Nichts ist ausgewählt.</translation>
     </message>
     <message>
-        <source>Select by &amp;Rectangle</source>
+        <source>Select by Rectan&amp;gle</source>
         <translation>Mit Re&amp;chteck auswählen</translation>
     </message>
     <message>
@@ -758,7 +790,7 @@
         <translation>Entferntes kleiner darstellen.</translation>
     </message>
     <message>
-        <source>Para&amp;llel</source>
+        <source>P&amp;arallel</source>
         <translation>P&amp;arallel</translation>
     </message>
     <message>
@@ -774,7 +806,7 @@
         <translation>Die Kanten der Dreiecke auf den Bauteilen zeigen.</translation>
     </message>
     <message>
-        <source>Show Build Pl&amp;ate</source>
+        <source>Sho&amp;w Build Plate</source>
         <translation>&amp;Bauplatte zeigen</translation>
     </message>
     <message>
@@ -822,10 +854,6 @@
         <translation>Die Bauteile an einer Ebene aufgeschnitten zeigen; sie bleiben ganz.</translation>
     </message>
     <message>
-        <source>&amp;Preferences...</source>
-        <translation>&amp;Einstellungen...</translation>
-    </message>
-    <message>
         <source>Choose theme, language, units and how the mouse works.</source>
         <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
     </message>
@@ -844,10 +872,6 @@
     <message>
         <source>Move the selected parts to the middle of the plate.</source>
         <translation>Die ausgewählten Bauteile in die Mitte der Platte verschieben.</translation>
-    </message>
-    <message>
-        <source>C&amp;heck</source>
-        <translation>&amp;Prüfen</translation>
     </message>
     <message>
         <source>Look for errors in the selected parts.</source>
@@ -878,12 +902,12 @@
         <translation>PNG-Bilder (*.png)</translation>
     </message>
     <message>
-        <source>&amp;Preferences</source>
-        <translation>&amp;Einstellungen</translation>
+        <source>Pr&amp;eferences...</source>
+        <translation>&amp;Einstellungen...</translation>
     </message>
     <message>
-        <source>Choose theme, language, units and the use of the mouse.</source>
-        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+        <source>Chec&amp;k</source>
+        <translation>&amp;Prüfen</translation>
     </message>
 </context>
 <context>
@@ -1785,10 +1809,6 @@
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; exists already. Replace it?</source>
-        <translation>„%1“ gibt es schon. Ersetzen?</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "app/window/StatusLine.h"
 #include "platform/jobs/EventNotify.h"
 #include "platform/jobs/Exceptions.h"
+#include "platform/jobs/ProgressSink.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "tests/app/AppWindow.h"
 
@@ -50,6 +51,23 @@ public:
 private:
     std::atomic<bool> m_mayEnd = false;
     std::thread m_thread;
+};
+
+/// Asks for a cancel as soon as the progress has reached a value.
+class CancelAt : public Base::ProgressSink
+{
+public:
+    explicit CancelAt(std::uint64_t value) : m_value(value) {}
+
+    void begin(std::string const&, std::uint64_t) override {}
+    void progress(std::uint64_t value) override { m_reached = value; }
+    void setCancelEnabled(bool) override {}
+    void end() override {}
+    bool isCancelRequested() const override { return m_reached >= m_value; }
+
+private:
+    std::uint64_t m_value;
+    std::atomic<std::uint64_t> m_reached = 0;
 };
 
 bool isBusy()
@@ -180,6 +198,26 @@ TEST_F(Jobs, TheButtonCancelsACutAndLeavesTheDocumentAsItWas)
         EXPECT_EQ(test->names().size(), 2u);
     }
     EXPECT_FALSE(isBusy());
+}
+
+TEST_F(Jobs, ACancelAtAnyPercentageLeavesTheDocumentAsItWas)
+{
+    Mesh::DocumentObject* const part = test->add(torus(30, 10, 60, 30), "torus");
+    part->setSelected(true, true, true);
+    MainWindow::getViewSlider()->setHeight(1);
+    auto const windowsSink = Base::progressSink();
+    for (std::uint64_t percent = 0; percent < 100; ++percent) {
+        Base::setProgressSink(std::make_shared<CancelAt>(percent));
+        trigger("Std_zCut");
+        ASSERT_EQ(test->document->getMeshObjects(), std::vector{part}) << percent;
+        EXPECT_TRUE(part->isSelected()) << percent;
+        EXPECT_TRUE(test->document->undoNames().empty()) << percent;
+        EXPECT_FALSE(test->document->isModified()) << percent;
+        EXPECT_FALSE(isBusy()) << percent;
+    }
+    Base::setProgressSink(windowsSink);
+    trigger("Std_zCut");
+    EXPECT_EQ(test->names().size(), 2u);
 }
 
 TEST_F(Jobs, ACancelIsForTheJobThatRunsAndNotForTheNext)

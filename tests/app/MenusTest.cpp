@@ -58,6 +58,24 @@ TEST_F(AppWindow, EveryEntryHasATextAndMenusHaveUniqueLettersOrNone)
         EXPECT_FALSE(entry->text().isEmpty()) << entry->objectName().toStdString();
 }
 
+TEST_F(AppWindow, NoTwoEntriesOfAMenuShareALetter)
+{
+    std::vector<QList<QAction*>> menus{window->menuBar()->actions()};
+    for (QAction const* const title : window->menuBar()->actions())
+        menus.push_back(title->menu()->actions());
+    for (QList<QAction*> const& entries : menus) {
+        std::map<QChar, std::string> owners;
+        for (QAction const* const entry : entries) {
+            int const mark = entry->text().indexOf('&');
+            if (mark < 0)
+                continue;
+            auto const [owner, isNew] =
+                owners.emplace(entry->text().at(mark + 1).toLower(), entry->text().toStdString());
+            EXPECT_TRUE(isNew) << owner->second << " and " << entry->text().toStdString();
+        }
+    }
+}
+
 TEST_F(AppWindow, NoTwoCommandsShareAShortcut)
 {
     std::map<QString, std::string> owners;

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PreferencesCommand.h"
 #include "app/panels/PreferencesDialog.h"
 #include "app/panels/ViewPreferences.h"
 #include "app/window/ViewAppearance.h"
-#include "platform/ui/Command.h"
-#include "platform/ui/CommandManager.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/LanguageSwitch.h"
-#include "platform/ui/MainWindow.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellSpinBox.h"
 #include "platform/ui/Settings.h"
@@ -137,25 +133,4 @@ TEST_F(PreferencesTest, TheDialogSpeaksTheLanguageThatWasChosen)
     handleEvents();
     EXPECT_EQ(dialog.language().currentIndex(), 2);
     EXPECT_NE(chosen, 2);
-}
-
-TEST_F(PreferencesTest, TheCommandKeepsOneDialogOpen)
-{
-    ViewAppearance appearance(view);
-    ViewPreferences preferences(view);
-    MainWindow window;
-    Base::CommandManager& manager = parts.application.commandManager();
-    registerPreferencesCommand(manager, appearance, preferences);
-    Base::Command* const command = manager.getCommandByName("Std_Preferences");
-    ASSERT_TRUE(command);
-    command->invoke(0);
-    auto const open = window.findChildren<PreferencesDialog*>();
-    ASSERT_EQ(open.size(), 1);
-    command->invoke(0);
-    EXPECT_EQ(window.findChildren<PreferencesDialog*>(), open);
-    open.front()->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(window.findChildren<PreferencesDialog*>().isEmpty());
-    command->invoke(0);
-    EXPECT_EQ(window.findChildren<PreferencesDialog*>().size(), 1);
 }

@@ -122,8 +122,9 @@ TEST_P(ToolPictures, ThePlaneFollowsItsRecord)
     plane->getViewProvider()->updateGeometry();
     view->redraw();
     QImage const after = picture("plane-small");
-    EXPECT_EQ(colorAt(after, {20, 0, 18}), colorAt(after, {55, 0, 0}));
-    EXPECT_NE(colorAt(before, {20, 0, 18}), colorAt(before, {55, 0, 0}));
+    // The background is the same along a row.
+    EXPECT_EQ(colorAt(after, {20, 0, 18}), colorAt(after, {55, 0, 18}));
+    EXPECT_NE(colorAt(before, {20, 0, 18}), colorAt(before, {55, 0, 18}));
     test.document->removeObject(plane);
     EXPECT_EQ(colorAt(picture("plane-gone"), {0, 0, 0}), colorAt(after, {55, 0, 0}));
 }

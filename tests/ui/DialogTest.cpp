@@ -219,6 +219,25 @@ TEST_F(Dialogs, IsFoldedPinnedMaximisedClosedAndReopened)
     }
 }
 
+TEST_F(Dialogs, FoldedGivesItsDockAreaBackAndTakesItAgainUnfolded)
+{
+    ProbeDialog* const dialog = open();
+    dialog->slotPinDialog(true);
+    settle();
+    int const narrow = window.centralWidget()->width();
+    dialog->slotMainPageVisible(false);
+    settle();
+    EXPECT_TRUE(dialog->isPinned());
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->parentWidget(), &window);
+    EXPECT_GT(window.centralWidget()->width(), narrow);
+    manager.activateDialog(dialog);
+    settle();
+    EXPECT_NE(qobject_cast<QDockWidget*>(dialog->parentWidget()), nullptr);
+    EXPECT_EQ(window.centralWidget()->width(), narrow);
+    EXPECT_TRUE(dialog->field->isVisible());
+}
+
 TEST_F(Dialogs, ComesUpWhereItWasLast)
 {
     ProbeDialog* dialog = open();

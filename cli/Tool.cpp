@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/CutReport.h"
+#include "cli/DocumentParts.h"
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
+#include "cli/SavePieces.h"
+#include "cli/SubCommands.h"
+#include "cli/ToolJob.h"
+#include "cli/ToolPicture.h"
+#include "cli/ToolReport.h"
+#include "cli/ToolShapes.h"
+#include "host/jobs/Threads.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/ui/Application.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+
+namespace {
+
+/// Square millimetres, added up over the loops.
+double areaOf(Freecut::Loops const& loops)
+{
+    double area = 0;
+    for (Freecut::Ring const& ring : loops) {
+        UVector3<double> sum;
+        for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
+            UVector3<float> const a = ring[i] - ring[0], b = ring[i + 1] - ring[0];
+            sum += UVector3<double>(a.X(), a.Y(), a.Z()) * UVector3<double>(b.X(), b.Y(), b.Z());
+        }
+        area += sum.GetLength() / 2;
+    }
+    return area;
+}
+
+void checkOutlines(Freecut::ToolOutlines const& outlines, ToolOptions const& options)
+{
+    // Coordinates are whole thousandths of a millimetre, so an area below that is rounding.
+    if (!(areaOf(outlines.solidLoops) > 1e-6))
+        throw UsageError("The outline encloses nothing. Give corners that go around an area.");
+    bool const isInward = options.hasClearance() && options.direction() != 1;
+    if (isInward && outlines.innerLoops.empty())
+        std::fprintf(stderr,
+                     "freecut: The clearance leaves nothing of the tool, so the parts are split "
+                     "without a gap. Choose a smaller clearance.\n");
+}
+
+Report reportHead(ToolOptions const& options, ToolScene const& scene, DrawnTool const& tool)
+{
+    Report head;
+    head["command"] = options.name();
+    head["tool"] = toolReport(scene, tool);
+    head["dryRun"] = options.dryRun;
+    return head;
+}
+
+void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
+{
+    auto const print = [](char const* name, Freecut::Loops const& loops) {
+        for (Freecut::Ring const& ring : loops)
+            std::printf("%s outline of %s points\n", name, grouped(ring.size()).c_str());
+    };
+    print("nominal", outlines.solidLoops);
+    print("rounded", outlines.roundedLoops);
+    print("inner", outlines.innerLoops);
+    print("outer", outlines.outerLoops);
+    std::printf("%s mm deep\n", decimal(tool.record->getExtrudeVector().GetLength()).c_str());
+}
+
+void cutAndSave(ToolOptions const& options, Mesh::Document& document, std::vector<CutPart>& parts,
+                DrawnTool const& tool, PieceFiles& files, CutSeconds& seconds)
+{
+    Stopwatch stage;
+    runToolJob(document, parts, tool, options.keepOriginal);
+    if (options.keepOriginal)
+        appendOriginals(parts, options.pieces, files);
+    seconds.cut = stage.restart();
+    savePieces(parts, options.pieces, files);
+    seconds.save = stage.restart();
+}
+
+int runTool(ToolOptions const& options)
+{
+    Stopwatch total;
+    options.check();
+    applyCommonOptions(options.common);
+    checkReportTarget(options.common.report, options.common.files);
+    checkReportTarget(options.picture, options.common.files);
+    std::optional<PieceFiles> files;
+    if (!options.dryRun)
+        files.emplace(options.pieces.folder, options.pieces.overwrite());
+    CutSeconds seconds;
+    Stopwatch stage;
+    std::vector<SourcePart> sources = readSources(options.common.files);
+    seconds.load = stage.restart();
+
+    Mesh::Document& document = *Application::Instance->newDocument("freecut");
+    bool const wantsReport = !options.common.report.empty();
+    std::vector<CutPart> parts = addParts(document, sources, wantsReport);
+    ToolScene scene(document, options.viewIndex());
+    DrawnTool const tool = options.draw(scene);
+    Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
+    checkOutlines(outlines, options);
+    if (!options.picture.empty())
+        writeToolPicture(options.picture, scene, tool, parts);
+    Report const head = reportHead(options, scene, tool);
+    if (files)
+        cutAndSave(options, document, parts, tool, *files, seconds);
+
+    if (wantsReport)
+        writeReport(options.common.report,
+                    cutReport(head, parts, seconds, total, Threads::threadCount()));
+    if (files)
+        files->keep();
+    if (options.common.wantsTable())
+        files ? printTable(parts) : printOutlines(outlines, tool);
+    return 0;
+}
+
+template <typename Options>
+void addTool(CLI::App& commandLine, Action& action, char const* what, char const* examples)
+{
+    auto const options = std::make_shared<Options>();
+    CLI::App* const command = commandLine.add_subcommand(
+        options->name(), std::string("Cut parts by ") + what +
+                             " that is drawn in a view and runs through them: what lies within it "
+                             "comes off. All numbers are millimetres.");
+    options->addTo(*command);
+    command->footer(examples);
+    command->callback([options, &action] { action = [options] { return runTool(*options); }; });
+}
+
+}  // namespace
+
+void addTools(CLI::App& commandLine, Action& action)
+{
+    addTool<PolygonOptions>(
+        commandLine, action, "a polygon",
+        "Examples:\n"
+        "  freecut polygon vase.stl --view top --points \"0,-50;50,-50;50,50;0,50\"\n"
+        "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --round 2 "
+        "--clearance 0.1\n"
+        "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --dry-run --svg "
+        "outline.svg");
+    addTool<CylinderOptions>(
+        commandLine, action, "a cylinder",
+        "Examples:\n"
+        "  freecut cylinder plate.stl --view top --center 10,20 --radius 5\n"
+        "  freecut cylinder plate.stl --view top --center 10,20 --radius 5 --notch 2,2,90 "
+        "--clearance 0.15 --direction both");
+    addTool<CuboidOptions>(
+        commandLine, action, "a cuboid",
+        "Examples:\n"
+        "  freecut cuboid plate.stl --view right --center 0,15 --length 20 --width 10\n"
+        "  freecut cuboid plate.stl --view top --center 0,15 --length 20 --width 10 --angle 30 "
+        "--cut-till 5");
+}
+
+bool isToolChosen(CLI::App const& commandLine)
+{
+    return commandLine.got_subcommand("polygon") || commandLine.got_subcommand("cylinder") ||
+           commandLine.got_subcommand("cuboid");
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ToolJob.h"
+
+#include "cli/DocumentParts.h"
+#include "cli/WorkerRun.h"
+#include "cutjobs/PolygonCutImp.h"
+#include "platform/document/MeshDocument.h"
+
+namespace {
+
+/// Hands the tool's solids to the worker.
+void giveSolids(PolygonCutImp& worker, DrawnTool const& tool)
+{
+    bool const useClearance = tool.record->getClearanceEnabled();
+    std::vector<UMesh<float>*> const meshes =
+        useClearance ? tool.createInandOutMesh() : std::vector{tool.createMesh()};
+    bool const isSingle = meshes.size() == 1;
+    worker.setParas(useClearance, useClearance && isSingle);
+    worker.setInOutPolygonMesh(new MeshKernel(meshes.front()),
+                               isSingle ? nullptr : new MeshKernel(meshes.back()));
+}
+
+}  // namespace
+
+void runToolJob(Mesh::Document& document, std::vector<CutPart>& parts, DrawnTool const& tool,
+                bool keepOriginal)
+{
+    PolygonCutImp worker(nullptr);
+    worker.setObjects(objectsOf(parts));
+    giveSolids(worker, tool);
+    runWorker(worker);
+    IntegrationRules rules;
+    rules.transactionName = "Polygon Cut";
+    rules.removesSources = !keepOriginal;
+    integratePieces(document, rules, worker.getResult(), parts);
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ToolOptions.h"
+
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace {
+
+std::vector<std::string> const views{"front", "back", "top", "bottom", "left", "right"};
+std::vector<std::string> const directions{"inside", "outside", "both"};
+
+/// The least extent of a tool, and the least clearance.
+constexpr float leastExtent = 0.001f;
+
+int placeOf(std::string const& name, std::vector<std::string> const& names)
+{
+    return int(std::find(names.begin(), names.end(), name) - names.begin());
+}
+
+}  // namespace
+
+float parseExtent(std::string const& text, std::string const& option)
+{
+    float const extent = parseMillimetres(text, option);
+    if (!(extent >= leastExtent))
+        throw UsageError(option + " must be at least " + decimal(leastExtent) + " mm, but is " +
+                         text + ".");
+    return extent;
+}
+
+UPoint2<float> parsePoint(std::string const& text, std::string const& option)
+{
+    std::vector<float> const numbers = parseNumbers(text);
+    if (numbers.size() != 2)
+        throw UsageError(option +
+                         " takes two coordinates in millimetres such as 10,2.5, but got \"" + text +
+                         "\".");
+    return {numbers[0], numbers[1]};
+}
+
+void ToolOptions::addTo(CLI::App& command)
+{
+    common.addTo(command);
+    command
+        .add_option("--view", m_view,
+                    "From where the tool is drawn. Its coordinates are x,z from the front and the "
+                    "back, x,y from top and bottom, y,z from left and right")
+        ->check(CLI::IsMember(views))
+        ->type_name("VIEW")
+        ->required();
+    addShape(command);
+    CLI::Option* const gap =
+        command.add_option("--clearance", m_clearance, "Leave a gap of this width")->type_name("C");
+    command
+        .add_option("--direction", m_direction,
+                    "On which side of the outline the gap lies: inside, outside or both "
+                    "(default: inside). With both it is twice as wide")
+        ->check(CLI::IsMember(directions))
+        ->type_name("SIDE")
+        ->needs(gap);
+    command
+        .add_option("--cut-till", m_cutTill,
+                    "End the tool at this coordinate along the view, instead of behind the parts")
+        ->type_name("V");
+    command.add_flag("--keep-original", keepOriginal,
+                     "Write the parts themselves too, beside their pieces");
+    command.add_flag("--dry-run", dryRun, "Derive the outlines, but cut and write no piece");
+    command
+        .add_option("--svg", picture,
+                    "Write a picture of the outlines and the parts' silhouettes, replacing it")
+        ->type_name("FILE");
+    pieces.addTo(command);
+}
+
+int ToolOptions::viewIndex() const
+{
+    return placeOf(m_view, views);
+}
+
+float ToolOptions::clearance() const
+{
+    return hasClearance() ? parseExtent(m_clearance, "--clearance") : 0;
+}
+
+int ToolOptions::direction() const
+{
+    return m_direction.empty() ? 0 : placeOf(m_direction, directions);
+}
+
+float ToolOptions::cutTill() const
+{
+    return hasCutTill() ? parseMillimetres(m_cutTill, "--cut-till") : 0;
+}
+
+void ToolOptions::check() const
+{
+    clearance();
+    cutTill();
+}

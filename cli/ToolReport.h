@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/Report.h"
+#include "cli/ToolScene.h"
+
+/// The tool: its outlines in the free coordinates of the view, each point once, and how far it
+/// reaches along the view.
+Report toolReport(ToolScene const& scene, DrawnTool const& tool);

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ToolScene.h"
+
+#include "display/CuboidViewProvider.h"
+#include "display/CylinderViewProvider.h"
+#include "display/PolygonViewProvider.h"
+#include "platform/document/MeshDocument.h"
+#include "tools/VolumeOutline.h"
+
+namespace {
+
+/// The document makes view providers by name.
+void enterViewProviders()
+{
+    Freecut::GraphicViewProvider::init();
+    Freecut::VolumeViewProvider::init();
+    Freecut::PolygonViewProvider::init();
+    Freecut::CylinderViewProvider::init();
+    Freecut::CuboidViewProvider::init();
+}
+
+}  // namespace
+
+ToolScene::ToolScene(Mesh::Document& document, int viewIndex)
+    : m_document(document), m_viewIndex(viewIndex)
+{
+    enterViewProviders();
+    m_view.setDocument(&document);
+    m_view.OnViewType(viewIndex);
+}
+
+ToolScene::~ToolScene()
+{
+    m_view.setDocument(nullptr);
+}
+
+int ToolScene::axis() const
+{
+    constexpr int axes[] = {1, 2, 0};
+    return axes[m_viewIndex / 2];
+}
+
+void ToolScene::place(DrawnTool const& drawn, std::vector<UPoint2<float>> const& points)
+{
+    drawn.record->updateDepth();
+    drawn.record->rememberView();
+    for (UPoint2<float> const& point : points)
+        drawn.record->getKeyPoints().push_back(pointOfTool(point, drawn.record->getSketchDepth()));
+    m_document.addObject(drawn.object, "tool", false);
+}
+
+UPoint3<float> ToolScene::pointOfTool(UPoint2<float> const& free, float sketchDepth) const
+{
+    UPoint3<float> point;
+    point[axis() == 0 ? 1 : 0] = free.X();
+    point[axis() == 2 ? 1 : 2] = free.Y();
+    m_view.getEyePointFromWCSPoint(point);
+    point.Z() = sketchDepth;
+    m_view.getWCSPointFromEyePoint(point);
+    return point;
+}
+
+Freecut::ToolOutlines const& ToolScene::outlinesOf(DrawnTool const& tool) const
+{
+    auto const* const provider =
+        static_cast<Freecut::VolumeViewProvider*>(m_document.getViewProvider(tool.object));
+    return provider->getOutline()->outlines();
+}
+
+UPoint2<float> ToolScene::freeCoordinates(UPoint3<float> const& world) const
+{
+    return {world[axis() == 0 ? 1 : 0], world[axis() == 2 ? 1 : 2]};
+}
+
+UPoint2<float> ToolScene::onScreen(UPoint3<float> world) const
+{
+    m_view.getEyePointFromWCSPoint(world);
+    return {world.X(), world.Y()};
+}

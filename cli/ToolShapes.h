@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/ToolOptions.h"
+
+/// A prism over a polygon.
+class PolygonOptions : public ToolOptions
+{
+public:
+    std::string name() const override { return "polygon"; }
+    DrawnTool draw(ToolScene& scene) const override;
+    void check() const override;
+
+protected:
+    void addShape(CLI::App& command) override;
+
+private:
+    std::vector<UPoint2<float>> points() const;
+
+    std::string m_points;
+    std::string m_round;
+};
+
+/// A cylinder, with a rectangular key or without.
+class CylinderOptions : public ToolOptions
+{
+public:
+    std::string name() const override { return "cylinder"; }
+    DrawnTool draw(ToolScene& scene) const override;
+    void check() const override;
+
+protected:
+    void addShape(CLI::App& command) override;
+
+private:
+    struct Notch
+    {
+        bool isUsed = false;
+        float width = 2;
+        float length = 2;
+        float angle = 0;
+    };
+    Notch notch() const;
+    float tolerance() const;
+
+    std::string m_center;
+    std::string m_radius;
+    std::string m_tolerance;
+    std::string m_notch;
+};
+
+/// A cuboid.
+class CuboidOptions : public ToolOptions
+{
+public:
+    std::string name() const override { return "cuboid"; }
+    DrawnTool draw(ToolScene& scene) const override;
+    void check() const override;
+
+protected:
+    void addShape(CLI::App& command) override;
+
+private:
+    float angleRadians() const;
+
+    std::string m_center;
+    std::string m_length;
+    std::string m_width;
+    std::string m_angle;
+    std::string m_round;
+};
