@@ -1505,15 +1505,15 @@
     </message>
     <message>
         <source>Turn: right; move: middle</source>
-        <translation>Drehen: rechts; verschieben: Mitte</translation>
+        <translation>Drehen: rechts; schieben: Mitte</translation>
     </message>
     <message>
         <source>Turn: middle; move: Shift + middle</source>
-        <translation>Drehen: Mitte; verschieben: Umschalt + Mitte</translation>
+        <translation>Drehen: Mitte; schieben: Umschalt + Mitte</translation>
     </message>
     <message>
         <source>Turn: middle; move: right</source>
-        <translation>Drehen: Mitte; verschieben: rechts</translation>
+        <translation>Drehen: Mitte; schieben: rechts</translation>
     </message>
     <message>
         <source>Parallel</source>
