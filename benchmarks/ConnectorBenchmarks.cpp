@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "benchmarks/BenchmarkMeshes.h"
+#include "connectors/LapJointCutter.h"
 #include "connectors/PinHoleCutter.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
@@ -8,7 +10,9 @@
 #include "tools/PlaneGraphicObject.h"
 
 #include <benchmark/benchmark.h>
+#include <tbb/global_control.h>
 
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -58,7 +62,116 @@ void cutWithPins(benchmark::State& state)
     }
 }
 
+/// A level plane through the middle of a large part.
+void placeAcross(Freecut::PlaneGraphicObject& plane, UBox3<float> const& box)
+{
+    UPoint3<float> const c = (box.min + box.max) * 0.5f;
+    float const reach = (box.max - box.min).GetLength();
+    plane.getProperty().setKeyPoints(
+        {c, c + UVector3<float>(-reach, -reach, 0), c + UVector3<float>(reach, -reach, 0),
+         c + UVector3<float>(reach, reach, 0), c + UVector3<float>(-reach, reach, 0)});
+}
+
+/// A document with the part of a million triangles and the plane across it.
+struct LargeScene
+{
+    LargeScene()
+    {
+        auto* const object = new Mesh::DocumentObject;
+        object->meshProperty->setMesh(new MeshKernel(largePart(1)), true);
+        test.document->addObject(object, "part", true);
+        part = object;
+        placeAcross(plane, largePart(1).GetBox());
+        UBox3<float> const& box = largePart(1).GetBox();
+        size = (box.max - box.min).GetLength();
+    }
+
+    /// What the records and lists of the part take.
+    double bytes() const
+    {
+        auto const mesh = part->meshProperty->getMesh()->readMesh();
+        return double(mesh->triangles.size() * (sizeof(UTriangle<float>) + sizeof(void*)) +
+                      mesh->vertices.size() * (sizeof(UVertex<float>) + sizeof(void*)));
+    }
+
+    TestDocument test;
+    Mesh::DocumentObject* part;
+    Freecut::PlaneGraphicObject plane;
+    float size;
+};
+
+/// Cuts and booleans of one part, kernels in to kernels out.
+template <typename Cutter, typename Paras>
+void cutLargePart(benchmark::State& state, LargeScene& scene, Paras const& paras)
+{
+    tbb::global_control const threads(tbb::global_control::max_allowed_parallelism, 1);
+    auto const run = [&] {
+        auto cutter = std::make_unique<Cutter>(paras, false, std::vector{scene.part}, &scene.plane);
+        cutter->execute([](int) {});
+        return cutter;
+    };
+    resetPeakMemory();
+    std::size_t const before = peakMemory();
+    // The first run, which touches the memory, is not timed.
+    if (auto const first = run(); first->getResult().at(scene.part).size() != 2)
+        throw std::logic_error("the part was not cut in two");
+    state.counters["peak/part"] = 1 + double(peakMemory() - before) / scene.bytes();
+    for (auto _ : state) {
+        auto cutter = run();
+        state.PauseTiming();
+        cutter.reset();
+        state.ResumeTiming();
+    }
+}
+
+/// How many pins find room on the large part.
+std::size_t pinsOn(MeshKernel& cap, std::vector<SectionContour> const& contours,
+                   PlaneFrame const& frame, PinHoleParas const& paras)
+{
+    return PinPlacement(paras, frame).computePositions(contours, &cap).size();
+}
+
+/// The argument is the number of pins wanted; the spacing is found for it.
+void cutLargePartWithPins(benchmark::State& state)
+{
+    LargeScene scene;
+    PinHoleParas paras;
+    paras.radius = 0.004f * scene.size;
+    paras.height = 2 * paras.radius;
+    paras.tolerance = 0.01f * paras.radius;
+    paras.sideclearance = paras.topclearance = paras.faceclearance = 0.05f * paras.radius;
+    paras.sidedistance = 1.5f * paras.radius;
+    paras.isSidedis = true;
+    std::vector<Mesh::DocumentObject*> const parts{scene.part};
+    SectionPlanes const planes(scene.plane, parts, false);
+    MeshKernel base, upper, lower, cap;
+    planes.calculateCutPlaneMesh(base.getMesh().get());
+    Intersect::cutByPlane(scene.part->meshProperty->getMesh(), &base, &upper, &lower, &cap, {},
+                          true);
+    auto const contours = extractSectionContours(&cap);
+    paras.spacing = 20 * paras.radius;
+    std::size_t pins = pinsOn(cap, contours, planes.frame(), paras);
+    while (pins < std::size_t(state.range(0)) && paras.spacing > 2.3f * paras.radius) {
+        paras.spacing *= 0.97f;
+        pins = pinsOn(cap, contours, planes.frame(), paras);
+    }
+    state.counters["pins"] = double(pins);
+    cutLargePart<PinHoleCutter>(state, scene, paras);
+}
+
+void cutLargePartWithLapJoint(benchmark::State& state)
+{
+    LargeScene scene;
+    LapJointParas paras;
+    paras.notchDepth = 0.01f * scene.size;
+    paras.sideDistance = 0.006f * scene.size;
+    paras.notchClearance = paras.frontClearance = paras.backClearance = 0.0005f * scene.size;
+    cutLargePart<LapJointCutter>(state, scene, paras);
+}
+
 }  // namespace
 
 BENCHMARK(placePins)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(cutLargePartWithPins)->Arg(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(cutLargePartWithLapJoint)->Unit(benchmark::kMillisecond);
 BENCHMARK(cutWithPins)->Unit(benchmark::kMillisecond);

@@ -30,6 +30,8 @@ struct SectionFacts
     std::size_t contours = 0;
     /// Where pins or holes go; none if they were not asked for.
     std::optional<std::vector<UPoint3<float>>> positions;
+    /// Why the halves stay plain although connectors were asked for, and what to do; or nothing.
+    std::string warning;
 };
 
 /// A part from the command line and what became of it.

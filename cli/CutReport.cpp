@@ -20,6 +20,8 @@ Report pieceReport(CutPiece const& piece)
 void appendSection(Report& report, SectionFacts const& section)
 {
     report["section"] = {{"area", section.area}, {"contours", section.contours}};
+    if (!section.warning.empty())
+        report["warning"] = section.warning;
     if (!section.positions)
         return;
     report["positions"] = Report::array();

@@ -69,16 +69,13 @@ void printSurvey(std::vector<CutPart> const& parts)
     }
 }
 
-/// Says which parts are cut plainly because their sections have no place for a pin or a hole.
+/// Says which parts are cut plainly because their sections have no room for connectors.
 void warnOfPlainHalves(std::vector<CutPart> const& parts)
 {
     for (CutPart const& part : parts)
-        if (part.section && part.section->contours > 0 && part.section->positions &&
-            part.section->positions->empty())
-            std::fprintf(stderr,
-                         "freecut: %s: the section has no room for a connector, so its halves are "
-                         "plain. Choose a smaller radius or clearance.\n",
-                         part.source.c_str());
+        if (part.section && !part.section->warning.empty())
+            std::fprintf(stderr, "freecut: %s: %s\n", part.source.c_str(),
+                         part.section->warning.c_str());
 }
 
 void cutAndSave(SectionOptions const& options, Mesh::Document& document,
@@ -113,7 +110,7 @@ int runSection(SectionOptions const& options)
     std::vector<CutPart> parts = addParts(document, sources, wantsReport);
     Freecut::PlaneSize const size = sizeOf(options, document);
     auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-    if (wantsReport || options.dryRun || options.connectors.cutType() == SECTIONCUT_PINHOLE)
+    if (wantsReport || options.dryRun || options.connectors.cutType() != SECTIONCUT_PLANE)
         surveySections(parts, *plane, options);
     warnOfPlainHalves(parts);
     if (files)

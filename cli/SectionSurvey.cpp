@@ -2,45 +2,91 @@
 #include "cli/SectionSurvey.h"
 
 #include "cli/DocumentParts.h"
+#include "connectors/LapJointOutline.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Intersect.h"
 
+#include <functional>
 #include <memory>
 
 namespace {
 
 /// The faces that a plane cuts in a part.
-std::unique_ptr<MeshKernel> sectionOf(MeshKernel const& part, MeshKernel& plane)
+std::unique_ptr<MeshKernel> sectionOf(MeshKernel const& part, MeshKernel& plane,
+                                      std::function<void(int)> const& progress)
 {
-    Base::SequencerLauncher display("Measuring the section", 100, true);
-    display.setCancelEnabled(true);
     MeshKernel copy(part);
     MeshKernel sideA, sideB;
     auto section = std::make_unique<MeshKernel>();
-    Intersect::cutByPlane(
-        &copy, &plane, &sideA, &sideB, section.get(),
-        [&](int percent) { display.setProgress(std::uint64_t(percent)); }, true);
+    Intersect::cutByPlane(&copy, &plane, &sideA, &sideB, section.get(), progress, true);
     return section;
 }
 
-SectionFacts factsOf(MeshKernel& section, PlaneFrame const& frame,
-                     ConnectorOptions const& connectors)
+/// Measures the sections of one cut.
+class SectionSurvey
 {
-    SectionFacts facts;
-    facts.area = measureMesh(section).area;
-    std::vector<SectionContour> const contours = extractSectionContours(&section);
-    facts.contours = contours.size();
-    if (connectors.cutType() == SECTIONCUT_PINHOLE) {
-        facts.positions.emplace();
-        PinHoleParas const paras = connectors.pinHoleParas();
-        if (!contours.empty())
-            facts.positions = PinPlacement(paras, frame).computePositions(contours, &section);
+public:
+    SectionSurvey(SectionPlanes const& planes, ConnectorOptions const& connectors)
+        : m_frame(planes.frame()), m_connectors(connectors)
+    {
+        planes.calculateCutPlaneMesh(m_plane.getMesh().get());
     }
-    return facts;
-}
+
+    SectionFacts factsOf(MeshKernel const& part)
+    {
+        Base::SequencerLauncher display("Measuring the section", 100, true);
+        display.setCancelEnabled(true);
+        std::function<void(int)> const progress = [&](int percent) {
+            display.setProgress(std::uint64_t(percent));
+        };
+        auto const section = sectionOf(part, m_plane, progress);
+        SectionFacts facts;
+        facts.area = measureMesh(*section).area;
+        auto const contours = extractSectionContours(section.get());
+        facts.contours = contours.size();
+        if (m_connectors.cutType() == SECTIONCUT_PINHOLE)
+            placePins(facts, contours, *section,
+                      ConnectorProgress::stage(progress, {100, 0}, 0, 1));
+        if (m_connectors.cutType() == SECTIONCUT_LAPJOINT)
+            placeJoint(facts, contours);
+        return facts;
+    }
+
+private:
+    void placePins(SectionFacts& facts, std::vector<SectionContour> const& contours,
+                   MeshKernel& section, std::function<void(int)> const& progress) const
+    {
+        facts.positions.emplace();
+        if (contours.empty())
+            return;
+        PinHoleParas const paras = m_connectors.pinHoleParas();
+        facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll(progress))
+                              .computePositions(contours, &section);
+        if (facts.positions->empty())
+            facts.warning =
+                "the section has no room for a connector, so its halves are plain. Choose a "
+                "smaller radius or clearance.";
+    }
+
+    void placeJoint(SectionFacts& facts, std::vector<SectionContour> const& contours) const
+    {
+        if (contours.empty())
+            return;
+        LapJointParas const paras = m_connectors.lapJointParas();
+        LapJointOutline const outline(paras, m_frame, *m_plane.readMesh());
+        if (outline.of(contours, true).size() == 0)
+            facts.warning =
+                "the section has no room for a lap joint, so its halves are plain. Choose a "
+                "smaller side distance or other contours.";
+    }
+
+    PlaneFrame const& m_frame;
+    ConnectorOptions const& m_connectors;
+    MeshKernel m_plane;
+};
 
 }  // namespace
 
@@ -49,10 +95,7 @@ void surveySections(std::vector<CutPart>& parts, Freecut::PlaneGraphicObject con
 {
     std::vector<Mesh::DocumentObject*> const objects = objectsOf(parts);
     SectionPlanes const planes(plane, objects, options.bounded);
-    MeshKernel planeMesh;
-    planes.calculateCutPlaneMesh(planeMesh.getMesh().get());
-    for (CutPart& part : parts) {
-        MeshKernel const& kernel = *part.object->meshProperty->getMesh();
-        part.section = factsOf(*sectionOf(kernel, planeMesh), planes.frame(), options.connectors);
-    }
+    SectionSurvey survey(planes, options.connectors);
+    for (CutPart& part : parts)
+        part.section = survey.factsOf(*part.object->meshProperty->getMesh());
 }

@@ -31,10 +31,13 @@ public:
           m_closedCorner(3 * mesh.triangles.size(), false)
     {}
 
-    std::vector<std::vector<Point>> run()
+    std::vector<std::vector<Point>> run(ConnectorProgress::Poll const& poll)
     {
-        for (std::size_t t = 0; t < m_edges.size(); ++t)
+        for (std::size_t t = 0; t < m_edges.size(); ++t) {
+            if (poll)
+                poll();
             markTriangle(t);
+        }
         std::vector<std::vector<Point>> lines;
         for (std::size_t corner = 0; corner < m_closedCorner.size(); ++corner)
             if (!m_closedCorner[corner])
@@ -149,7 +152,8 @@ private:
 }  // namespace
 
 std::vector<std::vector<Point>> extractCentreLines(UMesh<float>& mesh,
-                                                   ContourDistance const& contours, float clearance)
+                                                   ContourDistance const& contours, float clearance,
+                                                   ConnectorProgress::Poll const& poll)
 {
-    return CentreLineBuilder(mesh, contours, clearance).run();
+    return CentreLineBuilder(mesh, contours, clearance).run(poll);
 }

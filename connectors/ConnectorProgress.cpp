@@ -2,6 +2,7 @@
 #include "connectors/ConnectorProgress.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace ConnectorProgress {
 
@@ -27,6 +28,20 @@ std::function<void(int)> span(std::function<void(int)> stage, Share share)
         return {};
     return [stage = std::move(stage), share](int x) {
         stage(int(x / 100.0 * share.span + share.start));
+    };
+}
+
+Poll poll(std::function<void(int)> stage)
+{
+    if (!stage)
+        return {};
+    using Clock = std::chrono::steady_clock;
+    return [stage = std::move(stage), last = Clock::now()]() mutable {
+        Clock::time_point const now = Clock::now();
+        if (now - last < std::chrono::milliseconds(10))
+            return;
+        last = now;
+        stage(0);
     };
 }
 

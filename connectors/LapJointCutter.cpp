@@ -41,7 +41,11 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun const& part, PlaneFrame 
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
     if (contours.empty())
         return {};
+    ConnectorProgress::Poll const poll =
+        ConnectorProgress::poll(part.stage({RunForm::twoCuts().connectorStart, 0}));
     std::vector<MeshKernel> tongue = createNotchMesh(contours, frame, basePlane, true);
+    if (poll)
+        poll();
     std::vector<MeshKernel> notch = createNotchMesh(contours, frame, basePlane, false);
     // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
     if (tongue.empty() || notch.empty())

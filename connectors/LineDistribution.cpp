@@ -45,11 +45,15 @@ struct Candidate
 class LineDistributor
 {
 public:
-    explicit LineDistributor(float spacing) : m_spacing(spacing) {}
+    LineDistributor(float spacing, ConnectorProgress::Poll const& poll)
+        : m_spacing(spacing), m_poll(poll)
+    {}
 
     void walk(std::vector<Point> const& line)
     {
         for (std::size_t i = 0; i < line.size(); ++i) {
+            if (m_poll)
+                m_poll();
             if (m_placed.empty()) {
                 m_placed.push_back(line[0]);
                 continue;
@@ -163,17 +167,19 @@ private:
     }
 
     float m_spacing;
+    ConnectorProgress::Poll const& m_poll;
     std::vector<Point> m_placed;
     std::vector<NearPoint> m_near;
 };
 
 }  // namespace
 
-std::vector<Point> distributeAlongLines(std::vector<std::vector<Point>> const& lines, float spacing)
+std::vector<Point> distributeAlongLines(std::vector<std::vector<Point>> const& lines, float spacing,
+                                        ConnectorProgress::Poll const& poll)
 {
     if (!(spacing > 0))
         return {};
-    LineDistributor distributor(spacing);
+    LineDistributor distributor(spacing, poll);
     for (std::vector<Point> const& line : lines)
         distributor.walk(line);
     return distributor.takePlaced();

@@ -54,7 +54,8 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun const& part, RunForm cons
     if (contours.empty())
         return {};
     std::vector<UPoint3<float>> const positions =
-        PinPlacement(paras, frame).computePositions(contours, part.cap.get());
+        PinPlacement(paras, frame, ConnectorProgress::poll(part.stage({form.connectorStart, 0})))
+            .computePositions(contours, part.cap.get());
     if (positions.empty())
         return {};
     return paras.isPin ? applyPins(part, form, frame, positions)

@@ -32,6 +32,8 @@ std::vector<std::vector<Point>> PinPlacement::linesBesideContours(
     float const delta = std::trunc(m_paras.sidedistance * -1.0f * 1000.0f);
     std::vector<std::vector<Point>> lines;
     for (SectionContour const& contour : contours) {
+        if (m_poll)
+            m_poll();
         // One contour at a time counts as an outer one, whatever its direction.
         ClipperLib::ClipperOffset offsetter(miterLimit, arcTolerance);
         offsetter.AddPaths({PlaneGrid::pathOf(contour, m_frame)}, ClipperLib::jtRound,
@@ -53,8 +55,11 @@ std::vector<Point> PinPlacement::besideContours(std::vector<SectionContour> cons
                                                 MeshKernel* cap) const
 {
     std::vector<Point> positions =
-        distributeAlongLines(linesBesideContours(contours), m_paras.spacing);
-    PQPDistance const section(cap, {});
+        distributeAlongLines(linesBesideContours(contours), m_paras.spacing, m_poll);
+    PQPDistance const section(cap, [this](int) {
+        if (m_poll)
+            m_poll();
+    });
     std::erase_if(positions, [&](Point const& p) {
         return std::abs(section.distance(p)) >= double(m_paras.radius);
     });
@@ -67,7 +72,7 @@ std::vector<Point> PinPlacement::onCentreLines(std::vector<SectionContour> const
     float const clearance = m_paras.sideclearance + m_paras.radius;
     ContourDistance const distances(contours);
     std::vector<Point> positions = distributeAlongLines(
-        extractCentreLines(*cap->getMesh(), distances, clearance), m_paras.spacing);
+        extractCentreLines(*cap->getMesh(), distances, clearance, m_poll), m_paras.spacing, m_poll);
     // Both ends of a piece of line are clear, but between them it may pass a corner more closely.
     std::erase_if(positions, [&](Point const& p) {
         return !isClearOfContours(distances.distance(p), clearance);

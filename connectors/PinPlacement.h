@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorProgress.h"
 #include "connectors/PinHoleParas.h"
 #include "connectors/SectionContour.h"
 
@@ -10,8 +11,10 @@ class PlaneFrame;
 class PinPlacement
 {
 public:
-    PinPlacement(PinHoleParas const& paras, PlaneFrame const& frame)
-        : m_paras(paras), m_frame(frame)
+    /// poll  called often; may be empty; what it throws passes
+    PinPlacement(PinHoleParas const& paras, PlaneFrame const& frame,
+                 ConnectorProgress::Poll poll = {})
+        : m_paras(paras), m_frame(frame), m_poll(std::move(poll))
     {}
 
     /// The positions, every two at least the spacing apart, in order of placing.
@@ -38,4 +41,5 @@ private:
 
     PinHoleParas const& m_paras;
     PlaneFrame const& m_frame;
+    ConnectorProgress::Poll m_poll;
 };

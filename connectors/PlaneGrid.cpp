@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/PlaneGrid.h"
 
+#include "connectors/PathThinning.h"
 #include "connectors/PlaneFrame.h"
 
 namespace PlaneGrid {
+
+namespace {
+
+/// Offsetting takes time that grows with the square of the points, and nobody can cancel it.
+constexpr std::size_t mostPoints = 4000;
+constexpr double thinningTolerance = 1;
+
+}  // namespace
 
 ClipperLib::IntPoint toGrid(UPoint3<float> const& local)
 {
@@ -21,7 +30,7 @@ ClipperLib::Path pathOf(SectionContour const& contour, PlaneFrame const& frame)
     path.reserve(contour.size());
     for (UPoint3<float> const& p : contour)
         path.push_back(toGrid(frame.toPlaneLocal(p)));
-    return path;
+    return path.size() > mostPoints ? thinned(path, thinningTolerance) : path;
 }
 
 SectionContour pointsOf(ClipperLib::Path const& path, PlaneFrame const& frame)

@@ -32,7 +32,7 @@ public:
 
 private:
     std::vector<UPoint3<float>> m_keyPoints;
-    std::vector<Mesh::DocumentObject*> const& m_parts;
+    std::vector<Mesh::DocumentObject*> m_parts;
     bool m_checkBoundary;
     PlaneFrame m_frame;
 };

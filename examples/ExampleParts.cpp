@@ -3,7 +3,9 @@
 
 #include "host/formats/MeshBuilder.h"
 #include "host/formats/PolygonSplitter.h"
+#include "platform/services/EarcutPolygon.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -81,8 +83,7 @@ Ring vaseRing(double height, double inset)
 
 constexpr int holeSegments = 48;
 
-/// The edge of a round hole, anticlockwise seen from above, from the direction of the lower left
-/// corner of the rectangle around it, so that each quarter faces one side.
+/// The edge of a round hole, anticlockwise seen from above.
 Ring holeRing(double x, double y, double z, double radius)
 {
     Ring ring;
@@ -94,18 +95,19 @@ Ring holeRing(double x, double y, double z, double radius)
     return ring;
 }
 
-/// A rectangle with a round hole, facing up: each quarter of the hole's edge is joined to the
-/// corner where it begins, and one more triangle per side fills the rest.
+/// A rectangle with a round hole, facing up.
 std::vector<Ring> holedRectangle(Ring const& corners, Ring const& hole)
 {
-    constexpr std::size_t quarter = holeSegments / 4;
+    Ring points = corners;
+    points.insert(points.end(), hole.rbegin(), hole.rend());
+    std::vector<std::vector<std::array<double, 2>>> rings(2);
+    for (std::size_t i = 0; i < points.size(); ++i)
+        rings[i < corners.size() ? 0 : 1].push_back({points[i].X(), points[i].Y()});
     std::vector<Ring> triangles;
-    for (std::size_t side = 0; side < 4; ++side) {
-        for (std::size_t i = side * quarter; i < (side + 1) * quarter; ++i)
-            triangles.push_back({corners[side], hole[(i + 1) % holeSegments], hole[i]});
-        triangles.push_back(
-            {corners[side], corners[(side + 1) % 4], hole[(side + 1) * quarter % holeSegments]});
-    }
+    std::vector<int> const indices = EarcutPolygon::earcut(rings);
+    for (std::size_t i = 0; i + 2 < indices.size(); i += 3)
+        triangles.push_back({points[std::size_t(indices[i])], points[std::size_t(indices[i + 1])],
+                             points[std::size_t(indices[i + 2])]});
     return triangles;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/CuboidViewProvider.h"
 #include "display/CylinderViewProvider.h"
+#include "display/PlaneViewProvider.h"
 #include "display/PolygonViewProvider.h"
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
@@ -25,6 +26,7 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::PolygonGraphicObject::init();
     Freecut::CylinderGraphicObject::init();
     Freecut::GraphicViewProvider::init();
+    Freecut::PlaneViewProvider::init();
     Freecut::VolumeViewProvider::init();
     Freecut::PolygonViewProvider::init();
     Freecut::CylinderViewProvider::init();

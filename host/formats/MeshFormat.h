@@ -19,6 +19,8 @@ struct LoadedPart
 {
     std::string name;
     std::unique_ptr<MeshKernel> kernel;
+    /// As 0xRRGGBBAA; 0 if the file gives none.
+    unsigned color = 0;
 };
 
 /// A part to write; the kernel is borrowed, and its matrix is applied while writing.
@@ -26,6 +28,8 @@ struct NamedMesh
 {
     std::string name;
     MeshKernel const* kernel = nullptr;
+    /// As 0xRRGGBBAA, for formats that hold one; 0 for none.
+    unsigned color = 0;
 };
 
 /// One file format. Formats have no state; all operations may be called on any thread.

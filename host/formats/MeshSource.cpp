@@ -16,9 +16,9 @@ bool haveIdentifiersInListOrder(UMesh<float> const& mesh)
 
 }  // namespace
 
-MeshSource::MeshSource(MeshKernel const& kernel)
+MeshSource::MeshSource(MeshKernel const& kernel, Frame frame)
     : m_mesh(kernel.readMesh()),
-      m_matrix(kernel.getMatrix()),
+      m_matrix(frame == Frame::Placed ? kernel.getMatrix() : UMatrix4<float>()),
       m_isMoved(!m_matrix.isIdentity()),
       m_second(m_matrix.linearDeterminant() < 0 ? 2 : 1)
 {}

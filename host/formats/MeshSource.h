@@ -14,7 +14,14 @@ namespace Formats {
 class MeshSource
 {
 public:
-    explicit MeshSource(MeshKernel const& kernel);
+    enum class Frame
+    {
+        Placed,
+        /// As the records are, with the matrix left out.
+        Local
+    };
+
+    explicit MeshSource(MeshKernel const& kernel, Frame frame = Frame::Placed);
 
     std::size_t triangleCount() const { return m_mesh->triangles.size(); }
     std::size_t vertexCount() const { return m_mesh->vertices.size(); }

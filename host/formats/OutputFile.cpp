@@ -134,12 +134,25 @@ void OutputFile::flush()
 void OutputFile::commit()
 {
     flush();
+    if (m_overwrite == Overwrite::Allow)
+        sync();
     // A network file system may report a full disk only now.
     if (close(std::exchange(m_descriptor, -1)) != 0)
         throw FileError(m_target,
                         std::string("it cannot be written: ") + std::strerror(errno) + ".");
     rename();
     m_isCommitted = true;
+}
+
+void OutputFile::sync() const
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(m_target, ignored))
+        return;
+    // Not every file system can.
+    if (fdatasync(m_descriptor) != 0 && errno != EINVAL && errno != EROFS)
+        throw FileError(m_target,
+                        std::string("it cannot be written: ") + std::strerror(errno) + ".");
 }
 
 void OutputFile::rename()

@@ -37,7 +37,8 @@ public:
     void write(std::string_view text);
 
     /// Gives the file its name. A file of that name that appeared meanwhile is still not replaced
-    /// without permission; that throws FileError.
+    /// without permission; that throws FileError. One that may be replaced is so only when the new
+    /// content has reached the disk.
     void commit();
 
 private:
@@ -47,6 +48,7 @@ private:
     void keepPermissionsOfTarget() const;
     void writeThrough(std::span<std::byte const> bytes);
     void flush();
+    void sync() const;
     void rename();
 
     std::filesystem::path m_target;

@@ -5,6 +5,7 @@
 #include "host/formats/MeshBuilder.h"
 
 #include <algorithm>
+#include <array>
 
 namespace Formats {
 namespace {
@@ -12,9 +13,6 @@ namespace {
 /// Deeper assemblies, and more placements, are taken for a file that is meant to do harm.
 constexpr int deepestAssembly = 64;
 constexpr std::size_t mostParts = 100000;
-
-/// The share of the progress that goes to the library's own reading.
-constexpr int percentForLoading = 70;
 
 }  // namespace
 
@@ -27,10 +25,15 @@ std::vector<LoadedPart> ThreeMfReader::read()
 {
     PointLocale const pointLocale;
     load();
-    Placement scale;
-    for (int i = 0; i < 3; ++i)
-        scale.m[i][i] = millimetresPerUnit();
+    Placement const scale = unitScale();
+    forEachItem([&](ThreeMfHandle const& item) { readBuildItem(item, scale); });
+    if (m_parts.empty())
+        throw FileError(m_input.path(), "its build places no mesh; at least one was expected.");
+    return std::move(m_parts);
+}
 
+void ThreeMfReader::forEachItem(std::function<void(ThreeMfHandle const&)> const& visit) const
+{
     ThreeMfHandle items;
     check(NMR::lib3mf_model_getbuilditems(m_model.get(), items.out()), m_model);
     for (;;) {
@@ -40,11 +43,8 @@ std::vector<LoadedPart> ThreeMfReader::read()
             break;
         ThreeMfHandle item;
         check(NMR::lib3mf_builditemiterator_getcurrent(items.get(), item.out()), items);
-        readBuildItem(item, scale);
+        visit(item);
     }
-    if (m_parts.empty())
-        throw FileError(m_input.path(), "its build places no mesh; at least one was expected.");
-    return std::move(m_parts);
 }
 
 void ThreeMfReader::load()
@@ -53,6 +53,7 @@ void ThreeMfReader::load()
     ThreeMfHandle reader;
     check(NMR::lib3mf_model_queryreader(m_model.get(), MODELREADERCLASS_3MF, reader.out()),
           m_model);
+    check(NMR::lib3mf_reader_addrelationtoreadutf8(reader.get(), projectRelationship), reader);
     ThreeMfProgress progress(m_progress, 0, percentForLoading);
     check(NMR::lib3mf_reader_setprogresscallback(reader.get(), &ThreeMfProgress::report, &progress),
           reader);
@@ -83,6 +84,14 @@ double ThreeMfReader::millimetresPerUnit() const
         default:
             return 1;
     }
+}
+
+ThreeMfReader::Placement ThreeMfReader::unitScale() const
+{
+    Placement scale;
+    for (int i = 0; i < 3; ++i)
+        scale.m[i][i] = millimetresPerUnit();
+    return scale;
 }
 
 void ThreeMfReader::readBuildItem(ThreeMfHandle const& item, Placement const& scale)
@@ -182,7 +191,32 @@ void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placeme
         builder.addTriangle(vertices[a], vertices[b], vertices[c]);
     }
     if (!builder.isEmpty())
-        m_parts.push_back({uniqueName(name), builder.finish()});
+        m_parts.push_back({uniqueName(name), builder.finish(), colorOf(mesh)});
+}
+
+unsigned ThreeMfReader::colorOf(ThreeMfHandle const& object) const
+{
+    ThreeMfHandle properties;
+    check(NMR::lib3mf_object_createdefaultpropertyhandler(object.get(), properties.out()), object);
+    NMR::eModelPropertyType type = NMR::MODELPROPERTYTYPE_NONE;
+    check(NMR::lib3mf_defaultpropertyhandler_getpropertytype(properties.get(), &type), properties);
+    std::array<BYTE, 4> rgba{};
+    if (type == NMR::MODELPROPERTYTYPE_BASEMATERIALS) {
+        DWORD group = 0;
+        DWORD index = 0;
+        check(NMR::lib3mf_defaultpropertyhandler_getbasematerial(properties.get(), &group, &index),
+              properties);
+        ThreeMfHandle material;
+        check(NMR::lib3mf_model_getbasematerialbyid(m_model.get(), group, material.out()), m_model);
+        check(NMR::lib3mf_basematerial_getdisplaycolor(material.get(), index, &rgba[0], &rgba[1],
+                                                       &rgba[2], &rgba[3]),
+              material);
+    } else if (type == NMR::MODELPROPERTYTYPE_COLOR) {
+        NMR::MODELMESHCOLOR_SRGB color{};
+        check(NMR::lib3mf_defaultpropertyhandler_getcolor(properties.get(), 0, &color), properties);
+        rgba = {color.m_Red, color.m_Green, color.m_Blue, color.m_Alpha};
+    }
+    return unsigned(rgba[0]) << 24 | unsigned(rgba[1]) << 16 | unsigned(rgba[2]) << 8 | rgba[3];
 }
 
 std::string ThreeMfReader::nameOf(ThreeMfHandle const& object) const

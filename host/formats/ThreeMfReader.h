@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/formats/MeshFormat.h"
+#include "host/formats/ProjectXml.h"
 #include "host/formats/ThreeMfModel.h"
 
+#include <functional>
 #include <vector>
 
 namespace Formats {
@@ -17,7 +19,14 @@ public:
     /// Throws FileError.
     std::vector<LoadedPart> read();
 
+    /// The objects of a project, with records and placements as they were saved, and then the parts
+    /// of build items that the project does not know. Throws FileError.
+    std::vector<ProjectObject> readProject();
+
 private:
+    /// The share of the progress that goes to the library's own reading.
+    static constexpr int percentForLoading = 70;
+
     /// A 3x4 transform, rows of the linear part with the translation last; double, since several
     /// are multiplied.
     struct Placement
@@ -30,7 +39,19 @@ private:
 
     void load();
     double millimetresPerUnit() const;
+    void forEachItem(std::function<void(ThreeMfHandle const&)> const& visit) const;
+    Placement unitScale() const;
     void readBuildItem(ThreeMfHandle const& item, Placement const& scale);
+    std::string projectText() const;
+    std::string itemIdentifier(ThreeMfHandle const& item) const;
+    /// The item's own mesh with the item's transform as its matrix; null for an assembly.
+    std::shared_ptr<MeshKernel> readPlain(ThreeMfHandle const& item) const;
+    std::unique_ptr<UMesh<float>> readRecords(ThreeMfHandle const& object) const;
+    void readVertices(UMesh<float>& mesh, ThreeMfHandle const& object) const;
+    void readTriangles(UMesh<float>& mesh, ThreeMfHandle const& object) const;
+    void appendOtherParts(std::vector<ProjectObject>& objects);
+    void tellMeshProgress(DWORD step) const;
+    unsigned colorOf(ThreeMfHandle const& object) const;
     void readObject(ThreeMfHandle const& object, Placement const& placement,
                     std::string const& outerName, int depth);
     void readComponents(ThreeMfHandle const& components, Placement const& placement,

@@ -31,14 +31,14 @@ UVector3<double> middleOf(UBox3<float> const& box)
 }
 
 /// The points as seen from the middle of their box, about which sums lose least.
-std::vector<UVector3<double>> pointsOf(MeshKernel const& kernel, UMesh<float> const& mesh,
+std::vector<UVector3<double>> pointsOf(UMesh<float> const& mesh, UMatrix4<float> const& placement,
                                        UBox3<float>& box)
 {
-    bool const isPlain = kernel.getMatrix().isIdentity();
+    bool const isPlain = placement.isIdentity();
     std::vector<UVector3<double>> points;
     points.reserve(mesh.vertices.size());
     for (UVertex<float> const* const vertex : mesh.vertices) {
-        UPoint3<float> const p = isPlain ? vertex->cP() : kernel.getMatrix() * vertex->cP();
+        UPoint3<float> const p = isPlain ? vertex->cP() : placement * vertex->cP();
         box.Add(p);
         points.emplace_back(p.X(), p.Y(), p.Z());
     }
@@ -75,20 +75,20 @@ UVector3<double> sumVolumeAndArea(std::span<UVector3<double> const> points, Corn
 }
 
 /// Goes over the sides of one corner's bucket: joins triangles that share an edge, which lowers the
-/// number of shells. Returns whether every edge has an even number of triangles.
-bool joinBucket(std::span<Side> bucket, DisjointSets& triangles, std::size_t& shells)
+/// number of shells. Returns the number of edges with an odd number of triangles.
+std::size_t joinBucket(std::span<Side> bucket, DisjointSets& triangles, std::size_t& shells)
 {
     std::sort(bucket.begin(), bucket.end());
-    bool isClosed = true;
+    std::size_t openEdges = 0;
     for (std::size_t begin = 0; begin < bucket.size();) {
         std::size_t end = begin + 1;
         for (; end < bucket.size() && bucket[end].other == bucket[begin].other; ++end)
             if (triangles.unite(bucket[begin].triangle, bucket[end].triangle))
                 --shells;
-        isClosed = isClosed && (end - begin) % 2 == 0;
+        openEdges += (end - begin) % 2;
         begin = end;
     }
-    return isClosed;
+    return openEdges;
 }
 
 void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& facts)
@@ -108,32 +108,36 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
 
     DisjointSets triangles(corners.size());
     facts.shells = corners.size();
-    facts.closed = !corners.empty();
     Place begin = 0;
     for (std::size_t v = 0; v < vertexCount; ++v) {
         Place const end = ends[v];
-        if (!joinBucket(std::span(sides).subspan(begin, end - begin), triangles, facts.shells))
-            facts.closed = false;
+        facts.openEdges +=
+            joinBucket(std::span(sides).subspan(begin, end - begin), triangles, facts.shells);
         begin = end;
     }
+    facts.closed = facts.openEdges == 0 && !corners.empty();
 }
 
 }  // namespace
 
-MeshFacts measureMesh(MeshKernel const& kernel)
+MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement)
 {
-    auto const mesh = kernel.readMesh();
     MeshFacts facts;
-    facts.triangles = mesh->triangles.size();
-    facts.vertices = mesh->vertices.size();
-    auto const points = pointsOf(kernel, *mesh, facts.box);
-    Corners const corners = cornersOf(*mesh);
+    facts.triangles = mesh.triangles.size();
+    facts.vertices = mesh.vertices.size();
+    auto const points = pointsOf(mesh, placement, facts.box);
+    Corners const corners = cornersOf(mesh);
     UVector3<double> const normals = sumVolumeAndArea(points, corners, facts);
-    joinShells(corners, mesh->vertices.size(), facts);
+    joinShells(corners, mesh.vertices.size(), facts);
     if (!facts.closed)
         facts.volume += (middleOf(facts.box) | normals) / 6;
     // A reflection turns every triangle round, the solid stays where its inside was.
-    if (kernel.getMatrix().linearDeterminant() < 0)
+    if (placement.linearDeterminant() < 0)
         facts.volume = -facts.volume;
     return facts;
+}
+
+MeshFacts measureMesh(MeshKernel const& kernel)
+{
+    return measureMesh(*kernel.readMesh(), kernel.getMatrix());
 }

@@ -16,8 +16,9 @@ struct MeshFacts
     /// cones to the origin, which is right for holes in the planes of the axes only.
     double volume = 0;
     double area = 0;
-    /// Whether the surface has no border: every edge joins an even number of triangles, and there
-    /// is at least one triangle.
+    /// Edges that join an odd number of triangles.
+    std::size_t openEdges = 0;
+    /// Whether the surface has no border: there are no open edges, and at least one triangle.
     bool closed = false;
     UBox3<float> box;
 };
@@ -27,3 +28,5 @@ struct MeshFacts
 /// thread  any; the kernel is only read
 /// cost    linear in the triangles; about as long as two passes over the records
 MeshFacts measureMesh(MeshKernel const& kernel);
+/// The same for a mesh under a placement of the caller's.
+MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement);

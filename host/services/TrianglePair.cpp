@@ -3,7 +3,9 @@
 
 #include "host/mesh/ExactSigns.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 // Own derivation. Closed triangles are convex, so two of them meet exactly if an edge of one
@@ -172,6 +174,48 @@ int alignShared(Turned& p, Turned& q)
     return shared;
 }
 
+/// Which side of the line from a to b the point p lies on, seen along an axis; 0 if rounding might
+/// decide.
+int certainSide(Point const& a, Point const& b, Point const& p, int axis)
+{
+    constexpr double errorBound = 0x1p-49;
+    int const u = (axis + 1) % 3, v = (axis + 2) % 3;
+    double const left = (double(b[u]) - a[u]) * (double(p[v]) - a[v]);
+    double const right = (double(b[v]) - a[v]) * (double(p[u]) - a[u]);
+    double const area = left - right;
+    double const bound = errorBound * (std::abs(left) + std::abs(right));
+    return area > bound ? 1 : area < -bound ? -1 : 0;
+}
+
+/// Whether an edge of p certainly keeps q apart, seen along an axis. A vertex that both share,
+/// which then is their first one, may lie on the edge.
+bool doesEdgePart(Turned const& p, Turned const& q, int shared, int axis)
+{
+    for (int i = 0; i < 3; ++i) {
+        int const j = (i + 1) % 3, k = (i + 2) % 3;
+        if (shared == 1 && k == 0)
+            continue;
+        int const side = certainSide(p[i], p[j], p[k], axis);
+        bool parts = side != 0;
+        for (int m = shared; parts && m < 3; ++m)
+            parts = certainSide(p[i], p[j], q[m], axis) == -side;
+        if (parts)
+            return true;
+    }
+    return false;
+}
+
+/// Whether triangles with at most one common vertex certainly have nothing else in common as they
+/// are seen along an axis, and so in space. Most triangles of a flat face are told apart by this.
+bool areApart(Turned const& p, Turned const& q, int shared)
+{
+    Offset const u(p[0], p[1]), v(p[0], p[2]);
+    double const size[3] = {std::abs(u.y * v.z - u.z * v.y), std::abs(u.z * v.x - u.x * v.z),
+                            std::abs(u.x * v.y - u.y * v.x)};
+    int const axis = int(std::max_element(size, size + 3) - size);
+    return doesEdgePart(p, q, shared, axis) || doesEdgePart(q, p, shared, axis);
+}
+
 bool areDuplicates(MeshArrays::Corners const& s, MeshArrays::Corners const& t)
 {
     for (std::uint32_t vertex : s)
@@ -188,7 +232,10 @@ bool doTrianglesMeet(MeshArrays const& mesh, std::size_t first, std::size_t seco
     Turned q{{&mesh.point(second, 0), &mesh.point(second, 1), &mesh.point(second, 2)}};
     if (isBesidePlane(p, q) || isBesidePlane(q, p))
         return false;
-    switch (alignShared(p, q)) {
+    int const shared = alignShared(p, q);
+    if (shared < 2 && areApart(p, q, shared))
+        return false;
+    switch (shared) {
         case 0:
             return doDisjointMeet(p, q);
         case 1:

@@ -5,6 +5,8 @@
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/Action.h"
+#include "platform/ui/Application.h"
+#include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellMessageBox.h"
 
@@ -94,15 +96,21 @@ bool Command::isActive()
 void Command::invoke(int state)
 {
     // Nothing may leave a slot that the event loop has called.
-    try {
-        activated(state);
-    } catch (Mell::AbortException const&) {
-        ConsoleSingleton::Instance().Log("Command Abort.");
-    } catch (Mell::Exception const& exception) {
-        showFailure(exception.what());
-    } catch (std::exception const& exception) {
-        showFailure(exception.what());
-    }
+    auto const run = [this, state] {
+        try {
+            activated(state);
+        } catch (Mell::AbortException const&) {
+            ConsoleSingleton::Instance().Log("Command Abort.");
+        } catch (Mell::Exception const& exception) {
+            showFailure(exception.what());
+        } catch (std::exception const& exception) {
+            showFailure(exception.what());
+        }
+    };
+    if (Application::Instance)
+        Application::Instance->commandManager().pass(*this, run);
+    else
+        run();
 }
 
 QString Command::getHelpUrl() const

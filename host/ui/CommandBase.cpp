@@ -2,17 +2,12 @@
 
 #include "platform/ui/CommandBase.h"
 
+#include "host/ui/ThemeFlags.h"
 #include "platform/ui/Theme.h"
 
 #include <QCoreApplication>
 
 namespace Base {
-
-namespace {
-
-int const darkTheme = 16;
-
-}  // namespace
 
 void CommandBase::updateAction(int state) {}
 

@@ -45,6 +45,19 @@ std::vector<Command*> CommandManager::getAllCommands() const
     return all;
 }
 
+void CommandManager::setGate(Gate gate)
+{
+    m_gate = std::move(gate);
+}
+
+void CommandManager::pass(Command& command, std::function<void()> const& run)
+{
+    if (m_gate)
+        m_gate(command, run);
+    else
+        run();
+}
+
 void CommandManager::updateActions()
 {
     for (auto const& command : m_commands)

@@ -3,6 +3,7 @@
 #include "platform/ui/MainWindow.h"
 
 #include "platform/ui/MellViewSlider.h"
+#include "platform/ui/SideControlTab.h"
 #include "platform/view/GLView.h"
 
 namespace {
@@ -48,6 +49,16 @@ void MainWindow::setActiveGLView(Base::GLView* view)
         connect(view, &Base::GLView::signalInteractModeChanged, this,
                 &MainWindow::signalUpdateToolbuttonState);
     emit signalActiveGLViewChanged();
+}
+
+SideControlTab* MainWindow::getSideControl() const
+{
+    return m_sideControl;
+}
+
+void MainWindow::setSideControl(SideControlTab* control)
+{
+    m_sideControl = control;
 }
 
 void MainWindow::updateActiveGLView()

@@ -3,16 +3,43 @@
 #include "platform/ui/MellMessageBox.h"
 
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/ui/Theme.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <array>
 
 namespace {
+
+/// An exclamation mark on a disc.
+class WarningSign : public QWidget
+{
+public:
+    explicit WarningSign(QWidget* parent) : QWidget(parent)
+    {
+        setFixedSize(g_pixelSize * 5 / 2, g_pixelSize * 5 / 2);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        double const side = width();
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(themeColor("caution"));
+        painter.drawEllipse(QRectF(rect()));
+        painter.setPen(QPen(themeColor("window"), side / 10, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(side / 2, side * 0.25), QPointF(side / 2, side * 0.56));
+        painter.drawPoint(QPointF(side / 2, side * 0.75));
+    }
+};
 
 int answerOfClosedBox(std::array<QString, 3> const& texts, int escapeButton)
 {
@@ -29,17 +56,19 @@ int answerOfClosedBox(std::array<QString, 3> const& texts, int escapeButton)
 MellMessageBox::MellMessageBox(QWidget* parent)
     : QDialog(parent), m_text(new QLabel(this)), m_buttons(new QDialogButtonBox(this))
 {
-    auto* const icon = new QLabel(this);
-    int const size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
     m_text->setWordWrap(true);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
 
     auto* const message = new QHBoxLayout;
-    message->addWidget(icon, 0, Qt::AlignTop);
+    message->setSpacing(g_pixelSize);
+    message->addWidget(new WarningSign(this), 0, Qt::AlignTop);
     message->addWidget(m_text, 1);
     auto* const content = new QVBoxLayout(this);
+    int const margin = g_pixelSize * 4 / 3;
+    content->setContentsMargins(margin, margin, margin, margin);
+    content->setSpacing(margin);
+    content->setSizeConstraint(QLayout::SetMinimumSize);
     content->addLayout(message);
     content->addWidget(m_buttons);
 
@@ -105,6 +134,14 @@ void MellMessageBox::setDefaultButton(QDialogButtonBox::StandardButton button)
 QPushButton* MellMessageBox::button(QDialogButtonBox::StandardButton button) const
 {
     return m_buttons->button(button);
+}
+
+void MellMessageBox::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy))
+        QApplication::clipboard()->setText(text());
+    else
+        QDialog::keyPressEvent(event);
 }
 
 int MellMessageBox::exec()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/BuildPlate.h"
 
+#include "host/view/ViewColors.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/GLView.h"
 
@@ -11,11 +12,6 @@ namespace {
 
 using Points = std::vector<UPoint3<float>>;
 
-constexpr unsigned plateFill = 0x8fa3b52e;
-constexpr unsigned plateEdge = 0x5a6b7aff;
-constexpr unsigned coarseLine = 0x6f8292a0;
-constexpr unsigned fineLine = 0x6f829200;
-constexpr unsigned axisColors[3] = {0xd03a3aff, 0x2f9a3fff, 0x2f5fd0ff};
 constexpr float axisLength = 15;
 constexpr int coarseStep = 10;
 /// Fine lines appear where a millimetre has this many pixels, and are plain at twice as many.
@@ -43,7 +39,7 @@ void addGrid(Points& points, float width, float depth, int step)
 unsigned fineColor(double pixelsPerMm)
 {
     double const share = std::clamp(pixelsPerMm / fineFrom - 1, 0.0, 1.0);
-    return fineLine | unsigned(std::lround(share * fineAlpha));
+    return (viewColors().plateLine & ~0xffu) | unsigned(std::lround(share * fineAlpha));
 }
 
 /// The letter of an axis as lines in a square of two units.
@@ -62,7 +58,7 @@ void paintBuildPlate(ViewScene& scene, float width, float depth, double pixelsPe
 {
     float const x = width / 2, y = depth / 2;
     Points points = {{-x, -y, 0}, {x, -y, 0}, {x, y, 0}, {-x, y, 0}};
-    std::vector<DrawRun> runs = {{GL_TRIANGLE_FAN, 0, 4, plateFill}};
+    std::vector<DrawRun> runs = {{GL_TRIANGLE_FAN, 0, 4, viewColors().plateFill}};
     auto const addRun = [&](std::size_t first, unsigned rgba) {
         runs.push_back({GL_LINES, int(first), int(points.size() - first), rgba});
     };
@@ -73,14 +69,14 @@ void paintBuildPlate(ViewScene& scene, float width, float depth, double pixelsPe
     }
     std::size_t const coarse = points.size();
     addGrid(points, width, depth, coarseStep);
-    addRun(coarse, coarseLine);
-    runs.push_back({GL_LINE_LOOP, 0, 4, plateEdge});
+    addRun(coarse, viewColors().plateLine);
+    runs.push_back({GL_LINE_LOOP, 0, 4, viewColors().plateEdge});
     for (int axis = 0; axis < 3; ++axis) {
         std::size_t const first = points.size();
         UPoint3<float> end;
         end[axis] = axisLength;
         points.insert(points.end(), {UPoint3<float>(), end});
-        addRun(first, axisColors[axis]);
+        addRun(first, viewColors().axes[axis]);
     }
     scene.device()->setDepthWriting(false);
     scene.drawOnce(points, runs, scene.toClip());
@@ -104,7 +100,7 @@ void paintAxes(ViewScene& scene, int widgetWidth, int widgetHeight)
         for (UPoint3<float> const& p : letterOf(axis))
             points.push_back({middle + x * letterPlace + p.X() * letterSize,
                               middle + y * letterPlace + p.Y() * letterSize, 0});
-        runs.push_back({GL_LINES, first, int(points.size()) - first, axisColors[axis]});
+        runs.push_back({GL_LINES, first, int(points.size()) - first, viewColors().axes[axis]});
     }
     QMatrix4x4 toClip;
     toClip.ortho(0, float(widgetWidth), 0, float(widgetHeight), -1, 1);

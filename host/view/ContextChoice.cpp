@@ -26,6 +26,7 @@ QSurfaceFormat formatOf(bool isCore)
         format.setVersion(2, 1);
     }
     format.setDepthBufferSize(24);
+    format.setStencilBufferSize(8);
     format.setSamples(4);
     return format;
 }

@@ -3,32 +3,25 @@
 
 #include "host/view/DrawDevice21.h"
 #include "host/view/DrawDevice33.h"
+#include "host/view/DrawValues.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/view/OpenGLPath.h"
-
-#include <QVector4D>
 
 namespace {
 
 constexpr int positionPlace = 0;
 constexpr int facetPlace = 1;
 
-QVector4D components(unsigned rgba)
-{
-    auto const part = [&](int shift) { return float(rgba >> shift & 255) / 255; };
-    return {part(24), part(16), part(8), part(0)};
-}
-
 bool isTranslucent(unsigned rgba)
 {
     return (rgba & 255) != 255;
 }
 
-bool linkProgram(QOpenGLShaderProgram& program, std::string const& name)
+bool linkProgram(QOpenGLShaderProgram& program, char const* vertices, char const* fragments)
 {
-    QString const path = QString::fromStdString(":/shader/shader/view/" + name);
-    program.addShaderFromSourceFile(QOpenGLShader::Vertex, path + ".uvs");
-    program.addShaderFromSourceFile(QOpenGLShader::Fragment, path + ".ufs");
+    QString const folder = ":/shader/shader/view/";
+    program.addShaderFromSourceFile(QOpenGLShader::Vertex, folder + vertices + ".uvs");
+    program.addShaderFromSourceFile(QOpenGLShader::Fragment, folder + fragments + ".ufs");
     program.bindAttributeLocation("position", positionPlace);
     program.bindAttributeLocation("facet", facetPlace);
     if (program.link())
@@ -55,7 +48,10 @@ DrawDevice::~DrawDevice() = default;
 
 bool DrawDevice::link(Shaders const& shaders)
 {
-    return linkProgram(m_plain, shaders.plain) && linkProgram(m_part, shaders.part);
+    return linkProgram(m_plain, shaders.plain, shaders.plain) &&
+           linkProgram(m_part, shaders.part, shaders.part) &&
+           linkProgram(m_cap, shaders.plain, shaders.cap) &&
+           linkProgram(m_outline, shaders.plain, shaders.outline);
 }
 
 void DrawDevice::resetState()
@@ -69,6 +65,9 @@ void DrawDevice::resetState()
     m_gl.glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     m_gl.glDisable(GL_CULL_FACE);
     m_gl.glDisable(GL_SCISSOR_TEST);
+    m_gl.glDisable(GL_STENCIL_TEST);
+    m_gl.glStencilMask(0xff);
+    setClipping(false);
     m_gl.glDisable(GL_POLYGON_OFFSET_FILL);
     m_gl.glFrontFace(GL_CCW);
     m_gl.glEnable(GL_MULTISAMPLE);
@@ -155,7 +154,7 @@ void DrawDevice::draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x
     bind(points);
     m_gl.glEnable(GL_BLEND);
     for (DrawRun const& run : runs) {
-        m_plain.setUniformValue("clr", components(run.rgba));
+        m_plain.setUniformValue("clr", colorOf(run.rgba));
         m_gl.glDrawArrays(run.mode, run.first, run.count);
     }
     m_gl.glDisable(GL_BLEND);
@@ -171,7 +170,7 @@ void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 con
     if ((look.front & 255) || (look.back & 255))
         drawTriangles(surface, look, toClip, toEye);
     if (look.edges & 255)
-        drawEdges(surface, look.edges, toClip);
+        drawEdges(surface, look, toClip);
 }
 
 void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
@@ -181,8 +180,8 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
     m_part.bind();
     m_part.setUniformValue("mvp", toClip);
     m_part.setUniformValue("nmv", toEye.normalMatrix());
-    m_part.setUniformValue("frontColor", components(look.front));
-    m_part.setUniformValue("backColor", components(look.back));
+    m_part.setUniformValue("frontColor", colorOf(look.front));
+    m_part.setUniformValue("backColor", colorOf(look.back));
     m_gl.glFrontFace(look.isMirrored ? GL_CW : GL_CCW);
     if (look.edges & 255) {
         // Leaves room for edges in front of the triangles they belong to. Not without need: steep
@@ -190,13 +189,27 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
         m_gl.glEnable(GL_POLYGON_OFFSET_FILL);
         m_gl.glPolygonOffset(1, 1);
     }
+    if (look.isSolid) {
+        m_gl.glEnable(GL_CULL_FACE);
+        m_gl.glCullFace(GL_BACK);
+    }
     if (isGhost) {
         m_gl.glEnable(GL_BLEND);
         m_gl.glDepthMask(GL_FALSE);
     }
+    if (look.isMarked) {
+        m_gl.glEnable(GL_STENCIL_TEST);
+        m_gl.glStencilMask(markBit);
+        m_gl.glStencilFunc(GL_ALWAYS, markBit, markBit);
+        m_gl.glStencilOp(GL_KEEP, GL_REPLACE, GL_REPLACE);
+    }
+    beginCut(m_part, look);
     bind(surface);
     m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
     release(surface);
+    endCut(m_part);
+    m_gl.glDisable(GL_STENCIL_TEST);
+    m_gl.glDisable(GL_CULL_FACE);
     m_gl.glDisable(GL_BLEND);
     m_gl.glDepthMask(GL_TRUE);
     m_gl.glDisable(GL_POLYGON_OFFSET_FILL);
@@ -204,17 +217,35 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
     m_part.release();
 }
 
-void DrawDevice::drawEdges(Geometry& surface, unsigned rgba, QMatrix4x4 const& toClip)
+void DrawDevice::beginCut(QOpenGLShaderProgram& program, SurfaceLook const& look)
+{
+    // Without a cut too: some drivers clip by what the shader writes whatever the state says.
+    ViewPlane const cut = look.cut.value_or(ViewPlane{{}, 1});
+    UVector3<double> const& n = cut.normal;
+    program.setUniformValue(
+        "clip", QVector4D(float(-n.X()), float(-n.Y()), float(-n.Z()), float(cut.offset)));
+    setClipping(look.cut.has_value());
+}
+
+void DrawDevice::endCut(QOpenGLShaderProgram& program)
+{
+    program.setUniformValue("clip", QVector4D(0, 0, 0, 1));
+    setClipping(false);
+}
+
+void DrawDevice::drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip)
 {
     m_plain.bind();
     m_plain.setUniformValue("mvp", toClip);
-    m_plain.setUniformValue("clr", components(rgba));
+    m_plain.setUniformValue("clr", colorOf(look.edges));
+    beginCut(m_plain, look);
     m_gl.glEnable(GL_BLEND);
     setPolygonMode(GL_LINE);
     bind(surface);
     m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
     release(surface);
     setPolygonMode(GL_FILL);
+    endCut(m_plain);
     m_gl.glDisable(GL_BLEND);
     m_plain.release();
 }

@@ -2,14 +2,17 @@
 #pragma once
 
 #include "host/view/PartSurface.h"
+#include "host/view/ViewPlane.h"
 
 #include <QMatrix4x4>
 #include <QOpenGLBuffer>
+#include <QOpenGLFramebufferObject>
 #include <QOpenGLFunctions>
 #include <QOpenGLShaderProgram>
 #include <QOpenGLVertexArrayObject>
 
 #include <memory>
+#include <optional>
 #include <span>
 
 /// Lines or areas in one colour: some of the points of a DrawDevice::Points, in order.
@@ -31,6 +34,23 @@ struct SurfaceLook
     unsigned edges = 0;
     /// The transform reflects, so that what faces outward shows its corners clockwise.
     bool isMirrored = false;
+    /// Triangles seen from behind are left out, as something stands before them anyway.
+    bool isSolid = false;
+    /// What has a height above 0 by this plane, in the coordinates of the triangles, is cut away.
+    std::optional<ViewPlane> cut;
+    /// The places where it shows, or would show without what stands before it, get the mark.
+    bool isMarked = false;
+};
+
+/// How the face is drawn that fills a part where it is cut.
+struct CapLook
+{
+    /// 0xRRGGBBAA; the alpha of the first is ignored.
+    unsigned fill = 0;
+    unsigned hatch = 0;
+    /// In device pixels.
+    float hatchPitch = 8;
+    bool isMarked = false;
 };
 
 /// What can be drawn, for both versions of OpenGL: points are uploaded, and runs of them drawn in
@@ -70,6 +90,17 @@ public:
     void draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
               QMatrix4x4 const& toEye);
 
+    /// Draws the area of a section: where the triangles before `cover` that run one way are not as
+    /// many as those that run the other way, within the quad that the four points at `cover` span.
+    void drawCap(Geometry& points, int cover, CapLook const& look, QMatrix4x4 const& toClip);
+
+    /// Draws a line around all that has the mark. Needs OpenGL 3.0 or its framebuffer objects;
+    /// without them there is no line.
+    ///
+    /// target  the framebuffer object of the picture
+    /// size, reach  of the picture and the width of the line, in device pixels
+    void drawOutline(GLuint target, QSize size, float reach, unsigned rgba);
+
     void setDepthWriting(bool isOn) { m_gl.glDepthMask(isOn ? GL_TRUE : GL_FALSE); }
     void setDepthTest(bool isOn)
     {
@@ -84,6 +115,8 @@ protected:
     {
         char const* plain;
         char const* part;
+        char const* cap;
+        char const* outline;
     };
 
     DrawDevice();
@@ -93,6 +126,8 @@ protected:
     /// GL_LINE or GL_FILL for both sides.
     virtual void setPolygonMode(GLenum mode) = 0;
     virtual bool keepsVertexArrays() const = 0;
+    /// What has a clip distance below 0 is left out.
+    virtual void setClipping(bool isOn) = 0;
 
 private:
     std::unique_ptr<Geometry> makeGeometry(void const* data, std::size_t bytes);
@@ -101,9 +136,18 @@ private:
     void release(Geometry& geometry);
     void drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
                        QMatrix4x4 const& toEye);
-    void drawEdges(Geometry& surface, unsigned rgba, QMatrix4x4 const& toClip);
+    void drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip);
+    void beginCut(QOpenGLShaderProgram& program, SurfaceLook const& look);
+    void endCut(QOpenGLShaderProgram& program);
+    void countAreas(Geometry& points, int count, QMatrix4x4 const& toClip);
+    void markToAlpha();
+    void drawSquare();
 
     QOpenGLFunctions m_gl;
     QOpenGLShaderProgram m_plain;
     QOpenGLShaderProgram m_part;
+    QOpenGLShaderProgram m_cap;
+    QOpenGLShaderProgram m_outline;
+    std::unique_ptr<Geometry> m_square;
+    std::unique_ptr<QOpenGLFramebufferObject> m_mask;
 };

@@ -16,6 +16,7 @@ public:
 
 protected:
     void setPolygonMode(GLenum mode) override;
+    void setClipping(bool isOn) override;
     bool keepsVertexArrays() const override { return false; }
 
 private:

@@ -11,7 +11,7 @@ std::unique_ptr<DrawDevice> DrawDevice33::create()
     if (!functions || !functions->initializeOpenGLFunctions())
         return nullptr;
     std::unique_ptr<DrawDevice33> device(new DrawDevice33(functions));
-    if (!device->link({"plain33", "part33"}))
+    if (!device->link({"plain33", "part33", "cap33", "outline33"}))
         return nullptr;
     return device;
 }
@@ -19,4 +19,9 @@ std::unique_ptr<DrawDevice> DrawDevice33::create()
 void DrawDevice33::setPolygonMode(GLenum mode)
 {
     m_functions->glPolygonMode(GL_FRONT_AND_BACK, mode);
+}
+
+void DrawDevice33::setClipping(bool isOn)
+{
+    isOn ? m_functions->glEnable(GL_CLIP_DISTANCE0) : m_functions->glDisable(GL_CLIP_DISTANCE0);
 }

@@ -14,6 +14,7 @@ public:
 
 protected:
     void setPolygonMode(GLenum mode) override;
+    void setClipping(bool isOn) override;
     bool keepsVertexArrays() const override { return true; }
 
 private:

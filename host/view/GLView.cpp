@@ -2,24 +2,29 @@
 #include "platform/view/GLView.h"
 
 #include "host/view/ContextChoice.h"
+#include "host/view/DrawValues.h"
+#include "host/view/ViewColors.h"
 #include "host/view/ViewScene.h"
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/ui/Theme.h"
 #include "platform/view/NavigationStyle.h"
 #include "platform/view/PointPickerMesh.h"
 #include "platform/view/ViewProvider.h"
 
 #include <QMouseEvent>
 #include <QOpenGLContext>
+#include <QSaveFile>
 
 #include <algorithm>
+#include <cmath>
 
 // The view as a widget: what it holds, how it paints, where its events go.
 namespace Base {
 
 namespace {
 
-// As red, green, blue.
-constexpr float background[3] = {0.93f, 0.94f, 0.95f};
+/// The width of the line around what is selected.
+constexpr double outlineWidth = 2;
 
 bool isSameView(GLCamera const& a, GLCamera const& b)
 {
@@ -156,7 +161,9 @@ UBox3<float> GLView::surroundingsBox() const
 
 void GLView::paintPending()
 {
-    if (!isVisible() || !m_scene->isInitialized() || isSameView(m_paintedCamera, *m_camera))
+    bool const isSeen = m_navigation->mouseModel() || m_scene->hasTools();
+    if (!isSeen || !isVisible() || !m_scene->isInitialized() ||
+        isSameView(m_paintedCamera, *m_camera))
         return;
     // Not repaint(), which a window with OpenGL in it puts off until the next frame.
     makeCurrent();
@@ -199,26 +206,76 @@ void GLView::releaseGL()
 void GLView::paintGL()
 {
     QOpenGLFunctions& gl = *context()->functions();
-    gl.glClearColor(background[0], background[1], background[2], 1);
+    gl.glClearColor(0, 0, 0, 1);
     gl.glDepthMask(GL_TRUE);
-    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    gl.glStencilMask(0xff);
+    gl.glClearStencil(0);
+    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
     DrawDevice* const device = m_scene->device();
     if (!device)
         return;
     setDepthRange();
     m_paintedCamera = *m_camera;
     device->resetState();
+    paintBackground();
     paintSurroundings();
     m_scene->paintProviders();
     if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
         tool->draw();
     device->resetState();
+    if (m_scene->hasSelection()) {
+        double const ratio = devicePixelRatioF();
+        device->drawOutline(defaultFramebufferObject(), size() * ratio, float(outlineWidth * ratio),
+                            viewColors().outline);
+    }
     paintOverlay();
     m_scene->paintItems();
     // What was blended has left an alpha of its own, by which the window would shine through.
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClearColor(0, 0, 0, 1);
     gl.glClear(GL_COLOR_BUFFER_BIT);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void GLView::paintBackground()
+{
+    // Bands from the lower edge to the upper one, thin enough for one level of brightness each.
+    constexpr int bands = 64;
+    QColor const low = themeColor("viewBottom"), high = themeColor("viewTop");
+    std::vector<UPoint3<float>> points;
+    std::vector<DrawRun> runs;
+    for (int i = 0; i <= bands; ++i) {
+        float const y = 2 * float(i) / bands - 1;
+        points.insert(points.end(), {{-1, y, 0}, {1, y, 0}});
+    }
+    for (int i = 0; i < bands; ++i) {
+        double const share = (i + 0.5) / bands;
+        auto const mixed = [&](int from, int to) {
+            return unsigned(std::lround(from + (to - from) * share));
+        };
+        unsigned const rgba = mixed(low.red(), high.red()) << 24 |
+                              mixed(low.green(), high.green()) << 16 |
+                              mixed(low.blue(), high.blue()) << 8 | 255;
+        runs.push_back({GL_TRIANGLE_STRIP, 2 * i, 4, rgba});
+    }
+    m_scene->device()->setDepthTest(false);
+    m_scene->device()->setDepthWriting(false);
+    m_scene->drawOnce(points, runs, QMatrix4x4());
+    m_scene->device()->resetState();
+}
+
+bool GLView::saveScreenshot(QString const& file, QString* reason)
+{
+    QImage const picture = grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    QSaveFile target(file);
+    bool const isSaved = !picture.isNull() && target.open(QIODevice::WriteOnly) &&
+                         picture.save(&target, "PNG") && target.commit();
+    if (!isSaved && reason)
+        *reason = picture.isNull()
+                      ? tr("There is no picture to save: show the view first.")
+                      : tr("The picture could not be saved as %1: %2. Choose another folder.")
+                            .arg(file, target.errorString());
+    return isSaved;
 }
 
 void GLView::mousePressEvent(QMouseEvent* event)

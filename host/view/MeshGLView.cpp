@@ -37,6 +37,8 @@ bool GLView::pickPoint(QPoint position, Pick& pick, bool onlySelected, bool only
     PickTree::Ray ray;
     getCamera()->sightRay(position.x(), position.y(), ray.origin, ray.direction);
     ray.onlyFront = onlyFront;
+    if (m_liveCut)
+        ray.limitBelow(planeThrough(m_liveCut->point, m_liveCut->normal));
     std::optional<ViewProvider::Hit> first;
     for (Base::ViewProvider const* const provider : scene().providers()) {
         auto const* const shown = dynamic_cast<ViewProvider const*>(provider);
@@ -77,6 +79,31 @@ void GLView::setPlateSize(float widthMm, float depthMm)
 void GLView::setPlateVisible(bool visible)
 {
     m_isPlateVisible = visible;
+    redraw();
+}
+
+UBox3<float> GLView::getPartsBox() const
+{
+    UBox3<float> box;
+    for (Base::ViewProvider const* const provider : scene().providers())
+        if (dynamic_cast<ViewProvider const*>(provider) && provider->isShow())
+            box.Add(provider->getObject()->getBoundingBox());
+    return box;
+}
+
+void GLView::setLiveCut(std::optional<LiveCut> const& cut)
+{
+    if (cut == m_liveCut)
+        return;
+    m_liveCut = cut;
+    redraw();
+}
+
+void GLView::setSectionHeight(std::optional<float> height)
+{
+    if (height == m_sectionHeight)
+        return;
+    m_sectionHeight = height;
     redraw();
 }
 
@@ -172,6 +199,10 @@ void GLView::paintSurroundings()
 
 void GLView::paintOverlay()
 {
+    if (m_sectionHeight)
+        for (Base::ViewProvider* const provider : scene().providers())
+            if (auto* const shown = dynamic_cast<ViewProvider*>(provider))
+                shown->paintSectionLine(*m_sectionHeight);
     paintAxes(scene(), width(), height());
     OrientationCube::paint(*this, m_hoveredView);
 }

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "host/view/DrawDevice.h"
-#include "host/view/PickTree.h"
+#include "host/view/PartSection.h"
+#include "host/view/PreparedPart.h"
 #include "platform/view/ViewProvider.h"
 
 namespace Mesh {
@@ -44,6 +45,13 @@ public:
     /// The first place on a ray in world space.
     std::optional<Hit> firstHit(PickTree::Ray const& ray) const;
 
+    /// Draws the line in which the plane z = height meets the part over the picture, paler where
+    /// something stands before it.
+    void paintSectionLine(float height);
+
+    /// Takes what was made for the part's mesh; dropped if it is another one's.
+    void usePrepared(PreparedPart prepared);
+
     /// With the context current: frees what OpenGL holds.
     void releaseGL() { m_surface.reset(); }
     /// Bytes that the part takes on the device now.
@@ -55,12 +63,24 @@ private:
     bool isSurfaceOf(MeshKernel const& kernel) const;
     void upload(DrawDevice& device, MeshKernel const& kernel);
     SurfaceLook look(MeshKernel const& kernel) const;
+    unsigned edgeColor(MeshKernel const& kernel) const;
+    PickTree const& tree(MeshKernel const& kernel) const;
+    std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
+    bool hasCaps() const;
+    PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
+    void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
+    void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
     std::unique_ptr<DrawDevice::Geometry> m_surface;
     std::weak_ptr<UMesh<float> const> m_surfaceMesh;
     std::size_t m_surfaceTriangles = 0;
     std::size_t m_deviceBytes = 0;
+    double m_meanEdge = 0;
+    bool m_isSolid = false;
+    std::unique_ptr<PartSurface> m_prepared;
     mutable std::unique_ptr<PickTree> m_tree;
+    std::unique_ptr<PartSection> m_capSection;
+    std::unique_ptr<PartSection> m_lineSection;
 };
 
 }  // namespace Mesh

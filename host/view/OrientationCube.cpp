@@ -6,8 +6,11 @@
 #include "host/view/ViewScene.h"
 #include "platform/view/GLView.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace {
 
@@ -27,7 +30,11 @@ constexpr unsigned highlightColor = 0xffcf8fff;
 constexpr unsigned edgeColor = 0x54636fff;
 constexpr unsigned textColor = 0x2c363fff;
 
-constexpr std::string_view faceNames[] = {"FRONT", "BACK", "TOP", "BOTTOM", "LEFT", "RIGHT"};
+/// In the order of the views, translated to words of the letters that StrokeText has.
+constexpr char const* faceNames[] = {
+    QT_TRANSLATE_NOOP("OrientationCube", "FRONT"), QT_TRANSLATE_NOOP("OrientationCube", "BACK"),
+    QT_TRANSLATE_NOOP("OrientationCube", "TOP"),   QT_TRANSLATE_NOOP("OrientationCube", "BOTTOM"),
+    QT_TRANSLATE_NOOP("OrientationCube", "LEFT"),  QT_TRANSLATE_NOOP("OrientationCube", "RIGHT")};
 
 Vector widened(UVector3<float> const& v)
 {
@@ -99,7 +106,9 @@ void addFace(Screen const& screen, int face, bool isHighlighted, Points& points,
     runs.push_back({GL_TRIANGLE_FAN, first, 4, isHighlighted ? highlightColor : faceColor});
     runs.push_back({GL_LINE_LOOP, first, 4, edgeColor});
     int const text = int(points.size());
-    for (auto const& [x, y] : strokesOf(faceNames[face]))
+    std::string const name =
+        QCoreApplication::translate("OrientationCube", faceNames[face]).toStdString();
+    for (auto const& [x, y] : strokesOf(name))
         points.push_back(on(x * letterScale, y * letterScale));
     runs.push_back({GL_LINES, text, int(points.size()) - text, textColor});
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PartSurface.h"
 
+#include "host/mesh/DisjointSets.h"
+
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -34,9 +37,64 @@ UVector3<double> normalOf(MeshArrays const& mesh, std::size_t triangle)
     return edge(1) * edge(2);
 }
 
+/// By some of the triangles.
+double meanEdgeOf(MeshArrays const& mesh)
+{
+    std::size_t const stride = 1 + mesh.triangles.size() / 10000;
+    double sum = 0;
+    std::size_t count = 0;
+    for (std::size_t t = 0; t < mesh.triangles.size(); t += stride, count += 3)
+        for (int k = 0; k < 3; ++k)
+            sum += (mesh.point(t, (k + 1) % 3) - mesh.point(t, k)).GetLength();
+    return count ? sum / double(count) : 0;
+}
+
+/// The last steps of the generator of Steele, Lea and Flood, "Fast Splittable Pseudorandom Number
+/// Generators" (2014).
+std::uint64_t mixed(std::uint64_t x)
+{
+    x = (x ^ x >> 30) * 0xbf58476d1ce4e5b9u;
+    x = (x ^ x >> 27) * 0x94d049bb133111ebu;
+    return x ^ x >> 31;
+}
+
+/// Whether each edge is run through as often one way as the other, told by a sum of numbers that
+/// cancel out in pairs: it is 0 for a mesh with a border by a chance of 1 in 2^64.
+bool isClosed(MeshArrays const& mesh)
+{
+    std::uint64_t sum = 0;
+    for (MeshArrays::Corners const& t : mesh.triangles)
+        for (int k = 0; k < 3; ++k) {
+            std::uint64_t const a = t[k], b = t[(k + 1) % 3];
+            sum += a < b ? mixed(a << 32 | b) : a > b ? -mixed(b << 32 | a) : 0;
+        }
+    return sum == 0;
+}
+
+/// Whether each connected region encloses a volume above 0. A cavity does not: whether it lies in
+/// something is not asked.
+bool isOutward(MeshArrays const& mesh)
+{
+    DisjointSets regions(mesh.points.size());
+    for (MeshArrays::Corners const& t : mesh.triangles) {
+        regions.unite(t[0], t[1]);
+        regions.unite(t[0], t[2]);
+    }
+    std::vector<double> volumes(mesh.points.size(), 0);
+    auto const corner = [&](MeshArrays::Corners const& t, int k) {
+        UVector3<float> const v = mesh.points[t[k]] - mesh.points[0];
+        return UVector3<double>(v.X(), v.Y(), v.Z());
+    };
+    for (MeshArrays::Corners const& t : mesh.triangles)
+        volumes[regions.root(t[0])] += corner(t, 0) | (corner(t, 1) * corner(t, 2));
+    return std::all_of(mesh.triangles.begin(), mesh.triangles.end(),
+                       [&](auto const& t) { return volumes[regions.root(t[0])] > 0; });
+}
+
 }  // namespace
 
 PartSurface::PartSurface(MeshArrays const& mesh)
+    : meanEdge(meanEdgeOf(mesh)), isSolid(isClosed(mesh) && isOutward(mesh))
 {
     vertices.reserve(std::max(mesh.points.size(), mesh.triangles.size()));
     for (MeshArrays::Point const& point : mesh.points)

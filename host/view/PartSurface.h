@@ -24,6 +24,11 @@ struct PartSurface
 
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
+    /// The mean length of the edges, in the mesh's coordinates; 0 without triangles.
+    double meanEdge = 0;
+    /// Closed, and each connected region faces outward as a whole: from outside, triangles seen
+    /// from behind lie behind others.
+    bool isSolid = false;
 };
 
 static_assert(sizeof(PartSurface::Vertex) == 16);

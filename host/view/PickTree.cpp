@@ -7,6 +7,7 @@
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -23,8 +24,8 @@ Vector offset(PickTree::Ray const& ray, UPoint3<float> const& p)
 /// Where a ray enters a box, by its slabs; infinity if it misses it.
 double entryOf(float const* low, float const* high, PickTree::Ray const& ray)
 {
-    double first = 0;
-    double last = infinity;
+    double first = ray.nearest;
+    double last = ray.farthest;
     for (int axis = 0; axis < 3; ++axis) {
         double const speed = ray.direction[axis];
         double const below = low[axis] - ray.origin[axis];
@@ -57,18 +58,50 @@ std::optional<double> distanceTo(Vector const& a, Vector const& b, Vector const&
         return {};
     Vector const point = (a * u + b * v + c * w) / sum;
     double const distance = (point | ray.direction) / (ray.direction | ray.direction);
-    if (distance < 0)
+    if (distance < ray.nearest || distance > ray.farthest)
         return {};
     return distance;
 }
 
-}  // namespace
+/// Whether a box has points on both sides of a plane, or on it.
+bool isAcross(float const* low, float const* high, ViewPlane const& plane)
+{
+    double least = -plane.offset, most = -plane.offset;
+    for (int axis = 0; axis < 3; ++axis) {
+        double const a = plane.normal[axis] * low[axis], b = plane.normal[axis] * high[axis];
+        least += std::min(a, b);
+        most += std::max(a, b);
+    }
+    // The sums are rounded otherwise than those of single points.
+    double const spare = 1e-12 * (std::abs(least) + std::abs(most) + std::abs(plane.offset));
+    return least <= spare && most >= -spare;
+}
 
-PickTree::PickTree(MeshKernel const& kernel) : m_mesh(kernel.readMesh())
+MeshArrays arraysOf(MeshKernel const& kernel)
 {
     std::function<void(int)> const none;
     StageProgress progress(none);
-    MeshArrays const mesh = copyArrays(kernel, Frame::Local, progress);
+    return copyArrays(kernel, Frame::Local, progress);
+}
+
+}  // namespace
+
+void PickTree::Ray::limitBelow(ViewPlane const& plane)
+{
+    double const height = (plane.normal | (origin - UPoint3<double>())) - plane.offset;
+    double const climb = plane.normal | direction;
+    if (climb > 0)
+        farthest = std::min(farthest, -height / climb);
+    else if (climb < 0)
+        nearest = std::max(nearest, -height / climb);
+    else if (height > 0)
+        farthest = -infinity;
+}
+
+PickTree::PickTree(MeshKernel const& kernel) : PickTree(kernel, arraysOf(kernel)) {}
+
+PickTree::PickTree(MeshKernel const& kernel, MeshArrays const& mesh) : m_mesh(kernel.readMesh())
+{
     if (mesh.triangles.empty())
         return;
     m_order = spatialOrder(mesh, std::vector<std::uint8_t>(mesh.triangles.size(), 0));
@@ -124,6 +157,27 @@ void PickTree::testBlock(UMesh<float> const& mesh, std::size_t block, Ray const&
         if (distance && (!best || *distance < best->distance))
             best = Hit{m_order[i], *distance};
     }
+}
+
+std::vector<std::uint32_t> PickTree::blocksAcross(ViewPlane const& plane) const
+{
+    std::vector<std::uint32_t> places = {0};
+    for (std::size_t level = m_levels.size(); level-- > 0;) {
+        std::vector<Box> const& boxes = m_levels[level];
+        std::erase_if(places, [&](std::uint32_t place) {
+            return !isAcross(boxes[place].low, boxes[place].high, plane);
+        });
+        if (level == 0)
+            break;
+        std::vector<std::uint32_t> below;
+        below.reserve(2 * places.size());
+        for (std::uint32_t const place : places)
+            for (std::uint32_t const child : {2 * place, 2 * place + 1})
+                if (child < m_levels[level - 1].size())
+                    below.push_back(child);
+        places = std::move(below);
+    }
+    return places;
 }
 
 std::optional<PickTree::Hit> PickTree::firstHit(UMesh<float> const& mesh, Ray const& ray) const

@@ -2,15 +2,18 @@
 #pragma once
 
 #include "host/services/MeshArrays.h"
+#include "host/view/ViewPlane.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
 
-/// Finds the first triangle of a mesh in the way of a ray. Boxes in a binary tree over blocks of
-/// triangles along a space-filling curve; it takes about 14 bytes per triangle and reads the
-/// corners from the mesh.
+/// Finds the first triangle of a mesh in the way of a ray, and those near a plane. Boxes in a
+/// binary tree over blocks of triangles along a space-filling curve; it takes about 14 bytes per
+/// triangle and reads the corners from the mesh.
 class PickTree
 {
 public:
@@ -20,6 +23,12 @@ public:
         UVector3<double> direction;
         /// Triangles that are seen from behind are not hit.
         bool onlyFront = false;
+        /// What is hit lies between these, in lengths of the direction.
+        double nearest = 0;
+        double farthest = std::numeric_limits<double>::infinity();
+
+        /// Leaves what lies on the plane and on the side that its normal points away from.
+        void limitBelow(ViewPlane const& plane);
     };
 
     struct Hit
@@ -31,6 +40,8 @@ public:
 
     /// cost  linear in the triangles, on all cores
     explicit PickTree(MeshKernel const& kernel);
+    /// mesh  a copy of the kernel's, in the coordinates of the records
+    PickTree(MeshKernel const& kernel, MeshArrays const& mesh);
 
     /// Made from the mesh that the kernel has now, which has kept its number of triangles. Records
     /// that were moved in place do not show here.
@@ -39,6 +50,19 @@ public:
     /// The hit nearest to the origin, in the coordinates of the records. The mesh is that of the
     /// kernel it was made from.
     std::optional<Hit> firstHit(UMesh<float> const& mesh, Ray const& ray) const;
+
+    /// Calls the visitor for all triangles that a plane meets, and for some beside it.
+    template <typename Visitor>
+    void forTrianglesNear(ViewPlane const& plane, Visitor const& visit) const
+    {
+        if (m_levels.empty())
+            return;
+        std::vector<std::uint32_t> const blocks = blocksAcross(plane);
+        for (std::size_t const block : blocks)
+            for (std::size_t i = block * blockSize;
+                 i < std::min((block + 1) * blockSize, m_order.size()); ++i)
+                visit(m_order[i]);
+    }
 
 private:
     struct Box
@@ -55,6 +79,7 @@ private:
 
     static constexpr std::size_t blockSize = 8;
 
+    std::vector<std::uint32_t> blocksAcross(ViewPlane const& plane) const;
     void addLevels(MeshArrays const& mesh);
     void testBlock(UMesh<float> const& mesh, std::size_t block, Ray const& ray,
                    std::optional<Hit>& best) const;

@@ -41,8 +41,14 @@ std::string_view linesOf(char letter)
             return "000606363645454444333303";
         case 'R':
             return "0006063636454544443333032340";
+        case 'S':
+            return "45363616160505040413133333424241413030101001";
         case 'T':
             return "20260646";
+        case 'U':
+            return "06010110103030414146";
+        case 'V':
+            return "06202046";
         default:
             return "";
     }

@@ -2,9 +2,12 @@
 #include "host/view/ViewScene.h"
 
 #include "host/view/MeshViewProvider.h"
+#include "platform/document/DocumentObject.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
 #include "platform/view/GraphicViewProvider.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -109,6 +112,19 @@ void ViewScene::release()
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
     m_device.reset();
+}
+
+bool ViewScene::hasSelection() const
+{
+    return std::any_of(m_providers.begin(), m_providers.end(), [](auto const* provider) {
+        return dynamic_cast<Mesh::ViewProvider const*>(provider) && provider->isShow() &&
+               provider->getObject()->isSelected();
+    });
+}
+
+bool ViewScene::hasTools() const
+{
+    return std::any_of(m_providers.begin(), m_providers.end(), isTool);
 }
 
 void ViewScene::paintProviders()

@@ -46,6 +46,9 @@ public:
 
     /// Null before initialize().
     DrawDevice* device() const { return m_device.get(); }
+    /// A part that is shown is selected.
+    bool hasSelection() const;
+    bool hasTools() const;
     void paintProviders();
     void paintItems();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,6 +33,13 @@ public:
     /// In the order of their registration.
     std::vector<Command*> getAllCommands() const;
 
+    /// What stands between a trigger and its command, and calls `run` or does not.
+    using Gate = std::function<void(Command& command, std::function<void()> const& run)>;
+    /// Every invocation goes through the gate; an empty one lets all pass.
+    void setGate(Gate gate);
+    /// Called by Command::invoke.
+    void pass(Command& command, std::function<void()> const& run);
+
     /// Enables the actions of the commands that are active now, and disables the others.
     void updateActions();
     void languageChange();
@@ -40,6 +48,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<Command>> m_commands;
+    Gate m_gate;
 };
 
 }  // namespace Base

@@ -10,6 +10,8 @@ class GLView;
 class MellViewSlider;
 }  // namespace Base
 
+class SideControlTab;
+
 /// The main window: parent of all message boxes, and holder of the view in front. The command line
 /// has none.
 class MainWindow : public MainWindowBase
@@ -21,6 +23,11 @@ public:
     static MainWindow* getInstance();
     /// The height slider, also without a window; never null.
     static Base::MellViewSlider* getViewSlider();
+
+    /// The pages beside the view, or null.
+    SideControlTab* getSideControl() const;
+    /// Makes it known, borrowed.
+    void setSideControl(SideControlTab* control);
 
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
@@ -40,4 +47,5 @@ signals:
 
 private:
     QPointer<Base::GLView> m_activeView;
+    QPointer<SideControlTab> m_sideControl;
 };

@@ -6,7 +6,7 @@
 
 class QLabel;
 
-/// A modal message with buttons.
+/// A modal message with buttons. Ctrl+C copies its text.
 class MellMessageBox : public QDialog
 {
     Q_OBJECT
@@ -37,6 +37,9 @@ public:
     /// The standard button that was pressed; for a box closed otherwise Cancel if there is such a
     /// button, else NoButton.
     int exec() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QLabel* m_text;

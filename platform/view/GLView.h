@@ -96,6 +96,12 @@ public:
     /// The box around what is shown, in world millimetres; null if there is nothing.
     virtual UBox3<float> getSceneBox(bool onlySelected) const;
 
+    /// Writes the picture to a PNG file, as large as the widget in device pixels. On failure a file
+    /// of that name stays as it was.
+    ///
+    /// reason  takes a sentence that says what to do
+    bool saveScreenshot(QString const& file, QString* reason = nullptr);
+
     // Called by view providers.
 
     void addViewProvider(ViewProvider* provider);
@@ -110,7 +116,8 @@ public:
     /// A click while no tool runs: with one, the selection is the tool's.
     virtual void clicked(QMouseEvent* event);
     /// Paints at once if the camera has been turned or moved since the last picture, so that the
-    /// tools see turns and moves one by one: they take them in different ways.
+    /// tools see turns and moves one by one: they take them in different ways. Without a tool it
+    /// does nothing.
     void paintPending();
 
     /// What draws in this view, for the host's own classes.
@@ -145,6 +152,7 @@ protected:
 private:
     void fit(UBox3<float> const& box);
     void applyProjection();
+    void paintBackground();
     void releaseGL();
 
     std::unique_ptr<GLCamera> m_camera;

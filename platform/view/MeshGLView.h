@@ -3,6 +3,9 @@
 
 #include "platform/mesh/UTriangle.h"
 #include "platform/view/GLView.h"
+#include "platform/view/LiveCut.h"
+
+#include <optional>
 
 namespace Mesh {
 
@@ -53,6 +56,19 @@ public:
     void setPlateSize(float widthMm, float depthMm);
     void setPlateVisible(bool visible);
 
+    /// The box around the parts that are shown, in world millimetres; null if there is none.
+    UBox3<float> getPartsBox() const;
+
+    /// Cuts the parts open for the eye; picks look through what is cut away. Tools are not cut.
+    void setLiveCut(std::optional<LiveCut> const& cut);
+    std::optional<LiveCut> const& liveCut() const { return m_liveCut; }
+
+    /// Shows the lines in which the plane z = height meets the visible parts, over the picture.
+    ///
+    /// height  world millimetres; none for no lines
+    void setSectionHeight(std::optional<float> height);
+    std::optional<float> const& sectionHeight() const { return m_sectionHeight; }
+
     UPoint3<float> turningPoint(QPoint position) const override;
     void clicked(QMouseEvent* event) override;
 
@@ -72,6 +88,8 @@ private:
     float m_plateWidth = 200;
     float m_plateDepth = 200;
     bool m_isPlateVisible = true;
+    std::optional<LiveCut> m_liveCut;
+    std::optional<float> m_sectionHeight;
     /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
     int m_hoveredView = -1;
     int m_pressedView = -1;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <numbers>
@@ -198,8 +199,33 @@ TEST(FreecutSection, ASectionTooSmallForAPinIsToldAndCutPlainly)
         << result.errors;
     auto const part = result.json()["parts"][0];
     EXPECT_TRUE(part["positions"].empty());
+    EXPECT_NE(part["warning"].get<std::string>().find("no room"), std::string::npos);
     ASSERT_EQ(part["pieces"].size(), 2u);
     EXPECT_NEAR(part["pieces"][0]["volume"].get<double>(), 12000, 12);
+}
+
+TEST(FreecutSection, ASectionTooSmallForALapJointIsToldAndCutPlainly)
+{
+    BlockFolder const folder;
+    std::string const sentence =
+        "the section has no room for a lap joint, so its halves are plain.";
+    for (Names const& options : std::vector<Names>{{"--side-distance", "15"},
+                                                   {"--based-on", "inner"},
+                                                   {"--side-distance", "100", "--dry-run"}}) {
+        Names all{"--lap-joint", "-o", "pieces", "--force", "--json", "report.json"};
+        all.insert(all.end(), options.begin(), options.end());
+        auto const result = folder.run(sectionOf({"block.stl"}, all));
+        ASSERT_EQ(result.status, 0) << result.errors;
+        EXPECT_EQ(result.errors.find("freecut: block.stl: " + sentence), 0u) << result.errors;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1);
+        auto const part = nlohmann::json::parse(folder.read("report.json"))["parts"][0];
+        EXPECT_EQ(part["warning"].get<std::string>().find(sentence), 0u);
+        if (options.back() == "--dry-run")
+            continue;
+        ASSERT_EQ(part["pieces"].size(), 2u);
+        EXPECT_NEAR(part["pieces"][0]["volume"].get<double>(), 12000, 1e-2);
+        EXPECT_NEAR(part["pieces"][1]["volume"].get<double>(), 1200 * 9.8, 1e-1);
+    }
 }
 
 TEST(FreecutSection, ADryRunMeasuresAndWritesNothing)

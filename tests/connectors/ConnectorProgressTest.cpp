@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <vector>
 
 using namespace ConnectorProgress;
@@ -38,4 +39,17 @@ TEST(ConnectorProgress, OverNoFunctionThereIsNone)
 {
     EXPECT_FALSE(stage({}, {0, 100}, 0, 1));
     EXPECT_FALSE(span({}, {0, 100}));
+}
+
+TEST(ConnectorProgress, APollReportsTheBeginningAgainNowAndThen)
+{
+    std::vector<int> values;
+    auto const poll = ConnectorProgress::poll(
+        ConnectorProgress::stage([&](int x) { values.push_back(x); }, {40, 0}, 1, 2));
+    auto const start = std::chrono::steady_clock::now();
+    while (values.size() < 3)
+        poll();
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(30));
+    EXPECT_EQ(values, (std::vector<int>{70, 70, 70}));
+    EXPECT_FALSE(ConnectorProgress::poll({}));
 }

@@ -33,5 +33,15 @@ Pieces cutWith(Paras const& paras, Soup const& soup, Freecut::PlaneGraphicObject
 std::vector<float> crossingsAlongZ(Soup const& soup, float x, float y);
 /// Where a line along X crosses a mesh.
 std::vector<float> crossingsAlongX(Soup const& soup, float y, float z);
+/// Where a line along Y crosses a mesh.
+std::vector<float> crossingsAlongY(Soup const& soup, float x, float z);
 /// Volume that two solids have in common.
 double commonVolume(Soup const& a, Soup const& b);
+
+/// Expects closed pieces that have nothing in common as they are and when their faces are put
+/// together, and whose volumes add up to the part's with what lies between them.
+///
+/// gap  from the lower face to the upper one
+void expectFit(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
+/// The same for pieces of many triangles, by volumes and along lines parallel to Z.
+void expectFitAlongLines(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);

@@ -62,6 +62,8 @@ TEST(LapJointCutter, TongueAndNotchKeepTheClearancesOnEverySide)
     // The sides of both, 2 mm from the contour and 0.25 mm apart.
     expectNear(crossingsAlongX(pieces.lower, 0.1f, 1.5f), {-28, 28});
     expectNear(crossingsAlongX(pieces.upper, 0.1f, 1.5f), {-30, -28.25f, 28.25f, 30});
+    expectNear(crossingsAlongY(pieces.lower, 0.1f, 1.5f), {-8, 8});
+    expectNear(crossingsAlongY(pieces.upper, 0.1f, 1.5f), {-10, -8.25f, 8.25f, 10});
     EXPECT_NEAR(volumeOf(pieces.lower), 60 * 20 * 20 + 56 * 16 * 3, 0.3);
     EXPECT_NEAR(volumeOf(pieces.upper), 60 * 20 * 19.8 - 56.5 * 16.5 * 3.1, 0.5);
     EXPECT_EQ(commonVolume(pieces.lower, pieces.upper), 0);

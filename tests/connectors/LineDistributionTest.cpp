@@ -98,6 +98,49 @@ TEST(LineDistribution, AroundACornerTheStraightDistanceCounts)
     expectPoints(points, {{0, 0, 0}, {6, 0, 0}, {8, y, 0}, {8, y + 6, 0}, {8, y + 12, 0}});
 }
 
+// Rows of the table in which a line leaves the circle behind its start, or has nothing of it ahead,
+// cannot come from points near a segment: the distances above show them alone.
+
+TEST(LineDistribution, WhereACircleLiesAheadTheLineIsFilledBackFromIt)
+{
+    // The line's first point is too near to the first one placed. Of the second one the circle
+    // begins at 20 - 4; from there the steps lead back until the first point is too near.
+    expectPoints(distributeAlongLines({{{-3, 0, 0}}, {{20, 3, 0}}, {{0, 0, 0}, {18, 0, 0}}}, 5),
+                 {{-3, 0, 0}, {20, 3, 0}, {16, 0, 0}, {11, 0, 0}, {6, 0, 0}});
+}
+
+TEST(LineDistribution, InsideACircleTheLineGoesOnWhereItLeavesIt)
+{
+    // Ahead of the start, beside the line: 3 + 4.
+    expectPoints(distributeAlongLines({{{3, 3, 0}}, {{0, 0, 0}, {20, 0, 0}}}, 5),
+                 {{3, 3, 0}, {7, 0, 0}});
+    // Behind the start, beside the line: -3 + sqrt(25 - 1).
+    expectPoints(distributeAlongLines({{{-3, 1, 0}}, {{0, 0, 0}, {4, 0, 0}}}, 5),
+                 {{-3, 1, 0}, {std::sqrt(24.0f) - 3, 0, 0}});
+    // Behind the start, in line with it.
+    expectPoints(distributeAlongLines({{{-3, 0, 0}}, {{0, 0, 0}, {4, 0, 0}}}, 5),
+                 {{-3, 0, 0}, {2, 0, 0}});
+}
+
+TEST(LineDistribution, ALineThatEndsInAPointIsFilledBackFromItsEnd)
+{
+    expectPoints(distributeAlongLines({{{-3, 0, 0}}, {{12, 0, 0}}, {{0, 0, 0}, {12, 0, 0}}}, 5),
+                 {{-3, 0, 0}, {12, 0, 0}, {7, 0, 0}, {2, 0, 0}});
+}
+
+TEST(LineDistribution, ASegmentWithinOneCircleStaysBare)
+{
+    expectPoints(distributeAlongLines({{{0, 0, 0}}, {{1, 0, 0}, {2, 1, 0}, {3, 0, 0}}}, 6),
+                 {{0, 0, 0}});
+}
+
+TEST(LineDistribution, ASegmentFarFromAllPointsBeginsWithItsFirstPoint)
+{
+    // The first segment has a point where it leaves the circle beside it, and no step beyond.
+    expectPoints(distributeAlongLines({{{3, 3, 0}}, {{0, 0, 0}, {20, 0, 0}, {20, 16, 0}}}, 5),
+                 {{3, 3, 0}, {7, 0, 0}, {20, 0, 0}, {20, 5, 0}, {20, 10, 0}, {20, 15, 0}});
+}
+
 TEST(LineDistribution, ARepeatedPointIsPassed)
 {
     expectPoints(

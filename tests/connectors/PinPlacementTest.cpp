@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/PinPlacement.h"
 #include "platform/geometry/MellMath.h"
+#include "platform/jobs/Exceptions.h"
 #include "tests/connectors/ConnectorScene.h"
 
 #include <gtest/gtest.h>
@@ -187,5 +188,28 @@ TEST(PinPlacement, OfManyContourPointsKeepsItsDistances)
         EXPECT_GE(leastDistance(positions), 6 - 2e-3f);
         for (Point const& p : positions)
             EXPECT_GT(distanceFrom(section->contours, p), isSidedis ? 3.99f : 2.11f);
+    }
+}
+
+TEST(PinPlacement, CanBeCancelledAtAnyPoll)
+{
+    auto const section = sectionOf(commonSections()[3].second);
+    PlaneFrame const frame = frameOf(*planeAt({0, 0, 0}));
+    for (bool const isSidedis : {false, true}) {
+        PinHoleParas paras;
+        paras.isSidedis = isSidedis;
+        auto const pollsUntil = [&](int cancelAt) {
+            int polls = 0;
+            PinPlacement const placement(paras, frame, [&] {
+                if (++polls == cancelAt)
+                    throw Mell::AbortException("Aborting...");
+            });
+            EXPECT_FALSE(placement.computePositions(section->contours, &section->cap).empty());
+            return polls;
+        };
+        int const count = pollsUntil(0);
+        EXPECT_GE(count, 60);
+        for (int const n : {1, 2, count / 2, count - 1})
+            EXPECT_THROW(pollsUntil(n), Mell::AbortException) << n;
     }
 }

@@ -45,6 +45,23 @@ struct SectionRun
 
 Soup const block = box(30, 30, 30);
 
+SECTIONCUTTYPE const allTypes[] = {SECTIONCUT_PLANE, SECTIONCUT_PINHOLE, SECTIONCUT_LAPJOINT};
+
+bool isConnectorCut(SECTIONCUTTYPE type)
+{
+    return type != SECTIONCUT_PLANE;
+}
+
+/// How many values a cut of two parts reports.
+int reportCount(SECTIONCUTTYPE type)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    SectionRun run({test.add(block, "a"), test.add(block, "b")}, type);
+    run.worker.doWork();
+    return int(sink->values().size());
+}
+
 }  // namespace
 
 TEST(SectionCutImp, ThePieceTheNormalPointsToComesFirst)
@@ -81,12 +98,40 @@ TEST(SectionCutImp, ASecondJobStartsAnew)
     TestDocument test;
     auto* const a = test.add(block, "a");
     auto* const b = test.add(block, "b");
-    SectionRun run({a});
-    run.worker.doWork();
-    run.worker.setObjects({b});
-    run.worker.doWork();
-    EXPECT_EQ(run.worker.getResult().size(), 1u);
-    EXPECT_EQ(run.worker.getResult().count(b), 1u);
+    for (SECTIONCUTTYPE const type : allTypes) {
+        SectionRun run({a}, type);
+        run.worker.doWork();
+        auto const first = soupOf(*run.worker.getResult().at(a)[0]);
+        run.worker.setObjects({b});
+        run.worker.doWork();
+        EXPECT_EQ(run.events, (Events{"true", "true"}));
+        EXPECT_EQ(run.worker.getResult().size(), 1u);
+        ASSERT_EQ(run.worker.getResult().at(b).size(), 2u);
+        auto const second = soupOf(*run.worker.getResult().at(b)[0]);
+        EXPECT_EQ(first.points, second.points);
+        EXPECT_EQ(first.triangles, second.triangles);
+    }
+}
+
+TEST(SectionCutImp, ThreePartsAreCutInOneJob)
+{
+    TestDocument test;
+    std::vector<Mesh::DocumentObject*> parts;
+    for (float const z : {-10.0f, 0.0f, 5.0f})
+        parts.push_back(test.add(box(30, 30, 30, {0, 0, z}), "part"));
+    for (SECTIONCUTTYPE const type : allTypes) {
+        SectionRun run(parts, type);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"true"});
+        ASSERT_EQ(run.worker.getResult().size(), 3u);
+        for (auto const& [part, pieces] : run.worker.getResult()) {
+            ASSERT_EQ(pieces.size(), 2u);
+            for (auto const& piece : pieces)
+                EXPECT_EQ(closedSolidFaults(*piece), "");
+            double const loss = 27000 - volumeOf(soupOf(*pieces[0])) - volumeOf(soupOf(*pieces[1]));
+            EXPECT_NEAR(loss, 0, isConnectorCut(type) ? 0.02 * 27000 : 1e-2);
+        }
+    }
 }
 
 TEST(SectionCutImp, WithoutPartsTheResultIsEmpty)
@@ -102,10 +147,33 @@ TEST(SectionCutImp, WithoutPartsTheResultIsEmpty)
 TEST(SectionCutImp, APartThatThePlaneDoesNotCrossIsOnePiece)
 {
     TestDocument test;
-    auto* const part = test.add(box(5, 5, 5), "part");
-    SectionRun run({part});
-    run.worker.doWork();
-    EXPECT_EQ(run.worker.getResult().at(part).size(), 1u);
+    auto* const missed = test.add(box(5, 5, 5), "missed");
+    auto* const cut = test.add(block, "cut");
+    for (SECTIONCUTTYPE const type : allTypes) {
+        SectionRun run({missed, cut}, type);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"true"});
+        ASSERT_EQ(run.worker.getResult().at(missed).size(), 1u);
+        EXPECT_EQ(volumeOf(soupOf(*run.worker.getResult().at(missed)[0])), 125);
+        EXPECT_EQ(run.worker.getResult().at(cut).size(), 2u);
+    }
+}
+
+TEST(SectionCutImp, APartWithinTheGapBetweenTheFacesVanishes)
+{
+    TestDocument test;
+    auto* const thin = test.add(box(5, 5, 0.1f, {0, 0, 10.05f}), "thin");
+    auto* const cut = test.add(block, "cut");
+    for (SECTIONCUTTYPE const type : {SECTIONCUT_PINHOLE, SECTIONCUT_LAPJOINT}) {
+        SectionRun run({thin, cut}, type);
+        PinHoleParas pins;
+        pins.faceclearance = 0.2f;
+        run.worker.setPinHoleParas(pins);
+        run.worker.doWork();
+        EXPECT_EQ(run.events, Events{"true"});
+        EXPECT_EQ(run.worker.getResult().size(), 1u);
+        EXPECT_EQ(run.worker.getResult().count(thin), 0u);
+    }
 }
 
 TEST(SectionCutImp, WithBoundaryAPartOutsideTheRectangleIsOnePiece)
@@ -174,6 +242,36 @@ TEST(SectionCutImp, ACancelledConnectorCutIsLoggedThreeTimesAndLeavesNothing)
         EXPECT_TRUE(run.worker.getResult().empty());
         EXPECT_EQ(console.lines(), Events(3, "Command Abort."));
     }
+}
+
+TEST(SectionCutImp, ACancelAtAnyReportEndsTheProcess)
+{
+    for (SECTIONCUTTYPE const type : allTypes)
+        for (int n = 1, count = reportCount(type); n <= count; ++n) {
+            SCOPED_TRACE(testing::Message() << "type " << type << " report " << n);
+            TestDocument test;
+            PluggedSink const sink;
+            ConsoleLines const console;
+            int reports = 0;
+            sink->onProgress = [&](RecordingSink& s, int) {
+                if (++reports == n)
+                    s.cancel();
+            };
+            SectionRun run({test.add(block, "a"), test.add(block, "b")}, type);
+            run.worker.doWork();
+            // A request that comes with the last report comes too late.
+            if (reports < n + 1 && run.events == Events{"true"})
+                continue;
+            EXPECT_EQ(run.events, Events{"process end"});
+            EXPECT_EQ(reports, n);
+            if (isConnectorCut(type)) {
+                EXPECT_TRUE(run.worker.getResult().empty());
+                EXPECT_GE(console.lines().size(), 2u);
+            }
+            EXPECT_LE(console.lines().size(), isConnectorCut(type) ? 3u : 1u);
+            for (std::string const& line : console.lines())
+                EXPECT_EQ(line, "Command Abort.");
+        }
 }
 
 TEST(SectionCutImp, ACancelledPlainCutKeepsTheFinishedPiecesUntilTheNextJob)

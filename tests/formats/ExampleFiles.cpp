@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PartFiles.h"
+#include "platform/services/Repair.h"
 #include "tests/support/Soup.h"
 #include "tests/support/Validator.h"
 
@@ -26,6 +27,9 @@ TEST(ExampleFiles, AreClosedSolidsOfTheSizeOfAHand)
         EXPECT_GT(volumeOf(soup), 0);
         EXPECT_EQ(componentsOf(soup), 1u);
         EXPECT_EQ(eulerNumberOf(soup), eulerNumber);
+        EXPECT_EQ(Repair::EvaluateErrors(parts[0].kernel.get())
+                      .evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, {}),
+                  0u);
         UBox3<float> const& box = parts[0].kernel->GetBox();
         EXPECT_FLOAT_EQ(box.MinZ(), 0);
         float const longest =

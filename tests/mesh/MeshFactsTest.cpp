@@ -43,6 +43,7 @@ TEST(MeshFacts, AMeshWithABorderIsOpenAndItsVolumeThatOfConesToTheOrigin)
     Soup const open = openBox(2, 3, 4);
     MeshFacts const facts = measureMesh(*kernelOf(open));
     EXPECT_FALSE(facts.closed);
+    EXPECT_EQ(facts.openEdges, 4u);
     EXPECT_NEAR(facts.volume, volumeOf(open), 1e-9);
 }
 

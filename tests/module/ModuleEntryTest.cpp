@@ -48,6 +48,18 @@ TEST(ModuleEntry, EntersTheToolObjectsUnderTheirParents)
     }
 }
 
+TEST(ModuleEntry, EntersTheViewProvidersUnderTheirParents)
+{
+    LoadedModule const module;
+    for (auto const& [name, parent] :
+         {std::pair("GraphicViewProvider", "Base::GraphicViewProvider"),
+          {"PlaneViewProvider", "Freecut::GraphicViewProvider"}}) {
+        Base::Type const type = Base::Type::fromName(std::string("Freecut::") + name);
+        ASSERT_FALSE(type.isBad()) << name;
+        EXPECT_EQ(type.getParent().getName(), parent) << name;
+    }
+}
+
 TEST(ModuleEntry, MakesToolObjectsByName)
 {
     LoadedModule const module;

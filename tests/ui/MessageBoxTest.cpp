@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -72,6 +74,15 @@ TEST(MessageBox, ClosedBoxAnswersWithTheEscapeButton)
 {
     EXPECT_EQ(ask(1, [](MellMessageBox& box) { box.close(); }), 1);
     EXPECT_EQ(ask(-1, [](MellMessageBox& box) { box.close(); }), 2);
+}
+
+TEST(MessageBox, CopyTakesTheText)
+{
+    MellMessageBox box(nullptr);
+    box.setText("Remove?");
+    QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+    QCoreApplication::sendEvent(&box, &copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Remove?");
 }
 
 TEST(MessageBox, AsAnObjectItAnswersWithTheStandardButton)

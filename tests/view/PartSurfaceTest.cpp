@@ -116,3 +116,21 @@ TEST(PlacedBack, PointsOnTheRayKeepTheirDistances)
         EXPECT_NEAR(world.Z(), expected.Z(), 1e-5);
     }
 }
+
+TEST(PartSurface, IsSolidIfItIsClosedAndFacesOutwardEverywhere)
+{
+    auto const isSolid = [](Soup const& soup) { return PartSurface(arraysOf(soup)).isSolid; };
+    EXPECT_TRUE(isSolid(box(4, 3, 2, {100, 0, 0})));
+    EXPECT_TRUE(isSolid(torus(20, 8, 30, 20)));
+    EXPECT_TRUE(isSolid(crossingBoxes()));
+    EXPECT_FALSE(isSolid(openBox(4, 3, 2)));
+    Soup inside = box(4, 3, 2);
+    inside.flip();
+    EXPECT_FALSE(isSolid(inside));
+    // One of two, small enough not to change the volume's sign.
+    inside.append(box(40, 30, 20, {50, 0, 0}));
+    EXPECT_FALSE(isSolid(inside));
+    Soup turned = box(4, 3, 2);
+    std::swap(turned.triangles[0][0], turned.triangles[0][1]);
+    EXPECT_FALSE(isSolid(turned));
+}

@@ -165,6 +165,10 @@ private:
     {
         using Numbers = std::vector<int>;
         using Range = tbb::blocked_range<std::size_t>;
+        std::vector<std::pair<float, std::size_t>> order;
+        for (std::size_t i = 0; i < points.size(); ++i)
+            order.emplace_back(points[i][1], i);
+        std::sort(order.begin(), order.end());
         return tbb::parallel_reduce(
             Range(0, m_part.triangles.size(), 4096), Numbers(points.size(), 0),
             [&](Range const& range, Numbers numbers) {
@@ -172,9 +176,10 @@ private:
                     Triangle const& triangle = *m_part.triangles[t];
                     UPoint3<float> const a = triangle.cP(0), b = triangle.cP(1), c = triangle.cP(2);
                     auto const [low, high] = std::minmax({a[1], b[1], c[1]});
-                    for (std::size_t i = 0; i < points.size(); ++i)
-                        if (points[i][1] >= low && points[i][1] <= high)
-                            numbers[i] += rayPassage(points[i], a, b, c);
+                    auto next = std::lower_bound(order.begin(), order.end(),
+                                                 std::pair(low, std::size_t(0)));
+                    for (; next != order.end() && next->first <= high; ++next)
+                        numbers[next->second] += rayPassage(points[next->second], a, b, c);
                 }
                 m_progress.add(0);
                 return numbers;

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/OrbeWindow.h"
+
+#include "app/JobGuard.h"
+#include "app/commands/CommandGate.h"
+#include "app/commands/EditCommands.h"
+#include "app/commands/FileCommands.h"
+#include "app/commands/PanelCommands.h"
+#include "app/commands/SelectCommands.h"
+#include "app/commands/ViewCommands.h"
+#include "app/commands/WindowCommands.h"
+#include "app/files/DocumentFiles.h"
+#include "app/files/FileDrop.h"
+#include "app/files/RecentMenu.h"
+#include "app/files/WindowFileQuestions.h"
+#include "app/files/WindowTitle.h"
+#include "app/jobs/JobProgressBar.h"
+#include "app/window/DockTitles.h"
+#include "app/window/DocumentFollower.h"
+#include "app/window/NoticeBar.h"
+#include "app/window/PartPreparation.h"
+#include "app/window/StatusLine.h"
+#include "app/window/ToolLock.h"
+#include "app/window/ViewAppearance.h"
+#include "app/window/WindowMenus.h"
+#include "app/window/WindowPanels.h"
+#include "app/window/WindowSettings.h"
+#include "platform/document/Document.h"
+#include "platform/ui/Application.h"
+#include "platform/ui/CommandManager.h"
+#include "platform/ui/DialogWindowManager.h"
+#include "platform/ui/MellMessageBox.h"
+#include "platform/ui/MellViewSlider.h"
+#include "platform/view/MeshGLView.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDockWidget>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+char const* const geometryKey = "Window/Geometry";
+char const* const stateKey = "Window/State";
+/// Raised when docks or tool bars change so that stored places make no sense any more.
+constexpr int stateVersion = 1;
+constexpr QSize defaultSize(1280, 800);
+constexpr int isometricView = 6;
+
+}  // namespace
+
+OrbeWindow::OrbeWindow() : OrbeWindow(std::make_unique<WindowFileQuestions>()) {}
+
+OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
+{
+    setObjectName(QStringLiteral("OrbeWindow"));
+    setDockNestingEnabled(true);
+    setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    buildCentre();
+    buildStatusLine();
+    buildFiles(std::move(questions));
+    m_dockTitles = new DockTitles(*this);
+    m_panels = new WindowPanels(*this);
+    buildCommands();
+    buildMenus();
+    followDocument();
+    setActiveGLView(m_view);
+    connect(JobGuard::instance(), &JobGuard::busyChanged, this, &OrbeWindow::jobsChanged);
+    restorePlaces();
+    retranslate();
+}
+
+OrbeWindow::~OrbeWindow()
+{
+    // Waits for a job that still runs, while all that it reports to is there.
+    delete m_files;
+    setActiveGLView(nullptr);
+}
+
+void OrbeWindow::buildCentre()
+{
+    auto* const centre = new QWidget(this);
+    m_view = new Mesh::GLView(centre);
+    m_view->setMinimumSize(200, 150);
+    m_notices = new NoticeBar(centre);
+    m_viewRow = new QHBoxLayout;
+    m_viewRow->setSpacing(0);
+    m_viewRow->addWidget(m_view, 1);
+    auto* const column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_notices);
+    column->addLayout(m_viewRow, 1);
+    setCentralWidget(centre);
+    new ToolLock(*m_view);
+    m_view->OnViewType(isometricView);
+    m_appearance = new ViewAppearance(*m_view, this);
+}
+
+void OrbeWindow::buildStatusLine()
+{
+    m_status = new StatusLine(this);
+    setStatusBar(m_status);
+}
+
+void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
+{
+    m_files = new DocumentFiles(std::move(questions), this);
+    m_preparation = std::make_unique<PartPreparation>(*m_files);
+    new FileDrop(this, *m_files);
+    new WindowTitle(this, *m_files);
+}
+
+void OrbeWindow::buildCommands()
+{
+    Base::CommandManager& manager = Application::Instance->commandManager();
+    registerFileCommands(manager, *m_files);
+    registerEditCommands(manager);
+    registerSelectCommands(manager);
+    registerViewCommands(manager, *m_appearance);
+    registerPanelCommands(manager, *m_panels, *m_appearance);
+    registerWindowCommands(manager);
+    m_gate = new CommandGate(manager, this);
+    connect(m_gate, &CommandGate::refused, this,
+            [this](QString const& reason) { m_status->showMessage(reason, 5000); });
+    connect(m_appearance, &ViewAppearance::changed, m_gate, &CommandGate::refreshLater);
+    connect(this, &MainWindow::signalUpdateToolbuttonState, this, &OrbeWindow::refresh);
+}
+
+void OrbeWindow::buildMenus()
+{
+    m_menus = new WindowMenus(*this, Application::Instance->commandManager());
+    m_menus->setRecentFiles(new RecentMenu(*m_files, this));
+    connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
+    connect(m_menus, &WindowMenus::filled, this, [this] {
+        for (QDockWidget* const dock :
+             findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            m_menus->windowMenu()->addAction(dock->toggleViewAction());
+    });
+    m_menus->fill();
+}
+
+void OrbeWindow::followDocument()
+{
+    m_follower = new DocumentFollower(this);
+    auto const show = [this](Base::Document* document) {
+        m_view->setDocument(document);
+        m_appearance->setDocument(document);
+        getViewSlider()->refresh();
+    };
+    connect(m_follower, &DocumentFollower::replaced, this, show);
+    connect(m_follower, &DocumentFollower::changed, this, &OrbeWindow::refresh);
+    show(m_follower->document());
+}
+
+void OrbeWindow::restorePlaces()
+{
+    if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
+        resize(defaultSize);
+    m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
+}
+
+void OrbeWindow::showEvent(QShowEvent* event)
+{
+    MainWindow::showEvent(event);
+    // Docks take a size only in a window that has one.
+    if (!m_hasStoredPlaces)
+        m_panels->resizeDocks();
+    m_hasStoredPlaces = true;
+}
+
+void OrbeWindow::commandsAdded()
+{
+    m_menus->fill();
+    m_gate->refresh();
+}
+
+QDockWidget* OrbeWindow::addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area)
+{
+    auto* const dock = new QDockWidget(panel->windowTitle(), this);
+    dock->setObjectName(name);
+    dock->setWidget(panel);
+    connect(panel, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);
+    addDockWidget(area, dock);
+    m_dockTitles->add(dock);
+    if (m_menus)
+        m_menus->windowMenu()->addAction(dock->toggleViewAction());
+    return dock;
+}
+
+void OrbeWindow::addBesideView(QWidget* widget)
+{
+    m_viewRow->addWidget(widget);
+}
+
+void OrbeWindow::addNotice(QString const& message)
+{
+    m_notices->add(message);
+}
+
+void OrbeWindow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    MainWindow::changeEvent(event);
+}
+
+void OrbeWindow::retranslate()
+{
+    Application::Instance->commandManager().languageChange();
+    m_menus->retranslate();
+    m_panels->retranslate();
+    refresh();
+}
+
+void OrbeWindow::keyPressEvent(QKeyEvent* event)
+{
+    // A tool that makes use of the key does not let it come here.
+    if (event->key() == Qt::Key_Escape && !m_view->getInteractModeName().empty())
+        m_view->stopSelection();
+    else
+        MainWindow::keyPressEvent(event);
+}
+
+void OrbeWindow::refresh()
+{
+    m_status->refresh(*m_view, m_follower->document());
+    m_gate->refresh();
+    getViewSlider()->refresh();
+}
+
+void OrbeWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    if (m_isAskingToClose)
+        return;
+    m_isAskingToClose = true;
+    bool const mayClose = (!JobGuard::instance()->isBusy() || mayCloseDuringJob()) &&
+                          m_files->mayDiscard() && DialogWindowManager::instance()->closeAll();
+    m_isAskingToClose = false;
+    if (!mayClose)
+        return;
+    WindowSettings::setBytes(geometryKey, saveGeometry());
+    WindowSettings::setBytes(stateKey, saveState(stateVersion));
+    event->accept();
+}
+
+// True if the job has ended meanwhile.
+bool OrbeWindow::mayCloseDuringJob()
+{
+    enum Answer
+    {
+        Finish,
+        Cancel,
+        KeepOpen
+    };
+    if (m_closesAfterJob)
+        return false;
+    int const answer = MellMessageBox::warning(
+        this, tr("A job is running"),
+        tr("Close the window when the job has finished, or cancel the job and close it?"),
+        tr("Finish and Close"), tr("Cancel and Close"), tr("Keep Open"), KeepOpen, KeepOpen);
+    if (answer == KeepOpen)
+        return false;
+    if (!JobGuard::instance()->isBusy())
+        return true;
+    m_closesAfterJob = true;
+    if (answer == Cancel)
+        m_status->progress().cancel();
+    return false;
+}
+
+void OrbeWindow::jobsChanged(bool busy)
+{
+    refresh();
+    if (busy || !m_closesAfterJob)
+        return;
+    m_closesAfterJob = false;
+    QTimer::singleShot(0, this, &QWidget::close);
+}

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/ui/MainWindow.h"
+
+#include <memory>
+
+class CommandGate;
+class DockTitles;
+class DocumentFiles;
+class DocumentFollower;
+class FileQuestions;
+class NoticeBar;
+class PartPreparation;
+class QDockWidget;
+class QHBoxLayout;
+class StatusLine;
+class ViewAppearance;
+class WindowMenus;
+class WindowPanels;
+
+namespace Mesh {
+class GLView;
+}
+
+/// The window that people work in: one view of the active document, menus, tool bar, panels in
+/// docks and the status line. The Application exists before it and after it.
+///
+/// Closing it while a job runs asks what to become of the job, and happens when the job has ended.
+/// There is one window per Application, since it registers the commands.
+class OrbeWindow : public MainWindow
+{
+    Q_OBJECT
+
+public:
+    OrbeWindow();
+    /// questions  how the user is asked about files
+    explicit OrbeWindow(std::unique_ptr<FileQuestions> questions);
+    ~OrbeWindow() override;
+
+    /// Shows commands that have been registered since, such as those of a module.
+    void commandsAdded();
+
+    /// Puts a panel, which the window then owns, into a dock.
+    ///
+    /// name  what the window remembers its place by
+    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area);
+    /// Puts a widget to the right of the view.
+    void addBesideView(QWidget* widget);
+
+    /// Shows a message in a strip above the view.
+    void addNotice(QString const& message);
+
+    Mesh::GLView& view() const { return *m_view; }
+    WindowMenus& menus() const { return *m_menus; }
+    WindowPanels& panels() const { return *m_panels; }
+    StatusLine& statusLine() const { return *m_status; }
+    DocumentFiles& files() const { return *m_files; }
+    NoticeBar& notices() const { return *m_notices; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void buildCentre();
+    void buildFiles(std::unique_ptr<FileQuestions> questions);
+    void buildCommands();
+    void buildMenus();
+    void buildStatusLine();
+    void followDocument();
+    void restorePlaces();
+
+    void retranslate();
+    void refresh();
+    bool mayCloseDuringJob();
+    void jobsChanged(bool busy);
+
+    Mesh::GLView* m_view = nullptr;
+    NoticeBar* m_notices = nullptr;
+    QHBoxLayout* m_viewRow = nullptr;
+    ViewAppearance* m_appearance = nullptr;
+    CommandGate* m_gate = nullptr;
+    WindowMenus* m_menus = nullptr;
+    DockTitles* m_dockTitles = nullptr;
+    WindowPanels* m_panels = nullptr;
+    StatusLine* m_status = nullptr;
+    DocumentFollower* m_follower = nullptr;
+    DocumentFiles* m_files = nullptr;
+    std::unique_ptr<PartPreparation> m_preparation;
+    bool m_hasStoredPlaces = false;
+    bool m_closesAfterJob = false;
+    bool m_isAskingToClose = false;
+};

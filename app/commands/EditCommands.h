@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace Base {
+class CommandManager;
+}
+
+/// Std_Undo, Std_Redo, Std_Delete, Std_Duplicate, Std_Group, Std_Ungroup, Std_Hide, Std_Show and
+/// Std_ShowAll. All but the first two are undo steps with a name.
+void registerEditCommands(Base::CommandManager& manager);

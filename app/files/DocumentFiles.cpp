@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/files/DocumentFiles.h"
+
+#include "host/document/DocumentProject.h"
+#include "platform/ui/Application.h"
+#include "platform/ui/MainWindow.h"
+#include "platform/view/GLView.h"
+
+#include <QFileInfo>
+#include <QTimer>
+
+#include <unordered_set>
+#include <utility>
+
+namespace {
+
+constexpr int retryMilliseconds = 50;
+/// Sentences in one message; a longer one would not fit on the screen.
+constexpr int mostSentences = 12;
+
+/// The names in a document, for new ones that differ from all of them.
+class TakenNames
+{
+public:
+    explicit TakenNames(Base::Document const& document)
+    {
+        for (Base::DocumentObject const* const object : document.getObjectArray())
+            m_names.insert(object->getName());
+    }
+
+    std::string make(std::string const& base)
+    {
+        std::string name = base;
+        for (int number = 1; !m_names.insert(name).second; ++number)
+            name = base + std::to_string(number);
+        return name;
+    }
+
+private:
+    std::unordered_set<std::string> m_names;
+};
+
+QString firstProject(QStringList const& files)
+{
+    for (QString const& file : files)
+        if (Formats::isProjectFile(systemPath(file)))
+            return file;
+    return {};
+}
+
+}  // namespace
+
+DocumentFiles::DocumentFiles(std::unique_ptr<FileQuestions> questions, QObject* parent)
+    : QObject(parent), m_questions(std::move(questions))
+{
+    Application::Instance->signalActiveDocument.connect(this,
+                                                        &DocumentFiles::activeDocumentChanged);
+    connect(&m_job, &FileJob::finished, this, &DocumentFiles::jobFinished);
+    connect(&m_job, &FileJob::finished, this, &DocumentFiles::openWaiting, Qt::QueuedConnection);
+    activeDocumentChanged();
+}
+
+DocumentFiles::~DocumentFiles() = default;
+
+void DocumentFiles::setPreparation(PartLoader::Preparation preparation)
+{
+    m_preparation = std::move(preparation);
+}
+
+void DocumentFiles::newDocument()
+{
+    if (mayDiscard())
+        replaceDocument({});
+}
+
+void DocumentFiles::open()
+{
+    openFiles(m_questions->filesToOpen());
+}
+
+void DocumentFiles::openFiles(QStringList const& files)
+{
+    for (QString const& file : files) {
+        QString const absolute = QFileInfo(file).absoluteFilePath();
+        if (!m_waiting.contains(absolute))
+            m_waiting.push_back(absolute);
+    }
+    openWaiting();
+}
+
+void DocumentFiles::openRecent(QString const& file)
+{
+    if (QFileInfo::exists(file)) {
+        openFiles({file});
+        return;
+    }
+    m_recent.remove(file);
+    m_questions->tell(
+        tr("The file \"%1\" is not there any more; it is taken off the list.").arg(file));
+}
+
+void DocumentFiles::openWaiting()
+{
+    if (m_waiting.isEmpty() || m_isAsking)
+        return;
+    if (JobGuard::instance()->isBusy()) {
+        QTimer::singleShot(retryMilliseconds, this, &DocumentFiles::openWaiting);
+        return;
+    }
+    QStringList const files = std::exchange(m_waiting, {});
+    QString const project = firstProject(files);
+    if (!project.isEmpty() && !mayDiscard())
+        return;
+    auto const loaded = std::make_shared<LoadedFiles>();
+    PartLoader const loader(files, project, m_preparation);
+    m_job.start(
+        QT_TRANSLATE_NOOP("JobGuard", "Opening files"),
+        [loader, loaded](FileJob::Progress const& progress) { *loaded = loader.load(progress); },
+        [this, loaded, project](JobOutcome const& outcome) {
+            if (outcome.isDone())
+                takeOver(*loaded, project);
+            else if (!outcome.problem.isEmpty())
+                tellLater(outcome.problem);
+        });
+}
+
+void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project)
+{
+    m_isTakingOver = true;
+    bool const wasEmpty = loaded.project || !document() || document()->getMeshObjects().empty();
+    if (loaded.project) {
+        Mesh::Document* const fresh = replaceDocument(project);
+        addProject(*fresh, std::move(*loaded.project));
+        fresh->clearHistory();
+        fresh->setModified(false);
+    }
+    if (!loaded.parts.empty())
+        addParts(loaded);
+    for (auto file = loaded.good.crbegin(); file != loaded.good.crend(); ++file)
+        m_recent.add(*file);
+    m_isTakingOver = false;
+    if (wasEmpty)
+        fitIntoView();
+    if (!loaded.good.isEmpty())
+        emit opened();
+
+    QStringList sentences = loaded.problems.mid(0, mostSentences);
+    int const more = loaded.problems.size() - sentences.size();
+    if (loaded.problems.size() > 1)
+        sentences.push_front(tr("%n files could not be opened:", nullptr, loaded.problems.size()));
+    if (more > 0)
+        sentences.push_back(tr("The same goes for %n more.", nullptr, more));
+    if (!sentences.isEmpty())
+        tellLater(sentences.join(QStringLiteral("\n\n")));
+}
+
+void DocumentFiles::addParts(LoadedFiles& loaded)
+{
+    Mesh::Document* const target = document() ? document() : replaceDocument({});
+    bool const holdsWork = target->isModified() || !m_projectFile.isEmpty();
+    QString const step = loaded.good.size() == 1
+                             ? tr("Open %1").arg(QFileInfo(loaded.good.front()).fileName())
+                             : tr("Open %n files", nullptr, loaded.good.size());
+    TakenNames names(*target);
+    target->openTransaction(step.toUtf8().constData());
+    for (std::unique_ptr<Mesh::DocumentObject>& part : loaded.parts) {
+        part->setName(names.make(part->getName()));
+        target->addObject(part.release(), nullptr, true);
+    }
+    target->commitTransaction();
+    if (holdsWork)
+        target->setModified(true);
+}
+
+Mesh::Document* DocumentFiles::replaceDocument(QString const& projectFile)
+{
+    Mesh::Document* const old = document();
+    MainWindow const* const window = MainWindow::getInstance();
+    Base::GLView* view = old ? old->getView() : nullptr;
+    if (!view && window)
+        view = window->activeGLView();
+    // A tool holds objects of the old document.
+    if (view)
+        view->stopSelection();
+    QString const name =
+        projectFile.isEmpty() ? tr("Untitled") : QFileInfo(projectFile).completeBaseName();
+    Mesh::Document* const fresh = Application::Instance->newDocument(name.toStdString());
+    if (view)
+        view->setDocument(fresh);
+    if (old)
+        Application::Instance->closeDocument(old);
+    m_projectFile = projectFile;
+    emit titleChanged();
+    return fresh;
+}
+
+void DocumentFiles::fitIntoView() const
+{
+    if (document() && document()->getView())
+        document()->getView()->fitAll();
+}
+
+void DocumentFiles::tellLater(QString const& text)
+{
+    // When the job has ended for everybody: the message waits for the user.
+    QMetaObject::invokeMethod(
+        this, [this, text] { m_questions->tell(text); }, Qt::QueuedConnection);
+}
+
+QString DocumentFiles::displayName() const
+{
+    return m_projectFile.isEmpty() ? tr("Untitled") : QFileInfo(m_projectFile).fileName();
+}
+
+bool DocumentFiles::isModified() const
+{
+    return document() && document()->isModified();
+}
+
+Mesh::Document* DocumentFiles::document() const
+{
+    return dynamic_cast<Mesh::Document*>(Application::Instance->activeDocument());
+}
+
+void DocumentFiles::activeDocumentChanged()
+{
+    Base::Document* const active = Application::Instance->activeDocument();
+    if (active == m_watched)
+        return;
+    if (m_watched) {
+        m_watched->signalStateChanged.disconnect(this);
+        m_watched->signalNewObject.disconnect(this);
+        m_watched->signalDelObject.disconnect(this);
+        m_watched->signalDocumentDeleted.disconnect(this);
+    }
+    m_watched = active;
+    m_projectFile.clear();
+    m_knownSteps = active ? active->undoNames().size() : 0;
+    if (active) {
+        active->signalStateChanged.connect(this, &DocumentFiles::stateChanged);
+        active->signalNewObject.connect(this, &DocumentFiles::objectAdded);
+        active->signalDelObject.connect(this, &DocumentFiles::objectDeleted);
+        active->signalDocumentDeleted.connect(this, &DocumentFiles::watchedDeleted);
+    }
+    emit titleChanged();
+}
+
+void DocumentFiles::watchedDeleted()
+{
+    m_watched = nullptr;
+}
+
+void DocumentFiles::stateChanged()
+{
+    std::size_t const steps = m_watched->undoNames().size();
+    bool const isNewStep = steps > m_knownSteps;
+    m_hasChangedMeanwhile = m_hasChangedMeanwhile || steps != m_knownSteps;
+    m_knownSteps = steps;
+    if (isNewStep && !m_isTakingOver)
+        m_watched->setModified(true);
+    emit titleChanged();
+}
+
+void DocumentFiles::objectAdded(Base::DocumentObject*)
+{
+    m_hasChangedMeanwhile = true;
+}
+
+void DocumentFiles::objectDeleted(Base::DocumentObject*, std::string)
+{
+    m_hasChangedMeanwhile = true;
+}

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/files/FileJob.h"
+#include "app/files/FileQuestions.h"
+#include "app/files/PartLoader.h"
+#include "app/files/RecentFiles.h"
+#include "platform/document/MeshDocument.h"
+
+#include <QObject>
+
+class PartExport;
+
+/// The one door through which documents and files meet: opening, saving and exporting, all in the
+/// background, one at a time; the project file of the active document; the question before unsaved
+/// work is lost; the recent files.
+///
+/// Mesh files add their parts to the active document, as one undo step. A project file takes the
+/// document's place, after the user was asked about unsaved work; of several that are opened
+/// together the first does, and the others are read as parts. What fails or is cancelled leaves the
+/// document as it was.
+///
+/// A document counts as modified when the caller of an operation says so or when an undo step comes
+/// or goes. Parts that were only opened into a document without a file and without changes can be
+/// opened again, so they are no unsaved work.
+///
+/// thread  the user interface thread
+class DocumentFiles : public QObject, public sigslot::has_slots<sigslot::single_threaded>
+{
+    Q_OBJECT
+
+public:
+    /// The application is there, and outlives this.
+    explicit DocumentFiles(std::unique_ptr<FileQuestions> questions, QObject* parent = nullptr);
+    /// Waits for the job that runs; what it has read is dropped, what it writes is finished.
+    ~DocumentFiles() override;
+
+    /// Starts anew with an empty document, after the question about unsaved work.
+    void newDocument();
+
+    /// Asks for files and opens them.
+    void open();
+    /// Opens files, by paths that may be relative. While the application is busy they wait for
+    /// their turn. Files that cannot be read are told in one message; the others are opened.
+    void openFiles(QStringList const& files);
+    /// Opens a file of the recent ones; if it is not there any more, says so and forgets it.
+    void openRecent(QString const& file);
+
+    /// Saves the project to its file, or where the user says if it has none.
+    void save();
+    void saveAs();
+
+    /// Exports the selected parts or all of them, in the way the user says.
+    void exportParts(bool onlySelected);
+
+    /// Waits for running jobs, with events being handled, and then asks about unsaved work: true if
+    /// there is none, it was saved, or the user gives it up. To be called before the window closes.
+    bool mayDiscard();
+
+    /// The project file; empty if there is none.
+    QString const& projectFile() const { return m_projectFile; }
+    /// The name for the window's title.
+    QString displayName() const;
+    bool isModified() const;
+
+    RecentFiles& recentFiles() { return m_recent; }
+    /// Whether a file is being read or written, or waits for its turn.
+    bool isWorking() const { return m_job.isRunning() || !m_waiting.isEmpty(); }
+
+    /// What is to be done with every kernel that is read, on the loading thread, so that the first
+    /// picture need not wait for it. Not while a job runs.
+    void setPreparation(PartLoader::Preparation preparation);
+
+signals:
+    /// displayName() or isModified() has changed.
+    void titleChanged();
+    /// A job has ended and its result, if any, is in place.
+    void jobFinished();
+    /// Parts were added, or a project was opened.
+    void opened();
+
+private:
+    void openWaiting();
+    void takeOver(LoadedFiles& loaded, QString const& project);
+    void addParts(LoadedFiles& loaded);
+    Mesh::Document* replaceDocument(QString const& projectFile);
+    void fitIntoView() const;
+    void startSaving(QString const& file);
+    void finishSaving(QString const& file);
+    void startExport(std::shared_ptr<PartExport> parts);
+    void tellLater(QString const& text);
+    void waitUntilIdle();
+
+    Mesh::Document* document() const;
+    void activeDocumentChanged();
+    void watchedDeleted();
+    void stateChanged();
+    void objectAdded(Base::DocumentObject* object);
+    void objectDeleted(Base::DocumentObject* object, std::string className);
+
+    std::unique_ptr<FileQuestions> m_questions;
+    RecentFiles m_recent;
+    PartLoader::Preparation m_preparation;
+    QStringList m_waiting;
+    QString m_projectFile;
+    /// The document whose signals are heard.
+    Base::Document* m_watched = nullptr;
+    std::size_t m_knownSteps = 0;
+    bool m_isTakingOver = false;
+    bool m_isAsking = false;
+    /// Whether the document has changed since it was handed to the writer.
+    bool m_hasChangedMeanwhile = false;
+    /// Last, so that its thread ends before what it uses.
+    FileJob m_job;
+};

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// Where and how parts are to be exported.
+struct ExportPlan
+{
+    /// The file; with one file per part the folder.
+    QString path;
+    /// A name of the format registry, such as "stl".
+    QString format;
+    bool isOneFilePerPart = false;
+};
+
+/// What the file operations ask of the user. A test answers in its own way.
+///
+/// thread  the user interface thread
+class FileQuestions
+{
+public:
+    virtual ~FileQuestions() = default;
+
+    /// Files to open; empty if the user thinks better of it.
+    virtual QStringList filesToOpen() = 0;
+    /// The file to save a project in; empty for none. The user has agreed to its replacement.
+    ///
+    /// suggestion  a path or a file name
+    virtual QString projectToSave(QString const& suggestion) = 0;
+    /// How to export so many parts. The user has agreed to the replacement of a single file.
+    ///
+    /// suggestion  a file name without extension
+    virtual std::optional<ExportPlan> exportPlan(QString const& suggestion, int parts) = 0;
+    /// Whether files that exist may be replaced.
+    virtual bool mayReplace(QStringList const& files) = 0;
+
+    enum class Unsaved
+    {
+        Save,
+        Discard,
+        Cancel
+    };
+    /// What to do with the unsaved changes of a document.
+    virtual Unsaved aboutUnsaved(QString const& documentName) = 0;
+
+    /// Shows a message.
+    virtual void tell(QString const& text) = 0;
+};

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/files/PartLoader.h"
+
+#include "host/formats/PartFiles.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+
+std::filesystem::path systemPath(QString const& path)
+{
+    return std::filesystem::path(QFile::encodeName(path).toStdString());
+}
+
+PartLoader::PartLoader(QStringList files, QString project, Preparation preparation)
+    : m_files(std::move(files)),
+      m_project(std::move(project)),
+      m_preparation(std::move(preparation))
+{}
+
+LoadedFiles PartLoader::load(std::function<void(int)> const& progress) const
+{
+    std::vector<double> ends;
+    double total = 0;
+    for (QString const& file : m_files) {
+        // A file without a size must not take the whole range to itself.
+        total += double(std::max<qint64>(QFileInfo(file).size(), 1));
+        ends.push_back(total);
+    }
+    LoadedFiles loaded;
+    for (int i = 0; i < m_files.size(); ++i) {
+        double const start = i > 0 ? ends[std::size_t(i) - 1] : 0;
+        double const size = ends[std::size_t(i)] - start;
+        auto const scaled = [&](int percent) {
+            progress(int((start * 100 + size * std::clamp(percent, 0, 100)) / total));
+        };
+        try {
+            loadFile(m_files[i], loaded, scaled);
+            loaded.good.push_back(m_files[i]);
+        } catch (Mell::AbortException const&) {
+            throw;
+        } catch (Mell::Exception const& error) {
+            loaded.problems.push_back(QString::fromUtf8(error.what()));
+        }
+    }
+    progress(100);
+    return loaded;
+}
+
+void PartLoader::loadFile(QString const& file, LoadedFiles& loaded,
+                          std::function<void(int)> const& progress) const
+{
+    std::filesystem::path const path = systemPath(file);
+    if (file == m_project) {
+        loaded.project = Formats::readProject(path, progress);
+        for (Formats::ProjectObject const& object : *loaded.project)
+            if (object.kernel && m_preparation)
+                m_preparation(*object.kernel);
+        return;
+    }
+    // Nothing of a file is taken before all of it is ready.
+    std::vector<std::unique_ptr<Mesh::DocumentObject>> parts;
+    for (Formats::LoadedPart& part : Formats::readParts(path, progress))
+        parts.push_back(partFrom(std::move(part)));
+    std::ranges::move(parts, std::back_inserter(loaded.parts));
+}
+
+std::unique_ptr<Mesh::DocumentObject> PartLoader::partFrom(Formats::LoadedPart part) const
+{
+    auto object = std::make_unique<Mesh::DocumentObject>();
+    object->meshProperty->setMesh(std::shared_ptr<MeshKernel>(std::move(part.kernel)));
+    object->setName(std::move(part.name));
+    object->setColor(part.color);
+    if (m_preparation)
+        m_preparation(*object->meshProperty->getMesh());
+    return object;
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/formats/ProjectFile.h"
+#include "platform/document/MeshDocumentObject.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// What was read from files, ready to enter a document.
+struct LoadedFiles
+{
+    /// Of the project; not set if none was asked for or it could not be read.
+    std::optional<std::vector<Formats::ProjectObject>> project;
+    /// Parts with names, colours, meshes and boxes, in no document yet.
+    std::vector<std::unique_ptr<Mesh::DocumentObject>> parts;
+    /// The files that were read.
+    QStringList good;
+    /// One sentence for each file that was not.
+    QStringList problems;
+};
+
+/// Reads files on the thread of a job. Everything that takes long is done here, so that the user
+/// interface thread has only to hang the results into the document.
+class PartLoader
+{
+public:
+    /// Called with each kernel that was read, on the loading thread, for what others want to have
+    /// prepared of it.
+    using Preparation = std::function<void(MeshKernel const&)>;
+
+    /// project  one of the files that is to be read as a project; empty for none
+    PartLoader(QStringList files, QString project, Preparation preparation);
+
+    /// A file that cannot be read becomes a problem, and the others are read on.
+    ///
+    /// progress  percentages of the bytes of all files; what it throws is let pass, and everything
+    /// read so far is dropped
+    LoadedFiles load(std::function<void(int)> const& progress) const;
+
+private:
+    void loadFile(QString const& file, LoadedFiles& loaded,
+                  std::function<void(int)> const& progress) const;
+    std::unique_ptr<Mesh::DocumentObject> partFrom(Formats::LoadedPart part) const;
+
+    QStringList m_files;
+    QString m_project;
+    Preparation m_preparation;
+};
+
+/// A path as the file formats take it.
+std::filesystem::path systemPath(QString const& path);

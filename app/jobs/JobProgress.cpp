@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/jobs/JobProgress.h"
+
+#include "app/JobGuard.h"
+
+#include <algorithm>
+
+JobProgress::State JobProgress::state() const
+{
+    std::lock_guard const lock(m_lock);
+    if (m_displays.empty())
+        return {};
+    Display const& shown = m_displays.back();
+    return {true, shown.title, shown.percent, shown.canCancel, m_isCancelRequested};
+}
+
+void JobProgress::requestCancel()
+{
+    {
+        std::lock_guard const lock(m_lock);
+        if (m_displays.empty())
+            return;
+        m_isCancelRequested = true;
+    }
+    tell();
+}
+
+void JobProgress::setListener(std::function<void()> listener)
+{
+    std::lock_guard const lock(m_listenerLock);
+    m_listener = std::move(listener);
+}
+
+void JobProgress::begin(std::string const& title, std::uint64_t range)
+{
+    QString const text = QString::fromStdString(title);
+    {
+        std::lock_guard const lock(m_lock);
+        if (m_displays.empty())
+            m_isCancelRequested = false;
+        m_displays.push_back({text, range});
+    }
+    JobGuard::instance()->displayOpened(text);
+    tell();
+}
+
+void JobProgress::progress(std::uint64_t value)
+{
+    {
+        std::lock_guard const lock(m_lock);
+        if (m_displays.empty())
+            return;
+        Display& shown = m_displays.back();
+        std::uint64_t const reached = std::min(value, shown.range);
+        int const percent = shown.range == 0 ? 0 : int(double(reached) / double(shown.range) * 100);
+        if (percent == shown.percent)
+            return;
+        shown.percent = percent;
+    }
+    tell();
+}
+
+void JobProgress::setCancelEnabled(bool enabled)
+{
+    {
+        std::lock_guard const lock(m_lock);
+        if (!m_displays.empty())
+            m_displays.back().canCancel = enabled;
+    }
+    tell();
+}
+
+void JobProgress::end()
+{
+    {
+        std::lock_guard const lock(m_lock);
+        if (!m_displays.empty())
+            m_displays.pop_back();
+    }
+    JobGuard::instance()->displayClosed();
+    tell();
+}
+
+void JobProgress::tell()
+{
+    std::lock_guard const lock(m_listenerLock);
+    if (m_listener)
+        m_listener();
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+
+#include <vector>
+
+/// Moves and turns of parts as a user gives them by numbers, each as one named undo step. World
+/// millimetres and degrees. What would change nothing makes no step and returns false; a number
+/// that is not finite counts as nothing.
+///
+/// parts   of the document, each once
+/// thread  the user interface thread
+/// cost    one pass over the parts' vertices, for their boxes
+namespace PartPlacement {
+
+using Parts = std::vector<Mesh::DocumentObject*>;
+
+/// The box around parts; null without geometry.
+UBox3<float> boxOf(Parts const& parts);
+UPoint3<float> middleOf(UBox3<float> const& box);
+
+bool move(Mesh::Document& document, Parts const& parts, UVector3<float> const& offset);
+/// Turns about the x, then the y, then the z axis through the middle of the parts' box.
+bool rotate(Mesh::Document& document, Parts const& parts, UVector3<double> const& degrees);
+/// Lets every part down, or up, until it stands on the plane z = 0.
+bool dropToPlate(Mesh::Document& document, Parts const& parts);
+/// Moves the parts together until the middle of their box is over the origin.
+bool centreOnPlate(Mesh::Document& document, Parts const& parts);
+
+}  // namespace PartPlacement

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/panels/ViewPreferences.h"
+
+#include "platform/ui/Settings.h"
+#include "platform/view/MeshGLView.h"
+
+#include <QCoreApplication>
+#include <QSettings>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+QString const navigationKey = QStringLiteral("/View/navigation");
+QString const plateWidthKey = QStringLiteral("/View/plateWidth");
+QString const plateDepthKey = QStringLiteral("/View/plateDepth");
+/// In the order of the presets.
+std::array<QString, 3> const navigationNames{"turnByRight", "turnByMiddle", "moveByRight"};
+
+class Settings : public QSettings
+{
+public:
+    Settings()
+        : QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
+                    getSettingName())
+    {}
+};
+
+double storedPlate(QString const& key)
+{
+    bool isNumber = false;
+    double const value = Settings().value(key).toDouble(&isNumber);
+    bool const isSense = isNumber && value >= ViewPreferences::smallestPlateMm &&
+                         value <= ViewPreferences::largestPlateMm;
+    return isSense ? value : ViewPreferences::defaultPlateMm;
+}
+
+double bounded(double millimetres)
+{
+    // In this order a NaN becomes the smallest.
+    return std::min(std::max(ViewPreferences::smallestPlateMm, millimetres),
+                    ViewPreferences::largestPlateMm);
+}
+
+}  // namespace
+
+ViewPreferences::ViewPreferences(Mesh::GLView& view, QObject* parent)
+    : QObject(parent), m_view(view), m_plate(storedPlate(plateWidthKey), storedPlate(plateDepthKey))
+{
+    QString const name = Settings().value(navigationKey).toString();
+    auto const place = std::find(navigationNames.begin(), navigationNames.end(), name);
+    if (place != navigationNames.end())
+        m_navigation = Preset(place - navigationNames.begin());
+    apply();
+}
+
+void ViewPreferences::setNavigation(Preset preset)
+{
+    m_navigation = preset;
+    Settings().setValue(navigationKey, navigationNames[std::size_t(preset)]);
+    apply();
+}
+
+void ViewPreferences::setPlateSize(QSizeF const& millimetres)
+{
+    m_plate = {bounded(millimetres.width()), bounded(millimetres.height())};
+    Settings().setValue(plateWidthKey, m_plate.width());
+    Settings().setValue(plateDepthKey, m_plate.height());
+    apply();
+}
+
+void ViewPreferences::apply()
+{
+    m_view.navigationStyle()->setPreset(m_navigation);
+    m_view.setPlateSize(float(m_plate.width()), float(m_plate.height()));
+    m_view.redraw();
+}

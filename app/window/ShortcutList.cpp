@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/ShortcutList.h"
+
+#include "platform/ui/Action.h"
+#include "platform/ui/Command.h"
+#include "platform/ui/CommandManager.h"
+#include "platform/ui/MellLineEdit.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QKeySequence>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
+    : QDialog(parent), m_list(new QTreeWidget(this))
+{
+    setObjectName(QStringLiteral("ShortcutList"));
+    setWindowTitle(tr("Keyboard and Mouse"));
+    m_list->setColumnCount(2);
+    m_list->setHeaderLabels({tr("What it does"), tr("Keys")});
+    m_list->setRootIsDecorated(false);
+    m_list->setAlternatingRowColors(true);
+    m_list->setSelectionMode(QAbstractItemView::NoSelection);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    m_list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
+    m_list->header()->setStretchLastSection(false);
+    addCommands(manager);
+    addMouse();
+
+    auto* const search = new MellLineEdit(this);
+    search->setObjectName(QStringLiteral("Search"));
+    search->setPlaceholderText(tr("Search"));
+    search->setClearButtonEnabled(true);
+    connect(search, &QLineEdit::textChanged, this, &ShortcutList::filter);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(search);
+    column->addWidget(m_list);
+    column->addWidget(buttons);
+    int const unit = fontMetrics().height();
+    resize(unit * 30, unit * 36);
+}
+
+void ShortcutList::addCommands(Base::CommandManager const& manager)
+{
+    for (Base::Command* const command : manager.getAllCommands()) {
+        Base::Action const* const action = command->getAction();
+        QKeySequence const keys = action ? action->getQAction()->shortcut() : QKeySequence();
+        // Not the action's text, which may name the step that would be undone.
+        QString const text = QCoreApplication::translate(
+            command->className(), command->getMenuText().toUtf8().constData());
+        if (!keys.isEmpty())
+            new QTreeWidgetItem(
+                m_list, {QString(text).remove('&'), keys.toString(QKeySequence::NativeText)});
+    }
+}
+
+void ShortcutList::addMouse()
+{
+    QStringList const rows[] = {
+        {tr("End the tool, or cancel the job"), tr("Esc")},
+        {tr("Select a part; with Ctrl, one more"), tr("Left click")},
+        {tr("Orbit about the point under the mouse"), tr("Drag with the right button")},
+        {tr("Move the view"), tr("Drag with the middle button, or right with Shift")},
+        {tr("Zoom to the mouse"), tr("Wheel")},
+        {tr("Turn to a standard view"), tr("Click on the cube")},
+    };
+    for (QStringList const& row : rows)
+        new QTreeWidgetItem(m_list, row);
+}
+
+void ShortcutList::filter(QString const& text)
+{
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const item = m_list->topLevelItem(i);
+        bool const isFound = item->text(0).contains(text, Qt::CaseInsensitive) ||
+                             item->text(1).contains(text, Qt::CaseInsensitive);
+        item->setHidden(!isFound);
+    }
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+namespace Base {
+class CommandManager;
+}
+
+class QTreeWidget;
+
+/// All keys that do something: those of the commands, as they are now, and those of the mouse and
+/// the view, with a field to search them.
+class ShortcutList : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ShortcutList(Base::CommandManager const& manager, QWidget* parent);
+
+private:
+    void addCommands(Base::CommandManager const& manager);
+    void addMouse();
+    void filter(QString const& text);
+
+    QTreeWidget* m_list;
+};

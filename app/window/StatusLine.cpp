@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/StatusLine.h"
+
+#include "app/jobs/JobProgressBar.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/view/GLView.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+
+namespace {
+
+struct ToolHint
+{
+    char const* toolClass;
+    char const* text;
+};
+
+constexpr ToolHint toolHints[] = {
+    {"Base::RectangleSelection",
+     QT_TRANSLATE_NOOP("StatusLine",
+                       "Drag a rectangle around the parts to select them; hold Ctrl "
+                       "to add to the selection. Esc ends the tool.")},
+    {"Mesh::PointPickerMesh",
+     QT_TRANSLATE_NOOP("StatusLine",
+                       "Click on a part to see the coordinates of that point. Esc "
+                       "ends the tool.")},
+    {"Freecut::PlanecutSelection",
+     QT_TRANSLATE_NOOP("StatusLine",
+                       "Click on a part to place the cutting plane. Esc ends the "
+                       "tool.")},
+    {"Freecut::PolygoncutSelection",
+     QT_TRANSLATE_NOOP("StatusLine",
+                       "Click the corners of the polygon on the parts; the first "
+                       "corner closes it.")},
+    {"Freecut::CylindercutSelection",
+     QT_TRANSLATE_NOOP("StatusLine", "Click on a part to place the middle of the cylinder.")},
+    {"Freecut::CuboidcutSelection",
+     QT_TRANSLATE_NOOP("StatusLine", "Click on a part to place the middle of the cuboid.")},
+};
+
+char const* const otherToolHint =
+    QT_TRANSLATE_NOOP("StatusLine", "Click on a part. Esc ends the tool.");
+char const* const noPartHint =
+    QT_TRANSLATE_NOOP("StatusLine", "Drop mesh files here, or open them from the File menu.");
+char const* const viewHint =
+    QT_TRANSLATE_NOOP("StatusLine", "Click a part to select it. Press ? for all shortcuts.");
+
+char const* hintFor(std::string const& toolClass, Base::Document const* document)
+{
+    for (ToolHint const& hint : toolHints)
+        if (toolClass == hint.toolClass)
+            return hint.text;
+    if (!toolClass.empty())
+        return otherToolHint;
+    return document && !document->getMeshObjects().empty() ? viewHint : noPartHint;
+}
+
+}  // namespace
+
+StatusLine::StatusLine(QWidget* parent)
+    : QStatusBar(parent),
+      m_hint(new QLabel(this)),
+      m_selection(new QLabel(this)),
+      m_progress(new JobProgressBar(this))
+{
+    m_hint->setObjectName(QStringLiteral("Hint"));
+    m_selection->setObjectName(QStringLiteral("SelectionSummary"));
+    // A long hint must not keep the window from being narrow.
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    addWidget(m_hint, 1);
+    addPermanentWidget(m_progress);
+    addPermanentWidget(m_selection);
+    setSizeGripEnabled(false);
+    keepHeight();
+}
+
+// The height with progress and without: otherwise the view would change its size, and draw all
+// parts anew, whenever a job begins or ends.
+void StatusLine::keepHeight()
+{
+    int const margin = fontMetrics().height() / 3;
+    setContentsMargins(margin, 0, margin, 0);
+    setFixedHeight(m_progress->sizeHint().height() + margin);
+}
+
+void StatusLine::changeEvent(QEvent* event)
+{
+    QStatusBar::changeEvent(event);
+    bool const changesSize =
+        event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange;
+    if (changesSize)
+        keepHeight();
+}
+
+void StatusLine::refresh(Base::GLView const& view, Base::Document const* document)
+{
+    m_hint->setText(tr(hintFor(view.getInteractModeName(), document)));
+    m_selection->setText(selectionSummary(dynamic_cast<Mesh::Document const*>(document)));
+}
+
+QString StatusLine::selectionSummary(Mesh::Document const* document)
+{
+    auto const selected =
+        document ? document->getSelectedMeshObjects() : std::vector<Mesh::DocumentObject*>();
+    if (selected.empty())
+        return {};
+    qulonglong triangles = 0;
+    for (Mesh::DocumentObject const* const part : selected)
+        if (MeshKernel const* const kernel = part->meshProperty->getMesh())
+            triangles += kernel->readMesh()->triangleCount;
+    QString const count = QLocale().toString(triangles);
+    return selected.size() == 1
+               ? tr("1 part, %1 triangles").arg(count)
+               : tr("%1 parts, %2 triangles").arg(QString::number(selected.size()), count);
+}
+
+QString StatusLine::hint() const
+{
+    return m_hint->text();
+}

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/WindowMenus.h"
+
+#include "platform/ui/Action.h"
+#include "platform/ui/Command.h"
+#include "platform/ui/CommandManager.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QWidgetAction>
+
+#include <string_view>
+
+namespace {
+
+// Entries are names of commands; "-" is a separator, and what begins with "#" a heading.
+
+struct Menu
+{
+    char const* title;
+    std::vector<char const*> entries;
+};
+
+char const* const recentFiles = "recent files";
+char const* const windowTitle = QT_TRANSLATE_NOOP("WindowMenus", "&Window");
+
+std::vector<Menu> const& menus()
+{
+    static std::vector<Menu> const all = {
+        {QT_TRANSLATE_NOOP("WindowMenus", "&File"),
+         {"Std_New", "Std_Open", recentFiles, "-", "Std_Save", "Std_SaveAs", "Std_Export",
+          "Std_ExportSelected", "-", "Std_Screenshot", "-", "Std_Quit"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Edit"),
+         {"Std_Undo", "Std_Redo", "-", "Std_Duplicate", "Std_Delete", "-", "Std_SelectAll",
+          "Std_SelectNone", "Std_InvertSelection", "-", "Std_RectangleSelect", "Std_PickPoint", "-",
+          "Std_Preferences"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&View"),
+         {"Std_View0", "Std_View1", "Std_View2", "Std_View3", "Std_View4", "Std_View5", "Std_View6",
+          "-", "Std_FitAll", "Std_FitSelection", "-", "Std_Perspective", "Std_Parallel", "-",
+          "Std_ShowEdges", "Std_ShowPlate", "-", "Std_CutView"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Part"),
+         {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-",
+          "Std_DropToPlate", "Std_CentreOnPlate", "-", "Std_Check", "Std_Repair"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Cut"),
+         {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
+          QT_TRANSLATE_NOOP("WindowMenus", "#With settings"), "Std_Sectioncut", "Std_Polygoncut"}},
+        {windowTitle, {"Std_FullScreen"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Help"),
+         {"Std_Shortcuts", "Std_Guide", "-", "Std_About"}},
+    };
+    return all;
+}
+
+// The two cuts at the end bear the same text and icon; the tool bar has the quick one.
+constexpr char const* toolBarEntries[] = {"Std_Open",
+                                          "Std_Save",
+                                          "-",
+                                          "Std_Undo",
+                                          "Std_Redo",
+                                          "-",
+                                          "Std_RectangleSelect",
+                                          "Std_PickPoint",
+                                          "-",
+                                          "Std_Duplicate",
+                                          "Std_Delete",
+                                          "Std_Group",
+                                          "Std_Hide",
+                                          "Std_ShowAll",
+                                          "-",
+                                          "Std_FitAll",
+                                          "Std_View6",
+                                          "Std_Perspective",
+                                          "Std_ShowEdges",
+                                          "Std_CutView",
+                                          "-",
+                                          "Std_zCut",
+                                          "Std_Polygoncut"};
+
+bool isSeparator(char const* entry)
+{
+    return std::string_view(entry) == "-";
+}
+
+}  // namespace
+
+WindowMenus::WindowMenus(QMainWindow& window, Base::CommandManager& manager)
+    : QObject(&window), m_mainWindow(window), m_manager(manager), m_toolBar(new QToolBar(&window))
+{
+    m_toolBar->setObjectName(QStringLiteral("MainToolBar"));
+    m_toolBar->setMovable(false);
+    m_toolBar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu);
+    window.addToolBar(Qt::TopToolBarArea, m_toolBar);
+}
+
+void WindowMenus::fill()
+{
+    // The menu bar keeps the menus that it shows no longer. Submenus come behind theirs.
+    while (!m_titles.empty()) {
+        delete m_titles.back().menu;
+        m_titles.pop_back();
+    }
+    m_headings.clear();
+    m_mainWindow.menuBar()->clear();
+    m_toolBar->clear();
+    fillMenus();
+    fillToolBar();
+    retranslate();
+    emit filled();
+}
+
+void WindowMenus::fillMenus()
+{
+    for (Menu const& entry : menus()) {
+        QMenu* const menu = addMenu(entry.title);
+        fillMenu(*menu, entry.entries.data(), int(entry.entries.size()));
+        if (entry.title == windowTitle)
+            m_window = menu;
+        else if (menu->isEmpty())
+            m_mainWindow.menuBar()->removeAction(menu->menuAction());
+    }
+}
+
+QMenu* WindowMenus::addMenu(char const* title)
+{
+    QMenu* const menu = m_mainWindow.menuBar()->addMenu(QString());
+    menu->setToolTipsVisible(true);
+    m_titles.push_back({menu, title});
+    connect(menu, &QMenu::aboutToShow, this, &WindowMenus::aboutToShow);
+    return menu;
+}
+
+void WindowMenus::fillMenu(QMenu& menu, char const* const* names, int count)
+{
+    // Separators and headings wait until an entry follows.
+    bool isSeparated = true;
+    char const* heading = nullptr;
+    for (int i = 0; i < count; ++i) {
+        std::string_view const entry = names[i];
+        if (isSeparator(names[i])) {
+            isSeparated = false;
+            continue;
+        }
+        if (entry.starts_with('#')) {
+            heading = names[i];
+            continue;
+        }
+        if (entry == recentFiles) {
+            if (m_recentFiles)
+                menu.addMenu(m_recentFiles);
+            continue;
+        }
+        if (!m_manager.getCommandByName(names[i]))
+            continue;
+        if (!isSeparated && !menu.isEmpty())
+            menu.addSeparator();
+        isSeparated = true;
+        if (heading)
+            addHeading(menu, heading);
+        heading = nullptr;
+        m_manager.addTo(names[i], &menu);
+    }
+}
+
+void WindowMenus::addHeading(QMenu& menu, char const* text)
+{
+    auto* const label = new QLabel(&menu);
+    label->setObjectName(QStringLiteral("MenuHeading"));
+    label->setEnabled(false);
+    int const margin = label->fontMetrics().height() / 3;
+    label->setContentsMargins(2 * margin, margin, 2 * margin, margin);
+    auto* const entry = new QWidgetAction(&menu);
+    entry->setDefaultWidget(label);
+    entry->setEnabled(false);
+    menu.addAction(entry);
+    m_headings.push_back({label, text});
+}
+
+void WindowMenus::fillToolBar()
+{
+    bool isSeparated = true;
+    for (char const* const name : toolBarEntries) {
+        if (isSeparator(name)) {
+            isSeparated = false;
+            continue;
+        }
+        if (!m_manager.getCommandByName(name))
+            continue;
+        if (!isSeparated && !m_toolBar->actions().isEmpty())
+            m_toolBar->addSeparator();
+        isSeparated = true;
+        m_manager.addTo(name, m_toolBar);
+    }
+}
+
+void WindowMenus::retranslate()
+{
+    for (Title const& title : m_titles)
+        title.menu->setTitle(tr(title.text));
+    for (Heading const& heading : m_headings)
+        heading.label->setText(tr(heading.text).mid(1));
+    m_toolBar->setWindowTitle(tr("Tools"));
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QVector>
+
+class QLabel;
+class QMainWindow;
+class QMenu;
+class QToolBar;
+
+namespace Base {
+class CommandManager;
+}
+
+/// The menus and tool bars of the window, filled from the commands by name. A command that is not
+/// there is left out, and so is a menu that would be empty.
+class WindowMenus : public QObject
+{
+    Q_OBJECT
+
+public:
+    WindowMenus(QMainWindow& window, Base::CommandManager& manager);
+
+    /// Empties menus and tool bars and fills them anew, after commands have been added.
+    void fill();
+    void retranslate();
+
+    /// The submenu of the recent files, borrowed; shown when the menus are filled next.
+    void setRecentFiles(QMenu* menu) { m_recentFiles = menu; }
+    /// The menu to which the window adds its panels; never null after fill().
+    QMenu* windowMenu() const { return m_window; }
+
+signals:
+    /// A menu is about to be shown: its actions have to be right.
+    void aboutToShow();
+    /// The menus have been made anew; others add their entries again.
+    void filled();
+
+private:
+    QMenu* addMenu(char const* title);
+    void fillMenu(QMenu& menu, char const* const* names, int count);
+    void fillMenus();
+    void fillToolBar();
+    void addHeading(QMenu& menu, char const* text);
+
+    struct Title
+    {
+        QMenu* menu;
+        char const* text;
+    };
+    struct Heading
+    {
+        QLabel* label;
+        char const* text;
+    };
+
+    QMainWindow& m_mainWindow;
+    Base::CommandManager& m_manager;
+    QVector<Title> m_titles;
+    QVector<Heading> m_headings;
+    QPointer<QMenu> m_recentFiles;
+    QMenu* m_window = nullptr;
+    QToolBar* m_toolBar;
+};

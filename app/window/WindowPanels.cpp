@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/WindowPanels.h"
+
+#include "app/OrbeWindow.h"
+#include "app/panels/HistoryList.h"
+#include "app/panels/LogConsole.h"
+#include "app/panels/LogRecorder.h"
+#include "app/panels/PartInformation.h"
+#include "app/panels/PartList.h"
+#include "app/panels/PlacementPanel.h"
+#include "app/panels/ViewPreferences.h"
+#include "host/ui/HeightSlider.h"
+#include "platform/ui/CutView.h"
+#include "platform/ui/DockWidget.h"
+#include "platform/ui/SideControlTab.h"
+#include "platform/ui/Theme.h"
+#include "platform/view/MeshGLView.h"
+
+#include <QDockWidget>
+#include <QScrollArea>
+
+namespace {
+
+// Widths of the docks at first, in base sizes of the interface.
+constexpr int leftWidth = 22;
+constexpr int rightWidth = 24;
+constexpr int logHeight = 10;
+
+void bringInFront(QDockWidget& dock)
+{
+    dock.show();
+    dock.raise();
+}
+
+}  // namespace
+
+WindowPanels::WindowPanels(OrbeWindow& window)
+    : QObject(&window),
+      m_window(window),
+      m_log(std::make_unique<LogRecorder>()),
+      m_viewPreferences(new ViewPreferences(window.view(), this))
+{
+    buildHeightSlider();
+    buildLeft();
+    buildRight();
+    buildBottom();
+}
+
+WindowPanels::~WindowPanels() = default;
+
+void WindowPanels::buildHeightSlider()
+{
+    auto* const slider = new HeightSlider(&m_window);
+    slider->setView(&m_window.view());
+    m_window.addBesideView(slider);
+}
+
+void WindowPanels::buildLeft()
+{
+    m_partsDock =
+        m_window.addPanel(new PartList(&m_window), QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
+    QDockWidget* const history = m_window.addPanel(
+        new HistoryList(&m_window), QStringLiteral("History"), Qt::LeftDockWidgetArea);
+    m_window.tabifyDockWidget(m_partsDock, history);
+    m_partsDock->raise();
+}
+
+void WindowPanels::buildRight()
+{
+    m_information = new PartInformation(&m_window);
+    m_informationDock =
+        addScrolled(m_information, QStringLiteral("Information"), Qt::RightDockWidgetArea);
+    QDockWidget* const placement = addScrolled(
+        new PlacementPanel(&m_window), QStringLiteral("Placement"), Qt::RightDockWidgetArea);
+    m_sideControl = new SideControlTab(&m_window);
+    m_window.setSideControl(m_sideControl);
+    if (CutView* const cut = cutView())
+        cut->setView(&m_window.view());
+    m_sideDock =
+        m_window.addPanel(m_sideControl, QStringLiteral("SideControl"), Qt::RightDockWidgetArea);
+    m_window.tabifyDockWidget(m_informationDock, placement);
+    m_window.tabifyDockWidget(placement, m_sideDock);
+    m_informationDock->raise();
+}
+
+void WindowPanels::buildBottom()
+{
+    m_logDock = m_window.addPanel(new LogConsole(*m_log, &m_window), QStringLiteral("Log"),
+                                  Qt::BottomDockWidgetArea);
+    m_logDock->hide();
+}
+
+void WindowPanels::resizeDocks()
+{
+    m_window.resizeDocks({m_partsDock, m_informationDock},
+                         {leftWidth * g_pixelSize, rightWidth * g_pixelSize}, Qt::Horizontal);
+    m_window.resizeDocks({m_logDock}, {logHeight * g_pixelSize}, Qt::Vertical);
+}
+
+void WindowPanels::retranslate()
+{
+    m_sideControl->setWindowTitle(tr("Cut View"));
+}
+
+QDockWidget* WindowPanels::addScrolled(QWidget* panel, QString const& name, Qt::DockWidgetArea area)
+{
+    auto* const scroll = new QScrollArea(&m_window);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(panel);
+    scroll->setMinimumWidth(panel->minimumSizeHint().width());
+    scroll->setWindowTitle(panel->windowTitle());
+    connect(panel, &QWidget::windowTitleChanged, scroll, &QWidget::setWindowTitle);
+    return m_window.addPanel(scroll, name, area);
+}
+
+CutView* WindowPanels::cutView() const
+{
+    DockWidget const* const page = m_sideControl->getDock(QStringLiteral("Preparing"));
+    return page ? page->getCutView() : nullptr;
+}
+
+void WindowPanels::showInformation()
+{
+    bringInFront(*m_informationDock);
+}
+
+void WindowPanels::showCutView()
+{
+    bringInFront(*m_sideDock);
+}

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/LineDrawing.h"
+
+#include "platform/view/GLView.h"
+#include "platform/view/OpenGLPath.h"
+
+#include <QOpenGLBuffer>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions_2_1>
+#include <QOpenGLFunctions_3_3_Core>
+#include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
+#include <QVector4D>
+
+namespace Freecut {
+
+namespace {
+
+/// Null if the context is of another version.
+template <typename Functions>
+Functions* functionsOf(Base::GLView& view)
+{
+    QOpenGLContext* const context = view.context();
+    auto* const gl = context ? context->versionFunctions<Functions>() : nullptr;
+    return gl && gl->initializeOpenGLFunctions() ? gl : nullptr;
+}
+
+void setUniforms(Base::GLView const& view, QOpenGLShaderProgram& program, Color255 const& color)
+{
+    GLCamera const& camera = *view.getCamera();
+    program.setUniformValue("mvp", camera.getProjectionMatrix() * camera.getModelViewMatrix());
+    auto const unit = [&](int i) { return float(color[i] / 255.0); };
+    program.setUniformValue("clr", QVector4D(unit(0), unit(1), unit(2), unit(3)));
+}
+
+template <typename Functions>
+void drawRuns(Functions& gl, std::span<LineRun const> runs)
+{
+    for (LineRun const& run : runs) {
+        if (run.isBlended) {
+            gl.glEnable(GL_BLEND);
+            gl.glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        }
+        gl.glDrawArrays(run.mode, run.first, run.count);
+        if (run.isBlended)
+            gl.glDisable(GL_BLEND);
+    }
+}
+
+template <typename Functions>
+void setDepthTest(Functions& gl, bool isOn)
+{
+    isOn ? gl.glEnable(GL_DEPTH_TEST) : gl.glDisable(GL_DEPTH_TEST);
+}
+
+}  // namespace
+
+bool makeContextCurrent(Base::GLView* view)
+{
+    if (!view || !view->isValid())
+        return false;
+    view->makeCurrent();
+    return true;
+}
+
+bool hasLineFunctions(Base::GLView& view)
+{
+    return g_OPENGL_3_3 ? functionsOf<QOpenGLFunctions_3_3_Core>(view) != nullptr
+                        : functionsOf<QOpenGLFunctions_2_1>(view) != nullptr;
+}
+
+unsigned makeVertexBuffer21(Base::GLView& view)
+{
+    unsigned vbo = 0;
+    if (auto* const gl = functionsOf<QOpenGLFunctions_2_1>(view))
+        gl->glGenBuffers(1, &vbo);
+    return vbo;
+}
+
+void deleteVertexBuffer21(Base::GLView& view, unsigned& vbo)
+{
+    if (auto* const gl = functionsOf<QOpenGLFunctions_2_1>(view))
+        gl->glDeleteBuffers(1, &vbo);
+    vbo = 0;
+}
+
+void deleteBuffers33(QOpenGLVertexArrayObject*& vao, QOpenGLBuffer*& buffer)
+{
+    if (vao)
+        vao->destroy();
+    if (buffer)
+        buffer->destroy();
+    delete vao;
+    delete buffer;
+    vao = nullptr;
+    buffer = nullptr;
+}
+
+void uploadVertices(Base::GLView& view, LineBuffers const& buffers,
+                    std::vector<float> const& vertices)
+{
+    auto const bytes = vertices.size() * sizeof(float);
+    if (g_OPENGL_3_3) {
+        if (!buffers.buffer)
+            return;
+        if (!buffers.buffer->isCreated())
+            buffers.buffer->create();
+        buffers.buffer->bind();
+        buffers.buffer->allocate(vertices.data(), int(bytes));
+        buffers.buffer->release();
+        return;
+    }
+    if (auto* const gl = functionsOf<QOpenGLFunctions_2_1>(view)) {
+        gl->glBindBuffer(GL_ARRAY_BUFFER, buffers.vbo);
+        gl->glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(bytes), vertices.data(), GL_STATIC_DRAW);
+        gl->glBindBuffer(GL_ARRAY_BUFFER, 0);
+    }
+}
+
+void drawLines21(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderProgram& program,
+                 LineLook const& look, std::span<LineRun const> runs)
+{
+    auto* const gl = functionsOf<QOpenGLFunctions_2_1>(view);
+    if (!gl)
+        return;
+    gl->glEnableClientState(GL_VERTEX_ARRAY);
+    gl->glBindBuffer(GL_ARRAY_BUFFER, buffers.vbo);
+    gl->glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    program.bind();
+    setUniforms(view, program, look.color);
+    setDepthTest(*gl, !look.isOverAll);
+    if (look.isSmooth)
+        gl->glEnable(GL_MULTISAMPLE);
+
+    drawRuns(*gl, runs);
+
+    setDepthTest(*gl, !look.leavesDepthTestOff);
+    gl->glBindBuffer(GL_ARRAY_BUFFER, 0);
+    gl->glDisableClientState(GL_VERTEX_ARRAY);
+    program.release();
+    gl->glDisable(GL_MULTISAMPLE);
+}
+
+void drawLines33(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderProgram& program,
+                 LineLook const& look, std::span<LineRun const> runs)
+{
+    auto* const gl = functionsOf<QOpenGLFunctions_3_3_Core>(view);
+    if (!gl || !buffers.vao || !buffers.buffer)
+        return;
+    program.bind();
+    buffers.vao->bind();
+    buffers.buffer->bind();
+    program.setAttributeBuffer(0, GL_FLOAT, 0, 3);
+    program.enableAttributeArray(0);
+    setUniforms(view, program, look.color);
+    setDepthTest(*gl, !look.isOverAll);
+
+    drawRuns(*gl, runs);
+
+    gl->glEnable(GL_DEPTH_TEST);
+    program.disableAttributeArray(0);
+    program.release();
+    buffers.buffer->release();
+    buffers.vao->release();
+}
+
+}  // namespace Freecut

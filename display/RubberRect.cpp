@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/RubberRect.h"
+
+#include "display/ScreenSquare.h"
+
+#include <array>
+
+namespace Freecut {
+
+namespace {
+
+std::array<LineRun, 2> fillAndOutline(int count)
+{
+    return {{{GL_TRIANGLE_FAN, 0, count, true}, {GL_LINE_LOOP, 0, count}}};
+}
+
+}  // namespace
+
+Base::Type RubberRect::classTypeId = Base::Type::badType();
+
+void RubberRect::init()
+{
+    initSubclass(classTypeId, "Freecut::RubberRect", "Freecut::GLGraphicsItem", create);
+}
+
+void* RubberRect::create()
+{
+    return nullptr;
+}
+
+Base::Type RubberRect::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string RubberRect::getClassName() const
+{
+    return "Freecut::RubberRect";
+}
+
+void RubberRect::updateVBO()
+{
+    vertexData.clear();
+    if (viewer)
+        appendScreenSquare(vertexData, *viewer, center);
+}
+
+void RubberRect::renderItem_GL_3_3()
+{
+    render_GL_3_3(fillAndOutline(vertexCount()));
+}
+
+void RubberRect::renderItem_GL_2_1()
+{
+    render_GL_2_1(fillAndOutline(vertexCount()), true, true);
+}
+
+}  // namespace Freecut

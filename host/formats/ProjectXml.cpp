@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/ProjectXml.h"
+
+#include <QString>
+#include <QXmlStreamReader>
+
+#include <array>
+#include <charconv>
+
+namespace Formats {
+namespace {
+
+constexpr char projectNamespace[] = "urn:orbe:project:1";
+constexpr int projectVersion = 1;
+
+bool isWritable(QChar c)
+{
+    ushort const code = c.unicode();
+    return code >= 0x20 ? code < 0xfffe : code == '\t' || code == '\n' || code == '\r';
+}
+
+std::string attribute(char const* name, std::string const& value)
+{
+    std::string text;
+    if (!value.empty())
+        text.append(" ").append(name).append("=\"").append(xmlEscaped(value)).append("\"");
+    return text;
+}
+
+std::string hexText(unsigned rgba)
+{
+    std::array<char, 8> digits;
+    auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), rgba, 16).ptr;
+    return std::string(std::size_t(digits.data() + digits.size() - end), '0') +
+           std::string(digits.data(), end);
+}
+
+std::string elementText(ProjectEntry const& entry)
+{
+    ProjectObject const& object = entry.object;
+    std::string text = object.kind == ProjectObject::Kind::Group ? " <group" : " <part";
+    text += attribute("uuid", object.uuid) + attribute("name", object.name) +
+            attribute("item", entry.item) + attribute("group", object.groupUuid) +
+            attribute("source", object.parentUuid);
+    if (!object.isVisible)
+        text += object.isSemiVisible ? " visible=\"ghost\"" : " visible=\"no\"";
+    else if (object.isSemiVisible)
+        text += " visible=\"both\"";
+    if (object.color != 0)
+        text += attribute("color", hexText(object.color));
+    return text + "/>\n";
+}
+
+std::string textOf(QXmlStreamAttributes const& attributes, char const* name)
+{
+    return attributes.value(QLatin1String(name)).toString().toStdString();
+}
+
+ProjectEntry entryFrom(QXmlStreamAttributes const& attributes, ProjectObject::Kind kind)
+{
+    ProjectEntry entry;
+    ProjectObject& object = entry.object;
+    object.kind = kind;
+    object.uuid = textOf(attributes, "uuid");
+    object.name = textOf(attributes, "name");
+    object.groupUuid = textOf(attributes, "group");
+    object.parentUuid = textOf(attributes, "source");
+    entry.item = textOf(attributes, "item");
+    std::string const visible = textOf(attributes, "visible");
+    object.isVisible = visible.empty() || visible == "both";
+    object.isSemiVisible = visible == "ghost" || visible == "both";
+    std::string const color = textOf(attributes, "color");
+    std::from_chars(color.data(), color.data() + color.size(), object.color, 16);
+    return entry;
+}
+
+void requireVersion(QXmlStreamAttributes const& attributes, std::filesystem::path const& path)
+{
+    if (attributes.value(QLatin1String("version")).toInt() > projectVersion)
+        throw FileError(path,
+                        "it was saved by a newer version of this program; update the program to "
+                        "open it.");
+}
+
+}  // namespace
+
+std::vector<ProjectObject> completeObjects(std::vector<ProjectEntry> entries)
+{
+    std::vector<ProjectObject> objects;
+    for (ProjectEntry& entry : entries) {
+        bool const isPart = entry.object.kind == ProjectObject::Kind::Part;
+        if (isPart && entry.item.empty())
+            entry.object.kernel = std::make_shared<MeshKernel>();
+        if (!isPart || entry.object.kernel)
+            objects.push_back(std::move(entry.object));
+    }
+    return objects;
+}
+
+std::string xmlEscaped(std::string const& text)
+{
+    QString escaped;
+    for (QChar const c : QString::fromStdString(text)) {
+        if (!isWritable(c))
+            continue;
+        if (c < QChar(' '))
+            escaped += QStringLiteral("&#%1;").arg(c.unicode());
+        else
+            escaped += QString(c).toHtmlEscaped();
+    }
+    return escaped.toStdString();
+}
+
+std::string projectXml(std::span<ProjectEntry const> entries)
+{
+    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project xmlns=\"";
+    text += projectNamespace;
+    text += "\" version=\"" + std::to_string(projectVersion) + "\">\n";
+    for (ProjectEntry const& entry : entries)
+        text += elementText(entry);
+    return text + "</project>\n";
+}
+
+std::vector<ProjectEntry> parseProjectXml(std::string const& text,
+                                          std::filesystem::path const& path)
+{
+    std::vector<ProjectEntry> entries;
+    QXmlStreamReader reader(QByteArray::fromRawData(text.data(), int(text.size())));
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement ||
+            reader.namespaceUri() != QLatin1String(projectNamespace))
+            continue;
+        if (reader.name() == QLatin1String("project"))
+            requireVersion(reader.attributes(), path);
+        else if (reader.name() == QLatin1String("part"))
+            entries.push_back(entryFrom(reader.attributes(), ProjectObject::Kind::Part));
+        else if (reader.name() == QLatin1String("group"))
+            entries.push_back(entryFrom(reader.attributes(), ProjectObject::Kind::Group));
+    }
+    if (reader.hasError())
+        throw FileError(path, "its list of objects, " + std::string(projectEntryName) +
+                                  ", is damaged in line " + std::to_string(reader.lineNumber()) +
+                                  ": " + reader.errorString().toStdString());
+    return entries;
+}
+
+}  // namespace Formats

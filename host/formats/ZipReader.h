@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/formats/InputFile.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Formats {
+
+/// The directory of a ZIP package; empty for a file that is none or is damaged.
+class ZipReader
+{
+public:
+    struct Entry
+    {
+        std::string name;
+        std::uint64_t headerOffset = 0;
+        std::uint64_t size = 0;
+        std::uint64_t packedSize = 0;
+        std::uint32_t checksum = 0;
+        bool isDeflated = false;
+    };
+
+    /// Reads the directory. Throws FileError if the system cannot read on.
+    explicit ZipReader(InputFile& input);
+
+    /// Null if there is none of that name.
+    Entry const* find(std::string_view name) const;
+
+private:
+    void readDirectory(std::string_view directory);
+
+    std::vector<Entry> m_entries;
+};
+
+/// The content of an entry, front to back. Progress is that of the file that is read.
+class ZipEntryStream
+{
+public:
+    ZipEntryStream(InputFile& input, ZipReader::Entry const& entry);
+    ~ZipEntryStream();
+    ZipEntryStream(ZipEntryStream const&) = delete;
+    ZipEntryStream& operator=(ZipEntryStream const&) = delete;
+
+    /// Fills the buffer as far as the entry goes and returns how many bytes that were. Throws
+    /// FileError for content that is damaged, which shows with the last byte at the latest.
+    std::size_t read(std::span<char> buffer);
+    /// All that is left.
+    std::string readAll();
+
+private:
+    struct State;
+    void fillInput();
+    void requireSound() const;
+    [[noreturn]] void fail() const;
+
+    InputFile& m_input;
+    ZipReader::Entry const& m_entry;
+    std::unique_ptr<State> m_state;
+};
+
+}  // namespace Formats

@@ -1,0 +1,1821 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>CheckReport</name>
+    <message>
+        <source>1 open edge</source>
+        <translation>1 offene Kante</translation>
+    </message>
+    <message>
+        <source>%1 open edges</source>
+        <translation>%1 offene Kanten</translation>
+    </message>
+    <message>
+        <source>1 edge with more than two triangles</source>
+        <translation>1 Kante mit mehr als zwei Dreiecken</translation>
+    </message>
+    <message>
+        <source>%1 edges with more than two triangles</source>
+        <translation>%1 Kanten mit mehr als zwei Dreiecken</translation>
+    </message>
+    <message>
+        <source>1 edge between triangles that face different ways</source>
+        <translation>1 Kante zwischen Dreiecken, die verschieden ausgerichtet sind</translation>
+    </message>
+    <message>
+        <source>%1 edges between triangles that face different ways</source>
+        <translation>%1 Kanten zwischen Dreiecken, die verschieden ausgerichtet sind</translation>
+    </message>
+    <message>
+        <source>1 triangle without area</source>
+        <translation>1 Dreieck ohne Fläche</translation>
+    </message>
+    <message>
+        <source>%1 triangles without area</source>
+        <translation>%1 Dreiecke ohne Fläche</translation>
+    </message>
+    <message>
+        <source>1 triangle that is there twice</source>
+        <translation>1 doppeltes Dreieck</translation>
+    </message>
+    <message>
+        <source>%1 triangles that are there twice</source>
+        <translation>%1 doppelte Dreiecke</translation>
+    </message>
+    <message>
+        <source>1 pair of triangles that cross</source>
+        <translation>1 Paar von Dreiecken, die sich schneiden</translation>
+    </message>
+    <message>
+        <source>%1 pairs of triangles that cross</source>
+        <translation>%1 Paare von Dreiecken, die sich schneiden</translation>
+    </message>
+    <message>
+        <source>1 shell that is inside out</source>
+        <translation>1 umgestülpte Hülle</translation>
+    </message>
+    <message>
+        <source>%1 shells that are inside out</source>
+        <translation>%1 umgestülpte Hüllen</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutCuboid</name>
+    <message>
+        <source>Cuboid</source>
+        <translation>Quader</translation>
+    </message>
+    <message>
+        <source>Create a rectangle by click any point on part(s).</source>
+        <translation>Rechteck durch Klicken auf einen Punkt eines Bauteils zeichnen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutCylinder</name>
+    <message>
+        <source>Cylinder</source>
+        <translation>Zylinder</translation>
+    </message>
+    <message>
+        <source>Create a circle by clicking any point on part(s).</source>
+        <translation>Kreis durch Klicken auf einen Punkt eines Bauteils zeichnen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlane3Pts</name>
+    <message>
+        <source>3 points plane</source>
+        <translation>Ebene durch 3 Punkte</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane by clicking 3 points on part(s).</source>
+        <translation>Schnittebene durch Klicken auf 3 Punkte der Bauteile festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlaneTangent</name>
+    <message>
+        <source>Tangent plane</source>
+        <translation>Tangentialebene</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane tangential to surface by clicking any point on part(s).</source>
+        <translation>Schnittebene tangential zur Oberfläche durch Klicken auf einen Punkt eines Bauteils festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlaneVertical</name>
+    <message>
+        <source>Vertical plane</source>
+        <translation>Senkrechte Ebene</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane vertical to surface by clicking any point on part(s).</source>
+        <translation>Schnittebene senkrecht zur Oberfläche durch Klicken auf einen Punkt eines Bauteils festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlaneXYPlane</name>
+    <message>
+        <source>XY plane</source>
+        <translation>XY-Ebene</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane parallel to XY plane by clicking any point on part(s).</source>
+        <translation>Schnittebene parallel zur XY-Ebene durch Klicken auf einen Punkt eines Bauteils festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlaneXZPlane</name>
+    <message>
+        <source>XZ plane</source>
+        <translation>XZ-Ebene</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane parallel to XZ plane by clicking any point on part(s).</source>
+        <translation>Schnittebene parallel zur XZ-Ebene durch Klicken auf einen Punkt eines Bauteils festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPlaneYZPlane</name>
+    <message>
+        <source>YZ plane</source>
+        <translation>YZ-Ebene</translation>
+    </message>
+    <message>
+        <source>Create a cutting plane parallel to YZ plane by clicking any point on part(s).</source>
+        <translation>Schnittebene parallel zur YZ-Ebene durch Klicken auf einen Punkt eines Bauteils festlegen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdFreecutPolygon</name>
+    <message>
+        <source>Polygon</source>
+        <translation>Polygon</translation>
+    </message>
+    <message>
+        <source>Create a polygon by clicking 3 or more points on part(s).</source>
+        <translation>Polygon durch Klicken auf 3 oder mehr Punkte der Bauteile zeichnen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPlanecut</name>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Section cut the selected part(s) or all parts.</source>
+        <translation>Die ausgewählten oder alle Bauteile mit einer Ebene schneiden.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutDeleteAllTeeth</name>
+    <message>
+        <source>Delete all teeth</source>
+        <translation>Alle Zähne löschen</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutDeletePoint</name>
+    <message>
+        <source>Remove Point</source>
+        <translation>Punkt entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutDeleteSelectedTeeth</name>
+    <message>
+        <source>Delete selected teeth</source>
+        <translation>Ausgewählte Zähne löschen</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutPreview</name>
+    <message>
+        <source>Start preview</source>
+        <translation>Vorschau starten</translation>
+    </message>
+    <message>
+        <source>Start the preview of cutting part.</source>
+        <translation>Die Vorschau des Schnitts starten.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutReset</name>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Clear all cutting lines in the part(s).</source>
+        <translation>Alle Schnittlinien auf den Bauteilen löschen.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygonCutStopPreview</name>
+    <message>
+        <source>Stop preview</source>
+        <translation>Vorschau beenden</translation>
+    </message>
+    <message>
+        <source>Stop the preview of cutting part.</source>
+        <translation>Die Vorschau des Schnitts beenden.</translation>
+    </message>
+</context>
+<context>
+    <name>CmdPolygoncut</name>
+    <message>
+        <source>Polygon Cut</source>
+        <translation>Polygonschnitt</translation>
+    </message>
+    <message>
+        <source>Polygon cut the selected part(s) or all parts.</source>
+        <translation>Die ausgewählten oder alle Bauteile mit einem Polygon schneiden.</translation>
+    </message>
+    <message>
+        <source>Polygon cut</source>
+        <translation>Polygonschnitt</translation>
+    </message>
+</context>
+<context>
+    <name>CutView</name>
+    <message>
+        <source>Live cut view</source>
+        <translation>Schnittansicht</translation>
+    </message>
+    <message>
+        <source>Cuts the parts open in the view. The parts stay whole.</source>
+        <translation>Schneidet die Bauteile in der Ansicht auf. Die Bauteile bleiben ganz.</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>Direction along X</source>
+        <translation>Richtung entlang X</translation>
+    </message>
+    <message>
+        <source>Direction along Y</source>
+        <translation>Richtung entlang Y</translation>
+    </message>
+    <message>
+        <source>Direction along Z</source>
+        <translation>Richtung entlang Z</translation>
+    </message>
+    <message>
+        <source>Enter a direction other than 0, 0, 0.</source>
+        <translation>Eine andere Richtung als 0, 0, 0 eingeben.</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Moves the cut along its direction.</source>
+        <translation>Verschiebt den Schnitt entlang seiner Richtung.</translation>
+    </message>
+    <message>
+        <source>The distance of the cut from the origin along its direction.</source>
+        <translation>Der Abstand des Schnitts vom Ursprung entlang seiner Richtung.</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Umdrehen</translation>
+    </message>
+    <message>
+        <source>Cuts away the other side.</source>
+        <translation>Schneidet die andere Seite weg.</translation>
+    </message>
+    <message>
+        <source>Fill the cut</source>
+        <translation>Schnitt füllen</translation>
+    </message>
+    <message>
+        <source>Shows the parts solid where they are cut.</source>
+        <translation>Zeigt die Bauteile massiv, wo sie geschnitten sind.</translation>
+    </message>
+</context>
+<context>
+    <name>DialogTitleBar</name>
+    <message>
+        <source>Keep open</source>
+        <translation>Offen halten</translation>
+    </message>
+    <message>
+        <source>Unfold</source>
+        <translation>Aufklappen</translation>
+    </message>
+    <message>
+        <source>Fold</source>
+        <translation>Zuklappen</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentFiles</name>
+    <message>
+        <source>The file &quot;%1&quot; is not there any more; it is taken off the list.</source>
+        <translation>Die Datei „%1“ gibt es nicht mehr; sie wird aus der Liste entfernt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>%n Datei konnte nicht geöffnet werden:</numerusform>
+            <numerusform>%n Dateien konnten nicht geöffnet werden:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The same goes for %n more.</source>
+        <translation>
+            <numerusform>Das gilt auch für %n weitere.</numerusform>
+            <numerusform>Das gilt auch für %n weitere.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open %1</source>
+        <translation>%1 öffnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n files</source>
+        <translation>
+            <numerusform>%n Datei öffnen</numerusform>
+            <numerusform>%n Dateien öffnen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>The project was not saved.</source>
+        <translation>Das Projekt wurde nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>These parts have no triangles to export; choose others.</source>
+        <translation>Diese Bauteile haben keine Dreiecke zum Exportieren; andere auswählen.</translation>
+    </message>
+    <message>
+        <source>Not all parts were exported.</source>
+        <translation>Nicht alle Bauteile wurden exportiert.</translation>
+    </message>
+    <message>
+        <source>There is not enough free memory; close other programs and try again.</source>
+        <translation>Der freie Speicher reicht nicht; andere Programme schließen und noch einmal versuchen.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>All parts in one file</source>
+        <translation>Alle Bauteile in einer Datei</translation>
+    </message>
+    <message>
+        <source>One file for each part</source>
+        <translation>Eine Datei je Bauteil</translation>
+    </message>
+    <message>
+        <source>Export Part</source>
+        <translation>Bauteil exportieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n Parts</source>
+        <translation>
+            <numerusform>%n Bauteil exportieren</numerusform>
+            <numerusform>%n Bauteile exportieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>GLView</name>
+    <message>
+        <source>There is no picture to save: show the view first.</source>
+        <translation>Es gibt kein Bild zum Speichern: zuerst die Ansicht zeigen.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved as %1: %2. Choose another folder.</source>
+        <translation>Das Bild konnte nicht als %1 gespeichert werden: %2. Einen anderen Ordner wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightSlider</name>
+    <message>
+        <source>The height at which a horizontal cut is made.</source>
+        <translation>Die Höhe, in der waagrecht geschnitten wird.</translation>
+    </message>
+    <message>
+        <source>Drag, or press Up and Down, to set the height of the cut.</source>
+        <translation>Ziehen oder die Pfeiltasten auf und ab drücken, um die Schnitthöhe einzustellen.</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Shows on the parts where they would be cut.</source>
+        <translation>Zeigt auf den Bauteilen, wo sie geschnitten würden.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryList</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Click a step to go back or forth to it.</source>
+        <translation>Einen Schritt anklicken, um zu ihm zurück- oder vorzugehen.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Anfang</translation>
+    </message>
+</context>
+<context>
+    <name>HostCommand</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Take back the last step.</source>
+        <translation>Den letzten Schritt zurücknehmen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo yet.</source>
+        <translation>Noch gibt es nichts rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Do again what was taken back.</source>
+        <translation>Das Zurückgenommene noch einmal ausführen.</translation>
+    </message>
+    <message>
+        <source>Undo a step first.</source>
+        <translation>Zuerst einen Schritt rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederherstellen: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Delete the selected parts.</source>
+        <translation>Die ausgewählten Bauteile löschen.</translation>
+    </message>
+    <message>
+        <source>Duplica&amp;te</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Put copies of the selected parts beside them.</source>
+        <translation>Kopien der ausgewählten Bauteile daneben legen.</translation>
+    </message>
+    <message>
+        <source>&amp;Group</source>
+        <translation>&amp;Gruppieren</translation>
+    </message>
+    <message>
+        <source>Put the selected parts into a group.</source>
+        <translation>Die ausgewählten Bauteile zu einer Gruppe zusammenfassen.</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>&amp;Ungroup</source>
+        <translation>Gruppierung au&amp;fheben</translation>
+    </message>
+    <message>
+        <source>Dissolve the groups of the selected parts.</source>
+        <translation>Die Gruppen der ausgewählten Bauteile auflösen.</translation>
+    </message>
+    <message>
+        <source>Select a part of a group first.</source>
+        <translation>Zuerst ein Bauteil einer Gruppe auswählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Hide</source>
+        <translation>&amp;Ausblenden</translation>
+    </message>
+    <message>
+        <source>Hide the selected parts.</source>
+        <translation>Die ausgewählten Bauteile ausblenden.</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>&amp;Einblenden</translation>
+    </message>
+    <message>
+        <source>Show the selected parts that are hidden.</source>
+        <translation>Die ausgewählten Bauteile einblenden, die ausgeblendet sind.</translation>
+    </message>
+    <message>
+        <source>Select a hidden part in the part list first.</source>
+        <translation>Zuerst in der Bauteilliste ein ausgeblendetes Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>Show &amp;All</source>
+        <translation>Alle einblen&amp;den</translation>
+    </message>
+    <message>
+        <source>Show all hidden parts.</source>
+        <translation>Alle ausgeblendeten Bauteile einblenden.</translation>
+    </message>
+    <message>
+        <source>No part is hidden.</source>
+        <translation>Kein Bauteil ist ausgeblendet.</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Close the application.</source>
+        <translation>Das Programm beenden.</translation>
+    </message>
+    <message>
+        <source>Open a part first.</source>
+        <translation>Zuerst ein Bauteil öffnen.</translation>
+    </message>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>Start anew with an empty project.</source>
+        <translation>Mit einem leeren Projekt neu beginnen.</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Add parts from files, or open a project.</source>
+        <translation>Bauteile aus Dateien hinzufügen oder ein Projekt öffnen.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save all parts with names, groups, visibility and colours.</source>
+        <translation>Alle Bauteile mit Namen, Gruppen, Sichtbarkeit und Farben speichern.</translation>
+    </message>
+    <message>
+        <source>Save &amp;As...</source>
+        <translation>Speichern &amp;unter...</translation>
+    </message>
+    <message>
+        <source>Save the project in another file.</source>
+        <translation>Das Projekt in einer anderen Datei speichern.</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+    <message>
+        <source>Write all parts to STL, OBJ, PLY or 3MF.</source>
+        <translation>Alle Bauteile als STL, OBJ, PLY oder 3MF schreiben.</translation>
+    </message>
+    <message>
+        <source>Export Se&amp;lected...</source>
+        <translation>&amp;Auswahl exportieren...</translation>
+    </message>
+    <message>
+        <source>Write the selected parts to STL, OBJ, PLY or 3MF.</source>
+        <translation>Die ausgewählten Bauteile als STL, OBJ, PLY oder 3MF schreiben.</translation>
+    </message>
+    <message>
+        <source>Show a part first.</source>
+        <translation>Zuerst ein Bauteil einblenden.</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>&amp;Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Select all visible parts.</source>
+        <translation>Alle sichtbaren Bauteile auswählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Invert Selection</source>
+        <translation>Auswahl &amp;umkehren</translation>
+    </message>
+    <message>
+        <source>Select the visible parts that are not selected instead.</source>
+        <translation>Stattdessen die sichtbaren Bauteile auswählen, die nicht ausgewählt sind.</translation>
+    </message>
+    <message>
+        <source>Select &amp;Nothing</source>
+        <translation>&amp;Nichts auswählen</translation>
+    </message>
+    <message>
+        <source>Empty the selection.</source>
+        <translation>Die Auswahl leeren.</translation>
+    </message>
+    <message>
+        <source>Nothing is selected.</source>
+        <translation>Nichts ist ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Select by Rectan&amp;gle</source>
+        <translation>Mit Re&amp;chteck auswählen</translation>
+    </message>
+    <message>
+        <source>Select the parts within a rectangle that you drag.</source>
+        <translation>Die Bauteile in einem aufgezogenen Rechteck auswählen.</translation>
+    </message>
+    <message>
+        <source>Pick a &amp;Point</source>
+        <translation>&amp;Punkt anzeigen</translation>
+    </message>
+    <message>
+        <source>Show the coordinates of a point that you click.</source>
+        <translation>Die Koordinaten eines angeklickten Punkts anzeigen.</translation>
+    </message>
+    <message>
+        <source>&amp;Fit All</source>
+        <translation>Alles &amp;einpassen</translation>
+    </message>
+    <message>
+        <source>Bring all visible parts into the picture.</source>
+        <translation>Alle sichtbaren Bauteile ins Bild bringen.</translation>
+    </message>
+    <message>
+        <source>Fit &amp;Selection</source>
+        <translation>Aus&amp;wahl einpassen</translation>
+    </message>
+    <message>
+        <source>Bring the selected parts into the picture.</source>
+        <translation>Die ausgewählten Bauteile ins Bild bringen.</translation>
+    </message>
+    <message>
+        <source>Look at the parts from this side.</source>
+        <translation>Die Bauteile von dieser Seite betrachten.</translation>
+    </message>
+    <message>
+        <source>Fr&amp;ont</source>
+        <translation>&amp;Vorn</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Hinten</translation>
+    </message>
+    <message>
+        <source>&amp;Top</source>
+        <translation>&amp;Oben</translation>
+    </message>
+    <message>
+        <source>Botto&amp;m</source>
+        <translation>&amp;Unten</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>&amp;Links</translation>
+    </message>
+    <message>
+        <source>&amp;Right</source>
+        <translation>&amp;Rechts</translation>
+    </message>
+    <message>
+        <source>&amp;Isometric</source>
+        <translation>&amp;Isometrisch</translation>
+    </message>
+    <message>
+        <source>&amp;Perspective</source>
+        <translation>&amp;Perspektive</translation>
+    </message>
+    <message>
+        <source>Show what is farther away smaller.</source>
+        <translation>Entferntes kleiner darstellen.</translation>
+    </message>
+    <message>
+        <source>P&amp;arallel</source>
+        <translation>P&amp;arallel</translation>
+    </message>
+    <message>
+        <source>Show equal lengths equal, near and far.</source>
+        <translation>Gleiche Längen nah und fern gleich lang darstellen.</translation>
+    </message>
+    <message>
+        <source>Show &amp;Edges</source>
+        <translation>&amp;Kanten zeigen</translation>
+    </message>
+    <message>
+        <source>Show the edges of the triangles on the parts.</source>
+        <translation>Die Kanten der Dreiecke auf den Bauteilen zeigen.</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w Build Plate</source>
+        <translation>&amp;Bauplatte zeigen</translation>
+    </message>
+    <message>
+        <source>Show the build plate with its grid.</source>
+        <translation>Die Bauplatte mit ihrem Raster zeigen.</translation>
+    </message>
+    <message>
+        <source>&amp;Full Screen</source>
+        <translation>&amp;Vollbild</translation>
+    </message>
+    <message>
+        <source>Let the window fill the screen.</source>
+        <translation>Das Fenster auf dem ganzen Bildschirm zeigen.</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard and Mouse</source>
+        <translation>&amp;Tastatur und Maus</translation>
+    </message>
+    <message>
+        <source>List all shortcuts.</source>
+        <translation>Alle Tastenkürzel auflisten.</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>Ü&amp;ber</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Die Version anzeigen.</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Cuts triangle meshes into parts for 3D printing.&lt;/p&gt;&lt;p&gt;Free software under the GNU General Public License, version 3 or later, without any warranty.&lt;/p&gt;&lt;p&gt;Drawing by %3; Qt %4.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Zerteilt Dreiecksnetze in Bauteile für den 3D-Druck.&lt;/p&gt;&lt;p&gt;Freie Software unter der GNU General Public License, Version 3 oder später, ohne jede Gewährleistung.&lt;/p&gt;&lt;p&gt;Darstellung mit %3; Qt %4.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>&amp;Cut Open</source>
+        <translation>Au&amp;fschneiden</translation>
+    </message>
+    <message>
+        <source>Show the parts cut open by a plane; they stay whole.</source>
+        <translation>Die Bauteile an einer Ebene aufgeschnitten zeigen; sie bleiben ganz.</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences...</source>
+        <translation>&amp;Einstellungen...</translation>
+    </message>
+    <message>
+        <source>Choose theme, language, units and how the mouse works.</source>
+        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+    </message>
+    <message>
+        <source>&amp;Drop to the Plate</source>
+        <translation>Auf die Platte a&amp;bsetzen</translation>
+    </message>
+    <message>
+        <source>Let the selected parts down onto the build plate.</source>
+        <translation>Die ausgewählten Bauteile auf die Bauplatte absetzen.</translation>
+    </message>
+    <message>
+        <source>&amp;Centre on the Plate</source>
+        <translation>Auf der Platte &amp;zentrieren</translation>
+    </message>
+    <message>
+        <source>Move the selected parts to the middle of the plate.</source>
+        <translation>Die ausgewählten Bauteile in die Mitte der Platte verschieben.</translation>
+    </message>
+    <message>
+        <source>C&amp;heck</source>
+        <translation>&amp;Prüfen</translation>
+    </message>
+    <message>
+        <source>Look for errors in the selected parts.</source>
+        <translation>Die ausgewählten Bauteile auf Fehler prüfen.</translation>
+    </message>
+    <message>
+        <source>&amp;Repair</source>
+        <translation>&amp;Reparieren</translation>
+    </message>
+    <message>
+        <source>Mend the errors of the selected parts.</source>
+        <translation>Die Fehler der ausgewählten Bauteile beheben.</translation>
+    </message>
+    <message>
+        <source>Save &amp;Picture...</source>
+        <translation>Bil&amp;d speichern...</translation>
+    </message>
+    <message>
+        <source>Save the picture of the view to a file.</source>
+        <translation>Das Bild der Ansicht in einer Datei speichern.</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png)</source>
+        <translation>PNG-Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences</source>
+        <translation>&amp;Einstellungen</translation>
+    </message>
+    <message>
+        <source>Choose theme, language, units and the use of the mouse.</source>
+        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>JobGuard</name>
+    <message>
+        <source>Opening files</source>
+        <translation>Dateien öffnen</translation>
+    </message>
+    <message>
+        <source>Saving the project</source>
+        <translation>Projekt speichern</translation>
+    </message>
+    <message>
+        <source>Exporting parts</source>
+        <translation>Bauteile exportieren</translation>
+    </message>
+    <message>
+        <source>Wait until the running job has finished.</source>
+        <translation>Warten, bis der laufende Auftrag beendet ist.</translation>
+    </message>
+    <message>
+        <source>Wait until &quot;%1&quot; has finished, or cancel it.</source>
+        <translation>Warten, bis „%1“ beendet ist, oder den Auftrag abbrechen.</translation>
+    </message>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Polygon Cut</source>
+        <translation>Polygonschnitt</translation>
+    </message>
+    <message>
+        <source>Checking parts</source>
+        <translation>Bauteile prüfen</translation>
+    </message>
+    <message>
+        <source>Repairing parts</source>
+        <translation>Bauteile reparieren</translation>
+    </message>
+</context>
+<context>
+    <name>JobProgressBar</name>
+    <message>
+        <source>Cancelling: %1</source>
+        <translation>Wird abgebrochen: %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Stop the job and leave the parts as they were (Esc).</source>
+        <translation>Den Auftrag abbrechen und die Bauteile lassen, wie sie waren (Esc).</translation>
+    </message>
+</context>
+<context>
+    <name>LogConsole</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>What the application has to tell about its work comes here.</source>
+        <translation>Hier steht, was das Programm über seine Arbeit zu berichten hat.</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>MellCommons</name>
+    <message>
+        <source>Attention</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>MellQuantitySpinBox</name>
+    <message>
+        <source>The value has to lie between %1 and %2.</source>
+        <translation>Der Wert muss zwischen %1 und %2 liegen.</translation>
+    </message>
+    <message>
+        <source>There is a closing bracket without an opening one.</source>
+        <translation>Zu einer schließenden Klammer fehlt die öffnende.</translation>
+    </message>
+    <message>
+        <source>The number is too large.</source>
+        <translation>Die Zahl ist zu groß.</translation>
+    </message>
+    <message>
+        <source>There are too many brackets.</source>
+        <translation>Es sind zu viele Klammern.</translation>
+    </message>
+    <message>
+        <source>A closing bracket is missing.</source>
+        <translation>Eine schließende Klammer fehlt.</translation>
+    </message>
+    <message>
+        <source>A length takes one unit only.</source>
+        <translation>Eine Länge hat nur eine Einheit.</translation>
+    </message>
+    <message>
+        <source>This field takes a plain number; leave out &quot;%1&quot;.</source>
+        <translation>Dieses Feld nimmt eine reine Zahl auf; „%1“ weglassen.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no unit; use mm, cm, m or in.</source>
+        <translation>„%1“ ist keine Einheit; möglich sind mm, cm, m und in.</translation>
+    </message>
+    <message>
+        <source>The result is not a length.</source>
+        <translation>Das Ergebnis ist keine Länge.</translation>
+    </message>
+    <message>
+        <source>A division by zero has no result.</source>
+        <translation>Eine Division durch null hat kein Ergebnis.</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end.</source>
+        <translation>Am Ende fehlt eine Zahl.</translation>
+    </message>
+    <message>
+        <source>A number is expected before &quot;%1&quot;.</source>
+        <translation>Vor „%1“ wird eine Zahl erwartet.</translation>
+    </message>
+</context>
+<context>
+    <name>Modules</name>
+    <message>
+        <source>%1 The commands for cutting are missing; install the program again, or name the module with --plugin.</source>
+        <translation>%1 Die Befehle zum Schneiden fehlen; das Programm neu installieren oder das Modul mit --plugin angeben.</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>OrbeCmdZcut</name>
+    <message>
+        <source>&amp;Section Cut</source>
+        <translation>&amp;Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Section cut the selected part(s) or all parts.</source>
+        <translation>Die ausgewählten oder alle Bauteile mit einer Ebene schneiden.</translation>
+    </message>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+</context>
+<context>
+    <name>OrbeWindow</name>
+    <message>
+        <source>A job is running</source>
+        <translation>Ein Auftrag läuft</translation>
+    </message>
+    <message>
+        <source>Close the window when the job has finished, or cancel the job and close it?</source>
+        <translation>Das Fenster schließen, wenn der Auftrag beendet ist, oder den Auftrag abbrechen und schließen?</translation>
+    </message>
+    <message>
+        <source>Finish and Close</source>
+        <translation>Beenden und schließen</translation>
+    </message>
+    <message>
+        <source>Cancel and Close</source>
+        <translation>Abbrechen und schließen</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>Offen lassen</translation>
+    </message>
+</context>
+<context>
+    <name>OrientationCube</name>
+    <message>
+        <source>FRONT</source>
+        <translation>VORN</translation>
+    </message>
+    <message>
+        <source>BACK</source>
+        <translation>HINTEN</translation>
+    </message>
+    <message>
+        <source>TOP</source>
+        <translation>OBEN</translation>
+    </message>
+    <message>
+        <source>BOTTOM</source>
+        <translation>UNTEN</translation>
+    </message>
+    <message>
+        <source>LEFT</source>
+        <translation>LINKS</translation>
+    </message>
+    <message>
+        <source>RIGHT</source>
+        <translation>RECHTS</translation>
+    </message>
+</context>
+<context>
+    <name>PartCheck</name>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>
+    </message>
+</context>
+<context>
+    <name>PartInformation</name>
+    <message>
+        <source>Part Information</source>
+        <translation>Bauteilinformation</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>Dreiecke</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Fläche</translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Befund</translation>
+    </message>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>Count what a printable part must not have.</source>
+        <translation>Zählen, was ein druckbares Bauteil nicht haben darf.</translation>
+    </message>
+    <message>
+        <source>Close holes and mend what else can be mended.</source>
+        <translation>Löcher schließen und beheben, was sich sonst beheben lässt.</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>none, the surface is open</source>
+        <translation>keins, die Oberfläche ist offen</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 parts are open</source>
+        <translation>%1 von %2 Bauteilen sind offen</translation>
+    </message>
+    <message>
+        <source>not checked yet</source>
+        <translation>noch nicht geprüft</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>The repair was cancelled; the parts are as they were.</source>
+        <translation>Die Reparatur wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>The check was cancelled.</source>
+        <translation>Die Prüfung wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 Bauteile</translation>
+    </message>
+</context>
+<context>
+    <name>PartList</name>
+    <message>
+        <source>Colour of the Part</source>
+        <translation>Farbe des Bauteils</translation>
+    </message>
+    <message>
+        <source>Open a part, or drop a file into the window.</source>
+        <translation>Ein Bauteil öffnen oder eine Datei in das Fenster ziehen.</translation>
+    </message>
+    <message>
+        <source>Parts</source>
+        <translation>Bauteile</translation>
+    </message>
+    <message>
+        <source>%1 triangles</source>
+        <translation>%1 Dreiecke</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>1 part</source>
+        <translation>1 Bauteil</translation>
+    </message>
+    <message>
+        <source>%1 parts</source>
+        <translation>%1 Bauteile</translation>
+    </message>
+</context>
+<context>
+    <name>PartMenu</name>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>The selected parts are hidden already.</source>
+        <translation>Die ausgewählten Bauteile sind schon ausgeblendet.</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>The selected parts are shown already.</source>
+        <translation>Die ausgewählten Bauteile sind schon eingeblendet.</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alle einblenden</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppieren</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>Gruppierung aufheben</translation>
+    </message>
+    <message>
+        <source>Select a group or a part of one first.</source>
+        <translation>Zuerst eine Gruppe oder ein Bauteil einer Gruppe auswählen.</translation>
+    </message>
+    <message>
+        <source>Take Out of Group</source>
+        <translation>Aus der Gruppe nehmen</translation>
+    </message>
+    <message>
+        <source>Select a part of a group first.</source>
+        <translation>Zuerst ein Bauteil einer Gruppe auswählen.</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Colour...</source>
+        <translation>Farbe...</translation>
+    </message>
+    <message>
+        <source>No Colour of Its Own</source>
+        <translation>Keine eigene Farbe</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>PartTreeModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>Dreiecke</translation>
+    </message>
+    <message>
+        <source>Whether the part is closed</source>
+        <translation>Ob das Bauteil geschlossen ist</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Visibility</source>
+        <translation>Sichtbarkeit</translation>
+    </message>
+    <message>
+        <source>Hidden; click to show</source>
+        <translation>Ausgeblendet; zum Einblenden klicken</translation>
+    </message>
+    <message>
+        <source>Shown; click to hide</source>
+        <translation>Eingeblendet; zum Ausblenden klicken</translation>
+    </message>
+    <message>
+        <source>Click to choose a colour</source>
+        <translation>Klicken, um eine Farbe zu wählen</translation>
+    </message>
+    <message>
+        <source>Being checked...</source>
+        <translation>Wird geprüft...</translation>
+    </message>
+    <message>
+        <source>empty: no triangles</source>
+        <translation>leer: keine Dreiecke</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message numerus="yes">
+        <source>open: %n open edges</source>
+        <translation>
+            <numerusform>offen: %n offene Kante</numerusform>
+            <numerusform>offen: %n offene Kanten</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PlacementPanel</name>
+    <message>
+        <source>Placement</source>
+        <translation>Platzierung</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Move By</source>
+        <translation>Verschieben um</translation>
+    </message>
+    <message>
+        <source>Turn By (Degrees)</source>
+        <translation>Drehen um (Grad)</translation>
+    </message>
+    <message>
+        <source>Middle of the box</source>
+        <translation>Mitte des Hüllquaders</translation>
+    </message>
+    <message>
+        <source>Lower corner of the box</source>
+        <translation>Untere Ecke des Hüllquaders</translation>
+    </message>
+    <message>
+        <source>Middle of the bottom</source>
+        <translation>Mitte der Unterseite</translation>
+    </message>
+    <message>
+        <source>Point that the position gives</source>
+        <translation>Punkt, dessen Position angegeben ist</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Drop to Plate</source>
+        <translation>Auf die Platte absetzen</translation>
+    </message>
+    <message>
+        <source>Centre on Plate</source>
+        <translation>Auf der Platte zentrieren</translation>
+    </message>
+    <message>
+        <source>Select a part first.</source>
+        <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Lengths in</source>
+        <translation>Längen in</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Projection</source>
+        <translation>Projektion</translation>
+    </message>
+    <message>
+        <source>Plate width</source>
+        <translation>Breite der Bauplatte</translation>
+    </message>
+    <message>
+        <source>Plate depth</source>
+        <translation>Tiefe der Bauplatte</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Wie das System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Millimetres</source>
+        <translation>Millimeter</translation>
+    </message>
+    <message>
+        <source>Inches</source>
+        <translation>Zoll</translation>
+    </message>
+    <message>
+        <source>Turn: right; move: middle</source>
+        <translation>Drehen: rechts; verschieben: Mitte</translation>
+    </message>
+    <message>
+        <source>Turn: middle; move: Shift + middle</source>
+        <translation>Drehen: Mitte; verschieben: Umschalt + Mitte</translation>
+    </message>
+    <message>
+        <source>Turn: middle; move: right</source>
+        <translation>Drehen: Mitte; verschieben: rechts</translation>
+    </message>
+    <message>
+        <source>Parallel</source>
+        <translation>Parallel</translation>
+    </message>
+    <message>
+        <source>Perspective</source>
+        <translation>Perspektive</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>RecentMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>No file was opened yet.</source>
+        <translation>Noch wurde keine Datei geöffnet.</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Liste leeren</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutList</name>
+    <message>
+        <source>Keyboard and Mouse</source>
+        <translation>Tastatur und Maus</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Wirkung</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>End the tool, or cancel the job</source>
+        <translation>Werkzeug beenden oder Auftrag abbrechen</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Select a part; with Ctrl, one more</source>
+        <translation>Bauteil auswählen; mit Strg ein weiteres</translation>
+    </message>
+    <message>
+        <source>Left click</source>
+        <translation>Linksklick</translation>
+    </message>
+    <message>
+        <source>Orbit about the point under the mouse</source>
+        <translation>Um den Punkt unter der Maus drehen</translation>
+    </message>
+    <message>
+        <source>Drag with the right button</source>
+        <translation>Mit der rechten Taste ziehen</translation>
+    </message>
+    <message>
+        <source>Move the view</source>
+        <translation>Ansicht verschieben</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button, or right with Shift</source>
+        <translation>Mit der mittleren Taste ziehen oder rechts mit Umschalt</translation>
+    </message>
+    <message>
+        <source>Zoom to the mouse</source>
+        <translation>Zur Maus hin zoomen</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>Mausrad</translation>
+    </message>
+    <message>
+        <source>Turn to a standard view</source>
+        <translation>Zu einer Standardansicht drehen</translation>
+    </message>
+    <message>
+        <source>Click on the cube</source>
+        <translation>Klick auf den Würfel</translation>
+    </message>
+</context>
+<context>
+    <name>SideControlTab</name>
+    <message>
+        <source>Preparing</source>
+        <translation>Vorbereitung</translation>
+    </message>
+</context>
+<context>
+    <name>StatusBarMessage</name>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Drag a rectangle around the parts to select them; hold Ctrl to add to the selection. Esc ends the tool.</source>
+        <translation>Ein Rechteck um die Bauteile aufziehen, um sie auszuwählen; mit Strg kommen sie zur Auswahl hinzu. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Click on a part to see the coordinates of that point. Esc ends the tool.</source>
+        <translation>Auf ein Bauteil klicken, um die Koordinaten dieses Punkts zu sehen. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Click on a part to place the cutting plane. Esc ends the tool.</source>
+        <translation>Auf ein Bauteil klicken, um die Schnittebene zu setzen. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Click the corners of the polygon on the parts; the first corner closes it.</source>
+        <translation>Die Ecken des Polygons auf den Bauteilen anklicken; die erste Ecke schließt es.</translation>
+    </message>
+    <message>
+        <source>Click on a part to place the middle of the cylinder.</source>
+        <translation>Auf ein Bauteil klicken, um die Mitte des Zylinders zu setzen.</translation>
+    </message>
+    <message>
+        <source>Click on a part to place the middle of the cuboid.</source>
+        <translation>Auf ein Bauteil klicken, um die Mitte des Quaders zu setzen.</translation>
+    </message>
+    <message>
+        <source>Click on a part. Esc ends the tool.</source>
+        <translation>Auf ein Bauteil klicken. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Drop mesh files here, or open them from the File menu.</source>
+        <translation>Netzdateien hier ablegen oder über das Menü Datei öffnen.</translation>
+    </message>
+    <message>
+        <source>Click a part to select it. Press ? for all shortcuts.</source>
+        <translation>Ein Bauteil anklicken, um es auszuwählen. Die Taste ? zeigt alle Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>1 part, %1 triangles</source>
+        <translation>1 Bauteil, %1 Dreiecke</translation>
+    </message>
+    <message>
+        <source>%1 parts, %2 triangles</source>
+        <translation>%1 Bauteile, %2 Dreiecke</translation>
+    </message>
+</context>
+<context>
+    <name>UndoRedoName</name>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppieren</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>Gruppierung aufheben</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alle einblenden</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Move to Group</source>
+        <translation>In Gruppe verschieben</translation>
+    </message>
+    <message>
+        <source>Take Out of Group</source>
+        <translation>Aus der Gruppe nehmen</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Drop to Plate</source>
+        <translation>Auf die Platte absetzen</translation>
+    </message>
+    <message>
+        <source>Centre on Plate</source>
+        <translation>Auf der Platte zentrieren</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+</context>
+<context>
+    <name>WindowFileQuestions</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Parts and projects (%1)</source>
+        <translation>Bauteile und Projekte (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Projekt speichern</translation>
+    </message>
+    <message>
+        <source>3MF project (*.3mf)</source>
+        <translation>3MF-Projekt (*.3mf)</translation>
+    </message>
+    <message>
+        <source>Export to Folder</source>
+        <translation>In einen Ordner exportieren</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weitere</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n Datei gibt es schon. Ersetzen?</numerusform>
+            <numerusform>%n Dateien gibt es schon. Ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>Nicht gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changes that are not saved. Save them?</source>
+        <translation>„%1“ enthält Änderungen, die nicht gespeichert sind. Speichern?</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenus</name>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Part</source>
+        <translation>Bau&amp;teil</translation>
+    </message>
+    <message>
+        <source>&amp;Cut</source>
+        <translation>S&amp;chneiden</translation>
+    </message>
+    <message>
+        <source>#At the height of the slider</source>
+        <translation>#In der Höhe des Schiebers</translation>
+    </message>
+    <message>
+        <source>#With settings</source>
+        <translation>#Mit Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+</context>
+<context>
+    <name>WindowPanels</name>
+    <message>
+        <source>Cut View</source>
+        <translation>Schnittansicht</translation>
+    </message>
+</context>
+</TS>

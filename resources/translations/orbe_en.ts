@@ -1,0 +1,65 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>DocumentFiles</name>
+    <message numerus="yes">
+        <source>%n files could not be opened:</source>
+        <translation>
+            <numerusform>%n file could not be opened:</numerusform>
+            <numerusform>%n files could not be opened:</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The same goes for %n more.</source>
+        <translation>
+            <numerusform>The same goes for %n more.</numerusform>
+            <numerusform>The same goes for %n more.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n files</source>
+        <translation>
+            <numerusform>Open %n file</numerusform>
+            <numerusform>Open %n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message numerus="yes">
+        <source>Export %n Parts</source>
+        <translation>
+            <numerusform>Export %n Part</numerusform>
+            <numerusform>Export %n Parts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PartTreeModel</name>
+    <message numerus="yes">
+        <source>open: %n open edges</source>
+        <translation>
+            <numerusform>open: %n open edge</numerusform>
+            <numerusform>open: %n open edges</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>WindowFileQuestions</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files exist already. Replace them?</source>
+        <translation>
+            <numerusform>%n file exists already. Replace it?</numerusform>
+            <numerusform>%n files exist already. Replace them?</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/files/ExportDialog.h"
+#include "app/panels/HistoryList.h"
+#include "app/panels/PartInformation.h"
+#include "app/panels/PartList.h"
+#include "app/panels/PlacementPanel.h"
+#include "app/panels/PreferencesDialog.h"
+#include "app/panels/ViewPreferences.h"
+#include "app/window/ShortcutList.h"
+#include "app/window/ViewAppearance.h"
+#include "platform/ui/LanguageSwitch.h"
+#include "platform/ui/ThemeSwitch.h"
+#include "tests/app/AppWindow.h"
+#include "tests/support/TranslationFile.h"
+
+#include <QAbstractButton>
+#include <QDockWidget>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabBar>
+
+#include <map>
+#include <set>
+
+namespace {
+
+/// The letters after "&" that open the entries of a menu, each with its entries.
+std::map<QChar, QStringList> acceleratorsOf(QList<QAction*> const& actions)
+{
+    std::map<QChar, QStringList> found;
+    for (QAction const* const action : actions) {
+        QString const text = action->text();
+        int const at = text.indexOf('&');
+        if (action->isVisible() && at >= 0 && at + 1 < text.size())
+            found[text[at + 1].toLower()] << text;
+    }
+    return found;
+}
+
+void expectUnique(QList<QAction*> const& actions)
+{
+    for (auto const& [letter, texts] : acceleratorsOf(actions))
+        EXPECT_EQ(texts.size(), 1) << qPrintable(texts.join(", "));
+}
+
+/// Everything that a widget and its children show or tell.
+void collectTexts(QWidget const& window, QStringList& texts)
+{
+    for (QAction const* const action : window.findChildren<QAction*>())
+        texts << action->text() << action->toolTip() << action->statusTip();
+    for (QWidget const* const widget : window.findChildren<QWidget*>()) {
+        texts << widget->toolTip() << widget->windowTitle();
+        if (auto const* const label = qobject_cast<QLabel const*>(widget))
+            texts << label->text();
+        else if (auto const* const button = qobject_cast<QAbstractButton const*>(widget))
+            texts << button->text();
+        else if (auto const* const box = qobject_cast<QGroupBox const*>(widget))
+            texts << box->title();
+        else if (auto const* const edit = qobject_cast<QLineEdit const*>(widget))
+            texts << edit->placeholderText();
+        else if (auto const* const tabs = qobject_cast<QTabBar const*>(widget))
+            for (int i = 0; i < tabs->count(); ++i)
+                texts << tabs->tabText(i);
+    }
+}
+
+/// Texts that are never the same in German.
+std::set<QString> englishTexts()
+{
+    std::set<QString> english, same;
+    for (TranslatedText const& text :
+         readTranslationFile(MELL_SOURCE_DIR "/resources/translations/orbe_de.ts"))
+        (text.translations.contains(text.source) ? same : english).insert(text.source);
+    for (QString const& text : same)
+        english.erase(text);
+    return english;
+}
+
+void expectNoEnglishText(QWidget const& window)
+{
+    static std::set<QString> const english = englishTexts();
+    QStringList texts;
+    collectTexts(window, texts);
+    for (QString const& text : texts)
+        EXPECT_EQ(english.count(text), 0u) << qPrintable(text);
+}
+
+/// Whether a label or button has the room that its text needs.
+void expectWholeTexts(QWidget const& window)
+{
+    for (QWidget const* const widget : window.findChildren<QWidget*>()) {
+        auto const* const label = qobject_cast<QLabel const*>(widget);
+        auto const* const button = qobject_cast<QAbstractButton const*>(widget);
+        bool const isText = label ? !label->wordWrap() && !label->text().isEmpty()
+                                  : button && !button->text().isEmpty();
+        if (isText && widget->isVisible()) {
+            EXPECT_GE(widget->width(), widget->sizeHint().width())
+                << qPrintable(label ? label->text() : button->text());
+        }
+    }
+}
+
+class GermanWindow : public AppWindow
+{
+protected:
+    /// Dialogs and panels that were made in English.
+    std::vector<std::unique_ptr<QWidget>> panels()
+    {
+        appearance = std::make_unique<ViewAppearance>(window->view());
+        preferences = std::make_unique<ViewPreferences>(window->view());
+        std::vector<std::unique_ptr<QWidget>> made;
+        made.push_back(std::make_unique<PreferencesDialog>(*appearance, *preferences, nullptr));
+        made.push_back(std::make_unique<PlacementPanel>());
+        made.push_back(std::make_unique<PartInformation>());
+        made.push_back(std::make_unique<PartList>());
+        made.push_back(std::make_unique<HistoryList>());
+        return made;
+    }
+
+    std::unique_ptr<ViewAppearance> appearance;
+    std::unique_ptr<ViewPreferences> preferences;
+
+    void SetUp() override
+    {
+        AppWindow::SetUp();
+        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
+        LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
+        QCoreApplication::processEvents();
+    }
+    void TearDown() override
+    {
+        preferences.reset();
+        appearance.reset();
+        LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
+        QCoreApplication::processEvents();
+        AppWindow::TearDown();
+    }
+};
+
+}  // namespace
+
+TEST_F(GermanWindow, HasNoTwoEntriesOfAMenuOnOneLetter)
+{
+    expectUnique(window->menuBar()->actions());
+    for (QAction const* const title : window->menuBar()->actions())
+        if (title->menu()) {
+            SCOPED_TRACE(qPrintable(title->text()));
+            expectUnique(title->menu()->actions());
+        }
+}
+
+TEST_F(GermanWindow, LeavesNoEnglishTextBehind)
+{
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
+    test->add(box(20, 20, 20), "Box");
+    show();
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
+    QCoreApplication::processEvents();
+    QStringList texts;
+    collectTexts(*window, texts);
+    EXPECT_GT(texts.size(), 100);
+    expectNoEnglishText(*window);
+}
+
+TEST_F(GermanWindow, ShowsGermanMenus)
+{
+    QStringList titles;
+    for (QAction const* const title : window->menuBar()->actions())
+        titles << title->text();
+    EXPECT_TRUE(titles.contains("&Datei")) << qPrintable(titles.join(' '));
+    EXPECT_TRUE(titles.contains("S&chneiden")) << qPrintable(titles.join(' '));
+}
+
+TEST_F(GermanWindow, NamesTheJobsOfApplicationAndPlugInInGerman)
+{
+    EXPECT_EQ(JobGuard::translatedTitle("Opening files"), QString::fromUtf8("Dateien öffnen"));
+    EXPECT_EQ(JobGuard::translatedTitle("Section Cut"), "Ebenenschnitt");
+    EXPECT_EQ(JobGuard::translatedTitle("Something else"), "Something else");
+}
+
+TEST_F(GermanWindow, LooksTidy)
+{
+    if (!hasDisplay())
+        GTEST_SKIP() << "Pictures need a display.";
+    test->add(box(40, 30, 20), "Box");
+    show();
+    trigger("Std_View6");
+    trigger("Std_FitAll");
+    takePicture("german");
+}
+
+TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
+{
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
+    test->add(box(40, 30, 20), "Box");
+    auto const made = panels();
+    trigger("Std_SelectAll");
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
+    QDir(MELL_BINARY_DIR "/..").mkpath("pictures");
+    for (auto const& panel : made) {
+        panel->show();
+        QCoreApplication::processEvents();
+        QString const name = panel->metaObject()->className();
+        SCOPED_TRACE(qPrintable(name));
+        expectNoEnglishText(*panel);
+        expectWholeTexts(*panel);
+        panel->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+    }
+}
+
+TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
+{
+    ShortcutList shortcuts(commands(), nullptr);
+    ExportDialog exporting(3, nullptr);
+    for (QDialog* const dialog :
+         {static_cast<QDialog*>(&shortcuts), static_cast<QDialog*>(&exporting)}) {
+        dialog->show();
+        QCoreApplication::processEvents();
+        QString const name = dialog->metaObject()->className();
+        SCOPED_TRACE(qPrintable(name));
+        expectNoEnglishText(*dialog);
+        expectWholeTexts(*dialog);
+        dialog->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+    }
+}

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/modules/Modules.h"
+#include "app/window/NoticeBar.h"
+#include "tests/app/AppWindow.h"
+
+#include <QFile>
+#include <QToolButton>
+
+namespace {
+
+QString brokenLibrary(QTemporaryDir const& folder)
+{
+    QString const path = folder.filePath("broken.so");
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write("no library at all");
+    return path;
+}
+
+}  // namespace
+
+TEST(Modules, AMissingLibraryIsAMessageThatSaysWhatToDo)
+{
+    Application const application;
+    Modules modules;
+    EXPECT_FALSE(modules.load("/nowhere/module.so"));
+    ASSERT_EQ(modules.messages().size(), 1);
+    EXPECT_TRUE(modules.messages().front().contains("/nowhere/module.so"));
+    EXPECT_TRUE(modules.messages().front().contains("--plugin"));
+}
+
+TEST(Modules, ABrokenLibraryIsAMessageThatNamesIt)
+{
+    QTemporaryDir const folder;
+    Application const application;
+    Modules modules;
+    EXPECT_FALSE(modules.load(brokenLibrary(folder)));
+    ASSERT_EQ(modules.messages().size(), 1);
+    EXPECT_TRUE(modules.messages().front().contains("broken.so"));
+}
+
+TEST(Modules, ALibraryThatIsNoModuleIsAMessage)
+{
+    Application const application;
+    Modules modules;
+    EXPECT_FALSE(modules.load(QString(MELL_BINARY_DIR) + "/libMellHost.so"));
+    EXPECT_EQ(modules.messages().size(), 1);
+}
+
+TEST(Modules, ThePlugInLiesBesideThePrograms)
+{
+    Application const application;
+    Modules modules;
+    EXPECT_TRUE(modules.load(Modules::installedLibrary()));
+    EXPECT_TRUE(modules.messages().isEmpty());
+}
+
+TEST(Modules, TheWindowWorksWithoutAModule)
+{
+    QTemporaryDir const settings;
+    QSettings::setPath(g_AppSettingFormat, QSettings::UserScope, settings.path());
+    TestDocument test;
+    OrbeWindow window;
+    window.addNotice("The module is missing.");
+    window.show();
+    EXPECT_TRUE(window.notices().isVisible());
+    EXPECT_FALSE(test.application.commandManager().getCommandByName("Std_zCut"));
+    test.add(box(10, 10, 10), "box")->setSelected(true, true, true);
+    QCoreApplication::processEvents();
+    test.application.commandManager().getCommandByName("Std_Hide")->invoke(0);
+    EXPECT_EQ(test.document->undoNames(), std::vector<std::string>{"Hide"});
+    window.notices().findChild<QToolButton*>("DismissNotice")->click();
+    EXPECT_FALSE(window.notices().isVisible());
+}

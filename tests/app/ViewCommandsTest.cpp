@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/StatusLine.h"
+#include "app/window/WindowSettings.h"
+#include "platform/view/ViewProvider.h"
+#include "tests/app/AppWindow.h"
+
+#include <QLabel>
+#include <QTest>
+#include <QTreeWidget>
+
+TEST_F(AppWindow, StandardViewsHaveKeysAndNumbersOfTheirOwn)
+{
+    for (int type = 0; type <= 6; ++type) {
+        trigger("Std_View" + std::to_string(type));
+        EXPECT_EQ(window->view().viewIndex(), type);
+    }
+}
+
+TEST_F(AppWindow, ProjectionIsOneOfTwoAndTheActionsShowIt)
+{
+    trigger("Std_Perspective");
+    EXPECT_EQ(window->view().projection(), GLCamera::Projection::Perspective);
+    // Once more is not the other one.
+    trigger("Std_Perspective");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().projection(), GLCamera::Projection::Perspective);
+    EXPECT_TRUE(action("Std_Perspective")->isChecked());
+    EXPECT_FALSE(action("Std_Parallel")->isChecked());
+    trigger("Std_Parallel");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().projection(), GLCamera::Projection::Parallel);
+    EXPECT_FALSE(action("Std_Perspective")->isChecked());
+}
+
+TEST_F(AppWindow, EdgesShowOnPartsThatComeLaterToo)
+{
+    auto const modeOf = [&](Mesh::DocumentObject const* part) {
+        return test->document->getViewProvider(part)->getRenderMode();
+    };
+    Mesh::DocumentObject const* const first = test->add(box(10, 10, 10), "first");
+    EXPECT_EQ(modeOf(first), Base::ViewProvider::Shaded);
+    trigger("Std_ShowEdges");
+    Mesh::DocumentObject const* const second = test->add(box(10, 10, 10), "second");
+    EXPECT_EQ(modeOf(first), Base::ViewProvider::ShadedWithEdges);
+    EXPECT_EQ(modeOf(second), Base::ViewProvider::ShadedWithEdges);
+}
+
+TEST_F(AppWindow, AppearanceIsRememberedAndNonsenseFallsBack)
+{
+    trigger("Std_ShowEdges");
+    trigger("Std_ShowPlate");
+    start();
+    EXPECT_TRUE(action("Std_ShowEdges")->isChecked());
+    EXPECT_TRUE(WindowSettings::flag("View/Edges", false));
+    EXPECT_FALSE(WindowSettings::flag("View/Plate", true));
+    QSettings(g_AppSettingFormat, QSettings::UserScope, "orbe", getSettingName())
+        .setValue("View/Plate", "perhaps");
+    EXPECT_TRUE(WindowSettings::flag("View/Plate", true));
+}
+
+TEST_F(AppWindow, NonsenseInTheStoredPlacesOfWindowsIsIgnored)
+{
+    WindowSettings::setBytes("Window/Geometry", "nonsense");
+    WindowSettings::setBytes("Window/State", "nonsense");
+    start();
+    EXPECT_GE(window->width(), 800);
+}
+
+TEST_F(AppWindow, ToolsSwitchOnAndOffAndTheStatusLineSaysWhatTheyWaitFor)
+{
+    test->add(box(10, 10, 10), "box");
+    QCoreApplication::processEvents();
+    QString const without = window->statusLine().hint();
+    trigger("Std_PickPoint");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().getInteractModeName(), "Mesh::PointPickerMesh");
+    EXPECT_TRUE(action("Std_PickPoint")->isChecked());
+    EXPECT_NE(window->statusLine().hint(), without);
+    trigger("Std_RectangleSelect");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().getInteractModeName(), "Base::RectangleSelection");
+    EXPECT_FALSE(action("Std_PickPoint")->isChecked());
+    trigger("Std_RectangleSelect");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->view().getInteractModeName(), "");
+    EXPECT_EQ(window->statusLine().hint(), without);
+}
+
+TEST_F(AppWindow, EscEndsTheTool)
+{
+    ASSERT_NO_FATAL_FAILURE(show());
+    test->add(box(10, 10, 10), "box");
+    trigger("Std_PickPoint");
+    window->view().setFocus();
+    QTest::keyClick(&window->view(), Qt::Key_Escape);
+    EXPECT_EQ(window->view().getInteractModeName(), "");
+}
+
+TEST_F(AppWindow, TheQuestionMarkListsAllShortcuts)
+{
+    ASSERT_NO_FATAL_FAILURE(show());
+    QTest::keyClick(window->windowHandle(), Qt::Key_Question);
+    auto* const list = window->findChild<QTreeWidget*>();
+    ASSERT_TRUE(list);
+    for (Base::Command* const command : commands().getAllCommands()) {
+        QString const keys = command->getAction()->getQAction()->shortcut().toString();
+        if (!keys.isEmpty()) {
+            EXPECT_EQ(list->findItems(keys, Qt::MatchExactly, 1).size(), 1) << keys.toStdString();
+        }
+    }
+}
+
+TEST_F(AppWindow, TheStatusLineCountsTheSelection)
+{
+    test->add(box(10, 10, 10), "a")->setSelected(true, true, false);
+    test->add(box(10, 10, 10), "b")->setSelected(true, true, false);
+    QCoreApplication::processEvents();
+    auto const* const summary = window->findChild<QLabel*>("SelectionSummary");
+    EXPECT_EQ(summary->text().toStdString(), "2 parts, 24 triangles");
+}
+
+TEST_F(AppWindow, TheViewShowsWhicheverDocumentIsActive)
+{
+    EXPECT_EQ(window->view().getDocument(), test->document);
+    Mesh::Document* const other = test->application.newDocument("other");
+    EXPECT_EQ(window->view().getDocument(), other);
+    test->application.closeDocument(other);
+    EXPECT_EQ(window->view().getDocument(), test->document);
+}

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/SectionCutImp.h"
+#include "platform/services/Intersect.h"
+#include "tests/cutjobs/RecordingSink.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/TestDocument.h"
+#include "tools/PlaneGraphicObject.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+using Values = std::vector<int>;
+using Progress = std::function<void(int)>;
+
+Soup const block = box(30, 30, 30);
+
+/// What a service reports of itself. After ten milliseconds without a report it reports once more;
+/// the shortest of some runs has none of these.
+Values reportsOf(std::function<void(Progress)> const& call)
+{
+    Values shortest;
+    for (int i = 0; i < 5; ++i) {
+        Values values;
+        call([&](int percent) { values.push_back(percent); });
+        if (shortest.empty() || values.size() < shortest.size())
+            shortest = values;
+    }
+    return shortest;
+}
+
+Values reportsOfPlaneCut()
+{
+    Soup plane;
+    plane.points = {{-50, -50, 10}, {50, -50, 10}, {50, 50, 10}, {-50, 50, 10}};
+    plane.triangles = {{0, 1, 2}, {2, 3, 0}};
+    auto const part = kernelOf(block);
+    auto const planeKernel = kernelOf(plane);
+    return reportsOf([&](Progress const& progress) {
+        MeshKernel above, below, section;
+        Intersect::cutByPlane(part.get(), planeKernel.get(), &above, &below, &section, progress,
+                              true);
+    });
+}
+
+Values reportsOfBoolean()
+{
+    auto const part = kernelOf(block);
+    auto const tool = kernelOf(box(5, 5, 10, {10, 10, 25}));
+    return reportsOf([&](Progress const& progress) {
+        MeshKernel result;
+        std::vector<MeshKernel*> out{&result};
+        Intersect::boolean(part.get(), tool.get(), out, Intersect::BOOLEAN_SUBTRACT, progress, 1);
+    });
+}
+
+/// A share of a hundred percent: where it begins and how long it is.
+struct Share
+{
+    int start;
+    int span;
+};
+
+/// A service call of a connector run: its stage, and its span within that stage.
+struct Call
+{
+    bool isBoolean;
+    Share stage;
+    Share span{0, 100};
+};
+
+struct Form
+{
+    char const* name;
+    SECTIONCUTTYPE type;
+    bool isPin;
+    /// Between the faces.
+    float gap;
+    bool reportsStart;
+    std::vector<Call> calls;
+};
+
+std::vector<Form> forms()
+{
+    Call const firstCut{false, {0, 20}};
+    Call const secondCut{false, {20, 20}};
+    Call const onlyCut{false, {0, 25}};
+    auto const halves = [](Share stage) {
+        return std::vector<Call>{{true, stage, {0, 50}}, {true, stage, {50, 50}}};
+    };
+    auto const raised = [](Share stage) {
+        return std::vector<Call>{
+            {true, stage, {0, 40}}, {true, stage, {40, 30}}, {true, stage, {70, 30}}};
+    };
+    auto const with = [](std::vector<Call> cuts, std::vector<Call> const& booleans) {
+        cuts.insert(cuts.end(), booleans.begin(), booleans.end());
+        return cuts;
+    };
+    std::vector<Call> const two{firstCut, secondCut};
+    return {
+        {"lap joint", SECTIONCUT_LAPJOINT, true, 0.2f, false, with(two, raised({40, 60}))},
+        {"lap joint without a gap", SECTIONCUT_LAPJOINT, true, 0, false,
+         with(two, raised({40, 60}))},
+        {"holes", SECTIONCUT_PINHOLE, false, 0.1f, false, with(two, halves({40, 60}))},
+        {"pins", SECTIONCUT_PINHOLE, true, 0.1f, false, with(two, raised({40, 50}))},
+        {"holes in one cut", SECTIONCUT_PINHOLE, false, 0, true, with({onlyCut}, halves({25, 75}))},
+        {"pins in one cut", SECTIONCUT_PINHOLE, true, 0, true, with({onlyCut}, raised({25, 65}))},
+    };
+}
+
+/// The percentages of a connector run over some parts.
+Values expectedOf(Form const& form, int partCount, Values const& planeCut, Values const& boolean)
+{
+    Values expected;
+    if (form.reportsStart)
+        expected.push_back(0);
+    for (int part = 0; part < partCount; ++part)
+        for (auto const& [isBoolean, stage, span] : form.calls)
+            for (int x : isBoolean ? boolean : planeCut) {
+                if (isBoolean)
+                    x = int(x / 100.0 * span.span + span.start);
+                int const ofPart = int(std::min(x, 100) / 100.0 * stage.span + stage.start);
+                expected.push_back(int((ofPart + part * 100.0) / partCount));
+            }
+    expected.push_back(100);
+    return expected;
+}
+
+struct Recorded
+{
+    Values values;
+    std::size_t milliseconds;
+};
+
+Recorded record(SECTIONCUTTYPE type, int partCount, bool isPin, float gap)
+{
+    TestDocument test;
+    PluggedSink const sink;
+    Freecut::PlaneGraphicObject plane;
+    plane.getProperty().setKeyPoints(
+        {{15, 15, 10}, {-5, -5, 10}, {35, -5, 10}, {35, 35, 10}, {-5, 35, 10}});
+    std::vector<Mesh::DocumentObject*> parts;
+    for (int i = 0; i < partCount; ++i)
+        parts.push_back(test.add(block, "part"));
+    PinHoleParas pins;
+    pins.isPin = isPin;
+    pins.faceclearance = gap;
+    // One is enough.
+    pins.spacing = 100;
+    LapJointParas joint;
+    joint.frontClearance = gap;
+    SectionCutImp worker(nullptr);
+    worker.setObjects(parts);
+    worker.setCutType(type);
+    worker.setPlaneObject(&plane);
+    worker.setPinHoleParas(pins);
+    worker.setLapJointParas(joint);
+    auto const start = std::chrono::steady_clock::now();
+    worker.doWork();
+    auto const time = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(worker.getResult().size(), std::size_t(partCount));
+    return {sink->values(), std::size_t(time / std::chrono::milliseconds(1))};
+}
+
+/// All that is expected came, in its order; what came besides is no more than a long job's reports
+/// between, and never leads back.
+void expectSequence(Recorded const& recorded, Values const& expected)
+{
+    Values const& values = recorded.values;
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_LE(values.size(), expected.size() + 1 + recorded.milliseconds / 10);
+    auto const counts = [](Values const& list, int value) {
+        return std::count(list.begin(), list.end(), value);
+    };
+    for (int const value : expected)
+        EXPECT_GE(counts(values, value), counts(expected, value)) << value;
+    if (recorded.milliseconds < 10) {
+        EXPECT_EQ(values, expected);
+    }
+}
+
+}  // namespace
+
+TEST(SectionProgress, OfAPlainCutGivesEachPartItsShare)
+{
+    Values const planeCut = reportsOfPlaneCut();
+    ASSERT_EQ(planeCut.front(), 0);
+    ASSERT_EQ(planeCut.back(), 100);
+    for (int const partCount : {1, 2, 3}) {
+        SCOPED_TRACE(partCount);
+        Values expected;
+        for (int part = 0; part < partCount; ++part) {
+            for (int const p : planeCut)
+                expected.push_back(int((double(p * 100.0f) / 100.0 + part * 100) / partCount));
+            expected.push_back((part + 1) * 100 / partCount);
+        }
+        expected.push_back(100);
+        expectSequence(record(SECTIONCUT_PLANE, partCount, true, 0), expected);
+    }
+}
+
+TEST(SectionProgress, OfConnectorsGivesEachStageItsShare)
+{
+    Values const planeCut = reportsOfPlaneCut();
+    Values const boolean = reportsOfBoolean();
+    ASSERT_EQ(boolean.front(), 0);
+    ASSERT_EQ(boolean.back(), 100);
+    for (Form const& form : forms())
+        for (int const partCount : {1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << form.name << " in " << partCount << " parts");
+            expectSequence(record(form.type, partCount, form.isPin, form.gap),
+                           expectedOf(form, partCount, planeCut, boolean));
+        }
+}
