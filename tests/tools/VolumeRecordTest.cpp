@@ -193,6 +193,9 @@ TEST(VolumeRecord, RemembersTheViewAndKeepsACameraApart)
     EXPECT_EQ(eye, Point(1, 2, 3));
     EXPECT_EQ(reference, Point(4, 5, 6));
     EXPECT_EQ(up, UVector3<float>(0, 0, 1));
+    EXPECT_EQ(record.getSavedEye(), eye);
+    EXPECT_EQ(record.getSavedRef(), reference);
+    EXPECT_EQ(record.getSavedUp(), up);
     record.setPreviewing(true);
     EXPECT_TRUE(record.getPreviewOn());
 }
