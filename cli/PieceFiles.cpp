@@ -27,8 +27,8 @@ void checkFolder(fs::path const& folder)
     if (!fs::is_directory(existing))
         throw Formats::FileError(existing, "it is not a folder; choose another one with -o.");
     if (access(existing.c_str(), W_OK | X_OK) != 0)
-        throw Formats::FileError(existing, std::string("no file can be made in this folder: ") +
-                                               std::strerror(errno) + ".");
+        throw Formats::FileError(
+            existing, "no file can be made in this folder: " + Formats::systemReason(errno) + '.');
 }
 
 /// Long enough for any name a person gives; the rest is room for number and extension.
@@ -42,7 +42,7 @@ PieceFiles::PieceFiles(fs::path folder, Formats::Overwrite overwrite)
     try {
         checkFolder(m_folder);
     } catch (fs::filesystem_error const& e) {
-        throw Formats::FileError(m_folder, e.code().message() + ".");
+        throw Formats::FileError(m_folder, QString::fromStdString(e.code().message() + "."));
     }
 }
 

@@ -6,6 +6,8 @@
 #include "platform/jobs/Exceptions.h"
 #include "tools/PlaneGraphicObject.h"
 
+#include <QCoreApplication>
+
 #include <span>
 
 namespace {
@@ -16,7 +18,10 @@ std::vector<UPoint3<float>> keyPointsOf(Freecut::PlaneGraphicObject const& plane
 {
     auto const& points = plane.getProperty().getKeyPoints();
     if (points.size() < keyPointCount)
-        throw Mell::Exception("The cutting plane is not complete. Place it again.");
+        throw Mell::Exception(
+            QCoreApplication::translate("Connectors",
+                                        "The cutting plane is not complete. Place it again.")
+                .toStdString());
     return points;
 }
 

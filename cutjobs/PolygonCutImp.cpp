@@ -7,6 +7,8 @@
 #include "cutjobs/ServiceCall.h"
 #include "platform/services/Intersect.h"
 
+#include <QCoreApplication>
+
 struct PolygonCutImp::Pieces
 {
     std::shared_ptr<MeshKernel> first = std::make_shared<MeshKernel>();
@@ -60,7 +62,9 @@ void PolygonCutImp::run(std::function<void(int)> progress)
     std::unique_ptr<MeshKernel> const out = std::move(m_out);
     bool const isSplit = !m_useClearance || m_singleTool;
     if (!in || (!isSplit && !out))
-        throw Mell::Exception("There is no tool to cut with. Draw one first.");
+        throw Mell::Exception(
+            QCoreApplication::translate("CutJobs", "There is no tool to cut with. Draw one first.")
+                .toStdString());
     for (int i = 0; i < partCount(); ++i) {
         Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
         MeshKernel const* const kernel = kernelOfPart(part);

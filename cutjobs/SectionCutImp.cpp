@@ -9,6 +9,8 @@
 #include "cutjobs/ServiceCall.h"
 #include "tools/PlaneGraphicObject.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 /// Runs a connector cut and takes its result over once all of it is there.
@@ -113,6 +115,8 @@ void SectionCutImp::calculateCutPlaneMesh(UMesh<float>* mesh,
 Freecut::PlaneGraphicObject& SectionCutImp::planeObject() const
 {
     if (!m_plane)
-        throw Mell::Exception("There is no cutting plane. Place one first.");
+        throw Mell::Exception(
+            QCoreApplication::translate("CutJobs", "There is no cutting plane. Place one first.")
+                .toStdString());
     return *m_plane;
 }

@@ -25,7 +25,10 @@ bool Modules::load(QString const& library)
 {
     try {
         if (QFileInfo const file(library); !file.exists())
-            throw Mell::Exception("There is no module \"" + library.toStdString() + "\".");
+            throw Mell::Exception(
+                QCoreApplication::translate("Modules", "There is no module \"%1\".")
+                    .arg(library)
+                    .toStdString());
         m_modules.push_back(loadModule(QFileInfo(library).absoluteFilePath()));
         return true;
     } catch (Mell::Exception const& exception) {

@@ -208,4 +208,13 @@ void PreferencesDialog::retranslate()
     setTexts(*m_projection, {tr("Parallel"), tr("Perspective")});
     m_systemSize->setText(tr("As the system"));
     m_buttons->button(QDialogButtonBox::Close)->setText(tr("Close"));
+    growToTexts();
+}
+
+void PreferencesDialog::growToTexts()
+{
+    if (!isVisible())
+        return;
+    layout()->activate();
+    resize(QWidget::size().expandedTo(sizeHint()));
 }

@@ -44,6 +44,8 @@ private:
     void connectInterface();
     void connectView();
     void retranslate();
+    /// Gives texts of another language the room they need; the open dialog never shrinks.
+    void growToTexts();
     void setPlate();
 
     ViewAppearance& m_appearance;

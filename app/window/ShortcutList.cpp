@@ -13,7 +13,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
+ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset preset, QWidget* parent)
     : QDialog(parent), m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("ShortcutList"));
@@ -27,7 +27,7 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
     m_list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
     addCommands(manager);
-    addMouse();
+    addMouse(preset);
 
     auto* const search = new MellLineEdit(this);
     search->setObjectName(QStringLiteral("Search"));
@@ -58,14 +58,24 @@ void ShortcutList::addCommands(Base::CommandManager const& manager)
     }
 }
 
-void ShortcutList::addMouse()
+void ShortcutList::addMouse(Preset preset)
 {
+    bool const turnsByRight = preset == Preset::TurnByRight;
+    bool const movesByRight = preset == Preset::MoveByRight;
+    QString const right = tr("Drag with the right button");
+    QString const turn = turnsByRight ? right : tr("Drag with the middle button");
+    QString const move = turnsByRight   ? tr("Drag with the middle button, or right with Shift")
+                         : movesByRight ? right
+                                        : tr("Drag with the middle button and Shift");
+    QString const zoom = turnsByRight || movesByRight
+                             ? tr("Wheel, or drag with the right button and Ctrl")
+                             : tr("Wheel, or drag with the middle button and Ctrl");
     QStringList const rows[] = {
         {tr("End the tool, or cancel the job"), tr("Esc")},
         {tr("Select a part; with Ctrl, one more"), tr("Left click")},
-        {tr("Orbit about the point under the mouse"), tr("Drag with the right button")},
-        {tr("Move the view"), tr("Drag with the middle button, or right with Shift")},
-        {tr("Zoom to the mouse"), tr("Wheel")},
+        {tr("Orbit about the point under the mouse"), turn},
+        {tr("Move the view"), move},
+        {tr("Zoom to the mouse"), zoom},
         {tr("Turn to a standard view"), tr("Click on the cube")},
     };
     for (QStringList const& row : rows)

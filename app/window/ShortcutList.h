@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/view/NavigationStyle.h"
+
 #include <QDialog>
 
 namespace Base {
@@ -16,11 +18,14 @@ class ShortcutList : public QDialog
     Q_OBJECT
 
 public:
-    ShortcutList(Base::CommandManager const& manager, QWidget* parent);
+    using Preset = Base::NavigationStyle::Preset;
+
+    /// preset  what the buttons of the mouse do in the view
+    ShortcutList(Base::CommandManager const& manager, Preset preset, QWidget* parent);
 
 private:
     void addCommands(Base::CommandManager const& manager);
-    void addMouse();
+    void addMouse(Preset preset);
     void filter(QString const& text);
 
     QTreeWidget* m_list;

@@ -7,6 +7,8 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace Base {
@@ -46,8 +48,11 @@ std::string Document::getClassName() const
 void Document::addObject(DocumentObject* object, char const* name, bool notify)
 {
     if (object->getDocument() && object->getDocument() != this)
-        throw Mell::Exception("\"" + object->getName() +
-                              "\" is in another document; take it out of there first.");
+        throw Mell::Exception(
+            QCoreApplication::translate(
+                "Document", "\"%1\" is in another document; take it out of there first.")
+                .arg(QString::fromStdString(object->getName()))
+                .toStdString());
     if (name && *name)
         object->setName(name);
     if (contains(object))

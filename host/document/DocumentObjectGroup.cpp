@@ -6,6 +6,8 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 namespace Mesh {
 
 constinit Base::Type DocumentObjectGroup::classTypeId;
@@ -33,8 +35,11 @@ std::string DocumentObjectGroup::getClassName() const
 void DocumentObjectGroup::addObject(Base::DocumentObject* object, char const* name)
 {
     if (!getDocument())
-        throw Mell::Exception("Add the group \"" + getName() +
-                              "\" to a document before parts are added to it.");
+        throw Mell::Exception(
+            QCoreApplication::translate(
+                "Document", "Add the group \"%1\" to a document before parts are added to it.")
+                .arg(QString::fromStdString(getName()))
+                .toStdString());
     getDocument()->addObject(object, name, true);
     auto* const part = dynamic_cast<Mesh::DocumentObject*>(object);
     if (part && part->m_group != this)

@@ -4,6 +4,8 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -127,7 +129,10 @@ void DocumentObject::scale(UPoint3<float> centre, UVector3<float> factors)
     Matrix matrix;
     for (int i = 0; i < 3; ++i) {
         if (factors[i] == 0 || !std::isfinite(factors[i]))
-            throw Mell::Exception("Scale \"" + getName() + "\" by factors other than zero.");
+            throw Mell::Exception(
+                QCoreApplication::translate("Document", "Scale \"%1\" by factors other than zero.")
+                    .arg(QString::fromStdString(getName()))
+                    .toStdString());
         matrix(i, i) = factors[i];
     }
     place(about(centre, matrix));

@@ -25,6 +25,10 @@ bool isKeyword(std::string_view word, std::string_view keyword)
     return std::ranges::equal(word, keyword, {}, lower);
 }
 
+// What is expected in more than one place.
+constexpr char const* facetOrEnd = QT_TRANSLATE_NOOP("FileError", "'facet' or 'endsolid'");
+constexpr char const* coordinate = QT_TRANSLATE_NOOP("FileError", "a coordinate");
+
 bool isText(std::string_view head)
 {
     return std::ranges::none_of(head, [](char c) {
@@ -49,7 +53,7 @@ public:
             parseSolid();
         } while (startsAnotherSolid());
         if (m_builder.isEmpty())
-            throw error("the file has no facet; a mesh was expected.");
+            throw error(FileError::tr("the file has no facet; a mesh was expected."));
         return m_builder.finish();
     }
 
@@ -58,11 +62,11 @@ private:
     {
         m_rest = {};  // the solid's name
         for (;;) {
-            std::string_view const word = nextWord("'facet' or 'endsolid'");
+            std::string_view const word = nextWord(facetOrEnd);
             if (isKeyword(word, "endsolid"))
                 break;
             if (!isKeyword(word, "facet"))
-                throw unexpected(word, "'facet' or 'endsolid'");
+                throw unexpected(word, FileError::tr(facetOrEnd));
             parseFacet();
         }
         m_rest = {};
@@ -75,7 +79,7 @@ private:
             if (!m_lines.next(m_rest))
                 return false;
         if (!isKeyword(word, "solid"))
-            throw unexpected(word, "'solid' or the end of the file");
+            throw unexpected(word, FileError::tr("'solid' or the end of the file"));
         return true;
     }
 
@@ -83,7 +87,8 @@ private:
     {
         expect("normal");
         for (int i = 0; i < 3; ++i)
-            nextWord("the normal's number");  // not used, and not a number in some files
+            nextWord(QT_TRANSLATE_NOOP(
+                "FileError", "the normal's number"));  // not used, and not a number in some files
         expect("outer");
         expect("loop");
         UVertex<float>* corners[3];
@@ -99,42 +104,45 @@ private:
         expect("vertex");
         UPoint3<float> point;
         for (int i = 0; i < 3; ++i) {
-            std::string_view const word = nextWord("a coordinate");
+            std::string_view const word = nextWord(coordinate);
             auto const value = coordinateFrom(word);
             if (!value)
-                throw unexpected(word, "a coordinate");
+                throw unexpected(word, FileError::tr(coordinate));
             point[i] = *value;
         }
         if (auto* const vertex = m_builder.points().join(point))
             return vertex;
-        throw error("a coordinate is not a finite number in the range of single precision.");
+        throw error(
+            FileError::tr("a coordinate is not a finite number in the range of single precision."));
     }
 
-    std::string_view nextWord(std::string_view expected)
+    std::string_view nextWord(char const* expected)
     {
         for (;;) {
             std::string_view const word = takeWord(m_rest);
             if (!word.empty())
                 return word;
             if (!m_lines.next(m_rest))
-                throw error("the file ends here, where " + std::string(expected) +
-                            " was expected; it is truncated.");
+                throw error(
+                    FileError::tr("the file ends here, where %1 was expected; it is truncated.")
+                        .arg(FileError::tr(expected)));
         }
     }
 
-    void expect(std::string_view keyword)
+    void expect(char const* keyword)
     {
         std::string_view const word = nextWord(keyword);
         if (!isKeyword(word, keyword))
-            throw unexpected(word, "'" + std::string(keyword) + "'");
+            throw unexpected(word, quoted(keyword));
     }
 
-    FileError unexpected(std::string_view word, std::string const& expected) const
+    FileError unexpected(std::string_view word, QString const& expected) const
     {
-        return error(expected + " was expected, but there is " + quoted(word) + ".");
+        return error(
+            FileError::tr("%1 was expected, but there is %2.").arg(expected, quoted(word)));
     }
 
-    FileError error(std::string const& problem) const
+    FileError error(QString const& problem) const
     {
         return FileError::atLine(m_path, m_lines.lineNumber(), problem);
     }

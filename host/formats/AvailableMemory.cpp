@@ -73,10 +73,11 @@ void requireMemoryFor(std::uint64_t triangles, std::filesystem::path const& path
     if (needed <= available)
         return;
     constexpr std::uint64_t mebibyte = 1 << 20;
-    throw FileError(path, std::to_string(triangles) + " triangles need " +
-                              std::to_string(needed / mebibyte) + " MiB of memory, but only " +
-                              std::to_string(available / mebibyte) +
-                              " MiB are free; close other programs or reduce the mesh first.");
+    throw FileError(path, FileError::tr("%1 triangles need %2 MiB of memory, but only %3 MiB are "
+                                        "free; close other programs or reduce the mesh first.")
+                              .arg(triangles)
+                              .arg(needed / mebibyte)
+                              .arg(available / mebibyte));
 }
 
 }  // namespace Formats

@@ -44,19 +44,22 @@ std::uint32_t readCount(InputFile& input)
 {
     std::array<char, headerBytes> header;
     if (input.read(std::as_writable_bytes(std::span(header))) < headerBytes)
-        throw FileError::atByte(input.path(), input.size(),
-                                "the file ends within the 84 bytes of a binary STL header; it is "
-                                "truncated or no STL file.");
+        throw FileError::atByte(
+            input.path(), input.size(),
+            FileError::tr("the file ends within the 84 bytes of a binary STL header; "
+                          "it is truncated or no STL file."));
     std::uint32_t const count = countIn({header.data(), header.size()});
     if (endOfTriangles(count) > input.size())
-        throw FileError::atByte(input.path(), input.size(),
-                                "the file ends here, but its header announces " +
-                                    std::to_string(count) + " triangles, which end at byte " +
-                                    std::to_string(endOfTriangles(count)) +
-                                    "; it is truncated or no STL file.");
+        throw FileError::atByte(
+            input.path(), input.size(),
+            FileError::tr("the file ends here, but its header announces %1 triangles, "
+                          "which end at byte %2; it is truncated or no STL file.")
+                .arg(count)
+                .arg(endOfTriangles(count)));
     if (count == 0)
-        throw FileError::atByte(input.path(), countOffset,
-                                "the header announces no triangles, but a mesh was expected.");
+        throw FileError::atByte(
+            input.path(), countOffset,
+            FileError::tr("the header announces no triangles, but a mesh was expected."));
     return count;
 }
 
@@ -77,12 +80,11 @@ void addRecords(MeshBuilder& builder, std::span<std::byte const> bytes, std::uin
         std::size_t const joined =
             builder.points().join(std::span(points).first(count * 3), vertices.data());
         if (joined < count * 3)
-            throw FileError::atByte(
-                input.path(),
-                headerBytes + (firstRecord + done + joined / 3) * recordBytes + normalBytes +
-                    (joined % 3) * sizeof points[0],
-                "a coordinate is not a finite number; three coordinates of a corner were "
-                "expected.");
+            throw FileError::atByte(input.path(),
+                                    headerBytes + (firstRecord + done + joined / 3) * recordBytes +
+                                        normalBytes + (joined % 3) * sizeof points[0],
+                                    FileError::tr("a coordinate is not a finite number; three "
+                                                  "coordinates of a corner were expected."));
         for (std::size_t i = 0; i < count; ++i)
             builder.addTriangle(vertices[i * 3], vertices[i * 3 + 1], vertices[i * 3 + 2]);
     }
@@ -110,14 +112,16 @@ std::unique_ptr<MeshKernel> readBinaryStl(InputFile& input)
         std::size_t const wanted = std::min<std::uint64_t>(count - done, recordsPerRead);
         auto const bytes = std::span(buffer).first(wanted * recordBytes);
         if (input.read(bytes) < bytes.size())
-            throw FileError::atByte(input.path(), input.position(),
-                                    "the file has become shorter while it was read.");
+            throw FileError::atByte(
+                input.path(), input.position(),
+                FileError::tr("the file has become shorter while it was read."));
         addRecords(builder, bytes, done, input);
         done += wanted;
     }
     if (builder.isEmpty())
-        throw FileError::atByte(input.path(), headerBytes,
-                                "no triangle has three different corners; a mesh was expected.");
+        throw FileError::atByte(
+            input.path(), headerBytes,
+            FileError::tr("no triangle has three different corners; a mesh was expected."));
     return builder.finish();
 }
 

@@ -63,7 +63,8 @@ MeshFormat const& FormatRegistry::forNewFile(std::filesystem::path const& path) 
 {
     if (auto const* format = byExtension(path))
         return *format;
-    throw FileError(path, "its extension names no format; use one of " + allExtensions() + ".");
+    throw FileError(
+        path, FileError::tr("its extension names no format; use one of %1.").arg(allExtensions()));
 }
 
 MeshFormat const& FormatRegistry::forContent(InputFile const& input) const
@@ -81,25 +82,20 @@ MeshFormat const& FormatRegistry::forContent(InputFile const& input) const
     // A damaged file of a known name gets the error of the format it claims to be.
     if (named)
         return *named;
-    throw FileError(input.path(),
-                    "its content is in no known format; " + allExtensions() + " were expected.");
+    throw FileError(
+        input.path(),
+        FileError::tr("its content is in no known format; %1 were expected.").arg(allExtensions()));
 }
 
-std::string FormatRegistry::allExtensions() const
+QString FormatRegistry::allExtensions() const
 {
-    std::vector<std::string_view> seen;
+    QStringList seen;
     for (auto const& format : m_formats)
         for (auto const extension : format->extensions())
-            if (std::ranges::find(seen, extension) == seen.end())
-                seen.push_back(extension);
-    std::string list;
-    for (std::size_t i = 0; i < seen.size(); ++i) {
-        if (i > 0)
-            list += i + 1 == seen.size() ? " or " : ", ";
-        list += '.';
-        list += seen[i];
-    }
-    return list;
+            seen << '.' + QString::fromStdString(std::string(extension));
+    seen.removeDuplicates();
+    QString const last = seen.takeLast();
+    return FileError::tr("%1 or %2").arg(seen.join(", "), last);
 }
 
 }  // namespace Formats

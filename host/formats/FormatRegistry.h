@@ -3,6 +3,8 @@
 
 #include "host/formats/MeshFormat.h"
 
+#include <QString>
+
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -34,7 +36,7 @@ public:
 private:
     FormatRegistry();
     MeshFormat const* byExtension(std::filesystem::path const& path) const;
-    std::string allExtensions() const;
+    QString allExtensions() const;
 
     std::vector<std::unique_ptr<MeshFormat>> m_formats;
 };

@@ -4,7 +4,6 @@
 #include "host/formats/FileError.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,15 +11,16 @@
 namespace Formats {
 namespace {
 
-std::string whyNotOpened(int error)
+QString whyNotOpened(int error)
 {
     switch (error) {
         case ENOENT:
-            return "there is no such file; check the name and the folder.";
+            return FileError::tr("there is no such file; check the name and the folder.");
         case EACCES:
-            return "there is no permission to read it; ask its owner or change its permissions.";
+            return FileError::tr(
+                "there is no permission to read it; ask its owner or change its permissions.");
         default:
-            return std::string("it cannot be opened: ") + std::strerror(error) + ".";
+            return FileError::tr("it cannot be opened: %1.").arg(systemReason(error));
     }
 }
 
@@ -53,16 +53,16 @@ InputFile::InputFile(std::filesystem::path path, Progress progress)
     struct stat status
     {
     };
-    std::string problem;
+    QString problem;
     if (fstat(m_descriptor, &status) != 0)
         problem = whyNotOpened(errno);
     else if (S_ISDIR(status.st_mode))
-        problem = "it is a folder, but a mesh file was expected.";
+        problem = FileError::tr("it is a folder, but a mesh file was expected.");
     else if (!S_ISREG(status.st_mode))
-        problem = "it is not a regular file, but a mesh file was expected.";
+        problem = FileError::tr("it is not a regular file, but a mesh file was expected.");
     else if (status.st_size == 0)
-        problem = "it is empty, but a mesh was expected.";
-    if (!problem.empty()) {
+        problem = FileError::tr("it is empty, but a mesh was expected.");
+    if (!problem.isEmpty()) {
         close(m_descriptor);
         throw FileError(m_path, problem);
     }
@@ -82,8 +82,9 @@ std::size_t InputFile::read(std::span<std::byte> buffer)
     std::size_t const count = readFully(m_descriptor, buffer, m_position, error);
     m_position += count;
     if (error != 0)
-        throw FileError::atByte(m_path, m_position,
-                                std::string("it cannot be read on: ") + std::strerror(error) + ".");
+        throw FileError::atByte(
+            m_path, m_position,
+            FileError::tr("it cannot be read on: %1.").arg(systemReason(error)));
     return count;
 }
 

@@ -57,8 +57,9 @@ bool LineReader::refill()
     m_end = kept;
     if (kept == m_buffer.size()) {
         if (kept >= longestLine)
-            throw FileError::atLine(m_input.path(), m_lineNumber + 1,
-                                    "it has no end within 64 MiB; a text file was expected.");
+            throw FileError::atLine(
+                m_input.path(), m_lineNumber + 1,
+                FileError::tr("it has no end within 64 MiB; a text file was expected."));
         m_buffer.resize(kept * 2);
     }
     std::span const free(m_buffer.data() + m_end, m_buffer.size() - m_end);

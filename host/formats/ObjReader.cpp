@@ -34,10 +34,11 @@ std::unique_ptr<MeshKernel> ObjReader::read()
             readFace(statement);
     }
     if (m_builder.isEmpty())
-        throw error(m_positions.empty()
-                        ? "the file ends without a position or a face; a mesh was expected."
-                        : "the file ends without a face of three different corners; a mesh was "
-                          "expected.");
+        throw error(
+            m_positions.empty()
+                ? FileError::tr("the file ends without a position or a face; a mesh was expected.")
+                : FileError::tr("the file ends without a face of three different "
+                                "corners; a mesh was expected."));
     return m_builder.finish();
 }
 
@@ -67,12 +68,14 @@ void ObjReader::readPosition(std::string_view rest)
         std::string_view const word = takeWord(rest);
         auto const value = coordinateFrom(word);
         if (!value)
-            throw error("a coordinate was expected, but there is " + quoted(word) + ".");
+            throw error(FileError::tr("%1 was expected, but there is %2.")
+                            .arg(FileError::tr("a coordinate"), quoted(word)));
         point[i] = *value;
     }
     auto* const vertex = m_builder.points().join(point);
     if (!vertex)
-        throw error("a coordinate is not a finite number in the range of single precision.");
+        throw error(
+            FileError::tr("a coordinate is not a finite number in the range of single precision."));
     m_positions.push_back(vertex);
 }
 
@@ -86,8 +89,8 @@ void ObjReader::readFace(std::string_view rest)
         m_corners.push_back(cornerFrom(word));
     }
     if (m_corners.size() < 3)
-        throw error("a face of three or more corners was expected, but there are " +
-                    std::to_string(m_corners.size()) + ".");
+        throw error(FileError::tr("a face of three or more corners was expected, but there are %1.")
+                        .arg(m_corners.size()));
     m_splitter.add(m_corners);
 }
 
@@ -96,16 +99,19 @@ UVertex<float>* ObjReader::cornerFrom(std::string_view word) const
     // Only the first of "position/texture/normal" counts.
     auto const index = numberFrom<std::int64_t>(word.substr(0, word.find('/')));
     if (!index)
-        throw error("a corner such as 7 or 7/1/3 was expected, but there is " + quoted(word) + ".");
+        throw error(FileError::tr("%1 was expected, but there is %2.")
+                        .arg(FileError::tr("a corner such as 7 or 7/1/3"), quoted(word)));
     auto const count = std::int64_t(m_positions.size());
     std::int64_t const place = *index < 0 ? count + *index : *index - 1;
     if (*index == 0 || place < 0 || place >= count)
-        throw error("the face refers to position " + std::to_string(*index) + ", but there are " +
-                    std::to_string(count) + " positions above it.");
+        throw error(
+            FileError::tr("the face refers to position %1, but there are %2 positions above it.")
+                .arg(*index)
+                .arg(count));
     return m_positions[std::size_t(place)];
 }
 
-FileError ObjReader::error(std::string const& problem) const
+FileError ObjReader::error(QString const& problem) const
 {
     return FileError::atLine(m_path, m_lines.lineNumber(), problem);
 }

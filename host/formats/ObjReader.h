@@ -26,7 +26,7 @@ private:
     void readPosition(std::string_view rest);
     void readFace(std::string_view rest);
     UVertex<float>* cornerFrom(std::string_view word) const;
-    FileError error(std::string const& problem) const;
+    FileError error(QString const& problem) const;
 
     std::filesystem::path const& m_path;
     LineReader m_lines;

@@ -15,9 +15,16 @@
 namespace Formats {
 namespace {
 
-std::string existsAlready()
+QString existsAlready()
 {
-    return "it exists already and is not replaced; choose another name or allow overwriting.";
+    return FileError::tr(
+        "it exists already and is not replaced; choose another name or allow overwriting.");
+}
+
+QString whyNotWritten()
+{
+    int const error = errno;
+    return FileError::tr("it cannot be written: %1.").arg(systemReason(error));
 }
 
 std::filesystem::path targetBehindLinks(std::filesystem::path const& path)
@@ -53,7 +60,7 @@ OutputFile::OutputFile(std::filesystem::path target, Overwrite overwrite)
     std::error_code error;
     auto const status = std::filesystem::symlink_status(m_target, error);
     if (std::filesystem::is_directory(status))
-        throw FileError(m_target, "it is a folder, but a file name was expected.");
+        throw FileError(m_target, FileError::tr("it is a folder, but a file name was expected."));
     if (std::filesystem::exists(status) && overwrite == Overwrite::Refuse)
         throw FileError(m_target, existsAlready());
     createTemporary();
@@ -80,9 +87,10 @@ void OutputFile::createTemporary()
     }
     if (m_descriptor >= 0)
         return;
+    int const error = errno;
     std::string const folder = m_target.has_parent_path() ? m_target.parent_path().string() : ".";
-    throw FileError(m_target, "no file can be made in the folder '" + folder +
-                                  "': " + std::strerror(errno) + ".");
+    throw FileError(m_target, FileError::tr("no file can be made in the folder '%1': %2.")
+                                  .arg(QString::fromStdString(folder), systemReason(error)));
 }
 
 void OutputFile::keepPermissionsOfTarget() const
@@ -119,8 +127,7 @@ void OutputFile::writeThrough(std::span<std::byte const> bytes)
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            throw FileError(m_target,
-                            std::string("it cannot be written: ") + std::strerror(errno) + ".");
+            throw FileError(m_target, whyNotWritten());
         bytes = bytes.subspan(std::size_t(count));
     }
 }
@@ -138,8 +145,7 @@ void OutputFile::commit()
         sync();
     // A network file system may report a full disk only now.
     if (close(std::exchange(m_descriptor, -1)) != 0)
-        throw FileError(m_target,
-                        std::string("it cannot be written: ") + std::strerror(errno) + ".");
+        throw FileError(m_target, whyNotWritten());
     rename();
     m_isCommitted = true;
 }
@@ -151,8 +157,7 @@ void OutputFile::sync() const
         return;
     // Not every file system can.
     if (fdatasync(m_descriptor) != 0 && errno != EINVAL && errno != EROFS)
-        throw FileError(m_target,
-                        std::string("it cannot be written: ") + std::strerror(errno) + ".");
+        throw FileError(m_target, whyNotWritten());
 }
 
 void OutputFile::rename()
@@ -172,9 +177,11 @@ void OutputFile::rename()
     }
     if (result == 0)
         return;
-    throw FileError(m_target, errno == EEXIST ? existsAlready()
-                                              : std::string("it cannot be given its name: ") +
-                                                    std::strerror(errno) + ".");
+    int const error = errno;
+    throw FileError(
+        m_target, error == EEXIST
+                      ? existsAlready()
+                      : FileError::tr("it cannot be given its name: %1.").arg(systemReason(error)));
 }
 
 }  // namespace Formats

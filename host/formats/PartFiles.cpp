@@ -15,9 +15,8 @@ std::vector<LoadedPart> readParts(std::filesystem::path const& path,
             progress(100);
         return parts;
     } catch (std::bad_alloc const&) {
-        throw FileError(path,
-                        "its mesh needs more memory than is free; close other programs or "
-                        "reduce the mesh first.");
+        throw FileError(path, FileError::tr("its mesh needs more memory than is free; close "
+                                            "other programs or reduce the mesh first."));
     }
 }
 
@@ -35,9 +34,10 @@ void writeParts(std::filesystem::path const& path, std::span<NamedMesh const> pa
 {
     for (NamedMesh const& part : parts)
         if (part.kernel->readMesh()->triangles.empty())
-            throw FileError(path, "the part '" + part.name + "' has no triangles to write.");
+            throw FileError(path, FileError::tr("the part '%1' has no triangles to write.")
+                                      .arg(QString::fromStdString(part.name)));
     if (parts.empty())
-        throw FileError(path, "there is no part to write.");
+        throw FileError(path, FileError::tr("there is no part to write."));
     try {
         OutputFile output(path, overwrite);
         format.write(output, parts, progress);
@@ -45,7 +45,9 @@ void writeParts(std::filesystem::path const& path, std::span<NamedMesh const> pa
             progress(100);
         output.commit();
     } catch (std::bad_alloc const&) {
-        throw FileError(path, "writing it needs more memory than is free; close other programs.");
+        throw FileError(
+            path,
+            FileError::tr("writing it needs more memory than is free; close other programs."));
     }
 }
 

@@ -40,7 +40,7 @@ public:
     PlyHeader parse()
     {
         if (nextLine() != "ply")
-            throw error("'ply' was expected.");
+            throw error(FileError::tr("'ply' was expected."));
         for (;;) {
             std::string_view line = nextLine();
             std::string_view const keyword = takeWord(line);
@@ -53,11 +53,12 @@ public:
             else if (keyword == "property")
                 parseProperty(line);
             else if (!keyword.empty() && keyword != "comment" && keyword != "obj_info")
-                throw error("a header line or 'end_header' was expected, but there is " +
-                            quoted(keyword) + ".");
+                throw error(
+                    FileError::tr("%1 was expected, but there is %2.")
+                        .arg(FileError::tr("a header line or 'end_header'"), quoted(keyword)));
         }
         if (!m_hasFormat)
-            throw error("the header ends without a 'format' line.");
+            throw error(FileError::tr("the header ends without a 'format' line."));
         return std::move(m_header);
     }
 
@@ -66,7 +67,8 @@ private:
     {
         std::string_view line;
         if (!m_lines.next(line))
-            throw error("the file ends here, where 'end_header' was expected; it is truncated.");
+            throw error(FileError::tr("the file ends here, where %1 was expected; it is truncated.")
+                            .arg("'end_header'"));
         return line;
     }
 
@@ -80,10 +82,9 @@ private:
         else if (encoding == "binary_big_endian")
             m_header.encoding = PlyEncoding::BigEndian;
         else
-            throw error(
-                "ascii, binary_little_endian or binary_big_endian was expected, but there "
-                "is " +
-                quoted(encoding) + ".");
+            throw error(FileError::tr("%1 was expected, but there is %2.")
+                            .arg(FileError::tr("ascii, binary_little_endian or binary_big_endian"),
+                                 quoted(encoding)));
         m_hasFormat = true;
     }
 
@@ -94,8 +95,8 @@ private:
         std::string_view const count = takeWord(line);
         auto const number = numberFrom<std::uint32_t>(count);
         if (!number)
-            throw error("a number of '" + element.name + "' elements was expected, but there is " +
-                        quoted(count) + ".");
+            throw error(FileError::tr("a number of '%1' elements was expected, but there is %2.")
+                            .arg(QString::fromStdString(element.name), quoted(count)));
         element.count = *number;
         m_header.elements.push_back(std::move(element));
     }
@@ -103,7 +104,8 @@ private:
     void parseProperty(std::string_view line)
     {
         if (m_header.elements.empty())
-            throw error("an 'element' line was expected before the first 'property'.");
+            throw error(
+                FileError::tr("an 'element' line was expected before the first 'property'."));
         PlyProperty property;
         std::string_view word = takeWord(line);
         if (word == "list") {
@@ -121,11 +123,11 @@ private:
         for (auto const& [name, type] : typeNames)
             if (name == word)
                 return type;
-        throw error("a type such as float or uchar was expected, but there is " + quoted(word) +
-                    ".");
+        throw error(FileError::tr("%1 was expected, but there is %2.")
+                        .arg(FileError::tr("a type such as float or uchar"), quoted(word)));
     }
 
-    FileError error(std::string const& problem) const
+    FileError error(QString const& problem) const
     {
         return FileError::atLine(m_input.path(), m_lines.lineNumber(), problem);
     }

@@ -54,7 +54,8 @@ std::unique_ptr<MeshKernel> PlyReader::read()
             skipElement(each);
     }
     if (m_builder->isEmpty())
-        throw m_values->error("no face has three different corners; a mesh was expected.");
+        throw m_values->error(
+            FileError::tr("no face has three different corners; a mesh was expected."));
     m_vertices = {};
     return m_builder->finish();
 }
@@ -67,22 +68,23 @@ PlyElement const* PlyReader::element(std::string_view name) const
 
 void PlyReader::checkHeader() const
 {
-    auto const fail = [&](std::string const& problem) {
+    auto const fail = [&](QString const& problem) {
         throw FileError::atLine(m_input.path(), m_lines.lineNumber(), problem);
     };
     PlyElement const* const vertices = element("vertex");
     PlyElement const* const faces = element("face");
     if (!vertices ||
         std::ranges::count_if(vertices->properties, [](auto& p) { return axisOf(p) >= 0; }) != 3)
-        fail("the header ends without an element 'vertex' with the properties x, y and z.");
+        fail(FileError::tr(
+            "the header ends without an element 'vertex' with the properties x, y and z."));
     if (!faces || std::ranges::count_if(faces->properties, holdsCorners) != 1)
         fail(
-            "the header ends without an element 'face' with a list 'vertex_indices'; a mesh was "
-            "expected.");
+            FileError::tr("the header ends without an element 'face' with a list "
+                          "'vertex_indices'; a mesh was expected."));
     if (faces < vertices)
-        fail("the header has 'face' before 'vertex'; the other order was expected.");
+        fail(FileError::tr("the header has 'face' before 'vertex'; the other order was expected."));
     if (vertices->count == 0 || faces->count == 0)
-        fail("the header announces no vertices or no faces; a mesh was expected.");
+        fail(FileError::tr("the header announces no vertices or no faces; a mesh was expected."));
 }
 
 void PlyReader::checkSize() const
@@ -96,10 +98,9 @@ void PlyReader::checkSize() const
     if (needed > present + isText)
         throw FileError::atByte(
             m_input.path(), m_input.size(),
-            "the file ends here, but what its header announces takes at least " +
-                std::to_string(needed) +
-                " bytes behind the header; it is "
-                "truncated.");
+            FileError::tr("the file ends here, but what its header announces takes at least %1 "
+                          "bytes behind the header; it is truncated.")
+                .arg(needed));
     requireMemoryFor(std::max(element("face")->count, element("vertex")->count / 2),
                      m_input.path());
 }
@@ -118,8 +119,10 @@ void PlyReader::readVertices(PlyElement const& vertices)
         }
         auto* const vertex = m_builder->points().join(point);
         if (!vertex)
-            throw m_values->error("a coordinate of vertex " + std::to_string(i) +
-                                  " is not a finite number in the range of single precision.");
+            throw m_values->error(
+                FileError::tr("a coordinate of vertex %1 is not a finite number in "
+                              "the range of single precision.")
+                    .arg(i));
         m_vertices.push_back(vertex);
     }
 }
@@ -138,15 +141,18 @@ void PlyReader::readFaces(PlyElement const& faces)
 void PlyReader::readFace(PlyProperty const& indices, std::uint64_t corners)
 {
     if (corners < 3)
-        throw m_values->error("a face of three or more corners was expected, but there are " +
-                              std::to_string(corners) + ".");
+        throw m_values->error(
+            FileError::tr("a face of three or more corners was expected, but there are %1.")
+                .arg(corners));
     m_corners.clear();
     for (std::uint64_t i = 0; i < corners; ++i) {
         double const index = m_values->next(indices.type);
         if (!(index >= 0 && index < double(m_vertices.size())))
-            throw m_values->error("the face refers to vertex " +
-                                  std::to_string(std::int64_t(index)) + ", but there are " +
-                                  std::to_string(m_vertices.size()) + " vertices, counted from 0.");
+            throw m_values->error(
+                FileError::tr(
+                    "the face refers to vertex %1, but there are %2 vertices, counted from 0.")
+                    .arg(std::int64_t(index))
+                    .arg(m_vertices.size()));
         m_corners.push_back(m_vertices[std::size_t(index)]);
     }
     m_splitter->add(m_corners);
@@ -170,8 +176,9 @@ std::uint64_t PlyReader::nextCount(PlyProperty const& property)
 {
     double const count = m_values->next(property.countType);
     if (!(count >= 0 && count <= double(m_input.size())))
-        throw m_values->error("the length of the list '" + property.name +
-                              "' is negative or longer than the file.");
+        throw m_values->error(
+            FileError::tr("the length of the list '%1' is negative or longer than the file.")
+                .arg(QString::fromStdString(property.name)));
     return std::uint64_t(count);
 }
 

@@ -50,7 +50,8 @@ double PlyTextValues::next(PlyType type)
     std::string_view word;
     while ((word = takeWord(m_rest)).empty())
         if (!m_lines.next(m_rest))
-            throw error("the file ends here, where a number was expected; it is truncated.");
+            throw error(FileError::tr("the file ends here, where %1 was expected; it is truncated.")
+                            .arg(FileError::tr("a number")));
     if (type == PlyType::Float || type == PlyType::Double) {
         // By way of float, so that a text means the same whether its type is float or double.
         if (auto const value = coordinateFrom(word))
@@ -58,10 +59,11 @@ double PlyTextValues::next(PlyType type)
     } else if (auto const value = numberFrom<std::int64_t>(word)) {
         return double(*value);
     }
-    throw error("a number was expected, but there is " + quoted(word) + ".");
+    throw error(FileError::tr("%1 was expected, but there is %2.")
+                    .arg(FileError::tr("a number"), quoted(word)));
 }
 
-FileError PlyTextValues::error(std::string const& problem) const
+FileError PlyTextValues::error(QString const& problem) const
 {
     return FileError::atLine(m_input.path(), m_lines.lineNumber(), problem);
 }
@@ -77,9 +79,10 @@ double PlyBinaryValues::next(PlyType type)
     if (m_end - m_next < size)
         refill();
     if (m_end - m_next < size)
-        throw FileError::atByte(m_input.path(), m_input.position(),
-                                "the file ends here, where more numbers were expected; it is "
-                                "truncated.");
+        throw FileError::atByte(
+            m_input.path(), m_input.position(),
+            FileError::tr(
+                "the file ends here, where more numbers were expected; it is truncated."));
     std::array<std::byte, 8> bytes;
     std::copy_n(&m_buffer[m_next], size, bytes.data());
     if (m_isSwapped)
@@ -97,7 +100,7 @@ void PlyBinaryValues::refill()
     m_end = kept + m_input.read(std::span(m_buffer).subspan(kept));
 }
 
-FileError PlyBinaryValues::error(std::string const& problem) const
+FileError PlyBinaryValues::error(QString const& problem) const
 {
     return FileError::atByte(m_input.path(), m_input.position() - (m_end - m_next) - m_lastSize,
                              problem);

@@ -19,7 +19,7 @@ public:
     /// Throws FileError where there is no such number.
     virtual double next(PlyType type) = 0;
     /// An error at the number that next() gave last.
-    virtual FileError error(std::string const& problem) const = 0;
+    virtual FileError error(QString const& problem) const = 0;
 };
 
 class PlyTextValues : public PlyValues
@@ -28,7 +28,7 @@ public:
     PlyTextValues(InputFile const& input, LineReader& lines) : m_input(input), m_lines(lines) {}
 
     double next(PlyType type) override;
-    FileError error(std::string const& problem) const override;
+    FileError error(QString const& problem) const override;
 
 private:
     InputFile const& m_input;
@@ -43,7 +43,7 @@ public:
     PlyBinaryValues(InputFile& input, std::endian order);
 
     double next(PlyType type) override;
-    FileError error(std::string const& problem) const override;
+    FileError error(QString const& problem) const override;
 
 private:
     void refill();

@@ -26,7 +26,7 @@ std::optional<std::vector<ProjectObject>> readOwnPackage(InputFile& input)
     if (!list || !model || !list->isDeflated || !model->isDeflated)
         return {};
     if (list->size > largestList)
-        throw FileError(input.path(), "its list of objects is larger than 256 MiB.");
+        throw FileError(input.path(), FileError::tr("its list of objects is larger than 256 MiB."));
     auto entries = parseProjectXml(ZipEntryStream(input, *list).readAll(), input.path());
     ZipEntryStream stream(input, *model);
     auto const items = readOwnModel(stream, model->size, input.path());
@@ -57,7 +57,9 @@ void writeProject(std::filesystem::path const& path, std::span<ProjectObject con
             progress(100);
         output.commit();
     } catch (std::bad_alloc const&) {
-        throw FileError(path, "writing it needs more memory than is free; close other programs.");
+        throw FileError(
+            path,
+            FileError::tr("writing it needs more memory than is free; close other programs."));
     }
 }
 
@@ -72,8 +74,9 @@ std::vector<ProjectObject> readProject(std::filesystem::path const& path, Progre
             progress(100);
         return std::move(*objects);
     } catch (std::bad_alloc const&) {
-        throw FileError(path,
-                        "it needs more memory than is free; close other programs to open it.");
+        throw FileError(
+            path,
+            FileError::tr("it needs more memory than is free; close other programs to open it."));
     }
 }
 

@@ -77,9 +77,10 @@ ProjectEntry entryFrom(QXmlStreamAttributes const& attributes, ProjectObject::Ki
 void requireVersion(QXmlStreamAttributes const& attributes, std::filesystem::path const& path)
 {
     if (attributes.value(QLatin1String("version")).toInt() > projectVersion)
-        throw FileError(path,
-                        "it was saved by a newer version of this program; update the program to "
-                        "open it.");
+        throw FileError(
+            path,
+            FileError::tr(
+                "it was saved by a newer version of this program; update the program to open it."));
 }
 
 }  // namespace
@@ -138,9 +139,10 @@ std::vector<ProjectEntry> parseProjectXml(std::string const& text,
             entries.push_back(entryFrom(reader.attributes(), ProjectObject::Kind::Group));
     }
     if (reader.hasError())
-        throw FileError(path, "its list of objects, " + std::string(projectEntryName) +
-                                  ", is damaged in line " + std::to_string(reader.lineNumber()) +
-                                  ": " + reader.errorString().toStdString());
+        throw FileError(path, FileError::tr("its list of objects, %1, is damaged in line %2: %3")
+                                  .arg(projectEntryName)
+                                  .arg(reader.lineNumber())
+                                  .arg(reader.errorString()));
     return entries;
 }
 

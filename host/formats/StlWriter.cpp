@@ -69,9 +69,9 @@ void writeBinaryStl(OutputFile& output, std::span<NamedMesh const> parts, Progre
 {
     std::uint64_t const total = totalTriangles(parts);
     if (total > std::numeric_limits<std::uint32_t>::max())
-        throw FileError(output.path(),
-                        "binary STL holds at most 4294967295 triangles; use another "
-                        "format.");
+        throw FileError(
+            output.path(),
+            FileError::tr("binary STL holds at most 4294967295 triangles; use another format."));
     writeHeader(output, std::uint32_t(total));
     StepProgress steps(progress, total);
     std::array<std::byte, recordsPerWrite * recordBytes> block;

@@ -63,17 +63,6 @@ inline std::optional<float> coordinateFrom(std::string_view word)
     return float(wide);
 }
 
-/// At most 40 characters of what a file has in place of what was expected.
-inline std::string quoted(std::string_view text)
-{
-    if (text.empty())
-        return "nothing";
-    std::string shown;
-    for (char const c : text.substr(0, 40))
-        shown += c >= 0x20 && c < 0x7f ? c : '?';
-    return "'" + shown + (text.size() > 40 ? "..." : "") + "'";
-}
-
 /// Appends the shortest text that reads back as the same number.
 inline void appendNumber(std::string& text, float value)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/ThreeMfModel.h"
 
+#include "host/formats/FileError.h"
+
 #include <algorithm>
 
 namespace Formats {
@@ -38,14 +40,14 @@ void ThreeMfProgress::rethrow() const
         std::rethrow_exception(m_thrown);
 }
 
-std::string lastThreeMfError(ThreeMfHandle const& object)
+QString lastThreeMfError(ThreeMfHandle const& object)
 {
     DWORD code = 0;
     LPCSTR message = nullptr;
     if (object.get() && NMR::lib3mf_getlasterror(object.get(), &code, &message) == 0 && message &&
         *message)
-        return std::string(message) + ".";
-    return "error " + std::to_string(code) + ".";
+        return QString::fromUtf8(message) + '.';
+    return FileError::tr("error %1.").arg(code);
 }
 
 }  // namespace Formats

@@ -5,6 +5,8 @@
 
 #include <Model/COM/NMR_DLLInterfaces.h>
 
+#include <QString>
+
 #include <exception>
 #include <locale.h>
 #include <string>
@@ -76,6 +78,6 @@ private:
 };
 
 /// What the library says about its last failure with an object, as a sentence.
-std::string lastThreeMfError(ThreeMfHandle const& object);
+QString lastThreeMfError(ThreeMfHandle const& object);
 
 }  // namespace Formats

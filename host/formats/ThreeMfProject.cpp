@@ -53,7 +53,8 @@ std::vector<ProjectObject> ThreeMfReader::readProject()
     std::vector<ProjectObject> objects = completeObjects(std::move(entries));
     appendOtherParts(objects);
     if (objects.empty() && text.empty())
-        throw FileError(m_input.path(), "its build places no mesh; at least one was expected.");
+        throw FileError(m_input.path(),
+                        FileError::tr("its build places no mesh; at least one was expected."));
     return objects;
 }
 
@@ -135,8 +136,9 @@ void ThreeMfReader::readVertices(UMesh<float>& mesh, ThreeMfHandle const& object
         check(NMR::lib3mf_meshobject_getvertex(object.get(), i, &vertex), object);
         auto const [x, y, z] = vertex.m_fPosition;
         if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(z))
-            throw FileError(m_input.path(), "a coordinate of vertex " + std::to_string(i) +
-                                                " is not a finite number.");
+            throw FileError(
+                m_input.path(),
+                FileError::tr("a coordinate of vertex %1 is not a finite number.").arg(i));
         mesh.AddVertex(new UVertex<float>(UPoint3<float>(x, y, z)));
     }
 }
@@ -156,10 +158,11 @@ void ThreeMfReader::readTriangles(UMesh<float>& mesh, ThreeMfHandle const& objec
         for (int corner = 0; corner < 3; ++corner) {
             DWORD const place = corners.m_nIndices[corner];
             if (place >= mesh.vertices.size())
-                throw FileError(m_input.path(), "triangle " + std::to_string(i) +
-                                                    " refers to vertex " + std::to_string(place) +
-                                                    ", but there are " +
-                                                    std::to_string(mesh.vertices.size()) + ".");
+                throw FileError(m_input.path(),
+                                FileError::tr("triangle %1 refers to vertex %2, but there are %3.")
+                                    .arg(i)
+                                    .arg(place)
+                                    .arg(mesh.vertices.size()));
             triangle->V0(corner) = mesh.vertices[place];
         }
         triangle->N() = triangle->ComputeNormalizedNormal();

@@ -28,7 +28,8 @@ std::vector<LoadedPart> ThreeMfReader::read()
     Placement const scale = unitScale();
     forEachItem([&](ThreeMfHandle const& item) { readBuildItem(item, scale); });
     if (m_parts.empty())
-        throw FileError(m_input.path(), "its build places no mesh; at least one was expected.");
+        throw FileError(m_input.path(),
+                        FileError::tr("its build places no mesh; at least one was expected."));
     return std::move(m_parts);
 }
 
@@ -60,10 +61,10 @@ void ThreeMfReader::load()
     auto const result = NMR::lib3mf_reader_readfromfileutf8(reader.get(), m_input.path().c_str());
     progress.rethrow();
     if (result != 0)
-        throw FileError(m_input.path(),
-                        "a complete 3MF package was expected, but the 3MF library "
-                        "reports: " +
-                            lastThreeMfError(reader));
+        throw FileError(
+            m_input.path(),
+            FileError::tr("a complete 3MF package was expected, but the 3MF library reports: %1")
+                .arg(lastThreeMfError(reader)));
 }
 
 double ThreeMfReader::millimetresPerUnit() const
@@ -113,7 +114,8 @@ void ThreeMfReader::readObject(ThreeMfHandle const& object, Placement const& pla
                                std::string const& outerName, int depth)
 {
     if (depth > deepestAssembly)
-        throw FileError(m_input.path(), "its components are nested more than 64 deep.");
+        throw FileError(m_input.path(),
+                        FileError::tr("its components are nested more than 64 deep."));
     std::string const ownName = nameOf(object);
     std::string const name = ownName.empty() ? outerName : ownName;
     BOOL isMesh = 0;
@@ -149,7 +151,7 @@ void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placeme
     check(NMR::lib3mf_meshobject_getvertexcount(mesh.get(), &vertexCount), mesh);
     check(NMR::lib3mf_meshobject_gettrianglecount(mesh.get(), &triangleCount), mesh);
     if (m_parts.size() >= mostParts)
-        throw FileError(m_input.path(), "its build places more than 100000 meshes.");
+        throw FileError(m_input.path(), FileError::tr("its build places more than 100000 meshes."));
     requireMemoryFor(triangleCount, m_input.path());
     if (m_progress)
         m_progress(percentForLoading);
@@ -167,10 +169,11 @@ void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placeme
             moved[row] = float(m[row][0] * p[0] + m[row][1] * p[1] + m[row][2] * p[2] + m[row][3]);
         vertices[i] = builder.points().join(moved);
         if (!vertices[i])
-            throw FileError(m_input.path(), "a coordinate of vertex " + std::to_string(i) +
-                                                " of the object '" + name +
-                                                "' is not a finite number in the range of single "
-                                                "precision.");
+            throw FileError(m_input.path(),
+                            FileError::tr("a coordinate of vertex %1 of the object '%2' is not a "
+                                          "finite number in the range of single precision.")
+                                .arg(i)
+                                .arg(QString::fromStdString(name)));
     }
     // A reflection turns the surface inside out unless the corners are taken the other way round.
     bool const isReflected = m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
@@ -182,10 +185,14 @@ void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placeme
         check(NMR::lib3mf_meshobject_gettriangle(mesh.get(), i, &triangle), mesh);
         auto [a, b, c] = triangle.m_nIndices;
         if (std::max({a, b, c}) >= vertexCount)
-            throw FileError(m_input.path(),
-                            "triangle " + std::to_string(i) + " of the object '" + name +
-                                "' refers to vertex " + std::to_string(std::max({a, b, c})) +
-                                ", but there are " + std::to_string(vertexCount) + ".");
+            throw FileError(
+                m_input.path(),
+                FileError::tr(
+                    "triangle %1 of the object '%4' refers to vertex %2, but there are %3.")
+                    .arg(i)
+                    .arg(std::max({a, b, c}))
+                    .arg(vertexCount)
+                    .arg(QString::fromStdString(name)));
         if (isReflected)
             std::swap(b, c);
         builder.addTriangle(vertices[a], vertices[b], vertices[c]);
@@ -263,7 +270,8 @@ ThreeMfReader::Placement ThreeMfReader::combined(Placement const& outer, Placeme
 void ThreeMfReader::check(LIB3MFRESULT result, ThreeMfHandle const& object) const
 {
     if (result != 0)
-        throw FileError(m_input.path(), "the 3MF library reports: " + lastThreeMfError(object));
+        throw FileError(m_input.path(),
+                        FileError::tr("the 3MF library reports: %1").arg(lastThreeMfError(object)));
 }
 
 }  // namespace Formats

@@ -166,9 +166,10 @@ void ThreeMfWriter::writeVertices(Item const& item, MeshSource const& mesh, Step
         UPoint3<float> const p = mesh.point(i);
         for (int axis = 0; axis < 3; ++axis) {
             if (!(std::abs(p[axis]) <= largestCoordinate))
-                throw FileError(m_output.path(), "a coordinate of the part '" + item.name +
-                                                     "' is not a number up to 1000000000 mm; "
-                                                     "repair the part or remove it.");
+                throw FileError(m_output.path(),
+                                FileError::tr("a coordinate of the part '%1' is not a number up "
+                                              "to 1000000000 mm; repair the part or remove it.")
+                                    .arg(QString::fromStdString(item.name)));
             constexpr char const* starts[] = {"<vertex x=\"", "\" y=\"", "\" z=\""};
             m_text += starts[axis];
             addNumber(p[axis]);

@@ -208,8 +208,10 @@ void ZipEntryStream::requireSound() const
 
 void ZipEntryStream::fail() const
 {
-    throw FileError(m_input.path(), "the content of '" + m_entry.name +
-                                        "' in it is damaged; use another copy of the file.");
+    throw FileError(
+        m_input.path(),
+        FileError::tr("the content of '%1' in it is damaged; use another copy of the file.")
+            .arg(QString::fromStdString(m_entry.name)));
 }
 
 }  // namespace Formats

@@ -4,6 +4,8 @@
 #include "host/services/RingFilling.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 
 std::vector<int> EarcutPolygon::earcut(std::vector<std::vector<std::array<double, 2>>> const& rings,
@@ -13,6 +15,8 @@ std::vector<int> EarcutPolygon::earcut(std::vector<std::vector<std::array<double
         for (auto const& [x, y] : ring)
             if (!std::isfinite(x) || !std::isfinite(y))
                 throw Mell::Exception(
-                    "A contour has a coordinate that is no number; draw it again.");
+                    QCoreApplication::translate(
+                        "Services", "A contour has a coordinate that is no number; draw it again.")
+                        .toStdString());
     return RingFilling(rings).fill(progress);
 }

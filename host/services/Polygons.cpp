@@ -2,6 +2,8 @@
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/POLYGON.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
@@ -22,8 +24,10 @@ auto withoutLibraryErrors(Operation const& operation)
         return operation();
     } catch (ClipperLib::clipperException const&) {
         throw Mell::Exception(
-            "The contours reach too far to be offset or joined; place the part nearer to the "
-            "origin.");
+            QCoreApplication::translate("Services",
+                                        "The contours reach too far to be offset or joined; place "
+                                        "the part nearer to the origin.")
+                .toStdString());
     }
 }
 

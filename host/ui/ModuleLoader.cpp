@@ -5,18 +5,22 @@
 #include "platform/document/q2s.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
 #include <QLibrary>
 
 std::unique_ptr<AppModule> loadModule(QString const& path, char const* className)
 {
     QLibrary library(path);
     if (!library.load())
-        throw Mell::Exception("The module \"" + q2s(path) +
-                              "\" cannot be loaded: " + q2s(library.errorString()));
+        throw Mell::Exception(
+            q2s(QCoreApplication::translate("Modules", "The module \"%1\" cannot be loaded: %2")
+                    .arg(path, library.errorString())));
     auto* const initialise = library.resolve("initDLLModule");
     if (!initialise)
-        throw Mell::Exception("\"" + q2s(path) +
-                              "\" is no module of this application: it has no initDLLModule.");
+        throw Mell::Exception(
+            q2s(QCoreApplication::translate(
+                    "Modules", "\"%1\" is no module of this application: it has no initDLLModule.")
+                    .arg(path)));
     return startModule(initialise, className);
 }
 
@@ -26,11 +30,16 @@ std::unique_ptr<AppModule> startModule(void (*initialise)(), char const* classNa
         initialise();
     std::unique_ptr<Base::BaseClass> made(Base::Type::createInstance(className));
     if (!dynamic_cast<AppModule*>(made.get()))
-        throw Mell::Exception("The module enters no module class \"" + std::string(className) +
-                              "\"; it does not belong to this application.");
+        throw Mell::Exception(q2s(
+            QCoreApplication::translate(
+                "Modules",
+                "The module enters no module class \"%1\"; it does not belong to this application.")
+                .arg(className)));
     std::unique_ptr<AppModule> module(static_cast<AppModule*>(made.release()));
     if (!module->createModule())
-        throw Mell::Exception("The module \"" + std::string(className) +
-                              "\" refuses to start in this application.");
+        throw Mell::Exception(
+            q2s(QCoreApplication::translate(
+                    "Modules", "The module \"%1\" refuses to start in this application.")
+                    .arg(className)));
     return module;
 }

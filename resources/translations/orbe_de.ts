@@ -272,6 +272,24 @@
     </message>
 </context>
 <context>
+    <name>Connectors</name>
+    <message>
+        <source>The cutting plane is not complete. Place it again.</source>
+        <translation>Die Schnittebene ist nicht vollständig. Sie neu setzen.</translation>
+    </message>
+</context>
+<context>
+    <name>CutJobs</name>
+    <message>
+        <source>There is no tool to cut with. Draw one first.</source>
+        <translation>Es gibt kein Werkzeug zum Schneiden. Zuerst eines zeichnen.</translation>
+    </message>
+    <message>
+        <source>There is no cutting plane. Place one first.</source>
+        <translation>Es gibt keine Schnittebene. Zuerst eine setzen.</translation>
+    </message>
+</context>
+<context>
     <name>CutView</name>
     <message>
         <source>Live cut view</source>
@@ -362,6 +380,21 @@
     </message>
 </context>
 <context>
+    <name>Document</name>
+    <message>
+        <source>&quot;%1&quot; is in another document; take it out of there first.</source>
+        <translation>„%1“ gehört zu einem anderen Dokument; es zuerst dort herausnehmen.</translation>
+    </message>
+    <message>
+        <source>Add the group &quot;%1&quot; to a document before parts are added to it.</source>
+        <translation>Die Gruppe „%1“ in ein Dokument aufnehmen, bevor Bauteile hinzugefügt werden.</translation>
+    </message>
+    <message>
+        <source>Scale &quot;%1&quot; by factors other than zero.</source>
+        <translation>„%1“ mit anderen Faktoren als null skalieren.</translation>
+    </message>
+</context>
+<context>
     <name>DocumentFiles</name>
     <message>
         <source>The file &quot;%1&quot; is not there any more; it is taken off the list.</source>
@@ -449,6 +482,381 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>FileError</name>
+    <message>
+        <source>&apos;facet&apos; or &apos;endsolid&apos;</source>
+        <translation>&apos;facet&apos; oder &apos;endsolid&apos;</translation>
+    </message>
+    <message>
+        <source>a coordinate</source>
+        <translation>eine Koordinate</translation>
+    </message>
+    <message>
+        <source>the file has no facet; a mesh was expected.</source>
+        <translation>Die Datei enthält keine Facette; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>&apos;solid&apos; or the end of the file</source>
+        <translation>&apos;solid&apos; oder das Ende der Datei</translation>
+    </message>
+    <message>
+        <source>the normal&apos;s number</source>
+        <translation>eine Zahl der Normalen</translation>
+    </message>
+    <message>
+        <source>a coordinate is not a finite number in the range of single precision.</source>
+        <translation>Eine Koordinate ist keine endliche Zahl im Bereich einfacher Genauigkeit.</translation>
+    </message>
+    <message>
+        <source>the file ends here, where %1 was expected; it is truncated.</source>
+        <translation>Die Datei endet hier, wo %1 erwartet wurde; sie ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>%1 was expected, but there is %2.</source>
+        <translation>Erwartet wurde %1, aber hier steht %2.</translation>
+    </message>
+    <message>
+        <source>%1 triangles need %2 MiB of memory, but only %3 MiB are free; close other programs or reduce the mesh first.</source>
+        <translation>%1 Dreiecke brauchen %2 MiB Speicher, aber nur %3 MiB sind frei; andere Programme schließen oder zuerst das Netz verkleinern.</translation>
+    </message>
+    <message>
+        <source>the file ends within the 84 bytes of a binary STL header; it is truncated or no STL file.</source>
+        <translation>Die Datei endet innerhalb der 84 Bytes eines binären STL-Kopfs; sie ist abgeschnitten oder keine STL-Datei.</translation>
+    </message>
+    <message>
+        <source>the file ends here, but its header announces %1 triangles, which end at byte %2; it is truncated or no STL file.</source>
+        <translation>Die Datei endet hier, aber ihr Kopf kündigt %1 Dreiecke an, die bei Byte %2 enden; sie ist abgeschnitten oder keine STL-Datei.</translation>
+    </message>
+    <message>
+        <source>the header announces no triangles, but a mesh was expected.</source>
+        <translation>Der Kopf kündigt keine Dreiecke an, aber erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>a coordinate is not a finite number; three coordinates of a corner were expected.</source>
+        <translation>Eine Koordinate ist keine endliche Zahl; erwartet wurden drei Koordinaten einer Ecke.</translation>
+    </message>
+    <message>
+        <source>the file has become shorter while it was read.</source>
+        <translation>Die Datei ist kürzer geworden, während sie gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>no triangle has three different corners; a mesh was expected.</source>
+        <translation>Kein Dreieck hat drei verschiedene Ecken; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Der zugeteilte Speicherplatz ist erschöpft</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>Der Dateiname ist zu lang</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>Die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Eingabe-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>Es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Auf dem Gerät ist kein Speicherplatz mehr frei</translation>
+    </message>
+    <message>
+        <source>No such device or address</source>
+        <translation>Gerät oder Adresse nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Ordner nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>Es ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Der Vorgang ist nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>Das Dateisystem ist nur lesbar</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>Die Verbindung zur Datei besteht nicht mehr</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>Zu viele Dateien sind geöffnet</translation>
+    </message>
+    <message>
+        <source>File &apos;%1&apos;: %2</source>
+        <translation>Datei „%1“: %2</translation>
+    </message>
+    <message>
+        <source>byte %1: %2</source>
+        <translation>Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>its extension names no format; use one of %1.</source>
+        <translation>Die Endung bezeichnet kein Format; eine von %1 verwenden.</translation>
+    </message>
+    <message>
+        <source>its content is in no known format; %1 were expected.</source>
+        <translation>Der Inhalt hat kein bekanntes Format; erwartet wurde %1.</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
+    </message>
+    <message>
+        <source>there is no such file; check the name and the folder.</source>
+        <translation>Diese Datei gibt es nicht; Namen und Ordner prüfen.</translation>
+    </message>
+    <message>
+        <source>there is no permission to read it; ask its owner or change its permissions.</source>
+        <translation>Die Berechtigung zum Lesen fehlt; den Besitzer fragen oder die Berechtigungen ändern.</translation>
+    </message>
+    <message>
+        <source>it cannot be opened: %1.</source>
+        <translation>Sie kann nicht geöffnet werden: %1.</translation>
+    </message>
+    <message>
+        <source>it is a folder, but a mesh file was expected.</source>
+        <translation>Das ist ein Ordner, aber erwartet wurde eine Netzdatei.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file, but a mesh file was expected.</source>
+        <translation>Das ist keine gewöhnliche Datei, aber erwartet wurde eine Netzdatei.</translation>
+    </message>
+    <message>
+        <source>it is empty, but a mesh was expected.</source>
+        <translation>Sie ist leer, aber erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>it cannot be read on: %1.</source>
+        <translation>Sie kann nicht weiter gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>it has no end within 64 MiB; a text file was expected.</source>
+        <translation>Sie hat innerhalb von 64 MiB kein Ende; erwartet wurde eine Textdatei.</translation>
+    </message>
+    <message>
+        <source>the file ends without a position or a face; a mesh was expected.</source>
+        <translation>Die Datei endet ohne eine Position oder Fläche; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>the file ends without a face of three different corners; a mesh was expected.</source>
+        <translation>Die Datei endet ohne eine Fläche mit drei verschiedenen Ecken; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>a face of three or more corners was expected, but there are %1.</source>
+        <translation>Erwartet wurde eine Fläche mit drei oder mehr Ecken, aber ihre Anzahl ist %1.</translation>
+    </message>
+    <message>
+        <source>a corner such as 7 or 7/1/3</source>
+        <translation>eine Ecke wie 7 oder 7/1/3</translation>
+    </message>
+    <message>
+        <source>the face refers to position %1, but there are %2 positions above it.</source>
+        <translation>Die Fläche verweist auf Position %1, aber die Anzahl der Positionen darüber ist %2.</translation>
+    </message>
+    <message>
+        <source>it exists already and is not replaced; choose another name or allow overwriting.</source>
+        <translation>Es gibt sie schon, und sie wird nicht ersetzt; einen anderen Namen wählen oder das Überschreiben erlauben.</translation>
+    </message>
+    <message>
+        <source>it cannot be written: %1.</source>
+        <translation>Sie kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>it is a folder, but a file name was expected.</source>
+        <translation>Das ist ein Ordner, aber erwartet wurde ein Dateiname.</translation>
+    </message>
+    <message>
+        <source>no file can be made in the folder &apos;%1&apos;: %2.</source>
+        <translation>Im Ordner „%1“ kann keine Datei angelegt werden: %2.</translation>
+    </message>
+    <message>
+        <source>it cannot be given its name: %1.</source>
+        <translation>Sie kann ihren Namen nicht erhalten: %1.</translation>
+    </message>
+    <message>
+        <source>its mesh needs more memory than is free; close other programs or reduce the mesh first.</source>
+        <translation>Ihr Netz braucht mehr Speicher, als frei ist; andere Programme schließen oder zuerst das Netz verkleinern.</translation>
+    </message>
+    <message>
+        <source>the part &apos;%1&apos; has no triangles to write.</source>
+        <translation>Das Bauteil „%1“ hat keine Dreiecke zum Schreiben.</translation>
+    </message>
+    <message>
+        <source>there is no part to write.</source>
+        <translation>Es gibt kein Bauteil zum Schreiben.</translation>
+    </message>
+    <message>
+        <source>writing it needs more memory than is free; close other programs.</source>
+        <translation>Das Schreiben braucht mehr Speicher, als frei ist; andere Programme schließen.</translation>
+    </message>
+    <message>
+        <source>&apos;ply&apos; was expected.</source>
+        <translation>Erwartet wurde &apos;ply&apos;.</translation>
+    </message>
+    <message>
+        <source>a header line or &apos;end_header&apos;</source>
+        <translation>eine Zeile des Kopfs oder &apos;end_header&apos;</translation>
+    </message>
+    <message>
+        <source>the header ends without a &apos;format&apos; line.</source>
+        <translation>Der Kopf endet ohne eine Zeile &apos;format&apos;.</translation>
+    </message>
+    <message>
+        <source>ascii, binary_little_endian or binary_big_endian</source>
+        <translation>ascii, binary_little_endian oder binary_big_endian</translation>
+    </message>
+    <message>
+        <source>a number of &apos;%1&apos; elements was expected, but there is %2.</source>
+        <translation>Erwartet wurde eine Anzahl der Elemente &apos;%1&apos;, aber hier steht %2.</translation>
+    </message>
+    <message>
+        <source>an &apos;element&apos; line was expected before the first &apos;property&apos;.</source>
+        <translation>Erwartet wurde eine Zeile &apos;element&apos; vor der ersten &apos;property&apos;.</translation>
+    </message>
+    <message>
+        <source>a type such as float or uchar</source>
+        <translation>ein Typ wie float oder uchar</translation>
+    </message>
+    <message>
+        <source>no face has three different corners; a mesh was expected.</source>
+        <translation>Keine Fläche hat drei verschiedene Ecken; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>the header ends without an element &apos;vertex&apos; with the properties x, y and z.</source>
+        <translation>Der Kopf endet ohne ein Element &apos;vertex&apos; mit den Eigenschaften x, y und z.</translation>
+    </message>
+    <message>
+        <source>the header ends without an element &apos;face&apos; with a list &apos;vertex_indices&apos;; a mesh was expected.</source>
+        <translation>Der Kopf endet ohne ein Element &apos;face&apos; mit einer Liste &apos;vertex_indices&apos;; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>the header has &apos;face&apos; before &apos;vertex&apos;; the other order was expected.</source>
+        <translation>Im Kopf steht &apos;face&apos; vor &apos;vertex&apos;; erwartet wurde die umgekehrte Reihenfolge.</translation>
+    </message>
+    <message>
+        <source>the header announces no vertices or no faces; a mesh was expected.</source>
+        <translation>Der Kopf kündigt keine Eckpunkte oder keine Flächen an; erwartet wurde ein Netz.</translation>
+    </message>
+    <message>
+        <source>a coordinate of vertex %1 is not a finite number in the range of single precision.</source>
+        <translation>Eine Koordinate von Eckpunkt %1 ist keine endliche Zahl im Bereich einfacher Genauigkeit.</translation>
+    </message>
+    <message>
+        <source>the face refers to vertex %1, but there are %2 vertices, counted from 0.</source>
+        <translation>Die Fläche verweist auf Eckpunkt %1, aber die Anzahl der Eckpunkte, gezählt ab 0, ist %2.</translation>
+    </message>
+    <message>
+        <source>the length of the list &apos;%1&apos; is negative or longer than the file.</source>
+        <translation>Die Länge der Liste &apos;%1&apos; ist negativ oder größer als die Datei.</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>the file ends here, where more numbers were expected; it is truncated.</source>
+        <translation>Die Datei endet hier, wo weitere Zahlen erwartet wurden; sie ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>its list of objects is larger than 256 MiB.</source>
+        <translation>Ihre Objektliste ist größer als 256 MiB.</translation>
+    </message>
+    <message>
+        <source>it needs more memory than is free; close other programs to open it.</source>
+        <translation>Sie braucht mehr Speicher, als frei ist; zum Öffnen andere Programme schließen.</translation>
+    </message>
+    <message>
+        <source>it was saved by a newer version of this program; update the program to open it.</source>
+        <translation>Sie wurde mit einer neueren Version dieses Programms gespeichert; zum Öffnen das Programm aktualisieren.</translation>
+    </message>
+    <message>
+        <source>its list of objects, %1, is damaged in line %2: %3</source>
+        <translation>Ihre Objektliste, %1, ist in Zeile %2 beschädigt: %3</translation>
+    </message>
+    <message>
+        <source>binary STL holds at most 4294967295 triangles; use another format.</source>
+        <translation>Binäres STL fasst höchstens 4294967295 Dreiecke; ein anderes Format verwenden.</translation>
+    </message>
+    <message>
+        <source>error %1.</source>
+        <translation>Fehler %1.</translation>
+    </message>
+    <message>
+        <source>its build places no mesh; at least one was expected.</source>
+        <translation>Ihr Bauauftrag platziert kein Netz; erwartet wurde mindestens eines.</translation>
+    </message>
+    <message>
+        <source>a coordinate of vertex %1 is not a finite number.</source>
+        <translation>Eine Koordinate von Eckpunkt %1 ist keine endliche Zahl.</translation>
+    </message>
+    <message>
+        <source>triangle %1 refers to vertex %2, but there are %3.</source>
+        <translation>Dreieck %1 verweist auf Eckpunkt %2, aber die Anzahl der Eckpunkte ist %3.</translation>
+    </message>
+    <message>
+        <source>a complete 3MF package was expected, but the 3MF library reports: %1</source>
+        <translation>Erwartet wurde ein vollständiges 3MF-Paket, aber die 3MF-Bibliothek meldet: %1</translation>
+    </message>
+    <message>
+        <source>its components are nested more than 64 deep.</source>
+        <translation>Ihre Komponenten sind mehr als 64-fach verschachtelt.</translation>
+    </message>
+    <message>
+        <source>its build places more than 100000 meshes.</source>
+        <translation>Ihr Bauauftrag platziert mehr als 100000 Netze.</translation>
+    </message>
+    <message>
+        <source>a coordinate of vertex %1 of the object &apos;%2&apos; is not a finite number in the range of single precision.</source>
+        <translation>Eine Koordinate von Eckpunkt %1 des Objekts „%2“ ist keine endliche Zahl im Bereich einfacher Genauigkeit.</translation>
+    </message>
+    <message>
+        <source>triangle %1 of the object &apos;%4&apos; refers to vertex %2, but there are %3.</source>
+        <translation>Dreieck %1 des Objekts „%4“ verweist auf Eckpunkt %2, aber die Anzahl der Eckpunkte ist %3.</translation>
+    </message>
+    <message>
+        <source>the 3MF library reports: %1</source>
+        <translation>Die 3MF-Bibliothek meldet: %1</translation>
+    </message>
+    <message>
+        <source>a coordinate of the part &apos;%1&apos; is not a number up to 1000000000 mm; repair the part or remove it.</source>
+        <translation>Eine Koordinate des Bauteils „%1“ ist keine Zahl bis 1000000000 mm; das Bauteil reparieren oder entfernen.</translation>
+    </message>
+    <message>
+        <source>the content of &apos;%1&apos; in it is damaged; use another copy of the file.</source>
+        <translation>Der Inhalt von „%1“ darin ist beschädigt; eine andere Kopie der Datei verwenden.</translation>
+    </message>
+    <message>
+        <source>the file ends here, but what its header announces takes at least %1 bytes behind the header; it is truncated.</source>
+        <translation>Die Datei endet hier, aber was ihr Kopf ankündigt, braucht dahinter mindestens %1 Bytes; sie ist abgeschnitten.</translation>
     </message>
 </context>
 <context>
@@ -1047,6 +1455,26 @@
         <source>%1 The commands for cutting are missing; install the program again, or name the module with --plugin.</source>
         <translation>%1 Die Befehle zum Schneiden fehlen; das Programm neu installieren oder das Modul mit --plugin angeben.</translation>
     </message>
+    <message>
+        <source>The module &quot;%1&quot; cannot be loaded: %2</source>
+        <translation>Das Modul „%1“ kann nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no module of this application: it has no initDLLModule.</source>
+        <translation>„%1“ ist kein Modul dieses Programms: Es enthält kein initDLLModule.</translation>
+    </message>
+    <message>
+        <source>The module enters no module class &quot;%1&quot;; it does not belong to this application.</source>
+        <translation>Das Modul trägt keine Modulklasse „%1“ ein; es gehört nicht zu diesem Programm.</translation>
+    </message>
+    <message>
+        <source>The module &quot;%1&quot; refuses to start in this application.</source>
+        <translation>Das Modul „%1“ startet in diesem Programm nicht.</translation>
+    </message>
+    <message>
+        <source>There is no module &quot;%1&quot;.</source>
+        <translation>Es gibt kein Modul „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
@@ -1544,6 +1972,53 @@
     </message>
 </context>
 <context>
+    <name>Services</name>
+    <message>
+        <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
+        <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The two solids could not be combined, for one of them is open or crosses itself where they meet. Repair it and cut again.</source>
+        <translation>Die beiden Körper konnten nicht verrechnet werden, denn einer von ihnen ist offen oder durchdringt sich selbst, wo sie sich treffen. Ihn reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The part is open where the two meet, near (%1, %2, %3). Repair it and cut again.</source>
+        <translation>Das Bauteil ist offen, wo sich beide treffen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The tool is open where the two meet, near (%1, %2, %3). Repair it and cut again.</source>
+        <translation>Das Werkzeug ist offen, wo sich beide treffen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The part has a point whose coordinates are no numbers. Repair it and cut again.</source>
+        <translation>Das Bauteil hat einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The tool has a point whose coordinates are no numbers. Repair it and cut again.</source>
+        <translation>Das Werkzeug hat einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>A contour has a coordinate that is no number; draw it again.</source>
+        <translation>Eine Kontur hat eine Koordinate, die keine Zahl ist; sie neu zeichnen.</translation>
+    </message>
+    <message>
+        <source>The cutting plane is empty. Place it again.</source>
+        <translation>Die Schnittebene ist leer. Sie neu setzen.</translation>
+    </message>
+    <message>
+        <source>The cutting plane has no area. Place it again.</source>
+        <translation>Die Schnittebene hat keine Fläche. Sie neu setzen.</translation>
+    </message>
+    <message>
+        <source>The part is open where the plane meets it, near (%1, %2, %3). Repair the part and cut again.</source>
+        <translation>Das Bauteil ist offen, wo die Ebene es trifft, nahe (%1, %2, %3). Das Bauteil reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The contours reach too far to be offset or joined; place the part nearer to the origin.</source>
+        <translation>Die Konturen reichen zu weit, um versetzt oder verbunden zu werden; das Bauteil näher an den Ursprung setzen.</translation>
+    </message>
+</context>
+<context>
     <name>ShortcutList</name>
     <message>
         <source>Keyboard and Mouse</source>
@@ -1598,16 +2073,28 @@
         <translation>Zur Maus hin zoomen</translation>
     </message>
     <message>
-        <source>Wheel</source>
-        <translation>Mausrad</translation>
-    </message>
-    <message>
         <source>Turn to a standard view</source>
         <translation>Zu einer Standardansicht drehen</translation>
     </message>
     <message>
         <source>Click on the cube</source>
         <translation>Klick auf den Würfel</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button</source>
+        <translation>Mit der mittleren Taste ziehen</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button and Shift</source>
+        <translation>Mit der mittleren Taste und Umschalt ziehen</translation>
+    </message>
+    <message>
+        <source>Wheel, or drag with the right button and Ctrl</source>
+        <translation>Mausrad oder mit der rechten Taste und Strg ziehen</translation>
+    </message>
+    <message>
+        <source>Wheel, or drag with the middle button and Ctrl</source>
+        <translation>Mausrad oder mit der mittleren Taste und Strg ziehen</translation>
     </message>
 </context>
 <context>

@@ -14,6 +14,7 @@
 #include "tests/support/TranslationFile.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QGroupBox>
 #include <QLabel>
@@ -21,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabBar>
+#include <QTreeWidget>
 
 #include <map>
 #include <set>
@@ -213,7 +215,7 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
 
 TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
 {
-    ShortcutList shortcuts(commands(), nullptr);
+    ShortcutList shortcuts(commands(), ShortcutList::Preset::TurnByRight, nullptr);
     ExportDialog exporting(3, nullptr);
     for (QDialog* const dialog :
          {static_cast<QDialog*>(&shortcuts), static_cast<QDialog*>(&exporting)}) {
@@ -224,5 +226,59 @@ TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
         expectNoEnglishText(*dialog);
         expectWholeTexts(*dialog);
         dialog->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+    }
+}
+
+TEST_F(GermanWindow, PreferencesGrowWithTheTextsOfTheChosenLanguage)
+{
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::English);
+    appearance = std::make_unique<ViewAppearance>(window->view());
+    preferences = std::make_unique<ViewPreferences>(window->view());
+    PreferencesDialog dialog(*appearance, *preferences, nullptr);
+    dialog.show();
+    QCoreApplication::processEvents();
+    QSize const english = dialog.geometry().size();
+    dialog.language().setCurrentIndex(int(LanguageSwitch::Choice::German));
+    QCoreApplication::processEvents();
+    EXPECT_GT(dialog.width(), english.width());
+    EXPECT_GE(dialog.width(), dialog.sizeHint().width());
+    EXPECT_GE(dialog.height(), dialog.sizeHint().height());
+    expectWholeTexts(dialog);
+    // It does not jump back under the mouse.
+    QSize const german = dialog.geometry().size();
+    dialog.language().setCurrentIndex(int(LanguageSwitch::Choice::English));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialog.geometry().size(), german);
+}
+
+TEST_F(GermanWindow, ListsWhatTheMouseDoesInTheChosenPreset)
+{
+    using Preset = ShortcutList::Preset;
+    QString const right = "Mit der rechten Taste ziehen";
+    QString const middle = "Mit der mittleren Taste ziehen";
+    struct Row
+    {
+        Preset preset;
+        QString turn, move, zoom;
+    };
+    Row const rows[] = {
+        {Preset::TurnByRight, right, "Mit der mittleren Taste ziehen oder rechts mit Umschalt",
+         "Mausrad oder mit der rechten Taste und Strg ziehen"},
+        {Preset::TurnByMiddle, middle, "Mit der mittleren Taste und Umschalt ziehen",
+         "Mausrad oder mit der mittleren Taste und Strg ziehen"},
+        {Preset::MoveByRight, middle, right, "Mausrad oder mit der rechten Taste und Strg ziehen"},
+    };
+    for (Row const& row : rows) {
+        ViewPreferences(window->view()).setNavigation(row.preset);
+        trigger("Std_Shortcuts");
+        auto const lists = window->findChildren<ShortcutList*>();
+        ASSERT_EQ(lists.size(), 1);
+        QStringList keys;
+        auto const* const tree = lists[0]->findChild<QTreeWidget*>();
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            keys << tree->topLevelItem(i)->text(1);
+        for (QString const& expected : {row.turn, row.move, row.zoom})
+            EXPECT_TRUE(keys.contains(expected)) << qPrintable(expected);
+        delete lists[0];
     }
 }

@@ -13,6 +13,8 @@
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -228,14 +230,16 @@ private:
     std::vector<BooleanResult> combineWithoutFlatTriangles()
     {
         MeshKernel clean(m_partKernel);
-        requireFinite(m_soup.mesh, "The part");
+        requireFinite(m_soup.mesh, Operand::first);
         std::size_t const removed = clean.getMesh()->DeleteDegenerateTris();
         clean.getMesh()->DeleteUnreferenceVerts();
         clean.getMesh()->UpdateVertsID();
         if (removed == 0)
             throw Mell::Exception(
-                "The part has triangles without area that cannot be removed. "
-                "Repair it and cut again.");
+                QCoreApplication::translate("Services",
+                                            "The part has triangles without area that cannot be "
+                                            "removed. Repair it and cut again.")
+                    .toStdString());
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
         };
@@ -268,10 +272,7 @@ private:
     {
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
-                throw Mell::Exception(
-                    std::string(operand == Operand::first ? "The part" : "The tool") +
-                    " is open where the two meet, near " + textOf(*place) +
-                    ". Repair it and cut again.");
+                throwOpen(operand, *place);
         Exact::WantedSolids wanted;
         for (BooleanPiece const piece : m_pieces)
             (piece == BooleanPiece::united   ? wanted.united
@@ -286,19 +287,28 @@ private:
                                                                 : solids.difference;
             if (!solid)
                 throw Mell::Exception(
-                    "The two solids could not be combined, for one of them is "
-                    "open or crosses itself where they meet. Repair it and cut "
-                    "again.");
+                    QCoreApplication::translate(
+                        "Services",
+                        "The two solids could not be combined, for one of them is open or crosses "
+                        "itself where they meet. Repair it and cut again.")
+                        .toStdString());
             results.push_back({makeMesh(*solid)});
         }
         return results;
     }
 
-    static std::string textOf(UPoint3<float> const& p)
+    [[noreturn]] static void throwOpen(Operand operand, UPoint3<float> const& p)
     {
-        char text[96];
-        std::snprintf(text, sizeof text, "(%g, %g, %g)", double(p[0]), double(p[1]), double(p[2]));
-        return text;
+        QString const text =
+            operand == Operand::first
+                ? QCoreApplication::translate("Services",
+                                              "The part is open where the two meet, near (%1, %2, "
+                                              "%3). Repair it and cut again.")
+                : QCoreApplication::translate("Services",
+                                              "The tool is open where the two meet, near (%1, %2, "
+                                              "%3). Repair it and cut again.");
+        throw Mell::Exception(
+            text.arg(double(p[0])).arg(double(p[1])).arg(double(p[2])).toStdString());
     }
 
     MeshKernel const& m_partKernel;

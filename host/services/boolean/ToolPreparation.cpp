@@ -7,6 +7,8 @@
 #include "host/services/exact/Corefinement.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -187,16 +189,23 @@ MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progres
 
 }  // namespace
 
-void requireFinite(MeshArrays const& operand, char const* name)
+void requireFinite(MeshArrays const& mesh, Operand operand)
 {
     bool const isFinite =
-        std::all_of(operand.points.begin(), operand.points.end(), [](UPoint3<float> const& p) {
+        std::all_of(mesh.points.begin(), mesh.points.end(), [](UPoint3<float> const& p) {
             return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
         });
-    if (!isFinite)
-        throw Mell::Exception(std::string(name) +
-                              " has a point whose coordinates are no numbers. Repair it and cut "
-                              "again.");
+    if (isFinite)
+        return;
+    QString const text =
+        operand == Operand::first
+            ? QCoreApplication::translate(
+                  "Services",
+                  "The part has a point whose coordinates are no numbers. Repair it and cut again.")
+            : QCoreApplication::translate("Services",
+                                          "The tool has a point whose coordinates are no numbers. "
+                                          "Repair it and cut again.");
+    throw Mell::Exception(text.toStdString());
 }
 
 bool hasFlatTriangle(MeshArrays const& operand)
@@ -210,7 +219,7 @@ bool hasFlatTriangle(MeshArrays const& operand)
 MeshArrays prepareTool(MeshKernel const& tool, StageProgress& progress)
 {
     MeshArrays arrays = copyArrays(tool, Frame::World, progress);
-    requireFinite(arrays, "The tool");
+    requireFinite(arrays, Operand::second);
     if (hasFlatTriangle(arrays))
         arrays = withoutFlatTriangles(arrays, progress);
     if (!doesOverlapItself(arrays, progress))

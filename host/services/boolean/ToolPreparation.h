@@ -2,11 +2,12 @@
 #pragma once
 
 #include "host/services/MeshArrays.h"
+#include "host/services/boolean/OperandSoup.h"
 
 /// Throws a sentence if an operand has a coordinate that is no finite number.
 ///
-/// name  how to call the operand at the beginning of the sentence
-void requireFinite(MeshArrays const& operand, char const* name);
+/// operand  which of the two it is: the part or the tool
+void requireFinite(MeshArrays const& mesh, Operand operand);
 
 /// Whether a triangle of some has no area.
 bool hasFlatTriangle(MeshArrays const& operand);

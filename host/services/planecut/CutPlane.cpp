@@ -4,13 +4,17 @@
 #include "host/mesh/ExactSigns.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 CutPlane::CutPlane(MeshKernel const& planeKernel)
 {
     auto const mesh = planeKernel.readMesh();
     if (mesh->triangles.empty())
-        throw Mell::Exception("The cutting plane is empty. Place it again.");
+        throw Mell::Exception(
+            QCoreApplication::translate("Services", "The cutting plane is empty. Place it again.")
+                .toStdString());
     for (int i = 0; i < 3; ++i)
         m_corners[std::size_t(i)] = planeKernel.getMatrix() * mesh->triangles[0]->cP(i);
     double u[3], v[3];
@@ -30,7 +34,9 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
                     m_normal);
     double const largest = m_normal[m_dropped];
     if (!(std::abs(largest) > 0) || !std::isfinite(largest))
-        throw Mell::Exception("The cutting plane has no area. Place it again.");
+        throw Mell::Exception(QCoreApplication::translate(
+                                  "Services", "The cutting plane has no area. Place it again.")
+                                  .toStdString());
     m_upSign = largest > 0 ? 1 : -1;
     m_first = (m_dropped + (m_upSign > 0 ? 1 : 2)) % 3;
     m_second = (m_dropped + (m_upSign > 0 ? 2 : 1)) % 3;

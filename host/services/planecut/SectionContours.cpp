@@ -4,6 +4,8 @@
 #include "host/mesh/DisjointSets.h"
 #include "platform/jobs/Exceptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <charconv>
 #include <string>
@@ -13,19 +15,22 @@ namespace {
 
 using Segments = std::vector<Exact::SectionSegment>;
 
-std::string textOf(float value)
+QString textOf(float value)
 {
     char buffer[32];
     auto const end =
         std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 6).ptr;
-    return {buffer, end};
+    return QString::fromLatin1(buffer, int(end - buffer));
 }
 
 [[noreturn]] void throwOpen(UPoint3<float> const& p)
 {
-    throw Mell::Exception("The part is open where the plane meets it, near (" + textOf(p.X()) +
-                          ", " + textOf(p.Y()) + ", " + textOf(p.Z()) +
-                          "). Repair the part and cut again.");
+    throw Mell::Exception(
+        QCoreApplication::translate("Services",
+                                    "The part is open where the plane meets it, near (%1, %2, %3). "
+                                    "Repair the part and cut again.")
+            .arg(textOf(p.X()), textOf(p.Y()), textOf(p.Z()))
+            .toStdString());
 }
 
 /// The triangles of both halves at one edge in the plane.
