@@ -136,8 +136,8 @@ void OrbeWindow::buildMenus()
     m_menus->setRecentFiles(new RecentMenu(*m_files, this));
     connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
     connect(m_menus, &WindowMenus::filled, this, [this] {
-        for (QDockWidget* const dock :
-             findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        m_menus->windowMenu()->addSeparator();
+        for (QDockWidget* const dock : m_panelDocks)
             m_menus->windowMenu()->addAction(dock->toggleViewAction());
     });
     m_menus->fill();
@@ -147,6 +147,8 @@ void OrbeWindow::followDocument()
 {
     m_follower = new DocumentFollower(this);
     auto const show = [this](Base::Document* document) {
+        // What a tool has made belongs to the document that it was started on.
+        m_view->stopSelection();
         m_view->setDocument(document);
         m_appearance->setDocument(document);
         getViewSlider()->refresh();
@@ -186,6 +188,7 @@ QDockWidget* OrbeWindow::addPanel(QWidget* panel, QString const& name, Qt::DockW
     connect(panel, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);
     addDockWidget(area, dock);
     m_dockTitles->add(dock);
+    m_panelDocks.push_back(dock);
     if (m_menus)
         m_menus->windowMenu()->addAction(dock->toggleViewAction());
     return dock;

@@ -4,6 +4,7 @@
 #include "platform/ui/MainWindow.h"
 
 #include <memory>
+#include <vector>
 
 class CommandGate;
 class DockTitles;
@@ -85,6 +86,7 @@ private:
     CommandGate* m_gate = nullptr;
     WindowMenus* m_menus = nullptr;
     DockTitles* m_dockTitles = nullptr;
+    std::vector<QDockWidget*> m_panelDocks;
     WindowPanels* m_panels = nullptr;
     StatusLine* m_status = nullptr;
     DocumentFollower* m_follower = nullptr;

@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ToolScene.h"
 
-#include "display/CuboidViewProvider.h"
-#include "display/CylinderViewProvider.h"
-#include "display/PolygonViewProvider.h"
+#include "display/RegisterViewProviders.h"
+#include "display/VolumeViewProvider.h"
 #include "platform/document/MeshDocument.h"
 #include "tools/VolumeOutline.h"
-
-namespace {
-
-/// The document makes view providers by name.
-void enterViewProviders()
-{
-    Freecut::GraphicViewProvider::init();
-    Freecut::VolumeViewProvider::init();
-    Freecut::PolygonViewProvider::init();
-    Freecut::CylinderViewProvider::init();
-    Freecut::CuboidViewProvider::init();
-}
-
-}  // namespace
 
 ToolScene::ToolScene(Mesh::Document& document, int viewIndex)
     : m_document(document), m_viewIndex(viewIndex)
 {
-    enterViewProviders();
+    Freecut::registerViewProviders();
     m_view.setDocument(&document);
     m_view.OnViewType(viewIndex);
 }

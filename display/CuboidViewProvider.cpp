@@ -28,6 +28,17 @@ std::string CuboidViewProvider::getClassName() const
     return "Freecut::CuboidViewProvider";
 }
 
+void CuboidViewProvider::initGL()
+{
+    initSolidGL();
+}
+
+void CuboidViewProvider::buildMarkers()
+{
+    if (m_object)
+        buildMarkersAt(static_cast<CuboidGraphicObject*>(m_object)->getProperty().getKeyPoints());
+}
+
 std::unique_ptr<VolumeOutline> CuboidViewProvider::makeOutline() const
 {
     auto* const tool = static_cast<CuboidGraphicObject*>(getObject());

@@ -5,7 +5,7 @@
 
 namespace Freecut {
 
-/// Shows a cuboid tool.
+/// Shows a cuboid tool, with a handle on each corner.
 class CuboidViewProvider : public VolumeViewProvider
 {
 public:
@@ -16,6 +16,9 @@ public:
 
     Base::Type getTypeId() const override;
     std::string getClassName() const override;
+
+    void initGL() override;
+    void buildMarkers() override;
 
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;

@@ -4,6 +4,8 @@
 #include "tools/CylinderGraphicObject.h"
 #include "tools/CylinderOutline.h"
 
+#include <algorithm>
+
 namespace Freecut {
 
 Base::Type CylinderViewProvider::classTypeId = Base::Type::badType();
@@ -27,6 +29,21 @@ Base::Type CylinderViewProvider::getTypeId() const
 std::string CylinderViewProvider::getClassName() const
 {
     return "Freecut::CylinderViewProvider";
+}
+
+void CylinderViewProvider::initGL()
+{
+    initSolidGL();
+}
+
+void CylinderViewProvider::buildMarkers()
+{
+    if (!m_object)
+        return;
+    CylinderProperty const& record = static_cast<CylinderGraphicObject*>(m_object)->getProperty();
+    std::vector<UPoint3<float>> points = record.getKeyPoints();
+    points.resize(std::min<std::size_t>(points.size(), record.getUseNotch() ? 2 : 1));
+    buildMarkersAt(points);
 }
 
 std::unique_ptr<VolumeOutline> CylinderViewProvider::makeOutline() const

@@ -5,7 +5,7 @@
 
 namespace Freecut {
 
-/// Shows a cylinder tool.
+/// Shows a cylinder tool, with a handle on the centre, and on the notch if there is one.
 class CylinderViewProvider : public VolumeViewProvider
 {
 public:
@@ -16,6 +16,9 @@ public:
 
     Base::Type getTypeId() const override;
     std::string getClassName() const override;
+
+    void initGL() override;
+    void buildMarkers() override;
 
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;

@@ -12,6 +12,21 @@
 
 namespace Freecut {
 
+namespace {
+
+/// Each handle filled, then outlined.
+std::vector<LineRun> runsOfQuads(int first, int count)
+{
+    std::vector<LineRun> runs;
+    for (int quad = first; quad < first + count; ++quad) {
+        runs.push_back({GL_TRIANGLE_FAN, 4 * quad, 4, true});
+        runs.push_back({GL_LINE_LOOP, 4 * quad, 4});
+    }
+    return runs;
+}
+
+}  // namespace
+
 Base::Type GraphicViewProvider::classTypeId = Base::Type::badType();
 
 void GraphicViewProvider::init()
@@ -85,34 +100,37 @@ void GraphicViewProvider::buildMarkersAt(std::vector<UPoint3<float>> const& poin
         appendScreenSquare(markerVertices, *m_view, point);
 }
 
-std::vector<LineRun> GraphicViewProvider::markerRuns() const
+void GraphicViewProvider::uploadMarkers()
 {
-    std::vector<LineRun> runs;
-    for (int first = 0; first < int(markerVertices.size() / 3); first += 4) {
-        runs.push_back({GL_TRIANGLE_FAN, first, 4, true});
-        runs.push_back({GL_LINE_LOOP, first, 4});
-    }
-    return runs;
+    if (markerShader)
+        uploadVertices(*m_view, markerBuffers(), markerVertices);
+}
+
+void GraphicViewProvider::drawMarkersOf21(Color255 const& color, int first, int count)
+{
+    if (markerShader)
+        drawLines21(*m_view, markerBuffers(), *markerShader,
+                    {.color = color, .isOverAll = true, .isSmooth = true},
+                    runsOfQuads(first, count));
+}
+
+void GraphicViewProvider::drawMarkersOf33(Color255 const& color, int first, int count)
+{
+    if (markerShader)
+        drawLines33(*m_view, markerBuffers(), *markerShader, {.color = color, .isOverAll = true},
+                    runsOfQuads(first, count));
 }
 
 void GraphicViewProvider::drawMarkersGL21()
 {
-    if (!markerShader)
-        return;
-    LineBuffers const buffers{.vbo = markerVbo};
-    uploadVertices(*m_view, buffers, markerVertices);
-    drawLines21(*m_view, buffers, *markerShader,
-                {.color = markerColor, .isOverAll = true, .isSmooth = true}, markerRuns());
+    uploadMarkers();
+    drawMarkersOf21(markerColor, 0, markerCount());
 }
 
 void GraphicViewProvider::drawMarkersGL33()
 {
-    if (!markerShader)
-        return;
-    LineBuffers const buffers{.vao = markerVao, .buffer = markerBuffer};
-    uploadVertices(*m_view, buffers, markerVertices);
-    drawLines33(*m_view, buffers, *markerShader, {.color = markerColor, .isOverAll = true},
-                markerRuns());
+    uploadMarkers();
+    drawMarkersOf33(markerColor, 0, markerCount());
 }
 
 void GraphicViewProvider::drawMarkers()

@@ -50,6 +50,11 @@ protected:
     void buildMarkersAt(std::vector<UPoint3<float>> const& points);
     /// Draws the handles by the version in use.
     void drawMarkers();
+    int markerCount() const { return int(markerVertices.size() / 12); }
+    // Uploads the handles, and draws some of them in a colour.
+    void uploadMarkers();
+    void drawMarkersOf21(Color255 const& color, int first, int count);
+    void drawMarkersOf33(Color255 const& color, int first, int count);
 
     std::vector<float> markerVertices;
     unsigned markerVbo = 0;
@@ -59,7 +64,10 @@ protected:
     Color255 markerColor{52, 52, 52, 204};
 
 private:
-    std::vector<LineRun> markerRuns() const;
+    LineBuffers markerBuffers() const
+    {
+        return {.vbo = markerVbo, .vao = markerVao, .buffer = markerBuffer};
+    }
 };
 
 }  // namespace Freecut

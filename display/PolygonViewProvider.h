@@ -5,7 +5,9 @@
 
 namespace Freecut {
 
-/// Shows a polygon tool.
+class PolygonProperty;
+
+/// Shows a polygon tool, with a handle on each vertex and on the teeth under edit.
 class PolygonViewProvider : public VolumeViewProvider
 {
 public:
@@ -17,8 +19,19 @@ public:
     Base::Type getTypeId() const override;
     std::string getClassName() const override;
 
+    void initGL() override;
+    void buildMarkers() override;
+    /// The handles of teeth are drawn in a colour of their own.
+    void drawMarkersGL21() override;
+    void drawMarkersGL33() override;
+
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;
+
+private:
+    PolygonProperty const* property() const;
+    /// How many handles stand on vertices; the rest stand on teeth.
+    int vertexMarkers() const;
 };
 
 }  // namespace Freecut

@@ -3,6 +3,8 @@
 
 #include "display/GraphicViewProvider.h"
 
+#include <QOpenGLShaderProgram>
+
 #include <memory>
 
 namespace Freecut {
@@ -24,6 +26,7 @@ public:
     Base::Type getTypeId() const override;
     std::string getClassName() const override;
 
+    void initGL() override;
     /// Derives the outlines, in the eye space of the view that it is attached to; nothing without a
     /// view. If the camera was turned, the tool follows the screen.
     void updateGeometry() override;
@@ -41,9 +44,25 @@ protected:
     /// The outline of the tool that is shown; null if there is none.
     virtual std::unique_ptr<VolumeOutline> makeOutline() const;
 
-private:
-    std::unique_ptr<VolumeOutline> outline;
+    /// What initGL does for each of the shapes: makes the handles' and the solid's part of it, and
+    /// derives the outlines.
+    void initSolidGL();
+
     bool viewChanged = false;
+    unsigned lineVbo = 0;
+    unsigned normalVbo = 0;
+    QOpenGLShaderProgram lineShader21;
+    QOpenGLShaderProgram fillShader21;
+    QOpenGLShaderProgram lineShader33;
+    QOpenGLShaderProgram fillShader33;
+    QOpenGLVertexArrayObject* solidVao = nullptr;
+    QOpenGLBuffer* solidBuffer = nullptr;
+
+private:
+    void makeSolid21();
+    void makeSolid33();
+
+    std::unique_ptr<VolumeOutline> outline;
 };
 
 }  // namespace Freecut

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/CuboidViewProvider.h"
-#include "display/CylinderViewProvider.h"
-#include "display/PlaneViewProvider.h"
-#include "display/PolygonViewProvider.h"
+#include "display/RegisterViewProviders.h"
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
 #include "platform/ui/Application.h"
@@ -25,10 +22,5 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::VolumeGraphicObject::init();
     Freecut::PolygonGraphicObject::init();
     Freecut::CylinderGraphicObject::init();
-    Freecut::GraphicViewProvider::init();
-    Freecut::PlaneViewProvider::init();
-    Freecut::VolumeViewProvider::init();
-    Freecut::PolygonViewProvider::init();
-    Freecut::CylinderViewProvider::init();
-    Freecut::CuboidViewProvider::init();
+    Freecut::registerViewProviders();
 }

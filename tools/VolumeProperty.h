@@ -72,6 +72,9 @@ public:
     /// 0 and 1 look along Y, 2 and 3 along Z, 4 and 5 along X; others mean no standard view.
     int getViewIndex() const { return viewIndex; }
     void setViewIndex(int value) { viewIndex = value; }
+    UPoint3<float> const& getSavedEye() const { return savedEye; }
+    UPoint3<float> const& getSavedRef() const { return savedRef; }
+    UVector3<float> const& getSavedUp() const { return savedUp; }
     UPoint3<float> const& getLastEye() const { return lastEye; }
     void setLastEye(UPoint3<float> const& value) { lastEye = value; }
     UPoint3<float> const& getLastRef() const { return lastRef; }

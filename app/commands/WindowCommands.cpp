@@ -9,7 +9,7 @@
 #include "platform/ui/MainWindow.h"
 #include "platform/view/OpenGLPath.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMessageBox>
 
 namespace {
@@ -80,7 +80,7 @@ public:
                            "<h3>%1 %2</h3><p>Cuts triangle meshes into parts for 3D printing."
                            "</p><p>Free software under the GNU General Public License, version 3 "
                            "or later, without any warranty.</p><p>Drawing by %3; Qt %4.</p>"))
-                .arg(QCoreApplication::applicationName(), StartOptions::version(), drawing,
+                .arg(QGuiApplication::applicationDisplayName(), StartOptions::version(), drawing,
                      QString::fromLatin1(qVersion()));
         QMessageBox::about(MainWindow::getInstance(),
                            translated(QT_TRANSLATE_NOOP("HostCommand", "About")), text);

@@ -50,7 +50,9 @@ ExportDialog::ExportDialog(int parts, QWidget* parent)
 void ExportDialog::fillFormats()
 {
     for (auto const& format : Formats::FormatRegistry::instance().formats())
-        m_formats->addItem(latin(format->title()), latin(format->name()));
+        m_formats->addItem(
+            QCoreApplication::translate("Formats", std::string(format->title()).c_str()),
+            latin(format->name()));
 }
 
 void ExportDialog::buildFileChoice(int parts)

@@ -7,6 +7,7 @@
 #include "platform/ui/MellMessageBox.h"
 #include "platform/ui/Settings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QSet>
@@ -98,9 +99,10 @@ std::optional<ExportPlan> WindowFileQuestions::exportPlan(QString const& suggest
     } else {
         QString safe = suggestion;
         safe.replace('/', '_');
-        plan.path = QFileDialog::getSaveFileName(MainWindow::getInstance(), tr("Export"),
-                                                 suggestedPath(safe + ending),
-                                                 latin(format.title()) + " (*" + ending + ")");
+        plan.path = QFileDialog::getSaveFileName(
+            MainWindow::getInstance(), tr("Export"), suggestedPath(safe + ending),
+            QCoreApplication::translate("Formats", std::string(format.title()).c_str()) + " (*" +
+                ending + ")");
         if (!plan.path.isEmpty() && QFileInfo(plan.path).suffix().isEmpty()) {
             plan.path += ending;
             if (QFileInfo::exists(plan.path) && !mayReplace({plan.path}))

@@ -3,12 +3,11 @@
 
 #include "app/JobGuard.h"
 #include "app/jobs/JobProgress.h"
+#include "app/panels/PanelIcon.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFile>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
 #include <QShortcut>
@@ -31,23 +30,7 @@ JobProgressBar::JobProgressBar(QWidget* parent)
       m_cancel(new QToolButton(this)),
       m_escape(new QShortcut(Qt::Key_Escape, this))
 {
-    setObjectName(QStringLiteral("JobProgressBar"));
-    m_bar->setRange(0, 100);
-    m_bar->setFixedWidth(fontMetrics().averageCharWidth() * 28);
-    m_bar->setMaximumHeight(fontMetrics().height());
-    m_cancel->setObjectName(QStringLiteral("CancelJob"));
-    m_cancel->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_cancel->setAutoRaise(true);
-    if (QString const icon = QStringLiteral(":/icons/icons/app_cancel.png"); QFile::exists(icon))
-        m_cancel->setIcon(QIcon(icon));
-    m_escape->setContext(Qt::ApplicationShortcut);
-
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_title);
-    row->addWidget(m_bar);
-    row->addWidget(m_cancel);
-
+    build();
     connect(m_cancel, &QToolButton::clicked, this, &JobProgressBar::cancel);
     connect(m_escape, &QShortcut::activated, this, &JobProgressBar::cancel);
     m_pause.setSingleShot(true);
@@ -60,6 +43,25 @@ JobProgressBar::JobProgressBar(QWidget* parent)
     refresh();
     m_progress->setListener([this] { progressChanged(); });
     Base::setProgressSink(m_progress);
+}
+
+void JobProgressBar::build()
+{
+    setObjectName(QStringLiteral("JobProgressBar"));
+    m_bar->setRange(0, 100);
+    m_bar->setFixedWidth(fontMetrics().averageCharWidth() * 28);
+    m_bar->setMaximumHeight(fontMetrics().height());
+    m_cancel->setObjectName(QStringLiteral("CancelJob"));
+    m_cancel->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_cancel->setAutoRaise(true);
+    m_cancel->setIcon(panelIcon(QStringLiteral("app_cancel")));
+    m_escape->setContext(Qt::ApplicationShortcut);
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_title);
+    row->addWidget(m_bar);
+    row->addWidget(m_cancel);
 }
 
 JobProgressBar::~JobProgressBar()
@@ -84,6 +86,8 @@ void JobProgressBar::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange)
+        m_cancel->setIcon(panelIcon(QStringLiteral("app_cancel")));
     QWidget::changeEvent(event);
 }
 

@@ -31,6 +31,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void build();
     void progressChanged();
     void refreshSoon();
     void refresh();

@@ -26,6 +26,8 @@ namespace {
 QComboBox* choiceOf(int count, QWidget* parent)
 {
     auto* const box = new QComboBox(parent);
+    // The texts change their length with the language.
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (int i = 0; i < count; ++i)
         box->addItem({});
     return box;

@@ -118,7 +118,7 @@ void WindowMenus::fillMenus()
 {
     for (Menu const& entry : menus()) {
         QMenu* const menu = addMenu(entry.title);
-        fillMenu(*menu, entry.entries.data(), int(entry.entries.size()));
+        fillMenu(*menu, entry.entries);
         if (entry.title == windowTitle)
             m_window = menu;
         else if (menu->isEmpty())
@@ -135,35 +135,28 @@ QMenu* WindowMenus::addMenu(char const* title)
     return menu;
 }
 
-void WindowMenus::fillMenu(QMenu& menu, char const* const* names, int count)
+void WindowMenus::fillMenu(QMenu& menu, std::vector<char const*> const& entries)
 {
     // Separators and headings wait until an entry follows.
     bool isSeparated = true;
     char const* heading = nullptr;
-    for (int i = 0; i < count; ++i) {
-        std::string_view const entry = names[i];
-        if (isSeparator(names[i])) {
+    for (char const* const entry : entries) {
+        if (isSeparator(entry)) {
             isSeparated = false;
-            continue;
-        }
-        if (entry.starts_with('#')) {
-            heading = names[i];
-            continue;
-        }
-        if (entry == recentFiles) {
+        } else if (*entry == '#') {
+            heading = entry;
+        } else if (entry == recentFiles) {
             if (m_recentFiles)
                 menu.addMenu(m_recentFiles);
-            continue;
+        } else if (m_manager.getCommandByName(entry)) {
+            if (!isSeparated && !menu.isEmpty())
+                menu.addSeparator();
+            if (heading)
+                addHeading(menu, heading);
+            m_manager.addTo(entry, &menu);
+            isSeparated = true;
+            heading = nullptr;
         }
-        if (!m_manager.getCommandByName(names[i]))
-            continue;
-        if (!isSeparated && !menu.isEmpty())
-            menu.addSeparator();
-        isSeparated = true;
-        if (heading)
-            addHeading(menu, heading);
-        heading = nullptr;
-        m_manager.addTo(names[i], &menu);
     }
 }
 

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <vector>
+
 class QLabel;
 class QMainWindow;
 class QMenu;
@@ -40,7 +42,7 @@ signals:
 
 private:
     QMenu* addMenu(char const* title);
-    void fillMenu(QMenu& menu, char const* const* names, int count);
+    void fillMenu(QMenu& menu, std::vector<char const*> const& entries);
     void fillMenus();
     void fillToolBar();
     void addHeading(QMenu& menu, char const* text);

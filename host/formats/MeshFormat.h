@@ -40,7 +40,7 @@ public:
 
     /// The name in the registry and on the command line, such as "stl".
     virtual std::string_view name() const = 0;
-    /// For a person to read, such as "STL, binary".
+    /// For a person to read, such as "STL, binary"; translated in the context "Formats".
     virtual std::string_view title() const = 0;
     /// Lower case, without the dot. The first one is what new files get.
     virtual std::vector<std::string_view> extensions() const = 0;

@@ -5,6 +5,8 @@
 #include "host/formats/PlyReader.h"
 #include "host/formats/TextTokens.h"
 
+#include <QtGlobal>
+
 #include <array>
 #include <bit>
 #include <cstring>
@@ -123,7 +125,8 @@ std::string_view PlyFormat::name() const
 
 std::string_view PlyFormat::title() const
 {
-    return m_written == Encoding::Binary ? "PLY, binary" : "PLY, ASCII";
+    return m_written == Encoding::Binary ? QT_TRANSLATE_NOOP("Formats", "PLY, binary")
+                                         : QT_TRANSLATE_NOOP("Formats", "PLY, ASCII");
 }
 
 bool PlyFormat::recognises(std::string_view head, std::uint64_t) const

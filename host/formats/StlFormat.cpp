@@ -5,6 +5,8 @@
 #include "host/formats/BinaryStlReader.h"
 #include "host/formats/StlWriter.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <array>
 
@@ -17,7 +19,8 @@ std::string_view StlFormat::name() const
 
 std::string_view StlFormat::title() const
 {
-    return m_written == Encoding::Binary ? "STL, binary" : "STL, ASCII";
+    return m_written == Encoding::Binary ? QT_TRANSLATE_NOOP("Formats", "STL, binary")
+                                         : QT_TRANSLATE_NOOP("Formats", "STL, ASCII");
 }
 
 std::vector<std::string_view> StlFormat::extensions() const

@@ -59,6 +59,38 @@
         <source>%1 shells that are inside out</source>
         <translation>%1 umgestülpte Hüllen</translation>
     </message>
+    <message>
+        <source>Shells that cross are no error for most printers; cut or unite them to be sure.</source>
+        <translation>Hüllen, die sich durchdringen, stören die meisten Drucker nicht; zur Sicherheit schneiden oder vereinigen.</translation>
+    </message>
+    <message>
+        <source>Mend the rest in the program that the part comes from.</source>
+        <translation>Den Rest in dem Programm beheben, aus dem das Bauteil stammt.</translation>
+    </message>
+    <message>
+        <source>no errors, nothing to repair.</source>
+        <translation>keine Fehler, nichts zu reparieren.</translation>
+    </message>
+    <message>
+        <source>could not be repaired: %1. %2</source>
+        <translation>konnte nicht repariert werden: %1. %2</translation>
+    </message>
+    <message>
+        <source>mended: %1.</source>
+        <translation>behoben: %1.</translation>
+    </message>
+    <message>
+        <source>No error is left.</source>
+        <translation>Kein Fehler ist übrig.</translation>
+    </message>
+    <message>
+        <source>Left: %1. %2</source>
+        <translation>Übrig: %1. %2</translation>
+    </message>
+    <message>
+        <source>no errors.</source>
+        <translation>keine Fehler.</translation>
+    </message>
 </context>
 <context>
     <name>CmdFreecutCuboid</name>
@@ -417,6 +449,25 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>Formats</name>
+    <message>
+        <source>PLY, binary</source>
+        <translation>PLY, binär</translation>
+    </message>
+    <message>
+        <source>PLY, ASCII</source>
+        <translation>PLY, ASCII</translation>
+    </message>
+    <message>
+        <source>STL, binary</source>
+        <translation>STL, binär</translation>
+    </message>
+    <message>
+        <source>STL, ASCII</source>
+        <translation>STL, ASCII</translation>
     </message>
 </context>
 <context>
@@ -803,10 +854,6 @@
         <translation>Die Bauteile an einer Ebene aufgeschnitten zeigen; sie bleiben ganz.</translation>
     </message>
     <message>
-        <source>&amp;Preferences...</source>
-        <translation>&amp;Einstellungen...</translation>
-    </message>
-    <message>
         <source>Choose theme, language, units and how the mouse works.</source>
         <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
     </message>
@@ -825,10 +872,6 @@
     <message>
         <source>Move the selected parts to the middle of the plate.</source>
         <translation>Die ausgewählten Bauteile in die Mitte der Platte verschieben.</translation>
-    </message>
-    <message>
-        <source>C&amp;heck</source>
-        <translation>&amp;Prüfen</translation>
     </message>
     <message>
         <source>Look for errors in the selected parts.</source>
@@ -859,12 +902,12 @@
         <translation>PNG-Bilder (*.png)</translation>
     </message>
     <message>
-        <source>&amp;Preferences</source>
-        <translation>&amp;Einstellungen</translation>
+        <source>Pr&amp;eferences...</source>
+        <translation>&amp;Einstellungen...</translation>
     </message>
     <message>
-        <source>Choose theme, language, units and the use of the mouse.</source>
-        <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
+        <source>Chec&amp;k</source>
+        <translation>&amp;Prüfen</translation>
     </message>
 </context>
 <context>
@@ -1462,15 +1505,15 @@
     </message>
     <message>
         <source>Turn: right; move: middle</source>
-        <translation>Drehen: rechts; verschieben: Mitte</translation>
+        <translation>Drehen: rechts; schieben: Mitte</translation>
     </message>
     <message>
         <source>Turn: middle; move: Shift + middle</source>
-        <translation>Drehen: Mitte; verschieben: Umschalt + Mitte</translation>
+        <translation>Drehen: Mitte; schieben: Umschalt + Mitte</translation>
     </message>
     <message>
         <source>Turn: middle; move: right</source>
-        <translation>Drehen: Mitte; verschieben: rechts</translation>
+        <translation>Drehen: Mitte; schieben: rechts</translation>
     </message>
     <message>
         <source>Parallel</source>

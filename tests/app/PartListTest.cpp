@@ -256,8 +256,9 @@ TEST_F(PartListTest, ANameIsEditedInTheRow)
     editor->setText("flange");
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QCoreApplication::sendEvent(editor, &enter);
+    // The delegate takes the text over some events later.
+    EXPECT_TRUE(waitUntil([&] { return parts.first->getName() == "flange"; }));
     handleEvents();
-    EXPECT_EQ(parts.first->getName(), "flange");
     EXPECT_EQ(shown(parts.first, 0), "flange");
     EXPECT_EQ(document.undoNames(), std::vector<std::string>{"Rename"});
     EXPECT_FALSE(list.model()->setData(cell(parts.first, 0), "  ", Qt::EditRole));

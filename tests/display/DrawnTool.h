@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "display/CuboidViewProvider.h"
-#include "display/CylinderViewProvider.h"
-#include "display/PolygonViewProvider.h"
+#include "display/RegisterViewProviders.h"
 #include "platform/view/MeshGLView.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
@@ -14,11 +12,7 @@ class DrawnDocument : public TestDocument
 public:
     explicit DrawnDocument(int viewType = 2)
     {
-        Freecut::GraphicViewProvider::init();
-        Freecut::VolumeViewProvider::init();
-        Freecut::PolygonViewProvider::init();
-        Freecut::CylinderViewProvider::init();
-        Freecut::CuboidViewProvider::init();
+        Freecut::registerViewProviders();
         view.setDocument(document);
         view.OnViewType(viewType);
     }

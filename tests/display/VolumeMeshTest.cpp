@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/VolumeViewProvider.h"
 #include "tests/display/DrawnTool.h"
 #include "tests/support/Validator.h"
 #include "tools/CuboidGraphicObject.h"

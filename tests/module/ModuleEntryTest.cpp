@@ -74,6 +74,26 @@ TEST(ModuleEntry, MakesToolObjectsByName)
     EXPECT_EQ(Base::Type::createInstance("Freecut::GraphicObject"), nullptr);
 }
 
+TEST(ModuleEntry, MakesTheViewProvidersOfSolidToolsByName)
+{
+    LoadedModule const module;
+    for (auto const& [name, parent] :
+         {std::pair("VolumeViewProvider", "Freecut::GraphicViewProvider"),
+          {"PolygonViewProvider", "Freecut::VolumeViewProvider"},
+          {"CylinderViewProvider", "Freecut::VolumeViewProvider"},
+          {"CuboidViewProvider", "Freecut::VolumeViewProvider"}}) {
+        std::string const className = std::string("Freecut::") + name;
+        EXPECT_EQ(Base::Type::fromName(className).getParent().getName(), parent);
+        std::unique_ptr<Base::BaseClass> const object(Base::Type::createInstance(className));
+        ASSERT_NE(object, nullptr) << name;
+        EXPECT_EQ(object->getClassName(), className);
+        EXPECT_EQ(object->getTypeId(), Base::Type::fromName(className));
+    }
+    EXPECT_EQ(Base::Type::fromName("Freecut::GraphicViewProvider").getParent().getName(),
+              "Base::GraphicViewProvider");
+    EXPECT_EQ(Base::Type::createInstance("Freecut::GraphicViewProvider"), nullptr);
+}
+
 TEST(ModuleEntry, ClassesThatAreMadeWithNewAloneAreNotEntered)
 {
     LoadedModule const module;

@@ -26,13 +26,11 @@ QString pathOf(QString const& name)
 QStringList applicationIcons()
 {
     QString const names =
-        "open save save_as export undo redo delete duplicate group ungroup hide show show_all "
-        "select_all "
-        "fit_all fit_selection view_front view_back view_top view_bottom view_left view_right "
-        "view_iso perspective parallel wireframe screenshot settings info check repair log history "
-        "parts place cutview eye eye_off closed open_part cancel pick help flip drop pin pinned "
-        "close chevron_up chevron_down chevron_left chevron_right rename color search axes quit "
-        "theme language rectangle plate recent add new plugin units copy_text clear";
+        "new open save save_as export undo redo delete duplicate group ungroup hide show "
+        "show_all select_all rectangle fit_all fit_selection view_front view_back view_top "
+        "view_bottom view_left view_right view_iso perspective parallel wireframe plate "
+        "screenshot settings info check repair log history parts place cutview eye eye_off "
+        "closed open_part cancel pick help flip drop rename color quit";
     QStringList paths;
     for (QString const& name : names.split(' '))
         paths << "app_" + name;

@@ -113,14 +113,17 @@ TEST(VolumeRecord, CutTillEndsTheToolAtAWorldCoordinate)
     for (int const type : {0, 1, 2, 3, 4, 5}) {
         test.view.OnViewType(type);
         int const axis = type < 2 ? 1 : type < 4 ? 2 : 0;
-        Freecut::VolumeProperty record;
-        record.setCommonParameters(false, 0, 0, true, 4, 178, false, type);
-        record.updateDepth();
-        Point top(0, 0, record.getSketchDepth());
-        test.view.getWCSPointFromEyePoint(top);
-        UVector3<float> expected;
-        expected[axis] = top[axis] - 4;
-        expectNear(record.getExtrudeVector(), expected, 1e-4f);
+        // Inside the part, at its lower end, and beyond both ends.
+        for (float const till : {4.0f, 0.0f, -50.0f, 80.0f}) {
+            Freecut::VolumeProperty record;
+            record.setCommonParameters(false, 0, 0, true, till, 178, false, type);
+            record.updateDepth();
+            Point top(0, 0, record.getSketchDepth());
+            test.view.getWCSPointFromEyePoint(top);
+            UVector3<float> expected;
+            expected[axis] = top[axis] - till;
+            expectNear(record.getExtrudeVector(), expected, 1e-4f);
+        }
     }
 }
 
@@ -193,6 +196,9 @@ TEST(VolumeRecord, RemembersTheViewAndKeepsACameraApart)
     EXPECT_EQ(eye, Point(1, 2, 3));
     EXPECT_EQ(reference, Point(4, 5, 6));
     EXPECT_EQ(up, UVector3<float>(0, 0, 1));
+    EXPECT_EQ(record.getSavedEye(), eye);
+    EXPECT_EQ(record.getSavedRef(), reference);
+    EXPECT_EQ(record.getSavedUp(), up);
     record.setPreviewing(true);
     EXPECT_TRUE(record.getPreviewOn());
 }

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/mesh/UMesh.h"
+#include "tests/tools/OutlineScene.h"
+#include "tools/PolygonOutline.h"
+#include "tools/PolygonProperty.h"
+#include "tools/PrismMesh.h"
+
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr int points = 2000;
+
+enum Shape
+{
+    Circle,
+    /// Twelve waves around a circle.
+    Flower,
+    /// 250 teeth of 2 mm.
+    Teeth
+};
+
+/// A drawn outline of 2,000 points, in a view along no axis.
+class Drawing
+{
+public:
+    Drawing(int shape, bool hasClearance) : m_camera(freeCamera()), m_outline(m_record)
+    {
+        Freecut::FlatRing const circle = circlePoints(1, points);
+        Freecut::Ring corners;
+        for (int i = 0; i < points; ++i) {
+            double const wave = std::sin(12 * 2 * M_PI * i / points);
+            double const radius = shape == Flower               ? 80 + 20 * wave
+                                  : shape == Teeth && i / 4 % 2 ? 98
+                                                                : 100;
+            auto const& p = circle[std::size_t(i)];
+            corners.push_back({float(p.X() * radius), float(p.Y() * radius), 0});
+            m_camera.ViewCSToWCSpoint(corners.back());
+        }
+        m_record.setKeyPoints(corners);
+        m_record.setExtrudeVector(m_camera.get_direction() * 50.0f);
+        m_record.setClearanceEnabled(hasClearance);
+        m_record.setClearance(0.1f);
+        m_record.setClearanceDirection(2);
+    }
+
+    void update()
+    {
+        m_outline.update(m_camera, false, true);
+        if (m_outline.outlines().solidLoops.size() != 1)
+            throw std::logic_error("the outline fell apart");
+    }
+
+    /// The inner solid with its preview, and the outer one.
+    std::size_t makeSolids()
+    {
+        m_outline.buildSolidBuffers(true);
+        Freecut::ToolOutlines const& outlines = m_outline.outlines();
+        UMesh<float> inner, outer;
+        UVector3<float> const direction = m_record.getExtrudeVector();
+        Freecut::fillWithPrisms(inner, outlines.topLoops, outlines.bottomLoops, direction);
+        Freecut::Loops const top = m_outline.outerOutline();
+        Freecut::fillWithPrisms(outer, top, Freecut::translated(top, -direction), direction);
+        if (inner.triangles.size() != 2 * inner.vertices.size() - 4)
+            throw std::logic_error("a cap stayed open");
+        return inner.triangles.size() + outer.triangles.size();
+    }
+
+private:
+    GLCamera m_camera;
+    Freecut::PolygonProperty m_record;
+    Freecut::PolygonOutline m_outline;
+};
+
+void updateOutline(benchmark::State& state)
+{
+    Drawing drawing(int(state.range(0)), state.range(1) != 0);
+    for (auto _ : state)
+        drawing.update();
+}
+
+void makeToolSolids(benchmark::State& state)
+{
+    Drawing drawing(int(state.range(0)), state.range(1) != 0);
+    drawing.update();
+    std::size_t triangles = 0;
+    for (auto _ : state)
+        triangles = drawing.makeSolids();
+    state.counters["triangles"] = double(triangles);
+}
+
+}  // namespace
+
+// Arguments: shape, and whether there is a clearance on both sides.
+BENCHMARK(updateOutline)
+    ->ArgsProduct({{Circle, Flower, Teeth}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(makeToolSolids)
+    ->ArgsProduct({{Circle, Flower, Teeth}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
