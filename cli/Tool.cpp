@@ -38,6 +38,8 @@ double areaOf(Freecut::Loops const& loops)
 
 void checkOutlines(Freecut::ToolOutlines const& outlines, ToolOptions const& options)
 {
+    if (!outlines.problem.empty())
+        throw UsageError(outlines.problem);
     // Coordinates are whole thousandths of a millimetre, so an area below that is rounding.
     if (!(areaOf(outlines.solidLoops) > 1e-6))
         throw UsageError("The outline encloses nothing. Give corners that go around an area.");

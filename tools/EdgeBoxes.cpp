@@ -20,24 +20,24 @@ bool isBeyondReach(FlatRing const& outline)
     });
 }
 
-}  // namespace
-
-EdgeBoxes::EdgeBoxes(FlatRing const& outline)
+std::vector<FlatBox> boxesOf(FlatRing const& outline)
 {
-    constexpr float far = std::numeric_limits<float>::infinity();
+    constexpr double far = std::numeric_limits<double>::infinity();
     bool const isUnbounded = isBeyondReach(outline);
-    m_edges.reserve(outline.size());
+    std::vector<FlatBox> boxes;
+    boxes.reserve(outline.size());
     for (std::size_t i = 0; i < outline.size(); ++i) {
         UPoint2<float> const& p = outline[i];
         UPoint2<float> const& q = outline[(i + 1) % outline.size()];
-        m_edges.push_back(isUnbounded ? Box{-far, -far, far, far}
-                                      : Box{std::min(p.X(), q.X()), std::min(p.Y(), q.Y()),
-                                            std::max(p.X(), q.X()), std::max(p.Y(), q.Y())});
-        if (i % runLength == 0)
-            m_runs.push_back(m_edges.back());
-        else
-            m_runs.back().add(m_edges.back());
+        boxes.push_back(isUnbounded ? FlatBox{-far, -far, far, far}
+                                    : FlatBox{std::min(p.X(), q.X()), std::min(p.Y(), q.Y()),
+                                              std::max(p.X(), q.X()), std::max(p.Y(), q.Y())});
     }
+    return boxes;
 }
+
+}  // namespace
+
+EdgeBoxes::EdgeBoxes(FlatRing const& outline) : m_tree(boxesOf(outline)) {}
 
 }  // namespace Freecut

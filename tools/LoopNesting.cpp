@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/LoopNesting.h"
 
+#include "tools/BoxTree.h"
 #include "tools/SegmentRelation.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace Freecut {
 
@@ -11,35 +14,96 @@ namespace {
 
 using Point = UPoint2<float>;
 
-bool touches(Point const& v, FlatRing const& loop)
+/// A box around all points that an edge may touch or count for: the disk whose diameter the edge
+/// is, with room for the tolerance and for rounding.
+FlatBox reachOf(Point const& p, Point const& q)
 {
+    constexpr double far = std::numeric_limits<double>::infinity();
+    double const x = (double(p.X()) + q.X()) / 2;
+    double const y = (double(p.Y()) + q.Y()) / 2;
+    double const radius = std::hypot(double(q.X()) - p.X(), double(q.Y()) - p.Y()) / 2;
+    double const room = radius + 1 + 1e-6 * (std::abs(x) + std::abs(y) + radius);
+    if (!std::isfinite(room))
+        return {-far, -far, far, far};
+    return {x - room, y - room, x + room, y + room};
+}
+
+std::vector<FlatBox> reachesOf(FlatRing const& loop)
+{
+    std::vector<FlatBox> boxes;
     for (std::size_t i = 0; i + 1 < loop.size(); ++i)
-        if (liesBetween(v, loop[i], loop[i + 1]))
-            return true;
-    return false;
+        boxes.push_back(reachOf(loop[i], loop[i + 1]));
+    return boxes;
 }
 
-/// By the edges that a ray to the right crosses.
-bool isWithin(Point const& v, FlatRing const& loop)
+FlatBox pointBox(Point const& v)
 {
-    bool isOdd = false;
-    for (std::size_t i = 0; i + 1 < loop.size(); ++i) {
-        Point const& p = loop[i];
-        Point const& q = loop[i + 1];
-        if ((p.Y() > v.Y()) == (q.Y() > v.Y()))
-            continue;
-        double const share = (double(v.Y()) - p.Y()) / (double(q.Y()) - p.Y());
-        if (p.X() + share * (double(q.X()) - p.X()) > v.X())
-            isOdd = !isOdd;
+    return {v.X(), v.Y(), v.X(), v.Y()};
+}
+
+/// A loop whose edges are found by place.
+class LoopEdges
+{
+public:
+    explicit LoopEdges(FlatRing const& loop) : m_loop(loop), m_tree(reachesOf(loop)) {}
+
+    FlatBox const& bounds() const { return m_tree.bounds(); }
+
+    bool touches(Point const& v) const
+    {
+        return m_tree.findMeeting(pointBox(v), 0, [&](std::size_t i) {
+            return liesBetween(v, m_loop[i], m_loop[i + 1]);
+        });
     }
-    return isOdd;
-}
 
-bool liesIn(FlatRing const& loop, FlatRing const& other)
+    /// By the edges that a ray to the right crosses.
+    bool isAround(Point const& v) const
+    {
+        bool isOdd = false;
+        FlatBox ray = pointBox(v);
+        ray.highX = std::numeric_limits<double>::infinity();
+        m_tree.findMeeting(ray, 0, [&](std::size_t i) {
+            isOdd ^= isCrossed(v, m_loop[i], m_loop[i + 1]);
+            return false;
+        });
+        return isOdd;
+    }
+
+    bool encloses(FlatRing const& loop) const
+    {
+        auto const free =
+            std::find_if(loop.begin(), loop.end(), [&](Point const& v) { return !touches(v); });
+        return free == loop.end() || isAround(*free);
+    }
+
+private:
+    static bool isCrossed(Point const& v, Point const& p, Point const& q)
+    {
+        if ((p.Y() > v.Y()) == (q.Y() > v.Y()))
+            return false;
+        double const share = (double(v.Y()) - p.Y()) / (double(q.Y()) - p.Y());
+        return p.X() + share * (double(q.X()) - p.X()) > v.X();
+    }
+
+    FlatRing const& m_loop;
+    BoxTree m_tree;
+};
+
+/// The loops that lie within another one, in order.
+std::vector<std::size_t> nestedLoops(FlatLoops const& loops)
 {
-    auto const free =
-        std::find_if(loop.begin(), loop.end(), [&](Point const& v) { return !touches(v, other); });
-    return free == loop.end() || isWithin(*free, other);
+    std::vector<LoopEdges> const edges(loops.begin(), loops.end());
+    std::vector<FlatBox> bounds;
+    for (LoopEdges const& loop : edges)
+        bounds.push_back(loop.bounds());
+    BoxTree const tree(std::move(bounds));
+    std::vector<std::size_t> nested;
+    for (std::size_t a = 0; a < loops.size(); ++a)
+        // A loop whose first vertex is out of another one's reach is outside.
+        if (tree.findMeeting(pointBox(loops[a].front()), 0,
+                             [&](std::size_t b) { return a != b && edges[b].encloses(loops[a]); }))
+            nested.push_back(a);
+    return nested;
 }
 
 /// A point beyond the first one along an axis: the largest, or else the least; 0 if there is none.
@@ -60,18 +124,18 @@ std::size_t extremePoint(Ring const& points, int axis)
 
 void moveNestedLoops(FlatLoops& solid, FlatLoops& residual)
 {
-    std::vector<std::size_t> nested;
-    for (std::size_t a = 0; a < solid.size(); ++a)
-        for (std::size_t b = 0; b < solid.size(); ++b)
-            if (a != b && liesIn(solid[a], solid[b])) {
-                nested.push_back(a);
-                break;
-            }
-    std::reverse(nested.begin(), nested.end());
-    for (std::size_t const loop : nested) {
-        residual.push_back(std::move(solid[loop]));
-        solid.erase(solid.begin() + std::ptrdiff_t(loop));
-    }
+    if (solid.size() < 2)
+        return;
+    std::vector<std::size_t> const nested = nestedLoops(solid);
+    for (auto loop = nested.rbegin(); loop != nested.rend(); ++loop)
+        residual.push_back(std::move(solid[*loop]));
+    FlatLoops left;
+    for (std::size_t i = 0, next = 0; i < solid.size(); ++i)
+        if (next < nested.size() && nested[next] == i)
+            ++next;
+        else
+            left.push_back(std::move(solid[i]));
+    solid.swap(left);
 }
 
 bool isLoopCounterClockwise(Ring const& points, UVector3<float> const& direction)

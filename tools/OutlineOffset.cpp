@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/OutlineOffset.h"
 
+#include "tools/OffsetEffort.h"
+
 #include <cstdint>
 
 namespace Freecut {
@@ -8,6 +10,14 @@ namespace Freecut {
 namespace {
 
 constexpr double gridUnitsPerMm = 1000.0;
+
+/// Some five seconds of work.
+constexpr double mostEffort = 5e7;
+
+double onGrid(double distance)
+{
+    return double(std::int64_t(distance * gridUnitsPerMm));
+}
 
 ClipperLib::Paths pathsOf(Loops const& outlines, SketchPlane const& plane)
 {
@@ -27,15 +37,25 @@ ClipperLib::Paths pathsOf(Loops const& outlines, SketchPlane const& plane)
 }  // namespace
 
 OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
-    : m_plane(plane), m_offset(2.0, 0.25)
+    : m_plane(plane), m_paths(pathsOf(outlines, plane))
 {
-    m_offset.AddPaths(pathsOf(outlines, plane), ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+    for (ClipperLib::Path const& path : m_paths)
+        m_pointCount += path.size();
 }
 
-Loops OutlineOffset::moved(double distance)
+bool OutlineOffset::isTooComplicated(double distance) const
 {
+    // Each edge and each corner meets every corner at most.
+    double const points = double(m_pointCount);
+    return 2 * points * points > mostEffort && offsetEffort(m_paths, onGrid(distance)) > mostEffort;
+}
+
+Loops OutlineOffset::moved(double distance) const
+{
+    ClipperLib::ClipperOffset offset(2.0, 0.25);
+    offset.AddPaths(m_paths, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
     ClipperLib::Paths paths;
-    m_offset.Execute(paths, double(std::int64_t(distance * gridUnitsPerMm)));
+    offset.Execute(paths, onGrid(distance));
     Loops outlines;
     outlines.reserve(paths.size());
     for (ClipperLib::Path const& path : paths) {

@@ -15,6 +15,9 @@ namespace {
 // The outline is resolved in whole thousandths of a millimetre.
 constexpr float gridUnitsPerMm = 1000.0f;
 
+constexpr char const* tooManyCrossings =
+    "The outline crosses itself too often. Draw it with fewer crossings.";
+
 FlatRing gridPoints(Ring const& outline, SketchPlane const& plane)
 {
     FlatRing points;
@@ -73,13 +76,19 @@ void PolygonOutline::pinToScreen(SketchPlane const& plane)
 
 void PolygonOutline::deriveNominal(SketchPlane const& plane)
 {
-    ResolvedLoops const resolved = resolveSelfIntersections(gridPoints(outlineWithTeeth(), plane));
+    m_outlines.teethLoops = teethUnderEdit();
+    Ring outline = outlineWithTeeth();
+    ResolvedLoops const resolved = resolveSelfIntersections(gridPoints(outline, plane));
+    if (resolved.isTooComplicated) {
+        outline.push_back(outline.front());
+        m_outlines.refuse(tooManyCrossings, {std::move(outline)});
+        return;
+    }
     m_outlines.solidLoops = worldLoops(resolved.solid, plane);
     m_outlines.residualLoops = worldLoops(resolved.residual, plane);
     for (Ring& loop : m_outlines.solidLoops)
         if (!isLoopCounterClockwise(loop, m_polygon.getExtrudeVector()))
             std::reverse(loop.begin(), loop.end());
-    m_outlines.teethLoops = teethUnderEdit();
 }
 
 Ring PolygonOutline::outlineWithTeeth() const

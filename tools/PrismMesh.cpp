@@ -5,12 +5,18 @@
 #include "tools/EarClipping.h"
 
 #include <algorithm>
+#include <future>
 #include <numeric>
 #include <tuple>
 
 namespace Freecut {
 
 namespace {
+
+using Ears = std::vector<std::array<std::uint32_t, 3>>;
+
+/// Loops of more points take longer than it does to start a thread.
+constexpr std::size_t manyPoints = 500;
 
 /// For each point the last one of equal position.
 std::vector<std::uint32_t> lastEqualPoints(Ring const& points)
@@ -38,19 +44,16 @@ public:
         : m_mesh(mesh), m_direction(direction)
     {}
 
-    /// The vertices of a loop and its cap.
-    void addCap(Ring const& loop, bool isTop)
+    /// The vertices of two loops and their caps.
+    void addCaps(Ring const& top, Ring const& bottom)
     {
-        std::size_t const base = m_mesh.vertices.size();
-        for (UPoint3<float> const& point : loop)
-            m_mesh.AddVertex(new UVertex<float>(point));
-        std::vector<std::uint32_t> const vertices = lastEqualPoints(loop);
-        for (auto const& [a, b, c] : earsOfLoop(loop, m_direction)) {
-            if (isTop)
-                addTriangle(base + vertices[a], base + vertices[b], base + vertices[c]);
-            else
-                addTriangle(base + vertices[c], base + vertices[b], base + vertices[a]);
-        }
+        // Long loops are cut into ears both at once.
+        std::future<Ears> ears =
+            std::async(bottom.size() > manyPoints ? std::launch::async | std::launch::deferred
+                                                  : std::launch::deferred,
+                       [&] { return earsOfLoop(bottom, m_direction); });
+        addCap(top, earsOfLoop(top, m_direction), true);
+        addCap(bottom, ears.get(), false);
     }
 
     /// The walls between a loop of n vertices from `base` on and the next n vertices.
@@ -64,6 +67,20 @@ public:
     }
 
 private:
+    void addCap(Ring const& loop, Ears const& ears, bool isTop)
+    {
+        std::size_t const base = m_mesh.vertices.size();
+        for (UPoint3<float> const& point : loop)
+            m_mesh.AddVertex(new UVertex<float>(point));
+        std::vector<std::uint32_t> const vertices = lastEqualPoints(loop);
+        for (auto const& [a, b, c] : ears) {
+            if (isTop)
+                addTriangle(base + vertices[a], base + vertices[b], base + vertices[c]);
+            else
+                addTriangle(base + vertices[c], base + vertices[b], base + vertices[a]);
+        }
+    }
+
     void addTriangle(std::size_t a, std::size_t b, std::size_t c)
     {
         auto* const triangle = new UTriangle<float>;
@@ -85,8 +102,7 @@ void fillWithPrisms(UMesh<float>& mesh, Loops const& top, Loops const& bottom,
 {
     PrismWriter writer(mesh, direction);
     for (std::size_t i = 0; i < top.size(); ++i) {
-        writer.addCap(top[i], true);
-        writer.addCap(bottom[i], false);
+        writer.addCaps(top[i], bottom[i]);
     }
     std::size_t base = 0;
     for (Ring const& loop : top) {

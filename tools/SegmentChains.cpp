@@ -17,7 +17,10 @@ std::tuple<bool, float, float> keyOf(bool flag, UPoint2<float> const& point)
 }  // namespace
 
 SegmentChains::SegmentChains(std::vector<DirectedSegment> segments)
-    : m_segments(std::move(segments)), m_byStart(m_segments.size()), m_isTaken(m_segments.size())
+    : m_segments(std::move(segments)),
+      m_byStart(m_segments.size()),
+      m_gone(m_segments.size()),
+      m_isTaken(m_segments.size())
 {
     std::iota(m_byStart.begin(), m_byStart.end(), std::size_t(0));
     std::stable_sort(m_byStart.begin(), m_byStart.end(), [this](std::size_t a, std::size_t b) {
@@ -49,21 +52,32 @@ std::optional<SegmentChain> SegmentChains::next()
     return chain;
 }
 
+std::optional<std::size_t> SegmentChains::firstPlaceOf(UPoint2<float> const& start, bool flag) const
+{
+    auto const place = std::lower_bound(m_byStart.begin(), m_byStart.end(), keyOf(flag, start),
+                                        [this](std::size_t segment, auto const& wanted) {
+                                            return keyOf(m_segments[segment].flag,
+                                                         m_segments[segment].start) < wanted;
+                                        });
+    if (place == m_byStart.end())
+        return std::nullopt;
+    return std::size_t(place - m_byStart.begin());
+}
+
 std::optional<std::size_t> SegmentChains::takeSuccessor(UPoint2<float> const& end, bool flag)
 {
-    auto const key = keyOf(flag, end);
-    auto place = std::lower_bound(
-        m_byStart.begin(), m_byStart.end(), key, [this](std::size_t segment, auto const& wanted) {
-            return keyOf(m_segments[segment].flag, m_segments[segment].start) < wanted;
-        });
-    for (; place != m_byStart.end(); ++place) {
-        DirectedSegment const& segment = m_segments[*place];
+    std::optional<std::size_t> const first = firstPlaceOf(end, flag);
+    if (!first)
+        return std::nullopt;
+    for (std::size_t& gone = m_gone[*first]; *first + gone < m_byStart.size(); ++gone) {
+        std::size_t const index = m_byStart[*first + gone];
+        DirectedSegment const& segment = m_segments[index];
         if (segment.flag != flag || segment.start != end)
             break;
-        if (m_isTaken[*place])
+        if (m_isTaken[index])
             continue;
-        m_isTaken[*place] = true;
-        return *place;
+        m_isTaken[index] = true;
+        return index;
     }
     return std::nullopt;
 }

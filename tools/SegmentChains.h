@@ -38,11 +38,15 @@ public:
     std::optional<SegmentChain> next();
 
 private:
+    std::optional<std::size_t> firstPlaceOf(UPoint2<float> const& start, bool flag) const;
     std::optional<std::size_t> takeSuccessor(UPoint2<float> const& end, bool flag);
 
     std::vector<DirectedSegment> m_segments;
     /// By side and start, then by place, so that equal starts stand together in their order.
     std::vector<std::size_t> m_byStart;
+    /// Those of one start are taken in their order, so at the place of the first of them it stands
+    /// how many are gone.
+    std::vector<std::size_t> m_gone;
     std::vector<bool> m_isTaken;
     std::size_t m_first = 0;
 };

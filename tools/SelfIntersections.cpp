@@ -33,14 +33,20 @@ public:
             m_lists[i].push_back(outline[i]);
     }
 
-    /// Finds all crossings and puts those of each edge in order.
-    void split()
+    /// Finds all crossings and puts those of each edge in order. Returns false, unfinished, if
+    /// there are too many.
+    bool split()
     {
         EdgeBoxes const boxes(m_points);
         for (std::size_t i = 0; i < count(); ++i)
-            boxes.forEachNear(i, i + 2, [&](std::size_t j) { addCrossing(i, j); });
+            if (boxes.findNear(i, i + 2, [&](std::size_t j) {
+                    addCrossing(i, j);
+                    return m_crossings > mostCrossings;
+                }))
+                return false;
         for (FlatRing& list : m_lists)
             sortByDistance(list);
+        return true;
     }
 
     std::vector<DirectedSegment> directedSegments() const
@@ -84,6 +90,7 @@ private:
         }
         m_lists[i].push_back(p1);
         m_lists[j].push_back(p1);
+        ++m_crossings;
     }
 
     /// Whether the outline goes from one side to the other where edges i and j touch twice.
@@ -130,6 +137,7 @@ private:
 
     FlatRing const& m_points;
     FlatLoops m_lists;
+    std::size_t m_crossings = 0;
 };
 
 }  // namespace
@@ -140,7 +148,10 @@ ResolvedLoops resolveSelfIntersections(FlatRing const& outline)
     if (outline.empty())
         return loops;
     SplitEdges edges(outline);
-    edges.split();
+    if (!edges.split()) {
+        loops.isTooComplicated = true;
+        return loops;
+    }
     SegmentChains chains(edges.directedSegments());
     while (std::optional<SegmentChain> chain = chains.next()) {
         if (chain->points.size() <= 2)

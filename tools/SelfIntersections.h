@@ -3,6 +3,8 @@
 
 #include "tools/Loops.h"
 
+#include <cstddef>
+
 namespace Freecut {
 
 /// The loops into which an outline falls that may cross itself. Each repeats its first point at the
@@ -13,7 +15,13 @@ struct ResolvedLoops
     FlatLoops solid;
     /// What is only drawn.
     FlatLoops residual;
+    /// There are more than mostCrossings, so the outline was not resolved and there are no loops.
+    bool isTooComplicated = false;
 };
+
+/// An outline that crosses itself more often than this is not resolved, lest it take minutes and
+/// gigabytes. It is some thousand times what a person can draw.
+inline constexpr std::size_t mostCrossings = 1000000;
 
 /// Splits a closed outline at its crossings. The outline changes sides at each of them, and only
 /// the pieces on the side of its first edge are solid. So of a figure eight one lobe is left, and a
@@ -21,7 +29,8 @@ struct ResolvedLoops
 /// where edges overlap, their neighbours decide whether the outline passes through.
 ///
 /// outline  whole numbers, without a closing repeat
-/// cost     in proportion to the pairs of edges whose boxes meet, and to the points times the loops
+/// cost     n log n for n points, pairs of edges whose boxes meet and crossings; half a million
+///          crossings take about a second
 ResolvedLoops resolveSelfIntersections(FlatRing const& outline);
 
 }  // namespace Freecut

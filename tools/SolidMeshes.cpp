@@ -59,8 +59,10 @@ std::vector<UMesh<float>*> inAndOut(GraphicViewProvider* provider)
     VolumeViewProvider* const volume = providerWithOutline(provider);
     if (!volume)
         return {};
-    bringBottomUpToDate(*volume);
     VolumeOutline const& outline = *volume->getOutline();
+    if (!outline.outlines().problem.empty())
+        return {};
+    bringBottomUpToDate(*volume);
     UVector3<float> const extrudeVector = outline.record().getExtrudeVector();
     Mesh inner =
         prismsOf(outline.outlines().topLoops, outline.outlines().bottomLoops, extrudeVector);

@@ -11,6 +11,16 @@ void ToolOutlines::clear()
     for (std::vector<float>* const buffer :
          {&outlineBuffer, &outerBuffer, &innerBuffer, &teethBuffer, &previewBuffer, &normalBuffer})
         buffer->clear();
+    problem.clear();
+}
+
+void ToolOutlines::refuse(std::string why, Loops drawn)
+{
+    Loops teeth = std::move(teethLoops);
+    clear();
+    problem = std::move(why);
+    residualLoops = std::move(drawn);
+    teethLoops = std::move(teeth);
 }
 
 Loops translated(Loops loops, UVector3<float> const& by)

@@ -3,6 +3,8 @@
 
 #include "tools/Loops.h"
 
+#include <string>
+
 namespace Freecut {
 
 /// The outlines of a solid tool, in world coordinates, and what is drawn of them as x, y, z.
@@ -34,6 +36,10 @@ struct ToolOutlines
     std::vector<float> previewBuffer;
     std::vector<float> normalBuffer;
 
+    /// Why there is no outline to cut with, as a sentence that tells the user what to do; empty if
+    /// all is well. What was drawn is among the residual loops then, and there is nothing else.
+    std::string problem;
+
     // The one loop of a cuboid or cylinder; empty if there is none.
     Ring const& baseRing() const { return ringOf(solidLoops); }
     Ring const& roundedRing() const { return ringOf(roundedLoops); }
@@ -43,6 +49,8 @@ struct ToolOutlines
     Ring const& bottomRing() const { return ringOf(bottomLoops); }
 
     void clear();
+    /// Leaves nothing but what was drawn.
+    void refuse(std::string why, Loops drawn);
 
 private:
     static Ring const& ringOf(Loops const& loops)

@@ -6,10 +6,20 @@
 #include "tools/VolumeProperty.h"
 
 #include <algorithm>
+#include <functional>
+#include <future>
+#include <iterator>
 
 namespace Freecut {
 
 namespace {
+
+constexpr char const* tooManyCorners =
+    "The outline has too many corners for its clearance. Draw it with fewer crossings and corners, "
+    "choose a smaller clearance or do not round its corners.";
+
+/// Outlines up to here are moved to one side in less time than it takes to start a thread.
+constexpr std::size_t fewPoints = 200;
 
 bool goesInward(int clearanceDirection)
 {
@@ -59,7 +69,7 @@ void VolumeOutline::update(GLCamera const& camera, bool viewChanged, bool isOpen
         m_outlines.roundedLoops = nominalWithoutRepeat();
         round(m_outlines.roundedLoops);
     }
-    if (hasClearance())
+    if (hasClearance() && m_outlines.problem.empty())
         deriveClearance(plane);
     if (isRing())
         chooseCaps();
@@ -84,19 +94,35 @@ void VolumeOutline::round(Loops& loops) const
 
 void VolumeOutline::deriveClearance(SketchPlane const& plane)
 {
-    OutlineOffset offset(
+    OutlineOffset const offset(
         m_outlines.roundedLoops.empty() ? m_outlines.solidLoops : m_outlines.roundedLoops, plane);
     double const clearance = m_record.getClearance();
     int const direction = m_record.getClearanceDirection();
-    if (goesInward(direction))
-        m_outlines.innerLoops = offset.moved(clearance * -1.0);
-    if (goesOutward(direction))
-        m_outlines.outerLoops = offset.moved(clearance);
-    for (Loops* const loops : {&m_outlines.innerLoops, &m_outlines.outerLoops}) {
-        keepPaths(*loops);
-        if (rounding().counts())
-            round(*loops);
+    if ((goesInward(direction) && offset.isTooComplicated(clearance * -1.0)) ||
+        (goesOutward(direction) && offset.isTooComplicated(clearance))) {
+        Loops drawn = std::move(m_outlines.solidLoops);
+        std::move(m_outlines.residualLoops.begin(), m_outlines.residualLoops.end(),
+                  std::back_inserter(drawn));
+        m_outlines.refuse(tooManyCorners, std::move(drawn));
+        return;
     }
+    auto const derive = [&](Loops& loops, double distance) {
+        loops = offset.moved(distance);
+        keepPaths(loops);
+        if (rounding().counts())
+            round(loops);
+    };
+    std::future<void> inward;
+    if (goesInward(direction))
+        // On a thread of its own if it is worth one and there is another side to derive.
+        inward = std::async(offset.pointCount() > fewPoints && goesOutward(direction)
+                                ? std::launch::async | std::launch::deferred
+                                : std::launch::deferred,
+                            derive, std::ref(m_outlines.innerLoops), clearance * -1.0);
+    if (goesOutward(direction))
+        derive(m_outlines.outerLoops, clearance);
+    if (inward.valid())
+        inward.get();
 }
 
 void VolumeOutline::keepPaths(Loops& paths) const

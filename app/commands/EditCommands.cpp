@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands/EditCommands.h"
 
-#include "app/commands/EditStep.h"
 #include "app/commands/HostCommand.h"
-#include "platform/document/DocumentObjectGroup.h"
+#include "app/panels/PartEdits.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/CommandManager.h"
@@ -11,49 +10,43 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <set>
 
 namespace {
 
-using Parts = std::vector<Mesh::DocumentObject*>;
+using PartEdits::Objects;
+using PartEdits::Parts;
 
-/// Between a part and its copy.
-constexpr float copyGapMm = 5;
-
-/// The selected parts, and those of the selected groups.
-Parts chosenParts(Mesh::Document const& document)
+bool isVisible(Mesh::DocumentObject const* part)
 {
-    Parts parts;
-    for (Mesh::DocumentObject* const part : document.getMeshObjects())
-        if (part->isSelected() || (part->getGroup() && part->getGroup()->isSelected()))
-            parts.push_back(part);
-    return parts;
+    return part->isVisible();
 }
 
-void removeEmptyGroups(Mesh::Document& document)
-{
-    for (Mesh::DocumentObjectGroup* const group : document.getGroups())
-        if (group->getObjects().empty())
-            document.removeObject(group);
-}
-
-void selectOnly(Mesh::Document& document, Parts const& parts)
-{
-    document.clearSelection();
-    for (Mesh::DocumentObject* const part : parts)
-        part->setSelected(true, part == parts.back(), false);
-}
-
-/// A command on the parts that are selected.
-class SelectionCommand : public HostCommand
+/// A command that looks at the selection.
+class ChoiceCommand : public HostCommand
 {
 public:
     using HostCommand::HostCommand;
 
-    QString whyInactive() const override
+protected:
+    static Objects chosenObjects()
     {
         Mesh::Document const* const document = activeMeshDocument();
-        return document && !chosenParts(*document).empty() ? QString() : whyNothingSelected();
+        return document ? document->getSelectedObjects() : Objects();
+    }
+
+    /// The selected parts, and those of the selected groups.
+    static Parts chosenParts() { return PartEdits::partsAmong(chosenObjects()); }
+};
+
+/// A command on the parts that are selected.
+class SelectionCommand : public ChoiceCommand
+{
+public:
+    using ChoiceCommand::ChoiceCommand;
+
+    QString whyInactive() const override
+    {
+        return chosenParts().empty() ? whyNothingSelected() : QString();
     }
 };
 
@@ -126,14 +119,7 @@ public:
                QT_TRANSLATE_NOOP("HostCommand", "Delete the selected parts."), "app_delete", "Del"})
     {}
 
-    void activated(int) override
-    {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Delete"));
-        for (Mesh::DocumentObject* const part : chosenParts(document))
-            document.removeObject(part);
-        removeEmptyGroups(document);
-    }
+    void activated(int) override { PartEdits::remove(*activeMeshDocument(), chosenObjects()); }
 };
 
 class DuplicateCommand : public SelectionCommand
@@ -147,34 +133,7 @@ public:
                "app_duplicate", "Ctrl+D"})
     {}
 
-    void activated(int) override
-    {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Duplicate"));
-        Parts const parts = chosenParts(document);
-        UBox3<float> box;
-        for (Mesh::DocumentObject const* const part : parts)
-            box.Add(part->getBoundingBox());
-        float const offset = box.Isnullptr() ? 0 : box.MaxX() - box.MinX() + copyGapMm;
-        Parts copies;
-        for (Mesh::DocumentObject* const part : parts)
-            copies.push_back(copyBeside(document, *part, offset));
-        selectOnly(document, copies);
-    }
-
-private:
-    static Mesh::DocumentObject* copyBeside(Mesh::Document& document, Mesh::DocumentObject& part,
-                                            float offset)
-    {
-        std::string const name =
-            document.getUniqueObjectName(part.getName().c_str(), "_copy", true, false);
-        Mesh::DocumentObject* const copy = part.shallowCopy();
-        copy->translate({offset, 0, 0}, 0);
-        document.addObject(copy, name.c_str(), true);
-        if (part.getGroup())
-            part.getGroup()->addObject(copy, nullptr);
-        return copy;
-    }
+    void activated(int) override { PartEdits::duplicate(*activeMeshDocument(), chosenParts()); }
 };
 
 class GroupCommand : public SelectionCommand
@@ -189,25 +148,16 @@ public:
 
     void activated(int) override
     {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Group"));
-        auto* const group = new Mesh::DocumentObjectGroup;
-        std::string const base =
-            translated(QT_TRANSLATE_NOOP("HostCommand", "Group")).toStdString();
-        Parts const parts = chosenParts(document);
-        document.addObject(
-            group, document.getUniqueObjectName(base.c_str(), "", true, true).c_str(), true);
-        for (Mesh::DocumentObject* const part : parts)
-            group->addObject(part, nullptr);
-        removeEmptyGroups(document);
+        PartEdits::group(*activeMeshDocument(), chosenParts(),
+                         translated(QT_TRANSLATE_NOOP("HostCommand", "Group")).toStdString());
     }
 };
 
-class UngroupCommand : public HostCommand
+class UngroupCommand : public ChoiceCommand
 {
 public:
     UngroupCommand()
-        : HostCommand(
+        : ChoiceCommand(
               "Std_Ungroup",
               {QT_TRANSLATE_NOOP("HostCommand", "&Ungroup"),
                QT_TRANSLATE_NOOP("HostCommand", "Dissolve the groups of the selected parts."),
@@ -216,36 +166,14 @@ public:
 
     QString whyInactive() const override
     {
-        return groupsOfSelection().empty()
+        return PartEdits::groupsAround(chosenObjects()).empty()
                    ? translated(QT_TRANSLATE_NOOP("HostCommand", "Select a part of a group first."))
                    : QString();
     }
 
     void activated(int) override
     {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Ungroup"));
-        for (Mesh::DocumentObjectGroup* const group : groupsOfSelection()) {
-            for (Mesh::DocumentObject* const part : group->getObjects())
-                group->removeObject(part);
-            document.removeObject(group);
-        }
-    }
-
-private:
-    static std::vector<Mesh::DocumentObjectGroup*> groupsOfSelection()
-    {
-        Mesh::Document const* const document = activeMeshDocument();
-        std::vector<Mesh::DocumentObjectGroup*> groups;
-        if (!document)
-            return groups;
-        std::set<Mesh::DocumentObjectGroup const*> ofParts;
-        for (Mesh::DocumentObject const* const part : document->getSelectedMeshObjects())
-            ofParts.insert(part->getGroup());
-        for (Mesh::DocumentObjectGroup* const group : document->getGroups())
-            if (group->isSelected() || ofParts.contains(group))
-                groups.push_back(group);
-        return groups;
+        PartEdits::ungroup(*activeMeshDocument(), PartEdits::groupsAround(chosenObjects()));
     }
 };
 
@@ -261,26 +189,23 @@ public:
 
     void activated(int) override
     {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Hide"));
-        for (Mesh::DocumentObject* const part : chosenParts(document))
-            part->setVisible(false);
+        PartEdits::setVisible(*activeMeshDocument(), chosenParts(), false);
     }
 };
 
-class ShowCommand : public HostCommand
+class ShowCommand : public ChoiceCommand
 {
 public:
     ShowCommand()
-        : HostCommand("Std_Show",
-                      {QT_TRANSLATE_NOOP("HostCommand", "&Show"),
-                       QT_TRANSLATE_NOOP("HostCommand", "Show the selected parts that are hidden."),
-                       "app_show", "Shift+H"})
+        : ChoiceCommand("Std_Show", {QT_TRANSLATE_NOOP("HostCommand", "&Show"),
+                                     QT_TRANSLATE_NOOP("HostCommand",
+                                                       "Show the selected parts that are hidden."),
+                                     "app_show", "Shift+H"})
     {}
 
     QString whyInactive() const override
     {
-        return hiddenOnes().empty()
+        return std::ranges::all_of(chosenParts(), isVisible)
                    ? translated(QT_TRANSLATE_NOOP("HostCommand",
                                                   "Select a hidden part in the part list first."))
                    : QString();
@@ -288,18 +213,7 @@ public:
 
     void activated(int) override
     {
-        EditStep const step(*activeMeshDocument(), QT_TRANSLATE_NOOP("UndoRedoName", "Show"));
-        for (Mesh::DocumentObject* const part : hiddenOnes())
-            part->setVisible(true);
-    }
-
-private:
-    static Parts hiddenOnes()
-    {
-        Mesh::Document const* const document = activeMeshDocument();
-        Parts parts = document ? chosenParts(*document) : Parts();
-        std::erase_if(parts, [](auto const* part) { return part->isVisible(); });
-        return parts;
+        PartEdits::setVisible(*activeMeshDocument(), chosenParts(), true);
     }
 };
 
@@ -316,20 +230,12 @@ public:
     {
         Mesh::Document const* const document = activeMeshDocument();
         Parts const parts = document ? document->getMeshObjects() : Parts();
-        bool const isAnyHidden =
-            std::ranges::any_of(parts, [](auto const* part) { return !part->isVisible(); });
-        return isAnyHidden ? QString()
-                           : translated(QT_TRANSLATE_NOOP("HostCommand", "No part is hidden."));
+        return std::ranges::all_of(parts, isVisible)
+                   ? translated(QT_TRANSLATE_NOOP("HostCommand", "No part is hidden."))
+                   : QString();
     }
 
-    void activated(int) override
-    {
-        Mesh::Document& document = *activeMeshDocument();
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Show All"));
-        for (Mesh::DocumentObject* const part : document.getMeshObjects())
-            if (!part->isVisible())
-                part->setVisible(true);
-    }
+    void activated(int) override { PartEdits::showAll(*activeMeshDocument()); }
 };
 
 template <typename... Commands>

@@ -37,6 +37,18 @@ void removeEmptyGroups(Mesh::Document& document, Groups const& candidates)
             document.removeObject(group);
 }
 
+bool changeVisibility(Mesh::Document& document, Parts const& parts, bool visible,
+                      char const* stepName)
+{
+    auto const differs = [&](auto const* part) { return part->isVisible() != visible; };
+    if (std::none_of(parts.begin(), parts.end(), differs))
+        return false;
+    EditStep const step(document, stepName);
+    for (Mesh::DocumentObject* const part : parts)
+        part->setVisible(visible);
+    return true;
+}
+
 /// Names for copies that no object of a document bears; for many copies at once.
 class CopyNames
 {
@@ -95,14 +107,15 @@ Groups groupsAround(Objects const& objects)
 
 bool setVisible(Mesh::Document& document, Parts const& parts, bool visible)
 {
-    auto const differs = [&](auto const* part) { return part->isVisible() != visible; };
-    if (std::none_of(parts.begin(), parts.end(), differs))
-        return false;
-    EditStep const step(document, visible ? QT_TRANSLATE_NOOP("UndoRedoName", "Show")
-                                          : QT_TRANSLATE_NOOP("UndoRedoName", "Hide"));
-    for (Mesh::DocumentObject* const part : parts)
-        part->setVisible(visible);
-    return true;
+    return changeVisibility(document, parts, visible,
+                            visible ? QT_TRANSLATE_NOOP("UndoRedoName", "Show")
+                                    : QT_TRANSLATE_NOOP("UndoRedoName", "Hide"));
+}
+
+bool showAll(Mesh::Document& document)
+{
+    return changeVisibility(document, document.getMeshObjects(), true,
+                            QT_TRANSLATE_NOOP("UndoRedoName", "Show All"));
 }
 
 bool setColor(Mesh::Document& document, Parts const& parts, unsigned rgba)

@@ -24,6 +24,7 @@ Parts partsAmong(Objects const& objects);
 std::vector<Mesh::DocumentObjectGroup*> groupsAround(Objects const& objects);
 
 bool setVisible(Mesh::Document& document, Parts const& parts, bool visible);
+bool showAll(Mesh::Document& document);
 /// The colour as 0xRRGGBBAA; 0 for the view's own choice.
 bool setColor(Mesh::Document& document, Parts const& parts, unsigned rgba);
 /// An empty name, or one of blanks only, is refused; blanks at the ends are cut off.

@@ -53,8 +53,10 @@ void PartMenu::addVisibility()
     add(tr("Show"), "app_show",
         select.isEmpty() && allVisible ? tr("The selected parts are shown already.") : select,
         [this] { PartEdits::setVisible(m_document, selectedParts(), true); });
-    add(tr("Show All"), "app_show_all", {},
-        [this] { PartEdits::setVisible(m_document, m_document.getMeshObjects(), true); });
+    PartEdits::Parts const all = m_document.getMeshObjects();
+    add(tr("Show All"), "app_show_all",
+        std::all_of(all.begin(), all.end(), isVisible) ? tr("No part is hidden.") : QString(),
+        [this] { PartEdits::showAll(m_document); });
 }
 
 void PartMenu::addGroups()

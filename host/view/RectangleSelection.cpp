@@ -7,9 +7,18 @@
 
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace Base {
 
 namespace {
+
+bool isWithin(QRect const& band, UPoint3<float> const& point, GLView const& view)
+{
+    int x, y;
+    view.getWidgetcoordFromWCS(point, x, y);
+    return band.contains(x, y);
+}
 
 bool isWithin(QRect const& band, UBox3<float> const& box, GLView const& view)
 {
@@ -17,12 +26,24 @@ bool isWithin(QRect const& band, UBox3<float> const& box, GLView const& view)
         UPoint3<float> const point(corner & 1 ? box.MaxX() : box.MinX(),
                                    corner & 2 ? box.MaxY() : box.MinY(),
                                    corner & 4 ? box.MaxZ() : box.MinZ());
-        int x, y;
-        view.getWidgetcoordFromWCS(point, x, y);
-        if (!band.contains(x, y))
+        if (!isWithin(band, point, view))
             return false;
     }
     return true;
+}
+
+/// The box of a part reaches farther on the screen than the part, unless it is seen along an axis.
+/// A part that is not within is found out at the first of its points that is not.
+bool isWithin(QRect const& band, Mesh::DocumentObject const& part, GLView const& view)
+{
+    UBox3<float> const box = part.getBoundingBox();
+    if (box.Isnullptr() || isWithin(band, box, view))
+        return !box.Isnullptr();
+    MeshKernel const& kernel = *part.meshProperty->getMesh();
+    auto const mesh = kernel.readMesh();
+    return std::ranges::all_of(mesh->vertices, [&](UVertex<float> const* vertex) {
+        return isWithin(band, kernel.getMatrix() * vertex->cP(), view);
+    });
 }
 
 }  // namespace
@@ -57,8 +78,7 @@ void RectangleSelection::bandSpanned(QRect const& band, QMouseEvent* event)
     if (!(event->modifiers() & Qt::ControlModifier))
         document->clearSelection();
     for (Mesh::DocumentObject* const part : document->getMeshObjects()) {
-        UBox3<float> const box = part->getBoundingBox();
-        if (part->isVisible() && !box.Isnullptr() && isWithin(band, box, *m_view))
+        if (part->isVisible() && isWithin(band, *part, *m_view))
             part->setSelected(true, true, false);
     }
 }

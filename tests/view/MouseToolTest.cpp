@@ -297,6 +297,31 @@ TEST_F(MouseTools, ARectangleTakesThePartsThatLieWithinIt)
     EXPECT_EQ(test.document->getSelectedObjects(), (Objects{b, a}));
 }
 
+TEST_F(MouseTools, ARectangleGoesByThePartAndNotByItsBox)
+{
+    // Turned by half a right angle, so that the corners of its box stick out.
+    Mesh::DocumentObject* const part = test.add(box(10, 10, 10), "part");
+    part->rotate({0, 0, 0}, float(M_PI) / 4, {0, 0, 1}, 0);
+    view.OnViewType(0);
+    view.setProjection(GLCamera::Projection::Perspective);
+    view.fitAll();
+    view.startSelection("Base::RectangleSelection");
+    EXPECT_EQ(view.getCamera()->projection(), GLCamera::Projection::Perspective);
+    float const reach = 5 * float(M_SQRT2);
+    QPoint low = positionOf({0, reach, 5}), high = low;
+    for (UPoint3<float> const& corner :
+         {UPoint3<float>(-reach, reach, 0), UPoint3<float>(reach, reach, 10),
+          UPoint3<float>(0, 0, 0), UPoint3<float>(0, 0, 10)}) {
+        QPoint const seen = positionOf(corner);
+        low = {qMin(low.x(), seen.x()), qMin(low.y(), seen.y())};
+        high = {qMax(high.x(), seen.x()), qMax(high.y(), seen.y())};
+    }
+    drag(view, low - QPoint(2, 2), high + QPoint(2, 2), Qt::LeftButton);
+    EXPECT_TRUE(part->isSelected());
+    drag(view, low + QPoint(2, 2), high + QPoint(2, 2), Qt::LeftButton);
+    EXPECT_FALSE(part->isSelected());
+}
+
 TEST_F(MouseTools, SelectAndUnselectThePartUnderAPosition)
 {
     Mesh::DocumentObject* const a = test.add(box(10, 10, 10), "a");
