@@ -5,6 +5,8 @@
 #include "tools/PolygonProperty.h"
 #include "tools/SelfIntersections.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,8 +17,8 @@ namespace {
 // The outline is resolved in whole thousandths of a millimetre.
 constexpr float gridUnitsPerMm = 1000.0f;
 
-constexpr char const* tooManyCrossings =
-    "The outline crosses itself too often. Draw it with fewer crossings.";
+constexpr char const* tooManyCrossings = QT_TRANSLATE_NOOP(
+    "Tools", "The outline crosses itself too often. Draw it with fewer crossings.");
 
 FlatRing gridPoints(Ring const& outline, SketchPlane const& plane)
 {
@@ -81,7 +83,8 @@ void PolygonOutline::deriveNominal(SketchPlane const& plane)
     ResolvedLoops const resolved = resolveSelfIntersections(gridPoints(outline, plane));
     if (resolved.isTooComplicated) {
         outline.push_back(outline.front());
-        m_outlines.refuse(tooManyCrossings, {std::move(outline)});
+        m_outlines.refuse(QCoreApplication::translate("Tools", tooManyCrossings).toStdString(),
+                          {std::move(outline)});
         return;
     }
     m_outlines.solidLoops = worldLoops(resolved.solid, plane);

@@ -5,6 +5,8 @@
 #include "tools/RoundRing.h"
 #include "tools/VolumeProperty.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <functional>
 #include <future>
@@ -14,9 +16,10 @@ namespace Freecut {
 
 namespace {
 
-constexpr char const* tooManyCorners =
+constexpr char const* tooManyCorners = QT_TRANSLATE_NOOP(
+    "Tools",
     "The outline has too many corners for its clearance. Draw it with fewer crossings and corners, "
-    "choose a smaller clearance or do not round its corners.";
+    "choose a smaller clearance or do not round its corners.");
 
 /// Outlines up to here are moved to one side in less time than it takes to start a thread.
 constexpr std::size_t fewPoints = 200;
@@ -103,7 +106,8 @@ void VolumeOutline::deriveClearance(SketchPlane const& plane)
         Loops drawn = std::move(m_outlines.solidLoops);
         std::move(m_outlines.residualLoops.begin(), m_outlines.residualLoops.end(),
                   std::back_inserter(drawn));
-        m_outlines.refuse(tooManyCorners, std::move(drawn));
+        m_outlines.refuse(QCoreApplication::translate("Tools", tooManyCorners).toStdString(),
+                          std::move(drawn));
         return;
     }
     auto const derive = [&](Loops& loops, double distance) {

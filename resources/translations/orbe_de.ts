@@ -1755,6 +1755,10 @@
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
+    <message>
+        <source>No part is hidden.</source>
+        <translation>Kein Bauteil ist ausgeblendet.</translation>
+    </message>
 </context>
 <context>
     <name>PartTreeModel</name>
@@ -2156,6 +2160,17 @@
     <message>
         <source>%1 parts, %2 triangles</source>
         <translation>%1 Bauteile, %2 Dreiecke</translation>
+    </message>
+</context>
+<context>
+    <name>Tools</name>
+    <message>
+        <source>The outline crosses itself too often. Draw it with fewer crossings.</source>
+        <translation>Der Umriss kreuzt sich selbst zu oft. Ihn mit weniger Kreuzungen zeichnen.</translation>
+    </message>
+    <message>
+        <source>The outline has too many corners for its clearance. Draw it with fewer crossings and corners, choose a smaller clearance or do not round its corners.</source>
+        <translation>Der Umriss hat zu viele Ecken für sein Spiel. Ihn mit weniger Kreuzungen und Ecken zeichnen, ein kleineres Spiel wählen oder die Ecken nicht abrunden.</translation>
     </message>
 </context>
 <context>
