@@ -7,6 +7,7 @@
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
+#include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
 #include <QGuiApplication>
@@ -55,8 +56,11 @@ public:
 
     void activated(int) override
     {
-        auto* const list =
-            new ShortcutList(Application::Instance->commandManager(), MainWindow::getInstance());
+        MainWindow* const window = MainWindow::getInstance();
+        Base::GLView const* const view = window ? window->activeGLView() : nullptr;
+        auto const mouse =
+            view ? view->navigationStyle()->preset() : Base::NavigationStyle::Preset::TurnByRight;
+        auto* const list = new ShortcutList(Application::Instance->commandManager(), mouse, window);
         list->setAttribute(Qt::WA_DeleteOnClose);
         list->show();
     }

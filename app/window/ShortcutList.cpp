@@ -13,7 +13,9 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
+using Preset = Base::NavigationStyle::Preset;
+
+ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset mouse, QWidget* parent)
     : QDialog(parent), m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("ShortcutList"));
@@ -27,13 +29,14 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, QWidget* parent)
     m_list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
     addCommands(manager);
-    addMouse();
+    addMouse(mouse);
 
     auto* const search = new MellLineEdit(this);
     search->setObjectName(QStringLiteral("Search"));
     search->setPlaceholderText(tr("Search"));
     search->setClearButtonEnabled(true);
     connect(search, &QLineEdit::textChanged, this, &ShortcutList::filter);
+    search->setFocus();
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const column = new QVBoxLayout(this);
@@ -58,13 +61,19 @@ void ShortcutList::addCommands(Base::CommandManager const& manager)
     }
 }
 
-void ShortcutList::addMouse()
+void ShortcutList::addMouse(Preset preset)
 {
+    QString const turn = preset == Preset::TurnByRight ? tr("Drag with the right button")
+                                                       : tr("Drag with the middle button");
+    QString const move =
+        preset == Preset::TurnByRight    ? tr("Drag with the middle button, or right with Shift")
+        : preset == Preset::TurnByMiddle ? tr("Drag with the middle button and Shift")
+                                         : tr("Drag with the right button");
     QStringList const rows[] = {
         {tr("End the tool, or cancel the job"), tr("Esc")},
         {tr("Select a part; with Ctrl, one more"), tr("Left click")},
-        {tr("Orbit about the point under the mouse"), tr("Drag with the right button")},
-        {tr("Move the view"), tr("Drag with the middle button, or right with Shift")},
+        {tr("Orbit about the point under the mouse"), turn},
+        {tr("Move the view"), move},
         {tr("Zoom to the mouse"), tr("Wheel")},
         {tr("Turn to a standard view"), tr("Click on the cube")},
     };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/view/NavigationStyle.h"
+
 #include <QDialog>
 
 namespace Base {
@@ -16,11 +18,13 @@ class ShortcutList : public QDialog
     Q_OBJECT
 
 public:
-    ShortcutList(Base::CommandManager const& manager, QWidget* parent);
+    /// mouse  the buttons that turn and move the view
+    ShortcutList(Base::CommandManager const& manager, Base::NavigationStyle::Preset mouse,
+                 QWidget* parent);
 
 private:
     void addCommands(Base::CommandManager const& manager);
-    void addMouse();
+    void addMouse(Base::NavigationStyle::Preset preset);
     void filter(QString const& text);
 
     QTreeWidget* m_list;

@@ -1327,6 +1327,10 @@
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
+    <message>
+        <source>No part is hidden.</source>
+        <translation>Kein Bauteil ist ausgeblendet.</translation>
+    </message>
 </context>
 <context>
     <name>PartTreeModel</name>
@@ -1588,6 +1592,14 @@
     <message>
         <source>Move the view</source>
         <translation>Ansicht verschieben</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button</source>
+        <translation>Mit der mittleren Taste ziehen</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button and Shift</source>
+        <translation>Mit der mittleren Taste und Umschalt ziehen</translation>
     </message>
     <message>
         <source>Drag with the middle button, or right with Shift</source>

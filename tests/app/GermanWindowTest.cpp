@@ -213,7 +213,7 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
 
 TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
 {
-    ShortcutList shortcuts(commands(), nullptr);
+    ShortcutList shortcuts(commands(), Base::NavigationStyle::Preset::TurnByMiddle, nullptr);
     ExportDialog exporting(3, nullptr);
     for (QDialog* const dialog :
          {static_cast<QDialog*>(&shortcuts), static_cast<QDialog*>(&exporting)}) {
