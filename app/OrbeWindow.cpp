@@ -16,7 +16,6 @@
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobProgressBar.h"
 #include "app/window/DockTitles.h"
-#include "app/window/DocumentFollower.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
@@ -29,6 +28,7 @@
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/DialogWindowManager.h"
+#include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellMessageBox.h"
 #include "platform/ui/MellViewSlider.h"
 #include "platform/view/MeshGLView.h"
@@ -224,7 +224,8 @@ void OrbeWindow::keyPressEvent(QKeyEvent* event)
     // A tool that makes use of the key does not let it come here.
     if (event->key() == Qt::Key_Escape && !m_view->getInteractModeName().empty())
         m_view->stopSelection();
-    else
+    // The shortcut of an action that is off does nothing by itself.
+    else if (!m_gate->explain(QKeySequence(event->key() | int(event->modifiers()))))
         MainWindow::keyPressEvent(event);
 }
 

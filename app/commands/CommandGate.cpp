@@ -74,6 +74,19 @@ void CommandGate::refreshLater()
     QMetaObject::invokeMethod(this, &CommandGate::refresh, Qt::QueuedConnection);
 }
 
+bool CommandGate::explain(QKeySequence const& keys)
+{
+    for (Base::Command* const command : m_manager.getAllCommands()) {
+        QAction const* const action =
+            command->hasAction() ? command->getAction()->getQAction() : nullptr;
+        if (!action || action->isEnabled() || action->shortcut() != keys)
+            continue;
+        emit refused(whyInactive(*command));
+        return true;
+    }
+    return false;
+}
+
 void CommandGate::pass(Base::Command& command, std::function<void()> const& run)
 {
     int const level = QThread::currentThread()->loopLevel();

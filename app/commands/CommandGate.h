@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QKeySequence>
 #include <QObject>
 
 #include <functional>
@@ -26,6 +27,10 @@ public:
     /// Brings all actions in line, now or when events are handled next.
     void refresh();
     void refreshLater();
+
+    /// Tells the reason if the keys are those of a command that cannot be used now. False if there
+    /// is no such command.
+    bool explain(QKeySequence const& keys);
 
 signals:
     /// A command was not let through; one sentence for the user.

@@ -2,8 +2,8 @@
 #include "app/panels/HistoryList.h"
 
 #include "app/JobGuard.h"
-#include "app/window/DocumentFollower.h"
 #include "platform/document/Document.h"
+#include "platform/ui/DocumentFollower.h"
 
 #include <QCoreApplication>
 #include <QEvent>

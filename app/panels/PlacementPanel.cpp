@@ -4,7 +4,7 @@
 #include "app/JobGuard.h"
 #include "app/panels/PanelIcon.h"
 #include "app/panels/VectorFields.h"
-#include "app/window/DocumentFollower.h"
+#include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"

@@ -34,6 +34,7 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset preset, Q
     search->setPlaceholderText(tr("Search"));
     search->setClearButtonEnabled(true);
     connect(search, &QLineEdit::textChanged, this, &ShortcutList::filter);
+    search->setFocus();
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const column = new QVBoxLayout(this);

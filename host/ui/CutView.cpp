@@ -2,7 +2,7 @@
 #include "platform/ui/CutView.h"
 
 #include "host/ui/CutViewWidgets.h"
-#include "host/ui/DocumentWatch.h"
+#include "platform/ui/DocumentFollower.h"
 #include "platform/view/MeshGLView.h"
 
 #include <QEvent>
@@ -36,8 +36,8 @@ CutView::CutView(QWidget* parent) : QWidget(parent), m_widgets(std::make_unique<
     build();
     retranslate();
     connectAll();
-    auto* const watch = new DocumentWatch(this);
-    connect(watch, &DocumentWatch::changed, this, &CutView::partsChanged);
+    auto* const follower = new DocumentFollower(this);
+    connect(follower, &DocumentFollower::changed, this, &CutView::partsChanged);
     takeRange(true);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/ui/HeightSlider.h"
 
-#include "host/ui/DocumentWatch.h"
 #include "host/ui/HeightScale.h"
 #include "host/ui/StoredSettings.h"
+#include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/MellViewSlider.h"
@@ -38,8 +38,8 @@ HeightSlider::HeightSlider(QWidget* parent) : QWidget(parent)
         storeValue(lineKey, shows);
         updateLine();
     });
-    auto* const watch = new DocumentWatch(this);
-    connect(watch, &DocumentWatch::changed, this, &HeightSlider::partsChanged);
+    auto* const follower = new DocumentFollower(this);
+    connect(follower, &DocumentFollower::changed, this, &HeightSlider::partsChanged);
     partsChanged();
     heightChanged(slider().getHeight());
 }

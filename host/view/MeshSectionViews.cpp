@@ -70,7 +70,7 @@ void ViewProvider::paintLines(PartSection::Points const& lines, unsigned rgba, f
     nearer.translate(0, 0, float(nearerBy * viewHeight / m_view->height()));
     QMatrix4x4 const toClip = camera.getProjectionMatrix() * nearer * camera.getModelViewMatrix() *
                               toQt(kernel()->getMatrix());
-    auto const points = wideLines(lines, toClip, m_view->size(), width);
+    auto const points = wideLines(lines, toClip, m_view->size(), width, (rgba & 255) == 255);
     DrawRun const run = {GL_TRIANGLES, 0, int(points.size()), rgba};
     if (!points.empty())
         m_view->scene().drawOnce(points, std::span(&run, 1), QMatrix4x4());

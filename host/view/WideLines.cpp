@@ -5,7 +5,7 @@
 #include <QVector4D>
 
 std::vector<UPoint3<float>> wideLines(std::vector<UPoint3<float>> const& points,
-                                      QMatrix4x4 const& toClip, QSize size, float width)
+                                      QMatrix4x4 const& toClip, QSize size, float width, bool joins)
 {
     QVector2D const toPixels(float(size.width()) / 2, float(size.height()) / 2);
     std::vector<UPoint3<float>> result;
@@ -20,8 +20,7 @@ std::vector<UPoint3<float>> wideLines(std::vector<UPoint3<float>> const& points,
         QVector2D along = ((to - from) * toPixels).normalized() * (width / 2);
         if (along.isNull())
             along = {width / 2, 0};
-        // Longer by half their width at both ends, so that there is no notch where two meet.
-        QVector2D const ahead = along / toPixels;
+        QVector2D const ahead = joins ? along / toPixels : QVector2D();
         QVector2D const aside = QVector2D(-along.y(), along.x()) / toPixels;
         auto const corner = [](QVector2D const& p, QVector4D const& end) {
             return UPoint3<float>(p.x(), p.y(), end.z() / end.w());

@@ -10,7 +10,10 @@
 
 /// Lines of any width as triangles in clip space: OpenGL 3.3 core draws none wider than a pixel.
 ///
+/// joins   makes the lines longer by half their width at both ends, so that there is no notch where
+///         two meet; where they overlap, translucent ones would show it
 /// points  pairs of ends; lines that reach behind the eye are left out
 /// size, width  of the picture and of the lines, in the same pixels
 std::vector<UPoint3<float>> wideLines(std::vector<UPoint3<float>> const& points,
-                                      QMatrix4x4 const& toClip, QSize size, float width);
+                                      QMatrix4x4 const& toClip, QSize size, float width,
+                                      bool joins);

@@ -2069,6 +2069,14 @@
         <translation>Ansicht verschieben</translation>
     </message>
     <message>
+        <source>Drag with the middle button</source>
+        <translation>Mit der mittleren Taste ziehen</translation>
+    </message>
+    <message>
+        <source>Drag with the middle button and Shift</source>
+        <translation>Mit der mittleren Taste und Umschalt ziehen</translation>
+    </message>
+    <message>
         <source>Drag with the middle button, or right with Shift</source>
         <translation>Mit der mittleren Taste ziehen oder rechts mit Umschalt</translation>
     </message>

@@ -96,6 +96,19 @@ TEST_F(AppWindow, EscEndsTheTool)
     EXPECT_EQ(window->view().getInteractModeName(), "");
 }
 
+TEST_F(AppWindow, TheKeyOfACommandThatIsOffTellsWhatIsMissing)
+{
+    ASSERT_NO_FATAL_FAILURE(show());
+    test->add(box(10, 10, 10), "box");
+    QCoreApplication::processEvents();
+    window->view().setFocus();
+    QTest::keyClick(&window->view(), Qt::Key_H);
+    EXPECT_EQ(window->statusLine().currentMessage(), "Select a part first.");
+    window->statusLine().clearMessage();
+    QTest::keyClick(&window->view(), Qt::Key_F6);
+    EXPECT_EQ(window->statusLine().currentMessage(), "");
+}
+
 TEST_F(AppWindow, TheQuestionMarkListsAllShortcuts)
 {
     ASSERT_NO_FATAL_FAILURE(show());

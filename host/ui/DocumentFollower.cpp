@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window/DocumentFollower.h"
+#include "platform/ui/DocumentFollower.h"
 
 #include "platform/document/Document.h"
 #include "platform/ui/Application.h"
@@ -12,6 +12,8 @@ DocumentFollower::DocumentFollower(QObject* parent) : QObject(parent)
 void DocumentFollower::follow()
 {
     disconnect_all();
+    if (!Application::Instance)
+        return;
     Application::Instance->signalActiveDocument.connect(this, &DocumentFollower::follow);
     m_document = Application::Instance->activeDocument();
     if (m_document) {

@@ -18,7 +18,7 @@ class DocumentFollower : public QObject, public sigslot::has_slots<sigslot::sing
     Q_OBJECT
 
 public:
-    /// The Application exists.
+    /// The application exists, or nothing is ever told.
     explicit DocumentFollower(QObject* parent = nullptr);
 
     /// The active document, or null; never one that is being destroyed.
