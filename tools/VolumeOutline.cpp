@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <functional>
 #include <future>
 #include <iterator>
 
@@ -101,32 +100,39 @@ void VolumeOutline::deriveClearance(SketchPlane const& plane)
         m_outlines.roundedLoops.empty() ? m_outlines.solidLoops : m_outlines.roundedLoops, plane);
     double const clearance = m_record.getClearance();
     int const direction = m_record.getClearanceDirection();
-    if ((goesInward(direction) && offset.isTooComplicated(clearance * -1.0)) ||
-        (goesOutward(direction) && offset.isTooComplicated(clearance))) {
-        Loops drawn = std::move(m_outlines.solidLoops);
-        std::move(m_outlines.residualLoops.begin(), m_outlines.residualLoops.end(),
-                  std::back_inserter(drawn));
-        m_outlines.refuse(QCoreApplication::translate("Tools", tooManyCorners).toStdString(),
-                          std::move(drawn));
+    bool const isInward = goesInward(direction), isOutward = goesOutward(direction);
+    if ((isInward && offset.isTooComplicated(-clearance)) ||
+        (isOutward && offset.isTooComplicated(clearance))) {
+        refuseClearance();
         return;
     }
-    auto const derive = [&](Loops& loops, double distance) {
-        loops = offset.moved(distance);
-        keepPaths(loops);
-        if (rounding().counts())
-            round(loops);
-    };
+    bool const isParallel = isInward && isOutward && offset.pointCount() > fewPoints;
     std::future<void> inward;
-    if (goesInward(direction))
-        // On a thread of its own if it is worth one and there is another side to derive.
-        inward = std::async(offset.pointCount() > fewPoints && goesOutward(direction)
-                                ? std::launch::async | std::launch::deferred
-                                : std::launch::deferred,
-                            derive, std::ref(m_outlines.innerLoops), clearance * -1.0);
-    if (goesOutward(direction))
-        derive(m_outlines.outerLoops, clearance);
-    if (inward.valid())
+    if (isInward)
+        inward = std::async(
+            isParallel ? std::launch::async | std::launch::deferred : std::launch::deferred,
+            [&] { deriveMoved(m_outlines.innerLoops, offset, -clearance); });
+    if (isOutward)
+        deriveMoved(m_outlines.outerLoops, offset, clearance);
+    if (isInward)
         inward.get();
+}
+
+void VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const
+{
+    loops = offset.moved(distance);
+    keepPaths(loops);
+    if (rounding().counts())
+        round(loops);
+}
+
+void VolumeOutline::refuseClearance()
+{
+    Loops drawn = std::move(m_outlines.solidLoops);
+    std::move(m_outlines.residualLoops.begin(), m_outlines.residualLoops.end(),
+              std::back_inserter(drawn));
+    m_outlines.refuse(QCoreApplication::translate("Tools", tooManyCorners).toStdString(),
+                      std::move(drawn));
 }
 
 void VolumeOutline::keepPaths(Loops& paths) const

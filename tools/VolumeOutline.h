@@ -7,11 +7,12 @@
 
 namespace Freecut {
 
+class OutlineOffset;
 class VolumeProperty;
 
 /// Derives the outlines of a solid tool from its record: the nominal outline, which is the
 /// subclass's own; its rounded corners; the outlines on both sides of the clearance; the caps of
-/// the solid.
+/// the solid. An outline that is too complicated is refused: ToolOutlines::problem says why.
 ///
 /// thread  the user interface thread
 class VolumeOutline
@@ -74,6 +75,9 @@ private:
     Loops nominalWithoutRepeat() const;
     void round(Loops& loops) const;
     void deriveClearance(SketchPlane const& plane);
+    /// Runs for both sides at once.
+    void deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const;
+    void refuseClearance();
     void keepPaths(Loops& paths) const;
     void chooseCaps();
     void flatten();

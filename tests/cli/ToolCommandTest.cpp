@@ -277,3 +277,23 @@ TEST(FreecutTools, AnOutlineWithoutAreaIsRefused)
     EXPECT_NE(result.errors.find("encloses nothing"), std::string::npos);
     EXPECT_EQ(folder.files(), Names{"block.stl"});
 }
+
+TEST(FreecutTools, AnOutlineOfTooManyCrossingsIsRefused)
+{
+    BlockFolder const folder;
+    std::string points;
+    for (int i = 1; i <= 1002; ++i) {
+        std::string const at = std::to_string(i);
+        points += i % 2 ? "0," + at + ";1003," + at + ";" : "1003," + at + ";0," + at + ";";
+    }
+    for (int i = 1002; i >= 1; --i) {
+        std::string const at = std::to_string(i);
+        points += i % 2 ? at + ",1003;" + at + ",0;" : at + ",0;" + at + ",1003;";
+    }
+    points.pop_back();
+    auto const result = folder.run({"polygon", "block.stl", "--view", "top", "--points", points});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors.find("Draw it with fewer crossings."), std::string::npos)
+        << result.errors;
+    EXPECT_EQ(folder.files(), Names{"block.stl"});
+}

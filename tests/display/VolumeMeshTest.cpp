@@ -239,3 +239,23 @@ TEST(VolumeMesh, ToolsRunAlongTheViewInEveryStandardView)
             EXPECT_GT(volume, 10) << "view " << type;
     }
 }
+
+TEST(VolumeMesh, OfAnOutlineThatCrossesItselfTooOftenThereIsNone)
+{
+    std::vector<UPoint2<float>> points;
+    for (int i = 1; i <= 2004; ++i) {
+        float const at = float(i <= 1002 ? i : 2005 - i) * 0.01f, far = 10.03f;
+        bool const isBack = i % 2 == 0;
+        UPoint2<float> const from(i <= 1002 ? (isBack ? far : 0) : at,
+                                  i <= 1002 ? at : (isBack ? far : 0));
+        UPoint2<float> const to(i <= 1002 ? far - from.X() : at, i <= 1002 ? at : far - from.Y());
+        points.push_back(from);
+        points.push_back(to);
+    }
+    CubeScene scene;
+    PolygonGraphicObject* const tool = scene.polygon(points, true, 2);
+    EXPECT_TRUE(tool->createInandOutMesh().empty());
+    std::unique_ptr<UMesh<float>> const mesh(tool->createMesh());
+    ASSERT_TRUE(mesh);
+    EXPECT_TRUE(mesh->vertices.empty());
+}

@@ -4,6 +4,7 @@
 #include "tools/CuboidProperty.h"
 #include "tools/CylinderOutline.h"
 #include "tools/CylinderProperty.h"
+#include "tools/OffsetEffort.h"
 #include "tools/OutlineOffset.h"
 #include "tools/PolygonOutline.h"
 #include "tools/PolygonProperty.h"
@@ -214,4 +215,37 @@ TEST(ClearanceOutline, IsTakenFromTheRoundedOutline)
     round.record.setCornerRadius(2);
     EXPECT_LT(signedArea(seen(round.update(1, 0.5f).outerRing(), round.camera)),
               signedArea(seen(sharp.update(1, 0.5f).outerRing(), sharp.camera)) - 3);
+}
+
+TEST(ClearanceOutline, WorkIsForeseenByCornersAtTheHeightOfEdges)
+{
+    ClipperLib::Paths const square{{{0, 0}, {1000, 0}, {1000, 1000}, {0, 1000}}};
+    // Two corners at the height of each level edge, four at that of each upright one.
+    EXPECT_EQ(Freecut::offsetEffort(square, 100), 12);
+    // Inward each corner has edges to its images, which reach two corners.
+    EXPECT_EQ(Freecut::offsetEffort(square, -100), 20);
+    EXPECT_EQ(Freecut::offsetEffort(square, -1000), 28) << "all four corners";
+    ClipperLib::Paths const reversed{{{0, 1000}, {1000, 1000}, {1000, 0}, {0, 0}}};
+    EXPECT_EQ(Freecut::offsetEffort(reversed, -100), 20);
+    EXPECT_EQ(Freecut::offsetEffort({}, 100), 0);
+}
+
+TEST(ClearanceOutline, OfTooManyCornersForItIsRefused)
+{
+    Ring comb{{80, -10, 0}, {0, -10, 0}};
+    for (int i = 0; i < 8000; ++i)
+        comb.push_back({0.01f * float(i), i % 2 ? 0.0f : 0.5f, 0});
+    std::reverse(comb.begin(), comb.end());
+    PolygonScene scene(comb);
+    for (int const direction : {0, 1, 2}) {
+        ToolOutlines const& outlines = scene.update(direction, 2);
+        EXPECT_NE(outlines.problem.find("choose a smaller clearance"), std::string::npos);
+        EXPECT_TRUE(outlines.solidLoops.empty());
+        EXPECT_TRUE(outlines.innerLoops.empty());
+        EXPECT_TRUE(outlines.outerLoops.empty());
+        EXPECT_EQ(outlines.outlineBuffer.size(), 3 * comb.size()) << "still drawn";
+        EXPECT_TRUE(scene.outline.outerOutline().empty());
+    }
+    EXPECT_EQ(scene.update(2, 0.0005f).problem, "") << "off";
+    EXPECT_EQ(scene.outline.outlines().solidLoops.size(), 1u);
 }

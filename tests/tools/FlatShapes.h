@@ -59,3 +59,22 @@ inline Freecut::FlatRing pentagram(float radius)
     Freecut::FlatRing const corners = circlePoints(radius, 5);
     return wholeNumbers({corners[0], corners[2], corners[4], corners[1], corners[3]});
 }
+
+/// Strokes to and fro across others up and down: each of the first crosses each of the others.
+/// From (0, 0) on, in a square of strokes + 1 units times the spacing.
+inline Freecut::FlatRing crossHatch(int strokes, float spacing)
+{
+    Freecut::FlatRing ring;
+    float const far = float(strokes + 1);
+    for (int i = 0; i < strokes; ++i) {
+        float const at = float(i + 1), from = i % 2 ? far : 0;
+        ring.push_back({from * spacing, at * spacing});
+        ring.push_back({(far - from) * spacing, at * spacing});
+    }
+    for (int i = strokes; i-- > 0;) {
+        float const at = float(i + 1), from = i % 2 ? 0 : far;
+        ring.push_back({at * spacing, from * spacing});
+        ring.push_back({at * spacing, (far - from) * spacing});
+    }
+    return ring;
+}

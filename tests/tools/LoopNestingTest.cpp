@@ -1,9 +1,40 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/tools/FlatShapes.h"
 #include "tools/LoopNesting.h"
+#include "tools/SegmentRelation.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 using Freecut::FlatLoops;
+using Freecut::FlatRing;
+
+namespace {
+
+/// The rule with every vertex asked about every edge.
+bool plainlyLiesIn(FlatRing const& a, FlatRing const& b)
+{
+    for (UPoint2<float> const& v : a) {
+        bool touches = false;
+        int crossed = 0;
+        for (std::size_t i = 0; i + 1 < b.size(); ++i) {
+            UPoint2<float> const& p = b[i];
+            UPoint2<float> const& q = b[i + 1];
+            touches = touches || Freecut::liesBetween(v, p, q);
+            if ((p.Y() > v.Y()) != (q.Y() > v.Y()))
+                crossed += p.X() + (double(v.Y()) - p.Y()) / (double(q.Y()) - p.Y()) *
+                                       (double(q.X()) - p.X()) >
+                           v.X();
+        }
+        if (!touches)
+            return crossed % 2 == 1;
+    }
+    return true;
+}
+
+}  // namespace
 
 TEST(LoopNesting, ALoopWithinAnotherSolidLoopIsOnlyDrawn)
 {
@@ -55,4 +86,37 @@ TEST(LoopNesting, TurningIsJudgedByOneExtremeCorner)
     // Seen from the left, y runs to the left: by Y, and by X if all is level in Y.
     Freecut::Ring const alongX{{0, 3, 5}, {10, 3, 5}, {0, 3, 5}};
     EXPECT_FALSE(Freecut::isLoopCounterClockwise(alongX, up)) << "no area";
+}
+
+TEST(LoopNesting, RandomLoopsAreSortedAsByAskingEveryVertexAboutEveryEdge)
+{
+    std::mt19937 random(11);
+    std::size_t nested = 0, free = 0;
+    for (int run = 0; run < 300; ++run) {
+        float const reach = run % 3 == 0 ? 10 : run % 3 == 1 ? 1000 : 3e7f;
+        std::uniform_real_distribution<float> place(-reach, reach), size(reach / 500, reach / 3);
+        FlatLoops solid;
+        for (int i = 0; i < 40; ++i) {
+            FlatRing loop = circlePoints(size(random), 3 + i, {place(random), place(random)});
+            if (run % 2)
+                loop = wholeNumbers(loop);
+            loop.push_back(loop[0]);
+            solid.push_back(loop);
+        }
+        FlatLoops expectedSolid, expectedResidual, residual;
+        for (FlatRing const& a : solid) {
+            bool const liesIn = std::any_of(solid.begin(), solid.end(), [&](FlatRing const& b) {
+                return &a != &b && plainlyLiesIn(a, b);
+            });
+            (liesIn ? expectedResidual : expectedSolid).push_back(a);
+        }
+        std::reverse(expectedResidual.begin(), expectedResidual.end());
+        Freecut::moveNestedLoops(solid, residual);
+        ASSERT_EQ(solid, expectedSolid) << "run " << run;
+        ASSERT_EQ(residual, expectedResidual) << "run " << run;
+        nested += residual.size();
+        free += solid.size();
+    }
+    EXPECT_GT(nested, 1000u);
+    EXPECT_GT(free, 1000u);
 }

@@ -191,3 +191,27 @@ TEST(PolygonOutline, TwoPointsAreALineThereAndBack)
     EXPECT_EQ(outlines.outlineBuffer.size(), 3u * 2);
     EXPECT_TRUE(PolygonScene({{1, 2, 3}}).update().outlineBuffer.empty());
 }
+
+TEST(PolygonOutline, CrossingItselfTooOftenItIsOnlyDrawn)
+{
+    Ring drawn;
+    for (UPoint2<float> const& p : crossHatch(1002, 0.1f))
+        drawn.push_back({p.X(), p.Y(), 0});
+    PolygonScene scene(drawn);
+    scene.record.setRoundCorners(true);
+    scene.record.setClearanceEnabled(true);
+    ToolOutlines const& outlines = scene.update();
+    EXPECT_EQ(outlines.problem,
+              "The outline crosses itself too often. Draw it with fewer crossings.");
+    EXPECT_EQ(outlines.outlineBuffer.size(), 3 * drawn.size());
+    EXPECT_EQ(outlines.residualLoops.size(), 1u);
+    for (Loops const* const loops :
+         {&outlines.solidLoops, &outlines.roundedLoops, &outlines.innerLoops, &outlines.outerLoops})
+        EXPECT_TRUE(loops->empty());
+    scene.outline.buildSolidBuffers(true);
+    EXPECT_TRUE(outlines.previewBuffer.empty());
+    EXPECT_TRUE(scene.outline.outerOutline().empty());
+    scene.record.setKeyPoints(square);
+    EXPECT_EQ(scene.update().problem, "");
+    EXPECT_EQ(outlines.solidLoops.size(), 1u);
+}

@@ -167,3 +167,26 @@ TEST(SelfIntersections, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)
         EXPECT_EQ(resolveSelfIntersections(outline).solid, SlowResolver(outline).loops().solid);
     }
 }
+
+TEST(SelfIntersections, AHatchOfManyCrossingsFallsIntoItsCells)
+{
+    constexpr int strokes = 200;
+    ResolvedLoops const loops = resolveSelfIntersections(crossHatch(strokes, 100));
+    EXPECT_FALSE(loops.isTooComplicated);
+    // Where four cells meet the outline crosses itself; sides alternate from cell to cell.
+    EXPECT_GT(loops.solid.size(), 0u);
+    std::size_t points = 0;
+    for (FlatLoops const* const list : {&loops.solid, &loops.residual})
+        for (FlatRing const& loop : *list)
+            points += loop.size() - 1;
+    EXPECT_GE(points, 2u * strokes * strokes) << "each crossing starts two pieces";
+}
+
+TEST(SelfIntersections, AMillionCrossingsAreTheMost)
+{
+    EXPECT_FALSE(resolveSelfIntersections(crossHatch(100, 100)).isTooComplicated);
+    ResolvedLoops const loops = resolveSelfIntersections(crossHatch(1002, 100));
+    EXPECT_TRUE(loops.isTooComplicated);
+    EXPECT_TRUE(loops.solid.empty());
+    EXPECT_TRUE(loops.residual.empty());
+}
