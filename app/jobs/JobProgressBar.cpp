@@ -118,14 +118,17 @@ void JobProgressBar::refresh()
 {
     m_isRefreshDue = false;
     JobProgress::State const state = m_progress->state();
+    m_escape->setEnabled(state.isOpen && state.canCancel);
+    setVisible(state.isOpen);
+    // What follows a job may keep the window from painting; until then the bar stays full.
+    if (!state.isOpen)
+        return;
     QString const title = JobGuard::translatedTitle(state.title);
     m_title->setText(state.isCancelRequested && state.canCancel ? tr("Cancelling: %1").arg(title)
                                                                 : title);
     m_bar->setValue(state.percent);
     m_cancel->setVisible(state.canCancel);
     m_cancel->setEnabled(!state.isCancelRequested);
-    m_escape->setEnabled(state.isOpen && state.canCancel);
-    setVisible(state.isOpen);
 }
 
 void JobProgressBar::retranslate()

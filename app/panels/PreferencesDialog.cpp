@@ -90,8 +90,9 @@ void PreferencesDialog::buildInterface()
     m_theme = choiceOf(3, this);
     m_language = choiceOf(3, this);
     m_unit = choiceOf(2, this);
-    m_systemSize = new QCheckBox(this);
+    // In the order in which the keyboard goes through them.
     m_size = new MellSpinBox(this);
+    m_systemSize = new QCheckBox(this);
     m_size->setRange(ThemeSwitch::smallestSize, ThemeSwitch::largestSize);
     m_size->setSuffix(QStringLiteral(" px"));
     // A size takes effect when it is typed, not while.
@@ -181,6 +182,8 @@ void PreferencesDialog::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange && m_isBuilt)
         retranslate();
+    if (event->type() == QEvent::FontChange && m_isBuilt)
+        m_size->setMinimumWidth(6 * g_pixelSize);
     QDialog::changeEvent(event);
 }
 

@@ -10,6 +10,8 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QPainter>
+#include <QStyleOption>
 
 namespace {
 
@@ -71,7 +73,10 @@ StatusLine::StatusLine(QWidget* parent)
     m_selection->setObjectName(QStringLiteral("SelectionSummary"));
     // A long hint must not keep the window from being narrow.
     m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    addWidget(m_hint, 1);
+    // Permanent, and the message in it: a widget that gives way to messages comes back before its
+    // time, on top of the message, when another one beside it appears.
+    addPermanentWidget(m_hint, 1);
+    connect(this, &QStatusBar::messageChanged, this, &StatusLine::showHint);
     addPermanentWidget(m_progress);
     addPermanentWidget(m_selection);
     setSizeGripEnabled(false);
@@ -96,9 +101,25 @@ void StatusLine::changeEvent(QEvent* event)
         keepHeight();
 }
 
+void StatusLine::showHint()
+{
+    QString const message = currentMessage();
+    m_hint->setText(message.isEmpty() ? m_hintText : message);
+}
+
+// Without the message, which stands in the label.
+void StatusLine::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    QStyleOption option;
+    option.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_PanelStatusBar, &option, &painter, this);
+}
+
 void StatusLine::refresh(Base::GLView const& view, Base::Document const* document)
 {
-    m_hint->setText(tr(hintFor(view.getInteractModeName(), document)));
+    m_hintText = tr(hintFor(view.getInteractModeName(), document));
+    showHint();
     m_selection->setText(selectionSummary(dynamic_cast<Mesh::Document const*>(document)));
 }
 
@@ -120,5 +141,5 @@ QString StatusLine::selectionSummary(Mesh::Document const* document)
 
 QString StatusLine::hint() const
 {
-    return m_hint->text();
+    return m_hintText;
 }

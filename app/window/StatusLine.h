@@ -34,11 +34,15 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void keepHeight();
+    void showHint();
     static QString selectionSummary(Mesh::Document const* document);
 
+    QString m_hintText;
+    /// Shows the hint, or a message for as long as there is one.
     QLabel* m_hint;
     QLabel* m_selection;
     JobProgressBar* m_progress;

@@ -4,6 +4,7 @@
 #include "host/ui/MellStyle.h"
 #include "platform/ui/Theme.h"
 
+#include <QAbstractItemView>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -160,6 +161,11 @@ int MellStyle::pixelMetric(PixelMetric metric, QStyleOption const* option,
         case PM_ButtonShiftHorizontal:
         case PM_ButtonShiftVertical:
             return 0;
+        // Beside the text of rows, in line with that of headers.
+        case PM_FocusFrameHMargin:
+            return qobject_cast<QAbstractItemView const*>(widget)
+                       ? scaled(0.34)
+                       : QProxyStyle::pixelMetric(metric, option, widget);
         case PM_SplitterWidth:
             return scaled(0.34);
         default:

@@ -86,6 +86,22 @@ TEST_F(AppWindow, ToolsSwitchOnAndOffAndTheStatusLineSaysWhatTheyWaitFor)
     EXPECT_EQ(window->statusLine().hint(), without);
 }
 
+TEST_F(AppWindow, AMessageInTheStatusLineStandsInPlaceOfTheHint)
+{
+    ASSERT_NO_FATAL_FAILURE(show());
+    auto const* const label = window->statusLine().findChild<QLabel*>("Hint");
+    QString const hint = label->text();
+    EXPECT_EQ(hint, window->statusLine().hint());
+    window->statusLine().showMessage("Message");
+    // A widget that appears beside it must not bring the hint back.
+    window->statusLine().addPermanentWidget(new QLabel("another"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(label->text(), "Message");
+    window->statusLine().clearMessage();
+    EXPECT_EQ(label->text(), hint);
+    EXPECT_TRUE(label->isVisible());
+}
+
 TEST_F(AppWindow, EscEndsTheTool)
 {
     ASSERT_NO_FATAL_FAILURE(show());
