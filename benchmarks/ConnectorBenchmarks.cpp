@@ -86,14 +86,6 @@ struct LargeScene
         size = (box.max - box.min).GetLength();
     }
 
-    /// What the records and lists of the part take.
-    double bytes() const
-    {
-        auto const mesh = part->meshProperty->getMesh()->readMesh();
-        return double(mesh->triangles.size() * (sizeof(UTriangle<float>) + sizeof(void*)) +
-                      mesh->vertices.size() * (sizeof(UVertex<float>) + sizeof(void*)));
-    }
-
     TestDocument test;
     Mesh::DocumentObject* part;
     Freecut::PlaneGraphicObject plane;
@@ -110,12 +102,9 @@ void cutLargePart(benchmark::State& state, LargeScene& scene, Paras const& paras
         cutter->execute([](int) {});
         return cutter;
     };
-    resetPeakMemory();
-    std::size_t const before = peakMemory();
     // The first run, which touches the memory, is not timed.
     if (auto const first = run(); first->getResult().at(scene.part).size() != 2)
         throw std::logic_error("the part was not cut in two");
-    state.counters["peak/part"] = 1 + double(peakMemory() - before) / scene.bytes();
     for (auto _ : state) {
         auto cutter = run();
         state.PauseTiming();
@@ -131,17 +120,24 @@ std::size_t pinsOn(MeshKernel& cap, std::vector<SectionContour> const& contours,
     return PinPlacement(paras, frame).computePositions(contours, &cap).size();
 }
 
-/// The argument is the number of pins wanted; the spacing is found for it.
+/// Pins beside the contour, their sizes in proportion to the radius.
+PinHoleParas pinsOfRadius(float radius)
+{
+    PinHoleParas paras;
+    paras.radius = radius;
+    paras.height = 2 * radius;
+    paras.tolerance = 0.01f * radius;
+    paras.sideclearance = paras.topclearance = paras.faceclearance = 0.05f * radius;
+    paras.sidedistance = 1.5f * radius;
+    paras.spacing = 2.5f * radius;
+    paras.isSidedis = true;
+    return paras;
+}
+
+/// The argument is the number of pins wanted. As large as can be, they stand close together.
 void cutLargePartWithPins(benchmark::State& state)
 {
     LargeScene scene;
-    PinHoleParas paras;
-    paras.radius = 0.004f * scene.size;
-    paras.height = 2 * paras.radius;
-    paras.tolerance = 0.01f * paras.radius;
-    paras.sideclearance = paras.topclearance = paras.faceclearance = 0.05f * paras.radius;
-    paras.sidedistance = 1.5f * paras.radius;
-    paras.isSidedis = true;
     std::vector<Mesh::DocumentObject*> const parts{scene.part};
     SectionPlanes const planes(scene.plane, parts, false);
     MeshKernel base, upper, lower, cap;
@@ -149,10 +145,10 @@ void cutLargePartWithPins(benchmark::State& state)
     Intersect::cutByPlane(scene.part->meshProperty->getMesh(), &base, &upper, &lower, &cap, {},
                           true);
     auto const contours = extractSectionContours(&cap);
-    paras.spacing = 20 * paras.radius;
+    PinHoleParas paras = pinsOfRadius(0.004f * scene.size);
     std::size_t pins = pinsOn(cap, contours, planes.frame(), paras);
-    while (pins < std::size_t(state.range(0)) && paras.spacing > 2.3f * paras.radius) {
-        paras.spacing *= 0.97f;
+    while (pins < std::size_t(state.range(0))) {
+        paras = pinsOfRadius(0.98f * paras.radius);
         pins = pinsOn(cap, contours, planes.frame(), paras);
     }
     state.counters["pins"] = double(pins);

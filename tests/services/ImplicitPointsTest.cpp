@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/ImplicitPoints.h"
+#include "host/services/exact/NarrowSigns.h"
 #include "tests/services/WholePoint.h"
 
 #include <gtest/gtest.h>
@@ -266,4 +267,41 @@ TEST(ImplicitPoints, SignsAreThoseOfWholeNumbers)
     EXPECT_GT(onLines, 20);
     EXPECT_GT(level, 20);
     EXPECT_GT(equal, 5);
+}
+
+/// Sums and products must carry through all words: coordinates of up to 44 bits, of both signs.
+TEST(ImplicitPoints, NarrowSignsTellWhatLiesOnALineThatPassesBesideItByOneBit)
+{
+    std::mt19937 random(3);
+    auto const coordinate = [&] {
+        return std::ldexp(float(int(random() % 0x1ffffff) - 0xffffff), int(random() % 20) - 20);
+    };
+    int onLine = 0;
+    for (int i = 0; i < 5000 && !HasFailure(); ++i) {
+        // Edges through two planes, both upright over one line: three passages lie on it.
+        Point const a(coordinate(), coordinate(), 0), b(coordinate(), coordinate(), 0);
+        auto const passage = [&] {
+            return edgeThroughPlane({coordinate(), coordinate(), coordinate()},
+                                    {coordinate(), coordinate(), coordinate()},
+                                    {a.X(), a.Y(), coordinate()}, {b.X(), b.Y(), coordinate()},
+                                    {a.X(), a.Y(), coordinate()});
+        };
+        ImplicitPoint const p = passage(), q = passage(), r = passage();
+        auto const sign = Exact::narrowOrient2d(p, q, r, 2);
+        auto const order = Exact::narrowCompare(p, q, 0);
+        if (!sign || !order)
+            continue;
+        EXPECT_EQ(*sign, 0);
+        EXPECT_EQ(Exact::narrowCompare(q, p, 0), -*order);
+        // Seen from the line, a float beside it lies on the side that floats tell.
+        if (*order == 0)
+            continue;
+        int const beside =
+            Exact::narrowOrient2d(p, q, pointAt({a.X(), above(a.Y()), 0}), 2).value_or(0);
+        if (beside != 0) {
+            EXPECT_EQ(beside, *order);
+            ++onLine;
+        }
+    }
+    EXPECT_GT(onLine, 500);
 }

@@ -163,11 +163,15 @@ std::vector<std::size_t> RoundedFacets::findTurned(std::size_t count, Number con
 class RoundedFacets::Surroundings
 {
 public:
-    Surroundings(std::vector<Facet> const& facets, std::vector<std::size_t> const& some)
+    Surroundings(std::vector<Facet> const& facets, std::vector<std::size_t> const& some,
+                 std::size_t points)
+        : m_isWatched(points, false)
     {
         for (std::size_t const f : some)
-            for (std::uint32_t const corner : facets[f].corners)
+            for (std::uint32_t const corner : facets[f].corners) {
                 m_facetsAt[corner];
+                m_isWatched[corner] = true;
+            }
         for (std::size_t f = 0; f < facets.size(); ++f)
             add(facets[f], f);
     }
@@ -175,13 +179,14 @@ public:
     void add(Facet const& facet, std::size_t place)
     {
         for (std::uint32_t const corner : facet.corners)
-            if (auto const at = m_facetsAt.find(corner); at != m_facetsAt.end())
-                at->second.push_back(place);
+            if (m_isWatched[corner])
+                m_facetsAt.at(corner).push_back(place);
     }
 
     std::vector<std::size_t> facetsAt(std::uint32_t point) const { return m_facetsAt.at(point); }
 
 private:
+    std::vector<bool> m_isWatched;
     std::unordered_map<std::uint32_t, std::vector<std::size_t>> m_facetsAt;
 };
 
@@ -193,7 +198,7 @@ void RoundedFacets::mend()
         return;
     for (int round = 0; round < maximalRounds && !turned.empty(); ++round) {
         m_changed.clear();
-        Surroundings surroundings(m_facets, turned);
+        Surroundings surroundings(m_facets, turned, m_numbers.size());
         for (std::size_t const f : turned)
             if (!isCollapsed(m_facets[f].corners))
                 collapse(f, surroundings);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/ImplicitPoints.h"
 
+#include "host/services/exact/NarrowSigns.h"
+
 #include <CGAL/Exact_integer.h>
 #include <CGAL/Exact_rational.h>
 
@@ -180,6 +182,8 @@ Number powerOfTwo(int exponent)
 int orient2d(ImplicitPoint const& a, ImplicitPoint const& b, ImplicitPoint const& c,
              int droppedAxis)
 {
+    if (auto const sign = narrowOrient2d(a, b, c, droppedAxis))
+        return *sign;
     std::size_t const i = std::size_t((droppedAxis + 1) % 3);
     std::size_t const j = std::size_t((droppedAxis + 2) % 3);
     Scale const scale = commonScale(a, b, c);
@@ -193,6 +197,8 @@ int orient2d(ImplicitPoint const& a, ImplicitPoint const& b, ImplicitPoint const
 
 int compare(ImplicitPoint const& a, ImplicitPoint const& b, int axis)
 {
+    if (auto const sign = narrowCompare(a, b, axis))
+        return *sign;
     std::size_t const k = std::size_t(axis);
     Scale const scale = commonScale(a, b);
     Homogeneous const p = placeOf(a, scale), q = placeOf(b, scale);
@@ -201,6 +207,8 @@ int compare(ImplicitPoint const& a, ImplicitPoint const& b, int axis)
 
 bool areEqual(ImplicitPoint const& a, ImplicitPoint const& b)
 {
+    if (auto const answer = areNarrowEqual(a, b))
+        return *answer;
     Scale const scale = commonScale(a, b);
     Homogeneous const p = placeOf(a, scale), q = placeOf(b, scale);
     for (std::size_t k = 0; k < 3; ++k)
