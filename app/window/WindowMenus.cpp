@@ -49,9 +49,8 @@ std::vector<Menu> const& menus()
         {QT_TRANSLATE_NOOP("WindowMenus", "&Cut"),
          {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
           QT_TRANSLATE_NOOP("WindowMenus", "#With settings"), "Std_Sectioncut", "Std_Polygoncut"}},
-        {windowTitle, {"Std_FullScreen"}},
-        {QT_TRANSLATE_NOOP("WindowMenus", "&Help"),
-         {"Std_Shortcuts", "Std_Guide", "-", "Std_About"}},
+        {windowTitle, {"Std_FullScreen", "Std_ResetLayout"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Help"), {"Std_Shortcuts", "-", "Std_About"}},
     };
     return all;
 }

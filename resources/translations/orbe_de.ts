@@ -822,6 +822,14 @@
         <translation>Das Fenster auf dem ganzen Bildschirm zeigen.</translation>
     </message>
     <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Put the panels back where they were at first.</source>
+        <translation>Die Bereiche wieder dorthin bringen, wo sie anfangs waren.</translation>
+    </message>
+    <message>
         <source>&amp;Keyboard and Mouse</source>
         <translation>&amp;Tastatur und Maus</translation>
     </message>

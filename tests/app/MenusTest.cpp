@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/AppWindow.h"
 
+#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -173,4 +174,19 @@ TEST_F(AppWindow, LooksAsItShould)
     part->setSelected(true, true, true);
     takePicture("part");
     EXPECT_TRUE(window->view().isValid());
+}
+
+TEST_F(AppWindow, ResetLayoutBringsMovedAndClosedPanelsBack)
+{
+    show();
+    auto* const parts = window->findChild<QDockWidget*>("Parts");
+    auto* const log = window->findChild<QDockWidget*>("Log");
+    ASSERT_TRUE(parts && log);
+    window->addDockWidget(Qt::RightDockWidgetArea, parts);
+    parts->hide();
+    log->show();
+    trigger("Std_ResetLayout");
+    EXPECT_EQ(window->dockWidgetArea(parts), Qt::LeftDockWidgetArea);
+    EXPECT_FALSE(parts->isHidden());
+    EXPECT_TRUE(log->isHidden());
 }
