@@ -160,9 +160,16 @@ void OrbeWindow::followDocument()
 
 void OrbeWindow::restorePlaces()
 {
+    m_firstPlaces = saveState(stateVersion);
     if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
         resize(defaultSize);
     m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
+}
+
+void OrbeWindow::resetLayout()
+{
+    restoreState(m_firstPlaces, stateVersion);
+    m_panels->resizeDocks();
 }
 
 void OrbeWindow::showEvent(QShowEvent* event)

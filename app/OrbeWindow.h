@@ -58,6 +58,8 @@ public:
     StatusLine& statusLine() const { return *m_status; }
     DocumentFiles& files() const { return *m_files; }
     NoticeBar& notices() const { return *m_notices; }
+    /// Puts docks and tool bars where they are at first; the window stays where it is.
+    void resetLayout();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -92,6 +94,7 @@ private:
     DocumentFollower* m_follower = nullptr;
     DocumentFiles* m_files = nullptr;
     std::unique_ptr<PartPreparation> m_preparation;
+    QByteArray m_firstPlaces;
     bool m_hasStoredPlaces = false;
     bool m_closesAfterJob = false;
     bool m_isAskingToClose = false;

@@ -78,6 +78,8 @@ PartOfRun ConnectorRun::cut(int index, MeshKernel* source,
     Halves atBase;
     MeshKernel unread;
     cutByPlane(*copy, m_offset, atOffset, unread, part.stage({0, span}));
+    // Its records would be in the way of the second cut's.
+    atOffset.lower.reset();
     cutByPlane(*copy, m_base, atBase, *part.cap, part.stage({span, span}));
     part.plain = {atBase.lower, atOffset.upper};
     return part;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands/WindowCommands.h"
 
+#include "app/OrbeWindow.h"
 #include "app/StartOptions.h"
 #include "app/commands/CheckableCommand.h"
 #include "app/window/ShortcutList.h"
@@ -42,6 +43,23 @@ public:
     {
         if (MainWindow* const window = MainWindow::getInstance())
             window->setWindowState(window->windowState() ^ Qt::WindowFullScreen);
+    }
+};
+
+class ResetLayoutCommand : public WindowCommand
+{
+public:
+    ResetLayoutCommand()
+        : WindowCommand(
+              "Std_ResetLayout",
+              {QT_TRANSLATE_NOOP("HostCommand", "&Reset Layout"),
+               QT_TRANSLATE_NOOP("HostCommand", "Put the panels back where they were at first.")})
+    {}
+
+    void activated(int) override
+    {
+        if (auto* const window = dynamic_cast<OrbeWindow*>(MainWindow::getInstance()))
+            window->resetLayout();
     }
 };
 
@@ -96,6 +114,7 @@ public:
 void registerWindowCommands(Base::CommandManager& manager)
 {
     manager.addCommand(new FullScreenCommand);
+    manager.addCommand(new ResetLayoutCommand);
     manager.addCommand(new ShortcutsCommand);
     manager.addCommand(new AboutCommand);
 }

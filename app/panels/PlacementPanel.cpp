@@ -5,7 +5,6 @@
 #include "app/panels/PanelIcon.h"
 #include "app/panels/VectorFields.h"
 #include "platform/ui/DocumentFollower.h"
-#include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/PushButtonAnimate.h"
@@ -73,10 +72,9 @@ void PlacementPanel::build()
     content->addWidget(m_positionGroup);
     content->addWidget(m_moveGroup);
     content->addWidget(m_rotateGroup);
-    auto* const buttons = new MellHBoxLayout;
-    buttons->addWidget(m_drop);
-    buttons->addWidget(m_centre);
-    content->addLayout(buttons);
+    // Beside each other they would make the panel wide in languages with long words.
+    content->addWidget(m_drop);
+    content->addWidget(m_centre);
 
     auto* const layout = new MellVBoxLayout(this);
     int const margin = themePixels("dialogWidegtMargin");

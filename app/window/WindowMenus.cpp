@@ -47,16 +47,13 @@ std::vector<Menu> const& menus()
          {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-",
           "Std_DropToPlate", "Std_CentreOnPlate", "-", "Std_Check", "Std_Repair"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Cut"),
-         {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
-          QT_TRANSLATE_NOOP("WindowMenus", "#With settings"), "Std_Sectioncut", "Std_Polygoncut"}},
-        {windowTitle, {"Std_FullScreen"}},
-        {QT_TRANSLATE_NOOP("WindowMenus", "&Help"),
-         {"Std_Shortcuts", "Std_Guide", "-", "Std_About"}},
+         {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut"}},
+        {windowTitle, {"Std_FullScreen", "Std_ResetLayout"}},
+        {QT_TRANSLATE_NOOP("WindowMenus", "&Help"), {"Std_Shortcuts", "-", "Std_About"}},
     };
     return all;
 }
 
-// The two cuts at the end bear the same text and icon; the tool bar has the quick one.
 constexpr char const* toolBarEntries[] = {"Std_Open",
                                           "Std_Save",
                                           "-",
@@ -78,8 +75,7 @@ constexpr char const* toolBarEntries[] = {"Std_Open",
                                           "Std_ShowEdges",
                                           "Std_CutView",
                                           "-",
-                                          "Std_zCut",
-                                          "Std_Polygoncut"};
+                                          "Std_zCut"};
 
 bool isSeparator(char const* entry)
 {

@@ -3,6 +3,9 @@
 
 #include "host/mesh/MeshCopy.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <atomic>
 
 MeshKernel::MeshKernel() : m_mesh(std::make_shared<UMesh<float>>()) {}
@@ -97,10 +100,21 @@ std::shared_ptr<UMesh<float> const> MeshKernel::readMesh() const
 void MeshKernel::UpdateBoundingBox()
 {
     std::shared_ptr<UMesh<float> const> const mesh = readMesh();
-    m_box.SetNull();
+    using Range = tbb::blocked_range<std::size_t>;
     bool const isPlain = m_matrix.isIdentity();
-    for (UVertex<float> const* const vertex : mesh->vertices)
-        m_box.Add(isPlain ? vertex->cP() : m_matrix * vertex->cP());
+    auto const grown = [&](Range const& range, UBox3<float> box) {
+        for (std::size_t i = range.begin(); i != range.end(); ++i) {
+            UPoint3<float> const& point = mesh->vertices[i]->cP();
+            box.Add(isPlain ? point : m_matrix * point);
+        }
+        return box;
+    };
+    auto const joined = [](UBox3<float> a, UBox3<float> const& b) {
+        a.Add(b);
+        return a;
+    };
+    m_box =
+        tbb::parallel_reduce(Range(0, mesh->vertices.size(), 16384), UBox3<float>(), grown, joined);
 }
 
 std::size_t MeshKernel::DeleteDegenerateTris()

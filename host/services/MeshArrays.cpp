@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/MeshArrays.h"
+#include "host/services/RecordArrays.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -65,21 +65,27 @@ void moveToWorld(UMatrix4<float> const& matrix, MeshArrays& arrays)
 
 }  // namespace
 
+MeshArrays copyArrays(UMesh<float> const& mesh, StageProgress& progress)
+{
+    MeshArrays arrays;
+    arrays.points.resize(mesh.vertices.size());
+    arrays.triangles.resize(mesh.triangles.size());
+    tbb::parallel_for(Range(0, arrays.points.size(), grain), [&](Range const& range) {
+        for (std::size_t i = range.begin(); i != range.end(); ++i)
+            arrays.points[i] = mesh.vertices[i]->cP();
+        progress.add(0);
+    });
+    if (!copyNumbered(mesh, arrays, progress))
+        copyUnnumbered(mesh, arrays, progress);
+    return arrays;
+}
+
 MeshArrays copyArrays(MeshKernel const& kernel, Frame frame, StageProgress& progress)
 {
     std::shared_ptr<UMesh<float> const> const mesh = kernel.readMesh();
-    MeshArrays arrays;
     if (!mesh)
-        return arrays;
-    arrays.points.resize(mesh->vertices.size());
-    arrays.triangles.resize(mesh->triangles.size());
-    tbb::parallel_for(Range(0, arrays.points.size(), grain), [&](Range const& range) {
-        for (std::size_t i = range.begin(); i != range.end(); ++i)
-            arrays.points[i] = mesh->vertices[i]->cP();
-        progress.add(0);
-    });
-    if (!copyNumbered(*mesh, arrays, progress))
-        copyUnnumbered(*mesh, arrays, progress);
+        return {};
+    MeshArrays arrays = copyArrays(*mesh, progress);
     if (frame == Frame::World && !kernel.getMatrix().isIdentity())
         moveToWorld(kernel.getMatrix(), arrays);
     return arrays;

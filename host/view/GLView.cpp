@@ -266,7 +266,12 @@ void GLView::paintBackground()
 
 bool GLView::saveScreenshot(QString const& file, QString* reason)
 {
-    QImage const picture = grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    QImage picture = grabFramebuffer();
+    while (m_scene->preparer().isWorking()) {
+        m_scene->preparer().finish();
+        picture = grabFramebuffer();
+    }
+    picture = picture.convertToFormat(QImage::Format_RGB32);
     QSaveFile target(file);
     bool const isSaved = !picture.isNull() && target.open(QIODevice::WriteOnly) &&
                          picture.save(&target, "PNG") && target.commit();

@@ -56,8 +56,12 @@ PartSection const* ViewProvider::section(std::unique_ptr<PartSection>& kept,
     MeshKernel const* const shown = kernel();
     if (!shown || shown->readMesh()->triangles.empty() || plane.normal == UVector3<double>())
         return nullptr;
-    if (!kept || !kept->isOf(shown->readMesh(), plane))
-        kept = std::make_unique<PartSection>(tree(*shown), shown->readMesh(), plane);
+    PartShape::Mesh const mesh = shown->readMesh();
+    if (!kept || !kept->isOf(mesh, plane)) {
+        if (!findTree(mesh))
+            return nullptr;
+        kept = std::make_unique<PartSection>(*m_tree, mesh, plane);
+    }
     return kept.get();
 }
 

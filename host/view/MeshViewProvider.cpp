@@ -40,8 +40,11 @@ void* ViewProvider::create()
 
 ViewProvider::~ViewProvider()
 {
-    if (m_surface)
-        m_view->makeCurrent();
+    if (!m_painted.shape)
+        return;
+    m_view->makeCurrent();
+    if (isShow())
+        m_view->scene().keepForNow(std::move(m_painted));
 }
 
 Base::Type ViewProvider::getTypeId() const
@@ -71,11 +74,7 @@ void ViewProvider::usePrepared(PreparedPart prepared)
     MeshKernel const* const shown = kernel();
     if (!shown || !prepared.isOf(*shown))
         return;
-    m_tree = std::move(prepared.tree);
-    if (!isSurfaceOf(*shown)) {
-        m_prepared = std::move(prepared.surface);
-        m_surfaceMesh.reset();
-    }
+    take(prepared, shown->readMesh());
 }
 
 void ViewProvider::updateRenderData()
@@ -83,8 +82,11 @@ void ViewProvider::updateRenderData()
     m_prepared.reset();
     m_capSection.reset();
     m_lineSection.reset();
-    m_surfaceMesh.reset();
     m_tree.reset();
+    if (m_painted.shape) {
+        m_view->scene().preparer().forget(m_painted.shape->mesh.lock().get());
+        m_painted.shape->mesh.reset();
+    }
     Base::ViewProvider::updateRenderData();
 }
 
@@ -99,37 +101,12 @@ bool ViewProvider::isTransparent() const
     return isGhost() || (color != 0 && (color & 255) != 255);
 }
 
-bool ViewProvider::isSurfaceOf(MeshKernel const& kernel) const
-{
-    auto const mesh = kernel.readMesh();
-    return m_surface && m_surfaceMesh.lock() == mesh &&
-           mesh->triangles.size() == m_surfaceTriangles;
-}
-
-void ViewProvider::upload(DrawDevice& device, MeshKernel const& kernel)
-{
-    // The tree tells whose mesh the prepared surface is of.
-    if (!m_prepared || !m_tree || !m_tree->isOf(kernel)) {
-        std::function<void(int)> const none;
-        StageProgress progress(none);
-        m_prepared = std::make_unique<PartSurface>(copyArrays(kernel, Frame::Local, progress));
-    }
-    m_surface = device.upload(*m_prepared);
-    m_meanEdge = m_prepared->meanEdge;
-    m_isSolid = m_prepared->isSolid;
-    m_surfaceMesh = kernel.readMesh();
-    m_surfaceTriangles = kernel.readMesh()->triangles.size();
-    m_deviceBytes = m_prepared->vertices.size() * sizeof(PartSurface::Vertex) +
-                    m_prepared->indices.size() * sizeof(std::uint32_t);
-    m_prepared.reset();
-}
-
 unsigned ViewProvider::edgeColor(MeshKernel const& kernel) const
 {
     double viewWidth, viewHeight;
     m_view->getCamera()->get_view_rect(viewWidth, viewHeight);
     double const scale = std::cbrt(std::abs(double(kernel.getMatrix().linearDeterminant())));
-    double const pixels = m_meanEdge * scale * m_view->height() / viewHeight;
+    double const pixels = m_painted.shape->meanEdge * scale * m_view->height() / viewHeight;
     // Where edges stand so close that they would cover the part, they let it shine through.
     unsigned const full = viewColors().edges & 255;
     double const share = std::clamp(pixels / plainEdges, faintestEdges, 1.0);
@@ -154,7 +131,8 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
         look.back = withAlpha(look.front, ghostAlpha);
     }
     // In perspective the eye may be inside.
-    look.isSolid = m_isSolid && (look.front & 255) == 255 && (!look.cut || hasCaps()) &&
+    look.isSolid = m_painted.shape->isSolid && (look.front & 255) == 255 &&
+                   (!look.cut || hasCaps()) &&
                    m_view->getCamera()->projection() == GLCamera::Projection::Parallel;
     look.isMarked = m_object->isSelected() && !isGhost();
     if (getRenderMode() != Shaded)
@@ -172,23 +150,16 @@ void ViewProvider::paintGL()
     MeshKernel const* const shown = kernel();
     if (!device || !shown)
         return;
-    if (!isSurfaceOf(*shown))
-        upload(*device, *shown);
-    QMatrix4x4 const toWorld = toQt(shown->getMatrix());
-    GLCamera const& camera = *m_view->getCamera();
-    QMatrix4x4 const toEye = camera.getModelViewMatrix() * toWorld;
-    QMatrix4x4 const toClip = camera.getProjectionMatrix() * toEye;
-    SurfaceLook const drawn = look(*shown);
-    device->draw(*m_surface, drawn, toClip, toEye);
-    if (drawn.cut && !isTransparent())
-        paintCap(drawn, toClip);
-}
-
-PickTree const& ViewProvider::tree(MeshKernel const& kernel) const
-{
-    if (!m_tree || !m_tree->isOf(kernel))
-        m_tree = std::make_unique<PickTree>(kernel);
-    return *m_tree;
+    if (!findShape(*device, shown->readMesh())) {
+        if (m_painted.shape)
+            m_view->scene().paint(m_painted);
+        return;
+    }
+    m_painted.look = look(*shown);
+    m_painted.toWorld = toQt(shown->getMatrix());
+    m_view->scene().paint(m_painted);
+    if (m_painted.look.cut && !isTransparent())
+        paintCap(m_painted.look, m_view->scene().toClip() * m_painted.toWorld);
 }
 
 std::optional<ViewProvider::Hit> ViewProvider::firstHit(PickTree::Ray const& ray) const
@@ -198,7 +169,7 @@ std::optional<ViewProvider::Hit> ViewProvider::firstHit(PickTree::Ray const& ray
         return {};
     // A reflection turns the ray and the corners alike, so fronts stay fronts.
     PickTree::Ray const local = placedBack(ray, shown->getMatrix());
-    auto const hit = tree(*shown).firstHit(*shown->readMesh(), local);
+    auto const hit = tree(shown->readMesh()).firstHit(*shown->readMesh(), local);
     if (!hit)
         return {};
     return Hit{shown->readMesh()->triangles[hit->triangle],

@@ -3,6 +3,7 @@
 
 #include "host/view/DrawDevice.h"
 #include "host/view/PartSection.h"
+#include "host/view/PartShape.h"
 #include "host/view/PreparedPart.h"
 #include "platform/view/ViewProvider.h"
 
@@ -12,7 +13,9 @@ class DocumentObject;
 
 /// Shows a part, and finds where a ray meets it. What OpenGL needs is made with the first picture
 /// and what picking needs with the first pick, both anew after the mesh was replaced or
-/// updateRenderData was called; a part that is moved keeps them.
+/// updateRenderData was called; a part that is moved keeps them, and parts with one mesh share
+/// them. Where that would keep the user interface waiting it is made on another thread, and the
+/// part is painted as it was before, or not at all, until the view asks for the next picture.
 class ViewProvider : public Base::ViewProvider
 {
 public:
@@ -53,32 +56,35 @@ public:
     void usePrepared(PreparedPart prepared);
 
     /// With the context current: frees what OpenGL holds.
-    void releaseGL() { m_surface.reset(); }
+    void releaseGL() { m_painted.shape.reset(); }
     /// Bytes that the part takes on the device now.
-    std::size_t deviceBytes() const { return m_surface ? m_deviceBytes : 0; }
+    std::size_t deviceBytes() const { return m_painted.shape ? m_painted.shape->bytes : 0; }
 
 private:
     DocumentObject const* part() const;
     MeshKernel const* kernel() const;
-    bool isSurfaceOf(MeshKernel const& kernel) const;
-    void upload(DrawDevice& device, MeshKernel const& kernel);
+    bool hasShapeOf(PartShape::Mesh const& mesh) const;
+    bool findShape(DrawDevice& device, PartShape::Mesh const& mesh);
+    bool findSurface(PartShape::Mesh const& mesh);
+    bool hasTreeOf(PartShape::Mesh const& mesh) const;
+    bool findTree(PartShape::Mesh const& mesh) const;
+    bool takeTree(PartShape::Mesh const& mesh) const;
+    void take(PreparedPart& prepared, PartShape::Mesh const& mesh) const;
+    /// Another provider of the view for which a question about a mesh is true; null if none is.
+    ViewProvider const* twin(bool (ViewProvider::*has)(PartShape::Mesh const&) const,
+                             PartShape::Mesh const& mesh) const;
     SurfaceLook look(MeshKernel const& kernel) const;
     unsigned edgeColor(MeshKernel const& kernel) const;
-    PickTree const& tree(MeshKernel const& kernel) const;
+    PickTree const& tree(PartShape::Mesh const& mesh) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
     bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
     void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
-    std::unique_ptr<DrawDevice::Geometry> m_surface;
-    std::weak_ptr<UMesh<float> const> m_surfaceMesh;
-    std::size_t m_surfaceTriangles = 0;
-    std::size_t m_deviceBytes = 0;
-    double m_meanEdge = 0;
-    bool m_isSolid = false;
-    std::unique_ptr<PartSurface> m_prepared;
-    mutable std::unique_ptr<PickTree> m_tree;
+    PaintedPart m_painted;
+    mutable std::unique_ptr<PartSurface> m_prepared;
+    mutable std::shared_ptr<PickTree const> m_tree;
     std::unique_ptr<PartSection> m_capSection;
     std::unique_ptr<PartSection> m_lineSection;
 };

@@ -98,14 +98,15 @@ void PickTree::Ray::limitBelow(ViewPlane const& plane)
         farthest = -infinity;
 }
 
-PickTree::PickTree(MeshKernel const& kernel) : PickTree(kernel, arraysOf(kernel)) {}
+PickTree::PickTree(MeshKernel const& kernel) : PickTree(kernel.readMesh(), arraysOf(kernel)) {}
 
-PickTree::PickTree(MeshKernel const& kernel, MeshArrays const& mesh) : m_mesh(kernel.readMesh())
+PickTree::PickTree(std::shared_ptr<UMesh<float> const> const& mesh, MeshArrays const& copy)
+    : m_mesh(mesh)
 {
-    if (mesh.triangles.empty())
+    if (copy.triangles.empty())
         return;
-    m_order = spatialOrder(mesh, std::vector<std::uint8_t>(mesh.triangles.size(), 0));
-    addLevels(mesh);
+    m_order = spatialOrder(copy, std::vector<std::uint8_t>(copy.triangles.size(), 0));
+    addLevels(copy);
 }
 
 void PickTree::addLevels(MeshArrays const& mesh)
@@ -140,9 +141,8 @@ void PickTree::addLevels(MeshArrays const& mesh)
     }
 }
 
-bool PickTree::isOf(MeshKernel const& kernel) const
+bool PickTree::isOf(std::shared_ptr<UMesh<float> const> const& mesh) const
 {
-    auto const mesh = kernel.readMesh();
     return mesh && m_mesh.lock() == mesh && mesh->triangles.size() == m_order.size();
 }
 

@@ -40,12 +40,13 @@ public:
 
     /// cost  linear in the triangles, on all cores
     explicit PickTree(MeshKernel const& kernel);
-    /// mesh  a copy of the kernel's, in the coordinates of the records
-    PickTree(MeshKernel const& kernel, MeshArrays const& mesh);
+    /// copy  of the mesh, in the coordinates of the records
+    PickTree(std::shared_ptr<UMesh<float> const> const& mesh, MeshArrays const& copy);
 
     /// Made from the mesh that the kernel has now, which has kept its number of triangles. Records
     /// that were moved in place do not show here.
-    bool isOf(MeshKernel const& kernel) const;
+    bool isOf(MeshKernel const& kernel) const { return isOf(kernel.readMesh()); }
+    bool isOf(std::shared_ptr<UMesh<float> const> const& mesh) const;
 
     /// The hit nearest to the origin, in the coordinates of the records. The mesh is that of the
     /// kernel it was made from.

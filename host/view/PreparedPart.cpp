@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PreparedPart.h"
 
+#include "host/services/RecordArrays.h"
 #include "host/view/MeshViewProvider.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 
-PreparedPart::PreparedPart(MeshKernel const& kernel)
+PreparedPart::PreparedPart(std::shared_ptr<UMesh<float> const> const& mesh)
 {
     std::function<void(int)> const none;
     StageProgress progress(none);
-    MeshArrays const mesh = copyArrays(kernel, Frame::Local, progress);
-    surface = std::make_unique<PartSurface>(mesh);
-    tree = std::make_unique<PickTree>(kernel, mesh);
+    MeshArrays const copy = copyArrays(*mesh, progress);
+    surface = std::make_unique<PartSurface>(copy);
+    tree = std::make_shared<PickTree>(mesh, copy);
 }
 
 void usePrepared(Mesh::DocumentObject const& part, PreparedPart prepared)

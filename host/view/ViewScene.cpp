@@ -41,6 +41,12 @@ Turn turnOf(Base::ViewProvider const* provider)
 
 }  // namespace
 
+ViewScene::ViewScene(Base::GLView* view) : m_view(view)
+{
+    QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
+                     [this] { askForPicture(); });
+}
+
 void ViewScene::setDocument(Base::Document* document)
 {
     if (document == m_document)
@@ -48,6 +54,7 @@ void ViewScene::setDocument(Base::Document* document)
     disconnect_all();
     if (m_document)
         m_document->setView(nullptr);
+    dropLeaving();
     m_document = document;
     if (!document)
         return;
@@ -111,6 +118,7 @@ void ViewScene::release()
     for (Base::ViewProvider* const provider : m_providers)
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
+    m_leaving.clear();
     m_device.reset();
 }
 
@@ -127,8 +135,34 @@ bool ViewScene::hasTools() const
     return std::any_of(m_providers.begin(), m_providers.end(), isTool);
 }
 
+void ViewScene::dropLeaving()
+{
+    if (m_leaving.empty())
+        return;
+    m_view->makeCurrent();
+    m_leaving.clear();
+}
+
+void ViewScene::paint(PaintedPart const& part)
+{
+    GLCamera const& camera = *m_view->getCamera();
+    QMatrix4x4 const toEye = camera.getModelViewMatrix() * part.toWorld;
+    m_device->draw(*part.shape->geometry, part.look, camera.getProjectionMatrix() * toEye, toEye);
+}
+
+void ViewScene::paintLeaving()
+{
+    if (!m_preparer.isWorking())
+        m_leaving.clear();
+    for (PaintedPart const& part : m_leaving) {
+        m_device->resetState();
+        paint(part);
+    }
+}
+
 void ViewScene::paintProviders()
 {
+    m_preparer.beginPicture();
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
         // A provider may add objects while it paints.
         std::vector<Base::ViewProvider*> const providers = m_providers;
@@ -137,6 +171,8 @@ void ViewScene::paintProviders()
                 m_device->resetState();
                 provider->paintGL();
             }
+        if (turn == Turn::Opaque)
+            paintLeaving();
     }
     m_device->resetState();
 }

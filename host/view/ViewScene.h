@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/view/DrawDevice.h"
+#include "host/view/PartPreparer.h"
+#include "host/view/PartShape.h"
 #include "platform/document/Document.h"
 
 #include <vector>
@@ -26,7 +27,7 @@ class ViewProvider;
 class ViewScene : public sigslot::has_slots<sigslot::single_threaded>
 {
 public:
-    explicit ViewScene(Base::GLView* view) : m_view(view) {}
+    explicit ViewScene(Base::GLView* view);
 
     Base::GLView& view() const { return *m_view; }
     Base::Document* document() const { return m_document; }
@@ -50,6 +51,11 @@ public:
     bool hasSelection() const;
     bool hasTools() const;
     void paintProviders();
+    PartPreparer& preparer() { return m_preparer; }
+    /// A part that is taken out is painted as it was until those that may have come for it are
+    /// ready.
+    void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
+    void paint(PaintedPart const& part);
     void paintItems();
 
     /// Draws points of the moment: uploads, draws and forgets them.
@@ -61,6 +67,8 @@ public:
 
 private:
     void askForPicture();
+    void dropLeaving();
+    void paintLeaving();
     void objectChanged(Base::DocumentObject*) { askForPicture(); }
     void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
     void documentDeleted() { m_document = nullptr; }
@@ -70,4 +78,6 @@ private:
     std::vector<Base::ViewProvider*> m_providers;
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
+    std::vector<PaintedPart> m_leaving;
+    PartPreparer m_preparer;
 };

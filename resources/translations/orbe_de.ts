@@ -1230,6 +1230,14 @@
         <translation>Das Fenster auf dem ganzen Bildschirm zeigen.</translation>
     </message>
     <message>
+        <source>&amp;Reset Layout</source>
+        <translation>Anordnung &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Put the panels back where they were at first.</source>
+        <translation>Die Bereiche wieder dorthin bringen, wo sie anfangs waren.</translation>
+    </message>
+    <message>
         <source>&amp;Keyboard and Mouse</source>
         <translation>&amp;Tastatur und Maus</translation>
     </message>
@@ -2093,14 +2101,6 @@
         <translation>Klick auf den Würfel</translation>
     </message>
     <message>
-        <source>Drag with the middle button</source>
-        <translation>Mit der mittleren Taste ziehen</translation>
-    </message>
-    <message>
-        <source>Drag with the middle button and Shift</source>
-        <translation>Mit der mittleren Taste und Umschalt ziehen</translation>
-    </message>
-    <message>
         <source>Wheel, or drag with the right button and Ctrl</source>
         <translation>Mausrad oder mit der rechten Taste und Strg ziehen</translation>
     </message>
@@ -2350,10 +2350,6 @@
     <message>
         <source>#At the height of the slider</source>
         <translation>#In der Höhe des Schiebers</translation>
-    </message>
-    <message>
-        <source>#With settings</source>
-        <translation>#Mit Einstellungen</translation>
     </message>
     <message>
         <source>&amp;Help</source>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/app/AppWindow.h"
 
+#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -102,13 +103,14 @@ TEST_F(AppWindow, EveryCommandWithAShortcutIsInAMenu)
     }
 }
 
-TEST_F(AppWindow, TheCutsOfThePlugInAreInTheMenus)
+TEST_F(AppWindow, TheCutOfThePlugInIsInTheMenusAndWhatHasNoEffectIsNot)
 {
     std::set<QString> inMenus;
     for (QAction const* const entry : menuEntries(*window))
         inMenus.insert(entry->objectName());
-    for (char const* name : {"Std_zCut", "Std_Sectioncut", "Std_Polygoncut"})
-        EXPECT_TRUE(inMenus.count(name)) << name;
+    EXPECT_TRUE(inMenus.count("Std_zCut"));
+    for (char const* name : {"Std_Sectioncut", "Std_Polygoncut"})
+        EXPECT_FALSE(inMenus.count(name)) << name;
 }
 
 TEST_F(AppWindow, DisabledEntriesSayWhyInTheirToolTips)
@@ -173,4 +175,19 @@ TEST_F(AppWindow, LooksAsItShould)
     part->setSelected(true, true, true);
     takePicture("part");
     EXPECT_TRUE(window->view().isValid());
+}
+
+TEST_F(AppWindow, ResetLayoutBringsMovedAndClosedPanelsBack)
+{
+    show();
+    auto* const parts = window->findChild<QDockWidget*>("Parts");
+    auto* const log = window->findChild<QDockWidget*>("Log");
+    ASSERT_TRUE(parts && log);
+    window->addDockWidget(Qt::RightDockWidgetArea, parts);
+    parts->hide();
+    log->show();
+    trigger("Std_ResetLayout");
+    EXPECT_EQ(window->dockWidgetArea(parts), Qt::LeftDockWidgetArea);
+    EXPECT_FALSE(parts->isHidden());
+    EXPECT_TRUE(log->isHidden());
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PreparedPart.h"
+#include "host/view/ViewScene.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/view/ShownView.h"
 
@@ -76,4 +77,64 @@ TEST_P(PreparedParts, ShineThroughEdgesThatWouldCoverThem)
     int const plain = colorAt(picture("dense-shaded"), top).lightness();
     test.document->getViewProvider(part)->setRenderMode(Base::ViewProvider::ShadedWithEdges);
     EXPECT_GT(colorAt(picture("dense-edges"), top).lightness(), plain * 6 / 10);
+}
+
+TEST_P(PreparedParts, OfManyTrianglesAreMadeWhileTheWindowGoesOn)
+{
+    lookDown();
+    QImage const empty = picture("nothing-yet");
+    Mesh::DocumentObject* const part = test.add(sphere(20, 330, 330), "sphere");
+    auto const mesh = part->meshProperty->getMesh()->readMesh();
+    ASSERT_GT(mesh->triangles.size(), 200000u);
+    PartPreparer& preparer = view->scene().preparer();
+    view->grabFramebuffer();
+    EXPECT_TRUE(preparer.isWorking());
+    preparer.finish();
+    EXPECT_FALSE(preparer.isWorking());
+    QImage const shown = view->grabFramebuffer();
+    EXPECT_NE(shown.pixelColor(shown.rect().center()), empty.pixelColor(empty.rect().center()));
+    Mesh::GLView::Pick pick;
+    ASSERT_TRUE(view->pickPoint(view->rect().center(), pick));
+    EXPECT_EQ(pick.part, part);
+}
+
+TEST_P(PreparedParts, WithOneMeshAreMadeOnce)
+{
+    Mesh::DocumentObject* const part = test.add(sphere(20, 330, 330), "sphere");
+    lookDown();
+    PartPreparer& preparer = view->scene().preparer();
+    view->grabFramebuffer();
+    preparer.finish();
+    view->grabFramebuffer();
+    test.document->addObject(part->shallowCopy(), "copy", true);
+    view->grabFramebuffer();
+    EXPECT_FALSE(preparer.isWorking());
+}
+
+TEST_P(PreparedParts, ArePickedBeforeTheyAreShown)
+{
+    Mesh::DocumentObject* const part = test.add(sphere(20, 330, 330), "sphere");
+    lookDown();
+    Mesh::GLView::Pick pick;
+    ASSERT_TRUE(view->pickPoint(positionOf({0, 0, 20}), pick));
+    EXPECT_EQ(pick.part, part);
+}
+
+TEST_P(PreparedParts, ReplaceWhatWasShownOnlyWhenTheyAreReady)
+{
+    Mesh::DocumentObject* const before = test.add(box(40, 40, 40), "box");
+    view->setPlateVisible(false);
+    lookDown();
+    QImage const shown = view->grabFramebuffer();
+    PartPreparer& preparer = view->scene().preparer();
+    test.document->removeObject(before);
+    Mesh::DocumentObject* const piece = test.add(sphere(2, 330, 330), "piece");
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    ASSERT_TRUE(preparer.isWorking());
+    preparer.finish();
+    EXPECT_NE(view->grabFramebuffer(), shown);
+    test.document->removeObject(piece);
+    QImage const empty = view->grabFramebuffer();
+    EXPECT_EQ(empty.pixelColor(positionOf({1, 1, 0}) * int(view->devicePixelRatioF())),
+              empty.pixelColor(2, positionOf({1, 1, 0}).y() * int(view->devicePixelRatioF())));
 }

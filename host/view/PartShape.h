@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/view/DrawDevice.h"
+
+#include <memory>
+
+/// The surface of a mesh on the device, for all parts of a view that have the mesh.
+///
+/// thread  that of the view, with its context current
+struct PartShape
+{
+    using Mesh = std::shared_ptr<UMesh<float> const>;
+
+    PartShape(DrawDevice& device, PartSurface const& surface, Mesh const& source);
+
+    /// Made from the mesh, which has kept its number of triangles.
+    bool isOf(Mesh const& other) const;
+
+    std::unique_ptr<DrawDevice::Geometry> geometry;
+    /// As PartSurface has them.
+    double meanEdge;
+    bool isSolid;
+    std::size_t bytes;
+    /// Reset when the records have changed.
+    std::weak_ptr<UMesh<float> const> mesh;
+
+private:
+    std::size_t m_triangles;
+};
+
+/// A part as it was last painted.
+struct PaintedPart
+{
+    std::shared_ptr<PartShape> shape;
+    SurfaceLook look;
+    QMatrix4x4 toWorld;
+};
