@@ -11,6 +11,9 @@ namespace {
 
 using Eye = PartNode::Eye;
 
+/// A property of the editor: the name that it was given last.
+constexpr char const* shownName = "shownName";
+
 Eye eyeOf(QModelIndex const& index)
 {
     return Eye(index.data(PartTreeModel::EyeRole).toInt());
@@ -23,6 +26,16 @@ QSize PartListDelegate::sizeHint(QStyleOptionViewItem const& option, QModelIndex
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     int const height = option.fontMetrics.height() * 3 / 2;
     return {size.width() + option.fontMetrics.height() / 2, std::max(size.height(), height)};
+}
+
+void PartListDelegate::setEditorData(QWidget* editor, QModelIndex const& index) const
+{
+    // Any change of the row comes by here: its part may just have been found to be closed.
+    QVariant const name = index.data(Qt::EditRole);
+    if (editor->property(shownName) == name)
+        return;
+    editor->setProperty(shownName, name);
+    QStyledItemDelegate::setEditorData(editor, index);
 }
 
 void PartListDelegate::initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const

@@ -14,6 +14,8 @@ public:
     void paint(QPainter* painter, QStyleOptionViewItem const& option,
                QModelIndex const& index) const override;
     QSize sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const override;
+    /// Leaves the text as it is typed unless the part got another name meanwhile.
+    void setEditorData(QWidget* editor, QModelIndex const& index) const override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const override;

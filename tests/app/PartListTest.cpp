@@ -265,6 +265,22 @@ TEST_F(PartListTest, ANameIsEditedInTheRow)
     EXPECT_EQ(parts.first->getName(), "flange");
 }
 
+TEST_F(PartListTest, AChangeOfTheRowLeavesANameThatIsBeingTyped)
+{
+    click(parts.first);
+    key(Qt::Key_F2);
+    auto* const editor = list.view()->viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    editor->setText("fl");
+    parts.first->setColor(0x0a0b0cff);
+    parts.second->setVisible(false);
+    handleEvents();
+    EXPECT_EQ(editor->text(), "fl");
+    parts.first->setName("renamed elsewhere");
+    handleEvents();
+    EXPECT_EQ(editor->text(), "renamed elsewhere");
+}
+
 TEST_F(PartListTest, PartsAreDraggedIntoAGroupAndOutOfIt)
 {
     drop({parts.first}, rowMiddle(parts.group));
