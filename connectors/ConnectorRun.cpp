@@ -46,7 +46,7 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
         MeshKernel* const source = kernelOfPart(part);
         if (!source)
             continue;
-        PartOfRun const current = cut(i, source, progress);
+        PartOfRun current = cut(i, source, progress);
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;
         bool const isUpperFirst = !connected && m_form.plainUpperFirst;

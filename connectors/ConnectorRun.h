@@ -53,8 +53,9 @@ struct PartOfRun
 class ConnectorRun
 {
 public:
-    /// Gives the halves with connectors, or nothing where none fit.
-    using Connect = std::function<std::optional<Halves>(PartOfRun const&)>;
+    /// Gives the halves with connectors, in place of the plain ones, which it may give up; or
+    /// nothing where none fit.
+    using Connect = std::function<std::optional<Halves>(PartOfRun&)>;
 
     /// base, offset  plane meshes, borrowed; offset is not used by the form of one cut
     ConnectorRun(RunForm const& form, std::vector<Mesh::DocumentObject*> parts, MeshKernel& base,

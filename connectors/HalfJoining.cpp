@@ -14,7 +14,7 @@ void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::Boolea
 
 }  // namespace
 
-Halves joinRaisedAndHollow(PartOfRun const& part, MeshKernel& raised, MeshKernel& hollow,
+Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
                            std::function<void(int)> const& progress)
 {
     Halves joined;
@@ -22,18 +22,21 @@ Halves joinRaisedAndHollow(PartOfRun const& part, MeshKernel& raised, MeshKernel
     combine(*part.source, raised, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
     combine(*part.plain.lower, clipped, *joined.lower, Intersect::BOOLEAN_UNION, progress,
             {40, 30});
+    part.plain.lower.reset();
     combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
             {70, 30});
+    part.plain.upper.reset();
     return joined;
 }
 
-Halves takeOutOfBoth(PartOfRun const& part, MeshKernel& hollow,
-                     std::function<void(int)> const& progress)
+Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)
 {
     Halves joined;
     combine(*part.plain.lower, hollow, *joined.lower, Intersect::BOOLEAN_SUBTRACT, progress,
             {0, 50});
+    part.plain.lower.reset();
     combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
             {50, 50});
+    part.plain.upper.reset();
     return joined;
 }

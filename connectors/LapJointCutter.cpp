@@ -32,10 +32,10 @@ CutResultMap LapJointCutter::run(std::function<void(int)> const& progress) const
     planes.calculateOffsetPlaneMesh(base.getMesh().get(), offset.getMesh().get(),
                                     paras.frontClearance);
     return ConnectorRun(RunForm::twoCuts(), parts, base, offset)
-        .run(progress, [&](PartOfRun const& part) { return connect(part, planes.frame(), base); });
+        .run(progress, [&](PartOfRun& part) { return connect(part, planes.frame(), base); });
 }
 
-std::optional<Halves> LapJointCutter::connect(PartOfRun const& part, PlaneFrame const& frame,
+std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const& frame,
                                               MeshKernel const& basePlane) const
 {
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
@@ -65,7 +65,7 @@ std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionConto
     return solid;
 }
 
-Halves LapJointCutter::applyLapJoint(PartOfRun const& part, std::vector<MeshKernel>& tongue,
+Halves LapJointCutter::applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& tongue,
                                      std::vector<MeshKernel>& notch) const
 {
     constexpr ConnectorProgress::Share stage{40, 60};

@@ -36,13 +36,13 @@ public:
 
 private:
     CutResultMap run(std::function<void(int)> const& progress) const;
-    std::optional<Halves> connect(PartOfRun const& part, PlaneFrame const& frame,
+    std::optional<Halves> connect(PartOfRun& part, PlaneFrame const& frame,
                                   MeshKernel const& basePlane) const;
     /// The tongue or the notch as one kernel, or none.
     std::vector<MeshKernel> createNotchMesh(std::vector<SectionContour> const& contours,
                                             PlaneFrame const& frame, MeshKernel const& basePlane,
                                             bool tongue) const;
-    Halves applyLapJoint(PartOfRun const& part, std::vector<MeshKernel>& tongue,
+    Halves applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& tongue,
                          std::vector<MeshKernel>& notch) const;
 
     bool checkBoundary;

@@ -42,12 +42,12 @@ CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> co
                                         paras.faceclearance);
     else
         planes.calculateCutPlaneMesh(base.getMesh().get());
-    return ConnectorRun(form, parts, base, offset).run(progress, [&](PartOfRun const& part) {
+    return ConnectorRun(form, parts, base, offset).run(progress, [&](PartOfRun& part) {
         return connect(part, form, planes.frame());
     });
 }
 
-std::optional<Halves> PinHoleCutter::connect(PartOfRun const& part, RunForm const& form,
+std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& form,
                                              PlaneFrame const& frame) const
 {
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
@@ -62,7 +62,7 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun const& part, RunForm cons
                        : applyHoles(part, form, frame, positions);
 }
 
-Halves PinHoleCutter::applyPins(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                                 std::vector<UPoint3<float>> const& positions) const
 {
     std::vector<MeshKernel> pins;
@@ -77,8 +77,7 @@ Halves PinHoleCutter::applyPins(PartOfRun const& part, RunForm const& form, Plan
     return joined;
 }
 
-Halves PinHoleCutter::applyHoles(PartOfRun const& part, RunForm const& form,
-                                 PlaneFrame const& frame,
+Halves PinHoleCutter::applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                                  std::vector<UPoint3<float>> const& positions) const
 {
     std::vector<MeshKernel> holes;

@@ -36,11 +36,11 @@ public:
 
 private:
     CutResultMap run(RunForm const& form, std::function<void(int)> const& progress) const;
-    std::optional<Halves> connect(PartOfRun const& part, RunForm const& form,
+    std::optional<Halves> connect(PartOfRun& part, RunForm const& form,
                                   PlaneFrame const& frame) const;
-    Halves applyPins(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+    Halves applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                      std::vector<UPoint3<float>> const& positions) const;
-    Halves applyHoles(PartOfRun const& part, RunForm const& form, PlaneFrame const& frame,
+    Halves applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                       std::vector<UPoint3<float>> const& positions) const;
 
     PinHoleParas paras;
