@@ -76,7 +76,7 @@ void editAtRandom(Mesh::Document& document, std::mt19937& random)
 
 }  // namespace
 
-TEST_F(PartEditsTest, RandomSequencesComeBackByUndoAndByRedo)
+TEST(PartEditSequences, ComeBackByUndoAndByRedo)
 {
     for (unsigned seed = 1; seed <= 20; ++seed) {
         PartDocument fresh;
