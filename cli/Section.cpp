@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/CutReport.h"
-#include "cli/DocumentParts.h"
+#include "cli/CutRun.h"
 #include "cli/Numbers.h"
-#include "cli/SavePieces.h"
 #include "cli/SectionJob.h"
 #include "cli/SectionSurvey.h"
 #include "cli/SubCommands.h"
-#include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
 #include "tools/SceneBox.h"
 
 #include <CLI/CLI.hpp>
@@ -16,7 +12,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
-#include <optional>
 
 namespace {
 
@@ -78,51 +73,21 @@ void warnOfPlainHalves(std::vector<CutPart> const& parts)
                          part.section->warning.c_str());
 }
 
-void cutAndSave(SectionOptions const& options, Mesh::Document& document,
-                std::vector<CutPart>& parts, Freecut::PlaneGraphicObject& plane, PieceFiles& files,
-                CutSeconds& seconds)
-{
-    Stopwatch stage;
-    runSectionJob(document, parts, plane, options);
-    if (options.keepOriginal)
-        appendOriginals(parts, options.pieces, files);
-    seconds.cut = stage.restart();
-    savePieces(parts, options.pieces, files);
-    seconds.save = stage.restart();
-}
-
 int runSection(SectionOptions const& options)
 {
-    Stopwatch total;
     options.check();
     applyCommonOptions(options.common);
-    checkReportTarget(options.common.report, options.common.files);
-    std::optional<PieceFiles> files;
-    if (!options.dryRun)
-        files.emplace(options.pieces.folder, options.pieces.overwrite());
-    CutSeconds seconds;
-    Stopwatch stage;
-    std::vector<SourcePart> sources = readSources(options.common.files);
-    seconds.load = stage.restart();
-
-    Mesh::Document& document = *Application::Instance->newDocument("freecut");
-    bool const wantsReport = !options.common.report.empty();
-    std::vector<CutPart> parts = addParts(document, sources, wantsReport);
-    Freecut::PlaneSize const size = sizeOf(options, document);
+    CutRun run(options.common, options.pieces, options.dryRun);
+    Freecut::PlaneSize const size = sizeOf(options, run.document());
     auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-    if (wantsReport || options.dryRun || options.connectors.cutType() != SECTIONCUT_PLANE)
-        surveySections(parts, *plane, options);
-    warnOfPlainHalves(parts);
-    if (files)
-        cutAndSave(options, document, parts, *plane, *files, seconds);
-
-    if (wantsReport)
-        writeReport(options.common.report, cutReport(reportHead(options, size), parts, seconds,
-                                                     total, Threads::threadCount()));
-    if (files)
-        files->keep();
+    if (run.wantsReport() || options.dryRun || options.connectors.cutType() != SECTIONCUT_PLANE)
+        surveySections(run.parts(), *plane, options);
+    warnOfPlainHalves(run.parts());
+    run.cutAndSave(options.keepOriginal,
+                   [&] { runSectionJob(run.document(), run.parts(), *plane, options); });
+    run.finish(reportHead(options, size));
     if (options.common.wantsTable())
-        files ? printTable(parts) : printSurvey(parts);
+        run.isDry() ? printSurvey(run.parts()) : printTable(run.parts());
     return 0;
 }
 

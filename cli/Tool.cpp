@@ -1,23 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/CutReport.h"
-#include "cli/DocumentParts.h"
+#include "cli/CutRun.h"
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
-#include "cli/SavePieces.h"
 #include "cli/SubCommands.h"
 #include "cli/ToolJob.h"
 #include "cli/ToolPicture.h"
 #include "cli/ToolReport.h"
 #include "cli/ToolShapes.h"
-#include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <memory>
-#include <optional>
 
 namespace {
 
@@ -72,53 +67,24 @@ void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
     std::printf("%s mm deep\n", decimal(tool.record->getExtrudeVector().GetLength()).c_str());
 }
 
-void cutAndSave(ToolOptions const& options, Mesh::Document& document, std::vector<CutPart>& parts,
-                DrawnTool const& tool, PieceFiles& files, CutSeconds& seconds)
-{
-    Stopwatch stage;
-    runToolJob(document, parts, tool, options.keepOriginal);
-    if (options.keepOriginal)
-        appendOriginals(parts, options.pieces, files);
-    seconds.cut = stage.restart();
-    savePieces(parts, options.pieces, files);
-    seconds.save = stage.restart();
-}
-
 int runTool(ToolOptions const& options)
 {
-    Stopwatch total;
     options.check();
     applyCommonOptions(options.common);
-    checkReportTarget(options.common.report, options.common.files);
     checkReportTarget(options.picture, options.common.files);
-    std::optional<PieceFiles> files;
-    if (!options.dryRun)
-        files.emplace(options.pieces.folder, options.pieces.overwrite());
-    CutSeconds seconds;
-    Stopwatch stage;
-    std::vector<SourcePart> sources = readSources(options.common.files);
-    seconds.load = stage.restart();
-
-    Mesh::Document& document = *Application::Instance->newDocument("freecut");
-    bool const wantsReport = !options.common.report.empty();
-    std::vector<CutPart> parts = addParts(document, sources, wantsReport);
-    ToolScene scene(document, options.viewIndex());
+    CutRun run(options.common, options.pieces, options.dryRun);
+    ToolScene scene(run.document(), options.viewIndex());
     DrawnTool const tool = options.draw(scene);
     Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
     checkOutlines(outlines, options);
     if (!options.picture.empty())
-        writeToolPicture(options.picture, scene, tool, parts);
+        writeToolPicture(options.picture, scene, tool, run.parts());
     Report const head = reportHead(options, scene, tool);
-    if (files)
-        cutAndSave(options, document, parts, tool, *files, seconds);
-
-    if (wantsReport)
-        writeReport(options.common.report,
-                    cutReport(head, parts, seconds, total, Threads::threadCount()));
-    if (files)
-        files->keep();
+    run.cutAndSave(options.keepOriginal,
+                   [&] { runToolJob(run.document(), run.parts(), tool, options.keepOriginal); });
+    run.finish(head);
     if (options.common.wantsTable())
-        files ? printTable(parts) : printOutlines(outlines, tool);
+        run.isDry() ? printOutlines(outlines, tool) : printTable(run.parts());
     return 0;
 }
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Draws docs/images/bounded-plane.svg: draw_bounded_plane OUT.svg. Small parts are cut by planes
 // that end within them; each panel shows the part with the plane, and what the cut makes of it.
+#include "examples/SvgNumber.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/MeshBuilders.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -48,14 +48,6 @@ char const* const sideBColour = "#7db58a";
 char const* const capColour = "#ecb84f";
 char const* const planeColour = "#d0453a";
 char const* const textColour = "#333a40";
-
-std::string numberText(float value)
-{
-    char buffer[32];
-    auto const end =
-        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 2).ptr;
-    return {buffer, end};
-}
 
 std::string screen(Point const& p)
 {

@@ -5,12 +5,12 @@
 #include "connectors/ContourDistance.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/PlaneFrame.h"
+#include "examples/SvgNumber.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/EarcutPolygon.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/Soup.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -41,14 +41,6 @@ char const* const edgeColour = "#c9b98f";
 char const* const contourColour = "#333a40";
 char const* const lineColour = "#2f6fb0";
 char const* const pinColour = "#d0453a";
-
-std::string numberText(float value)
-{
-    char buffer[32];
-    auto const end =
-        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 2).ptr;
-    return {buffer, end};
-}
 
 std::string screen(Point const& p)
 {
