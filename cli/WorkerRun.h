@@ -2,8 +2,8 @@
 #pragma once
 
 #include "cli/CutPart.h"
-#include "cutjobs/CutResultMap.h"
 #include "cutjobs/ResultIntegration.h"
+#include "cutjobs/common/CutResultMap.h"
 
 class CutWorker;
 namespace Mesh {

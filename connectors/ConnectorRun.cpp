@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/ConnectorRun.h"
 
-#include "cutjobs/PartMesh.h"
+#include "cutjobs/common/PartMesh.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"

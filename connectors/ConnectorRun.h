@@ -2,7 +2,7 @@
 #pragma once
 
 #include "connectors/ConnectorProgress.h"
-#include "cutjobs/CutResultMap.h"
+#include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <functional>

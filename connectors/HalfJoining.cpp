@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/HalfJoining.h"
 
-#include "platform/services/Intersect.h"
+#include "cutjobs/common/SolidCombining.h"
 
 namespace {
 
 void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::BooleanType type,
              std::function<void(int)> const& stage, ConnectorProgress::Share share)
 {
-    std::vector<MeshKernel*> out{&result};
-    Intersect::boolean(&a, &b, out, type, ConnectorProgress::span(stage, share), 1);
+    combineSolids(a, b, result, type, ConnectorProgress::span(stage, share));
 }
 
 }  // namespace

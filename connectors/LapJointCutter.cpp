@@ -5,7 +5,7 @@
 #include "connectors/LapJointOutline.h"
 #include "connectors/LapJointSolid.h"
 #include "connectors/SectionPlanes.h"
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ServiceCall.h"
 
 LapJointCutter::LapJointCutter(LapJointParas const& paras_, bool checkBoundary_,
                                std::vector<Mesh::DocumentObject*> parts_,

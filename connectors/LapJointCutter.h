@@ -4,7 +4,7 @@
 #include "connectors/ConnectorRun.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/SectionContour.h"
-#include "cutjobs/CutResultMap.h"
+#include "cutjobs/common/CutResultMap.h"
 
 namespace Freecut {
 class PlaneGraphicObject;

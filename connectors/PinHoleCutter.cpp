@@ -5,7 +5,7 @@
 #include "connectors/PinBodies.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ServiceCall.h"
 
 namespace {
 

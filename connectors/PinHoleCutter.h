@@ -3,7 +3,7 @@
 
 #include "connectors/ConnectorRun.h"
 #include "connectors/PinHoleParas.h"
-#include "cutjobs/CutResultMap.h"
+#include "cutjobs/common/CutResultMap.h"
 #include "platform/geometry/UPoint3.h"
 
 namespace Freecut {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/SectionPlanes.h"
 
-#include "cutjobs/PartMesh.h"
-#include "cutjobs/PlaneMesh.h"
+#include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/PlaneMesh.h"
 #include "platform/jobs/Exceptions.h"
 #include "tools/PlaneGraphicObject.h"
 

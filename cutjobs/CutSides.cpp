@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/CutSides.h"
 
-#include "cutjobs/ProgressScale.h"
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ProgressScale.h"
+#include "cutjobs/common/ServiceCall.h"
 #include "platform/services/Intersect.h"
 
 CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
@@ -37,11 +37,4 @@ void cleanUpPiece(MeshKernel& piece)
     piece.UpdateTrisID();
     piece.UpdateVertsID();
     piece.UpdateBoundingBox();
-}
-
-void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
-                std::shared_ptr<MeshKernel> const& piece)
-{
-    if (!piece->readMesh()->triangles.empty())
-        result[part].push_back(piece);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cutjobs/CutResultMap.h"
+#include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <functional>
@@ -29,7 +29,3 @@ struct CutSides
 
 /// Cleans up a piece that a service has made.
 void cleanUpPiece(MeshKernel& piece);
-
-/// Appends a piece to those of its part if it has triangles.
-void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
-                std::shared_ptr<MeshKernel> const& piece);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/CutWorker.h"
 
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ServiceCall.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
 

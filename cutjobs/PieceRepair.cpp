@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/PieceRepair.h"
 
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ServiceCall.h"
 #include "platform/jobs/SecondaryThread.h"
 #include "platform/services/Repair.h"
 

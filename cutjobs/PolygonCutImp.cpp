@@ -2,10 +2,10 @@
 #include "cutjobs/PolygonCutImp.h"
 
 #include "cutjobs/CutSides.h"
-#include "cutjobs/PartMesh.h"
-#include "cutjobs/ProgressScale.h"
-#include "cutjobs/ServiceCall.h"
-#include "platform/services/Intersect.h"
+#include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/ProgressScale.h"
+#include "cutjobs/common/ServiceCall.h"
+#include "cutjobs/common/SolidCombining.h"
 
 #include <QCoreApplication>
 
@@ -20,10 +20,7 @@ namespace {
 void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::BooleanType type,
              std::function<void(int)> const& progress)
 {
-    ServiceCall::run([&] {
-        std::vector<MeshKernel*> out{&piece};
-        Intersect::boolean(&part, &tool, out, type, progress, 1);
-    });
+    ServiceCall::run([&] { combineSolids(part, tool, piece, type, progress); });
 }
 
 }  // namespace

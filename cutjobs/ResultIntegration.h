@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cutjobs/CutResultMap.h"
+#include "cutjobs/common/CutResultMap.h"
 
 #include <map>
 #include <string>

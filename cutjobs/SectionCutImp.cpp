@@ -5,8 +5,8 @@
 #include "connectors/PinHoleCutter.h"
 #include "connectors/SectionPlanes.h"
 #include "cutjobs/CutSides.h"
-#include "cutjobs/PartMesh.h"
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/ServiceCall.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <QCoreApplication>

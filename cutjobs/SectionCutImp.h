@@ -3,9 +3,9 @@
 
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
-#include "cutjobs/CutResultMap.h"
 #include "cutjobs/CutWorker.h"
 #include "cutjobs/SectionCutType.h"
+#include "cutjobs/common/CutResultMap.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/SectionZCut.h"
 
-#include "cutjobs/PartMesh.h"
 #include "cutjobs/WorkerThread.h"
 #include "cutjobs/ZCutImp.h"
+#include "cutjobs/common/PartMesh.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/EventNotify.h"

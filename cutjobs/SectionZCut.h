@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cutjobs/CutResultMap.h"
 #include "cutjobs/ResultIntegration.h"
+#include "cutjobs/common/CutResultMap.h"
 
 #include <QObject>
 #include <QString>

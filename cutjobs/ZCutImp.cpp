@@ -2,9 +2,9 @@
 #include "cutjobs/ZCutImp.h"
 
 #include "cutjobs/CutSides.h"
-#include "cutjobs/PartMesh.h"
 #include "cutjobs/PieceRepair.h"
-#include "cutjobs/PlaneMesh.h"
+#include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/PlaneMesh.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cutjobs/CutResultMap.h"
 #include "cutjobs/CutWorker.h"
+#include "cutjobs/common/CutResultMap.h"
 #include "platform/geometry/UPoint3.h"
 
 #include <vector>

@@ -2,13 +2,12 @@
 #include "module/OrbeCmdZcut.h"
 
 #include "cutjobs/SectionZCut.h"
+#include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/MainWindow.h"
-#include "platform/ui/MellMessageBox.h"
 #include "platform/ui/MellViewSlider.h"
 
-#include <QCoreApplication>
 #include <QEventLoop>
 
 namespace {
@@ -33,11 +32,6 @@ QString cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*>
     return message;
 }
 
-QString common(char const* text)
-{
-    return QCoreApplication::translate("MellCommons", text);
-}
-
 }  // namespace
 
 void OrbeCmdZcut::activated(int)
@@ -52,8 +46,7 @@ void OrbeCmdZcut::activated(int)
         return;
     QString const message = cutAtSlider(document, parts);
     if (!message.isEmpty())
-        MellMessageBox::warning(MainWindow::getInstance(), common("Attention"), message,
-                                common("OK"), "", "", 0, -1);
+        Freecut::warnAttention(message);
 }
 
 bool OrbeCmdZcut::isActive()

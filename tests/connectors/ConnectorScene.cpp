@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/connectors/ConnectorScene.h"
 
-#include "cutjobs/PlaneMesh.h"
+#include "cutjobs/common/PlaneMesh.h"
 #include "platform/geometry/MellMath.h"
 #include "platform/services/EarcutPolygon.h"
 #include "platform/services/Intersect.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/LapJointOutline.h"
-#include "cutjobs/PlaneMesh.h"
+#include "cutjobs/common/PlaneMesh.h"
 #include "platform/mesh/UMesh.h"
 #include "tests/connectors/ConnectorScene.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cutjobs/ProgressScale.h"
+#include "cutjobs/common/ProgressScale.h"
 
 #include <gtest/gtest.h>
 

@@ -13,3 +13,7 @@ class DocumentObject;
 /// Source part to its pieces, in the order in which they were made. Only pieces with triangles are
 /// stored, and a part without such a piece has no key.
 using CutResultMap = std::map<Mesh::DocumentObject*, std::vector<std::shared_ptr<MeshKernel>>>;
+
+/// Appends a piece to those of its part if it has triangles.
+void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
+                std::shared_ptr<MeshKernel> const& piece);

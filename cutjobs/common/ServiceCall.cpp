@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cutjobs/ServiceCall.h"
+#include "cutjobs/common/ServiceCall.h"
 
 #include "platform/jobs/ConsoleSingleton.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cutjobs/PartMesh.h"
+#include "cutjobs/common/PartMesh.h"
 
 #include "platform/document/MeshDocumentObject.h"
 

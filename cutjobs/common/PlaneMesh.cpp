@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cutjobs/PlaneMesh.h"
+#include "cutjobs/common/PlaneMesh.h"
 
 #include "platform/mesh/UMesh.h"
 

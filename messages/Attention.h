@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace Freecut {
+
+/// A text that several dialogs and commands share, in the language of the interface.
+///
+/// text  in the source language; its context is "MellCommons"
+QString commonText(char const* text);
+
+/// Warns on the main window, under the title "Attention" and with the button "OK", and returns once
+/// it has been read.
+///
+/// message  in the language of the interface
+/// context  of the translations of title and button
+/// thread   the user interface thread
+void warnAttention(QString const& message, char const* context = "MellCommons");
+
+}  // namespace Freecut
