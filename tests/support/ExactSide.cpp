@@ -64,8 +64,9 @@ int sideOf(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> cons
            UPoint3<float> const& d)
 {
     Spatial<double> const u(a, d), v(b, d), w(c, d);
-    double const value = determinant(u, v, w);
-    if (std::abs(value) > errorShare * permanent(u, v, w))
+    double const value = determinant(u, v, w), size = permanent(u, v, w);
+    // Where nothing is added up, as in a plane along the axes, the sum is exact.
+    if (size == 0 || std::abs(value) > errorShare * size)
         return -signOf(value);
     return -sgn(determinant<mpq_class>({a, d}, {b, d}, {c, d}));
 }
@@ -74,7 +75,7 @@ int turnOf(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> cons
 {
     double size = 0;
     double const value = area<double>(a, b, c, axis, &size);
-    if (std::abs(value) > errorShare * size)
+    if (size == 0 || std::abs(value) > errorShare * size)
         return signOf(value);
     return sgn(area<mpq_class>(a, b, c, axis, nullptr));
 }

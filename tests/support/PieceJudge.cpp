@@ -56,6 +56,15 @@ Point pointBeside(Soup const& soup, double margin, std::mt19937& random)
     return a + u * s + v * r + normal * (side * margin);
 }
 
+bool doesWindTwice(WindingField const& field)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 500; ++i)
+        if (field.windingAt(pointIn(field.bounds(), 0, random)).value_or(0) > 1)
+            return true;
+    return false;
+}
+
 class Judge
 {
 public:
@@ -109,8 +118,7 @@ private:
         std::string& text = m_faults.flawed;
         if (edges.flatTriangles > 0 && before.flatTriangles == 0)
             text += name + std::to_string(edges.flatTriangles) + " triangles of no area; ";
-        // Where layers of a part cross, their caps lie upon each other.
-        if (m_source.crossings().total() > 0)
+        if (m_source.hasLayers())
             return;
         if (edges.crowdedPaired > 0 && before.crowdedPaired == 0)
             text += name + std::to_string(edges.crowdedPaired) + " edges of four; ";
@@ -206,7 +214,8 @@ Source::Source(Soup soup)
     : m_field(std::move(soup)),
       m_edges(edgesOf(m_field.soup())),
       m_crossings(crossingsOf(m_field.soup())),
-      m_unpaired(unpairedEdgesOf(m_field.soup()))
+      m_unpaired(unpairedEdgesOf(m_field.soup())),
+      m_hasLayers(m_crossings.total() > 0 || (m_unpaired.empty() && doesWindTwice(m_field)))
 {}
 
 double Source::diagonal() const

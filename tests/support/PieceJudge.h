@@ -48,6 +48,9 @@ public:
     WindingField const& field() const { return m_field; }
     SurfaceEdges const& edges() const { return m_edges; }
     Crossings const& crossings() const { return m_crossings; }
+    /// It crosses itself or winds more than once around some point: then its cut faces lie upon
+    /// each other.
+    bool hasLayers() const { return m_hasLayers; }
     std::set<EdgeEnds> const& unpaired() const { return m_unpaired; }
     double diagonal() const;
     /// Points nearer to a surface than this are judged by nobody.
@@ -58,6 +61,7 @@ private:
     SurfaceEdges m_edges;
     Crossings m_crossings;
     std::set<EdgeEnds> m_unpaired;
+    bool m_hasLayers;
 };
 
 /// Faults in words; empty where there are none.
