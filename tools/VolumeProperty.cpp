@@ -28,12 +28,10 @@ struct DepthRange
 /// The eye-space depths between which a box lies.
 DepthRange depthsOf(UBox3<float> const& box, Base::GLView const& view)
 {
-    std::array<float, 8> depths;
-    for (unsigned i = 0; i < 8; ++i) {
-        UPoint3<float> corner((i & 1 ? box.max : box.min).X(), (i & 2 ? box.max : box.min).Y(),
-                              (i & 4 ? box.max : box.min).Z());
+    std::vector<float> depths;
+    for (UPoint3<float> corner : cornersOf(box)) {
         view.getEyePointFromWCSPoint(corner);
-        depths[i] = corner.Z();
+        depths.push_back(corner.Z());
     }
     auto const [low, high] = std::minmax_element(depths.begin(), depths.end());
     return {*low, *high};

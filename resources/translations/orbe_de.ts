@@ -281,6 +281,10 @@
 <context>
     <name>CutJobs</name>
     <message>
+        <source>A piece would be open near (%1, %2, %3), so it is not made. Move the cut a little, or repair the part and cut again.</source>
+        <translation>Ein Teilstück wäre nahe (%1, %2, %3) offen und entsteht deshalb nicht. Den Schnitt etwas verschieben oder das Teil reparieren und erneut schneiden.</translation>
+    </message>
+    <message>
         <source>There is no tool to cut with. Draw one first.</source>
         <translation>Es gibt kein Werkzeug zum Schneiden. Zuerst eines zeichnen.</translation>
     </message>

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "selection/RegisterSelections.h"
+
+#include "selection/VolumeSelection.h"
+
+namespace Freecut {
+
+void registerSelections()
+{
+    FreecutSelection::init();
+    VolumeSelection::init();
+}
+
+}  // namespace Freecut
