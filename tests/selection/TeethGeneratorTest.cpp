@@ -184,5 +184,5 @@ TEST_F(TeethOnARectangle, AreReshapedTogetherByOneHandle)
     EXPECT_FLOAT_EQ(teeth.paras().teethWidth, 3);
     EXPECT_FLOAT_EQ(teeth.paras().teethHeight, 5);
     EXPECT_EQ(edge(1).basePoints, centres);
-    EXPECT_NEAR(edge(1).teethPoints[0].X(), 35, 1e-4) << "5 mm high on the next edge too";
+    EXPECT_NEAR(edge(1).teethPoints[1].X(), 35, 1e-4) << "5 mm high on the next edge too";
 }

@@ -135,9 +135,7 @@ TEST(TeethShapes, TheLastToothByCountEndsAtTheEndAndTheFirstAtTheOffset)
 
 TEST(TeethShapes, APuzzlesFootIsComparedWithTheStartAlone)
 {
-    // The tab's first foot lies a radius inside it, so an offset of minus that puts it on the
-    // start.
-    TeethParas paras = byCount(TEETH_PUZZLE, 1);
+    // The first foot lies a quarter of the height inside the tab.
     EdgeFrame const edge = plainEdge(20);
     PuzzleTab const tab(edge, 4, 2);
     std::vector<Point> on, beside;
