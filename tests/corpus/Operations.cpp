@@ -89,13 +89,14 @@ Plane obliquePlane(Source const& source)
 /// reach  how far from the plane connectors and gaps may go
 Rule planeRule(Plane const& plane, double margin, double reach = 0)
 {
-    return [=](Point const& p, int winding) -> std::optional<Expected> {
+    auto const at = [=](Point const& p, int winding) -> std::optional<Expected> {
         double const height = plane.heightOf(p);
         // A plain cut writes the upper piece first, one with connectors the lower one.
         if (std::abs(height) > reach + 2 * margin)
             return inPiece((height > 0) == (reach > 0) ? 1 : 0, winding);
         return reach > 0 ? std::optional(somewhere(winding)) : std::nullopt;
     };
+    return {at, reach == 0};
 }
 
 Job zCut(Source const& source, std::string const& file, double height, bool doesRepair)
@@ -185,7 +186,7 @@ using Outline = std::function<double(Point const&)>;
 /// clearance  half the gap; tolerance  how far the outline's facets may lie beside the shape
 Rule outlineRule(Outline const& outline, double clearance, double tolerance)
 {
-    return [=](Point const& p, int winding) -> std::optional<Expected> {
+    auto const at = [=](Point const& p, int winding) -> std::optional<Expected> {
         double const distance = outline(p);
         if (std::abs(std::abs(distance) - clearance) <= tolerance)
             return std::nullopt;
@@ -193,6 +194,7 @@ Rule outlineRule(Outline const& outline, double clearance, double tolerance)
             return Expected{{{}, {}}, 0};
         return inPiece(distance < 0 ? 0 : 1, winding);
     };
+    return {at, clearance == 0};
 }
 
 Job polygon(Source const& source, std::string const& file)
@@ -255,7 +257,7 @@ Job cuboid(Source const& source, std::string const& file)
     double const margin = 2 * clearance + 4 * source.margin();
     auto const rule = [=](Point const& p, int winding) -> std::optional<Expected> {
         if (p.Z() > till + margin)
-            return above(p, winding);
+            return above.at(p, winding);
         // Whether the gap goes around the tool's end is not asked.
         return p.Z() < till - margin ? std::optional(inPiece(1, winding)) : std::nullopt;
     };
@@ -267,7 +269,7 @@ Job cuboid(Source const& source, std::string const& file)
              text(clearance), "--direction", "both",
              "--cut-till",    text(till)},
             {},
-            rule};
+            {rule, false}};
 }
 
 /// A ball of flat facets somewhat beside the middle, or the part itself moved a little.
@@ -292,7 +294,7 @@ Soup nearCopyOf(Source const& source)
 using Combination = Expected (*)(int winding, bool isInTool);
 
 Job boolean(Source const& source, std::string const& file, Soup tool, char const* option,
-            Combination combination)
+            Combination combination, bool isPartition = false)
 {
     auto const field = std::make_shared<judge::WindingField>(tool);
     double const margin = 2 * source.margin();
@@ -302,7 +304,9 @@ Job boolean(Source const& source, std::string const& file, Soup tool, char const
         auto const ofTool = field->windingAt(p);
         return ofTool ? std::optional(combination(winding, *ofTool > 0)) : std::nullopt;
     };
-    return {{"boolean", file, "tool.stl", option}, {{"tool.stl", std::move(tool)}}, rule};
+    return {{"boolean", file, "tool.stl", option},
+            {{"tool.stl", std::move(tool)}},
+            {rule, isPartition}};
 }
 
 Expected onlyWhere(bool isThere, int winding)
@@ -344,13 +348,13 @@ Job subtractNearCopy(Source const& source, std::string const& file)
                    [](int winding, bool isInTool) { return onlyWhere(!isInTool, winding); });
 }
 
-Job repair(Source const& source, std::string const& file)
+Job repair(Source const&, std::string const& file)
 {
-    bool const hasInside = source.unpaired().empty();
-    return {{"repair", file}, {}, [=](Point const&, int winding) -> std::optional<Expected> {
-                // What a mended surface with a border should be inside is not known.
-                return hasInside ? std::optional(onlyWhere(true, winding)) : std::nullopt;
-            }};
+    // What a mended surface with a border should be inside is not known.
+    auto const at = [](Point const&, int winding) -> std::optional<Expected> {
+        return onlyWhere(true, winding);
+    };
+    return {{"repair", file}, {}, {at, false}};
 }
 
 }  // namespace
