@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "selection/RegisterSelections.h"
 
+#include "selection/PlanecutSelection.h"
 #include "selection/VolumeSelection.h"
 
 namespace Freecut {
@@ -8,6 +9,7 @@ namespace Freecut {
 void registerSelections()
 {
     FreecutSelection::init();
+    PlanecutSelection::init();
     VolumeSelection::init();
 }
 
