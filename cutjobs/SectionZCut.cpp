@@ -51,6 +51,16 @@ void SectionZCut::setPara(ZCutParas const& paras)
     m_paras = paras;
 }
 
+void SectionZCut::setRepairsWhole(bool repairsWhole)
+{
+    m_worker->setRepairsWhole(repairsWhole);
+}
+
+RepairReportMap const& SectionZCut::repairReports() const
+{
+    return m_worker->getRepairReports();
+}
+
 void SectionZCut::startZCut(std::vector<Mesh::DocumentObject*> objects, float z)
 {
     if (!m_document || objects.empty()) {
@@ -90,6 +100,16 @@ void SectionZCut::startZCutonebyone(std::vector<Mesh::DocumentObject*> objects,
     m_worker->setObjects(validParts);
     m_worker->setRubPts(points);
     emit signalOperate();
+}
+
+QString SectionZCut::reason() const
+{
+    return m_worker->reason();
+}
+
+CutRemarks const& SectionZCut::remarks() const
+{
+    return m_worker->remarks();
 }
 
 void SectionZCut::handleResult(bool ok)
