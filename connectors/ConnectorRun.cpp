@@ -8,12 +8,6 @@
 
 namespace {
 
-void keep(CutResultMap& result, Mesh::DocumentObject* part, std::shared_ptr<MeshKernel> const& half)
-{
-    if (!half->readMesh()->triangles.empty())
-        result[part].push_back(half);
-}
-
 void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel& cap,
                 std::function<void(int)> const& stage)
 {
@@ -50,8 +44,8 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;
         bool const isUpperFirst = !connected && m_form.plainUpperFirst;
-        keep(result, part, isUpperFirst ? halves.upper : halves.lower);
-        keep(result, part, isUpperFirst ? halves.lower : halves.upper);
+        storePiece(result, part, isUpperFirst ? halves.upper : halves.lower);
+        storePiece(result, part, isUpperFirst ? halves.lower : halves.upper);
     }
     if (progress)
         progress(100);

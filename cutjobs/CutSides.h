@@ -24,6 +24,8 @@ struct CutSides
                         std::function<void(int)> const& progress, int index, int partCount);
 
     /// Appends to the part's pieces side A and then side B, each if it has triangles.
+    ///
+    /// throws  as storePiece
     void store(CutResultMap& result, Mesh::DocumentObject* part) const;
 };
 

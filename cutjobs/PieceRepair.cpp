@@ -2,12 +2,14 @@
 #include "cutjobs/PieceRepair.h"
 
 #include "cutjobs/common/ServiceCall.h"
+#include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/SecondaryThread.h"
-#include "platform/services/Repair.h"
 
-void repairPiece(MeshKernel& piece, std::function<void(int)> const& progress)
+Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
+                           std::function<void(int)> const& progress)
 {
     bool hasErrors = false;
+    Repair::Report report;
     ServiceCall::run([&] {
         SecondaryThread const check([&] {
             Repair::EvaluateErrors errors(&piece);
@@ -16,6 +18,11 @@ void repairPiece(MeshKernel& piece, std::function<void(int)> const& progress)
         if (!hasErrors)
             return;
         piece.toRclMesh();
-        Repair::RepairMethods(&piece).autoRepair_simple_advanced(progress);
+        Repair::RepairMethods repair(&piece, scope);
+        repair.autoRepair_simple_advanced(progress);
+        report = repair.report();
     });
+    for (std::string const& line : Repair::linesOf(report))
+        Base::ConsoleSingleton::Instance().Log(line.c_str());
+    return report;
 }

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/services/Repair.h"
+
 #include <functional>
 
-class MeshKernel;
-
 /// Checks a piece on a thread of its own and repairs it if it has errors; a piece without errors is
-/// only read. It gets no clean-up after a repair.
+/// only read. It gets no clean-up after a repair. What was done goes to the log as well.
 ///
+/// scope     what of the piece the repair may look at
 /// progress  shows the repair's own percentages; may be empty
+/// returns   what was done and left
 /// throws    as ServiceCall::run
-void repairPiece(MeshKernel& piece, std::function<void(int)> const& progress);
+Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
+                           std::function<void(int)> const& progress);

@@ -2,6 +2,7 @@
 #include "cutjobs/PolygonCutImp.h"
 
 #include "cutjobs/CutSides.h"
+#include "cutjobs/ToolClosing.h"
 #include "cutjobs/common/PartMesh.h"
 #include "cutjobs/common/ProgressScale.h"
 #include "cutjobs/common/ServiceCall.h"
@@ -21,6 +22,16 @@ void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::B
              std::function<void(int)> const& progress)
 {
     ServiceCall::run([&] { combineSolids(part, tool, piece, type, progress); });
+}
+
+/// Sees to it that there is a tool to cut with, and that it closes.
+void prepareTool(MeshKernel* tool)
+{
+    if (!tool)
+        throw Mell::Exception(
+            QCoreApplication::translate("CutJobs", "There is no tool to cut with. Draw one first.")
+                .toStdString());
+    ServiceCall::run([&] { closeTool(*tool); });
 }
 
 }  // namespace
@@ -58,10 +69,11 @@ void PolygonCutImp::run(std::function<void(int)> progress)
     std::unique_ptr<MeshKernel> const in = std::move(m_in);
     std::unique_ptr<MeshKernel> const out = std::move(m_out);
     bool const isSplit = !m_useClearance || m_singleTool;
-    if (!in || (!isSplit && !out))
-        throw Mell::Exception(
-            QCoreApplication::translate("CutJobs", "There is no tool to cut with. Draw one first.")
-                .toStdString());
+    if (partCount() > 0) {
+        prepareTool(in.get());
+        if (!isSplit)
+            prepareTool(out.get());
+    }
     for (int i = 0; i < partCount(); ++i) {
         Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
         MeshKernel const* const kernel = kernelOfPart(part);

@@ -51,6 +51,16 @@ void SectionZCut::setPara(ZCutParas const& paras)
     m_paras = paras;
 }
 
+void SectionZCut::setRepairsWhole(bool repairsWhole)
+{
+    m_worker->setRepairsWhole(repairsWhole);
+}
+
+RepairReportMap const& SectionZCut::repairReports() const
+{
+    return m_worker->getRepairReports();
+}
+
 void SectionZCut::startZCut(std::vector<Mesh::DocumentObject*> objects, float z)
 {
     if (!m_document || objects.empty()) {

@@ -3,11 +3,13 @@
 
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/common/CutResultMap.h"
+#include "platform/services/Repair.h"
 
 #include <QObject>
 #include <QString>
 #include <QThread>
 
+#include <map>
 #include <vector>
 
 class ZCutImp;
@@ -44,6 +46,8 @@ public:
     /// Borrowed; the parts to cut are parts of it. Called before a start.
     virtual void setDocument(Base::Document* document);
     void setPara(ZCutParas const& paras);
+    /// Whether a repair mends the whole of each piece; at first only what the cut made or touched.
+    void setRepairsWhole(bool repairsWhole);
 
     /// Cuts all parts at one height. Without a document or parts `finished` comes before the
     /// return.
@@ -55,6 +59,9 @@ public:
     /// After `finished` with code 1: the new parts of each part that was cut, upper piece first.
     /// The document owns them.
     ResultIntegration::PartMap const& newParts() const { return m_newParts; }
+    /// After `finished` with code 1: what the repair did to each piece, by source part and in the
+    /// order of newParts().
+    std::map<Mesh::DocumentObject*, std::vector<Repair::Report>> const& repairReports() const;
 
 signals:
     /// code     1 the pieces are in the document; 0 the cut failed; -1 there was nothing to cut or

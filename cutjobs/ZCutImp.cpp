@@ -35,6 +35,11 @@ void ZCutImp::setReapir(bool repair)
     m_repair = repair;
 }
 
+void ZCutImp::setRepairsWhole(bool repairsWhole)
+{
+    m_repairsWhole = repairsWhole;
+}
+
 void ZCutImp::setZCutonebyone(bool onebyone)
 {
     m_onebyone = onebyone;
@@ -69,16 +74,30 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
         MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
-        CutSides const sides = CutSides::cut(kernel, plane.get(), progress, i, partCount);
-        if (m_repair)
-            for (auto const& side : {sides.sideB, sides.sideA})
-                if (side->readMesh())
-                    repairPiece(*side, progress);
-        sides.store(m_result, part);
+        finish(CutSides::cut(kernel, plane.get(), progress, i, partCount), part, progress);
     }
     if (progress)
         progress(100);
     return true;
+}
+
+/// Repairs side B and then side A, if that is wanted, and stores what there is.
+void ZCutImp::finish(CutSides const& sides, Mesh::DocumentObject* part,
+                     std::function<void(int)> const& progress)
+{
+    auto const scope =
+        m_repairsWhole ? Repair::Scope() : Repair::Scope::madeFrom(*kernelOfPart(part));
+    auto const mend = [&](std::shared_ptr<MeshKernel> const& side) {
+        return m_repair && side->readMesh() ? repairPiece(*side, scope, progress)
+                                            : Repair::Report();
+    };
+    Repair::Report reportB = mend(sides.sideB);
+    Repair::Report reportA = mend(sides.sideA);
+    sides.store(m_result, part);
+    if (!sides.sideA->readMesh()->triangles.empty())
+        m_repairReports[part].push_back(std::move(reportA));
+    if (!sides.sideB->readMesh()->triangles.empty())
+        m_repairReports[part].push_back(std::move(reportB));
 }
 
 void ZCutImp::calculatezCutMesh(UMesh<float>* mesh, std::vector<Mesh::DocumentObject*> objects)

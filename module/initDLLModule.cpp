@@ -3,6 +3,7 @@
 #include "module/Commands.h"
 #include "module/OrbeFreecut.h"
 #include "platform/ui/Application.h"
+#include "selection/RegisterSelections.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
@@ -23,4 +24,5 @@ extern "C" Q_DECL_EXPORT void initDLLModule()
     Freecut::PolygonGraphicObject::init();
     Freecut::CylinderGraphicObject::init();
     Freecut::registerViewProviders();
+    Freecut::registerSelections();
 }

@@ -31,6 +31,7 @@ public:
     /// Deletes the label.
     void freeMemory() override;
 
+    VolumeProperty& getVolumeProperty() override { return property; }
     CuboidProperty& getProperty() { return property; }
     CuboidProperty const& getProperty() const { return property; }
 

@@ -31,6 +31,7 @@ public:
     /// Deletes the label.
     void freeMemory() override;
 
+    VolumeProperty& getVolumeProperty() override { return property; }
     CylinderProperty& getProperty() { return property; }
     CylinderProperty const& getProperty() const { return property; }
 

@@ -31,6 +31,7 @@ public:
     /// Deletes the labels and the records of the teeth.
     void freeMemory() override;
 
+    VolumeProperty& getVolumeProperty() override { return property; }
     PolygonProperty& getProperty() { return property; }
     PolygonProperty const& getProperty() const { return property; }
 

@@ -19,6 +19,18 @@ void PolygonProperty::setShapeParameters(bool newClearanceEnabled, int newCleara
     updateGeometryOf("Freecut::PolygonGraphicObject");
 }
 
+void PolygonProperty::clearEdit()
+{
+    for (TeethEdge& edge : edgeRecords) {
+        if (!edge.hasTeeth)
+            continue;
+        edge.basePoints.clear();
+        edge.handlePoints.clear();
+        edge.editing = false;
+        edge.hasTeeth = edge.applied;
+    }
+}
+
 void PolygonProperty::storeEyeTeeth()
 {
     Base::GLView const* const view = eyeView();

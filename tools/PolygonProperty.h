@@ -19,6 +19,10 @@ public:
                                     bool roundCorners, float cornerRadius, bool showCoordinate,
                                     int viewIndex);
 
+    /// Ends the edit of the teeth. Only those that were confirmed stay: an edge that has been tried
+    /// out loses its teeth, and no edge keeps the points by which it was edited.
+    void clearEdit();
+
     /// Takes the points of the teeth over into eye space.
     void storeEyeTeeth();
 

@@ -22,6 +22,15 @@ UBox3<float> boxOfAllParts(Base::Document const& document)
     return box;
 }
 
+std::vector<UPoint3<float>> cornersOf(UBox3<float> const& box)
+{
+    std::vector<UPoint3<float>> corners;
+    for (unsigned i = 0; i < 8; ++i)
+        corners.emplace_back((i & 1 ? box.max : box.min).X(), (i & 2 ? box.max : box.min).Y(),
+                             (i & 4 ? box.max : box.min).Z());
+    return corners;
+}
+
 float suitableSize(UBox3<float> const& box)
 {
     return std::max((box.max - box.min).GetLength(), 0.001f);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/VolumeGraphicObject.h"
 
+#include <QtGlobal>
+
 namespace Freecut {
 
 Base::Type VolumeGraphicObject::classTypeId = Base::Type::badType();
@@ -39,6 +41,11 @@ Base::PropertyData const& VolumeGraphicObject::getPropertyData() const
 std::string VolumeGraphicObject::getViewProviderName() const
 {
     return "Freecut::VolumeViewProvider";
+}
+
+VolumeProperty& VolumeGraphicObject::getVolumeProperty()
+{
+    qFatal("A solid tool without a shape was asked for its parameters.");
 }
 
 }  // namespace Freecut

@@ -6,6 +6,8 @@
 
 namespace Freecut {
 
+class VolumeProperty;
+
 /// A solid cut tool. Only the classes below are used.
 class VolumeGraphicObject : public GraphicObject
 {
@@ -23,6 +25,9 @@ public:
     std::string getClassName() const override;
     Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
+
+    /// The tool's parameters. There are none in this class itself, of which no tool is made.
+    virtual VolumeProperty& getVolumeProperty();
 
     /// The tool was changed, by whoever edits it.
     sigslot::signal0<sigslot::single_threaded> signalChanged;

@@ -7,6 +7,7 @@
 #include "platform/view/GLView.h"
 #include "tools/GraphicObject.h"
 #include "tools/SceneBox.h"
+#include "tools/ViewAxes.h"
 
 #include <algorithm>
 #include <array>
@@ -27,12 +28,10 @@ struct DepthRange
 /// The eye-space depths between which a box lies.
 DepthRange depthsOf(UBox3<float> const& box, Base::GLView const& view)
 {
-    std::array<float, 8> depths;
-    for (unsigned i = 0; i < 8; ++i) {
-        UPoint3<float> corner((i & 1 ? box.max : box.min).X(), (i & 2 ? box.max : box.min).Y(),
-                              (i & 4 ? box.max : box.min).Z());
+    std::vector<float> depths;
+    for (UPoint3<float> corner : cornersOf(box)) {
         view.getEyePointFromWCSPoint(corner);
-        depths[i] = corner.Z();
+        depths.push_back(corner.Z());
     }
     auto const [low, high] = std::minmax_element(depths.begin(), depths.end());
     return {*low, *high};
@@ -91,10 +90,8 @@ void VolumeProperty::updateDepth()
     sketchDepth = float(depths.high + margin);
     UPoint3<float> const top = axisPoint(*view, sketchDepth);
     UPoint3<float> bottom = top;
-    // The axis along which each pair of standard views looks. No standard view is a large number.
-    constexpr std::array<int, 3> axes = {1, 2, 0};
-    if (cutTillEnabled && unsigned(viewIndex) < 6)
-        bottom[axes[std::size_t(viewIndex / 2)]] = cutTillValue;
+    if (cutTillEnabled && isAxisView(viewIndex))
+        bottom[axisAlongView(viewIndex)] = cutTillValue;
     else
         bottom = axisPoint(*view, float(depths.low - margin));
     extrudeVector = top - bottom;

@@ -14,6 +14,9 @@ class DocumentObject;
 /// stored, and a part without such a piece has no key.
 using CutResultMap = std::map<Mesh::DocumentObject*, std::vector<std::shared_ptr<MeshKernel>>>;
 
-/// Appends a piece to those of its part if it has triangles.
+/// Appends a piece to those of its part if it has triangles. Every piece that a worker hands out
+/// passes here.
+///
+/// throws  Mell::Exception that names the place if the part is closed and the piece is not
 void storePiece(CutResultMap& result, Mesh::DocumentObject* part,
                 std::shared_ptr<MeshKernel> const& piece);

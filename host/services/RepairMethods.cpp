@@ -103,6 +103,22 @@ void turnShells(Judged& judged)
     judged.errors.counts.misorientedShells = 0;
 }
 
+/// Tells as mended what there is less of.
+void addDifference(Errors::Counts const& before, Errors::Counts const& after,
+                   Repair::Report& report)
+{
+    using Count = std::size_t Errors::Counts::*;
+    constexpr std::pair<Repair::Flaw, Count> counts[] = {
+        {Repair::Flaw::degenerateTriangle, &Errors::Counts::degenerateTriangles},
+        {Repair::Flaw::duplicateTriangle, &Errors::Counts::duplicateTriangles},
+        {Repair::Flaw::crossing, &Errors::Counts::selfIntersections},
+        {Repair::Flaw::turnedShell, &Errors::Counts::misorientedShells},
+    };
+    for (auto const& [flaw, count] : counts)
+        if (before.*count > after.*count)
+            report.mended.push_back({flaw, before.*count - after.*count, {}, {}});
+}
+
 void replaceMesh(MeshKernel& kernel, MeshArrays mesh)
 {
     removeUnusedPoints(mesh);
@@ -119,13 +135,17 @@ void replaceMesh(MeshKernel& kernel, MeshArrays mesh)
 
 namespace Repair {
 
-RepairMethods::RepairMethods(MeshKernel* kernel) : m_kernel(kernel)
+RepairMethods::RepairMethods(MeshKernel* kernel, Scope scope) : m_kernel(kernel), m_scope(scope)
 {
     assert(kernel);
 }
 
 bool RepairMethods::autoRepair_simple_advanced(std::function<void(int)> progress)
 {
+    m_report = {};
+    if (!m_scope.isWhole())
+        return EvaluateErrors(m_kernel).evaluate(EvaluateErrors::ERROR_ALL, true, true, progress) ==
+               0;
     Repairing repairing(progress);
     StageProgress stages(progress);
     stages.begin(0, 2, m_kernel->readMesh() ? m_kernel->readMesh()->triangles.size() : 0);
@@ -147,8 +167,10 @@ bool RepairMethods::autoRepair_simple_advanced(std::function<void(int)> progress
     stages.begin(95, 100, 1);
     std::size_t const errorsLeft = best.errors.counts.total();
     // A mesh without triangles has no errors either, but is no repair.
-    if (errorsLeft < errorsBefore && !best.mesh.triangles.empty())
+    if (errorsLeft < errorsBefore && !best.mesh.triangles.empty()) {
+        addDifference(before.errors.counts, best.errors.counts, m_report);
         replaceMesh(*m_kernel, std::move(best.mesh));
+    }
     stages.finish();
     return errorsLeft == 0;
 }

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace Repair {
 
@@ -74,23 +76,110 @@ private:
     Counts m_counts;
 };
 
+/// What a repair is allowed to look at.
+class Scope
+{
+public:
+    /// The whole mesh.
+    Scope() = default;
+    /// Only what a cut made or touched: the triangles of a piece that the part does not have, by
+    /// the places of their corners. Flaws of the part that the cut does not meet stay as they are.
+    ///
+    /// part  what was cut; read through its matrix and borrowed until the repair is over
+    static Scope madeFrom(MeshKernel const& part)
+    {
+        Scope scope;
+        scope.m_part = &part;
+        return scope;
+    }
+
+    bool isWhole() const { return !m_part; }
+    /// Null for the whole mesh.
+    MeshKernel const* part() const { return m_part; }
+
+private:
+    MeshKernel const* m_part = nullptr;
+};
+
+/// A flaw as a repair mends it.
+enum class Flaw
+{
+    /// Triangles that use a vertex twice, have no area, or have a coordinate that is no number.
+    degenerateTriangle,
+    /// Vertices at one place that are not joined.
+    openSeam,
+    /// Triangles on the same three vertices, all but one.
+    duplicateTriangle,
+    /// Triangles that face the other way than their neighbours.
+    turnedTriangle,
+    /// Closed loops of border edges.
+    hole,
+    /// Pairs of triangles that cross.
+    crossing,
+    /// Closed shells that face inward where they should face outward.
+    turnedShell,
+    /// Shells without volume, and shells that lie in solid on both sides.
+    superfluousShell,
+};
+
+/// What one repair did, and what it left.
+struct Report
+{
+    struct Item
+    {
+        Flaw flaw = Flaw::hole;
+        std::size_t count = 0;
+        /// Points at the first of them, in the coordinates of the mesh's records; at most
+        /// `mostPlaces`.
+        std::vector<UPoint3<float>> places;
+        /// For what was left: one sentence that says why. Empty for what was mended.
+        std::string reason;
+    };
+    static constexpr std::size_t mostPlaces = 16;
+
+    /// In the order of the enumerators, each at most once.
+    std::vector<Item> mended;
+    /// What the repair tried to mend and gave up, because the mesh would not have kept its shape.
+    std::vector<Item> left;
+
+    /// The number of a flaw that was mended.
+    std::size_t countOf(Flaw flaw) const;
+    bool isEmpty() const { return mended.empty() && left.empty(); }
+};
+
+/// A short name for reports that programs read, such as "holes_closed".
+char const* keyOf(Flaw flaw);
+
+/// A report for a person, one line for each item, such as "Holes closed: 2, near (1, 2, 3)."; in
+/// the language of the application. For what was left the line ends with the reason.
+std::vector<std::string> linesOf(Report const& report);
+
 /// Mends meshes in place.
+///
+///     Repair::RepairMethods repair(&piece, Repair::Scope::madeFrom(part));
+///     repair.autoRepair_simple_advanced(progress);
+///     for (std::string const& line : Repair::linesOf(repair.report()))
+///         log(line);
 class RepairMethods
 {
 public:
-    explicit RepairMethods(MeshKernel* kernel);
+    explicit RepairMethods(MeshKernel* kernel, Scope scope = {});
 
-    /// Mends orientation, open seams, holes, degenerate and duplicate triangles, stray shells
-    /// without volume and local self-intersections. The mesh is replaced only if the number of
-    /// errors fell; otherwise it stays as it was. Coordinates of points that are kept do not
-    /// change. Shells that cross each other stay: they are for Intersect::boolean.
+    /// Mends orientation, open seams, holes, degenerate and duplicate triangles, superfluous shells
+    /// and crossings. The mesh is replaced only if the number of errors fell; otherwise it stays as
+    /// it was. Coordinates of points that are kept do not change.
     ///
     /// returns  whether no error is left
     /// throws   Mell::AbortException from `progress`; the mesh then stays as it was
     bool autoRepair_simple_advanced(std::function<void(int)> progress);
 
+    /// What the last repair did.
+    Report const& report() const { return m_report; }
+
 private:
     MeshKernel* m_kernel;
+    Scope m_scope;
+    Report m_report;
 };
 
 }  // namespace Repair

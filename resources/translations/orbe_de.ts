@@ -281,6 +281,10 @@
 <context>
     <name>CutJobs</name>
     <message>
+        <source>A piece would be open near (%1, %2, %3), so it is not made. Move the cut a little, or repair the part and cut again.</source>
+        <translation>Ein Teilstück wäre nahe (%1, %2, %3) offen und entsteht deshalb nicht. Den Schnitt etwas verschieben oder das Teil reparieren und erneut schneiden.</translation>
+    </message>
+    <message>
         <source>There is no tool to cut with. Draw one first.</source>
         <translation>Es gibt kein Werkzeug zum Schneiden. Zuerst eines zeichnen.</translation>
     </message>
@@ -2028,6 +2032,74 @@
     <message>
         <source>The contours reach too far to be offset or joined; place the part nearer to the origin.</source>
         <translation>Die Konturen reichen zu weit, um versetzt oder verbunden zu werden; das Bauteil näher an den Ursprung setzen.</translation>
+    </message>
+    <message>
+        <source>Triangles without area removed: %1</source>
+        <translation>Dreiecke ohne Fläche entfernt: %1</translation>
+    </message>
+    <message>
+        <source>Triangles without area left: %1</source>
+        <translation>Dreiecke ohne Fläche belassen: %1</translation>
+    </message>
+    <message>
+        <source>Seam vertices joined: %1</source>
+        <translation>Nahtpunkte verbunden: %1</translation>
+    </message>
+    <message>
+        <source>Seam vertices left: %1</source>
+        <translation>Nahtpunkte belassen: %1</translation>
+    </message>
+    <message>
+        <source>Duplicate triangles removed: %1</source>
+        <translation>Doppelte Dreiecke entfernt: %1</translation>
+    </message>
+    <message>
+        <source>Duplicate triangles left: %1</source>
+        <translation>Doppelte Dreiecke belassen: %1</translation>
+    </message>
+    <message>
+        <source>Triangles turned: %1</source>
+        <translation>Dreiecke umgedreht: %1</translation>
+    </message>
+    <message>
+        <source>Triangles that face the wrong way left: %1</source>
+        <translation>Verkehrt herum liegende Dreiecke belassen: %1</translation>
+    </message>
+    <message>
+        <source>Holes closed: %1</source>
+        <translation>Löcher geschlossen: %1</translation>
+    </message>
+    <message>
+        <source>Holes left: %1</source>
+        <translation>Löcher belassen: %1</translation>
+    </message>
+    <message>
+        <source>Crossings resolved: %1</source>
+        <translation>Durchdringungen aufgelöst: %1</translation>
+    </message>
+    <message>
+        <source>Crossings left: %1</source>
+        <translation>Durchdringungen belassen: %1</translation>
+    </message>
+    <message>
+        <source>Shells turned: %1</source>
+        <translation>Schalen umgedreht: %1</translation>
+    </message>
+    <message>
+        <source>Shells that face the wrong way left: %1</source>
+        <translation>Verkehrt herum liegende Schalen belassen: %1</translation>
+    </message>
+    <message>
+        <source>Shells dropped: %1</source>
+        <translation>Schalen weggelassen: %1</translation>
+    </message>
+    <message>
+        <source>Superfluous shells left: %1</source>
+        <translation>Überflüssige Schalen belassen: %1</translation>
+    </message>
+    <message>
+        <source>, near (%1, %2, %3)</source>
+        <translation>, nahe (%1, %2, %3)</translation>
     </message>
 </context>
 <context>

@@ -250,6 +250,40 @@ TEST(PolygonCutImp, WithoutAToolTheJobFails)
     EXPECT_EQ(deaths, 1);
 }
 
+TEST(PolygonCutImp, WithoutPartsTheJobIsDoneWhateverTheTool)
+{
+    int deaths = 0;
+    PolygonRun run({});
+    run.worker.doWork();
+    run.worker.setParas(true, false);
+    run.worker.setInOutPolygonMesh(new WatchedKernel(column, deaths),
+                                   new WatchedKernel(widerColumn, deaths));
+    run.worker.doWork();
+    EXPECT_EQ(run.events, (Events{"true", "true"}));
+    EXPECT_TRUE(run.worker.getResult().empty());
+    EXPECT_EQ(deaths, 2);
+}
+
+TEST(PolygonCutImp, AnOpenToolIsClosedBeforeItCuts)
+{
+    // A cap of the column that ends within the block is missing.
+    Soup open = box(10, 10, 20, {10, 10, -5});
+    std::erase_if(open.triangles, [&](auto const& t) {
+        return open.points[t[0]].Z() == 15 && open.points[t[1]].Z() == 15 &&
+               open.points[t[2]].Z() == 15;
+    });
+    ASSERT_EQ(borderEdgesOf(open), 4u);
+    TestDocument test;
+    auto* const part = test.add(block, "part");
+    PolygonRun run({part});
+    run.cut(open);
+    EXPECT_EQ(run.events, Events{"true"});
+    std::vector<double> const volumes = run.volumes(part);
+    ASSERT_EQ(volumes.size(), 2u);
+    EXPECT_NEAR(volumes[0], 1500, 0.01);
+    EXPECT_NEAR(volumes[1], 25500, 0.01);
+}
+
 TEST(PolygonCutImp, ToolsThatWereNeverUsedGoWithTheWorker)
 {
     int deaths = 0;

@@ -207,7 +207,7 @@ TEST(VolumeCut, AFreeViewCutsAlongItself)
     EXPECT_LT(gap, 0.4 * 28 * 52);
 }
 
-TEST(VolumeCut, ACapThatStaysOpenFarFromThePartDoesNotSpoilTheCut)
+TEST(VolumeCut, ACapWithoutEarsFarFromThePartDoesNotSpoilTheCut)
 {
     // Rounded twice, this outline has points in pairs of equal position, and no ears at its end.
     DrawnDocument scene(6);
@@ -220,6 +220,43 @@ TEST(VolumeCut, ACapThatStaysOpenFarFromThePartDoesNotSpoilTheCut)
     EXPECT_GT(volumeOf(pieces[0]), 100);
     EXPECT_GT(gapVolume(body, pieces), 100);
     EXPECT_LT(gapVolume(body, pieces), 0.5 * 24 * 35);
+}
+
+TEST(VolumeCut, ToolsThatEndWithinThePartCloseWhereTheirPointsCoincide)
+{
+    // Rounded twice, some of these outlines have points in one place, and no ears at their end: the
+    // cap that this leaves open lies within the part, which is cut till half its height.
+    int openTools = 0;
+    for (int step = 0; step < 90; ++step) {
+        DrawnDocument scene;
+        Soup const body = box(60, 60, 20);
+        auto* const part = scene.add(body, "part");
+        auto* const tool = scene.draw<CuboidGraphicObject>({{29.3f, 31.1f}});
+        float const length = 30.17f, width = 21.63f, clearance = 0.8f;
+        auto const shape = [&] {
+            tool->getProperty().setCuboidParameters(true, 2, clearance, true, 10, 178, true,
+                                                    3 + 0.017f * float(step), false, 2, width,
+                                                    length, float(step));
+        };
+        shape();
+        for (UMesh<float>* const mesh : tool->createInandOutMesh()) {
+            Soup soup = soupOf(mesh);
+            soup.joinPoints();
+            openTools += borderEdgesOf(soup) > 0;
+        }
+        shape();
+        auto const pieces = piecesOf(cutBy(*tool, {part}), part);
+        ASSERT_EQ(pieces.size(), 2u) << step;
+        double const inner = (length - 2 * clearance) * (width - 2 * clearance) * 10;
+        double const outer = (length + 2 * clearance) * (width + 2 * clearance) * 10;
+        // What rounding takes off the four corners, twice.
+        double const corners = 2 * (4 - M_PI) * 25 * 10;
+        EXPECT_LT(volumeOf(pieces[0]), inner) << step;
+        EXPECT_GT(volumeOf(pieces[0]), inner - corners) << step;
+        EXPECT_GT(volumeOf(pieces[1]), volumeOf(body) - outer) << step;
+        EXPECT_LT(volumeOf(pieces[1]), volumeOf(body) - outer + corners) << step;
+    }
+    EXPECT_GT(openTools, 0);
 }
 
 TEST(VolumeCut, PiecesReplaceTheirPartInOneStep)

@@ -2,34 +2,26 @@
 #include "host/services/planecut/SectionContours.h"
 
 #include "host/mesh/DisjointSets.h"
+#include "host/services/PlaceText.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <charconv>
-#include <string>
 #include <tuple>
 
 namespace {
 
 using Segments = std::vector<Exact::SectionSegment>;
 
-QString textOf(float value)
-{
-    char buffer[32];
-    auto const end =
-        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 6).ptr;
-    return QString::fromLatin1(buffer, int(end - buffer));
-}
-
 [[noreturn]] void throwOpen(UPoint3<float> const& p)
 {
     throw Mell::Exception(
-        QCoreApplication::translate("Services",
-                                    "The part is open where the plane meets it, near (%1, %2, %3). "
-                                    "Repair the part and cut again.")
-            .arg(textOf(p.X()), textOf(p.Y()), textOf(p.Z()))
+        withPlace(QCoreApplication::translate(
+                      "Services",
+                      "The part is open where the plane meets it, near (%1, %2, %3). "
+                      "Repair the part and cut again."),
+                  p)
             .toStdString());
 }
 
