@@ -294,6 +294,45 @@
     </message>
 </context>
 <context>
+    <name>CutRemarks</name>
+    <message>
+        <source>Nothing was cut: no section of the part lies within the plane&apos;s rectangle.</source>
+        <translation>Es wurde nichts geschnitten: Kein Schnitt des Teils liegt im Rechteck der Ebene.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the plane misses the part.</source>
+        <translation>Es wurde nichts geschnitten: Die Ebene trifft das Teil nicht.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the tool misses the part.</source>
+        <translation>Es wurde nichts geschnitten: Das Werkzeug trifft das Teil nicht.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the whole part lies within the tool.</source>
+        <translation>Es wurde nichts geschnitten: Das ganze Teil liegt im Werkzeug.</translation>
+    </message>
+    <message>
+        <source>The whole part lies within the gap: nothing is left.</source>
+        <translation>Das ganze Teil liegt im Spalt: Es bleibt nichts übrig.</translation>
+    </message>
+    <message>
+        <source>What lies within the tool lies within the gap: that piece is missing.</source>
+        <translation>Was im Werkzeug liegt, liegt im Spalt: Dieses Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>What lies outside the tool lies within the gap: that piece is missing.</source>
+        <translation>Was außerhalb des Werkzeugs liegt, liegt im Spalt: Dieses Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>What lies above the plane lies within the gap between the faces: the upper piece is missing.</source>
+        <translation>Was über der Ebene liegt, liegt im Spalt zwischen den Flächen: Das obere Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>The part&apos;s lower end lies within the gap between the faces: it is missing.</source>
+        <translation>Das untere Ende des Teils liegt im Spalt zwischen den Flächen: Es fehlt.</translation>
+    </message>
+</context>
+<context>
     <name>CutView</name>
     <message>
         <source>Live cut view</source>
