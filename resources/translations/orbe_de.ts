@@ -2101,6 +2101,26 @@
         <source>, near (%1, %2, %3)</source>
         <translation>, nahe (%1, %2, %3)</translation>
     </message>
+    <message>
+        <source>Mending them would change the shape of the part.</source>
+        <translation>Sie zu beheben würde die Form des Bauteils ändern.</translation>
+    </message>
+    <message>
+        <source>The surface is open there, so that inside and outside cannot be told apart.</source>
+        <translation>Die Fläche ist dort offen, so dass sich innen und außen nicht unterscheiden lassen.</translation>
+    </message>
+    <message>
+        <source>One of the shells there is inside out.</source>
+        <translation>Eine der Schalen dort ist von innen nach außen gekehrt.</translation>
+    </message>
+    <message>
+        <source>What is there cannot be put together again without gaps.</source>
+        <translation>Was dort liegt, lässt sich nicht ohne Lücken wieder zusammensetzen.</translation>
+    </message>
+    <message>
+        <source>Mending them would leave the part with more flaws than before.</source>
+        <translation>Sie zu beheben würde dem Bauteil mehr Fehler lassen als zuvor.</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutList</name>
