@@ -33,16 +33,43 @@ void CuboidViewProvider::initGL()
     initSolidGL();
 }
 
+void CuboidViewProvider::paintGL()
+{
+    paintSolid();
+}
+
 void CuboidViewProvider::buildMarkers()
 {
     if (m_object)
-        buildMarkersAt(static_cast<CuboidGraphicObject*>(m_object)->getProperty().getKeyPoints());
+        buildMarkersAt(tool()->getProperty().getKeyPoints());
 }
 
 std::unique_ptr<VolumeOutline> CuboidViewProvider::makeOutline() const
 {
-    auto* const tool = static_cast<CuboidGraphicObject*>(getObject());
-    return std::make_unique<CuboidOutline>(tool->getProperty());
+    return std::make_unique<CuboidOutline>(tool()->getProperty());
+}
+
+CuboidGraphicObject* CuboidViewProvider::tool() const
+{
+    return static_cast<CuboidGraphicObject*>(m_object);
+}
+
+LinePicture CuboidViewProvider::linePicture() const
+{
+    return pictureOfCuboid(outlines(), tool()->getProperty().getRoundCorners());
+}
+
+std::vector<LineRun> CuboidViewProvider::faces33() const
+{
+    return facesOfCuboid33(outlines());
+}
+
+std::vector<LabelledPoint> CuboidViewProvider::labels() const
+{
+    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
+    if (points.empty())
+        return {};
+    return {{tool()->getLabel(), points[0]}};
 }
 
 }  // namespace Freecut

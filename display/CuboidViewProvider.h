@@ -5,6 +5,8 @@
 
 namespace Freecut {
 
+class CuboidGraphicObject;
+
 /// Shows a cuboid tool, with a handle on each corner.
 class CuboidViewProvider : public VolumeViewProvider
 {
@@ -18,10 +20,17 @@ public:
     std::string getClassName() const override;
 
     void initGL() override;
+    void paintGL() override;
     void buildMarkers() override;
 
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;
+    LinePicture linePicture() const override;
+    std::vector<LineRun> faces33() const override;
+    std::vector<LabelledPoint> labels() const override;
+
+private:
+    CuboidGraphicObject* tool() const;
 };
 
 }  // namespace Freecut

@@ -36,11 +36,16 @@ void CylinderViewProvider::initGL()
     initSolidGL();
 }
 
+void CylinderViewProvider::paintGL()
+{
+    paintSolid();
+}
+
 void CylinderViewProvider::buildMarkers()
 {
     if (!m_object)
         return;
-    CylinderProperty const& record = static_cast<CylinderGraphicObject*>(m_object)->getProperty();
+    CylinderProperty const& record = tool()->getProperty();
     std::vector<UPoint3<float>> points = record.getKeyPoints();
     points.resize(std::min<std::size_t>(points.size(), record.getUseNotch() ? 2 : 1));
     buildMarkersAt(points);
@@ -48,8 +53,25 @@ void CylinderViewProvider::buildMarkers()
 
 std::unique_ptr<VolumeOutline> CylinderViewProvider::makeOutline() const
 {
-    auto* const tool = static_cast<CylinderGraphicObject*>(getObject());
-    return std::make_unique<CylinderOutline>(tool->getProperty());
+    return std::make_unique<CylinderOutline>(tool()->getProperty());
+}
+
+CylinderGraphicObject* CylinderViewProvider::tool() const
+{
+    return static_cast<CylinderGraphicObject*>(m_object);
+}
+
+LinePicture CylinderViewProvider::linePicture() const
+{
+    return pictureOfCylinder(outlines());
+}
+
+std::vector<LabelledPoint> CylinderViewProvider::labels() const
+{
+    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
+    if (points.empty())
+        return {};
+    return {{tool()->getLabel(), points[0]}};
 }
 
 }  // namespace Freecut

@@ -5,6 +5,8 @@
 
 namespace Freecut {
 
+class CylinderGraphicObject;
+
 /// Shows a cylinder tool, with a handle on the centre, and on the notch if there is one.
 class CylinderViewProvider : public VolumeViewProvider
 {
@@ -18,10 +20,16 @@ public:
     std::string getClassName() const override;
 
     void initGL() override;
+    void paintGL() override;
     void buildMarkers() override;
 
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;
+    LinePicture linePicture() const override;
+    std::vector<LabelledPoint> labels() const override;
+
+private:
+    CylinderGraphicObject* tool() const;
 };
 
 }  // namespace Freecut

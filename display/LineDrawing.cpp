@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/LineDrawing.h"
 
-#include "platform/view/GLView.h"
+#include "display/VersionFunctions.h"
 #include "platform/view/OpenGLPath.h"
 
 #include <QOpenGLBuffer>
-#include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
 #include <QOpenGLFunctions_3_3_Core>
 #include <QOpenGLShaderProgram>
@@ -15,15 +14,6 @@
 namespace Freecut {
 
 namespace {
-
-/// Null if the context is of another version.
-template <typename Functions>
-Functions* functionsOf(Base::GLView& view)
-{
-    QOpenGLContext* const context = view.context();
-    auto* const gl = context ? context->versionFunctions<Functions>() : nullptr;
-    return gl && gl->initializeOpenGLFunctions() ? gl : nullptr;
-}
 
 void setUniforms(Base::GLView const& view, QOpenGLShaderProgram& program, Color255 const& color)
 {

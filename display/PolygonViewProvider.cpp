@@ -8,13 +8,6 @@
 
 namespace Freecut {
 
-namespace {
-
-/// Of the handles on teeth.
-constexpr Color255 teethColor{104, 34, 139, 122};
-
-}  // namespace
-
 Base::Type PolygonViewProvider::classTypeId = Base::Type::badType();
 
 void PolygonViewProvider::init()
@@ -43,28 +36,32 @@ void PolygonViewProvider::initGL()
     initSolidGL();
 }
 
+void PolygonViewProvider::paintGL()
+{
+    paintSolid();
+}
+
 void PolygonViewProvider::buildMarkers()
 {
-    PolygonProperty const* const record = property();
-    if (!record)
+    if (!tool())
         return;
-    std::vector<UPoint3<float>> points = record->getKeyPoints();
+    PolygonProperty const& record = tool()->getProperty();
+    std::vector<UPoint3<float>> points = record.getKeyPoints();
     for (auto const list : {&TeethEdge::basePoints, &TeethEdge::handlePoints})
-        for (TeethEdge const& edge : record->getEdgeRecords())
+        for (TeethEdge const& edge : record.getEdgeRecords())
             if (edge.hasTeeth && edge.editing)
                 points.insert(points.end(), (edge.*list).begin(), (edge.*list).end());
     buildMarkersAt(points);
 }
 
-PolygonProperty const* PolygonViewProvider::property() const
+PolygonGraphicObject* PolygonViewProvider::tool() const
 {
-    return m_object ? &static_cast<PolygonGraphicObject*>(m_object)->getProperty() : nullptr;
+    return static_cast<PolygonGraphicObject*>(m_object);
 }
 
 int PolygonViewProvider::vertexMarkers() const
 {
-    PolygonProperty const* const record = property();
-    return record ? std::min(markerCount(), int(record->getKeyPoints().size())) : 0;
+    return tool() ? std::min(markerCount(), int(tool()->getPoints().size())) : 0;
 }
 
 void PolygonViewProvider::drawMarkersGL21()
@@ -72,7 +69,7 @@ void PolygonViewProvider::drawMarkersGL21()
     int const vertices = vertexMarkers();
     uploadMarkers();
     drawMarkersOf21(markerColor, 0, vertices);
-    drawMarkersOf21(teethColor, vertices, markerCount() - vertices);
+    drawMarkersOf21(ToolColors::translucentPurple, vertices, markerCount() - vertices);
 }
 
 void PolygonViewProvider::drawMarkersGL33()
@@ -80,13 +77,34 @@ void PolygonViewProvider::drawMarkersGL33()
     int const vertices = vertexMarkers();
     uploadMarkers();
     drawMarkersOf33(markerColor, 0, vertices);
-    drawMarkersOf33(teethColor, vertices, markerCount() - vertices);
+    drawMarkersOf33(ToolColors::translucentPurple, vertices, markerCount() - vertices);
 }
 
 std::unique_ptr<VolumeOutline> PolygonViewProvider::makeOutline() const
 {
-    auto* const tool = static_cast<PolygonGraphicObject*>(getObject());
-    return std::make_unique<PolygonOutline>(tool->getProperty());
+    return std::make_unique<PolygonOutline>(tool()->getProperty());
+}
+
+LinePicture PolygonViewProvider::linePicture() const
+{
+    PolygonProperty const& record = tool()->getProperty();
+    return pictureOfPolygon(outlines(), record.getRoundCorners(), record.getKeyPoints().size());
+}
+
+std::vector<LabelledPoint> PolygonViewProvider::labels() const
+{
+    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
+    std::vector<TLabel*> const& pointLabels = tool()->getPointLabels();
+    std::vector<LabelledPoint> labelled;
+    for (std::size_t i = 0; i < std::min(points.size(), pointLabels.size()); ++i)
+        labelled.push_back({pointLabels[i], points[i]});
+    return labelled;
+}
+
+void PolygonViewProvider::storeEyeSpace()
+{
+    VolumeViewProvider::storeEyeSpace();
+    tool()->getProperty().storeEyeTeeth();
 }
 
 }  // namespace Freecut

@@ -5,7 +5,7 @@
 
 namespace Freecut {
 
-class PolygonProperty;
+class PolygonGraphicObject;
 
 /// Shows a polygon tool, with a handle on each vertex and on the teeth under edit.
 class PolygonViewProvider : public VolumeViewProvider
@@ -20,6 +20,7 @@ public:
     std::string getClassName() const override;
 
     void initGL() override;
+    void paintGL() override;
     void buildMarkers() override;
     /// The handles of teeth are drawn in a colour of their own.
     void drawMarkersGL21() override;
@@ -27,9 +28,13 @@ public:
 
 protected:
     std::unique_ptr<VolumeOutline> makeOutline() const override;
+    LinePicture linePicture() const override;
+    std::vector<LabelledPoint> labels() const override;
+    /// The teeth too.
+    void storeEyeSpace() override;
 
 private:
-    PolygonProperty const* property() const;
+    PolygonGraphicObject* tool() const;
     /// How many handles stand on vertices; the rest stand on teeth.
     int vertexMarkers() const;
 };

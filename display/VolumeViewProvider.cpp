@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/VolumeViewProvider.h"
 
+#include "display/CameraWatch.h"
+#include "display/FillDrawing.h"
 #include "display/LineShaders.h"
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
+#include "tools/ViewAxes.h"
+#include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeOutline.h"
+#include "tools/VolumeProperty.h"
 
 #include <QOpenGLBuffer>
 #include <QOpenGLVertexArrayObject>
@@ -108,6 +113,116 @@ void VolumeViewProvider::buildSolidBuffers()
 std::unique_ptr<VolumeOutline> VolumeViewProvider::makeOutline() const
 {
     return nullptr;
+}
+
+LinePicture VolumeViewProvider::linePicture() const
+{
+    return {};
+}
+
+std::vector<LineRun> VolumeViewProvider::faces33() const
+{
+    return facesOfPrisms33(outlines());
+}
+
+std::vector<LabelledPoint> VolumeViewProvider::labels() const
+{
+    return {};
+}
+
+void VolumeViewProvider::storeEyeSpace()
+{
+    volumeRecord()->storeEyePoints();
+}
+
+VolumeProperty* VolumeViewProvider::volumeRecord() const
+{
+    return m_object ? &static_cast<VolumeGraphicObject*>(m_object)->getVolumeProperty() : nullptr;
+}
+
+ToolOutlines const& VolumeViewProvider::outlines() const
+{
+    static ToolOutlines const none;
+    return outline ? outline->outlines() : none;
+}
+
+void VolumeViewProvider::paintSolid()
+{
+    VolumeProperty const* const record = volumeRecord();
+    if (!record || !makeContextCurrent(m_view))
+        return;
+    bool const isPreview = record->getPreviewOn();
+    if (!isPreview)
+        followCamera();
+    drawOutlines();
+    if (isPreview)
+        drawFaces(record->getFillAlpha());
+    updateLabels();
+    if (!isPreview) {
+        buildMarkers();
+        drawMarkers();
+    }
+}
+
+void VolumeViewProvider::followCamera()
+{
+    VolumeProperty& record = *volumeRecord();
+    CameraPose const now = poseOf(*m_view);
+    switch (changeBetween({record.getLastEye(), record.getLastRef(), record.getLastUp()}, now)) {
+        case CameraChange::Panned:
+            record.setLastEye(now.eye);
+            [[fallthrough]];
+        case CameraChange::ReferenceMoved:
+            record.setLastRef(now.ref);
+            storeEyeSpace();
+            viewChanged = false;
+            break;
+        case CameraChange::Turned:
+            viewChanged = true;
+            updateGeometry();
+            record.setLastEye(now.eye);
+            break;
+        case CameraChange::Rolled:
+            viewChanged = true;
+            updateGeometry();
+            record.setLastUp(now.up);
+            break;
+        case CameraChange::None:
+            viewChanged = false;
+    }
+}
+
+void VolumeViewProvider::drawOutlines()
+{
+    QOpenGLShaderProgram& program = g_OPENGL_3_3 ? lineShader33 : lineShader21;
+    auto const draw = g_OPENGL_3_3 ? drawLines33 : drawLines21;
+    for (LinePass const& pass : linePicture()) {
+        if (pass.vertices->empty())
+            continue;
+        uploadVertices(*m_view, solidBuffers(), *pass.vertices);
+        for (ColoredRuns const& stroke : pass.strokes)
+            draw(*m_view, solidBuffers(), program, {.color = stroke.color, .isSmooth = true},
+                 stroke.runs);
+    }
+}
+
+void VolumeViewProvider::drawFaces(unsigned alpha)
+{
+    ToolOutlines const& drawn = outlines();
+    if (g_OPENGL_3_3)
+        drawFaces33(*m_view, solidBuffers(), fillShader33, {alpha}, drawn.previewBuffer, faces33());
+    else
+        drawFaces21(*m_view, solidBuffers(), normalVbo, fillShader21, {alpha}, drawn.previewBuffer,
+                    drawn.normalBuffer, facesAsTriangles(drawn));
+}
+
+void VolumeViewProvider::updateLabels()
+{
+    VolumeProperty const& record = *volumeRecord();
+    if (isAxisView(record.getViewIndex()) && record.getShowCoordinate() && !record.getPreviewOn())
+        showLabels(labels(), *m_view, record.getViewIndex());
+    else
+        hideLabels(labels());
 }
 
 }  // namespace Freecut

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "display/GraphicViewProvider.h"
+#include "display/SolidPicture.h"
+#include "display/ToolLabels.h"
 
 #include <QOpenGLShaderProgram>
 
@@ -10,8 +12,13 @@
 namespace Freecut {
 
 class VolumeOutline;
+class VolumeProperty;
 
-/// Shows a solid tool. This class has no outline of its own; only the classes below are used.
+/// Shows a solid tool: its outlines, in a preview its faces, and otherwise its handles and labels.
+/// While the view is panned the tool stays on the model; while it is turned the tool stays on the
+/// screen; in a preview the view may go anywhere and the tool stays where it is.
+///
+/// This class has no outline of its own; only the classes below are used.
 class VolumeViewProvider : public GraphicViewProvider
 {
 public:
@@ -47,6 +54,22 @@ protected:
     /// What initGL does for each of the shapes: makes the handles' and the solid's part of it, and
     /// derives the outlines.
     void initSolidGL();
+    /// What paintGL does for each of the shapes.
+    void paintSolid();
+
+    // What the shapes differ in.
+
+    virtual LinePicture linePicture() const;
+    /// The faces of the preview, for OpenGL 3.3.
+    virtual std::vector<LineRun> faces33() const;
+    /// The tool's labels and their points.
+    virtual std::vector<LabelledPoint> labels() const;
+    /// Takes the tool over into eye space, where it follows the screen.
+    virtual void storeEyeSpace();
+
+    /// The record of the tool that is shown; null without one.
+    VolumeProperty* volumeRecord() const;
+    ToolOutlines const& outlines() const;
 
     bool viewChanged = false;
     unsigned lineVbo = 0;
@@ -61,6 +84,14 @@ protected:
 private:
     void makeSolid21();
     void makeSolid33();
+    void followCamera();
+    void drawOutlines();
+    void drawFaces(unsigned alpha);
+    void updateLabels();
+    LineBuffers solidBuffers() const
+    {
+        return {.vbo = lineVbo, .vao = solidVao, .buffer = solidBuffer};
+    }
 
     std::unique_ptr<VolumeOutline> outline;
 };

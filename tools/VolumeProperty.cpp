@@ -7,6 +7,7 @@
 #include "platform/view/GLView.h"
 #include "tools/GraphicObject.h"
 #include "tools/SceneBox.h"
+#include "tools/ViewAxes.h"
 
 #include <algorithm>
 #include <array>
@@ -89,10 +90,8 @@ void VolumeProperty::updateDepth()
     sketchDepth = float(depths.high + margin);
     UPoint3<float> const top = axisPoint(*view, sketchDepth);
     UPoint3<float> bottom = top;
-    // The axis along which each pair of standard views looks. No standard view is a large number.
-    constexpr std::array<int, 3> axes = {1, 2, 0};
-    if (cutTillEnabled && unsigned(viewIndex) < 6)
-        bottom[axes[std::size_t(viewIndex / 2)]] = cutTillValue;
+    if (cutTillEnabled && isAxisView(viewIndex))
+        bottom[axisAlongView(viewIndex)] = cutTillValue;
     else
         bottom = axisPoint(*view, float(depths.low - margin));
     extrudeVector = top - bottom;

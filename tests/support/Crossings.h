@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/geometry/UPoint3.h"
+#include "tests/support/Soup.h"
+
+#include <cstddef>
+
+namespace judge {
+
+/// How a surface meets itself where it should not.
+struct Crossings
+{
+    /// Pairs of triangles, not in one plane, whose insides have a piece of a line in common.
+    std::size_t pairs = 0;
+    /// Pairs of triangles in one plane whose insides have an area in common.
+    std::size_t overlaps = 0;
+    /// A corner of the first such pair.
+    UPoint3<float> place;
+
+    std::size_t total() const { return pairs + overlaps; }
+};
+
+/// Exact. What only touches, in points or along edges, does not count. Triangles without area are
+/// left out.
+Crossings crossingsOf(Soup const& soup);
+
+}  // namespace judge

@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/PieceJudge.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <random>
+#include <sstream>
+
+namespace judge {
+namespace {
+
+using Point = UPoint3<double>;
+using Vector = UVector3<double>;
+
+std::string textOf(Point const& p)
+{
+    std::ostringstream text;
+    text.precision(9);
+    text << "(" << p.X() << ", " << p.Y() << ", " << p.Z() << ")";
+    return text.str();
+}
+
+Point wide(UPoint3<float> const& p)
+{
+    return {p.X(), p.Y(), p.Z()};
+}
+
+double between(double low, double high, std::mt19937& random)
+{
+    return low + (high - low) * (double(random()) / 4294967296.0);
+}
+
+Point pointIn(UBox3<float> const& box, double margin, std::mt19937& random)
+{
+    Point p;
+    for (int k = 0; k < 3; ++k)
+        p[k] = between(box.min[k] - 3 * margin, box.max[k] + 3 * margin, random);
+    return p;
+}
+
+/// A point of a triangle chosen at random, moved off it by a few margins on either side.
+Point pointBeside(Soup const& soup, double margin, std::mt19937& random)
+{
+    auto const& t = soup.triangles[random() % soup.triangles.size()];
+    Point const a = wide(soup.points[t[0]]);
+    Vector const u = wide(soup.points[t[1]]) - a, v = wide(soup.points[t[2]]) - a;
+    double s = between(0, 1, random), r = between(0, 1, random);
+    if (s + r > 1) {
+        s = 1 - s;
+        r = 1 - r;
+    }
+    Vector normal = u * v;
+    normal.Normalize();
+    double const side = (random() % 2 ? 1 : -1) * between(1.5, 6, random);
+    return a + u * s + v * r + normal * (side * margin);
+}
+
+bool doesWindTwice(WindingField const& field)
+{
+    std::mt19937 random(7);
+    for (int i = 0; i < 500; ++i)
+        if (field.windingAt(pointIn(field.bounds(), 0, random)).value_or(0) > 1)
+            return true;
+    return false;
+}
+
+class Judge
+{
+public:
+    Judge(Source const& source, std::vector<Soup> const& pieces, Rule const& rule)
+        : m_source(source), m_rule(rule)
+    {
+        for (Soup const& piece : pieces)
+            m_pieces.push_back(std::make_unique<WindingField>(piece));
+    }
+
+    PieceFaults faults(std::size_t samples)
+    {
+        judgeSurfaces();
+        if (!m_faults.open.empty())
+            return m_faults;
+        std::mt19937 random(20011);
+        for (std::size_t i = 0; i < samples && m_faults.wrong.empty(); ++i) {
+            judgePoint(pointIn(m_source.field().bounds(), m_source.margin(), random));
+            judgeBeside(m_source.soup(), random);
+            for (auto const& piece : m_pieces)
+                judgeBeside(piece->soup(), random);
+        }
+        return m_faults;
+    }
+
+private:
+    void judgeSurfaces()
+    {
+        for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+            Soup const& piece = m_pieces[i]->soup();
+            std::string const name = "piece " + std::to_string(i + 1) + ": ";
+            std::size_t added = 0;
+            EdgeEnds place;
+            for (EdgeEnds const& edge : unpairedEdgesOf(piece))
+                if (!m_source.unpaired().contains(edge)) {
+                    ++added;
+                    place = edge;
+                }
+            auto const& [x, y, z] = place.first;
+            if (added > 0)
+                m_faults.open += name + std::to_string(added) + " unpaired edges, one at " +
+                                 textOf({x, y, z}) + "; ";
+            judgeFlaws(piece, name);
+        }
+    }
+
+    void judgeFlaws(Soup const& piece, std::string const& name)
+    {
+        SurfaceEdges const edges = edgesOf(piece);
+        SurfaceEdges const& before = m_source.edges();
+        std::string& text = m_faults.flawed;
+        if (edges.flatTriangles > 0 && before.flatTriangles == 0)
+            text += name + std::to_string(edges.flatTriangles) + " triangles of no area; ";
+        if (m_source.hasLayers())
+            return;
+        if (edges.crowdedPaired > 0 && before.crowdedPaired == 0)
+            text += name + std::to_string(edges.crowdedPaired) + " edges of four; ";
+        if (Crossings const crossings = crossingsOf(piece); crossings.total() > 0)
+            text += name + std::to_string(crossings.pairs) + " crossings and " +
+                    std::to_string(crossings.overlaps) + " overlaps, one near " +
+                    textOf(wide(crossings.place)) + "; ";
+    }
+
+    void judgeBeside(Soup const& soup, std::mt19937& random)
+    {
+        if (!soup.triangles.empty())
+            judgePoint(pointBeside(soup, m_source.margin(), random));
+    }
+
+    bool isNearSurface(Point const& p) const
+    {
+        double const margin = m_source.margin();
+        return m_source.field().isWithin(margin, p) ||
+               std::any_of(m_pieces.begin(), m_pieces.end(),
+                           [&](auto const& piece) { return piece->isWithin(margin, p); });
+    }
+
+    void judgePoint(Point const& p)
+    {
+        if (!m_faults.wrong.empty() || isNearSurface(p))
+            return;
+        if (m_source.unpaired().empty())
+            judgeClosed(p);
+        else
+            judgeOpen(p);
+    }
+
+    void judgeClosed(Point const& p)
+    {
+        auto const winding = m_source.field().windingAt(p);
+        if (!winding)
+            return;
+        auto const expected = m_rule(p, *winding);
+        if (!expected)
+            return;
+        int sum = 0;
+        for (std::size_t i = 0; i < expected->pieces.size(); ++i) {
+            auto const found = i < m_pieces.size() ? m_pieces[i]->windingAt(p) : std::optional(0);
+            if (!found)
+                return;
+            sum += std::max(0, *found);
+            Allowed const allowed = expected->pieces[i];
+            if (*found < allowed.low || *found > allowed.high)
+                m_faults.wrong += "piece " + std::to_string(i + 1) + " winds " +
+                                  std::to_string(*found) + " times around " + textOf(p) +
+                                  ", the source " + std::to_string(*winding) + " times; ";
+        }
+        if (sum > expected->most)
+            m_faults.wrong += "the pieces together wind " + std::to_string(sum) + " times around " +
+                              textOf(p) + ", the source " + std::to_string(*winding) + " times; ";
+    }
+
+    void judgeOpen(Point const& p)
+    {
+        // Solid angles cost a pass over all triangles.
+        if (++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
+            return;
+        auto const expected = m_rule(p, 1);
+        if (!expected || std::none_of(expected->pieces.begin(), expected->pieces.end(),
+                                      [](Allowed const& allowed) { return allowed.low == 1; }))
+            return;
+        double const before = m_source.field().solidAngleAt(p);
+        double after = 0;
+        for (auto const& piece : m_pieces)
+            after += piece->solidAngleAt(p);
+        if (!(std::abs(after - before) < 0.01))
+            m_faults.wrong += "the pieces together wind " + std::to_string(after) +
+                              " times around " + textOf(p) + ", the open source " +
+                              std::to_string(before) + " times; ";
+    }
+
+    Source const& m_source;
+    Rule const& m_rule;
+    std::vector<std::unique_ptr<WindingField>> m_pieces;
+    PieceFaults m_faults;
+    std::size_t m_solidAngles = 0;
+};
+
+}  // namespace
+
+Allowed solidAs(int winding)
+{
+    return {std::min(winding, 1), std::max(winding, winding == 0 ? 0 : 1)};
+}
+
+Source::Source(Soup soup)
+    : m_field(std::move(soup)),
+      m_edges(edgesOf(m_field.soup())),
+      m_crossings(crossingsOf(m_field.soup())),
+      m_unpaired(unpairedEdgesOf(m_field.soup())),
+      m_hasLayers(m_crossings.total() > 0 || (m_unpaired.empty() && doesWindTwice(m_field)))
+{}
+
+double Source::diagonal() const
+{
+    UBox3<float> const box = m_field.bounds();
+    return (wide(box.max) - wide(box.min)).GetLength();
+}
+
+double Source::margin() const
+{
+    UBox3<float> const box = m_field.bounds();
+    double reach = 0;
+    for (int k = 0; k < 3; ++k)
+        reach = std::max({reach, std::abs(double(box.min[k])), std::abs(double(box.max[k]))});
+    return std::max(2e-5 * diagonal(), 1e-6 * reach);
+}
+
+PieceFaults faultsOf(Source const& source, std::vector<Soup> const& pieces, Rule const& rule,
+                     std::size_t samples)
+{
+    return Judge(source, pieces, rule).faults(samples);
+}
+
+}  // namespace judge

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tests/support/Soup.h"
+
+#include <cstddef>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace judge {
+
+/// The edges of a surface, points joined by their coordinates.
+struct SurfaceEdges
+{
+    /// Edges in one triangle alone.
+    std::size_t borders = 0;
+    /// Edges in two triangles that disagree about the surface's outside.
+    std::size_t disagreeing = 0;
+    /// Edges in more than two triangles, as many in each direction.
+    std::size_t crowdedPaired = 0;
+    /// Edges in more than two triangles, more in one direction than in the other.
+    std::size_t crowdedUnpaired = 0;
+    /// Triangles with three corners in a line, exactly.
+    std::size_t flatTriangles = 0;
+
+    /// Each edge in exactly two triangles that agree.
+    bool isClosed() const { return borders + disagreeing + crowdedPaired + crowdedUnpaired == 0; }
+    /// It has an inside: as many triangles in either direction at every edge.
+    bool isPaired() const { return borders + disagreeing + crowdedUnpaired == 0; }
+};
+
+using EdgeEnds = std::pair<std::array<float, 3>, std::array<float, 3>>;
+
+SurfaceEdges edgesOf(Soup const& soup);
+/// The ends of edges that do not have as many triangles in either direction, each edge once.
+std::set<EdgeEnds> unpairedEdgesOf(Soup const& soup);
+
+}  // namespace judge
