@@ -5,6 +5,7 @@
 #include "module/EditCommands.h"
 #include "module/OrbeCmdZcut.h"
 #include "module/PreviewCommands.h"
+#include "module/SolidToolCommands.h"
 #include "module/ToolCommands.h"
 #include "platform/ui/CommandManager.h"
 

@@ -61,21 +61,3 @@ class CmdFreecutPlaneYZPlane : public ToolCommand
 public:
     CmdFreecutPlaneYZPlane() : ToolCommand(textsOfCommand("CmdFreecutPlaneYZPlane")) {}
 };
-
-class CmdFreecutPolygon : public ToolCommand
-{
-public:
-    CmdFreecutPolygon() : ToolCommand(textsOfCommand("CmdFreecutPolygon")) {}
-};
-
-class CmdFreecutCylinder : public ToolCommand
-{
-public:
-    CmdFreecutCylinder() : ToolCommand(textsOfCommand("CmdFreecutCylinder")) {}
-};
-
-class CmdFreecutCuboid : public ToolCommand
-{
-public:
-    CmdFreecutCuboid() : ToolCommand(textsOfCommand("CmdFreecutCuboid")) {}
-};

@@ -396,6 +396,17 @@
     </message>
 </context>
 <context>
+    <name>DialogFreeCut</name>
+    <message>
+        <source>Upper width(W1) or lower width(W2) are too large.</source>
+        <translation>Die obere Breite(W1) oder die untere Breite(W2) ist zu groß.</translation>
+    </message>
+    <message>
+        <source>Width(W) is too large.</source>
+        <translation>Die Breite(W) ist zu groß.</translation>
+    </message>
+</context>
+<context>
     <name>DialogTitleBar</name>
     <message>
         <source>Keep open</source>
@@ -919,6 +930,37 @@
     <message>
         <source>STL, ASCII</source>
         <translation>STL, ASCII</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::PolygoncutSelection</name>
+    <message>
+        <source>Invalid point.</source>
+        <translation>Ungültiger Punkt.</translation>
+    </message>
+    <message>
+        <source>This point already exists.</source>
+        <translation>Dieser Punkt ist schon vorhanden.</translation>
+    </message>
+    <message>
+        <source>You can not move this point, because one of the edges contain this point has teeth.</source>
+        <translation>Dieser Punkt lässt sich nicht verschieben, weil eine seiner Kanten Zähne hat.</translation>
+    </message>
+    <message>
+        <source>Do you want to split an edge with teeth?</source>
+        <translation>Möchten Sie eine Kante mit Zähnen teilen?</translation>
+    </message>
+    <message>
+        <source>Width(W) must be larger or equal to Height(H).</source>
+        <translation>Die Breite(W) muss mindestens so groß wie die Höhe(H) sein.</translation>
+    </message>
+    <message>
+        <source>Offset(O) is too large for some edge.</source>
+        <translation>Der Versatz(O) ist für eine Kante zu groß.</translation>
+    </message>
+    <message>
+        <source>There would be too many teeth on some edge. Choose a larger distance(D).</source>
+        <translation>Auf einer Kante gäbe es zu viele Zähne. Wählen Sie einen größeren Abstand(D).</translation>
     </message>
 </context>
 <context>
@@ -1447,6 +1489,18 @@
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
 </context>
 <context>
@@ -2143,6 +2197,26 @@
     <message>
         <source>, near (%1, %2, %3)</source>
         <translation>, nahe (%1, %2, %3)</translation>
+    </message>
+    <message>
+        <source>Mending them would change the shape of the part.</source>
+        <translation>Sie zu beheben würde die Form des Bauteils ändern.</translation>
+    </message>
+    <message>
+        <source>The surface is open there, so that inside and outside cannot be told apart.</source>
+        <translation>Die Fläche ist dort offen, so dass sich innen und außen nicht unterscheiden lassen.</translation>
+    </message>
+    <message>
+        <source>One of the shells there is inside out.</source>
+        <translation>Eine der Schalen dort ist von innen nach außen gekehrt.</translation>
+    </message>
+    <message>
+        <source>What is there cannot be put together again without gaps.</source>
+        <translation>Was dort liegt, lässt sich nicht ohne Lücken wieder zusammensetzen.</translation>
+    </message>
+    <message>
+        <source>Mending them would leave the part with more flaws than before.</source>
+        <translation>Sie zu beheben würde dem Bauteil mehr Fehler lassen als zuvor.</translation>
     </message>
 </context>
 <context>

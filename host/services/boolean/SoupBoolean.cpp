@@ -7,17 +7,15 @@
 #include <algorithm>
 
 SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
-                                          std::vector<std::int8_t> const& known,
-                                          WindingNumbers const& winding, StageProgress& progress)
+                                          std::vector<TrianglePair> const& ofSecond,
+                                          WindingSources const& sources, StageProgress& progress)
 {
-    if (!m_network.build(findContacts(m_soup, grid, progress), progress))
+    std::vector<TrianglePair> contacts = findContacts(m_soup, grid, progress);
+    contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
+    if (!m_network.build(contacts, progress))
         return Outcome::contradiction;
     progress.add(0);
-    SideSeeds seeds;
-    if (!findSideSeeds(m_soup, m_network, seeds))
-        return Outcome::contradiction;
-    progress.add(0);
-    if (!labelSides(m_soup, m_network, seeds, known, winding, m_labels))
+    if (!labelSides(m_soup, m_network, sources, m_labels))
         return Outcome::contradiction;
     progress.add(0);
     m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);

@@ -23,11 +23,10 @@ public:
     /// soup  must outlive this
     explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(soup) {}
 
-    /// grid     of the second operand
-    /// known    by vertex of the first operand: whether it lies in the second, if that is known
-    /// winding  for what no curve and no known vertex tells
-    Outcome resolve(ToolGrid const& grid, std::vector<std::int8_t> const& known,
-                    WindingNumbers const& winding, StageProgress& progress);
+    /// grid      of the second operand
+    /// ofSecond  contacts of the second operand's triangles with each other
+    Outcome resolve(ToolGrid const& grid, std::vector<TrianglePair> const& ofSecond,
+                    WindingSources const& sources, StageProgress& progress);
 
     /// The triangles of one result; nothing if they do not close around the curves.
     std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece) const;
