@@ -2091,6 +2091,10 @@
 <context>
     <name>Services</name>
     <message>
+        <source>A piece crosses itself by rounding near (%1, %2, %3).</source>
+        <translation>Ein Teilstück schneidet sich durch Rundung selbst nahe (%1, %2, %3).</translation>
+    </message>
+    <message>
         <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
         <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
     </message>
