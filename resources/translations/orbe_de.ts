@@ -1975,6 +1975,14 @@
     </message>
 </context>
 <context>
+    <name>PointLabel</name>
+    <message>
+        <source>X: %1  Y: %2  Z: %3 %4</source>
+        <extracomment>Coordinates of a picked point and their unit.</extracomment>
+        <translation>X: %1  Y: %2  Z: %3 %4</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesDialog</name>
     <message>
         <source>Preferences</source>
@@ -2323,24 +2331,13 @@
         <translation>Auf ein Bauteil klicken, um die Koordinaten dieses Punkts zu sehen. Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click on a part to place the cutting plane. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken, um die Schnittebene zu setzen. Esc beendet das Werkzeug.</translation>
+        <source>Esc ends the tool.</source>
+        <translation>Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click the corners of the polygon on the parts; the first corner closes it.</source>
-        <translation>Die Ecken des Polygons auf den Bauteilen anklicken; die erste Ecke schließt es.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cylinder.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Zylinders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cuboid.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Quaders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken. Esc beendet das Werkzeug.</translation>
+        <source>%1: %2 Esc ends the tool.</source>
+        <extracomment>The name of a tool and what a click does, a whole sentence.</extracomment>
+        <translation>%1: %2 Esc beendet das Werkzeug.</translation>
     </message>
     <message>
         <source>Drop mesh files here, or open them from the File menu.</source>
