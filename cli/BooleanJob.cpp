@@ -1,42 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/BooleanJob.h"
 
+#include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Intersect.h"
 
 #include <functional>
+#include <utility>
 
 namespace {
 
 using Progress = std::function<void(int)>;
 
-BooleanPiece emptyPiece(std::string const& name, char const* what)
-{
-    return {name + "_" + what, std::make_unique<MeshKernel>()};
-}
+using Kernels = std::vector<std::pair<std::string, std::shared_ptr<MeshKernel>>>;
 
-std::vector<BooleanPiece> split(MeshKernel& a, MeshKernel& b, std::string const& name,
-                                Progress const& progress)
+Kernels split(MeshKernel& a, MeshKernel& b, Progress const& progress)
 {
-    std::vector<BooleanPiece> pieces;
-    pieces.push_back(emptyPiece(name, "inside"));
-    pieces.push_back(emptyPiece(name, "outside"));
-    Intersect::boolean_subtract_keep(&a, &b, pieces[0].kernel.get(), pieces[1].kernel.get(),
+    Kernels kernels{{"inside", std::make_shared<MeshKernel>()},
+                    {"outside", std::make_shared<MeshKernel>()}};
+    Intersect::boolean_subtract_keep(&a, &b, kernels[0].second.get(), kernels[1].second.get(),
                                      progress, 1);
-    return pieces;
+    return kernels;
 }
 
-std::vector<BooleanPiece> combine(MeshKernel& a, MeshKernel& b, BooleanOperation operation,
-                                  std::string const& name, Progress const& progress)
+Kernels combine(MeshKernel& a, MeshKernel& b, BooleanOperation operation, Progress const& progress)
 {
-    std::vector<BooleanPiece> pieces;
-    pieces.push_back(emptyPiece(name, nameOf(operation)));
-    std::vector<MeshKernel*> out{pieces[0].kernel.get()};
+    Kernels kernels{{nameOf(operation), std::make_shared<MeshKernel>()}};
+    std::vector<MeshKernel*> out{kernels[0].second.get()};
     auto const type = operation == BooleanOperation::Union       ? Intersect::BOOLEAN_UNION
                       : operation == BooleanOperation::Intersect ? Intersect::BOOLEAN_INTERSECT
                                                                  : Intersect::BOOLEAN_SUBTRACT;
     Intersect::boolean(&a, &b, out, type, progress, 1);
-    return pieces;
+    return kernels;
 }
 
 char const* titleOf(BooleanOperation operation)
@@ -56,18 +51,20 @@ char const* titleOf(BooleanOperation operation)
 
 }  // namespace
 
-std::vector<BooleanPiece> runBooleanJob(MeshKernel& a, MeshKernel& b, BooleanOperation operation,
-                                        std::string const& name)
+void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
 {
     Base::SequencerLauncher display(titleOf(operation), 100, true);
     display.setCancelEnabled(true);
     Progress const progress = [&](int percent) { display.setProgress(std::uint64_t(percent)); };
-    std::vector<BooleanPiece> pieces = operation == BooleanOperation::Split
-                                           ? split(a, b, name, progress)
-                                           : combine(a, b, operation, name, progress);
-    std::erase_if(pieces,
-                  [](BooleanPiece const& p) { return p.kernel->readMesh()->triangles.empty(); });
-    for (BooleanPiece& piece : pieces)
-        piece.kernel->UpdateBoundingBox();
-    return pieces;
+    MeshKernel& solidA = *a.object->meshProperty->getMesh();
+    MeshKernel& solidB = *b.object->meshProperty->getMesh();
+    Kernels const kernels = operation == BooleanOperation::Split
+                                ? split(solidA, solidB, progress)
+                                : combine(solidA, solidB, operation, progress);
+    for (auto const& [what, kernel] : kernels) {
+        if (kernel->readMesh()->triangles.empty())
+            continue;
+        kernel->UpdateBoundingBox();
+        a.pieces.push_back({a.object->getName() + '_' + what, kernel, nullptr, {}, {}});
+    }
 }

@@ -2,23 +2,11 @@
 #pragma once
 
 #include "cli/BooleanOptions.h"
-#include "platform/mesh/MeshKernel.h"
+#include "cli/CutPart.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
-/// A piece that a boolean has made.
-struct BooleanPiece
-{
-    std::string name;
-    std::unique_ptr<MeshKernel> kernel;
-};
-
-/// Combines two solids behind a progress display. Pieces without triangles are left out.
+/// Combines two solids behind a progress display, and enters what comes out as pieces of the first
+/// one, from which they take their names. Those without triangles are left out.
 ///
-/// name    what the pieces' names begin with
 /// throws  Mell::Exception that says what is wrong with a solid; Mell::AbortException if the user
 ///         cancels
-std::vector<BooleanPiece> runBooleanJob(MeshKernel& a, MeshKernel& b, BooleanOperation operation,
-                                        std::string const& name);
+void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/CommonOptions.h"
-#include "cli/PieceOptions.h"
+#include "cli/CutOptions.h"
 
 /// What becomes of two solids A and B.
 enum class BooleanOperation
@@ -16,13 +15,10 @@ enum class BooleanOperation
 /// The word for an operation on the command line, without its dashes.
 char const* nameOf(BooleanOperation operation);
 
-/// The command line of a boolean.
-struct BooleanOptions
+/// The command line of a boolean, whose files are A and B.
+struct BooleanOptions : CutOptions
 {
-    /// Its files are A and B.
-    CommonOptions common;
     BooleanOperation operation = BooleanOperation::Union;
-    PieceOptions pieces;
 
     void addTo(CLI::App& command);
 };

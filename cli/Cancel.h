@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// The user's wish to stop: Ctrl-C, or a polite termination. It is only noted here; the progress
-/// display hands it to whatever runs.
+/// The user's wish to stop: Ctrl-C, a polite termination, or a terminal that has gone. It is only
+/// noted here; the progress display hands it to whatever runs.
 namespace Cancel {
 
 /// Notes the signals from now on instead of dying from them.

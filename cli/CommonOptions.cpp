@@ -19,6 +19,13 @@ void CommonOptions::addTo(CLI::App& command)
     command.add_flag("--quiet", quiet, "Print neither table nor progress");
 }
 
+void addKeepGoing(CLI::App& command, bool& keepGoing)
+{
+    command.add_flag("--keep-going", keepGoing,
+                     "Carry on with the other files when one fails; the exit status tells that "
+                     "one did");
+}
+
 void applyCommonOptions(CommonOptions const& options)
 {
     if (options.threads > 0)

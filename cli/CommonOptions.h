@@ -23,5 +23,8 @@ struct CommonOptions
     bool wantsTable() const { return !quiet && report != "-"; }
 };
 
+/// What is said of a file that fails does not end the command.
+void addKeepGoing(CLI::App& command, bool& keepGoing);
+
 /// Plugs the progress line in and limits the threads.
 void applyCommonOptions(CommonOptions const& options);

@@ -1,25 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/SourceFiles.h"
+#include "cli/Failure.h"
+#include "cutjobs/common/CutRemark.h"
 #include "host/mesh/MeshFacts.h"
+#include "platform/mesh/MeshKernel.h"
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+namespace Formats {
+class MeshFormat;
+}
 namespace Mesh {
 class DocumentObject;
 }
 
-/// A new part and the file it goes to. Whoever has made the piece owns the kernel.
+/// A new part and the file it goes to.
 struct CutPiece
 {
     std::string name;
-    MeshKernel const* kernel = nullptr;
+    std::shared_ptr<MeshKernel const> kernel;
     Formats::MeshFormat const* format = nullptr;
     std::filesystem::path file;
+    /// Measured once the part is cut.
+    MeshFacts facts;
 };
 
 /// What a plane makes of a part, before it is cut.
@@ -30,16 +38,20 @@ struct SectionFacts
     std::size_t contours = 0;
     /// Where pins or holes go; none if they were not asked for.
     std::optional<std::vector<UPoint3<float>>> positions;
-    /// Why the halves stay plain although connectors were asked for, and what to do; or nothing.
-    std::string warning;
 };
 
 /// A part from the command line and what became of it.
 struct CutPart
 {
+    /// Its place among the parts of the run, in the order of the command line.
+    std::size_t place = 0;
+    /// The file's path as it was given.
     std::string source;
+    /// What to call it to a person: the file, with the part's name where the file holds several.
+    std::string label;
+    bool isOnlyOfFile = true;
     Formats::MeshFormat const* format = nullptr;
-    /// The part in the document, if it is in one.
+    /// The part in the document; null if the file could not be read.
     Mesh::DocumentObject* object = nullptr;
     std::size_t triangles = 0;
     /// Measured only for a report.
@@ -47,7 +59,8 @@ struct CutPart
     /// Of a section cut, measured only for a report.
     std::optional<SectionFacts> section;
     std::vector<CutPiece> pieces;
+    /// Why nothing, or something else than was asked for, became of it.
+    std::optional<Failure> failure;
+    /// What the cut, or the command line, has to say about it.
+    CutRemarks remarks;
 };
-
-/// Describes a part before it is cut.
-CutPart describePart(SourcePart const& source, MeshKernel const& kernel, bool measure);

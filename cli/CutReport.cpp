@@ -13,29 +13,59 @@ Report pieceReport(CutPiece const& piece)
     Report report;
     report["name"] = piece.name;
     report["file"] = piece.file.string();
-    appendFacts(report, measureMesh(*piece.kernel));
+    appendFacts(report, piece.facts);
+    return report;
+}
+
+Report pointsReport(std::vector<UPoint3<float>> const& points)
+{
+    Report report = Report::array();
+    for (UPoint3<float> const& p : points)
+        report.push_back({tidy(p.X()), tidy(p.Y()), tidy(p.Z())});
     return report;
 }
 
 void appendSection(Report& report, SectionFacts const& section)
 {
     report["section"] = {{"area", section.area}, {"contours", section.contours}};
-    if (!section.warning.empty())
-        report["warning"] = section.warning;
-    if (!section.positions)
-        return;
-    report["positions"] = Report::array();
-    for (UPoint3<float> const& p : *section.positions)
-        report["positions"].push_back({tidy(p.X()), tidy(p.Y()), tidy(p.Z())});
+    if (section.positions)
+        report["positions"] = pointsReport(*section.positions);
+}
+
+char const* nameOf(CutRemark::Kind kind)
+{
+    switch (kind) {
+        case CutRemark::Kind::NothingCut:
+            return "nothingCut";
+        case CutRemark::Kind::GapTakesPiece:
+            return "gapTakesPiece";
+        case CutRemark::Kind::NoRoomForConnectors:
+            return "noRoomForConnectors";
+    }
+    return "";
+}
+
+Report remarkReport(CutRemark const& remark)
+{
+    Report report = {{"kind", nameOf(remark.kind)}, {"text", remark.text}};
+    if (!remark.places.empty())
+        report["places"] = pointsReport(remark.places);
+    return report;
 }
 
 Report partReport(CutPart const& part)
 {
     Report report;
     report["source"] = part.source;
-    report["triangles"] = part.triangles;
-    report["volume"] = part.facts.volume;
-    report["closed"] = part.facts.closed;
+    if (part.failure)
+        report["error"] = part.failure->message;
+    for (CutRemark const& remark : part.remarks)
+        report["remarks"].push_back(remarkReport(remark));
+    if (part.object) {
+        report["triangles"] = part.triangles;
+        report["volume"] = volumeReport(part.facts);
+        report["closed"] = part.facts.closed;
+    }
     if (part.section)
         appendSection(report, *part.section);
     report["pieces"] = Report::array();
@@ -60,18 +90,11 @@ std::string padded(std::string text, std::size_t width)
 
 }  // namespace
 
-Report cutReport(Report head, std::vector<CutPart> const& parts, CutSeconds const& seconds,
-                 Stopwatch const& total, int threads)
+Report partsReport(std::vector<CutPart> const& parts)
 {
-    Report report = std::move(head);
-    report["parts"] = Report::array();
+    Report report = Report::array();
     for (CutPart const& part : parts)
-        report["parts"].push_back(partReport(part));
-    report["seconds"] = {{"load", seconds.load},
-                         {"cut", seconds.cut},
-                         {"save", seconds.save},
-                         {"total", total.seconds()}};
-    report["threads"] = threads;
+        report.push_back(partReport(part));
     return report;
 }
 
@@ -82,11 +105,22 @@ void printTable(std::vector<CutPart> const& parts)
         for (CutPiece const& piece : part.pieces)
             width = std::max(width, piece.file.string().size());
     for (CutPart const& part : parts) {
-        std::printf("%s: %s triangles\n", part.source.c_str(), grouped(part.triangles).c_str());
+        if (!part.object)
+            continue;
+        std::printf("%s: %s triangles\n", part.label.c_str(), grouped(part.triangles).c_str());
         for (CutPiece const& piece : part.pieces) {
             std::printf("  %s  %10s triangles  %s\n", padded(piece.file.string(), width).c_str(),
                         grouped(piece.kernel->readMesh()->triangles.size()).c_str(),
                         boxText(piece.kernel->GetBox()).c_str());
         }
     }
+}
+
+void complainOfOpenPieces(CutPart const& part, bool isAllowed)
+{
+    for (CutPiece const& piece : part.pieces)
+        if (!piece.facts.closed)
+            complain(piece.file.string() +
+                     ": The piece is not closed: " + openPlacesOf(piece.facts) +
+                     (isAllowed ? "." : ". Repair the part, or accept it with --allow-open."));
 }

@@ -3,19 +3,12 @@
 
 #include "cli/CutPart.h"
 #include "cli/Report.h"
-#include "cli/Stopwatch.h"
 
-struct CutSeconds
-{
-    double load = 0;
-    double cut = 0;
-    double save = 0;
-};
-
-/// The report of a cut, which begins with the fields of `head`. The pieces are measured here;
-/// `total` has run since the start.
-Report cutReport(Report head, std::vector<CutPart> const& parts, CutSeconds const& seconds,
-                 Stopwatch const& total, int threads);
+/// The parts with their pieces, for the report of a cut.
+Report partsReport(std::vector<CutPart> const& parts);
 
 /// Prints the pieces for a person to read, to standard output.
 void printTable(std::vector<CutPart> const& parts);
+
+/// Says which pieces of a part are not closed, and what can be done.
+void complainOfOpenPieces(CutPart const& part, bool isAllowed);

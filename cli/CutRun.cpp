@@ -1,43 +1,182 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutRun.h"
 
+#include "cli/CutReport.h"
 #include "cli/DocumentParts.h"
+#include "cli/Errors.h"
+#include "cli/ExitStatus.h"
 #include "cli/SavePieces.h"
-#include "cli/SourceFiles.h"
-#include "host/jobs/Threads.h"
 #include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/ui/Application.h"
 
-CutRun::CutRun(CommonOptions const& common, PieceOptions const& pieces, bool isDry)
-    : m_common(common), m_pieces(pieces), m_document(*Application::Instance->newDocument("freecut"))
+#include <algorithm>
+
+namespace {
+
+void failIfUncut(CutPart const& part)
 {
-    checkReportTarget(common.report, common.files);
-    if (!isDry)
-        m_files.emplace(pieces.folder, pieces.overwrite());
-    Stopwatch stage;
-    std::vector<SourcePart> sources = readSources(common.files);
-    m_seconds.load = stage.restart();
-    m_parts = addParts(m_document, sources, wantsReport());
+    for (CutRemark const& remark : part.remarks)
+        if (remark.kind == CutRemark::Kind::NothingCut)
+            throw CutError(remark.text);
 }
 
-void CutRun::cutAndSave(bool keepOriginal, std::function<void()> const& job)
+}  // namespace
+
+CutRun::CutRun(std::string const& command, CutOptions const& options)
+    : m_options(options),
+      m_report(command, options.common),
+      m_document(*Application::Instance->newDocument("freecut"))
 {
-    if (isDry())
+    applyCommonOptions(options.common);
+    if (!isDry())
+        m_files.emplace(options.pieces.folder, options.pieces.overwrite());
+}
+
+int CutRun::perform(std::function<void()> const& cut)
+{
+    try {
+        m_report.time("load", [this] { readParts(); });
+        m_report.time("cut", cut);
+        if (!isDry())
+            m_report.time("save", [this] { savePieces(); });
+    } catch (Stopped const&) {
+        // The part that failed has said why.
+    } catch (Mell::AbortException const&) {
+        // Whoever cancels wants all to be as it was, a former report too.
+        throw;
+    } catch (...) {
+        m_failure = failureInFlight();
+        complain(m_failure->message);
+    }
+    finish();
+    return status();
+}
+
+void CutRun::cutEach(std::function<void(CutPart&)> const& job)
+{
+    for (CutPart& part : m_parts)
+        cut(part, [&] { job(part); });
+}
+
+void CutRun::cut(CutPart& part, std::function<void()> const& job)
+{
+    if (!part.object)
         return;
-    Stopwatch stage;
-    job();
-    if (keepOriginal)
-        appendOriginals(m_parts, m_pieces, *m_files);
-    m_seconds.cut = stage.restart();
-    savePieces(m_parts, m_pieces, *m_files);
-    m_seconds.save = stage.restart();
+    bool const isDone = attempt(part, [&] {
+        job();
+        if (m_options.failIfUncut)
+            failIfUncut(part);
+        for (CutPiece& piece : part.pieces)
+            piece.facts = measureMesh(*piece.kernel);
+    });
+    if (isDone)
+        for (CutRemark const& remark : part.remarks)
+            complain(part.label + ": " + remark.text);
+    if (!isDone)
+        stopUnlessGoingOn();
 }
 
-void CutRun::finish(Report head)
+void CutRun::readParts()
 {
-    if (wantsReport())
-        writeReport(m_common.report, cutReport(std::move(head), m_parts, m_seconds, m_total,
-                                               Threads::threadCount()));
+    for (std::string const& file : m_options.common.files)
+        readFile(file);
+}
+
+void CutRun::readFile(std::string const& file)
+{
+    CutPart unread;
+    unread.source = file;
+    std::vector<SourcePart> sources;
+    if (!attempt(unread, [&] { sources = readSource(file); })) {
+        append(std::move(unread));
+        return stopUnlessGoingOn();
+    }
+    bool const isOnly = sources.size() == 1;
+    for (SourcePart& source : sources) {
+        std::string const name = source.name;
+        CutPart part = addPart(m_document, std::move(source), wantsReport());
+        part.isOnlyOfFile = isOnly;
+        if (!isOnly)
+            part.label += " (" + name + ")";
+        append(std::move(part));
+    }
+}
+
+void CutRun::append(CutPart part)
+{
+    part.place = m_parts.size();
+    m_parts.push_back(std::move(part));
+}
+
+bool CutRun::attempt(CutPart& part, std::function<void()> const& work)
+{
+    try {
+        work();
+        return true;
+    } catch (Mell::AbortException const&) {
+        throw;
+    } catch (...) {
+        part.failure = failureInFlight();
+        part.pieces.clear();
+        // What cannot be read is named by its message.
+        complain(part.object ? part.label + ": " + part.failure->message : part.failure->message);
+        return false;
+    }
+}
+
+void CutRun::stopUnlessGoingOn() const
+{
+    if (!m_options.keepGoing)
+        throw Stopped();
+}
+
+void CutRun::savePieces()
+{
+    if (m_options.keepOriginal)
+        appendOriginals(m_parts, m_options.pieces, *m_files);
+    writePieces(m_parts, m_options.pieces, *m_files);
+}
+
+void CutRun::finish()
+{
+    if (!isKept())
+        for (CutPart& part : m_parts)
+            part.pieces.clear();
+    try {
+        m_report.write(partsReport(m_parts), status(), m_failure);
+    } catch (...) {
+        m_failure = failureInFlight();
+        complain(m_failure->message);
+    }
+    if (!isKept())
+        return;
     if (m_files)
         m_files->keep();
+    if (m_options.common.wantsTable() && !isDry())
+        printTable(m_parts);
+    for (CutPart const& part : m_parts)
+        complainOfOpenPieces(part, m_options.pieces.allowOpen);
+}
+
+bool CutRun::isKept() const
+{
+    auto const hasFailed = [](CutPart const& part) { return part.failure.has_value(); };
+    return !m_failure &&
+           (m_options.keepGoing || std::none_of(m_parts.begin(), m_parts.end(), hasFailed));
+}
+
+int CutRun::status() const
+{
+    if (m_failure)
+        return m_failure->status;
+    bool hasOpenPiece = false;
+    for (CutPart const& part : m_parts) {
+        if (part.failure)
+            return part.failure->status;
+        for (CutPiece const& piece : part.pieces)
+            hasOpenPiece |= !piece.facts.closed;
+    }
+    return hasOpenPiece && !m_options.pieces.allowOpen ? EXIT_PIECE_OPEN : EXIT_DONE;
 }

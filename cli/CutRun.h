@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/CommonOptions.h"
-#include "cli/CutReport.h"
+#include "cli/CommandReport.h"
+#include "cli/CutOptions.h"
+#include "cli/CutPart.h"
 #include "cli/PieceFiles.h"
-#include "cli/PieceOptions.h"
 
 #include <functional>
 #include <optional>
@@ -13,37 +13,59 @@ namespace Mesh {
 class Document;
 }
 
-/// One run of a command that cuts parts in a document of their own: from the files to the pieces
-/// and the report.
+/// One run of a command that cuts parts in a document of their own: from the files to the pieces,
+/// what is said about them, and the report. Either all pieces are written or none; with
+/// --keep-going those of all parts that did not fail.
 class CutRun
 {
 public:
-    /// Reads the parts.
-    ///
-    /// isDry   nothing is cut, and no pieces are written
-    /// throws  UsageError if the report would go into a part's file; as readSources
-    CutRun(CommonOptions const& common, PieceOptions const& pieces, bool isDry);
+    /// throws  UsageError or Formats::FileError if report or pieces could not be written where they
+    ///         shall go. Nothing has been read yet
+    CutRun(std::string const& command, CutOptions const& options);
 
     Mesh::Document& document() { return m_document; }
-    std::vector<CutPart>& parts() { return m_parts; }
-    bool isDry() const { return !m_files; }
-    bool wantsReport() const { return !m_common.report.empty(); }
+    bool isDry() const { return m_options.dryRun; }
+    bool wantsReport() const { return m_report.isWanted(); }
+    /// The report's fields that are this command's own.
+    Report& reportHead() { return m_report.head(); }
 
-    /// Runs the job, which gives the parts their pieces, and writes these; nothing in a dry run.
+    /// Reads the parts, has them cut, writes their pieces, and tells about it all.
     ///
-    /// keepOriginal  the parts follow their pieces
-    void cutAndSave(bool keepOriginal, std::function<void()> const& job);
+    /// returns  the exit status. What `cut` throws becomes a message
+    /// throws   Mell::AbortException if the user has cancelled; there is no piece and no report
+    /// then
+    int perform(std::function<void()> const& cut);
 
-    /// Writes the report if one is wanted, and lets the files stay. Without it they go with the
-    /// run.
-    void finish(Report head);
+    // Inside perform():
+    /// One for each part, and one for each file that could not be read.
+    std::vector<CutPart>& parts() { return m_parts; }
+    /// Runs the job on each part, which gives it its pieces. A job that throws fails for its part
+    /// alone.
+    void cutEach(std::function<void(CutPart&)> const& job);
+    /// The same for one part.
+    void cut(CutPart& part, std::function<void()> const& job);
 
 private:
-    CommonOptions const& m_common;
-    PieceOptions const& m_pieces;
-    Stopwatch m_total;
-    CutSeconds m_seconds;
+    struct Stopped
+    {
+    };
+
+    void readParts();
+    void readFile(std::string const& file);
+    void append(CutPart part);
+    /// Whether the work was done; otherwise the part bears the failure, and it has been said.
+    bool attempt(CutPart& part, std::function<void()> const& work);
+    void stopUnlessGoingOn() const;
+    void savePieces();
+    void finish();
+    bool isKept() const;
+    int status() const;
+
+    CutOptions const& m_options;
+    CommandReport m_report;
     std::optional<PieceFiles> m_files;
     Mesh::Document& m_document;
     std::vector<CutPart> m_parts;
+    /// Of the run as a whole.
+    std::optional<Failure> m_failure;
 };

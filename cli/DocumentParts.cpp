@@ -4,26 +4,22 @@
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 
-std::vector<CutPart> addParts(Mesh::Document& document, std::vector<SourcePart>& sources,
-                              bool measure)
+CutPart addPart(Mesh::Document& document, SourcePart source, bool measure)
 {
-    std::vector<CutPart> parts;
-    for (SourcePart& source : sources) {
-        auto* const object = new Mesh::DocumentObject;
-        object->meshProperty->setMesh(source.kernel.release(), true);
-        std::string const name =
-            document.getUniqueObjectName(source.name.c_str(), {}, false, false);
-        document.addObject(object, name.c_str(), false);
-        parts.push_back(describePart(source, *object->meshProperty->getMesh(), measure));
-        parts.back().object = object;
-    }
-    return parts;
+    CutPart part;
+    part.source = part.label = source.file;
+    part.format = source.format;
+    part.triangles = source.kernel->readMesh()->triangles.size();
+    if (measure)
+        part.facts = measureMesh(*source.kernel);
+    part.object = new Mesh::DocumentObject;
+    part.object->meshProperty->setMesh(source.kernel.release(), true);
+    std::string const name = document.getUniqueObjectName(source.name.c_str(), {}, false, false);
+    document.addObject(part.object, name.c_str(), false);
+    return part;
 }
 
-std::vector<Mesh::DocumentObject*> objectsOf(std::vector<CutPart> const& parts)
+CutPiece pieceOf(Mesh::DocumentObject const& object)
 {
-    std::vector<Mesh::DocumentObject*> objects;
-    for (CutPart const& part : parts)
-        objects.push_back(part.object);
-    return objects;
+    return {object.getName(), object.meshProperty->shareMesh(), nullptr, {}, {}};
 }

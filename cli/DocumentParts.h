@@ -2,16 +2,16 @@
 #pragma once
 
 #include "cli/CutPart.h"
+#include "cli/SourceFiles.h"
 
 namespace Mesh {
 class Document;
 }
 
-/// Moves the parts into a document, under names that are all different, and describes them.
+/// Moves a part into a document, under a name that no other part has, and describes it.
 ///
 /// measure  fill in the facts, for a report
-std::vector<CutPart> addParts(Mesh::Document& document, std::vector<SourcePart>& sources,
-                              bool measure);
+CutPart addPart(Mesh::Document& document, SourcePart source, bool measure);
 
-/// The parts of the document, in the same order.
-std::vector<Mesh::DocumentObject*> objectsOf(std::vector<CutPart> const& parts);
+/// A part of a document as a piece of what it was cut from.
+CutPiece pieceOf(Mesh::DocumentObject const& object);

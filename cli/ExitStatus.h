@@ -8,4 +8,6 @@ enum ExitStatus
     EXIT_CUT_FAILED = 1,
     EXIT_WRONG_USAGE = 2,
     EXIT_FILE_FAILED = 3,
+    /// The pieces are written, but one of them is not closed.
+    EXIT_PIECE_OPEN = 4,
 };

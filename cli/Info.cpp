@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/CommonOptions.h"
+#include "cli/CommandReport.h"
+#include "cli/ExitStatus.h"
 #include "cli/Numbers.h"
-#include "cli/Report.h"
 #include "cli/SourceFiles.h"
 #include "cli/SubCommands.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Repair.h"
 
@@ -12,9 +13,18 @@
 #include <array>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
+
+struct InfoOptions
+{
+    CommonOptions common;
+    bool keepGoing = false;
+    /// Errors of the parts are a failure.
+    bool check = false;
+};
 
 using Counts = Repair::EvaluateErrors::Counts;
 
@@ -58,7 +68,7 @@ Report partReport(SourcePart const& part, MeshFacts const& facts, Counts const& 
 
 std::string corner(UPoint3<float> const& p)
 {
-    return "(" + decimal(p.X()) + ", " + decimal(p.Y()) + ", " + decimal(p.Z()) + ")";
+    return "(" + figures(p.X()) + ", " + figures(p.Y()) + ", " + figures(p.Z()) + ")";
 }
 
 void printLine(std::string const& label, std::string const& value)
@@ -73,29 +83,56 @@ void printPart(SourcePart const& part, MeshFacts const& facts, Counts const& cou
     printLine("vertices", grouped(facts.vertices));
     printLine("shells", grouped(facts.shells));
     printLine("box", corner(facts.box.min) + " to " + corner(facts.box.max) + " mm");
-    printLine("volume", fixed(facts.volume, 3) + " mm3");
-    printLine("area", fixed(facts.area, 3) + " mm2");
-    printLine("closed", facts.closed ? "yes" : "no");
+    printLine("volume", facts.closed ? measure(facts.volume) + " mm3" : "none, it is not closed");
+    printLine("area", measure(facts.area) + " mm2");
+    printLine("closed", facts.closed ? "yes" : "no, " + openPlacesOf(facts));
     char const* label = "errors";
     for (ErrorKind const& kind : errorKinds)
         printLine(std::exchange(label, ""), grouped(counts.*kind.count) + " " + kind.text);
 }
 
-int runInfo(CommonOptions const& options)
+/// Tells about the parts of a file, and how many errors they have together.
+std::size_t tellOf(std::string const& file, CommonOptions const& options, Report& parts)
 {
-    applyCommonOptions(options);
-    checkReportTarget(options.report, options.files);
-    Report parts = Report::array();
-    for (SourcePart const& part : readSources(options.files)) {
+    std::size_t errors = 0;
+    for (SourcePart const& part : readSource(file)) {
         MeshFacts const facts = measureMesh(*part.kernel);
         Counts const counts = countErrors(part);
+        errors += counts.total();
         parts.push_back(partReport(part, facts, counts));
         if (options.wantsTable())
             printPart(part, facts, counts);
     }
-    if (!options.report.empty())
-        writeReport(options.report, {{"command", "info"}, {"parts", parts}});
-    return 0;
+    return errors;
+}
+
+int runInfo(InfoOptions const& options)
+{
+    CommandReport report("info", options.common);
+    applyCommonOptions(options.common);
+    Report parts = Report::array();
+    std::optional<Failure> failure;
+    std::size_t errors = 0;
+    report.time("check", [&] {
+        for (std::string const& file : options.common.files)
+            try {
+                errors += tellOf(file, options.common, parts);
+            } catch (Mell::AbortException const&) {
+                throw;
+            } catch (...) {
+                Failure const here = failureInFlight();
+                complain(here.message);
+                parts.push_back({{"source", file}, {"error", here.message}});
+                failure = failure.value_or(here);
+                if (!options.keepGoing)
+                    break;
+            }
+    });
+    int const status = failure                       ? failure->status
+                       : options.check && errors > 0 ? EXIT_CUT_FAILED
+                                                     : EXIT_DONE;
+    report.write(parts, status, {});
+    return status;
 }
 
 }  // namespace
@@ -104,8 +141,13 @@ void addInfo(CLI::App& commandLine, Action& action)
 {
     CLI::App* const command = commandLine.add_subcommand(
         "info", "Tell size, volume and errors of parts. All numbers are millimetres.");
-    auto const options = std::make_shared<CommonOptions>();
-    options->addTo(*command);
-    command->footer("Example:\n  freecut info bracket.stl --json -");
+    auto const options = std::make_shared<InfoOptions>();
+    options->common.addTo(*command);
+    addKeepGoing(*command, options->keepGoing);
+    command->add_flag("--check", options->check, "Fail with exit status 1 if a part has errors");
+    command->footer(
+        "Examples:\n"
+        "  freecut info bracket.stl --json -\n"
+        "  freecut info *.stl --check --keep-going --quiet");
     command->callback([options, &action] { action = [options] { return runInfo(*options); }; });
 }

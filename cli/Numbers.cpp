@@ -12,6 +12,15 @@ namespace {
 /// Beyond it the arithmetic on planes would overflow.
 constexpr float longestLength = 1e9f;
 
+/// Without zeros at the end of the decimals.
+std::string trimmed(std::string text)
+{
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+        text.pop_back();
+    return text == "-0" ? "0" : text;
+}
+
 }  // namespace
 
 std::string fixed(double value, int decimals)
@@ -24,11 +33,20 @@ std::string fixed(double value, int decimals)
 
 std::string decimal(float value)
 {
-    std::string text = fixed(value, 3);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
-        text.pop_back();
-    return text == "-0" ? "0" : text;
+    return trimmed(fixed(value, 3));
+}
+
+std::string figures(float value)
+{
+    return trimmed(measure(value));
+}
+
+std::string measure(double value)
+{
+    constexpr int figures = 6;
+    double const size = std::fabs(value);
+    bool const isSmall = size > 0 && size < 1;
+    return fixed(value, isSmall ? figures - 1 - int(std::floor(std::log10(size))) : 3);
 }
 
 std::string grouped(std::size_t count)

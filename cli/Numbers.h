@@ -12,6 +12,10 @@
 std::string fixed(double value, int decimals);
 /// With three decimals at most.
 std::string decimal(float value);
+/// The same, but below 1 with six figures at most: 12.346, 0.000123457.
+std::string figures(float value);
+/// With three decimals, but with six figures below 1: 24.000, 0.00123457.
+std::string measure(double value);
 /// With a comma between thousands.
 std::string grouped(std::size_t count);
 /// The double that has the same shortest text as the float: 0.1f gives 0.1.

@@ -28,4 +28,6 @@ void PieceOptions::addTo(CLI::App& command)
         ->check(CLI::IsMember(formatNames()))
         ->type_name("NAME");
     command.add_flag("--force", force, "Replace files that exist");
+    command.add_flag("--allow-open", allowOpen,
+                     "Accept pieces that are not closed: they do not change the exit status");
 }

@@ -16,6 +16,8 @@ struct PieceOptions
     /// Name of the pieces' format; empty for that of the source.
     std::string format;
     bool force = false;
+    /// A piece that is not closed is no failure.
+    bool allowOpen = false;
 
     void addTo(CLI::App& command);
 

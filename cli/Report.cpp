@@ -15,15 +15,38 @@ Report boxReport(UBox3<float> const& box)
             tidy(box.MaxX()), tidy(box.MaxY()), tidy(box.MaxZ())};
 }
 
+Report volumeReport(MeshFacts const& facts)
+{
+    return facts.closed ? Report(facts.volume) : Report();
+}
+
 void appendFacts(Report& object, MeshFacts const& facts)
 {
     object["triangles"] = facts.triangles;
     object["vertices"] = facts.vertices;
     object["shells"] = facts.shells;
-    object["volume"] = facts.volume;
+    object["volume"] = volumeReport(facts);
     object["area"] = facts.area;
     object["closed"] = facts.closed;
+    object["borderEdges"] = facts.borderEdges;
+    object["nonManifoldEdges"] = facts.nonManifoldEdges;
+    object["inconsistentEdges"] = facts.inconsistentEdges;
     object["box"] = boxReport(facts.box);
+}
+
+std::string openPlacesOf(MeshFacts const& facts)
+{
+    std::string text;
+    auto const add = [&](std::size_t count, char const* one, char const* many) {
+        if (count > 0)
+            text += (text.empty() ? "" : ", ") + grouped(count) + (count == 1 ? one : many);
+    };
+    add(facts.borderEdges, " border edge", " border edges");
+    add(facts.nonManifoldEdges, " edge with more than two triangles",
+        " edges with more than two triangles");
+    add(facts.inconsistentEdges, " edge with inconsistent orientation",
+        " edges with inconsistent orientation");
+    return text.empty() ? "it has no triangles" : text;
 }
 
 void checkReportTarget(std::string const& target, std::vector<std::string> const& sources)

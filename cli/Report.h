@@ -14,8 +14,15 @@ using Report = nlohmann::ordered_json;
 /// Six numbers: the minimum corner, then the maximum corner.
 Report boxReport(UBox3<float> const& box);
 
-/// Appends triangles, vertices, shells, volume, area, closed and box.
+/// The volume, or null for a mesh that is not closed and so encloses none.
+Report volumeReport(MeshFacts const& facts);
+
+/// Appends triangles, vertices, shells, volume, area, closed, what keeps it from being closed, and
+/// box.
 void appendFacts(Report& object, MeshFacts const& facts);
+
+/// The edges that keep a mesh from being closed, in words.
+std::string openPlacesOf(MeshFacts const& facts);
 
 /// Throws UsageError if the report would replace a file that is read. Throws Formats::FileError if
 /// its folder is missing, so that this does not come out after the work.

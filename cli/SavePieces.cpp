@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/SavePieces.h"
 
+#include "cli/DocumentParts.h"
 #include "host/formats/FormatRegistry.h"
 #include "platform/document/MeshDocumentObject.h"
 
-void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files)
+void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files)
 {
     auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
     // All names first: a file in the way is found before anything is written.
@@ -23,10 +24,14 @@ void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
 {
     auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
     for (CutPart& part : parts) {
+        if (!part.object || part.failure)
+            continue;
         std::string const name = part.object->getName();
         std::error_code error;
-        if (!std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
-                                         part.source, error))
-            part.pieces.push_back({name, part.object->meshProperty->getMesh(), nullptr, {}});
+        if (std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
+                                        part.source, error))
+            continue;
+        part.pieces.push_back(pieceOf(*part.object));
+        part.pieces.back().facts = measureMesh(*part.pieces.back().kernel);
     }
 }

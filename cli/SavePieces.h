@@ -9,7 +9,7 @@
 ///
 /// throws  Formats::FileError, before anything is written if a file is in the way;
 ///         Mell::AbortException if the user cancels
-void savePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files);
+void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files);
 
 /// Lets the parts themselves follow the pieces that they were cut into, except where they come from
 /// the very file that they would go to.

@@ -28,19 +28,16 @@ Freecut::PlaneSize sizeOf(SectionOptions const& options, Mesh::Document const& d
     return {.width = larger, .height = larger};
 }
 
-Report reportHead(SectionOptions const& options, Freecut::PlaneSize const& size)
+void describe(Report& head, SectionOptions const& options, Freecut::PlaneSize const& size)
 {
     UPoint3<float> const center = options.center();
     UVector3<float> const normal = options.normal();
-    Report head;
-    head["command"] = "section";
     head["connectors"] = options.connectors.name();
     head["plane"] = {{"center", {tidy(center.X()), tidy(center.Y()), tidy(center.Z())}},
                      {"normal", {tidy(normal.X()), tidy(normal.Y()), tidy(normal.Z())}},
                      {"size", {tidy(size.width), tidy(size.height)}},
                      {"bounded", options.bounded}};
     head["dryRun"] = options.dryRun;
-    return head;
 }
 
 std::string counted(std::size_t count, std::string const& noun)
@@ -48,47 +45,39 @@ std::string counted(std::size_t count, std::string const& noun)
     return grouped(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-void printSurvey(std::vector<CutPart> const& parts)
+void printSurvey(CutPart const& part)
 {
-    for (CutPart const& part : parts) {
-        SectionFacts const& section = *part.section;
-        std::string text = part.source + ": " + decimal(float(section.area)) + " mm2 in " +
-                           counted(section.contours, "contour");
-        if (section.positions)
-            text += ", room for " + counted(section.positions->size(), "connector");
-        std::printf("%s\n", text.c_str());
-        if (section.positions)
-            for (UPoint3<float> const& p : *section.positions)
-                std::printf("  %s %s %s\n", decimal(p.X()).c_str(), decimal(p.Y()).c_str(),
-                            decimal(p.Z()).c_str());
-    }
-}
-
-/// Says which parts are cut plainly because their sections have no room for connectors.
-void warnOfPlainHalves(std::vector<CutPart> const& parts)
-{
-    for (CutPart const& part : parts)
-        if (part.section && !part.section->warning.empty())
-            std::fprintf(stderr, "freecut: %s: %s\n", part.source.c_str(),
-                         part.section->warning.c_str());
+    SectionFacts const& section = *part.section;
+    std::string text = part.label + ": " + decimal(float(section.area)) + " mm2 in " +
+                       counted(section.contours, "contour");
+    if (section.positions)
+        text += ", room for " + counted(section.positions->size(), "connector");
+    std::printf("%s\n", text.c_str());
+    if (section.positions)
+        for (UPoint3<float> const& p : *section.positions)
+            std::printf("  %s %s %s\n", decimal(p.X()).c_str(), decimal(p.Y()).c_str(),
+                        decimal(p.Z()).c_str());
 }
 
 int runSection(SectionOptions const& options)
 {
     options.check();
-    applyCommonOptions(options.common);
-    CutRun run(options.common, options.pieces, options.dryRun);
-    Freecut::PlaneSize const size = sizeOf(options, run.document());
-    auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-    if (run.wantsReport() || options.dryRun || options.connectors.cutType() != SECTIONCUT_PLANE)
-        surveySections(run.parts(), *plane, options);
-    warnOfPlainHalves(run.parts());
-    run.cutAndSave(options.keepOriginal,
-                   [&] { runSectionJob(run.document(), run.parts(), *plane, options); });
-    run.finish(reportHead(options, size));
-    if (options.common.wantsTable())
-        run.isDry() ? printSurvey(run.parts()) : printTable(run.parts());
-    return 0;
+    CutRun run("section", options);
+    return run.perform([&] {
+        Freecut::PlaneSize const size = sizeOf(options, run.document());
+        describe(run.reportHead(), options, size);
+        auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
+        bool const wantsSurvey =
+            run.wantsReport() || run.isDry() || options.connectors.cutType() != SECTIONCUT_PLANE;
+        run.cutEach([&](CutPart& part) {
+            if (wantsSurvey)
+                surveySection(part, *plane, options);
+            if (!run.isDry())
+                cutByPlane(run.document(), part, *plane, options);
+            else if (options.common.wantsTable())
+                printSurvey(part);
+        });
+    });
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/SectionJob.h"
 
-#include "cli/DocumentParts.h"
 #include "cli/WorkerRun.h"
 #include "cutjobs/SectionCutImp.h"
 
-void runSectionJob(Mesh::Document& document, std::vector<CutPart>& parts,
-                   Freecut::PlaneGraphicObject& plane, SectionOptions const& options)
+void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
+                SectionOptions const& options)
 {
     SectionCutImp worker(nullptr);
-    worker.setObjects(objectsOf(parts));
+    worker.setObjects({part.object});
     worker.setPlaneObject(&plane);
     worker.setCheckBoundary(options.bounded);
     worker.setCutType(options.connectors.cutType());
@@ -17,9 +16,9 @@ void runSectionJob(Mesh::Document& document, std::vector<CutPart>& parts,
         worker.setPinHoleParas(options.connectors.pinHoleParas());
     if (options.connectors.cutType() == SECTIONCUT_LAPJOINT)
         worker.setLapJointParas(options.connectors.lapJointParas());
-    runWorker(worker);
+    runWorker(worker, part);
 
     IntegrationRules rules;
     rules.removesSources = !options.keepOriginal;
-    integratePieces(document, rules, worker.getResult(), parts);
+    integratePieces(document, rules, worker.getResult(), part);
 }

@@ -12,9 +12,9 @@ namespace Freecut {
 class PlaneGraphicObject;
 }
 
-/// Cuts the parts of a document as the application does, and enters the new parts as their pieces.
+/// Cuts a part of a document as the application does, and enters the new parts as its pieces.
 ///
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled. The document
 ///         is then unchanged
-void runSectionJob(Mesh::Document& document, std::vector<CutPart>& parts,
-                   Freecut::PlaneGraphicObject& plane, SectionOptions const& options);
+void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
+                SectionOptions const& options);

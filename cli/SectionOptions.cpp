@@ -17,7 +17,7 @@ constexpr float leastSize = 0.001f;
 
 void SectionOptions::addTo(CLI::App& command)
 {
-    common.addTo(command);
+    addSources(command);
     command.add_option("--center", centerText, "A point of the plane, its centre")
         ->type_name("X,Y,Z")
         ->required();
@@ -36,7 +36,7 @@ void SectionOptions::addTo(CLI::App& command)
                      "Write the parts themselves too, beside their pieces");
     command.add_flag("--dry-run", dryRun,
                      "Measure the section and place the connectors, but cut and write nothing");
-    pieces.addTo(command);
+    addPieces(command);
 }
 
 UPoint3<float> SectionOptions::center() const

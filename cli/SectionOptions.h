@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/CommonOptions.h"
 #include "cli/ConnectorOptions.h"
-#include "cli/PieceOptions.h"
+#include "cli/CutOptions.h"
 #include "tools/PlanePlacement.h"
 
 #include <optional>
 
 /// The command line of a section cut.
-struct SectionOptions
+struct SectionOptions : CutOptions
 {
-    CommonOptions common;
     // As typed.
     std::string centerText;
     std::string normalText;
     std::string sizeText;
     /// The plane ends at its rectangle.
     bool bounded = false;
-    bool keepOriginal = false;
-    /// Only measure.
-    bool dryRun = false;
     ConnectorOptions connectors;
-    PieceOptions pieces;
 
     void addTo(CLI::App& command);
 

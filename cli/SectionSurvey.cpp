@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/SectionSurvey.h"
 
-#include "cli/DocumentParts.h"
 #include "connectors/LapJointOutline.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
@@ -35,30 +34,29 @@ public:
         planes.calculateCutPlaneMesh(m_plane.getMesh().get());
     }
 
-    SectionFacts factsOf(MeshKernel const& part)
+    void survey(CutPart& part)
     {
         Base::SequencerLauncher display("Measuring the section", 100, true);
         display.setCancelEnabled(true);
         std::function<void(int)> const progress = [&](int percent) {
             display.setProgress(std::uint64_t(percent));
         };
-        auto const section = sectionOf(part, m_plane, progress);
-        SectionFacts facts;
+        auto const section = sectionOf(*part.object->meshProperty->getMesh(), m_plane, progress);
+        SectionFacts& facts = part.section.emplace();
         facts.area = measureMesh(*section).area;
         auto const contours = extractSectionContours(section.get());
         facts.contours = contours.size();
         if (m_connectors.cutType() == SECTIONCUT_PINHOLE)
-            placePins(facts, contours, *section,
-                      ConnectorProgress::stage(progress, {100, 0}, 0, 1));
+            placePins(part, contours, *section, ConnectorProgress::stage(progress, {100, 0}, 0, 1));
         if (m_connectors.cutType() == SECTIONCUT_LAPJOINT)
-            placeJoint(facts, contours);
-        return facts;
+            placeJoint(part, contours);
     }
 
 private:
-    void placePins(SectionFacts& facts, std::vector<SectionContour> const& contours,
-                   MeshKernel& section, std::function<void(int)> const& progress) const
+    void placePins(CutPart& part, std::vector<SectionContour> const& contours, MeshKernel& section,
+                   std::function<void(int)> const& progress) const
     {
+        SectionFacts& facts = *part.section;
         facts.positions.emplace();
         if (contours.empty())
             return;
@@ -66,21 +64,27 @@ private:
         facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll(progress))
                               .computePositions(contours, &section);
         if (facts.positions->empty())
-            facts.warning =
-                "the section has no room for a connector, so its halves are plain. Choose a "
-                "smaller radius or clearance.";
+            part.remarks.push_back(
+                {part.object,
+                 CutRemark::Kind::NoRoomForConnectors,
+                 "The section has no room for a connector, so its halves are plain. Choose a "
+                 "smaller radius or clearance.",
+                 {}});
     }
 
-    void placeJoint(SectionFacts& facts, std::vector<SectionContour> const& contours) const
+    void placeJoint(CutPart& part, std::vector<SectionContour> const& contours) const
     {
         if (contours.empty())
             return;
         LapJointParas const paras = m_connectors.lapJointParas();
         LapJointOutline const outline(paras, m_frame, *m_plane.readMesh());
         if (outline.of(contours, true).size() == 0)
-            facts.warning =
-                "the section has no room for a lap joint, so its halves are plain. Choose a "
-                "smaller side distance or other contours.";
+            part.remarks.push_back(
+                {part.object,
+                 CutRemark::Kind::NoRoomForConnectors,
+                 "The section has no room for a lap joint, so its halves are plain. Choose a "
+                 "smaller side distance or other contours.",
+                 {}});
     }
 
     PlaneFrame const& m_frame;
@@ -90,12 +94,9 @@ private:
 
 }  // namespace
 
-void surveySections(std::vector<CutPart>& parts, Freecut::PlaneGraphicObject const& plane,
-                    SectionOptions const& options)
+void surveySection(CutPart& part, Freecut::PlaneGraphicObject const& plane,
+                   SectionOptions const& options)
 {
-    std::vector<Mesh::DocumentObject*> const objects = objectsOf(parts);
-    SectionPlanes const planes(plane, objects, options.bounded);
-    SectionSurvey survey(planes, options.connectors);
-    for (CutPart& part : parts)
-        part.section = survey.factsOf(*part.object->meshProperty->getMesh());
+    SectionPlanes const planes(plane, {part.object}, options.bounded);
+    SectionSurvey(planes, options.connectors).survey(part);
 }

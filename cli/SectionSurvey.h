@@ -5,10 +5,10 @@
 #include "cli/SectionOptions.h"
 #include "tools/PlaneGraphicObject.h"
 
-/// Measures where the plane meets each part, and where pins or holes would go, behind a progress
-/// display. It cuts copies, so the parts stay as they are.
+/// Measures where the plane meets a part, and where pins or holes would go, behind a progress
+/// display. It cuts a copy, so the part stays as it is.
 ///
 /// throws  Mell::Exception that says why a part cannot be cut; Mell::AbortException if the user
 /// cancels
-void surveySections(std::vector<CutPart>& parts, Freecut::PlaneGraphicObject const& plane,
-                    SectionOptions const& options);
+void surveySection(CutPart& part, Freecut::PlaneGraphicObject const& plane,
+                   SectionOptions const& options);

@@ -4,18 +4,16 @@
 #include "host/formats/PartFiles.h"
 #include "platform/jobs/SequencerLauncher.h"
 
-std::vector<SourcePart> readSources(std::vector<std::string> const& files)
+std::vector<SourcePart> readSource(std::string const& file)
 {
+    Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
+    display.setCancelEnabled(true);
+    Formats::MeshFormat const& format =
+        Formats::FormatRegistry::instance().forContent(Formats::InputFile(file, {}));
+    auto loaded =
+        Formats::readParts(file, [&](int percent) { display.setProgress(std::uint64_t(percent)); });
     std::vector<SourcePart> parts;
-    for (std::string const& file : files) {
-        Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
-        display.setCancelEnabled(true);
-        Formats::MeshFormat const& format =
-            Formats::FormatRegistry::instance().forContent(Formats::InputFile(file, {}));
-        auto loaded = Formats::readParts(
-            file, [&](int percent) { display.setProgress(std::uint64_t(percent)); });
-        for (Formats::LoadedPart& part : loaded)
-            parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
-    }
+    for (Formats::LoadedPart& part : loaded)
+        parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
     return parts;
 }

@@ -21,7 +21,7 @@ struct SourcePart
     std::unique_ptr<MeshKernel> kernel;
 };
 
-/// Reads all parts of the files, in order, behind a progress display each.
+/// Reads all parts of a file, in order, behind a progress display.
 ///
 /// throws  Formats::FileError; Mell::AbortException if the user cancels
-std::vector<SourcePart> readSources(std::vector<std::string> const& files);
+std::vector<SourcePart> readSource(std::string const& file);

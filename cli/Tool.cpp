@@ -45,13 +45,11 @@ void checkOutlines(Freecut::ToolOutlines const& outlines, ToolOptions const& opt
                      "without a gap. Choose a smaller clearance.\n");
 }
 
-Report reportHead(ToolOptions const& options, ToolScene const& scene, DrawnTool const& tool)
+void describe(Report& head, ToolOptions const& options, ToolScene const& scene,
+              DrawnTool const& tool)
 {
-    Report head;
-    head["command"] = options.name();
     head["tool"] = toolReport(scene, tool);
     head["dryRun"] = options.dryRun;
-    return head;
 }
 
 void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
@@ -70,22 +68,23 @@ void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
 int runTool(ToolOptions const& options)
 {
     options.check();
-    applyCommonOptions(options.common);
     checkReportTarget(options.picture, options.common.files);
-    CutRun run(options.common, options.pieces, options.dryRun);
-    ToolScene scene(run.document(), options.viewIndex());
-    DrawnTool const tool = options.draw(scene);
-    Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
-    checkOutlines(outlines, options);
-    if (!options.picture.empty())
-        writeToolPicture(options.picture, scene, tool, run.parts());
-    Report const head = reportHead(options, scene, tool);
-    run.cutAndSave(options.keepOriginal,
-                   [&] { runToolJob(run.document(), run.parts(), tool, options.keepOriginal); });
-    run.finish(head);
-    if (options.common.wantsTable())
-        run.isDry() ? printOutlines(outlines, tool) : printTable(run.parts());
-    return 0;
+    CutRun run(options.name(), options);
+    return run.perform([&] {
+        ToolScene scene(run.document(), options.viewIndex());
+        DrawnTool const tool = options.draw(scene);
+        Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
+        checkOutlines(outlines, options);
+        if (!options.picture.empty())
+            writeToolPicture(options.picture, scene, tool, run.parts());
+        describe(run.reportHead(), options, scene, tool);
+        if (!run.isDry())
+            run.cutEach([&](CutPart& part) {
+                cutByTool(run.document(), part, tool, options.keepOriginal);
+            });
+        else if (options.common.wantsTable())
+            printOutlines(outlines, tool);
+    });
 }
 
 template <typename Options>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ToolJob.h"
 
-#include "cli/DocumentParts.h"
 #include "cli/WorkerRun.h"
 #include "cutjobs/PolygonCutImp.h"
 #include "platform/document/MeshDocument.h"
@@ -22,15 +21,14 @@ void giveSolids(PolygonCutImp& worker, DrawnTool const& tool)
 
 }  // namespace
 
-void runToolJob(Mesh::Document& document, std::vector<CutPart>& parts, DrawnTool const& tool,
-                bool keepOriginal)
+void cutByTool(Mesh::Document& document, CutPart& part, DrawnTool const& tool, bool keepOriginal)
 {
     PolygonCutImp worker(nullptr);
-    worker.setObjects(objectsOf(parts));
+    worker.setObjects({part.object});
     giveSolids(worker, tool);
-    runWorker(worker);
+    runWorker(worker, part);
     IntegrationRules rules;
     rules.transactionName = "Polygon Cut";
     rules.removesSources = !keepOriginal;
-    integratePieces(document, rules, worker.getResult(), parts);
+    integratePieces(document, rules, worker.getResult(), part);
 }

@@ -44,7 +44,7 @@ UPoint2<float> parsePoint(std::string const& text, std::string const& option)
 
 void ToolOptions::addTo(CLI::App& command)
 {
-    common.addTo(command);
+    addSources(command);
     command
         .add_option("--view", m_view,
                     "From where the tool is drawn. Its coordinates are x,z from the front and the "
@@ -73,7 +73,7 @@ void ToolOptions::addTo(CLI::App& command)
         .add_option("--svg", picture,
                     "Write a picture of the outlines and the parts' silhouettes, replacing it")
         ->type_name("FILE");
-    pieces.addTo(command);
+    addPieces(command);
 }
 
 int ToolOptions::viewIndex() const

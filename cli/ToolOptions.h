@@ -1,25 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/CommonOptions.h"
-#include "cli/PieceOptions.h"
+#include "cli/CutOptions.h"
 #include "cli/ToolScene.h"
 
 #include <optional>
 
 /// The command line of a cut by a solid tool; the subclasses add the tool's own shape.
-class ToolOptions
+class ToolOptions : public CutOptions
 {
 public:
     virtual ~ToolOptions() = default;
 
-    CommonOptions common;
-    PieceOptions pieces;
     /// Where a picture of the outlines goes; empty for nowhere.
     std::string picture;
-    bool keepOriginal = false;
-    /// Only derive the outlines.
-    bool dryRun = false;
 
     void addTo(CLI::App& command);
 

@@ -107,7 +107,8 @@ void writeToolPicture(std::string const& file, ToolScene const& scene, DrawnTool
 {
     Picture picture(scene);
     for (CutPart const& part : parts)
-        addSilhouette(picture, *part.object->meshProperty->getMesh(), scene.direction());
+        if (part.object)
+            addSilhouette(picture, *part.object->meshProperty->getMesh(), scene.direction());
     picture.draw("parts", "stroke:#888888;vector-effect:non-scaling-stroke");
     Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
     drawLoops(picture, outlines.residualLoops, "dropped", "#00b0b0");

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/WorkerRun.h"
 
+#include "cli/DocumentParts.h"
 #include "cli/Errors.h"
-#include "cli/LogLines.h"
 #include "cutjobs/CutWorker.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 
-void runWorker(CutWorker& worker)
+void runWorker(CutWorker& worker, CutPart& part)
 {
-    LogLines const log;
     bool isCancelled = false;
     bool isDone = false;
     QObject::connect(&worker, &CutWorker::processEnd, [&] { isCancelled = true; });
@@ -18,19 +17,18 @@ void runWorker(CutWorker& worker)
     if (isCancelled)
         throw Mell::AbortException("Aborting...");
     if (!isDone)
-        throw CutError(worker.getErrorMessage().toStdString() +
-                       (log.last().empty() ? "" : "\n" + log.last()));
+        throw CutError(worker.reason(), worker.getErrorMessage());
+    CutRemarks const& remarks = worker.remarks();
+    part.remarks.insert(part.remarks.end(), remarks.begin(), remarks.end());
 }
 
 void integratePieces(Mesh::Document& document, IntegrationRules const& rules,
-                     CutResultMap const& pieces, std::vector<CutPart>& parts)
+                     CutResultMap const& pieces, CutPart& part)
 {
     ResultIntegration integration(&document, rules);
     ResultIntegration::PartMap const newParts = integration.begin(pieces);
     integration.end();
-    for (CutPart& part : parts)
-        if (auto const found = newParts.find(part.object); found != newParts.end())
-            for (Mesh::DocumentObject* const object : found->second)
-                part.pieces.push_back(
-                    {object->getName(), object->meshProperty->getMesh(), nullptr, {}});
+    for (auto const& [source, objects] : newParts)
+        for (Mesh::DocumentObject* const object : objects)
+            part.pieces.push_back(pieceOf(*object));
 }

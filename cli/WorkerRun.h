@@ -10,11 +10,11 @@ namespace Mesh {
 class Document;
 }
 
-/// Runs the worker's job on this thread.
+/// Runs the worker's job, which cuts the part alone, on this thread, and takes over its remarks.
 ///
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled
-void runWorker(CutWorker& worker);
+void runWorker(CutWorker& worker, CutPart& part);
 
-/// Makes parts of the document from the pieces, and enters them as the pieces of their sources.
+/// Makes parts of a document from the pieces, and enters them as those of their source.
 void integratePieces(Mesh::Document& document, IntegrationRules const& rules,
-                     CutResultMap const& pieces, std::vector<CutPart>& parts);
+                     CutResultMap const& pieces, CutPart& part);

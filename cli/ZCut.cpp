@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/CutReport.h"
-#include "cli/DocumentParts.h"
-#include "cli/SavePieces.h"
+#include "cli/CutRun.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
-#include "host/jobs/Threads.h"
-#include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "cli/ZCutOptions.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,35 +12,13 @@ namespace {
 
 int runZCut(ZCutOptions const& options)
 {
-    Stopwatch total;
-    applyCommonOptions(options.common);
-    checkReportTarget(options.common.report, options.common.files);
-    PieceFiles files(options.pieces.folder, options.pieces.overwrite());
-    CutSeconds seconds;
-    Stopwatch stage;
-    std::vector<SourcePart> sources = readSources(options.common.files);
-    std::vector<float> const heights = options.heightsFor(sources.size());
-    seconds.load = stage.restart();
-
-    auto* const document = Application::Instance->newDocument("freecut");
-    bool const wantsReport = !options.common.report.empty();
-    std::vector<CutPart> parts = addParts(*document, sources, wantsReport);
-    stage.restart();
-    runZCutJob(*document, parts, heights, options);
-    seconds.cut = stage.restart();
-    savePieces(parts, options.pieces, files);
-    seconds.save = stage.restart();
-
-    if (wantsReport) {
-        Report head;
-        head["command"] = "zcut";
-        writeReport(options.common.report,
-                    cutReport(head, parts, seconds, total, Threads::threadCount()));
-    }
-    files.keep();
-    if (options.common.wantsTable())
-        printTable(parts);
-    return 0;
+    CutRun run("zcut", options);
+    return run.perform([&] {
+        std::vector<float> const heights = options.heightsFor(run.parts().size());
+        run.cutEach([&](CutPart& part) {
+            cutAtHeight(run.document(), part, heights[part.place], options.repair);
+        });
+    });
 }
 
 }  // namespace

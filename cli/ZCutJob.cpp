@@ -3,7 +3,6 @@
 
 #include "cli/DocumentParts.h"
 #include "cli/Errors.h"
-#include "cli/LogLines.h"
 #include "cutjobs/SectionZCut.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
@@ -41,27 +40,18 @@ Outcome waitFor(Freecut::SectionZCut& cut, Start const& start)
 
 }  // namespace
 
-void runZCutJob(Mesh::Document& document, std::vector<CutPart>& parts,
-                std::vector<float> const& heights, ZCutOptions const& options)
+void cutAtHeight(Mesh::Document& document, CutPart& part, float height, bool repair)
 {
-    LogLines const log;
     Freecut::SectionZCut cut(nullptr);
     cut.setDocument(&document);
-    cut.setPara({.undoable = true, .repair = options.repair});
-    Outcome const outcome = waitFor(cut, [&] {
-        if (options.isOneByOne())
-            cut.startZCutonebyone(objectsOf(parts), heights);
-        else
-            cut.startZCut(objectsOf(parts), heights.front());
-    });
+    cut.setPara({.undoable = true, .repair = repair});
+    Outcome const outcome = waitFor(cut, [&] { cut.startZCut({part.object}, height); });
     if (outcome.code < 0)
         throw Mell::AbortException("Aborting...");
     if (outcome.code == 0)
-        throw CutError(outcome.message.toStdString() +
-                       (log.last().empty() ? "" : "\n" + log.last()));
-    for (CutPart& part : parts)
-        if (auto const found = cut.newParts().find(part.object); found != cut.newParts().end())
-            for (Mesh::DocumentObject* const object : found->second)
-                part.pieces.push_back(
-                    {object->getName(), object->meshProperty->getMesh(), nullptr, {}});
+        throw CutError(cut.reason(), outcome.message);
+    part.remarks = cut.remarks();
+    for (auto const& [source, pieces] : cut.newParts())
+        for (Mesh::DocumentObject* const piece : pieces)
+            part.pieces.push_back(pieceOf(*piece));
 }

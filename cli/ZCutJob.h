@@ -2,18 +2,14 @@
 #pragma once
 
 #include "cli/CutPart.h"
-#include "cli/ZCutOptions.h"
 
 namespace Mesh {
 class Document;
 }
 
-/// Cuts the parts of the active document as the application does, and enters the new parts as their
+/// Cuts a part of the active document as the application does, and enters the new parts as its
 /// pieces. Events are handled meanwhile.
 ///
-/// heights  one for each part
-/// throws   CutError if the cut failed; Mell::AbortException if the user has cancelled. The
-/// document
-///          is then unchanged
-void runZCutJob(Mesh::Document& document, std::vector<CutPart>& parts,
-                std::vector<float> const& heights, ZCutOptions const& options);
+/// throws  CutError that says why the cut failed; Mell::AbortException if the user has cancelled.
+///         The document is then unchanged
+void cutAtHeight(Mesh::Document& document, CutPart& part, float height, bool repair);

@@ -22,7 +22,7 @@ std::string checkHeight(std::string const& text)
 
 void ZCutOptions::addTo(CLI::App& command)
 {
-    common.addTo(command);
+    addSources(command);
     auto* const heightGroup = command.add_option_group("Height", "Where to cut; give one of them");
     heightGroup->add_option("--height", height, "Cut all parts at this height")
         ->type_name("H")
@@ -37,12 +37,12 @@ void ZCutOptions::addTo(CLI::App& command)
     heightGroup->require_option(1);
     command.add_flag("--repair,!--no-repair", repair,
                      "Check each piece and repair it if need be (default), or do not");
-    pieces.addTo(command);
+    addPieces(command);
 }
 
 std::vector<float> ZCutOptions::heightsFor(std::size_t partCount) const
 {
-    if (!isOneByOne())
+    if (!height.empty())
         return std::vector<float>(partCount, parseMillimetres(height, "--height"));
     if (heights.size() != partCount)
         throw UsageError("--heights takes one height for each part: the files hold " +

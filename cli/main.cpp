@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Cancel.h"
-#include "cli/Errors.h"
 #include "cli/ExitStatus.h"
+#include "cli/Failure.h"
 #include "cli/SubCommands.h"
-#include "host/formats/FileError.h"
 #include "platform/ui/Application.h"
 
 #include <CLI/CLI.hpp>
@@ -12,36 +11,28 @@
 
 #include <cstdio>
 #include <memory>
-#include <new>
 
 namespace {
-
-int fail(int status, char const* message)
-{
-    std::fprintf(stderr, "freecut: %s\n", message);
-    return status;
-}
 
 /// Runs the chosen sub-command and turns what it throws into a message and an exit status.
 int run(Action const& action)
 {
     try {
         return action();
-    } catch (Mell::AbortException const&) {
-        return fail(Cancel::exitStatus(), "Cancelled.");
-    } catch (UsageError const& e) {
-        return fail(EXIT_WRONG_USAGE, e.what());
-    } catch (Formats::FileError const& e) {
-        return fail(EXIT_FILE_FAILED, e.what());
-    } catch (Mell::Exception const& e) {
-        return fail(EXIT_CUT_FAILED, e.what());
-    } catch (std::bad_alloc const&) {
-        return fail(EXIT_CUT_FAILED,
-                    "There is not enough memory; close other programs or cut "
-                    "the parts one at a time.");
-    } catch (std::exception const& e) {
-        return fail(EXIT_CUT_FAILED, e.what());
+    } catch (...) {
+        Failure const failure = failureInFlight();
+        complain(failure.message);
+        return failure.status;
     }
+}
+
+/// What is printed may be all that a command was called for.
+int statusOfOutput(int status)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    complain("Standard output cannot be written to.");
+    return status == EXIT_DONE ? EXIT_FILE_FAILED : status;
 }
 
 /// What Qt has to say about the desktop is of no use here.
@@ -76,8 +67,9 @@ int main(int argc, char** argv)
         "  freecut polygon bracket.stl --view top --points \"0,0;20,0;20,15\" --clearance 0.1\n"
         "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
         "\n"
-        "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be "
-        "read or written,\n130 cancelled by Ctrl-C.");
+        "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be read or "
+        "written,\n4 the pieces are written but one of them is not closed. Cancelled: 130 by "
+        "Ctrl-C, 143 by\na termination, 129 when the terminal has gone.");
     Action action;
     addInfo(commandLine, action);
     addZCut(commandLine, action);
@@ -93,5 +85,5 @@ int main(int argc, char** argv)
     auto const application = makeApplication(argc, argv, isToolChosen(commandLine));
     QCoreApplication::setApplicationName("freecut");
     Application const host;
-    return run(action);
+    return statusOfOutput(run(action));
 }

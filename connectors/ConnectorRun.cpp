@@ -2,11 +2,41 @@
 #include "connectors/ConnectorRun.h"
 
 #include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
 
 namespace {
+
+/// Which sides of a cut have triangles.
+struct FilledSides
+{
+    explicit FilledSides(Halves const& halves)
+        : lower(!halves.lower->readMesh()->triangles.empty()),
+          upper(!halves.upper->readMesh()->triangles.empty())
+    {}
+
+    bool isUncut() const { return lower != upper; }
+    bool operator==(FilledSides const&) const = default;
+
+    bool lower;
+    bool upper;
+};
+
+/// Says what became of the part between the base plane and the moved one.
+void remarkOnCuts(CutRemarks& remarks, Mesh::DocumentObject* part, FilledSides const& atBase,
+                  FilledSides const& atOffset, bool bounded)
+{
+    if (atBase.isUncut() && atBase == atOffset)
+        remarks.push_back(planeMisses(part, bounded));
+    else if (atBase.upper && !atBase.lower && !atOffset.upper)
+        remarks.push_back(gapTakesPart(part));
+    else if (!atBase.lower && atOffset.lower)
+        remarks.push_back(gapTakesLower(part));
+    else if (atBase.upper && !atOffset.upper)
+        remarks.push_back(gapTakesUpper(part));
+}
 
 void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel& cap,
                 std::function<void(int)> const& stage)
@@ -29,8 +59,8 @@ void runMeshStage(std::function<void()> const& stage)
     }
 }
 
-CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
-                               Connect const& connect) const
+CutResultMap ConnectorRun::run(std::function<void(int)> const& progress, Connect const& connect,
+                               CutRemarks& remarks) const
 {
     CutResultMap result;
     if (m_form.reportsStart && progress)
@@ -40,7 +70,7 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
         MeshKernel* const source = kernelOfPart(part);
         if (!source)
             continue;
-        PartOfRun current = cut(i, source, progress);
+        PartOfRun current = cut(i, part, source, progress, remarks);
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;
         bool const isUpperFirst = !connected && m_form.plainUpperFirst;
@@ -52,11 +82,12 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress,
     return result;
 }
 
-PartOfRun ConnectorRun::cut(int index, MeshKernel* source,
-                            std::function<void(int)> const& progress) const
+PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel* source,
+                            std::function<void(int)> const& progress, CutRemarks& remarks) const
 {
     PartOfRun part;
     part.index = index;
+    part.object = object;
     part.source = source;
     part.cap = std::make_shared<MeshKernel>();
     part.stage = [progress, index, count = int(m_parts.size())](ConnectorProgress::Share share) {
@@ -66,15 +97,18 @@ PartOfRun ConnectorRun::cut(int index, MeshKernel* source,
     int const span = m_form.cutSpan;
     if (!m_form.hasTwoCuts) {
         cutByPlane(*copy, m_base, part.plain, *part.cap, part.stage({0, span}));
+        remarkOnCuts(remarks, object, FilledSides(part.plain), FilledSides(part.plain), m_bounded);
         return part;
     }
     Halves atOffset;
     Halves atBase;
     MeshKernel unread;
     cutByPlane(*copy, m_offset, atOffset, unread, part.stage({0, span}));
+    FilledSides const filledAtOffset(atOffset);
     // Its records would be in the way of the second cut's.
     atOffset.lower.reset();
     cutByPlane(*copy, m_base, atBase, *part.cap, part.stage({span, span}));
+    remarkOnCuts(remarks, object, FilledSides(atBase), filledAtOffset, m_bounded);
     part.plain = {atBase.lower, atOffset.upper};
     return part;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "connectors/ConnectorProgress.h"
+#include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
 
@@ -39,6 +40,7 @@ struct Halves
 struct PartOfRun
 {
     int index;
+    Mesh::DocumentObject* object;
     /// The part's own mesh, uncut; only read.
     MeshKernel* source;
     Halves plain;
@@ -58,22 +60,31 @@ public:
     using Connect = std::function<std::optional<Halves>(PartOfRun&)>;
 
     /// base, offset  plane meshes, borrowed; offset is not used by the form of one cut
+    /// bounded       the plane ends at its rectangle
     ConnectorRun(RunForm const& form, std::vector<Mesh::DocumentObject*> parts, MeshKernel& base,
-                 MeshKernel& offset)
-        : m_form(form), m_parts(std::move(parts)), m_base(base), m_offset(offset)
+                 MeshKernel& offset, bool bounded)
+        : m_form(form),
+          m_parts(std::move(parts)),
+          m_base(base),
+          m_offset(offset),
+          m_bounded(bounded)
     {}
 
-    /// throws  Mell::AbortException "Aborting..." where a cut was aborted; what else the services,
-    ///         the connectors and `progress` throw
-    CutResultMap run(std::function<void(int)> const& progress, Connect const& connect) const;
+    /// remarks  receives what a person must be told of the plain cuts
+    /// throws   Mell::AbortException "Aborting..." where a cut was aborted; what else the services,
+    ///          the connectors and `progress` throw
+    CutResultMap run(std::function<void(int)> const& progress, Connect const& connect,
+                     CutRemarks& remarks) const;
 
 private:
-    PartOfRun cut(int index, MeshKernel* source, std::function<void(int)> const& progress) const;
+    PartOfRun cut(int index, Mesh::DocumentObject* object, MeshKernel* source,
+                  std::function<void(int)> const& progress, CutRemarks& remarks) const;
 
     RunForm m_form;
     std::vector<Mesh::DocumentObject*> m_parts;
     MeshKernel& m_base;
     MeshKernel& m_offset;
+    bool m_bounded;
 };
 
 /// Runs one mesh stage. An abort, whatever its text, is logged and goes on as the user's cancel;

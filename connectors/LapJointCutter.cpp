@@ -16,6 +16,7 @@ LapJointCutter::LapJointCutter(LapJointParas const& paras_, bool checkBoundary_,
 bool LapJointCutter::execute(std::function<void(int)> progress)
 {
     result.clear();
+    m_remarks.clear();
     try {
         result = run(progress);
     } catch (Mell::AbortException const& abort) {
@@ -24,15 +25,17 @@ bool LapJointCutter::execute(std::function<void(int)> progress)
     return true;
 }
 
-CutResultMap LapJointCutter::run(std::function<void(int)> const& progress) const
+CutResultMap LapJointCutter::run(std::function<void(int)> const& progress)
 {
     SectionPlanes const planes(*plane, parts, checkBoundary);
     MeshKernel base;
     MeshKernel offset;
     planes.calculateOffsetPlaneMesh(base.getMesh().get(), offset.getMesh().get(),
                                     paras.frontClearance);
-    return ConnectorRun(RunForm::twoCuts(), parts, base, offset)
-        .run(progress, [&](PartOfRun& part) { return connect(part, planes.frame(), base); });
+    return ConnectorRun(RunForm::twoCuts(), parts, base, offset, checkBoundary)
+        .run(
+            progress, [&](PartOfRun& part) { return connect(part, planes.frame(), base); },
+            m_remarks);
 }
 
 std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const& frame,

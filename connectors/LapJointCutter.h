@@ -33,9 +33,11 @@ public:
     /// After execute: the lower half of each part and then its upper half, where they are not
     /// empty.
     CutResultMap& getResult() { return result; }
+    /// After execute: what a person must be told of the cut.
+    CutRemarks const& remarks() const { return m_remarks; }
 
 private:
-    CutResultMap run(std::function<void(int)> const& progress) const;
+    CutResultMap run(std::function<void(int)> const& progress);
     std::optional<Halves> connect(PartOfRun& part, PlaneFrame const& frame,
                                   MeshKernel const& basePlane) const;
     /// The tongue or the notch as one kernel, or none.
@@ -50,4 +52,5 @@ private:
     std::vector<Mesh::DocumentObject*> parts;
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
+    CutRemarks m_remarks;
 };

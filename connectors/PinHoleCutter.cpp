@@ -24,6 +24,7 @@ PinHoleCutter::PinHoleCutter(PinHoleParas const& paras_, bool checkBoundary_,
 bool PinHoleCutter::execute(std::function<void(int)> progress)
 {
     result.clear();
+    m_remarks.clear();
     try {
         result = run(paras.faceclearance != 0 ? RunForm::twoCuts() : RunForm::oneCut(), progress);
     } catch (Mell::AbortException const& abort) {
@@ -32,7 +33,7 @@ bool PinHoleCutter::execute(std::function<void(int)> progress)
     return true;
 }
 
-CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> const& progress) const
+CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> const& progress)
 {
     SectionPlanes const planes(*plane, parts, checkBoundary);
     MeshKernel base;
@@ -42,9 +43,10 @@ CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> co
                                         paras.faceclearance);
     else
         planes.calculateCutPlaneMesh(base.getMesh().get());
-    return ConnectorRun(form, parts, base, offset).run(progress, [&](PartOfRun& part) {
-        return connect(part, form, planes.frame());
-    });
+    return ConnectorRun(form, parts, base, offset, checkBoundary)
+        .run(
+            progress, [&](PartOfRun& part) { return connect(part, form, planes.frame()); },
+            m_remarks);
 }
 
 std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& form,

@@ -33,9 +33,11 @@ public:
     /// After execute: the halves of each part that are not empty, the lower one first. Only where
     /// one cut made both and no connector fits comes the upper one first.
     CutResultMap& getResult() { return result; }
+    /// After execute: what a person must be told of the cut.
+    CutRemarks const& remarks() const { return m_remarks; }
 
 private:
-    CutResultMap run(RunForm const& form, std::function<void(int)> const& progress) const;
+    CutResultMap run(RunForm const& form, std::function<void(int)> const& progress);
     std::optional<Halves> connect(PartOfRun& part, RunForm const& form,
                                   PlaneFrame const& frame) const;
     Halves applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
@@ -48,4 +50,5 @@ private:
     std::vector<Mesh::DocumentObject*> parts;
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
+    CutRemarks m_remarks;
 };

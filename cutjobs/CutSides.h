@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 /// The kernels that one plane cut of one part makes.
 struct CutSides
@@ -19,9 +20,14 @@ struct CutSides
     ///
     /// progress         of the whole job; may be empty
     /// index, partCount the part's place in the job
+    /// reason           receives why the cut failed
     /// throws           as ServiceCall::run
     static CutSides cut(MeshKernel const* part, MeshKernel* plane,
-                        std::function<void(int)> const& progress, int index, int partCount);
+                        std::function<void(int)> const& progress, int index, int partCount,
+                        std::string& reason);
+
+    /// Whether the plane left the part whole: one side holds all of it.
+    bool isUncut() const;
 
     /// Appends to the part's pieces side A and then side B, each if it has triangles.
     ///

@@ -22,8 +22,8 @@ CutWorker::End CutWorker::runBody(char const* title, Body const& body)
     } catch (Mell::AbortException&) {
         return End::Cancelled;
     } catch (...) {
-        // What a service call let pass is logged here; what it turned into a failure says nothing.
-        ServiceCall::logReason();
+        // What went through a service call has left its reason already and says nothing here.
+        ServiceCall::noteReason(m_reason);
         return End::Failed;
     }
     return End::Done;
@@ -31,6 +31,8 @@ CutWorker::End CutWorker::runBody(char const* title, Body const& body)
 
 void CutWorker::runJob(char const* title, Body const& body)
 {
+    m_reason.clear();
+    m_remarks.clear();
     switch (runBody(title, body)) {
         case End::Done:
             emit resultReady(true);

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutRemark.h"
+
 #include <QObject>
 #include <QString>
 
 #include <functional>
+#include <string>
 
 /// A worker: runs one cut at a time on the thread it lives on, and ends it by exactly one signal.
 ///
@@ -19,6 +22,11 @@ public:
 
     /// What went wrong in the last job that failed.
     QString getErrorMessage() const { return m_errorMessage; }
+    /// Why the last job failed: the sentence of the service that gave up, which the message, the
+    /// same for every failure, does not tell. Empty if it gave none, or if the job did not fail.
+    QString reason() const { return QString::fromStdString(m_reason); }
+    /// What a person must be told of the last job, part by part; complete once it has ended well.
+    CutRemarks const& remarks() const { return m_remarks; }
 
 public slots:
     /// Runs one job to its end. Called on the worker's thread.
@@ -35,6 +43,10 @@ protected:
     /// Runs the body inside a progress display with a cancel button and emits the job's signal once
     /// the display has closed. The body leaves by an exception or not at all.
     void runJob(char const* title, Body const& body);
+    /// Where the job's service calls leave the reason of a failure.
+    std::string& failureReason() { return m_reason; }
+    /// Where the job leaves its remarks.
+    CutRemarks& jobRemarks() { return m_remarks; }
 
 private:
     enum class End
@@ -46,4 +58,6 @@ private:
     End runBody(char const* title, Body const& body);
 
     QString m_errorMessage;
+    std::string m_reason;
+    CutRemarks m_remarks;
 };

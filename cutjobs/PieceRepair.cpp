@@ -6,11 +6,11 @@
 #include "platform/jobs/SecondaryThread.h"
 
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
-                           std::function<void(int)> const& progress)
+                           std::function<void(int)> const& progress, std::string& reason)
 {
     bool hasErrors = false;
     Repair::Report report;
-    ServiceCall::run([&] {
+    ServiceCall::run(reason, [&] {
         SecondaryThread const check([&] {
             Repair::EvaluateErrors errors(&piece);
             hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, {}) != 0;

@@ -41,9 +41,10 @@ private:
 
     void run(std::function<void(int)> progress);
     Pieces split(MeshKernel const& part, MeshKernel& in, std::function<void(int)> const& progress,
-                 int index) const;
+                 int index);
     Pieces cutApart(MeshKernel const& part, MeshKernel& in, MeshKernel& out,
-                    std::function<void(int)> const& progress, int index) const;
+                    std::function<void(int)> const& progress, int index);
+    void remarkOn(Mesh::DocumentObject* part, MeshKernel const& kernel, Pieces const& pieces);
     int partCount() const { return int(m_objects.size()); }
 
     std::vector<Mesh::DocumentObject*> m_objects;

@@ -6,6 +6,7 @@
 #include "connectors/SectionPlanes.h"
 #include "cutjobs/CutSides.h"
 #include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 #include "tools/PlaneGraphicObject.h"
 
@@ -15,12 +16,15 @@ namespace {
 
 /// Runs a connector cut and takes its result over once all of it is there.
 template <typename Cutter>
-bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResultMap& result)
+bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResultMap& result,
+               CutRemarks& remarks)
 {
     try {
         bool const isDone = cutter.execute(progress);
-        if (isDone)
+        if (isDone) {
             result = cutter.getResult();
+            remarks = cutter.remarks();
+        }
         return isDone;
     } catch (Mell::AbortException const& abort) {
         ServiceCall::leaveOnAbort(abort);
@@ -86,8 +90,14 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
     int const partCount = int(m_objects.size());
     for (int i = 0; i < partCount; ++i) {
         Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
-        if (MeshKernel const* const kernel = kernelOfPart(part))
-            CutSides::cut(kernel, plane.get(), progress, i, partCount).store(m_result, part);
+        MeshKernel const* const kernel = kernelOfPart(part);
+        if (!kernel)
+            continue;
+        CutSides const sides =
+            CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
+        if (sides.isUncut())
+            jobRemarks().push_back(planeMisses(part, m_checkBoundary));
+        sides.store(m_result, part);
     }
     if (progress)
         progress(100);
@@ -97,13 +107,13 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
 bool SectionCutImp::pinHoleCut(std::function<void(int)> progress)
 {
     return runCutter(PinHoleCutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result);
+                     progress, m_result, jobRemarks());
 }
 
 bool SectionCutImp::lapJointCut(std::function<void(int)> progress)
 {
     return runCutter(LapJointCutter(m_lapJointParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result);
+                     progress, m_result, jobRemarks());
 }
 
 void SectionCutImp::calculateCutPlaneMesh(UMesh<float>* mesh,

@@ -102,6 +102,16 @@ void SectionZCut::startZCutonebyone(std::vector<Mesh::DocumentObject*> objects,
     emit signalOperate();
 }
 
+QString SectionZCut::reason() const
+{
+    return m_worker->reason();
+}
+
+CutRemarks const& SectionZCut::remarks() const
+{
+    return m_worker->remarks();
+}
+
 void SectionZCut::handleResult(bool ok)
 {
     if (!ok) {

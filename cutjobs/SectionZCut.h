@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cutjobs/ResultIntegration.h"
+#include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/services/Repair.h"
 
@@ -56,6 +57,10 @@ public:
     /// and so is its height; so is a part without a height.
     void startZCutonebyone(std::vector<Mesh::DocumentObject*> objects, std::vector<float> heights);
 
+    /// After `finished` with code 0: why the cut failed, where the message does not tell; or empty.
+    QString reason() const;
+    /// After `finished` with code 1: what a person must be told of the cut.
+    CutRemarks const& remarks() const;
     /// After `finished` with code 1: the new parts of each part that was cut, upper piece first.
     /// The document owns them.
     ResultIntegration::PartMap const& newParts() const { return m_newParts; }

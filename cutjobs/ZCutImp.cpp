@@ -5,6 +5,7 @@
 #include "cutjobs/PieceRepair.h"
 #include "cutjobs/common/PartMesh.h"
 #include "cutjobs/common/PlaneMesh.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <QCoreApplication>
@@ -74,7 +75,11 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
         MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
-        finish(CutSides::cut(kernel, plane.get(), progress, i, partCount), part, progress);
+        CutSides const sides =
+            CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
+        if (sides.isUncut())
+            jobRemarks().push_back(planeMisses(part, false));
+        finish(sides, part, progress);
     }
     if (progress)
         progress(100);
@@ -88,7 +93,7 @@ void ZCutImp::finish(CutSides const& sides, Mesh::DocumentObject* part,
     auto const scope =
         m_repairsWhole ? Repair::Scope() : Repair::Scope::madeFrom(*kernelOfPart(part));
     auto const mend = [&](std::shared_ptr<MeshKernel> const& side) {
-        return m_repair && side->readMesh() ? repairPiece(*side, scope, progress)
+        return m_repair && side->readMesh() ? repairPiece(*side, scope, progress, failureReason())
                                             : Repair::Report();
     };
     Repair::Report reportB = mend(sides.sideB);

@@ -17,3 +17,12 @@ void Freecut::warnAttention(QString const& message, char const* context)
                             QCoreApplication::translate(context, "Attention"), message,
                             QCoreApplication::translate(context, "OK"), "", "", 0, -1);
 }
+
+bool Freecut::askQuestion(QString const& message)
+{
+    constexpr int yes = 0, no = 1;
+    return MellMessageBox::warning(
+               MainWindow::getInstance(), commonText(QT_TRANSLATE_NOOP("MellCommons", "Question")),
+               message, commonText(QT_TRANSLATE_NOOP("MellCommons", "Yes")),
+               commonText(QT_TRANSLATE_NOOP("MellCommons", "No")), "", yes, no) == yes;
+}

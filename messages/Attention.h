@@ -18,4 +18,11 @@ QString commonText(char const* text);
 /// thread   the user interface thread
 void warnAttention(QString const& message, char const* context = "MellCommons");
 
+/// Asks on the main window, under the title "Question", and returns once it has been answered.
+///
+/// message  in the language of the interface
+/// returns  whether the answer is "Yes"; a box that is closed counts as "No"
+/// thread   the user interface thread
+bool askQuestion(QString const& message);
+
 }  // namespace Freecut

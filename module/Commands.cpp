@@ -6,6 +6,7 @@
 #include "module/OrbeCmdZcut.h"
 #include "module/PlaneCommands.h"
 #include "module/PreviewCommands.h"
+#include "module/SolidToolCommands.h"
 #include "module/ToolCommands.h"
 #include "platform/ui/CommandManager.h"
 

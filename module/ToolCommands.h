@@ -25,21 +25,3 @@ private:
     /// Whether the command's mouse tool runs in a view.
     virtual bool runsIn(Base::GLView const& view) const;
 };
-
-class CmdFreecutPolygon : public ToolCommand
-{
-public:
-    CmdFreecutPolygon() : ToolCommand(textsOfCommand("CmdFreecutPolygon")) {}
-};
-
-class CmdFreecutCylinder : public ToolCommand
-{
-public:
-    CmdFreecutCylinder() : ToolCommand(textsOfCommand("CmdFreecutCylinder")) {}
-};
-
-class CmdFreecutCuboid : public ToolCommand
-{
-public:
-    CmdFreecutCuboid() : ToolCommand(textsOfCommand("CmdFreecutCuboid")) {}
-};

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "selection/RegisterSelections.h"
 
+#include "selection/CuboidcutSelection.h"
+#include "selection/CylindercutSelection.h"
 #include "selection/PlanecutSelection.h"
-#include "selection/VolumeSelection.h"
+#include "selection/PolygoncutSelection.h"
 
 namespace Freecut {
 
@@ -11,6 +13,9 @@ void registerSelections()
     FreecutSelection::init();
     PlanecutSelection::init();
     VolumeSelection::init();
+    PolygoncutSelection::init();
+    CylindercutSelection::init();
+    CuboidcutSelection::init();
 }
 
 }  // namespace Freecut

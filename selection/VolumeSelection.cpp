@@ -4,6 +4,8 @@
 #include "platform/document/Document.h"
 #include "platform/ui/Application.h"
 #include "platform/view/GLView.h"
+#include "selection/ToolEdit.h"
+#include "tools/ViewAxes.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeProperty.h"
 
@@ -54,13 +56,52 @@ void VolumeSelection::resetSelection()
     createdObjects.clear();
 }
 
+UPoint3<float> VolumeSelection::eyePointUnder(QPoint position) const
+{
+    return m_view->getEyePointOnScreen(UPoint2<float>(float(position.x()), float(position.y())));
+}
+
 UPoint3<float> VolumeSelection::sketchPoint(QPoint position, float sketchDepth) const
 {
-    UPoint3<float> point =
-        m_view->getEyePointOnScreen(UPoint2<float>(float(position.x()), float(position.y())));
+    UPoint3<float> point = eyePointUnder(position);
     point.Z() = sketchDepth;
     m_view->getWCSPointFromEyePoint(point);
     return point;
+}
+
+bool VolumeSelection::isInPreview() const
+{
+    return graphicObject && graphicObject->getVolumeProperty().getPreviewOn();
+}
+
+void VolumeSelection::beginDrag(int handle)
+{
+    selectedIndex = handle;
+    isDragging = true;
+}
+
+void VolumeSelection::putCentre(UPoint3<float> const& eyePoint, std::size_t keyPoints)
+{
+    VolumeProperty& record = graphicObject->getVolumeProperty();
+    UPoint3<float> centre(eyePoint.X(), eyePoint.Y(), record.getSketchDepth());
+    m_view->getWCSPointFromEyePoint(centre);
+    std::vector<UPoint3<float>>& points = record.getKeyPoints();
+    if (points.empty())
+        points.resize(keyPoints);
+    points[0] = centre;
+    finishEdit(*graphicObject);
+}
+
+void VolumeSelection::moveCentreToTyped(UPoint3<float> const& typed)
+{
+    if (!graphicObject)
+        return;
+    VolumeProperty& record = graphicObject->getVolumeProperty();
+    std::vector<UPoint3<float>>& points = record.getKeyPoints();
+    if (points.empty())
+        return;
+    points[0] = movedAcrossView(points[0], typed, record.getViewIndex());
+    finishEdit(*graphicObject, {.tellsListeners = false});
 }
 
 bool VolumeSelection::startTool(VolumeGraphicObject* tool)

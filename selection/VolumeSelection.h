@@ -2,6 +2,7 @@
 #pragma once
 
 #include "selection/FreecutSelection.h"
+#include "selection/PointLabel.h"
 
 namespace Freecut {
 
@@ -35,7 +36,40 @@ protected:
     /// active document and selects it. Without a document it is deleted, and the result is false.
     bool startTool(VolumeGraphicObject* tool);
 
+    /// The eye-space point of the reference plane under a widget position.
+    UPoint3<float> eyePointUnder(QPoint position) const;
+
+    bool isInPreview() const;
+    /// There is nothing to edit: no tool yet, or one in a preview.
+    bool isFrozen() const { return !graphicObject || isInPreview(); }
+    void beginDrag(int handle);
+
+    // Of the tools that stand on one point.
+
+    /// Puts the centre under an eye-space point, of which x and y count. Makes the tool if there is
+    /// none yet.
+    ///
+    /// Tool       a cuboid or cylinder
+    /// keyPoints  how many it has
+    template <typename Tool>
+    void placeCentre(UPoint3<float> const& eyePoint, std::size_t keyPoints)
+    {
+        if (!graphicObject) {
+            auto* const tool = new Tool;
+            tool->setLabel(PointLabel::make(*tool, m_view));
+            if (!startTool(tool))
+                return;
+        }
+        putCentre(eyePoint, keyPoints);
+    }
+    /// Moves the centre to typed world coordinates, of which those count that the standard view
+    /// leaves free.
+    void moveCentreToTyped(UPoint3<float> const& typed);
+
     VolumeGraphicObject* graphicObject = nullptr;
+
+private:
+    void putCentre(UPoint3<float> const& eyePoint, std::size_t keyPoints);
 };
 
 }  // namespace Freecut

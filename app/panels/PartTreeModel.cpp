@@ -222,7 +222,7 @@ PartNode::Look PartTreeModel::lookOf(PartNode const& node) const
     auto const& part = static_cast<Mesh::DocumentObject const&>(*node.object);
     PartNode::Look look = lookOfPart(part);
     if (auto const facts = m_survey->facts(part))
-        look.openEdges = facts->openEdges;
+        look.openEdges = facts->openEdges();
     return look;
 }
 

@@ -4,13 +4,18 @@
 #include "platform/jobs/ConsoleSingleton.h"
 
 #include <exception>
-#include <string>
 
 namespace ServiceCall {
 
 namespace {
 
 constexpr char const* failure = "";
+
+void note(std::string& reason, char const* text)
+{
+    Base::ConsoleSingleton::Instance().Log(text);
+    reason = text;
+}
 
 }  // namespace
 
@@ -23,21 +28,21 @@ void leaveOnAbort(Mell::AbortException const& abort)
     throw failure;
 }
 
-void logReason()
+void noteReason(std::string& reason)
 {
     try {
         throw;
     } catch (Mell::Exception const& e) {
-        Base::ConsoleSingleton::Instance().Log(e.what());
+        note(reason, e.what());
     } catch (std::exception const& e) {
-        Base::ConsoleSingleton::Instance().Log(e.what());
+        note(reason, e.what());
     } catch (...) {
     }
 }
 
-void leaveOnFailure()
+void leaveOnFailure(std::string& reason)
 {
-    logReason();
+    noteReason(reason);
     throw failure;
 }
 

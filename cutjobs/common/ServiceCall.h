@@ -3,6 +3,8 @@
 
 #include "platform/jobs/Exceptions.h"
 
+#include <string>
+
 /// How a job leaves a mesh service that throws. Only an abort with the exact text of a user's
 /// cancel stays an abort; all else becomes a plain failure, an exception of type char const*.
 namespace ServiceCall {
@@ -10,33 +12,27 @@ namespace ServiceCall {
 /// Logs the abort and throws: a copy of it if it is the user's cancel, else a failure.
 [[noreturn]] void leaveOnAbort(Mell::AbortException const& abort);
 
-/// Inside a handler: logs the reason and throws a failure.
-[[noreturn]] void leaveOnFailure();
+/// Inside a handler: notes the reason and throws a failure.
+[[noreturn]] void leaveOnFailure(std::string& reason);
 
-/// Inside a handler: logs what the exception in flight says, where it says something. The user sees
-/// one text for all failures, so the reason is at least in the log.
-void logReason();
+/// Inside a handler: logs what the exception in flight says and keeps it in `reason`; one that says
+/// nothing leaves both alone. A failure bears no text, so this is how its reason gets out of a job.
+void noteReason(std::string& reason);
 
-/// Runs one service call. `onLeave` is called before an exception goes on, to free what the job
-/// holds.
-template <typename Call, typename OnLeave>
-auto run(Call&& call, OnLeave&& onLeave)
+/// Runs one service call.
+///
+/// reason  receives the sentence of the service that failed
+/// throws  as leaveOnAbort and leaveOnFailure
+template <typename Call>
+auto run(std::string& reason, Call&& call)
 {
     try {
         return call();
     } catch (Mell::AbortException& abort) {
-        onLeave();
         leaveOnAbort(abort);
     } catch (...) {
-        onLeave();
-        leaveOnFailure();
+        leaveOnFailure(reason);
     }
-}
-
-template <typename Call>
-auto run(Call&& call)
-{
-    return run(call, [] {});
 }
 
 }  // namespace ServiceCall

@@ -2,6 +2,7 @@
 #include "host/mesh/MeshFacts.h"
 
 #include "host/mesh/DisjointSets.h"
+#include "host/mesh/JoinedPlaces.h"
 #include "host/mesh/RecordIndex.h"
 
 #include <algorithm>
@@ -19,7 +20,9 @@ using Corners = std::vector<std::array<Place, 3>>;
 struct Side
 {
     Place other;
-    Place triangle;
+    Place triangle : 31;
+    /// The triangle goes round from the smaller place to the other one.
+    Place isForward : 1;
 
     bool operator<(Side const& o) const { return other < o.other; }
 };
@@ -30,22 +33,26 @@ UVector3<double> middleOf(UBox3<float> const& box)
     return {middle.X(), middle.Y(), middle.Z()};
 }
 
-/// The points as seen from the middle of their box, about which sums lose least.
-std::vector<UVector3<double>> pointsOf(UMesh<float> const& mesh, UMatrix4<float> const& placement,
-                                       UBox3<float>& box)
+std::vector<UPoint3<float>> pointsOf(UMesh<float> const& mesh, UMatrix4<float> const& placement)
 {
     bool const isPlain = placement.isIdentity();
-    std::vector<UVector3<double>> points;
+    std::vector<UPoint3<float>> points;
     points.reserve(mesh.vertices.size());
-    for (UVertex<float> const* const vertex : mesh.vertices) {
-        UPoint3<float> const p = isPlain ? vertex->cP() : placement * vertex->cP();
-        box.Add(p);
-        points.emplace_back(p.X(), p.Y(), p.Z());
-    }
-    UVector3<double> const middle = middleOf(box);
-    for (auto& p : points)
-        p -= middle;
+    for (UVertex<float> const* const vertex : mesh.vertices)
+        points.push_back(isPlain ? vertex->cP() : placement * vertex->cP());
     return points;
+}
+
+/// The points as seen from the middle of their box, about which sums lose least.
+std::vector<UVector3<double>> aroundTheMiddle(std::span<UPoint3<float> const> points,
+                                              UBox3<float> const& box)
+{
+    UVector3<double> const middle = middleOf(box);
+    std::vector<UVector3<double>> moved;
+    moved.reserve(points.size());
+    for (UPoint3<float> const& p : points)
+        moved.push_back(UVector3<double>(p.X(), p.Y(), p.Z()) - middle);
+    return moved;
 }
 
 Corners cornersOf(UMesh<float> const& mesh)
@@ -75,20 +82,39 @@ UVector3<double> sumVolumeAndArea(std::span<UVector3<double> const> points, Corn
 }
 
 /// Goes over the sides of one corner's bucket: joins triangles that share an edge, which lowers the
-/// number of shells. Returns the number of edges with an odd number of triangles.
-std::size_t joinBucket(std::span<Side> bucket, DisjointSets& triangles, std::size_t& shells)
+/// number of shells, and counts the edges that are not as they are in a closed mesh.
+void joinBucket(std::span<Side> bucket, DisjointSets& triangles, MeshFacts& facts)
 {
     std::sort(bucket.begin(), bucket.end());
-    std::size_t openEdges = 0;
     for (std::size_t begin = 0; begin < bucket.size();) {
         std::size_t end = begin + 1;
         for (; end < bucket.size() && bucket[end].other == bucket[begin].other; ++end)
             if (triangles.unite(bucket[begin].triangle, bucket[end].triangle))
-                --shells;
-        openEdges += (end - begin) % 2;
+                --facts.shells;
+        std::size_t const count = end - begin;
+        facts.borderEdges += count == 1;
+        facts.nonManifoldEdges += count > 2;
+        facts.inconsistentEdges +=
+            count == 2 && bucket[begin].isForward == bucket[begin + 1].isForward;
         begin = end;
     }
-    return openEdges;
+}
+
+bool keepsItsCorners(std::array<Place, 3> const& corners)
+{
+    return corners[0] != corners[1] && corners[1] != corners[2] && corners[2] != corners[0];
+}
+
+/// Points at the same place become the first of them.
+Corners joinedCorners(Corners const& corners, std::span<UPoint3<float> const> points)
+{
+    std::vector<Place> const places = joinedPlaces(points);
+    Corners joined;
+    joined.reserve(corners.size());
+    for (auto const& [i, j, k] : corners)
+        if (keepsItsCorners({places[i], places[j], places[k]}))
+            joined.push_back({places[i], places[j], places[k]});
+    return joined;
 }
 
 void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& facts)
@@ -97,8 +123,9 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
     auto const eachSide = [&](auto const& visit) {
         for (Place t = 0; t < corners.size(); ++t)
             for (std::size_t i = 0; i < 3; ++i) {
-                auto const [low, high] = std::minmax(corners[t][i], corners[t][(i + 1) % 3]);
-                visit(Place(low), Side{Place(high), t});
+                Place const from = corners[t][i];
+                Place const to = corners[t][(i + 1) % 3];
+                visit(std::min(from, to), Side{std::max(from, to), t, from < to});
             }
     };
     eachSide([&](Place low, Side const&) { ++ends[low + 1]; });
@@ -111,11 +138,10 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
     Place begin = 0;
     for (std::size_t v = 0; v < vertexCount; ++v) {
         Place const end = ends[v];
-        facts.openEdges +=
-            joinBucket(std::span(sides).subspan(begin, end - begin), triangles, facts.shells);
+        joinBucket(std::span(sides).subspan(begin, end - begin), triangles, facts);
         begin = end;
     }
-    facts.closed = facts.openEdges == 0 && !corners.empty();
+    facts.closed = facts.openEdges() == 0 && !corners.empty();
 }
 
 }  // namespace
@@ -125,10 +151,13 @@ MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement
     MeshFacts facts;
     facts.triangles = mesh.triangles.size();
     facts.vertices = mesh.vertices.size();
-    auto const points = pointsOf(mesh, placement, facts.box);
+    std::vector<UPoint3<float>> const points = pointsOf(mesh, placement);
+    for (UPoint3<float> const& p : points)
+        facts.box.Add(p);
     Corners const corners = cornersOf(mesh);
-    UVector3<double> const normals = sumVolumeAndArea(points, corners, facts);
-    joinShells(corners, mesh.vertices.size(), facts);
+    UVector3<double> const normals =
+        sumVolumeAndArea(aroundTheMiddle(points, facts.box), corners, facts);
+    joinShells(joinedCorners(corners, points), points.size(), facts);
     if (!facts.closed)
         facts.volume += (middleOf(facts.box) | normals) / 6;
     // A reflection turns every triangle round, the solid stays where its inside was.

@@ -10,23 +10,33 @@ struct MeshFacts
 {
     std::size_t triangles = 0;
     std::size_t vertices = 0;
+    // Shells and edges are counted after points at the same place have become one, as they do in a
+    // file; triangles that thereby lose a corner do not count.
     /// Sets of triangles that hang together over edges.
     std::size_t shells = 0;
-    /// Enclosed volume, positive if the triangles face outward. An open mesh counts as closed by
-    /// cones to the origin, which is right for holes in the planes of the axes only.
+    /// Enclosed volume, positive if the triangles face outward. A mesh that is not closed encloses
+    /// none; the number then counts cones to the origin, and is not for people to see.
     double volume = 0;
     double area = 0;
-    /// Edges that join an odd number of triangles.
-    std::size_t openEdges = 0;
-    /// Whether the surface has no border: there are no open edges, and at least one triangle.
+    /// Edges with one triangle.
+    std::size_t borderEdges = 0;
+    /// Edges with more than two, as where two shells touch along an edge.
+    std::size_t nonManifoldEdges = 0;
+    /// Edges with two that face opposite sides.
+    std::size_t inconsistentEdges = 0;
+    /// Whether the mesh bounds a solid: every edge joins exactly two triangles that agree, and
+    /// there is at least one triangle. The one meaning of the word for report, table and window.
     bool closed = false;
     UBox3<float> box;
+
+    /// What keeps the mesh from being closed.
+    std::size_t openEdges() const { return borderEdges + nonManifoldEdges + inconsistentEdges; }
 };
 
 /// Measures a mesh, all sums in double.
 ///
 /// thread  any; the kernel is only read
-/// cost    linear in the triangles; about as long as two passes over the records
+/// cost    linear in the triangles; about as long as three passes over the records
 MeshFacts measureMesh(MeshKernel const& kernel);
 /// The same for a mesh under a placement of the caller's.
 MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement);

@@ -294,6 +294,45 @@
     </message>
 </context>
 <context>
+    <name>CutRemarks</name>
+    <message>
+        <source>Nothing was cut: no section of the part lies within the plane&apos;s rectangle.</source>
+        <translation>Es wurde nichts geschnitten: Kein Schnitt des Teils liegt im Rechteck der Ebene.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the plane misses the part.</source>
+        <translation>Es wurde nichts geschnitten: Die Ebene trifft das Teil nicht.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the tool misses the part.</source>
+        <translation>Es wurde nichts geschnitten: Das Werkzeug trifft das Teil nicht.</translation>
+    </message>
+    <message>
+        <source>Nothing was cut: the whole part lies within the tool.</source>
+        <translation>Es wurde nichts geschnitten: Das ganze Teil liegt im Werkzeug.</translation>
+    </message>
+    <message>
+        <source>The whole part lies within the gap: nothing is left.</source>
+        <translation>Das ganze Teil liegt im Spalt: Es bleibt nichts übrig.</translation>
+    </message>
+    <message>
+        <source>What lies within the tool lies within the gap: that piece is missing.</source>
+        <translation>Was im Werkzeug liegt, liegt im Spalt: Dieses Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>What lies outside the tool lies within the gap: that piece is missing.</source>
+        <translation>Was außerhalb des Werkzeugs liegt, liegt im Spalt: Dieses Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>What lies above the plane lies within the gap between the faces: the upper piece is missing.</source>
+        <translation>Was über der Ebene liegt, liegt im Spalt zwischen den Flächen: Das obere Teilstück fehlt.</translation>
+    </message>
+    <message>
+        <source>The part&apos;s lower end lies within the gap between the faces: it is missing.</source>
+        <translation>Das untere Ende des Teils liegt im Spalt zwischen den Flächen: Es fehlt.</translation>
+    </message>
+</context>
+<context>
     <name>CutView</name>
     <message>
         <source>Live cut view</source>
@@ -489,6 +528,14 @@
     <message>
         <source>Lap Joint</source>
         <translation>Überblattung</translation>
+    </message>
+    <message>
+        <source>Upper width(W1) or lower width(W2) are too large.</source>
+        <translation>Die obere Breite(W1) oder die untere Breite(W2) ist zu groß.</translation>
+    </message>
+    <message>
+        <source>Width(W) is too large.</source>
+        <translation>Die Breite(W) ist zu groß.</translation>
     </message>
 </context>
 <context>
@@ -1061,6 +1108,37 @@
     </message>
 </context>
 <context>
+    <name>Freecut::PolygoncutSelection</name>
+    <message>
+        <source>Invalid point.</source>
+        <translation>Ungültiger Punkt.</translation>
+    </message>
+    <message>
+        <source>This point already exists.</source>
+        <translation>Dieser Punkt ist schon vorhanden.</translation>
+    </message>
+    <message>
+        <source>You can not move this point, because one of the edges contain this point has teeth.</source>
+        <translation>Dieser Punkt lässt sich nicht verschieben, weil eine seiner Kanten Zähne hat.</translation>
+    </message>
+    <message>
+        <source>Do you want to split an edge with teeth?</source>
+        <translation>Möchten Sie eine Kante mit Zähnen teilen?</translation>
+    </message>
+    <message>
+        <source>Width(W) must be larger or equal to Height(H).</source>
+        <translation>Die Breite(W) muss mindestens so groß wie die Höhe(H) sein.</translation>
+    </message>
+    <message>
+        <source>Offset(O) is too large for some edge.</source>
+        <translation>Der Versatz(O) ist für eine Kante zu groß.</translation>
+    </message>
+    <message>
+        <source>There would be too many teeth on some edge. Choose a larger distance(D).</source>
+        <translation>Auf einer Kante gäbe es zu viele Zähne. Wählen Sie einen größeren Abstand(D).</translation>
+    </message>
+</context>
+<context>
     <name>GLView</name>
     <message>
         <source>There is no picture to save: show the view first.</source>
@@ -1626,6 +1704,14 @@
     <message>
         <source>Selected parts</source>
         <translation>Ausgewählte Teile</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
 </context>
 <context>

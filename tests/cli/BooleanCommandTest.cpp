@@ -72,7 +72,8 @@ TEST(FreecutBoolean, TheReportTellsOperationPartsAndPieces)
     Names fields;
     for (auto const& field : report.items())
         fields.push_back(field.key());
-    EXPECT_EQ(fields, (Names{"command", "operation", "parts", "seconds", "threads"}));
+    EXPECT_EQ(fields,
+              (Names{"schema", "command", "operation", "parts", "status", "seconds", "threads"}));
     EXPECT_EQ(report["command"], "boolean");
     EXPECT_EQ(report["operation"], "subtract");
     EXPECT_EQ(report["threads"], 1);

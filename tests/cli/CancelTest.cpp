@@ -59,6 +59,39 @@ TEST(FreecutCancel, CtrlCEndsWith130AndLeavesNoFile)
     EXPECT_NE(process.readAllStandardError().toStdString().find("Cancelled"), std::string::npos);
 }
 
+TEST(FreecutCancel, EverySignalThatAsksToStopLeavesNoFile)
+{
+    for (int const signalNumber : {SIGINT, SIGTERM, SIGHUP}) {
+        FreecutFolder folder;
+        Names const arguments = longCommand(folder);
+        QProcess process;
+        folder.prepare(process, arguments);
+        process.start();
+        ASSERT_TRUE(waitUntilInterruptible(process));
+        kill(pid_t(process.processId()), signalNumber);
+        process.waitForFinished(-1);
+        ASSERT_EQ(process.exitStatus(), QProcess::NormalExit) << signalNumber;
+        EXPECT_EQ(process.exitCode(), 128 + signalNumber);
+        EXPECT_EQ(folder.files(), Names{"ball.stl"});
+    }
+}
+
+TEST(FreecutCancel, WithNohupItOutlivesItsTerminal)
+{
+    FreecutFolder folder;
+    folder.addStl(sphere(50, 300, 400), "ball.stl");
+    QProcess process;
+    folder.prepare(process, {});
+    process.setProgram("nohup");
+    process.setArguments({MELL_BINARY_DIR "/freecut", "zcut", "--height", "1.234", "ball.stl"});
+    process.start();
+    ASSERT_TRUE(waitUntilInterruptible(process));
+    kill(pid_t(process.processId()), SIGHUP);
+    process.waitForFinished(-1);
+    ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 0);
+}
+
 TEST(FreecutCancel, AtAnyMomentThereAreAllPiecesOrNone)
 {
     FreecutFolder folder;

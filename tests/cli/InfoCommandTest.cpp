@@ -34,6 +34,67 @@ TEST(FreecutInfo, CountsEachKindOfError)
     EXPECT_GT(parts[1]["errors"]["selfIntersections"], 0);
 }
 
+TEST(FreecutInfo, AnOpenPartHasNoVolume)
+{
+    FreecutFolder folder;
+    folder.addStl(openBox(2, 3, 4), "open.stl");
+    auto const result = folder.run({"info", "open.stl"});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    for (char const* text :
+         {"volume     none, it is not closed\n", "closed     no, 4 border edges\n"})
+        EXPECT_NE(result.output.find(text), std::string::npos) << text << "\n" << result.output;
+    auto const report = folder.run({"info", "open.stl", "--json", "-"}).json();
+    EXPECT_TRUE(report["parts"][0]["volume"].is_null());
+}
+
+TEST(FreecutInfo, AnEdgeOfFourTrianglesIsNotClosed)
+{
+    FreecutFolder folder;
+    Soup touching = box(1, 1, 1);
+    touching.append(box(1, 1, 1, {1, 1, 0}));
+    folder.addStl(touching, "touching.stl");
+    auto const report = folder.run({"info", "touching.stl", "--json", "-"}).json();
+    EXPECT_EQ(report["parts"][0]["closed"], false);
+    EXPECT_EQ(report["parts"][0]["errors"]["borderEdges"], 0);
+    EXPECT_EQ(report["parts"][0]["errors"]["nonManifoldEdges"], 1);
+}
+
+TEST(FreecutInfo, SmallPartsShowEnoughFigures)
+{
+    FreecutFolder folder;
+    folder.addStl(box(0.02f, 0.03f, 0.04f), "tiny.stl");
+    auto const result = folder.run({"info", "tiny.stl"});
+    EXPECT_NE(result.output.find("0.0000240000 mm3"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("0.00520000 mm2"), std::string::npos) << result.output;
+    folder.addStl(box(0.0002f, 0.03f, 0.04f), "flat.stl");
+    auto const flat = folder.run({"info", "flat.stl"});
+    EXPECT_NE(flat.output.find("to (0.0002, 0.03, 0.04) mm"), std::string::npos) << flat.output;
+}
+
+TEST(FreecutInfo, CheckFailsForAPartWithErrors)
+{
+    FreecutFolder folder;
+    folder.addStl(box(2, 3, 4), "good.stl");
+    folder.addStl(crossingBoxes(), "crossing.stl");
+    EXPECT_EQ(folder.run({"info", "good.stl", "--check"}).status, 0);
+    EXPECT_EQ(folder.run({"info", "good.stl", "crossing.stl"}).status, 0);
+    EXPECT_EQ(folder.run({"info", "good.stl", "crossing.stl", "--check"}).status, 1);
+}
+
+TEST(FreecutInfo, OutputThatCannotBeWrittenIsAFailure)
+{
+    FreecutFolder folder;
+    folder.addStl(box(2, 3, 4), "part.stl");
+    QProcess process;
+    folder.prepare(process, {"info", "part.stl"});
+    process.setStandardOutputFile("/dev/full");
+    process.start();
+    process.waitForFinished(-1);
+    EXPECT_EQ(process.exitCode(), 3);
+    EXPECT_NE(process.readAllStandardError().toStdString().find("Standard output"),
+              std::string::npos);
+}
+
 TEST(FreecutInfo, AFileThatCannotBeReadEndsWithThree)
 {
     FreecutFolder const folder;

@@ -60,8 +60,8 @@ TEST(FreecutSection, TheReportTellsPlaneSectionAndPositions)
     auto const result = folder.run(sectionOf({"block.stl"}, {"--pins", "--json", "-"}));
     ASSERT_EQ(result.status, 0) << result.errors;
     auto const report = result.json();
-    EXPECT_EQ(fieldsOf(report),
-              (Names{"command", "connectors", "plane", "dryRun", "parts", "seconds", "threads"}));
+    EXPECT_EQ(fieldsOf(report), (Names{"schema", "command", "connectors", "plane", "dryRun",
+                                       "parts", "status", "seconds", "threads"}));
     EXPECT_EQ(report["command"], "section");
     EXPECT_EQ(report["connectors"], "pins");
     EXPECT_EQ(report["dryRun"], false);
@@ -177,12 +177,13 @@ TEST(FreecutSection, ASectionTooSmallForAPinIsToldAndCutPlainly)
         folder.run(sectionOf({"block.stl"}, {"--pins", "--radius", "18", "--spacing", "50", "-o",
                                              "pieces", "--json", "-"}));
     ASSERT_EQ(result.status, 0) << result.errors;
-    EXPECT_NE(result.errors.find("block.stl: the section has no room for a connector"),
+    EXPECT_NE(result.errors.find("block.stl: The section has no room for a connector"),
               std::string::npos)
         << result.errors;
     auto const part = result.json()["parts"][0];
     EXPECT_TRUE(part["positions"].empty());
-    EXPECT_NE(part["warning"].get<std::string>().find("no room"), std::string::npos);
+    ASSERT_EQ(part["remarks"].size(), 1u);
+    EXPECT_EQ(part["remarks"][0]["kind"], "noRoomForConnectors");
     ASSERT_EQ(part["pieces"].size(), 2u);
     EXPECT_NEAR(part["pieces"][0]["volume"].get<double>(), 12000, 12);
 }
@@ -191,7 +192,7 @@ TEST(FreecutSection, ASectionTooSmallForALapJointIsToldAndCutPlainly)
 {
     BlockFolder const folder;
     std::string const sentence =
-        "the section has no room for a lap joint, so its halves are plain.";
+        "The section has no room for a lap joint, so its halves are plain.";
     for (Names const& options : std::vector<Names>{{"--side-distance", "15"},
                                                    {"--based-on", "inner"},
                                                    {"--side-distance", "100", "--dry-run"}}) {
@@ -202,7 +203,8 @@ TEST(FreecutSection, ASectionTooSmallForALapJointIsToldAndCutPlainly)
         EXPECT_EQ(result.errors.find("freecut: block.stl: " + sentence), 0u) << result.errors;
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1);
         auto const part = nlohmann::json::parse(folder.read("report.json"))["parts"][0];
-        EXPECT_EQ(part["warning"].get<std::string>().find(sentence), 0u);
+        ASSERT_EQ(part["remarks"].size(), 1u);
+        EXPECT_EQ(part["remarks"][0]["text"].get<std::string>().find(sentence), 0u);
         if (options.back() == "--dry-run")
             continue;
         ASSERT_EQ(part["pieces"].size(), 2u);

@@ -30,7 +30,9 @@ TEST(FreecutZCut, TheReportTellsEverythingAndStandsAloneOnStandardOutput)
         folder.run({"zcut", "part.stl", "--height", "1", "--threads", "1", "--json", "-"});
     ASSERT_EQ(result.status, 0) << result.errors;
     auto const report = result.json();
+    EXPECT_EQ(report["schema"], 1);
     EXPECT_EQ(report["command"], "zcut");
+    EXPECT_EQ(report["status"], 0);
     EXPECT_EQ(report["threads"], 1);
     for (char const* stage : {"load", "cut", "save", "total"})
         EXPECT_GE(report["seconds"][stage].get<double>(), 0) << stage;
@@ -45,8 +47,9 @@ TEST(FreecutZCut, TheReportTellsEverythingAndStandsAloneOnStandardOutput)
     Names fields;
     for (auto const& field : upper.items())
         fields.push_back(field.key());
-    EXPECT_EQ(fields, (Names{"name", "file", "triangles", "vertices", "shells", "volume", "area",
-                             "closed", "box"}));
+    EXPECT_EQ(fields,
+              (Names{"name", "file", "triangles", "vertices", "shells", "volume", "area", "closed",
+                     "borderEdges", "nonManifoldEdges", "inconsistentEdges", "box"}));
     EXPECT_EQ(upper["name"], "part_cut1");
     EXPECT_EQ(upper["file"], "part_cut1.stl");
     EXPECT_EQ(upper["triangles"], folder.mesh("part_cut1.stl").triangles.size());
@@ -110,6 +113,7 @@ TEST(FreecutZCut, APartThatThePlaneMissesStaysWhole)
     folder.addStl(box(1, 1, 4), "a.stl");
     auto const result = folder.run({"zcut", "a.stl", "--height", "-3"});
     EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.errors, "freecut: a.stl: Nothing was cut: the plane misses the part.\n");
     EXPECT_EQ(folder.files(), (Names{"a.stl", "a_cut.stl"}));
     EXPECT_EQ(volumeOf(folder.mesh("a_cut.stl")), 4);
 }
@@ -168,8 +172,10 @@ TEST(FreecutZCut, ACutThatFailsEndsWithOneAndTheReason)
     folder.addStl(open, "open.stl");
     auto const result = folder.run({"zcut", "open.stl", "--height", "2"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.errors.find("An error occurred in triangulate."), std::string::npos);
-    EXPECT_NE(result.errors.find("The part is open where the plane meets it"), std::string::npos);
+    EXPECT_EQ(result.errors.find("freecut: open.stl: The part is open where the plane meets it"),
+              0u)
+        << result.errors;
+    EXPECT_TRUE(result.errors.ends_with(" An error occurred in triangulate.\n")) << result.errors;
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(folder.files(), Names{"open.stl"});
 }

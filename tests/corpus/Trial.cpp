@@ -93,7 +93,8 @@ Trial tryOut(Operation const& operation, judge::Source const& source, std::strin
     for (auto const& [name, soup] : job.tools)
         writeStl(folder / name, soup);
     std::vector<std::string> arguments = job.arguments;
-    for (char const* const argument : {"-o", "out", "--format", "stl", "--quiet"})
+    // Whether a piece is closed is judged here, not by the program.
+    for (char const* const argument : {"-o", "out", "--format", "stl", "--quiet", "--allow-open"})
         arguments.emplace_back(argument);
 
     Trial trial;

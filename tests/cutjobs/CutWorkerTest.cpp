@@ -46,6 +46,28 @@ TEST(CutWorker, AnyOtherExceptionIsAFailureWithTheOneMessage)
     }
 }
 
+TEST(CutWorker, TheReasonOfAFailureStandsBesideTheMessage)
+{
+    ProbeFront front([](auto const&) { throw Mell::Exception("The part is open."); });
+    front.operateAndWait();
+    EXPECT_EQ(front.worker->getErrorMessage(), "An error occurred in triangulate.");
+    EXPECT_EQ(front.worker->reason(), "The part is open.");
+}
+
+TEST(CutWorker, ALaterJobForgetsTheReason)
+{
+    int job = 0;
+    ProbeFront front([&](auto const&) {
+        if (++job == 1)
+            throw std::runtime_error("no memory");
+        throw "";
+    });
+    front.operateAndWait();
+    EXPECT_EQ(front.worker->reason(), "no memory");
+    front.operateAndWait();
+    EXPECT_EQ(front.worker->reason(), "");
+}
+
 TEST(CutWorker, ACancelLeavesTheErrorMessageEmpty)
 {
     ProbeFront front([](auto const&) { throw Mell::AbortException("Aborting..."); });

@@ -211,6 +211,7 @@ TEST(SectionCutImp, WithoutAPlaneTheJobFails)
     run.worker.doWork();
     EXPECT_EQ(run.events, Events{"false"});
     EXPECT_EQ(run.worker.getErrorMessage(), "An error occurred in triangulate.");
+    EXPECT_EQ(run.worker.reason(), "There is no cutting plane. Place one first.");
 }
 
 TEST(SectionCutImp, ProgressOfAPlainCutRunsOverTheParts)

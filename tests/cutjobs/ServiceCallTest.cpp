@@ -12,10 +12,10 @@ using Lines = std::vector<std::string>;
 
 /// Runs a call that throws and returns what comes out: "abort: TEXT" or "failure: TEXT".
 template <typename Call>
-std::string outcomeOf(Call const& call)
+std::string outcomeOf(Call const& call, std::string& reason)
 {
     try {
-        ServiceCall::run(call);
+        ServiceCall::run(reason, call);
     } catch (Mell::AbortException const& abort) {
         return std::string("abort: ") + abort.what();
     } catch (char const* text) {
@@ -24,11 +24,22 @@ std::string outcomeOf(Call const& call)
     return "returned";
 }
 
+template <typename Call>
+std::string outcomeOf(Call const& call)
+{
+    std::string reason = "untouched";
+    std::string const outcome = outcomeOf(call, reason);
+    EXPECT_EQ(reason, "untouched");
+    return outcome;
+}
+
 }  // namespace
 
 TEST(ServiceCall, ReturnsWhatTheCallReturns)
 {
-    EXPECT_EQ(ServiceCall::run([] { return 7; }), 7);
+    std::string reason;
+    EXPECT_EQ(ServiceCall::run(reason, [] { return 7; }), 7);
+    EXPECT_EQ(reason, "");
 }
 
 TEST(ServiceCall, TheUsersCancelStaysAnAbort)
@@ -46,24 +57,14 @@ TEST(ServiceCall, AnAbortWithAnotherTextIsAFailure)
     EXPECT_EQ(console.lines(), Lines(5, "Command Abort."));
 }
 
-TEST(ServiceCall, EverythingElseIsAFailureAndItsReasonIsLogged)
+TEST(ServiceCall, EverythingElseIsAFailureWhoseReasonIsKeptAndLogged)
 {
     ConsoleLines const console;
-    EXPECT_EQ(outcomeOf([] { throw Mell::Exception("The part is open."); }), "failure: ");
-    EXPECT_EQ(outcomeOf([] { throw std::runtime_error("no memory"); }), "failure: ");
+    std::string reason;
+    EXPECT_EQ(outcomeOf([] { throw Mell::Exception("The part is open."); }, reason), "failure: ");
+    EXPECT_EQ(reason, "The part is open.");
+    EXPECT_EQ(outcomeOf([] { throw std::runtime_error("no memory"); }, reason), "failure: ");
+    EXPECT_EQ(reason, "no memory");
     EXPECT_EQ(outcomeOf([] { throw 3; }), "failure: ");
     EXPECT_EQ(console.lines(), (Lines{"The part is open.", "no memory"}));
-}
-
-TEST(ServiceCall, WhatTheJobHoldsIsFreedBeforeTheExceptionGoesOn)
-{
-    int freed = 0;
-    auto const onLeave = [&] { ++freed; };
-    EXPECT_THROW(ServiceCall::run([] { throw Mell::AbortException("Aborting..."); }, onLeave),
-                 Mell::AbortException);
-    EXPECT_EQ(freed, 1);
-    EXPECT_THROW(ServiceCall::run([] { throw 1; }, onLeave), char const*);
-    EXPECT_EQ(freed, 2);
-    ServiceCall::run([] {}, onLeave);
-    EXPECT_EQ(freed, 2);
 }

@@ -38,12 +38,70 @@ TEST(MeshFacts, ShellsHangTogetherOverEdges)
     EXPECT_EQ(measureMesh(*kernelOf(touching)).shells, 2u);
 }
 
+TEST(MeshFacts, AnEdgeOfFourTrianglesIsNotClosedThoughItHasNoBorder)
+{
+    // Two boxes that touch along an edge, as two surfaces in memory and as one in a file.
+    Soup touching = box(1, 1, 1);
+    touching.append(box(1, 1, 1, {1, 1, 0}));
+    MeshFacts const apart = measureMesh(*kernelOf(touching));
+    touching.joinPoints();
+    MeshFacts const joined = measureMesh(*kernelOf(touching));
+    for (MeshFacts const& facts : {apart, joined}) {
+        EXPECT_FALSE(facts.closed);
+        EXPECT_EQ(facts.nonManifoldEdges, 1u);
+        EXPECT_EQ(facts.borderEdges, 0u);
+        EXPECT_EQ(facts.inconsistentEdges, 0u);
+        EXPECT_EQ(facts.shells, 1u);
+    }
+}
+
+TEST(MeshFacts, ATriangleTurnedRoundIsNotClosed)
+{
+    Soup turned = box(1, 1, 1);
+    std::swap(turned.triangles[0][0], turned.triangles[0][1]);
+    MeshFacts const facts = measureMesh(*kernelOf(turned));
+    EXPECT_FALSE(facts.closed);
+    EXPECT_EQ(facts.inconsistentEdges, 3u);
+    EXPECT_EQ(facts.openEdges(), 3u);
+}
+
+TEST(MeshFacts, PointsAtTheSamePlaceAreOne)
+{
+    // Every triangle has corners of its own.
+    Soup const solid = box(2, 3, 4);
+    Soup loose;
+    for (auto const& t : solid.triangles) {
+        auto const first = std::uint32_t(loose.points.size());
+        for (std::uint32_t const corner : t)
+            loose.points.push_back(solid.points[corner]);
+        loose.triangles.push_back({first, first + 1, first + 2});
+    }
+    // Also -0 and 0.
+    for (std::size_t n = 0; n < 6; ++n)
+        for (int i = 0; i < 3; ++i)
+            if (loose.points[n][i] == 0)
+                loose.points[n][i] = -0.0f;
+    MeshFacts const facts = measureMesh(*kernelOf(loose));
+    EXPECT_TRUE(facts.closed);
+    EXPECT_EQ(facts.shells, 1u);
+    EXPECT_DOUBLE_EQ(facts.volume, 24);
+}
+
+TEST(MeshFacts, ATriangleThatLosesACornerDoesNotCount)
+{
+    Soup solid = box(2, 3, 4);
+    auto const twin = std::uint32_t(solid.points.size());
+    solid.points.push_back(solid.points[0]);
+    solid.triangles.push_back({0, twin, 1});
+    EXPECT_TRUE(measureMesh(*kernelOf(solid)).closed);
+}
+
 TEST(MeshFacts, AMeshWithABorderIsOpenAndItsVolumeThatOfConesToTheOrigin)
 {
     Soup const open = openBox(2, 3, 4);
     MeshFacts const facts = measureMesh(*kernelOf(open));
     EXPECT_FALSE(facts.closed);
-    EXPECT_EQ(facts.openEdges, 4u);
+    EXPECT_EQ(facts.borderEdges, 4u);
     EXPECT_NEAR(facts.volume, volumeOf(open), 1e-9);
 }
 

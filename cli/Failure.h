@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+/// What a failure means to whoever has called the program.
+struct Failure
+{
+    /// How the program ends.
+    int status;
+    /// One sentence or two, without the program's name.
+    std::string message;
+};
+
+/// Inside a handler: what the exception in flight means.
+Failure failureInFlight();
+
+/// Writes a line to standard error, after the program's name.
+void complain(std::string const& message);

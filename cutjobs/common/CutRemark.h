@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/geometry/UPoint3.h"
+
+#include <string>
+#include <vector>
+
+namespace Mesh {
+class DocumentObject;
+}
+
+/// Something that a person must be told of a cut that has succeeded.
+struct CutRemark
+{
+    enum class Kind
+    {
+        /// The piece is the part as it was.
+        NothingCut,
+        /// A gap that the cut leaves has taken a whole piece, or all of the part.
+        GapTakesPiece,
+        /// Connectors were asked for and there is no room for one.
+        NoRoomForConnectors,
+    };
+
+    Mesh::DocumentObject* part;
+    Kind kind;
+    /// What is so, one sentence in the language of the interface. What to do about it depends on
+    /// who asked for the cut, and is theirs to say.
+    std::string text;
+    /// Where, in world millimetres; may be empty.
+    std::vector<UPoint3<float>> places;
+};
+
+using CutRemarks = std::vector<CutRemark>;

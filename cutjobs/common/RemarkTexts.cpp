@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cutjobs/common/RemarkTexts.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+using Kind = CutRemark::Kind;
+
+CutRemark remark(Mesh::DocumentObject* part, Kind kind, char const* text)
+{
+    return {part, kind, QCoreApplication::translate("CutRemarks", text).toStdString(), {}};
+}
+
+}  // namespace
+
+CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded)
+{
+    return remark(
+        part, Kind::NothingCut,
+        bounded ? QT_TRANSLATE_NOOP("CutRemarks",
+                                    "Nothing was cut: no section of the part lies within "
+                                    "the plane's rectangle.")
+                : QT_TRANSLATE_NOOP("CutRemarks", "Nothing was cut: the plane misses the part."));
+}
+
+CutRemark toolMisses(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::NothingCut,
+                  QT_TRANSLATE_NOOP("CutRemarks", "Nothing was cut: the tool misses the part."));
+}
+
+CutRemark toolHoldsPart(Mesh::DocumentObject* part)
+{
+    return remark(
+        part, Kind::NothingCut,
+        QT_TRANSLATE_NOOP("CutRemarks", "Nothing was cut: the whole part lies within the tool."));
+}
+
+CutRemark gapTakesPart(Mesh::DocumentObject* part)
+{
+    return remark(
+        part, Kind::GapTakesPiece,
+        QT_TRANSLATE_NOOP("CutRemarks", "The whole part lies within the gap: nothing is left."));
+}
+
+CutRemark gapTakesInside(Mesh::DocumentObject* part)
+{
+    return remark(
+        part, Kind::GapTakesPiece,
+        QT_TRANSLATE_NOOP("CutRemarks",
+                          "What lies within the tool lies within the gap: that piece is missing."));
+}
+
+CutRemark gapTakesOutside(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::GapTakesPiece,
+                  QT_TRANSLATE_NOOP("CutRemarks",
+                                    "What lies outside the tool lies within the gap: that piece "
+                                    "is missing."));
+}
+
+CutRemark gapTakesUpper(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::GapTakesPiece,
+                  QT_TRANSLATE_NOOP("CutRemarks",
+                                    "What lies above the plane lies within the gap between the "
+                                    "faces: the upper piece is missing."));
+}
+
+CutRemark gapTakesLower(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::GapTakesPiece,
+                  QT_TRANSLATE_NOOP("CutRemarks",
+                                    "The part's lower end lies within the gap between the faces: "
+                                    "it is missing."));
+}

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cutjobs/common/CutRemark.h"
+
+// The remarks that cuts make, in words.
+
+/// bounded  the plane ends at its rectangle
+CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded);
+CutRemark toolMisses(Mesh::DocumentObject* part);
+CutRemark toolHoldsPart(Mesh::DocumentObject* part);
+
+CutRemark gapTakesPart(Mesh::DocumentObject* part);
+CutRemark gapTakesInside(Mesh::DocumentObject* part);
+CutRemark gapTakesOutside(Mesh::DocumentObject* part);
+CutRemark gapTakesUpper(Mesh::DocumentObject* part);
+CutRemark gapTakesLower(Mesh::DocumentObject* part);

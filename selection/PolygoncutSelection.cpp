@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "selection/PolygoncutSelection.h"
+
+#include "platform/ui/Application.h"
+#include "platform/ui/CommandManager.h"
+#include "platform/ui/OrbeMenu.h"
+#include "platform/view/GLView.h"
+#include "selection/ContourEditing.h"
+#include "selection/ContourRules.h"
+#include "selection/HandleHit.h"
+#include "selection/ToolEdit.h"
+#include "tools/PolygonGraphicObject.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+
+namespace Freecut {
+
+Base::Type PolygoncutSelection::classTypeId = Base::Type::badType();
+
+void PolygoncutSelection::init()
+{
+    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
+}
+
+void* PolygoncutSelection::create()
+{
+    return static_cast<BaseClass*>(new PolygoncutSelection);
+}
+
+PolygoncutSelection::~PolygoncutSelection()
+{
+    deleteHightLightedLine();
+}
+
+Base::Type PolygoncutSelection::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string PolygoncutSelection::getClassName() const
+{
+    return toolName;
+}
+
+void PolygoncutSelection::initialize()
+{
+    showCursor("cursor_polygoncut");
+    PointPickerMesh::initialize();
+}
+
+void PolygoncutSelection::resetSelection()
+{
+    VolumeSelection::resetSelection();
+    endDrag();
+    hoverEdge = -1;
+    hoverLine.hide();
+}
+
+PolygonGraphicObject* PolygoncutSelection::getPolygon() const
+{
+    return static_cast<PolygonGraphicObject*>(graphicObject);
+}
+
+// The contour.
+
+bool PolygoncutSelection::addPointOfPolygonCut(UPoint3<float> eyePoint)
+{
+    if (!graphicObject && !startTool(new PolygonGraphicObject))
+        return false;
+    PolygonGraphicObject& polygon = *getPolygon();
+    UPoint3<float> point(eyePoint.X(), eyePoint.Y(), polygon.getProperty().getSketchDepth());
+    m_view->getWCSPointFromEyePoint(point);
+    return ContourEditing(*m_view, polygon).addPoint(point, freshEdge());
+}
+
+int PolygoncutSelection::insertPointInPolygon(UPoint3<float> worldPoint) const
+{
+    if (!graphicObject)
+        return 0;
+    PolygonProperty const& record = getPolygon()->getProperty();
+    return insertionIndex(record.getKeyPoints(), worldPoint, record.getExtrudeVector());
+}
+
+bool PolygoncutSelection::overlappingdetect(std::vector<UPoint3<float>> points) const
+{
+    std::vector<UPoint2<float>> seen;
+    for (UPoint3<float>& point : points) {
+        m_view->getEyePointFromWCSPoint(point);
+        seen.emplace_back(point.X(), point.Y());
+    }
+    return touchesItself(seen);
+}
+
+void PolygoncutSelection::setSelectedPointInfo(float x, float y, float z)
+{
+    if (!graphicObject)
+        return;
+    auto const move = ContourEditing(*m_view, *getPolygon()).moveToTyped({x, y, z});
+    if (!move)
+        return;
+    selectedIndex = int(move->vertex);
+    dragMoveMouseLeft(move->way);
+}
+
+void PolygoncutSelection::dragMoveMouseLeft(UVector3<float> delta)
+{
+    hoverLine.hide();
+    if (ContourEditing(*m_view, *getPolygon()).moveVertex(std::size_t(selectedIndex), delta))
+        return;
+    isPressSpent = isDragging;
+    isDragging = false;
+    ContourEditing::warnOfTeeth();
+}
+
+void PolygoncutSelection::deleteHightLightedLine()
+{
+    hoverLine.remove();
+}
+
+// Teeth.
+
+void PolygoncutSelection::setAddTeeth(bool on)
+{
+    addTeeth = on;
+    showCursor(on ? "cursor_addteeth" : "cursor_polygoncut");
+}
+
+void PolygoncutSelection::setTeethParas(int style, float width, float height, float upperWidth,
+                                        float lowerWidth, float doveHeight, int count,
+                                        float distance, int method, bool useOffset, float offset,
+                                        bool applyAllEdges, bool flipTeeth)
+{
+    teeth.setParas({style, width, height, upperWidth, lowerWidth, doveHeight, count, distance,
+                    method, useOffset, offset, applyAllEdges, flipTeeth});
+}
+
+bool PolygoncutSelection::teethAlgorithm()
+{
+    return graphicObject && teeth.generate(*getPolygon());
+}
+
+bool PolygoncutSelection::calculateTeethBasePoints()
+{
+    return graphicObject && teeth.placeTeeth(*getPolygon());
+}
+
+void PolygoncutSelection::updateTeethData()
+{
+    if (graphicObject)
+        teeth.shapeTeeth(*getPolygon());
+}
+
+void PolygoncutSelection::applyTeeth()
+{
+    if (graphicObject)
+        teeth.confirm(*getPolygon());
+}
+
+void PolygoncutSelection::BasePntDragMove(UVector3<float> delta, QMouseEvent const*)
+{
+    teeth.slide(*getPolygon(), selectedEdge, selectedIndex, delta);
+}
+
+void PolygoncutSelection::WidthHeightDragMove(UVector3<float> delta, QMouseEvent const*)
+{
+    teeth.reshape(*getPolygon(), selectedEdge, selectedIndex, delta);
+}
+
+// The mouse.
+
+int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
+{
+    lastPos = event->pos();
+    isPressSpent = false;
+    if (isFrozen())
+        return 0;
+    if (event->button() == Qt::LeftButton) {
+        auto const vertex = handleAt(*m_view, event->pos(), getPolygon()->getPoints());
+        if (vertex) {
+            beginDrag(*vertex);
+            return 0;
+        }
+    }
+    if (addTeeth)
+        if (auto const hit = toothAt(*m_view, event->pos(), *getPolygon()))
+            beginToothDrag(*hit);
+    return 0;
+}
+
+void PolygoncutSelection::beginToothDrag(ToothHit const& hit)
+{
+    selectedIndex = hit.tooth;
+    selectedEdge = hit.edge;
+    (hit.isHandle ? draggingHandle : draggingBasePoint) = true;
+}
+
+bool PolygoncutSelection::dragStep(QMouseEvent const& event)
+{
+    if (!graphicObject || !(isDragging || draggingBasePoint || draggingHandle))
+        return false;
+    UVector3<float> const delta = worldDelta(event.pos());
+    if (isDragging)
+        dragMoveMouseLeft(delta);
+    else if (draggingBasePoint)
+        BasePntDragMove(delta, &event);
+    else
+        WidthHeightDragMove(delta, &event);
+    return true;
+}
+
+bool PolygoncutSelection::endDrag()
+{
+    for (bool* const flag : {&isDragging, &draggingBasePoint, &draggingHandle})
+        if (*flag) {
+            *flag = false;
+            return true;
+        }
+    return false;
+}
+
+int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
+{
+    dragStep(*event);
+    lastPos = event->pos();
+    if (!isFrozen())
+        hover(event->pos());
+    return 0;
+}
+
+bool PolygoncutSelection::isHandleUnder(QPoint position) const
+{
+    return handleAt(*m_view, position, getPolygon()->getPoints()) ||
+           (addTeeth && toothAt(*m_view, position, *getPolygon()));
+}
+
+void PolygoncutSelection::hover(QPoint position)
+{
+    if (isHandleUnder(position))
+        showCursor("cursor_freecutmove");
+    else
+        showCursor(addTeeth ? "cursor_addteeth" : "cursor_polygoncut");
+    std::vector<UPoint3<float>> const points = getPolygon()->getPoints();
+    std::optional<int> const edge = HoverLine::edgeAt(*m_view, position, points);
+    hoverEdge = edge.value_or(-1);
+    if (edge)
+        hoverLine.show(*m_view, points[std::size_t(*edge)],
+                       points[std::size_t(*edge + 1) % points.size()]);
+    else
+        hoverLine.hide();
+}
+
+int PolygoncutSelection::mouseReleaseEvent(QMouseEvent* event)
+{
+    lastPos = event->pos();
+    if (endDrag() || isPressSpent)
+        return 1;
+    if (addTeeth)
+        releaseOnTeeth(*event);
+    else
+        releaseOnContour(*event);
+    return 1;
+}
+
+void PolygoncutSelection::releaseOnContour(QMouseEvent const& event)
+{
+    selectedIndex = 0;
+    if (isInPreview())
+        return;
+    if (event.button() == Qt::LeftButton)
+        addPointOfPolygonCut(eyePointUnder(event.pos()));
+    if (event.button() != Qt::RightButton || !graphicObject)
+        return;
+    if (auto const vertex = handleAt(*m_view, event.pos(), getPolygon()->getPoints())) {
+        selectedIndex = *vertex;
+        showMenu({"Remove Point"});
+    }
+}
+
+void PolygoncutSelection::releaseOnTeeth(QMouseEvent const& event)
+{
+    if (isFrozen() || !hoverLine.isShown())
+        return;
+    if (event.button() == Qt::LeftButton)
+        teeth.chooseEdgeAt(*getPolygon(),
+                           sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth()));
+    if (event.button() != Qt::RightButton || hoverEdge < 0)
+        return;
+    showMenu({"Delete selected teeth", "Delete all teeth"});
+    if (graphicObject)
+        finishEdit(*graphicObject, {.updatesRecord = false, .tellsListeners = false});
+}
+
+void PolygoncutSelection::showMenu(std::vector<char const*> const& commands)
+{
+    if (!Application::Instance)
+        return;
+    OrbeMenu menu;
+    for (char const* const command : commands)
+        Application::Instance->commandManager().addTo(command, &menu);
+    menu.exec(QCursor::pos());
+    // The edge under the mouse may have gone.
+    hoverLine.hide();
+    hoverEdge = -1;
+}
+
+}  // namespace Freecut
