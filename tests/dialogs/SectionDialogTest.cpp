@@ -251,6 +251,16 @@ TEST_F(SectionDialog, ATypedCentreBeyondThePartsFallsBack)
     EXPECT_NEAR(center().X(), 500, 1e-3);
 }
 
+TEST_F(SectionDialog, ACentreCanBeTypedForAPlaneThatLiesOnTheTop)
+{
+    open();
+    tool()->setPlaneByCenterAndNormal({0, 0, 30}, {0, 0, 1});
+    type(ui().center[2], 10);
+    EXPECT_NEAR(center().Z(), 10, 1e-4);
+    type(ui().center[2], 31);
+    EXPECT_NEAR(center().Z(), 10, 1e-4);
+}
+
 TEST_F(SectionDialog, ATypedNormalTurnsThePlaneAboutItsCentre)
 {
     openWithPlane();
