@@ -16,7 +16,7 @@
 #include "selection/RunningTool.h"
 #include "tests/dialogs/DialogScene.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <gtest/gtest.h>
@@ -476,7 +476,14 @@ TEST_F(SectionDialog, ThePartsThatItMeasuresAreThoseOfTheDocumentAsItIs)
     Mesh::DocumentObject* const part = scene.test.document->getMeshObjects()[0];
     part->translate({0, 0, 10}, 0);
     EXPECT_EQ(ui().slider->value(), 51);
-    scene.test.add(box(1, 1, 1, {0, 0, 50}), "another");
+    Mesh::DocumentObject* const another = scene.test.add(box(1, 1, 1, {0, 0, 50}), "another");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ui().slider->maximum(), 412);
+    another->setVisible(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ui().slider->maximum(), 302);
+    another->setVisible(true);
+    QCoreApplication::processEvents();
     EXPECT_EQ(ui().slider->maximum(), 412);
 }
 
