@@ -912,6 +912,10 @@
         <source>the file ends here, but what its header announces takes at least %1 bytes behind the header; it is truncated.</source>
         <translation>Die Datei endet hier, aber was ihr Kopf ankündigt, braucht dahinter mindestens %1 Bytes; sie ist abgeschnitten.</translation>
     </message>
+    <message>
+        <source>the header announces %1 triangles, but the file holds %2; one of the two is damaged. Export the part again.</source>
+        <translation>der Kopf kündigt %1 Dreiecke an, die Datei enthält aber %2; eines von beiden ist beschädigt. Das Teil erneut exportieren.</translation>
+    </message>
 </context>
 <context>
     <name>Formats</name>
@@ -1975,6 +1979,14 @@
     </message>
 </context>
 <context>
+    <name>PointLabel</name>
+    <message>
+        <source>X: %1  Y: %2  Z: %3 %4</source>
+        <extracomment>Coordinates of a picked point and their unit.</extracomment>
+        <translation>X: %1  Y: %2  Z: %3 %4</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesDialog</name>
     <message>
         <source>Preferences</source>
@@ -2082,6 +2094,10 @@
 </context>
 <context>
     <name>Services</name>
+    <message>
+        <source>A piece crosses itself by rounding near (%1, %2, %3).</source>
+        <translation>Ein Teilstück schneidet sich durch Rundung selbst nahe (%1, %2, %3).</translation>
+    </message>
     <message>
         <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
         <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
@@ -2319,24 +2335,13 @@
         <translation>Auf ein Bauteil klicken, um die Koordinaten dieses Punkts zu sehen. Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click on a part to place the cutting plane. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken, um die Schnittebene zu setzen. Esc beendet das Werkzeug.</translation>
+        <source>Esc ends the tool.</source>
+        <translation>Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click the corners of the polygon on the parts; the first corner closes it.</source>
-        <translation>Die Ecken des Polygons auf den Bauteilen anklicken; die erste Ecke schließt es.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cylinder.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Zylinders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cuboid.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Quaders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken. Esc beendet das Werkzeug.</translation>
+        <source>%1: %2 Esc ends the tool.</source>
+        <extracomment>The name of a tool and what a click does, a whole sentence.</extracomment>
+        <translation>%1: %2 Esc beendet das Werkzeug.</translation>
     </message>
     <message>
         <source>Drop mesh files here, or open them from the File menu.</source>

@@ -8,6 +8,7 @@
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/Corefinement.h"
+#include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <tbb/blocked_range.h>
@@ -61,13 +62,8 @@ public:
         SoupBoolean boolean(m_soup);
         bool const isDone = resolve(boolean, grid);
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
-        std::vector<BooleanResult> results;
-        for (std::size_t i = 0; isDone && i < m_pieces.size(); ++i) {
-            auto const triangles = boolean.piece(m_pieces[i]);
-            if (!triangles)
-                break;
-            results.push_back(write(boolean, copies, m_pieces[i], *triangles));
-        }
+        std::vector<BooleanResult> results =
+            isDone ? writeAll(boolean, copies) : std::vector<BooleanResult>();
         if (results.size() < m_pieces.size())
             results = combineWholes(boolean);
         m_progress.finish();
@@ -227,6 +223,35 @@ private:
             if (!lines.isOpen[i] && lines.sums[i].ahead == lines.sums[i].back)
                 numbers[i] = lines.sums[i].ahead;
         return numbers;
+    }
+
+    /// All results, or none if one of them does not close.
+    std::vector<BooleanResult> writeAll(SoupBoolean& boolean, Copies& copies)
+    {
+        std::vector<std::vector<PieceTriangle>> triangles;
+        for (BooleanPiece const piece : m_pieces) {
+            auto ofPiece = boolean.piece(piece);
+            if (!ofPiece)
+                return {};
+            triangles.push_back(std::move(*ofPiece));
+        }
+        for (UPoint3<float> const& place : boolean.mendCrossings(triangles, m_progress))
+            logCrossing(place);
+        std::vector<BooleanResult> results;
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
+        return results;
+    }
+
+    static void logCrossing(UPoint3<float> const& place)
+    {
+        Base::ConsoleSingleton::Instance().Log(
+            QCoreApplication::translate("Services",
+                                        "A piece crosses itself by rounding near (%1, %2, %3).")
+                .arg(double(place[0]))
+                .arg(double(place[1]))
+                .arg(double(place[2]))
+                .toStdString());
     }
 
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
