@@ -95,7 +95,7 @@ void OrbeWindow::buildCentre()
     column->addWidget(m_notices);
     column->addLayout(m_viewRow, 1);
     setCentralWidget(centre);
-    new ToolLock(*m_view);
+    m_toolLock = new ToolLock(*m_view);
     m_view->OnViewType(isometricView);
     m_appearance = new ViewAppearance(*m_view, this);
 }
@@ -124,8 +124,12 @@ void OrbeWindow::buildCommands()
     registerPanelCommands(manager, *m_panels, *m_appearance);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
-    connect(m_gate, &CommandGate::refused, this,
-            [this](QString const& reason) { m_status->showMessage(reason, 5000); });
+    auto const tell = [this](QString const& reason) { m_status->showMessage(reason, 5000); };
+    connect(m_gate, &CommandGate::refused, this, tell);
+    connect(m_toolLock, &ToolLock::refused, this, tell);
+    // Buttons of tools have gone down with the press already, and read their state anew.
+    connect(m_gate, &CommandGate::refused, this, &MainWindow::signalUpdateToolbuttonState);
+    connect(m_toolLock, &ToolLock::refused, this, &MainWindow::signalUpdateToolbuttonState);
     connect(m_appearance, &ViewAppearance::changed, m_gate, &CommandGate::refreshLater);
     connect(this, &MainWindow::signalUpdateToolbuttonState, this, &OrbeWindow::refresh);
 }
@@ -147,8 +151,6 @@ void OrbeWindow::followDocument()
 {
     m_follower = new DocumentFollower(this);
     auto const show = [this](Base::Document* document) {
-        // What a tool has made belongs to the document that it was started on.
-        m_view->stopSelection();
         m_view->setDocument(document);
         m_appearance->setDocument(document);
         getViewSlider()->refresh();
@@ -229,10 +231,10 @@ void OrbeWindow::retranslate()
 void OrbeWindow::keyPressEvent(QKeyEvent* event)
 {
     // A tool that makes use of the key does not let it come here.
-    if (event->key() == Qt::Key_Escape && !m_view->getInteractModeName().empty())
-        m_view->stopSelection();
+    if (event->key() == Qt::Key_Escape && m_toolLock->escape())
+        return;
     // The shortcut of an action that is off does nothing by itself.
-    else if (!m_gate->explain(QKeySequence(event->key() | int(event->modifiers()))))
+    if (!m_gate->explain(QKeySequence(event->key() | int(event->modifiers()))))
         MainWindow::keyPressEvent(event);
 }
 

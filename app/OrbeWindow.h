@@ -16,6 +16,7 @@ class PartPreparation;
 class QDockWidget;
 class QHBoxLayout;
 class StatusLine;
+class ToolLock;
 class ViewAppearance;
 class WindowMenus;
 class WindowPanels;
@@ -82,6 +83,7 @@ private:
     void jobsChanged(bool busy);
 
     Mesh::GLView* m_view = nullptr;
+    ToolLock* m_toolLock = nullptr;
     NoticeBar* m_notices = nullptr;
     QHBoxLayout* m_viewRow = nullptr;
     ViewAppearance* m_appearance = nullptr;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/HalfJoining.h"
 
+#include "connectors/PlaneFrame.h"
 #include "cutjobs/common/SolidCombining.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -26,6 +29,19 @@ Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& holl
             {70, 30});
     part.plain.upper.reset();
     return joined;
+}
+
+void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap)
+{
+    if (gap >= connectorOverlapMm)
+        return;
+    UMesh<float>& mesh = *hollow.getMesh();
+    float top = 0;
+    for (UVertex<float> const* const vertex : mesh.vertices)
+        top = std::max(top, frame.toPlaneLocal(vertex->cP()).Z());
+    for (UVertex<float>* const vertex : mesh.vertices)
+        if (frame.toPlaneLocal(vertex->cP()).Z() < top / 2)
+            vertex->P() += frame.normal() * -connectorOverlapMm;
 }
 
 Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)

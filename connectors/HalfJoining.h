@@ -3,6 +3,11 @@
 
 #include "connectors/ConnectorRun.h"
 
+class PlaneFrame;
+
+/// How far raised solids reach into the lower half, in millimetres.
+inline constexpr float connectorOverlapMm = 0.01f;
+
 // Both give up each plain half as soon as it has been read, since the halves of a large part are
 // what a run needs its memory for.
 
@@ -14,6 +19,14 @@
 /// throws    as Intersect::boolean
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
                            std::function<void(int)> const& progress);
+
+/// Sinks the floor of a hollow below the upper half's face, if it lies less than the overlap of
+/// raised solids below it: floor and face in one plane, as far as rounding tells, would leave a
+/// film between them. Nothing of the upper half is there.
+///
+/// hollow  its floor lies in the section plane
+/// gap     between the two faces
+void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap);
 
 /// Takes the same solid out of both halves.
 Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress);

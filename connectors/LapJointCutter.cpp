@@ -53,6 +53,7 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
     // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
     if (tongue.empty() || notch.empty())
         return {};
+    sinkFloor(notch.front(), frame, paras.frontClearance);
     return applyLapJoint(part, tongue, notch);
 }
 

@@ -70,6 +70,7 @@ Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame
     std::vector<MeshKernel> pins;
     std::vector<MeshKernel> holes;
     PinBodies(paras, frame).createPinBodies(positions, pins, holes);
+    sinkFloor(holes.front(), frame, paras.faceclearance);
     Halves joined;
     runMeshStage([&] {
         joined =

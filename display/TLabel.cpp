@@ -5,6 +5,7 @@
 #include "platform/view/GLView.h"
 #include "tools/PolygonGraphicObject.h"
 
+#include <QCoreApplication>
 #include <QWheelEvent>
 
 namespace Freecut {
@@ -34,14 +35,22 @@ void TLabel::mousePressEvent(QMouseEvent*)
     object->signalChanged();
 }
 
+// A label would pass it on to the view, whose tool has not seen the press.
+void TLabel::mouseReleaseEvent(QMouseEvent*) {}
+
 void TLabel::wheelEvent(QWheelEvent* event)
 {
     MainWindow* const window = MainWindow::getInstance();
     Base::GLView* const view = window ? window->activeGLView() : nullptr;
-    if (!view)
+    if (!view || event->angleDelta().y() == 0)
         return;
-    view->getCamera()->zoom(event->angleDelta().y() > 0 ? 0.9 : 1.1);
-    view->update();
+    // One notch, however far the wheel was turned: the view zooms by 0.9 or 1.1 to what is there.
+    int const notch = event->angleDelta().y() > 0 ? QWheelEvent::DefaultDeltasPerStep
+                                                  : -QWheelEvent::DefaultDeltasPerStep;
+    QPointF const place = view->mapFromGlobal(event->globalPosition().toPoint());
+    QWheelEvent beside(place, event->globalPosition(), {}, {0, notch}, event->buttons(),
+                       event->modifiers(), Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(view, &beside);
 }
 
 }  // namespace Freecut

@@ -8,7 +8,8 @@ namespace Freecut {
 class VolumeGraphicObject;
 
 /// The little label beside a tool's point: a child of the view. A click on one selects its point of
-/// a polygon; a turn of the wheel over it zooms the view in front.
+/// a polygon, and stays with the label as a whole; a turn of the wheel over it acts on the view in
+/// front as it would beside the label.
 class TLabel : public QLabel
 {
 public:
@@ -26,6 +27,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

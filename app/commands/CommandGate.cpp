@@ -19,14 +19,15 @@ QString translated(Base::Command const& command, QString const& text)
                : QCoreApplication::translate(command.className(), text.toUtf8().constData());
 }
 
-/// What the command does and its keys, and then why it cannot be used.
+/// What the command does, and, where it cannot be used, then why. Commands of the application tell
+/// their keys too; those of modules have tips of their own.
 QString toolTipOf(Base::Command const& command, Base::Action const& action, QString const& why)
 {
     QString tip = translated(command, command.getToolTipText());
     if (tip.isEmpty())
         tip = translated(command, command.getMenuText()).remove('&');
     QKeySequence const keys = action.getQAction()->shortcut();
-    if (!keys.isEmpty())
+    if (!keys.isEmpty() && dynamic_cast<HostCommand const*>(&command))
         tip += QStringLiteral(" (%1)").arg(keys.toString(QKeySequence::NativeText));
     return why.isEmpty() ? tip : tip + '\n' + why;
 }

@@ -31,7 +31,7 @@ protected:
     static Objects chosenObjects()
     {
         Mesh::Document const* const document = activeMeshDocument();
-        return document ? document->getSelectedObjects() : Objects();
+        return document ? PartEdits::selectedObjects(*document) : Objects();
     }
 
     /// The selected parts, and those of the selected groups.

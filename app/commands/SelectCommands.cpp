@@ -2,8 +2,7 @@
 #include "app/commands/SelectCommands.h"
 
 #include "app/commands/CheckableCommand.h"
-#include "platform/document/MeshDocument.h"
-#include "platform/document/MeshDocumentObject.h"
+#include "app/panels/PartEdits.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -98,7 +97,7 @@ public:
     QString whyInactive() const override
     {
         Mesh::Document const* const document = activeMeshDocument();
-        return document && !document->getSelectedObjects().empty()
+        return document && !PartEdits::selectedObjects(*document).empty()
                    ? QString()
                    : translated(QT_TRANSLATE_NOOP("HostCommand", "Nothing is selected."));
     }

@@ -47,13 +47,14 @@ PartExport::PartExport(std::vector<Mesh::DocumentObject*> const& parts,
     for (Mesh::DocumentObject const* const part : parts) {
         MeshKernel const* const kernel = part->meshProperty->getMesh();
         if (kernel && !kernel->readMesh()->triangles.empty())
-            m_parts.push_back({part->getName(), part->meshProperty->shareMesh(), part->getColor()});
+            m_parts.push_back({part->getName(), part->meshProperty->shareMesh(), part->getColor(),
+                               part->getClassName() == "Support::DocumentObject"});
     }
 }
 
 Formats::NamedMesh PartExport::meshOf(Part const& part)
 {
-    return {part.name, part.kernel.get(), part.color};
+    return {part.name, part.kernel.get(), part.color, part.isSupport};
 }
 
 void PartExport::toFile(QString const& file)

@@ -42,6 +42,7 @@ private:
         std::string name;
         std::shared_ptr<MeshKernel const> kernel;
         unsigned color;
+        bool isSupport = false;
     };
     struct Target
     {

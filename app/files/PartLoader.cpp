@@ -2,6 +2,7 @@
 #include "app/files/PartLoader.h"
 
 #include "host/formats/PartFiles.h"
+#include "platform/document/SupportDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <QFile>
@@ -70,7 +71,7 @@ void PartLoader::loadFile(QString const& file, LoadedFiles& loaded,
 
 std::unique_ptr<Mesh::DocumentObject> PartLoader::partFrom(Formats::LoadedPart part) const
 {
-    auto object = std::make_unique<Mesh::DocumentObject>();
+    std::unique_ptr<Mesh::DocumentObject> object = Support::makePart(part.isSupport);
     object->meshProperty->setMesh(std::shared_ptr<MeshKernel>(std::move(part.kernel)));
     object->setName(std::move(part.name));
     object->setColor(part.color);

@@ -37,6 +37,14 @@ void removeEmptyGroups(Mesh::Document& document, Groups const& candidates)
             document.removeObject(group);
 }
 
+Objects partsAndGroups(Objects objects)
+{
+    std::erase_if(objects, [](Base::DocumentObject* object) {
+        return !dynamic_cast<Mesh::DocumentObject*>(object) && !asGroup(object);
+    });
+    return objects;
+}
+
 bool changeVisibility(Mesh::Document& document, Parts const& parts, bool visible,
                       char const* stepName)
 {
@@ -72,6 +80,11 @@ private:
 };
 
 }  // namespace
+
+Objects selectedObjects(Mesh::Document const& document)
+{
+    return partsAndGroups(document.getSelectedObjects());
+}
 
 Parts partsAmong(Objects const& objects)
 {
@@ -182,8 +195,9 @@ bool moveToGroup(Mesh::Document& document, Parts const& parts, Group* group)
     return true;
 }
 
-bool remove(Mesh::Document& document, Objects const& objects)
+bool remove(Mesh::Document& document, Objects const& among)
 {
+    Objects const objects = partsAndGroups(among);
     if (objects.empty())
         return false;
     Groups const around = groupsAround(objects);

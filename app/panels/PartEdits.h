@@ -18,6 +18,9 @@ namespace PartEdits {
 using Parts = std::vector<Mesh::DocumentObject*>;
 using Objects = std::vector<Base::DocumentObject*>;
 
+/// The selected parts and groups, which all commands go by. A tool that is selected beside them is
+/// its owner's matter.
+Objects selectedObjects(Mesh::Document const& document);
 /// The parts among objects and in the groups among them, each once.
 Parts partsAmong(Objects const& objects);
 /// The groups among objects, and the groups of the parts among them, each once.
@@ -39,6 +42,7 @@ bool ungroup(Mesh::Document& document, std::vector<Mesh::DocumentObjectGroup*> c
 bool moveToGroup(Mesh::Document& document, Parts const& parts, Mesh::DocumentObjectGroup* group);
 
 /// Removes parts and groups, groups with all their parts; groups that lose their last part go too.
+/// Other objects, such as tools, stay.
 bool remove(Mesh::Document& document, Objects const& objects);
 /// Makes a copy of each part in the part's group, beside the originals in x, and selects the
 /// copies. They share the originals' meshes.

@@ -10,7 +10,7 @@
 PartMenu::PartMenu(Mesh::Document& document, QWidget* parent)
     : QMenu(parent),
       m_document(document),
-      m_objects(document.getSelectedObjects()),
+      m_objects(PartEdits::selectedObjects(document)),
       m_parts(PartEdits::partsAmong(m_objects))
 {
     setToolTipsVisible(true);
@@ -24,7 +24,7 @@ PartMenu::PartMenu(Mesh::Document& document, QWidget* parent)
 // Time passes between the opening of a menu and a click, so edits look at the selection again.
 PartEdits::Parts PartMenu::selectedParts() const
 {
-    return PartEdits::partsAmong(m_document.getSelectedObjects());
+    return PartEdits::partsAmong(PartEdits::selectedObjects(m_document));
 }
 
 void PartMenu::add(QString const& text, QString const& icon, QString const& why,
@@ -69,7 +69,7 @@ void PartMenu::addGroups()
     add(tr("Ungroup"), "app_ungroup",
         groups.empty() ? tr("Select a group or a part of one first.") : QString(), [this] {
             PartEdits::ungroup(m_document,
-                               PartEdits::groupsAround(m_document.getSelectedObjects()));
+                               PartEdits::groupsAround(PartEdits::selectedObjects(m_document)));
         });
     add(tr("Take Out of Group"), {}, anyGrouped ? QString() : tr("Select a part of a group first."),
         [this] { PartEdits::moveToGroup(m_document, selectedParts(), nullptr); });
@@ -86,5 +86,5 @@ void PartMenu::addParts()
     add(tr("Duplicate"), "app_duplicate", select,
         [this] { PartEdits::duplicate(m_document, selectedParts()); });
     add(tr("Delete"), "app_delete", selectAny,
-        [this] { PartEdits::remove(m_document, m_document.getSelectedObjects()); });
+        [this] { PartEdits::remove(m_document, PartEdits::selectedObjects(m_document)); });
 }

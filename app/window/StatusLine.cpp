@@ -2,8 +2,10 @@
 #include "app/window/StatusLine.h"
 
 #include "app/jobs/JobProgressBar.h"
+#include "app/window/ToolHint.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/Application.h"
 #include "platform/view/GLView.h"
 
 #include <QCoreApplication>
@@ -15,51 +17,10 @@
 
 namespace {
 
-struct ToolHint
-{
-    char const* toolClass;
-    char const* text;
-};
-
-constexpr ToolHint toolHints[] = {
-    {"Base::RectangleSelection",
-     QT_TRANSLATE_NOOP("StatusLine",
-                       "Drag a rectangle around the parts to select them; hold Ctrl "
-                       "to add to the selection. Esc ends the tool.")},
-    {"Mesh::PointPickerMesh",
-     QT_TRANSLATE_NOOP("StatusLine",
-                       "Click on a part to see the coordinates of that point. Esc "
-                       "ends the tool.")},
-    {"Freecut::PlanecutSelection",
-     QT_TRANSLATE_NOOP("StatusLine",
-                       "Click on a part to place the cutting plane. Esc ends the "
-                       "tool.")},
-    {"Freecut::PolygoncutSelection",
-     QT_TRANSLATE_NOOP("StatusLine",
-                       "Click the corners of the polygon on the parts; the first "
-                       "corner closes it.")},
-    {"Freecut::CylindercutSelection",
-     QT_TRANSLATE_NOOP("StatusLine", "Click on a part to place the middle of the cylinder.")},
-    {"Freecut::CuboidcutSelection",
-     QT_TRANSLATE_NOOP("StatusLine", "Click on a part to place the middle of the cuboid.")},
-};
-
-char const* const otherToolHint =
-    QT_TRANSLATE_NOOP("StatusLine", "Click on a part. Esc ends the tool.");
 char const* const noPartHint =
     QT_TRANSLATE_NOOP("StatusLine", "Drop mesh files here, or open them from the File menu.");
 char const* const viewHint =
     QT_TRANSLATE_NOOP("StatusLine", "Click a part to select it. Press ? for all shortcuts.");
-
-char const* hintFor(std::string const& toolClass, Base::Document const* document)
-{
-    for (ToolHint const& hint : toolHints)
-        if (toolClass == hint.toolClass)
-            return hint.text;
-    if (!toolClass.empty())
-        return otherToolHint;
-    return document && !document->getMeshObjects().empty() ? viewHint : noPartHint;
-}
 
 }  // namespace
 
@@ -118,7 +79,10 @@ void StatusLine::paintEvent(QPaintEvent*)
 
 void StatusLine::refresh(Base::GLView const& view, Base::Document const* document)
 {
-    m_hintText = tr(hintFor(view.getInteractModeName(), document));
+    std::string const tool = view.getInteractModeName();
+    bool const hasParts = document && !document->getMeshObjects().empty();
+    m_hintText = tool.empty() ? tr(hasParts ? viewHint : noPartHint)
+                              : toolHint(tool, Application::Instance->commandManager());
     showHint();
     m_selection->setText(selectionSummary(dynamic_cast<Mesh::Document const*>(document)));
 }

@@ -3,43 +3,24 @@
 
 #include "app/JobGuard.h"
 #include "platform/view/GLView.h"
-
-#include <QMouseEvent>
-
-namespace {
-
-/// Whether an event can be more to a tool than a look at what is under the mouse.
-bool isForTools(QEvent const& event)
-{
-    switch (event.type()) {
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-            return true;
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove: {
-            auto const& mouse = static_cast<QMouseEvent const&>(event);
-            return mouse.button() == Qt::LeftButton || (mouse.buttons() & Qt::LeftButton);
-        }
-        default:
-            return false;
-    }
-}
-
-}  // namespace
+#include "platform/view/NavigationStyle.h"
 
 ToolLock::ToolLock(Base::GLView& view) : QObject(&view), m_view(view)
 {
-    view.installEventFilter(this);
+    view.setToolLock([this] { return JobGuard::instance()->isBusy() && isModulesToolRunning(); });
+    connect(&view, &Base::GLView::signalToolRefused, this, &ToolLock::refuse);
 }
 
-bool ToolLock::eventFilter(QObject* watched, QEvent* event)
+bool ToolLock::escape()
 {
-    if (!isForTools(*event) || !JobGuard::instance()->isBusy() || !isModulesToolRunning())
-        return QObject::eventFilter(watched, event);
-    // A key may still be the window's.
-    event->ignore();
+    if (m_view.navigationStyle()->cancelDrag())
+        return true;
+    if (m_view.getInteractModeName().empty())
+        return false;
+    if (m_view.isToolLocked())
+        refuse();
+    else
+        m_view.stopSelection();
     return true;
 }
 
@@ -47,4 +28,9 @@ bool ToolLock::isModulesToolRunning() const
 {
     std::string const tool = m_view.getInteractModeName();
     return !tool.empty() && tool != "Base::RectangleSelection" && tool != "Mesh::PointPickerMesh";
+}
+
+void ToolLock::refuse()
+{
+    emit refused(JobGuard::instance()->reason());
 }

@@ -106,7 +106,8 @@ std::unique_ptr<DocumentObject> Document::detachObject(DocumentObject* object)
 void Document::leave(EntryPtr const& entry)
 {
     if (isSelected(entry->object.get())) {
-        m_history->recordSelection();
+        if (!entry->isTool())
+            m_history->recordSelection();
         std::erase(m_selection, entry);
     }
     for (EntryPtr const& other : m_entries)

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/document/DocumentObject.h"
+#include "platform/document/GraphicObject.h"
 #include "platform/view/ViewProvider.h"
 
 #include <memory>
+#include <vector>
 
 namespace Base {
 
@@ -20,6 +21,18 @@ public:
     /// whatever happened meanwhile.
     unsigned long key = 0;
     bool isPresent = false;
+
+    /// A tool belongs to whoever added it. Undo steps do not hold it, and what deselects parts
+    /// leaves it selected.
+    bool isTool() const { return dynamic_cast<GraphicObject const*>(object.get()); }
 };
+
+/// The entries of tools, or of what is none, in their order.
+inline std::vector<std::shared_ptr<DocumentEntry>> toolsAmong(
+    std::vector<std::shared_ptr<DocumentEntry>> entries, bool wanted = true)
+{
+    std::erase_if(entries, [wanted](auto const& entry) { return entry->isTool() != wanted; });
+    return entries;
+}
 
 }  // namespace Base

@@ -3,6 +3,7 @@
 
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/document/SupportDocumentObject.h"
 
 #include <unordered_map>
 
@@ -42,6 +43,7 @@ std::vector<ProjectObject> projectOf(Mesh::Document const& document)
             taken.kind = ProjectObject::Kind::Group;
         } else if (auto const* const part = dynamic_cast<Mesh::DocumentObject const*>(object)) {
             taken.kernel = part->meshProperty->shareMesh();
+            taken.isSupport = part->getClassName() == "Support::DocumentObject";
             if (part->getGroup())
                 taken.groupUuid = part->getGroup()->getUuid();
         } else {
@@ -64,7 +66,7 @@ void addProject(Mesh::Document& document, std::vector<ProjectObject> objects)
             groups[given.uuid] = group.get();
             object = std::move(group);
         } else {
-            auto part = std::make_unique<Mesh::DocumentObject>();
+            std::unique_ptr<Mesh::DocumentObject> part = Support::makePart(given.isSupport);
             part->meshProperty->setMesh(std::move(given.kernel));
             members.emplace_back(part.get(), given.groupUuid);
             object = std::move(part);

@@ -28,14 +28,15 @@ void Document::select(DocumentObject* object, bool selected, bool notify, bool e
     EntryPtr const entry = find(object);
     if (!entry)
         return;
-    std::vector<EntryPtr> selection = exclusive ? std::vector<EntryPtr>() : m_selection;
+    std::vector<EntryPtr> selection = exclusive ? toolsAmong(m_selection) : m_selection;
     if (!selected)
         std::erase(selection, entry);
     else if (std::find(selection.begin(), selection.end(), entry) == selection.end())
         selection.push_back(entry);
     if (selection == m_selection)
         return;
-    m_history->recordSelection();
+    if (toolsAmong(selection, false) != toolsAmong(m_selection, false))
+        m_history->recordSelection();
     m_selection = std::move(selection);
     if (notify)
         signalObjectSelectionChanged();
@@ -48,10 +49,11 @@ void Document::removefromSelectedObjects(DocumentObject* object)
 
 void Document::clearSelection()
 {
-    if (m_selection.empty())
+    std::vector<EntryPtr> tools = toolsAmong(m_selection);
+    if (tools.size() == m_selection.size())
         return;
     m_history->recordSelection();
-    m_selection.clear();
+    m_selection = std::move(tools);
     signalObjectSelectionChanged();
 }
 

@@ -3,6 +3,8 @@
 #include "host/document/History.h"
 #include "platform/document/MeshDocumentObject.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Base {
@@ -86,7 +88,8 @@ void History::exchangeSelection(Transaction& step, std::vector<EntryPtr> before)
 {
     std::vector<EntryPtr>& selection = m_document.m_selection;
     if (step.selection) {
-        selection = std::exchange(*step.selection, before);
+        selection = std::exchange(*step.selection, toolsAmong(before, false));
+        std::ranges::copy(toolsAmong(before), std::back_inserter(selection));
         std::erase_if(selection, [](EntryPtr const& entry) { return !entry->isPresent; });
     }
     m_selectionChanged = m_selectionChanged || selection != before;

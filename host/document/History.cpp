@@ -88,45 +88,50 @@ void History::setGroup(DocumentEntry const& entry, EntryPtr const& group)
                             : nullptr;
 }
 
+bool History::isHeld(EntryPtr const& entry) const
+{
+    return m_open && !entry->isTool();
+}
+
 void History::recordPresence(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).present)
+    if (isHeld(entry) && !m_open->of(entry).present)
         m_open->of(entry).present = entry->isPresent;
 }
 
 void History::recordSelection()
 {
     if (m_open && !m_open->selection)
-        m_open->selection = m_document.m_selection;
+        m_open->selection = toolsAmong(m_document.m_selection, false);
 }
 
 void History::recordVisible(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).visible)
+    if (isHeld(entry) && !m_open->of(entry).visible)
         m_open->of(entry).visible = entry->object->isVisible();
 }
 
 void History::recordSemiVisible(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).semiVisible)
+    if (isHeld(entry) && !m_open->of(entry).semiVisible)
         m_open->of(entry).semiVisible = entry->object->isSemiVisible();
 }
 
 void History::recordName(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).name)
+    if (isHeld(entry) && !m_open->of(entry).name)
         m_open->of(entry).name = entry->object->getName();
 }
 
 void History::recordColor(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).color)
+    if (isHeld(entry) && !m_open->of(entry).color)
         m_open->of(entry).color = entry->object->getColor();
 }
 
 void History::recordGroup(EntryPtr const& entry)
 {
-    if (m_open && !m_open->of(entry).group)
+    if (isHeld(entry) && !m_open->of(entry).group)
         m_open->of(entry).group = groupOf(*entry);
 }
 

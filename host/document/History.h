@@ -12,7 +12,7 @@ class DocumentObject;
 namespace Base {
 
 /// A document's undo steps, and the step that is open. The record operations note the present
-/// value of something that is about to change; without an open step they do nothing.
+/// value of something that is about to change; without an open step, and for a tool, they do nothing.
 class History
 {
 public:
@@ -49,6 +49,7 @@ public:
     static void setGroup(DocumentEntry const& entry, EntryPtr const& group);
 
 private:
+    bool isHeld(EntryPtr const& entry) const;
     void exchangePresence(Transaction& step);
     void exchangeFields(ObjectChange& change);
     void exchangeSelection(Transaction& step, std::vector<EntryPtr> before);

@@ -5,6 +5,7 @@
 #include "platform/document/GraphicObject.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/document/SupportDocumentObject.h"
 #include "platform/ui/AppModule.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GraphicViewProvider.h"
@@ -27,6 +28,7 @@ struct HostTypes : Base::BaseClass
         Base::DocumentObject::init();
         Base::GraphicObject::init();
         Mesh::DocumentObject::init();
+        Support::DocumentObject::init();
         Mesh::DocumentObjectGroup::init();
         Base::Document::init();
         Mesh::Document::init();

@@ -21,6 +21,8 @@ struct LoadedPart
     std::unique_ptr<MeshKernel> kernel;
     /// As 0xRRGGBBAA; 0 if the file gives none.
     unsigned color = 0;
+    /// The file says that the part carries support structures.
+    bool isSupport = false;
 };
 
 /// A part to write; the kernel is borrowed, and its matrix is applied while writing.
@@ -30,6 +32,8 @@ struct NamedMesh
     MeshKernel const* kernel = nullptr;
     /// As 0xRRGGBBAA, for formats that hold one; 0 for none.
     unsigned color = 0;
+    /// For formats that say so.
+    bool isSupport = false;
 };
 
 /// One file format. Formats have no state; all operations may be called on any thread.

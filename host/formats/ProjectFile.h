@@ -31,6 +31,8 @@ struct ProjectObject
     bool isSemiVisible = false;
     /// As 0xRRGGBBAA; 0 for none.
     unsigned color = 0;
+    /// A part that carries support structures.
+    bool isSupport = false;
     /// Of a part: its records and its placement. Null for a group.
     std::shared_ptr<MeshKernel> kernel;
 };

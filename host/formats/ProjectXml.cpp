@@ -46,6 +46,8 @@ std::string elementText(ProjectEntry const& entry)
         text += object.isSemiVisible ? " visible=\"ghost\"" : " visible=\"no\"";
     else if (object.isSemiVisible)
         text += " visible=\"both\"";
+    if (object.isSupport)
+        text += " support=\"yes\"";
     if (object.color != 0)
         text += attribute("color", hexText(object.color));
     return text + "/>\n";
@@ -69,6 +71,7 @@ ProjectEntry entryFrom(QXmlStreamAttributes const& attributes, ProjectObject::Ki
     std::string const visible = textOf(attributes, "visible");
     object.isVisible = visible.empty() || visible == "both";
     object.isSemiVisible = visible == "ghost" || visible == "both";
+    object.isSupport = textOf(attributes, "support") == "yes";
     std::string const color = textOf(attributes, "color");
     std::from_chars(color.data(), color.data() + color.size(), object.color, 16);
     return entry;

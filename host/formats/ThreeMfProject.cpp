@@ -64,6 +64,7 @@ void ThreeMfReader::appendOtherParts(std::vector<ProjectObject>& objects)
         ProjectObject object;
         object.name = std::move(part.name);
         object.color = part.color;
+        object.isSupport = part.isSupport;
         object.kernel = std::move(part.kernel);
         objects.push_back(std::move(object));
     }

@@ -198,7 +198,14 @@ void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placeme
         builder.addTriangle(vertices[a], vertices[b], vertices[c]);
     }
     if (!builder.isEmpty())
-        m_parts.push_back({uniqueName(name), builder.finish(), colorOf(mesh)});
+        m_parts.push_back({uniqueName(name), builder.finish(), colorOf(mesh), isSupport(mesh)});
+}
+
+bool ThreeMfReader::isSupport(ThreeMfHandle const& object) const
+{
+    DWORD type = NMR::MODELOBJECTTYPE_MODEL;
+    check(NMR::lib3mf_object_gettype(object.get(), &type), object);
+    return type == NMR::MODELOBJECTTYPE_SUPPORT;
 }
 
 unsigned ThreeMfReader::colorOf(ThreeMfHandle const& object) const

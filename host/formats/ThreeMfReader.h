@@ -51,6 +51,7 @@ private:
     void readTriangles(UMesh<float>& mesh, ThreeMfHandle const& object) const;
     void appendOtherParts(std::vector<ProjectObject>& objects);
     void tellMeshProgress(DWORD step) const;
+    bool isSupport(ThreeMfHandle const& object) const;
     unsigned colorOf(ThreeMfHandle const& object) const;
     void readObject(ThreeMfHandle const& object, Placement const& placement,
                     std::string const& outerName, int depth);

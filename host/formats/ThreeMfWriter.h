@@ -32,6 +32,7 @@ private:
         MeshKernel const* kernel;
         unsigned color;
         MeshSource::Frame frame;
+        bool isSupport = false;
     };
 
     void writeModel(std::vector<Item> const& items);

@@ -8,6 +8,22 @@
 
 #include <atomic>
 
+namespace {
+
+/// Makes a kernel the only user of its mesh; under the kernel's lock, so that nobody comes to share
+/// it meanwhile.
+void makeOwn(std::shared_ptr<UMesh<float>>& mesh)
+{
+    if (!mesh || mesh.use_count() == 1) {
+        // Whoever shared the mesh has finished reading it before letting go.
+        std::atomic_thread_fence(std::memory_order_acquire);
+        return;
+    }
+    mesh = copyMesh(*mesh);
+}
+
+}  // namespace
+
 MeshKernel::MeshKernel() : m_mesh(std::make_shared<UMesh<float>>()) {}
 
 MeshKernel::MeshKernel(MeshKernel const* source)
@@ -44,12 +60,7 @@ void MeshKernel::shareMeshOf(MeshKernel const& source)
 void MeshKernel::detach()
 {
     std::lock_guard const lock(m_guard);
-    if (!m_mesh || m_mesh.use_count() == 1) {
-        // Whoever shared the mesh has finished reading it before letting go.
-        std::atomic_thread_fence(std::memory_order_acquire);
-        return;
-    }
-    m_mesh = copyMesh(*m_mesh);
+    makeOwn(m_mesh);
 }
 
 MeshKernel* MeshKernel::shallowCopy()
@@ -67,10 +78,11 @@ MeshKernel* MeshKernel::deepCopySelected(std::vector<bool> const& selected)
 
 std::shared_ptr<UMesh<float>>& MeshKernel::getMesh()
 {
-    // Once handed out the mesh is ours alone: copies of this kernel are deep from then on.
+    std::lock_guard const lock(m_guard);
+    // Once handed out the mesh is ours alone: copies of this kernel are deep from then on. A copy
+    // that is made between the two would share what is then written to.
     if (!m_isHandedOut) {
-        detach();
-        std::lock_guard const lock(m_guard);
+        makeOwn(m_mesh);
         m_isHandedOut = true;
     }
     return m_mesh;
@@ -86,8 +98,9 @@ void MeshKernel::replaceMesh(std::unique_ptr<UMesh<float>> mesh)
 /// The mesh for changes of this kernel's own, which nobody sees half done.
 UMesh<float>& MeshKernel::ownMesh()
 {
+    std::lock_guard const lock(m_guard);
     if (!m_isHandedOut)
-        detach();
+        makeOwn(m_mesh);
     return *m_mesh;
 }
 

@@ -144,10 +144,10 @@ private:
 
 }  // namespace
 
-bool orientConsistently(MeshArrays& mesh, StageProgress& progress)
+std::vector<MeshArrays::Point> orientConsistently(MeshArrays& mesh, StageProgress& progress)
 {
     OrientationFlood flood(mesh, progress);
-    bool hasTurned = false;
+    std::vector<MeshArrays::Point> places;
     for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t) {
         if (flood.isReached(t))
             continue;
@@ -163,9 +163,9 @@ bool orientConsistently(MeshArrays& mesh, StageProgress& progress)
     for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
         if (flood.isTurned[t]) {
             std::swap(mesh.triangles[t][1], mesh.triangles[t][2]);
-            hasTurned = true;
+            places.push_back(mesh.point(t, 0));
         }
-    return hasTurned;
+    return places;
 }
 
 std::vector<std::uint32_t> splitFans(MeshArrays& mesh, StageProgress& progress)

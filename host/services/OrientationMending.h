@@ -6,16 +6,15 @@
 /// Turns triangles so that the two at an edge agree wherever that is possible. In each connected
 /// piece the minority is turned.
 ///
-/// returns  whether anything was turned
+/// returns  a corner of each triangle that was turned
 /// cost     linear in the triangles
-bool orientConsistently(MeshArrays& mesh, StageProgress& progress);
+std::vector<MeshArrays::Point> orientConsistently(MeshArrays& mesh, StageProgress& progress);
 
 /// Gives each vertex a copy per fan of triangles around it. A fan goes on over an edge with
 /// two triangles that agree, and over an edge with more where they can be paired so that each pair
 /// bounds one wedge of material; elsewhere it ends. Afterwards no vertex holds two fans.
 ///
 /// returns  for each copy, in the order in which they were added behind the points, the vertex that
-/// it
-///          is a copy of
+///          it is a copy of
 /// cost     linear in the triangles
 std::vector<std::uint32_t> splitFans(MeshArrays& mesh, StageProgress& progress);

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <numeric>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -109,6 +110,21 @@ std::vector<std::uint32_t> edgeUses(MeshArrays const& mesh, StageProgress& progr
 
 }  // namespace
 
+namespace {
+
+/// Removes triangles, and tells a corner of each.
+FlawPlaces removeWithPlaces(MeshArrays& mesh, std::vector<std::uint8_t> const& isRemoved)
+{
+    FlawPlaces places;
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
+        if (isRemoved[t])
+            places.push_back(mesh.point(t, 0));
+    removeTriangles(mesh, isRemoved);
+    return places;
+}
+
+}  // namespace
+
 bool removeTriangles(MeshArrays& mesh, std::vector<std::uint8_t> const& isRemoved)
 {
     std::size_t left = 0;
@@ -120,16 +136,16 @@ bool removeTriangles(MeshArrays& mesh, std::vector<std::uint8_t> const& isRemove
     return hasRemoved;
 }
 
-bool removeBrokenTriangles(MeshArrays& mesh)
+FlawPlaces removeBrokenTriangles(MeshArrays& mesh)
 {
     std::vector<std::uint8_t> isRemoved(mesh.triangles.size());
     for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
         isRemoved[t] = mesh.isCollapsed(t) || !isFinite(mesh.point(t, 0)) ||
                        !isFinite(mesh.point(t, 1)) || !isFinite(mesh.point(t, 2));
-    return removeTriangles(mesh, isRemoved);
+    return removeWithPlaces(mesh, isRemoved);
 }
 
-bool joinBorders(MeshArrays& mesh, StageProgress& progress)
+FlawPlaces joinBorders(MeshArrays& mesh, StageProgress& progress)
 {
     std::vector<std::uint32_t> byPlace = borderVertices(mesh, progress);
     progress.add(0);
@@ -138,26 +154,26 @@ bool joinBorders(MeshArrays& mesh, StageProgress& progress)
     });
     std::vector<std::uint32_t> joined(mesh.points.size());
     std::iota(joined.begin(), joined.end(), 0u);
-    bool hasJoined = false;
+    FlawPlaces places;
     for (std::size_t i = 1; i < byPlace.size(); ++i)
         if (mesh.points[byPlace[i]] == mesh.points[byPlace[i - 1]]) {
             joined[byPlace[i]] = joined[byPlace[i - 1]];
-            hasJoined = true;
+            places.push_back(mesh.points[byPlace[i]]);
         }
-    if (!hasJoined)
-        return false;
+    if (places.empty())
+        return places;
     for (Corners& corners : mesh.triangles)
         for (std::uint32_t& vertex : corners)
             vertex = joined[vertex];
     removeBrokenTriangles(mesh);
-    return true;
+    return places;
 }
 
-bool removeDuplicates(MeshArrays& mesh, StageProgress& progress)
+FlawPlaces removeDuplicates(MeshArrays& mesh, StageProgress& progress)
 {
     std::vector<std::uint32_t> const order = byDuplicates(mesh, progress);
     if (order.empty())
-        return false;
+        return {};
     std::vector<std::uint32_t> const uses = edgeUses(mesh, progress);
     std::vector<std::uint8_t> isRemoved(mesh.triangles.size());
     for (std::size_t i = 0, end; i < order.size(); i = end) {
@@ -171,19 +187,23 @@ bool removeDuplicates(MeshArrays& mesh, StageProgress& progress)
         for (std::uint32_t t : group.triangles)
             isRemoved[t] = t != kept;
     }
-    return removeTriangles(mesh, isRemoved);
+    return removeWithPlaces(mesh, isRemoved);
 }
 
-bool removeFlatShells(MeshArrays& mesh, StageProgress& progress)
+FlawPlaces removeFlatShells(MeshArrays& mesh, StageProgress& progress)
 {
     TopologyReport const topology = checkTopology(mesh, progress);
     std::vector<double> const volumes = shellVolumes(mesh, topology);
-    std::vector<std::uint8_t> isRemoved(mesh.triangles.size());
+    std::vector<std::uint8_t> isRemoved(mesh.triangles.size()), isTold(volumes.size());
+    FlawPlaces places;
     for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
         std::uint32_t const shell = topology.shellOf[t];
         isRemoved[t] = topology.isClosedShell[shell] && volumes[shell] == 0;
+        if (isRemoved[t] && !std::exchange(isTold[shell], 1))
+            places.push_back(mesh.point(t, 0));
     }
-    return removeTriangles(mesh, isRemoved);
+    removeTriangles(mesh, isRemoved);
+    return places;
 }
 
 void removeUnusedPoints(MeshArrays& mesh)

@@ -7,25 +7,27 @@
 #include <cstdint>
 #include <vector>
 
-// Steps of a repair that need nothing but the arrays. Each keeps the order of what it leaves, and
-// returns whether it changed anything.
+// Steps of a repair that need nothing but the arrays. Each keeps the order of what it leaves. Those
+// that look for flaws return a point at each that they mended.
 
-/// Removes the triangles that `isRemoved` marks.
+using FlawPlaces = std::vector<MeshArrays::Point>;
+
+/// Removes the triangles that `isRemoved` marks. Returns whether there were any.
 bool removeTriangles(MeshArrays& mesh, std::vector<std::uint8_t> const& isRemoved);
 
 /// Removes triangles that use a vertex twice or have a coordinate that is no number.
-bool removeBrokenTriangles(MeshArrays& mesh);
+FlawPlaces removeBrokenTriangles(MeshArrays& mesh);
 
 /// Joins vertices at border edges that lie at the same place, so that seams close. Triangles that
-/// collapse in this way are removed.
-bool joinBorders(MeshArrays& mesh, StageProgress& progress);
+/// collapse in this way are removed. A place for each vertex that became another.
+FlawPlaces joinBorders(MeshArrays& mesh, StageProgress& progress);
 
 /// Of triangles on the same three vertices keeps one, or none where they cancel each other and
 /// the surface does not need one to be closed.
-bool removeDuplicates(MeshArrays& mesh, StageProgress& progress);
+FlawPlaces removeDuplicates(MeshArrays& mesh, StageProgress& progress);
 
-/// Removes closed shells without volume.
-bool removeFlatShells(MeshArrays& mesh, StageProgress& progress);
+/// Removes closed shells without volume. A place for each shell.
+FlawPlaces removeFlatShells(MeshArrays& mesh, StageProgress& progress);
 
 /// Removes the points that no triangle uses.
 void removeUnusedPoints(MeshArrays& mesh);

@@ -4,9 +4,12 @@
 
 #include "platform/document/Document.h"
 #include "platform/ui/Application.h"
+#include "platform/view/GLView.h"
 
 #include <QCloseEvent>
-#include <QPointer>
+
+#include <algorithm>
+#include <utility>
 
 DialogWidget::DialogWidget(QWidget* parent, bool modal) : Dialog(parent, modal) {}
 
@@ -39,34 +42,88 @@ void DialogWidgetOneOff::resetUI() {}
 
 void DialogWidgetOneOff::setDocument(Base::Document* document)
 {
-    if (document == m_document)
-        return;
-    disconnectDocument();
     m_document = document;
-    connectDocument();
+    hear(document);
 }
 
-void DialogWidgetOneOff::connectDocument()
+void DialogWidgetOneOff::setDocumentPointer(Base::Document* document)
 {
-    if (!m_document)
-        return;
-    m_document->signalObjectSelectionChanged.connect(
-        this, &DialogWidgetOneOff::slotObjectSelectionChanged);
-    m_document->signalNewObject.connect(this, &DialogWidgetOneOff::slotNewObject);
-    m_document->signalDelObject.connect(this, &DialogWidgetOneOff::slotDelObject);
-    m_document->signalObjectChanged.connect(this, &DialogWidgetOneOff::slotReplaceObject);
-    m_document->signalDocumentDeleted.connect(this, &DialogWidgetOneOff::slotDocumentDeleted);
+    m_document = document;
+    if (document)
+        hear(document);
 }
 
-void DialogWidgetOneOff::disconnectDocument()
+void DialogWidgetOneOff::hear(Base::Document* document)
 {
-    if (!m_document)
+    if (document == m_heard)
         return;
-    m_document->signalObjectSelectionChanged.disconnect(this);
-    m_document->signalNewObject.disconnect(this);
-    m_document->signalDelObject.disconnect(this);
-    m_document->signalObjectChanged.disconnect(this);
-    m_document->signalDocumentDeleted.disconnect(this);
+    if (m_heard) {
+        m_heard->signalObjectSelectionChanged.disconnect(this);
+        m_heard->signalNewObject.disconnect(this);
+        m_heard->signalDelObject.disconnect(this);
+        m_heard->signalObjectChanged.disconnect(this);
+        m_heard->signalDocumentDeleted.disconnect(this);
+    }
+    m_heard = document;
+    m_visibleParts.clear();
+    if (!document)
+        return;
+    m_visibleParts = document->getPartList();
+    document->signalObjectSelectionChanged.connect(this,
+                                                   &DialogWidgetOneOff::slotObjectSelectionChanged);
+    document->signalNewObject.connect(this, &DialogWidgetOneOff::objectAdded);
+    document->signalDelObject.connect(this, &DialogWidgetOneOff::objectDeleted);
+    document->signalObjectChanged.connect(this, &DialogWidgetOneOff::objectChanged);
+    document->signalDocumentDeleted.connect(this, &DialogWidgetOneOff::slotDocumentDeleted);
+}
+
+void DialogWidgetOneOff::objectAdded(Base::DocumentObject* object)
+{
+    slotNewObject(object);
+    lookAtParts();
+}
+
+void DialogWidgetOneOff::objectDeleted(Base::DocumentObject* object, std::string className)
+{
+    slotDelObject(object, className);
+    lookAtParts();
+}
+
+void DialogWidgetOneOff::objectChanged(Base::DocumentObject* object)
+{
+    slotReplaceObject(object);
+    lookAtParts();
+}
+
+// Many parts may be hidden in a row, and one look at all of them is enough.
+void DialogWidgetOneOff::lookAtParts()
+{
+    if (m_isPartChangePending || !m_heard)
+        return;
+    m_isPartChangePending = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isPartChangePending = false;
+            std::vector<Mesh::DocumentObject*> parts;
+            if (m_heard && !m_isEnding)
+                parts = m_heard->getPartList();
+            if (!m_heard || m_isEnding || parts == m_visibleParts)
+                return;
+            m_visibleParts = std::move(parts);
+            slotObjectSelectionChanged();
+        },
+        Qt::QueuedConnection);
+}
+
+void DialogWidgetOneOff::leaveView(std::vector<std::string> const& toolClasses)
+{
+    Base::GLView* const view = m_heard ? m_heard->getView() : nullptr;
+    if (!view)
+        return;
+    view->removeEventFilter(this);
+    if (std::ranges::find(toolClasses, view->getInteractModeName()) != toolClasses.end())
+        view->stopSelection();
 }
 
 Base::Document* DialogWidgetOneOff::getDocument() const
@@ -103,6 +160,7 @@ void DialogWidgetOneOff::slotDocumentDeleted()
 {
     destruct();
     m_document = nullptr;
+    m_heard = nullptr;
 }
 
 void DialogWidgetOneOff::destruct()

@@ -4,6 +4,7 @@
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/view/MeshGLView.h"
+#include "platform/view/NavigationStyle.h"
 
 namespace Base {
 
@@ -90,6 +91,11 @@ int AbstractMouseSelection::wheelEvent(QWheelEvent*)
 }
 
 void AbstractMouseSelection::draw() {}
+
+void AbstractMouseSelection::capturePress(std::function<void()> putBack)
+{
+    m_view->navigationStyle()->capturePress(std::move(putBack));
+}
 
 void AbstractMouseSelection::selectModel(int x, int y, bool keepOthers, bool toggle, bool notify,
                                          bool onlyFront, bool alsoGhosts)

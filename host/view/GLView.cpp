@@ -81,6 +81,8 @@ Document* GLView::getDocument() const
 
 void GLView::setDocument(Document* document)
 {
+    if (document != getDocument())
+        stopSelection();
     m_scene->setDocument(document);
     update();
 }
@@ -103,6 +105,10 @@ std::string GLView::getInteractModeName() const
 
 bool GLView::startSelection(std::string className)
 {
+    if (isToolLocked()) {
+        emit signalToolRefused();
+        return false;
+    }
     std::unique_ptr<BaseClass> made(Type::createInstance(className));
     auto* const tool = dynamic_cast<AbstractMouseSelection*>(made.get());
     if (!tool)
@@ -121,6 +127,21 @@ void GLView::stopSelection()
     m_navigation->setMouseModel(nullptr);
     applyProjection();
     emit signalInteractModeChanged();
+}
+
+void GLView::setToolLock(std::function<bool()> isLocked)
+{
+    m_isToolLocked = std::move(isLocked);
+}
+
+bool GLView::isToolLocked() const
+{
+    return m_navigation->mouseModel() && m_isToolLocked && m_isToolLocked();
+}
+
+bool GLView::isDrawnIn() const
+{
+    return m_navigation->mouseModel() || m_scene->hasTools();
 }
 
 void GLView::addGraphicsItem(GLGraphicsItem* item)
@@ -161,8 +182,7 @@ UBox3<float> GLView::surroundingsBox() const
 
 void GLView::paintPending()
 {
-    bool const isSeen = m_navigation->mouseModel() || m_scene->hasTools();
-    if (!isSeen || !isVisible() || !m_scene->isInitialized() ||
+    if (!isDrawnIn() || !isVisible() || !m_scene->isInitialized() ||
         isSameView(m_paintedCamera, *m_camera))
         return;
     // Not repaint(), which a window with OpenGL in it puts off until the next frame.

@@ -159,7 +159,10 @@ void GLView::fit(UBox3<float> const& box)
         return;
     paintPending();
     GLCamera& camera = *getCamera();
-    UPoint3<float> const centre = (box.min + box.max) * 0.5f;
+    UPoint3<float> centre = (box.min + box.max) * 0.5f;
+    // Tools draw at a depth that is counted from the reference plane.
+    if (isDrawnIn())
+        centre = centre + getViewDirection() * ((getViewRefPoint() - centre) | getViewDirection());
     camera.set_ref(centre.X(), centre.Y(), centre.Z(), true);
     double viewWidth, viewHeight;
     camera.get_view_rect(viewWidth, viewHeight);

@@ -154,6 +154,8 @@ void GLView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void GLView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!(event->buttons() & Qt::LeftButton))
+        m_pressedView = -1;
     if (event->buttons() == Qt::NoButton)
         hover(OrientationCube::viewAt(*this, event->pos()));
     if (m_pressedView < 0)

@@ -4,12 +4,14 @@
 #include "platform/view/AbstractMouseSelection.h"
 #include "platform/view/GLView.h"
 
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Base {
 
@@ -46,16 +48,40 @@ void zoomAt(GLCamera& camera, QPointF position, double factor)
     camera.pan(double(before.X()) - after.X(), double(before.Y()) - after.Y());
 }
 
+/// Turns about the reference point, as far as straight above and below.
+void turnBy(GLCamera& camera, QPoint pixels)
+{
+    UVector3<float> const up = camera.get_vecUp();
+    // Upside down, what is dragged to the right still goes to the right.
+    double const sense = up.Z() < -1e-6f ? 1 : -1;
+    camera.turn({0, 0, 1}, sense * pixels.x() * radiansPerPixel);
+    UVector3<float> const direction = camera.get_direction();
+    UVector3<float> const across = camera.get_vecUp() * direction;
+    double rise = pixels.y() * radiansPerPixel;
+    if (up.Z() >= -1e-6f) {
+        double const height = std::asin(std::clamp(double(direction.Z()), -1.0, 1.0));
+        rise = std::clamp(rise, -M_PI / 2 - height, M_PI / 2 - height);
+    }
+    camera.turn({across.X(), across.Y(), across.Z()}, -rise);
+}
+
 }  // namespace
 
-/// Keeps tools alive that end while one of them has an event.
+/// Keeps tools alive that end while one of them has an event. A tool takes its cursor away when it
+/// is deleted; one that runs by then keeps its own.
 struct NavigationStyle::Delivery
 {
     explicit Delivery(NavigationStyle& o) : owner(o) { ++owner.m_deliveries; }
     ~Delivery()
     {
-        if (--owner.m_deliveries == 0)
-            owner.m_ended.clear();
+        if (--owner.m_deliveries > 0 || owner.m_ended.empty())
+            return;
+        QWidget& view = *owner.m_view;
+        bool const hasCursor = owner.m_tool && view.testAttribute(Qt::WA_SetCursor);
+        QCursor const cursor = view.cursor();
+        owner.m_ended.clear();
+        if (hasCursor)
+            view.setCursor(cursor);
     }
     NavigationStyle& owner;
 };
@@ -66,10 +92,13 @@ NavigationStyle::~NavigationStyle() = default;
 
 void NavigationStyle::setMouseModel(std::unique_ptr<AbstractMouseSelection> tool)
 {
+    // What has been pressed for one tool is no press of the next one.
+    forgetPresses();
     if (m_tool) {
         Delivery const busy(*this);
         m_tool->releaseMouseModel();
         m_ended.push_back(std::move(m_tool));
+        m_view->unsetCursor();
     }
     m_tool = std::move(tool);
     if (m_tool)
@@ -81,6 +110,8 @@ int NavigationStyle::deliver(QEvent* event)
 {
     if (!m_tool)
         return 0;
+    if (m_view->isToolLocked())
+        return deliverLocked(event);
     Delivery const busy(*this);
     AbstractMouseSelection& tool = *m_tool;
     switch (event->type()) {
@@ -98,6 +129,31 @@ int NavigationStyle::deliver(QEvent* event)
             return tool.keyReleaseEvent(static_cast<QKeyEvent*>(event));
         case QEvent::Wheel:
             return tool.wheelEvent(static_cast<QWheelEvent*>(event));
+        default:
+            return 0;
+    }
+}
+
+// A locked tool sees the mouse pass and the end of a drag that began before; what it would edit
+// goes to the view.
+int NavigationStyle::deliverLocked(QEvent* event)
+{
+    Delivery const busy(*this);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+                emit m_view->signalToolRefused();
+            return 0;
+        case QEvent::MouseMove: {
+            auto* const mouse = static_cast<QMouseEvent*>(event);
+            return mouse->buttons() == Qt::NoButton ? m_tool->mouseMoveEvent(mouse) : 0;
+        }
+        case QEvent::MouseButtonRelease: {
+            auto const& mouse = *static_cast<QMouseEvent*>(event);
+            QMouseEvent end(QEvent::MouseButtonRelease, mouse.localPos(), mouse.windowPos(),
+                            mouse.screenPos(), Qt::NoButton, mouse.buttons(), mouse.modifiers());
+            return m_tool->mouseReleaseEvent(&end);
+        }
         default:
             return 0;
     }
@@ -131,38 +187,92 @@ NavigationStyle::Action NavigationStyle::actionFor(QMouseEvent const& event) con
     return Action::None;
 }
 
-void NavigationStyle::press(QMouseEvent* event)
+// The view has taken the drag, or it has ended in another way than by its release.
+void NavigationStyle::deliverEnd(QMouseEvent const& event)
+{
+    QMouseEvent end(QEvent::MouseButtonRelease, event.localPos(), event.windowPos(),
+                    event.screenPos(), Qt::NoButton, event.buttons(), event.modifiers());
+    deliver(&end);
+}
+
+void NavigationStyle::forgetPresses()
+{
+    m_held = 0;
+    m_putBack = nullptr;
+    if (!m_isNavigating)
+        m_action = Action::None;
+}
+
+void NavigationStyle::capturePress(std::function<void()> putBack)
 {
     if (m_isNavigating)
         return;
+    m_putBack = std::move(putBack);
+    m_action = Action::None;
+}
+
+void NavigationStyle::press(QMouseEvent* event)
+{
+    endLostPresses(*event, int(event->buttons()) & ~int(event->button()));
+    if (m_isNavigating)
+        return;
+    bool const isFirst = m_held == 0 && event->buttons() == event->button();
+    m_held |= event->button();
     // A drag is that of the first button; another one beside it is the tool's alone.
-    if (event->buttons() != event->button()) {
+    if (!isFirst) {
         deliver(event);
         return;
     }
-    m_press = m_last = event->pos();
+    beginPress(*event);
+    m_action = actionFor(*event);
+    if (deliver(event) != 0)
+        m_action = Action::None;
+}
+
+void NavigationStyle::beginPress(QMouseEvent const& event)
+{
+    m_press = m_last = event.pos();
     m_hasMoved = false;
-    m_button = event->button();
-    m_action = deliver(event) == 0 ? actionFor(*event) : Action::None;
+    m_button = event.button();
+    m_action = Action::None;
+    m_putBack = nullptr;
 }
 
 void NavigationStyle::doubleClick(QMouseEvent* event)
 {
-    if (deliver(event) != 0)
+    // Held from now on, so that a tool that makes use of it sees the release too.
+    bool const isFirst = m_held == 0 && !m_isNavigating;
+    if (isFirst) {
+        m_held = event->button();
+        beginPress(*event);
+    }
+    AbstractMouseSelection const* const tool = m_tool.get();
+    if (deliver(event) != 0 || m_tool.get() != tool)
         return;
+    if (isFirst)
+        m_held = 0;
     // What makes nothing of the second click as such takes it for a press like any other.
     QMouseEvent asPress(QEvent::MouseButtonPress, event->localPos(), event->windowPos(),
                         event->screenPos(), event->button(), event->buttons(), event->modifiers());
     press(&asPress);
 }
 
+// Buttons that are up although nobody has told of their release: it went elsewhere.
+void NavigationStyle::endLostPresses(QMouseEvent const& event, int down)
+{
+    if (m_isNavigating && (m_button & ~down))
+        finish();
+    if ((m_held & ~down) == 0)
+        return;
+    forgetPresses();
+    deliverEnd(event);
+}
+
 void NavigationStyle::move(QMouseEvent* event)
 {
-    bool const isPressed = (int(event->buttons()) & m_button) != 0;
+    endLostPresses(*event, int(event->buttons()));
+    bool const isPressed = (m_held & m_button) != 0;
     m_hasMoved = m_hasMoved || (isPressed && isBeyondClick(event->pos() - m_press));
-    // The release went elsewhere.
-    if (m_isNavigating && !isPressed)
-        finish();
     if (m_action != Action::None && isPressed && m_hasMoved && !m_isNavigating)
         begin();
     if (m_isNavigating)
@@ -173,20 +283,54 @@ void NavigationStyle::move(QMouseEvent* event)
 
 void NavigationStyle::release(QMouseEvent* event)
 {
+    int const button = event->button();
+    bool const isHeld = (m_held & button) != 0;
     if (m_isNavigating) {
-        if (int(event->button()) != m_button)
+        if (button != m_button)
             return;
         finish();
-        QMouseEvent end(QEvent::MouseButtonRelease, event->localPos(), event->windowPos(),
-                        event->screenPos(), Qt::NoButton, event->buttons(), event->modifiers());
-        deliver(&end);
+        m_held &= ~button;
+        if (isHeld)
+            deliverEnd(*event);
         return;
     }
-    m_action = Action::None;
+    if (!isHeld)
+        return;
+    m_held &= ~button;
+    if (button == m_button) {
+        m_action = Action::None;
+        m_putBack = nullptr;
+    }
     if (m_tool)
         deliver(event);
-    else if (!m_hasMoved && int(event->button()) == m_button)
+    else if (!m_hasMoved && button == m_button)
         m_view->clicked(event);
+}
+
+bool NavigationStyle::cancelDrag()
+{
+    if (!m_isNavigating && !(m_held & m_button))
+        return false;
+    bool const wasNavigating = m_isNavigating;
+    if (wasNavigating)
+        putCameraBack();
+    std::function<void()> const putBack = std::exchange(m_putBack, nullptr);
+    bool const isToolsToo = (m_held & m_button) != 0;
+    Qt::MouseButtons const buttons(m_held);
+    forgetPresses();
+    if (!isToolsToo)
+        return true;
+    Delivery const busy(*this);
+    auto const sendAtPress = [&](QEvent::Type type) {
+        QMouseEvent event(type, m_press, m_view->mapToGlobal(m_press), Qt::NoButton, buttons, {});
+        deliver(&event);
+    };
+    if (putBack && !m_view->isToolLocked())
+        putBack();
+    else if (!wasNavigating)
+        sendAtPress(QEvent::MouseMove);
+    sendAtPress(QEvent::MouseButtonRelease);
+    return true;
 }
 
 void NavigationStyle::wheel(QWheelEvent* event)
@@ -208,23 +352,44 @@ bool NavigationStyle::key(QKeyEvent* event)
 void NavigationStyle::begin()
 {
     m_isNavigating = true;
+    m_hasTurned = false;
     m_view->paintPending();
-    if (m_action != Action::Turn)
-        return;
-    m_view->getCamera()->set_pivot(m_view->turningPoint(m_press));
-    m_view->paintPending();
+    m_begun = m_pivoted = *m_view->getCamera();
 }
 
 void NavigationStyle::finish()
 {
-    if (m_action == Action::Turn) {
+    if (m_hasTurned) {
         m_view->paintPending();
         m_view->getCamera()->recentre();
     }
+    endNavigation();
+}
+
+void NavigationStyle::endNavigation()
+{
     m_isNavigating = false;
+    m_hasTurned = false;
     m_action = Action::None;
     emit m_view->signalCameraChanged();
     m_view->redraw();
+}
+
+// In two steps, since tools follow a turn and a move in different ways.
+void NavigationStyle::putCameraBack()
+{
+    GLCamera& camera = *m_view->getCamera();
+    int width, height;
+    camera.get_screen(width, height);
+    m_view->paintPending();
+    GLCamera::Projection const projection = camera.projection();
+    for (GLCamera const* const before : {&m_pivoted, &m_begun}) {
+        camera = *before;
+        camera.set_screen(width, height);
+        camera.setProjection(projection);
+        m_view->paintPending();
+    }
+    endNavigation();
 }
 
 void NavigationStyle::step(QPoint position)
@@ -252,18 +417,23 @@ void NavigationStyle::step(QPoint position)
 void NavigationStyle::turn(QPoint pixels)
 {
     GLCamera& camera = *m_view->getCamera();
-    UVector3<float> const up = camera.get_vecUp();
-    // Upside down, what is dragged to the right still goes to the right.
-    double const sense = up.Z() < -1e-6f ? 1 : -1;
-    camera.turn({0, 0, 1}, sense * pixels.x() * radiansPerPixel);
-    UVector3<float> const direction = camera.get_direction();
-    UVector3<float> const across = camera.get_vecUp() * direction;
-    double rise = pixels.y() * radiansPerPixel;
-    if (up.Z() >= -1e-6f) {
-        double const height = std::asin(std::clamp(double(direction.Z()), -1.0, 1.0));
-        rise = std::clamp(rise, -M_PI / 2 - height, M_PI / 2 - height);
+    GLCamera turned = camera;
+    turnBy(turned, pixels);
+    // Straight above the view turns no farther, and then nothing may move: tools draw at a depth
+    // that is counted from the reference plane, and only a turn makes them look at it again.
+    if (turned.get_direction() == camera.get_direction() &&
+        turned.get_vecUp() == camera.get_vecUp())
+        return;
+    if (m_hasTurned) {
+        turnBy(camera, pixels);
+        return;
     }
-    camera.turn({across.X(), across.Y(), across.Z()}, -rise);
+    m_hasTurned = true;
+    camera.set_pivot(m_view->turningPoint(m_press));
+    m_pivoted = camera;
+    m_view->paintPending();
+    turnBy(camera, pixels);
+    m_view->paintPending();
 }
 
 }  // namespace Base

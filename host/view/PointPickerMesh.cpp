@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/PointPickerMesh.h"
 
+#include "host/view/PointLabel.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/MeshGLView.h"
 
-#include <QLabel>
 #include <QMouseEvent>
 
 namespace Mesh {
@@ -17,13 +17,6 @@ constexpr float markReach = 6;
 /// From the mark to the text.
 constexpr int labelOffset = 10;
 constexpr int clickReach = 3;
-
-QString coordinates(UPoint3<float> const& p)
-{
-    auto const number = [](float value) { return QString::number(double(value), 'f', 3); };
-    return QStringLiteral("X: %1  Y: %2  Z: %3 mm")
-        .arg(number(p.X()), number(p.Y()), number(p.Z()));
-}
 
 }  // namespace
 
@@ -88,22 +81,22 @@ int PointPickerMesh::mouseReleaseEvent(QMouseEvent* event)
     return 1;
 }
 
+void PointPickerMesh::clearMark()
+{
+    m_isPressed = false;
+    if (m_point)
+        mark({});
+}
+
 void PointPickerMesh::mark(std::optional<UPoint3<float>> point)
 {
     m_point = point;
     if (!point) {
         delete m_label;
     } else {
-        if (!m_label) {
-            m_label = new QLabel(m_view);
-            m_label->setObjectName(QStringLiteral("PickedPoint"));
-            m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
-            m_label->setStyleSheet(
-                QStringLiteral("background: #fffbe6; color: #202020;"
-                               "border: 1px solid #a09060; padding: 2px;"));
-        }
-        m_label->setText(coordinates(*point));
-        m_label->adjustSize();
+        if (!m_label)
+            m_label = new PointLabel(m_view);
+        m_label->setPoint(*point);
         m_label->show();
     }
     m_view->redraw();

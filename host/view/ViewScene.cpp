@@ -66,6 +66,13 @@ void ViewScene::setDocument(Base::Document* document)
     document->setView(m_view);
 }
 
+void ViewScene::documentDeleted()
+{
+    // While the tool can still take out what it has put in.
+    m_view->stopSelection();
+    m_document = nullptr;
+}
+
 void ViewScene::askForPicture()
 {
     m_view->update();

@@ -71,7 +71,7 @@ private:
     void paintLeaving();
     void objectChanged(Base::DocumentObject*) { askForPicture(); }
     void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
-    void documentDeleted() { m_document = nullptr; }
+    void documentDeleted();
 
     Base::GLView* m_view;
     Base::Document* m_document = nullptr;

@@ -29,6 +29,9 @@ class ViewProvider;
 /// Changes outside a transaction are applied at once, make no undo step, and leave the
 /// history usable: an undo passes over what is no longer there.
 ///
+/// A tool, a GraphicObject, belongs to whoever added it: no undo step holds or selects it, what
+/// deselects parts leaves it selected, and it leaves by detachObject alone, before it is deleted.
+///
 /// A removed object stays alive as long as the history can bring it back.
 ///
 /// thread  the user interface thread
@@ -78,9 +81,10 @@ public:
     /// The selection, in the order in which it was made.
     std::vector<DocumentObject*> getSelectedObjects() const;
     bool isSelected(DocumentObject const* object) const;
-    /// What DocumentObject::setSelected does.
+    /// What DocumentObject::setSelected does; `exclusive` deselects all others but tools.
     void select(DocumentObject* object, bool selected, bool notify, bool exclusive);
     void removefromSelectedObjects(DocumentObject* object);
+    /// Deselects all but tools.
     void clearSelection();
 
     /// A name that no object of the document bears.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -56,7 +57,8 @@ private:
     std::vector<signal_base<Policy>*> m_senders;
 };
 
-/// A signal with arguments. Slots are called in the order of their connection. During an emission
+/// A signal with arguments. Slots are called in the order of their connection; connecting the same
+/// member of the same receiver again changes nothing. During an emission
 /// slots may connect, disconnect, and destroy receivers or the signal: a slot disconnected
 /// meanwhile is not called any more, a new one is first called by the next emission.
 template <class Policy, class... Args>
@@ -72,8 +74,16 @@ public:
     void connect(Receiver* receiver, void (Base::*member)(Args...))
     {
         has_slots<Policy>* const base = receiver;
+        using Member = void (Base::*)(Args...);
+        auto const isMember = [member](std::type_info const& type, void const* other) {
+            return type == typeid(Member) && *static_cast<Member const*>(other) == member;
+        };
+        for (auto const& connection : m_connections)
+            if (connection->receiver == base && connection->isMember(typeid(Member), &member))
+                return;
         m_connections.push_back(std::make_shared<Connection>(
-            Connection{base, [receiver, member](Args... args) { (receiver->*member)(args...); }}));
+            Connection{base, [receiver, member](Args... args) { (receiver->*member)(args...); },
+                       isMember}));
         base->m_senders.push_back(this);
     }
 
@@ -107,6 +117,7 @@ private:
     {
         has_slots<Policy>* receiver;
         std::function<void(Args...)> slot;
+        std::function<bool(std::type_info const&, void const*)> isMember;
     };
 
     void forget(has_slots<Policy>* receiver) override

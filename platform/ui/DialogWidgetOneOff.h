@@ -5,11 +5,16 @@
 #include "platform/ui/DialogWidget.h"
 
 #include <string>
+#include <vector>
 
 namespace Base {
 class Document;
 class DocumentObject;
 }  // namespace Base
+
+namespace Mesh {
+class DocumentObject;
+}
 
 /// A dialog that works on a document, receives its events, and is deleted when it closes.
 class DialogWidgetOneOff : public DialogWidget, public sigslot::has_slots<sigslot::single_threaded>
@@ -36,6 +41,8 @@ public:
 
     // The document's events; they do nothing unless said otherwise.
 
+    /// Another selection. It also comes, when control is back in the event loop, after the list of
+    /// visible parts has become another one: by hiding, showing, adding, removing.
     virtual void slotObjectSelectionChanged();
     virtual void slotNewObject(Base::DocumentObject* object);
     /// The object has left the document and still exists.
@@ -58,13 +65,29 @@ signals:
     void signalDestructed();
 
 protected:
+    /// Changes what getDocument() returns, as a dialog does that follows the active document. The
+    /// events are those of the document from now on; with null those of the last one still come,
+    /// its end included.
+    void setDocumentPointer(Base::Document* document);
+    /// Takes the dialog's event filter off the view of the document, and ends the mouse tool there
+    /// if it is of one of these classes: another one is not the dialog's. Without a document or a
+    /// view it does nothing.
+    void leaveView(std::vector<std::string> const& toolClasses);
+
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void connectDocument();
-    void disconnectDocument();
+    void hear(Base::Document* document);
+    void objectAdded(Base::DocumentObject* object);
+    void objectDeleted(Base::DocumentObject* object, std::string className);
+    void objectChanged(Base::DocumentObject* object);
+    void lookAtParts();
 
     Base::Document* m_document = nullptr;
+    /// Whose events come: the document, or the last one.
+    Base::Document* m_heard = nullptr;
+    std::vector<Mesh::DocumentObject*> m_visibleParts;
+    bool m_isPartChangePending = false;
     std::string m_moduleName;
     bool m_isOneoff = true;
     bool m_isEnding = false;

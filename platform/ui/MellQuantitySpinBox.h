@@ -26,7 +26,8 @@ public:
     void setUnitTextVisible(bool visible);
     bool isUnitTextVisible() const { return m_isUnitTextVisible; }
 
-    /// A value outside the new range goes to its nearer end. With a maximum below the minimum both
+    /// From 0 to ten million at first, more than any part has in millimetres: a field that is given
+    /// a minimum alone clamps nothing that makes sense. A value outside the new range goes to its nearer end. With a maximum below the minimum both
     /// are the minimum.
     void setRange(double minimum, double maximum);
     void setMinimum(double minimum);
@@ -82,7 +83,7 @@ private:
 
     Base::Quantity m_quantity;
     double m_minimum = 0;
-    double m_maximum = 99.99;
+    double m_maximum = 1e7;
     double m_step = 1;
     int m_decimals = -1;
     bool m_isUnitTextVisible = true;

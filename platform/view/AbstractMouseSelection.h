@@ -3,6 +3,8 @@
 
 #include "platform/document/BaseClass.h"
 
+#include <functional>
+
 class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
@@ -18,6 +20,10 @@ class GLView;
 /// leaves presses and moves to the view as a rule, so that the view can be turned, moved and zoomed
 /// while a tool runs: what the user does with the left button alone is never the view's. A drag
 /// that the view has taken is not shown to the tool; its end arrives as a release of no button.
+///
+/// A tool sees a release only if it has seen the press: what began on a label, on the view cube or
+/// with another tool ends there. A release that got lost, and a drag that the user has given up,
+/// arrive as a release of no button too.
 ///
 /// thread  the user interface thread
 class AbstractMouseSelection : public BaseClass
@@ -67,6 +73,14 @@ public:
     GLView* getGLViewer() const { return m_view; }
 
 protected:
+    /// Said within a press, or later in the same drag: the drag is the tool's, whatever the button,
+    /// and does not turn or move the view.
+    ///
+    /// putBack  puts what is dragged back to where it was, for a user who gives the drag up by Esc;
+    ///          without one the tool sees a move back to the place of the press. Called at most
+    ///          once, before the release of no button, while the tool runs
+    void capturePress(std::function<void()> putBack = {});
+
     GLView* m_view = nullptr;
 };
 

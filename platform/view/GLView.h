@@ -6,6 +6,7 @@
 
 #include <QOpenGLWidget>
 
+#include <functional>
 #include <memory>
 
 class ViewScene;
@@ -38,7 +39,8 @@ public:
     Type getTypeId() const override;
     std::string getClassName() const override;
 
-    /// The document, borrowed, or null. Setting it makes the document's view providers.
+    /// The document, borrowed, or null. Setting it makes the document's view providers. The running
+    /// tool, whose objects are in the old document, ends first; it also ends with the document.
     Document* getDocument() const;
     void setDocument(Document* document);
 
@@ -50,11 +52,17 @@ public:
     /// The class name of the running mouse tool; empty without one.
     std::string getInteractModeName() const;
     /// Makes a mouse tool by class name and makes it the running one. False, with nothing changed,
-    /// if the name is not that of a mouse tool. While a tool other than "Mesh::PointPickerMesh"
+    /// if the name is not that of a mouse tool, or the running one is locked. While a tool other than "Mesh::PointPickerMesh"
     /// runs the projection is parallel: what a tool draws on the screen goes straight into depth.
     bool startSelection(std::string className);
-    /// Ends and deletes the running tool.
+    /// Ends and deletes the running tool. That is for its owner, and so a lock does not prevent it.
     void stopSelection();
+
+    /// Asked whenever something is wanted of the running tool. While it says yes the tool sees
+    /// neither presses nor drags nor keys, only where the mouse is, and no other one is started;
+    /// the view can be turned, moved and zoomed. An empty function takes the lock off.
+    void setToolLock(std::function<bool()> isLocked);
+    bool isToolLocked() const;
 
     /// Items over the picture; they stay the caller's, who takes them out before deleting them.
     void addGraphicsItem(GLGraphicsItem* item);
@@ -89,7 +97,8 @@ public:
     /// The standard view that is shown, 0 to 6; -1 for a free view.
     int viewIndex() const;
 
-    /// Shows all that is visible, or what is selected; the direction stays.
+    /// Shows all that is visible, or what is selected; the direction stays. While a tool runs or
+    /// stands in the document, the depth of the reference plane stays too.
     void fitAll();
     void fitSelection();
 
@@ -119,6 +128,9 @@ public:
     /// tools see turns and moves one by one: they take them in different ways. Without a tool it
     /// does nothing.
     void paintPending();
+    /// Whether a tool runs or stands in the document, to which the depth of the reference plane
+    /// matters.
+    bool isDrawnIn() const;
 
     /// What draws in this view, for the host's own classes.
     ViewScene& scene() const { return *m_scene; }
@@ -126,6 +138,8 @@ public:
 signals:
     /// A mouse tool was started or has ended.
     void signalInteractModeChanged();
+    /// A press for the running tool, or the start of another one, has been refused by the lock.
+    void signalToolRefused();
     /// The camera was moved by mouse or keys, or by an operation of this class.
     void signalCameraChanged();
 
@@ -161,6 +175,7 @@ private:
     GLCamera::Projection m_projection = GLCamera::Projection::Parallel;
     std::unique_ptr<ViewScene> m_scene;
     std::unique_ptr<NavigationStyle> m_navigation;
+    std::function<bool()> m_isToolLocked;
 };
 
 }  // namespace Base

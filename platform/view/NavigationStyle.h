@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/view/GLCamera.h"
+
 #include <QPoint>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -18,7 +21,8 @@ class GLView;
 
 /// Takes the events of a view to its mouse tool and turns, moves and zooms the view with what the
 /// tool leaves. A drag becomes the view's once it is longer than a click; until then the tool sees
-/// all of it. The left button alone is never the view's.
+/// all of it. The left button alone is never the view's. A release goes where its press went; a
+/// release whose press was seen by nobody here goes nowhere.
 ///
 /// The view turns about the point under the mouse: sideways about the world's z axis, up and down
 /// about the screen's horizontal, as far as straight above and below. The wheel zooms to the mouse.
@@ -47,7 +51,8 @@ public:
     /// The running tool, or null.
     AbstractMouseSelection* mouseModel() const { return m_tool.get(); }
     /// Ends the running tool, deletes it, and takes another one to the view; null for none. A tool
-    /// that is busy with an event is deleted when the event is over.
+    /// that is busy with an event is deleted when the event is over, and takes no cursor of the
+    /// next one along.
     void setMouseModel(std::unique_ptr<AbstractMouseSelection> tool);
 
     // Events of the view, in its widget coordinates.
@@ -59,6 +64,13 @@ public:
     void wheel(QWheelEvent* event);
     /// False if nobody has made use of the key.
     bool key(QKeyEvent* event);
+
+    /// Ends what the mouse is dragging, and puts the tool's object or the camera back to where it
+    /// was at the press. What the mouse does until its next press is no drag any more. False if
+    /// nothing is dragged.
+    bool cancelDrag();
+    /// What AbstractMouseSelection::capturePress does.
+    void capturePress(std::function<void()> putBack);
 
     /// The view is being turned, moved or zoomed by a drag.
     bool isNavigating() const { return m_isNavigating; }
@@ -74,6 +86,13 @@ private:
     struct Delivery;
 
     int deliver(QEvent* event);
+    void deliverEnd(QMouseEvent const& event);
+    void forgetPresses();
+    int deliverLocked(QEvent* event);
+    void beginPress(QMouseEvent const& event);
+    void endLostPresses(QMouseEvent const& event, int down);
+    void endNavigation();
+    void putCameraBack();
     Action actionFor(QMouseEvent const& event) const;
     void begin();
     void step(QPoint position);
@@ -92,6 +111,13 @@ private:
     QPoint m_last;
     bool m_isNavigating = false;
     bool m_hasMoved = false;
+    bool m_hasTurned = false;
+    /// The buttons whose press has been seen here, and not their release.
+    int m_held = 0;
+    std::function<void()> m_putBack;
+    /// At the press of a drag of the view, and with the point about which it turns.
+    GLCamera m_begun;
+    GLCamera m_pivoted;
 };
 
 }  // namespace Base

@@ -8,12 +8,13 @@
 
 #include <optional>
 
-class QLabel;
+class PointLabel;
 
 namespace Mesh {
 
 /// Picks points on parts: a click with the left button marks the point under the mouse and shows
-/// its coordinates beside it, in world millimetres; a click beside all parts takes the mark away.
+/// its coordinates beside it, in world millimetres or the unit that the user has chosen; a click
+/// beside all parts takes the mark away.
 class PointPickerMesh : public Base::RectangleSelection
 {
 public:
@@ -35,6 +36,9 @@ public:
     /// The point that is marked.
     std::optional<UPoint3<float>> const& pickedPoint() const { return m_point; }
 
+    /// Takes the mark away, and lets the click go that is under way.
+    void clearMark();
+
 private:
     void mark(std::optional<UPoint3<float>> point);
     void placeLabel(QPoint mark);
@@ -42,7 +46,7 @@ private:
     bool m_isPressed = false;
     QPoint m_press;
     std::optional<UPoint3<float>> m_point;
-    QPointer<QLabel> m_label;
+    QPointer<PointLabel> m_label;
 };
 
 }  // namespace Mesh

@@ -2186,6 +2186,14 @@
     </message>
 </context>
 <context>
+    <name>PointLabel</name>
+    <message>
+        <source>X: %1  Y: %2  Z: %3 %4</source>
+        <extracomment>Coordinates of a picked point and their unit.</extracomment>
+        <translation>X: %1  Y: %2  Z: %3 %4</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesDialog</name>
     <message>
         <source>Preferences</source>
@@ -2293,6 +2301,10 @@
 </context>
 <context>
     <name>Services</name>
+    <message>
+        <source>A piece crosses itself by rounding near (%1, %2, %3).</source>
+        <translation>Ein Teilstück schneidet sich durch Rundung selbst nahe (%1, %2, %3).</translation>
+    </message>
     <message>
         <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
         <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
@@ -2405,6 +2417,26 @@
         <source>, near (%1, %2, %3)</source>
         <translation>, nahe (%1, %2, %3)</translation>
     </message>
+    <message>
+        <source>Mending them would change the shape of the part.</source>
+        <translation>Sie zu beheben würde die Form des Bauteils ändern.</translation>
+    </message>
+    <message>
+        <source>The surface is open there, so that inside and outside cannot be told apart.</source>
+        <translation>Die Fläche ist dort offen, so dass sich innen und außen nicht unterscheiden lassen.</translation>
+    </message>
+    <message>
+        <source>One of the shells there is inside out.</source>
+        <translation>Eine der Schalen dort ist von innen nach außen gekehrt.</translation>
+    </message>
+    <message>
+        <source>What is there cannot be put together again without gaps.</source>
+        <translation>Was dort liegt, lässt sich nicht ohne Lücken wieder zusammensetzen.</translation>
+    </message>
+    <message>
+        <source>Mending them would leave the part with more flaws than before.</source>
+        <translation>Sie zu beheben würde dem Bauteil mehr Fehler lassen als zuvor.</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutList</name>
@@ -2510,24 +2542,13 @@
         <translation>Auf ein Bauteil klicken, um die Koordinaten dieses Punkts zu sehen. Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click on a part to place the cutting plane. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken, um die Schnittebene zu setzen. Esc beendet das Werkzeug.</translation>
+        <source>Esc ends the tool.</source>
+        <translation>Esc beendet das Werkzeug.</translation>
     </message>
     <message>
-        <source>Click the corners of the polygon on the parts; the first corner closes it.</source>
-        <translation>Die Ecken des Polygons auf den Bauteilen anklicken; die erste Ecke schließt es.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cylinder.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Zylinders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part to place the middle of the cuboid.</source>
-        <translation>Auf ein Bauteil klicken, um die Mitte des Quaders zu setzen.</translation>
-    </message>
-    <message>
-        <source>Click on a part. Esc ends the tool.</source>
-        <translation>Auf ein Bauteil klicken. Esc beendet das Werkzeug.</translation>
+        <source>%1: %2 Esc ends the tool.</source>
+        <extracomment>The name of a tool and what a click does, a whole sentence.</extracomment>
+        <translation>%1: %2 Esc beendet das Werkzeug.</translation>
     </message>
     <message>
         <source>Drop mesh files here, or open them from the File menu.</source>

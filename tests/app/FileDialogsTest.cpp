@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/WindowFileQuestions.h"
 #include "tests/formats/ScratchFolder.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <QEventLoop>
 #include <QTimer>

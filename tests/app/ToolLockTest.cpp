@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/StatusLine.h"
 #include "platform/view/PointPickerMesh.h"
 #include "tests/app/AppWindow.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/RecordingTool.h"
+#include "tests/support/ViewEvents.h"
 
 namespace {
 
@@ -58,4 +60,60 @@ TEST_F(AppWindow, AToolOfAModuleWaitsWhileAJobRuns)
     }
     click(view, {100, 100});
     EXPECT_EQ(CountingTool::presses, 2);
+}
+
+TEST_F(AppWindow, WhileAJobRunsNothingTakesTheToolsPlaceAndTheStatusLineSaysWhy)
+{
+    CountingTool::init();
+    Mesh::GLView& view = window->view();
+    ASSERT_TRUE(view.startSelection("Test::CountingTool"));
+    test->add(box(10, 10, 10), "part");
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    {
+        JobGuard::Hold const job;
+        auto const expectRefused = [&](char const* what) {
+            EXPECT_EQ(view.getInteractModeName(), "Test::CountingTool") << what;
+            EXPECT_EQ(window->statusLine().currentMessage(), JobGuard::instance()->reason())
+                << what;
+            window->statusLine().clearMessage();
+        };
+        for (char const* const name : {"Std_RectangleSelect", "Std_PickPoint"}) {
+            trigger(name);
+            QCoreApplication::processEvents();
+            EXPECT_FALSE(action(name)->isChecked()) << name;
+            expectRefused(name);
+        }
+        QCoreApplication::sendEvent(&view, &escape);
+        expectRefused("Escape");
+        EXPECT_FALSE(view.startSelection("Test::CountingTool"));
+        expectRefused("another start");
+        click(view, {50, 50});
+        expectRefused("a click");
+        // Its owner is never refused.
+        view.stopSelection();
+        EXPECT_EQ(view.getInteractModeName(), "");
+        // Selecting is free, with the host's own tools too.
+        trigger("Std_RectangleSelect");
+        EXPECT_EQ(view.getInteractModeName(), "Base::RectangleSelection");
+        QCoreApplication::sendEvent(&view, &escape);
+        EXPECT_EQ(view.getInteractModeName(), "");
+    }
+}
+
+TEST_F(AppWindow, EscapeEndsWhatTheHandIsDoingAndThenTheTool)
+{
+    RecordingTool::enter();
+    Mesh::GLView& view = window->view();
+    ASSERT_TRUE(view.startSelection(RecordingTool::name));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    press(view, {50, 50}, Qt::LeftButton);
+    move(view, {90, 90}, Qt::LeftButton);
+    QCoreApplication::sendEvent(&view, &escape);
+    EXPECT_EQ(view.getInteractModeName(), RecordingTool::name);
+    EXPECT_EQ(RecordingTool::log.back(), "release 0");
+    EXPECT_EQ(RecordingTool::runningIn(view)->place, QPoint(50, 50));
+    release(view, {90, 90}, Qt::LeftButton);
+    QCoreApplication::sendEvent(&view, &escape);
+    EXPECT_EQ(view.getInteractModeName(), "");
+    EXPECT_EQ(RecordingTool::log.back(), "gone");
 }

@@ -3,6 +3,7 @@
 #include "app/window/WindowSettings.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/RecordingTool.h"
 
 #include <QLabel>
 #include <QTest>
@@ -84,6 +85,32 @@ TEST_F(AppWindow, ToolsSwitchOnAndOffAndTheStatusLineSaysWhatTheyWaitFor)
     QCoreApplication::processEvents();
     EXPECT_EQ(window->view().getInteractModeName(), "");
     EXPECT_EQ(window->statusLine().hint(), without);
+}
+
+TEST_F(AppWindow, TheHintOfAModulesToolComesFromItsCommand)
+{
+    RecordingTool::enter();
+    ASSERT_TRUE(window->view().startSelection(RecordingTool::name));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->statusLine().hint(), "Esc ends the tool.");
+    action("FreecutPlane3Pts")->setChecked(true);
+    test->add(box(10, 10, 10), "box");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->statusLine().hint(),
+              "3 points plane: Create a cutting plane by clicking 3 points on part(s). Esc ends the "
+              "tool.");
+}
+
+TEST_F(AppWindow, TipsOfModulesStandAsTheyAreAndGetTheReasonWhereTheyAreOff)
+{
+    QString const tip = "Section cut the selected part(s) or all parts.";
+    QCoreApplication::processEvents();
+    ASSERT_FALSE(action("Std_zCut")->isEnabled());
+    EXPECT_EQ(action("Std_zCut")->toolTip(), tip + "\nOpen a part first.");
+    test->add(box(10, 10, 10), "box")->setSelected(true, true, true);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(action("Std_zCut")->isEnabled());
+    EXPECT_EQ(action("Std_zCut")->toolTip(), tip);
 }
 
 TEST_F(AppWindow, AMessageInTheStatusLineStandsInPlaceOfTheHint)

@@ -252,3 +252,21 @@ TEST(Document, UuidsAreMadeOnceAndDiffer)
     first.setUuid("mine");
     EXPECT_EQ(first.getUuid(), "mine");
 }
+
+TEST(Document, WhatDeselectsPartsLeavesAToolSelected)
+{
+    PartsDocument plate;
+    auto* const tool = new Base::GraphicObject;
+    plate.document.addObject(tool, "Plane", true);
+    tool->setSelected(true, true, false);
+    plate.gear->setSelected(true, true, true);
+    EXPECT_EQ(plate.document.getSelectedObjects(), (Objects{tool, plate.gear}));
+    Listener listener(plate.document);
+    plate.document.clearSelection();
+    EXPECT_EQ(plate.document.getSelectedObjects(), Objects{tool});
+    plate.document.clearSelection();
+    EXPECT_EQ(listener.log, std::vector<std::string>{"selection"});
+    tool->setSelected(false, true, false);
+    EXPECT_TRUE(plate.document.getSelectedObjects().empty());
+    plate.document.detachObject(tool).reset();
+}

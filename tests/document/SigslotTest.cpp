@@ -15,6 +15,7 @@ using Signal = sigslot::signal0<Policy>;
 struct Receiver : sigslot::has_slots<Policy>
 {
     void count() { ++calls; }
+    void leaveNothing() { calls += 10; }
     void note(std::string text) { last = std::move(text); }
     void leave()
     {
@@ -47,7 +48,7 @@ struct Receiver : sigslot::has_slots<Policy>
 
 }  // namespace
 
-TEST(Sigslot, EmissionCallsEverySlotOncePerConnection)
+TEST(Sigslot, EmissionCallsEverySlotOnceHoweverOftenItWasConnected)
 {
     Signal signal;
     Receiver first;
@@ -57,7 +58,14 @@ TEST(Sigslot, EmissionCallsEverySlotOncePerConnection)
     signal.connect(&second, &Receiver::count);
     signal();
     EXPECT_EQ(first.calls, 1);
-    EXPECT_EQ(second.calls, 2);
+    EXPECT_EQ(second.calls, 1);
+    signal.disconnect(&second);
+    signal();
+    EXPECT_EQ(second.calls, 1);
+    signal.connect(&second, &Receiver::count);
+    signal.connect(&second, &Receiver::leaveNothing);
+    signal();
+    EXPECT_EQ(second.calls, 12) << "another member is another slot";
 }
 
 TEST(Sigslot, ArgumentsArriveAtTheSlot)

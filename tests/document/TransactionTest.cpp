@@ -270,3 +270,51 @@ TEST(Transaction, UndoOfAGroupsCreationLetsLaterMembersOut)
     plate.document.clearHistory();
     EXPECT_EQ(plate.hand->getGroup(), nullptr);
 }
+
+TEST(Transaction, UndoAndRedoLeaveAToolSelectedAndWhereItIs)
+{
+    PartsDocument plate;
+    auto* const tool = new Base::GraphicObject;
+    plate.document.openTransaction("Cut");
+    // A tool that comes and is selected within a step is no part of it.
+    plate.document.addObject(tool, "Plane", true);
+    tool->setSelected(true, true, false);
+    plate.document.select(plate.gear, true, true, true);
+    plate.document.removeObject(plate.hand);
+    plate.document.commitTransaction();
+
+    for (int round = 0; round < 2; ++round) {
+        plate.document.undo();
+        EXPECT_TRUE(plate.document.contains(tool));
+        EXPECT_TRUE(tool->isSelected());
+        EXPECT_TRUE(plate.bunny->isSelected());
+        plate.document.redo();
+        EXPECT_TRUE(tool->isSelected());
+        EXPECT_TRUE(plate.gear->isSelected());
+        EXPECT_FALSE(plate.bunny->isSelected());
+    }
+    plate.document.openTransaction("Aborted");
+    plate.document.clearSelection();
+    plate.document.abortTransaction();
+    EXPECT_TRUE(tool->isSelected() && plate.gear->isSelected());
+
+    plate.document.detachObject(tool).reset();
+    plate.document.undo();
+    EXPECT_EQ(plate.document.getObjectArray().size(), 4u) << "no undo brings a tool back";
+    plate.document.redo();
+}
+
+TEST(Transaction, AStepThatTouchesNothingButAToolLeavesNoTrace)
+{
+    PartsDocument plate;
+    auto* const tool = new Base::GraphicObject;
+    plate.document.openTransaction("Draw");
+    plate.document.addObject(tool, "Plane", true);
+    tool->setSelected(true, true, false);
+    tool->setVisible(false);
+    tool->setName("Cuboid");
+    tool->setSelected(false, true, false);
+    plate.document.detachObject(tool).reset();
+    plate.document.commitTransaction();
+    EXPECT_TRUE(plate.document.undoNames().empty());
+}

@@ -42,7 +42,7 @@ public:
 
 Base::Type MarkProvider::classTypeId;
 
-struct Mark : Base::GraphicObject
+struct Mark : Base::DocumentObject
 {
     std::string getViewProviderName() const override { return "Mark::ViewProvider"; }
 };

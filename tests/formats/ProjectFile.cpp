@@ -84,6 +84,7 @@ std::vector<ProjectObject> sampleProject()
     objects.back().parentUuid = objects[0].uuid;
     objects.push_back(part("hidden", box(1, 1, 1)));
     objects.back().uuid = "another of that name";
+    objects.back().isSupport = true;
     return objects;
 }
 
@@ -101,6 +102,7 @@ void expectSame(std::vector<ProjectObject> const& actual,
         EXPECT_EQ(actual[i].isVisible, expected[i].isVisible);
         EXPECT_EQ(actual[i].isSemiVisible, expected[i].isSemiVisible);
         EXPECT_EQ(actual[i].color, expected[i].color);
+        EXPECT_EQ(actual[i].isSupport, expected[i].isSupport);
         ASSERT_EQ(!actual[i].kernel, !expected[i].kernel);
         if (!expected[i].kernel)
             continue;

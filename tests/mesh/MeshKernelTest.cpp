@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <vector>
+
 namespace {
 
 Soup afterMoving(MeshKernel& kernel)
@@ -49,6 +54,32 @@ TEST(MeshKernel, ChangesThroughAMeshHandedOutBeforeTheCopyAreNotSeenByTheCopy)
     held->vertices[0]->P().X() = 77;
     EXPECT_EQ(soupOf(copy).points, box(1, 2, 3).points);
     EXPECT_EQ(source->getMesh(), held);
+}
+
+// The moment between making the mesh its own and handing it out is short, so it is tried often.
+TEST(MeshKernel, ACopyMadeWhileTheMeshIsHandedOutDoesNotShareIt)
+{
+    Soup const soup = box(1, 1, 1);
+    for (int round = 0; round < 1000; ++round) {
+        auto const source = kernelOf(soup);
+        MeshKernel kernel(*source);
+        std::vector<std::unique_ptr<MeshKernel>> copies;
+        std::atomic<int> ready = 0;
+        std::thread copying([&] {
+            ++ready;
+            while (ready < 2) {
+            }
+            for (int i = 0; i < 8; ++i)
+                copies.push_back(std::make_unique<MeshKernel>(kernel));
+        });
+        ++ready;
+        while (ready < 2) {
+        }
+        UMesh<float> const* const handedOut = kernel.getMesh().get();
+        copying.join();
+        for (auto const& copy : copies)
+            ASSERT_NE(copy->readMesh().get(), handedOut) << round;
+    }
 }
 
 TEST(MeshKernel, CopyOutlivesItsSource)

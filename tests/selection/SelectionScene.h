@@ -8,7 +8,7 @@
 #include "selection/RunningTool.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 
 /// A document of parts in a view from above, 400 x 300 pixels, that is never shown, in which the
 /// plug-in's mouse tools can be started.

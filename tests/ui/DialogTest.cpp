@@ -14,8 +14,10 @@
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/ui/ThemeSwitch.h"
+#include "platform/view/MeshGLView.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/RecordingTool.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +29,7 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -78,6 +81,9 @@ public:
         ++closed;
         DialogWidgetOneOff::closeEvent(event);
     }
+
+    using DialogWidgetOneOff::leaveView;
+    using DialogWidgetOneOff::setDocumentPointer;
 
     static inline int alive = 0;
     static inline int closed = 0;
@@ -328,6 +334,81 @@ TEST_F(Dialogs, ReceivesTheEventsOfItsDocument)
     dialog->log.clear();
     document->addObject(new Mesh::DocumentObject, "unseen", true);
     EXPECT_TRUE(dialog->log.empty());
+}
+
+TEST_F(Dialogs, HearsThatPartsWereHiddenOrShown)
+{
+    Mesh::Document* const document = application.newDocument("plate");
+    auto* const first = new Mesh::DocumentObject;
+    auto* const second = new Mesh::DocumentObject;
+    document->addObject(first, "first", true);
+    document->addObject(second, "second", true);
+    ProbeDialog* const dialog = open();
+    dialog->setDocument(document);
+    auto const selections = [&] {
+        settle();
+        long const count = std::ranges::count(dialog->log, "selection");
+        dialog->log.clear();
+        return count;
+    };
+    EXPECT_EQ(selections(), 0);
+    first->setVisible(false);
+    second->setVisible(false);
+    EXPECT_EQ(selections(), 1) << "once for both";
+    second->setVisible(true);
+    EXPECT_EQ(selections(), 1);
+    second->setName("other");
+    EXPECT_EQ(selections(), 0);
+    first->setVisible(true);
+    first->setVisible(false);
+    EXPECT_EQ(selections(), 0) << "all is as it was";
+    document->removeObject(second);
+    EXPECT_EQ(selections(), 1);
+}
+
+TEST_F(Dialogs, MayFollowTheActiveDocumentByItself)
+{
+    Mesh::Document* const document = application.newDocument("plate");
+    Mesh::Document* const other = application.newDocument("other");
+    QPointer<ProbeDialog> const dialog = open();
+    dialog->setDocument(document);
+    dialog->setDocumentPointer(nullptr);
+    EXPECT_EQ(dialog->getDocument(), nullptr);
+    dialog->log.clear();
+    document->addObject(new Mesh::DocumentObject, "part", true);
+    EXPECT_EQ(dialog->log, std::vector<std::string>{"new part"});
+    dialog->setDocumentPointer(other);
+    EXPECT_EQ(dialog->getDocument(), other);
+    dialog->log.clear();
+    document->addObject(new Mesh::DocumentObject, "unseen", true);
+    other->addObject(new Mesh::DocumentObject, "seen", true);
+    EXPECT_EQ(dialog->log, std::vector<std::string>{"new seen"});
+    dialog->setDocumentPointer(nullptr);
+    application.closeDocument(other);
+    settle();
+    EXPECT_TRUE(dialog.isNull()) << "the end of the last document is heard";
+}
+
+TEST_F(Dialogs, LeavesTheViewAndEndsItsOwnToolAlone)
+{
+    RecordingTool::enter();
+    Mesh::Document* const document = application.newDocument("plate");
+    ProbeDialog* const dialog = open();
+    dialog->leaveView({RecordingTool::name});
+    dialog->setDocument(document);
+    dialog->leaveView({RecordingTool::name});
+    {
+        Mesh::GLView view;
+        view.setDocument(document);
+        view.installEventFilter(dialog);
+        view.startSelection("Base::RectangleSelection");
+        dialog->leaveView({RecordingTool::name});
+        EXPECT_EQ(view.getInteractModeName(), "Base::RectangleSelection");
+        view.startSelection(RecordingTool::name);
+        dialog->leaveView({"Other::Tool", RecordingTool::name});
+        EXPECT_EQ(view.getInteractModeName(), "");
+    }
+    dialog->leaveView({RecordingTool::name});
 }
 
 TEST_F(Dialogs, EndsWithItsDocument)

@@ -18,7 +18,7 @@
 #include "platform/ui/SeparateLine.h"
 #include "platform/ui/Theme.h"
 #include "platform/ui/ThemeSwitch.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include "platform/view/MeshGLView.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

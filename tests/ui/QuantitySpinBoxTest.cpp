@@ -2,7 +2,7 @@
 
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/MellQuantitySpinBox.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +64,18 @@ protected:
 };
 
 }  // namespace
+
+TEST(QuantitySpinBox, AMinimumAloneClampsNoSizeOfAPart)
+{
+    MellQuantitySpinBox box;
+    box.setMinimum(0.001);
+    box.setValue(300);
+    EXPECT_EQ(box.value(), 300);
+    box.setValue(1e7);
+    EXPECT_EQ(box.value(), 1e7);
+    box.setValue(0);
+    EXPECT_EQ(box.value(), 0.001);
+}
 
 TEST_F(SpinBox, StartsAtZero)
 {

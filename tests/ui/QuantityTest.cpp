@@ -3,7 +3,7 @@
 #include "host/ui/QuantityExpression.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/Theme.h"
 #include "platform/ui/ThemeSwitch.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,9 @@
 #include "platform/view/NavigationStyle.h"
 #include "platform/view/PointPickerMesh.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/ScratchSettings.h"
 #include "tests/support/TestDocument.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 
 #include <gtest/gtest.h>
 
@@ -346,4 +347,26 @@ TEST_F(MouseTools, SelectAndUnselectThePartUnderAPosition)
     EXPECT_TRUE(test.document->getSelectedObjects().empty());
     select(onA, false, false);
     EXPECT_TRUE(select({1, 1}, false, false).empty());
+}
+
+TEST_F(MouseTools, ThePointPickersCoordinatesAreInTheUnitOfTheUser)
+{
+    ScratchSettings const settings;
+    test.add(box(25.4f, 25.4f, 25.4f), "box");
+    view.OnViewType(2);
+    view.fitAll();
+    view.startSelection("Mesh::PointPickerMesh");
+    click(view, positionOf({12.7f, 12.7f, 25.4f}));
+    auto const* const label = view.findChild<QLabel*>("PickedPoint");
+    ASSERT_NE(label, nullptr);
+    EXPECT_TRUE(label->text().endsWith("Z: 25.400 mm")) << label->text().toStdString();
+    DisplayUnit::instance().setLength(DisplayUnit::Inch);
+    EXPECT_TRUE(label->text().endsWith("Z: 1.0000 in")) << label->text().toStdString();
+    DisplayUnit::instance().setLength(DisplayUnit::Millimetre);
+    QLocale const before;
+    QLocale::setDefault(QLocale::German);
+    QEvent language(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(const_cast<QLabel*>(label), &language);
+    QLocale::setDefault(before);
+    EXPECT_TRUE(label->text().endsWith("Z: 25,400 mm")) << label->text().toStdString();
 }

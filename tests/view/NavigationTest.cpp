@@ -3,7 +3,7 @@
 #include "platform/view/NavigationStyle.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 
 #include <gtest/gtest.h>
 
@@ -168,8 +168,9 @@ TEST_F(Navigation, AnotherButtonDoesNotEndADrag)
 {
     press(view, {400, 300}, Qt::RightButton);
     move(view, {420, 300}, Qt::RightButton);
-    press(view, {420, 300}, Qt::MiddleButton);
-    release(view, {420, 300}, Qt::MiddleButton);
+    sendMouse(view, QEvent::MouseButtonPress, {420, 300}, Qt::MiddleButton,
+              Qt::RightButton | Qt::MiddleButton);
+    sendMouse(view, QEvent::MouseButtonRelease, {420, 300}, Qt::MiddleButton, Qt::RightButton);
     EXPECT_TRUE(view.navigationStyle()->isNavigating());
     release(view, {420, 300}, Qt::RightButton);
     EXPECT_FALSE(view.navigationStyle()->isNavigating());

@@ -3,7 +3,7 @@
 #include "platform/view/MeshGLView.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "platform/view/OpenGLPath.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "platform/ui/SideControlTab.h"
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/ViewProvider.h"
-#include "tests/ui/ScratchSettings.h"
+#include "tests/support/ScratchSettings.h"
 #include "tests/view/ShownView.h"
 
 #include <QHBoxLayout>

@@ -50,7 +50,7 @@ private:
             bool const isIn = m_labels.ofFirstVertices[vertex] > 0;
             return m_rule.timesOfFirst(isIn, isIn);
         }
-        return m_rule.timesOfSecond(m_labels.ofSecondVertices[vertex - m_soup.firstPointOfSecond]);
+        return timesOfSecond(m_labels.ofSecondVertices[vertex - m_soup.firstPointOfSecond]);
     }
 
     int timesOfRegion(std::uint32_t triangle, std::uint32_t region) const
@@ -59,7 +59,18 @@ private:
             SideLabels::Sides const& sides = m_labels.ofFirst[region];
             return m_rule.timesOfFirst(sides.front > 0, sides.behind > 0);
         }
-        return m_labels.isOnFirst[region] ? 0 : m_rule.timesOfSecond(m_labels.ofSecond[region]);
+        return timesOfSecond(m_labels.ofSecond[region]);
+    }
+
+    int timesOfSecond(SideLabels::SecondSides const& sides) const
+    {
+        if (!sides.stack.isLead)
+            return 0;
+        bool const front = sides.isSolidInFront, behind = sides.isSolidBehind;
+        if (sides.stack.along + sides.stack.against == 0)
+            return (int(behind) - int(front)) * m_rule.timesOfSecond(sides.layers);
+        return m_rule.timesOfStack(front, behind, sides.layers, sides.stack.along,
+                                   sides.stack.against);
     }
 
     void add(Corners corners, std::uint32_t triangle, int times)

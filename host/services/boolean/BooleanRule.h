@@ -41,11 +41,25 @@ public:
     }
 
     /// How many times a triangle of the second operand bounds the result, given the layers of the
-    /// first at it; negative if the other way round. Not for triangles that lie on the first
-    /// operand's: these count with them.
+    /// first at it; negative if the other way round.
     constexpr int timesOfSecond(int first) const
     {
         return layersAt(first, true) - layersAt(first, false);
+    }
+
+    /// The same for a triangle on which some of the first operand lie: what is left where each of
+    /// these counts as timesOfFirst tells. That is nothing for a single one without layers in front
+    /// of it.
+    ///
+    /// layers          of the first in front of all
+    /// along, against  triangles of the first that face as this one, and the other way
+    constexpr int timesOfStack(bool isSecondInFront, bool isSecondBehind, int layers, int along,
+                               int against) const
+    {
+        return layersAt(layers + along - against, isSecondBehind) -
+               layersAt(layers, isSecondInFront) -
+               along * timesOfFirst(isSecondInFront, isSecondBehind) +
+               against * timesOfFirst(isSecondBehind, isSecondInFront);
     }
 
 private:

@@ -44,8 +44,8 @@ FaceSegment undirected(std::uint32_t a, std::uint32_t b)
 
 bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgress& progress)
 {
-    markTouched(contacts);
     addContacts(contacts, progress);
+    markTouched(contacts);
     for (int round = 0; round < maximalRounds; ++round) {
         FaceFaults faults;
         spread();
@@ -67,12 +67,51 @@ void CurveNetwork::markTouched(std::vector<TrianglePair> const& contacts)
     m_faceOf.assign(m_soup.triangleCount(), none);
     for (TrianglePair const& pair : contacts)
         m_faceOf[pair.first] = m_faceOf[pair.second] = 0;
+    if (hasContactsOfSecond(contacts))
+        touchAroundSecond();
     m_touched.clear();
     for (std::uint32_t t = 0; t < m_faceOf.size(); ++t)
         if (m_faceOf[t] != none) {
             m_faceOf[t] = std::uint32_t(m_touched.size());
             m_touched.push_back(t);
         }
+}
+
+bool CurveNetwork::hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const
+{
+    return std::any_of(contacts.begin(), contacts.end(), [&](TrianglePair const& pair) {
+        return pair.first >= m_soup.firstTriangleOfSecond;
+    });
+}
+
+/// All triangles at an edge or vertex that a contact of the second operand with itself divides are
+/// divided: unlike with those of two operands, not every one of them has a contact there.
+void CurveNetwork::touchAroundSecond()
+{
+    std::vector<FaceSegment> edges;
+    for (CurveSegment const& s : m_segments)
+        for (std::size_t o = 0; o < 2; ++o) {
+            if (s.triangles[0] < m_soup.firstTriangleOfSecond)
+                continue;
+            auto const& corners = m_soup.corners(s.triangles[o]);
+            auto const addEdge = [&](int k) {
+                edges.push_back(
+                    undirected(corners[std::size_t(k)], corners[std::size_t((k + 1) % 3)]));
+            };
+            if (s.edges[o] != CurveSegment::inside)
+                addEdge(s.edges[o]);
+            for (TrianglePlace const place : {s.fromPlaces[o], s.toPlaces[o]})
+                if (place.isEdge())
+                    addEdge(place.index());
+        }
+    sortUniquely(edges);
+    for (std::uint32_t t = m_soup.firstTriangleOfSecond; t < m_soup.triangleCount(); ++t) {
+        auto const& c = m_soup.corners(t);
+        for (std::size_t k = 0; k < 3 && m_faceOf[t] == none; ++k)
+            if (m_points.isOnCurve(c[k]) ||
+                std::binary_search(edges.begin(), edges.end(), undirected(c[k], c[(k + 1) % 3])))
+                m_faceOf[t] = 0;
+    }
 }
 
 void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress)
@@ -301,35 +340,85 @@ void CurveNetwork::append(Facets const& facets)
     }
 }
 
+/// The segments by their ends; kept up while they are broken.
+class CurveNetwork::SegmentIndex
+{
+public:
+    explicit SegmentIndex(std::vector<CurveSegment> const& segments) : m_first(segments.size())
+    {
+        m_entries.reserve(segments.size());
+        for (std::uint32_t i = std::uint32_t(segments.size()); i-- > 0;)
+            add(segments[i], i);
+    }
+
+    void add(CurveSegment const& segment, std::uint32_t place)
+    {
+        std::uint32_t& first = m_first[keyOf(undirected(segment.from, segment.to))];
+        m_entries.push_back({place, first});
+        first = std::uint32_t(m_entries.size() - 1);
+    }
+
+    /// The places of the segments between two points, and of some that were there before.
+    std::vector<std::uint32_t> at(FaceSegment const& segment) const
+    {
+        std::vector<std::uint32_t> places;
+        for (std::uint32_t i = m_first.find(keyOf(segment)); i != none; i = m_entries[i].next)
+            places.push_back(m_entries[i].place);
+        return places;
+    }
+
+private:
+    struct Hash
+    {
+        std::uint64_t operator()(std::uint64_t key) const { return mixBits(key); }
+    };
+    static std::uint64_t keyOf(FaceSegment const& s) { return std::uint64_t(s.from) << 32 | s.to; }
+
+    struct Entry
+    {
+        std::uint32_t place;
+        std::uint32_t next;
+    };
+
+    FlatMap<std::uint64_t, Hash> m_first;
+    std::vector<Entry> m_entries;
+};
+
 /// Breaks segments where points lie on them and where they cross.
 void CurveNetwork::mend(FaceFaults const& faults)
 {
+    SegmentIndex index(m_segments);
     for (FaceFaults::Break const& fault : faults.breaks)
-        breakSegment(fault.segment, fault.point);
+        breakSegment(fault.segment, fault.point, index);
     for (FaceFaults::Crossing const& fault : faults.crossings) {
-        std::uint32_t const a = partnerOf(fault.triangle, fault.first);
-        std::uint32_t const b = partnerOf(fault.triangle, fault.second);
+        std::uint32_t const a = partnerOf(fault.triangle, fault.first, index);
+        std::uint32_t const b = partnerOf(fault.triangle, fault.second, index);
         if (a == none || b == none)
             continue;  // broken already, so that the next round finds what is left
         std::uint32_t const point = m_points.addCrossing({fault.triangle, a, b});
-        breakSegment(fault.first, point);
-        breakSegment(fault.second, point);
+        breakSegment(fault.first, point, index);
+        breakSegment(fault.second, point, index);
     }
 }
 
-std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const& segment) const
+std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const& segment,
+                                      SegmentIndex const& index) const
 {
-    for (CurveSegment const& s : m_segments)
+    for (std::uint32_t const i : index.at(segment)) {
+        CurveSegment const& s = m_segments[i];
         for (std::size_t o = 0; o < 2; ++o)
             if (s.triangles[o] == triangle && undirected(s.from, s.to) == segment)
                 return s.triangles[1 - o];
+    }
     return none;
 }
 
-void CurveNetwork::breakSegment(FaceSegment const& segment, std::uint32_t point)
+void CurveNetwork::breakSegment(FaceSegment const& segment, std::uint32_t point,
+                                SegmentIndex& index)
 {
-    std::size_t const count = m_segments.size();
-    for (std::size_t i = 0; i < count; ++i) {
+    std::vector<std::uint32_t> places = index.at(segment);
+    std::sort(places.begin(), places.end());
+    for (std::uint32_t const i : places) {
         CurveSegment& s = m_segments[i];
         if (undirected(s.from, s.to) != segment || s.from == point || s.to == point)
             continue;
@@ -337,7 +426,9 @@ void CurveNetwork::breakSegment(FaceSegment const& segment, std::uint32_t point)
         second.from = s.to = point;
         for (std::size_t o = 0; o < 2; ++o)
             second.fromPlaces[o] = s.toPlaces[o] = placeBetween(s.edges[o]);
+        index.add(s, i);
         m_segments.push_back(second);
+        index.add(second, std::uint32_t(m_segments.size() - 1));
     }
 }
 

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// Two triangles that touch or cross, one of either operand.
+/// Two triangles that touch or cross: one of either operand, or two of the second.
 struct TrianglePair
 {
     std::uint32_t first;
@@ -28,7 +28,7 @@ struct CurveSegment
     /// On its left the first triangle lies behind the second.
     std::uint32_t from;
     std::uint32_t to;
-    /// The triangle of the first operand, and that of the second.
+    /// The triangle of the first operand, and that of the second; or two of the second.
     std::array<std::uint32_t, 2> triangles;
     /// The edge of either triangle along which the segment runs, or `inside`.
     std::array<int, 2> edges;
@@ -44,7 +44,8 @@ class CurveNetwork
 public:
     explicit CurveNetwork(OperandSoup const& soup) : m_soup(soup), m_points(soup) {}
 
-    /// Makes points and segments of the contacts, and divides all triangles that have one.
+    /// Makes points and segments of the contacts, and divides all triangles that have one. Contacts
+    /// of the second operand's triangles with each other make curves like others.
     ///
     /// returns  false if the division does not come to an end, which exact operands do not do
     bool build(std::vector<TrianglePair> const& contacts, StageProgress& progress);
@@ -79,6 +80,8 @@ private:
     void addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress);
     void addSegment(TrianglePair const& pair);
     void markTouched(std::vector<TrianglePair> const& contacts);
+    bool hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const;
+    void touchAroundSecond();
     void spread();
     void spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,
                    TrianglePlace place);
@@ -89,8 +92,10 @@ private:
     bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults) const;
     void append(Facets const& facets);
     void mend(FaceFaults const& faults);
-    void breakSegment(FaceSegment const& segment, std::uint32_t point);
-    std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment) const;
+    class SegmentIndex;
+    void breakSegment(FaceSegment const& segment, std::uint32_t point, SegmentIndex& index);
+    std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment,
+                            SegmentIndex const& index) const;
 
     OperandSoup const& m_soup;
     CurvePoints m_points;

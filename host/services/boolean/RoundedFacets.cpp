@@ -15,7 +15,8 @@
 namespace {
 
 constexpr std::uint32_t none = 0xffffffff;
-constexpr int maximalRounds = 12;
+/// Rounds that may pass without a new least number of facets to mend.
+constexpr int patience = 12;
 /// Points that differ by less than this share of their coordinates may be joined: four times what
 /// rounding to float makes of one point.
 constexpr double nearness = 0x1p-22;
@@ -196,7 +197,9 @@ void RoundedFacets::mend()
     auto turned = findTurned(count, [](std::size_t i) { return i; });
     if (turned.empty())
         return;
-    for (int round = 0; round < maximalRounds && !turned.empty(); ++round) {
+    // What is left after all meets others, if at all, and CrossingMending looks at that.
+    std::size_t fewest = turned.size();
+    for (int inVain = 0; inVain < patience && !turned.empty(); ++inVain) {
         m_changed.clear();
         Surroundings surroundings(m_facets, turned, m_numbers.size());
         for (std::size_t const f : turned)
@@ -205,6 +208,10 @@ void RoundedFacets::mend()
         std::sort(m_changed.begin(), m_changed.end());
         m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
         turned = findTurned(m_changed.size(), [this](std::size_t i) { return m_changed[i]; });
+        if (turned.size() < fewest) {
+            fewest = turned.size();
+            inVain = 0;
+        }
     }
     // The new facets to their triangles.
     auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };

@@ -2,6 +2,8 @@
 #include "host/services/boolean/SheetOrder.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/boolean/PlaceKey.h"
+#include "host/services/exact/PlaneSigns.h"
 
 #include <algorithm>
 #include <array>
@@ -25,13 +27,19 @@ struct Sheet
     /// Winding numbers of both operands on the clockwise and on the anticlockwise side.
     std::array<int, 2> before{};
     std::array<int, 2> after{};
+    SheetStack stack = {};
 };
 
-/// The line of a segment, through two vertices.
+/// The line of a segment, through two vertices or along two planes.
 struct Axis
 {
     Point from;
     Point to;
+    /// Where no edge runs along the segment: a coordinate axis along which the segment is not at
+    /// rest, and its way on it. Then only the planes of the sheets are known to meet in the line.
+    int way = 0;
+    int coordinate = 0;
+    bool isOfPlanes() const { return way != 0; }
 };
 
 /// A triangle edge with one triangle at it, for finding all that share an edge.
@@ -46,31 +54,33 @@ struct EdgeUse
 class SheetOrder
 {
 public:
-    SheetOrder(OperandSoup const& soup, CurveNetwork const& network, SideSeeds& seeds)
-        : m_soup(soup), m_network(network), m_seeds(seeds)
+    using Visit = std::function<bool(std::span<SideSeed const>)>;
+
+    SheetOrder(OperandSoup const& soup, CurveNetwork const& network, Visit const& visit)
+        : m_soup(soup), m_network(network), m_visit(visit)
     {}
 
     bool run()
     {
-        std::vector<CurveSegment const*> alongEdges;
+        findShared();
+        std::vector<CurveSegment const*> shared;
         for (CurveSegment const& segment : m_network.segments())
-            if (segment.isAlongEdge())
-                alongEdges.push_back(&segment);
-            else
-                addPlain(segment);
-        if (alongEdges.empty())
+            if (isShared(segment))
+                shared.push_back(&segment);
+            else if (!tellPlain(segment))
+                return false;
+        if (shared.empty())
             return true;
         collectEdges();
         auto const key = [](CurveSegment const* s) {
             return std::pair(std::min(s->from, s->to), std::max(s->from, s->to));
         };
-        std::stable_sort(alongEdges.begin(), alongEdges.end(),
+        std::stable_sort(shared.begin(), shared.end(),
                          [&](auto const* a, auto const* b) { return key(a) < key(b); });
-        for (auto begin = alongEdges.begin(); begin != alongEdges.end();) {
-            auto const end = std::find_if(begin, alongEdges.end(), [&](CurveSegment const* s) {
-                return key(s) != key(*begin);
-            });
-            if (!addSorted({begin, end}))
+        for (auto begin = shared.begin(); begin != shared.end();) {
+            auto const end = std::find_if(
+                begin, shared.end(), [&](CurveSegment const* s) { return key(s) != key(*begin); });
+            if (!tellSorted({begin, end}))
                 return false;
             begin = end;
         }
@@ -80,13 +90,43 @@ public:
 private:
     using Group = std::vector<CurveSegment const*>;
 
-    void addPlain(CurveSegment const& s)
+    struct KeyHash
     {
-        m_seeds.ofFirst.push_back({s.triangles[0], s.from, s.to, 1, 1});
-        m_seeds.ofFirst.push_back({s.triangles[0], s.to, s.from, 0, 0});
-        m_seeds.ofSecond.push_back({s.triangles[1], s.from, s.to, 0, 0});
-        m_seeds.ofSecond.push_back({s.triangles[1], s.to, s.from, 1, 1});
-        m_seeds.endsOfSecond.push_back(std::uint32_t(m_seeds.ofSecond.size()));
+        std::uint64_t operator()(std::uint64_t key) const { return mixBits(key); }
+    };
+    static std::uint64_t keyOf(CurveSegment const& s)
+    {
+        return std::uint64_t(std::min(s.from, s.to)) << 32 | std::max(s.from, s.to);
+    }
+
+    /// Counts the segments between the same two points.
+    void findShared()
+    {
+        for (CurveSegment const& segment : m_network.segments()) {
+            std::uint32_t& count = m_counts[keyOf(segment)];
+            count = count == m_counts.none ? 1 : count + 1;
+        }
+    }
+
+    /// Whether more than two triangles may meet in a segment.
+    bool isShared(CurveSegment const& segment) const
+    {
+        return segment.isAlongEdge() || m_counts.find(keyOf(segment)) > 1;
+    }
+
+    /// Both triangles pass through the segment: on the left of it the first lies behind the second,
+    /// and the second in front of the first.
+    bool tellPlain(CurveSegment const& s) const
+    {
+        std::size_t const a = operandOf(s.triangles[0]), b = operandOf(s.triangles[1]);
+        // What is behind both, or behind one of them only.
+        std::array<int, 2> both{}, first{}, second{};
+        ++both[a], ++both[b], ++first[a], ++second[b];
+        std::array<SideSeed, 4> const seeds{{{s.triangles[0], s.from, s.to, second, both, {}},
+                                             {s.triangles[0], s.to, s.from, {}, first, {}},
+                                             {s.triangles[1], s.from, s.to, {}, second, {}},
+                                             {s.triangles[1], s.to, s.from, first, both, {}}}};
+        return m_visit(seeds);
     }
 
     void collectEdges()
@@ -111,8 +151,13 @@ private:
     }
 
     /// The line of a segment, from its lower point number to the higher one.
-    Axis axisOf(CurveSegment const& s) const
+    Axis axisOf(Group const& group) const
     {
+        auto const alongEdge = std::find_if(group.begin(), group.end(),
+                                            [](auto const* s) { return s->isAlongEdge(); });
+        if (alongEdge == group.end())
+            return axisOfPlanes(*group.front());
+        CurveSegment const& s = **alongEdge;
         auto const [a, b] = edgeOf(m_soup, s);
         Point const p = m_soup.mesh.points[a], q = m_soup.mesh.points[b];
         int axis = 0;
@@ -124,9 +169,21 @@ private:
         return isAlong ? Axis{p, q} : Axis{q, p};
     }
 
-    bool addSorted(Group const& group)
+    Axis axisOfPlanes(CurveSegment const& s) const
     {
-        Axis const axis = axisOf(*group.front());
+        Axis axis{};
+        for (axis.coordinate = 0; axis.coordinate < 3; ++axis.coordinate) {
+            axis.way =
+                m_network.compare(std::min(s.from, s.to), std::max(s.from, s.to), axis.coordinate);
+            if (axis.way != 0)
+                break;
+        }
+        return axis;
+    }
+
+    bool tellSorted(Group const& group)
+    {
+        Axis const axis = axisOf(group);
         m_sheets.clear();
         for (CurveSegment const* const segment : group)
             for (std::size_t o = 0; o < 2; ++o)
@@ -136,10 +193,10 @@ private:
             return false;
         std::uint32_t const low = std::min(group.front()->from, group.front()->to);
         std::uint32_t const high = std::max(group.front()->from, group.front()->to);
+        m_seeds.clear();
         for (Sheet const& sheet : m_sheets)
-            addSeed(sheet, low, high);
-        m_seeds.endsOfSecond.push_back(std::uint32_t(m_seeds.ofSecond.size()));
-        return true;
+            m_seeds.push_back(seedOf(sheet, low, high));
+        return m_visit(m_seeds);
     }
 
     void addSheets(CurveSegment const& s, std::size_t operand, Axis const& axis)
@@ -184,6 +241,11 @@ private:
     /// A triangle that the segment passes through has a sheet on either side.
     void addHalves(std::uint32_t triangle, Axis const& axis)
     {
+        if (axis.isOfPlanes()) {
+            add(triangle, {}, -1);
+            add(triangle, {}, 1);
+            return;
+        }
         auto const point = [&](int k) { return m_soup.mesh.point(triangle, k); };
         for (int dropped = 0; dropped < 3; ++dropped) {
             int const facing = ExactSigns::orient2d(point(0), point(1), point(2), dropped);
@@ -199,43 +261,65 @@ private:
         }
     }
 
-    /// Whether two points in one plane with the axis lie on the same side of it.
-    static bool areOnOneSide(Axis const& axis, Point const& a, Point const& b)
+    /// Whether two sheets in one plane lie on the same side of the axis.
+    bool areOnOneSide(Axis const& axis, Sheet const& a, Sheet const& b) const
     {
+        if (axis.isOfPlanes())
+            return (a.change == b.change) == doFaceAlike(a.triangle, b.triangle);
         for (int dropped = 0; dropped < 3; ++dropped) {
-            int const sign = ExactSigns::orient2d(axis.from, axis.to, a, dropped);
+            int const sign = ExactSigns::orient2d(axis.from, axis.to, a.apex, dropped);
             if (sign != 0)
-                return sign == ExactSigns::orient2d(axis.from, axis.to, b, dropped);
+                return sign == ExactSigns::orient2d(axis.from, axis.to, b.apex, dropped);
         }
         return true;
     }
 
-    /// 1 if b follows a anticlockwise within half a turn.
-    static int turn(Axis const& axis, Point const& a, Point const& b)
+    TriangleCorners cornersOf(std::uint32_t triangle) const
     {
-        return ExactSigns::orient3d(axis.from, axis.to, a, b);
+        return {m_soup.mesh.point(triangle, 0), m_soup.mesh.point(triangle, 1),
+                m_soup.mesh.point(triangle, 2)};
+    }
+
+    /// For triangles in parallel planes.
+    bool doFaceAlike(std::uint32_t t, std::uint32_t u) const
+    {
+        TriangleCorners const a = cornersOf(t), b = cornersOf(u);
+        for (int dropped = 0; dropped < 3; ++dropped)
+            if (int const sign = ExactSigns::orient2d(a[0], a[1], a[2], dropped); sign != 0)
+                return sign == ExactSigns::orient2d(b[0], b[1], b[2], dropped);
+        return true;
+    }
+
+    /// 1 if b follows a anticlockwise within half a turn, 0 if they lie in one plane.
+    int turn(Axis const& axis, Sheet const& a, Sheet const& b) const
+    {
+        if (!axis.isOfPlanes())
+            return ExactSigns::orient3d(axis.from, axis.to, a.apex, b.apex);
+        // A sheet leaves the axis along the cross product of its normal and the axis, or against.
+        return axis.way * a.change * b.change *
+               Exact::signOfMeeting(cornersOf(a.triangle), cornersOf(b.triangle), axis.coordinate);
     }
 
     void sortSheets(Axis const& axis)
     {
-        Point const reference = m_sheets.front().apex;
+        Sheet const reference = m_sheets.front();
         for (Sheet& sheet : m_sheets) {
-            int const side = turn(axis, reference, sheet.apex);
-            sheet.quadrant = side > 0                                    ? 1
-                             : side < 0                                  ? 3
-                             : areOnOneSide(axis, reference, sheet.apex) ? 0
-                                                                         : 2;
+            int const side = turn(axis, reference, sheet);
+            sheet.quadrant = side > 0                               ? 1
+                             : side < 0                             ? 3
+                             : areOnOneSide(axis, reference, sheet) ? 0
+                                                                    : 2;
         }
         std::stable_sort(m_sheets.begin(), m_sheets.end(), [&](Sheet const& a, Sheet const& b) {
             if (a.quadrant != b.quadrant)
                 return a.quadrant < b.quadrant;
-            return a.quadrant % 2 == 1 && turn(axis, a.apex, b.apex) > 0;
+            return a.quadrant % 2 == 1 && turn(axis, a, b) > 0;
         });
     }
 
-    std::size_t operandOf(Sheet const& sheet) const
+    std::size_t operandOf(std::uint32_t triangle) const
     {
-        return std::size_t(m_soup.operandOf(sheet.triangle));
+        return std::size_t(m_soup.operandOf(triangle));
     }
 
     /// Counts the winding numbers around the axis. Returns false if they do not close.
@@ -247,17 +331,18 @@ private:
             std::size_t end = begin + 1;
             auto const isTogether = [&](Sheet const& s) {
                 return s.quadrant == m_sheets[begin].quadrant &&
-                       (s.quadrant % 2 == 0 || turn(axis, m_sheets[begin].apex, s.apex) == 0);
+                       (s.quadrant % 2 == 0 || turn(axis, m_sheets[begin], s) == 0);
             };
             while (end < m_sheets.size() && isTogether(m_sheets[end]))
                 ++end;
             std::array<int, 2> const before = winding;
             for (std::size_t i = begin; i < end; ++i)
-                winding[operandOf(m_sheets[i])] += m_sheets[i].change;
+                winding[operandOf(m_sheets[i].triangle)] += m_sheets[i].change;
             for (std::size_t i = begin; i < end; ++i) {
                 m_sheets[i].before = before;
                 m_sheets[i].after = winding;
             }
+            tellStack(std::span(m_sheets).subspan(begin, end - begin));
             for (std::size_t o = 0; o < 2; ++o)
                 lowest[o] = std::min(lowest[o], winding[o]);
             begin = end;
@@ -270,26 +355,43 @@ private:
         return winding == std::array<int, 2>{};
     }
 
-    void addSeed(Sheet const& sheet, std::uint32_t low, std::uint32_t high)
+    /// Sheets that lie on each other.
+    void tellStack(std::span<Sheet> sheets) const
     {
-        bool const isLeft = sheet.change < 0;
-        std::size_t const own = operandOf(sheet);
-        int const ahead = isLeft ? sheet.after[1 - own] : sheet.before[1 - own];
-        int const back = isLeft ? sheet.before[1 - own] : sheet.after[1 - own];
-        SideSeed const seed{sheet.triangle, isLeft ? low : high, isLeft ? high : low, ahead, back};
-        (own == 0 ? m_seeds.ofFirst : m_seeds.ofSecond).push_back(seed);
+        std::uint32_t lead = CurveNetwork::none;
+        int lefts = 0, rights = 0;
+        for (Sheet const& sheet : sheets)
+            if (operandOf(sheet.triangle) == 1)
+                lead = std::min(lead, sheet.triangle);
+            else
+                ++(sheet.change < 0 ? lefts : rights);
+        for (Sheet& sheet : sheets)
+            sheet.stack = {std::uint16_t(sheet.change < 0 ? lefts : rights),
+                           std::uint16_t(sheet.change < 0 ? rights : lefts),
+                           sheet.triangle == lead};
+    }
+
+    static SideSeed seedOf(Sheet const& sheet, std::uint32_t low, std::uint32_t high)
+    {
+        if (sheet.change < 0)
+            return {sheet.triangle, low, high, sheet.after, sheet.before, sheet.stack};
+        return {sheet.triangle, high, low, sheet.before, sheet.after, sheet.stack};
     }
 
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
-    SideSeeds& m_seeds;
+    Visit const& m_visit;
+    /// How many segments run between two points.
+    FlatMap<std::uint64_t, KeyHash> m_counts;
     std::vector<EdgeUse> m_edges;
     std::vector<Sheet> m_sheets;
+    std::vector<SideSeed> m_seeds;
 };
 
 }  // namespace
 
-bool findSideSeeds(OperandSoup const& soup, CurveNetwork const& network, SideSeeds& seeds)
+bool forSideSeeds(OperandSoup const& soup, CurveNetwork const& network,
+                  std::function<bool(std::span<SideSeed const>)> const& visit)
 {
-    return SheetOrder(soup, network, seeds).run();
+    return SheetOrder(soup, network, visit).run();
 }

@@ -3,8 +3,22 @@
 
 #include "host/services/boolean/CurveNetwork.h"
 
+#include <array>
 #include <cstdint>
-#include <vector>
+#include <functional>
+#include <span>
+
+/// Triangles of the first operand that lie on a region of the second, and whether the region speaks
+/// for all of the second's that lie on each other there.
+struct SheetStack
+{
+    /// How many of the first operand's triangles there face as the region does, and how many the
+    /// other way.
+    std::uint16_t along = 0;
+    std::uint16_t against = 0;
+    bool isLead = true;
+    bool operator==(SheetStack const&) const = default;
+};
 
 /// What one side of a curve segment says about the region of a triangle that lies there: the region
 /// on the left of the edge from one point to another.
@@ -13,27 +27,23 @@ struct SideSeed
     std::uint32_t triangle;
     std::uint32_t from;
     std::uint32_t to;
-    /// The winding number of the other operand in front of the region and behind it; they differ
-    /// where the operands' surfaces lie on each other. They are the least possible: an operand that
-    /// overlaps itself may add a number that all seeds of a segment have in common.
-    int front;
-    int behind;
+    /// The winding numbers of the first and the second operand in front of the region and behind
+    /// it, and behind all that lies on it. They are relative: the seeds of a segment have a number
+    /// per operand in common that is to be added, and the least of what is around the segment is 0.
+    std::array<int, 2> front;
+    std::array<int, 2> behind;
+    /// For regions of the second operand.
+    SheetStack stack;
 };
 
-/// The seeds of the curve segments, one segment after the other.
-struct SideSeeds
-{
-    std::vector<SideSeed> ofFirst;
-    std::vector<SideSeed> ofSecond;
-    /// Where the seeds of each segment end in `ofSecond`.
-    std::vector<std::uint32_t> endsOfSecond;
-};
-
-/// Finds for all segments which of the regions beside them lie in the other operand.
+/// Finds for all segments how often the operands wind around what lies beside them.
 ///
 /// Where two triangles cross in their insides, the direction of the segment tells. Where a segment
 /// runs along an edge, all triangles that meet there are sorted by their angle around it, exactly,
-/// and the winding numbers are counted from one to the next, the lowest being 0.
+/// and the winding numbers are counted from one to the next.
 ///
-/// returns  false if the triangles around a segment do not close, as at the border of an open mesh
-bool findSideSeeds(OperandSoup const& soup, CurveNetwork const& network, SideSeeds& seeds);
+/// visit    is given the seeds of one segment; returns whether to go on
+/// returns  false if the triangles around a segment do not close, as at the border of an open mesh,
+///          or `visit` said so
+bool forSideSeeds(OperandSoup const& soup, CurveNetwork const& network,
+                  std::function<bool(std::span<SideSeed const>)> const& visit);

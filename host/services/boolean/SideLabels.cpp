@@ -1,386 +1,434 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SideLabels.h"
 
-#include "host/mesh/DisjointSets.h"
+#include "host/services/boolean/SideGroups.h"
+#include "host/services/boolean/WindingPotentials.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
 using Corners = MeshArrays::Corners;
 
-/// Vertices of one operand, and the regions of its divided triangles, that lie together on one side
-/// of the other operand.
-class Groups
+/// A point well inside a facet of a triangle, away from regular grids.
+RayOrigin pointIn(CurvePoints const& points, Corners const& facet,
+                  RayOrigin::Triangle const& triangle)
 {
-public:
-    Groups(OperandSoup const& soup, CurveNetwork const& network, Operand operand)
-        : m_soup(soup),
-          m_network(network),
-          m_firstPoint(operand == Operand::first ? 0 : soup.firstPointOfSecond),
-          m_pointCount((operand == Operand::first ? soup.firstPointOfSecond : soup.pointCount()) -
-                       m_firstPoint),
-          m_firstTriangle(operand == Operand::first ? 0 : soup.firstTriangleOfSecond),
-          m_endTriangle(operand == Operand::first ? soup.firstTriangleOfSecond
-                                                  : soup.triangleCount()),
-          m_sets(m_pointCount + regionCount())
-    {
-        for (std::uint32_t t = m_firstTriangle; t < m_endTriangle; ++t)
-            if (network.faceOf(t) == CurveNetwork::none)
-                joinTriangle(t);
-            else
-                joinFace(network.faceOf(t));
-        joinAcrossSides();
-    }
-
-    std::uint32_t pointCount() const { return m_pointCount; }
-    std::uint32_t regionCount() const
-    {
-        auto const& ends = m_network.facets().ends;
-        return ends.empty() ? 0 : ends.back().regions;
-    }
-    std::uint32_t size() const { return m_pointCount + regionCount(); }
-
-    std::uint32_t ofVertex(std::uint32_t local) { return m_sets.root(local); }
-    std::uint32_t ofRegion(std::uint32_t region) { return m_sets.root(m_pointCount + region); }
-    bool isOnCurve(std::uint32_t local) const
-    {
-        return m_network.points().isOnCurve(m_firstPoint + local);
-    }
-    std::uint32_t globalOf(std::uint32_t local) const { return m_firstPoint + local; }
-
-    /// Calls `visit(region, facet)` for the facets of this operand's faces.
-    template <typename Visit>
-    void forFacets(Visit const& visit) const
-    {
-        Facets const& facets = m_network.facets();
-        std::uint32_t begin = 0;
-        for (Facets::End const& face : facets.ends) {
-            if (face.triangle >= m_firstTriangle && face.triangle < m_endTriangle)
-                for (std::uint32_t f = begin; f < face.facets; ++f)
-                    visit(facets.regions[f], facets.corners[f]);
-            begin = face.facets;
+    constexpr double shares[3] = {0.36, 0.31, 0.33};
+    std::array<double, 3> place{};
+    double error = 0, size = 0;
+    for (std::size_t k = 0; k < 3; ++k) {
+        CurvePoints::Estimate const e = points.estimate(facet[k]);
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            place[axis] += shares[k] * e.place[axis];
+            size = std::max(size, std::abs(e.place[axis]));
         }
+        error = std::max(error, e.error);
     }
-
-private:
-    void joinTriangle(std::uint32_t triangle)
-    {
-        Corners const& c = m_soup.corners(triangle);
-        m_sets.unite(c[0] - m_firstPoint, c[1] - m_firstPoint);
-        m_sets.unite(c[0] - m_firstPoint, c[2] - m_firstPoint);
-    }
-
-    void joinFace(std::uint32_t face)
-    {
-        Facets const& facets = m_network.facets();
-        std::uint32_t const begin = face == 0 ? 0 : facets.ends[face - 1].facets;
-        for (std::uint32_t f = begin; f < facets.ends[face].facets; ++f)
-            for (std::uint32_t const corner : facets.corners[f])
-                if (!m_network.points().isOnCurve(corner))
-                    m_sets.unite(corner - m_firstPoint, m_pointCount + facets.regions[f]);
-    }
-
-    /// Joins regions of neighbouring triangles at edges between two points of the curves along
-    /// which no curve runs: no vertex may be there to join them.
-    void joinAcrossSides()
-    {
-        struct Side
-        {
-            FaceSegment edge;
-            std::uint32_t region;
-        };
-        std::vector<Side> sides;
-        Facets const& facets = m_network.facets();
-        std::uint32_t begin = 0;
-        for (Facets::End const& face : facets.ends) {
-            if (face.triangle >= m_firstTriangle && face.triangle < m_endTriangle)
-                for (std::uint32_t b = begin; b < face.borders; ++b) {
-                    Facets::Border const& border = facets.borders[b];
-                    if (border.isSide && m_network.points().isOnCurve(border.from) &&
-                        m_network.points().isOnCurve(border.to))
-                        sides.push_back(
-                            {{std::min(border.from, border.to), std::max(border.from, border.to)},
-                             border.region});
-                }
-            begin = face.borders;
-        }
-        if (sides.empty())
-            return;
-        std::vector<FaceSegment> curves;
-        for (CurveSegment const& s : m_network.segments())
-            if (s.isAlongEdge())
-                curves.push_back({std::min(s.from, s.to), std::max(s.from, s.to)});
-        std::sort(curves.begin(), curves.end());
-        std::stable_sort(sides.begin(), sides.end(),
-                         [](Side const& a, Side const& b) { return a.edge < b.edge; });
-        for (std::size_t i = 1; i < sides.size(); ++i)
-            if (sides[i].edge == sides[i - 1].edge &&
-                !std::binary_search(curves.begin(), curves.end(), sides[i].edge))
-                m_sets.unite(m_pointCount + sides[i].region, m_pointCount + sides[i - 1].region);
-    }
-
-    OperandSoup const& m_soup;
-    CurveNetwork const& m_network;
-    std::uint32_t m_firstPoint;
-    std::uint32_t m_pointCount;
-    std::uint32_t m_firstTriangle;
-    std::uint32_t m_endTriangle;
-    DisjointSets m_sets;
-};
-
-/// Points that stand for groups about which no curve says anything.
-struct Strays
-{
-    std::vector<std::uint32_t> groups;
-    WindingNumbers::Points points;
-};
-
-UPoint3<float> centreOf(CurvePoints const& points, Corners const& facet)
-{
-    double sum[3] = {};
-    for (std::uint32_t const corner : facet) {
-        CurvePoints::Estimate const e = points.estimate(corner);
-        for (std::size_t k = 0; k < 3; ++k)
-            sum[k] += e.place[k];
-    }
-    return {float(sum[0] / 3), float(sum[1] / 3), float(sum[2] / 3)};
+    return {place, error + 0x1p-50 * size, triangle};
 }
 
-/// isOpen  per group
-template <typename IsOpen>
-Strays findStrays(Groups& groups, OperandSoup const& soup, CurveNetwork const& network,
-                  IsOpen const& isOpen)
+/// The groups of one operand with what the curves say about each.
+struct LabelledGroups
 {
-    Strays strays;
-    std::vector<bool> isListed(groups.size(), false);
-    auto const list = [&](std::uint32_t group, UPoint3<float> const& point) {
-        if (isListed[group] || !isOpen(group))
-            return;
-        isListed[group] = true;
-        strays.groups.push_back(group);
-        strays.points.push_back(point);
-    };
-    for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
-        if (!groups.isOnCurve(v))
-            list(groups.ofVertex(v), soup.mesh.points[groups.globalOf(v)]);
-    groups.forFacets([&](std::uint32_t region, Corners const& facet) {
-        std::uint32_t const group = groups.ofRegion(region);
-        if (!isListed[group])
-            list(group, centreOf(network.points(), facet));
-    });
-    return strays;
-}
+    /// The winding numbers behind a group less those in front of it.
+    using Change = std::array<int, 2>;
 
-/// Labels of the first operand: in or out of the second.
-class FirstLabels
-{
-public:
-    FirstLabels(OperandSoup const& soup, CurveNetwork const& network)
-        : m_soup(soup), m_network(network), m_groups(soup, network, Operand::first)
+    LabelledGroups(OperandSoup const& soup, CurveNetwork const& network, Operand o)
+        : groups(soup, network, o), isOn(groups.size(), false), operand(o)
     {}
 
-    bool run(std::vector<SideSeed> const& seeds, std::vector<std::int8_t> const& known,
-             WindingNumbers const& winding, SideLabels& labels)
+    std::size_t own() const { return std::size_t(operand); }
+
+    /// What is behind a group that lies on nothing.
+    Change plainChange() const { return {operand == Operand::first, operand == Operand::second}; }
+
+    Change changeOf(std::uint32_t group) const
     {
-        m_sides.assign(m_groups.size(), {});
-        for (SideSeed const& seed : seeds) {
-            std::uint32_t const region = m_network.regionLeftOf(seed.triangle, seed.from, seed.to);
-            if (region == CurveNetwork::none ||
-                !set(m_groups.ofRegion(region), {seed.front > 0, seed.behind > 0}))
-                return false;
-        }
-        for (std::uint32_t v = 0; v < m_groups.pointCount() && !known.empty(); ++v)
-            if (known[v] != SideLabels::unknown && !m_groups.isOnCurve(v) &&
-                !set(m_groups.ofVertex(v), {known[v], known[v]}))
-                return false;
-        askStrays(winding);
+        auto const at = std::lower_bound(
+            stacked.begin(), stacked.end(), group,
+            [](Stacked const& s, std::uint32_t number) { return s.group < number; });
+        return isOn[group] ? at->change : plainChange();
+    }
+    SheetStack stackOf(std::uint32_t group) const
+    {
+        auto const at = std::lower_bound(
+            stacked.begin(), stacked.end(), group,
+            [](Stacked const& s, std::uint32_t number) { return s.group < number; });
+        return isOn[group] ? at->stack : SheetStack();
+    }
+
+    /// Groups that lie on others.
+    struct Stacked
+    {
+        std::uint32_t group;
+        Change change;
+        SheetStack stack;
+    };
+
+    SideGroups groups;
+    std::vector<bool> isOn;
+    /// Groups that a seed says lie on nothing.
+    std::vector<bool> isPlain = std::vector<bool>(isOn.size(), false);
+    std::vector<Stacked> stacked;
+    Operand operand;
+};
+
+class Labelling
+{
+public:
+    Labelling(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources)
+        : m_soup(soup),
+          m_network(network),
+          m_sources(sources),
+          m_first(soup, network, Operand::first),
+          m_second(soup, network, Operand::second),
+          m_aroundFirst(m_second.groups.size()),
+          m_aroundSecond(m_first.groups.size() + m_second.groups.size())
+    {}
+
+    bool run(SideLabels& labels)
+    {
+        auto const relate = [this](std::span<SideSeed const> seeds) { return relateSeeds(seeds); };
+        if (!forSideSeeds(m_soup, m_network, relate) || !sortStacked(m_first) ||
+            !sortStacked(m_second))
+            return false;
+        numberFromVertices();
+        if (!numberFromOwnRays())
+            return false;
+        numberFromKnown();
+        if (!agreesWithKnown() || !layerByRays())
+            return false;
+        if (hasOpenLayers())
+            layerByFloors();
         write(labels);
         return true;
     }
 
 private:
-    bool set(std::uint32_t group, SideLabels::Sides const& sides)
+    std::uint32_t nodeOf(Operand operand, std::uint32_t group) const
     {
-        if (m_sides[group].front != SideLabels::unknown)
-            return m_sides[group] == sides;
-        m_sides[group] = sides;
+        return operand == Operand::first ? group : m_first.groups.size() + group;
+    }
+
+    /// Winding numbers of the second operand are kept in front of the groups of both, those of the
+    /// first in front of the second's only: the first is not divided where it crosses itself.
+    bool relateSeeds(std::span<SideSeed const> seeds)
+    {
+        std::uint32_t reference = CurveNetwork::none, referenceOfSecond = CurveNetwork::none;
+        int number = 0, layers = 0;
+        for (SideSeed const& seed : seeds) {
+            std::uint32_t const region = m_network.regionLeftOf(seed.triangle, seed.from, seed.to);
+            if (region == CurveNetwork::none)
+                return false;
+            Operand const operand = m_soup.operandOf(seed.triangle);
+            LabelledGroups& labelled = operand == Operand::first ? m_first : m_second;
+            std::uint32_t const group = labelled.groups.ofRegion(region);
+            noteChange(labelled, group, seed);
+            std::uint32_t const node = nodeOf(operand, group);
+            if (reference == CurveNetwork::none) {
+                reference = node;
+                number = seed.front[1];
+            } else if (!m_aroundSecond.relate(reference, node, seed.front[1] - number)) {
+                return false;
+            }
+            if (operand == Operand::first)
+                continue;
+            if (referenceOfSecond == CurveNetwork::none) {
+                referenceOfSecond = group;
+                layers = seed.front[0];
+            } else if (!m_aroundFirst.relate(referenceOfSecond, group, seed.front[0] - layers)) {
+                return false;
+            }
+        }
         return true;
     }
 
-    void askStrays(WindingNumbers const& winding)
+    static void noteChange(LabelledGroups& labelled, std::uint32_t group, SideSeed const& seed)
     {
-        Strays const strays = findStrays(m_groups, m_soup, m_network, [&](std::uint32_t group) {
-            return m_sides[group].front == SideLabels::unknown;
-        });
-        if (strays.groups.empty())
+        LabelledGroups::Change change{seed.behind[0] - seed.front[0],
+                                      seed.behind[1] - seed.front[1]};
+        // The first operand's own number is not kept.
+        if (labelled.operand == Operand::first)
+            change[0] = 1;
+        bool const isAlone = seed.stack.along + seed.stack.against == 0 && seed.stack.isLead;
+        if (change == labelled.plainChange() && (labelled.operand == Operand::first || isAlone)) {
+            labelled.isPlain[group] = true;
             return;
-        std::vector<int> const numbers = winding.ofSecond(strays.points);
-        for (std::size_t i = 0; i < numbers.size(); ++i)
-            m_sides[strays.groups[i]] = {numbers[i] > 0, numbers[i] > 0};
+        }
+        labelled.isOn[group] = true;
+        if (labelled.operand == Operand::first)
+            labelled.stacked.push_back({group, change, {}});
+        else
+            labelled.stacked.push_back({group, change, seed.stack});
+    }
+
+    /// Returns false if seeds contradict each other.
+    static bool sortStacked(LabelledGroups& labelled)
+    {
+        auto& stacked = labelled.stacked;
+        std::stable_sort(stacked.begin(), stacked.end(),
+                         [](auto const& a, auto const& b) { return a.group < b.group; });
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < stacked.size(); ++i) {
+            if (labelled.isPlain[stacked[i].group])
+                return false;
+            if (kept == 0 || stacked[kept - 1].group != stacked[i].group)
+                stacked[kept++] = stacked[i];
+            else if (stacked[kept - 1].change != stacked[i].change ||
+                     !(stacked[kept - 1].stack == stacked[i].stack))
+                return false;
+        }
+        stacked.resize(kept);
+        return true;
+    }
+
+    /// The second operand's numbers from vertices of the first off its surface.
+    void numberFromVertices()
+    {
+        SideGroups& groups = m_first.groups;
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v) {
+            if (groups.isOnCurve(v))
+                continue;
+            std::uint32_t const group = groups.ofVertex(v);
+            if (m_first.isOn[group] || m_aroundSecond.numberOf(group))
+                continue;
+            if (m_sources.isSecondSimple && isKnown(v))
+                m_aroundSecond.set(group, m_sources.known[v]);
+            else if (auto const number = m_sources.ofSecond(RayOrigin(m_soup.mesh.points[v])))
+                m_aroundSecond.set(group, *number);
+        }
+    }
+
+    bool isKnown(std::uint32_t vertex) const
+    {
+        return !m_sources.known.empty() && m_sources.known[vertex] != SideLabels::unknown;
+    }
+
+    /// Where the second operand is open, so that rays tell nothing, what is known of the cells
+    /// around it has to do.
+    void numberFromKnown()
+    {
+        SideGroups& groups = m_first.groups;
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+            if (!groups.isOnCurve(v) && isKnown(v) && !m_aroundSecond.numberOf(groups.ofVertex(v)))
+                m_aroundSecond.set(groups.ofVertex(v), m_sources.known[v]);
+    }
+
+    /// The second operand's own numbers where no vertex of the first tells them.
+    bool numberFromOwnRays()
+    {
+        SideGroups& groups = m_second.groups;
+        if (m_sources.isSecondSimple) {
+            forPieces(m_second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
+                if (!m_aroundSecond.numberOf(nodeOf(Operand::second, group)))
+                    m_aroundSecond.set(nodeOf(Operand::second, group), 0);
+            });
+            return true;
+        }
+        // What hangs together is asked in several places, as a check.
+        constexpr int mostQuestions = 64, mostAnswers = 3;
+        std::vector<std::int8_t> questions(m_first.groups.size() + groups.size(), 0);
+        std::vector<std::int8_t> answers(questions.size(), 0);
+        bool agrees = true;
+        forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
+            std::uint32_t const node = nodeOf(Operand::second, group);
+            std::uint32_t const root = m_aroundSecond.placeOf(node).root;
+            if (!agrees || questions[root] >= mostQuestions || answers[root] >= mostAnswers)
+                return;
+            ++questions[root];
+            int const facing = facingOf(triangle);
+            auto const number =
+                m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)));
+            if (!number || facing == 0)
+                return;
+            ++answers[root];
+            agrees = m_aroundSecond.set(
+                node, facing > 0 ? *number : *number - m_second.changeOf(group)[1]);
+        });
+        return agrees;
+    }
+
+    RayOrigin::Triangle cornersOf(std::uint32_t triangle) const
+    {
+        return {m_soup.mesh.point(triangle, 0), m_soup.mesh.point(triangle, 1),
+                m_soup.mesh.point(triangle, 2)};
+    }
+
+    /// 1 if a triangle's front is on its side of growing x, -1 if its back is.
+    int facingOf(std::uint32_t triangle) const
+    {
+        auto const [a, b, c] = cornersOf(triangle);
+        return ExactSigns::orient2d(a, b, c, 0);
+    }
+
+    /// Calls `visit(group, facet, triangle)` for facets and triangles that no curve divides.
+    template <typename Visit>
+    void forPieces(LabelledGroups& labelled, Visit const& visit)
+    {
+        labelled.groups.forFacets(
+            [&](std::uint32_t region, Corners const& facet, std::uint32_t triangle) {
+                visit(labelled.groups.ofRegion(region), facet, triangle);
+            });
+        std::uint32_t const base =
+            labelled.operand == Operand::first ? 0 : m_soup.firstPointOfSecond;
+        labelled.groups.forWholes([&](std::uint32_t triangle) {
+            Corners const& corners = m_soup.corners(triangle);
+            visit(labelled.groups.ofVertex(corners[0] - base), corners, triangle);
+        });
+    }
+
+    bool agreesWithKnown()
+    {
+        SideGroups& groups = m_first.groups;
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v) {
+            if (!isKnown(v) || groups.isOnCurve(v))
+                continue;
+            auto const number = m_aroundSecond.numberOf(groups.ofVertex(v));
+            if (number && (*number > 0) != (m_sources.known[v] > 0))
+                return false;
+        }
+        return true;
+    }
+
+    /// The first operand's numbers by the rays that are there, and by new ones where these tell
+    /// nothing.
+    bool layerByRays()
+    {
+        SideGroups& groups = m_second.groups;
+        for (auto const& [vertex, number] : m_sources.anchors)
+            if (!groups.isOnCurve(vertex) && !m_aroundFirst.set(groups.ofVertex(vertex), number))
+                return false;
+        std::vector<Question> questions;
+        std::vector<bool> isListed(groups.size(), false);
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+            if (!groups.isOnCurve(v) && isOpen(groups.ofVertex(v), isListed))
+                questions.push_back(
+                    {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
+        ask(questions);
+        questions.clear();
+        std::fill(isListed.begin(), isListed.end(), false);
+        forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
+            int const facing = facingOf(triangle);
+            int const change = m_second.changeOf(group)[0];
+            if ((facing != 0 || change == 0) && isOpen(group, isListed))
+                questions.push_back({group, facing < 0 ? change : 0,
+                                     pointIn(m_network.points(), facet, cornersOf(triangle))});
+        });
+        ask(questions);
+        return true;
+    }
+
+    /// What is to be asked for a group, and by how much the answer is more than the number in front
+    /// of it.
+    struct Question
+    {
+        std::uint32_t group;
+        int excess;
+        RayOrigin origin;
+    };
+
+    void ask(std::vector<Question> const& questions)
+    {
+        if (questions.empty())
+            return;
+        std::vector<RayOrigin> origins;
+        for (Question const& question : questions)
+            origins.push_back(question.origin);
+        WindingSources::Numbers const numbers = m_sources.ofFirst(origins);
+        for (std::size_t i = 0; i < questions.size(); ++i)
+            if (numbers[i] && !m_aroundFirst.numberOf(questions[i].group))
+                m_aroundFirst.set(questions[i].group, *numbers[i] - questions[i].excess);
+    }
+
+    bool hasOpenLayers()
+    {
+        bool isOpen = false;
+        forPieces(m_second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
+            isOpen |= !m_aroundFirst.numberOf(group);
+        });
+        return isOpen;
+    }
+
+    bool isOpen(std::uint32_t group, std::vector<bool>& isListed)
+    {
+        if (isListed[group] || m_aroundFirst.numberOf(group))
+            return false;
+        return isListed[group] = true;
+    }
+
+    /// Where the first operand is open, so that rays tell nothing, a piece has the least numbers
+    /// that what lies around its curves allows.
+    void layerByFloors()
+    {
+        std::vector<std::pair<std::uint32_t, int>> lowest;
+        forSideSeeds(m_soup, m_network, [&](std::span<SideSeed const> seeds) {
+            for (SideSeed const& seed : seeds) {
+                if (m_soup.operandOf(seed.triangle) == Operand::first)
+                    continue;
+                std::uint32_t const group = m_second.groups.ofRegion(
+                    m_network.regionLeftOf(seed.triangle, seed.from, seed.to));
+                auto const place = m_aroundFirst.placeOf(group);
+                if (!m_aroundFirst.numberOf(group))
+                    lowest.emplace_back(place.root, seed.front[0] - place.offset);
+            }
+            return true;
+        });
+        std::sort(lowest.begin(), lowest.end());
+        for (std::size_t i = 0; i < lowest.size(); ++i)
+            if (i + 1 == lowest.size() || lowest[i + 1].first != lowest[i].first)
+                m_aroundFirst.set(lowest[i].first, lowest[i].second);
     }
 
     void write(SideLabels& labels)
     {
-        labels.ofFirst.assign(m_groups.regionCount(), {});
-        m_groups.forFacets([&](std::uint32_t region, Corners const&) {
-            labels.ofFirst[region] = m_sides[m_groups.ofRegion(region)];
+        SideGroups& first = m_first.groups;
+        labels.ofFirst.assign(first.regionCount(), {});
+        first.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
+            std::uint32_t const group = first.ofRegion(region);
+            int const number = m_aroundSecond.numberOf(group).value_or(0);
+            labels.ofFirst[region] = {number > 0, number + m_first.changeOf(group)[1] > 0};
         });
-        labels.ofFirstVertices.resize(m_groups.pointCount());
-        for (std::uint32_t v = 0; v < m_groups.pointCount(); ++v)
+        labels.ofFirstVertices.resize(first.pointCount());
+        for (std::uint32_t v = 0; v < first.pointCount(); ++v)
             labels.ofFirstVertices[v] =
-                m_groups.isOnCurve(v) ? SideLabels::unknown : m_sides[m_groups.ofVertex(v)].front;
+                first.isOnCurve(v)
+                    ? SideLabels::unknown
+                    : std::int8_t(m_aroundSecond.numberOf(first.ofVertex(v)).value_or(0) > 0);
+        SideGroups& second = m_second.groups;
+        labels.ofSecond.assign(second.regionCount(), {});
+        second.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
+            labels.ofSecond[region] = secondSides(second.ofRegion(region));
+        });
+        labels.ofSecondVertices.resize(second.pointCount());
+        for (std::uint32_t v = 0; v < second.pointCount(); ++v)
+            if (!second.isOnCurve(v))
+                labels.ofSecondVertices[v] = secondSides(second.ofVertex(v));
+    }
+
+    SideLabels::SecondSides secondSides(std::uint32_t group)
+    {
+        int const number = m_aroundSecond.numberOf(nodeOf(Operand::second, group)).value_or(0);
+        return {m_aroundFirst.numberOf(group).value_or(0), number > 0,
+                number + m_second.changeOf(group)[1] > 0, m_second.stackOf(group)};
     }
 
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
-    Groups m_groups;
-    std::vector<SideLabels::Sides> m_sides;
-};
-
-/// Labels of the second operand: winding numbers of the first, which may be any where that one
-/// overlaps itself.
-class SecondLabels
-{
-public:
-    SecondLabels(OperandSoup const& soup, CurveNetwork const& network)
-        : m_soup(soup), m_network(network), m_groups(soup, network, Operand::second)
-    {}
-
-    bool run(SideSeeds const& seeds, WindingNumbers const& winding, SideLabels& labels)
-    {
-        m_isOn.assign(m_groups.size(), false);
-        if (!relate(seeds) || !count())
-            return false;
-        askStrays(winding);
-        labels.isOnFirst.assign(m_groups.regionCount(), false);
-        labels.ofSecond.assign(m_groups.regionCount(), 0);
-        m_groups.forFacets([&](std::uint32_t region, Corners const&) {
-            labels.ofSecond[region] = m_numbers[m_groups.ofRegion(region)];
-            labels.isOnFirst[region] = m_isOn[m_groups.ofRegion(region)];
-        });
-        labels.ofSecondVertices.resize(m_groups.pointCount());
-        for (std::uint32_t v = 0; v < m_groups.pointCount(); ++v)
-            labels.ofSecondVertices[v] = m_numbers[m_groups.ofVertex(v)];
-        return true;
-    }
-
-private:
-    /// The winding number of one group is that of another plus a difference.
-    struct Relation
-    {
-        std::uint32_t from;
-        std::uint32_t to;
-        int difference;
-        bool operator<(Relation const& o) const { return from < o.from; }
-    };
-
-    bool relate(SideSeeds const& seeds)
-    {
-        std::uint32_t begin = 0;
-        for (std::uint32_t const end : seeds.endsOfSecond) {
-            std::uint32_t reference = CurveNetwork::none;
-            int number = 0;
-            for (std::uint32_t i = begin; i < end; ++i) {
-                SideSeed const& seed = seeds.ofSecond[i];
-                std::uint32_t const region =
-                    m_network.regionLeftOf(seed.triangle, seed.from, seed.to);
-                if (region == CurveNetwork::none)
-                    return false;
-                std::uint32_t const group = m_groups.ofRegion(region);
-                if (seed.front != seed.behind) {
-                    m_isOn[group] = true;
-                    continue;
-                }
-                if (reference == CurveNetwork::none) {
-                    reference = group;
-                    number = seed.front;
-                }
-                m_floors.emplace_back(group, seed.front);
-                m_relations.push_back({reference, group, seed.front - number});
-                m_relations.push_back({group, reference, number - seed.front});
-            }
-            begin = end;
-        }
-        std::stable_sort(m_relations.begin(), m_relations.end());
-        return true;
-    }
-
-    /// Counts from group to group. What hangs together is as low as its floors allow.
-    bool count()
-    {
-        m_numbers.assign(m_groups.size(), unknown);
-        std::vector<std::uint32_t> components(m_groups.size(), 0);
-        std::vector<std::uint32_t> members;
-        std::vector<int> lifts;
-        for (Relation const& seed : m_relations) {
-            if (m_numbers[seed.from] != unknown)
-                continue;
-            m_numbers[seed.from] = 0;
-            members.assign(1, seed.from);
-            for (std::size_t i = 0; i < members.size(); ++i) {
-                components[members[i]] = std::uint32_t(lifts.size());
-                if (!follow(members[i], members))
-                    return false;
-            }
-            lifts.push_back(unknown);
-        }
-        for (auto const& [group, floor] : m_floors) {
-            int& lift = lifts[components[group]];
-            lift = std::max(lift, floor - m_numbers[group]);
-        }
-        for (std::uint32_t g = 0; g < m_numbers.size(); ++g)
-            if (m_numbers[g] != unknown)
-                m_numbers[g] += lifts[components[g]];
-        return true;
-    }
-
-    bool follow(std::uint32_t group, std::vector<std::uint32_t>& members)
-    {
-        auto relation =
-            std::lower_bound(m_relations.begin(), m_relations.end(), Relation{group, 0, 0});
-        for (; relation != m_relations.end() && relation->from == group; ++relation) {
-            int const number = m_numbers[group] + relation->difference;
-            int& known = m_numbers[relation->to];
-            if (known != unknown && known != number)
-                return false;
-            if (known == unknown)
-                members.push_back(relation->to);
-            known = number;
-        }
-        return true;
-    }
-
-    void askStrays(WindingNumbers const& winding)
-    {
-        Strays const strays = findStrays(m_groups, m_soup, m_network, [&](std::uint32_t group) {
-            return m_numbers[group] == unknown && !m_isOn[group];
-        });
-        if (strays.groups.empty())
-            return;
-        std::vector<int> const numbers = winding.ofFirst(strays.points);
-        for (std::size_t i = 0; i < numbers.size(); ++i)
-            m_numbers[strays.groups[i]] = numbers[i];
-    }
-
-    static constexpr int unknown = -0x7fffffff;
-
-    OperandSoup const& m_soup;
-    CurveNetwork const& m_network;
-    Groups m_groups;
-    std::vector<Relation> m_relations;
-    /// The least winding number of a group.
-    std::vector<std::pair<std::uint32_t, int>> m_floors;
-    std::vector<bool> m_isOn;
-    std::vector<int> m_numbers;
+    WindingSources const& m_sources;
+    LabelledGroups m_first;
+    LabelledGroups m_second;
+    /// The first operand's winding numbers in front of the second's groups.
+    WindingPotentials m_aroundFirst;
+    /// The second operand's winding numbers in front of the groups of both.
+    WindingPotentials m_aroundSecond;
 };
 
 }  // namespace
 
-bool labelSides(OperandSoup const& soup, CurveNetwork const& network, SideSeeds const& seeds,
-                std::vector<std::int8_t> const& known, WindingNumbers const& winding,
+bool labelSides(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources,
                 SideLabels& labels)
 {
-    return FirstLabels(soup, network).run(seeds.ofFirst, known, winding, labels) &&
-           SecondLabels(soup, network).run(seeds, winding, labels);
+    return Labelling(soup, network, sources).run(labels);
 }

@@ -2,13 +2,18 @@
 #pragma once
 
 #include "host/services/boolean/CurveNetwork.h"
+#include "host/services/boolean/RayOrigin.h"
 #include "host/services/boolean/SheetOrder.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
-/// Where the triangles of both operands lie with regard to the other one.
+/// Where the triangles of both operands lie with regard to the other one, and those of the second
+/// with regard to their own.
 struct SideLabels
 {
     static constexpr std::int8_t unknown = -1;
@@ -22,31 +27,51 @@ struct SideLabels
         bool operator==(Sides const&) const = default;
     };
 
+    /// Of a region of the second operand.
+    struct SecondSides
+    {
+        /// The winding number of the first operand in front of it.
+        int layers = 0;
+        /// Whether the second is solid in front of it and behind it.
+        bool isSolidInFront = false;
+        bool isSolidBehind = true;
+        SheetStack stack = {};
+    };
+
     /// By region; those of the second operand stay unknown.
     std::vector<Sides> ofFirst;
     /// By vertex of the first operand: whether it lies in the second. Unknown for one on the
     /// curves.
     std::vector<std::int8_t> ofFirstVertices;
-    /// By region: the winding number of the first operand; nothing of value where `isOnFirst`.
-    std::vector<int> ofSecond;
-    std::vector<bool> isOnFirst;
-    /// By vertex of the second operand, counted from its first.
-    std::vector<int> ofSecondVertices;
+    /// By region; those of the first operand stay as they are.
+    std::vector<SecondSides> ofSecond;
+    /// By vertex of the second operand, counted from its first, for the triangles at it.
+    std::vector<SecondSides> ofSecondVertices;
 };
 
-/// How to find a side where no curve tells it: winding numbers of an operand around points.
-struct WindingNumbers
+/// What is known of absolute winding numbers, and how to learn more.
+struct WindingSources
 {
-    using Points = std::vector<UPoint3<float>>;
-    std::function<std::vector<int>(Points const&)> ofFirst;
-    std::function<std::vector<int>(Points const&)> ofSecond;
+    using Numbers = std::vector<std::optional<int>>;
+
+    /// By vertex of the first operand: whether it lies in the second, if that is known.
+    std::span<std::int8_t const> known;
+    /// Vertices of the second operand, counted from its first, with the winding number of the first
+    /// around them.
+    std::span<std::pair<std::uint32_t, int> const> anchors;
+    /// Whether the second operand is known to wind once around its inside, and nowhere else.
+    bool isSecondSimple = true;
+    /// The winding numbers of the first operand around points; nothing where a point lies on it, or
+    /// the line through it tells that it is open.
+    std::function<Numbers(std::span<RayOrigin const>)> ofFirst;
+    /// The same for the second operand and one point.
+    std::function<std::optional<int>(RayOrigin const&)> ofSecond;
 };
 
-/// Carries the seeds of the curves over the triangles that no curve divides, by the vertices they
-/// share.
+/// Carries what the curves tell over the triangles that no curve divides, by the vertices they
+/// share, and lifts it to absolute winding numbers: every piece of surface that hangs together,
+/// over curves too, has at least one from a ray.
 ///
-/// known    by vertex of the first operand: whether it lies in the second, if that is known before
-/// returns  false if the curves contradict each other, as where an operand crosses itself
-bool labelSides(OperandSoup const& soup, CurveNetwork const& network, SideSeeds const& seeds,
-                std::vector<std::int8_t> const& known, WindingNumbers const& winding,
+/// returns  false if the curves contradict each other or the rays, as where an operand is open
+bool labelSides(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources,
                 SideLabels& labels);

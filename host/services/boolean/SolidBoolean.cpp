@@ -3,11 +3,12 @@
 
 #include "host/services/RecordCopies.h"
 #include "host/services/boolean/PieceWriter.h"
-#include "host/services/boolean/RayPassage.h"
+#include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/Corefinement.h"
+#include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <tbb/blocked_range.h>
@@ -44,28 +45,25 @@ public:
 
     std::vector<BooleanResult> run()
     {
-        ToolTree const tool(m_tool, m_progress);
+        ToolTree const tool(m_tool.mesh, m_progress);
         ToolGrid const grid(tool, boxOfPart(), cellCount(), m_progress);
-        ToolSides const sides(grid, m_part.vertices.size());
+        PartRays const rays(grid, anchorPoints());
+        ToolSides const sides(grid, m_part.vertices.size(), rays);
         std::function<void(int)> const copyProgress = [this](int percent) {
             m_progress.begin(gridDone + percent * (copiesDone - gridDone) / 60, copiesDone, 1);
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
         gatherSoup(copies);
+        setAnchors(rays.numbers(m_part, copies.meeting()));
         if (hasFlatTriangle(m_soup.mesh))
             return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
         SoupBoolean boolean(m_soup);
         bool const isDone = resolve(boolean, grid);
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
-        std::vector<BooleanResult> results;
-        for (std::size_t i = 0; isDone && i < m_pieces.size(); ++i) {
-            auto const triangles = boolean.piece(m_pieces[i]);
-            if (!triangles)
-                break;
-            results.push_back(write(boolean, copies, m_pieces[i], *triangles));
-        }
+        std::vector<BooleanResult> results =
+            isDone ? writeAll(boolean, copies) : std::vector<BooleanResult>();
         if (results.size() < m_pieces.size())
             results = combineWholes(boolean);
         m_progress.finish();
@@ -121,7 +119,7 @@ private:
         constexpr std::uint32_t none = 0xffffffff;
         std::vector<std::uint32_t> locals(m_part.vertices.size(), none);
         auto& mesh = m_soup.mesh;
-        mesh.triangles.reserve(copies.meeting().size() + m_tool.triangles.size());
+        mesh.triangles.reserve(copies.meeting().size() + m_tool.mesh.triangles.size());
         for (Triangle const* const triangle : copies.meeting()) {
             MeshArrays::Corners corners;
             for (int k = 0; k < 3; ++k) {
@@ -139,8 +137,8 @@ private:
         }
         m_soup.firstPointOfSecond = std::uint32_t(mesh.points.size());
         m_soup.firstTriangleOfSecond = std::uint32_t(mesh.triangles.size());
-        mesh.points.insert(mesh.points.end(), m_tool.points.begin(), m_tool.points.end());
-        for (MeshArrays::Corners corners : m_tool.triangles) {
+        mesh.points.insert(mesh.points.end(), m_tool.mesh.points.begin(), m_tool.mesh.points.end());
+        for (MeshArrays::Corners corners : m_tool.mesh.triangles) {
             for (std::uint32_t& corner : corners)
                 corner += m_soup.firstPointOfSecond;
             mesh.triangles.push_back(corners);
@@ -149,48 +147,111 @@ private:
 
     bool resolve(SoupBoolean& boolean, ToolGrid const& grid)
     {
-        WindingNumbers winding;
-        winding.ofFirst = [this](WindingNumbers::Points const& points) {
-            return partAround(points);
-        };
-        winding.ofSecond = [&grid](WindingNumbers::Points const& points) {
-            std::vector<int> numbers;
-            for (UPoint3<float> const& point : points)
-                numbers.push_back(grid.tool().windingAt(point));
-            return numbers;
-        };
-        return boolean.resolve(grid, m_known, winding, m_progress) == SoupBoolean::Outcome::done;
+        WindingSources sources;
+        sources.known = m_known;
+        sources.anchors = m_anchors;
+        sources.isSecondSimple = m_tool.isSimple;
+        sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
+        sources.ofSecond = [&grid](RayOrigin const& point) { return grid.tool().windingAt(point); };
+        auto contacts = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
+        for (TrianglePair& pair : contacts) {
+            pair.first += m_soup.firstTriangleOfSecond;
+            pair.second += m_soup.firstTriangleOfSecond;
+        }
+        return boolean.resolve(grid, contacts, sources, m_progress) == SoupBoolean::Outcome::done;
+    }
+
+    std::vector<UPoint3<float>> anchorPoints() const
+    {
+        std::vector<UPoint3<float>> points;
+        for (std::uint32_t const vertex : m_tool.anchors)
+            points.push_back(m_tool.mesh.points[vertex]);
+        return points;
+    }
+
+    void setAnchors(std::vector<std::optional<int>> const& numbers)
+    {
+        for (std::size_t i = 0; i < numbers.size(); ++i)
+            if (numbers[i])
+                m_anchors.emplace_back(m_tool.anchors[i], *numbers[i]);
     }
 
     /// The part's winding numbers around points, by one pass over the part.
-    std::vector<int> partAround(WindingNumbers::Points const& points)
+    WindingSources::Numbers partAround(std::span<RayOrigin const> points)
     {
-        using Numbers = std::vector<int>;
+        struct Lines
+        {
+            std::vector<LinePassage> sums;
+            std::vector<bool> isOpen;
+        };
         using Range = tbb::blocked_range<std::size_t>;
-        std::vector<std::pair<float, std::size_t>> order;
-        for (std::size_t i = 0; i < points.size(); ++i)
-            order.emplace_back(points[i][1], i);
+        std::vector<std::pair<double, std::size_t>> order;
+        double margin = 0;
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            order.emplace_back(points[i].place[1], i);
+            margin = std::max(margin, 2 * points[i].error);
+        }
         std::sort(order.begin(), order.end());
-        return tbb::parallel_reduce(
-            Range(0, m_part.triangles.size(), 4096), Numbers(points.size(), 0),
-            [&](Range const& range, Numbers numbers) {
+        Lines const lines = tbb::parallel_reduce(
+            Range(0, m_part.triangles.size(), 4096),
+            Lines{std::vector<LinePassage>(points.size()), std::vector<bool>(points.size(), false)},
+            [&](Range const& range, Lines found) {
                 for (std::size_t t = range.begin(); t != range.end(); ++t) {
                     Triangle const& triangle = *m_part.triangles[t];
                     UPoint3<float> const a = triangle.cP(0), b = triangle.cP(1), c = triangle.cP(2);
                     auto const [low, high] = std::minmax({a[1], b[1], c[1]});
                     auto next = std::lower_bound(order.begin(), order.end(),
-                                                 std::pair(low, std::size_t(0)));
-                    for (; next != order.end() && next->first <= high; ++next)
-                        numbers[next->second] += rayPassage(points[next->second], a, b, c);
+                                                 std::pair(low - margin, std::size_t(0)));
+                    for (; next != order.end() && next->first <= high + margin; ++next)
+                        if (auto const passage = linePassage(points[next->second], a, b, c))
+                            found.sums[next->second] += *passage;
+                        else
+                            found.isOpen[next->second] = true;
                 }
                 m_progress.add(0);
-                return numbers;
+                return found;
             },
-            [](Numbers a, Numbers const& b) {
-                for (std::size_t i = 0; i < a.size(); ++i)
-                    a[i] += b[i];
+            [](Lines a, Lines const& b) {
+                for (std::size_t i = 0; i < a.sums.size(); ++i) {
+                    a.sums[i] += b.sums[i];
+                    a.isOpen[i] = a.isOpen[i] || b.isOpen[i];
+                }
                 return a;
             });
+        WindingSources::Numbers numbers(points.size());
+        for (std::size_t i = 0; i < points.size(); ++i)
+            if (!lines.isOpen[i] && lines.sums[i].ahead == lines.sums[i].back)
+                numbers[i] = lines.sums[i].ahead;
+        return numbers;
+    }
+
+    /// All results, or none if one of them does not close.
+    std::vector<BooleanResult> writeAll(SoupBoolean& boolean, Copies& copies)
+    {
+        std::vector<std::vector<PieceTriangle>> triangles;
+        for (BooleanPiece const piece : m_pieces) {
+            auto ofPiece = boolean.piece(piece);
+            if (!ofPiece)
+                return {};
+            triangles.push_back(std::move(*ofPiece));
+        }
+        for (UPoint3<float> const& place : boolean.mendCrossings(triangles, m_progress))
+            logCrossing(place);
+        std::vector<BooleanResult> results;
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
+        return results;
+    }
+
+    static void logCrossing(UPoint3<float> const& place)
+    {
+        Base::ConsoleSingleton::Instance().Log(
+            QCoreApplication::translate("Services",
+                                        "A piece crosses itself by rounding near (%1, %2, %3).")
+                .arg(double(place[0]))
+                .arg(double(place[1]))
+                .arg(double(place[2]))
+                .toStdString());
     }
 
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
@@ -263,7 +324,7 @@ private:
 
     std::unique_ptr<MeshKernel> toolKernel() const
     {
-        return std::make_unique<MeshKernel>(makeMesh(m_tool).release());
+        return std::make_unique<MeshKernel>(makeMesh(m_tool.mesh).release());
     }
 
     /// The slow way, for solids that cross themselves where they meet. An operand that is open
@@ -279,7 +340,7 @@ private:
              : piece == BooleanPiece::common ? wanted.common
                                              : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
-        Exact::CombinedSolids solids = Exact::combine(part, m_tool, wanted, m_progress);
+        Exact::CombinedSolids solids = Exact::combine(part, m_tool.mesh, wanted, m_progress);
         std::vector<BooleanResult> results;
         for (BooleanPiece const piece : m_pieces) {
             auto const& solid = piece == BooleanPiece::united   ? solids.united
@@ -316,11 +377,13 @@ private:
     UMesh<float> const& m_part;
     std::span<BooleanPiece const> m_pieces;
     StageProgress m_progress;
-    MeshArrays m_tool;
+    PreparedTool m_tool;
     OperandSoup m_soup;
     /// By vertex of the part in the soup: its place in the part, and its side where known.
     std::vector<std::uint32_t> m_places;
     std::vector<std::int8_t> m_known;
+    /// Vertices of the tool with the part's winding number around them.
+    std::vector<std::pair<std::uint32_t, int>> m_anchors;
 };
 
 }  // namespace

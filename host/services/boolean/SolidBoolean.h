@@ -21,9 +21,9 @@ struct BooleanResult
 /// The stages: the tool, which is the second operand, is laid out in a grid of cells; triangles of
 /// the part in cells that the tool does not touch are copied, and their side is that of their cell;
 /// the others meet the tool's triangles exactly, are divided along the curves, and every region's
-/// side is told by the curves; what the rule of a piece keeps is written. Where the curves
-/// contradict each other, because an operand crosses itself there, the whole solids are combined by
-/// exact arithmetic, which takes its time.
+/// side is told by the curves; what the rule of a piece keeps is written. Operands may cross
+/// themselves. Where the curves contradict each other all the same, the whole solids are combined
+/// by exact arithmetic, which takes its time.
 ///
 /// part        without a matrix; only read
 /// tool        only read; a matrix is applied

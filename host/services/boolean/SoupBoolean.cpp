@@ -2,21 +2,20 @@
 #include "host/services/boolean/SoupBoolean.h"
 
 #include "host/services/boolean/ContactFinder.h"
+#include "host/services/boolean/CrossingMending.h"
 
 #include <algorithm>
 
 SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
-                                          std::vector<std::int8_t> const& known,
-                                          WindingNumbers const& winding, StageProgress& progress)
+                                          std::vector<TrianglePair> const& ofSecond,
+                                          WindingSources const& sources, StageProgress& progress)
 {
-    if (!m_network.build(findContacts(m_soup, grid, progress), progress))
+    std::vector<TrianglePair> contacts = findContacts(m_soup, grid, progress);
+    contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
+    if (!m_network.build(contacts, progress))
         return Outcome::contradiction;
     progress.add(0);
-    SideSeeds seeds;
-    if (!findSideSeeds(m_soup, m_network, seeds))
-        return Outcome::contradiction;
-    progress.add(0);
-    if (!labelSides(m_soup, m_network, seeds, known, winding, m_labels))
+    if (!labelSides(m_soup, m_network, sources, m_labels))
         return Outcome::contradiction;
     progress.add(0);
     m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);
@@ -29,6 +28,27 @@ std::optional<std::vector<PieceTriangle>> SoupBoolean::piece(BooleanPiece piece)
     if (!isClosedAtCurves(triangles, m_network.points()))
         return {};
     return triangles;
+}
+
+std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
+    std::vector<std::vector<PieceTriangle>>& pieces, StageProgress& progress)
+{
+    std::vector<UPoint3<float>> places;
+    places.reserve(pointCount());
+    for (std::uint32_t point = 0; point < pointCount(); ++point)
+        places.push_back(place(point));
+    auto const isCrossing = [&](std::vector<PieceTriangle> const& piece) {
+        return CrossingMending::isCrossing(piece, places, progress);
+    };
+    if (std::none_of(pieces.begin(), pieces.end(), isCrossing))
+        return {};
+    // Points of the first operand have triangles outside the soup.
+    std::vector<bool> isFree(pointCount(), true);
+    for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex)
+        isFree[vertex] = isFree[m_facets->numberOf(vertex)] = false;
+    auto left = CrossingMending(m_soup, pieces, places, isFree).run(progress);
+    m_mendedPlaces = std::move(places);
+    return left;
 }
 
 std::optional<UPoint3<float>> SoupBoolean::openPlace(Operand operand) const

@@ -23,18 +23,25 @@ public:
     /// soup  must outlive this
     explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(soup) {}
 
-    /// grid     of the second operand
-    /// known    by vertex of the first operand: whether it lies in the second, if that is known
-    /// winding  for what no curve and no known vertex tells
-    Outcome resolve(ToolGrid const& grid, std::vector<std::int8_t> const& known,
-                    WindingNumbers const& winding, StageProgress& progress);
+    /// grid      of the second operand
+    /// ofSecond  contacts of the second operand's triangles with each other
+    Outcome resolve(ToolGrid const& grid, std::vector<TrianglePair> const& ofSecond,
+                    WindingSources const& sources, StageProgress& progress);
 
     /// The triangles of one result; nothing if they do not close around the curves.
     std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece) const;
 
+    /// Moves points by some units of the last place where pieces cross themselves for having been
+    /// rounded.
+    ///
+    /// pieces   all that are wanted, as `piece` gives them
+    /// returns  a place of each pair of triangles that still cross
+    std::vector<UPoint3<float>> mendCrossings(std::vector<std::vector<PieceTriangle>>& pieces,
+                                              StageProgress& progress);
+
     UPoint3<float> const& place(std::uint32_t point) const
     {
-        return m_network.points().rounded(point);
+        return m_mendedPlaces.empty() ? m_network.points().rounded(point) : m_mendedPlaces[point];
     }
     std::uint32_t pointCount() const { return m_network.points().size(); }
 
@@ -47,4 +54,6 @@ private:
     CurveNetwork m_network;
     SideLabels m_labels;
     std::unique_ptr<RoundedFacets> m_facets;
+    /// By point, if some of them have been moved.
+    std::vector<UPoint3<float>> m_mendedPlaces;
 };

@@ -4,7 +4,6 @@
 #include "host/mesh/DisjointSets.h"
 #include "host/mesh/ExactSigns.h"
 #include "host/services/SelfIntersections.h"
-#include "host/services/exact/Corefinement.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <QCoreApplication>
@@ -18,8 +17,6 @@ namespace {
 using Box = TriangleTree::Box;
 using Corners = MeshArrays::Corners;
 
-/// Larger tools are only searched where shells that are not convex, or come near others, are.
-constexpr std::size_t thoroughLimit = 64;
 /// How far a corner may stand out of the plane of the triangle beside it, for the size of its
 /// coordinates, and the shell still count as convex: what rounding to float makes of flat sides.
 constexpr double allowedDent = 0x1p-20;
@@ -51,18 +48,32 @@ public:
     }
 
     /// The triangles that may meet others of their own shell or of another one.
-    MeshArrays suspects()
+    std::vector<std::uint32_t> suspects()
     {
         findOverlaps();
-        MeshArrays arrays;
-        arrays.points = m_tool.points;
+        std::vector<std::uint32_t> suspects;
         for (Shell const& shell : m_shells) {
             bool const isSafe = isConvex(shell);
             for (std::uint32_t const t : shell.triangles)
                 if (!isSafe || isNearOthers(shell, t))
-                    arrays.triangles.push_back(m_tool.triangles[t]);
+                    suspects.push_back(t);
         }
-        return arrays;
+        std::sort(suspects.begin(), suspects.end());
+        return suspects;
+    }
+
+    /// Some vertices of each shell: one where there are many shells.
+    std::vector<std::uint32_t> anchors() const
+    {
+        constexpr std::size_t many = 64;
+        std::size_t const perShell = m_shells.size() > many ? 1 : 3;
+        std::vector<std::uint32_t> anchors;
+        for (Shell const& shell : m_shells)
+            for (std::size_t i = 0; i < perShell; ++i) {
+                std::uint32_t const t = shell.triangles[i * shell.triangles.size() / perShell];
+                anchors.push_back(m_tool.triangles[t][i]);
+            }
+        return anchors;
     }
 
 private:
@@ -163,19 +174,56 @@ private:
     std::vector<EdgeUse> m_uses;
 };
 
-bool doTrianglesCross(MeshArrays const& arrays, StageProgress& progress)
+/// A triangle's edge.
+struct OrientedEdge
 {
-    TopologyReport const topology = checkTopology(arrays, progress);
-    TriangleTree const tree(arrays, topology, progress);
-    return findIntersections(arrays, topology, tree, progress).pairs > 0;
+    std::uint32_t low, high;
+    bool isUpward;
+    std::uint32_t triangle;
+    auto operator<=>(OrientedEdge const&) const = default;
+};
+
+/// Marks triangles at edges that have more than two, or two that run along it the same way.
+void markAtOddEdges(MeshArrays const& arrays, std::vector<std::uint8_t>& isMarked)
+{
+    std::vector<OrientedEdge> edges;
+    edges.reserve(3 * arrays.triangles.size());
+    for (std::uint32_t t = 0; t < arrays.triangles.size(); ++t)
+        for (std::size_t k = 0; k < 3; ++k) {
+            std::uint32_t const a = arrays.triangles[t][k], b = arrays.triangles[t][(k + 1) % 3];
+            edges.push_back({std::min(a, b), std::max(a, b), a < b, t});
+        }
+    std::sort(edges.begin(), edges.end());
+    for (std::size_t begin = 0, end = 0; begin < edges.size(); begin = end) {
+        while (end < edges.size() && edges[end].low == edges[begin].low &&
+               edges[end].high == edges[begin].high)
+            ++end;
+        bool const isOdd = end - begin > 2 ||
+                           (end - begin == 2 && edges[begin].isUpward == edges[begin + 1].isUpward);
+        for (std::size_t i = begin; isOdd && i < end; ++i)
+            isMarked[edges[i].triangle] = 1;
+    }
 }
 
-bool doesOverlapItself(MeshArrays const& tool, StageProgress& progress)
+/// Those of some triangles of a tool that meet others or have an odd edge.
+std::vector<std::uint32_t> findMeeting(MeshArrays const& tool,
+                                       std::vector<std::uint32_t> const& candidates,
+                                       StageProgress& progress)
 {
-    if (tool.triangles.size() <= thoroughLimit)
-        return doTrianglesCross(tool, progress);
-    MeshArrays const suspects = ToolShells(tool).suspects();
-    return !suspects.triangles.empty() && doTrianglesCross(suspects, progress);
+    MeshArrays arrays;
+    arrays.points = tool.points;
+    for (std::uint32_t const t : candidates)
+        arrays.triangles.push_back(tool.triangles[t]);
+    TopologyReport const topology = checkTopology(arrays, progress);
+    TriangleTree const tree(arrays, topology, progress);
+    IntersectionReport report = findIntersections(arrays, topology, tree, progress);
+    if (topology.nonManifoldEdges + topology.inconsistentEdges + topology.duplicateTriangles > 0)
+        markAtOddEdges(arrays, report.isInvolved);
+    std::vector<std::uint32_t> meeting;
+    for (std::size_t i = 0; i < candidates.size(); ++i)
+        if (report.isInvolved[i])
+            meeting.push_back(candidates[i]);
+    return meeting;
 }
 
 MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progress)
@@ -216,15 +264,18 @@ bool hasFlatTriangle(MeshArrays const& operand)
     return false;
 }
 
-MeshArrays prepareTool(MeshKernel const& tool, StageProgress& progress)
+PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress)
 {
-    MeshArrays arrays = copyArrays(tool, Frame::World, progress);
-    requireFinite(arrays, Operand::second);
-    if (hasFlatTriangle(arrays))
-        arrays = withoutFlatTriangles(arrays, progress);
-    if (!doesOverlapItself(arrays, progress))
-        return arrays;
-    Exact::CombinedSolids united = Exact::combine({}, arrays, {.united = true}, progress);
-    // A tool that is open somewhere is taken as it is.
-    return united.united ? std::move(*united.united) : arrays;
+    PreparedTool prepared;
+    prepared.mesh = copyArrays(tool, Frame::World, progress);
+    requireFinite(prepared.mesh, Operand::second);
+    if (hasFlatTriangle(prepared.mesh))
+        prepared.mesh = withoutFlatTriangles(prepared.mesh, progress);
+    ToolShells shells(prepared.mesh);
+    prepared.anchors = shells.anchors();
+    std::vector<std::uint32_t> const candidates = shells.suspects();
+    prepared.isSimple = candidates.empty();
+    if (!prepared.isSimple)
+        prepared.suspects = findMeeting(prepared.mesh, candidates, progress);
+    return prepared;
 }

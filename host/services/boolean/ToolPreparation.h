@@ -12,9 +12,19 @@ void requireFinite(MeshArrays const& mesh, Operand operand);
 /// Whether a triangle of some has no area.
 bool hasFlatTriangle(MeshArrays const& operand);
 
-/// A tool, the second operand of a boolean, made ready: final coordinates, no triangle without
-/// area, and where bodies in it overlap, their union. Convex shells whose boxes lie apart, as those
-/// of pins do, are known not to overlap; other triangles are tested.
-///
+/// A tool, the second operand of a boolean, made ready.
+struct PreparedTool
+{
+    /// In final coordinates, without triangles that have no area.
+    MeshArrays mesh;
+    /// Whether it is known to wind once around its inside and nowhere else: convex shells whose
+    /// boxes lie apart, as those of pins do. Other tools are looked at more closely.
+    bool isSimple = true;
+    /// Triangles that meet others of the tool, or have an edge that does not join two that agree.
+    std::vector<std::uint32_t> suspects;
+    /// A vertex or some of each shell.
+    std::vector<std::uint32_t> anchors;
+};
+
 /// throws  Mell::Exception if a coordinate is no number
-MeshArrays prepareTool(MeshKernel const& tool, StageProgress& progress);
+PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress);

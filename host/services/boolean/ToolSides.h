@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/services/boolean/ToolGrid.h"
+#include "host/services/boolean/PartRays.h"
 
 #include <vector>
 
 /// Sorts the records of a part by the cells of a tool's grid: above is outside the tool, below
-/// within it.
+/// within it. On the way it offers the triangles in clear cells to rays.
 class ToolSides
 {
 public:
-    ToolSides(ToolGrid const& grid, std::size_t vertices) : m_grid(grid), m_places(vertices) {}
+    ToolSides(ToolGrid const& grid, std::size_t vertices, PartRays const& rays)
+        : m_grid(grid), m_rays(rays), m_places(vertices)
+    {}
 
     /// Once per vertex, before isApart() is asked about it.
     int sideOf(std::uint32_t vertex, UPoint3<float> const& point) const
@@ -23,11 +25,16 @@ public:
     /// Whether a triangle with corners in clear cells is in clear cells as a whole.
     bool isApart(std::uint32_t a, std::uint32_t b, std::uint32_t c) const
     {
-        return m_grid.isClearBetween(m_places[a], m_places[b], m_places[c]);
+        ToolGrid::Place const p = m_places[a], q = m_places[b], r = m_places[c];
+        if (!m_grid.isClearBetween(p, q, r))
+            return false;
+        m_rays.offer({a, b, c}, p, q, r);
+        return true;
     }
 
 private:
     ToolGrid const& m_grid;
+    PartRays const& m_rays;
     /// Written once per vertex, each by one thread.
     mutable std::vector<ToolGrid::Place> m_places;
 };

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "host/services/TriangleTree.h"
-#include "host/services/boolean/RayPassage.h"
+#include "host/services/boolean/RayOrigin.h"
 
 #include <array>
 #include <bit>
 #include <limits>
+#include <optional>
 
 /// The triangles of a tool, the second operand, found by box and by ray.
 class ToolTree
@@ -64,6 +65,34 @@ public:
             winding += rayPassage(p, m_tool.point(t, 0), m_tool.point(t, 1), m_tool.point(t, 2));
         });
         return winding;
+    }
+
+    /// The tool's winding number around a point, which may lie inside a triangle of it; nothing
+    /// where rounding might decide, or the line through the point tells that the tool is open. Any
+    /// thread.
+    std::optional<int> windingAt(RayOrigin const& p) const
+    {
+        Box box;
+        for (std::size_t k = 0; k < 3; ++k) {
+            double const margin = p.error + 1e-6 * std::abs(p.place[k]);
+            box.low[k] = float(p.place[k] - margin);
+            box.high[k] = float(p.place[k] + margin);
+        }
+        box.high[0] = std::numeric_limits<float>::infinity();
+        box.low[0] = -box.high[0];
+        box.low[3] = box.high[3] = 0;
+        LinePassage sum;
+        bool isCertain = true;
+        forOverlapping(box, [&](std::uint32_t t) {
+            auto const passage =
+                linePassage(p, m_tool.point(t, 0), m_tool.point(t, 1), m_tool.point(t, 2));
+            isCertain &= passage.has_value();
+            if (passage)
+                sum += *passage;
+        });
+        if (!isCertain || sum.ahead != sum.back)
+            return {};
+        return sum.ahead;
     }
 
 private:

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/SelfContacts.h"
+
+#include <algorithm>
+
+namespace {
+
+using Box = TriangleTree::Box;
+using Corners = MeshArrays::Corners;
+
+/// A triangle's edge, with how often it is run along either way.
+struct EdgeUse
+{
+    std::uint32_t low, high, triangle;
+    std::int8_t place;
+    std::int8_t way;
+    bool isSameEdge(EdgeUse const& o) const { return low == o.low && high == o.high; }
+    auto operator<=>(EdgeUse const&) const = default;
+};
+
+class SelfContacts
+{
+public:
+    SelfContacts(ToolTree const& tree, std::vector<std::uint32_t> const& suspects)
+        : m_tree(tree), m_mesh(tree.mesh()), m_suspects(suspects)
+    {}
+
+    std::vector<TrianglePair> run(StageProgress& progress)
+    {
+        std::vector<bool> isSuspect(m_mesh.triangles.size(), false);
+        for (std::uint32_t const t : m_suspects)
+            isSuspect[t] = true;
+        progress.setAmount(m_suspects.size());
+        for (std::uint32_t const t : m_suspects) {
+            progress.add(1);
+            m_tree.forOverlapping(boxOf(t), [&](std::uint32_t u) {
+                if (u != t && (u > t || !isSuspect[u]))
+                    meet(std::min(t, u), std::max(t, u));
+            });
+        }
+        addOddEdges();
+        std::sort(m_pairs.begin(), m_pairs.end(), [](TrianglePair const& a, TrianglePair const& b) {
+            return a.first != b.first ? a.first < b.first : a.second < b.second;
+        });
+        return std::move(m_pairs);
+    }
+
+private:
+    Box boxOf(std::uint32_t triangle) const
+    {
+        Box box;
+        for (int k = 0; k < 3; ++k) {
+            UPoint3<float> const& p = m_mesh.point(triangle, k);
+            box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        }
+        return box;
+    }
+
+    void meet(std::uint32_t t, std::uint32_t u)
+    {
+        Corners const& a = m_mesh.triangles[t];
+        Corners const& b = m_mesh.triangles[u];
+        int shared = 0;
+        for (std::uint32_t const corner : a)
+            shared += std::find(b.begin(), b.end(), corner) != b.end();
+        if (shared > 1)
+            return;
+        TriangleContact const contact =
+            contactOf({m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)},
+                      {m_mesh.point(u, 0), m_mesh.point(u, 1), m_mesh.point(u, 2)});
+        if (contact.count > (shared == 1 ? 1 : 0) || (contact.isCoplanar && shared == 0))
+            m_pairs.push_back({t, u, contact});
+    }
+
+    /// Edges of suspects that do not join two triangles that agree.
+    void addOddEdges()
+    {
+        std::vector<EdgeUse> uses;
+        for (std::uint32_t const t : m_suspects)
+            for (std::size_t k = 0; k < 3; ++k) {
+                Corners const& c = m_mesh.triangles[t];
+                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
+                uses.push_back({low, high, t, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)});
+            }
+        std::sort(uses.begin(), uses.end());
+        for (std::size_t begin = 0, end = 0; begin < uses.size(); begin = end) {
+            while (end < uses.size() && uses[end].isSameEdge(uses[begin]))
+                ++end;
+            // An edge with one use is at the border of the suspects.
+            if (end - begin > 2 || (end - begin == 2 && uses[begin].way == uses[begin + 1].way))
+                for (std::size_t i = begin + 1; i < end; ++i)
+                    joinAtEdge(uses[begin], uses[i]);
+        }
+    }
+
+    void joinAtEdge(EdgeUse const& a, EdgeUse const& b)
+    {
+        auto const cornerOf = [&](EdgeUse const& use, bool isLow) {
+            return TrianglePlace::corner(isLow == (use.way > 0) ? use.place : (use.place + 1) % 3);
+        };
+        TriangleContact contact;
+        contact.count = 2;
+        contact.points = {TriangleContact::Point{cornerOf(a, true), cornerOf(b, true), true},
+                          TriangleContact::Point{cornerOf(a, false), cornerOf(b, false), true}};
+        m_pairs.push_back({a.triangle, b.triangle, contact});
+    }
+
+    ToolTree const& m_tree;
+    MeshArrays const& m_mesh;
+    std::vector<std::uint32_t> const& m_suspects;
+    std::vector<TrianglePair> m_pairs;
+};
+
+}  // namespace
+
+std::vector<TrianglePair> findSelfContacts(ToolTree const& tree,
+                                           std::vector<std::uint32_t> const& suspects,
+                                           StageProgress& progress)
+{
+    return SelfContacts(tree, suspects).run(progress);
+}

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/CrossingMending.h"
+#include "platform/services/Intersect.h"
+#include "platform/services/Repair.h"
+#include "tests/support/MeshBuilders.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using Point = UPoint3<float>;
+using Pieces = std::vector<std::vector<PieceTriangle>>;
+
+std::function<void(int)> const nobody;
+
+OperandSoup operandOf(Soup const& soup)
+{
+    OperandSoup operand;
+    operand.mesh.points = soup.points;
+    operand.mesh.triangles = soup.triangles;
+    operand.firstPointOfSecond = operand.pointCount();
+    operand.firstTriangleOfSecond = operand.triangleCount();
+    return operand;
+}
+
+/// All triangles of a soup.
+std::vector<PieceTriangle> wholeOf(Soup const& soup)
+{
+    std::vector<PieceTriangle> piece;
+    for (std::uint32_t t = 0; t < soup.triangles.size(); ++t)
+        piece.push_back({soup.triangles[t], t, false});
+    return piece;
+}
+
+Soup soupOf(std::vector<PieceTriangle> const& piece, std::vector<Point> const& places)
+{
+    Soup soup;
+    soup.points = places;
+    for (PieceTriangle const& t : piece)
+        soup.triangles.push_back(t.corners);
+    return soup;
+}
+
+std::size_t crossingsOf(MeshKernel& kernel)
+{
+    Repair::EvaluateErrors errors(&kernel);
+    errors.evaluate(Repair::EvaluateErrors::ERROR_INTERSECTIONS, true, true, {});
+    return errors.counts().selfIntersections;
+}
+
+std::size_t crossingsOf(Soup const& soup)
+{
+    return crossingsOf(*kernelOf(soup));
+}
+
+/// A box, and above its top a pyramid that points down with its tip, which is the last point.
+Soup boxUnderATip(float tipHeight)
+{
+    Soup soup = box(20, 30, 40);
+    Soup pyramid;
+    pyramid.points = {{5, 5, 50}, {15, 5, 50}, {15, 15, 50}, {5, 15, 50}, {10.5f, 9, tipHeight}};
+    pyramid.add(0, 1, 2);
+    pyramid.add(0, 2, 3);
+    for (std::uint32_t k = 0; k < 4; ++k)
+        pyramid.add((k + 1) % 4, k, 4);
+    soup.append(pyramid);
+    return soup;
+}
+
+float unitsBelow(float value, int units)
+{
+    for (int i = 0; i < units; ++i)
+        value = std::nextafter(value, 0.0f);
+    return value;
+}
+
+}  // namespace
+
+TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
+{
+    for (int const units : {1, 2, 5}) {
+        Soup const right = boxUnderATip(40.5f);
+        Soup const pushed = boxUnderATip(unitsBelow(40, units));
+        ASSERT_EQ(crossingsOf(right), 0u);
+        ASSERT_GT(crossingsOf(pushed), 0u);
+        OperandSoup const operand = operandOf(right);
+        Pieces pieces{wholeOf(pushed)};
+        std::vector<Point> places = pushed.points;
+        std::vector<bool> isFree(places.size(), false);
+        isFree.back() = true;
+        StageProgress progress(nobody);
+        EXPECT_TRUE(CrossingMending(operand, pieces, places, isFree).run(progress).empty());
+        Soup const mended = soupOf(pieces[0], places);
+        EXPECT_EQ(crossingsOf(mended), 0u);
+        EXPECT_EQ(closedSolidFaults(mended), "");
+        // No farther than it takes, and nothing else.
+        EXPECT_LT((places.back() - pushed.points.back()).GetLength(), 1e-4f);
+        for (std::size_t i = 0; i + 1 < places.size(); ++i)
+            EXPECT_EQ(places[i], pushed.points[i]);
+    }
+}
+
+TEST(CrossingMending, WhatIsMoreThanRoundingIsNamedAndStaysAsItIs)
+{
+    Soup const pushed = boxUnderATip(39);
+    OperandSoup const operand = operandOf(pushed);
+    Pieces pieces{wholeOf(pushed)};
+    std::vector<Point> places = pushed.points;
+    StageProgress progress(nobody);
+    // A tip that stands in the box by a millimetre is more than rounding does.
+    for (bool const isTipFree : {false, true}) {
+        std::vector<bool> isFree(places.size(), false);
+        isFree.back() = isTipFree;
+        auto const left = CrossingMending(operand, pieces, places, isFree).run(progress);
+        // A crossing that the operand had before is not told.
+        EXPECT_EQ(left.empty(), !isTipFree);
+        EXPECT_LT((places.back() - pushed.points.back()).GetLength(), 1e-3f);
+        EXPECT_EQ(soupOf(pieces[0], places).triangles, pushed.triangles);
+    }
+}
+
+TEST(CrossingMending, PiecesThatShareAPointKeepSharingIt)
+{
+    Soup const right = boxUnderATip(40.5f);
+    Soup const pushed = boxUnderATip(unitsBelow(40, 2));
+    OperandSoup const operand = operandOf(right);
+    Pieces pieces{wholeOf(pushed), wholeOf(pushed)};
+    std::vector<Point> places = pushed.points;
+    std::vector<bool> isFree(places.size(), false);
+    isFree.back() = true;
+    StageProgress progress(nobody);
+    EXPECT_TRUE(CrossingMending(operand, pieces, places, isFree).run(progress).empty());
+    EXPECT_EQ(soupOf(pieces[0], places).triangles, soupOf(pieces[1], places).triangles);
+}
+
+TEST(CrossingMending, NeedlesBetweenPointsInAlmostOnePlaceLeaveNoCrossing)
+{
+    // A body is trimmed to a round part and joined to it again: the trimmed surface lies on the
+    // part's as far as rounding tells, and needles between the two come to lie on the wrong sides.
+    Soup const part = subdivided(sphere(30, 24, 40, {1.1f, 2.3f, 3.7f}));
+    for (int i = 0; i < 40; ++i) {
+        float const t = 0.157f * float(i), r = 20 + 0.21f * float(i);
+        Soup bodies = cylinder(2.03f, 15, 31);
+        for (Point& p : bodies.points)
+            p = {p.X() + r * std::cos(t), p.Y() + r * std::sin(t), p.Z() - 7.3f};
+        auto const whole = kernelOf(part), pins = kernelOf(bodies);
+        auto const lower = kernelOf(part);
+        MeshKernel clipped, cut, joined;
+        std::vector<MeshKernel*> out{&clipped};
+        Intersect::boolean(whole.get(), pins.get(), out, Intersect::BOOLEAN_INTERSECT, {}, 1);
+        auto const slab = kernelOf(box(100, 100, 100, {-50, -50, 1.7f}));
+        out = {&cut};
+        Intersect::boolean(whole.get(), slab.get(), out, Intersect::BOOLEAN_SUBTRACT, {}, 1);
+        out = {&joined};
+        Intersect::boolean(&cut, &clipped, out, Intersect::BOOLEAN_UNION, {}, 1);
+        EXPECT_EQ(crossingsOf(joined), 0u) << i;
+        EXPECT_EQ(closedSolidFaults(joined), "") << i;
+    }
+}
