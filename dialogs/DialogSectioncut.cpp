@@ -132,11 +132,10 @@ void DialogSectioncut::on_cancel_clicked()
 
 void DialogSectioncut::closeEvent(QCloseEvent* event)
 {
-    QPointer<Base::GLView> const shownIn = view();
-    DialogWidgetOneOff::closeEvent(event);
     // The tool goes with its dialog, and takes the plane along.
-    if (event->isAccepted() && runningTool<PlanecutSelection>(shownIn))
-        shownIn->stopSelection();
+    if (isClosable())
+        leaveView({PlanecutSelection::toolName});
+    DialogWidgetOneOff::closeEvent(event);
 }
 
 // What it works on.
@@ -199,7 +198,7 @@ void DialogSectioncut::takeParts(bool haveChanged)
         // A plane of the old document would go without a word.
         setObject(nullptr);
         ui.ok->setEnabled(false);
-        DialogWidgetOneOff::setDocument(wanted);
+        setDocumentPointer(wanted);
     } else if (!haveChanged && parts == partList) {
         return;
     }
@@ -221,12 +220,6 @@ void DialogSectioncut::slotDelObject(Base::DocumentObject* object, std::string c
         ui.ok->setEnabled(false);
     }
     updateGUI();
-}
-
-void DialogSectioncut::slotNewObject(Base::DocumentObject*)
-{
-    updateGUI();
-    takeParts(false);
 }
 
 void DialogSectioncut::slotReplaceObject(Base::DocumentObject*)

@@ -56,7 +56,6 @@ public:
 
     void slotObjectSelectionChanged() override;
     void slotDelObject(Base::DocumentObject* object, std::string className) override;
-    void slotNewObject(Base::DocumentObject* object) override;
     void slotReplaceObject(Base::DocumentObject* object) override;
     void retranslate() override;
 

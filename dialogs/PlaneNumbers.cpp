@@ -118,7 +118,14 @@ void PlaneTravel::measure(UBox3<float> const& box, UPoint3<float> const& center,
 {
     m_plus = m_minus = 0;
     QVector4D const plane = PlaneNumbers::planeThrough(center, normal);
-    for (Point const& corner : cornersOf(box)) {
+    std::vector<Point> const corners = cornersOf(box);
+    // Where all corners lie on one side, as with a plane on the top of a part, the ends of the
+    // travel are still those of the box.
+    auto const [lowest, highest] = std::ranges::minmax_element(
+        corners, {}, [&](Point const& corner) { return (corner - center) | normal; });
+    m_farPlus = *highest;
+    m_farMinus = *lowest;
+    for (Point const& corner : corners) {
         bool const isPlus = ((corner - center) | normal) > 0;
         float& largest = isPlus ? m_plus : m_minus;
         float const depth = PlaneNumbers::distancePt2Plane(corner, plane);

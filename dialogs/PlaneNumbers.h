@@ -41,7 +41,8 @@ float distancePt2Plane(UPoint3<float> const& point, QVector4D const& plane);
 class PlaneTravel
 {
 public:
-    /// Measures anew. A side on which no corner of the box lies keeps its last point.
+    /// Measures anew. On a side where no corner of the box lies, the nearest one counts as the
+    /// farthest.
     ///
     /// normal  a unit vector
     void measure(UBox3<float> const& box, UPoint3<float> const& center,

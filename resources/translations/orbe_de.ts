@@ -1238,6 +1238,10 @@
         <source>the file ends here, but what its header announces takes at least %1 bytes behind the header; it is truncated.</source>
         <translation>Die Datei endet hier, aber was ihr Kopf ankündigt, braucht dahinter mindestens %1 Bytes; sie ist abgeschnitten.</translation>
     </message>
+    <message>
+        <source>the header announces %1 triangles, but the file holds %2; one of the two is damaged. Export the part again.</source>
+        <translation>der Kopf kündigt %1 Dreiecke an, die Datei enthält aber %2; eines von beiden ist beschädigt. Das Teil erneut exportieren.</translation>
+    </message>
 </context>
 <context>
     <name>Formats</name>

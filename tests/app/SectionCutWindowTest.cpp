@@ -13,7 +13,7 @@
 #include "tests/app/AppWindow.h"
 #include "tests/support/BooleanJudge.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <QCheckBox>
@@ -75,7 +75,7 @@ protected:
         if (!hasDisplay())
             GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
         AppWindow::SetUp();
-        window->resize(1400, 950);
+        window->resize(1750, 950);
         show();
     }
     void TearDown() override

@@ -9,8 +9,8 @@
 #include "platform/view/MeshGLView.h"
 #include "selection/RegisterSelections.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/ScratchSettings.h"
 #include "tests/support/TestDocument.h"
-#include "tests/ui/ScratchSettings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -101,13 +101,16 @@ TEST(PlaneTravel, RunsFromTheFarthestCornerBelowToTheOneAbove)
     EXPECT_EQ(travel.stepOf(PlaneNumbers::planeThrough({0, 0, 10}, {0, 0, 1}), 0.3f), 134);
 }
 
-TEST(PlaneTravel, ASideWithoutCornersKeepsItsLastPoint)
+TEST(PlaneTravel, BesideTheBoxItStillRunsFromEndToEnd)
 {
     PlaneTravel travel;
-    travel.measure(box, {0, 0, 10}, {0, 0, 1});
+    travel.measure(box, {0, 0, 30}, {0, 0, 1});
+    EXPECT_EQ(travel.farPlus().Z(), 30);
+    EXPECT_EQ(travel.farMinus().Z(), -30);
+    EXPECT_EQ(travel.stepCount(1), 62);
     travel.measure(box, {0, 0, 100}, {0, 0, 1});
-    EXPECT_EQ(travel.farPlus(), Point(-10, -20, 30));
-    EXPECT_EQ(travel.farMinus(), Point(-10, -20, -30));
+    EXPECT_EQ(travel.farPlus().Z(), 30);
+    EXPECT_EQ(travel.farMinus().Z(), -30);
     EXPECT_EQ(travel.stepCount(1), 132);
 }
 

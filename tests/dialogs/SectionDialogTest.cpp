@@ -16,7 +16,7 @@
 #include "selection/RunningTool.h"
 #include "tests/dialogs/DialogScene.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <gtest/gtest.h>
@@ -251,6 +251,16 @@ TEST_F(SectionDialog, ATypedCentreBeyondThePartsFallsBack)
     EXPECT_NEAR(center().X(), 500, 1e-3);
 }
 
+TEST_F(SectionDialog, ACentreCanBeTypedForAPlaneThatLiesOnTheTop)
+{
+    open();
+    tool()->setPlaneByCenterAndNormal({0, 0, 30}, {0, 0, 1});
+    type(ui().center[2], 10);
+    EXPECT_NEAR(center().Z(), 10, 1e-4);
+    type(ui().center[2], 31);
+    EXPECT_NEAR(center().Z(), 10, 1e-4);
+}
+
 TEST_F(SectionDialog, ATypedNormalTurnsThePlaneAboutItsCentre)
 {
     openWithPlane();
@@ -466,7 +476,14 @@ TEST_F(SectionDialog, ThePartsThatItMeasuresAreThoseOfTheDocumentAsItIs)
     Mesh::DocumentObject* const part = scene.test.document->getMeshObjects()[0];
     part->translate({0, 0, 10}, 0);
     EXPECT_EQ(ui().slider->value(), 51);
-    scene.test.add(box(1, 1, 1, {0, 0, 50}), "another");
+    Mesh::DocumentObject* const another = scene.test.add(box(1, 1, 1, {0, 0, 50}), "another");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ui().slider->maximum(), 412);
+    another->setVisible(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ui().slider->maximum(), 302);
+    another->setVisible(true);
+    QCoreApplication::processEvents();
     EXPECT_EQ(ui().slider->maximum(), 412);
 }
 

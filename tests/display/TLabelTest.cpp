@@ -53,6 +53,17 @@ TEST(TLabel, IsCentredInTheFontOfTheView)
     EXPECT_FALSE(label->font().italic());
 }
 
+TEST(TLabel, HasTheTwoStyles)
+{
+    // Other code finds the selected point by comparing with these texts.
+    EXPECT_STREQ(Freecut::TLabel::selectedStyle,
+                 "background-color: rgb(199, 97, 20);border-width: 2px;border-style: "
+                 "solid;border-color: rgb(255, 0, 0); color:rgb(255, 255, 255);");
+    EXPECT_STREQ(Freecut::TLabel::unselectedStyle,
+                 "background-color: rgb(199, 97, 20);border-width: 1px;border-style: "
+                 "solid;border-color: rgb(255, 170, 0); color:rgb(255, 255, 255);");
+}
+
 TEST(TLabel, AClickSelectsItsPointOfAPolygon)
 {
     QWidget view;

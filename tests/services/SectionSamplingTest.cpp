@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/geometry/UPoint2.h"
 #include "tests/services/CutFamilies.h"
 #include "tests/support/Validator.h"
 
@@ -119,4 +120,27 @@ TEST(SectionSampling, TheSameCutGivesTheSameSection)
     auto const first = cut(soup, {0, 0, 0.3f}, {0.2f, 0.1f, 1});
     auto const second = cut(soup, {0, 0, 0.3f}, {0.2f, 0.1f, 1});
     EXPECT_EQ(bytesOf(first->section), bytesOf(second->section));
+}
+
+TEST(SectionSampling, PointsThatDifferByLessThanTheAxesHoldAreOne)
+{
+    // A prism whose outline has two corners 1e-20 apart: different numbers beside the plane's axis,
+    // the same on the axes of a tilted plane.
+    std::vector<UPoint2<float>> const outline = {{0, 0}, {8, 0}, {8, 5}, {1e-20f, 5}, {0, 5}};
+    Soup prism;
+    for (float const z : {-20.0f, 20.0f})
+        for (UPoint2<float> const& p : outline)
+            prism.points.push_back({p.X(), p.Y(), z});
+    std::uint32_t const n = std::uint32_t(outline.size());
+    for (std::uint32_t i = 0; i < n; ++i) {
+        std::uint32_t const next = (i + 1) % n;
+        prism.triangles.push_back({i, next, n + next});
+        prism.triangles.push_back({i, n + next, n + i});
+        if (i > 0 && i + 1 < n) {
+            prism.triangles.push_back({0, i + 1, i});
+            prism.triangles.push_back({n, n + i, n + i + 1});
+        }
+    }
+    auto const outcome = cut(prism, {0, 0, 0}, {1, 2, 3});
+    EXPECT_NEAR(areaOf(soupOf(outcome->section)), 8 * 5 * std::sqrt(14.0) / 3, 1e-3);
 }

@@ -183,13 +183,15 @@ private:
         return m_plane.lift(m_plane.project(place));
     }
 
+    /// Points are told apart by the coordinates that are filled: two points beside a plane's axis
+    /// may differ by less than these can hold.
     std::uint32_t numberOf(Point const& place)
     {
-        auto const [entry, isNew] =
-            m_numbers.try_emplace(m_plane.project(place), std::uint32_t(m_places.size()));
+        Exact::SectionPoint2 const flat = m_axes.of(place);
+        auto const [entry, isNew] = m_numbers.try_emplace(flat, std::uint32_t(m_places.size()));
         if (isNew) {
             m_places.push_back(place);
-            m_flat.push_back(m_axes.of(place));
+            m_flat.push_back(flat);
         }
         return entry->second;
     }
