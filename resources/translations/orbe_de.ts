@@ -555,7 +555,7 @@
     </message>
     <message>
         <source>Tolerance</source>
-        <translation type="unfinished">Toleranz</translation>
+        <translation>Toleranz</translation>
     </message>
     <message>
         <source>Use Notch</source>
@@ -587,7 +587,7 @@
     </message>
     <message>
         <source>Height</source>
-        <translation type="unfinished">Höhe</translation>
+        <translation>Höhe</translation>
     </message>
     <message>
         <source>Upper width</source>
@@ -599,7 +599,7 @@
     </message>
     <message>
         <source>Parameters</source>
-        <translation type="unfinished">Parameter</translation>
+        <translation>Parameter</translation>
     </message>
     <message>
         <source>Count</source>
