@@ -2908,12 +2908,20 @@
         <translation>#In der Höhe des Schiebers</translation>
     </message>
     <message>
+        <source>#By a plane</source>
+        <translation>#Mit einer Ebene</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Tools</source>
         <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
     </message>
 </context>
 <context>
