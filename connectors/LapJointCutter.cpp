@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/LapJointCutter.h"
 
+#include "connectors/ConnectorSurvey.h"
 #include "connectors/HalfJoining.h"
 #include "connectors/LapJointOutline.h"
 #include "connectors/LapJointSolid.h"
 #include "connectors/SectionPlanes.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 
 LapJointCutter::LapJointCutter(LapJointParas const& paras_, bool checkBoundary_,
@@ -17,6 +19,7 @@ bool LapJointCutter::execute(std::function<void(int)> progress)
 {
     result.clear();
     m_remarks.clear();
+    m_sections.clear();
     try {
         result = run(progress);
     } catch (Mell::AbortException const& abort) {
@@ -39,9 +42,10 @@ CutResultMap LapJointCutter::run(std::function<void(int)> const& progress)
 }
 
 std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const& frame,
-                                              MeshKernel const& basePlane) const
+                                              MeshKernel const& basePlane)
 {
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
+    m_sections[part.object] = {sectionArea(*part.cap), contours.size(), {}};
     if (contours.empty())
         return {};
     ConnectorProgress::Poll const poll =
@@ -51,10 +55,17 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
         poll();
     std::vector<MeshKernel> notch = createNotchMesh(contours, frame, basePlane, false);
     // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
-    if (tongue.empty() || notch.empty())
+    if (tongue.empty() || notch.empty()) {
+        m_remarks.push_back(noRoomForJoint(part.object));
         return {};
+    }
+    ConnectorSurvey const survey(part, frame, m_remarks);
+    LapJointOutline const outline(paras, frame, *basePlane.readMesh());
+    survey.ofJoint(paras, outline.of(contours, true), outline.of(contours, false));
     sinkFloor(notch.front(), frame, paras.frontClearance);
-    return applyLapJoint(part, tongue, notch);
+    Halves const joined = applyLapJoint(part, tongue, notch);
+    survey.ofShells(joined);
+    return joined;
 }
 
 std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionContour> const& contours,

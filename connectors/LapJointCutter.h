@@ -4,6 +4,7 @@
 #include "connectors/ConnectorRun.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/SectionContour.h"
+#include "connectors/SectionRecord.h"
 #include "cutjobs/common/CutResultMap.h"
 
 namespace Freecut {
@@ -35,11 +36,13 @@ public:
     CutResultMap& getResult() { return result; }
     /// After execute: what a person must be told of the cut.
     CutRemarks const& remarks() const { return m_remarks; }
+    /// After execute: the sections of the parts that the plane meets.
+    SectionRecords const& sections() const { return m_sections; }
 
 private:
     CutResultMap run(std::function<void(int)> const& progress);
     std::optional<Halves> connect(PartOfRun& part, PlaneFrame const& frame,
-                                  MeshKernel const& basePlane) const;
+                                  MeshKernel const& basePlane);
     /// The tongue or the notch as one kernel, or none.
     std::vector<MeshKernel> createNotchMesh(std::vector<SectionContour> const& contours,
                                             PlaneFrame const& frame, MeshKernel const& basePlane,
@@ -53,4 +56,5 @@ private:
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
     CutRemarks m_remarks;
+    SectionRecords m_sections;
 };

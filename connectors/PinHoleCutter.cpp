@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/PinHoleCutter.h"
 
+#include "connectors/ConnectorSurvey.h"
 #include "connectors/HalfJoining.h"
 #include "connectors/PinBodies.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 
 namespace {
@@ -25,6 +27,7 @@ bool PinHoleCutter::execute(std::function<void(int)> progress)
 {
     result.clear();
     m_remarks.clear();
+    m_sections.clear();
     try {
         result = run(paras.faceclearance != 0 ? RunForm::twoCuts() : RunForm::oneCut(), progress);
     } catch (Mell::AbortException const& abort) {
@@ -50,18 +53,26 @@ CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> co
 }
 
 std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& form,
-                                             PlaneFrame const& frame) const
+                                             PlaneFrame const& frame)
 {
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
+    m_sections[part.object] = {sectionArea(*part.cap), contours.size(), {}};
     if (contours.empty())
         return {};
     std::vector<UPoint3<float>> const positions =
         PinPlacement(paras, frame, ConnectorProgress::poll(part.stage({form.connectorStart, 0})))
             .computePositions(contours, part.cap.get());
-    if (positions.empty())
+    m_sections[part.object].positions = positions;
+    if (positions.empty()) {
+        m_remarks.push_back(noRoomForPins(part.object));
         return {};
-    return paras.isPin ? applyPins(part, form, frame, positions)
-                       : applyHoles(part, form, frame, positions);
+    }
+    ConnectorSurvey const survey(part, frame, m_remarks);
+    survey.ofPins(paras, positions);
+    Halves const joined = paras.isPin ? applyPins(part, form, frame, positions)
+                                      : applyHoles(part, form, frame, positions);
+    survey.ofShells(joined);
+    return joined;
 }
 
 Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,

@@ -3,6 +3,7 @@
 
 #include "connectors/ConnectorRun.h"
 #include "connectors/PinHoleParas.h"
+#include "connectors/SectionRecord.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/geometry/UPoint3.h"
 
@@ -35,11 +36,12 @@ public:
     CutResultMap& getResult() { return result; }
     /// After execute: what a person must be told of the cut.
     CutRemarks const& remarks() const { return m_remarks; }
+    /// After execute: the sections of the parts that the plane meets.
+    SectionRecords const& sections() const { return m_sections; }
 
 private:
     CutResultMap run(RunForm const& form, std::function<void(int)> const& progress);
-    std::optional<Halves> connect(PartOfRun& part, RunForm const& form,
-                                  PlaneFrame const& frame) const;
+    std::optional<Halves> connect(PartOfRun& part, RunForm const& form, PlaneFrame const& frame);
     Halves applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                      std::vector<UPoint3<float>> const& positions) const;
     Halves applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
@@ -51,4 +53,5 @@ private:
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
     CutRemarks m_remarks;
+    SectionRecords m_sections;
 };

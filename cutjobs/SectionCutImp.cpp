@@ -17,13 +17,14 @@ namespace {
 /// Runs a connector cut and takes its result over once all of it is there.
 template <typename Cutter>
 bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResultMap& result,
-               CutRemarks& remarks)
+               CutRemarks& remarks, SectionRecords& sections)
 {
     try {
         bool const isDone = cutter.execute(progress);
         if (isDone) {
             result = cutter.getResult();
             remarks = cutter.remarks();
+            sections = cutter.sections();
         }
         return isDone;
     } catch (Mell::AbortException const& abort) {
@@ -68,6 +69,7 @@ void SectionCutImp::setLapJointParas(LapJointParas const& paras)
 void SectionCutImp::doWork()
 {
     m_result.clear();
+    m_sections.clear();
     runJob("Section Cut", [this](std::function<void(int)> const& progress) {
         switch (m_cutType) {
             case SECTIONCUT_PLANE:
@@ -107,13 +109,13 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
 bool SectionCutImp::pinHoleCut(std::function<void(int)> progress)
 {
     return runCutter(PinHoleCutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result, jobRemarks());
+                     progress, m_result, jobRemarks(), m_sections);
 }
 
 bool SectionCutImp::lapJointCut(std::function<void(int)> progress)
 {
     return runCutter(LapJointCutter(m_lapJointParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result, jobRemarks());
+                     progress, m_result, jobRemarks(), m_sections);
 }
 
 void SectionCutImp::calculateCutPlaneMesh(UMesh<float>* mesh,

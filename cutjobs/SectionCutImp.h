@@ -3,6 +3,7 @@
 
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
+#include "connectors/SectionRecord.h"
 #include "cutjobs/CutWorker.h"
 #include "cutjobs/SectionCutType.h"
 #include "cutjobs/common/CutResultMap.h"
@@ -36,6 +37,8 @@ public:
 
     /// The pieces of the last job: side A, to which the plane's normal points, before side B in a
     /// plain cut; for connectors as their cutters tell. Empty after a connector cut that failed.
+    /// After a cut with connectors: the sections of the parts that the plane meets.
+    SectionRecords const& sections() const { return m_sections; }
     CutResultMap& getResult() { return m_result; }
 
 public slots:
@@ -55,4 +58,5 @@ private:
     bool m_checkBoundary = false;
     std::vector<Mesh::DocumentObject*> m_objects;
     CutResultMap m_result;
+    SectionRecords m_sections;
 };

@@ -21,6 +21,14 @@ struct CutRemark
         GapTakesPiece,
         /// Connectors were asked for and there is no room for one.
         NoRoomForConnectors,
+        /// A pin is cut short by the part's surface, or a hole opens through it.
+        ConnectorLeavesPart,
+        /// The connectors hold the faces apart by more than the gap that was asked for.
+        FacesNeverMeet,
+        /// Connectors leave a piece of more shells than the plain cut does.
+        PieceFallsApart,
+        /// What was asked for could not be, and something near to it was done.
+        RequestChanged,
     };
 
     Mesh::DocumentObject* part;

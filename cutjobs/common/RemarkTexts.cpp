@@ -37,6 +37,22 @@ CutRemark toolHoldsPart(Mesh::DocumentObject* part)
         QT_TRANSLATE_NOOP("CutRemarks", "Nothing was cut: the whole part lies within the tool."));
 }
 
+CutRemark noRoomForPins(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::NoRoomForConnectors,
+                  QT_TRANSLATE_NOOP("CutRemarks",
+                                    "The section has no room for a connector, so its halves are "
+                                    "plain."));
+}
+
+CutRemark noRoomForJoint(Mesh::DocumentObject* part)
+{
+    return remark(part, Kind::NoRoomForConnectors,
+                  QT_TRANSLATE_NOOP("CutRemarks",
+                                    "The section has no room for a lap joint, so its halves are "
+                                    "plain."));
+}
+
 CutRemark gapTakesPart(Mesh::DocumentObject* part)
 {
     return remark(

@@ -10,6 +10,9 @@ CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded);
 CutRemark toolMisses(Mesh::DocumentObject* part);
 CutRemark toolHoldsPart(Mesh::DocumentObject* part);
 
+CutRemark noRoomForPins(Mesh::DocumentObject* part);
+CutRemark noRoomForJoint(Mesh::DocumentObject* part);
+
 CutRemark gapTakesPart(Mesh::DocumentObject* part);
 CutRemark gapTakesInside(Mesh::DocumentObject* part);
 CutRemark gapTakesOutside(Mesh::DocumentObject* part);

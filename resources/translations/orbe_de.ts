@@ -331,6 +331,46 @@
         <source>The part&apos;s lower end lies within the gap between the faces: it is missing.</source>
         <translation>Das untere Ende des Teils liegt im Spalt zwischen den Flächen: Es fehlt.</translation>
     </message>
+    <message>
+        <source>The section has no room for a connector, so its halves are plain.</source>
+        <translation>Der Schnitt hat keinen Platz für einen Verbinder, daher sind seine Hälften glatt.</translation>
+    </message>
+    <message>
+        <source>The section has no room for a lap joint, so its halves are plain.</source>
+        <translation>Der Schnitt hat keinen Platz für eine Überlappung, daher sind seine Hälften glatt.</translation>
+    </message>
+    <message>
+        <source>The lower piece consists of %1 shells; without connectors it would be %2.</source>
+        <translation>Das untere Teilstück besteht aus %1 Schalen; ohne Verbinder wären es %2.</translation>
+    </message>
+    <message>
+        <source>The upper piece consists of %1 shells; without connectors it would be %2.</source>
+        <translation>Das obere Teilstück besteht aus %1 Schalen; ohne Verbinder wären es %2.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pins leave the part: at one of them it goes on for only %3 mm above the plane.</source>
+        <translation>%1 von %2 Stiften treten aus dem Teil aus: Bei einem davon reicht es nur %3 mm über die Ebene.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 holes open to the outside or into a cavity: at one of them the part goes on for only %3 mm.</source>
+        <translation>%1 von %2 Löchern öffnen sich nach außen oder in einen Hohlraum: Bei einem davon reicht das Teil nur %3 mm weit.</translation>
+    </message>
+    <message>
+        <source>The faces never meet: the pins reach the ends of their holes before, for the gap between the faces is wider than the one above the pins.</source>
+        <translation>Die Flächen berühren sich nie: Die Stifte erreichen vorher die Enden ihrer Löcher, denn der Spalt zwischen den Flächen ist breiter als der über den Stiften.</translation>
+    </message>
+    <message>
+        <source>The tongue leaves the part: at one place it goes on for only %1 mm above the plane.</source>
+        <translation>Die Zunge tritt aus dem Teil aus: An einer Stelle reicht es nur %1 mm über die Ebene.</translation>
+    </message>
+    <message>
+        <source>The notch opens to the outside or into a cavity: at one place the part goes on for only %1 mm above the plane.</source>
+        <translation>Die Nut öffnet sich nach außen oder in einen Hohlraum: An einer Stelle reicht das Teil nur %1 mm über die Ebene.</translation>
+    </message>
+    <message>
+        <source>The faces never meet: the tongue reaches the end of its notch before, for the gap between the faces is wider than the one above the tongue.</source>
+        <translation>Die Flächen berühren sich nie: Die Zunge erreicht vorher das Ende ihrer Nut, denn der Spalt zwischen den Flächen ist breiter als der über der Zunge.</translation>
+    </message>
 </context>
 <context>
     <name>CutView</name>
