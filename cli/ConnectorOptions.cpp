@@ -182,6 +182,30 @@ void ConnectorOptions::check() const
         pinHoleParas();
 }
 
+std::string ConnectorOptions::adviceOn(CutRemark::Kind remark) const
+{
+    bool const isJoint = kind == Kind::LapJoint;
+    switch (remark) {
+        case CutRemark::Kind::NoRoomForConnectors:
+            if (isJoint)
+                return basedOn == 1 ? " Choose a smaller --side-distance or --based-on all."
+                                    : " Choose a smaller --side-distance.";
+            return lengths.contains("--side-distance")
+                       ? " Choose a smaller --side-distance."
+                       : " Choose a smaller --radius or --side-clearance.";
+        case CutRemark::Kind::ConnectorLeavesPart:
+            return isJoint ? " Choose a smaller --notch-depth." : " Choose a smaller --height.";
+        case CutRemark::Kind::FacesNeverMeet:
+            return isJoint ? " Choose a --front-clearance of at most the --back-clearance."
+                           : " Choose a --face-clearance of at most the --top-clearance.";
+        case CutRemark::Kind::GapTakesPiece:
+            return isJoint ? " Choose a smaller --front-clearance."
+                           : " Choose a smaller --face-clearance.";
+        default:
+            return {};
+    }
+}
+
 SECTIONCUTTYPE ConnectorOptions::cutType() const
 {
     return kind == Kind::None       ? SECTIONCUT_PLANE

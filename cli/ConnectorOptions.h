@@ -5,6 +5,7 @@
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
 #include "cutjobs/SectionCutType.h"
+#include "cutjobs/common/CutRemark.h"
 
 #include <map>
 #include <string>
@@ -34,6 +35,9 @@ struct ConnectorOptions
     /// Throws UsageError for an option that has no meaning with this kind, and for a value outside
     /// its limits.
     void check() const;
+
+    /// What to change about a remark, naming the option to blame, to go on after it; may be empty.
+    std::string adviceOn(CutRemark::Kind kind) const;
 
     SECTIONCUTTYPE cutType() const;
     /// The word for the kind on the command line, without its dashes; "none" for a plain cut.

@@ -58,9 +58,19 @@ char const* nameOf(CutRemark::Kind kind)
             return "gapTakesPiece";
         case CutRemark::Kind::NoRoomForConnectors:
             return "noRoomForConnectors";
+        case CutRemark::Kind::ConnectorLeavesPart:
+            return "connectorLeavesPart";
+        case CutRemark::Kind::FacesNeverMeet:
+            return "facesNeverMeet";
+        case CutRemark::Kind::PieceFallsApart:
+            return "pieceFallsApart";
+        case CutRemark::Kind::RequestChanged:
+            return "requestChanged";
     }
     return "";
 }
+
+}  // namespace
 
 Report remarkReport(CutRemark const& remark)
 {
@@ -69,6 +79,8 @@ Report remarkReport(CutRemark const& remark)
         report["places"] = pointsReport(remark.places);
     return report;
 }
+
+namespace {
 
 Report partReport(CutPart const& part)
 {

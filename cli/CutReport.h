@@ -4,6 +4,9 @@
 #include "cli/CutPart.h"
 #include "cli/Report.h"
 
+/// A remark, for a report.
+Report remarkReport(CutRemark const& remark);
+
 /// The parts with their pieces, for the report of a cut.
 Report partsReport(std::vector<CutPart> const& parts);
 

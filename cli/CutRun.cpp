@@ -44,6 +44,12 @@ CutRun::CutRun(std::string const& command, CutOptions const& options)
         m_files.emplace(options.pieces.folder, options.pieces.overwrite());
 }
 
+void CutRun::remark(CutRemark::Kind kind, std::string text)
+{
+    complain(text);
+    reportHead()["remarks"].push_back(remarkReport({nullptr, kind, std::move(text), {}}));
+}
+
 int CutRun::perform(std::function<void()> const& cut)
 {
     try {

@@ -26,6 +26,8 @@ public:
     Mesh::Document& document() { return m_document; }
     bool isDry() const { return m_options.dryRun; }
     bool wantsReport() const { return m_report.isWanted(); }
+    /// Says what is so of the whole run; the report tells it too.
+    void remark(CutRemark::Kind kind, std::string text);
     /// The report's fields that are this command's own.
     Report& reportHead() { return m_report.head(); }
 

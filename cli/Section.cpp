@@ -67,8 +67,9 @@ int runSection(SectionOptions const& options)
         Freecut::PlaneSize const size = sizeOf(options, run.document());
         describe(run.reportHead(), options, size);
         auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-        bool const wantsSurvey =
-            run.wantsReport() || run.isDry() || options.connectors.cutType() != SECTIONCUT_PLANE;
+        // With connectors the cut tells of the section itself.
+        bool const isPlain = options.connectors.cutType() == SECTIONCUT_PLANE;
+        bool const wantsSurvey = run.isDry() || (isPlain && run.wantsReport());
         run.cutEach([&](CutPart& part) {
             if (wantsSurvey)
                 surveySection(part, *plane, options);

@@ -6,6 +6,16 @@
 
 namespace {
 
+SectionFacts factsOf(SectionRecord const& record, ConnectorOptions const& connectors)
+{
+    SectionFacts facts;
+    facts.area = record.area;
+    facts.contours = record.contours;
+    if (connectors.cutType() == SECTIONCUT_PINHOLE)
+        facts.positions = record.positions;
+    return facts;
+}
+
 /// Connectors turn the order of the pieces round; a cut for them that leaves a gap does so even
 /// where none fits.
 bool isLowerFirst(CutPart const& part, ConnectorOptions const& connectors)
@@ -33,6 +43,10 @@ void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicOb
     if (options.connectors.cutType() == SECTIONCUT_LAPJOINT)
         worker.setLapJointParas(options.connectors.lapJointParas());
     runWorker(worker, part);
+    if (auto const found = worker.sections().find(part.object); found != worker.sections().end())
+        part.section = factsOf(found->second, options.connectors);
+    for (CutRemark& remark : part.remarks)
+        remark.text += options.connectors.adviceOn(remark.kind);
 
     IntegrationRules rules;
     rules.removesSources = !options.keepOriginal;

@@ -4,6 +4,7 @@
 #include "connectors/LapJointOutline.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Intersect.h"
@@ -64,12 +65,7 @@ private:
         facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll(progress))
                               .computePositions(contours, &section);
         if (facts.positions->empty())
-            part.remarks.push_back(
-                {part.object,
-                 CutRemark::Kind::NoRoomForConnectors,
-                 "The section has no room for a connector, so its halves are plain. Choose a "
-                 "smaller radius or clearance.",
-                 {}});
+            part.remarks.push_back(withAdvice(noRoomForPins(part.object)));
     }
 
     void placeJoint(CutPart& part, std::vector<SectionContour> const& contours) const
@@ -79,12 +75,13 @@ private:
         LapJointParas const paras = m_connectors.lapJointParas();
         LapJointOutline const outline(paras, m_frame, *m_plane.readMesh());
         if (outline.of(contours, true).size() == 0)
-            part.remarks.push_back(
-                {part.object,
-                 CutRemark::Kind::NoRoomForConnectors,
-                 "The section has no room for a lap joint, so its halves are plain. Choose a "
-                 "smaller side distance or other contours.",
-                 {}});
+            part.remarks.push_back(withAdvice(noRoomForJoint(part.object)));
+    }
+
+    CutRemark withAdvice(CutRemark remark) const
+    {
+        remark.text += m_connectors.adviceOn(remark.kind);
+        return remark;
     }
 
     PlaneFrame const& m_frame;

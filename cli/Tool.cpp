@@ -11,9 +11,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <set>
 
 namespace {
 
@@ -32,18 +34,59 @@ double areaOf(Freecut::Loops const& loops)
     return area;
 }
 
-void checkOutlines(Freecut::ToolOutlines const& outlines, ToolOptions const& options)
+void checkOutlines(Freecut::ToolOutlines const& outlines)
 {
     if (!outlines.problem.empty())
         throw UsageError(outlines.problem);
     // Coordinates are whole thousandths of a millimetre, so an area below that is rounding.
     if (!(areaOf(outlines.solidLoops) > 1e-6))
         throw UsageError("The outline encloses nothing. Give corners that go around an area.");
+}
+
+/// Corners of the outline that are still there although it was to be rounded; straight ones are
+/// none.
+std::size_t sharpCorners(Freecut::ToolOutlines const& outlines)
+{
+    std::set<std::array<float, 3>> rounded;
+    for (Freecut::Ring const& ring : outlines.roundedLoops)
+        for (UPoint3<float> const& p : ring)
+            rounded.insert({p.X(), p.Y(), p.Z()});
+    std::size_t count = 0;
+    for (Freecut::Ring ring : outlines.solidLoops) {
+        if (ring.size() > 1 && ring.front() == ring.back())
+            ring.pop_back();
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            UPoint3<float> const& p = ring[i];
+            UVector3<float> in = p - ring[(i + ring.size() - 1) % ring.size()];
+            UVector3<float> out = ring[(i + 1) % ring.size()] - p;
+            bool const isCorner = (in.Normalize() * out.Normalize()).GetLength() > 1e-3f;
+            count += isCorner && rounded.contains({p.X(), p.Y(), p.Z()});
+        }
+    }
+    return count;
+}
+
+/// Says what has become of the request, where that is something else than was asked for.
+void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions const& options)
+{
+    auto const tell = [&](std::string const& text) {
+        run.remark(CutRemark::Kind::RequestChanged, text);
+    };
     bool const isInward = options.hasClearance() && options.direction() != 1;
     if (isInward && outlines.innerLoops.empty())
-        std::fprintf(stderr,
-                     "freecut: The clearance leaves nothing of the tool, so the parts are split "
-                     "without a gap. Choose a smaller clearance.\n");
+        tell(
+            "The clearance leaves nothing of the tool, so the parts are split without a gap. "
+            "Choose a smaller --clearance.");
+    if (!outlines.residualLoops.empty())
+        tell("The outline crosses itself: " + grouped(outlines.residualLoops.size()) +
+             (outlines.residualLoops.size() == 1 ? " part of it is" : " parts of it are") +
+             " dropped. --svg shows which; give corners that go around once.");
+    if (std::size_t const sharp = outlines.roundedLoops.empty() ? 0 : sharpCorners(outlines))
+        tell("--round does not fit: " + grouped(sharp) +
+             (sharp == 1 ? " corner stays" : " corners stay") +
+             " sharp, for the edges are too short. Choose a smaller radius.");
+    if (std::string const text = options.changeByTolerance(); !text.empty())
+        tell(text);
 }
 
 void describe(Report& head, ToolOptions const& options, ToolScene const& scene,
@@ -89,7 +132,8 @@ int runTool(ToolOptions const& options)
         ToolScene scene(run.document(), options.viewIndex());
         DrawnTool const tool = options.draw(scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
-        checkOutlines(outlines, options);
+        checkOutlines(outlines);
+        tellChanges(run, outlines, options);
         if (!options.picture.empty())
             writeToolPicture(options.picture, scene, tool, run.parts());
         describe(run.reportHead(), options, scene, tool);

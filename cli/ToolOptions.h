@@ -30,6 +30,8 @@ public:
     float cutTill() const;
     bool hasClearance() const { return !m_clearance.empty(); }
     bool hasCutTill() const { return !m_cutTill.empty(); }
+    /// What a tolerance that has no meaning makes of the tool, in a sentence; or empty.
+    virtual std::string changeByTolerance() const { return {}; }
     /// All of it, before anything is read.
     virtual void check() const;
 

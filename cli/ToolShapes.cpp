@@ -117,6 +117,14 @@ float CylinderOptions::tolerance() const
     return m_tolerance.empty() ? 0.025f : parseExtent(m_tolerance, "--tolerance");
 }
 
+std::string CylinderOptions::changeByTolerance() const
+{
+    if (tolerance() <= parseExtent(m_radius, "--radius"))
+        return {};
+    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
+           "smaller --tolerance.";
+}
+
 void CylinderOptions::check() const
 {
     ToolOptions::check();

@@ -26,6 +26,7 @@ class CylinderOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "cylinder"; }
+    std::string changeByTolerance() const override;
     DrawnTool draw(ToolScene& scene) const override;
     void check() const override;
 

@@ -170,6 +170,40 @@ TEST(FreecutSection, ALapJointFollowsTheContoursThatAreChosen)
     EXPECT_NE(volumes["inner"], volumes["all"]);
 }
 
+TEST(FreecutSection, ConnectorsThatLeaveThePartAreToldWithTheOptionToBlame)
+{
+    // Above the plane the block goes on for 1.5 mm.
+    BlockFolder const folder;
+    for (auto const& [option, sentence] : std::vector<std::pair<std::string, std::string>>{
+             {"--pins", "Choose a smaller --height."},
+             {"--holes", "Choose a smaller --height."},
+             {"--lap-joint", "Choose a smaller --notch-depth."}}) {
+        auto const result = folder.run({"section", "block.stl", "--center", "20,15,18.5",
+                                        "--normal", "0,0,1", option, "--force", "--json", "-"});
+        ASSERT_EQ(result.status, 0) << result.errors;
+        EXPECT_NE(result.errors.find("only 1.5 mm"), std::string::npos) << result.errors;
+        EXPECT_NE(result.errors.find(sentence), std::string::npos) << result.errors;
+        auto const remarks = result.json()["parts"][0]["remarks"];
+        ASSERT_FALSE(remarks.empty());
+        EXPECT_EQ(remarks[0]["kind"], "connectorLeavesPart");
+        EXPECT_NEAR(remarks[0]["places"][0][2].get<double>(), 18.5, 1e-3);
+    }
+}
+
+TEST(FreecutSection, TheRunTellsTheSamePositionsAsADryRun)
+{
+    BlockFolder const folder;
+    auto const dry = folder.run(sectionOf({"block.stl"}, {"--pins", "--dry-run", "--json", "-"}));
+    auto const run = folder.run(sectionOf({"block.stl"}, {"--pins", "--json", "-"}));
+    auto const dryPart = dry.json()["parts"][0];
+    auto const runPart = run.json()["parts"][0];
+    ASSERT_FALSE(dryPart["positions"].empty());
+    EXPECT_EQ(runPart["positions"], dryPart["positions"]);
+    EXPECT_EQ(runPart["section"]["contours"], dryPart["section"]["contours"]);
+    EXPECT_NEAR(runPart["section"]["area"].get<double>(), dryPart["section"]["area"].get<double>(),
+                1e-6);
+}
+
 TEST(FreecutSection, ASectionTooSmallForAPinIsToldAndCutPlainly)
 {
     BlockFolder const folder;
@@ -184,6 +218,7 @@ TEST(FreecutSection, ASectionTooSmallForAPinIsToldAndCutPlainly)
     EXPECT_TRUE(part["positions"].empty());
     ASSERT_EQ(part["remarks"].size(), 1u);
     EXPECT_EQ(part["remarks"][0]["kind"], "noRoomForConnectors");
+    EXPECT_NE(result.errors.find("--radius"), std::string::npos) << result.errors;
     ASSERT_EQ(part["pieces"].size(), 2u);
     EXPECT_NEAR(part["pieces"][0]["volume"].get<double>(), 12000, 12);
 }

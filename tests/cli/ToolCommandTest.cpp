@@ -223,8 +223,30 @@ TEST(FreecutTools, AClearanceThatSwallowsTheToolIsTold)
     BlockFolder const folder;
     auto const result = folder.cut(rectangle, {"--clearance", "5", "--json", "-"});
     ASSERT_EQ(result.status, 0);
-    EXPECT_NE(result.errors.find("Choose a smaller clearance"), std::string::npos);
+    EXPECT_NE(result.errors.find("Choose a smaller --clearance"), std::string::npos);
     EXPECT_EQ(folder.volumes(result).size(), 2u);
+}
+
+TEST(FreecutTools, WhatWasChangedInTheRequestIsTold)
+{
+    BlockFolder const folder;
+    for (auto const& [shape, more, sentence] : std::vector<std::tuple<Names, Names, std::string>>{
+             {rectangle, {"--round", "100"}, "--round does not fit: 4 corners stay sharp"},
+             {{"polygon", "--view", "top", "--points", "5,5;25,25;25,5;5,25"},
+              {},
+              "The outline crosses itself: 1 part of it is dropped."},
+             {circle, {"--tolerance", "6"}, "The tolerance is larger than the radius"}}) {
+        Names all = more;
+        all.insert(all.end(), {"--dry-run", "--json", "-"});
+        auto const result = folder.cut(shape, all);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_EQ(result.errors.find("freecut: " + sentence), 0u) << result.errors;
+        Json const report = result.json();
+        ASSERT_EQ(report["remarks"].size(), 1u) << sentence;
+        EXPECT_EQ(report["remarks"][0]["kind"], "requestChanged");
+    }
+    auto const rounded = folder.cut(rectangle, {"--round", "2", "--dry-run"});
+    EXPECT_EQ(rounded.errors, "");
 }
 
 TEST(FreecutTools, WrongValuesAreNamedBeforeAnythingIsRead)
