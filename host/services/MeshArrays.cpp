@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/MeshMaking.h"
 #include "host/services/RecordArrays.h"
 
 #include <tbb/blocked_range.h>
