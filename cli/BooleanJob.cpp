@@ -65,6 +65,8 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
         if (kernel->readMesh()->triangles.empty())
             continue;
         kernel->UpdateBoundingBox();
-        a.pieces.push_back({a.object->getName() + '_' + what, kernel, nullptr, {}, {}});
+        CutPiece& piece = a.pieces.emplace_back();
+        piece.name = a.object->getName() + '_' + what;
+        piece.kernel = kernel;
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommonOptions.h"
 
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
 #include "cli/ProgressLine.h"
 #include "host/jobs/Threads.h"
 
@@ -10,6 +12,11 @@ void CommonOptions::addTo(CLI::App& command)
 {
     command.add_option("FILE", files, "The parts: STL, OBJ, PLY or 3MF files")->required();
     command
+        .add_option("--scale", scaleText,
+                    "Multiply the parts by this first: 25.4 if they are in inches, 1000 if in "
+                    "metres")
+        ->type_name("F");
+    command
         .add_option("--json", report,
                     "Write a report to this file, replacing it, or to standard output for \"-\"")
         ->type_name("FILE|-");
@@ -17,6 +24,17 @@ void CommonOptions::addTo(CLI::App& command)
         ->check(CLI::Range(1, 1024))
         ->type_name("N");
     command.add_flag("--quiet", quiet, "Print neither table nor progress");
+}
+
+float CommonOptions::scale() const
+{
+    if (scaleText.empty())
+        return 1;
+    std::optional<float> const scale = parseNumber(scaleText);
+    if (!scale || !(*scale > 0))
+        throw UsageError("--scale takes a number above 0 such as 25.4, but got \"" + scaleText +
+                         "\".");
+    return *scale;
 }
 
 void addKeepGoing(CLI::App& command, bool& keepGoing)
@@ -28,6 +46,7 @@ void addKeepGoing(CLI::App& command, bool& keepGoing)
 
 void applyCommonOptions(CommonOptions const& options)
 {
+    options.scale();
     if (options.threads > 0)
         Threads::setThreadCount(options.threads);
     Base::setProgressSink(std::make_shared<ProgressLine>(isTerminal() && !options.quiet));

@@ -15,10 +15,14 @@ struct CommonOptions
     /// Where the report goes: a file, "-" for standard output, empty for nowhere.
     std::string report;
     int threads = 0;
+    /// As typed; empty for 1.
+    std::string scaleText;
     bool quiet = false;
 
     void addTo(CLI::App& command);
 
+    /// By what the coordinates of the parts are multiplied. Throws UsageError.
+    float scale() const;
     /// Whether the table for people goes to standard output.
     bool wantsTable() const { return !quiet && report != "-"; }
 };
@@ -26,5 +30,6 @@ struct CommonOptions
 /// What is said of a file that fails does not end the command.
 void addKeepGoing(CLI::App& command, bool& keepGoing);
 
-/// Plugs the progress line in and limits the threads.
+/// Plugs the progress line in and limits the threads. Throws UsageError for what is wrong in the
+/// options.
 void applyCommonOptions(CommonOptions const& options);

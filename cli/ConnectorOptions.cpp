@@ -53,9 +53,10 @@ float lengthOf(ConnectorOptions const& options, char const* name, Length const& 
         return float(std::min(std::max(length.initial, range.least), range.largest));
     float const value = parseMillimetres(given->second, name);
     if (value < float(range.least) || value > float(range.largest))
-        throw UsageError(
-            std::string(name) + " must be from " + limitText(range.least, range.leastIs) + " to " +
-            limitText(range.largest, range.largestIs) + ", but is " + given->second + ".");
+        throw UsageError(std::string(name) + " must be from " +
+                         limitText(range.least, range.leastIs) + " to " +
+                         limitText(range.largest, range.largestIs) + ", but is " + given->second +
+                         "." + (value < float(range.least) ? smallLengthAdvice(value) : ""));
     return value;
 }
 

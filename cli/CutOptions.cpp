@@ -1,12 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutOptions.h"
 
+#include "cli/Errors.h"
+#include "cli/PieceFiles.h"
+
 #include <CLI/CLI.hpp>
 
 void CutOptions::addSources(CLI::App& command)
 {
     common.addTo(command);
     addKeepGoing(command, keepGoing);
+}
+
+void CutOptions::addNames(CLI::App& command, char const* meanings, char const* numbers)
+{
+    command
+        .add_option(
+            "--name", names,
+            std::string("Name the two pieces PART_") + "NAME instead of by numbers. " + numbers)
+        ->type_name(meanings)
+        ->delimiter(',')
+        ->expected(2)
+        ->allow_extra_args(false);
+}
+
+void CutOptions::checkNames() const
+{
+    if (names.empty())
+        return;
+    if (names.size() != 2 || safeFileName(names[0]) == safeFileName(names[1]) || names[0].empty() ||
+        names[1].empty())
+        throw UsageError(
+            "--name takes two different names with a comma between them, such as "
+            "top,bottom.");
 }
 
 void CutOptions::addPieces(CLI::App& command)

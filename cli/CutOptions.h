@@ -12,6 +12,8 @@ struct CutOptions
     /// A file that fails does not end the run.
     bool keepGoing = false;
     bool failIfUncut = false;
+    /// For the two pieces of a part, in the order of CutPiece::side; or empty.
+    std::vector<std::string> names;
     /// The parts themselves are written too.
     bool keepOriginal = false;
     /// Measure, but cut and write nothing.
@@ -20,4 +22,10 @@ struct CutOptions
     // In this order a command's help tells first what is read, then the cut, then what is written.
     void addSources(CLI::App& command);
     void addPieces(CLI::App& command);
+    /// meanings  of the two names, such as "UPPER,LOWER"
+    /// numbers   says which piece gets which number without them
+    void addNames(CLI::App& command, char const* meanings, char const* numbers);
+
+    /// Throws UsageError for names that cannot tell two pieces apart.
+    void checkNames() const;
 };

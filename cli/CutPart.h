@@ -5,6 +5,7 @@
 #include "cutjobs/common/CutRemark.h"
 #include "host/mesh/MeshFacts.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/Repair.h"
 
 #include <filesystem>
 #include <memory>
@@ -28,6 +29,10 @@ struct CutPiece
     std::filesystem::path file;
     /// Measured once the part is cut.
     MeshFacts facts;
+    /// What a repair did to it.
+    Repair::Report repair;
+    /// Which of two pieces it is, 0 for the upper one of a plane and the inner one of a tool.
+    std::size_t side = 0;
 };
 
 /// What a plane makes of a part, before it is cut.

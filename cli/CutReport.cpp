@@ -8,20 +8,37 @@
 
 namespace {
 
+Report pointsReport(std::vector<UPoint3<float>> const& points)
+{
+    Report report = Report::array();
+    for (UPoint3<float> const& p : points)
+        report.push_back({tidy(p.X()), tidy(p.Y()), tidy(p.Z())});
+    return report;
+}
+
+Report repairItems(std::vector<Repair::Report::Item> const& items)
+{
+    Report report = Report::array();
+    for (Repair::Report::Item const& item : items) {
+        Report& entry = report.emplace_back();
+        entry["kind"] = Repair::keyOf(item.flaw);
+        entry["count"] = item.count;
+        entry["places"] = pointsReport(item.places);
+        if (!item.reason.empty())
+            entry["reason"] = item.reason;
+    }
+    return report;
+}
+
 Report pieceReport(CutPiece const& piece)
 {
     Report report;
     report["name"] = piece.name;
     report["file"] = piece.file.string();
     appendFacts(report, piece.facts);
-    return report;
-}
-
-Report pointsReport(std::vector<UPoint3<float>> const& points)
-{
-    Report report = Report::array();
-    for (UPoint3<float> const& p : points)
-        report.push_back({tidy(p.X()), tidy(p.Y()), tidy(p.Z())});
+    if (!piece.repair.isEmpty())
+        report["repair"] = {{"mended", repairItems(piece.repair.mended)},
+                            {"left", repairItems(piece.repair.left)}};
     return report;
 }
 
@@ -123,4 +140,15 @@ void complainOfOpenPieces(CutPart const& part, bool isAllowed)
             complain(piece.file.string() +
                      ": The piece is not closed: " + openPlacesOf(piece.facts) +
                      (isAllowed ? "." : ". Repair the part, or accept it with --allow-open."));
+}
+
+void tellOfRepairs(CutPart const& part)
+{
+    for (CutPiece const& piece : part.pieces) {
+        std::string text;
+        for (std::string const& line : Repair::linesOf(piece.repair))
+            text += ' ' + line;
+        if (!text.empty())
+            complain(piece.file.string() + ':' + text);
+    }
 }

@@ -10,5 +10,8 @@ Report partsReport(std::vector<CutPart> const& parts);
 /// Prints the pieces for a person to read, to standard output.
 void printTable(std::vector<CutPart> const& parts);
 
+/// Says what repairs did to the pieces of a part, in one line for each piece.
+void tellOfRepairs(CutPart const& part);
+
 /// Says which pieces of a part are not closed, and what can be done.
 void complainOfOpenPieces(CutPart const& part, bool isAllowed);

@@ -22,6 +22,15 @@ void failIfUncut(CutPart const& part)
             throw CutError(remark.text);
 }
 
+/// A part that fell into one piece has no other to be told apart from.
+void namePieces(CutPart& part, std::vector<std::string> const& names)
+{
+    if (names.empty() || part.pieces.size() != 2)
+        return;
+    for (CutPiece& piece : part.pieces)
+        piece.name = part.object->getName() + '_' + names[piece.side];
+}
+
 }  // namespace
 
 CutRun::CutRun(std::string const& command, CutOptions const& options)
@@ -30,6 +39,7 @@ CutRun::CutRun(std::string const& command, CutOptions const& options)
       m_document(*Application::Instance->newDocument("freecut"))
 {
     applyCommonOptions(options.common);
+    options.checkNames();
     if (!isDry())
         m_files.emplace(options.pieces.folder, options.pieces.overwrite());
 }
@@ -68,6 +78,7 @@ void CutRun::cut(CutPart& part, std::function<void()> const& job)
         job();
         if (m_options.failIfUncut)
             failIfUncut(part);
+        namePieces(part, m_options.names);
         for (CutPiece& piece : part.pieces)
             piece.facts = measureMesh(*piece.kernel);
     });
@@ -89,7 +100,7 @@ void CutRun::readFile(std::string const& file)
     CutPart unread;
     unread.source = file;
     std::vector<SourcePart> sources;
-    if (!attempt(unread, [&] { sources = readSource(file); })) {
+    if (!attempt(unread, [&] { sources = readSource(file, m_options.common.scale()); })) {
         append(std::move(unread));
         return stopUnlessGoingOn();
     }
@@ -156,8 +167,10 @@ void CutRun::finish()
         m_files->keep();
     if (m_options.common.wantsTable() && !isDry())
         printTable(m_parts);
-    for (CutPart const& part : m_parts)
+    for (CutPart const& part : m_parts) {
+        tellOfRepairs(part);
         complainOfOpenPieces(part, m_options.pieces.allowOpen);
+    }
 }
 
 bool CutRun::isKept() const

@@ -21,5 +21,8 @@ CutPart addPart(Mesh::Document& document, SourcePart source, bool measure)
 
 CutPiece pieceOf(Mesh::DocumentObject const& object)
 {
-    return {object.getName(), object.meshProperty->shareMesh(), nullptr, {}, {}};
+    CutPiece piece;
+    piece.name = object.getName();
+    piece.kernel = object.meshProperty->shareMesh();
+    return piece;
 }

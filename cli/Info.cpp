@@ -95,7 +95,7 @@ void printPart(SourcePart const& part, MeshFacts const& facts, Counts const& cou
 std::size_t tellOf(std::string const& file, CommonOptions const& options, Report& parts)
 {
     std::size_t errors = 0;
-    for (SourcePart const& part : readSource(file)) {
+    for (SourcePart const& part : readSource(file, options.scale())) {
         MeshFacts const facts = measureMesh(*part.kernel);
         Counts const counts = countErrors(part);
         errors += counts.total();

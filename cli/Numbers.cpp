@@ -93,6 +93,11 @@ std::vector<float> parseNumbers(std::string const& text)
     return numbers;
 }
 
+std::string smallLengthAdvice(float length)
+{
+    return length > 0 ? " If the part is not in millimetres, bring it there with --scale." : "";
+}
+
 float parseMillimetres(std::string const& text, std::string const& option)
 {
     if (std::optional<float> const value = parseNumber(text))

@@ -26,6 +26,10 @@ std::optional<float> parseNumber(std::string const& text);
 /// Numbers with commas between them; empty if one of them is none.
 std::vector<float> parseNumbers(std::string const& text);
 
+/// What to do about a length that is smaller than any can be, to go on after the sentence that says
+/// so; empty for one that is not above zero.
+std::string smallLengthAdvice(float length);
+
 /// A length from the command line. Throws UsageError that names the option if the text is not a
 /// number or too large to be one.
 float parseMillimetres(std::string const& text, std::string const& option);

@@ -22,10 +22,13 @@ std::vector<std::string> formatNames()
 void PieceOptions::addTo(CLI::App& command)
 {
     command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check([](std::string const& text) {
+            return text.empty() ? "takes a folder such as \".\"" : "";
+        });
     command
         .add_option("--format", format, "The format of the pieces (default: that of the source)")
-        ->check(CLI::IsMember(formatNames()))
+        ->transform(CLI::IsMember(formatNames(), CLI::ignore_case))
         ->type_name("NAME");
     command.add_flag("--force", force, "Replace files that exist");
     command.add_flag("--allow-open", allowOpen,

@@ -4,10 +4,28 @@
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
 #include "host/formats/FileError.h"
+#include "host/formats/FormatRegistry.h"
 #include "host/formats/OutputFile.h"
 
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
+
+namespace {
+
+bool isNamedLikeAMesh(std::filesystem::path const& path)
+{
+    std::string extension = path.extension().string();
+    for (char& c : extension)
+        c = char(std::tolower(static_cast<unsigned char>(c)));
+    for (auto const& format : Formats::FormatRegistry::instance().formats())
+        for (std::string_view const own : format->extensions())
+            if (extension == '.' + std::string(own))
+                return true;
+    return false;
+}
+
+}  // namespace
 
 Report boxReport(UBox3<float> const& box)
 {
@@ -57,8 +75,12 @@ void checkReportTarget(std::string const& target, std::vector<std::string> const
     std::error_code error;
     for (std::string const& source : sources)
         if (std::filesystem::equivalent(path, source, error))
-            throw UsageError("The report would replace the part " + source +
+            throw UsageError(target + " would replace the part " + source +
                              "; give it another name.");
+    if (isNamedLikeAMesh(path))
+        throw UsageError(target +
+                         " is named like a part and could replace a piece; give it another "
+                         "extension, such as .json or .svg.");
     auto const folder = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
     if (!std::filesystem::is_directory(folder, error))
         throw Formats::FileError(path, "its folder does not exist; make it first.");

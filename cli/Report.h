@@ -24,8 +24,9 @@ void appendFacts(Report& object, MeshFacts const& facts);
 /// The edges that keep a mesh from being closed, in words.
 std::string openPlacesOf(MeshFacts const& facts);
 
-/// Throws UsageError if the report would replace a file that is read. Throws Formats::FileError if
-/// its folder is missing, so that this does not come out after the work.
+/// Throws UsageError if a report or a picture would replace a file that is read, or is named like a
+/// mesh and so might replace a piece. Throws Formats::FileError if its folder is missing, so that
+/// this does not come out after the work.
 void checkReportTarget(std::string const& target, std::vector<std::string> const& sources);
 
 /// Writes the report to standard output for the target "-", else to that file, which appears when

@@ -4,6 +4,22 @@
 #include "cli/WorkerRun.h"
 #include "cutjobs/SectionCutImp.h"
 
+namespace {
+
+/// Connectors turn the order of the pieces round; a cut for them that leaves a gap does so even
+/// where none fits.
+bool isLowerFirst(CutPart const& part, ConnectorOptions const& connectors)
+{
+    if (part.pieces.size() != 2 || connectors.cutType() == SECTIONCUT_PLANE)
+        return false;
+    bool const hasPositions =
+        part.section && part.section->positions && !part.section->positions->empty();
+    return connectors.cutType() == SECTIONCUT_LAPJOINT || hasPositions ||
+           connectors.pinHoleParas().faceclearance != 0;
+}
+
+}  // namespace
+
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
                 SectionOptions const& options)
 {
@@ -21,4 +37,7 @@ void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicOb
     IntegrationRules rules;
     rules.removesSources = !options.keepOriginal;
     integratePieces(document, rules, worker.getResult(), part);
+    if (isLowerFirst(part, options.connectors))
+        for (CutPiece& piece : part.pieces)
+            piece.side = 1 - piece.side;
 }

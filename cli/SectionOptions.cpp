@@ -36,6 +36,9 @@ void SectionOptions::addTo(CLI::App& command)
                      "Write the parts themselves too, beside their pieces");
     command.add_flag("--dry-run", dryRun,
                      "Measure the section and place the connectors, but cut and write nothing");
+    addNames(command, "UPPER,LOWER",
+             "Number 1 is the upper piece and 2 the lower one; with connectors it is the other way "
+             "round");
     addPieces(command);
 }
 

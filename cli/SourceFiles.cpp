@@ -4,7 +4,18 @@
 #include "host/formats/PartFiles.h"
 #include "platform/jobs/SequencerLauncher.h"
 
-std::vector<SourcePart> readSource(std::string const& file)
+namespace {
+
+void multiply(MeshKernel& kernel, float scale)
+{
+    for (UVertex<float>* const vertex : kernel.getMesh()->vertices)
+        vertex->P() = vertex->cP() * scale;
+    kernel.UpdateBoundingBox();
+}
+
+}  // namespace
+
+std::vector<SourcePart> readSource(std::string const& file, float scale)
 {
     Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
     display.setCancelEnabled(true);
@@ -13,7 +24,10 @@ std::vector<SourcePart> readSource(std::string const& file)
     auto loaded =
         Formats::readParts(file, [&](int percent) { display.setProgress(std::uint64_t(percent)); });
     std::vector<SourcePart> parts;
-    for (Formats::LoadedPart& part : loaded)
+    for (Formats::LoadedPart& part : loaded) {
+        if (scale != 1)
+            multiply(*part.kernel, scale);
         parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
+    }
     return parts;
 }

@@ -23,5 +23,6 @@ struct SourcePart
 
 /// Reads all parts of a file, in order, behind a progress display.
 ///
+/// scale   what their coordinates are multiplied by
 /// throws  Formats::FileError; Mell::AbortException if the user cancels
-std::vector<SourcePart> readSource(std::string const& file);
+std::vector<SourcePart> readSource(std::string const& file, float scale);

@@ -17,6 +17,7 @@ void addInfo(CLI::App& commandLine, Action& action);
 void addZCut(CLI::App& commandLine, Action& action);
 void addSection(CLI::App& commandLine, Action& action);
 void addBoolean(CLI::App& commandLine, Action& action);
+void addRepair(CLI::App& commandLine, Action& action);
 /// The cuts by solid tools: polygon, cylinder and cuboid.
 void addTools(CLI::App& commandLine, Action& action);
 

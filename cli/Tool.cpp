@@ -12,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -65,10 +66,24 @@ void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
     std::printf("%s mm deep\n", decimal(tool.record->getExtrudeVector().GetLength()).c_str());
 }
 
+/// Throws as checkReportTarget, and if the report would replace the picture.
+void checkPicture(ToolOptions const& options)
+{
+    checkReportTarget(options.picture, options.common.files);
+    if (options.picture.empty() || options.common.report.empty())
+        return;
+    auto const placeOf = [](std::string const& file) {
+        return std::filesystem::weakly_canonical(std::filesystem::absolute(file));
+    };
+    if (placeOf(options.picture) == placeOf(options.common.report))
+        throw UsageError("The report would replace the picture " + options.picture +
+                         "; give them different names.");
+}
+
 int runTool(ToolOptions const& options)
 {
     options.check();
-    checkReportTarget(options.picture, options.common.files);
+    checkPicture(options);
     CutRun run(options.name(), options);
     return run.perform([&] {
         ToolScene scene(run.document(), options.viewIndex());

@@ -28,7 +28,7 @@ float parseExtent(std::string const& text, std::string const& option)
     float const extent = parseMillimetres(text, option);
     if (!(extent >= leastExtent))
         throw UsageError(option + " must be at least " + decimal(leastExtent) + " mm, but is " +
-                         text + ".");
+                         text + "." + smallLengthAdvice(extent));
     return extent;
 }
 
@@ -73,6 +73,7 @@ void ToolOptions::addTo(CLI::App& command)
         .add_option("--svg", picture,
                     "Write a picture of the outlines and the parts' silhouettes, replacing it")
         ->type_name("FILE");
+    addNames(command, "INSIDE,OUTSIDE", "Number 1 is the piece within the tool, 2 the one outside");
     addPieces(command);
 }
 

@@ -29,6 +29,8 @@ void integratePieces(Mesh::Document& document, IntegrationRules const& rules,
     ResultIntegration::PartMap const newParts = integration.begin(pieces);
     integration.end();
     for (auto const& [source, objects] : newParts)
-        for (Mesh::DocumentObject* const object : objects)
+        for (Mesh::DocumentObject* const object : objects) {
             part.pieces.push_back(pieceOf(*object));
+            part.pieces.back().side = part.pieces.size() - 1;
+        }
 }

@@ -2,7 +2,6 @@
 #include "cli/CutRun.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
-#include "cli/ZCutOptions.h"
 
 #include <CLI/CLI.hpp>
 

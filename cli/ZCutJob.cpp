@@ -40,18 +40,24 @@ Outcome waitFor(Freecut::SectionZCut& cut, Start const& start)
 
 }  // namespace
 
-void cutAtHeight(Mesh::Document& document, CutPart& part, float height, bool repair)
+void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairScope repair)
 {
     Freecut::SectionZCut cut(nullptr);
     cut.setDocument(&document);
-    cut.setPara({.undoable = true, .repair = repair});
+    cut.setPara({.undoable = true, .repair = repair != RepairScope::None});
+    cut.setRepairsWhole(repair == RepairScope::All);
     Outcome const outcome = waitFor(cut, [&] { cut.startZCut({part.object}, height); });
     if (outcome.code < 0)
         throw Mell::AbortException("Aborting...");
     if (outcome.code == 0)
         throw CutError(cut.reason(), outcome.message);
     part.remarks = cut.remarks();
-    for (auto const& [source, pieces] : cut.newParts())
-        for (Mesh::DocumentObject* const piece : pieces)
-            part.pieces.push_back(pieceOf(*piece));
+    for (auto const& [source, pieces] : cut.newParts()) {
+        std::vector<Repair::Report> const& repairs = cut.repairReports().at(source);
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            part.pieces.push_back(pieceOf(*pieces[i]));
+            part.pieces.back().repair = repairs[i];
+            part.pieces.back().side = i;
+        }
+    }
 }

@@ -35,8 +35,22 @@ void ZCutOptions::addTo(CLI::App& command)
         ->allow_extra_args(false)
         ->check(checkHeight);
     heightGroup->require_option(1);
-    command.add_flag("--repair,!--no-repair", repair,
-                     "Check each piece and repair it if need be (default), or do not");
+    CLI::Option* const scope =
+        command
+            .add_option_function<std::string>(
+                "--repair",
+                [this](std::string const& word) {
+                    repair = word == "all" ? RepairScope::All : RepairScope::Touched;
+                },
+                "Check each piece and mend it if need be: only what the cut made or touched "
+                "(default), or all of it")
+            ->check(CLI::IsMember({"touched", "all"}))
+            ->type_name("WHAT");
+    command
+        .add_flag_callback(
+            "--no-repair", [this] { repair = RepairScope::None; }, "Leave the pieces as they are")
+        ->excludes(scope);
+    addNames(command, "UPPER,LOWER", "Number 1 is the upper piece, 2 the lower one");
     addPieces(command);
 }
 

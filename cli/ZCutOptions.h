@@ -3,13 +3,22 @@
 
 #include "cli/CutOptions.h"
 
+/// How much of the pieces is mended.
+enum class RepairScope
+{
+    None,
+    /// What the cut made or touched.
+    Touched,
+    All,
+};
+
 /// The command line of the Z cut.
 struct ZCutOptions : CutOptions
 {
     /// As typed; exactly one of the two is given.
     std::string height;
     std::vector<std::string> heights;
-    bool repair = true;
+    RepairScope repair = RepairScope::Touched;
 
     void addTo(CLI::App& command);
 

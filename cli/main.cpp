@@ -2,6 +2,7 @@
 #include "cli/Cancel.h"
 #include "cli/ExitStatus.h"
 #include "cli/Failure.h"
+#include "cli/NearestCommand.h"
 #include "cli/SubCommands.h"
 #include "platform/ui/Application.h"
 
@@ -66,19 +67,26 @@ int main(int argc, char** argv)
         "  freecut section bracket.stl --center 0,0,12.5 --normal 0,0,1 --pins\n"
         "  freecut polygon bracket.stl --view top --points \"0,0;20,0;20,15\" --clearance 0.1\n"
         "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
+        "  freecut repair scan.stl\n"
         "\n"
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be read or "
         "written,\n4 the pieces are written but one of them is not closed. Cancelled: 130 by "
         "Ctrl-C, 143 by\na termination, 129 when the terminal has gone.");
+    commandLine.set_version_flag("--version", "freecut " FREECUT_VERSION);
     Action action;
     addInfo(commandLine, action);
     addZCut(commandLine, action);
     addSection(commandLine, action);
     addBoolean(commandLine, action);
     addTools(commandLine, action);
+    addRepair(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {
+        if (argc > 1 && isUnknownCommand(commandLine, argv[1])) {
+            complain(unknownCommand(commandLine, argv[1]));
+            return EXIT_WRONG_USAGE;
+        }
         return commandLine.exit(e) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
     }
     Cancel::listen();

@@ -4,6 +4,7 @@
 #include "module/DialogCommands.h"
 #include "module/EditCommands.h"
 #include "module/OrbeCmdZcut.h"
+#include "module/PlaneCommands.h"
 #include "module/PreviewCommands.h"
 #include "module/SolidToolCommands.h"
 #include "module/ToolCommands.h"

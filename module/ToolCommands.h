@@ -25,39 +25,3 @@ private:
     /// Whether the command's mouse tool runs in a view.
     virtual bool runsIn(Base::GLView const& view) const;
 };
-
-class CmdFreecutPlane3Pts : public ToolCommand
-{
-public:
-    CmdFreecutPlane3Pts() : ToolCommand(textsOfCommand("CmdFreecutPlane3Pts")) {}
-};
-
-class CmdFreecutPlaneTangent : public ToolCommand
-{
-public:
-    CmdFreecutPlaneTangent() : ToolCommand(textsOfCommand("CmdFreecutPlaneTangent")) {}
-};
-
-class CmdFreecutPlaneVertical : public ToolCommand
-{
-public:
-    CmdFreecutPlaneVertical() : ToolCommand(textsOfCommand("CmdFreecutPlaneVertical")) {}
-};
-
-class CmdFreecutPlaneXYPlane : public ToolCommand
-{
-public:
-    CmdFreecutPlaneXYPlane() : ToolCommand(textsOfCommand("CmdFreecutPlaneXYPlane")) {}
-};
-
-class CmdFreecutPlaneXZPlane : public ToolCommand
-{
-public:
-    CmdFreecutPlaneXZPlane() : ToolCommand(textsOfCommand("CmdFreecutPlaneXZPlane")) {}
-};
-
-class CmdFreecutPlaneYZPlane : public ToolCommand
-{
-public:
-    CmdFreecutPlaneYZPlane() : ToolCommand(textsOfCommand("CmdFreecutPlaneYZPlane")) {}
-};

@@ -112,6 +112,7 @@ void PlanecutSelection::resetSelection()
     planeObject = nullptr;
     createdObjects.clear();
     pickMarkers.clear();
+    clearMark();
     isDragging = isResizing = false;
     enablePointPickMesh = false;
     if (m_view)
@@ -207,6 +208,7 @@ int PlanecutSelection::mousePressEvent(QMouseEvent* event)
     int handle = 0;
     if (event->button() == Qt::LeftButton && isHandleUnder(event->pos(), handle)) {
         (isControlAlone(*event) ? isResizing : isDragging) = true;
+        capturePress([this, before = corners(), size = getPlaneSize()] { putBack(before, size); });
     } else if (enablePointPickMesh) {
         lastPos = event->pos();
         return PointPickerMesh::mousePressEvent(event);
@@ -288,6 +290,14 @@ void PlanecutSelection::dragMoveMouseRight(UVector3<float> const& delta)
     PlaneCorners const resized = resizedPlane(corners(), selectedIndex, delta);
     setPlaneSize(sizeOf(resized));
     takeCorners(resized);
+}
+
+void PlanecutSelection::putBack(PlaneCorners const& corners, PlaneSize const& size)
+{
+    if (!planeObject)
+        return;
+    setPlaneSize(size);
+    takeCorners(corners);
 }
 
 void PlanecutSelection::takeCorners(PlaneCorners const& corners)

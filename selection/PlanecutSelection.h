@@ -70,6 +70,8 @@ private:
     void dragMoveMouseLeft(UVector3<float> const& delta);
     void dragMoveMouseRight(UVector3<float> const& delta);
     void takeCorners(PlaneCorners const& corners);
+    /// For a drag that is given up.
+    void putBack(PlaneCorners const& corners, PlaneSize const& size);
     PlaneCorners corners() const;
     bool isHandleUnder(QPoint position, int& handle) const;
     void showHandleCursor(bool isResizeWanted);

@@ -25,7 +25,7 @@ constexpr std::size_t normalBytes = 12;
 constexpr std::size_t recordsPerRead = 32768;
 /// Triangles whose points are joined together.
 constexpr std::size_t recordsPerBatch = 64;
-/// What a file may have behind its triangles and still be recognised without its name.
+/// The most that a file may have behind its triangles, unless it is triangles again.
 constexpr std::uint64_t paddingBytes = 4096;
 
 std::uint32_t countIn(std::string_view header)
@@ -90,6 +90,23 @@ void addRecords(MeshBuilder& builder, std::span<std::byte const> bytes, std::uin
     }
 }
 
+/// Throws if behind the triangles that the header announces there are more of them. Padding is let
+/// pass.
+void checkEnd(InputFile& input, std::uint32_t count)
+{
+    std::uint64_t const behind = input.size() - endOfTriangles(count);
+    std::vector<std::byte> rest(std::min(behind, paddingBytes));
+    rest.resize(input.read(rest));
+    bool const isZero = std::ranges::all_of(rest, [](std::byte b) { return b == std::byte(0); });
+    if (behind > paddingBytes || (behind > 0 && behind % recordBytes == 0 && !isZero))
+        throw FileError::atByte(
+            input.path(), countOffset,
+            FileError::tr("the header announces %1 triangles, but the file holds %2; one of the "
+                          "two is damaged. Export the part again.")
+                .arg(count)
+                .arg(count + behind / recordBytes));
+}
+
 }  // namespace
 
 bool looksLikeBinaryStl(std::string_view head, std::uint64_t fileSize)
@@ -118,6 +135,7 @@ std::unique_ptr<MeshKernel> readBinaryStl(InputFile& input)
         addRecords(builder, bytes, done, input);
         done += wanted;
     }
+    checkEnd(input, count);
     if (builder.isEmpty())
         throw FileError::atByte(
             input.path(), headerBytes,

@@ -4,6 +4,7 @@
 #include "host/formats/ObjFormat.h"
 #include "host/formats/PlyFormat.h"
 #include "host/formats/StlFormat.h"
+#include "host/formats/TextTokens.h"
 #include "host/formats/ThreeMfFormat.h"
 
 #include <algorithm>
@@ -71,7 +72,7 @@ MeshFormat const& FormatRegistry::forContent(InputFile const& input) const
 {
     std::array<char, MeshFormat::recognitionBytes> buffer;
     std::size_t const count = input.peekHead(std::as_writable_bytes(std::span(buffer)));
-    std::string_view const head(buffer.data(), count);
+    std::string_view const head = withoutByteOrderMark({buffer.data(), count});
 
     MeshFormat const* const named = byExtension(input.path());
     if (named && named->recognises(head, input.size()))

@@ -2,6 +2,7 @@
 #include "host/formats/LineReader.h"
 
 #include "host/formats/FileError.h"
+#include "host/formats/TextTokens.h"
 
 #include <cstring>
 
@@ -43,6 +44,8 @@ bool LineReader::next(std::string_view& line)
     }
     if (line.ends_with('\r'))
         line.remove_suffix(1);
+    if (m_lineNumber == 0)
+        line = withoutByteOrderMark(line);
     ++m_lineNumber;
     return true;
 }

@@ -38,7 +38,7 @@ PlyReader::PlyReader(InputFile& input)
             input,
             m_header.encoding == PlyEncoding::BigEndian ? std::endian::big : std::endian::little);
     }
-    m_builder = std::make_unique<MeshBuilder>(element("face")->count, element("vertex")->count);
+    m_builder = std::make_unique<MeshBuilder>(faceElement()->count, element("vertex")->count);
     m_builder->allowUnusedPoints();
     m_splitter = std::make_unique<PolygonSplitter>(*m_builder);
 }
@@ -48,8 +48,8 @@ std::unique_ptr<MeshKernel> PlyReader::read()
     for (PlyElement const& each : m_header.elements) {
         if (&each == element("vertex"))
             readVertices(each);
-        else if (&each == element("face"))
-            readFaces(each);
+        else if (&each == faceElement())
+            each.name == "face" ? readFaces(each) : readStrips(each);
         else
             skipElement(each);
     }
@@ -66,13 +66,19 @@ PlyElement const* PlyReader::element(std::string_view name) const
     return found == m_header.elements.end() ? nullptr : &*found;
 }
 
+PlyElement const* PlyReader::faceElement() const
+{
+    PlyElement const* const faces = element("face");
+    return faces ? faces : element("tristrips");
+}
+
 void PlyReader::checkHeader() const
 {
     auto const fail = [&](QString const& problem) {
         throw FileError::atLine(m_input.path(), m_lines.lineNumber(), problem);
     };
     PlyElement const* const vertices = element("vertex");
-    PlyElement const* const faces = element("face");
+    PlyElement const* const faces = faceElement();
     if (!vertices ||
         std::ranges::count_if(vertices->properties, [](auto& p) { return axisOf(p) >= 0; }) != 3)
         fail(FileError::tr(
@@ -101,8 +107,7 @@ void PlyReader::checkSize() const
             FileError::tr("the file ends here, but what its header announces takes at least %1 "
                           "bytes behind the header; it is truncated.")
                 .arg(needed));
-    requireMemoryFor(std::max(element("face")->count, element("vertex")->count / 2),
-                     m_input.path());
+    requireMemoryFor(std::max(faceElement()->count, element("vertex")->count / 2), m_input.path());
 }
 
 void PlyReader::readVertices(PlyElement const& vertices)
@@ -145,17 +150,52 @@ void PlyReader::readFace(PlyProperty const& indices, std::uint64_t corners)
             FileError::tr("a face of three or more corners was expected, but there are %1.")
                 .arg(corners));
     m_corners.clear();
-    for (std::uint64_t i = 0; i < corners; ++i) {
-        double const index = m_values->next(indices.type);
-        if (!(index >= 0 && index < double(m_vertices.size())))
-            throw m_values->error(
-                FileError::tr(
-                    "the face refers to vertex %1, but there are %2 vertices, counted from 0.")
-                    .arg(std::int64_t(index))
-                    .arg(m_vertices.size()));
-        m_corners.push_back(m_vertices[std::size_t(index)]);
-    }
+    for (std::uint64_t i = 0; i < corners; ++i)
+        m_corners.push_back(vertexAt(m_values->next(indices.type)));
     m_splitter->add(m_corners);
+}
+
+UVertex<float>* PlyReader::vertexAt(double index) const
+{
+    if (!(index >= 0 && index < double(m_vertices.size())))
+        throw m_values->error(
+            FileError::tr(
+                "the face refers to vertex %1, but there are %2 vertices, counted from 0.")
+                .arg(std::int64_t(index))
+                .arg(m_vertices.size()));
+    return m_vertices[std::size_t(index)];
+}
+
+void PlyReader::readStrips(PlyElement const& strips)
+{
+    for (std::uint64_t i = 0; i < strips.count; ++i)
+        for (PlyProperty const& property : strips.properties) {
+            if (holdsCorners(property))
+                readStrip(property, nextCount(property));
+            else
+                skip(property);
+        }
+}
+
+/// Each vertex makes a triangle with the two before it, every other one turned round; -1 begins a
+/// new strip.
+void PlyReader::readStrip(PlyProperty const& indices, std::uint64_t length)
+{
+    m_corners.clear();
+    for (std::uint64_t i = 0; i < length; ++i) {
+        double const index = m_values->next(indices.type);
+        if (index == -1) {
+            m_corners.clear();
+            continue;
+        }
+        m_corners.push_back(vertexAt(index));
+        std::size_t const n = m_corners.size();
+        if (n < 3)
+            continue;
+        bool const isTurned = n % 2 == 0;
+        m_builder->addTriangle(m_corners[n - 3 + isTurned], m_corners[n - 2 - isTurned],
+                               m_corners[n - 1]);
+    }
 }
 
 void PlyReader::skipElement(PlyElement const& element)

@@ -11,8 +11,8 @@
 namespace Formats {
 
 /// Reads the positions (x, y, z of "vertex") and the faces ("vertex_indices" or "vertex_index" of
-/// "face") of a PLY file; all other properties and elements are skipped. The vertices must come
-/// before the faces.
+/// "face", or of the strips of "tristrips") of a PLY file; all other properties and elements are
+/// skipped. The vertices must come before the faces.
 class PlyReader
 {
 public:
@@ -28,6 +28,11 @@ private:
     void readVertices(PlyElement const& vertices);
     void readFaces(PlyElement const& faces);
     void readFace(PlyProperty const& indices, std::uint64_t corners);
+    void readStrips(PlyElement const& strips);
+    void readStrip(PlyProperty const& indices, std::uint64_t length);
+    UVertex<float>* vertexAt(double index) const;
+    /// The element with the faces, or the one with strips; null if there is neither.
+    PlyElement const* faceElement() const;
     void skipElement(PlyElement const& element);
     void skip(PlyProperty const& property);
     std::uint64_t nextCount(PlyProperty const& property);

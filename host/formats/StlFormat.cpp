@@ -4,6 +4,7 @@
 #include "host/formats/AsciiStlReader.h"
 #include "host/formats/BinaryStlReader.h"
 #include "host/formats/StlWriter.h"
+#include "host/formats/TextTokens.h"
 
 #include <QtGlobal>
 
@@ -37,7 +38,7 @@ std::vector<LoadedPart> StlFormat::read(InputFile& input, std::string const& def
 {
     std::array<char, recognitionBytes> head;
     std::size_t const count = input.peekHead(std::as_writable_bytes(std::span(head)));
-    bool const isAscii = looksLikeAsciiStl({head.data(), count});
+    bool const isAscii = looksLikeAsciiStl(withoutByteOrderMark({head.data(), count}));
     std::vector<LoadedPart> parts;
     parts.push_back({defaultName, isAscii ? readAsciiStl(input) : readBinaryStl(input)});
     return parts;

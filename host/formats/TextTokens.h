@@ -42,12 +42,39 @@ std::optional<Number> numberFrom(std::string_view word)
     return value;
 }
 
+/// A whole word such as -0x1.8p3 as a number; nothing if it is none.
+inline std::optional<float> hexadecimalFrom(std::string_view word)
+{
+    bool const isNegative = word.starts_with('-');
+    if (isNegative)
+        word.remove_prefix(1);
+    if (!word.starts_with("0x") && !word.starts_with("0X"))
+        return std::nullopt;
+    word.remove_prefix(2);
+    double value = 0;
+    auto const [end, error] =
+        std::from_chars(word.data(), word.data() + word.size(), value, std::chars_format::hex);
+    if (error != std::errc() || end != word.data() + word.size())
+        return std::nullopt;
+    return float(isNegative ? -value : value);
+}
+
+/// What editors on some systems put in front of a text in UTF-8.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+inline std::string_view withoutByteOrderMark(std::string_view text)
+{
+    return text.substr(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
+}
+
 /// A whole word as a coordinate. A number too small for a float becomes the nearest one, a number
 /// too large, an infinity and "nan" become one that is not finite.
 inline std::optional<float> coordinateFrom(std::string_view word)
 {
     if (word.starts_with('+'))
         word.remove_prefix(1);
+    if (auto const hexadecimal = hexadecimalFrom(word))
+        return hexadecimal;
     char const* const last = word.data() + word.size();
     float value = 0;
     auto const [end, error] = std::from_chars(word.data(), last, value);

@@ -398,12 +398,165 @@
 <context>
     <name>DialogFreeCut</name>
     <message>
+        <source>Notch depth</source>
+        <translation>Nuttiefe</translation>
+    </message>
+    <message>
+        <source>Side distance</source>
+        <translation>Randabstand</translation>
+    </message>
+    <message>
+        <source>Side contours</source>
+        <translation>Konturen</translation>
+    </message>
+    <message>
+        <source>Outer contours</source>
+        <translation>Außenkonturen</translation>
+    </message>
+    <message>
+        <source>Inner contours</source>
+        <translation>Innenkonturen</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Notch clearance</source>
+        <translation>Nutspiel</translation>
+    </message>
+    <message>
+        <source>Front clearance</source>
+        <translation>Spiel vorn</translation>
+    </message>
+    <message>
+        <source>Back clearance</source>
+        <translation>Spiel hinten</translation>
+    </message>
+    <message>
+        <source>Clearance</source>
+        <translation>Spiel</translation>
+    </message>
+    <message>
+        <source>Pins/Holes Setting</source>
+        <translation>Einstellung der Stifte/Löcher</translation>
+    </message>
+    <message>
+        <source>Pins</source>
+        <translation>Stifte</translation>
+    </message>
+    <message>
+        <source>Holes</source>
+        <translation>Löcher</translation>
+    </message>
+    <message>
+        <source>Connector type</source>
+        <translation>Art der Verbinder</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Cylinder</source>
+        <translation>Zylinder</translation>
+    </message>
+    <message>
+        <source>Top clearance</source>
+        <translation>Spiel oben</translation>
+    </message>
+    <message>
+        <source>Side clearance</source>
+        <translation>Spiel seitlich</translation>
+    </message>
+    <message>
+        <source>Face clearance</source>
+        <translation>Spiel der Schnittflächen</translation>
+    </message>
+    <message>
+        <source>Clearance and spacing</source>
+        <translation>Spiel und Abstand</translation>
+    </message>
+    <message>
+        <source>One or more parts have support(s).The support(s) will be deleted. Do you want to continue your operation?</source>
+        <translation>Ein oder mehrere Teile haben Stützen.Die Stützen werden gelöscht. Möchten Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>Plane</source>
+        <translation>Ebene</translation>
+    </message>
+    <message>
+        <source>Advanced Section Cut</source>
+        <translation>Erweiterter Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Indicate Plane</source>
+        <translation>Ebene zeigen</translation>
+    </message>
+    <message>
+        <source>Plane Normal</source>
+        <translation>Normale der Ebene</translation>
+    </message>
+    <message>
+        <source>Plane Center</source>
+        <translation>Mitte der Ebene</translation>
+    </message>
+    <message>
+        <source>Plane Size</source>
+        <translation>Größe der Ebene</translation>
+    </message>
+    <message>
+        <source>Remove original part(s)</source>
+        <translation>Ursprüngliche Teile entfernen</translation>
+    </message>
+    <message>
+        <source>Use plane boundary</source>
+        <translation>Nur innerhalb der Ebene schneiden</translation>
+    </message>
+    <message>
+        <source>Use advanced cut</source>
+        <translation>Erweiterten Schnitt verwenden</translation>
+    </message>
+    <message>
+        <source>Section cut type</source>
+        <translation>Art des Schnitts</translation>
+    </message>
+    <message>
+        <source>Connector Pins/Holes</source>
+        <translation>Stifte/Löcher</translation>
+    </message>
+    <message>
+        <source>Lap Joint</source>
+        <translation>Überblattung</translation>
+    </message>
+    <message>
         <source>Upper width(W1) or lower width(W2) are too large.</source>
         <translation>Die obere Breite(W1) oder die untere Breite(W2) ist zu groß.</translation>
     </message>
     <message>
         <source>Width(W) is too large.</source>
         <translation>Die Breite(W) ist zu groß.</translation>
+    </message>
+</context>
+<context>
+    <name>DialogLabel</name>
+    <message>
+        <source>Step</source>
+        <translation>Schritt</translation>
+    </message>
+</context>
+<context>
+    <name>DialogRemesh</name>
+    <message>
+        <source>Tolerance</source>
+        <translation>Toleranz</translation>
+    </message>
+</context>
+<context>
+    <name>DialogStructure</name>
+    <message>
+        <source>Spacing</source>
+        <translation>Abstand</translation>
     </message>
 </context>
 <context>
@@ -431,6 +584,28 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>DialogZcut</name>
+    <message>
+        <source>Section Cut</source>
+        <translation>Ebenenschnitt</translation>
+    </message>
+    <message>
+        <source>Cut parameters</source>
+        <translation>Schnittparameter</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
+    </message>
+</context>
+<context>
+    <name>DockWidgetPerf</name>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
     </message>
 </context>
 <context>
@@ -911,6 +1086,10 @@
     <message>
         <source>the file ends here, but what its header announces takes at least %1 bytes behind the header; it is truncated.</source>
         <translation>Die Datei endet hier, aber was ihr Kopf ankündigt, braucht dahinter mindestens %1 Bytes; sie ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>the header announces %1 triangles, but the file holds %2; one of the two is damaged. Export the part again.</source>
+        <translation>der Kopf kündigt %1 Dreiecke an, die Datei enthält aber %2; eines von beiden ist beschädigt. Das Teil erneut exportieren.</translation>
     </message>
 </context>
 <context>
@@ -1491,12 +1670,48 @@
         <translation>OK</translation>
     </message>
     <message>
-        <source>Question</source>
-        <translation>Frage</translation>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Yes</source>
         <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Please select at least 1 part in one document.</source>
+        <translation>Bitte wählen Sie mindestens 1 Teil in einem Dokument aus.</translation>
+    </message>
+    <message>
+        <source>Please load at least 1 part in one document.</source>
+        <translation>Bitte laden Sie mindestens 1 Teil in ein Dokument.</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>All parts</source>
+        <translation>Alle Teile</translation>
+    </message>
+    <message>
+        <source>Selected parts</source>
+        <translation>Ausgewählte Teile</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Frage</translation>
     </message>
     <message>
         <source>No</source>
@@ -2538,12 +2753,20 @@
         <translation>#In der Höhe des Schiebers</translation>
     </message>
     <message>
+        <source>#By a plane</source>
+        <translation>#Mit einer Ebene</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Tools</source>
         <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
     </message>
 </context>
 <context>

@@ -2,10 +2,13 @@
 #include "tests/connectors/CutterRun.h"
 
 #include "platform/services/Intersect.h"
+#include "tests/support/WindingField.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
+#include <optional>
 
 namespace {
 
@@ -43,15 +46,39 @@ Soup combined(Soup const& a, Soup const& b, Intersect::BooleanType type)
     return soupOf(result);
 }
 
-/// What two solids have in common of a line along Z.
-double commonLength(Soup const& a, Soup const& b, float x, float y)
+/// Points beside the middle of each of at most `most` triangles, on both sides.
+std::vector<UPoint3<double>> pointsBeside(Soup const& soup, std::size_t most, double height)
 {
-    auto const inA = crossingsAlongZ(a, x, y), inB = crossingsAlongZ(b, x, y);
-    double length = 0;
-    for (std::size_t i = 0; i + 1 < inA.size(); i += 2)
-        for (std::size_t j = 0; j + 1 < inB.size(); j += 2)
-            length += std::max(0.0f, std::min(inA[i + 1], inB[j + 1]) - std::max(inA[i], inB[j]));
-    return length;
+    std::vector<UPoint3<double>> points;
+    std::size_t const step = std::max<std::size_t>(1, soup.triangles.size() / most);
+    for (std::size_t i = 0; i < soup.triangles.size(); i += step) {
+        UPoint3<double> p[3];
+        for (std::size_t k = 0; k < 3; ++k) {
+            auto const& corner = soup.points[soup.triangles[i][k]];
+            p[k] = {corner.X(), corner.Y(), corner.Z()};
+        }
+        UVector3<double> normal = (p[1] - p[0]) * (p[2] - p[0]);
+        normal.Normalize();
+        // Not in a plane of symmetry, where rays run along edges.
+        auto const middle = p[0] + (p[1] - p[0]) * 0.31 + (p[2] - p[0]) * 0.37;
+        points.push_back(middle + normal * height);
+        points.push_back(middle - normal * height);
+    }
+    return points;
+}
+
+/// How often solids wind around a point; empty where that is too near to one of them to tell.
+std::vector<int> windingsAt(UPoint3<double> const& p, double margin,
+                            std::initializer_list<judge::WindingField const*> fields)
+{
+    std::vector<int> windings;
+    for (judge::WindingField const* const field : fields) {
+        auto const winding = field->isWithin(margin, p) ? std::nullopt : field->windingAt(p);
+        if (!winding)
+            return {};
+        windings.push_back(*winding);
+    }
+    return windings;
 }
 
 }  // namespace
@@ -95,7 +122,7 @@ void expectFit(Soup const& part, Pieces const& pieces, UVector3<float> const& ga
     EXPECT_LT(between, 0.1 * whole);
 }
 
-void expectFitAlongLines(Soup const& part, Pieces const& pieces, UVector3<float> const& gap)
+void expectFitAtPoints(Soup const& part, Pieces const& pieces, UVector3<float> const& gap)
 {
     EXPECT_EQ(closedSolidFaults(pieces.lower), "");
     EXPECT_EQ(closedSolidFaults(pieces.upper), "");
@@ -104,17 +131,34 @@ void expectFitAlongLines(Soup const& part, Pieces const& pieces, UVector3<float>
     EXPECT_LE(both, whole * (1 + 1e-6));
     EXPECT_GE(both, 0.8 * whole);
     Soup together = pieces.upper;
-    UBox3<float> box;
-    for (auto& p : together.points) {
-        box.Add(p);
+    for (auto& p : together.points)
         p -= gap;
-    }
-    constexpr int lines = 5;
-    for (int i = 0; i < lines; ++i)
-        for (int j = 0; j < lines; ++j) {
-            float const x = box.MinX() + (float(i) + 0.37f) / lines * (box.MaxX() - box.MinX());
-            float const y = box.MinY() + (float(j) + 0.61f) / lines * (box.MaxY() - box.MinY());
-            EXPECT_LE(commonLength(pieces.lower, pieces.upper, x, y), 1e-4) << x << " " << y;
-            EXPECT_LE(commonLength(pieces.lower, together, x, y), 1e-4) << x << " " << y;
+    judge::WindingField const source(part), lower(pieces.lower), upper(pieces.upper), put(together);
+    constexpr double height = 5e-3, margin = 1e-3;
+    std::size_t told = 0;
+    for (Soup const* const soup :
+         {&pieces.lower, &pieces.upper, static_cast<Soup const*>(&together)})
+        for (auto const& p : pointsBeside(*soup, 1500, height)) {
+            std::vector<int> const w = windingsAt(p, margin, {&source, &lower, &upper, &put});
+            if (w.empty())
+                continue;
+            ++told;
+            SCOPED_TRACE(testing::Message() << p.X() << " " << p.Y() << " " << p.Z());
+            EXPECT_LE(w[1] + w[2], w[0]) << "solid outside the part or in both pieces";
+            EXPECT_LE(w[1] + w[3], 1) << "the pieces meet when put together";
         }
+    EXPECT_GT(told, 300u);
+}
+
+double volumeBelow(Soup const& part, Freecut::PlaneGraphicObject& plane)
+{
+    PinHoleParas none;
+    none.radius = 1000;
+    none.faceclearance = 0;
+    TestDocument test;
+    auto* const object = test.add(part, "part");
+    PinHoleCutter cutter(none, false, {object}, &plane);
+    cutter.execute({});
+    // Without connectors the upper half comes first.
+    return volumeOf(soupOf(*cutter.getResult().at(object).at(1)));
 }

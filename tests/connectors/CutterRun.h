@@ -43,5 +43,8 @@ double commonVolume(Soup const& a, Soup const& b);
 ///
 /// gap  from the lower face to the upper one
 void expectFit(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
-/// The same for pieces of many triangles, by volumes and along lines parallel to Z.
-void expectFitAlongLines(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
+/// The same for pieces of many triangles, by volumes and by winding numbers at points beside their
+/// surfaces, so that every connector is met.
+void expectFitAtPoints(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
+/// The volume below the plane, without connectors.
+double volumeBelow(Soup const& part, Freecut::PlaneGraphicObject& plane);

@@ -126,6 +126,7 @@ TEST(PinHoleCutter, WithoutPinsBothHalvesGetHoles)
     Pieces const pieces = cutPins(p);
     expectClosed(pieces);
     auto const positions = positionsOnBlock(p);
+    EXPECT_GE(positions.size(), 3u);
     for (auto const& at : positions) {
         expectNear(crossingsAlongZ(pieces.lower, at.X() + 0.1f, at.Y() + 0.2f), {-20, -5.3f});
         expectNear(crossingsAlongZ(pieces.upper, at.X() + 0.1f, at.Y() + 0.2f), {5.3f, 20});

@@ -2,6 +2,7 @@
 #include "tests/corpus/Operations.h"
 
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/PieceRules.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +14,6 @@
 namespace corpus {
 namespace {
 
-using judge::Allowed;
 using judge::Expected;
 using judge::Rule;
 using judge::Source;
@@ -51,59 +51,19 @@ Point placeIn(Source const& source, double share)
     return p;
 }
 
-int mostFor(int winding)
-{
-    return winding == 0 ? 0 : std::max(1, winding);
-}
-
-/// All of the solid in one of two pieces.
-Expected inPiece(std::size_t piece, int winding)
-{
-    Expected expected{{{}, {}}, mostFor(winding)};
-    expected.pieces[piece] = judge::solidAs(winding);
-    return expected;
-}
-
-/// In either piece or in the gap. A connector may reach out of the part.
-Expected somewhere(int winding)
-{
-    int const most = std::max(1, winding);
-    return {{{std::min(0, winding), most}, {std::min(0, winding), most}}, most};
-}
-
-struct Plane
-{
-    Point centre;
-    UVector3<double> normal;
-
-    double heightOf(Point const& p) const { return (p - centre) | normal; }
-};
-
-Plane obliquePlane(Source const& source)
+judge::Plane obliquePlane(Source const& source)
 {
     UVector3<double> normal(0.31, 0.17, 0.93);
     normal.Normalize();
     return {placeIn(source, 0.4731), normal};
 }
 
-/// reach  how far from the plane connectors and gaps may go
-Rule planeRule(Plane const& plane, double margin, double reach = 0)
-{
-    return [=](Point const& p, int winding) -> std::optional<Expected> {
-        double const height = plane.heightOf(p);
-        // A plain cut writes the upper piece first, one with connectors the lower one.
-        if (std::abs(height) > reach + 2 * margin)
-            return inPiece((height > 0) == (reach > 0) ? 1 : 0, winding);
-        return reach > 0 ? std::optional(somewhere(winding)) : std::nullopt;
-    };
-}
-
 Job zCut(Source const& source, std::string const& file, double height, bool doesRepair)
 {
-    Plane const plane{{0, 0, double(float(height))}, {0, 0, 1}};
+    judge::Plane const plane{{0, 0, double(float(height))}, {0, 0, 1}};
     return {{"zcut", file, "--height", text(height), doesRepair ? "--repair" : "--no-repair"},
             {},
-            planeRule(plane, source.margin())};
+            judge::planeRule(plane, source.margin())};
 }
 
 double commonHeight(Source const& source)
@@ -135,12 +95,15 @@ Job zCutThroughAPoint(Source const& source, std::string const& file)
 Job section(Source const& source, std::string const& file, Arguments const& connectors,
             double reach)
 {
-    Plane const plane = obliquePlane(source);
+    judge::Plane const plane = obliquePlane(source);
     Arguments arguments{"section",  file,
                         "--center", text({plane.centre.X(), plane.centre.Y(), plane.centre.Z()}),
                         "--normal", text({plane.normal.X(), plane.normal.Y(), plane.normal.Z()})};
     arguments.insert(arguments.end(), connectors.begin(), connectors.end());
-    return {arguments, {}, planeRule(plane, source.margin(), reach)};
+    return {arguments,
+            {},
+            reach > 0 ? judge::connectorRule(plane, source.margin(), reach)
+                      : judge::planeRule(plane, source.margin())};
 }
 
 Job plainSection(Source const& source, std::string const& file)
@@ -185,14 +148,15 @@ using Outline = std::function<double(Point const&)>;
 /// clearance  half the gap; tolerance  how far the outline's facets may lie beside the shape
 Rule outlineRule(Outline const& outline, double clearance, double tolerance)
 {
-    return [=](Point const& p, int winding) -> std::optional<Expected> {
+    auto const at = [=](Point const& p, int winding) -> std::optional<Expected> {
         double const distance = outline(p);
         if (std::abs(std::abs(distance) - clearance) <= tolerance)
             return std::nullopt;
         if (std::abs(distance) < clearance)
             return Expected{{{}, {}}, 0};
-        return inPiece(distance < 0 ? 0 : 1, winding);
+        return judge::inPiece(distance < 0 ? 0 : 1, winding);
     };
+    return {at, clearance == 0};
 }
 
 Job polygon(Source const& source, std::string const& file)
@@ -255,9 +219,9 @@ Job cuboid(Source const& source, std::string const& file)
     double const margin = 2 * clearance + 4 * source.margin();
     auto const rule = [=](Point const& p, int winding) -> std::optional<Expected> {
         if (p.Z() > till + margin)
-            return above(p, winding);
+            return above.at(p, winding);
         // Whether the gap goes around the tool's end is not asked.
-        return p.Z() < till - margin ? std::optional(inPiece(1, winding)) : std::nullopt;
+        return p.Z() < till - margin ? std::optional(judge::inPiece(1, winding)) : std::nullopt;
     };
     return {{"cuboid",        file,          "--view",
              "top",           "--center",    text({centre.X(), centre.Y()}),
@@ -267,7 +231,7 @@ Job cuboid(Source const& source, std::string const& file)
              text(clearance), "--direction", "both",
              "--cut-till",    text(till)},
             {},
-            rule};
+            {rule, false}};
 }
 
 /// A ball of flat facets somewhat beside the middle, or the part itself moved a little.
@@ -289,68 +253,42 @@ Soup nearCopyOf(Source const& source)
     return copy;
 }
 
-using Combination = Expected (*)(int winding, bool isInTool);
-
-Job boolean(Source const& source, std::string const& file, Soup tool, char const* option,
-            Combination combination)
+Job boolean(Source const& source, std::string const& file, Soup const& tool, char const* option,
+            judge::Combination combination)
 {
-    auto const field = std::make_shared<judge::WindingField>(tool);
-    double const margin = 2 * source.margin();
-    auto const rule = [=](Point const& p, int winding) -> std::optional<Expected> {
-        if (field->isWithin(margin, p))
-            return std::nullopt;
-        auto const ofTool = field->windingAt(p);
-        return ofTool ? std::optional(combination(winding, *ofTool > 0)) : std::nullopt;
-    };
-    return {{"boolean", file, "tool.stl", option}, {{"tool.stl", std::move(tool)}}, rule};
-}
-
-Expected onlyWhere(bool isThere, int winding)
-{
-    return isThere ? Expected{{judge::solidAs(winding)}, mostFor(winding)} : Expected{{{}}, 0};
+    return {{"boolean", file, "tool.stl", option},
+            {{"tool.stl", tool}},
+            judge::combinationRule(tool, combination, source.margin())};
 }
 
 Job unite(Source const& source, std::string const& file)
 {
-    return boolean(source, file, ballFor(source), "--union", [](int winding, bool isInTool) {
-        Allowed allowed = judge::solidAs(winding);
-        if (isInTool)
-            allowed = {std::min(1, 1 + winding), std::max(1, 1 + winding)};
-        return Expected{{allowed}, std::max(0, allowed.high)};
-    });
+    return boolean(source, file, ballFor(source), "--union", judge::Combination::Union);
 }
 
 Job intersect(Source const& source, std::string const& file)
 {
-    return boolean(source, file, ballFor(source), "--intersect",
-                   [](int winding, bool isInTool) { return onlyWhere(isInTool, winding); });
+    return boolean(source, file, ballFor(source), "--intersect", judge::Combination::Intersection);
 }
 
 Job subtract(Source const& source, std::string const& file)
 {
-    return boolean(source, file, ballFor(source), "--subtract",
-                   [](int winding, bool isInTool) { return onlyWhere(!isInTool, winding); });
+    return boolean(source, file, ballFor(source), "--subtract", judge::Combination::Difference);
 }
 
 Job split(Source const& source, std::string const& file)
 {
-    return boolean(source, file, ballFor(source), "--split",
-                   [](int winding, bool isInTool) { return inPiece(isInTool ? 0 : 1, winding); });
+    return boolean(source, file, ballFor(source), "--split", judge::Combination::Split);
 }
 
 Job subtractNearCopy(Source const& source, std::string const& file)
 {
-    return boolean(source, file, nearCopyOf(source), "--subtract",
-                   [](int winding, bool isInTool) { return onlyWhere(!isInTool, winding); });
+    return boolean(source, file, nearCopyOf(source), "--subtract", judge::Combination::Difference);
 }
 
-Job repair(Source const& source, std::string const& file)
+Job repair(Source const&, std::string const& file)
 {
-    bool const hasInside = source.unpaired().empty();
-    return {{"repair", file}, {}, [=](Point const&, int winding) -> std::optional<Expected> {
-                // What a mended surface with a border should be inside is not known.
-                return hasInside ? std::optional(onlyWhere(true, winding)) : std::nullopt;
-            }};
+    return {{"repair", file}, {}, judge::sameSolidRule()};
 }
 
 }  // namespace

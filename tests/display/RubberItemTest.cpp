@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -34,7 +35,12 @@ UPoint2<double> pixels(Base::GLView const& view, Point const& center, Point cons
 
 TEST(RubberItems, AreRedWithoutAlphaAndDoNotWorkAtFirst)
 {
-    RubberLine line;
+    struct OpenLine : RubberLine
+    {
+        using RubberLine::color;
+    };
+    OpenLine line;
+    EXPECT_EQ(line.color, (std::array<float, 4>{255, 0, 0, 0}));
     EXPECT_FALSE(line.isWorking());
     line.setWorking(true);
     EXPECT_TRUE(line.isWorking());

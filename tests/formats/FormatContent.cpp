@@ -129,6 +129,44 @@ TEST(FormatContent, PlyIsReadInAllEncodingsWithExtraPropertiesAndPolygons)
     }
 }
 
+TEST(FormatContent, StripsOfPlyAreReadWithTheirTurnsAndBreaks)
+{
+    // A tetrahedron as one strip, and a second one behind a break.
+    ScratchFolder const folder;
+    std::string const file =
+        "ply\nformat ascii 1.0\nelement vertex 8\nproperty float x\nproperty float y\n"
+        "property float z\nelement tristrips 1\nproperty list int int vertex_indices\n"
+        "end_header\n0 0 0\n1 0 0\n0 2 0\n0 0 3\n5 0 0\n6 0 0\n5 2 0\n5 0 3\n"
+        "13 0 2 1 3 0 2 -1 4 6 5 7 4 6\n";
+    Soup const soup = onlyPart(folder.file("strips.ply", file));
+    EXPECT_EQ(soup.triangles.size(), 8u);
+    EXPECT_EQ(closedSolidFaults(soup), "");
+    EXPECT_DOUBLE_EQ(volumeOf(soup), 2);
+}
+
+TEST(FormatContent, AByteOrderMarkStandsInFrontOfAnyText)
+{
+    ScratchFolder const folder;
+    Soup const soup = box(1, 2, 3);
+    auto const kernel = kernelOf(soup);
+    for (std::string const name : {"obj", "stl-ascii", "ply-ascii"}) {
+        writePart(folder / name, "part", *kernel, format(name), {}, Overwrite::Refuse);
+        std::string const marked = "\xEF\xBB\xBF" + contentOf(folder / name);
+        SCOPED_TRACE(name);
+        // Told by its content: the name says nothing.
+        EXPECT_EQ(closedSolidFaults(onlyPart(folder.file("marked_" + name, marked))), "");
+    }
+}
+
+TEST(FormatContent, ObjHoldsHexadecimalNumbers)
+{
+    ScratchFolder const folder;
+    Soup const soup = onlyPart(folder.file("hex.obj",
+                                           "v 0x0p+0 -0x1.8p1 0X1P-2\nv 1 0 0\nv 0 1 0\n"
+                                           "f 1 2 3\n"));
+    EXPECT_EQ(soup.points[0], UPoint3<float>(0, -3, 0.25f));
+}
+
 TEST(FormatContent, ObjIsReadWithAllCornerFormsGroupsAndContinuedLines)
 {
     ScratchFolder const folder;

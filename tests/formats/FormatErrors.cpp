@@ -124,6 +124,18 @@ TEST(FormatErrors, ATruncatedBinaryStlIsNamedWithTheByte)
                 AllOf(HasSubstr("byte 80"), HasSubstr("no triangles")));
 }
 
+TEST(FormatErrors, ABinaryStlWithMoreTrianglesThanItsHeaderSaysIsNamedWithBothNumbers)
+{
+    // The count was not brought up to date: reading on by it would lose triangles in silence.
+    ScratchFolder const folder;
+    for (int const extra : {1, 3, 200}) {
+        std::string file = binaryStl(1, std::vector(std::size_t(1 + extra), corner));
+        EXPECT_THAT(readError(folder.file("more.stl", file)),
+                    AllOf(HasSubstr("byte 80"), HasSubstr("announces 1 triangles"),
+                          HasSubstr("holds " + std::to_string(1 + extra))));
+    }
+}
+
 TEST(FormatErrors, AHugeCountIsRefusedBeforeMemoryIsTaken)
 {
     ScratchFolder const folder;

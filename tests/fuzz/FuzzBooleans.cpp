@@ -1,28 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs boolean operations on random solids whose faces, edges and corners coincide more often than
-// not, and judges every result:
+// not, then all operations on random broken parts, and judges every result:
 //
-//     test_fuzz [--seconds S] [--seed N] [--runs R] [--exact 1]
+//     test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1]
+//               [--kind solids|broken] [--operation NAME] [--inverted 1]
 //
-// With --exact 1 it judges the exact combination, which the operations fall back to.
-// Each run has the seed after that of the one before. It takes two solids and, with some of its
-// results, a few steps more. A failure is told with its seed, and both operands are written into
-// the working folder; `--seed N --runs 1` repeats it.
-#include "host/formats/FormatRegistry.h"
-#include "host/formats/PartFiles.h"
+// Without --kind each has half of the time. With --exact 1 it judges the exact combination, which
+// the operations fall back to. --operation takes one of the operations on broken parts only, and
+// --inverted 1 adds shells that are inside out and triangles that miss, come twice or are turned.
+// Each run has the seed after that of the one before. A failure is told with its seed, and what
+// went in is written into the working folder; `--seed N --runs 1` with the same options repeats it
+// and writes the files before it runs. What crashes tells its seed too.
 #include "host/services/exact/Corefinement.h"
+#include "tests/fuzz/BrokenRuns.h"
+#include "tests/fuzz/FuzzFiles.h"
 #include "tests/fuzz/FuzzSolids.h"
 #include "tests/support/BooleanRuns.h"
 
 #include <charconv>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -33,32 +39,43 @@ struct Options
     unsigned seconds = 60;
     unsigned seed = 1;
     unsigned runs = std::numeric_limits<unsigned>::max();
+    unsigned failures = 20;
     unsigned exact = 0;
+    unsigned inverted = 0;
+    std::string kind;
+    std::string operation;
 };
+
+bool readNumber(char const* text, unsigned& number)
+{
+    char const* const end = text + std::strlen(text);
+    auto const read = std::from_chars(text, end, number);
+    return read.ec == std::errc() && read.ptr == end;
+}
+
+bool readOption(char const* name, char const* value, Options& options)
+{
+    for (auto const& [option, number] :
+         {std::pair("--seconds", &options.seconds), std::pair("--seed", &options.seed),
+          std::pair("--runs", &options.runs), std::pair("--failures", &options.failures),
+          std::pair("--exact", &options.exact), std::pair("--inverted", &options.inverted)})
+        if (std::strcmp(name, option) == 0)
+            return readNumber(value, *number);
+    if (std::strcmp(name, "--operation") == 0)
+        options.operation = value;
+    else if (std::strcmp(name, "--kind") == 0)
+        options.kind = value;
+    else
+        return false;
+    return options.kind.empty() || options.kind == "solids" || options.kind == "broken";
+}
 
 bool readOptions(int argc, char** argv, Options& options)
 {
-    for (int i = 1; i < argc; i += 2) {
-        unsigned* const value = std::strcmp(argv[i], "--seconds") == 0 ? &options.seconds
-                                : std::strcmp(argv[i], "--seed") == 0  ? &options.seed
-                                : std::strcmp(argv[i], "--runs") == 0  ? &options.runs
-                                : std::strcmp(argv[i], "--exact") == 0 ? &options.exact
-                                                                       : nullptr;
-        if (!value || i + 1 == argc)
+    for (int i = 1; i < argc; i += 2)
+        if (i + 1 == argc || !readOption(argv[i], argv[i + 1], options))
             return false;
-        char const* const end = argv[i + 1] + std::strlen(argv[i + 1]);
-        auto const read = std::from_chars(argv[i + 1], end, *value);
-        if (read.ec != std::errc() || read.ptr != end)
-            return false;
-    }
     return true;
-}
-
-void writeStl(std::string const& name, Soup const& soup)
-{
-    Formats::writePart(name, "part", *kernelOf(soup),
-                       *Formats::FormatRegistry::instance().byName("stl"), {},
-                       Formats::Overwrite::Allow);
 }
 
 BooleanPieces exactPiecesOf(Soup const& a, Soup const& b)
@@ -126,8 +143,8 @@ private:
                        std::string const& faults)
     {
         std::string const name = "fuzz-" + std::to_string(seed);
-        writeStl(name + "-a.stl", part);
-        writeStl(name + "-b.stl", tool);
+        writeFuzzStl(name + "-a.stl", part);
+        writeFuzzStl(name + "-b.stl", tool);
         std::printf(
             "seed %u, step %d: %s\n  operands of %zu and %zu triangles in %s-a.stl and "
             "%s-b.stl\n",
@@ -142,20 +159,67 @@ private:
 
 }  // namespace
 
+namespace {
+
+volatile std::sig_atomic_t currentSeed = 0;
+
+/// Tells the seed with calls that are allowed in a signal handler, and lets the program crash.
+extern "C" void tellSeed(int signal)
+{
+    char digits[12];
+    char* first = std::end(digits);
+    *--first = '\n';
+    for (auto rest = unsigned(currentSeed); first == std::end(digits) - 1 || rest > 0; rest /= 10)
+        *--first = char('0' + rest % 10);
+    static constexpr char text[] = "crash at seed ";
+    [[maybe_unused]] auto const told =
+        write(2, text, sizeof text - 1) + write(2, first, std::size_t(std::end(digits) - first));
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+/// Runs seed after seed until time, runs or failures are used up; returns the failures.
+template <typename Runs>
+unsigned repeat(char const* kind, Runs& runs, Options const& options, unsigned seconds)
+{
+    auto const end = Clock::now() + std::chrono::seconds(seconds);
+    unsigned done = 0, failures = 0;
+    while (done < options.runs && Clock::now() < end && failures < options.failures) {
+        unsigned const seed = options.seed + done++;
+        currentSeed = std::sig_atomic_t(seed);
+        failures += !runs.run(seed);
+    }
+    std::printf("%s: %lu operations in %u runs from seed %u, %u failures\n", kind,
+                runs.operations(), done, options.seed, failures);
+    return failures;
+}
+
+}  // namespace
+
 int main(int argc, char** argv)
 {
     Options options;
     if (!readOptions(argc, argv, options)) {
-        std::fputs("usage: test_fuzz [--seconds S] [--seed N] [--runs R] [--exact 1]\n", stderr);
+        std::fputs(
+            "usage: test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1] "
+            "[--kind solids|broken] [--operation NAME] [--inverted 1]\n",
+            stderr);
         return 2;
     }
-    auto const end = Clock::now() + std::chrono::seconds(options.seconds);
-    Fuzzing fuzzing(options.exact != 0);
-    unsigned runs = 0, failures = 0;
-    constexpr unsigned mostFailures = 20;
-    while (runs < options.runs && Clock::now() < end && failures < mostFailures)
-        failures += !fuzzing.run(options.seed + runs++);
-    std::printf("%lu operations in %u runs from seed %u, %u failures\n", fuzzing.operations(), runs,
-                options.seed, failures);
+    for (int const signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS})
+        std::signal(signal, tellSeed);
+    unsigned const seconds = options.kind.empty() ? options.seconds / 2 : options.seconds;
+    unsigned failures = 0;
+    if (options.kind != "broken") {
+        Fuzzing solids(options.exact != 0);
+        failures += repeat("solids", solids, options, seconds);
+    }
+    if (options.kind != "solids") {
+        if (options.runs == 1)
+            writeFuzzInputs("fuzz-broken-" + std::to_string(options.seed));
+        BrokenRuns broken(options.operation, options.inverted != 0);
+        failures += repeat("broken parts", broken, options, seconds);
+        broken.printCounts();
+    }
     return failures == 0 ? 0 : 1;
 }

@@ -24,7 +24,7 @@ struct CutBox
         return expected;
     }
 
-    PieceFaults faults() const { return faultsOf(source, pieces, rule, samples); }
+    PieceFaults faults() const { return faultsOf(source, pieces, {rule}, samples); }
 };
 
 }  // namespace
@@ -199,7 +199,7 @@ TEST(PieceJudge, OfAnOpenPartAllowsItsOwnBorderAndNoOther)
         return upper.points[t[0]].Z() == 30 && upper.points[t[1]].Z() == 30 &&
                upper.points[t[2]].Z() == 30;
     });
-    auto const rule = CutBox::rule;
+    Rule const rule{CutBox::rule};
     EXPECT_TRUE(faultsOf(source, {upper, box(20, 20, 12)}, rule, samples).isNone());
     // A piece with a lid of its own is another shape.
     EXPECT_NE(faultsOf(source, {box(20, 20, 18, {0, 0, 12}), box(20, 20, 12)}, rule, samples).wrong,
@@ -212,9 +212,9 @@ TEST(PieceJudge, OfAnOpenPartAllowsItsOwnBorderAndNoOther)
 TEST(PieceJudge, AllowsCrossingsToBeResolvedButNotCutOut)
 {
     Source const source(crossingBoxes());
-    auto const rule = [](UPoint3<double> const&, int winding) -> std::optional<Expected> {
+    Rule const rule{[](UPoint3<double> const&, int winding) -> std::optional<Expected> {
         return Expected{{solidAs(winding)}, std::max(winding, 0)};
-    };
+    }};
     EXPECT_TRUE(faultsOf(source, {crossingBoxes()}, rule, samples).isNone());
     EXPECT_NE(faultsOf(source, {box(20, 20, 20)}, rule, samples).wrong, "");
 }

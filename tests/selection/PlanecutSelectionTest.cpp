@@ -412,3 +412,33 @@ TEST_F(PlaneTool, TheResultsOfItsEventsLeaveTheViewItsOwnButtons)
     EXPECT_EQ(running->mouseMoveEvent(&way), 0);
     EXPECT_EQ(running->mouseReleaseEvent(&up), 1);
 }
+
+TEST_F(PlaneTool, ADragThatIsGivenUpPutsThePlaneBack)
+{
+    start(Type::PLANE_XY)->setPlaneByCenterAndNormal({0, 0, 0}, {0, 0, 1});
+    std::vector<Point> const before = corners();
+    Freecut::PlaneSize const size = tool()->getPlaneSize();
+    for (Qt::KeyboardModifiers const modifiers : {Qt::NoModifier, Qt::ControlModifier}) {
+        QPoint const from = handlePosition(3);
+        move(scene.view, from, {}, modifiers);
+        press(scene.view, from, Qt::LeftButton, modifiers);
+        move(scene.view, from + QPoint(9, -20), Qt::LeftButton, modifiers);
+        EXPECT_NE(corners(), before);
+        EXPECT_TRUE(scene.view.navigationStyle()->cancelDrag());
+        EXPECT_EQ(corners(), before);
+        EXPECT_EQ(tool()->getPlaneSize().width, size.width);
+        move(scene.view, from + QPoint(30, -30), Qt::LeftButton, modifiers);
+        release(scene.view, from + QPoint(30, -30), Qt::LeftButton, modifiers);
+        EXPECT_EQ(corners(), before);
+    }
+}
+
+TEST_F(PlaneTool, AResetTakesTheMarkOfThePickerAway)
+{
+    start(Type::PLANE_XY);
+    clickAt({0, 0, 5});
+    clickAt({-8, 4, 5});
+    ASSERT_TRUE(tool()->pickedPoint());
+    tool()->resetSelection();
+    EXPECT_FALSE(tool()->pickedPoint());
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanJudge.h"
 
+#include "tests/support/Crossings.h"
 #include "tests/support/Validator.h"
 
 #include <algorithm>
@@ -100,6 +101,11 @@ private:
                 m_faults << name << ": " << faults;
             if (std::size_t const films = filmsOf(soup))
                 m_faults << name << ": " << films << " triangles on the corners of others; ";
+            judge::Crossings const crossings = judge::crossingsOf(soup);
+            if (crossings.total() > 0)
+                m_faults << name << ": " << crossings.pairs << " pairs of triangles that cross and "
+                         << crossings.overlaps << " that overlap, one near (" << crossings.place.X()
+                         << ", " << crossings.place.Y() << ", " << crossings.place.Z() << "); ";
         }
     }
 

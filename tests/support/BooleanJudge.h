@@ -25,7 +25,8 @@ int windingNumberAt(Soup const& soup, UPoint3<double> const& point);
 double distanceFrom(Soup const& soup, UPoint3<double> const& point);
 
 /// What is wrong with the pieces of two solids, in words; empty if nothing is. An independent
-/// judge. Checked: every piece is closed and without degenerate triangles or films; volumes add up
+/// judge. Checked: every piece is closed, without degenerate triangles or films, and crosses itself
+/// nowhere; volumes add up
 /// to 1e-6; areas are not larger than the operands allow; the split has the pieces of the two
 /// operations; and at `samples` random points at some distance from all surfaces the pieces are
 /// solid where the operations' rules say so.

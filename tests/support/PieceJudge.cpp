@@ -157,7 +157,7 @@ private:
         auto const winding = m_source.field().windingAt(p);
         if (!winding)
             return;
-        auto const expected = m_rule(p, *winding);
+        auto const expected = m_rule.at(p, *winding);
         if (!expected)
             return;
         int sum = 0;
@@ -180,11 +180,7 @@ private:
     void judgeOpen(Point const& p)
     {
         // Solid angles cost a pass over all triangles.
-        if (++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
-            return;
-        auto const expected = m_rule(p, 1);
-        if (!expected || std::none_of(expected->pieces.begin(), expected->pieces.end(),
-                                      [](Allowed const& allowed) { return allowed.low == 1; }))
+        if (!m_rule.isPartition || ++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
             return;
         double const before = m_source.field().solidAngleAt(p);
         double after = 0;

@@ -30,9 +30,16 @@ struct Expected
     int most = 0;
 };
 
-/// What has to hold at a point around which the source winds so often; none where nothing is known,
-/// as beside a facetted circle.
-using Rule = std::function<std::optional<Expected>(UPoint3<double> const& point, int winding)>;
+/// What has to hold of the pieces of a part.
+struct Rule
+{
+    /// At a point around which the part winds so often; none where nothing is known, as beside a
+    /// facetted circle.
+    std::function<std::optional<Expected>(UPoint3<double> const& point, int winding)> at;
+    /// The pieces' surfaces add up to the part's, new faces twice and opposite: then the pieces
+    /// wind around each point together as the part does, whether it is closed or not.
+    bool isPartition = true;
+};
 
 /// How often something may wind where the source does `winding` times: as often, or once where
 /// crossings have been resolved.
@@ -80,8 +87,8 @@ struct PieceFaults
 /// pieces    in the order of the rule; one that the operation did not write stays empty
 /// samples   points at random and as many beside the surfaces, of the source and of the pieces
 ///
-/// Where the source has unpaired edges there is no inside: then the pieces together have to wind
-/// around each point as the source does, if the rule is known there and says that nothing may go.
+/// Where the source has unpaired edges there is no inside; then only partitions are judged at
+/// points.
 PieceFaults faultsOf(Source const& source, std::vector<Soup> const& pieces, Rule const& rule,
                      std::size_t samples);
 

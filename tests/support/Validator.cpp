@@ -75,7 +75,8 @@ void describeAreas(Soup const& soup, std::ostream& faults)
 std::string closedSolidFaults(Soup const& soup)
 {
     std::ostringstream faults;
-    describeEdges(soup, 1 << 20, faults);
+    // Solids may touch themselves along an edge, and each layer of a part has edges of its own.
+    describeEdges(soup, 8, faults);
     describeAreas(soup, faults);
     return faults.str();
 }

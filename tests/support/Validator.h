@@ -9,8 +9,8 @@
 /// An independent judge of meshes: it shares no code with the services that it checks.
 
 /// What is wrong with a mesh as a closed solid, in words; empty if nothing is. Checked: every
-/// directed edge has exactly as many partners running the other way as there are of itself, no
-/// triangle without area, no triangle that refers to a missing point, stored counts true.
+/// directed edge has exactly as many partners running the other way as there are of itself, at most
+/// eight, no triangle without area, no triangle that refers to a missing point, stored counts true.
 std::string closedSolidFaults(MeshKernel const& kernel);
 std::string closedSolidFaults(Soup const& soup);
 

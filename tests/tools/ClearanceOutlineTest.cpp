@@ -195,9 +195,24 @@ TEST(ClearanceOutline, OfAPolygonThatFallsApartAllPathsAreKept)
     EXPECT_TRUE(outlines.topLoops.empty()) << "a polygon's caps come with its solid";
     polygon.outline.buildSolidBuffers(true);
     EXPECT_EQ(outlines.topLoops, outlines.innerLoops);
-    // Two lobes of a figure grow together and make one.
-    PolygonScene eight({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0}});
-    EXPECT_EQ(eight.update(1, 1.5f).outerLoops.size(), 1u);
+}
+
+TEST(ClearanceOutline, TwoLobesThatGrowTogetherMakeOne)
+{
+    // A slit of 1 mm between two towers: moved outward by 1.5 mm on each side it is gone.
+    PolygonScene towers({{0, 0, 0},
+                         {10, 0, 0},
+                         {10, 10, 0},
+                         {5.5f, 10, 0},
+                         {5.5f, 1, 0},
+                         {4.5f, 1, 0},
+                         {4.5f, 10, 0},
+                         {0, 10, 0}});
+    ToolOutlines const& outlines = towers.update(1, 1.5f);
+    ASSERT_EQ(outlines.outerLoops.size(), 1u);
+    // A square of 13 mm with round corners, and a dent of 0.03 mm2 where the slit was.
+    double const expected = 13 * 13 - (4 - M_PI) * 1.5 * 1.5 - 0.03;
+    EXPECT_NEAR(std::abs(signedArea(seen(outlines.outerLoops[0], towers.camera))), expected, 0.1);
 }
 
 TEST(ClearanceOutline, AWideOffsetOfAHookEnclosesAHole)

@@ -161,6 +161,7 @@ TEST(VolumeRecord, WithoutPartsTheDepthIsThatOfTheOrigin)
     ViewedDocument test;
     test.view.OnViewType(0);
     Freecut::VolumeProperty record;
+    record.setSketchDepth(7);
     record.updateDepth();
     EXPECT_EQ(record.getSketchDepth(), test.eyeImage({0, 0, 0}).Z());
     expectNear(record.getExtrudeVector(), {0, 0, 0}, 1e-6f);

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/ConnectorFields.h"
+
+#include "dialogs/DialogSettings.h"
+#include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/ui/Theme.h"
+
+#include <QPixmap>
+
+namespace Freecut::ConnectorFields {
+
+MellQuantitySpinBox* make(ConnectorLimits::Length const& length, QWidget* parent)
+{
+    auto* const field = new MellQuantitySpinBox(parent);
+    field->setUnit(Base::Unit(Base::Unit::length));
+    field->setAlignment(Qt::AlignRight);
+    field->setRange(length.least, length.largest);
+    field->setSingleStep(length.step);
+    field->setValue(length.initial);
+    return field;
+}
+
+void load(MellQuantitySpinBox& field, ConnectorLimits::Length const& length)
+{
+    float const value = DialogSettings::value(length.key, length.initial).toFloat();
+    field.setValue(double(value));
+}
+
+void store(MellQuantitySpinBox const& field, ConnectorLimits::Length const& length)
+{
+    DialogSettings::store(length.key, field.value());
+}
+
+QPixmap picture(QString const& file, double width, double height)
+{
+    return QPixmap(file).scaled(int(g_pixelSize * width), int(g_pixelSize * height),
+                                Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace Freecut::ConnectorFields

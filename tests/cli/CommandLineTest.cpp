@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/cli/BlockSection.h"
+#include "tests/support/Validator.h"
+
+#include <gtest/gtest.h>
+
+// What all commands have in common on the command line.
+namespace {
+
+using Names = std::vector<std::string>;
+
+}  // namespace
+
+TEST(FreecutCommandLine, TellsItsVersion)
+{
+    FreecutFolder const folder;
+    auto const result = folder.run({"--version"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output.find("freecut "), 0u) << result.output;
+}
+
+TEST(FreecutCommandLine, AnUnknownCommandIsNamedWithTheNearestOne)
+{
+    FreecutFolder const folder;
+    auto const misspelt = folder.run({"sectoin", "block.stl"});
+    EXPECT_EQ(misspelt.status, 2);
+    EXPECT_EQ(misspelt.errors, "freecut: \"sectoin\" is no command. Did you mean \"section\"?\n");
+    auto const other = folder.run({"slice", "block.stl"});
+    EXPECT_EQ(other.status, 2);
+    EXPECT_EQ(other.errors.find("Did you mean"), std::string::npos) << other.errors;
+    EXPECT_NE(other.errors.find("zcut, section, boolean"), std::string::npos) << other.errors;
+}
+
+TEST(FreecutCommandLine, TheHelpTellsEveryExitStatus)
+{
+    FreecutFolder const folder;
+    std::string const help = folder.run({"--help"}).output;
+    for (char const* const status : {"0 done", "1 the cut failed", "2 wrong", "3 a file", "4 the",
+                                     "130 by", "143 by", "129 when"})
+        EXPECT_NE(help.find(status), std::string::npos) << status << help;
+}
+
+TEST(FreecutCommandLine, AReportOrPictureThatCouldReplaceAnythingIsRefused)
+{
+    BlockFolder folder;
+    folder.addStl(box(1, 1, 1), "part.json");
+    Names const before = folder.files();
+    Names const cylinder{"cylinder", "block.stl", "--view",   "top",
+                         "--center", "20,15",     "--radius", "5"};
+    for (Names const& more : std::vector<Names>{{"--json", "block.stl"},
+                                                {"--json", "block_cut1.stl"},
+                                                {"--json", "other.PLY"},
+                                                {"--svg", "block_cut2.stl"},
+                                                {"--svg", "block.stl"},
+                                                {"--svg", "a.svg", "--json", "./a.svg"}}) {
+        Names arguments = cylinder;
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        auto const result = folder.run(arguments);
+        EXPECT_EQ(result.status, 2) << testing::PrintToString(more);
+        EXPECT_EQ(folder.files(), before) << testing::PrintToString(more);
+    }
+    EXPECT_EQ(folder.run({"info", "block.stl", "part.json", "--json", "part.json"}).status, 2);
+}
+
+TEST(FreecutCommandLine, AnEmptyFolderIsRefusedAndFormatsTakeEitherCase)
+{
+    BlockFolder const folder;
+    auto const empty = folder.run({"zcut", "block.stl", "--height", "5", "-o", ""});
+    EXPECT_EQ(empty.status, 2);
+    EXPECT_NE(empty.errors.find("takes a folder"), std::string::npos) << empty.errors;
+    EXPECT_EQ(folder.run({"zcut", "block.stl", "--height", "5", "--format", "PLY"}).status, 0);
+    EXPECT_EQ(folder.files(), (Names{"block.stl", "block_cut1.ply", "block_cut2.ply"}));
+}
+
+TEST(FreecutCommandLine, NamesGoToTheSamePiecesWhateverTheirNumbers)
+{
+    BlockFolder const folder;
+    for (Names const& more :
+         std::vector<Names>{{},
+                            {"--pins"},
+                            {"--holes", "--face-clearance", "0"},
+                            {"--pins", "--radius", "50", "--face-clearance", "0"},
+                            {"--lap-joint"}}) {
+        SCOPED_TRACE(testing::PrintToString(more));
+        Names options{"--name", "top,bottom", "--force"};
+        options.insert(options.end(), more.begin(), more.end());
+        auto const result = folder.run(sectionOf({"block.stl"}, options));
+        ASSERT_EQ(result.status, 0) << result.errors;
+        EXPECT_EQ(folder.files(), (Names{"block.stl", "block_bottom.stl", "block_top.stl"}));
+        float highest = 0;
+        for (UPoint3<float> const& p : folder.mesh("block_top.stl").points)
+            highest = std::max(highest, p.Z());
+        EXPECT_EQ(highest, 20);
+    }
+    ASSERT_EQ(folder
+                  .run({"cylinder", "block.stl", "--view", "top", "--center", "20,15", "--radius",
+                        "5", "--name", "in,out"})
+                  .status,
+              0);
+    EXPECT_LT(volumeOf(folder.mesh("block_in.stl")), volumeOf(folder.mesh("block_out.stl")));
+    for (std::string const names : {"one", "same,same", "a/b,a:b", ",b"})
+        EXPECT_EQ(folder.run({"zcut", "block.stl", "--height", "5", "--name", names}).status, 2)
+            << names;
+}
+
+TEST(FreecutCommandLine, PartsAreScaledFirst)
+{
+    FreecutFolder folder;
+    folder.addStl(box(1, 1, 1), "inch.stl");
+    auto const result =
+        folder.run({"zcut", "inch.stl", "--scale", "25.4", "--height", "12.7", "--json", "-"});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    for (auto const& piece : result.json()["parts"][0]["pieces"])
+        EXPECT_NEAR(piece["volume"].get<double>(), 25.4 * 25.4 * 12.7, 1e-2);
+    for (std::string const scale : {"0", "-1", "big", "nan"})
+        EXPECT_EQ(folder.run({"info", "inch.stl", "--scale", scale}).status, 2) << scale;
+}
+
+TEST(FreecutCommandLine, ASizeTooSmallForAnyPartIsAnsweredByAdvice)
+{
+    BlockFolder const folder;
+    auto const pins = folder.run(sectionOf({"block.stl"}, {"--pins", "--radius", "0.0002"}));
+    EXPECT_NE(pins.errors.find("--scale"), std::string::npos) << pins.errors;
+    auto const tool = folder.run(
+        {"cylinder", "block.stl", "--view", "top", "--center", "0,0", "--radius", "0.0002"});
+    EXPECT_NE(tool.errors.find("--scale"), std::string::npos) << tool.errors;
+    auto const zero = folder.run(sectionOf({"block.stl"}, {"--pins", "--radius", "0"}));
+    EXPECT_EQ(zero.errors.find("--scale"), std::string::npos) << zero.errors;
+}
