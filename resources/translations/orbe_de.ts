@@ -2912,6 +2912,10 @@
         <translation>#Mit einer Ebene</translation>
     </message>
     <message>
+        <source>#By a drawn shape</source>
+        <translation>#Mit einer gezeichneten Form</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
