@@ -235,7 +235,9 @@ int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
 {
     dragStep(*event);
     lastPos = event->pos();
-    if (!isFrozen())
+    if (isFrozen())
+        hoverLine.hide();
+    else
         hover(event->pos());
     return 0;
 }
