@@ -59,9 +59,11 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& for
     m_sections[part.object] = {sectionArea(*part.cap), contours.size(), {}};
     if (contours.empty())
         return {};
-    std::vector<UPoint3<float>> const positions =
-        PinPlacement(paras, frame, ConnectorProgress::poll(part.stage({form.connectorStart, 0})))
-            .computePositions(contours, part.cap.get());
+    std::vector<UPoint3<float>> positions;
+    runMeshStage([&] {
+        positions = PinPlacement(paras, frame, ConnectorProgress::poll())
+                        .computePositions(contours, part.cap.get());
+    });
     m_sections[part.object].positions = positions;
     if (positions.empty()) {
         m_remarks.push_back(noRoomForPins(part.object));
