@@ -39,6 +39,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QTimer>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,7 +47,7 @@ namespace {
 char const* const geometryKey = "Window/Geometry";
 char const* const stateKey = "Window/State";
 /// Raised when docks or tool bars change so that stored places make no sense any more.
-constexpr int stateVersion = 1;
+constexpr int stateVersion = 2;
 constexpr QSize defaultSize(1280, 800);
 constexpr int isometricView = 6;
 
@@ -143,6 +144,7 @@ void OrbeWindow::buildMenus()
         m_menus->windowMenu()->addSeparator();
         for (QDockWidget* const dock : m_panelDocks)
             m_menus->windowMenu()->addAction(dock->toggleViewAction());
+        m_menus->windowMenu()->addAction(m_menus->toolBars().back()->toggleViewAction());
     });
     m_menus->fill();
 }

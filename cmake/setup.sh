@@ -37,6 +37,22 @@ install_packages() {
         || fail "The packages could not be installed: $missing"
 }
 
+# log_build PRESET LOG
+# Writes what a build prints to a file, and says that something is being built; on a terminal also how
+# far it has come.
+log_build() {
+    local line is_told= is_terminal=
+    [[ ! -t 2 ]] || is_terminal=1
+    while IFS= read -r line; do
+        printf '%s\n' "$line"
+        [[ $line =~ ^\[([0-9]+/[0-9]+)\]\ (Building|Linking) ]] || continue
+        [[ -n $is_told ]] || say "Building in build/$1; the first time takes some minutes."
+        is_told=1
+        [[ -z $is_terminal ]] || printf '\r%s ' "${BASH_REMATCH[1]}" >&2
+    done > "$2"
+    [[ -z $is_terminal ]] || printf '\r\033[K' >&2
+}
+
 # build PRESET TARGET...
 # Two compilers at a time, since each may need more than a gigabyte.
 build() {
@@ -58,12 +74,7 @@ build() {
             fail "build/$preset could not be configured."
         }
     fi
-    cmake --build "$folder" --target "$@" --parallel 2 2>&1 9>&- | awk -v log_file="$log" -v preset="$preset" '
-        /\] (Building|Linking)/ && !told {
-            print "Building in build/" preset "; the first time takes some minutes." > "/dev/stderr"
-            told = 1
-        }
-        { print > log_file }' || {
+    cmake --build "$folder" --target "$@" --parallel 2 2>&1 9>&- | log_build "$preset" "$log" || {
         cat "$log" >&2
         fail "build/$preset could not be built."
     }

@@ -18,10 +18,10 @@ struct CutSides
 
     /// Cuts a working copy of the part and cleans up side A and then side B.
     ///
-    /// progress         of the whole job; may be empty
-    /// index, partCount the part's place in the job
-    /// reason           receives why the cut failed
-    /// throws           as ServiceCall::run
+    /// progress          of the whole job; may be empty
+    /// index, partCount  the part's place in the job
+    /// reason            receives why the cut failed
+    /// throws            as ServiceCall::run
     static CutSides cut(MeshKernel const* part, MeshKernel* plane,
                         std::function<void(int)> const& progress, int index, int partCount,
                         std::string& reason);

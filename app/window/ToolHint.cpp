@@ -14,8 +14,7 @@ char const* const rectangleHint = QT_TRANSLATE_NOOP(
     "Drag a rectangle around the parts to select them; hold Ctrl to add to the selection. Esc ends "
     "the tool.");
 char const* const pickHint = QT_TRANSLATE_NOOP(
-    "StatusLine",
-    "Click on a part to see the coordinates of that point. Esc ends the tool.");
+    "StatusLine", "Click on a part to see the coordinates of that point. Esc ends the tool.");
 char const* const otherHint = QT_TRANSLATE_NOOP("StatusLine", "Esc ends the tool.");
 //: The name of a tool and what a click does, a whole sentence.
 char const* const commandHint = QT_TRANSLATE_NOOP("StatusLine", "%1: %2 Esc ends the tool.");

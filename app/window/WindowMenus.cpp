@@ -47,35 +47,61 @@ std::vector<Menu> const& menus()
          {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-",
           "Std_DropToPlate", "Std_CentreOnPlate", "-", "Std_Check", "Std_Repair"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Cut"),
-         {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut"}},
+         {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
+          QT_TRANSLATE_NOOP("WindowMenus", "#By a plane"), "Std_Sectioncut", "FreecutPlane3Pts",
+          "FreecutPlaneTangent", "FreecutPlaneVertical", "FreecutPlaneXYPlane",
+          "FreecutPlaneXZPlane", "FreecutPlaneYZPlane",
+          QT_TRANSLATE_NOOP("WindowMenus", "#By a drawn shape"), "Std_Polygoncut", "FreecutPolygon",
+          "FreecutCylinder", "FreecutCuboid"}},
         {windowTitle, {"Std_FullScreen", "Std_ResetLayout"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Help"), {"Std_Shortcuts", "-", "Std_About"}},
     };
     return all;
 }
 
-constexpr char const* toolBarEntries[] = {"Std_Open",
-                                          "Std_Save",
-                                          "-",
-                                          "Std_Undo",
-                                          "Std_Redo",
-                                          "-",
-                                          "Std_RectangleSelect",
-                                          "Std_PickPoint",
-                                          "-",
-                                          "Std_Duplicate",
-                                          "Std_Delete",
-                                          "Std_Group",
-                                          "Std_Hide",
-                                          "Std_ShowAll",
-                                          "-",
-                                          "Std_FitAll",
-                                          "Std_View6",
-                                          "Std_Perspective",
-                                          "Std_ShowEdges",
-                                          "Std_CutView",
-                                          "-",
-                                          "Std_zCut"};
+struct ToolBar
+{
+    char const* objectName;
+    char const* title;
+    std::vector<char const*> entries;
+};
+
+// What cuts has a bar of its own: it grows with the tools of modules, and the user may take it away
+// or put it at another edge.
+std::vector<ToolBar> const& barTables()
+{
+    static std::vector<ToolBar> const all = {
+        {"MainToolBar",
+         QT_TRANSLATE_NOOP("WindowMenus", "Tools"),
+         {"Std_Open",
+          "Std_Save",
+          "-",
+          "Std_Undo",
+          "Std_Redo",
+          "-",
+          "Std_RectangleSelect",
+          "Std_PickPoint",
+          "-",
+          "Std_Duplicate",
+          "Std_Delete",
+          "Std_Group",
+          "Std_Hide",
+          "Std_ShowAll",
+          "-",
+          "Std_FitAll",
+          "Std_View6",
+          "Std_Perspective",
+          "Std_ShowEdges",
+          "Std_CutView"}},
+        {"CutToolBar",
+         QT_TRANSLATE_NOOP("WindowMenus", "Cut"),
+         {"Std_zCut", "-", "Std_Sectioncut", "FreecutPlane3Pts", "FreecutPlaneTangent",
+          "FreecutPlaneVertical", "FreecutPlaneXYPlane", "FreecutPlaneXZPlane",
+          "FreecutPlaneYZPlane", "-", "Std_Polygoncut", "FreecutPolygon", "FreecutCylinder",
+          "FreecutCuboid"}},
+    };
+    return all;
+}
 
 bool isSeparator(char const* entry)
 {
@@ -85,13 +111,17 @@ bool isSeparator(char const* entry)
 }  // namespace
 
 WindowMenus::WindowMenus(QMainWindow& window, Base::CommandManager& manager)
-    : QObject(&window), m_mainWindow(window), m_manager(manager), m_toolBar(new QToolBar(&window))
+    : QObject(&window), m_mainWindow(window), m_manager(manager)
 {
-    m_toolBar->setObjectName(QStringLiteral("MainToolBar"));
-    m_toolBar->setMovable(false);
-    m_toolBar->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    m_toolBar->setContextMenuPolicy(Qt::PreventContextMenu);
-    window.addToolBar(Qt::TopToolBarArea, m_toolBar);
+    for (ToolBar const& entry : barTables()) {
+        auto* const bar = new QToolBar(&window);
+        bar->setObjectName(QString::fromLatin1(entry.objectName));
+        bar->setMovable(entry.objectName != barTables().front().objectName);
+        bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+        bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        window.addToolBar(Qt::TopToolBarArea, bar);
+        m_toolBars.push_back(bar);
+    }
 }
 
 void WindowMenus::fill()
@@ -103,9 +133,9 @@ void WindowMenus::fill()
     }
     m_headings.clear();
     m_mainWindow.menuBar()->clear();
-    m_toolBar->clear();
     fillMenus();
-    fillToolBar();
+    for (std::size_t i = 0; i < m_toolBars.size(); ++i)
+        fillToolBar(*m_toolBars[i], barTables()[i].entries);
     retranslate();
     emit filled();
 }
@@ -170,20 +200,21 @@ void WindowMenus::addHeading(QMenu& menu, char const* text)
     m_headings.push_back({label, text});
 }
 
-void WindowMenus::fillToolBar()
+void WindowMenus::fillToolBar(QToolBar& bar, std::vector<char const*> const& entries)
 {
+    bar.clear();
     bool isSeparated = true;
-    for (char const* const name : toolBarEntries) {
+    for (char const* const name : entries) {
         if (isSeparator(name)) {
             isSeparated = false;
             continue;
         }
         if (!m_manager.getCommandByName(name))
             continue;
-        if (!isSeparated && !m_toolBar->actions().isEmpty())
-            m_toolBar->addSeparator();
+        if (!isSeparated && !bar.actions().isEmpty())
+            bar.addSeparator();
         isSeparated = true;
-        m_manager.addTo(name, m_toolBar);
+        m_manager.addTo(name, &bar);
     }
 }
 
@@ -193,5 +224,6 @@ void WindowMenus::retranslate()
         title.menu->setTitle(tr(title.text));
     for (Heading const& heading : m_headings)
         heading.label->setText(tr(heading.text).mid(1));
-    m_toolBar->setWindowTitle(tr("Tools"));
+    for (std::size_t i = 0; i < m_toolBars.size(); ++i)
+        m_toolBars[i]->setWindowTitle(tr(barTables()[i].title));
 }

@@ -31,6 +31,8 @@ public:
 
     /// The submenu of the recent files, borrowed; shown when the menus are filled next.
     void setRecentFiles(QMenu* menu) { m_recentFiles = menu; }
+    /// The tool bars, whose toggles belong into the window menu.
+    std::vector<QToolBar*> const& toolBars() const { return m_toolBars; }
     /// The menu to which the window adds its panels; never null after fill().
     QMenu* windowMenu() const { return m_window; }
 
@@ -44,7 +46,7 @@ private:
     QMenu* addMenu(char const* title);
     void fillMenu(QMenu& menu, std::vector<char const*> const& entries);
     void fillMenus();
-    void fillToolBar();
+    void fillToolBar(QToolBar& bar, std::vector<char const*> const& entries);
     void addHeading(QMenu& menu, char const* text);
 
     struct Title
@@ -64,5 +66,5 @@ private:
     QVector<Heading> m_headings;
     QPointer<QMenu> m_recentFiles;
     QMenu* m_window = nullptr;
-    QToolBar* m_toolBar;
+    std::vector<QToolBar*> m_toolBars;
 };

@@ -7,9 +7,9 @@
 /// above 100 stands for the end of that call's stage.
 namespace ProgressScale {
 
-/// percent   what the service reports
-/// part      index of the part at hand
-/// partCount number of parts of the job, at least 1
+/// percent    what the service reports
+/// part       index of the part at hand
+/// partCount  number of parts of the job, at least 1
 using Rule = int (*)(int percent, int part, int partCount);
 
 /// Around a plane cut.

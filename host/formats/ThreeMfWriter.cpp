@@ -80,8 +80,8 @@ void ThreeMfWriter::write(std::span<NamedMesh const> parts)
 {
     std::vector<Item> items;
     for (NamedMesh const& part : parts)
-        items.push_back({part.name, part.kernel, part.color, MeshSource::Frame::Placed,
-                         part.isSupport});
+        items.push_back(
+            {part.name, part.kernel, part.color, MeshSource::Frame::Placed, part.isSupport});
     m_zip.addEntry("[Content_Types].xml", std::string(xmlHead) + contentTypes);
     writeModel(items);
     m_zip.finish();
@@ -145,9 +145,9 @@ void ThreeMfWriter::writeMaterials(std::vector<Item> const& items)
 
 void ThreeMfWriter::writeObject(Item const& item, std::size_t place, StepProgress& steps)
 {
-    m_text += "  <object id=\"" + std::to_string(firstObjectId + place) +
-              "\" type=\"" + (item.isSupport ? "support" : "model") + "\" name=\"" +
-              nameText(item.name) + "\" p:UUID=\"" + identifier(Entry::Object, place) + "\"";
+    m_text += "  <object id=\"" + std::to_string(firstObjectId + place) + "\" type=\"" +
+              (item.isSupport ? "support" : "model") + "\" name=\"" + nameText(item.name) +
+              "\" p:UUID=\"" + identifier(Entry::Object, place) + "\"";
     if (item.color != 0)
         m_text += " pid=\"" + std::to_string(materialsId) + "\" pindex=\"" +
                   std::to_string(m_materials.at(item.color)) + "\"";

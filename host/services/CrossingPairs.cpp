@@ -67,10 +67,17 @@ private:
     {
         for (std::uint32_t near = block.overlapping(box); near != 0; near &= near - 1) {
             std::uint32_t const other = block.triangles[std::countr_zero(near)];
-            if (other != triangle && !areSpread(triangle, other) &&
-                doTrianglesMeet(m_mesh, triangle, other))
+            if (other == triangle || areSpread(triangle, other))
+                continue;
+            if (doTrianglesMeet(m_mesh, triangle, other) || areDuplicates(triangle, other))
                 partners.push_back(other);
         }
+    }
+
+    bool areDuplicates(std::uint32_t a, std::uint32_t b) const
+    {
+        MeshArrays::Corners const &s = m_mesh.triangles[a], &t = m_mesh.triangles[b];
+        return std::is_permutation(s.begin(), s.end(), t.begin());
     }
 
     /// Whether both are at a vertex around which triangles are known not to meet elsewhere.

@@ -8,7 +8,8 @@
 #include <utility>
 #include <vector>
 
-/// Two triangles that meet, as doTrianglesMeet tells it; the smaller number first.
+/// Two triangles that meet, as doTrianglesMeet tells it, or that are on the same three vertices; the
+/// smaller number first.
 using CrossingPair = std::pair<std::uint32_t, std::uint32_t>;
 
 /// The pairs of triangles that meet and hang together with certain triangles: all pairs of these,

@@ -2,6 +2,7 @@
 #include "host/services/CrossingResolver.h"
 
 #include "host/mesh/DisjointSets.h"
+#include "host/mesh/ExactSigns.h"
 #include "host/services/EdgeGroups.h"
 #include "host/services/RoundedRest.h"
 #include "host/services/SoupMending.h"
@@ -31,37 +32,39 @@ Vector doubledArea(MeshArrays const& mesh, std::uint32_t t)
     return doubledArea(mesh.point(t, 0), mesh.point(t, 1), mesh.point(t, 2));
 }
 
-/// A part of a directed edge's balance.
+/// What the change of a cluster adds to the balance of an edge.
 struct Term
 {
     std::uint64_t edge;
+    std::uint32_t cluster;
     int count;
 };
 
-void addEdges(Corners const& corners, int count, std::vector<Term>& terms)
+void addEdges(Corners const& corners, int count, std::uint32_t cluster, std::vector<Term>& terms)
 {
     for (int k = 0; k < 3; ++k) {
         std::uint64_t const a = corners[k], b = corners[(k + 1) % 3];
         if (a < b)
-            terms.push_back({a << 32 | b, count});
+            terms.push_back({a << 32 | b, cluster, count});
         else if (b < a)
-            terms.push_back({b << 32 | a, -count});
+            terms.push_back({b << 32 | a, cluster, -count});
     }
 }
 
-bool areBalanced(std::vector<Term>& terms)
+/// One term for each edge and cluster, those that come to nothing left out.
+std::vector<Term> summedUp(std::vector<Term> terms)
 {
-    std::sort(terms.begin(), terms.end(),
-              [](Term const& a, Term const& b) { return a.edge < b.edge; });
-    for (std::size_t i = 0; i < terms.size();) {
-        std::uint64_t const edge = terms[i].edge;
-        int sum = 0;
-        for (; i < terms.size() && terms[i].edge == edge; ++i)
-            sum += terms[i].count;
-        if (sum != 0)
-            return false;
-    }
-    return true;
+    std::sort(terms.begin(), terms.end(), [](Term const& a, Term const& b) {
+        return std::tie(a.edge, a.cluster) < std::tie(b.edge, b.cluster);
+    });
+    std::vector<Term> sums;
+    for (Term const& term : terms)
+        if (!sums.empty() && sums.back().edge == term.edge && sums.back().cluster == term.cluster)
+            sums.back().count += term.count;
+        else
+            sums.push_back(term);
+    std::erase_if(sums, [](Term const& term) { return term.count == 0; });
+    return sums;
 }
 
 }  // namespace
@@ -80,8 +83,8 @@ CrossingResolver::CrossingResolver(MeshArrays const& mesh,
         divide(i, field, progress);
     }
     flood(progress);
-    makeGroups();
     checkChains();
+    makeGroups();
 }
 
 void CrossingResolver::makeClusters(std::vector<CrossingPair> const& pairs)
@@ -108,8 +111,8 @@ void CrossingResolver::makeClusters(std::vector<CrossingPair> const& pairs)
         m_clusters[cluster].triangles.push_back(triangles[i]);
         m_clusterOf[triangles[i]] = cluster;
     }
-    for (auto const& [a, b] : pairs)
-        ++m_clusters[m_clusterOf.at(a)].pairs;
+    for (CrossingPair const& pair : pairs)
+        m_clusters[m_clusterOf.at(pair.first)].pairs.push_back(pair);
 }
 
 /// Curves may pass through vertices, so those at one place count as one.
@@ -153,6 +156,7 @@ public:
     void run(WindingField const& field, StageProgress& progress)
     {
         numberPoints();
+        findCoverage(progress);
         makePatches();
         std::vector<std::size_t> const seeds = largestFacets();
         for (std::uint32_t i = 0; i < seeds.size(); ++i) {
@@ -202,10 +206,68 @@ private:
         }
     }
 
+    /// Per triangle those in its plane that it meets.
+    std::vector<std::vector<std::uint32_t>> coplanarPartners() const
+    {
+        std::vector<std::vector<std::uint32_t>> partners(m_soup.triangles.size());
+        auto const rankOf = [&](std::uint32_t t) {
+            return std::uint32_t(
+                std::lower_bound(m_cluster.triangles.begin(), m_cluster.triangles.end(), t) -
+                m_cluster.triangles.begin());
+        };
+        for (auto const& [first, second] : m_cluster.pairs) {
+            std::uint32_t const a = rankOf(first), b = rankOf(second);
+            if (!areCoplanar(a, b))
+                continue;
+            partners[a].push_back(b);
+            partners[b].push_back(a);
+        }
+        return partners;
+    }
+
+    bool areCoplanar(std::uint32_t a, std::uint32_t b) const
+    {
+        for (int k = 0; k < 3; ++k)
+            if (ExactSigns::orient3d(m_soup.point(a, 0), m_soup.point(a, 1), m_soup.point(a, 2),
+                                     m_soup.point(b, k)) != 0)
+                return false;
+        return true;
+    }
+
+    /// Per facet the triangles that it stands for, its own first.
+    void findCoverage(StageProgress& progress)
+    {
+        auto const partners = coplanarPartners();
+        m_under.resize(m_local.triangles.size());
+        for (std::size_t f = 0; f < m_under.size(); ++f) {
+            std::uint32_t const own = m_divided.facets()[f].triangle;
+            m_under[f].push_back(own);
+            if (partners[own].empty())
+                continue;
+            progress.add(0);
+            auto const others = m_divided.trianglesUnder(f, partners[own]);
+            m_under[f].insert(m_under[f].end(), others.begin(), others.end());
+        }
+    }
+
+    /// Whether two facets go on in each other: pieces of one triangle, or of neighbours at their
+    /// common edge. Where they stand for other triangles, these may have more to either side.
     bool isInner(std::span<std::uint32_t const> edge) const
     {
-        return edge.size() == 2 &&
-               EdgeGroups::start(m_local, edge[0]) == EdgeGroups::end(m_local, edge[1]);
+        if (edge.size() != 2 ||
+            EdgeGroups::start(m_local, edge[0]) != EdgeGroups::end(m_local, edge[1]))
+            return false;
+        auto const &a = m_under[edge[0] / 3], &b = m_under[edge[1] / 3];
+        return a == b || (a.size() == 1 && b.size() == 1 && haveCommonEdge(a[0], b[0]));
+    }
+
+    bool haveCommonEdge(std::uint32_t a, std::uint32_t b) const
+    {
+        int shared = 0;
+        for (std::uint32_t const corner : m_soup.triangles[a])
+            for (std::uint32_t const other : m_soup.triangles[b])
+                shared += corner == other;
+        return shared == 2;
     }
 
     void makePatches()
@@ -255,7 +317,7 @@ private:
     /// How the mesh winds on both sides of a patch decides how often its facets are wanted.
     void measure(std::uint32_t patch, std::size_t seed, WindingField const& field)
     {
-        std::vector<std::uint32_t> under = m_divided.trianglesUnder(seed);
+        std::vector<std::uint32_t> under = m_under[seed];
         Vector const ours = doubledArea(m_soup, m_divided.facets()[seed].triangle);
         int present = 0;
         for (std::uint32_t& triangle : under) {
@@ -269,8 +331,18 @@ private:
             m_cluster.fault = Fault::open;
         else if (std::lround(std::min(front, back)) < 0 && isAnyInverted(under))
             m_cluster.fault = Fault::insideOut;
+        // Where several lie on each other, what goes on beside them does not lie with them.
+        if (under.size() > 1)
+            dropRim(patch);
         m_resolver.m_patches[patch].present = present;
         m_resolver.m_patches[patch].wanted = (std::lround(back) > 0) - (std::lround(front) > 0);
+    }
+
+    void dropRim(std::uint32_t patch)
+    {
+        for (std::uint32_t const halfEdge : m_resolver.m_patches[patch].rim)
+            m_resolver.m_patchAt.erase(halfEdge);
+        m_resolver.m_patches[patch].rim.clear();
     }
 
     /// A pocket that is turned inside out may go; not a whole shell.
@@ -306,6 +378,7 @@ private:
     Exact::DividedTriangles m_divided;
     MeshArrays m_local;
     EdgeGroups m_edges;
+    std::vector<std::vector<std::uint32_t>> m_under;
     std::uint32_t m_firstPatch = 0;
 };
 
@@ -438,7 +511,7 @@ void CrossingResolver::makeGroups()
         }
         cluster.group = number;
         Group& group = m_groups[number];
-        group.pairs += cluster.pairs;
+        group.pairs += cluster.pairs.size();
         group.fault = std::max(group.fault, cluster.fault);
         for (std::uint32_t const t : cluster.triangles)
             for (int k = 0; k < 3; ++k)
@@ -450,25 +523,34 @@ void CrossingResolver::makeGroups()
     }
 }
 
-/// What is taken away must have the same border as what comes in its place.
+/// What is taken away must have the same border as what comes in its place. Clusters in which it
+/// has not may make up for each other.
 void CrossingResolver::checkChains()
 {
-    std::vector<std::vector<Term>> terms(m_groups.size());
+    std::vector<Term> terms;
     for (Facet const& facet : m_facets) {
         Patch const& patch = m_patches[facet.patch];
         if (patch.wanted != patch.present)
-            addEdges(facet.corners, patch.wanted - patch.present,
-                     terms[m_clusters[patch.cluster].group]);
+            addEdges(facet.corners, patch.wanted - patch.present, patch.cluster, terms);
     }
     for (auto const& [triangle, cluster] : m_buried) {
         Corners corners = m_mesh.triangles[triangle];
         for (std::uint32_t& corner : corners)
             corner = standInOf(corner);
-        addEdges(corners, -1, terms[m_clusters[cluster].group]);
+        addEdges(corners, -1, cluster, terms);
     }
-    for (std::size_t g = 0; g < m_groups.size(); ++g)
-        if (m_groups[g].fault == Fault::none && !areBalanced(terms[g]))
-            m_groups[g].fault = Fault::gaps;
+    terms = summedUp(std::move(terms));
+    for (std::size_t i = 0; i < terms.size();) {
+        std::uint64_t const edge = terms[i].edge;
+        std::uint32_t const first = terms[i].cluster;
+        int sum = 0;
+        for (; i < terms.size() && terms[i].edge == edge; ++i) {
+            sum += terms[i].count;
+            m_links.emplace_back(first, terms[i].cluster);
+        }
+        if (sum != 0 && m_clusters[first].fault == Fault::none)
+            m_clusters[first].fault = Fault::gaps;
+    }
 }
 
 /// Marks the triangles of a cluster as removed, except those that stay undivided; their facets are

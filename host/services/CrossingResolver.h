@@ -89,7 +89,7 @@ private:
     struct Cluster
     {
         std::vector<std::uint32_t> triangles;
-        std::size_t pairs = 0;
+        std::vector<CrossingPair> pairs;
         std::size_t firstFacet = 0, endFacet = 0;
         std::uint32_t group = 0;
         Fault fault = Fault::none;

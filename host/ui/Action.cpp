@@ -48,6 +48,8 @@ void Action::setChecked(bool checked)
 void Action::setShowAsCheckBox(bool show)
 {
     m_showAsCheckBox = show;
+    // The style draws the buttons of the action by that.
+    m_action->setProperty("showAsCheckBox", show);
 }
 
 bool Action::isShowAsCheckBox() const

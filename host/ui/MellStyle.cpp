@@ -5,11 +5,13 @@
 #include "host/ui/StyleShapes.h"
 #include "platform/ui/Theme.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -119,9 +121,36 @@ void MellStyle::drawComplexControl(ComplexControl control, QStyleOptionComplex c
             return drawScrollBar(option, painter, widget);
         case CC_Slider:
             return drawSlider(option, painter, widget);
+        case CC_ToolButton:
+            if (isShownAsCheckBox(widget))
+                return drawCheckButton(option, painter, widget);
+            return QProxyStyle::drawComplexControl(control, option, painter, widget);
         default:
             QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
+}
+
+bool MellStyle::isShownAsCheckBox(QWidget const* widget)
+{
+    auto const* const button = qobject_cast<QToolButton const*>(widget);
+    QAction const* const action = button ? button->defaultAction() : nullptr;
+    return action && action->isCheckable() && action->property("showAsCheckBox").toBool();
+}
+
+// A tool button with the looks of a check box.
+void MellStyle::drawCheckButton(QStyleOptionComplex const* option, QPainter* painter,
+                                QWidget const* widget) const
+{
+    auto const* const button = qstyleoption_cast<QStyleOptionToolButton const*>(option);
+    if (!button)
+        return;
+    QStyleOptionButton box;
+    static_cast<QStyleOption&>(box) = *option;
+    box.state &= ~(State_On | State_Off);
+    box.state |= option->state & State_On ? State_On : State_Off;
+    box.text = button->text;
+    box.type = QStyleOption::SO_Button;
+    drawControl(CE_CheckBox, &box, painter, widget);
 }
 
 void MellStyle::drawSpinBox(QStyleOptionComplex const* option, QPainter* painter,

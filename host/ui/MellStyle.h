@@ -34,6 +34,9 @@ public:
                   QStyleHintReturn* returned) const override;
 
 private:
+    static bool isShownAsCheckBox(QWidget const* widget);
+    void drawCheckButton(QStyleOptionComplex const* option, QPainter* painter,
+                         QWidget const* widget) const;
     void drawSpinBox(QStyleOptionComplex const* option, QPainter* painter,
                      QWidget const* widget) const;
     void drawComboBox(QStyleOptionComplex const* option, QPainter* painter,

@@ -113,6 +113,15 @@ QSize MellStyle::sizeFromContents(ContentsType type, QStyleOption const* option,
         case CT_ItemViewItem:
             result.setHeight(std::max(result.height(), scaled(1.9)));
             return result;
+        case CT_ToolButton:
+            if (isShownAsCheckBox(widget)) {
+                auto const* const button = qstyleoption_cast<QStyleOptionToolButton const*>(option);
+                int const text = button ? button->fontMetrics.horizontalAdvance(button->text) : 0;
+                result = {pixelMetric(PM_IndicatorWidth, option, widget) +
+                              pixelMetric(PM_CheckBoxLabelSpacing, option, widget) + text + 4,
+                          std::max(scaled(1.67), controlHeight)};
+            }
+            return result;
         case CT_CheckBox:
         case CT_RadioButton:
             result.setHeight(std::max(result.height(), scaled(1.67)));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/NavigationStyle.h"
 
+#include "host/view/ClickReach.h"
 #include "platform/view/AbstractMouseSelection.h"
 #include "platform/view/GLView.h"
 
@@ -19,18 +20,11 @@ namespace {
 
 using Vector = UVector3<double>;
 
-/// A drag is longer than a click by more than this, in pixels of either direction.
-constexpr int clickReach = 3;
 constexpr double radiansPerPixel = 0.4 * M_PI / 180;
 constexpr double nearerPerNotch = 0.9;
 constexpr double fartherPerNotch = 1.1;
 /// Eighths of a degree.
 constexpr double notch = 120;
-
-bool isBeyondClick(QPoint offset)
-{
-    return std::abs(offset.x()) > clickReach || std::abs(offset.y()) > clickReach;
-}
 
 double factorOf(double notches)
 {

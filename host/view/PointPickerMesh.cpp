@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/PointPickerMesh.h"
 
+#include "host/view/ClickReach.h"
 #include "host/view/PointLabel.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/MeshGLView.h"
@@ -16,7 +17,6 @@ constexpr unsigned markColor = 0xd02020ff;
 constexpr float markReach = 6;
 /// From the mark to the text.
 constexpr int labelOffset = 10;
-constexpr int clickReach = 3;
 
 }  // namespace
 
@@ -61,8 +61,7 @@ int PointPickerMesh::mousePressEvent(QMouseEvent* event)
 
 int PointPickerMesh::mouseMoveEvent(QMouseEvent* event)
 {
-    QPoint const offset = event->pos() - m_press;
-    if (qMax(qAbs(offset.x()), qAbs(offset.y())) > clickReach)
+    if (isBeyondClick(event->pos() - m_press))
         m_isPressed = false;
     return 0;
 }

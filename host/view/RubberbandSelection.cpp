@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/RubberbandSelection.h"
 
+#include "host/view/ClickReach.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/GLView.h"
 
@@ -12,8 +13,6 @@ namespace {
 
 constexpr unsigned bandFill = 0x2f6fb028;
 constexpr unsigned bandEdge = 0x2f6fb0ff;
-/// A band is longer than a click in either direction by more than this, in pixels.
-constexpr int clickReach = 3;
 
 }  // namespace
 
@@ -48,9 +47,7 @@ int RubberbandSelection::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_isPressed)
         return 0;
-    QPoint const offset = event->pos() - m_press;
-    bool const isLong = qMax(qAbs(offset.x()), qAbs(offset.y())) > clickReach;
-    if (!isLong && m_band.isNull())
+    if (!isBeyondClick(event->pos() - m_press) && m_band.isNull())
         return 1;
     m_band = QRect(m_press, event->pos()).normalized();
     m_view->redraw();

@@ -12,9 +12,9 @@ namespace Base {
 class SequencerLauncher
 {
 public:
-    /// title   plain text shown with the display; copied
-    /// range   the value that means "finished"
-    /// canStop accepted for the caller's sake; setCancelEnabled decides
+    /// title    plain text shown with the display; copied
+    /// range    the value that means "finished"
+    /// canStop  accepted for the caller's sake; setCancelEnabled decides
     SequencerLauncher(char const* title, std::uint64_t range, bool canStop);
     ~SequencerLauncher();
     SequencerLauncher(SequencerLauncher const&) = delete;

@@ -6,8 +6,8 @@
 #include "tests/cutjobs/RecordingSink.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/TestDocument.h"
 #include "tests/support/ScratchSettings.h"
+#include "tests/support/TestDocument.h"
 
 #include <QEventLoop>
 #include <QTimer>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/window/WindowMenus.h"
 #include "tests/app/AppWindow.h"
 
 #include <QDockWidget>
@@ -103,13 +104,19 @@ TEST_F(AppWindow, EveryCommandWithAShortcutIsInAMenu)
     }
 }
 
-TEST_F(AppWindow, TheCutOfThePlugInIsInTheMenusAndWhatHasNoEffectIsNot)
+TEST_F(AppWindow, WhatThePlugInCutsWithIsInTheMenus)
 {
     std::set<QString> inMenus;
     for (QAction const* const entry : menuEntries(*window))
         inMenus.insert(entry->objectName());
-    EXPECT_TRUE(inMenus.count("Std_zCut"));
-    for (char const* name : {"Std_Sectioncut", "Std_Polygoncut"})
+    for (char const* const name :
+         {"Std_zCut", "Std_Sectioncut", "FreecutPlane3Pts", "FreecutPlaneTangent",
+          "FreecutPlaneVertical", "FreecutPlaneXYPlane", "FreecutPlaneXZPlane",
+          "FreecutPlaneYZPlane", "Std_Polygoncut", "FreecutPolygon", "FreecutCylinder",
+          "FreecutCuboid"})
+        EXPECT_TRUE(inMenus.count(name)) << name;
+    // These make sense beside a drawn polygon alone, or are buttons of its dialog.
+    for (char const* const name : {"Remove Point", "Delete all teeth", "PolygoncutReset"})
         EXPECT_FALSE(inMenus.count(name)) << name;
 }
 
@@ -190,4 +197,24 @@ TEST_F(AppWindow, ResetLayoutBringsMovedAndClosedPanelsBack)
     EXPECT_EQ(window->dockWidgetArea(parts), Qt::LeftDockWidgetArea);
     EXPECT_FALSE(parts->isHidden());
     EXPECT_TRUE(log->isHidden());
+}
+
+TEST_F(AppWindow, WhatCutsHasABarOfItsOwnThatComesBackWhereItWas)
+{
+    auto* const bar = window->findChild<QToolBar*>("CutToolBar");
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(bar->windowTitle(), "Cut");
+    EXPECT_TRUE(bar->actions().contains(action("Std_zCut")));
+    EXPECT_FALSE(
+        window->findChild<QToolBar*>("MainToolBar")->actions().contains(action("Std_zCut")));
+    EXPECT_TRUE(window->menus().windowMenu()->actions().contains(bar->toggleViewAction()));
+    ASSERT_NO_FATAL_FAILURE(show());
+    bar->toggleViewAction()->trigger();
+    window->addToolBar(Qt::LeftToolBarArea, bar);
+    bar->hide();
+    window->close();
+    start();
+    auto const* const again = window->findChild<QToolBar*>("CutToolBar");
+    EXPECT_TRUE(again->isHidden());
+    EXPECT_EQ(again->orientation(), Qt::Vertical);
 }

@@ -96,9 +96,10 @@ TEST_F(AppWindow, TheHintOfAModulesToolComesFromItsCommand)
     action("FreecutPlane3Pts")->setChecked(true);
     test->add(box(10, 10, 10), "box");
     QCoreApplication::processEvents();
-    EXPECT_EQ(window->statusLine().hint(),
-              "3 points plane: Create a cutting plane by clicking 3 points on part(s). Esc ends the "
-              "tool.");
+    EXPECT_EQ(
+        window->statusLine().hint(),
+        "3 points plane: Create a cutting plane by clicking 3 points on part(s). Esc ends the "
+        "tool.");
 }
 
 TEST_F(AppWindow, TipsOfModulesStandAsTheyAreAndGetTheReasonWhereTheyAreOff)

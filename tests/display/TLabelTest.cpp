@@ -2,6 +2,7 @@
 #include "display/TLabel.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
+#include "tests/support/RecordingTool.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
 
@@ -28,8 +29,8 @@ void press(QWidget& widget)
 
 void turnWheel(QWidget& widget, int delta)
 {
-    QWheelEvent event(QPointF(1, 1), QPointF(1, 1), QPoint(), QPoint(0, delta), Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event(QPointF(1, 1), widget.mapToGlobal(QPoint(1, 1)), QPoint(), QPoint(0, delta),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
 }
 
@@ -111,5 +112,37 @@ TEST(TLabel, TheWheelZoomsTheViewInFront)
     EXPECT_DOUBLE_EQ(viewHeight(view), before * 0.9);
     turnWheel(label, -120);
     EXPECT_DOUBLE_EQ(viewHeight(view), before * 0.9 * 1.1);
+    window.setActiveGLView(nullptr);
+}
+
+TEST(TLabel, AClickStaysWithTheLabelAndTheWheelActsAsBesideIt)
+{
+    RecordingTool::enter();
+    MainWindow window;
+    Base::GLView view;
+    view.resize(400, 300);
+    window.setActiveGLView(&view);
+    view.startSelection(RecordingTool::name);
+    auto* const label = new Freecut::TLabel(&view);
+    Freecut::CylinderGraphicObject tool;
+    label->setObject(&tool);
+    label->setGeometry(300, 40, 40, 20);
+    QMouseEvent up(QEvent::MouseButtonRelease, QPointF(1, 1), Qt::LeftButton, Qt::NoButton,
+                   Qt::NoModifier);
+    press(*label);
+    EXPECT_TRUE(up.isAccepted());
+    QApplication::sendEvent(label, &up);
+    EXPECT_TRUE(up.isAccepted());
+    EXPECT_TRUE(RecordingTool::log.empty());
+
+    Base::GLView beside;
+    beside.resize(400, 300);
+    turnWheel(*label, 120);
+    QWheelEvent there(QPointF(301, 41), beside.mapToGlobal(QPoint(301, 41)), QPoint(),
+                      QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&beside, &there);
+    EXPECT_DOUBLE_EQ(viewHeight(view), viewHeight(beside));
+    EXPECT_NE(view.getViewRefPoint(), UPoint3<float>()) << "the zoom goes to the mouse";
+    EXPECT_EQ(view.getViewRefPoint(), beside.getViewRefPoint());
     window.setActiveGLView(nullptr);
 }

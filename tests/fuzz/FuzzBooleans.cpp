@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs boolean operations on random solids whose faces, edges and corners coincide more often than
-// not, then all operations on random broken parts, and judges every result:
+// not, then all operations on random broken parts, and judges every result; then reads spoilt
+// files:
 //
 //     test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1]
-//               [--kind solids|broken] [--operation NAME] [--inverted 1]
+//               [--kind solids|broken|files] [--operation NAME] [--inverted 1]
 //
-// Without --kind each has half of the time. With --exact 1 it judges the exact combination, which
-// the operations fall back to. --operation takes one of the operations on broken parts only, and
+// Without --kind each has a third of the time. With --exact 1 it judges the exact combination,
+// which the operations fall back to. --operation takes one of the operations on broken parts only,
+// and
 // --inverted 1 adds shells that are inside out and triangles that miss, come twice or are turned.
 // Each run has the seed after that of the one before. A failure is told with its seed, and what
 // went in is written into the working folder; `--seed N --runs 1` with the same options repeats it
 // and writes the files before it runs. What crashes tells its seed too.
 #include "host/services/exact/Corefinement.h"
 #include "tests/fuzz/BrokenRuns.h"
+#include "tests/fuzz/FileRuns.h"
 #include "tests/fuzz/FuzzFiles.h"
 #include "tests/fuzz/FuzzSolids.h"
 #include "tests/support/BooleanRuns.h"
@@ -67,7 +70,8 @@ bool readOption(char const* name, char const* value, Options& options)
         options.kind = value;
     else
         return false;
-    return options.kind.empty() || options.kind == "solids" || options.kind == "broken";
+    return options.kind.empty() || options.kind == "solids" || options.kind == "broken" ||
+           options.kind == "files";
 }
 
 bool readOptions(int argc, char** argv, Options& options)
@@ -202,24 +206,31 @@ int main(int argc, char** argv)
     if (!readOptions(argc, argv, options)) {
         std::fputs(
             "usage: test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1] "
-            "[--kind solids|broken] [--operation NAME] [--inverted 1]\n",
+            "[--kind solids|broken|files] [--operation NAME] [--inverted 1]\n",
             stderr);
         return 2;
     }
     for (int const signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS})
         std::signal(signal, tellSeed);
-    unsigned const seconds = options.kind.empty() ? options.seconds / 2 : options.seconds;
+    unsigned const seconds = options.kind.empty() ? options.seconds / 3 : options.seconds;
     unsigned failures = 0;
-    if (options.kind != "broken") {
+    auto const isAskedFor = [&](char const* kind) {
+        return options.kind.empty() || options.kind == kind;
+    };
+    if (isAskedFor("solids")) {
         Fuzzing solids(options.exact != 0);
         failures += repeat("solids", solids, options, seconds);
     }
-    if (options.kind != "solids") {
+    if (isAskedFor("broken")) {
         if (options.runs == 1)
             writeFuzzInputs("fuzz-broken-" + std::to_string(options.seed));
         BrokenRuns broken(options.operation, options.inverted != 0);
         failures += repeat("broken parts", broken, options, seconds);
         broken.printCounts();
+    }
+    if (isAskedFor("files")) {
+        FileRuns files;
+        failures += repeat("files", files, options, seconds);
     }
     return failures == 0 ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "host/ui/MellStyle.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/Action.h"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QMenu>
 #include <QToolButton>
 #include <QTranslator>
@@ -245,4 +247,38 @@ TEST(CommandManager, SurvivesAnActionThatGoesWithItsWindow)
     EXPECT_FALSE(command->hasAction());
     commands.updateActions();
     EXPECT_NE(command->getAction(), nullptr);
+}
+
+TEST(ActionButton, OfACheckBoxShowsOneWithItsText)
+{
+    CmdTurn command;
+    QToolButton button;
+    MellStyle style;
+    button.setStyle(&style);
+    Base::Action action(&command, nullptr);
+    action.setText("Show edges");
+    action.setCheckable(true);
+    action.addTo(&button);
+    button.resize(200, 40);
+    auto const picture = [&](bool isChecked) {
+        action.setChecked(isChecked);
+        QImage image(button.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        button.render(&image);
+        return image;
+    };
+    QImage const pressed = picture(true);
+    action.setShowAsCheckBox(true);
+    EXPECT_TRUE(action.isShowAsCheckBox());
+    QImage const on = picture(true), off = picture(false);
+    EXPECT_NE(on, pressed);
+    EXPECT_NE(on, off);
+    // The text and the ground are the same with the box checked and without.
+    int differing = 0;
+    for (int x = 100; x < 200; ++x)
+        for (int y = 0; y < 40; ++y)
+            differing += on.pixel(x, y) != off.pixel(x, y);
+    EXPECT_EQ(differing, 0);
+    action.setShowAsCheckBox(false);
+    EXPECT_EQ(picture(true), pressed);
 }

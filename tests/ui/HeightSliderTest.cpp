@@ -7,8 +7,8 @@
 #include "platform/ui/MellViewSlider.h"
 #include "platform/view/MeshGLView.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/TestDocument.h"
 #include "tests/support/ScratchSettings.h"
+#include "tests/support/TestDocument.h"
 
 #include <gtest/gtest.h>
 

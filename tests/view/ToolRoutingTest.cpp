@@ -306,8 +306,7 @@ TEST_F(ToolRouting, ThePickersMarkCanBeCleared)
     view.OnViewType(2);
     view.fitAll();
     view.startSelection("Mesh::PointPickerMesh");
-    auto* const picker =
-        static_cast<Mesh::PointPickerMesh*>(view.navigationStyle()->mouseModel());
+    auto* const picker = static_cast<Mesh::PointPickerMesh*>(view.navigationStyle()->mouseModel());
     picker->clearMark();
     click(view, {400, 300});
     ASSERT_TRUE(picker->pickedPoint());

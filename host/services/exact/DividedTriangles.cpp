@@ -3,29 +3,11 @@
 
 #include "host/services/exact/Arrangement.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace Exact {
 
 namespace {
 
 using Point = Arrangement::Point;
-
-/// Whether a point may lie in a triangle, by the triangle's box.
-bool isNear(MeshArrays const& soup, std::uint32_t triangle, std::array<double, 3> const& point)
-{
-    for (int axis = 0; axis < 3; ++axis) {
-        double const a = soup.point(triangle, 0)[axis], b = soup.point(triangle, 1)[axis],
-                     c = soup.point(triangle, 2)[axis];
-        // Rounding to double is far below this.
-        double const slack = 1e-12 * (std::abs(a) + std::abs(b) + std::abs(c));
-        double const p = point[std::size_t(axis)];
-        if (p < std::min({a, b, c}) - slack || p > std::max({a, b, c}) + slack)
-            return false;
-    }
-    return true;
-}
 
 }  // namespace
 
@@ -62,21 +44,17 @@ std::array<double, 3> DividedTriangles::middle(std::size_t facet) const
     return {CGAL::to_double(p.x()), CGAL::to_double(p.y()), CGAL::to_double(p.z())};
 }
 
-std::vector<std::uint32_t> DividedTriangles::trianglesUnder(std::size_t facet) const
+std::vector<std::uint32_t> DividedTriangles::trianglesUnder(
+    std::size_t facet, std::vector<std::uint32_t> const& candidates) const
 {
-    Point const exact = m_exactly->middle(m_facets[facet].corners);
-    std::array<double, 3> const rounded{CGAL::to_double(exact.x()), CGAL::to_double(exact.y()),
-                                        CGAL::to_double(exact.z())};
+    Point const middle = m_exactly->middle(m_facets[facet].corners);
     std::vector<std::uint32_t> under;
-    for (std::uint32_t t = 0; t < m_soup.triangles.size(); ++t) {
-        if (!isNear(m_soup, t, rounded))
-            continue;
+    for (std::uint32_t const t : candidates) {
         auto const corner = [&](int k) {
             MeshArrays::Point const& p = m_soup.point(t, k);
             return Point(p.X(), p.Y(), p.Z());
         };
-        if (t == m_facets[facet].triangle ||
-            ExactKernel::Triangle_3(corner(0), corner(1), corner(2)).has_on(exact))
+        if (ExactKernel::Triangle_3(corner(0), corner(1), corner(2)).has_on(middle))
             under.push_back(t);
     }
     return under;

@@ -34,8 +34,9 @@ public:
     std::vector<MeshArrays::Point> const& points() const { return m_points; }
     /// The middle of a facet, rounded to double.
     std::array<double, 3> middle(std::size_t facet) const;
-    /// All triangles that a facet lies in, ascending.
-    std::vector<std::uint32_t> trianglesUnder(std::size_t facet) const;
+    /// Which of some triangles a facet lies in.
+    std::vector<std::uint32_t> trianglesUnder(std::size_t facet,
+                                              std::vector<std::uint32_t> const& candidates) const;
 
 private:
     struct Exactly;

@@ -16,7 +16,7 @@ struct SectionSegment
 {
     std::uint32_t from = 0;
     std::uint32_t to = 0;
-    /// How many times the material lies on its left; at least 1.
+    /// How many times the material lies on its left; 0 where it bounds nothing and only divides.
     int weight = 1;
     /// The direction is not to be trusted: the segment counts as a border between in and out.
     bool isUndirected = false;

@@ -3,6 +3,7 @@
 
 #include "host/mesh/DisjointSets.h"
 #include "host/services/PlaceText.h"
+#include "host/services/planecut/SurplusContours.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <QCoreApplication>
@@ -69,13 +70,13 @@ void settleDirections(Segments& segments, SectionPoints const& points)
         if (balance[v] != 0)
             isUndirected[components.root(v)] = true;
     for (Exact::SectionSegment const& s : segments)
-        if (s.isUndirected)
+        if (s.isUndirected && s.weight > 0)
             isUndirected[components.root(s.from)] = true;
     for (std::uint32_t v = 0; v < points.size(); ++v)
         if (isUndirected[components.root(v)] && degree[v] % 2 != 0)
             throwOpen(points.place(v));
     for (Exact::SectionSegment& s : segments)
-        s.isUndirected = isUndirected[components.root(s.from)];
+        s.isUndirected = s.weight > 0 && isUndirected[components.root(s.from)];
     std::erase_if(segments, [](Exact::SectionSegment const& s) {
         return s.isUndirected && s.weight % 2 == 0;
     });
@@ -115,6 +116,7 @@ std::vector<Exact::SectionSegment> SectionContours::segments(SectionPoints const
         }
         addSegment(use, m_edges[first].low, m_edges[first].high, segments);
     }
+    dropSurplus(segments, points);
     settleDirections(segments, points);
     return segments;
 }

@@ -23,7 +23,7 @@ public:
 
     /// The contour segments, ordered by their points. Edges whose triangles all go to one side are
     /// none. Where the directions contradict each other but the contours close, the segments are
-    /// undirected.
+    /// undirected. What bounds nothing has a weight of 0.
     ///
     /// throws  Mell::Exception "The part is open where the plane meets it, near (x, y, z). Repair
     ///         the part and cut again." where a contour does not close
