@@ -106,7 +106,7 @@ TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
 TEST(CrossingMending, WhatIsMoreThanRoundingIsNamedAndStaysAsItIs)
 {
     Soup const pushed = boxUnderATip(39);
-    OperandSoup const operand = operandOf(pushed);
+    OperandSoup const operand = operandOf(boxUnderATip(40.5f));
     Pieces pieces{wholeOf(pushed)};
     std::vector<Point> places = pushed.points;
     StageProgress progress(nobody);

@@ -162,9 +162,17 @@ private:
         for (std::size_t i = 0; i < involved.size(); ++i)
             for (std::size_t j = i + 1; j < involved.size() && pairs.size() < mostPairs; ++j)
                 if (boxes[i].overlaps(boxes[j]) && (hasFree(involved[i]) || hasFree(involved[j])) &&
-                    doMeet(involved[i], involved[j]))
+                    doMeet(involved[i], involved[j]) && !didMeet(involved[i], involved[j]))
                     pairs.push_back({involved[i], involved[j]});
         return pairs;
+    }
+
+    /// Whether two triangles lie on triangles of one operand that meet themselves: no rounding did
+    /// that.
+    bool didMeet(std::size_t t, std::size_t u) const
+    {
+        Index const a = m_sources[t].triangle, b = m_sources[u].triangle;
+        return m_soup.operandOf(a) == m_soup.operandOf(b) && doTrianglesMeet(m_soup.mesh, a, b);
     }
 
     /// A triangle around the point at hand, and others that it may meet.

@@ -35,7 +35,8 @@ public:
                            std::vector<UPoint3<float>> const& places, StageProgress& progress);
 
     /// Mends all pieces. Returns a place of each pair of triangles that is left. Pairs without a
-    /// free corner, which the operands had before, are neither mended nor told.
+    /// free corner, and those on triangles of one operand that meet already, are neither mended nor
+    /// told.
     ///
     /// cost  milliseconds for each pair, up to a limit in proportion to the triangles
     std::vector<UPoint3<float>> run(StageProgress& progress);

@@ -6,16 +6,25 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Each takes some hundred bytes.
+constexpr std::size_t mostContacts = 40'000'000;
+
+}  // namespace
+
 SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
                                           std::vector<TrianglePair> const& ofSecond,
                                           WindingSources const& sources, StageProgress& progress)
 {
     std::vector<TrianglePair> contacts = findContacts(m_soup, grid, progress);
+    if (contacts.size() > mostContacts)
+        return Outcome::tooMuch;
     contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
     if (!m_network.build(contacts, progress))
         return Outcome::contradiction;
     progress.add(0);
-    if (!labelSides(m_soup, m_network, sources, m_labels))
+    if (!labelSides(m_soup, m_network, sources, m_labels, progress))
         return Outcome::contradiction;
     progress.add(0);
     m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);
