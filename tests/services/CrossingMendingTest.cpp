@@ -106,20 +106,22 @@ TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
 TEST(CrossingMending, WhatIsMoreThanRoundingIsNamedAndStaysAsItIs)
 {
     Soup const pushed = boxUnderATip(39);
-    OperandSoup const operand = operandOf(pushed);
-    Pieces pieces{wholeOf(pushed)};
-    std::vector<Point> places = pushed.points;
+    OperandSoup const operands[] = {operandOf(boxUnderATip(40.5f)), operandOf(pushed)};
     StageProgress progress(nobody);
     // A tip that stands in the box by a millimetre is more than rounding does.
-    for (bool const isTipFree : {false, true}) {
-        std::vector<bool> isFree(places.size(), false);
-        isFree.back() = isTipFree;
-        auto const left = CrossingMending(operand, pieces, places, isFree).run(progress);
-        // A crossing that the operand had before is not told.
-        EXPECT_EQ(left.empty(), !isTipFree);
-        EXPECT_LT((places.back() - pushed.points.back()).GetLength(), 1e-3f);
-        EXPECT_EQ(soupOf(pieces[0], places).triangles, pushed.triangles);
-    }
+    for (bool const didOperandCross : {false, true})
+        for (bool const isTipFree : {false, true}) {
+            Pieces pieces{wholeOf(pushed)};
+            std::vector<Point> places = pushed.points;
+            std::vector<bool> isFree(places.size(), false);
+            isFree.back() = isTipFree;
+            auto const left =
+                CrossingMending(operands[didOperandCross], pieces, places, isFree).run(progress);
+            // A crossing that the operand had before is not told.
+            EXPECT_EQ(left.empty(), !isTipFree || didOperandCross);
+            EXPECT_EQ(places, pushed.points);
+            EXPECT_EQ(soupOf(pieces[0], places).triangles, pushed.triangles);
+        }
 }
 
 TEST(CrossingMending, PiecesThatShareAPointKeepSharingIt)

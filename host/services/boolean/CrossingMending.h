@@ -35,7 +35,8 @@ public:
                            std::vector<UPoint3<float>> const& places, StageProgress& progress);
 
     /// Mends all pieces. Returns a place of each pair of triangles that is left. Pairs without a
-    /// free corner, which the operands had before, are neither mended nor told.
+    /// free corner, and pairs from triangles that cross in an operand, were there before: they are
+    /// neither mended nor told. What crosses by more than rounding can do is told and stays.
     ///
     /// cost  milliseconds for each pair, up to a limit in proportion to the triangles
     std::vector<UPoint3<float>> run(StageProgress& progress);
