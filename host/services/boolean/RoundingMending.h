@@ -16,14 +16,14 @@
 /// diagonals, or put in the place of a neighbour as near as that, and the move stays that leaves
 /// the fewest pairs at the triangles around the point. Triangles stay closed through every step: a
 /// point is put into another's place only where the surface stays a surface.
-class CrossingMending
+class RoundingMending
 {
 public:
     /// soup    of the operands
     /// pieces  by point numbers; triangles leave where two points become one
     /// places  by point number; those of free points change
     /// isFree  by point number: whether a point may be moved, for all triangles at it are in pieces
-    CrossingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
+    RoundingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
                     std::vector<UPoint3<float>>& places, std::vector<bool> const& isFree)
         : m_soup(soup), m_pieces(pieces), m_places(places), m_isFree(isFree)
     {}

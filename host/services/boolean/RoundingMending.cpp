@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/boolean/CrossingMending.h"
+#include "host/services/boolean/RoundingMending.h"
 
 #include "host/mesh/ExactSigns.h"
 #include "host/services/SelfIntersections.h"
@@ -565,13 +565,13 @@ private:
 
 }  // namespace
 
-bool CrossingMending::isCrossing(std::vector<PieceTriangle> const& piece,
+bool RoundingMending::isCrossing(std::vector<PieceTriangle> const& piece,
                                  std::vector<Point> const& places, StageProgress& progress)
 {
     return findCrossings(compacted(piece, places), progress).pairs > 0;
 }
 
-std::vector<Point> CrossingMending::run(StageProgress& progress)
+std::vector<Point> RoundingMending::run(StageProgress& progress)
 {
     PiecesAtPoints pieces(m_soup, m_pieces, m_places, m_isFree);
     std::vector<Point> left;
@@ -594,7 +594,7 @@ std::vector<Point> CrossingMending::run(StageProgress& progress)
     return left;
 }
 
-void CrossingMending::takeOver(std::vector<Point> const& places,
+void RoundingMending::takeOver(std::vector<Point> const& places,
                                std::vector<Corners> const& triangles)
 {
     m_places = places;
