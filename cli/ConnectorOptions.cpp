@@ -113,6 +113,8 @@ void addPinOptions(CLI::App& command, ConnectorOptions& options)
               PinHole::sideClearance);
     addLength(group, options, "--face-clearance", "Gap between the cut faces",
               PinHole::faceClearance);
+    group.add_flag("--keep-clear", options.keepClear,
+                   "Leave connectors out whose holes would come within 0.1 mm of a contour");
 }
 
 void addLapJointOptions(CLI::App& command, ConnectorOptions& options)
@@ -176,6 +178,12 @@ void ConnectorOptions::check() const
             refuse(option);
     if (givesBasedOn && kind != Kind::LapJoint)
         refuse("--based-on");
+    if (keepClear && (kind == Kind::None || kind == Kind::LapJoint))
+        refuse("--keep-clear");
+    if (keepClear && lengths.contains("--side-distance"))
+        throw UsageError(
+            "--keep-clear is for connectors on the centre lines, and --side-distance puts them "
+            "beside the contours; leave one of them out.");
     if (kind == Kind::LapJoint)
         lapJointParas();
     else if (kind != Kind::None)
@@ -222,6 +230,7 @@ PinHoleParas ConnectorOptions::pinHoleParas() const
     paras.faceclearance = lengthOf(*this, "--face-clearance", PinHole::faceClearance);
     paras.isSidedis = lengths.contains("--side-distance");
     paras.isPin = kind == Kind::Pins;
+    paras.keepClear = keepClear;
     return paras;
 }
 

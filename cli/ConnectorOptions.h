@@ -28,6 +28,8 @@ struct ConnectorOptions
     std::map<std::string, std::string> lengths;
     int basedOn = ConnectorLimits::LapJoint::basedOn.initial;
     bool givesBasedOn = false;
+    /// Connectors on the centre lines that would come too near a contour are left out.
+    bool keepClear = false;
 
     void addTo(CLI::App& command);
 

@@ -9,23 +9,15 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 
 namespace {
 
-/// Without a boundary the plane is stretched from its corners until it reaches beyond the parts,
-/// and a long and narrow one would stay narrow; a square never does.
 Freecut::PlaneSize sizeOf(SectionOptions const& options, Mesh::Document const& document)
 {
     float const suitable = Freecut::suitableSize(Freecut::boxOfAllParts(document));
-    Freecut::PlaneSize const size =
-        options.size().value_or(Freecut::PlaneSize{.width = suitable, .height = suitable});
-    if (options.bounded)
-        return size;
-    float const larger = std::max(size.width, size.height);
-    return {.width = larger, .height = larger};
+    return options.size().value_or(Freecut::PlaneSize{.width = suitable, .height = suitable});
 }
 
 void describe(Report& head, SectionOptions const& options, Freecut::PlaneSize const& size)

@@ -47,21 +47,21 @@ public:
         auto const contours = extractSectionContours(section.get());
         facts.contours = contours.size();
         if (m_connectors.cutType() == SECTIONCUT_PINHOLE)
-            placePins(part, contours, *section, ConnectorProgress::stage(progress, {100, 0}, 0, 1));
+            placePins(part, contours, *section);
         if (m_connectors.cutType() == SECTIONCUT_LAPJOINT)
             placeJoint(part, contours);
     }
 
 private:
-    void placePins(CutPart& part, std::vector<SectionContour> const& contours, MeshKernel& section,
-                   std::function<void(int)> const& progress) const
+    void placePins(CutPart& part, std::vector<SectionContour> const& contours,
+                   MeshKernel& section) const
     {
         SectionFacts& facts = *part.section;
         facts.positions.emplace();
         if (contours.empty())
             return;
         PinHoleParas const paras = m_connectors.pinHoleParas();
-        facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll(progress))
+        facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll())
                               .computePositions(contours, &section);
         if (facts.positions->empty())
             part.remarks.push_back(
@@ -77,8 +77,9 @@ private:
         if (contours.empty())
             return;
         LapJointParas const paras = m_connectors.lapJointParas();
-        LapJointOutline const outline(paras, m_frame, *m_plane.readMesh());
-        if (outline.of(contours, true).size() == 0)
+        if (LapJointOutline::polled(paras, m_frame, m_plane.readMesh(), contours, true,
+                                    ConnectorProgress::poll())
+                .size() == 0)
             part.remarks.push_back(
                 {part.object,
                  CutRemark::Kind::NoRoomForConnectors,

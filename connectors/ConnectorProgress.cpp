@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/ConnectorProgress.h"
 
+#include "platform/jobs/Exceptions.h"
+#include "platform/jobs/ProgressSink.h"
+
 #include <algorithm>
 #include <chrono>
 
@@ -31,17 +34,17 @@ std::function<void(int)> span(std::function<void(int)> stage, Share share)
     };
 }
 
-Poll poll(std::function<void(int)> stage)
+Poll poll()
 {
-    if (!stage)
-        return {};
     using Clock = std::chrono::steady_clock;
-    return [stage = std::move(stage), last = Clock::now()]() mutable {
+    return [last = Clock::time_point()]() mutable {
         Clock::time_point const now = Clock::now();
         if (now - last < std::chrono::milliseconds(10))
             return;
         last = now;
-        stage(0);
+        std::shared_ptr<Base::ProgressSink> const display = Base::progressSink();
+        if (display && display->isCancelRequested())
+            throw Mell::AbortException("Aborting...");
     };
 }
 

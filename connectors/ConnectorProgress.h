@@ -27,9 +27,10 @@ std::function<void(int)> stage(std::function<void(int)> progress, Share share, i
 /// A progress function for one service call within a stage.
 std::function<void(int)> span(std::function<void(int)> stage, Share share);
 
-/// What long work between the stages calls now and then, so that a cancel takes effect: it reports
-/// where a stage begins once more, at most every ten milliseconds. Empty over an empty function.
+/// What long work between the stages calls now and then, so that a cancel takes effect. It reports
+/// no number: it asks the progress display, at most every ten milliseconds, and throws
+/// Mell::AbortException "Aborting..." if the user has cancelled.
 using Poll = std::function<void()>;
-Poll poll(std::function<void(int)> stage);
+Poll poll();
 
 }  // namespace ConnectorProgress

@@ -44,12 +44,11 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
     if (contours.empty())
         return {};
-    ConnectorProgress::Poll const poll =
-        ConnectorProgress::poll(part.stage({RunForm::twoCuts().connectorStart, 0}));
-    std::vector<MeshKernel> tongue = createNotchMesh(contours, frame, basePlane, true);
-    if (poll)
-        poll();
-    std::vector<MeshKernel> notch = createNotchMesh(contours, frame, basePlane, false);
+    std::vector<MeshKernel> tongue, notch;
+    runMeshStage([&] {
+        tongue = createNotchMesh(contours, frame, basePlane, true);
+        notch = createNotchMesh(contours, frame, basePlane, false);
+    });
     // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
     if (tongue.empty() || notch.empty())
         return {};
@@ -63,8 +62,9 @@ std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionConto
                                                         bool tongue) const
 {
     std::vector<MeshKernel> solid;
-    LapJointOutline const outline(paras, frame, *basePlane.readMesh());
-    if (auto mesh = notchMesh(outline.of(contours, tongue), paras, frame, tongue))
+    POLYGON::Polygons const outline = LapJointOutline::polled(
+        paras, frame, basePlane.readMesh(), contours, tongue, ConnectorProgress::poll());
+    if (auto mesh = notchMesh(outline, paras, frame, tongue))
         solid.emplace_back(mesh.release());
     return solid;
 }

@@ -3,6 +3,7 @@
 
 #include "connectors/PlaneFrame.h"
 #include "connectors/PlaneGrid.h"
+#include "connectors/PolledWork.h"
 #include "platform/mesh/UMesh.h"
 
 namespace {
@@ -30,6 +31,18 @@ POLYGON::Polygons LapJointOutline::of(std::vector<SectionContour> const& contour
     if (m_paras.basedOn == innerContours)
         return aroundHoles(polygons, tongue);
     return moved(polygons, insetOfOuter(tongue));
+}
+
+POLYGON::Polygons LapJointOutline::polled(LapJointParas const& paras, PlaneFrame const& frame,
+                                          std::shared_ptr<UMesh<float> const> basePlane,
+                                          std::vector<SectionContour> const& contours, bool tongue,
+                                          ConnectorProgress::Poll const& poll)
+{
+    return runPolled(
+        [paras, frame, basePlane = std::move(basePlane), contours, tongue] {
+            return LapJointOutline(paras, frame, *basePlane).of(contours, tongue);
+        },
+        poll);
 }
 
 std::vector<ClipperLib::Path> LapJointOutline::keptPaths(

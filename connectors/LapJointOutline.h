@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorProgress.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/SectionContour.h"
 #include "platform/services/POLYGON.h"
+
+#include <memory>
 
 class PlaneFrame;
 template <typename T>
@@ -24,6 +27,14 @@ public:
     /// tongue    or else the notch, which is wider by the clearance on each side
     /// returns   empty if no contour counts or nothing is left after the inset
     POLYGON::Polygons of(std::vector<SectionContour> const& contours, bool tongue) const;
+
+    /// The same, with a poll while contours are moved, which cannot be interrupted.
+    ///
+    /// throws  what the poll throws
+    static POLYGON::Polygons polled(LapJointParas const& paras, PlaneFrame const& frame,
+                                    std::shared_ptr<UMesh<float> const> basePlane,
+                                    std::vector<SectionContour> const& contours, bool tongue,
+                                    ConnectorProgress::Poll const& poll);
 
     /// How far the tongue's or notch's outline lies outside the outer contours (below zero:
     /// inside), in grid units; never zero for a notch as wide as the contour.

@@ -55,9 +55,11 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& for
     std::vector<SectionContour> const contours = extractSectionContours(part.cap.get());
     if (contours.empty())
         return {};
-    std::vector<UPoint3<float>> const positions =
-        PinPlacement(paras, frame, ConnectorProgress::poll(part.stage({form.connectorStart, 0})))
-            .computePositions(contours, part.cap.get());
+    std::vector<UPoint3<float>> positions;
+    runMeshStage([&] {
+        positions = PinPlacement(paras, frame, ConnectorProgress::poll())
+                        .computePositions(contours, part.cap.get());
+    });
     if (positions.empty())
         return {};
     return paras.isPin ? applyPins(part, form, frame, positions)

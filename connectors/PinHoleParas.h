@@ -23,4 +23,7 @@ struct PinHoleParas
     bool isSidedis = false;
     /// One half gets pins and the other one holes; otherwise both get holes.
     bool isPin = true;
+    /// On the centre lines, positions whose holes would come within 0.1 mm of a contour are left
+    /// out.
+    bool keepClear = false;
 };

@@ -4,7 +4,9 @@
 #include "connectors/CentreLines.h"
 #include "connectors/ContourDistance.h"
 #include "connectors/LineDistribution.h"
+#include "connectors/PlaneFrame.h"
 #include "connectors/PlaneGrid.h"
+#include "connectors/PolledWork.h"
 #include "platform/mesh/MeshKernel.h"
 #include "platform/services/PQPDistance.h"
 
@@ -29,21 +31,28 @@ std::vector<Point> PinPlacement::computePositions(std::vector<SectionContour> co
 std::vector<std::vector<Point>> PinPlacement::linesBesideContours(
     std::vector<SectionContour> const& contours) const
 {
-    float const delta = std::trunc(m_paras.sidedistance * -1.0f * 1000.0f);
+    return runPolled([contours, frame = m_frame,
+                      inset = m_paras.sidedistance] { return linesAt(inset, contours, frame); },
+                     m_poll);
+}
+
+std::vector<std::vector<Point>> PinPlacement::linesAt(float inset,
+                                                      std::vector<SectionContour> const& contours,
+                                                      PlaneFrame const& frame)
+{
+    float const delta = std::trunc(inset * -1.0f * 1000.0f);
     std::vector<std::vector<Point>> lines;
     for (SectionContour const& contour : contours) {
-        if (m_poll)
-            m_poll();
         // One contour at a time counts as an outer one, whatever its direction.
         ClipperLib::ClipperOffset offsetter(miterLimit, arcTolerance);
-        offsetter.AddPaths({PlaneGrid::pathOf(contour, m_frame)}, ClipperLib::jtRound,
+        offsetter.AddPaths({PlaneGrid::pathOf(contour, frame)}, ClipperLib::jtRound,
                            ClipperLib::etClosedPolygon);
         ClipperLib::Paths moved;
         offsetter.Execute(moved, double(delta));
         for (ClipperLib::Path const& path : moved) {
             if (path.empty())
                 continue;
-            std::vector<Point> line = PlaneGrid::pointsOf(path, m_frame);
+            std::vector<Point> line = PlaneGrid::pointsOf(path, frame);
             line.push_back(line.front());
             lines.push_back(std::move(line));
         }
@@ -56,10 +65,7 @@ std::vector<Point> PinPlacement::besideContours(std::vector<SectionContour> cons
 {
     std::vector<Point> positions =
         distributeAlongLines(linesBesideContours(contours), m_paras.spacing, m_poll);
-    PQPDistance const section(cap, [this](int) {
-        if (m_poll)
-            m_poll();
-    });
+    PQPDistance const section(cap, {});
     std::erase_if(positions, [&](Point const& p) {
         return std::abs(section.distance(p)) >= double(m_paras.radius);
     });
@@ -73,9 +79,9 @@ std::vector<Point> PinPlacement::onCentreLines(std::vector<SectionContour> const
     ContourDistance const distances(contours);
     std::vector<Point> positions = distributeAlongLines(
         extractCentreLines(*cap->getMesh(), distances, clearance, m_poll), m_paras.spacing, m_poll);
-    // Both ends of a piece of line are clear, but between them it may pass a corner more closely.
-    std::erase_if(positions, [&](Point const& p) {
-        return !isClearOfContours(distances.distance(p), clearance);
-    });
+    if (m_paras.keepClear)
+        std::erase_if(positions, [&](Point const& p) {
+            return !isClearOfContours(distances.distance(p), clearance);
+        });
     return positions;
 }

@@ -20,8 +20,9 @@ public:
     /// The positions, every two at least the spacing apart, in order of placing.
     ///
     /// With isSidedis they lie at the side distance from a contour, on the section or less than the
-    /// radius beside it. Otherwise they lie on the centre lines, and a hole at each keeps more than
-    /// 0.1 mm of material to every contour.
+    /// radius beside it. Otherwise they lie on the centre lines. The ends of each piece of these
+    /// are more than the hole's radius and 0.1 mm from every contour; between them a line may pass
+    /// a corner more closely, and with keepClear a position there is left out.
     ///
     /// contours  of the section, as extractSectionContours gives them
     /// cap       the section face that they were extracted from
@@ -34,6 +35,8 @@ public:
         std::vector<SectionContour> const& contours) const;
 
 private:
+    static std::vector<std::vector<UPoint3<float>>> linesAt(
+        float inset, std::vector<SectionContour> const& contours, PlaneFrame const& frame);
     std::vector<UPoint3<float>> besideContours(std::vector<SectionContour> const& contours,
                                                MeshKernel* cap) const;
     std::vector<UPoint3<float>> onCentreLines(std::vector<SectionContour> const& contours,

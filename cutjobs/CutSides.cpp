@@ -5,6 +5,31 @@
 #include "cutjobs/common/ServiceCall.h"
 #include "platform/services/Intersect.h"
 
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// Whether a clean-up has nothing to do. A part that the plane does not cross shares its mesh with
+/// its only piece, and cleaning up would copy it.
+bool isClean(UMesh<float> const& mesh)
+{
+    std::vector<bool> isUsed(mesh.vertices.size(), false);
+    for (std::size_t v = 0; v < mesh.vertices.size(); ++v)
+        if (mesh.vertices[v]->cID() != v)
+            return false;
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+        UTriangle<float> const& triangle = *mesh.triangles[t];
+        if (triangle.cID() != t || triangle.ComputeNormalizedNormal() == UVector3<float>())
+            return false;
+        for (int k = 0; k < 3; ++k)
+            isUsed[triangle.cV(k)->cID()] = true;
+    }
+    return std::find(isUsed.begin(), isUsed.end(), false) == isUsed.end();
+}
+
+}  // namespace
+
 CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
                        std::function<void(int)> const& progress, int index, int partCount,
                        std::string& reason)
@@ -20,8 +45,9 @@ CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
         if (progress)
             progress(ProgressScale::partDone(index, partCount));
     });
-    cleanUpPiece(*sides.sideA);
-    cleanUpPiece(*sides.sideB);
+    for (auto const& side : {sides.sideA, sides.sideB})
+        if (side->readMesh() != copy->readMesh() || !isClean(*side->readMesh()))
+            cleanUpPiece(*side);
     return sides;
 }
 

@@ -11,9 +11,25 @@
 
 namespace {
 
+/// Whether a kernel reads the same mesh as another one: that of a part that no cut has touched.
+bool isShared(MeshKernel const& kernel)
+{
+    // The kernel and the question itself.
+    constexpr long ownersOfAMeshOfItsOwn = 2;
+    auto const mesh = kernel.readMesh();
+    return mesh.use_count() > ownersOfAMeshOfItsOwn;
+}
+
 /// A kernel that takes over the records of a piece; nothing is copied.
 MeshKernel* takeGeometry(MeshKernel& piece, bool writesCounts)
 {
+    if (isShared(piece)) {
+        auto shared = std::make_unique<MeshKernel>();
+        shared->shareMeshOf(piece);
+        shared->getMatrix() = UMatrix4<float>();
+        piece.replaceMesh(std::make_unique<UMesh<float>>());
+        return shared.release();
+    }
     // The mesh is filled before a kernel holds it: a kernel that has handed its mesh out for
     // writing is copied record by record when the part is cut again.
     auto mesh = std::make_unique<UMesh<float>>();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/DialogCommands.h"
 
+#include "dialogs/DialogPolygoncut.h"
 #include "dialogs/DialogSectioncut.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/ui/Application.h"
@@ -12,24 +13,38 @@ bool DialogCommand::isActive()
     return document && !document->getMeshObjects().empty();
 }
 
-void CmdPlanecut::activated(int)
+namespace {
+
+/// Opens a dialog on the active document, or brings it in front; null if there is none to show.
+template <typename Dialog>
+Dialog* openDialog(char const* name)
 {
-    constexpr char const* name = "DialogSectioncut";
     Base::Document* const document =
         Application::Instance ? Application::Instance->activeDocument() : nullptr;
     DialogWindowManager& dialogs = *DialogWindowManager::instance();
     DialogWidget* open = dialogs.getDialogWindow(name);
     if (!open) {
         if (!document)
-            return;
-        open = dialogs.creatDialogWindow(name, Freecut::DialogSectioncut::create);
+            return nullptr;
+        open = dialogs.creatDialogWindow(name, Dialog::create);
         if (!open)
-            return;
-        static_cast<Freecut::DialogSectioncut*>(open)->setModuleName(document->getName());
-        static_cast<Freecut::DialogSectioncut*>(open)->setDocument(document);
+            return nullptr;
+        static_cast<Dialog*>(open)->setModuleName(document->getName());
+        static_cast<Dialog*>(open)->setDocument(document);
     }
     dialogs.activateDialog(open);
-    static_cast<Freecut::DialogSectioncut*>(open)->initializeFromCutView();
+    return static_cast<Dialog*>(open);
 }
 
-void CmdPolygoncut::activated(int) {}
+}  // namespace
+
+void CmdPlanecut::activated(int)
+{
+    if (auto* const dialog = openDialog<Freecut::DialogSectioncut>("DialogSectioncut"))
+        dialog->initializeFromCutView();
+}
+
+void CmdPolygoncut::activated(int)
+{
+    openDialog<Freecut::DialogPolygoncut>("DialogPolygoncut");
+}

@@ -65,6 +65,19 @@ void CuboidcutSelection::dragMoveMouseLeft(UVector3<float> delta, QMouseEvent co
     finishEdit(*graphicObject);
 }
 
+std::function<void()> CuboidcutSelection::putBack()
+{
+    CuboidProperty const& now = getCuboid()->getProperty();
+    return [this, points = now.getKeyPoints(), length = now.getCuboidLength(),
+            width = now.getCuboidWidth(), angle = now.getCuboidAngle()] {
+        CuboidProperty& record = getCuboid()->getProperty();
+        record.setKeyPoints(points);
+        record.setCuboidLength(length);
+        record.setCuboidWidth(width);
+        record.setCuboidAngle(angle);
+    };
+}
+
 int CuboidcutSelection::mousePressEvent(QMouseEvent* event)
 {
     if (!graphicObject)
@@ -74,7 +87,7 @@ int CuboidcutSelection::mousePressEvent(QMouseEvent* event)
         return 0;
     if (auto const handle =
             handleAt(*m_view, event->pos(), getCuboid()->getProperty().getKeyPoints()))
-        beginDrag(*handle);
+        beginDrag(*handle, putBack());
     return 0;
 }
 

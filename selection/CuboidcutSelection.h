@@ -37,6 +37,8 @@ public:
 
 private:
     void dragMoveMouseLeft(UVector3<float> delta, QMouseEvent const* event);
+    /// Takes the cuboid back to what it is now.
+    std::function<void()> putBack();
 };
 
 }  // namespace Freecut

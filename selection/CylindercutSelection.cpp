@@ -103,13 +103,26 @@ std::optional<int> CylindercutSelection::partUnder(QPoint position) const
     return {};
 }
 
+std::function<void()> CylindercutSelection::putBack()
+{
+    CylinderProperty const& now = getCylinder()->getProperty();
+    return [this, points = now.getKeyPoints(), radius = now.getRadius(),
+            width = now.getNotchWidth(), length = now.getNotchLength()] {
+        CylinderProperty& record = getCylinder()->getProperty();
+        record.setKeyPoints(points);
+        record.setRadius(radius);
+        record.setNotchWidth(width);
+        record.setNotchLength(length);
+    };
+}
+
 int CylindercutSelection::mousePressEvent(QMouseEvent* event)
 {
     lastPos = event->pos();
     if (isFrozen() || event->button() != Qt::LeftButton)
         return 0;
     if (auto const part = partUnder(event->pos()))
-        beginDrag(*part);
+        beginDrag(*part, putBack());
     return 0;
 }
 

@@ -37,6 +37,8 @@ public:
 
 private:
     void dragMoveMouseLeft(UVector3<float> delta, QMouseEvent const* event);
+    /// Takes the cylinder back to what it is now.
+    std::function<void()> putBack();
     /// The key point, or CYLINDER_CIRCLE, that is under the mouse.
     std::optional<int> partUnder(QPoint position) const;
     bool isCircleUnder(QPoint position) const;

@@ -178,7 +178,7 @@ int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton) {
         auto const vertex = handleAt(*m_view, event->pos(), getPolygon()->getPoints());
         if (vertex) {
-            beginDrag(*vertex);
+            beginDrag(*vertex, putBack());
             return 0;
         }
     }
@@ -188,11 +188,23 @@ int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
     return 0;
 }
 
+std::function<void()> PolygoncutSelection::putBack()
+{
+    PolygonProperty const& record = getPolygon()->getProperty();
+    return [this, points = record.getKeyPoints(), edges = record.getEdgeRecords(),
+            paras = teeth.paras()] {
+        getPolygon()->getProperty().setKeyPoints(points);
+        getPolygon()->getProperty().setEdgeRecords(edges);
+        teeth.setParas(paras);
+    };
+}
+
 void PolygoncutSelection::beginToothDrag(ToothHit const& hit)
 {
     selectedIndex = hit.tooth;
     selectedEdge = hit.edge;
     (hit.isHandle ? draggingHandle : draggingBasePoint) = true;
+    captureDrag(putBack());
 }
 
 bool PolygoncutSelection::dragStep(QMouseEvent const& event)
@@ -223,7 +235,9 @@ int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
 {
     dragStep(*event);
     lastPos = event->pos();
-    if (!isFrozen())
+    if (isFrozen())
+        hoverLine.hide();
+    else
         hover(event->pos());
     return 0;
 }

@@ -78,6 +78,8 @@ private:
     bool dragStep(QMouseEvent const& event);
     bool endDrag();
     void beginToothDrag(ToothHit const& hit);
+    /// Takes the outline and its teeth back to what they are now.
+    std::function<void()> putBack();
     bool isHandleUnder(QPoint position) const;
     void hover(QPoint position);
     void releaseOnContour(QMouseEvent const& event);

@@ -74,10 +74,22 @@ bool VolumeSelection::isInPreview() const
     return graphicObject && graphicObject->getVolumeProperty().getPreviewOn();
 }
 
-void VolumeSelection::beginDrag(int handle)
+void VolumeSelection::beginDrag(int handle, std::function<void()> putBack)
 {
     selectedIndex = handle;
     isDragging = true;
+    captureDrag(std::move(putBack));
+}
+
+void VolumeSelection::captureDrag(std::function<void()> putBack)
+{
+    capturePress([this, dragged = graphicObject, putBack = std::move(putBack)] {
+        // The tool that was dragged may have gone meanwhile.
+        if (graphicObject != dragged)
+            return;
+        putBack();
+        finishEdit(*graphicObject);
+    });
 }
 
 void VolumeSelection::putCentre(UPoint3<float> const& eyePoint, std::size_t keyPoints)

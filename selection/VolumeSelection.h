@@ -4,6 +4,8 @@
 #include "selection/FreecutSelection.h"
 #include "selection/PointLabel.h"
 
+#include <functional>
+
 namespace Freecut {
 
 class VolumeGraphicObject;
@@ -42,7 +44,11 @@ protected:
     bool isInPreview() const;
     /// There is nothing to edit: no tool yet, or one in a preview.
     bool isFrozen() const { return !graphicObject || isInPreview(); }
-    void beginDrag(int handle);
+    /// The drag of a handle is the tool's from now on.
+    ///
+    /// putBack  puts what is dragged back; what follows an edit is done after it
+    void beginDrag(int handle, std::function<void()> putBack);
+    void captureDrag(std::function<void()> putBack);
 
     // Of the tools that stand on one point.
 

@@ -37,7 +37,7 @@ void CuboidOutline::appendSolid(SolidPreview& preview) const
     if (preview.isOpenGL33()) {
         preview.addPoints(top);
         preview.addPoints(bottom);
-    } else {
+    } else if (!m_cuboid.getKeyPoints().empty()) {
         UPoint3<float> const center = m_cuboid.getKeyPoints()[0];
         UPoint3<float> const below = center - m_cuboid.getExtrudeVector();
         for (std::size_t i = 0; i < top.size(); ++i)

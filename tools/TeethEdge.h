@@ -12,8 +12,8 @@ namespace Freecut {
 struct TeethEdge
 {
     bool hasTeeth = false;
-    /// The side on which the teeth stand.
-    bool flip = false;
+    /// The side on which the teeth stand: that of the mouse tool, which begins with this one.
+    bool flip = true;
     /// The teeth were confirmed.
     bool applied = false;
     /// The edge takes part in the current edit.

@@ -50,7 +50,9 @@ std::vector<Menu> const& menus()
          {QT_TRANSLATE_NOOP("WindowMenus", "#At the height of the slider"), "Std_zCut",
           QT_TRANSLATE_NOOP("WindowMenus", "#By a plane"), "Std_Sectioncut", "FreecutPlane3Pts",
           "FreecutPlaneTangent", "FreecutPlaneVertical", "FreecutPlaneXYPlane",
-          "FreecutPlaneXZPlane", "FreecutPlaneYZPlane"}},
+          "FreecutPlaneXZPlane", "FreecutPlaneYZPlane",
+          QT_TRANSLATE_NOOP("WindowMenus", "#By a drawn shape"), "Std_Polygoncut", "FreecutPolygon",
+          "FreecutCylinder", "FreecutCuboid"}},
         {windowTitle, {"Std_FullScreen", "Std_ResetLayout"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Help"), {"Std_Shortcuts", "-", "Std_About"}},
     };
@@ -95,7 +97,8 @@ std::vector<ToolBar> const& barTables()
          QT_TRANSLATE_NOOP("WindowMenus", "Cut"),
          {"Std_zCut", "-", "Std_Sectioncut", "FreecutPlane3Pts", "FreecutPlaneTangent",
           "FreecutPlaneVertical", "FreecutPlaneXYPlane", "FreecutPlaneXZPlane",
-          "FreecutPlaneYZPlane"}},
+          "FreecutPlaneYZPlane", "-", "Std_Polygoncut", "FreecutPolygon", "FreecutCylinder",
+          "FreecutCuboid"}},
     };
     return all;
 }

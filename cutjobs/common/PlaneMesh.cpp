@@ -15,6 +15,8 @@ namespace {
 /// well by its corners.
 constexpr float largestSpacingMm = 0.001f;
 constexpr float shortenedReach = 4;
+/// What the rounding of corners may take off a stretch.
+constexpr float coverMargin = 1e-4f;
 
 UBox3<float> extendedBy(UBox3<float> const& box, UPoint3<float> const& centre)
 {
@@ -91,11 +93,14 @@ Corners span(UBox3<float> const& box, UPoint3<float> const& centre, UPoint3<floa
     float const diagonal = (extended.max - extended.min).GetLength();
     if (reach == Reach::Diagonal)
         return cornersAt(centre, d1, d2, diagonal);
-    float const s = diagonal / leastComponent(d1, d2);
+    float const spanning = spanningStretch(extended, centre, d1, d2);
+    float const prescribed = diagonal / leastComponent(d1, d2);
+    float const s = spanning > prescribed && std::isfinite(spanning) ? spanning * (1 + coverMargin)
+                                                                     : prescribed;
     Corners const corners = cornersAt(centre, d1, d2, s);
     if (!isTooCoarse(corners))
         return corners;
-    float const shortened = shortenedReach * spanningStretch(extended, centre, d1, d2);
+    float const shortened = shortenedReach * spanning;
     return shortened < s ? cornersAt(centre, d1, d2, shortened) : corners;
 }
 

@@ -21,7 +21,9 @@ enum class Reach
     /// L along each direction.
     Diagonal,
     /// L divided by the smallest component other than zero of the two directions, so that even
-    /// along the axis in which they advance the least the plane spans L. A component that is tiny
+    /// along the axis in which they advance the least the plane spans L. Where the rectangle, which
+    /// stands on its corner or is narrow, does not cover the box and the centre all the same, the
+    /// stretch is what it takes to cover them. A component that is tiny
     /// but not zero would put the corners where floats lie more than 0.001 mm apart: they then lie
     /// four times as far as it takes to cover the box and the centre.
     DiagonalAlongAxes,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/MeshMaking.h"
 #include "host/services/RecordArrays.h"
 
 #include <tbb/blocked_range.h>
@@ -91,14 +92,20 @@ MeshArrays copyArrays(MeshKernel const& kernel, Frame frame, StageProgress& prog
     return arrays;
 }
 
-std::unique_ptr<UMesh<float>> makeMesh(MeshArrays const& arrays)
+std::unique_ptr<UMesh<float>> makeMesh(MeshArrays const& arrays, StageProgress& progress)
 {
+    constexpr std::size_t pollInterval = 8192;
     auto mesh = std::make_unique<UMesh<float>>();
     mesh->vertices.reserve(arrays.points.size());
     mesh->triangles.reserve(arrays.triangles.size());
-    for (MeshArrays::Point const& point : arrays.points)
+    for (MeshArrays::Point const& point : arrays.points) {
+        if (mesh->vertices.size() % pollInterval == 0)
+            progress.add(0);
         mesh->AddVertex(new UVertex<float>(point));
+    }
     for (MeshArrays::Corners const& corners : arrays.triangles) {
+        if (mesh->triangles.size() % pollInterval == 0)
+            progress.add(0);
         auto* triangle = new UTriangle<float>;
         for (int k = 0; k < 3; ++k)
             triangle->V0(k) = mesh->vertices[corners[k]];
@@ -108,4 +115,11 @@ std::unique_ptr<UMesh<float>> makeMesh(MeshArrays const& arrays)
     mesh->UpdateVertsID();
     mesh->UpdateTrisID();
     return mesh;
+}
+
+std::unique_ptr<UMesh<float>> makeMesh(MeshArrays const& arrays)
+{
+    std::function<void(int)> const nobody;
+    StageProgress progress(nobody);
+    return makeMesh(arrays, progress);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/CrossingMending.h"
+#include "host/services/MeshMaking.h"
 #include "host/services/RepairNotes.h"
 #include "host/services/SoupMending.h"
 #include "host/services/TriangleDifference.h"
@@ -73,7 +74,7 @@ bool RepairMethods::autoRepair_simple_advanced(std::function<void(int)> progress
     std::unique_ptr<UMesh<float>> made;
     if (hasChanged) {
         removeUnusedPoints(mesh);
-        made = makeMesh(mesh);
+        made = makeMesh(mesh, stages);
     }
     // The last moment for a cancel; it must not find the mesh changed.
     stages.finish();

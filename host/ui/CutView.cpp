@@ -113,11 +113,10 @@ UVector3<double> CutView::direction() const
 bool CutView::getCutParameters(UPoint3<float>& point, UVector3<float>& normal) const
 {
     UVector3<double> const n = direction();
-    if (!isActive() || n == UVector3<double>())
+    // Without a visible part there is nothing that a plane could go through.
+    if (!isActive() || n == UVector3<double>() || m_box.Isnullptr())
         return false;
-    UPoint3<float> middle;
-    if (!m_box.Isnullptr())
-        middle = (m_box.min + m_box.max) * 0.5f;
+    UPoint3<float> const middle = (m_box.min + m_box.max) * 0.5f;
     double const way = m_position - along(n, middle);
     double const sign = m_widgets->flip->isChecked() ? -1 : 1;
     for (int i = 0; i < 3; ++i) {

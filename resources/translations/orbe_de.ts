@@ -537,12 +537,163 @@
         <source>Width(W) is too large.</source>
         <translation>Die Breite(W) ist zu groß.</translation>
     </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Round corners</source>
+        <translation>Ecken abrunden</translation>
+    </message>
+    <message>
+        <source>Tolerance</source>
+        <translation>Toleranz</translation>
+    </message>
+    <message>
+        <source>Use Notch</source>
+        <translation>Mit Nase</translation>
+    </message>
+    <message>
+        <source>Add Teeth</source>
+        <translation>Zähne hinzufügen</translation>
+    </message>
+    <message>
+        <source>Jagged</source>
+        <translation>Gezackt</translation>
+    </message>
+    <message>
+        <source>Dove Tailed</source>
+        <translation>Schwalbenschwanz</translation>
+    </message>
+    <message>
+        <source>Puzzle</source>
+        <translation>Puzzle</translation>
+    </message>
+    <message>
+        <source>Teeth Style</source>
+        <translation>Form der Zähne</translation>
+    </message>
+    <message>
+        <source>Teeth setting method</source>
+        <translation>Verteilung der Zähne</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Upper width</source>
+        <translation>Obere Breite</translation>
+    </message>
+    <message>
+        <source>Lower width</source>
+        <translation>Untere Breite</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>Apply to all edges</source>
+        <translation>Auf alle Kanten anwenden</translation>
+    </message>
+    <message>
+        <source>Flip Teeth</source>
+        <translation>Zähne umklappen</translation>
+    </message>
+    <message>
+        <source>Coordinates</source>
+        <translation>Koordinaten</translation>
+    </message>
+    <message>
+        <source>Cut till</source>
+        <translation>Schneiden bis</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Cutting options</source>
+        <translation>Schnittoptionen</translation>
+    </message>
+    <message>
+        <source>Advanced standard view options</source>
+        <translation>Weitere Optionen für Standardansichten</translation>
+    </message>
+    <message>
+        <source>Remove original parts</source>
+        <translation>Originalteile entfernen</translation>
+    </message>
+    <message>
+        <source>Add Point</source>
+        <translation>Punkt hinzufügen</translation>
+    </message>
+    <message>
+        <source>Show coordinate</source>
+        <translation>Koordinaten anzeigen</translation>
+    </message>
+    <message>
+        <source>Move selected point to</source>
+        <translation>Gewählten Punkt verschieben nach</translation>
+    </message>
+    <message>
+        <source>Clearance Direction</source>
+        <translation>Richtung des Spiels</translation>
+    </message>
+    <message>
+        <source>Inside</source>
+        <translation>Innen</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>Außen</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Beide Seiten</translation>
+    </message>
 </context>
 <context>
     <name>DialogLabel</name>
     <message>
         <source>Step</source>
         <translation>Schritt</translation>
+    </message>
+</context>
+<context>
+    <name>DialogPolygoncut</name>
+    <message>
+        <source>The outline encloses nothing. Move its points apart.</source>
+        <translation>Der Umriss umschließt nichts. Rücken Sie seine Punkte auseinander.</translation>
+    </message>
+    <message>
+        <source>The clearance leaves nothing inside the outline, so that the parts would be cut without a gap. Choose a smaller clearance or a larger outline.</source>
+        <translation>Das Spiel lässt innerhalb des Umrisses nichts übrig, sodass die Teile ohne Spalt geschnitten würden. Wählen Sie ein kleineres Spiel oder einen größeren Umriss.</translation>
+    </message>
+    <message>
+        <source>The tool has no solid to cut with. Draw it anew.</source>
+        <translation>Das Werkzeug hat keinen Körper, mit dem sich schneiden lässt. Zeichnen Sie es neu.</translation>
     </message>
 </context>
 <context>
@@ -1717,6 +1868,10 @@
         <source>No</source>
         <translation>Nein</translation>
     </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
 </context>
 <context>
     <name>MellQuantitySpinBox</name>
@@ -2755,6 +2910,10 @@
     <message>
         <source>#By a plane</source>
         <translation>#Mit einer Ebene</translation>
+    </message>
+    <message>
+        <source>#By a drawn shape</source>
+        <translation>#Mit einer gezeichneten Form</translation>
     </message>
     <message>
         <source>&amp;Help</source>

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/ConnectorProgress.h"
+#include "tests/cutjobs/RecordingSink.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <thread>
 #include <vector>
 
 using namespace ConnectorProgress;
@@ -41,15 +43,30 @@ TEST(ConnectorProgress, OverNoFunctionThereIsNone)
     EXPECT_FALSE(span({}, {0, 100}));
 }
 
-TEST(ConnectorProgress, APollReportsTheBeginningAgainNowAndThen)
+TEST(ConnectorProgress, APollReportsNoNumberAndEndsByTheUsersCancel)
 {
-    std::vector<int> values;
-    auto const poll = ConnectorProgress::poll(
-        ConnectorProgress::stage([&](int x) { values.push_back(x); }, {40, 0}, 1, 2));
+    PluggedSink const sink;
+    int numbers = 0;
+    sink->onProgress = [&](RecordingSink&, int) { ++numbers; };
+    auto const poll = ConnectorProgress::poll();
     auto const start = std::chrono::steady_clock::now();
-    while (values.size() < 3)
+    while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(30))
         poll();
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(30));
-    EXPECT_EQ(values, (std::vector<int>{70, 70, 70}));
-    EXPECT_FALSE(ConnectorProgress::poll({}));
+    sink->cancel();
+    std::string text;
+    try {
+        for (;;)
+            poll();
+    } catch (Mell::AbortException const& abort) {
+        text = abort.what();
+    }
+    EXPECT_EQ(text, "Aborting...");
+    EXPECT_EQ(numbers, 0);
+}
+
+TEST(ConnectorProgress, APollWithoutADisplayGoesOn)
+{
+    auto const poll = ConnectorProgress::poll();
+    std::this_thread::sleep_for(std::chrono::milliseconds(15));
+    EXPECT_NO_THROW(poll());
 }

@@ -3,6 +3,7 @@
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/connectors/CutterRun.h"
+#include "tests/cutjobs/RecordingSink.h"
 #include "tests/support/MeshBuilders.h"
 
 #include <gtest/gtest.h>
@@ -267,6 +268,26 @@ TEST(ConnectorRun, ACancelAtAnyMomentLeavesTheResultEmpty)
         EXPECT_LE(lines.size(), 2u);
         for (std::string const& line : lines)
             EXPECT_EQ(line, "Command Abort.");
+    }
+}
+
+TEST(ConnectorRun, ACancelWhileConnectorsArePlacedIsToldLikeOneWithinAStage)
+{
+    for (bool const isJoint : {false, true}) {
+        Scene scene;
+        Console const console;
+        PluggedSink const sink;
+        std::vector<Mesh::DocumentObject*> const parts{scene.test.add(block, "part")};
+        sink->cancel();
+        // The cutter's own progress says nothing: only the poll asks the display.
+        auto const cancelled = [&] {
+            if (isJoint)
+                LapJointCutter(LapJointParas(), false, parts, scene.plane.get()).execute({});
+            else
+                PinHoleCutter(pins(0.1f), false, parts, scene.plane.get()).execute({});
+        };
+        EXPECT_THROW(cancelled(), Mell::AbortException);
+        EXPECT_EQ(console.lines, (std::vector<std::string>{"Command Abort.", "Command Abort."}));
     }
 }
 

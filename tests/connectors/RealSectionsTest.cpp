@@ -70,6 +70,7 @@ TEST(RealSections, CentreLinePositionsKeepClearOfAllContours)
     for (RealSection& real : sections) {
         SCOPED_TRACE(real.name);
         PinHoleParas paras;
+        paras.keepClear = true;
         auto const positions = positionsOn(real, paras);
         expectApart(positions, paras.spacing);
         PQPDistance const section(&real.section->cap, {});

@@ -54,6 +54,40 @@ TEST(PlaneMesh, TheSmallestComponentStretchesThePlane)
     expectPoint(corners[1], {0, 0, 13.0f / 0.6f});
 }
 
+TEST(PlaneMesh, WhereTheStretchDoesNotReachAcrossThePartsItIsWhatItTakes)
+{
+    // A rectangle of 10 by 100, turned by 45 degrees: its corners lie nearly on one line. And one
+    // that stands on its corner, over a flat part seen from the part's own corner.
+    auto const coversBox = [](UBox3<float> const& part, UPoint3<float> const& centre,
+                              PlaneMesh::Corners const& corners) {
+        for (int corner = 0; corner < 4; ++corner) {
+            UPoint3<float> const p(corner & 1 ? part.MaxX() : part.MinX(),
+                                   corner & 2 ? part.MaxY() : part.MinY(), centre.Z());
+            for (std::size_t i = 0; i < 4; ++i) {
+                UVector3<float> const side = corners[(i + 1) % 4] - corners[i];
+                UVector3<float> const inward = centre - corners[i], toPoint = p - corners[i];
+                float const which = (side * inward).Z();
+                if ((side * toPoint).Z() * which < 0)
+                    return false;
+            }
+        }
+        return true;
+    };
+    UBox3<float> const part({0, 0, -10}, {200, 30, 10});
+    float const c = std::sqrt(0.5f);
+    auto const corner = [&](float x, float y) {
+        return UPoint3<float>(100 + c * (x - y), 15 + c * (x + y), 0);
+    };
+    auto const narrow = PlaneMesh::span(part, {100, 15, 0}, corner(-50, -5), corner(50, -5),
+                                        Reach::DiagonalAlongAxes);
+    EXPECT_TRUE(coversBox(part, {100, 15, 0}, narrow));
+    UBox3<float> const flat({0, 0, 0}, {100, 100, 0.01f});
+    auto const diamond =
+        PlaneMesh::span(flat, {0, 0, 0}, {1, 0, 0}, {0, 1, 0}, Reach::DiagonalAlongAxes);
+    EXPECT_TRUE(coversBox(flat, {0, 0, 0}, diamond));
+    EXPECT_NEAR(diamond[0].X(), 200, 0.1f);
+}
+
 TEST(PlaneMesh, ATinyComponentDoesNotStretchThePlaneBeyondWhatFloatsCanTell)
 {
     // 13 / 0.001 would do, but 13 / 0.0001 lies where floats are 0.0078 apart.

@@ -105,6 +105,23 @@ TEST(ResultIntegration, GeometryMovesAndThePieceIsLeftEmpty)
     EXPECT_EQ(parts[part][0]->getBoundingBox(), UBox3<float>({0, 0, 0}, {1, 1, 1}));
 }
 
+TEST(ResultIntegration, APartThatNoCutTouchedSharesItsMeshWithItsPiece)
+{
+    TestDocument test;
+    auto* const part = test.add(torus(20, 5, 24, 12), "part");
+    auto const mesh = part->meshProperty->getMesh()->readMesh();
+    auto const piece = std::make_shared<MeshKernel>(part->meshProperty->getMesh());
+    auto parts = integrate(test, {{part, {piece}}}, {});
+    MeshKernel& kernel = *parts[part][0]->meshProperty->getMesh();
+    EXPECT_EQ(kernel.readMesh(), mesh);
+    EXPECT_EQ(part->meshProperty->getMesh()->readMesh(), mesh);
+    EXPECT_TRUE(piece->readMesh()->triangles.empty());
+    // A change of one of them is not seen by the other.
+    kernel.getMesh()->vertices[0]->P() = {1, 2, 3};
+    EXPECT_EQ(part->meshProperty->getMesh()->readMesh(), mesh);
+    EXPECT_NE(mesh->vertices[0]->cP(), UPoint3<float>(1, 2, 3));
+}
+
 TEST(ResultIntegration, PiecesGetTheDefaultMatrixAndColour)
 {
     TestDocument test;

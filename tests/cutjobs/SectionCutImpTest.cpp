@@ -64,6 +64,38 @@ int reportCount(SECTIONCUTTYPE type)
 
 }  // namespace
 
+TEST(SectionCutImp, APartThatThePlaneMissesIsNotCopied)
+{
+    TestDocument test;
+    auto* const above = test.add(box(30, 30, 30, {0, 0, 20}), "above");
+    auto* const below = test.add(box(30, 30, 5), "below");
+    auto const ofAbove = above->meshProperty->getMesh()->readMesh();
+    auto const ofBelow = below->meshProperty->getMesh()->readMesh();
+    for (SECTIONCUTTYPE const type : allTypes) {
+        SectionRun run({above, below}, type);
+        run.worker.doWork();
+        ASSERT_EQ(run.events, Events{"true"});
+        EXPECT_EQ(run.worker.getResult().at(above).front()->readMesh(), ofAbove);
+        EXPECT_EQ(run.worker.getResult().at(below).front()->readMesh(), ofBelow);
+    }
+}
+
+TEST(SectionCutImp, APartThatThePlaneMissesIsCleanedUpAllTheSame)
+{
+    // A triangle without area, and a point that none uses.
+    Soup soup = box(30, 30, 5);
+    soup.add(soup.triangles[0][0], soup.triangles[0][1], soup.triangles[0][0]);
+    soup.add({1, 2, 3});
+    TestDocument test;
+    auto* const part = test.add(soup, "part");
+    SectionRun run({part});
+    run.worker.doWork();
+    MeshKernel const& piece = *run.worker.getResult().at(part).front();
+    EXPECT_EQ(piece.readMesh()->triangles.size(), 12u);
+    EXPECT_EQ(piece.readMesh()->vertices.size(), 8u);
+    EXPECT_EQ(part->meshProperty->getMesh()->readMesh()->triangles.size(), 13u);
+}
+
 TEST(SectionCutImp, ThePieceTheNormalPointsToComesFirst)
 {
     TestDocument test;

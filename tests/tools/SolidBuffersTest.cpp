@@ -125,6 +125,25 @@ void expectSameSolid(Soup drawn, Soup const& solid)
 
 }  // namespace
 
+TEST(SolidBuffers, WithoutKeyPointsThereIsNoSolid)
+{
+    for (bool const isOpenGL33 : {false, true}) {
+        ToolScene scene;
+        for (Freecut::VolumeProperty* const record :
+             {static_cast<Freecut::VolumeProperty*>(&scene.cuboidRecord),
+              static_cast<Freecut::VolumeProperty*>(&scene.cylinderRecord),
+              static_cast<Freecut::VolumeProperty*>(&scene.polygonRecord)})
+            record->setKeyPoints({});
+        for (Freecut::VolumeOutline* const outline : scene.outlines()) {
+            outline->update(scene.camera, false, isOpenGL33);
+            outline->buildSolidBuffers(isOpenGL33);
+            EXPECT_TRUE(outline->outlines().previewBuffer.empty());
+            EXPECT_TRUE(cutSolid(*outline).points.empty());
+            EXPECT_TRUE(outline->outerOutline().empty());
+        }
+    }
+}
+
 TEST(SolidBuffers, BothPathsDrawTheSolidThatCuts)
 {
     ToolScene scene;

@@ -41,7 +41,8 @@ TEST(VolumeRecord, StartsAsTold)
 TEST(VolumeRecord, ATeethEdgeStartsAsTold)
 {
     Freecut::TeethEdge const edge;
-    EXPECT_FALSE(edge.hasTeeth || edge.flip || edge.applied || edge.editing || edge.useOffset);
+    EXPECT_FALSE(edge.hasTeeth || edge.applied || edge.editing || edge.useOffset);
+    EXPECT_TRUE(edge.flip);
     EXPECT_EQ(edge.teethStyle, 0);
     EXPECT_EQ(edge.teethWidth, 2.0f);
     EXPECT_EQ(edge.teethHeight, 1.0f);

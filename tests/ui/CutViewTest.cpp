@@ -82,6 +82,21 @@ TEST_F(CutViews, GiveNoPlaneUnlessTheyAreActive)
     EXPECT_FALSE(view.liveCut());
 }
 
+TEST_F(CutViews, GiveNoPlaneWithoutAVisiblePart)
+{
+    widget<QAbstractButton>("active")->click();
+    ASSERT_TRUE(cut->getCutParameters(point, normal));
+    part->setVisible(false);
+    settle();
+    point = {1, 2, 3};
+    EXPECT_FALSE(cut->getCutParameters(point, normal));
+    EXPECT_EQ(point, Point(1, 2, 3));
+    EXPECT_FALSE(view.liveCut());
+    part->setVisible(true);
+    settle();
+    EXPECT_TRUE(cut->getCutParameters(point, normal));
+}
+
 TEST_F(CutViews, GiveExactlyAnAxisAsTheNormal)
 {
     cut->setActive(true);
@@ -158,8 +173,8 @@ TEST_F(CutViews, FollowTheParts)
     test.document->removeObject(other);
     test.document->removeObject(part);
     settle();
-    EXPECT_TRUE(cut->getCutParameters(point, normal));
-    EXPECT_EQ(point, Point(0, 0, 0));
+    EXPECT_EQ(cut->position(), 0);
+    EXPECT_FALSE(cut->getCutParameters(point, normal));
 }
 
 TEST_F(CutViews, TellTheViewWhetherToFillTheCut)

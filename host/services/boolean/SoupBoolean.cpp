@@ -2,7 +2,7 @@
 #include "host/services/boolean/SoupBoolean.h"
 
 #include "host/services/boolean/ContactFinder.h"
-#include "host/services/boolean/CrossingMending.h"
+#include "host/services/boolean/RoundingMending.h"
 
 #include <algorithm>
 
@@ -38,7 +38,7 @@ std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
     for (std::uint32_t point = 0; point < pointCount(); ++point)
         places.push_back(place(point));
     auto const isCrossing = [&](std::vector<PieceTriangle> const& piece) {
-        return CrossingMending::isCrossing(piece, places, progress);
+        return RoundingMending::isCrossing(piece, places, progress);
     };
     if (std::none_of(pieces.begin(), pieces.end(), isCrossing))
         return {};
@@ -46,7 +46,7 @@ std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
     std::vector<bool> isFree(pointCount(), true);
     for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex)
         isFree[vertex] = isFree[m_facets->numberOf(vertex)] = false;
-    auto left = CrossingMending(m_soup, pieces, places, isFree).run(progress);
+    auto left = RoundingMending(m_soup, pieces, places, isFree).run(progress);
     m_mendedPlaces = std::move(places);
     return left;
 }

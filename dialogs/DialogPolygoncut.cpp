@@ -1,0 +1,495 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/DialogPolygoncut.h"
+
+#include "cutjobs/PolygonCutImp.h"
+#include "cutjobs/ResultIntegration.h"
+#include "cutjobs/WorkerThread.h"
+#include "dialogs/DialogCoordinateUI.h"
+#include "dialogs/DialogSettings.h"
+#include "dialogs/PartQuery.h"
+#include "dialogs/PolygonCutUI.h"
+#include "dialogs/ToolButton.h"
+#include "display/VolumeViewProvider.h"
+#include "messages/Attention.h"
+#include "platform/document/Document.h"
+#include "platform/mesh/MeshKernel.h"
+#include "platform/mesh/UMesh.h"
+#include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/ui/PushButtonAnimate.h"
+#include "platform/view/GLView.h"
+#include "platform/view/NavigationStyle.h"
+#include "selection/CuboidcutSelection.h"
+#include "selection/CylindercutSelection.h"
+#include "selection/PolygoncutSelection.h"
+#include "selection/RunningTool.h"
+#include "tools/ViewAxes.h"
+#include "tools/VolumeGraphicObject.h"
+#include "tools/VolumeOutline.h"
+#include "tools/VolumeProperty.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include <algorithm>
+
+namespace Freecut {
+
+namespace {
+
+constexpr char const* allOrSelectedKey = "/PolygonCut/allOrSelected";
+constexpr char const* removeOriginalKey = "/PolygonCut/removeOriginal";
+
+bool isSolidTool(std::string const& className)
+{
+    return className == "Freecut::PolygonGraphicObject" ||
+           className == "Freecut::CylinderGraphicObject" ||
+           className == "Freecut::CuboidGraphicObject";
+}
+
+}  // namespace
+
+// How it lives.
+
+DialogPolygoncut::DialogPolygoncut(QWidget* parent)
+    : DialogWidgetOneOff(parent, false), m_worker(new PolygonCutImp(nullptr))
+{
+    ui.build(*this);
+    loadParas();
+    connectAll();
+    WorkerThread::start(m_thread, m_worker, this);
+}
+
+DialogPolygoncut::~DialogPolygoncut()
+{
+    WorkerThread::end(m_thread);
+}
+
+void* DialogPolygoncut::create(QWidget* parent)
+{
+    return static_cast<DialogWidget*>(new DialogPolygoncut(parent));
+}
+
+void DialogPolygoncut::connectAll()
+{
+    connect(ui.tabs, &QTabWidget::currentChanged, this, &DialogPolygoncut::slotTabCurrentChanged);
+    connect(ui.startPreview, &QAbstractButton::clicked, this,
+            &DialogPolygoncut::on_bt_startPreview_clicked);
+    connect(ui.stopPreview, &QAbstractButton::clicked, this,
+            &DialogPolygoncut::on_bt_stopPreview_clicked);
+    connect(ui.reset, &QAbstractButton::clicked, this, &DialogPolygoncut::on_bt_reset_clicked);
+    connect(ui.addPoint, &QAbstractButton::clicked, this,
+            &DialogPolygoncut::on_bt_enterCoord_clicked);
+    connect(ui.showCoordinate, &QAbstractButton::toggled, this, &DialogPolygoncut::on_valueChanged);
+    connect(ui.cutTill, &QAbstractButton::toggled, this, &DialogPolygoncut::on_valueChanged);
+    connect(ui.cutTillValue, &QAbstractSpinBox::editingFinished, this,
+            &DialogPolygoncut::on_valueChanged);
+    for (MellQuantitySpinBox* const field : ui.moveFields)
+        connect(field, &QAbstractSpinBox::editingFinished, this,
+                &DialogPolygoncut::on_line_movePoint_changed);
+    connect(ui.ok, &QAbstractButton::clicked, this, &DialogPolygoncut::on_cut_clicked);
+    connect(ui.cancel, &QAbstractButton::clicked, this, &DialogPolygoncut::on_cancel_clicked);
+    connect(ui.allParts, &QAbstractButton::toggled, this, &DialogPolygoncut::updateGUI);
+}
+
+void DialogPolygoncut::loadParas()
+{
+    bool const isAll = DialogSettings::value(allOrSelectedKey, true).toBool();
+    (isAll ? ui.allParts : ui.selectedParts)->setChecked(true);
+    ui.removeOriginal->setChecked(DialogSettings::value(removeOriginalKey, false).toBool());
+}
+
+void DialogPolygoncut::saveParas()
+{
+    DialogSettings::store(allOrSelectedKey, ui.allParts->isChecked());
+    DialogSettings::store(removeOriginalKey, ui.removeOriginal->isChecked());
+}
+
+void DialogPolygoncut::retranslate()
+{
+    ui.retranslate();
+}
+
+void DialogPolygoncut::setDocument(Base::Document* document)
+{
+    if (!document || document == getDocument())
+        return;
+    restoreStatus();
+    DialogWidgetOneOff::setDocument(document);
+    initStatus();
+    updateGUI();
+}
+
+void DialogPolygoncut::initStatus()
+{
+    m_filtered = view();
+    if (!m_filtered)
+        return;
+    m_filtered->installEventFilter(this);
+    m_filtered->startSelection(PolygoncutSelection::toolName);
+}
+
+void DialogPolygoncut::restoreStatus()
+{
+    if (!m_filtered)
+        return;
+    m_filtered->removeEventFilter(this);
+    // Another tool is somebody else's.
+    bool const isOurs = std::any_of(ui.pages.begin(), ui.pages.end(), [&](SolidToolPage* shown) {
+        return m_filtered->getInteractModeName() == shown->selectionClass();
+    });
+    if (isOurs)
+        m_filtered->stopSelection();
+    m_filtered.clear();
+}
+
+void DialogPolygoncut::closeEvent(QCloseEvent* event)
+{
+    DialogWidgetOneOff::closeEvent(event);
+    if (event->isAccepted())
+        restoreStatus();
+}
+
+void DialogPolygoncut::on_cancel_clicked()
+{
+    saveParas();
+    destruct();
+}
+
+// What it works on.
+
+Base::GLView* DialogPolygoncut::view() const
+{
+    return getDocument() ? getDocument()->getView() : nullptr;
+}
+
+SolidToolPage& DialogPolygoncut::page() const
+{
+    return *ui.pages[std::size_t(ui.tabs->currentIndex())];
+}
+
+VolumeGraphicObject* DialogPolygoncut::toolOfPage() const
+{
+    return object && object->getClassName() == page().objectClass() ? object : nullptr;
+}
+
+PolygoncutSelection* DialogPolygoncut::getPolygoncutSelection() const
+{
+    return runningTool<PolygoncutSelection>(view());
+}
+
+CylindercutSelection* DialogPolygoncut::getCylindercutSelection() const
+{
+    return runningTool<CylindercutSelection>(view());
+}
+
+CuboidcutSelection* DialogPolygoncut::getCuboidcutSelection() const
+{
+    return runningTool<CuboidcutSelection>(view());
+}
+
+void DialogPolygoncut::setObject(VolumeGraphicObject* tool)
+{
+    if (object)
+        object->signalChanged.disconnect(this);
+    if (tool != object)
+        m_preview.end(nullptr, nullptr);
+    object = tool;
+    if (object)
+        object->signalChanged.connect(this, &DialogPolygoncut::updateGUI);
+    updateModelData();
+    updateGUI();
+}
+
+void DialogPolygoncut::slotObjectSelectionChanged()
+{
+    updateGUI();
+    if (!getDocument())
+        return;
+    VolumeGraphicObject* found = nullptr;
+    for (Base::DocumentObject* const candidate : getDocument()->getObjectArray())
+        if (isSolidTool(candidate->getClassName()))
+            found = static_cast<VolumeGraphicObject*>(candidate);
+    setObject(found);
+}
+
+void DialogPolygoncut::slotNewObject(Base::DocumentObject*)
+{
+    updateGUI();
+}
+
+void DialogPolygoncut::slotReplaceObject(Base::DocumentObject*)
+{
+    updateGUI();
+}
+
+void DialogPolygoncut::slotDelObject(Base::DocumentObject* gone, std::string className)
+{
+    if (isSolidTool(className)) {
+        getDocument()->removefromSelectedObjects(gone);
+        setObject(nullptr);
+        ui.ok->setEnabled(false);
+    } else {
+        updateGUI();
+    }
+}
+
+void DialogPolygoncut::slotTabCurrentChanged(int)
+{
+    if (view())
+        view()->startSelection(page().selectionClass());
+    updateGUI();
+}
+
+bool DialogPolygoncut::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_filtered && event->type() == QEvent::Paint && isVisible() &&
+        !m_preview.isOn()) {
+        int const shown = isAxisView(m_filtered->viewIndex()) ? m_filtered->viewIndex() : -1;
+        if (shown != m_viewIndex) {
+            m_viewIndex = shown;
+            updateGUI();
+            updateModelData();
+        }
+    }
+    return DialogWidgetOneOff::eventFilter(watched, event);
+}
+
+// What it shows.
+
+void DialogPolygoncut::on_valueChanged()
+{
+    updateGUI();
+    updateModelData();
+}
+
+void DialogPolygoncut::updateModelData()
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    // A preview stays what it was when it began, however the camera lies now.
+    if (tool && !m_preview.isOn()) {
+        SharedToolValues const shared{
+            .isCutTillEnabled = ui.cutTill->isChecked(),
+            .cutTill = float(ui.cutTillValue->value()),
+            .showsCoordinate = ui.showCoordinate->isChecked() && ui.showCoordinate->isEnabled(),
+            .viewIndex = m_viewIndex};
+        page().write(*tool, shared, [this] {
+            auto const* const running =
+                view() ? dynamic_cast<FreecutSelection*>(view()->navigationStyle()->mouseModel())
+                       : nullptr;
+            return running ? running->calculateSuitableSize() : 0.001f;
+        });
+    }
+    if (view())
+        view()->redraw();
+}
+
+void DialogPolygoncut::updateGUI()
+{
+    if (m_preview.isOn())
+        return;
+    bool const hasParts =
+        !PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked()).empty();
+    ui.setHasParts(hasParts);
+    ui.showView(m_viewIndex, hasParts);
+    refreshPages();
+    VolumeGraphicObject* const tool = toolOfPage();
+    bool const isReady = tool && page().isComplete(*tool);
+    ui.startPreview->setEnabled(isReady);
+    ui.stopPreview->setEnabled(false);
+    ui.ok->setEnabled(isReady && !page().holdsCut());
+    ui.showProblem(problemOfTool());
+    showPoint();
+    if (m_coordinates)
+        m_coordinates->refresh();
+}
+
+void DialogPolygoncut::refreshPages()
+{
+    for (SolidToolPage* const shown : ui.pages)
+        shown->refresh(object && object->getClassName() == shown->objectClass() ? object : nullptr);
+}
+
+QString DialogPolygoncut::problemOfTool() const
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    auto const* const provider =
+        tool ? dynamic_cast<VolumeViewProvider const*>(tool->getViewProvider()) : nullptr;
+    if (!provider || !provider->getOutline() || !page().isComplete(*tool))
+        return {};
+    ToolOutlines const& outlines = provider->getOutline()->outlines();
+    if (!outlines.problem.empty())
+        return QString::fromStdString(outlines.problem);
+    if (outlines.solidLoops.empty())
+        return tr("The outline encloses nothing. Move its points apart.");
+    VolumeProperty const& record = tool->getVolumeProperty();
+    bool const isInward = page().isClearanceOn() && record.getClearanceDirection() != 1;
+    if (isInward && outlines.innerLoops.empty())
+        return tr(
+            "The clearance leaves nothing inside the outline, so that the parts would be cut "
+            "without a gap. Choose a smaller clearance or a larger outline.");
+    return {};
+}
+
+std::optional<UPoint3<float>> DialogPolygoncut::shownPoint() const
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    if (!tool)
+        return {};
+    bool const showsCoordinate = ui.showCoordinate->isChecked() && isAxisView(m_viewIndex);
+    return page().shownPoint(*tool, showsCoordinate);
+}
+
+void DialogPolygoncut::showPoint()
+{
+    std::optional<UPoint3<float>> const point = shownPoint();
+    if (!point)
+        return;
+    for (int axis = 0; axis < 3; ++axis) {
+        MellQuantitySpinBox* const field = ui.moveFields[std::size_t(axis)];
+        field->setValue(field->isEnabledTo(this) ? double((*point)[axis]) : 0.0);
+    }
+}
+
+void DialogPolygoncut::on_line_movePoint_changed()
+{
+    std::optional<UPoint3<float>> const point = shownPoint();
+    if (!point)
+        return;
+    UPoint3<float> const typed(float(ui.moveFields[0]->value()), float(ui.moveFields[1]->value()),
+                               float(ui.moveFields[2]->value()));
+    // The focus alone, which also ends an editing, moves nothing.
+    if (movedAcrossView(*point, typed, m_viewIndex) == *point)
+        return;
+    page().movePoint(view(), typed);
+}
+
+void DialogPolygoncut::addPoint(UPoint3<float> const& eyePoint)
+{
+    page().addPoint(view(), eyePoint);
+}
+
+void DialogPolygoncut::on_bt_enterCoord_clicked()
+{
+    if (!m_coordinates) {
+        m_coordinates = new DialogCoordinateUI(this);
+        m_coordinates->setDialog(this);
+    }
+    m_coordinates->refresh();
+    m_coordinates->show();
+}
+
+void DialogPolygoncut::on_bt_reset_clicked()
+{
+    if (auto* const running =
+            view() ? dynamic_cast<VolumeSelection*>(view()->navigationStyle()->mouseModel())
+                   : nullptr)
+        running->resetSelection();
+    setObject(nullptr);
+}
+
+// The preview.
+
+void DialogPolygoncut::setPreviewState(bool on)
+{
+    if (on && object && view())
+        m_preview.begin(*object, *view(), *this);
+    else
+        m_preview.end(object, view());
+}
+
+void DialogPolygoncut::on_bt_startPreview_clicked()
+{
+    setPreviewState(true);
+}
+
+void DialogPolygoncut::on_bt_stopPreview_clicked()
+{
+    setPreviewState(false);
+    updateGUI();
+}
+
+// The cut.
+
+std::vector<Mesh::DocumentObject*> DialogPolygoncut::getObjects()
+{
+    return PartQuery::askForParts(getDocument(),
+                                  {.isOnlySelected = ui.selectedParts->isChecked(),
+                                   .removesOriginals = ui.removeOriginal->isChecked()});
+}
+
+void DialogPolygoncut::on_cut_clicked()
+{
+    execute();
+}
+
+bool DialogPolygoncut::handOver(std::vector<UMesh<float>*> const& meshes)
+{
+    std::vector<MeshKernel*> kernels;
+    for (UMesh<float>* const mesh : meshes)
+        kernels.push_back(new MeshKernel(mesh));
+    bool const isEmpty = kernels.empty() || kernels.front()->getMesh()->triangles.empty();
+    if (isEmpty) {
+        for (MeshKernel* const kernel : kernels)
+            delete kernel;
+        return false;
+    }
+    m_worker->setParas(page().isClearanceOn(), kernels.size() == 1);
+    m_worker->setInOutPolygonMesh(kernels[0], kernels.size() > 1 ? kernels[1] : nullptr);
+    return true;
+}
+
+void DialogPolygoncut::execute()
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    if (!tool)
+        return;
+    std::vector<Mesh::DocumentObject*> const parts = getObjects();
+    if (parts.empty())
+        return;
+    std::vector<UMesh<float>*> meshes;
+    if (page().isClearanceOn())
+        meshes = page().inAndOut(*tool);
+    else if (UMesh<float>* const mesh = page().nominal(*tool))
+        meshes = {mesh};
+    if (!handOver(meshes)) {
+        QString const problem = problemOfTool();
+        if (view())
+            view()->redraw();
+        getDocument()->abortTransaction();
+        warnAttention(problem.isEmpty() ? tr("The tool has no solid to cut with. Draw it anew.")
+                                        : problem);
+        return;
+    }
+    m_worker->setObjects(parts);
+    emit signalOperate();
+    m_job.start();
+}
+
+void DialogPolygoncut::processEnd()
+{
+    m_job.end();
+}
+
+void DialogPolygoncut::handleResult(bool ok)
+{
+    if (!ok) {
+        warnAttention(m_worker->getErrorMessage());
+        m_job.end();
+        return;
+    }
+    IntegrationRules rules;
+    rules.transactionName = "Polygon Cut";
+    rules.removesSources = ui.removeOriginal->isChecked();
+    CutResultMap const pieces = m_worker->getResult();
+    ResultIntegration integration(getDocument(), rules);
+    integration.begin(pieces);
+    integration.end();
+    saveParas();
+    m_job.end();
+    destruct();
+}
+
+}  // namespace Freecut

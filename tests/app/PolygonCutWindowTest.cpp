@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/CuboidCutUI.h"
+#include "dialogs/DialogAddTeethUI.h"
+#include "dialogs/DialogCoordinateUI.h"
+#include "dialogs/DialogPolygoncut.h"
+#include "dialogs/PolygonCutUI.h"
+#include "dialogs/ToolButton.h"
+#include "display/VolumeViewProvider.h"
+#include "platform/ui/DialogWindowManager.h"
+#include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/ui/MellSpinBox.h"
+#include "platform/ui/PushButtonAnimate.h"
+#include "platform/ui/ThemeSwitch.h"
+#include "selection/PolygoncutSelection.h"
+#include "selection/RunningTool.h"
+#include "tests/app/AppWindow.h"
+#include "tests/app/PieceGap.h"
+#include "tests/support/Validator.h"
+#include "tests/view/ViewEvents.h"
+#include "tools/PolygonGraphicObject.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QTabWidget>
+
+namespace {
+
+using namespace Freecut;
+using Point = UPoint3<float>;
+
+/// The volume cut by hand, in the shown window.
+class PolygonCutWindow : public AppWindow
+{
+protected:
+    void SetUp() override
+    {
+        if (!hasDisplay())
+            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+        AppWindow::SetUp();
+        window->resize(1400, 950);
+        show();
+    }
+    void TearDown() override
+    {
+        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
+        if (window)
+            AppWindow::TearDown();
+    }
+
+    /// Shows a model from the front; false where it is missing.
+    bool openPart(std::string const& file)
+    {
+        if (!addFile(file))
+            return false;
+        view().OnViewType(0);
+        view().fitAll();
+        settle();
+        return true;
+    }
+    Mesh::GLView& view() const { return window->view(); }
+    Mesh::Document& document() const
+    {
+        return static_cast<Mesh::Document&>(*test->application.activeDocument());
+    }
+    DialogPolygoncut* dialog() const
+    {
+        return static_cast<DialogPolygoncut*>(
+            DialogWindowManager::instance()->getDialogWindow("DialogPolygoncut"));
+    }
+    PolygonCutWidgets const& ui() const { return dialog()->widgets(); }
+    PolygoncutSelection* polygonTool() const { return runningTool<PolygoncutSelection>(&view()); }
+
+    static void settle()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < 150)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    QPoint positionOf(Point const& world) const
+    {
+        int x, y;
+        view().getWidgetcoordFromWCS(world, x, y);
+        return {x, y};
+    }
+    void openDialog()
+    {
+        trigger("Std_Polygoncut");
+        settle();
+        ASSERT_TRUE(dialog());
+    }
+    /// Clicks points of the picture, given as shares of the part's box.
+    void clickShares(UBox3<float> const& box, std::vector<UPoint2<float>> const& shares)
+    {
+        for (UPoint2<float> const& share : shares)
+            click(view(), positionOf(placeIn(box, share)));
+        settle();
+    }
+    static Point placeIn(UBox3<float> const& box, UPoint2<float> const& share)
+    {
+        return {box.MinX() + share.X() * (box.MaxX() - box.MinX()), box.MinY(),
+                box.MinZ() + share.Y() * (box.MaxZ() - box.MinZ())};
+    }
+    template <typename Widget>
+    Widget* find(QWidget* parent, QString const& text) const
+    {
+        for (Widget* const widget : parent->findChildren<Widget*>())
+            if (widget->text() == text)
+                return widget;
+        return nullptr;
+    }
+    static void type(MellQuantitySpinBox* field, double value)
+    {
+        field->setValue(value);
+        emit field->editingFinished();
+    }
+    /// The field beside a label or check box of a page.
+    MellQuantitySpinBox* field(QWidget* page, int index) const
+    {
+        return page->findChildren<MellQuantitySpinBox*>()[index];
+    }
+    /// Turns the clearance of a page on, on the outside.
+    void setClearance(QWidget* page, double clearance)
+    {
+        find<QCheckBox>(page, "Clearance")->click();
+        find<QRadioButton>(page, "Outside")->click();
+        for (MellQuantitySpinBox* const spin : page->findChildren<MellQuantitySpinBox*>())
+            if (spin->value() == 0.1)
+                type(spin, clearance);
+        settle();
+    }
+    void cut()
+    {
+        ASSERT_TRUE(ui().ok->isEnabled());
+        ui().ok->click();
+        ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
+        settle();
+    }
+    std::vector<Soup> pieces() const
+    {
+        std::vector<Soup> found;
+        for (Mesh::DocumentObject const* const part : document().getMeshObjects())
+            found.push_back(soupOf(part));
+        return found;
+    }
+    /// Whole part, then what lies within the tool, then the rest: closed, apart by the clearance,
+    /// and together the whole but for the gap.
+    void expectCut(double clearance)
+    {
+        std::vector<Soup> const found = pieces();
+        ASSERT_EQ(found.size(), 3u);
+        double const whole = volumeOf(found[0]);
+        double const both = volumeOf(found[1]) + volumeOf(found[2]);
+        EXPECT_EQ(closedSolidFaults(found[1]), "");
+        EXPECT_EQ(closedSolidFaults(found[2]), "");
+        PieceGap const gap(found[0], found[1], found[2]);
+        EXPECT_GT(gap.wallPoints, 20u);
+        EXPECT_NEAR(gap.least, clearance, 0.003);
+        EXPECT_NEAR(gap.median, clearance, 0.003);
+        EXPECT_NEAR(whole - both, clearance * gap.wallArea, 0.05 * clearance * gap.wallArea);
+    }
+};
+
+}  // namespace
+
+TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
+{
+    if (!openPart("fandisk-13k.stl"))
+        GTEST_SKIP() << "The models of the tests are missing.";
+    UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
+    float const width = box.MaxX() - box.MinX();
+    openDialog();
+    takePicture("polygon-dialog-empty");
+    EXPECT_EQ(view().getInteractModeName(), "Freecut::PolygoncutSelection");
+    EXPECT_FALSE(ui().ok->isEnabled());
+
+    // A rectangle around the lower half; its upper edge runs across the part.
+    clickShares(box, {{1.1f, 0.45f}, {-0.1f, 0.45f}, {-0.1f, -0.1f}, {1.1f, -0.1f}});
+    ASSERT_TRUE(polygonTool() && polygonTool()->getPolygon());
+    EXPECT_EQ(polygonTool()->getPolygon()->getPoints().size(), 4u);
+    EXPECT_TRUE(ui().ok->isEnabled());
+    find<QCheckBox>(dialog(), "Show coordinate")->click();
+    settle();
+    takePicture("polygon-drawn");
+
+    find<PushButtonAnimate>(ui().polygon, "Add Teeth")->click();
+    settle();
+    DialogAddTeethUI* const teeth = ui().polygon->teethDialog();
+    ASSERT_TRUE(teeth && teeth->isVisible());
+    EXPECT_FALSE(ui().ok->isEnabled());
+    teeth->findChild<QTabWidget*>()->setCurrentIndex(1);
+    auto const fields =
+        teeth->findChild<QTabWidget*>()->widget(1)->findChildren<MellQuantitySpinBox*>();
+    type(fields[0], double(width) * 0.12);
+    type(fields[1], double(width) * 0.07);
+    type(fields[2], double(width) * 0.06);
+    find<QRadioButton>(teeth, "Count")->click();
+    auto* const count = teeth->findChild<MellSpinBox*>();
+    count->setValue(5);
+    emit count->editingFinished();
+    QPoint const onEdge = positionOf(placeIn(box, {0.5f, 0.45f}));
+    move(view(), onEdge);
+    click(view(), onEdge);
+    settle();
+    takePicture("polygon-teeth-light");
+    EXPECT_EQ(polygonTool()->getTeethParas().teethStyle, 1);
+    find<PushButtonAnimate>(teeth, "OK")->click();
+    settle();
+    EXPECT_FALSE(teeth->isVisible());
+    EXPECT_TRUE(ui().ok->isEnabled());
+
+    constexpr double clearance = 0.15;
+    setClearance(ui().polygon, clearance);
+    ui().startPreview->click();
+    settle();
+    EXPECT_TRUE(ui().stopPreview->isEnabled());
+    EXPECT_FALSE(ui().startPreview->isEnabled());
+    std::vector<Point> const drawn = polygonTool()->getPolygon()->getPoints();
+    drag(view(), {300, 300}, {420, 220}, Qt::RightButton);
+    settle();
+    EXPECT_EQ(polygonTool()->getPolygon()->getPoints(), drawn);
+    takePicture("polygon-preview-light");
+    ThemeSwitch::setTheme(ThemeSwitch::Choice::Dark);
+    settle();
+    takePicture("polygon-preview-dark");
+    ui().stopPreview->click();
+    settle();
+    EXPECT_EQ(polygonTool()->getPolygon()->getPoints(), drawn);
+    EXPECT_EQ(view().viewIndex(), 0);
+    takePicture("polygon-dark");
+    ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
+
+    cut();
+    takePicture("polygon-cut");
+    EXPECT_EQ(view().getInteractModeName(), "");
+    expectCut(clearance);
+    trigger("Std_Undo");
+    EXPECT_EQ(document().getMeshObjects().size(), 1u);
+}
+
+TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
+{
+    if (!openPart("fandisk-13k.stl"))
+        GTEST_SKIP() << "The models of the tests are missing.";
+    UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
+    openDialog();
+    ui().tabs->setCurrentIndex(1);
+    settle();
+    EXPECT_EQ(view().getInteractModeName(), "Freecut::CylindercutSelection");
+    clickShares(box, {{0.5f, 0.4f}});
+    QWidget* const page = ui().pages[1];
+    type(field(page, 0), double(box.MaxX() - box.MinX()) * 0.2);
+    find<QCheckBox>(page, "Use Notch")->click();
+    type(field(page, 2), double(box.MaxX() - box.MinX()) * 0.08);
+    type(field(page, 3), double(box.MaxX() - box.MinX()) * 0.06);
+    type(field(page, 4), 30);
+    setClearance(page, 0.2);
+    takePicture("cylinder-light");
+    cut();
+    takePicture("cylinder-cut");
+    expectCut(0.2);
+}
+
+TEST_F(PolygonCutWindow, ARoundedCuboidCutsTheSame)
+{
+    if (!openPart("fandisk-13k.stl"))
+        GTEST_SKIP() << "The models of the tests are missing.";
+    UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
+    openDialog();
+    ui().tabs->setCurrentIndex(2);
+    settle();
+    clickShares(box, {{0.5f, 0.4f}});
+    QWidget* const page = ui().pages[2];
+    double const size = double(box.MaxX() - box.MinX());
+    type(field(page, 0), size * 0.5);
+    type(field(page, 1), size * 0.3);
+    type(field(page, 2), 20);
+    find<QCheckBox>(page, "Round corners")->click();
+    type(field(page, 3), size * 0.04);
+    setClearance(page, 0.1);
+    takePicture("cuboid-light");
+    cut();
+    takePicture("cuboid-cut");
+    expectCut(0.1);
+}
+
+TEST_F(PolygonCutWindow, WithoutAClearanceThePiecesAreTheWhole)
+{
+    test->add(box(60, 40, 30, {-30, -20, -15}), "block");
+    view().OnViewType(2);
+    view().fitAll();
+    settle();
+    openDialog();
+    for (Point const& p :
+         {Point(-40, -30, 0), Point(0, -30, 0), Point(10, 30, 0), Point(-40, 30, 0)})
+        click(view(), positionOf(p));
+    settle();
+    cut();
+    std::vector<Soup> const found = pieces();
+    ASSERT_EQ(found.size(), 3u);
+    EXPECT_NEAR(volumeOf(found[1]) + volumeOf(found[2]), volumeOf(found[0]),
+                1e-6 * volumeOf(found[0]));
+    EXPECT_EQ(closedSolidFaults(found[1]), "");
+    EXPECT_EQ(closedSolidFaults(found[2]), "");
+}
+
+TEST_F(PolygonCutWindow, TypedPointsMakeAPolygonToo)
+{
+    test->add(box(60, 40, 30, {-30, -20, -15}), "block");
+    view().OnViewType(2);
+    view().fitAll();
+    settle();
+    openDialog();
+    ui().addPoint->click();
+    settle();
+    DialogCoordinateUI* const window2 = dialog()->coordinateDialog();
+    ASSERT_TRUE(window2 && window2->isVisible());
+    auto const fields = window2->findChildren<MellQuantitySpinBox*>();
+    EXPECT_TRUE(fields[0]->isEnabled());
+    EXPECT_FALSE(fields[2]->isEnabled());
+    for (Point const& p : {Point(-10, -5, 0), Point(12, -5, 0), Point(12, 8, 0)}) {
+        window2->show();
+        type(fields[0], double(p.X()));
+        type(fields[1], double(p.Y()));
+        window2->on_apply_clicked();
+        EXPECT_FALSE(window2->isVisible());
+    }
+    std::vector<Point> const points = polygonTool()->getPolygon()->getPoints();
+    ASSERT_EQ(points.size(), 3u);
+    EXPECT_NEAR(points[2].X(), 12, 1e-4);
+    EXPECT_NEAR(points[2].Y(), 8, 1e-4);
+
+    // The shown point is the one that was added last, and moves by its fields.
+    find<QCheckBox>(dialog(), "Show coordinate")->click();
+    EXPECT_NEAR(ui().moveFields[0]->value(), 12, 1e-4);
+    EXPECT_EQ(ui().moveFields[2]->value(), 0);
+    EXPECT_FALSE(ui().moveFields[2]->isEnabled());
+    type(ui().moveFields[0], 15);
+    EXPECT_NEAR(polygonTool()->getPolygon()->getPoints()[2].X(), 15, 1e-4);
+    ui().cancel->click();
+    settle();
+    EXPECT_FALSE(dialog());
+    EXPECT_EQ(document().getObjectArray().size(), 1u);
+}
