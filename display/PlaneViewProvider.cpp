@@ -3,7 +3,7 @@
 
 #include "display/LineShaders.h"
 #include "display/PlaneGrid.h"
-#include "platform/view/GLView.h"
+#include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tools/PlaneGraphicObject.h"
 
@@ -34,6 +34,8 @@ void* PlaneViewProvider::create()
 
 PlaneViewProvider::~PlaneViewProvider()
 {
+    if (auto* const view = dynamic_cast<Mesh::GLView*>(m_view))
+        view->setSectionPlane({});
     if (!makeContextCurrent(m_view))
         return;
     deleteBuffers33(planeVao, planeBuffer);
@@ -82,12 +84,20 @@ void PlaneViewProvider::updateGeometry()
         return;
     plane->updateKeyPoints();
     std::vector<UPoint3<float>> const corners = plane->getCorners();
+    showSectionLine(corners);
     float const tick1 = divideSide((corners[1] - corners[0]).GetLength(), gridRows);
     float const tick2 = divideSide((corners[2] - corners[1]).GetLength(), gridColumns);
     if (!makeContextCurrent(m_view))
         return;
     std::vector<float> const planeVertices = planeGrid(*plane, gridRows, gridColumns, tick1, tick2);
     uploadVertices(*m_view, {.vbo = planeVbo, .buffer = planeBuffer}, planeVertices);
+}
+
+void PlaneViewProvider::showSectionLine(std::vector<UPoint3<float>> const& corners)
+{
+    UVector3<float> normal = (corners[1] - corners[0]) * (corners[2] - corners[1]);
+    if (auto* const view = dynamic_cast<Mesh::GLView*>(m_view))
+        view->setSectionPlane(SectionPlane{corners[1], normal.Normalize()});
 }
 
 void PlaneViewProvider::buildMarkers()

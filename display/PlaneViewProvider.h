@@ -37,6 +37,8 @@ private:
     PlaneProperty* record() const;
     std::vector<LineRun> planeRuns() const;
     void drawPlane();
+    /// Shows in the view where the plane meets the parts.
+    void showSectionLine(std::vector<UPoint3<float>> const& corners);
 
     unsigned planeVbo = 0;
     QOpenGLBuffer* planeBuffer = nullptr;

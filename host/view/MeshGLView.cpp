@@ -107,6 +107,14 @@ void GLView::setSectionHeight(std::optional<float> height)
     redraw();
 }
 
+void GLView::setSectionPlane(std::optional<SectionPlane> const& plane)
+{
+    if (plane == m_sectionPlane)
+        return;
+    m_sectionPlane = plane;
+    redraw();
+}
+
 UPoint3<float> GLView::turningPoint(QPoint position) const
 {
     Pick pick;
@@ -201,10 +209,13 @@ void GLView::paintSurroundings()
 
 void GLView::paintOverlay()
 {
-    if (m_sectionHeight)
-        for (Base::ViewProvider* const provider : scene().providers())
-            if (auto* const shown = dynamic_cast<ViewProvider*>(provider))
-                shown->paintSectionLine(*m_sectionHeight);
+    for (Base::ViewProvider* const provider : scene().providers()) {
+        auto* const shown = dynamic_cast<ViewProvider*>(provider);
+        if (shown && m_sectionHeight)
+            shown->paintHeightLine(*m_sectionHeight);
+        if (shown && m_sectionPlane)
+            shown->paintSectionLine(*m_sectionPlane);
+    }
     paintAxes(scene(), width(), height());
     OrientationCube::paint(*this, m_hoveredView);
 }

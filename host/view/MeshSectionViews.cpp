@@ -98,13 +98,22 @@ void ViewProvider::paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip)
     paintLines(shown->lines, mixed(look.front, 0x000000ff, 0.7), capLineWidth);
 }
 
-void ViewProvider::paintSectionLine(float height)
+void ViewProvider::paintSectionLine(SectionPlane const& plane)
+{
+    paintLineIn(planeThrough(plane.point, plane.normal), m_lineSection);
+}
+
+void ViewProvider::paintHeightLine(float height)
+{
+    paintLineIn({{0, 0, 1}, height}, m_heightSection);
+}
+
+void ViewProvider::paintLineIn(ViewPlane const& plane, std::unique_ptr<PartSection>& kept)
 {
     MeshKernel const* const shown = kernel();
     if (!shown || !isShow())
         return;
-    ViewPlane const level{{0, 0, 1}, height};
-    PartSection const* const found = section(m_lineSection, placedBack(level, shown->getMatrix()));
+    PartSection const* const found = section(kept, placedBack(plane, shown->getMatrix()));
     if (!found)
         return;
     auto const cut = cutPlane(*shown);

@@ -7,6 +7,8 @@
 #include "host/view/PreparedPart.h"
 #include "platform/view/ViewProvider.h"
 
+struct SectionPlane;
+
 namespace Mesh {
 
 class DocumentObject;
@@ -48,9 +50,11 @@ public:
     /// The first place on a ray in world space.
     std::optional<Hit> firstHit(PickTree::Ray const& ray) const;
 
-    /// Draws the line in which the plane z = height meets the part over the picture, paler where
-    /// something stands before it.
-    void paintSectionLine(float height);
+    // Draw the line in which a plane, or that of z = height, meets the part over the picture, paler
+    // where something stands before it.
+
+    void paintSectionLine(SectionPlane const& plane);
+    void paintHeightLine(float height);
 
     /// Takes what was made for the part's mesh; dropped if it is another one's.
     void usePrepared(PreparedPart prepared);
@@ -80,6 +84,7 @@ private:
     bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
     void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
+    void paintLineIn(ViewPlane const& plane, std::unique_ptr<PartSection>& kept);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
     PaintedPart m_painted;
@@ -87,6 +92,7 @@ private:
     mutable std::shared_ptr<PickTree const> m_tree;
     std::unique_ptr<PartSection> m_capSection;
     std::unique_ptr<PartSection> m_lineSection;
+    std::unique_ptr<PartSection> m_heightSection;
 };
 
 }  // namespace Mesh

@@ -3,6 +3,17 @@
 
 #include "platform/geometry/UPoint3.h"
 
+/// A plane whose lines on the parts a view shows.
+struct SectionPlane
+{
+    /// World millimetres.
+    UPoint3<float> point;
+    /// Of any length; without one there are no lines.
+    UVector3<float> normal;
+
+    bool operator==(SectionPlane const&) const = default;
+};
+
 /// A plane by which a view cuts the parts open, for the eye alone: their meshes stay whole.
 struct LiveCut
 {

@@ -69,6 +69,11 @@ public:
     void setSectionHeight(std::optional<float> height);
     std::optional<float> const& sectionHeight() const { return m_sectionHeight; }
 
+    /// Shows the lines in which a plane of any direction meets the visible parts, besides those at
+    /// the height; none for no lines.
+    void setSectionPlane(std::optional<SectionPlane> const& plane);
+    std::optional<SectionPlane> const& sectionPlane() const { return m_sectionPlane; }
+
     UPoint3<float> turningPoint(QPoint position) const override;
     void clicked(QMouseEvent* event) override;
 
@@ -90,6 +95,7 @@ private:
     bool m_isPlateVisible = true;
     std::optional<LiveCut> m_liveCut;
     std::optional<float> m_sectionHeight;
+    std::optional<SectionPlane> m_sectionPlane;
     /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
     int m_hoveredView = -1;
     int m_pressedView = -1;

@@ -2509,6 +2509,10 @@
         <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
     </message>
     <message>
+        <source>The two solids meet in too many places to be combined. Move one of them a little and cut again.</source>
+        <translation>Die beiden Körper treffen sich an zu vielen Stellen, um sie zu verrechnen. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
+    </message>
+    <message>
         <source>The two solids could not be combined, for one of them is open or crosses itself where they meet. Repair it and cut again.</source>
         <translation>Die beiden Körper konnten nicht verrechnet werden, denn einer von ihnen ist offen oder durchdringt sich selbst, wo sie sich treffen. Ihn reparieren und noch einmal schneiden.</translation>
     </message>

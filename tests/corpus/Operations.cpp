@@ -61,9 +61,10 @@ judge::Plane obliquePlane(Source const& source)
 Job zCut(Source const& source, std::string const& file, double height, bool doesRepair)
 {
     judge::Plane const plane{{0, 0, double(float(height))}, {0, 0, 1}};
-    return {{"zcut", file, "--height", text(height), doesRepair ? "--repair" : "--no-repair"},
-            {},
-            judge::planeRule(plane, source.margin())};
+    Arguments arguments{"zcut", file, "--height", text(height)};
+    if (!doesRepair)
+        arguments.emplace_back("--no-repair");
+    return {arguments, {}, judge::planeRule(plane, source.margin())};
 }
 
 double commonHeight(Source const& source)

@@ -41,6 +41,15 @@ std::string SuccessTable::cellOf(Counts const& counts)
            (others.empty() ? "" : " (" + others + ")");
 }
 
+bool SuccessTable::isAllOk() const
+{
+    for (auto const& [place, counts] : m_counts)
+        for (auto const& [result, count] : counts)
+            if (result != Result::Ok && result != Result::Unknown)
+                return false;
+    return !m_counts.empty();
+}
+
 void SuccessTable::print(std::ostream& out) const
 {
     out << "| input |";

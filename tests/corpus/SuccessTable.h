@@ -21,6 +21,8 @@ public:
     /// A table in Markdown, one row per kind, then a line for each failure.
     void print(std::ostream& out) const;
     std::size_t failures() const { return m_failures.size(); }
+    /// Whether each operation that there is ended with right pieces.
+    bool isAllOk() const;
 
 private:
     using Counts = std::map<Result, int>;

@@ -169,6 +169,25 @@ TEST(ZCutImp, ACancelDuringARepairEndsAsAnyAbort)
     EXPECT_EQ(console.lines(), std::vector<std::string>{"Command Abort."});
 }
 
+TEST(ZCutImp, EachPieceHasAReportOfWhatTheRepairDid)
+{
+    TestDocument test;
+    ConsoleLines const console;
+    auto* const part = test.add(crossingBoxes(), "part");
+    // Below the second box, so that the crossings are in the upper piece alone.
+    WorkerRun run({part}, 0.5f);
+    run.worker.setReapir(true);
+    run.worker.setRepairsWhole(true);
+    run.worker.doWork();
+    CutResultMap const result = run.worker.getResult();
+    ASSERT_EQ(run.worker.getRepairReports().size(), result.size());
+    auto const& reports = run.worker.getRepairReports().at(part);
+    ASSERT_EQ(reports.size(), result.at(part).size());
+    EXPECT_GT(reports.front().countOf(Repair::Flaw::crossing), 0u);
+    EXPECT_TRUE(reports.back().isEmpty());
+    EXPECT_EQ(console.lines(), Repair::linesOf(reports.front()));
+}
+
 TEST(ZCutImp, ANullBoxDoesNoHarm)
 {
     TestDocument test;

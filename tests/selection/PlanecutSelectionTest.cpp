@@ -442,3 +442,17 @@ TEST_F(PlaneTool, AResetTakesTheMarkOfThePickerAway)
     tool()->resetSelection();
     EXPECT_FALSE(tool()->pickedPoint());
 }
+
+TEST_F(PlaneTool, TheViewShowsWhereThePlaneMeetsTheParts)
+{
+    start(Type::PLANE_YZ);
+    EXPECT_FALSE(scene.view.sectionPlane());
+    clickAt({5, 2, 5});
+    ASSERT_TRUE(scene.view.sectionPlane());
+    EXPECT_EQ(scene.view.sectionPlane()->point, corners()[1]);
+    EXPECT_NEAR(scene.view.sectionPlane()->normal.X(), 1, 1e-6);
+    dragHandle(0, {-9, 0});
+    EXPECT_EQ(scene.view.sectionPlane()->point, corners()[1]);
+    scene.view.stopSelection();
+    EXPECT_FALSE(scene.view.sectionPlane());
+}

@@ -29,9 +29,15 @@ TrianglePlace placeBetween(int edge)
 }
 
 template <typename T>
-void sortUniquely(std::vector<T>& list)
+void sortUniquely(std::vector<T>& list, StageProgress& progress)
 {
-    tbb::parallel_sort(list.begin(), list.end());
+    // A long sort is left by what the progress throws.
+    tbb::parallel_sort(list.begin(), list.end(), [&](T const& a, T const& b) {
+        thread_local unsigned steps = 0;
+        if (++steps % 65536 == 0)
+            progress.add(0);
+        return a < b;
+    });
     list.erase(std::unique(list.begin(), list.end()), list.end());
 }
 
@@ -48,16 +54,14 @@ bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgres
     markTouched(contacts);
     for (int round = 0; round < maximalRounds; ++round) {
         FaceFaults faults;
-        spread();
-        progress.add(0);
-        sortAlongEdges();
-        progress.add(0);
-        findFinerEdges(faults);
+        spread(progress);
+        sortAlongEdges(progress);
+        findFinerEdges(faults, progress);
         if (!divide(faults, progress))
             return false;
         if (faults.isEmpty())
             return true;
-        mend(faults);
+        mend(faults, progress);
     }
     return false;
 }
@@ -104,7 +108,8 @@ void CurveNetwork::touchAroundSecond()
                 if (place.isEdge())
                     addEdge(place.index());
         }
-    sortUniquely(edges);
+    std::sort(edges.begin(), edges.end());
+    edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
     for (std::uint32_t t = m_soup.firstTriangleOfSecond; t < m_soup.triangleCount(); ++t) {
         auto const& c = m_soup.corners(t);
         for (std::size_t k = 0; k < 3 && m_faceOf[t] == none; ++k)
@@ -150,22 +155,24 @@ void CurveNetwork::addSegment(TrianglePair const& pair)
 }
 
 /// Hands points and segments to the triangles and edges in which they lie.
-void CurveNetwork::spread()
+void CurveNetwork::spread(StageProgress& progress)
 {
     m_edgePoints.clear();
     m_facePoints.clear();
     m_faceSegments.clear();
     for (CurveSegment const& s : m_segments)
         for (int operand = 0; operand < 2; ++operand) {
+            if ((&s - m_segments.data()) % 4096 == 0)
+                progress.add(0);
             std::size_t const o = std::size_t(operand);
             spreadEnd(s, operand, s.from, s.fromPlaces[o]);
             spreadEnd(s, operand, s.to, s.toPlaces[o]);
             if (s.edges[o] == CurveSegment::inside)
                 m_faceSegments.emplace_back(s.triangles[o], undirected(s.from, s.to));
         }
-    sortUniquely(m_facePoints);
-    sortUniquely(m_faceSegments);
-    sortUniquely(m_edgePoints);
+    sortUniquely(m_facePoints, progress);
+    sortUniquely(m_faceSegments, progress);
+    sortUniquely(m_edgePoints, progress);
 }
 
 void CurveNetwork::spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,
@@ -192,9 +199,12 @@ int CurveNetwork::compare(std::uint32_t a, std::uint32_t b, int axis) const
 }
 
 /// Puts the points of each edge in their order from its lower vertex to its higher one.
-void CurveNetwork::sortAlongEdges()
+void CurveNetwork::sortAlongEdges(StageProgress& progress)
 {
+    unsigned steps = 0;
     for (auto begin = m_edgePoints.begin(); begin != m_edgePoints.end();) {
+        if (++steps % 1024 == 0)
+            progress.add(0);
         auto const end = std::find_if(begin, m_edgePoints.end(),
                                       [&](EdgePoint const& p) { return !p.isOnSameEdge(*begin); });
         if (end - begin > 1) {
@@ -229,10 +239,12 @@ std::span<std::uint32_t const> CurveNetwork::pointsOnEdge(std::uint32_t low,
 }
 
 /// Finds segments along an edge that has points between their ends.
-void CurveNetwork::findFinerEdges(FaceFaults& faults) const
+void CurveNetwork::findFinerEdges(FaceFaults& faults, StageProgress& progress) const
 {
     for (CurveSegment const& s : m_segments)
         for (std::size_t o = 0; o < 2; ++o) {
+            if ((&s - m_segments.data()) % 4096 == 0)
+                progress.add(0);
             if (s.edges[o] == CurveSegment::inside)
                 continue;
             auto const& corners = m_soup.corners(s.triangles[o]);
@@ -273,6 +285,7 @@ bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
         if (!block.isDone)
             return false;
         append(block.facets);
+        progress.add(0);
         faults.breaks.insert(faults.breaks.end(), block.faults.breaks.begin(),
                              block.faults.breaks.end());
         faults.crossings.insert(faults.crossings.end(), block.faults.crossings.begin(),
@@ -385,12 +398,16 @@ private:
 };
 
 /// Breaks segments where points lie on them and where they cross.
-void CurveNetwork::mend(FaceFaults const& faults)
+void CurveNetwork::mend(FaceFaults const& faults, StageProgress& progress)
 {
     SegmentIndex index(m_segments);
     for (FaceFaults::Break const& fault : faults.breaks)
         breakSegment(fault.segment, fault.point, index);
+    progress.add(0);
+    unsigned steps = 0;
     for (FaceFaults::Crossing const& fault : faults.crossings) {
+        if (++steps % 256 == 0)
+            progress.add(0);
         std::uint32_t const a = partnerOf(fault.triangle, fault.first, index);
         std::uint32_t const b = partnerOf(fault.triangle, fault.second, index);
         if (a == none || b == none)

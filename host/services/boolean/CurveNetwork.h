@@ -82,16 +82,16 @@ private:
     void markTouched(std::vector<TrianglePair> const& contacts);
     bool hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const;
     void touchAroundSecond();
-    void spread();
+    void spread(StageProgress& progress);
     void spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,
                    TrianglePlace place);
-    void sortAlongEdges();
+    void sortAlongEdges(StageProgress& progress);
     std::span<std::uint32_t const> pointsOnEdge(std::uint32_t low, std::uint32_t high) const;
-    void findFinerEdges(FaceFaults& faults) const;
+    void findFinerEdges(FaceFaults& faults, StageProgress& progress) const;
     bool divide(FaceFaults& faults, StageProgress& progress);
     bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults) const;
     void append(Facets const& facets);
-    void mend(FaceFaults const& faults);
+    void mend(FaceFaults const& faults, StageProgress& progress);
     class SegmentIndex;
     void breakSegment(FaceSegment const& segment, std::uint32_t point, SegmentIndex& index);
     std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment,

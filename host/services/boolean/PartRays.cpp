@@ -57,21 +57,26 @@ private:
 
 }  // namespace
 
-PartRays::PartRays(ToolGrid const& grid, std::vector<Point> points) : m_points(std::move(points))
+PartRays::PartRays(ToolGrid const& grid, std::vector<Point> points)
+    : m_points(std::move(points)), m_marks(std::size_t(128) * 128, 0)
 {
     for (Point const& p : m_points) {
         ToolGrid::Place const place = grid.placeOf(p);
-        m_isAsked[rowOf(place >> 13 & 127, place >> 23 & 127)] = true;
+        m_marks[rowOf(place)] |= inRow;
+        for (std::uint32_t z = zOf(place) - std::min(zOf(place), 1u); z <= zOf(place) + 1; ++z)
+            for (std::uint32_t y = yOf(place) - std::min(yOf(place), 1u); y <= yOf(place) + 1; ++y)
+                if (y < 128 && z < 128)
+                    m_marks[z << 7 | y] |= nearRow;
     }
 }
 
 bool PartRays::maySpread(ToolGrid::Place a, ToolGrid::Place b, ToolGrid::Place c) const
 {
-    auto const [lowY, highY] = std::minmax({a >> 13 & 127, b >> 13 & 127, c >> 13 & 127});
-    auto const [lowZ, highZ] = std::minmax({a >> 23 & 127, b >> 23 & 127, c >> 23 & 127});
+    auto const [lowY, highY] = std::minmax({yOf(a), yOf(b), yOf(c)});
+    auto const [lowZ, highZ] = std::minmax({zOf(a), zOf(b), zOf(c)});
     for (std::uint32_t z = lowZ; z <= highZ; ++z)
         for (std::uint32_t y = lowY; y <= highY; ++y)
-            if (m_isAsked[rowOf(y, z)])
+            if (m_marks[z << 7 | y] & inRow)
                 return true;
     return false;
 }

@@ -7,7 +7,6 @@
 #include <tbb/enumerable_thread_specific.h>
 
 #include <array>
-#include <bitset>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -23,7 +22,11 @@ public:
 
     PartRays(ToolGrid const& grid, std::vector<Point> points);
 
-    /// Notes a triangle, by its vertices and their cells, if a line may pass it. Any thread.
+    /// A cell with marks in the bits that no place uses: whether a line runs in its row of pages,
+    /// and whether one runs there or in a row beside it.
+    ToolGrid::Place marked(ToolGrid::Place place) const { return place | m_marks[rowOf(place)]; }
+
+    /// Notes a triangle, by its vertices and their marked cells, if a line may pass it. Any thread.
     void offer(std::array<std::uint32_t, 3> const& vertices, ToolGrid::Place a, ToolGrid::Place b,
                ToolGrid::Place c) const
     {
@@ -39,20 +42,31 @@ public:
                                             std::span<UTriangle<float> const* const> rest) const;
 
 private:
-    /// A row of pages along x.
-    static std::size_t rowOf(std::uint32_t y, std::uint32_t z) { return z << 7 | y; }
+    static constexpr ToolGrid::Place inRow = ToolGrid::Place(1) << 30;
+    static constexpr ToolGrid::Place nearRow = ToolGrid::Place(1) << 31;
+    static constexpr ToolGrid::Place rowBits = 0x3f8fe000;
 
+    static std::uint32_t yOf(ToolGrid::Place place) { return place >> 13 & 127; }
+    static std::uint32_t zOf(ToolGrid::Place place) { return place >> 23 & 127; }
+    /// A row of pages along x.
+    static std::size_t rowOf(ToolGrid::Place place) { return zOf(place) << 7 | yOf(place); }
+
+    static bool areBeside(ToolGrid::Place a, ToolGrid::Place b)
+    {
+        return yOf(a) - yOf(b) + 1 <= 2 && zOf(a) - zOf(b) + 1 <= 2;
+    }
     bool mayPass(ToolGrid::Place a, ToolGrid::Place b, ToolGrid::Place c) const
     {
-        std::uint32_t const row = a >> 13 & 0x1fc7f;
-        if (row == (b >> 13 & 0x1fc7f) && row == (c >> 13 & 0x1fc7f))
-            return m_isAsked[rowOf(row & 127, row >> 10)];
+        if ((((a ^ b) | (a ^ c)) & rowBits) == 0)
+            return (a & inRow) != 0;
+        if ((a & nearRow) == 0 && areBeside(a, b) && areBeside(a, c))
+            return false;
         return maySpread(a, b, c);
     }
     bool maySpread(ToolGrid::Place a, ToolGrid::Place b, ToolGrid::Place c) const;
 
     std::vector<Point> m_points;
-    /// By row of pages: whether a line runs in it.
-    std::bitset<128 * 128> m_isAsked;
+    /// By row of pages.
+    std::vector<ToolGrid::Place> m_marks;
     mutable tbb::enumerable_thread_specific<std::vector<std::array<std::uint32_t, 3>>> m_noted;
 };

@@ -197,7 +197,7 @@ void RoundedFacets::mend()
     auto turned = findTurned(count, [](std::size_t i) { return i; });
     if (turned.empty())
         return;
-    // What is left after all meets others, if at all, and CrossingMending looks at that.
+    // What is left after all meets others, if at all, and RoundingMending looks at that.
     std::size_t fewest = turned.size();
     for (int inVain = 0; inVain < patience && !turned.empty(); ++inVain) {
         m_changed.clear();

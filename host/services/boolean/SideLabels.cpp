@@ -78,10 +78,12 @@ struct LabelledGroups
 class Labelling
 {
 public:
-    Labelling(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources)
+    Labelling(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources,
+              StageProgress& progress)
         : m_soup(soup),
           m_network(network),
           m_sources(sources),
+          m_progress(progress),
           m_first(soup, network, Operand::first),
           m_second(soup, network, Operand::second),
           m_aroundFirst(m_second.groups.size()),
@@ -100,13 +102,18 @@ public:
         numberFromKnown();
         if (!agreesWithKnown() || !layerByRays())
             return false;
-        if (hasOpenLayers())
-            layerByFloors();
         write(labels);
         return true;
     }
 
 private:
+    /// Asks for a cancel now and then.
+    void poll()
+    {
+        if (++m_steps % 1024 == 0)
+            m_progress.add(0);
+    }
+
     std::uint32_t nodeOf(Operand operand, std::uint32_t group) const
     {
         return operand == Operand::first ? group : m_first.groups.size() + group;
@@ -116,6 +123,7 @@ private:
     /// first in front of the second's only: the first is not divided where it crosses itself.
     bool relateSeeds(std::span<SideSeed const> seeds)
     {
+        poll();
         std::uint32_t reference = CurveNetwork::none, referenceOfSecond = CurveNetwork::none;
         int number = 0, layers = 0;
         for (SideSeed const& seed : seeds) {
@@ -189,6 +197,7 @@ private:
     {
         SideGroups& groups = m_first.groups;
         for (std::uint32_t v = 0; v < groups.pointCount(); ++v) {
+            poll();
             if (groups.isOnCurve(v))
                 continue;
             std::uint32_t const group = groups.ofVertex(v);
@@ -216,36 +225,45 @@ private:
                 m_aroundSecond.set(groups.ofVertex(v), m_sources.known[v]);
     }
 
-    /// The second operand's own numbers where no vertex of the first tells them.
+    /// The second operand's own numbers. What hangs together is asked in several places, as a
+    /// check.
     bool numberFromOwnRays()
     {
-        SideGroups& groups = m_second.groups;
         if (m_sources.isSecondSimple) {
-            forPieces(m_second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
-                if (!m_aroundSecond.numberOf(nodeOf(Operand::second, group)))
-                    m_aroundSecond.set(nodeOf(Operand::second, group), 0);
-            });
+            for (std::uint32_t const group : openGroups([this](std::uint32_t g) {
+                     return !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
+                 }))
+                m_aroundSecond.set(nodeOf(Operand::second, group), 0);
             return true;
         }
-        // What hangs together is asked in several places, as a check.
         constexpr int mostQuestions = 64, mostAnswers = 3;
-        std::vector<std::int8_t> questions(m_first.groups.size() + groups.size(), 0);
+        std::vector<std::int8_t> questions(m_first.groups.size() + m_second.groups.size(), -1);
         std::vector<std::int8_t> answers(questions.size(), 0);
+        std::size_t open = 0;
+        for (std::uint32_t const group : openGroups([](std::uint32_t) { return true; })) {
+            std::int8_t& count =
+                questions[m_aroundSecond.placeOf(nodeOf(Operand::second, group)).root];
+            open += count < 0;
+            count = 0;
+        }
         bool agrees = true;
         forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
             std::uint32_t const node = nodeOf(Operand::second, group);
             std::uint32_t const root = m_aroundSecond.placeOf(node).root;
-            if (!agrees || questions[root] >= mostQuestions || answers[root] >= mostAnswers)
-                return;
-            ++questions[root];
+            if (questions[root] >= mostQuestions || answers[root] >= mostAnswers)
+                return true;
+            poll();
             int const facing = facingOf(triangle);
             auto const number =
                 m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)));
-            if (!number || facing == 0)
-                return;
-            ++answers[root];
-            agrees = m_aroundSecond.set(
-                node, facing > 0 ? *number : *number - m_second.changeOf(group)[1]);
+            if (number && facing != 0) {
+                ++answers[root];
+                agrees = m_aroundSecond.set(
+                    node, facing > 0 ? *number : *number - m_second.changeOf(group)[1]);
+            }
+            ++questions[root];
+            open -= questions[root] == mostQuestions || answers[root] == mostAnswers;
+            return agrees && open > 0;
         });
         return agrees;
     }
@@ -263,20 +281,47 @@ private:
         return ExactSigns::orient2d(a, b, c, 0);
     }
 
-    /// Calls `visit(group, facet, triangle)` for facets and triangles that no curve divides.
+    /// Calls `visit(group, facet, triangle)` for facets and triangles that no curve divides, as
+    /// long as it returns true.
     template <typename Visit>
     void forPieces(LabelledGroups& labelled, Visit const& visit)
     {
+        bool goesOn = true;
         labelled.groups.forFacets(
             [&](std::uint32_t region, Corners const& facet, std::uint32_t triangle) {
-                visit(labelled.groups.ofRegion(region), facet, triangle);
+                goesOn = goesOn && visit(labelled.groups.ofRegion(region), facet, triangle);
             });
         std::uint32_t const base =
             labelled.operand == Operand::first ? 0 : m_soup.firstPointOfSecond;
         labelled.groups.forWholes([&](std::uint32_t triangle) {
             Corners const& corners = m_soup.corners(triangle);
-            visit(labelled.groups.ofVertex(corners[0] - base), corners, triangle);
+            goesOn =
+                goesOn && visit(labelled.groups.ofVertex(corners[0] - base), corners, triangle);
         });
+    }
+
+    /// The groups of the second operand that `isOpen(group)` holds for.
+    template <typename IsOpen>
+    std::vector<std::uint32_t> openGroups(IsOpen const& isOpen)
+    {
+        SideGroups& groups = m_second.groups;
+        std::vector<bool> isSeen(groups.size(), false);
+        std::vector<std::uint32_t> open;
+        auto const look = [&](std::uint32_t group) {
+            poll();
+            if (isSeen[group])
+                return;
+            isSeen[group] = true;
+            if (isOpen(group))
+                open.push_back(group);
+        };
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+            if (!groups.isOnCurve(v))
+                look(groups.ofVertex(v));
+        groups.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
+            look(groups.ofRegion(region));
+        });
+        return open;
     }
 
     bool agreesWithKnown()
@@ -300,23 +345,34 @@ private:
         for (auto const& [vertex, number] : m_sources.anchors)
             if (!groups.isOnCurve(vertex) && !m_aroundFirst.set(groups.ofVertex(vertex), number))
                 return false;
+        auto const isOpen = [this](std::uint32_t g) { return !m_aroundFirst.numberOf(g); };
+        if (openGroups(isOpen).empty())
+            return true;
         std::vector<Question> questions;
         std::vector<bool> isListed(groups.size(), false);
+        auto const isNew = [&](std::uint32_t group) {
+            if (isListed[group] || !isOpen(group))
+                return false;
+            return bool(isListed[group] = true);
+        };
         for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
-            if (!groups.isOnCurve(v) && isOpen(groups.ofVertex(v), isListed))
+            if (!groups.isOnCurve(v) && isNew(groups.ofVertex(v)))
                 questions.push_back(
                     {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
         ask(questions);
         questions.clear();
         std::fill(isListed.begin(), isListed.end(), false);
         forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
-            int const facing = facingOf(triangle);
             int const change = m_second.changeOf(group)[0];
-            if ((facing != 0 || change == 0) && isOpen(group, isListed))
+            int const facing = facingOf(triangle);
+            if ((facing != 0 || change == 0) && isNew(group))
                 questions.push_back({group, facing < 0 ? change : 0,
                                      pointIn(m_network.points(), facet, cornersOf(triangle))});
+            return true;
         });
         ask(questions);
+        if (!openGroups(isOpen).empty())
+            layerByFloors();
         return true;
     }
 
@@ -340,22 +396,6 @@ private:
         for (std::size_t i = 0; i < questions.size(); ++i)
             if (numbers[i] && !m_aroundFirst.numberOf(questions[i].group))
                 m_aroundFirst.set(questions[i].group, *numbers[i] - questions[i].excess);
-    }
-
-    bool hasOpenLayers()
-    {
-        bool isOpen = false;
-        forPieces(m_second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
-            isOpen |= !m_aroundFirst.numberOf(group);
-        });
-        return isOpen;
-    }
-
-    bool isOpen(std::uint32_t group, std::vector<bool>& isListed)
-    {
-        if (isListed[group] || m_aroundFirst.numberOf(group))
-            return false;
-        return isListed[group] = true;
     }
 
     /// Where the first operand is open, so that rays tell nothing, a piece has the least numbers
@@ -399,10 +439,11 @@ private:
         SideGroups& second = m_second.groups;
         labels.ofSecond.assign(second.regionCount(), {});
         second.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
+            poll();
             labels.ofSecond[region] = secondSides(second.ofRegion(region));
         });
         labels.ofSecondVertices.resize(second.pointCount());
-        for (std::uint32_t v = 0; v < second.pointCount(); ++v)
+        for (std::uint32_t v = 0; v < second.pointCount(); ++v, poll())
             if (!second.isOnCurve(v))
                 labels.ofSecondVertices[v] = secondSides(second.ofVertex(v));
     }
@@ -417,6 +458,8 @@ private:
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
     WindingSources const& m_sources;
+    StageProgress& m_progress;
+    unsigned m_steps = 0;
     LabelledGroups m_first;
     LabelledGroups m_second;
     /// The first operand's winding numbers in front of the second's groups.
@@ -428,7 +471,7 @@ private:
 }  // namespace
 
 bool labelSides(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources,
-                SideLabels& labels)
+                SideLabels& labels, StageProgress& progress)
 {
-    return Labelling(soup, network, sources).run(labels);
+    return Labelling(soup, network, sources, progress).run(labels);
 }

@@ -74,4 +74,4 @@ struct WindingSources
 ///
 /// returns  false if the curves contradict each other or the rays, as where an operand is open
 bool labelSides(OperandSoup const& soup, CurveNetwork const& network, WindingSources const& sources,
-                SideLabels& labels);
+                SideLabels& labels, StageProgress& progress);

@@ -3,10 +3,12 @@
 
 #include "host/services/RecordCopies.h"
 #include "host/services/boolean/PieceWriter.h"
+#include "host/services/boolean/ResultCheck.h"
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
+#include "host/services/exact/ArrangedSolids.h"
 #include "host/services/exact/Corefinement.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
@@ -158,7 +160,10 @@ private:
             pair.first += m_soup.firstTriangleOfSecond;
             pair.second += m_soup.firstTriangleOfSecond;
         }
-        return boolean.resolve(grid, contacts, sources, m_progress) == SoupBoolean::Outcome::done;
+        SoupBoolean::Outcome const outcome = boolean.resolve(grid, contacts, sources, m_progress);
+        if (outcome == SoupBoolean::Outcome::tooMuch)
+            throwTooMuch();
+        return outcome == SoupBoolean::Outcome::done;
     }
 
     std::vector<UPoint3<float>> anchorPoints() const
@@ -340,22 +345,59 @@ private:
              : piece == BooleanPiece::common ? wanted.common
                                              : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
-        Exact::CombinedSolids solids = Exact::combine(part, m_tool.mesh, wanted, m_progress);
+        requireRoom(part.triangles.size() + m_tool.mesh.triangles.size(), boolean.curveCount());
+        ResultCheck const check(part, m_tool.mesh, m_progress);
+        auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), check);
+        // Corefinement may go wrong where an operand touches itself.
+        if (results.empty())
+            results = checked(Exact::combineArranged(part, m_tool.mesh, wanted, m_progress), check);
+        if (results.empty())
+            throwNotCombined();
+        return results;
+    }
+
+    /// The solids as results; none if one of them is missing or wrong.
+    std::vector<BooleanResult> checked(Exact::CombinedSolids const& solids,
+                                       ResultCheck const& check) const
+    {
         std::vector<BooleanResult> results;
         for (BooleanPiece const piece : m_pieces) {
             auto const& solid = piece == BooleanPiece::united   ? solids.united
                                 : piece == BooleanPiece::common ? solids.common
                                                                 : solids.difference;
-            if (!solid)
-                throw Mell::Exception(
-                    QCoreApplication::translate(
-                        "Services",
-                        "The two solids could not be combined, for one of them is open or crosses "
-                        "itself where they meet. Repair it and cut again.")
-                        .toStdString());
+            if (!solid || !check.accepts(*solid, BooleanRule(piece)))
+                return {};
             results.push_back({makeMesh(*solid)});
         }
         return results;
+    }
+
+    /// What the exact way takes is known well enough beforehand to end before the machine is short
+    /// of memory.
+    static void requireRoom(std::size_t triangles, std::size_t segments)
+    {
+        constexpr std::size_t perTriangle = 1500, perSegment = 60000, most = std::size_t(4) << 30;
+        if (triangles * perTriangle + segments * perSegment > most)
+            throwTooMuch();
+    }
+
+    [[noreturn]] static void throwNotCombined()
+    {
+        throw Mell::Exception(
+            QCoreApplication::translate(
+                "Services",
+                "The two solids could not be combined, for one of them is open or crosses "
+                "itself where they meet. Repair it and cut again.")
+                .toStdString());
+    }
+
+    [[noreturn]] static void throwTooMuch()
+    {
+        throw Mell::Exception(
+            QCoreApplication::translate("Services",
+                                        "The two solids meet in too many places to be combined. "
+                                        "Move one of them a little and cut again.")
+                .toStdString());
     }
 
     [[noreturn]] static void throwOpen(Operand operand, UPoint3<float> const& p)

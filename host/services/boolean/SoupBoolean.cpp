@@ -2,20 +2,29 @@
 #include "host/services/boolean/SoupBoolean.h"
 
 #include "host/services/boolean/ContactFinder.h"
-#include "host/services/boolean/CrossingMending.h"
+#include "host/services/boolean/RoundingMending.h"
 
 #include <algorithm>
+
+namespace {
+
+/// Each takes some hundred bytes.
+constexpr std::size_t mostContacts = 40'000'000;
+
+}  // namespace
 
 SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
                                           std::vector<TrianglePair> const& ofSecond,
                                           WindingSources const& sources, StageProgress& progress)
 {
     std::vector<TrianglePair> contacts = findContacts(m_soup, grid, progress);
+    if (contacts.size() > mostContacts)
+        return Outcome::tooMuch;
     contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
     if (!m_network.build(contacts, progress))
         return Outcome::contradiction;
     progress.add(0);
-    if (!labelSides(m_soup, m_network, sources, m_labels))
+    if (!labelSides(m_soup, m_network, sources, m_labels, progress))
         return Outcome::contradiction;
     progress.add(0);
     m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);
@@ -38,7 +47,7 @@ std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
     for (std::uint32_t point = 0; point < pointCount(); ++point)
         places.push_back(place(point));
     auto const isCrossing = [&](std::vector<PieceTriangle> const& piece) {
-        return CrossingMending::isCrossing(piece, places, progress);
+        return RoundingMending::isCrossing(piece, places, progress);
     };
     if (std::none_of(pieces.begin(), pieces.end(), isCrossing))
         return {};
@@ -46,7 +55,7 @@ std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
     std::vector<bool> isFree(pointCount(), true);
     for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex)
         isFree[vertex] = isFree[m_facets->numberOf(vertex)] = false;
-    auto left = CrossingMending(m_soup, pieces, places, isFree).run(progress);
+    auto left = RoundingMending(m_soup, pieces, places, isFree).run(progress);
     m_mendedPlaces = std::move(places);
     return left;
 }

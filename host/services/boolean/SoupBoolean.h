@@ -18,6 +18,8 @@ public:
         done,
         /// The curves contradict each other: an operand is open there, or crosses itself.
         contradiction,
+        /// More pairs of triangles meet than there should be memory for.
+        tooMuch,
     };
 
     /// soup  must outlive this
@@ -44,6 +46,8 @@ public:
         return m_mendedPlaces.empty() ? m_network.points().rounded(point) : m_mendedPlaces[point];
     }
     std::uint32_t pointCount() const { return m_network.points().size(); }
+    /// How many pieces of curve there are.
+    std::size_t curveCount() const { return m_network.segments().size(); }
 
     /// A point on an edge of an operand from which one of its triangles is missing, among the edges
     /// that the other operand meets.

@@ -25,15 +25,18 @@ constexpr double allowedDent = 0x1p-20;
 class ToolShells
 {
 public:
-    explicit ToolShells(MeshArrays const& tool) : m_tool(tool)
+    ToolShells(MeshArrays const& tool, StageProgress& progress) : m_tool(tool), m_progress(progress)
     {
         DisjointSets sets(tool.points.size());
-        for (Corners const& c : tool.triangles) {
+        for (std::size_t t = 0; t < tool.triangles.size(); ++t) {
+            poll(t);
+            Corners const& c = tool.triangles[t];
             sets.unite(c[0], c[1]);
             sets.unite(c[0], c[2]);
         }
         std::vector<std::uint32_t> shellAt(tool.points.size(), none);
         for (std::uint32_t t = 0; t < tool.triangles.size(); ++t) {
+            poll(t);
             std::uint32_t& shell = shellAt[sets.root(tool.triangles[t][0])];
             if (shell == none) {
                 shell = std::uint32_t(m_shells.size());
@@ -53,10 +56,12 @@ public:
         findOverlaps();
         std::vector<std::uint32_t> suspects;
         for (Shell const& shell : m_shells) {
-            bool const isSafe = isConvex(shell);
-            for (std::uint32_t const t : shell.triangles)
+            bool const isSafe = !isClearlyHollow(shell) && isConvex(shell);
+            for (std::uint32_t const t : shell.triangles) {
+                poll(t);
                 if (!isSafe || isNearOthers(shell, t))
                     suspects.push_back(t);
+            }
         }
         std::sort(suspects.begin(), suspects.end());
         return suspects;
@@ -65,7 +70,7 @@ public:
     /// Some vertices of each shell: one where there are many shells.
     std::vector<std::uint32_t> anchors() const
     {
-        constexpr std::size_t many = 64;
+        constexpr std::size_t many = 8;
         std::size_t const perShell = m_shells.size() > many ? 1 : 3;
         std::vector<std::uint32_t> anchors;
         for (Shell const& shell : m_shells)
@@ -86,6 +91,28 @@ private:
         /// Where other shells' boxes overlap it.
         std::vector<Box> overlaps;
     };
+
+    /// Asks for a cancel now and then.
+    void poll(std::size_t step) const
+    {
+        if (step % 4096 == 0)
+            m_progress.add(0);
+    }
+
+    /// Whether some point of a large shell lies in front of some triangle: spares sorting the edges
+    /// of most shells that are not convex.
+    bool isClearlyHollow(Shell const& shell) const
+    {
+        constexpr std::size_t planes = 16, points = 64;
+        std::size_t const count = shell.triangles.size();
+        for (std::size_t i = 0; count > planes * points && i < planes; ++i) {
+            std::uint32_t const t = shell.triangles[i * count / planes];
+            for (std::size_t k = 0; k < points; ++k)
+                if (rises(t, m_tool.triangles[shell.triangles[k * count / points]][0]))
+                    return true;
+        }
+        return false;
+    }
 
     bool isNearOthers(Shell const& shell, std::uint32_t triangle) const
     {
@@ -141,6 +168,7 @@ private:
             }
         std::sort(m_uses.begin(), m_uses.end());
         for (std::size_t i = 0; i < m_uses.size(); i += 2) {
+            poll(i);
             bool const isPair = i + 1 < m_uses.size() && m_uses[i].isSameEdge(m_uses[i + 1]) &&
                                 (i + 2 == m_uses.size() || !m_uses[i].isSameEdge(m_uses[i + 2]));
             if (!isPair || !bendsOutward(m_uses[i], m_uses[i + 1]))
@@ -151,15 +179,29 @@ private:
 
     bool bendsOutward(EdgeUse const& a, EdgeUse const& b) const
     {
-        UVector3<double> const n = normalOf(a.triangle), m = normalOf(b.triangle);
-        ExactSigns::Offset const w(m_tool.points[a.low], m_tool.points[b.apex]);
-        UVector3<double> const offset(w.x, w.y, w.z);
-        double const height = (n | offset) / n.GetLength();
-        UPoint3<float> const& apex = m_tool.points[b.apex];
-        double const dent =
-            allowedDent * std::max({std::abs(apex[0]), std::abs(apex[1]), std::abs(apex[2])});
+        double const height = heightOf(a.triangle, b.apex), dent = dentAt(b.apex);
         // Flat is fine, folded back on itself is not.
-        return height < -dent || (height <= dent && (n | m) > 0);
+        return height < -dent ||
+               (height <= dent && (normalOf(a.triangle) | normalOf(b.triangle)) > 0);
+    }
+
+    bool rises(std::uint32_t triangle, std::uint32_t point) const
+    {
+        return heightOf(triangle, point) > dentAt(point);
+    }
+
+    /// How far a point lies in front of a triangle's plane.
+    double heightOf(std::uint32_t triangle, std::uint32_t point) const
+    {
+        UVector3<double> const n = normalOf(triangle);
+        ExactSigns::Offset const w(m_tool.point(triangle, 0), m_tool.points[point]);
+        return (n | UVector3<double>(w.x, w.y, w.z)) / n.GetLength();
+    }
+
+    double dentAt(std::uint32_t point) const
+    {
+        UPoint3<float> const& p = m_tool.points[point];
+        return allowedDent * std::max({std::abs(p[0]), std::abs(p[1]), std::abs(p[2])});
     }
 
     UVector3<double> normalOf(std::uint32_t triangle) const
@@ -170,6 +212,7 @@ private:
     }
 
     MeshArrays const& m_tool;
+    StageProgress& m_progress;
     std::vector<Shell> m_shells;
     std::vector<EdgeUse> m_uses;
 };
@@ -271,7 +314,7 @@ PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress)
     requireFinite(prepared.mesh, Operand::second);
     if (hasFlatTriangle(prepared.mesh))
         prepared.mesh = withoutFlatTriangles(prepared.mesh, progress);
-    ToolShells shells(prepared.mesh);
+    ToolShells shells(prepared.mesh, progress);
     prepared.anchors = shells.anchors();
     std::vector<std::uint32_t> const candidates = shells.suspects();
     prepared.isSimple = candidates.empty();

@@ -17,7 +17,7 @@ public:
     /// Once per vertex, before isApart() is asked about it.
     int sideOf(std::uint32_t vertex, UPoint3<float> const& point) const
     {
-        m_places[vertex] = m_grid.placeOf(point);
+        m_places[vertex] = m_rays.marked(m_grid.placeOf(point));
         ToolGrid::State const state = m_grid.stateAt(m_places[vertex]);
         return state == ToolGrid::State::touched ? 0 : state == ToolGrid::State::inside ? -1 : 1;
     }

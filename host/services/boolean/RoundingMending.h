@@ -16,14 +16,14 @@
 /// diagonals, or put in the place of a neighbour as near as that, and the move stays that leaves
 /// the fewest pairs at the triangles around the point. Triangles stay closed through every step: a
 /// point is put into another's place only where the surface stays a surface.
-class CrossingMending
+class RoundingMending
 {
 public:
     /// soup    of the operands
     /// pieces  by point numbers; triangles leave where two points become one
     /// places  by point number; those of free points change
     /// isFree  by point number: whether a point may be moved, for all triangles at it are in pieces
-    CrossingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
+    RoundingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
                     std::vector<UPoint3<float>>& places, std::vector<bool> const& isFree)
         : m_soup(soup), m_pieces(pieces), m_places(places), m_isFree(isFree)
     {}
@@ -35,7 +35,8 @@ public:
                            std::vector<UPoint3<float>> const& places, StageProgress& progress);
 
     /// Mends all pieces. Returns a place of each pair of triangles that is left. Pairs without a
-    /// free corner, which the operands had before, are neither mended nor told.
+    /// free corner, and pairs from triangles that cross in an operand, were there before: they are
+    /// neither mended nor told. What crosses by more than rounding can do is told and stays.
     ///
     /// cost  milliseconds for each pair, up to a limit in proportion to the triangles
     std::vector<UPoint3<float>> run(StageProgress& progress);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/boolean/CrossingMending.h"
+#include "host/services/boolean/RoundingMending.h"
 
 #include "host/mesh/ExactSigns.h"
 #include "host/services/SelfIntersections.h"
@@ -30,6 +30,10 @@ constexpr int mostStepsPerPair = 6;
 /// cases, and surfaces that lie on each other all over do not hold up the cut.
 constexpr std::size_t leastWork = 50'000'000;
 constexpr std::size_t workPerTriangle = 1000;
+/// What a test of two triangles costs beside one of two boxes.
+constexpr std::size_t workPerMeeting = 30;
+/// Triangles that cross by more than this many units in every respect do not cross by rounding.
+constexpr double mostRoundingUnits = 256;
 /// How far a point may be moved at a time, in units of the last place.
 constexpr std::array moveUnits{1, 2, 4, 8, 16};
 constexpr double joinUnits = 32;
@@ -62,6 +66,64 @@ MeshArrays compacted(std::vector<PieceTriangle> const& piece, std::vector<Point>
         mesh.triangles.push_back(corners);
     }
     return mesh;
+}
+
+using Vector = UVector3<double>;
+
+Vector vectorOf(Point const& p)
+{
+    return {p[0], p[1], p[2]};
+}
+
+/// Where a line is within a triangle, of which it runs in the plane: by the distances of the corners
+/// from another plane that contains the line, and their places along it.
+std::array<double, 2> spanOf(std::array<double, 3> const& distances,
+                             std::array<double, 3> const& places)
+{
+    std::array<double, 2> span{std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity()};
+    for (std::size_t i = 0; i < 3; ++i) {
+        std::size_t const k = (i + 1) % 3;
+        if ((distances[i] < 0) == (distances[k] < 0))
+            continue;
+        double const share = distances[i] / (distances[i] - distances[k]);
+        double const place = places[i] + share * (places[k] - places[i]);
+        span = {std::min(span[0], place), std::max(span[1], place)};
+    }
+    return span;
+}
+
+/// By how much two triangles cross: the least of how far each reaches through the plane of the other
+/// and how long the line is that they share.
+///
+/// tolerance  rounding of doubles; meant for comparison with units of floats
+double crossingDepth(std::array<Point, 3> const& a, std::array<Point, 3> const& b)
+{
+    std::array<std::array<Vector, 3>, 2> corners;
+    for (std::size_t i = 0; i < 3; ++i)
+        corners[0][i] = vectorOf(a[i]) - vectorOf(a[0]),
+        corners[1][i] = vectorOf(b[i]) - vectorOf(a[0]);
+    std::array<Vector, 2> normals;
+    for (std::size_t k = 0; k < 2; ++k) {
+        normals[k] = (corners[k][1] - corners[k][0]) * (corners[k][2] - corners[k][0]);
+        normals[k].Normalize();
+    }
+    Vector along = normals[0] * normals[1];
+    along.Normalize();
+    double depth = std::numeric_limits<double>::infinity();
+    std::array<double, 2> shared{-depth, depth};
+    for (std::size_t k = 0; k < 2; ++k) {
+        std::array<double, 3> distances, places;
+        for (std::size_t i = 0; i < 3; ++i) {
+            distances[i] = normals[1 - k] | (corners[k][i] - corners[1 - k][0]);
+            places[i] = along | corners[k][i];
+        }
+        auto const [least, most] = std::minmax_element(distances.begin(), distances.end());
+        depth = std::min({depth, std::max(0.0, *most), std::max(0.0, -*least)});
+        auto const span = spanOf(distances, places);
+        shared = {std::max(shared[0], span[0]), std::min(shared[1], span[1])};
+    }
+    return std::min(depth, std::max(0.0, shared[1] - shared[0]));
 }
 
 double squaredLength(Point const& a, Point const& b)
@@ -125,6 +187,8 @@ public:
     bool mend(Pair const& pair, StageProgress& progress)
     {
         bool isChanged = false;
+        if (isDeep(m_mesh, pair[0], pair[1]))
+            return false;
         std::size_t const mostWork = leastWork + workPerTriangle * m_mesh.triangles.size();
         for (int step = 0; step < mostStepsPerPair && m_work < mostWork; ++step) {
             if (isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]))
@@ -162,7 +226,7 @@ private:
         for (std::size_t i = 0; i < involved.size(); ++i)
             for (std::size_t j = i + 1; j < involved.size() && pairs.size() < mostPairs; ++j)
                 if (boxes[i].overlaps(boxes[j]) && (hasFree(involved[i]) || hasFree(involved[j])) &&
-                    doMeet(involved[i], involved[j]))
+                    doMeet(involved[i], involved[j]) && !isOfOperand(involved[i], involved[j]))
                     pairs.push_back({involved[i], involved[j]});
         return pairs;
     }
@@ -178,6 +242,27 @@ private:
     {
         Corners const& c = m_mesh.triangles[triangle];
         return m_isFree[c[0]] || m_isFree[c[1]] || m_isFree[c[2]];
+    }
+
+    /// Whether two triangles come from two that cross in one operand.
+    bool isOfOperand(std::size_t t, std::size_t u) const
+    {
+        Index const first = m_sources[t].triangle, second = m_sources[u].triangle;
+        return first != second && m_soup.operandOf(first) == m_soup.operandOf(second) &&
+               isDeep(m_soup.mesh, first, second);
+    }
+
+    /// Whether two triangles cross by more than rounding can do.
+    bool isDeep(MeshArrays const& mesh, std::size_t t, std::size_t u) const
+    {
+        auto const cornersOf = [&](std::size_t which) {
+            return std::array{mesh.point(which, 0), mesh.point(which, 1), mesh.point(which, 2)};
+        };
+        auto const a = cornersOf(t), b = cornersOf(u);
+        float unit = 0;
+        for (std::size_t k = 0; k < 3; ++k)
+            unit = std::max({unit, unitOf(a[k]), unitOf(b[k])});
+        return crossingDepth(a, b) > mostRoundingUnits * double(unit);
     }
 
     bool isFlat(std::size_t t) const
@@ -211,9 +296,10 @@ private:
         return box;
     }
 
-    float unitAt(Index point) const
+    float unitAt(Index point) const { return unitOf(m_mesh.points[point]); }
+
+    static float unitOf(Point const& p)
     {
-        Point const& p = m_mesh.points[point];
         float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
         return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
     }
@@ -323,8 +409,10 @@ private:
             count += isTurned(t);
             Box const box = boxOf(t);
             for (std::size_t const u : others)
-                if (!isGone(u) && boxOf(u).overlaps(box))
+                if (!isGone(u) && boxOf(u).overlaps(box)) {
+                    m_work += workPerMeeting;
                     count += doMeet(t, u);
+                }
         }
         return count;
     }
@@ -477,13 +565,13 @@ private:
 
 }  // namespace
 
-bool CrossingMending::isCrossing(std::vector<PieceTriangle> const& piece,
+bool RoundingMending::isCrossing(std::vector<PieceTriangle> const& piece,
                                  std::vector<Point> const& places, StageProgress& progress)
 {
     return findCrossings(compacted(piece, places), progress).pairs > 0;
 }
 
-std::vector<Point> CrossingMending::run(StageProgress& progress)
+std::vector<Point> RoundingMending::run(StageProgress& progress)
 {
     PiecesAtPoints pieces(m_soup, m_pieces, m_places, m_isFree);
     std::vector<Point> left;
@@ -506,7 +594,7 @@ std::vector<Point> CrossingMending::run(StageProgress& progress)
     return left;
 }
 
-void CrossingMending::takeOver(std::vector<Point> const& places,
+void RoundingMending::takeOver(std::vector<Point> const& places,
                                std::vector<Corners> const& triangles)
 {
     m_places = places;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/boolean/CrossingMending.h"
+#include "host/services/boolean/RoundingMending.h"
 #include "platform/services/Intersect.h"
 #include "platform/services/Repair.h"
 #include "tests/support/MeshBuilders.h"
@@ -79,7 +79,7 @@ float unitsBelow(float value, int units)
 
 }  // namespace
 
-TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
+TEST(RoundingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
 {
     for (int const units : {1, 2, 5}) {
         Soup const right = boxUnderATip(40.5f);
@@ -92,7 +92,7 @@ TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
         std::vector<bool> isFree(places.size(), false);
         isFree.back() = true;
         StageProgress progress(nobody);
-        EXPECT_TRUE(CrossingMending(operand, pieces, places, isFree).run(progress).empty());
+        EXPECT_TRUE(RoundingMending(operand, pieces, places, isFree).run(progress).empty());
         Soup const mended = soupOf(pieces[0], places);
         EXPECT_EQ(crossingsOf(mended), 0u);
         EXPECT_EQ(closedSolidFaults(mended), "");
@@ -103,26 +103,28 @@ TEST(CrossingMending, ATipThatRoundingHasPushedThroughAWallIsPulledBack)
     }
 }
 
-TEST(CrossingMending, WhatIsMoreThanRoundingIsNamedAndStaysAsItIs)
+TEST(RoundingMending, WhatIsMoreThanRoundingIsNamedAndStaysAsItIs)
 {
     Soup const pushed = boxUnderATip(39);
-    OperandSoup const operand = operandOf(pushed);
-    Pieces pieces{wholeOf(pushed)};
-    std::vector<Point> places = pushed.points;
+    OperandSoup const operands[] = {operandOf(boxUnderATip(40.5f)), operandOf(pushed)};
     StageProgress progress(nobody);
     // A tip that stands in the box by a millimetre is more than rounding does.
-    for (bool const isTipFree : {false, true}) {
-        std::vector<bool> isFree(places.size(), false);
-        isFree.back() = isTipFree;
-        auto const left = CrossingMending(operand, pieces, places, isFree).run(progress);
-        // A crossing that the operand had before is not told.
-        EXPECT_EQ(left.empty(), !isTipFree);
-        EXPECT_LT((places.back() - pushed.points.back()).GetLength(), 1e-3f);
-        EXPECT_EQ(soupOf(pieces[0], places).triangles, pushed.triangles);
-    }
+    for (bool const didOperandCross : {false, true})
+        for (bool const isTipFree : {false, true}) {
+            Pieces pieces{wholeOf(pushed)};
+            std::vector<Point> places = pushed.points;
+            std::vector<bool> isFree(places.size(), false);
+            isFree.back() = isTipFree;
+            auto const left =
+                RoundingMending(operands[didOperandCross], pieces, places, isFree).run(progress);
+            // A crossing that the operand had before is not told.
+            EXPECT_EQ(left.empty(), !isTipFree || didOperandCross);
+            EXPECT_EQ(places, pushed.points);
+            EXPECT_EQ(soupOf(pieces[0], places).triangles, pushed.triangles);
+        }
 }
 
-TEST(CrossingMending, PiecesThatShareAPointKeepSharingIt)
+TEST(RoundingMending, PiecesThatShareAPointKeepSharingIt)
 {
     Soup const right = boxUnderATip(40.5f);
     Soup const pushed = boxUnderATip(unitsBelow(40, 2));
@@ -132,11 +134,11 @@ TEST(CrossingMending, PiecesThatShareAPointKeepSharingIt)
     std::vector<bool> isFree(places.size(), false);
     isFree.back() = true;
     StageProgress progress(nobody);
-    EXPECT_TRUE(CrossingMending(operand, pieces, places, isFree).run(progress).empty());
+    EXPECT_TRUE(RoundingMending(operand, pieces, places, isFree).run(progress).empty());
     EXPECT_EQ(soupOf(pieces[0], places).triangles, soupOf(pieces[1], places).triangles);
 }
 
-TEST(CrossingMending, NeedlesBetweenPointsInAlmostOnePlaceLeaveNoCrossing)
+TEST(RoundingMending, NeedlesBetweenPointsInAlmostOnePlaceLeaveNoCrossing)
 {
     // A body is trimmed to a round part and joined to it again: the trimmed surface lies on the
     // part's as far as rounding tells, and needles between the two come to lie on the wrong sides.
