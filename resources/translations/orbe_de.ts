@@ -2505,6 +2505,10 @@
         <translation>Ein Teilstück schneidet sich durch Rundung selbst nahe (%1, %2, %3).</translation>
     </message>
     <message>
+        <source>Pairs of triangles that cross by rounding elsewhere: at least %1.</source>
+        <translation>Paare von Dreiecken, die sich durch Rundung an anderen Stellen schneiden: mindestens %1.</translation>
+    </message>
+    <message>
         <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
         <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
     </message>

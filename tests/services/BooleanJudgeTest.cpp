@@ -44,6 +44,21 @@ TEST(BooleanJudge, SeesAFilm)
     EXPECT_NE(boxes.faults(), "");
 }
 
+TEST(BooleanJudge, AllowanceForRoundingHidesNoDeeperCrossing)
+{
+    std::mt19937 random(6);
+    auto const faultsWith = [&](float depth, double unitsAllowed) {
+        StandingBoxes boxes;
+        boxes.pieces.united = boxes.a;
+        boxes.pieces.united.append(box(2, 2, 4, {1, 1, 4 - depth}));
+        return faultsOfPieces(boxes.a, boxes.b, boxes.pieces, 0, random, unitsAllowed);
+    };
+    float const unit = 0x1p-21f;  // Of coordinates from 4 to 8, up to which the upper box goes.
+    EXPECT_NE(faultsWith(unit, 0).find("that cross"), std::string::npos);
+    EXPECT_EQ(faultsWith(unit, 1).find("that cross"), std::string::npos);
+    EXPECT_NE(faultsWith(4 * unit, 1).find("that cross"), std::string::npos);
+}
+
 TEST(BooleanJudge, SeesAnOpenPieceAndAWrongPiece)
 {
     StandingBoxes open;

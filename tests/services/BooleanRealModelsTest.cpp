@@ -51,9 +51,10 @@ Soup cylindersThrough(Soup const& part, int count, std::mt19937& random)
 }
 
 void expectNoFaults(Soup const& part, Soup const& tool, std::string const& name,
-                    std::mt19937& random)
+                    std::mt19937& random, double unitsAllowed = 0)
 {
-    EXPECT_EQ(faultsOfPieces(part, tool, booleansOf(part, tool), 10, random), "") << name;
+    EXPECT_EQ(faultsOfPieces(part, tool, booleansOf(part, tool), 10, random, unitsAllowed), "")
+        << name;
 }
 
 /// The closed models that cross themselves nowhere.
@@ -114,7 +115,9 @@ TEST(BooleanRealModels, ModelAndItself)
     std::mt19937 random(4);
     expectNoFaults(model, shuffled(model, 9), "the same places in another order", random);
     expectNoFaults(model, movedBy(model, {1, 0, 0}), "flat faces slid along each other", random);
-    expectNoFaults(model, movedBy(model, {1e-4f, 0, 0}), "hardly moved", random);
+    // Layers between the two end thinner than a float tells apart: rounding lays them through each
+    // other, but by no more than it moves points.
+    expectNoFaults(model, movedBy(model, {1e-4f, 0, 0}), "hardly moved", random, 1);
 }
 
 TEST(BooleanRealModels, ModelThatCrossesItselfKeepsItsLayers)

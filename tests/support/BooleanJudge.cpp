@@ -71,10 +71,11 @@ struct Named
 class Judge
 {
 public:
-    Judge(Soup const& a, Soup const& b, BooleanPieces const& pieces)
+    Judge(Soup const& a, Soup const& b, BooleanPieces const& pieces, double unitsAllowed)
         : m_a(a),
           m_b(b),
           m_pieces(pieces),
+          m_unitsAllowed(unitsAllowed),
           m_named{{"the union", pieces.united},
                   {"what is common", pieces.common},
                   {"the difference", pieces.difference},
@@ -102,10 +103,12 @@ private:
             if (std::size_t const films = filmsOf(soup))
                 m_faults << name << ": " << films << " triangles on the corners of others; ";
             judge::Crossings const crossings = judge::crossingsOf(soup);
-            if (crossings.total() > 0)
+            if (crossings.total() > 0 &&
+                (m_unitsAllowed == 0 || crossings.mostUnits > m_unitsAllowed))
                 m_faults << name << ": " << crossings.pairs << " pairs of triangles that cross and "
-                         << crossings.overlaps << " that overlap, one near (" << crossings.place.X()
-                         << ", " << crossings.place.Y() << ", " << crossings.place.Z() << "); ";
+                         << crossings.overlaps << " that overlap, the deepest by "
+                         << crossings.mostUnits << " units near (" << crossings.place.X() << ", "
+                         << crossings.place.Y() << ", " << crossings.place.Z() << "); ";
         }
     }
 
@@ -178,6 +181,7 @@ private:
     Soup const& m_a;
     Soup const& m_b;
     BooleanPieces const& m_pieces;
+    double m_unitsAllowed;
     std::vector<Named> m_named;
     std::ostringstream m_faults;
 };
@@ -209,7 +213,7 @@ double distanceFrom(Soup const& soup, UPoint3<double> const& point)
 }
 
 std::string faultsOfPieces(Soup const& a, Soup const& b, BooleanPieces const& pieces,
-                           std::size_t samples, std::mt19937& random)
+                           std::size_t samples, std::mt19937& random, double unitsAllowed)
 {
-    return Judge(a, b, pieces).faults(samples, random);
+    return Judge(a, b, pieces, unitsAllowed).faults(samples, random);
 }

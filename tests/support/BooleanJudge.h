@@ -31,6 +31,8 @@ double distanceFrom(Soup const& soup, UPoint3<double> const& point);
 /// operations; and at `samples` random points at some distance from all surfaces the pieces are
 /// solid where the operations' rules say so.
 ///
-/// a, b  closed solids whose winding numbers are 0 and 1
+/// a, b          closed solids whose winding numbers are 0 and 1
+/// unitsAllowed  how deep triangles of a piece may cross, in units of their last place: more than
+///               nothing only where layers are thinner than floats tell apart
 std::string faultsOfPieces(Soup const& a, Soup const& b, BooleanPieces const& pieces,
-                           std::size_t samples, std::mt19937& random);
+                           std::size_t samples, std::mt19937& random, double unitsAllowed = 0);

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 namespace judge {
 namespace {
@@ -85,6 +87,56 @@ bool doOverlap(Corners a, Corners b)
     return !isPartedByEdgeOf(a, b) && !isPartedByEdgeOf(b, a);
 }
 
+using Vector = UVector3<double>;
+
+/// By how much the shadows of two triangles on an axis overlap; nothing for no axis.
+double overlapAlong(Vector axis, std::array<Vector, 3> const& a, std::array<Vector, 3> const& b)
+{
+    double const length = axis.GetLength();
+    if (length == 0)
+        return std::numeric_limits<double>::infinity();
+    axis = axis * (1 / length);
+    auto const shadowOf = [&axis](std::array<Vector, 3> const& t) {
+        return std::minmax({axis | t[0], axis | t[1], axis | t[2]});
+    };
+    auto const [lowA, highA] = shadowOf(a);
+    auto const [lowB, highB] = shadowOf(b);
+    return std::max(0.0, std::min(highA - lowB, highB - lowA));
+}
+
+/// The least move of one triangle that takes it out of the other. The vectors between points of
+/// the two fill a polyhedron, whose faces are parallel to one of the triangles or to an edge of
+/// each: the move leads to the nearest.
+double depthOf(Corners const& a, Corners const& b)
+{
+    std::array<std::array<Vector, 3>, 2> corners, edges;
+    for (std::size_t i = 0; i < 3; ++i)
+        for (int k = 0; k < 3; ++k) {
+            corners[0][i][k] = double(a[i][k]) - a[0][k];
+            corners[1][i][k] = double(b[i][k]) - a[0][k];
+        }
+    for (std::size_t t = 0; t < 2; ++t)
+        for (std::size_t i = 0; i < 3; ++i)
+            edges[t][i] = corners[t][(i + 1) % 3] - corners[t][i];
+    double least = std::numeric_limits<double>::infinity();
+    for (auto const& e : edges)
+        least = std::min(least, overlapAlong(e[0] * e[1], corners[0], corners[1]));
+    for (Vector const& e : edges[0])
+        for (Vector const& f : edges[1])
+            least = std::min(least, overlapAlong(e * f, corners[0], corners[1]));
+    return least;
+}
+
+double unitOf(Corners const& a, Corners const& b)
+{
+    float size = 0;
+    for (Corners const* t : {&a, &b})
+        for (auto const& p : *t)
+            for (int k = 0; k < 3; ++k)
+                size = std::max(size, std::fabs(p[k]));
+    return double(std::nextafter(size, std::numeric_limits<float>::infinity())) - double(size);
+}
+
 enum class Meeting
 {
     None,
@@ -107,6 +159,15 @@ Meeting meetingOf(Corners const& a, Corners const& b)
 
 }  // namespace
 
+void Crossings::add(bool isOverlap, double units, UPoint3<float> const& corner)
+{
+    if (total() == 0 || units > mostUnits) {
+        mostUnits = units;
+        place = corner;
+    }
+    ++(isOverlap ? overlaps : pairs);
+}
+
 Crossings crossingsOf(Soup const& soup)
 {
     TriangleBoxes const tree(soup);
@@ -124,11 +185,12 @@ Crossings crossingsOf(Soup const& soup)
                     [&](std::uint32_t k) {
                         if (k <= i || isFlat(k))
                             return;
-                        Meeting const meeting = meetingOf(corners, cornersOf(soup, k));
-                        if (meeting != Meeting::None && found.total() == 0)
-                            found.place = corners[0];
-                        found.pairs += meeting == Meeting::Crossing;
-                        found.overlaps += meeting == Meeting::Overlap;
+                        Corners const others = cornersOf(soup, k);
+                        Meeting const meeting = meetingOf(corners, others);
+                        if (meeting != Meeting::None)
+                            found.add(meeting == Meeting::Overlap,
+                                      depthOf(corners, others) / unitOf(corners, others),
+                                      corners[0]);
                     });
     }
     return found;

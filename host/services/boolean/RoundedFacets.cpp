@@ -213,6 +213,11 @@ void RoundedFacets::mend()
             inVain = 0;
         }
     }
+    // A point that is gone is no facet's any more, so it never takes in another.
+    if (!m_joined.empty())
+        for (std::uint32_t& number : m_numbers)
+            for (auto it = m_joined.find(number); it != m_joined.end(); it = m_joined.find(number))
+                number = it->second;
     // The new facets to their triangles.
     auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };
     auto const middle = m_facets.begin() + std::ptrdiff_t(count);
@@ -266,9 +271,7 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
         surroundings.add(m_facets[f], f);
         m_changed.push_back(f);
     }
-    for (std::uint32_t& number : m_numbers)
-        if (number == gone)
-            number = kept;
+    m_joined[gone] = kept;
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "host/services/boolean/CurveNetwork.h"
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 /// The facets of the divided triangles with float coordinates. Points that round to the same floats
@@ -56,6 +57,8 @@ private:
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
     std::vector<std::uint32_t> m_numbers;
+    /// Points that were put in the places of others while facets were mended, and these.
+    std::unordered_map<std::uint32_t, std::uint32_t> m_joined;
     std::vector<bool> m_isMended;
     std::vector<Facet> m_facets;
     /// Facets changed in a round of mending.

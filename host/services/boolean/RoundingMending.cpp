@@ -2,10 +2,9 @@
 #include "host/services/boolean/RoundingMending.h"
 
 #include "host/mesh/ExactSigns.h"
-#include "host/services/SelfIntersections.h"
-#include "host/services/TopologyCheck.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/RoundingCrossings.h"
 
 #include <algorithm>
 #include <array>
@@ -23,8 +22,6 @@ using Box = TriangleTree::Box;
 using Index = std::uint32_t;
 
 constexpr int mostRounds = 8;
-/// Operands that cross themselves have pairs that no move of some units can mend.
-constexpr std::size_t mostPairs = 1000;
 constexpr int mostStepsPerPair = 6;
 /// Tests of two boxes, of which a million take some milliseconds: fifty crossings are mended in all
 /// cases, and surfaces that lie on each other all over do not hold up the cut.
@@ -32,99 +29,10 @@ constexpr std::size_t leastWork = 50'000'000;
 constexpr std::size_t workPerTriangle = 1000;
 /// What a test of two triangles costs beside one of two boxes.
 constexpr std::size_t workPerMeeting = 30;
-/// Triangles that cross by more than this many units in every respect do not cross by rounding.
-constexpr double mostRoundingUnits = 256;
 /// How far a point may be moved at a time, in units of the last place.
 constexpr std::array moveUnits{1, 2, 4, 8, 16};
 constexpr double joinUnits = 32;
 constexpr std::size_t mostJoins = 4;
-
-IntersectionReport findCrossings(MeshArrays const& mesh, StageProgress& progress)
-{
-    TopologyReport const topology = checkTopology(mesh, progress);
-    TriangleTree const tree(mesh, topology, progress);
-    return findIntersections(mesh, topology, tree, progress);
-}
-
-/// The triangles of a piece, on points of their own.
-MeshArrays compacted(std::vector<PieceTriangle> const& piece, std::vector<Point> const& places)
-{
-    constexpr Index none = 0xffffffff;
-    std::vector<Index> locals(places.size(), none);
-    MeshArrays mesh;
-    mesh.triangles.reserve(piece.size());
-    for (PieceTriangle const& t : piece) {
-        Corners corners;
-        for (std::size_t k = 0; k < 3; ++k) {
-            Index& local = locals[t.corners[k]];
-            if (local == none) {
-                local = Index(mesh.points.size());
-                mesh.points.push_back(places[t.corners[k]]);
-            }
-            corners[k] = local;
-        }
-        mesh.triangles.push_back(corners);
-    }
-    return mesh;
-}
-
-using Vector = UVector3<double>;
-
-Vector vectorOf(Point const& p)
-{
-    return {p[0], p[1], p[2]};
-}
-
-/// Where a line is within a triangle, of which it runs in the plane: by the distances of the corners
-/// from another plane that contains the line, and their places along it.
-std::array<double, 2> spanOf(std::array<double, 3> const& distances,
-                             std::array<double, 3> const& places)
-{
-    std::array<double, 2> span{std::numeric_limits<double>::infinity(),
-                               -std::numeric_limits<double>::infinity()};
-    for (std::size_t i = 0; i < 3; ++i) {
-        std::size_t const k = (i + 1) % 3;
-        if ((distances[i] < 0) == (distances[k] < 0))
-            continue;
-        double const share = distances[i] / (distances[i] - distances[k]);
-        double const place = places[i] + share * (places[k] - places[i]);
-        span = {std::min(span[0], place), std::max(span[1], place)};
-    }
-    return span;
-}
-
-/// By how much two triangles cross: the least of how far each reaches through the plane of the other
-/// and how long the line is that they share.
-///
-/// tolerance  rounding of doubles; meant for comparison with units of floats
-double crossingDepth(std::array<Point, 3> const& a, std::array<Point, 3> const& b)
-{
-    std::array<std::array<Vector, 3>, 2> corners;
-    for (std::size_t i = 0; i < 3; ++i)
-        corners[0][i] = vectorOf(a[i]) - vectorOf(a[0]),
-        corners[1][i] = vectorOf(b[i]) - vectorOf(a[0]);
-    std::array<Vector, 2> normals;
-    for (std::size_t k = 0; k < 2; ++k) {
-        normals[k] = (corners[k][1] - corners[k][0]) * (corners[k][2] - corners[k][0]);
-        normals[k].Normalize();
-    }
-    Vector along = normals[0] * normals[1];
-    along.Normalize();
-    double depth = std::numeric_limits<double>::infinity();
-    std::array<double, 2> shared{-depth, depth};
-    for (std::size_t k = 0; k < 2; ++k) {
-        std::array<double, 3> distances, places;
-        for (std::size_t i = 0; i < 3; ++i) {
-            distances[i] = normals[1 - k] | (corners[k][i] - corners[1 - k][0]);
-            places[i] = along | corners[k][i];
-        }
-        auto const [least, most] = std::minmax_element(distances.begin(), distances.end());
-        depth = std::min({depth, std::max(0.0, *most), std::max(0.0, -*least)});
-        auto const span = spanOf(distances, places);
-        shared = {std::max(shared[0], span[0]), std::min(shared[1], span[1])};
-    }
-    return std::min(depth, std::max(0.0, shared[1] - shared[0]));
-}
 
 double squaredLength(Point const& a, Point const& b)
 {
@@ -136,7 +44,7 @@ double squaredLength(Point const& a, Point const& b)
 class PiecesAtPoints
 {
 public:
-    using Pair = std::array<std::size_t, 2>;
+    using Pair = RoundingCrossings::Pair;
 
     PiecesAtPoints(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>> const& pieces,
                    std::vector<Point> const& places, std::vector<bool> const& isFree)
@@ -165,16 +73,14 @@ public:
         std::vector<std::size_t> which;
         for (std::size_t t = begin; t < end; ++t)
             if (!isGone(t)) {
-                triangles.push_back({m_mesh.triangles[t], 0, false});
+                triangles.push_back(
+                    {m_mesh.triangles[t], m_sources[t].triangle, m_sources[t].isTurned});
                 which.push_back(t);
             }
-        IntersectionReport const report =
-            findCrossings(compacted(triangles, m_mesh.points), progress);
-        std::vector<std::size_t> involved;
-        for (std::size_t i = 0; i < which.size() && report.pairs > 0; ++i)
-            if (report.isInvolved[i] != 0)
-                involved.push_back(which[i]);
-        return pairsAmong(involved);
+        auto pairs = RoundingCrossings(m_soup, m_isFree).find(triangles, m_mesh.points, progress);
+        for (Pair& pair : pairs)
+            pair = {which[pair[0]], which[pair[1]]};
+        return pairs;
     }
 
     bool doMeet(std::size_t t, std::size_t u) const
@@ -187,7 +93,7 @@ public:
     bool mend(Pair const& pair, StageProgress& progress)
     {
         bool isChanged = false;
-        if (isDeep(m_mesh, pair[0], pair[1]))
+        if (RoundingCrossings::isDeep(m_mesh, pair[0], pair[1]))
             return false;
         std::size_t const mostWork = leastWork + workPerTriangle * m_mesh.triangles.size();
         for (int step = 0; step < mostStepsPerPair && m_work < mostWork; ++step) {
@@ -216,54 +122,12 @@ private:
         int gain = 0;
     };
 
-    /// The pairs among triangles of one piece that are known to meet others.
-    std::vector<Pair> pairsAmong(std::vector<std::size_t> const& involved) const
-    {
-        std::vector<Box> boxes;
-        for (std::size_t const t : involved)
-            boxes.push_back(boxOf(t));
-        std::vector<Pair> pairs;
-        for (std::size_t i = 0; i < involved.size(); ++i)
-            for (std::size_t j = i + 1; j < involved.size() && pairs.size() < mostPairs; ++j)
-                if (boxes[i].overlaps(boxes[j]) && (hasFree(involved[i]) || hasFree(involved[j])) &&
-                    doMeet(involved[i], involved[j]) && !isOfOperand(involved[i], involved[j]))
-                    pairs.push_back({involved[i], involved[j]});
-        return pairs;
-    }
-
     /// A triangle around the point at hand, and others that it may meet.
     struct Neighbours
     {
         std::size_t triangle = 0;
         std::vector<std::size_t> others;
     };
-
-    bool hasFree(std::size_t triangle) const
-    {
-        Corners const& c = m_mesh.triangles[triangle];
-        return m_isFree[c[0]] || m_isFree[c[1]] || m_isFree[c[2]];
-    }
-
-    /// Whether two triangles come from two that cross in one operand.
-    bool isOfOperand(std::size_t t, std::size_t u) const
-    {
-        Index const first = m_sources[t].triangle, second = m_sources[u].triangle;
-        return first != second && m_soup.operandOf(first) == m_soup.operandOf(second) &&
-               isDeep(m_soup.mesh, first, second);
-    }
-
-    /// Whether two triangles cross by more than rounding can do.
-    bool isDeep(MeshArrays const& mesh, std::size_t t, std::size_t u) const
-    {
-        auto const cornersOf = [&](std::size_t which) {
-            return std::array{mesh.point(which, 0), mesh.point(which, 1), mesh.point(which, 2)};
-        };
-        auto const a = cornersOf(t), b = cornersOf(u);
-        float unit = 0;
-        for (std::size_t k = 0; k < 3; ++k)
-            unit = std::max({unit, unitOf(a[k]), unitOf(b[k])});
-        return crossingDepth(a, b) > mostRoundingUnits * double(unit);
-    }
 
     bool isFlat(std::size_t t) const
     {
@@ -565,13 +429,22 @@ private:
 
 }  // namespace
 
-bool RoundingMending::isCrossing(std::vector<PieceTriangle> const& piece,
-                                 std::vector<Point> const& places, StageProgress& progress)
+std::vector<Point> RoundingMending::run(StageProgress& progress)
 {
-    return findCrossings(compacted(piece, places), progress).pairs > 0;
+    std::vector<Point> left;
+    bool isTooMuch = false;
+    for (std::vector<PieceTriangle> const& piece : m_pieces) {
+        auto const pairs = RoundingCrossings(m_soup, m_isFree).find(piece, m_places, progress);
+        isTooMuch |= pairs.size() >= RoundingCrossings::mostPairs;
+        for (auto const& pair : pairs)
+            left.push_back(m_places[piece[pair[0]].corners[0]]);
+    }
+    if (left.empty() || isTooMuch)
+        return left;
+    return mendAll(progress);
 }
 
-std::vector<Point> RoundingMending::run(StageProgress& progress)
+std::vector<Point> RoundingMending::mendAll(StageProgress& progress)
 {
     PiecesAtPoints pieces(m_soup, m_pieces, m_places, m_isFree);
     std::vector<Point> left;

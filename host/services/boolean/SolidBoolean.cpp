@@ -29,6 +29,7 @@ using Triangle = UTriangle<float>;
 constexpr int gridDone = 10;
 constexpr int copiesDone = 45;
 constexpr int curvesDone = 85;
+constexpr std::size_t mostNamedCrossings = 5;
 
 class SolidBoolean
 {
@@ -240,8 +241,7 @@ private:
                 return {};
             triangles.push_back(std::move(*ofPiece));
         }
-        for (UPoint3<float> const& place : boolean.mendCrossings(triangles, m_progress))
-            logCrossing(place);
+        logCrossings(boolean.mendCrossings(triangles, m_progress));
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
@@ -274,15 +274,25 @@ private:
         return arrays;
     }
 
-    static void logCrossing(UPoint3<float> const& place)
+    /// Names the first places, and tells how many more there are.
+    static void logCrossings(std::vector<UPoint3<float>> const& places)
     {
-        Base::ConsoleSingleton::Instance().Log(
-            QCoreApplication::translate("Services",
-                                        "A piece crosses itself by rounding near (%1, %2, %3).")
-                .arg(double(place[0]))
-                .arg(double(place[1]))
-                .arg(double(place[2]))
-                .toStdString());
+        std::size_t const named = std::min(places.size(), mostNamedCrossings);
+        for (std::size_t i = 0; i < named; ++i)
+            log(QCoreApplication::translate("Services",
+                                            "A piece crosses itself by rounding near (%1, %2, %3).")
+                    .arg(double(places[i][0]))
+                    .arg(double(places[i][1]))
+                    .arg(double(places[i][2])));
+        if (places.size() > named)
+            log(QCoreApplication::translate(
+                    "Services", "Pairs of triangles that cross by rounding elsewhere: at least %1.")
+                    .arg(places.size() - named));
+    }
+
+    static void log(QString const& text)
+    {
+        Base::ConsoleSingleton::Instance().Log(text.toStdString());
     }
 
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,

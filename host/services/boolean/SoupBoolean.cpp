@@ -46,11 +46,6 @@ std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
     places.reserve(pointCount());
     for (std::uint32_t point = 0; point < pointCount(); ++point)
         places.push_back(place(point));
-    auto const isCrossing = [&](std::vector<PieceTriangle> const& piece) {
-        return RoundingMending::isCrossing(piece, places, progress);
-    };
-    if (std::none_of(pieces.begin(), pieces.end(), isCrossing))
-        return {};
     // Points of the first operand have triangles outside the soup.
     std::vector<bool> isFree(pointCount(), true);
     for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex)

@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/RoundingCrossings.h"
+
+#include "host/mesh/ExactSigns.h"
+#include "host/services/SelfIntersections.h"
+#include "host/services/TopologyCheck.h"
+#include "host/services/TrianglePair.h"
+#include "host/services/TriangleTree.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace {
+
+using Point = UPoint3<float>;
+using Corners = MeshArrays::Corners;
+using Box = TriangleTree::Box;
+using Index = std::uint32_t;
+
+/// Triangles that cross by more than this many units in every respect do not cross by rounding.
+constexpr double mostRoundingUnits = 256;
+
+using Vector = UVector3<double>;
+
+Vector vectorOf(Point const& p)
+{
+    return {p[0], p[1], p[2]};
+}
+
+/// Where a line is within a triangle, of which it runs in the plane: by the distances of the corners
+/// from another plane that contains the line, and their places along it.
+std::array<double, 2> spanOf(std::array<double, 3> const& distances,
+                             std::array<double, 3> const& places)
+{
+    std::array<double, 2> span{std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity()};
+    for (std::size_t i = 0; i < 3; ++i) {
+        std::size_t const k = (i + 1) % 3;
+        if ((distances[i] < 0) == (distances[k] < 0))
+            continue;
+        double const share = distances[i] / (distances[i] - distances[k]);
+        double const place = places[i] + share * (places[k] - places[i]);
+        span = {std::min(span[0], place), std::max(span[1], place)};
+    }
+    return span;
+}
+
+/// By how much two triangles cross: the least of how far each reaches through the plane of the other
+/// and how long the line is that they share.
+///
+/// tolerance  rounding of doubles; meant for comparison with units of floats
+double crossingDepth(std::array<Point, 3> const& a, std::array<Point, 3> const& b)
+{
+    std::array<std::array<Vector, 3>, 2> corners;
+    for (std::size_t i = 0; i < 3; ++i)
+        corners[0][i] = vectorOf(a[i]) - vectorOf(a[0]),
+        corners[1][i] = vectorOf(b[i]) - vectorOf(a[0]);
+    std::array<Vector, 2> normals;
+    for (std::size_t k = 0; k < 2; ++k) {
+        normals[k] = (corners[k][1] - corners[k][0]) * (corners[k][2] - corners[k][0]);
+        normals[k].Normalize();
+    }
+    Vector along = normals[0] * normals[1];
+    along.Normalize();
+    double depth = std::numeric_limits<double>::infinity();
+    std::array<double, 2> shared{-depth, depth};
+    for (std::size_t k = 0; k < 2; ++k) {
+        std::array<double, 3> distances, places;
+        for (std::size_t i = 0; i < 3; ++i) {
+            distances[i] = normals[1 - k] | (corners[k][i] - corners[1 - k][0]);
+            places[i] = along | corners[k][i];
+        }
+        auto const [least, most] = std::minmax_element(distances.begin(), distances.end());
+        depth = std::min({depth, std::max(0.0, *most), std::max(0.0, -*least)});
+        auto const span = spanOf(distances, places);
+        shared = {std::max(shared[0], span[0]), std::min(shared[1], span[1])};
+    }
+    return std::min(depth, std::max(0.0, shared[1] - shared[0]));
+}
+
+float unitOf(Point const& p)
+{
+    float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
+    return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
+}
+
+Box boxOf(Corners const& corners, std::vector<Point> const& places)
+{
+    Box box;
+    for (Index const corner : corners) {
+        Point const& p = places[corner];
+        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+    }
+    return box;
+}
+
+/// Which of 64 x 64 x 64 cells boxes reach into; a row of cells is one number.
+class Cells
+{
+public:
+    /// bounds  of all boxes that will be added
+    explicit Cells(Box const& bounds) : m_bounds(bounds)
+    {
+        for (std::size_t k = 0; k < 3; ++k) {
+            float const size = bounds.high[k] - bounds.low[k];
+            m_perLength[k] = size > 0 ? float(count) / size : 0;
+        }
+    }
+
+    void add(Box const& box)
+    {
+        Range const range = rangeOf(box);
+        for (std::size_t z = range.first[2]; z <= range.last[2]; ++z)
+            for (std::size_t y = range.first[1]; y <= range.last[1]; ++y)
+                m_rows[z * count + y] |= maskOf(range);
+    }
+
+    /// Whether a box has a cell in common with one that was added; true if the two overlap.
+    bool areMetBy(Box const& box) const
+    {
+        if (!box.overlaps(m_bounds))
+            return false;
+        Range const range = rangeOf(box);
+        for (std::size_t z = range.first[2]; z <= range.last[2]; ++z)
+            for (std::size_t y = range.first[1]; y <= range.last[1]; ++y)
+                if ((m_rows[z * count + y] & maskOf(range)) != 0)
+                    return true;
+        return false;
+    }
+
+private:
+    static constexpr std::size_t count = 64;
+
+    struct Range
+    {
+        std::array<std::size_t, 3> first, last;
+    };
+
+    Range rangeOf(Box const& box) const
+    {
+        Range range;
+        for (std::size_t k = 0; k < 3; ++k) {
+            range.first[k] = cellAt(box.low[k], k);
+            range.last[k] = cellAt(box.high[k], k);
+        }
+        return range;
+    }
+
+    /// Never less for a greater coordinate.
+    std::size_t cellAt(float coordinate, std::size_t axis) const
+    {
+        float const cell = (coordinate - m_bounds.low[axis]) * m_perLength[axis];
+        return cell > 0 ? std::size_t(std::min(cell, float(count - 1))) : 0;
+    }
+
+    static std::uint64_t maskOf(Range const& range)
+    {
+        return (~std::uint64_t(0) << range.first[0]) &
+               (~std::uint64_t(0) >> (count - 1 - range.last[0]));
+    }
+
+    Box m_bounds;
+    std::array<float, 3> m_perLength{};
+    std::array<std::uint64_t, count * count> m_rows{};
+};
+
+/// Some triangles of a piece, on points of their own.
+MeshArrays compacted(std::span<PieceTriangle const> piece, std::vector<std::size_t> const& some,
+                     std::vector<Point> const& places)
+{
+    constexpr Index none = 0xffffffff;
+    std::vector<Index> locals(places.size(), none);
+    MeshArrays mesh;
+    mesh.triangles.reserve(some.size());
+    for (std::size_t const t : some) {
+        Corners corners;
+        for (std::size_t k = 0; k < 3; ++k) {
+            Index& local = locals[piece[t].corners[k]];
+            if (local == none) {
+                local = Index(mesh.points.size());
+                mesh.points.push_back(places[piece[t].corners[k]]);
+            }
+            corners[k] = local;
+        }
+        mesh.triangles.push_back(corners);
+    }
+    return mesh;
+}
+
+bool isFlat(MeshArrays const& mesh, std::size_t t)
+{
+    return ExactSigns::areCollinear(mesh.point(t, 0), mesh.point(t, 1), mesh.point(t, 2));
+}
+
+/// Those triangles of a mesh that meet others.
+std::vector<std::size_t> findMeeting(MeshArrays const& mesh, StageProgress& progress)
+{
+    TopologyReport const topology = checkTopology(mesh, progress);
+    TriangleTree const tree(mesh, topology, progress);
+    IntersectionReport const report = findIntersections(mesh, topology, tree, progress);
+    std::vector<std::size_t> meeting;
+    for (std::size_t i = 0; i < mesh.triangles.size() && report.pairs > 0; ++i)
+        if (report.isInvolved[i] != 0)
+            meeting.push_back(i);
+    return meeting;
+}
+
+/// Calls `visit` with the pairs of some triangles whose boxes overlap, until it returns false.
+template <typename Visit>
+void visitOverlapping(MeshArrays const& mesh, std::vector<std::size_t> const& some,
+                      Visit const& visit)
+{
+    std::vector<std::pair<Box, std::size_t>> order;
+    for (std::size_t const t : some)
+        order.emplace_back(boxOf(mesh.triangles[t], mesh.points), t);
+    std::sort(order.begin(), order.end(), [](auto const& a, auto const& b) {
+        return a.first.low[0] != b.first.low[0] ? a.first.low[0] < b.first.low[0]
+                                                : a.second < b.second;
+    });
+    for (std::size_t i = 0; i < order.size(); ++i)
+        for (std::size_t j = i + 1;
+             j < order.size() && order[j].first.low[0] <= order[i].first.high[0]; ++j)
+            if (order[i].first.overlaps(order[j].first) && !visit(order[i].second, order[j].second))
+                return;
+}
+
+}  // namespace
+
+std::vector<RoundingCrossings::Pair> RoundingCrossings::find(std::span<PieceTriangle const> piece,
+                                                             std::vector<Point> const& places,
+                                                             StageProgress& progress) const
+{
+    std::vector<bool> isMade(piece.size());
+    Box bounds;
+    for (std::size_t t = 0; t < piece.size(); ++t)
+        if (!isAsInOperand(piece[t], places)) {
+            isMade[t] = true;
+            bounds.add(boxOf(piece[t].corners, places));
+        }
+    Cells cells(bounds);
+    for (std::size_t t = 0; t < piece.size(); ++t)
+        if (isMade[t])
+            cells.add(boxOf(piece[t].corners, places));
+    std::vector<std::size_t> near;
+    for (std::size_t t = 0; t < piece.size(); ++t)
+        if (isMade[t] || cells.areMetBy(boxOf(piece[t].corners, places)))
+            near.push_back(t);
+    if (near.empty())
+        return {};
+    MeshArrays const mesh = compacted(piece, near, places);
+    std::vector<Pair> pairs;
+    visitOverlapping(mesh, findMeeting(mesh, progress), [&](std::size_t a, std::size_t b) {
+        auto const [t, u] = std::minmax(near[a], near[b]);
+        if ((isMade[t] || isMade[u]) && (hasFree(piece[t]) || hasFree(piece[u])) &&
+            !isFlat(mesh, a) && !isFlat(mesh, b) && doTrianglesMeet(mesh, a, b) &&
+            isOfRounding(piece[t], piece[u]))
+            pairs.push_back({t, u});
+        return pairs.size() < mostPairs;
+    });
+    std::sort(pairs.begin(), pairs.end());
+    return pairs;
+}
+
+bool RoundingCrossings::isDeep(MeshArrays const& mesh, std::size_t t, std::size_t u)
+{
+    auto const cornersOf = [&](std::size_t which) {
+        return std::array{mesh.point(which, 0), mesh.point(which, 1), mesh.point(which, 2)};
+    };
+    auto const a = cornersOf(t), b = cornersOf(u);
+    float unit = 0;
+    for (std::size_t k = 0; k < 3; ++k)
+        unit = std::max({unit, unitOf(a[k]), unitOf(b[k])});
+    return crossingDepth(a, b) > mostRoundingUnits * double(unit);
+}
+
+bool RoundingCrossings::isAsInOperand(PieceTriangle const& t,
+                                      std::vector<Point> const& places) const
+{
+    int const second = t.isTurned ? 2 : 1;
+    return places[t.corners[0]] == m_soup.mesh.point(t.triangle, 0) &&
+           places[t.corners[1]] == m_soup.mesh.point(t.triangle, second) &&
+           places[t.corners[2]] == m_soup.mesh.point(t.triangle, 3 - second);
+}
+
+/// Whether two triangles do not come from two that cross in one operand.
+bool RoundingCrossings::isOfRounding(PieceTriangle const& t, PieceTriangle const& u) const
+{
+    return t.triangle == u.triangle ||
+           m_soup.operandOf(t.triangle) != m_soup.operandOf(u.triangle) ||
+           !isDeep(m_soup.mesh, t.triangle, u.triangle);
+}
+
+bool RoundingCrossings::hasFree(PieceTriangle const& t) const
+{
+    return std::any_of(t.corners.begin(), t.corners.end(),
+                       [this](Index corner) { return m_isFree[corner]; });
+}
