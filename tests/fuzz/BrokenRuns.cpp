@@ -73,7 +73,8 @@ Soup BrokenRuns::makePart(std::mt19937& random) const
     Soup part = randomBrokenPart(random, m_withInverted);
     if (m_withInverted)
         return random() % 8 == 0 ? damaged(std::move(part), random) : part;
-    while (windsBelowZero(part))
+    // Shells that take each other away may leave nothing.
+    while (part.triangles.empty() || windsBelowZero(part))
         part = randomBrokenPart(random, false);
     return part;
 }
