@@ -2,6 +2,7 @@
 #include "tests/support/BooleanJudge.h"
 
 #include "tests/support/Crossings.h"
+#include "tests/support/DistanceFromTriangle.h"
 #include "tests/support/Validator.h"
 
 #include <algorithm>
@@ -14,34 +15,9 @@
 
 namespace {
 
-using Vector = UVector3<double>;
-
-Vector offset(UPoint3<double> const& from, UPoint3<float> const& to)
-{
-    return {to.X() - from.X(), to.Y() - from.Y(), to.Z() - from.Z()};
-}
-
-double distanceFromSegment(Vector const& a, Vector const& b)
-{
-    Vector const along = b - a;
-    double const square = along | along;
-    double const t = square > 0 ? std::clamp(-(a | along) / square, 0.0, 1.0) : 0;
-    return (a + along * t).GetLength();
-}
-
-/// The distance of the origin from a triangle.
-double distanceFromTriangle(Vector const& a, Vector const& b, Vector const& c)
-{
-    double const border =
-        std::min({distanceFromSegment(a, b), distanceFromSegment(b, c), distanceFromSegment(c, a)});
-    Vector const normal = (b - a) * (c - a);
-    double const length = normal.GetLength();
-    if (length == 0)
-        return border;
-    bool const isAbove =
-        ((a * b) | normal) >= 0 && ((b * c) | normal) >= 0 && ((c * a) | normal) >= 0;
-    return isAbove ? std::min(border, std::abs(a | normal) / length) : border;
-}
+using judge::distanceFromTriangle;
+using judge::offset;
+using judge::Vector;
 
 /// Three positions in an order that does not depend on the triangle's orientation.
 using Place = std::array<std::array<float, 3>, 3>;
