@@ -2,6 +2,7 @@
 # What every target of this project has in common.
 
 include(${CMAKE_CURRENT_LIST_DIR}/Sanitizers.cmake)
+include(${CMAKE_CURRENT_LIST_DIR}/PrecompiledHeaders.cmake)
 
 # Heavy template code (CGAL) takes over a gigabyte per compiler process, so such files are built one
 # at a time.
