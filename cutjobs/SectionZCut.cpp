@@ -118,8 +118,7 @@ void SectionZCut::handleResult(bool ok)
         emit finished(0, m_worker->getErrorMessage());
         return;
     }
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = Application::active();
     if (!active) {
         emit finished(-1, QString());
         return;

@@ -6,7 +6,6 @@
 #include "cutjobs/WorkerThread.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
-#include "dialogs/DialogSettings.h"
 #include "dialogs/LivePlane.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PlaneFields.h"
@@ -20,6 +19,7 @@
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
+#include "platform/ui/Settings.h"
 #include "platform/view/GLView.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
@@ -105,18 +105,18 @@ void DialogSectioncut::startTool()
 
 void DialogSectioncut::loadParas()
 {
-    bool const isAll = DialogSettings::value(allOrSelectedKey, true).toBool();
+    bool const isAll = storedValue(allOrSelectedKey, true).toBool();
     ui.allParts->setChecked(isAll);
     ui.selectedParts->setChecked(!isAll);
-    ui.removeOriginal->setChecked(DialogSettings::value(removeOriginalKey, false).toBool());
-    ui.useBoundary->setChecked(DialogSettings::value(useBoundaryKey, false).toBool());
+    ui.removeOriginal->setChecked(storedValue(removeOriginalKey, false).toBool());
+    ui.useBoundary->setChecked(storedValue(useBoundaryKey, false).toBool());
 }
 
 void DialogSectioncut::saveParas()
 {
-    DialogSettings::store(allOrSelectedKey, ui.allParts->isChecked());
-    DialogSettings::store(removeOriginalKey, ui.removeOriginal->isChecked());
-    DialogSettings::store(useBoundaryKey, ui.useBoundary->isChecked());
+    storeValue(allOrSelectedKey, ui.allParts->isChecked());
+    storeValue(removeOriginalKey, ui.removeOriginal->isChecked());
+    storeValue(useBoundaryKey, ui.useBoundary->isChecked());
 }
 
 void DialogSectioncut::retranslate()
@@ -186,8 +186,7 @@ void DialogSectioncut::slotObjectSelectionChanged()
 
 void DialogSectioncut::takeParts(bool haveChanged)
 {
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = Application::active();
     bool const isOfParts =
         active && active->getTypeId().isDerivedFrom(Mesh::Document::getClassTypeId());
     std::vector<Base::DocumentObject*> parts;

@@ -20,8 +20,7 @@ CutCommand::CutCommand(CommandTexts const& texts)
 
 Mesh::Document* activeMeshDocument()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = Application::active();
     if (!document || !document->getTypeId().isDerivedFrom(Mesh::Document::getClassTypeId()))
         return nullptr;
     return static_cast<Mesh::Document*>(document);

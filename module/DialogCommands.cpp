@@ -19,8 +19,7 @@ namespace {
 template <typename Dialog>
 Dialog* openDialog(char const* name)
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = Application::active();
     DialogWindowManager& dialogs = *DialogWindowManager::instance();
     DialogWidget* open = dialogs.getDialogWindow(name);
     if (!open) {

@@ -32,8 +32,7 @@ PolygonGraphicObject* selectedPolygon(Base::Document const& document)
 template <typename Edit>
 void editPolygon(Edit const& edit)
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = Application::active();
     PolygonGraphicObject* const polygon = document ? selectedPolygon(*document) : nullptr;
     auto const* const tool =
         polygon ? Freecut::runningTool<PolygoncutSelection>(document->getView()) : nullptr;

@@ -36,8 +36,7 @@ QString cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*>
 
 void OrbeCmdZcut::activated(int)
 {
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = Application::active();
     if (!active || active->getClassName() != "Mesh::Document")
         return;
     auto* const document = static_cast<Mesh::Document*>(active);

@@ -19,8 +19,7 @@ Base::GLView* viewInFront()
 
 Base::GLView* viewOfActiveDocument()
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = Application::active();
     return document ? document->getView() : nullptr;
 }
 

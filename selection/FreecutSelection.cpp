@@ -74,8 +74,7 @@ int FreecutSelection::mouseReleaseEvent(QMouseEvent* event)
 
 UBox3<float> FreecutSelection::getObjectsBox() const
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = Application::active();
     return document ? boxOfAllParts(*document) : UBox3<float>();
 }
 

@@ -176,8 +176,7 @@ void PlanecutSelection::getCutPlaneParaByCenterAndNormal(UPoint3<float> const& c
 
 void PlanecutSelection::makePlane()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = Application::active();
     if (planeObject || !document)
         return;
     planeObject = new PlaneGraphicObject;

@@ -119,8 +119,7 @@ void VolumeSelection::moveCentreToTyped(UPoint3<float> const& typed)
 bool VolumeSelection::startTool(VolumeGraphicObject* tool)
 {
     std::unique_ptr<VolumeGraphicObject> owned(tool);
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = Application::active();
     if (!document)
         return false;
     tool->getVolumeProperty().updateDepth();

@@ -45,11 +45,6 @@ UPoint3<float> axisPoint(Base::GLView const& view, float depth)
     return point;
 }
 
-Base::Document* activeDocument()
-{
-    return Application::Instance ? Application::Instance->activeDocument() : nullptr;
-}
-
 }  // namespace
 
 void VolumeProperty::storeEyePoints()
@@ -81,7 +76,7 @@ void VolumeProperty::setCommonParameters(bool newClearanceEnabled, int newCleara
 
 void VolumeProperty::updateDepth()
 {
-    Base::Document const* const document = activeDocument();
+    Base::Document const* const document = Application::active();
     Base::GLView const* const view = document ? document->getView() : nullptr;
     if (!view)
         return;
@@ -99,7 +94,7 @@ void VolumeProperty::updateDepth()
 
 void VolumeProperty::rememberView()
 {
-    Base::Document const* const document = activeDocument();
+    Base::Document const* const document = Application::active();
     Base::GLView const* const view = document ? document->getView() : nullptr;
     if (!view)
         return;
@@ -128,7 +123,7 @@ Base::GLView* VolumeProperty::eyeView() const
     Base::DocumentObject const* const tool = getContainer();
     Base::Document const* document = tool ? tool->getDocument() : nullptr;
     if (!document)
-        document = activeDocument();
+        document = Application::active();
     return document ? document->getView() : nullptr;
 }
 

@@ -18,8 +18,7 @@ std::string iconPath(char const* name, char const* suffix)
 
 QString generalReason()
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = Application::active();
     if (!document || document->getMeshObjects().empty())
         return QCoreApplication::translate("HostCommand", "Open a part first.");
     return QCoreApplication::translate("HostCommand", "Select a part first.");
@@ -76,8 +75,7 @@ bool HostCommand::isActive()
 
 Mesh::Document* HostCommand::activeMeshDocument()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = Application::active();
     return dynamic_cast<Mesh::Document*>(document);
 }
 

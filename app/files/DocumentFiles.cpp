@@ -219,12 +219,12 @@ bool DocumentFiles::isModified() const
 
 Mesh::Document* DocumentFiles::document() const
 {
-    return dynamic_cast<Mesh::Document*>(Application::Instance->activeDocument());
+    return dynamic_cast<Mesh::Document*>(Application::active());
 }
 
 void DocumentFiles::activeDocumentChanged()
 {
-    Base::Document* const active = Application::Instance->activeDocument();
+    Base::Document* const active = Application::active();
     if (active == m_watched)
         return;
     if (m_watched) {

@@ -4,9 +4,6 @@
 #include "platform/ui/Settings.h"
 #include "platform/view/MeshGLView.h"
 
-#include <QCoreApplication>
-#include <QSettings>
-
 #include <algorithm>
 #include <array>
 
@@ -18,19 +15,10 @@ QString const plateDepthKey = QStringLiteral("/View/plateDepth");
 /// In the order of the presets.
 std::array<QString, 3> const navigationNames{"turnByRight", "turnByMiddle", "moveByRight"};
 
-class Settings : public QSettings
-{
-public:
-    Settings()
-        : QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                    getSettingName())
-    {}
-};
-
 double storedPlate(QString const& key)
 {
     bool isNumber = false;
-    double const value = Settings().value(key).toDouble(&isNumber);
+    double const value = storedValue(key).toDouble(&isNumber);
     bool const isSense = isNumber && value >= ViewPreferences::smallestPlateMm &&
                          value <= ViewPreferences::largestPlateMm;
     return isSense ? value : ViewPreferences::defaultPlateMm;
@@ -48,7 +36,7 @@ double bounded(double millimetres)
 ViewPreferences::ViewPreferences(Mesh::GLView& view, QObject* parent)
     : QObject(parent), m_view(view), m_plate(storedPlate(plateWidthKey), storedPlate(plateDepthKey))
 {
-    QString const name = Settings().value(navigationKey).toString();
+    QString const name = storedValue(navigationKey).toString();
     auto const place = std::find(navigationNames.begin(), navigationNames.end(), name);
     if (place != navigationNames.end())
         m_navigation = Preset(place - navigationNames.begin());
@@ -58,15 +46,15 @@ ViewPreferences::ViewPreferences(Mesh::GLView& view, QObject* parent)
 void ViewPreferences::setNavigation(Preset preset)
 {
     m_navigation = preset;
-    Settings().setValue(navigationKey, navigationNames[std::size_t(preset)]);
+    storeValue(navigationKey, navigationNames[std::size_t(preset)]);
     apply();
 }
 
 void ViewPreferences::setPlateSize(QSizeF const& millimetres)
 {
     m_plate = {bounded(millimetres.width()), bounded(millimetres.height())};
-    Settings().setValue(plateWidthKey, m_plate.width());
-    Settings().setValue(plateDepthKey, m_plate.height());
+    storeValue(plateWidthKey, m_plate.width());
+    storeValue(plateDepthKey, m_plate.height());
     apply();
 }
 

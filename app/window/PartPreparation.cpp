@@ -10,7 +10,7 @@ PartPreparation::PartPreparation(DocumentFiles& files)
 {
     files.setPreparation([this](MeshKernel const& kernel) { prepare(kernel); });
     QObject::connect(&files, &DocumentFiles::opened, &files,
-                     [this] { handOver(Application::Instance->activeDocument()); });
+                     [this] { handOver(Application::active()); });
     // What was prepared for files whose opening was cancelled is of no use.
     QObject::connect(&files, &DocumentFiles::jobFinished, &files, [this] { drop(); });
 }

@@ -3,24 +3,9 @@
 
 #include "platform/ui/Settings.h"
 
-#include <QCoreApplication>
-
-namespace {
-
-class Settings : public QSettings
-{
-public:
-    Settings()
-        : QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                    getSettingName())
-    {}
-};
-
-}  // namespace
-
 bool WindowSettings::flag(char const* key, bool byDefault)
 {
-    QString const text = Settings().value(key).toString();
+    QString const text = storedValue(key).toString();
     if (text == "true")
         return true;
     return text == "false" ? false : byDefault;
@@ -28,15 +13,15 @@ bool WindowSettings::flag(char const* key, bool byDefault)
 
 void WindowSettings::setFlag(char const* key, bool value)
 {
-    Settings().setValue(key, value);
+    storeValue(key, value);
 }
 
 QByteArray WindowSettings::bytes(char const* key)
 {
-    return Settings().value(key).toByteArray();
+    return storedValue(key).toByteArray();
 }
 
 void WindowSettings::setBytes(char const* key, QByteArray const& value)
 {
-    Settings().setValue(key, value);
+    storeValue(key, value);
 }

@@ -27,8 +27,7 @@ void MellViewSlider::setHeight(float height)
 void MellViewSlider::refresh()
 {
     UBox3<float> box;
-    Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Document* const document = Application::active();
     if (document)
         for (Mesh::DocumentObject const* const part : document->getPartList())
             box.Add(part->getBoundingBox());

@@ -11,6 +11,7 @@
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/ThemeSwitch.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/TranslationFile.h"
 
 #include <QAbstractButton>
@@ -186,7 +187,7 @@ TEST_F(GermanWindow, NamesTheJobsOfApplicationAndPlugInInGerman)
 TEST_F(GermanWindow, LooksTidy)
 {
     if (!hasDisplay())
-        GTEST_SKIP() << "Pictures need a display.";
+        GTEST_SKIP() << displayIsMissing;
     test->add(box(40, 30, 20), "Box");
     show();
     trigger("Std_View6");

@@ -15,8 +15,9 @@
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
 #include "tests/app/PieceGap.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QButtonGroup>
@@ -36,7 +37,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1400, 950);
         show();
@@ -167,7 +168,7 @@ protected:
 TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
 {
     if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+        GTEST_SKIP() << modelsAreMissing;
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     float const width = box.MaxX() - box.MinX();
     openDialog();
@@ -242,7 +243,7 @@ TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
 TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
 {
     if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+        GTEST_SKIP() << modelsAreMissing;
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     openDialog();
     ui().tabs->setCurrentIndex(1);
@@ -265,7 +266,7 @@ TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
 TEST_F(PolygonCutWindow, ARoundedCuboidCutsTheSame)
 {
     if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+        GTEST_SKIP() << modelsAreMissing;
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     openDialog();
     ui().tabs->setCurrentIndex(2);

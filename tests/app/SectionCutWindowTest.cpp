@@ -12,6 +12,7 @@
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/BooleanJudge.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 #include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
@@ -73,7 +74,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1750, 950);
         show();
@@ -208,7 +209,7 @@ void expectFit(Soup const& whole, Soup const& first, Soup const& second)
 TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
 {
     if (!openPart("spot-6k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+        GTEST_SKIP() << modelsAreMissing;
     Soup const whole = soupOf(document().getMeshObjects()[0]);
     double const size = boxOf(whole).max.Z() - boxOf(whole).min.Z();
     openDialog();

@@ -3,6 +3,7 @@
 #include "platform/services/Repair.h"
 #include "tests/connectors/CutterRun.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +56,7 @@ protected:
             if (!crossesItself(mesh.soup))
                 m_parts.push_back({mesh.name, sized(mesh.soup)});
         if (m_parts.empty())
-            GTEST_SKIP() << "The real models are not there.";
+            GTEST_SKIP() << modelsAreMissing;
     }
 
     /// gap           between the faces

@@ -4,6 +4,7 @@
 #include "platform/services/PQPDistance.h"
 #include "tests/connectors/ConnectorScene.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +66,7 @@ TEST(RealSections, CentreLinePositionsKeepClearOfAllContours)
 {
     auto sections = realSections();
     if (sections.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     std::size_t count = 0;
     for (RealSection& real : sections) {
         SCOPED_TRACE(real.name);
@@ -88,7 +89,7 @@ TEST(RealSections, PositionsBesideContoursKeepTheirDistance)
 {
     auto sections = realSections();
     if (sections.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     for (RealSection& real : sections) {
         SCOPED_TRACE(real.name);
         PinHoleParas paras;
@@ -111,7 +112,7 @@ TEST(RealSections, ContoursCloseAroundTheWholeSection)
 {
     auto sections = realSections();
     if (sections.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     for (RealSection& real : sections) {
         SCOPED_TRACE(real.name);
         PlaneFrame const frame = frameOf(*real.plane);

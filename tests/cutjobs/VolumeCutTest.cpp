@@ -3,6 +3,7 @@
 #include "cutjobs/ResultIntegration.h"
 #include "tests/display/DrawnTool.h"
 #include "tests/support/BooleanJudge.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
@@ -281,7 +282,7 @@ TEST(VolumeCut, PiecesOfRealModelsAddUp)
 {
     auto const meshes = closedRealMeshes(200000);
     if (meshes.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     for (auto const& [name, soup] : meshes) {
         DrawnDocument scene;
         auto* const part = scene.add(soup, name);

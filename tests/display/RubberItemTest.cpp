@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/RubberLine.h"
 #include "display/RubberRect.h"
-#include "tests/tools/ToolProbe.h"
+#include "tests/support/ToolProbe.h"
 
 #include <gtest/gtest.h>
 

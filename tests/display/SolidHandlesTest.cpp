@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/PolygonViewProvider.h"
 #include "tests/display/DrawnTool.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"

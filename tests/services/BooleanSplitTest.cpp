@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +62,7 @@ TEST(BooleanSplit, PiecesShareTheirNewPointsExactlyOnARealModel)
 {
     Soup const part = realMesh("bunny-60k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
     Soup prism = cylinder(17, 300, 8);
     for (auto& p : prism.points)
         p += UVector3<float>(48.3f, 40.7f, -100);

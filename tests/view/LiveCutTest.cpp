@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
+#include "tests/support/SkipReasons.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
@@ -227,7 +228,7 @@ TEST_P(LiveCuts, OfAModel)
 {
     Soup const soup = realMesh("armadillo-86k.stl");
     if (soup.triangles.empty())
-        GTEST_SKIP() << "The model is not there.";
+        GTEST_SKIP() << modelsAreMissing;
     Mesh::DocumentObject* const part = test.add(soup, "part");
     view->resize(800, 600);
     settle();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/MeshViewProvider.h"
+#include "tests/support/ShownView.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/view/PictureDifference.h"
-#include "tests/view/ShownView.h"
 
 #include <QLabel>
 #include <QOpenGLContext>
@@ -310,7 +311,7 @@ TEST_P(Pictures, SurviveAMoveToAnotherWindow)
 TEST_P(Pictures, OfAModel)
 {
     if (!showModel("spot-6k.stl"))
-        GTEST_SKIP() << "The model is not there.";
+        GTEST_SKIP() << modelsAreMissing;
     view->resize(800, 600);
     settle();
     view->OnViewType(6);
@@ -329,7 +330,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "Pictures need a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
     }
 
     QImage drawn(Base::OpenGLPath path, char const* name, int mode)

@@ -7,7 +7,7 @@
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/support/ScratchSettings.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QHBoxLayout>
 #include <QScreen>

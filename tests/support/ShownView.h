@@ -4,6 +4,7 @@
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/ViewEvents.h"
 
@@ -53,7 +54,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "Pictures need a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         show(GetParam());
     }
 
