@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 
-#include "app/JobGuard.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
@@ -14,6 +13,7 @@
 #include "app/files/RecentMenu.h"
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
+#include "app/jobs/JobGuard.h"
 #include "app/jobs/JobProgressBar.h"
 #include "app/window/DockTitles.h"
 #include "app/window/NoticeBar.h"

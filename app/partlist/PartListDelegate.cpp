@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartListDelegate.h"
+#include "app/partlist/PartListDelegate.h"
 
 #include "app/panels/PanelIcon.h"
-#include "app/panels/PartTreeModel.h"
+#include "app/partlist/PartTreeModel.h"
 
 #include <QApplication>
 #include <QPainter>

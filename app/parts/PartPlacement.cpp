@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartPlacement.h"
+#include "app/parts/PartPlacement.h"
 
-#include "app/commands/EditStep.h"
+#include "app/parts/EditStep.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 
 #include <QColor>
 #include <QWidget>

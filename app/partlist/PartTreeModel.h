@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/panels/PartEdits.h"
-#include "app/panels/PartNode.h"
+#include "app/partlist/PartNode.h"
+#include "app/parts/PartEdits.h"
 #include "platform/document/sigslot.h"
 
 #include <QAbstractItemModel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/commands/EditStep.h"
+#include "app/parts/EditStep.h"
 
 #include <exception>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
-#include "app/panels/PartTreeModel.h"
+#include "app/jobs/JobGuard.h"
+#include "app/partlist/PartTreeModel.h"
 #include "platform/document/q2s.h"
 
 #include <QColor>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartMenu.h"
+#include "app/partlist/PartMenu.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "app/panels/PanelIcon.h"
 #include "platform/document/q2s.h"
 

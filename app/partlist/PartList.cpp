@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartList.h"
+#include "app/partlist/PartList.h"
 
-#include "app/JobGuard.h"
-#include "app/panels/PartListDelegate.h"
-#include "app/panels/PartMenu.h"
-#include "app/panels/PartSelectionLink.h"
-#include "app/panels/PartTreeModel.h"
-#include "app/panels/PartTreeView.h"
+#include "app/jobs/JobGuard.h"
+#include "app/partlist/PartListDelegate.h"
+#include "app/partlist/PartMenu.h"
+#include "app/partlist/PartSelectionLink.h"
+#include "app/partlist/PartTreeModel.h"
+#include "app/partlist/PartTreeView.h"
 
 #include <QColorDialog>
 #include <QEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartTreeModel.h"
+#include "app/partlist/PartTreeModel.h"
 
-#include "app/panels/MeshSurvey.h"
+#include "app/parts/MeshSurvey.h"
 #include "platform/ui/Application.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/MeshSurvey.h"
+#include "app/parts/MeshSurvey.h"
 
 #include <cmath>
 

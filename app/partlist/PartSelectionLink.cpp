@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartSelectionLink.h"
+#include "app/partlist/PartSelectionLink.h"
 
-#include "app/panels/PartTreeModel.h"
+#include "app/partlist/PartTreeModel.h"
 
 #include <QSet>
 

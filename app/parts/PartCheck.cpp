@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartCheck.h"
+#include "app/parts/PartCheck.h"
 
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 
-#include "app/commands/EditStep.h"
-#include "app/panels/PartPlacement.h"
+#include "app/parts/EditStep.h"
+#include "app/parts/PartPlacement.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartTreeView.h"
+#include "app/partlist/PartTreeView.h"
 
-#include "app/panels/PartTreeModel.h"
+#include "app/partlist/PartTreeModel.h"
 
 #include <QMouseEvent>
 #include <QPainter>
