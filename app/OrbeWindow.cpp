@@ -64,7 +64,7 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
     buildStatusLine();
     buildFiles(std::move(questions));
     m_dockTitles = new DockTitles(*this);
-    m_panels = new WindowPanels(*this);
+    m_panels = new WindowPanels(*this, *this);
     buildCommands();
     buildMenus();
     followDocument();

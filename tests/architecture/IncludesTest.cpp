@@ -105,6 +105,53 @@ private:
     std::map<std::string, bool> m_known;
 };
 
+/// Header and source of one name are one unit.
+std::string unitOf(std::string const& file)
+{
+    return file.substr(0, file.rfind('.'));
+}
+
+/// What each unit of some folders includes.
+class Units
+{
+public:
+    explicit Units(std::vector<std::string> const& folders)
+    {
+        for (std::string const& folder : folders)
+            for (Include const& include : includesBelow(folder))
+                if (include.isQuoted && unitOf(include.file) != unitOf(include.target))
+                    m_known[unitOf(include.file)].insert(unitOf(include.target));
+    }
+
+    /// The units through which a unit comes back to itself; empty if it does not.
+    std::vector<std::string> circleOf(std::string const& unit) const
+    {
+        std::set<std::string> seen;
+        std::vector<std::string> way;
+        return isReached(unit, unit, seen, way) ? way : std::vector<std::string>();
+    }
+
+    std::map<std::string, std::set<std::string>> const& known() const { return m_known; }
+
+private:
+    bool isReached(std::string const& wanted, std::string const& from, std::set<std::string>& seen,
+                   std::vector<std::string>& way) const
+    {
+        auto const targets = m_known.find(from);
+        if (targets == m_known.end())
+            return false;
+        way.push_back(from);
+        for (std::string const& target : targets->second)
+            if (target == wanted ||
+                (seen.insert(target).second && isReached(wanted, target, seen, way)))
+                return true;
+        way.pop_back();
+        return false;
+    }
+
+    std::map<std::string, std::set<std::string>> m_known;
+};
+
 }  // namespace
 
 TEST(Includes, FollowTheDirectionOfKnowledge)
@@ -198,6 +245,26 @@ TEST(Includes, JobsConnectorsAndToolsKnowNoWidgets)
                 found.insert(what);
             }
     EXPECT_EQ(found, exceptions) << "an exception that is none any more goes from the list";
+}
+
+TEST(Includes, WhatIsDoneWithPartsKnowsNoWidgets)
+{
+    // The window is made of panels that use this, the commands do without them.
+    WidgetHeaders headers;
+    for (Include const& include : includesBelow("app/parts"))
+        EXPECT_FALSE(include.isQuoted ? headers.areBehind(include.target)
+                                      : isWidgetHeader(include.target))
+            << include.place();
+}
+
+TEST(Includes, FilesKnowEachOtherInOneDirection)
+{
+    // Not so tools and display, the pages and their dialog, and some of host, by design.
+    Units const units(
+        {"app", "cli", "module", "selection", "messages", "cutjobs", "connectors", "platform"});
+    ASSERT_FALSE(units.known().empty());
+    for (auto const& [unit, targets] : units.known())
+        EXPECT_EQ(units.circleOf(unit), std::vector<std::string>());
 }
 
 TEST(Includes, ModuleIsKnownToNobody)
