@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/mesh/RecordSlabs.h"
+#include "host/memory/RecordSlabs.h"
 
 #include <cstddef>
 #include <span>

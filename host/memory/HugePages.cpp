@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/formats/HugePages.h"
+#include "host/memory/HugePages.h"
 
 #include <cstdint>
 #include <sys/mman.h>
-
-namespace Formats {
 
 void preferHugePages(void* memory, std::size_t bytes)
 {
@@ -15,5 +13,3 @@ void preferHugePages(void* memory, std::size_t bytes)
     if (first < last)
         madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
 }
-
-}  // namespace Formats

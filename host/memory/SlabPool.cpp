@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/mesh/SlabPool.h"
+#include "host/memory/SlabPool.h"
 
 #include <algorithm>
 #include <atomic>

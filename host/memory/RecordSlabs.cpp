@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/mesh/RecordSlabs.h"
+#include "host/memory/RecordSlabs.h"
 
-#include "host/mesh/SlabPool.h"
+#include "host/memory/SlabPool.h"
 #include "platform/mesh/UTriangle.h"
 
 #include <new>

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/RecordCopies.h"
+#pragma once
 
-#include "host/mesh/RecordStock.h"
-#include "host/services/boolean/ToolSides.h"
-#include "host/services/planecut/SideCopies.h"
+#include "host/memory/RecordStock.h"
+#include "host/services/RecordCopies.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
@@ -14,11 +13,12 @@
 #include <new>
 #include <thread>
 
-namespace {
+/// How RecordCopies works: included by the one source file of each sorter, which instantiates it.
+namespace RecordCopying {
 
-constexpr std::size_t blockSize = 2048;
+inline constexpr std::size_t blockSize = 2048;
 
-std::size_t blocksOf(std::size_t count)
+inline std::size_t blocksOf(std::size_t count)
 {
     return (count + blockSize - 1) / blockSize;
 }
@@ -33,11 +33,11 @@ void appendAddresses(std::vector<Record*>& list, std::vector<std::span<Record>> 
 }
 
 /// How many records ahead memory is asked for: a record in the list, and what a record points at.
-constexpr std::size_t farAhead = 24;
-constexpr std::size_t nearAhead = 12;
+inline constexpr std::size_t farAhead = 24;
+inline constexpr std::size_t nearAhead = 12;
 
 /// A triangle may lie across two cache lines.
-void prefetchRecord(UTriangle<float> const* triangle)
+inline void prefetchRecord(UTriangle<float> const* triangle)
 {
     __builtin_prefetch(triangle);
     __builtin_prefetch(reinterpret_cast<char const*>(triangle + 1) - 1);
@@ -86,7 +86,7 @@ Record* takePlace(std::array<RecordStock<Record>, 2>& stocks, int side)
     return place;
 }
 
-}  // namespace
+}  // namespace RecordCopying
 
 /// A thread's stocks, by side.
 template <typename Sorter>
@@ -126,13 +126,14 @@ template <typename Work>
 void RecordCopies<Sorter>::forBlocks(std::size_t count, int percentBegin, int percentEnd,
                                      Work const& work) const
 {
-    std::size_t const blocks = blocksOf(count);
+    std::size_t const blocks = RecordCopying::blocksOf(count);
     auto const caller = std::this_thread::get_id();
     tbb::enumerable_thread_specific<Stocks> stocks;
     auto const run = [&](std::size_t block) {
         if (m_progress && std::this_thread::get_id() == caller)
             m_progress(percentBegin + int(block * std::size_t(percentEnd - percentBegin) / blocks));
-        work(stocks.local(), block, block * blockSize, std::min(count, (block + 1) * blockSize));
+        work(stocks.local(), block, block * RecordCopying::blockSize,
+             std::min(count, (block + 1) * RecordCopying::blockSize));
     };
     if (blocks == 1)
         return run(0);
@@ -149,11 +150,11 @@ void RecordCopies<Sorter>::copyVertices(bool areSidesKnown)
     m_meshes = {std::make_unique<UMesh<float>>(), std::make_unique<UMesh<float>>()};
     m_sides.resize(m_source.vertices.size());
     m_copies.resize(m_source.vertices.size());
-    std::vector<VertexBlock> blocks(blocksOf(m_source.vertices.size()));
+    std::vector<VertexBlock> blocks(RecordCopying::blocksOf(m_source.vertices.size()));
     std::atomic<bool> areIdentifiersValid = true;
     auto const collect = [&] {
         for (std::size_t side = 0; side < 2; ++side)
-            collectRuns(blocks, side, m_meshes[side]->vertices);
+            RecordCopying::collectRuns(blocks, side, m_meshes[side]->vertices);
     };
     try {
         forBlocks(m_source.vertices.size(), 0, 20,
@@ -176,27 +177,28 @@ bool RecordCopies<Sorter>::copyVertexBlock(std::size_t begin, std::size_t end, b
                                            Stocks& stocks, VertexBlock& block)
 {
     bool areIdentifiersValid = true;
-    beginNotes(stocks.vertices, block.runs);
+    RecordCopying::beginNotes(stocks.vertices, block.runs);
     for (std::size_t v = begin; v < end; ++v) {
-        if (v + farAhead < end)
-            __builtin_prefetch(m_source.vertices[v + farAhead]);
+        if (v + RecordCopying::farAhead < end)
+            __builtin_prefetch(m_source.vertices[v + RecordCopying::farAhead]);
         Vertex const* const vertex = m_source.vertices[v];
         areIdentifiersValid &= vertex->cID() == v;
         if (!areSidesKnown)
             m_sides[v] = std::int8_t(m_sorter.sideOf(std::uint32_t(v), vertex->cP()));
         int const side = m_sides[v];
-        m_copies[v] = side == 0 || !m_wanted[sideIndex(side)]
+        m_copies[v] = side == 0 || !m_wanted[RecordCopying::sideIndex(side)]
                           ? nullptr
-                          : new (takePlace(stocks.vertices, side)) Vertex(vertex->cP());
+                          : new (RecordCopying::takePlace(stocks.vertices, side))
+                                Vertex(vertex->cP());
     }
-    endNotes(stocks.vertices);
+    RecordCopying::endNotes(stocks.vertices);
     return areIdentifiersValid;
 }
 
 template <typename Sorter>
 void RecordCopies<Sorter>::copyTriangles()
 {
-    std::vector<TriangleBlock> blocks(blocksOf(m_source.triangles.size()));
+    std::vector<TriangleBlock> blocks(RecordCopying::blocksOf(m_source.triangles.size()));
     try {
         forBlocks(m_source.triangles.size(), 20, 60,
                   [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
@@ -213,13 +215,13 @@ template <typename Sorter>
 void RecordCopies<Sorter>::copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
                                              TriangleBlock& block) const
 {
-    beginNotes(stocks.triangles, block.runs);
+    RecordCopying::beginNotes(stocks.triangles, block.runs);
     for (std::size_t t = begin; t < end; ++t) {
-        if (t + farAhead < end)
-            prefetchRecord(m_source.triangles[t + farAhead]);
-        if (t + nearAhead < end)
+        if (t + RecordCopying::farAhead < end)
+            RecordCopying::prefetchRecord(m_source.triangles[t + RecordCopying::farAhead]);
+        if (t + RecordCopying::nearAhead < end)
             for (int i = 0; i < 3; ++i)
-                __builtin_prefetch(m_source.triangles[t + nearAhead]->cV(i));
+                __builtin_prefetch(m_source.triangles[t + RecordCopying::nearAhead]->cV(i));
         Triangle const* const triangle = m_source.triangles[t];
         std::uint32_t const a = m_place(triangle->cV(0));
         std::uint32_t const b = m_place(triangle->cV(1));
@@ -229,20 +231,20 @@ void RecordCopies<Sorter>::copyTriangleBlock(std::size_t begin, std::size_t end,
             block.meeting.push_back(triangle);
             continue;
         }
-        ++block.counts[sideIndex(side)];
-        if (!m_wanted[sideIndex(side)])
+        ++block.counts[RecordCopying::sideIndex(side)];
+        if (!m_wanted[RecordCopying::sideIndex(side)])
             continue;
-        new (takePlace(stocks.triangles, side))
+        new (RecordCopying::takePlace(stocks.triangles, side))
             Triangle(m_copies[a], m_copies[b], m_copies[c], triangle->cN());
     }
-    endNotes(stocks.triangles);
+    RecordCopying::endNotes(stocks.triangles);
 }
 
 template <typename Sorter>
 void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
 {
     for (std::size_t side = 0; side < 2; ++side)
-        collectRuns(blocks, side, m_meshes[side]->triangles);
+        RecordCopying::collectRuns(blocks, side, m_meshes[side]->triangles);
     m_counts = {};
     for (TriangleBlock const& block : blocks) {
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
@@ -250,6 +252,3 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
             m_counts[side] += block.counts[side];
     }
 }
-
-template class RecordCopies<PlaneSides>;
-template class RecordCopies<ToolSides>;

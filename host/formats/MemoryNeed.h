@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 
@@ -10,10 +9,6 @@ namespace Formats {
 /// What a mesh takes per triangle in bytes while a file is read: the records, their places in the
 /// lists, half a vertex, and the table that joins points.
 constexpr std::uint64_t bytesPerTriangle = 112;
-
-/// Bytes that this process can still take: the machine's free memory, or less where the process is
-/// held to a limit of its own.
-std::uint64_t availableMemory();
 
 /// Throws FileError if a mesh of so many triangles does not fit into the available memory. A count
 /// from a file's header is asked here before anything is allocated for it.

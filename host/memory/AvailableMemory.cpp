@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/formats/AvailableMemory.h"
-
-#include "host/formats/FileError.h"
+#include "host/memory/AvailableMemory.h"
 
 #include <algorithm>
 #include <fstream>
 #include <limits>
+#include <locale>
 #include <string>
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace Formats {
 namespace {
 
 constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
@@ -65,19 +63,3 @@ std::uint64_t availableMemory()
 {
     return std::min({freeOnMachine(), freeInControlGroup(), freeAddressSpace()});
 }
-
-void requireMemoryFor(std::uint64_t triangles, std::filesystem::path const& path)
-{
-    std::uint64_t const needed = triangles * bytesPerTriangle;
-    std::uint64_t const available = availableMemory();
-    if (needed <= available)
-        return;
-    constexpr std::uint64_t mebibyte = 1 << 20;
-    throw FileError(path, FileError::tr("%1 triangles need %2 MiB of memory, but only %3 MiB are "
-                                        "free; close other programs or reduce the mesh first.")
-                              .arg(triangles)
-                              .arg(needed / mebibyte)
-                              .arg(available / mebibyte));
-}
-
-}  // namespace Formats
