@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window/ViewAppearance.h"
+#include "app/view/ViewAppearance.h"
 
 #include "app/window/WindowSettings.h"
 #include "platform/document/Document.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/ViewPreferences.h"
+#include "app/view/ViewPreferences.h"
 
 #include "platform/ui/Settings.h"
 #include "platform/view/MeshGLView.h"
