@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/view/ViewAppearance.h"
 
-#include "app/window/WindowSettings.h"
+#include "app/view/WindowSettings.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/view/MeshGLView.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window/WindowSettings.h"
+#include "app/view/WindowSettings.h"
 
 #include "platform/ui/Settings.h"
 
