@@ -2,7 +2,7 @@
 #include "dialogs/ConnectorFields.h"
 
 #include "platform/ui/MellQuantitySpinBox.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QPixmap>

@@ -7,7 +7,7 @@
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QButtonGroup>

@@ -15,7 +15,7 @@
 #include "platform/mesh/UMesh.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 #include "selection/CuboidcutSelection.h"

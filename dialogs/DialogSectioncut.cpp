@@ -13,13 +13,13 @@
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/CutViewSlider.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/view/GLView.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
@@ -186,7 +186,7 @@ void DialogSectioncut::slotObjectSelectionChanged()
 
 void DialogSectioncut::takeParts(bool haveChanged)
 {
-    Base::Document* const active = Application::active();
+    Base::Document* const active = activeDocument();
     bool const isOfParts =
         active && active->getTypeId().isDerivedFrom(Mesh::Document::getClassTypeId());
     std::vector<Base::DocumentObject*> parts;

@@ -3,7 +3,7 @@
 
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/MeshGLView.h"
 #include "selection/HandleHit.h"
 #include "selection/PointUnderMouse.h"
@@ -176,7 +176,7 @@ void PlanecutSelection::getCutPlaneParaByCenterAndNormal(UPoint3<float> const& c
 
 void PlanecutSelection::makePlane()
 {
-    Base::Document* const document = Application::active();
+    Base::Document* const document = activeDocument();
     if (planeObject || !document)
         return;
     planeObject = new PlaneGraphicObject;

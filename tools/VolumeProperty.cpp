@@ -3,7 +3,7 @@
 
 #include "display/GraphicViewProvider.h"
 #include "platform/document/Document.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/GLView.h"
 #include "tools/GraphicObject.h"
 #include "tools/SceneBox.h"
@@ -76,7 +76,7 @@ void VolumeProperty::setCommonParameters(bool newClearanceEnabled, int newCleara
 
 void VolumeProperty::updateDepth()
 {
-    Base::Document const* const document = Application::active();
+    Base::Document const* const document = activeDocument();
     Base::GLView const* const view = document ? document->getView() : nullptr;
     if (!view)
         return;
@@ -94,7 +94,7 @@ void VolumeProperty::updateDepth()
 
 void VolumeProperty::rememberView()
 {
-    Base::Document const* const document = Application::active();
+    Base::Document const* const document = activeDocument();
     Base::GLView const* const view = document ? document->getView() : nullptr;
     if (!view)
         return;
@@ -123,7 +123,7 @@ Base::GLView* VolumeProperty::eyeView() const
     Base::DocumentObject const* const tool = getContainer();
     Base::Document const* document = tool ? tool->getDocument() : nullptr;
     if (!document)
-        document = Application::active();
+        document = activeDocument();
     return document ? document->getView() : nullptr;
 }
 

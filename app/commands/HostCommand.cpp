@@ -3,7 +3,7 @@
 
 #include "app/jobs/JobGuard.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -18,7 +18,7 @@ std::string iconPath(char const* name, char const* suffix)
 
 QString generalReason()
 {
-    Base::Document const* const document = Application::active();
+    Base::Document const* const document = activeDocument();
     if (!document || document->getMeshObjects().empty())
         return QCoreApplication::translate("HostCommand", "Open a part first.");
     return QCoreApplication::translate("HostCommand", "Select a part first.");
@@ -75,7 +75,7 @@ bool HostCommand::isActive()
 
 Mesh::Document* HostCommand::activeMeshDocument()
 {
-    Base::Document* const document = Application::active();
+    Base::Document* const document = activeDocument();
     return dynamic_cast<Mesh::Document*>(document);
 }
 

@@ -2,7 +2,7 @@
 #include "app/files/ExportDialog.h"
 
 #include "host/formats/FormatRegistry.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QComboBox>

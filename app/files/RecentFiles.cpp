@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/RecentFiles.h"
 
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QFileInfo>
 

@@ -5,7 +5,7 @@
 #include "host/formats/FormatRegistry.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellMessageBox.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/view/ViewPreferences.h"
 
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/view/MeshGLView.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/view/WindowSettings.h"
 
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 bool WindowSettings::flag(char const* key, bool byDefault)
 {

@@ -4,7 +4,7 @@
 
 #include "platform/ui/DialogWidget.h"
 #include "platform/ui/MainWindow.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/GLView.h"
 

@@ -3,7 +3,7 @@
 #include "platform/ui/DialogWidgetGroup.h"
 
 #include "platform/ui/DialogWidgetGroup2rd.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 DialogWidgetGroup::DialogWidgetGroup(QString title, QWidget* content, QString key, bool expanded,

@@ -2,7 +2,7 @@
 
 #include "platform/ui/DisplayUnit.h"
 
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 namespace {
 

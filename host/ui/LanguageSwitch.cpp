@@ -6,7 +6,7 @@
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -2,6 +2,8 @@
 
 #include "platform/ui/Settings.h"
 
+#include "platform/ui/StoredSettings.h"
+
 #include <QCoreApplication>
 
 namespace {

@@ -35,8 +35,6 @@ public:
 
     /// The active document, or null.
     Base::Document* activeDocument() const { return m_active; }
-    /// The active document of the application; null without one, or without an application.
-    static Base::Document* active() { return Instance ? Instance->m_active : nullptr; }
     /// Makes one of the application's documents the active one, or none (null).
     void setActiveDocument(Base::Document* document);
 

@@ -3,7 +3,6 @@
 
 #include <QSettings>
 #include <QString>
-#include <QVariant>
 
 /// The application part of the host's settings, to be used with the application's name as the
 /// organisation part, in user scope and in g_AppSettingFormat.
@@ -11,8 +10,3 @@ QString getSettingName();
 
 /// Text files with sections, the same on every system.
 extern QSettings::Format const g_AppSettingFormat;
-
-/// The value under a key of the host's settings, such as "/SectionCut/useBoundary". They are opened
-/// anew for each value, so that everybody sees what another has stored.
-QVariant storedValue(QString const& key, QVariant const& missing = {});
-void storeValue(QString const& key, QVariant const& value);
