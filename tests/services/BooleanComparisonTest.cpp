@@ -2,7 +2,6 @@
 #include "host/services/exact/Corefinement.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/RandomSolids.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +59,7 @@ TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnRealModels)
 {
     auto const models = closedRealMeshes(30000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(5);
     for (auto const& [name, part] : models) {
         if (name == "cow-6k.stl")

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -115,7 +114,7 @@ TEST(BooleanFlawedOperands, OpenRealModelIsCutAwayFromItsHoles)
 {
     Soup const part = realMesh("open-bunny-69k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     // The holes are in the base; the tool goes through the highest point.
     UPoint3<float> top = part.points[0];
     for (auto const& p : part.points)

@@ -3,7 +3,6 @@
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
 
@@ -219,7 +218,7 @@ TEST(BooleanThreads, SameBytesWithAnyNumberOfThreadsOnARealModel)
 {
     Soup const model = realMesh("igea-269k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     auto const bounds = kernelOf(model)->GetBox();
     UPoint3<float> const centre = (bounds.min + bounds.max) * 0.5f;
     Soup cutter = cylinder(15, 300, 63);

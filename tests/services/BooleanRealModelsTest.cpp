@@ -2,7 +2,6 @@
 #include "tests/services/CutFamilies.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/RandomSolids.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -72,7 +71,7 @@ TEST(BooleanRealModels, CylindersThroughTheSurface)
 {
     auto const models = soundModels(70000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(1);
     for (auto const& [name, part] : models)
         expectNoFaults(part, cylindersThrough(part, 6, random), name, random);
@@ -82,7 +81,7 @@ TEST(BooleanRealModels, PrismsThroughTheWholeModel)
 {
     auto const models = soundModels(110000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(2);
     for (auto const& [name, part] : models) {
         Soup prism = movedBy(cylinder(20, 400, 8), {0, 0, -200});
@@ -97,7 +96,7 @@ TEST(BooleanRealModels, ModelsCutEachOther)
 {
     auto const models = soundModels(70000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(3);
     for (std::size_t i = 0; i < models.size(); ++i) {
         auto const& [name, part] = models[i];
@@ -112,7 +111,7 @@ TEST(BooleanRealModels, ModelAndItself)
 {
     Soup const model = realMesh("fandisk-13k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(4);
     expectNoFaults(model, shuffled(model, 9), "the same places in another order", random);
     expectNoFaults(model, movedBy(model, {1, 0, 0}), "flat faces slid along each other", random);
@@ -125,7 +124,7 @@ TEST(BooleanRealModels, ModelThatCrossesItselfKeepsItsLayers)
 {
     Soup const part = realMesh("cow-6k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(5);
     Soup const tool =
         movedBy(cylinder(14, 300, 8), middleOf(part) - UPoint3<float>(0.3f, 0.2f, 150));
@@ -152,7 +151,7 @@ TEST(BooleanRealModels, PinsOnASectionAndHolesInIt)
 {
     Soup const model = realMesh("rocker-arm-20k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(6);
     auto const outcome = cut(model, middleOf(model), {0, 0, 1});
     Soup const lower = soupOf(outcome->below), upper = soupOf(outcome->above);
@@ -181,7 +180,7 @@ TEST(BooleanRealModels, LargeModelIsCutClosedByManyCylinders)
 {
     Soup const part = realMesh("igea-269k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(7);
     Soup const tool = cylindersThrough(part, 60, random);
     auto const [within, outside] = split(part, tool);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/RandomSolids.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -62,7 +61,7 @@ TEST(BooleanSplit, PiecesShareTheirNewPointsExactlyOnARealModel)
 {
     Soup const part = realMesh("bunny-60k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     Soup prism = cylinder(17, 300, 8);
     for (auto& p : prism.points)
         p += UVector3<float>(48.3f, 40.7f, -100);

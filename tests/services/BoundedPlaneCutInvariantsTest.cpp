@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -204,7 +203,7 @@ TEST(BoundedPlaneCut, ModelThatCrossesItselfIsCutClosed)
 {
     Soup const part = realMesh("cow-6k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     for (float const share : {0.05f, 0.1f, 0.3f, 0.6f, 0.9f}) {
         SCOPED_TRACE(share);
         cutFaceByFace(part, frameAcross(part, {0, 1, 0}, share), 6);
@@ -225,7 +224,7 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnRealModels)
 {
     auto const models = closedRealMeshes(110000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     for (auto const& [name, soup] : models)
         for (UVector3<float> const& normal :
              {UVector3<float>(0, 0, 1), UVector3<float>(0, 1, 0), UVector3<float>(-1, 0.2f, 0.1f)})
@@ -241,7 +240,7 @@ TEST(BoundedPlaneCut, LegOfAnAnimalIsCutOff)
 {
     Soup const model = realMesh("spot-6k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     // The animal stands on its four feet along Y; all four legs cross the level.
     Frame const frame{{0, 9.84f, 0}, {0, 0, 1}, {1, 0, 0}};
     auto const part = kernelOf(model);
@@ -268,7 +267,7 @@ TEST(BoundedPlaneCut, HandOfAFigureIsCutOffAndItsFeetStay)
 {
     Soup const model = realMesh("armadillo-86k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     // The plane passes through an arm, a finger and a foot; it ends between the arm and the others.
     Frame const frame{{16.77f, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     auto const part = kernelOf(model);

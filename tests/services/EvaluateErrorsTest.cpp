@@ -2,7 +2,6 @@
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Repair.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
 #include <tbb/global_control.h>
@@ -263,7 +262,7 @@ TEST(EvaluateErrors, JudgesRealModelsAsTheyAre)
 {
     Soup const cow = realMesh("cow-6k.stl");
     if (cow.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "The real models are not there.";
     Errors::Counts const ofCow = countsOf(cow);
     EXPECT_GT(ofCow.selfIntersections, 0u);
     EXPECT_EQ(ofCow.total(), ofCow.selfIntersections);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +54,7 @@ TEST(PlaneCut, HoldsItsInvariantsOnRealModels)
 {
     auto const models = closedRealMeshes(70000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     for (auto const& [name, soup] : models)
         for (auto const& plane : planesAcross(soup))
             if (name != "cow-6k.stl")

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +26,7 @@ TEST(PlaneCut, RealModelsOfAHundredThousandTrianglesAndMoreAreCutClosed)
 {
     auto const models = closedRealMeshes(300000);
     if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     for (auto const& [name, soup] : models) {
         if (soup.triangles.size() < 80000)
             continue;
@@ -44,7 +43,7 @@ TEST(PlaneCut, PartOfAMillionTrianglesIsCutClosed)
 {
     Soup const model = realMesh("igea-269k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     expectClosedHalves(subdivided(model), {35, 50, 50}, {0.1f, 0.2f, 1});
 }
 
@@ -52,7 +51,7 @@ TEST(PlaneCut, PartOfFourMillionTrianglesIsCutClosed)
 {
     Soup const model = realMesh("igea-269k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     expectClosedHalves(subdivided(subdivided(model)), {35, 50, 50}, {0, 0, 1});
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/geometry/UPoint2.h"
 #include "tests/services/CutFamilies.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -203,7 +202,7 @@ TEST(PlaneCut, ModelThatCrossesItselfIsCutAllTheSame)
 {
     Soup const part = realMesh("cow-6k.stl");
     if (part.triangles.empty())
-        GTEST_SKIP() << modelsAreMissing;
+        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     for (auto const& plane : planesAcross(part)) {
         SCOPED_TRACE(plane.name);
         auto const outcome = cut(part, plane.centre, plane.normal);

@@ -2,7 +2,6 @@
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Repair.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -285,7 +284,7 @@ TEST(RepairMethods, MendsTheRealModelsThatNeedIt)
     for (char const* name : {"cow-6k.stl", "open-bunny-69k.stl", "misoriented-propeller-7k.stl"}) {
         Soup const soup = realMesh(name);
         if (soup.triangles.empty())
-            GTEST_SKIP() << modelsAreMissing;
+            GTEST_SKIP() << "The real models are not there.";
         Soup const result = mended(soup);
         EXPECT_NEAR(volumeOf(result), volumeOf(soup), 0.01 * volumeOf(soup)) << name;
     }
