@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
-#include "tests/support/MeshBuilders.h"
+#include "tests/support/MadeModels.h"
 
 #include <gtest/gtest.h>
 
@@ -51,15 +51,13 @@ TEST(IndependentJudge, FindsNothingToMendInThePiecesOfAllClosedShapes)
     }
 }
 
-TEST(IndependentJudge, FindsNothingToMendInThePiecesOfRealModels)
+TEST(IndependentJudge, FindsNothingToMendInThePiecesOfModels)
 {
     FreecutFolder folder;
     folder.addStl(box(1, 1, 1), "probe.stl");
     if (admeshReport(folder.path("probe.stl")).empty())
         GTEST_SKIP() << "admesh is not installed";
-    auto const models = closedRealMeshes(70000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    auto const models = closedModels(70000);
     for (auto const& [name, soup] : models) {
         folder.addStl(soup, "part.stl");
         auto const result =

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Repair.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
 
@@ -277,6 +278,21 @@ TEST(RepairMethods, GivesTheSameBytesWithAnyNumberOfThreads)
     EXPECT_TRUE(areEqual(mended(soup), first));
     tbb::global_control const one(tbb::global_control::max_allowed_parallelism, 1);
     EXPECT_TRUE(areEqual(mended(soup), first));
+}
+
+TEST(RepairMethods, MendsTheMadeModelsThatNeedIt)
+{
+    Soup turned = branchedFigure();
+    for (std::size_t t = 500; t < 12000; t += 1000)
+        std::swap(turned.triangles[t][0], turned.triangles[t][1]);
+    for (NamedSoup const& model :
+         {NamedSoup{"crossing figure", crossingFigure()}, NamedSoup{"open head", openHead(45)},
+          NamedSoup{"figure with turned triangles", turned}}) {
+        SCOPED_TRACE(model.name);
+        Soup const result = mended(model.soup);
+        // What two shells have in common counts once now, and a hole is filled flat.
+        EXPECT_NEAR(volumeOf(result), volumeOf(model.soup), 0.03 * volumeOf(model.soup));
+    }
 }
 
 TEST(RepairMethods, MendsTheRealModelsThatNeedIt)
