@@ -3,6 +3,7 @@
 
 #include "cli/CutPart.h"
 #include "cli/SectionOptions.h"
+#include "connectors/SectionSurvey.h"
 
 namespace Mesh {
 class Document;
@@ -14,7 +15,8 @@ class PlaneGraphicObject;
 
 /// Cuts a part of a document as the application does, and enters the new parts as its pieces.
 ///
+/// survey  null, or says where pins or holes stand
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled. The document
 ///         is then unchanged
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
-                SectionOptions const& options);
+                SectionOptions const& options, SectionSurvey const* survey);

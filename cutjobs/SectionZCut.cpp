@@ -7,7 +7,7 @@
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/EventNotify.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MellViewSlider.h"
 #include "platform/view/GLView.h"
 #include "platform/view/ViewProvider.h"
@@ -102,6 +102,11 @@ void SectionZCut::startZCutonebyone(std::vector<Mesh::DocumentObject*> objects,
     emit signalOperate();
 }
 
+std::vector<UPoint3<float>> const& SectionZCut::rubberPoints() const
+{
+    return m_worker->getRubPts();
+}
+
 QString SectionZCut::reason() const
 {
     return m_worker->reason();
@@ -118,8 +123,7 @@ void SectionZCut::handleResult(bool ok)
         emit finished(0, m_worker->getErrorMessage());
         return;
     }
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = activeDocument();
     if (!active) {
         emit finished(-1, QString());
         return;
