@@ -12,6 +12,7 @@
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 #include "tests/support/TestDocument.h"
 
 #include <gtest/gtest.h>
@@ -134,11 +135,8 @@ protected:
         timer.start();
         while (timer.elapsed() < 300)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QDir const folder(MELL_BINARY_DIR "/../pictures");
-        folder.mkpath(".");
-        QString const file =
-            QString::fromStdString("window-" + name) + (g_OPENGL_3_3 ? "-33.png" : "-21.png");
-        window->screen()->grabWindow(window->winId()).save(folder.filePath(file));
+        std::string const file = "window-" + name + (g_OPENGL_3_3 ? "-33.png" : "-21.png");
+        window->screen()->grabWindow(window->winId()).save(QString::fromStdString(picturePath(file)));
     }
 
     static bool hasDisplay() { return QGuiApplication::platformName() == "xcb"; }
@@ -152,7 +150,7 @@ private:
     static void enterPlugIn()
     {
         // Each application of a test has commands of its own.
-        QLibrary library(QString(MELL_BINARY_DIR) + "/libMellTriangleCut.so");
+        QLibrary library(QString::fromStdString(builtPath("libMellTriangleCut.so")));
         using Entry = void (*)();
         auto const entry = reinterpret_cast<Entry>(library.resolve("initDLLModule"));
         ASSERT_TRUE(entry) << library.errorString().toStdString();

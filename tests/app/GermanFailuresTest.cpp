@@ -4,6 +4,7 @@
 #include "tests/app/AppWindow.h"
 #include "tests/cutjobs/ZCutRun.h"
 #include "tests/formats/ScratchFolder.h"
+#include "tests/support/Places.h"
 #include "tests/support/TranslationFile.h"
 
 #include <QRegularExpression>
@@ -19,7 +20,7 @@ std::set<QString> englishWords()
     constexpr int isSentence = 8;
     std::set<QString> words;
     for (TranslatedText const& text :
-         readTranslationFile(MELL_SOURCE_DIR "/resources/translations/orbe_de.ts"))
+         readTranslationFile(QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
         if (text.context == "FileError" || text.context == "Services" ||
             text.context == "DocumentFiles")
             for (QString const& piece : text.source.split(value))

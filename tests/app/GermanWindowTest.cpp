@@ -11,6 +11,7 @@
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/ThemeSwitch.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/Places.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/TranslationFile.h"
 
@@ -75,7 +76,7 @@ std::set<QString> englishTexts()
 {
     std::set<QString> english, same;
     for (TranslatedText const& text :
-         readTranslationFile(MELL_SOURCE_DIR "/resources/translations/orbe_de.ts"))
+         readTranslationFile(QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
         (text.translations.contains(text.source) ? same : english).insert(text.source);
     for (QString const& text : same)
         english.erase(text);
@@ -202,7 +203,6 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
     auto const made = panels();
     trigger("Std_SelectAll");
     LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
-    QDir(MELL_BINARY_DIR "/..").mkpath("pictures");
     for (auto const& panel : made) {
         panel->show();
         QCoreApplication::processEvents();
@@ -210,7 +210,7 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
         SCOPED_TRACE(qPrintable(name));
         expectNoEnglishText(*panel);
         expectWholeTexts(*panel);
-        panel->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+        panel->grab().save(QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
     }
 }
 
@@ -226,7 +226,7 @@ TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
         SCOPED_TRACE(qPrintable(name));
         expectNoEnglishText(*dialog);
         expectWholeTexts(*dialog);
-        dialog->grab().save(MELL_BINARY_DIR "/../pictures/german-" + name + ".png");
+        dialog->grab().save(QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
     }
 }
 

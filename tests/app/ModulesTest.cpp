@@ -2,6 +2,7 @@
 #include "app/modules/Modules.h"
 #include "app/window/NoticeBar.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/Places.h"
 
 #include <QFile>
 #include <QToolButton>
@@ -43,7 +44,7 @@ TEST(Modules, ALibraryThatIsNoModuleIsAMessage)
 {
     Application const application;
     Modules modules;
-    EXPECT_FALSE(modules.load(QString(MELL_BINARY_DIR) + "/libMellHost.so"));
+    EXPECT_FALSE(modules.load(QString::fromStdString(builtPath("libMellHost.so"))));
     EXPECT_EQ(modules.messages().size(), 1);
 }
 

@@ -14,6 +14,7 @@
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/MeshGLView.h"
 #include "tests/app/PartDocument.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -52,10 +53,9 @@ protected:
         for (int i = 0; i < 20; ++i)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         QImage const picture = widget.grab().toImage();
-        QDir const pictures(MELL_BINARY_DIR "/../pictures");
-        pictures.mkpath(".");
         QString const theme = GetParam() == ThemeSwitch::Choice::Dark ? "dark" : "light";
-        EXPECT_TRUE(picture.save(pictures.filePath(QString("panel-%1-%2.png").arg(name, theme))));
+        EXPECT_TRUE(picture.save(QString::fromStdString(
+            picturePath("panel-" + std::string(name) + "-" + theme.toStdString() + ".png"))));
         QSet<QRgb> colors;
         for (int y = 0; y < picture.height(); y += 2)
             for (int x = 0; x < picture.width(); x += 2)

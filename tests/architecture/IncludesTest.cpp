@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Places.h"
+
 #include <gtest/gtest.h>
 
 #include <QLibraryInfo>
@@ -123,7 +125,7 @@ std::vector<Include> includesOf(fs::path const& root, fs::path const& path)
 
 std::vector<Include> includesBelow(std::string const& folder)
 {
-    fs::path const root = MELL_SOURCE_DIR;
+    fs::path const root = sourcePath("");
     std::vector<Include> includes;
     if (!fs::exists(root / folder))
         return includes;
@@ -149,7 +151,7 @@ public:
         auto const [known, isNew] = m_known.emplace(header, false);
         if (!isNew)
             return known->second;
-        fs::path const root = MELL_SOURCE_DIR;
+        fs::path const root = sourcePath("");
         for (Include const& include : includesOf(root, root / header))
             if (include.isQuoted ? areBehind(include.target) : isWidgetHeader(include.target))
                 return m_known[header] = true;
@@ -240,7 +242,7 @@ TEST(Includes, ConnectorsKnowOfTheJobsOnlyTheCommonParts)
 TEST(Includes, PlatformHasHeadersOnly)
 {
     for (auto const& entry :
-         fs::recursive_directory_iterator(fs::path(MELL_SOURCE_DIR) / "platform"))
+         fs::recursive_directory_iterator(fs::path(sourcePath("platform"))))
         EXPECT_NE(entry.path().extension(), ".cpp") << entry.path();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -83,7 +84,7 @@ TEST(FreecutCancel, WithNohupItOutlivesItsTerminal)
     QProcess process;
     folder.prepare(process, {});
     process.setProgram("nohup");
-    process.setArguments({MELL_BINARY_DIR "/freecut", "zcut", "--height", "1.234", "ball.stl"});
+    process.setArguments({QString::fromStdString(builtPath("freecut")), "zcut", "--height", "1.234", "ball.stl"});
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
     kill(pid_t(process.processId()), SIGHUP);

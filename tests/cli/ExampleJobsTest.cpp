@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/Intersect.h"
 #include "tests/cli/FreecutProcess.h"
+#include "tests/support/Places.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -12,10 +13,10 @@ struct ExampleJob
 {
     ExampleJob(std::string const& job, UVector3<float> const& normal, float gap)
     {
-        qputenv("FREECUT", MELL_BINARY_DIR "/freecut");
+        qputenv("FREECUT", QByteArray::fromStdString(builtPath("freecut")));
         QProcess process;
         process.setWorkingDirectory(QString::fromStdString(folder.path(".")));
-        process.start(QString::fromStdString(MELL_SOURCE_DIR "/examples/" + job),
+        process.start(QString::fromStdString(sourcePath("examples/" + job)),
                       {"pieces", "--json", "-"});
         process.waitForFinished(-1);
         qunsetenv("FREECUT");

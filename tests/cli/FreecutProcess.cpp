@@ -3,6 +3,7 @@
 
 #include "host/formats/PartFiles.h"
 #include "tests/support/ModelFile.h"
+#include "tests/support/Places.h"
 
 #include <filesystem>
 #include <fstream>
@@ -52,7 +53,7 @@ void FreecutFolder::prepare(QProcess& process, std::vector<std::string> const& a
     QStringList list;
     for (std::string const& argument : arguments)
         list += QString::fromStdString(argument);
-    process.setProgram(QStringLiteral(MELL_BINARY_DIR "/freecut"));
+    process.setProgram(QString::fromStdString(builtPath("freecut")));
     process.setArguments(list);
     process.setWorkingDirectory(m_folder.path());
 }

@@ -12,6 +12,7 @@
 #include "tests/corpus/ModelFolder.h"
 #include "tests/corpus/SuccessTable.h"
 #include "tests/support/CorpusParts.h"
+#include "tests/support/Places.h"
 
 #include <QTemporaryDir>
 
@@ -32,7 +33,7 @@ struct Options
     std::string folder;
     std::string only;
     std::string operation;
-    std::string program = MELL_BINARY_DIR "/freecut";
+    std::string program = builtPath("freecut");
     std::string keep;
     std::string list;
     std::size_t samples = 1000;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PartFiles.h"
 #include "platform/services/Repair.h"
+#include "tests/support/Places.h"
 #include "tests/support/Soup.h"
 #include "tests/support/Validator.h"
 
@@ -10,7 +11,7 @@
 
 TEST(ExampleFiles, AreClosedSolidsOfTheSizeOfAHand)
 {
-    std::filesystem::path const folder = MELL_SOURCE_DIR "/examples";
+    std::filesystem::path const folder = sourcePath("examples");
     struct Expected
     {
         char const* file;

@@ -3,6 +3,7 @@
 
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
+#include "tests/support/Places.h"
 #include "tests/support/TestDocument.h"
 
 #include <QLibrary>
@@ -13,7 +14,7 @@
 class LoadedModule
 {
 public:
-    LoadedModule() : library(QString(MELL_BINARY_DIR) + "/libMellTriangleCut.so")
+    LoadedModule() : library(QString::fromStdString(builtPath("libMellTriangleCut.so")))
     {
         using Entry = void (*)();
         if (auto const entry = reinterpret_cast<Entry>(library.resolve("initDLLModule"))) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/CommandTexts.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -101,7 +102,7 @@ void drawSheet(QString const& file, QStringList const& names, QColor const& grou
     for (int i = 0; i < names.size(); ++i)
         QIcon(pathOf(names[i]))
             .paint(&painter, (i % columns) * cell + 8, (i / columns) * cell + 8, side, side);
-    sheet.save(QStringLiteral(MELL_BINARY_DIR "/../pictures/") + file);
+    sheet.save(QString::fromStdString(picturePath(file.toStdString())));
 }
 
 }  // namespace
@@ -169,7 +170,6 @@ TEST(Icons, HaveASecondPictureOnScreensWithTwoPixelsToOne)
 
 TEST(Icons, AreDrawnOnASheetForLookingAt)
 {
-    QDir(MELL_BINARY_DIR "/..").mkpath("pictures");
     QStringList dark;
     for (QString const& name : applicationIcons())
         dark << name + "_dark";
@@ -178,7 +178,7 @@ TEST(Icons, AreDrawnOnASheetForLookingAt)
         drawSheet("icons_light" + end, applicationIcons() + toolIcons() + cursors(), lightGround,
                   side);
         drawSheet("icons_dark" + end, dark + toolIcons() + cursors(), darkGround, side);
-        EXPECT_TRUE(QFile::exists(MELL_BINARY_DIR "/../pictures/icons_dark" + end));
+        EXPECT_TRUE(QFile::exists(QString::fromStdString(picturePath("icons_dark" + end.toStdString()))));
     }
 }
 

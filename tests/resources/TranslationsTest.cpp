@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/CommandTexts.h"
+#include "tests/support/Places.h"
 #include "tests/support/TranslationFile.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,7 @@
 
 namespace {
 
-QString const folder = QStringLiteral(MELL_SOURCE_DIR "/resources/translations/");
+QString const folder = QString::fromStdString(sourcePath("resources/translations/"));
 
 /// Copies of the translation files, brought in line with the sources as they are now.
 class UpdatedFiles

@@ -5,6 +5,7 @@
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 #include "tests/support/RandomSolids.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
@@ -84,7 +85,7 @@ Soup figureOfEight(int along, int across, float radius)
 /// A real model of triangles and polygons; empty where the models are not there.
 Soup realObject(std::string const& name)
 {
-    std::ifstream file(std::string(MELL_TEST_MESHES) + "/" + name);
+    std::ifstream file(realModelPath(name));
     Soup soup;
     for (std::string line; std::getline(file, line);) {
         std::istringstream words(line);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/MeshBuilders.h"
 
+#include "tests/support/Places.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -263,7 +265,7 @@ std::vector<NamedSoup> closedMeshes()
 
 Soup realMesh(std::string const& fileName)
 {
-    std::ifstream file(std::string(MELL_TEST_MESHES) + "/" + fileName, std::ios::binary);
+    std::ifstream file(realModelPath(fileName), std::ios::binary);
     std::vector<char> const bytes{std::istreambuf_iterator<char>(file), {}};
     Soup soup;
     if (bytes.size() < 84)

@@ -2,6 +2,7 @@
 #include "tests/support/ModelFile.h"
 
 #include "tests/support/MadeModels.h"
+#include "tests/support/Places.h"
 
 #include <cstring>
 #include <filesystem>
@@ -29,7 +30,7 @@ void writeStl(Soup const& soup, std::string const& path)
 
 std::string modelFile(std::string const& name, std::string const& folder)
 {
-    std::string const real = std::string(MELL_TEST_MESHES) + "/" + name;
+    std::string const real = realModelPath(name);
     if (std::filesystem::exists(real))
         return real;
     std::string const made = folder + "/" + name;

@@ -4,6 +4,7 @@
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/ViewEvents.h"
@@ -90,11 +91,9 @@ protected:
     QImage picture(std::string const& name) const
     {
         QImage const image = view->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
-        QDir const folder(MELL_BINARY_DIR "/../pictures");
-        folder.mkpath(".");
         std::string const file = name + (g_OPENGL_3_3 ? "-33" : "-21") + "-ratio" +
                                  std::to_string(int(view->devicePixelRatioF())) + ".png";
-        image.save(folder.filePath(QString::fromStdString(file)));
+        image.save(QString::fromStdString(picturePath(file)));
         return image;
     }
 

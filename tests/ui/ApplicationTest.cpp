@@ -11,6 +11,7 @@
 #include "platform/ui/Settings.h"
 #include "platform/view/GLView.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -217,13 +218,13 @@ TEST(ModuleLoader, EntersAModuleOnceAndMakesIt)
 TEST(ModuleLoader, LoadsTheCuttingModuleWithItsCommands)
 {
     Application application;
-    auto const module = loadModule(QString(MELL_BINARY_DIR) + "/libMellTriangleCut");
+    auto const module = loadModule(QString::fromStdString(builtPath("libMellTriangleCut")));
     EXPECT_EQ(module->getClassName(), "OrbeFreecut");
     EXPECT_EQ(module->getTypeId(), Base::Type::fromName("OrbeFreecut"));
     EXPECT_NE(application.commandManager().getCommandByName("Std_zCut"), nullptr);
     std::size_t const commands = application.commandManager().getAllCommands().size();
     EXPECT_EQ(commands, 18u);
-    loadModule(QString(MELL_BINARY_DIR) + "/libMellTriangleCut");
+    loadModule(QString::fromStdString(builtPath("libMellTriangleCut")));
     EXPECT_EQ(application.commandManager().getAllCommands().size(), commands);
 }
 
@@ -252,7 +253,7 @@ TEST(ModuleLoader, MissingLibraryIsNamed)
 
 TEST(ModuleLoader, LibraryWithoutAnEntryFunctionIsNamed)
 {
-    QString const host = QString(MELL_BINARY_DIR) + "/libMellHost";
+    QString const host = QString::fromStdString(builtPath("libMellHost"));
     EXPECT_EQ(messageOf([&] { loadModule(host); }),
               std::string("\"") + host.toStdString() +
                   "\" is no module of this application: it has no initDLLModule.");

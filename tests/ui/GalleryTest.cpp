@@ -18,6 +18,7 @@
 #include "platform/ui/SeparateLine.h"
 #include "platform/ui/Theme.h"
 #include "platform/ui/ThemeSwitch.h"
+#include "tests/support/Places.h"
 #include "tests/support/ScratchSettings.h"
 
 #include <gtest/gtest.h>
@@ -205,7 +206,7 @@ int coloursIn(QImage const& image)
 TEST(Gallery, ShowsAllWidgetsInBothThemesAndPixelRatios)
 {
     ScratchSettings const settings;
-    QDir const folder(MELL_BINARY_DIR);
+    QDir const folder(QString::fromStdString(builtPath("")));
     for (bool const isDark : {false, true}) {
         ThemeSwitch::setTheme(isDark ? ThemeSwitch::Choice::Dark : ThemeSwitch::Choice::Light);
         MainWindow window;

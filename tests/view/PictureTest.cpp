@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/MeshViewProvider.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/Places.h"
 #include "tests/support/ShownView.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/view/PictureDifference.h"
@@ -152,7 +153,7 @@ TEST_P(Pictures, ReachTheScreenAsTheyWerePainted)
     QImage const painted = picture("screen-painted");
     QImage screen =
         view->screen()->grabWindow(view->winId()).toImage().convertToFormat(QImage::Format_RGB32);
-    screen.save(MELL_BINARY_DIR "/../pictures/screen.png");
+    screen.save(QString::fromStdString(picturePath("screen.png")));
     ASSERT_EQ(screen.size(), painted.size());
     EXPECT_LT(Difference(screen, painted).mean, 0.1);
     // Nothing of what was blended shines through.

@@ -7,6 +7,7 @@
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/Places.h"
 #include "tests/support/ScratchSettings.h"
 #include "tests/support/ShownView.h"
 
@@ -31,10 +32,10 @@ protected:
     {
         settle();
         QImage const image = window.screen()->grabWindow(window.winId()).toImage();
-        std::string const file = MELL_BINARY_DIR "/../pictures/" + name +
+        std::string const file = name +
                                  (g_OPENGL_3_3 ? "-33" : "-21") + "-ratio" +
                                  std::to_string(int(view->devicePixelRatioF())) + ".png";
-        image.save(QString::fromStdString(file));
+        image.save(QString::fromStdString(picturePath(file)));
         return image;
     }
 
