@@ -16,8 +16,9 @@
 #include "tests/app/AppWindow.h"
 #include "tests/app/PieceGap.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QButtonGroup>
@@ -37,7 +38,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1400, 950);
         show();

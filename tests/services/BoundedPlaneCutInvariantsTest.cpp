@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -255,7 +256,7 @@ TEST(BoundedPlaneCut, LegOfAnAnimalIsCutOff)
 {
     Soup const model = realMesh("spot-6k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
     // The animal stands on its four feet along Y; all four legs cross the level.
     Frame const frame{{0, 9.84f, 0}, {0, 0, 1}, {1, 0, 0}};
     auto const part = kernelOf(model);
@@ -282,7 +283,7 @@ TEST(BoundedPlaneCut, HandOfAFigureIsCutOffAndItsFeetStay)
 {
     Soup const model = realMesh("armadillo-86k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
     // The plane passes through an arm, a finger and a foot; it ends between the arm and the others.
     Frame const frame{{16.77f, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     auto const part = kernelOf(model);

@@ -3,6 +3,7 @@
 #include "platform/services/Repair.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -283,7 +284,7 @@ TEST(EvaluateErrors, JudgesRealModelsAsTheyAre)
 {
     Soup const cow = realMesh("cow-6k.stl");
     if (cow.triangles.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     Errors::Counts const ofCow = countsOf(cow);
     EXPECT_GT(ofCow.selfIntersections, 0u);
     EXPECT_EQ(ofCow.total(), ofCow.selfIntersections);

@@ -3,6 +3,7 @@
 #include "platform/services/Repair.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -300,7 +301,7 @@ TEST(RepairMethods, MendsTheRealModelsThatNeedIt)
     for (char const* name : {"cow-6k.stl", "open-bunny-69k.stl", "misoriented-propeller-7k.stl"}) {
         Soup const soup = realMesh(name);
         if (soup.triangles.empty())
-            GTEST_SKIP() << "The real models are not there.";
+            GTEST_SKIP() << modelsAreMissing;
         Soup const result = mended(soup);
         EXPECT_NEAR(volumeOf(result), volumeOf(soup), 0.01 * volumeOf(soup)) << name;
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/MadeModels.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>

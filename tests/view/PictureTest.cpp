@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/MeshViewProvider.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/ShownView.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/view/PictureDifference.h"
-#include "tests/view/ShownView.h"
 
 #include <QLabel>
 #include <QOpenGLContext>
@@ -318,7 +319,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "Pictures need a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
     }
 
     QImage drawn(Base::OpenGLPath path, char const* name, int mode)

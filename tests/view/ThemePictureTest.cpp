@@ -8,7 +8,7 @@
 #include "platform/view/ViewProvider.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/ScratchSettings.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QHBoxLayout>
 #include <QScreen>
