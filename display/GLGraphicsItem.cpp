@@ -5,9 +5,7 @@
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
-#include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -62,10 +60,7 @@ void GLGraphicsItem::initShader_GL_2_1()
 
 void GLGraphicsItem::initShader_GL_3_3()
 {
-    vao = new QOpenGLVertexArrayObject;
-    vao->create();
-    buffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-    buffer->create();
+    makeBuffers33(vao, buffer);
     program = new QOpenGLShaderProgram;
     linkProgram(*program, lineShaderSource33);
 }

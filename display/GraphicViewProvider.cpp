@@ -6,9 +6,7 @@
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
-#include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -65,10 +63,7 @@ void GraphicViewProvider::initGL()
         return;
     markerShader = new QOpenGLShaderProgram;
     if (g_OPENGL_3_3) {
-        markerVao = new QOpenGLVertexArrayObject;
-        markerVao->create();
-        markerBuffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-        markerBuffer->create();
+        makeBuffers33(markerVao, markerBuffer);
     } else {
         markerVbo = makeVertexBuffer21(*m_view);
     }

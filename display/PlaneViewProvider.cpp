@@ -2,13 +2,10 @@
 #include "display/PlaneViewProvider.h"
 
 #include "display/LineShaders.h"
-#include "display/PlaneGrid.h"
+#include "display/PlanePicture.h"
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tools/PlaneGraphicObject.h"
-
-#include <QOpenGLBuffer>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -59,10 +56,7 @@ void PlaneViewProvider::initGL()
     if (!makeContextCurrent(m_view) || !hasLineFunctions(*m_view))
         return;
     if (g_OPENGL_3_3) {
-        planeVao = new QOpenGLVertexArrayObject;
-        planeVao->create();
-        planeBuffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-        planeBuffer->create();
+        makeBuffers33(planeVao, planeBuffer);
         linkProgram(lineShader33, planeShaderSource33);
     } else {
         planeVbo = makeVertexBuffer21(*m_view);
@@ -89,7 +83,8 @@ void PlaneViewProvider::updateGeometry()
     float const tick2 = divideSide((corners[2] - corners[1]).GetLength(), gridColumns);
     if (!makeContextCurrent(m_view))
         return;
-    std::vector<float> const planeVertices = planeGrid(*plane, gridRows, gridColumns, tick1, tick2);
+    std::vector<float> const planeVertices =
+        verticesOfPlane(*plane, gridRows, gridColumns, tick1, tick2);
     uploadVertices(*m_view, {.vbo = planeVbo, .buffer = planeBuffer}, planeVertices);
 }
 

@@ -85,12 +85,13 @@ private:
     void makeSolid21();
     void makeSolid33();
     void followCamera();
-    void drawOutlines();
-    void drawFaces(unsigned alpha);
+    /// The outlines, and in a preview the faces.
+    LinePicture wholePicture() const;
+    void drawPicture();
     void updateLabels();
     LineBuffers solidBuffers() const
     {
-        return {.vbo = lineVbo, .vao = solidVao, .buffer = solidBuffer};
+        return {.vbo = lineVbo, .normalVbo = normalVbo, .vao = solidVao, .buffer = solidBuffer};
     }
 
     std::unique_ptr<VolumeOutline> outline;
