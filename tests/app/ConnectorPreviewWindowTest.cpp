@@ -9,6 +9,7 @@
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 #include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
@@ -53,7 +54,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1750, 950);
         show();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
-#include "tests/support/MeshBuilders.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
@@ -52,15 +52,13 @@ TEST(IndependentJudge, FindsNothingToMendInThePiecesOfAllClosedShapes)
     }
 }
 
-TEST(IndependentJudge, FindsNothingToMendInThePiecesOfRealModels)
+TEST(IndependentJudge, FindsNothingToMendInThePiecesOfModels)
 {
     FreecutFolder folder;
     folder.addStl(box(1, 1, 1), "probe.stl");
     if (admeshReport(folder.path("probe.stl")).empty())
         GTEST_SKIP() << admeshIsMissing;
-    auto const models = closedRealMeshes(70000);
-    if (models.empty())
-        GTEST_SKIP() << modelsAreMissing;
+    auto const models = closedModels(70000);
     for (auto const& [name, soup] : models) {
         folder.addStl(soup, "part.stl");
         auto const result =

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
 #include "tests/support/Validator.h"
 
@@ -57,31 +58,19 @@ void expectNoFaults(Soup const& part, Soup const& tool, std::string const& name,
         << name;
 }
 
-/// The closed models that cross themselves nowhere.
-std::vector<NamedSoup> soundModels(std::size_t maximumTriangles)
-{
-    auto models = closedRealMeshes(maximumTriangles);
-    std::erase_if(models, [](NamedSoup const& model) { return model.name == "cow-6k.stl"; });
-    return models;
-}
-
 }  // namespace
 
-TEST(BooleanRealModels, CylindersThroughTheSurface)
+TEST(BooleanModels, CylindersThroughTheSurface)
 {
     auto const models = soundModels(70000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(1);
     for (auto const& [name, part] : models)
         expectNoFaults(part, cylindersThrough(part, 6, random), name, random);
 }
 
-TEST(BooleanRealModels, PrismsThroughTheWholeModel)
+TEST(BooleanModels, PrismsThroughTheWholeModel)
 {
     auto const models = soundModels(110000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(2);
     for (auto const& [name, part] : models) {
         Soup prism = movedBy(cylinder(20, 400, 8), {0, 0, -200});
@@ -92,11 +81,9 @@ TEST(BooleanRealModels, PrismsThroughTheWholeModel)
     }
 }
 
-TEST(BooleanRealModels, ModelsCutEachOther)
+TEST(BooleanModels, ModelsCutEachOther)
 {
     auto const models = soundModels(70000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(3);
     for (std::size_t i = 0; i < models.size(); ++i) {
         auto const& [name, part] = models[i];
@@ -107,24 +94,25 @@ TEST(BooleanRealModels, ModelsCutEachOther)
     }
 }
 
-TEST(BooleanRealModels, ModelAndItself)
+TEST(BooleanModels, ModelAndItself)
 {
-    Soup const model = realMesh("fandisk-13k.stl");
-    if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(4);
-    expectNoFaults(model, shuffled(model, 9), "the same places in another order", random);
-    expectNoFaults(model, movedBy(model, {1, 0, 0}), "flat faces slid along each other", random);
-    // Layers between the two end thinner than a float tells apart: rounding lays them through each
-    // other, but by no more than it moves points.
-    expectNoFaults(model, movedBy(model, {1e-4f, 0, 0}), "hardly moved", random, 1);
+    for (auto const& [name, model] :
+         withReal({"mechanical plate", mechanicalPlate()}, "fandisk-13k.stl")) {
+        SCOPED_TRACE(name);
+        expectNoFaults(model, shuffled(model, 9), "the same places in another order", random);
+        expectNoFaults(model, movedBy(model, {1, 0, 0}), "flat faces slid along each other",
+                       random);
+        // Layers between the two end thinner than a float tells apart: rounding lays them through each
+        // other, but by no more than it moves points.
+        expectNoFaults(model, movedBy(model, {1e-4f, 0, 0}), "hardly moved", random, 1);
+    }
 }
 
-TEST(BooleanRealModels, ModelThatCrossesItselfKeepsItsLayers)
+namespace {
+
+void expectLayersKept(Soup const& part)
 {
-    Soup const part = realMesh("cow-6k.stl");
-    if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
     std::mt19937 random(5);
     Soup const tool =
         movedBy(cylinder(14, 300, 8), middleOf(part) - UPoint3<float>(0.3f, 0.2f, 150));
@@ -147,11 +135,20 @@ TEST(BooleanRealModels, ModelThatCrossesItselfKeepsItsLayers)
     }
 }
 
-TEST(BooleanRealModels, PinsOnASectionAndHolesInIt)
+}  // namespace
+
+TEST(BooleanModels, ModelsThatCrossThemselvesKeepTheirLayers)
 {
-    Soup const model = realMesh("rocker-arm-20k.stl");
-    if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    for (auto const& [name, part] : withReal({"crossing figure", crossingFigure()}, "cow-6k.stl")) {
+        SCOPED_TRACE(name);
+        expectLayersKept(part);
+    }
+}
+
+namespace {
+
+void expectPinsAndHolesFit(Soup const& model)
+{
     std::mt19937 random(6);
     auto const outcome = cut(model, middleOf(model), {0, 0, 1});
     Soup const lower = soupOf(outcome->below), upper = soupOf(outcome->above);
@@ -176,11 +173,20 @@ TEST(BooleanRealModels, PinsOnASectionAndHolesInIt)
                 1e-6 * volumeOf(model));
 }
 
-TEST(BooleanRealModels, LargeModelIsCutClosedByManyCylinders)
+}  // namespace
+
+TEST(BooleanModels, PinsOnASectionAndHolesInIt)
 {
-    Soup const part = realMesh("igea-269k.stl");
-    if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    for (auto const& [name, model] :
+         withReal({"mechanical plate", mechanicalPlate()}, "rocker-arm-20k.stl")) {
+        SCOPED_TRACE(name);
+        expectPinsAndHolesFit(model);
+    }
+}
+
+TEST(BooleanModels, LargeModelIsCutClosedByManyCylinders)
+{
+    Soup const part = scannedHead(150);
     std::mt19937 random(7);
     Soup const tool = cylindersThrough(part, 60, random);
     auto const [within, outside] = split(part, tool);
