@@ -66,10 +66,7 @@ std::vector<LineRun> CuboidViewProvider::faces33() const
 
 std::vector<LabelledPoint> CuboidViewProvider::labels() const
 {
-    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
-    if (points.empty())
-        return {};
-    return {{tool()->getLabel(), points[0]}};
+    return labelAtCentre(*tool());
 }
 
 }  // namespace Freecut

@@ -68,10 +68,7 @@ LinePicture CylinderViewProvider::linePicture() const
 
 std::vector<LabelledPoint> CylinderViewProvider::labels() const
 {
-    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
-    if (points.empty())
-        return {};
-    return {{tool()->getLabel(), points[0]}};
+    return labelAtCentre(*tool());
 }
 
 }  // namespace Freecut

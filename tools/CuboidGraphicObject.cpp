@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/CuboidGraphicObject.h"
 
-#include "display/TLabel.h"
-#include "tools/SolidMeshes.h"
-
 namespace Freecut {
 
 Base::Type CuboidGraphicObject::classTypeId = Base::Type::badType();
@@ -26,10 +23,7 @@ CuboidGraphicObject::CuboidGraphicObject()
     property.setContainer(this);
 }
 
-CuboidGraphicObject::~CuboidGraphicObject()
-{
-    CuboidGraphicObject::freeMemory();
-}
+CuboidGraphicObject::~CuboidGraphicObject() = default;
 
 Base::Type CuboidGraphicObject::getTypeId() const
 {
@@ -49,22 +43,6 @@ Base::PropertyData const& CuboidGraphicObject::getPropertyData() const
 std::string CuboidGraphicObject::getViewProviderName() const
 {
     return "Freecut::CuboidViewProvider";
-}
-
-void CuboidGraphicObject::freeMemory()
-{
-    delete label;
-    label = nullptr;
-}
-
-UMesh<float>* CuboidGraphicObject::createMesh()
-{
-    return SolidMeshes::nominal(getViewProvider());
-}
-
-std::vector<UMesh<float>*> CuboidGraphicObject::createInandOutMesh()
-{
-    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

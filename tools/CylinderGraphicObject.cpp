@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/CylinderGraphicObject.h"
 
-#include "display/TLabel.h"
-#include "tools/SolidMeshes.h"
-
 namespace Freecut {
 
 Base::Type CylinderGraphicObject::classTypeId = Base::Type::badType();
@@ -26,10 +23,7 @@ CylinderGraphicObject::CylinderGraphicObject()
     property.setContainer(this);
 }
 
-CylinderGraphicObject::~CylinderGraphicObject()
-{
-    CylinderGraphicObject::freeMemory();
-}
+CylinderGraphicObject::~CylinderGraphicObject() = default;
 
 Base::Type CylinderGraphicObject::getTypeId() const
 {
@@ -49,22 +43,6 @@ Base::PropertyData const& CylinderGraphicObject::getPropertyData() const
 std::string CylinderGraphicObject::getViewProviderName() const
 {
     return "Freecut::CylinderViewProvider";
-}
-
-void CylinderGraphicObject::freeMemory()
-{
-    delete label;
-    label = nullptr;
-}
-
-UMesh<float>* CylinderGraphicObject::createMesh()
-{
-    return SolidMeshes::nominal(getViewProvider());
-}
-
-std::vector<UMesh<float>*> CylinderGraphicObject::createInandOutMesh()
-{
-    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

@@ -2,7 +2,6 @@
 #include "tools/PolygonGraphicObject.h"
 
 #include "display/TLabel.h"
-#include "tools/SolidMeshes.h"
 
 namespace Freecut {
 
@@ -57,16 +56,6 @@ void PolygonGraphicObject::freeMemory()
     for (TLabel* const label : pointLabels)
         delete label;
     pointLabels.clear();
-}
-
-UMesh<float>* PolygonGraphicObject::createMesh()
-{
-    return SolidMeshes::nominal(getViewProvider());
-}
-
-std::vector<UMesh<float>*> PolygonGraphicObject::createInandOutMesh()
-{
-    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

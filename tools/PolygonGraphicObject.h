@@ -4,9 +4,6 @@
 #include "tools/PolygonProperty.h"
 #include "tools/VolumeGraphicObject.h"
 
-template <typename T>
-class UMesh;
-
 namespace Freecut {
 
 class TLabel;
@@ -41,14 +38,6 @@ public:
     /// One for each vertex, in the same order; the tool owns them.
     std::vector<TLabel*> const& getPointLabels() const { return pointLabels; }
     std::vector<TLabel*>& getPointLabels() { return pointLabels; }
-
-    /// The nominal solid, closed and outward-facing; the caller owns it. Null if no view shows the
-    /// tool.
-    UMesh<float>* createMesh();
-    /// The solids on both sides of the clearance, the outer one last; an inner one without
-    /// vertices is left out. The caller owns them. None if no view shows the tool. Call it once
-    /// after the outlines were derived.
-    std::vector<UMesh<float>*> createInandOutMesh();
 
 protected:
     static Base::PropertyData propertyData;

@@ -4,6 +4,11 @@
 #include "platform/document/sigslot.h"
 #include "tools/GraphicObject.h"
 
+#include <vector>
+
+template <typename T>
+class UMesh;
+
 namespace Freecut {
 
 class VolumeProperty;
@@ -28,6 +33,14 @@ public:
 
     /// The tool's parameters. There are none in this class itself, of which no tool is made.
     virtual VolumeProperty& getVolumeProperty();
+
+    /// The nominal solid, closed and outward-facing; the caller owns it. Null if no view shows the
+    /// tool.
+    UMesh<float>* createMesh();
+    /// The solids on both sides of the clearance, the outer one last; an inner one without
+    /// vertices is left out. The caller owns them. None if no view shows the tool. Call it once
+    /// after the outlines were derived.
+    std::vector<UMesh<float>*> createInandOutMesh();
 
     /// The tool was changed, by whoever edits it.
     sigslot::signal0<sigslot::single_threaded> signalChanged;

@@ -288,9 +288,8 @@ TEST(Includes, JobsConnectorsAndToolsKnowNoWidgets)
     // Eye space belongs to the view, and a tool's labels go with it.
     std::set<std::string> const widgetExceptions = {
         "cutjobs/SectionZCut.cpp includes platform/view/GLView.h",
-        "tools/CuboidGraphicObject.cpp includes display/TLabel.h",
+        "tools/CentredGraphicObject.cpp includes display/TLabel.h",
         "tools/CuboidProperty.cpp includes platform/view/GLView.h",
-        "tools/CylinderGraphicObject.cpp includes display/TLabel.h",
         "tools/CylinderProperty.cpp includes platform/view/GLView.h",
         "tools/PolygonGraphicObject.cpp includes display/TLabel.h",
         "tools/PolygonProperty.cpp includes platform/view/GLView.h",
