@@ -6,28 +6,6 @@
 
 namespace Freecut {
 
-Base::Type CuboidViewProvider::classTypeId = Base::Type::badType();
-
-void CuboidViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::CuboidViewProvider", "Freecut::VolumeViewProvider", create);
-}
-
-void* CuboidViewProvider::create()
-{
-    return new CuboidViewProvider;
-}
-
-Base::Type CuboidViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CuboidViewProvider::getClassName() const
-{
-    return "Freecut::CuboidViewProvider";
-}
-
 void CuboidViewProvider::initGL()
 {
     initSolidGL();

@@ -8,29 +8,6 @@
 
 namespace Freecut {
 
-Base::Type CylinderViewProvider::classTypeId = Base::Type::badType();
-
-void CylinderViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::CylinderViewProvider", "Freecut::VolumeViewProvider",
-                 create);
-}
-
-void* CylinderViewProvider::create()
-{
-    return new CylinderViewProvider;
-}
-
-Base::Type CylinderViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CylinderViewProvider::getClassName() const
-{
-    return "Freecut::CylinderViewProvider";
-}
-
 void CylinderViewProvider::initGL()
 {
     initSolidGL();

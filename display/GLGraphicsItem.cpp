@@ -9,34 +9,12 @@
 
 namespace Freecut {
 
-Base::Type GLGraphicsItem::classTypeId = Base::Type::badType();
-
-void GLGraphicsItem::init()
-{
-    initSubclass(classTypeId, "Freecut::GLGraphicsItem", "Base::GLGraphicsItem", create);
-}
-
-void* GLGraphicsItem::create()
-{
-    return nullptr;
-}
-
 GLGraphicsItem::GLGraphicsItem(Base::GLView* view) : viewer(view) {}
 
 GLGraphicsItem::~GLGraphicsItem()
 {
     if (makeContextCurrent(viewer))
         g_OPENGL_3_3 ? releaseShader_GL_3_3() : releaseShader_GL_2_1();
-}
-
-Base::Type GLGraphicsItem::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string GLGraphicsItem::getClassName() const
-{
-    return "Freecut::GLGraphicsItem";
 }
 
 void GLGraphicsItem::setColor(float red, float green, float blue, float alpha)

@@ -25,18 +25,6 @@ std::vector<LineRun> runsOfQuads(int first, int count)
 
 }  // namespace
 
-Base::Type GraphicViewProvider::classTypeId = Base::Type::badType();
-
-void GraphicViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::GraphicViewProvider", "Base::GraphicViewProvider", create);
-}
-
-void* GraphicViewProvider::create()
-{
-    return nullptr;
-}
-
 GraphicViewProvider::~GraphicViewProvider()
 {
     if (makeContextCurrent(m_view)) {
@@ -45,16 +33,6 @@ GraphicViewProvider::~GraphicViewProvider()
             deleteVertexBuffer21(*m_view, markerVbo);
     }
     delete markerShader;
-}
-
-Base::Type GraphicViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string GraphicViewProvider::getClassName() const
-{
-    return "Freecut::GraphicViewProvider";
 }
 
 void GraphicViewProvider::initGL()

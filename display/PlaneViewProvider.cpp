@@ -17,18 +17,6 @@ constexpr int tickVertices = 8;
 
 }  // namespace
 
-Base::Type PlaneViewProvider::classTypeId = Base::Type::badType();
-
-void PlaneViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::PlaneViewProvider", "Freecut::GraphicViewProvider", create);
-}
-
-void* PlaneViewProvider::create()
-{
-    return new PlaneViewProvider;
-}
-
 PlaneViewProvider::~PlaneViewProvider()
 {
     if (auto* const view = dynamic_cast<Mesh::GLView*>(m_view))
@@ -38,16 +26,6 @@ PlaneViewProvider::~PlaneViewProvider()
     deleteBuffers33(planeVao, planeBuffer);
     if (planeVbo != 0)
         deleteVertexBuffer21(*m_view, planeVbo);
-}
-
-Base::Type PlaneViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PlaneViewProvider::getClassName() const
-{
-    return "Freecut::PlaneViewProvider";
 }
 
 void PlaneViewProvider::initGL()

@@ -12,19 +12,6 @@
 
 namespace Freecut {
 
-Base::Type VolumeViewProvider::classTypeId = Base::Type::badType();
-
-void VolumeViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::VolumeViewProvider", "Freecut::GraphicViewProvider",
-                 create);
-}
-
-void* VolumeViewProvider::create()
-{
-    return new VolumeViewProvider;
-}
-
 VolumeViewProvider::VolumeViewProvider() = default;
 
 VolumeViewProvider::~VolumeViewProvider()
@@ -36,16 +23,6 @@ VolumeViewProvider::~VolumeViewProvider()
         deleteVertexBuffer21(*m_view, lineVbo);
     if (normalVbo != 0)
         deleteVertexBuffer21(*m_view, normalVbo);
-}
-
-Base::Type VolumeViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string VolumeViewProvider::getClassName() const
-{
-    return "Freecut::VolumeViewProvider";
 }
 
 void VolumeViewProvider::initGL()

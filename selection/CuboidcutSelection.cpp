@@ -11,28 +11,6 @@
 
 namespace Freecut {
 
-Base::Type CuboidcutSelection::classTypeId = Base::Type::badType();
-
-void CuboidcutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
-}
-
-void* CuboidcutSelection::create()
-{
-    return static_cast<BaseClass*>(new CuboidcutSelection);
-}
-
-Base::Type CuboidcutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CuboidcutSelection::getClassName() const
-{
-    return toolName;
-}
-
 void CuboidcutSelection::initialize()
 {
     showCursor("cursor_cuboidcut");

@@ -16,31 +16,9 @@
 
 namespace Freecut {
 
-Base::Type PolygoncutSelection::classTypeId = Base::Type::badType();
-
-void PolygoncutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
-}
-
-void* PolygoncutSelection::create()
-{
-    return static_cast<BaseClass*>(new PolygoncutSelection);
-}
-
 PolygoncutSelection::~PolygoncutSelection()
 {
     deleteHightLightedLine();
-}
-
-Base::Type PolygoncutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PolygoncutSelection::getClassName() const
-{
-    return toolName;
 }
 
 void PolygoncutSelection::initialize()

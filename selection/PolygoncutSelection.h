@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/HoverLine.h"
 #include "selection/TeethEditing.h"
 #include "selection/VolumeSelection.h"
@@ -12,19 +13,14 @@ class PolygonGraphicObject;
 /// The mouse tool of the polygon cut: clicks draw the outline of a prism in any order, drags move
 /// its corners. In teeth mode a click chooses the edge whose teeth are edited; teeth are slid along
 /// their edge and reshaped by their handles. During a preview it leaves the mouse alone.
-class PolygoncutSelection : public VolumeSelection
+class PolygoncutSelection : public Base::TypeEntry<PolygoncutSelection, VolumeSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::PolygoncutSelection";
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = toolName;
 
     ~PolygoncutSelection() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     void initialize() override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;

@@ -3,33 +3,24 @@
 
 #include "tools/CentredGraphicObject.h"
 #include "tools/CuboidProperty.h"
+#include "tools/ToolTypeEntry.h"
 
 namespace Freecut {
 
 /// A rectangular prism.
-class CuboidGraphicObject : public CentredGraphicObject
+class CuboidGraphicObject : public ToolTypeEntry<CuboidGraphicObject, CentredGraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+    static constexpr char const* typeName = "Freecut::CuboidGraphicObject";
 
     CuboidGraphicObject();
     ~CuboidGraphicObject() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
 
     VolumeProperty& getVolumeProperty() override { return property; }
     CuboidProperty& getProperty() { return property; }
     CuboidProperty const& getProperty() const { return property; }
-
-protected:
-    static Base::PropertyData propertyData;
 
 private:
     CuboidProperty property;

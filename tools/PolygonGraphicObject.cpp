@@ -5,21 +5,6 @@
 
 namespace Freecut {
 
-Base::Type PolygonGraphicObject::classTypeId = Base::Type::badType();
-Base::PropertyData PolygonGraphicObject::propertyData;
-
-void PolygonGraphicObject::init()
-{
-    initSubclass(classTypeId, "Freecut::PolygonGraphicObject", "Freecut::VolumeGraphicObject",
-                 create);
-    propertyData.parent = VolumeGraphicObject::getPropertyDataPtr();
-}
-
-void* PolygonGraphicObject::create()
-{
-    return new PolygonGraphicObject;
-}
-
 PolygonGraphicObject::PolygonGraphicObject()
 {
     property.setContainer(this);
@@ -28,21 +13,6 @@ PolygonGraphicObject::PolygonGraphicObject()
 PolygonGraphicObject::~PolygonGraphicObject()
 {
     PolygonGraphicObject::freeMemory();
-}
-
-Base::Type PolygonGraphicObject::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PolygonGraphicObject::getClassName() const
-{
-    return "Freecut::PolygonGraphicObject";
-}
-
-Base::PropertyData const& PolygonGraphicObject::getPropertyData() const
-{
-    return propertyData;
 }
 
 std::string PolygonGraphicObject::getViewProviderName() const

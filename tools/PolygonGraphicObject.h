@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/PolygonProperty.h"
+#include "tools/ToolTypeEntry.h"
 #include "tools/VolumeGraphicObject.h"
 
 namespace Freecut {
@@ -9,21 +10,14 @@ namespace Freecut {
 class TLabel;
 
 /// A prism over a drawn polygon, whose edges may carry teeth.
-class PolygonGraphicObject : public VolumeGraphicObject
+class PolygonGraphicObject : public ToolTypeEntry<PolygonGraphicObject, VolumeGraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+    static constexpr char const* typeName = "Freecut::PolygonGraphicObject";
 
     PolygonGraphicObject();
     ~PolygonGraphicObject() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
     /// Deletes the labels and the records of the teeth.
     void freeMemory() override;
@@ -38,9 +32,6 @@ public:
     /// One for each vertex, in the same order; the tool owns them.
     std::vector<TLabel*> const& getPointLabels() const { return pointLabels; }
     std::vector<TLabel*>& getPointLabels() { return pointLabels; }
-
-protected:
-    static Base::PropertyData propertyData;
 
 private:
     PolygonProperty property;

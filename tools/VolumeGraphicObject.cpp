@@ -7,38 +7,9 @@
 
 namespace Freecut {
 
-Base::Type VolumeGraphicObject::classTypeId = Base::Type::badType();
-Base::PropertyData VolumeGraphicObject::propertyData;
-
-void VolumeGraphicObject::init()
-{
-    initSubclass(classTypeId, "Freecut::VolumeGraphicObject", "Freecut::GraphicObject", create);
-    propertyData.parent = GraphicObject::getPropertyDataPtr();
-}
-
-void* VolumeGraphicObject::create()
-{
-    return new VolumeGraphicObject;
-}
-
 VolumeGraphicObject::VolumeGraphicObject() = default;
 
 VolumeGraphicObject::~VolumeGraphicObject() = default;
-
-Base::Type VolumeGraphicObject::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string VolumeGraphicObject::getClassName() const
-{
-    return "Freecut::VolumeGraphicObject";
-}
-
-Base::PropertyData const& VolumeGraphicObject::getPropertyData() const
-{
-    return propertyData;
-}
 
 std::string VolumeGraphicObject::getViewProviderName() const
 {

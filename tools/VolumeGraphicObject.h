@@ -3,6 +3,7 @@
 
 #include "platform/document/sigslot.h"
 #include "tools/GraphicObject.h"
+#include "tools/ToolTypeEntry.h"
 
 #include <vector>
 
@@ -14,21 +15,14 @@ namespace Freecut {
 class VolumeProperty;
 
 /// A solid cut tool. Only the classes below are used.
-class VolumeGraphicObject : public GraphicObject
+class VolumeGraphicObject : public ToolTypeEntry<VolumeGraphicObject, GraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+    static constexpr char const* typeName = "Freecut::VolumeGraphicObject";
 
     VolumeGraphicObject();
     ~VolumeGraphicObject() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
 
     /// The tool's parameters. There are none in this class itself, of which no tool is made.
@@ -44,9 +38,6 @@ public:
 
     /// The tool was changed, by whoever edits it.
     sigslot::signal0<sigslot::single_threaded> signalChanged;
-
-protected:
-    static Base::PropertyData propertyData;
 };
 
 }  // namespace Freecut
