@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/mesh/UMesh.h"
 #include "tests/tools/ToothedPolygon.h"
+#include "tools/OutlineCrossings.h"
 #include "tools/PolygonOutline.h"
 #include "tools/PolygonProperty.h"
 #include "tools/PrismMesh.h"
-#include "tools/SelfIntersections.h"
 
 #include <benchmark/benchmark.h>
 

@@ -8,6 +8,7 @@
 #include "cli/ToolReport.h"
 #include "cli/ToolShapes.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/VolumeProperty.h"
 
 #include <CLI/CLI.hpp>
 
@@ -90,13 +91,13 @@ void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions
 }
 
 void describe(Report& head, ToolOptions const& options, ToolScene const& scene,
-              DrawnTool const& tool)
+              Freecut::VolumeGraphicObject& tool)
 {
     head["tool"] = toolReport(scene, tool);
     head["dryRun"] = options.dryRun;
 }
 
-void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
+void printOutlines(Freecut::ToolOutlines const& outlines, Freecut::VolumeGraphicObject& tool)
 {
     auto const print = [](char const* name, Freecut::Loops const& loops) {
         for (Freecut::Ring const& ring : loops)
@@ -106,7 +107,8 @@ void printOutlines(Freecut::ToolOutlines const& outlines, DrawnTool const& tool)
     print("rounded", outlines.roundedLoops);
     print("inner", outlines.innerLoops);
     print("outer", outlines.outerLoops);
-    std::printf("%s mm deep\n", decimal(tool.record->getExtrudeVector().GetLength()).c_str());
+    std::printf("%s mm deep\n",
+                decimal(tool.getVolumeProperty().getExtrudeVector().GetLength()).c_str());
 }
 
 /// Throws as checkReportTarget, and if the report would replace the picture.
@@ -130,7 +132,7 @@ int runTool(ToolOptions const& options)
     CutRun run(options.name(), options);
     return run.perform([&] {
         ToolScene scene(run.document(), options.viewIndex());
-        DrawnTool const tool = options.draw(scene);
+        Freecut::VolumeGraphicObject& tool = *options.draw(scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
         tellChanges(run, outlines, options);

@@ -4,13 +4,14 @@
 #include "cli/WorkerRun.h"
 #include "cutjobs/PolygonCutImp.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/VolumeProperty.h"
 
 namespace {
 
 /// Hands the tool's solids to the worker.
-void giveSolids(PolygonCutImp& worker, DrawnTool const& tool)
+void giveSolids(PolygonCutImp& worker, Freecut::VolumeGraphicObject& tool)
 {
-    bool const useClearance = tool.record->getClearanceEnabled();
+    bool const useClearance = tool.getVolumeProperty().getClearanceEnabled();
     std::vector<UMesh<float>*> const meshes =
         useClearance ? tool.createInandOutMesh() : std::vector{tool.createMesh()};
     bool const isSingle = meshes.size() == 1;
@@ -21,7 +22,8 @@ void giveSolids(PolygonCutImp& worker, DrawnTool const& tool)
 
 }  // namespace
 
-void cutByTool(Mesh::Document& document, CutPart& part, DrawnTool const& tool, bool keepOriginal)
+void cutByTool(Mesh::Document& document, CutPart& part, Freecut::VolumeGraphicObject& tool,
+               bool keepOriginal)
 {
     PolygonCutImp worker(nullptr);
     worker.setObjects({part.object});

@@ -8,4 +8,5 @@
 ///
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled. The document
 ///         is then unchanged
-void cutByTool(Mesh::Document& document, CutPart& part, DrawnTool const& tool, bool keepOriginal);
+void cutByTool(Mesh::Document& document, CutPart& part, Freecut::VolumeGraphicObject& tool,
+               bool keepOriginal);

@@ -3,6 +3,7 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
+#include "tools/ToolLimits.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,9 +13,6 @@ namespace {
 
 std::vector<std::string> const views{"front", "back", "top", "bottom", "left", "right"};
 std::vector<std::string> const directions{"inside", "outside", "both"};
-
-/// The least extent of a tool, and the least clearance.
-constexpr float leastExtent = 0.001f;
 
 int placeOf(std::string const& name, std::vector<std::string> const& names)
 {
@@ -26,9 +24,10 @@ int placeOf(std::string const& name, std::vector<std::string> const& names)
 float parseExtent(std::string const& text, std::string const& option)
 {
     float const extent = parseMillimetres(text, option);
-    if (!(extent >= leastExtent))
-        throw UsageError(option + " must be at least " + decimal(leastExtent) + " mm, but is " +
-                         text + "." + smallLengthAdvice(extent));
+    constexpr auto least = float(Freecut::ToolLimits::leastLength);
+    if (!(extent >= least))
+        throw UsageError(option + " must be at least " + decimal(least) + " mm, but is " + text +
+                         "." + smallLengthAdvice(extent));
     return extent;
 }
 

@@ -20,7 +20,7 @@ public:
     /// The sub-command.
     virtual std::string name() const = 0;
     /// Makes the tool and gives it its shape.
-    virtual DrawnTool draw(ToolScene& scene) const = 0;
+    virtual Freecut::VolumeGraphicObject* draw(ToolScene& scene) const = 0;
 
     // These throw UsageError that says what to change.
     int viewIndex() const;

@@ -102,8 +102,8 @@ void drawLoops(Picture& picture, Loops const& loops, std::string const& name,
 
 }  // namespace
 
-void writeToolPicture(std::string const& file, ToolScene const& scene, DrawnTool const& tool,
-                      std::vector<CutPart> const& parts)
+void writeToolPicture(std::string const& file, ToolScene const& scene,
+                      Freecut::VolumeGraphicObject& tool, std::vector<CutPart> const& parts)
 {
     Picture picture(scene);
     for (CutPart const& part : parts)

@@ -8,5 +8,5 @@
 /// picture in millimetres. A file that exists is replaced.
 ///
 /// throws  Formats::FileError
-void writeToolPicture(std::string const& file, ToolScene const& scene, DrawnTool const& tool,
-                      std::vector<CutPart> const& parts);
+void writeToolPicture(std::string const& file, ToolScene const& scene,
+                      Freecut::VolumeGraphicObject& tool, std::vector<CutPart> const& parts);

@@ -2,6 +2,7 @@
 #include "cli/ToolReport.h"
 
 #include "cli/Numbers.h"
+#include "tools/VolumeProperty.h"
 
 #include <algorithm>
 
@@ -25,11 +26,11 @@ Report loopsReport(ToolScene const& scene, Freecut::Loops const& loops)
 
 }  // namespace
 
-Report toolReport(ToolScene const& scene, DrawnTool const& tool)
+Report toolReport(ToolScene const& scene, Freecut::VolumeGraphicObject& tool)
 {
     Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
-    UVector3<float> const extrudeVector = tool.record->getExtrudeVector();
-    float const top = tool.record->getKeyPoints().front()[scene.axis()];
+    UVector3<float> const extrudeVector = tool.getVolumeProperty().getExtrudeVector();
+    float const top = tool.getVolumeProperty().getKeyPoints().front()[scene.axis()];
     float const bottom = top - extrudeVector[scene.axis()];
     Report report;
     report["depth"] = tidy(extrudeVector.GetLength());

@@ -6,4 +6,4 @@
 
 /// The tool: its outlines in the free coordinates of the view, each point once, and how far it
 /// reaches along the view.
-Report toolReport(ToolScene const& scene, DrawnTool const& tool);
+Report toolReport(ToolScene const& scene, Freecut::VolumeGraphicObject& tool);

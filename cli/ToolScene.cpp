@@ -5,6 +5,7 @@
 #include "display/VolumeViewProvider.h"
 #include "platform/document/MeshDocument.h"
 #include "tools/VolumeOutline.h"
+#include "tools/VolumeProperty.h"
 
 ToolScene::ToolScene(Mesh::Document& document, int viewIndex)
     : m_document(document), m_viewIndex(viewIndex)
@@ -25,13 +26,14 @@ int ToolScene::axis() const
     return axes[m_viewIndex / 2];
 }
 
-void ToolScene::place(DrawnTool const& drawn, std::vector<UPoint2<float>> const& points)
+void ToolScene::place(Freecut::VolumeGraphicObject& tool, std::vector<UPoint2<float>> const& points)
 {
-    drawn.record->updateDepth();
-    drawn.record->rememberView();
+    Freecut::VolumeProperty& record = tool.getVolumeProperty();
+    record.updateDepth();
+    record.rememberView();
     for (UPoint2<float> const& point : points)
-        drawn.record->getKeyPoints().push_back(pointOfTool(point, drawn.record->getSketchDepth()));
-    m_document.addObject(drawn.object, "tool", false);
+        record.getKeyPoints().push_back(pointOfTool(point, record.getSketchDepth()));
+    m_document.addObject(&tool, "tool", false);
 }
 
 UPoint3<float> ToolScene::pointOfTool(UPoint2<float> const& free, float sketchDepth) const
@@ -45,10 +47,10 @@ UPoint3<float> ToolScene::pointOfTool(UPoint2<float> const& free, float sketchDe
     return point;
 }
 
-Freecut::ToolOutlines const& ToolScene::outlinesOf(DrawnTool const& tool) const
+Freecut::ToolOutlines const& ToolScene::outlinesOf(Freecut::VolumeGraphicObject& tool) const
 {
     auto const* const provider =
-        static_cast<Freecut::VolumeViewProvider*>(m_document.getViewProvider(tool.object));
+        static_cast<Freecut::VolumeViewProvider*>(m_document.getViewProvider(&tool));
     return provider->getOutline()->outlines();
 }
 

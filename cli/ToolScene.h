@@ -1,29 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/mesh/UMesh.h"
 #include "platform/view/MeshGLView.h"
 #include "tools/ToolOutlines.h"
-#include "tools/VolumeProperty.h"
+#include "tools/VolumeGraphicObject.h"
 
-#include <functional>
 #include <vector>
 
-namespace Base {
-class DocumentObject;
-}
 namespace Mesh {
 class Document;
 }
-
-/// A solid tool in a document, and how its solids are made.
-struct DrawnTool
-{
-    Base::DocumentObject* object = nullptr;
-    Freecut::VolumeProperty* record = nullptr;
-    std::function<UMesh<float>*()> createMesh;
-    std::function<std::vector<UMesh<float>*>()> createInandOutMesh;
-};
 
 /// A view of a document that is never shown, in which a tool is drawn.
 ///
@@ -42,17 +28,15 @@ public:
 
     /// Adds a tool whose first key points are given; its outlines are still to be derived.
     template <typename Tool>
-    Tool* add(std::vector<UPoint2<float>> const& points, DrawnTool& drawn)
+    Tool* add(std::vector<UPoint2<float>> const& points)
     {
         auto* const tool = new Tool;
-        drawn = {tool, &tool->getProperty(), [tool] { return tool->createMesh(); },
-                 [tool] { return tool->createInandOutMesh(); }};
-        place(drawn, points);
+        place(*tool, points);
         return tool;
     }
 
     /// What the view has derived for the tool.
-    Freecut::ToolOutlines const& outlinesOf(DrawnTool const& tool) const;
+    Freecut::ToolOutlines const& outlinesOf(Freecut::VolumeGraphicObject& tool) const;
 
     /// The free coordinates of a world point.
     UPoint2<float> freeCoordinates(UPoint3<float> const& world) const;
@@ -62,7 +46,7 @@ public:
     UVector3<float> direction() const { return m_view.getViewDirection(); }
 
 private:
-    void place(DrawnTool const& drawn, std::vector<UPoint2<float>> const& points);
+    void place(Freecut::VolumeGraphicObject& tool, std::vector<UPoint2<float>> const& points);
     UPoint3<float> pointOfTool(UPoint2<float> const& free, float sketchDepth) const;
 
     Mesh::Document& m_document;

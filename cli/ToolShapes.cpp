@@ -6,6 +6,7 @@
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
+#include "tools/ToolLimits.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,9 +16,7 @@
 
 namespace {
 
-/// Opacity of a preview, on a scale to 255; nothing is shown here.
-constexpr unsigned fillAlpha = 178;
-constexpr float largestAngle = 360;
+namespace Limits = Freecut::ToolLimits;
 
 void addRound(CLI::App& command, std::string& text)
 {
@@ -36,7 +35,7 @@ float roundRadius(std::string const& text)
 
 float checkedAngle(std::optional<float> angle, std::string const& option, std::string const& text)
 {
-    if (!angle || std::abs(*angle) > largestAngle)
+    if (!angle || std::abs(*angle) > float(Limits::largestAngle))
         throw UsageError(option + " takes an angle from -360 to 360 degrees, but got \"" + text +
                          "\".");
     return *angle;
@@ -74,14 +73,13 @@ void PolygonOptions::check() const
     roundRadius(m_round);
 }
 
-DrawnTool PolygonOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* PolygonOptions::draw(ToolScene& scene) const
 {
-    DrawnTool drawn;
-    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(points(), drawn);
+    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(points());
     tool->getProperty().setShapeParameters(hasClearance(), direction(), clearance(), hasCutTill(),
-                                           cutTill(), fillAlpha, !m_round.empty(),
+                                           cutTill(), Limits::fillAlpha, !m_round.empty(),
                                            roundRadius(m_round), false, scene.viewIndex());
-    return drawn;
+    return tool;
 }
 
 void CylinderOptions::addShape(CLI::App& command)
@@ -104,7 +102,8 @@ CylinderOptions::Notch CylinderOptions::notch() const
     if (m_notch.empty())
         return {};
     std::vector<float> const numbers = parseNumbers(m_notch);
-    if (numbers.size() != 3 || numbers[0] < 0.001f || numbers[1] < 0.001f)
+    constexpr auto least = float(Limits::leastLength);
+    if (numbers.size() != 3 || numbers[0] < least || numbers[1] < least)
         throw UsageError(
             "--notch takes width and length, 0.001 mm or more, and an angle, such as 2,2,90, but "
             "got \"" +
@@ -114,7 +113,8 @@ CylinderOptions::Notch CylinderOptions::notch() const
 
 float CylinderOptions::tolerance() const
 {
-    return m_tolerance.empty() ? 0.025f : parseExtent(m_tolerance, "--tolerance");
+    return m_tolerance.empty() ? float(Limits::circleTolerance)
+                               : parseExtent(m_tolerance, "--tolerance");
 }
 
 std::string CylinderOptions::changeByTolerance() const
@@ -134,17 +134,16 @@ void CylinderOptions::check() const
     notch();
 }
 
-DrawnTool CylinderOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CylinderOptions::draw(ToolScene& scene) const
 {
-    DrawnTool drawn;
     auto* const tool =
-        scene.add<Freecut::CylinderGraphicObject>({parsePoint(m_center, "--center")}, drawn);
+        scene.add<Freecut::CylinderGraphicObject>({parsePoint(m_center, "--center")});
     Notch const key = notch();
     tool->getProperty().setShapeParameters(hasClearance(), direction(), clearance(), hasCutTill(),
-                                           cutTill(), fillAlpha, false, scene.viewIndex(),
+                                           cutTill(), Limits::fillAlpha, false, scene.viewIndex(),
                                            parseExtent(m_radius, "--radius"), key.isUsed, key.width,
                                            key.length, key.angle, tolerance());
-    return drawn;
+    return tool;
 }
 
 void CuboidOptions::addShape(CLI::App& command)
@@ -176,14 +175,12 @@ void CuboidOptions::check() const
     roundRadius(m_round);
 }
 
-DrawnTool CuboidOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CuboidOptions::draw(ToolScene& scene) const
 {
-    DrawnTool drawn;
-    auto* const tool =
-        scene.add<Freecut::CuboidGraphicObject>({parsePoint(m_center, "--center")}, drawn);
+    auto* const tool = scene.add<Freecut::CuboidGraphicObject>({parsePoint(m_center, "--center")});
     tool->getProperty().setCuboidParameters(
-        hasClearance(), direction(), clearance(), hasCutTill(), cutTill(), fillAlpha,
+        hasClearance(), direction(), clearance(), hasCutTill(), cutTill(), Limits::fillAlpha,
         !m_round.empty(), roundRadius(m_round), false, scene.viewIndex(),
         parseExtent(m_width, "--width"), parseExtent(m_length, "--length"), angleRadians());
-    return drawn;
+    return tool;
 }

@@ -8,7 +8,7 @@ class PolygonOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "polygon"; }
-    DrawnTool draw(ToolScene& scene) const override;
+    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
     void check() const override;
 
 protected:
@@ -27,7 +27,7 @@ class CylinderOptions : public ToolOptions
 public:
     std::string name() const override { return "cylinder"; }
     std::string changeByTolerance() const override;
-    DrawnTool draw(ToolScene& scene) const override;
+    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
     void check() const override;
 
 protected:
@@ -55,7 +55,7 @@ class CuboidOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "cuboid"; }
-    DrawnTool draw(ToolScene& scene) const override;
+    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
     void check() const override;
 
 protected:

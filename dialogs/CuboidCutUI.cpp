@@ -2,12 +2,12 @@
 #include "dialogs/CuboidCutUI.h"
 
 #include "dialogs/SolidFields.h"
-#include "dialogs/ToolFill.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
 #include "selection/RunningTool.h"
 #include "selection/SolidValues.h"
 #include "tools/CuboidGraphicObject.h"
+#include "tools/ToolLimits.h"
 
 #include <QCheckBox>
 #include <QSignalBlocker>
@@ -66,7 +66,7 @@ void CuboidCutUI::write(VolumeGraphicObject& tool, SharedToolValues const& share
         m_width->setValue(size);
     }
     record.setCuboidParameters(isClearanceOn(), clearanceDirection(), clearance(),
-                               shared.isCutTillEnabled, shared.cutTill, toolFillAlpha,
+                               shared.isCutTillEnabled, shared.cutTill, ToolLimits::fillAlpha,
                                m_roundCorners->isChecked(), float(m_cornerRadius->value()),
                                shared.showsCoordinate, shared.viewIndex, float(m_width->value()),
                                float(m_length->value()), float(m_angle->value()) * pi / 180);
@@ -101,16 +101,6 @@ void CuboidCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) c
 {
     if (auto* const selection = runningTool<CuboidcutSelection>(view))
         selection->addPointOfCuboidCut(eyePoint);
-}
-
-std::vector<UMesh<float>*> CuboidCutUI::inAndOut(VolumeGraphicObject& tool) const
-{
-    return cuboidOf(tool).createInandOutMesh();
-}
-
-UMesh<float>* CuboidCutUI::nominal(VolumeGraphicObject& tool) const
-{
-    return cuboidOf(tool).createMesh();
 }
 
 }  // namespace Freecut

@@ -2,12 +2,12 @@
 #include "dialogs/CylinderCutUI.h"
 
 #include "dialogs/SolidFields.h"
-#include "dialogs/ToolFill.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CylindercutSelection.h"
 #include "selection/RunningTool.h"
 #include "selection/SolidValues.h"
 #include "tools/CylinderGraphicObject.h"
+#include "tools/ToolLimits.h"
 
 #include <QCheckBox>
 #include <QSignalBlocker>
@@ -31,7 +31,7 @@ CylinderCutUI::CylinderCutUI(DialogPolygoncut& polygonDialog, QWidget* parent)
     m_radius =
         addRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Radius"), SolidFields::makeLength(this, 5.0));
     m_tolerance = addRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Tolerance"),
-                         SolidFields::makeLength(this, 0.025));
+                         SolidFields::makeLength(this, ToolLimits::circleTolerance));
     m_useNotch = new QCheckBox(this);
     texts().addText(m_useNotch, "DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Use Notch"));
     addWidget(m_useNotch);
@@ -70,7 +70,7 @@ void CylinderCutUI::write(VolumeGraphicObject& tool, SharedToolValues const& sha
         m_radius->setValue(double(suitableSize() * shareOfScene));
     record.setShapeParameters(
         isClearanceOn(), clearanceDirection(), clearance(), shared.isCutTillEnabled, shared.cutTill,
-        toolFillAlpha, shared.showsCoordinate, shared.viewIndex, float(m_radius->value()),
+        ToolLimits::fillAlpha, shared.showsCoordinate, shared.viewIndex, float(m_radius->value()),
         m_useNotch->isChecked(), float(m_notchWidth->value()), float(m_notchLength->value()),
         float(m_notchAngle->value()), float(m_tolerance->value()));
 }
@@ -105,16 +105,6 @@ void CylinderCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint)
 {
     if (auto* const selection = runningTool<CylindercutSelection>(view))
         selection->addPointOfCylinderCut(eyePoint);
-}
-
-std::vector<UMesh<float>*> CylinderCutUI::inAndOut(VolumeGraphicObject& tool) const
-{
-    return cylinderOf(tool).createInandOutMesh();
-}
-
-UMesh<float>* CylinderCutUI::nominal(VolumeGraphicObject& tool) const
-{
-    return cylinderOf(tool).createMesh();
 }
 
 }  // namespace Freecut

@@ -21,8 +21,6 @@ public:
     void showValues(SolidValues const& values) override;
     void movePoint(Base::GLView* view, UPoint3<float> const& to) const override;
     void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const override;
-    std::vector<UMesh<float>*> inAndOut(VolumeGraphicObject& tool) const override;
-    UMesh<float>* nominal(VolumeGraphicObject& tool) const override;
 
 protected:
     void followChecks() override;

@@ -19,6 +19,7 @@
 #include "selection/EditHistory.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
+#include "selection/TeethLayout.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
 
@@ -37,7 +38,6 @@ constexpr std::array<char const*, 3> pictureFiles = {
     ":/icons/icons/cut_jagged.png", ":/icons/icons/cut_dove.png", ":/icons/icons/cut_puzzle.png"};
 constexpr double pictureWidth = 25.34;
 constexpr double pictureHeight = 9.917;
-constexpr int mostTeethByCount = 9999;
 
 }  // namespace
 
@@ -162,7 +162,7 @@ QWidget* DialogAddTeethUI::buildMethod()
     m_byCount = new QRadioButton(content);
     m_texts.addText(m_byCount, context, QT_TRANSLATE_NOOP("DialogFreeCut", "Count"));
     m_count = new MellSpinBox(content);
-    m_count->setRange(1, mostTeethByCount);
+    m_count->setRange(1, mostTeeth);
     m_count->setValue(4);
     m_byDistance = new QRadioButton(content);
     m_texts.addText(m_byDistance, context, QT_TRANSLATE_NOOP("DialogFreeCut", "Distance"), "(D)");

@@ -478,8 +478,8 @@ void DialogPolygoncut::execute()
         return;
     std::vector<UMesh<float>*> meshes;
     if (page().isClearanceOn())
-        meshes = page().inAndOut(*tool);
-    else if (UMesh<float>* const mesh = page().nominal(*tool))
+        meshes = tool->createInandOutMesh();
+    else if (UMesh<float>* const mesh = tool->createMesh())
         meshes = {mesh};
     if (!handOver(meshes)) {
         QString const problem = problemOfTool();

@@ -4,7 +4,6 @@
 #include "dialogs/DialogAddTeethUI.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
-#include "dialogs/ToolFill.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/view/GLView.h"
@@ -14,6 +13,7 @@
 #include "selection/SolidValues.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
+#include "tools/ToolLimits.h"
 #include "tools/ViewAxes.h"
 
 #include <QCheckBox>
@@ -67,7 +67,7 @@ void PolygonCutUI::write(VolumeGraphicObject& tool, SharedToolValues const& shar
 {
     polygonOf(tool).getProperty().setShapeParameters(
         isClearanceOn(), clearanceDirection(), clearance(), shared.isCutTillEnabled, shared.cutTill,
-        toolFillAlpha, m_roundCorners->isChecked(), float(m_cornerRadius->value()),
+        ToolLimits::fillAlpha, m_roundCorners->isChecked(), float(m_cornerRadius->value()),
         shared.showsCoordinate, shared.viewIndex);
 }
 
@@ -162,16 +162,6 @@ void PolygonCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) 
 {
     if (auto* const selection = runningTool<PolygoncutSelection>(view))
         selection->addPointOfPolygonCut(eyePoint);
-}
-
-std::vector<UMesh<float>*> PolygonCutUI::inAndOut(VolumeGraphicObject& tool) const
-{
-    return polygonOf(tool).createInandOutMesh();
-}
-
-UMesh<float>* PolygonCutUI::nominal(VolumeGraphicObject& tool) const
-{
-    return polygonOf(tool).createMesh();
 }
 
 }  // namespace Freecut

@@ -32,8 +32,6 @@ public:
                                              bool showsCoordinate) const override;
     void movePoint(Base::GLView* view, UPoint3<float> const& to) const override;
     void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const override;
-    std::vector<UMesh<float>*> inAndOut(VolumeGraphicObject& tool) const override;
-    UMesh<float>* nominal(VolumeGraphicObject& tool) const override;
 
     /// The window for teeth; null before it was opened.
     DialogAddTeethUI* teethDialog() const { return m_teeth; }

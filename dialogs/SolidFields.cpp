@@ -3,6 +3,7 @@
 
 #include "dialogs/NumberPattern.h"
 #include "platform/ui/MellQuantitySpinBox.h"
+#include "tools/ToolLimits.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -11,8 +12,6 @@
 namespace Freecut::SolidFields {
 
 namespace {
-
-constexpr double fullTurn = 360;
 
 MellQuantitySpinBox* makeField(QWidget* parent, Base::Unit const& unit, double least, double most)
 {
@@ -29,7 +28,8 @@ MellQuantitySpinBox* makeField(QWidget* parent, Base::Unit const& unit, double l
 
 MellQuantitySpinBox* makeLength(QWidget* parent, double initial)
 {
-    MellQuantitySpinBox* const field = makeField(parent, Base::Unit::length, leastLength, farthest);
+    MellQuantitySpinBox* const field =
+        makeField(parent, Base::Unit::length, ToolLimits::leastLength, farthest);
     field->lineEdit()->setValidator(NumberPattern::makeUnsigned(field));
     field->setValue(initial);
     return field;
@@ -52,7 +52,7 @@ MellQuantitySpinBox* makeCoordinate(QWidget* parent)
 
 MellQuantitySpinBox* makeAngle(QWidget* parent)
 {
-    return makeField(parent, Base::Unit::none, -fullTurn, fullTurn);
+    return makeField(parent, Base::Unit::none, -ToolLimits::largestAngle, ToolLimits::largestAngle);
 }
 
 void followCheck(QCheckBox* box, QWidget* field)

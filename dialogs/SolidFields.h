@@ -9,7 +9,6 @@ class QWidget;
 namespace Freecut::SolidFields {
 
 constexpr double farthest = 1e7;
-constexpr double leastLength = 0.001;
 
 /// A length that may not vanish.
 MellQuantitySpinBox* makeLength(QWidget* parent, double initial);

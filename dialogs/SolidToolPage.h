@@ -8,15 +8,12 @@
 
 #include <functional>
 #include <optional>
-#include <vector>
 
 class MellQuantitySpinBox;
 class QButtonGroup;
 class QCheckBox;
 class QGridLayout;
 class QLabel;
-template <typename T>
-class UMesh;
 
 namespace Base {
 class GLView;
@@ -74,11 +71,6 @@ public:
 
     virtual void movePoint(Base::GLView* view, UPoint3<float> const& to) const = 0;
     virtual void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const = 0;
-
-    // The solids to cut with; the caller owns them.
-
-    virtual std::vector<UMesh<float>*> inAndOut(VolumeGraphicObject& tool) const = 0;
-    virtual UMesh<float>* nominal(VolumeGraphicObject& tool) const = 0;
 
     bool isClearanceOn() const;
     void retranslate() const { m_texts.retranslate(); }

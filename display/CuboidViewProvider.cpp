@@ -6,28 +6,6 @@
 
 namespace Freecut {
 
-Base::Type CuboidViewProvider::classTypeId = Base::Type::badType();
-
-void CuboidViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::CuboidViewProvider", "Freecut::VolumeViewProvider", create);
-}
-
-void* CuboidViewProvider::create()
-{
-    return new CuboidViewProvider;
-}
-
-Base::Type CuboidViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CuboidViewProvider::getClassName() const
-{
-    return "Freecut::CuboidViewProvider";
-}
-
 void CuboidViewProvider::initGL()
 {
     initSolidGL();
@@ -66,10 +44,7 @@ std::vector<LineRun> CuboidViewProvider::faces33() const
 
 std::vector<LabelledPoint> CuboidViewProvider::labels() const
 {
-    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
-    if (points.empty())
-        return {};
-    return {{tool()->getLabel(), points[0]}};
+    return labelAtCentre(*tool());
 }
 
 }  // namespace Freecut

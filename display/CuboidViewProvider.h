@@ -2,22 +2,17 @@
 #pragma once
 
 #include "display/VolumeViewProvider.h"
+#include "platform/document/TypeEntry.h"
 
 namespace Freecut {
 
 class CuboidGraphicObject;
 
 /// Shows a cuboid tool, with a handle on each corner.
-class CuboidViewProvider : public VolumeViewProvider
+class CuboidViewProvider : public Base::TypeEntry<CuboidViewProvider, VolumeViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
+    static constexpr char const* typeName = "Freecut::CuboidViewProvider";
 
     void initGL() override;
     void paintGL() override;

@@ -8,29 +8,6 @@
 
 namespace Freecut {
 
-Base::Type CylinderViewProvider::classTypeId = Base::Type::badType();
-
-void CylinderViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::CylinderViewProvider", "Freecut::VolumeViewProvider",
-                 create);
-}
-
-void* CylinderViewProvider::create()
-{
-    return new CylinderViewProvider;
-}
-
-Base::Type CylinderViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CylinderViewProvider::getClassName() const
-{
-    return "Freecut::CylinderViewProvider";
-}
-
 void CylinderViewProvider::initGL()
 {
     initSolidGL();
@@ -68,10 +45,7 @@ LinePicture CylinderViewProvider::linePicture() const
 
 std::vector<LabelledPoint> CylinderViewProvider::labels() const
 {
-    std::vector<UPoint3<float>> const& points = tool()->getProperty().getKeyPoints();
-    if (points.empty())
-        return {};
-    return {{tool()->getLabel(), points[0]}};
+    return labelAtCentre(*tool());
 }
 
 }  // namespace Freecut

@@ -2,22 +2,17 @@
 #pragma once
 
 #include "display/VolumeViewProvider.h"
+#include "platform/document/TypeEntry.h"
 
 namespace Freecut {
 
 class CylinderGraphicObject;
 
 /// Shows a cylinder tool, with a handle on the centre, and on the notch if there is one.
-class CylinderViewProvider : public VolumeViewProvider
+class CylinderViewProvider : public Base::TypeEntry<CylinderViewProvider, VolumeViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
+    static constexpr char const* typeName = "Freecut::CylinderViewProvider";
 
     void initGL() override;
     void paintGL() override;

@@ -5,23 +5,9 @@
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
-#include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
-
-Base::Type GLGraphicsItem::classTypeId = Base::Type::badType();
-
-void GLGraphicsItem::init()
-{
-    initSubclass(classTypeId, "Freecut::GLGraphicsItem", "Base::GLGraphicsItem", create);
-}
-
-void* GLGraphicsItem::create()
-{
-    return nullptr;
-}
 
 GLGraphicsItem::GLGraphicsItem(Base::GLView* view) : viewer(view) {}
 
@@ -29,16 +15,6 @@ GLGraphicsItem::~GLGraphicsItem()
 {
     if (makeContextCurrent(viewer))
         g_OPENGL_3_3 ? releaseShader_GL_3_3() : releaseShader_GL_2_1();
-}
-
-Base::Type GLGraphicsItem::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string GLGraphicsItem::getClassName() const
-{
-    return "Freecut::GLGraphicsItem";
 }
 
 void GLGraphicsItem::setColor(float red, float green, float blue, float alpha)
@@ -62,10 +38,7 @@ void GLGraphicsItem::initShader_GL_2_1()
 
 void GLGraphicsItem::initShader_GL_3_3()
 {
-    vao = new QOpenGLVertexArrayObject;
-    vao->create();
-    buffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-    buffer->create();
+    makeBuffers33(vao, buffer);
     program = new QOpenGLShaderProgram;
     linkProgram(*program, lineShaderSource33);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/LineDrawing.h"
+#include "platform/document/TypeEntry.h"
 #include "platform/view/GLGraphicsItem.h"
 
 #include <span>
@@ -11,23 +12,18 @@ namespace Freecut {
 
 /// A mark that a mouse tool draws over the view: it has one colour, is hidden by no part, and is
 /// uploaded anew with each picture. The tool that makes it adds it to the view and takes it out.
-class GLGraphicsItem : public Base::GLGraphicsItem
+class GLGraphicsItem : public Base::TypeEntry<GLGraphicsItem, Base::GLGraphicsItem>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    /// Not called by the module: items are made with new and never looked up by name.
-    static void init();
+    /// Not entered by the module: items are made with new and never looked up by name.
+    static constexpr char const* typeName = "Freecut::GLGraphicsItem";
     /// Null.
-    static void* create();
+    static void* create() { return nullptr; }
 
     explicit GLGraphicsItem(Base::GLView* view = nullptr);
     ~GLGraphicsItem() override;
     GLGraphicsItem(GLGraphicsItem const&) = delete;
     GLGraphicsItem& operator=(GLGraphicsItem const&) = delete;
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
 
     /// The view, borrowed.
     void setViewer(Base::GLView* view) { viewer = view; }

@@ -6,9 +6,7 @@
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
-#include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -27,18 +25,6 @@ std::vector<LineRun> runsOfQuads(int first, int count)
 
 }  // namespace
 
-Base::Type GraphicViewProvider::classTypeId = Base::Type::badType();
-
-void GraphicViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::GraphicViewProvider", "Base::GraphicViewProvider", create);
-}
-
-void* GraphicViewProvider::create()
-{
-    return nullptr;
-}
-
 GraphicViewProvider::~GraphicViewProvider()
 {
     if (makeContextCurrent(m_view)) {
@@ -49,26 +35,13 @@ GraphicViewProvider::~GraphicViewProvider()
     delete markerShader;
 }
 
-Base::Type GraphicViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string GraphicViewProvider::getClassName() const
-{
-    return "Freecut::GraphicViewProvider";
-}
-
 void GraphicViewProvider::initGL()
 {
     if (!makeContextCurrent(m_view) || !hasLineFunctions(*m_view))
         return;
     markerShader = new QOpenGLShaderProgram;
     if (g_OPENGL_3_3) {
-        markerVao = new QOpenGLVertexArrayObject;
-        markerVao->create();
-        markerBuffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-        markerBuffer->create();
+        makeBuffers33(markerVao, markerBuffer);
     } else {
         markerVbo = makeVertexBuffer21(*m_view);
     }

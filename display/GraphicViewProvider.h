@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/LineDrawing.h"
+#include "platform/document/TypeEntry.h"
 #include "platform/geometry/UPoint3.h"
 #include "platform/view/GraphicViewProvider.h"
 
@@ -11,18 +12,14 @@ namespace Freecut {
 
 /// Shows a cut tool, and the handles by which it is dragged. Owns what the tool has on the device;
 /// what is needed there is made in initGL, and freed with the view's context current.
-class GraphicViewProvider : public Base::GraphicViewProvider
+class GraphicViewProvider : public Base::TypeEntry<GraphicViewProvider, Base::GraphicViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
+    static constexpr char const* typeName = "Freecut::GraphicViewProvider";
     /// Null: only the classes below are made.
-    static void* create();
+    static void* create() { return nullptr; }
 
     ~GraphicViewProvider() override;
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
 
     void initGL() override;
     void paintGL() override;

@@ -15,17 +15,54 @@ namespace Freecut {
 
 namespace {
 
-void setUniforms(Base::GLView const& view, QOpenGLShaderProgram& program, Color255 const& color)
+QVector4D unitColor(Color255 const& color)
+{
+    auto const unit = [&](int i) { return float(color[i] / 255.0); };
+    return {unit(0), unit(1), unit(2), unit(3)};
+}
+
+void setLight21(GLCamera const& camera, QOpenGLShaderProgram& program, QVector4D const& color)
+{
+    program.setUniformValue("nmv", camera.getModelViewMatrix().normalMatrix());
+    program.setUniformValue("selectedcolor", color);
+}
+
+void setLight33(GLCamera const& camera, QOpenGLShaderProgram& program, QVector4D const& color)
+{
+    UPoint3<float> const eye = camera.get_eye();
+    program.setUniformValue("mv", camera.getModelViewMatrix());
+    program.setUniformValue("eyeposition", QVector3D(eye.X(), eye.Y(), eye.Z()));
+    program.setUniformValue("ifselect", 1);
+    program.setUniformValue("constcolor", color);
+}
+
+void setUniforms(Base::GLView const& view, QOpenGLShaderProgram& program, LineLook const& look)
 {
     GLCamera const& camera = *view.getCamera();
+    QVector4D const color = unitColor(look.color);
     program.setUniformValue("mvp", camera.getProjectionMatrix() * camera.getModelViewMatrix());
-    auto const unit = [&](int i) { return float(color[i] / 255.0); };
-    program.setUniformValue("clr", QVector4D(unit(0), unit(1), unit(2), unit(3)));
+    if (!look.isLit)
+        program.setUniformValue("clr", color);
+    else
+        (g_OPENGL_3_3 ? setLight33 : setLight21)(camera, program, color);
 }
 
 template <typename Functions>
-void drawRuns(Functions& gl, std::span<LineRun const> runs)
+void setPushedBack(Functions& gl, bool isOn)
 {
+    if (!isOn) {
+        gl.glDisable(GL_POLYGON_OFFSET_FILL);
+        return;
+    }
+    gl.glPolygonOffset(1.0, 2.0);
+    gl.glEnable(GL_POLYGON_OFFSET_FILL);
+}
+
+template <typename Functions>
+void drawRuns(Functions& gl, LineLook const& look, std::span<LineRun const> runs)
+{
+    if (look.isLit)
+        setPushedBack(gl, true);
     for (LineRun const& run : runs) {
         if (run.isBlended) {
             gl.glEnable(GL_BLEND);
@@ -35,6 +72,8 @@ void drawRuns(Functions& gl, std::span<LineRun const> runs)
         if (run.isBlended)
             gl.glDisable(GL_BLEND);
     }
+    if (look.isLit)
+        setPushedBack(gl, false);
 }
 
 template <typename Functions>
@@ -74,6 +113,14 @@ void deleteVertexBuffer21(Base::GLView& view, unsigned& vbo)
     vbo = 0;
 }
 
+void makeBuffers33(QOpenGLVertexArrayObject*& vao, QOpenGLBuffer*& buffer)
+{
+    vao = new QOpenGLVertexArrayObject;
+    vao->create();
+    buffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
+    buffer->create();
+}
+
 void deleteBuffers33(QOpenGLVertexArrayObject*& vao, QOpenGLBuffer*& buffer)
 {
     if (vao)
@@ -107,6 +154,18 @@ void uploadVertices(Base::GLView& view, LineBuffers const& buffers,
     }
 }
 
+void uploadNormals21(Base::GLView& view, LineBuffers const& buffers,
+                     std::vector<float> const& normals)
+{
+    auto* const gl = functionsOf<QOpenGLFunctions_2_1>(view);
+    if (!gl)
+        return;
+    gl->glBindBuffer(GL_ARRAY_BUFFER, buffers.normalVbo);
+    gl->glBufferData(GL_ARRAY_BUFFER, GLsizeiptr(normals.size() * sizeof(float)), normals.data(),
+                     GL_DYNAMIC_DRAW);
+    gl->glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
 void drawLines21(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderProgram& program,
                  LineLook const& look, std::span<LineRun const> runs)
 {
@@ -116,16 +175,22 @@ void drawLines21(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderPr
     gl->glEnableClientState(GL_VERTEX_ARRAY);
     gl->glBindBuffer(GL_ARRAY_BUFFER, buffers.vbo);
     gl->glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    if (look.isLit) {
+        gl->glEnableClientState(GL_NORMAL_ARRAY);
+        gl->glBindBuffer(GL_ARRAY_BUFFER, buffers.normalVbo);
+        gl->glNormalPointer(GL_FLOAT, 0, nullptr);
+    }
     program.bind();
-    setUniforms(view, program, look.color);
+    setUniforms(view, program, look);
     setDepthTest(*gl, !look.isOverAll);
     if (look.isSmooth)
         gl->glEnable(GL_MULTISAMPLE);
 
-    drawRuns(*gl, runs);
+    drawRuns(*gl, look, runs);
 
     setDepthTest(*gl, !look.leavesDepthTestOff);
     gl->glBindBuffer(GL_ARRAY_BUFFER, 0);
+    gl->glDisableClientState(GL_NORMAL_ARRAY);
     gl->glDisableClientState(GL_VERTEX_ARRAY);
     program.release();
     gl->glDisable(GL_MULTISAMPLE);
@@ -142,10 +207,10 @@ void drawLines33(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderPr
     buffers.buffer->bind();
     program.setAttributeBuffer(0, GL_FLOAT, 0, 3);
     program.enableAttributeArray(0);
-    setUniforms(view, program, look.color);
+    setUniforms(view, program, look);
     setDepthTest(*gl, !look.isOverAll);
 
-    drawRuns(*gl, runs);
+    drawRuns(*gl, look, runs);
 
     gl->glEnable(GL_DEPTH_TEST);
     program.disableAttributeArray(0);

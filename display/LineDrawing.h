@@ -15,8 +15,8 @@ namespace Base {
 class GLView;
 }
 
-/// How tools and marks draw points, lines and areas in one colour: what they draw is said once, as
-/// runs of vertices; how it is drawn is written here, once for each version of OpenGL.
+/// How tools and marks draw points, lines, areas and the faces of solids in one colour: what they draw
+/// is said once, as runs of vertices; how it is drawn is written here, once for each version of OpenGL.
 ///
 /// thread  the user interface thread
 namespace Freecut {
@@ -24,11 +24,13 @@ namespace Freecut {
 /// Four components on a scale to 255: red, green, blue, alpha.
 using Color255 = std::array<float, 4>;
 
-/// Vertices on the device, three floats each, as the owner keeps them. By OpenGL 2.1 only vbo is
-/// used, by 3.3 only vao and buffer. Borrowed.
+/// Vertices on the device, three floats each, as the owner keeps them. By OpenGL 2.1 only the names
+/// are used, by 3.3 only vao and buffer. Borrowed.
 struct LineBuffers
 {
     unsigned vbo = 0;
+    /// Of the vertices' normals, where faces are drawn.
+    unsigned normalVbo = 0;
     QOpenGLVertexArrayObject* vao = nullptr;
     QOpenGLBuffer* buffer = nullptr;
 };
@@ -52,6 +54,9 @@ struct LineLook
     bool isSmooth = false;
     /// By OpenGL 2.1: the depth test stays off after drawing over the parts.
     bool leavesDepthTestOff = false;
+    /// Faces with light on them, pushed back a little so that the outlines on them show. By OpenGL 2.1
+    /// they need normals; the program of 3.3 finds them by itself.
+    bool isLit = false;
 };
 
 /// Makes the view's context current; false if it has none yet, or none any more.
@@ -64,10 +69,15 @@ bool hasLineFunctions(Base::GLView& view);
 /// A buffer name of OpenGL 2.1.
 unsigned makeVertexBuffer21(Base::GLView& view);
 void deleteVertexBuffer21(Base::GLView& view, unsigned& vbo);
+/// What OpenGL 3.3 needs.
+void makeBuffers33(QOpenGLVertexArrayObject*& vao, QOpenGLBuffer*& buffer);
 void deleteBuffers33(QOpenGLVertexArrayObject*& vao, QOpenGLBuffer*& buffer);
 
 void uploadVertices(Base::GLView& view, LineBuffers const& buffers,
                     std::vector<float> const& vertices);
+/// By OpenGL 2.1 alone: one normal for each vertex.
+void uploadNormals21(Base::GLView& view, LineBuffers const& buffers,
+                     std::vector<float> const& normals);
 
 /// Draws runs of what was uploaded, seen by the view's camera.
 void drawLines21(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderProgram& program,

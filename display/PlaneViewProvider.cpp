@@ -2,13 +2,10 @@
 #include "display/PlaneViewProvider.h"
 
 #include "display/LineShaders.h"
-#include "display/PlaneGrid.h"
+#include "display/PlanePicture.h"
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tools/PlaneGraphicObject.h"
-
-#include <QOpenGLBuffer>
-#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -19,18 +16,6 @@ constexpr Color255 planeColor{25, 25, 112, 51};
 constexpr int tickVertices = 8;
 
 }  // namespace
-
-Base::Type PlaneViewProvider::classTypeId = Base::Type::badType();
-
-void PlaneViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::PlaneViewProvider", "Freecut::GraphicViewProvider", create);
-}
-
-void* PlaneViewProvider::create()
-{
-    return new PlaneViewProvider;
-}
 
 PlaneViewProvider::~PlaneViewProvider()
 {
@@ -43,26 +28,13 @@ PlaneViewProvider::~PlaneViewProvider()
         deleteVertexBuffer21(*m_view, planeVbo);
 }
 
-Base::Type PlaneViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PlaneViewProvider::getClassName() const
-{
-    return "Freecut::PlaneViewProvider";
-}
-
 void PlaneViewProvider::initGL()
 {
     GraphicViewProvider::initGL();
     if (!makeContextCurrent(m_view) || !hasLineFunctions(*m_view))
         return;
     if (g_OPENGL_3_3) {
-        planeVao = new QOpenGLVertexArrayObject;
-        planeVao->create();
-        planeBuffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-        planeBuffer->create();
+        makeBuffers33(planeVao, planeBuffer);
         linkProgram(lineShader33, planeShaderSource33);
     } else {
         planeVbo = makeVertexBuffer21(*m_view);
@@ -89,7 +61,8 @@ void PlaneViewProvider::updateGeometry()
     float const tick2 = divideSide((corners[2] - corners[1]).GetLength(), gridColumns);
     if (!makeContextCurrent(m_view))
         return;
-    std::vector<float> const planeVertices = planeGrid(*plane, gridRows, gridColumns, tick1, tick2);
+    std::vector<float> const planeVertices =
+        verticesOfPlane(*plane, gridRows, gridColumns, tick1, tick2);
     uploadVertices(*m_view, {.vbo = planeVbo, .buffer = planeBuffer}, planeVertices);
 }
 

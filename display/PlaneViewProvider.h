@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/GraphicViewProvider.h"
+#include "platform/document/TypeEntry.h"
 
 #include <QOpenGLShaderProgram>
 
@@ -11,17 +12,12 @@ class PlaneProperty;
 
 /// Shows the plane of a section cut: a translucent rectangle with a grid, ticks on the midpoints of
 /// its sides, and a handle on each of its nine key points.
-class PlaneViewProvider : public GraphicViewProvider
+class PlaneViewProvider : public Base::TypeEntry<PlaneViewProvider, GraphicViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = "Freecut::PlaneViewProvider";
 
     ~PlaneViewProvider() override;
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
 
     void initGL() override;
     void paintGL() override;

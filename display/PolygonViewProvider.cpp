@@ -8,29 +8,6 @@
 
 namespace Freecut {
 
-Base::Type PolygonViewProvider::classTypeId = Base::Type::badType();
-
-void PolygonViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::PolygonViewProvider", "Freecut::VolumeViewProvider",
-                 create);
-}
-
-void* PolygonViewProvider::create()
-{
-    return new PolygonViewProvider;
-}
-
-Base::Type PolygonViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PolygonViewProvider::getClassName() const
-{
-    return "Freecut::PolygonViewProvider";
-}
-
 void PolygonViewProvider::initGL()
 {
     initSolidGL();

@@ -2,22 +2,17 @@
 #pragma once
 
 #include "display/VolumeViewProvider.h"
+#include "platform/document/TypeEntry.h"
 
 namespace Freecut {
 
 class PolygonGraphicObject;
 
 /// Shows a polygon tool, with a handle on each vertex and on the teeth under edit.
-class PolygonViewProvider : public VolumeViewProvider
+class PolygonViewProvider : public Base::TypeEntry<PolygonViewProvider, VolumeViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
+    static constexpr char const* typeName = "Freecut::PolygonViewProvider";
 
     void initGL() override;
     void paintGL() override;

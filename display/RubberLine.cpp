@@ -3,23 +3,6 @@
 
 namespace Freecut {
 
-Base::Type RubberLine::classTypeId = Base::Type::badType();
-
-void RubberLine::init()
-{
-    initSubclass(classTypeId, "Freecut::RubberLine", "Freecut::GLGraphicsItem", create);
-}
-
-void* RubberLine::create()
-{
-    return nullptr;
-}
-
-Base::Type RubberLine::getTypeId() const
-{
-    return classTypeId;
-}
-
 void RubberLine::updateVBO()
 {
     vertexData.clear();

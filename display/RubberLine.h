@@ -2,23 +2,23 @@
 #pragma once
 
 #include "display/GLGraphicsItem.h"
+#include "platform/document/TypeEntry.h"
 #include "platform/geometry/UPoint3.h"
 
 namespace Freecut {
 
 /// A line through world points: an edge under the mouse, a contour that is being drawn.
-class RubberLine : public GLGraphicsItem
+class RubberLine : public Base::TypeEntry<RubberLine, GLGraphicsItem>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    /// Not called by the module, as for all items.
-    static void init();
+    /// Not entered by the module, as for all items.
+    static constexpr char const* typeName = "Freecut::RubberLine";
     /// Null.
-    static void* create();
+    static void* create() { return nullptr; }
 
-    using GLGraphicsItem::GLGraphicsItem;
-    Base::Type getTypeId() const override;
+    using TypeEntry::TypeEntry;
+    /// That of its base.
+    std::string getClassName() const override { return GLGraphicsItem::typeName; }
 
     /// One point draws nothing.
     void setParameter(std::vector<UPoint3<float>> line) { points = std::move(line); }

@@ -16,28 +16,6 @@ std::array<LineRun, 2> fillAndOutline(int count)
 
 }  // namespace
 
-Base::Type RubberRect::classTypeId = Base::Type::badType();
-
-void RubberRect::init()
-{
-    initSubclass(classTypeId, "Freecut::RubberRect", "Freecut::GLGraphicsItem", create);
-}
-
-void* RubberRect::create()
-{
-    return nullptr;
-}
-
-Base::Type RubberRect::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string RubberRect::getClassName() const
-{
-    return "Freecut::RubberRect";
-}
-
 void RubberRect::updateVBO()
 {
     vertexData.clear();

@@ -2,25 +2,22 @@
 #pragma once
 
 #include "display/GLGraphicsItem.h"
+#include "platform/document/TypeEntry.h"
 #include "platform/geometry/UPoint3.h"
 
 namespace Freecut {
 
 /// A small square at a picked world point. It faces the viewer and is 12 pixels wide at any zoom.
 /// Its inside is blended by the colour's alpha, its outline is not.
-class RubberRect : public GLGraphicsItem
+class RubberRect : public Base::TypeEntry<RubberRect, GLGraphicsItem>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    /// Not called by the module, as for all items.
-    static void init();
+    /// Not entered by the module, as for all items.
+    static constexpr char const* typeName = "Freecut::RubberRect";
     /// Null.
-    static void* create();
+    static void* create() { return nullptr; }
 
-    using GLGraphicsItem::GLGraphicsItem;
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
+    using TypeEntry::TypeEntry;
 
     void setParameter(UPoint3<float> const& point) { center = point; }
     UPoint3<float> const& getParameter() const { return center; }

@@ -2,6 +2,7 @@
 #include "display/SolidPicture.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Freecut {
 
@@ -97,6 +98,16 @@ LinePicture pictureOfPolygon(ToolOutlines const& outlines, bool isRounded, std::
     picture.push_back(std::move(outline));
     appendClearance(picture, outlines);
     return picture;
+}
+
+LinePass passOfFaces(ToolOutlines const& outlines, unsigned alpha, std::vector<LineRun> runs)
+{
+    Color255 color = ToolColors::yellow;
+    color[3] = float(alpha);
+    LinePass pass{&outlines.previewBuffer, {}, &outlines.normalBuffer};
+    if (!runs.empty())
+        pass.strokes.push_back({color, std::move(runs)});
+    return pass;
 }
 
 std::vector<LineRun> facesAsTriangles(ToolOutlines const& outlines)

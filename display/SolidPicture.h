@@ -21,6 +21,8 @@ inline constexpr Color255 darkBlue{8, 46, 84, 255};
 inline constexpr Color255 purple{104, 34, 139, 255};
 /// The handles of teeth.
 inline constexpr Color255 translucentPurple{104, 34, 139, 122};
+/// The faces of a preview, as opaque as the record says.
+inline constexpr Color255 yellow{255, 255, 0, 255};
 /// What falls away where a polygon crosses itself.
 inline constexpr Color255 cyan{0, 255, 255, 255};
 
@@ -39,6 +41,8 @@ struct LinePass
     /// Borrowed from the outlines.
     std::vector<float> const* vertices;
     std::vector<ColoredRuns> strokes;
+    /// Those of faces with light on them, borrowed too; null for lines.
+    std::vector<float> const* normals = nullptr;
 };
 
 using LinePicture = std::vector<LinePass>;
@@ -48,6 +52,8 @@ LinePicture pictureOfCylinder(ToolOutlines const& outlines);
 /// vertexCount  the corners that were drawn; two of them make a single line
 LinePicture pictureOfPolygon(ToolOutlines const& outlines, bool isRounded, std::size_t vertexCount);
 
+/// The solid of a preview; it draws nothing without runs.
+LinePass passOfFaces(ToolOutlines const& outlines, unsigned alpha, std::vector<LineRun> runs);
 /// The faces in the preview buffer as OpenGL 2.1 gets them.
 std::vector<LineRun> facesAsTriangles(ToolOutlines const& outlines);
 /// As OpenGL 3.3 gets them: a cuboid's caps, then its sides, as fans.

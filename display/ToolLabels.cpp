@@ -5,7 +5,9 @@
 #include "platform/ui/Quantity.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/GLView.h"
+#include "tools/CentredGraphicObject.h"
 #include "tools/ViewAxes.h"
+#include "tools/VolumeProperty.h"
 
 namespace Freecut {
 
@@ -24,6 +26,14 @@ QString coordinateText(UPoint3<float> const& point, int viewIndex)
 {
     auto const [first, second] = axesAcrossView(viewIndex);
     return '[' + coordinate(point, first) + ',' + coordinate(point, second) + ']';
+}
+
+std::vector<LabelledPoint> labelAtCentre(CentredGraphicObject& tool)
+{
+    std::vector<UPoint3<float>> const& points = tool.getVolumeProperty().getKeyPoints();
+    if (points.empty())
+        return {};
+    return {{tool.getLabel(), points[0]}};
 }
 
 void showLabels(std::vector<LabelledPoint> const& points, Base::GLView const& view, int viewIndex)

@@ -13,6 +13,7 @@ class GLView;
 
 namespace Freecut {
 
+class CentredGraphicObject;
 class TLabel;
 
 /// A label and the world point beside which it stands. The label is borrowed, and may be null.
@@ -27,6 +28,9 @@ struct LabelledPoint
 ///
 /// viewIndex  0 to 5
 QString coordinateText(UPoint3<float> const& point, int viewIndex);
+
+/// None while the tool has no centre.
+std::vector<LabelledPoint> labelAtCentre(CentredGraphicObject& tool);
 
 /// Puts the labels beside their points, with the coordinates.
 void showLabels(std::vector<LabelledPoint> const& points, Base::GLView const& view, int viewIndex);

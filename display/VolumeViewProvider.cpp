@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/VolumeViewProvider.h"
 
-#include "display/FillDrawing.h"
+#include "display/CameraWatch.h"
 #include "display/LineShaders.h"
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
@@ -10,23 +10,7 @@
 #include "tools/VolumeOutline.h"
 #include "tools/VolumeProperty.h"
 
-#include <QOpenGLBuffer>
-#include <QOpenGLVertexArrayObject>
-
 namespace Freecut {
-
-Base::Type VolumeViewProvider::classTypeId = Base::Type::badType();
-
-void VolumeViewProvider::init()
-{
-    initSubclass(classTypeId, "Freecut::VolumeViewProvider", "Freecut::GraphicViewProvider",
-                 create);
-}
-
-void* VolumeViewProvider::create()
-{
-    return new VolumeViewProvider;
-}
 
 VolumeViewProvider::VolumeViewProvider() = default;
 
@@ -39,16 +23,6 @@ VolumeViewProvider::~VolumeViewProvider()
         deleteVertexBuffer21(*m_view, lineVbo);
     if (normalVbo != 0)
         deleteVertexBuffer21(*m_view, normalVbo);
-}
-
-Base::Type VolumeViewProvider::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string VolumeViewProvider::getClassName() const
-{
-    return "Freecut::VolumeViewProvider";
 }
 
 void VolumeViewProvider::initGL()
@@ -78,10 +52,7 @@ void VolumeViewProvider::makeSolid33()
                                          ":/shader/shader/constshow/freecut.ufs");
     fillShader33.link();
     linkProgram(lineShader33, lineShaderSource33);
-    solidVao = new QOpenGLVertexArrayObject;
-    solidVao->create();
-    solidBuffer = new QOpenGLBuffer(QOpenGLBuffer::VertexBuffer);
-    solidBuffer->create();
+    makeBuffers33(solidVao, solidBuffer);
 }
 
 void VolumeViewProvider::initSolidGL()
@@ -153,9 +124,7 @@ void VolumeViewProvider::paintSolid()
     bool const isPreview = record->getPreviewOn();
     if (!isPreview)
         followCamera();
-    drawOutlines();
-    if (isPreview)
-        drawFaces(record->getFillAlpha());
+    drawPicture();
     updateLabels();
     if (!isPreview) {
         buildMarkers();
@@ -205,28 +174,33 @@ void VolumeViewProvider::turnWith(CameraPose const& now)
                     Axes::ofView(now.eye - now.ref, now.up)});
 }
 
-void VolumeViewProvider::drawOutlines()
+LinePicture VolumeViewProvider::wholePicture() const
 {
-    QOpenGLShaderProgram& program = g_OPENGL_3_3 ? lineShader33 : lineShader21;
-    auto const draw = g_OPENGL_3_3 ? drawLines33 : drawLines21;
-    for (LinePass const& pass : linePicture()) {
-        if (pass.vertices->empty())
-            continue;
-        uploadVertices(*m_view, solidBuffers(), *pass.vertices);
-        for (ColoredRuns const& stroke : pass.strokes)
-            draw(*m_view, solidBuffers(), program, {.color = stroke.color, .isSmooth = true},
-                 stroke.runs);
-    }
+    LinePicture picture = linePicture();
+    VolumeProperty const& record = *volumeRecord();
+    if (record.getPreviewOn())
+        picture.push_back(passOfFaces(outlines(), record.getFillAlpha(),
+                                      g_OPENGL_3_3 ? faces33() : facesAsTriangles(outlines())));
+    return picture;
 }
 
-void VolumeViewProvider::drawFaces(unsigned alpha)
+void VolumeViewProvider::drawPicture()
 {
-    ToolOutlines const& drawn = outlines();
-    if (g_OPENGL_3_3)
-        drawFaces33(*m_view, solidBuffers(), fillShader33, {alpha}, drawn.previewBuffer, faces33());
-    else
-        drawFaces21(*m_view, solidBuffers(), normalVbo, fillShader21, {alpha}, drawn.previewBuffer,
-                    drawn.normalBuffer, facesAsTriangles(drawn));
+    QOpenGLShaderProgram& lines = g_OPENGL_3_3 ? lineShader33 : lineShader21;
+    QOpenGLShaderProgram& faces = g_OPENGL_3_3 ? fillShader33 : fillShader21;
+    auto const draw = g_OPENGL_3_3 ? drawLines33 : drawLines21;
+    LineBuffers const buffers = solidBuffers();
+    for (LinePass const& pass : wholePicture()) {
+        if (pass.vertices->empty() || pass.strokes.empty())
+            continue;
+        uploadVertices(*m_view, buffers, *pass.vertices);
+        if (pass.normals && !g_OPENGL_3_3)
+            uploadNormals21(*m_view, buffers, *pass.normals);
+        for (ColoredRuns const& stroke : pass.strokes)
+            draw(*m_view, buffers, pass.normals ? faces : lines,
+                 {.color = stroke.color, .isSmooth = true, .isLit = pass.normals != nullptr},
+                 stroke.runs);
+    }
 }
 
 void VolumeViewProvider::updateLabels()

@@ -5,6 +5,7 @@
 #include "display/GraphicViewProvider.h"
 #include "display/SolidPicture.h"
 #include "display/ToolLabels.h"
+#include "platform/document/TypeEntry.h"
 
 #include <QOpenGLShaderProgram>
 
@@ -21,19 +22,13 @@ class VolumeProperty;
 /// screen; in a preview the view may go anywhere and the tool stays where it is.
 ///
 /// This class has no outline of its own; only the classes below are used.
-class VolumeViewProvider : public GraphicViewProvider
+class VolumeViewProvider : public Base::TypeEntry<VolumeViewProvider, GraphicViewProvider>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = "Freecut::VolumeViewProvider";
 
     VolumeViewProvider();
     ~VolumeViewProvider() override;
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
 
     void initGL() override;
     /// Derives the outlines, in the eye space of the view that it is attached to; nothing without a
@@ -88,12 +83,13 @@ private:
     void makeSolid33();
     void followCamera();
     void turnWith(CameraPose const& now);
-    void drawOutlines();
-    void drawFaces(unsigned alpha);
+    /// The outlines, and in a preview the faces.
+    LinePicture wholePicture() const;
+    void drawPicture();
     void updateLabels();
     LineBuffers solidBuffers() const
     {
-        return {.vbo = lineVbo, .vao = solidVao, .buffer = solidBuffer};
+        return {.vbo = lineVbo, .normalVbo = normalVbo, .vao = solidVao, .buffer = solidBuffer};
     }
 
     std::unique_ptr<VolumeOutline> outline;

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "platform/ui/AppModule.h"
 
 /// The module class of the plug-in. The host makes it by name; it has no state of its own.
-class OrbeFreecut : public AppModule
+class OrbeFreecut : public Base::TypeEntry<OrbeFreecut, AppModule>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
+    static constexpr char const* typeName = "OrbeFreecut";
 
     bool createModule() override;
     bool finishModule() override;

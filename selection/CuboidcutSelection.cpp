@@ -11,31 +11,9 @@
 
 namespace Freecut {
 
-Base::Type CuboidcutSelection::classTypeId = Base::Type::badType();
-
-void CuboidcutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
-}
-
-void* CuboidcutSelection::create()
-{
-    return static_cast<BaseClass*>(new CuboidcutSelection);
-}
-
 CuboidcutSelection::CuboidcutSelection()
 {
     keepPointTool<CuboidGraphicObject>();
-}
-
-Base::Type CuboidcutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CuboidcutSelection::getClassName() const
-{
-    return toolName;
 }
 
 void CuboidcutSelection::initialize()

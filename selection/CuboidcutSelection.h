@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/VolumeSelection.h"
 
 namespace Freecut {
@@ -9,19 +10,13 @@ class CuboidGraphicObject;
 
 /// The mouse tool of the cuboid: a click places its centre, its handles move, size and turn it.
 /// During a preview it leaves the mouse alone.
-class CuboidcutSelection : public VolumeSelection
+class CuboidcutSelection : public Base::TypeEntry<CuboidcutSelection, VolumeSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::CuboidcutSelection";
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = toolName;
 
     CuboidcutSelection();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     void initialize() override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;

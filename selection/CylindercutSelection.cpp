@@ -15,31 +15,9 @@
 
 namespace Freecut {
 
-Base::Type CylindercutSelection::classTypeId = Base::Type::badType();
-
-void CylindercutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
-}
-
-void* CylindercutSelection::create()
-{
-    return static_cast<BaseClass*>(new CylindercutSelection);
-}
-
 CylindercutSelection::CylindercutSelection()
 {
     keepPointTool<CylinderGraphicObject>();
-}
-
-Base::Type CylindercutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CylindercutSelection::getClassName() const
-{
-    return toolName;
 }
 
 void CylindercutSelection::initialize()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/VolumeSelection.h"
 
 namespace Freecut {
@@ -9,19 +10,13 @@ class CylinderGraphicObject;
 
 /// The mouse tool of the cylinder: a click places its centre; the centre, the notch and the circle
 /// itself are dragged. During a preview it leaves the mouse alone.
-class CylindercutSelection : public VolumeSelection
+class CylindercutSelection : public Base::TypeEntry<CylindercutSelection, VolumeSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::CylindercutSelection";
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = toolName;
 
     CylindercutSelection();
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     void initialize() override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;

@@ -29,34 +29,12 @@ UPoint3<float> pointOfReferencePlane(GLCamera const& camera, QPoint position)
 
 }  // namespace
 
-Base::Type FreecutSelection::classTypeId = Base::Type::badType();
-
-void FreecutSelection::init()
-{
-    initSubclass(classTypeId, "Freecut::FreecutSelection", "Mesh::PointPickerMesh", create);
-}
-
-void* FreecutSelection::create()
-{
-    return static_cast<BaseClass*>(new FreecutSelection);
-}
-
 FreecutSelection::~FreecutSelection()
 {
     // A tool that ends while it has an event lives on until the event is over, when the next one
     // may have started already.
     if (m_view && !m_view->navigationStyle()->mouseModel())
         m_view->unsetCursor();
-}
-
-Base::Type FreecutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string FreecutSelection::getClassName() const
-{
-    return "Freecut::FreecutSelection";
 }
 
 int FreecutSelection::mousePressEvent(QMouseEvent* event)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "platform/geometry/UBox3.h"
 #include "platform/view/PointPickerMesh.h"
 #include "selection/EditHistory.h"
@@ -15,19 +16,14 @@ namespace Freecut {
 
 /// A mouse tool by which a cut is defined. It owns the tool objects that it puts into documents;
 /// they leave when it ends. This class itself picks points on parts and no more.
-class FreecutSelection : public Mesh::PointPickerMesh
+class FreecutSelection : public Base::TypeEntry<FreecutSelection, Mesh::PointPickerMesh>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = "Freecut::FreecutSelection";
 
     /// Takes the cursor off the view, unless another tool of that view has set one since.
     ~FreecutSelection() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;
     int mouseReleaseEvent(QMouseEvent* event) override;

@@ -61,18 +61,6 @@ bool isControlAlone(QMouseEvent const& event)
 
 }  // namespace
 
-Base::Type PlanecutSelection::classTypeId = Base::Type::badType();
-
-void PlanecutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::FreecutSelection", create);
-}
-
-void* PlanecutSelection::create()
-{
-    return static_cast<BaseClass*>(new PlanecutSelection);
-}
-
 PlanecutSelection::PlanecutSelection() : planeType(lastPlaneType)
 {
     createdObjects.whenLost([this](Base::DocumentObject*) { planeObject = nullptr; });
@@ -88,16 +76,6 @@ PlanecutSelection::~PlanecutSelection()
 {
     lastPlaneType = planeType;
     resetSelection();
-}
-
-Base::Type PlanecutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PlanecutSelection::getClassName() const
-{
-    return toolName;
 }
 
 void PlanecutSelection::initialize()

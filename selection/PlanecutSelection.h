@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/ClickTaker.h"
 #include "selection/FreecutSelection.h"
 #include "selection/PickMarkers.h"
@@ -16,14 +17,11 @@ class PlaneGraphicObject;
 /// The mouse tool of the section cut: picks on a part make a plane, and its nine handles move, turn
 /// and tilt it, or change its size while the control key is held. Once the plane stands, what
 /// touches no handle picks points as its base does.
-class PlanecutSelection : public FreecutSelection
+class PlanecutSelection : public Base::TypeEntry<PlanecutSelection, FreecutSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::PlanecutSelection";
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = toolName;
 
     using PlaneType = Freecut::PlaneType;
     using enum Freecut::PlaneType;
@@ -32,8 +30,6 @@ public:
     PlanecutSelection();
     ~PlanecutSelection() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     void initialize() override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;

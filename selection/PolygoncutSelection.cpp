@@ -20,18 +20,6 @@
 
 namespace Freecut {
 
-Base::Type PolygoncutSelection::classTypeId = Base::Type::badType();
-
-void PolygoncutSelection::init()
-{
-    initSubclass(classTypeId, toolName, "Freecut::VolumeSelection", create);
-}
-
-void* PolygoncutSelection::create()
-{
-    return static_cast<BaseClass*>(new PolygoncutSelection);
-}
-
 PolygoncutSelection::PolygoncutSelection()
 {
     keepEdits({.read = [this] { return editState(); },
@@ -47,16 +35,6 @@ PolygoncutSelection::~PolygoncutSelection()
     deleteHightLightedLine();
     runningEdge.hide();
     runningEdge.remove();
-}
-
-Base::Type PolygoncutSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PolygoncutSelection::getClassName() const
-{
-    return toolName;
 }
 
 void PolygoncutSelection::initialize()

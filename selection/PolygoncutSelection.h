@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/HoverLine.h"
 #include "selection/RunningEdge.h"
 #include "selection/TeethEditing.h"
@@ -17,20 +18,15 @@ class PolygonGraphicObject;
 /// Shift and control hold a point that is drawn or dragged to something, as RunningEdge says; the
 /// status line tells lengths and angles of its edges. Backspace removes the point that was drawn
 /// last, the arrow keys nudge the selected one.
-class PolygoncutSelection : public VolumeSelection
+class PolygoncutSelection : public Base::TypeEntry<PolygoncutSelection, VolumeSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::PolygoncutSelection";
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = toolName;
 
     PolygoncutSelection();
     ~PolygoncutSelection() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
     void initialize() override;
     int mousePressEvent(QMouseEvent* event) override;
     int mouseMoveEvent(QMouseEvent* event) override;

@@ -26,18 +26,6 @@ constexpr char const* previewHolds =
 
 }  // namespace
 
-Base::Type VolumeSelection::classTypeId = Base::Type::badType();
-
-void VolumeSelection::init()
-{
-    initSubclass(classTypeId, "Freecut::VolumeSelection", "Freecut::FreecutSelection", create);
-}
-
-void* VolumeSelection::create()
-{
-    return static_cast<BaseClass*>(new VolumeSelection);
-}
-
 VolumeSelection::VolumeSelection()
 {
     createdObjects.whenLost([this](Base::DocumentObject*) { graphicObject = nullptr; });
@@ -46,16 +34,6 @@ VolumeSelection::VolumeSelection()
 VolumeSelection::~VolumeSelection()
 {
     VolumeSelection::resetSelection();
-}
-
-Base::Type VolumeSelection::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string VolumeSelection::getClassName() const
-{
-    return "Freecut::VolumeSelection";
 }
 
 VolumeGraphicObject* VolumeSelection::getGraphicObject() const

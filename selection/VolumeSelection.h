@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/document/TypeEntry.h"
 #include "selection/FreecutSelection.h"
 #include "selection/PointLabel.h"
 
@@ -12,19 +13,13 @@ namespace Freecut {
 class VolumeGraphicObject;
 
 /// A mouse tool that draws a solid tool on the screen. Only the classes below are used.
-class VolumeSelection : public FreecutSelection
+class VolumeSelection : public Base::TypeEntry<VolumeSelection, FreecutSelection>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
+    static constexpr char const* typeName = "Freecut::VolumeSelection";
 
     VolumeSelection();
     ~VolumeSelection() override;
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
 
     /// The tool object; null until the first click that is taken.
     virtual VolumeGraphicObject* getGraphicObject() const;

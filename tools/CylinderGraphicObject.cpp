@@ -1,70 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/CylinderGraphicObject.h"
 
-#include "display/TLabel.h"
-#include "tools/SolidMeshes.h"
-
 namespace Freecut {
-
-Base::Type CylinderGraphicObject::classTypeId = Base::Type::badType();
-Base::PropertyData CylinderGraphicObject::propertyData;
-
-void CylinderGraphicObject::init()
-{
-    initSubclass(classTypeId, "Freecut::CylinderGraphicObject", "Freecut::VolumeGraphicObject",
-                 create);
-    propertyData.parent = VolumeGraphicObject::getPropertyDataPtr();
-}
-
-void* CylinderGraphicObject::create()
-{
-    return new CylinderGraphicObject;
-}
 
 CylinderGraphicObject::CylinderGraphicObject()
 {
     property.setContainer(this);
 }
 
-CylinderGraphicObject::~CylinderGraphicObject()
-{
-    CylinderGraphicObject::freeMemory();
-}
-
-Base::Type CylinderGraphicObject::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string CylinderGraphicObject::getClassName() const
-{
-    return "Freecut::CylinderGraphicObject";
-}
-
-Base::PropertyData const& CylinderGraphicObject::getPropertyData() const
-{
-    return propertyData;
-}
+CylinderGraphicObject::~CylinderGraphicObject() = default;
 
 std::string CylinderGraphicObject::getViewProviderName() const
 {
     return "Freecut::CylinderViewProvider";
-}
-
-void CylinderGraphicObject::freeMemory()
-{
-    delete label;
-    label = nullptr;
-}
-
-UMesh<float>* CylinderGraphicObject::createMesh()
-{
-    return SolidMeshes::nominal(getViewProvider());
-}
-
-std::vector<UMesh<float>*> CylinderGraphicObject::createInandOutMesh()
-{
-    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

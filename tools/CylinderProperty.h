@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tools/ToolLimits.h"
 #include "tools/VolumeProperty.h"
 
 namespace Freecut {
@@ -51,7 +52,7 @@ private:
     float notchWidth = 2;
     float notchLength = 2;
     float notchAngle = 0;
-    float circleTolerance = 0.025f;
+    float circleTolerance = float(ToolLimits::circleTolerance);
 };
 
 }  // namespace Freecut

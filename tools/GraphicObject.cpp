@@ -6,35 +6,6 @@
 
 namespace Freecut {
 
-Base::Type GraphicObject::classTypeId = Base::Type::badType();
-Base::PropertyData GraphicObject::propertyData;
-
-void GraphicObject::init()
-{
-    initSubclass(classTypeId, "Freecut::GraphicObject", "Base::GraphicObject", create);
-    propertyData.parent = Base::GraphicObject::getPropertyDataPtr();
-}
-
-void* GraphicObject::create()
-{
-    return nullptr;
-}
-
-Base::Type GraphicObject::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string GraphicObject::getClassName() const
-{
-    return "Freecut::GraphicObject";
-}
-
-Base::PropertyData const& GraphicObject::getPropertyData() const
-{
-    return propertyData;
-}
-
 std::string GraphicObject::getViewProviderName() const
 {
     return "Freecut::GraphicViewProvider";

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/document/GraphicObject.h"
+#include "tools/ToolTypeEntry.h"
 
 namespace Freecut {
 
@@ -9,19 +10,12 @@ class GraphicViewProvider;
 
 /// A cut tool: a scene object that lives while its dialog is open. It cannot be copied, loaded or
 /// saved; its parameters are a plain member, no registered property.
-class GraphicObject : public Base::GraphicObject
+class GraphicObject : public ToolTypeEntry<GraphicObject, Base::GraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
+    static constexpr char const* typeName = "Freecut::GraphicObject";
     /// Null: only the classes below are made.
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
-
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
+    static void* create() { return nullptr; }
 
     std::string getViewProviderName() const override;
     /// Null.
@@ -34,9 +28,6 @@ public:
 
     /// What shows the tool in its document's view; null without a document or a view.
     GraphicViewProvider* getViewProvider() const;
-
-protected:
-    static Base::PropertyData propertyData;
 };
 
 }  // namespace Freecut

@@ -4,25 +4,19 @@
 #include "platform/document/sigslot.h"
 #include "tools/GraphicObject.h"
 #include "tools/PlaneProperty.h"
+#include "tools/ToolTypeEntry.h"
 
 namespace Freecut {
 
 /// The cut plane of a section cut.
-class PlaneGraphicObject : public GraphicObject
+class PlaneGraphicObject : public ToolTypeEntry<PlaneGraphicObject, GraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+    static constexpr char const* typeName = "Freecut::PlaneGraphicObject";
 
     PlaneGraphicObject();
     ~PlaneGraphicObject() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
 
     PlaneProperty& getProperty() { return property; }
@@ -30,9 +24,6 @@ public:
 
     /// The plane was changed, by whoever edits it.
     sigslot::signal0<sigslot::single_threaded> signalChanged;
-
-protected:
-    static Base::PropertyData propertyData;
 
 private:
     PlaneProperty property;

@@ -2,24 +2,8 @@
 #include "tools/PolygonGraphicObject.h"
 
 #include "display/TLabel.h"
-#include "tools/SolidMeshes.h"
 
 namespace Freecut {
-
-Base::Type PolygonGraphicObject::classTypeId = Base::Type::badType();
-Base::PropertyData PolygonGraphicObject::propertyData;
-
-void PolygonGraphicObject::init()
-{
-    initSubclass(classTypeId, "Freecut::PolygonGraphicObject", "Freecut::VolumeGraphicObject",
-                 create);
-    propertyData.parent = VolumeGraphicObject::getPropertyDataPtr();
-}
-
-void* PolygonGraphicObject::create()
-{
-    return new PolygonGraphicObject;
-}
 
 PolygonGraphicObject::PolygonGraphicObject()
 {
@@ -29,21 +13,6 @@ PolygonGraphicObject::PolygonGraphicObject()
 PolygonGraphicObject::~PolygonGraphicObject()
 {
     PolygonGraphicObject::freeMemory();
-}
-
-Base::Type PolygonGraphicObject::getTypeId() const
-{
-    return classTypeId;
-}
-
-std::string PolygonGraphicObject::getClassName() const
-{
-    return "Freecut::PolygonGraphicObject";
-}
-
-Base::PropertyData const& PolygonGraphicObject::getPropertyData() const
-{
-    return propertyData;
 }
 
 std::string PolygonGraphicObject::getViewProviderName() const
@@ -57,16 +26,6 @@ void PolygonGraphicObject::freeMemory()
     for (TLabel* const label : pointLabels)
         delete label;
     pointLabels.clear();
-}
-
-UMesh<float>* PolygonGraphicObject::createMesh()
-{
-    return SolidMeshes::nominal(getViewProvider());
-}
-
-std::vector<UMesh<float>*> PolygonGraphicObject::createInandOutMesh()
-{
-    return SolidMeshes::inAndOut(getViewProvider());
 }
 
 }  // namespace Freecut

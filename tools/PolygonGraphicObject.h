@@ -2,31 +2,22 @@
 #pragma once
 
 #include "tools/PolygonProperty.h"
+#include "tools/ToolTypeEntry.h"
 #include "tools/VolumeGraphicObject.h"
-
-template <typename T>
-class UMesh;
 
 namespace Freecut {
 
 class TLabel;
 
 /// A prism over a drawn polygon, whose edges may carry teeth.
-class PolygonGraphicObject : public VolumeGraphicObject
+class PolygonGraphicObject : public ToolTypeEntry<PolygonGraphicObject, VolumeGraphicObject>
 {
 public:
-    static Base::Type classTypeId;
-    static Base::Type getClassTypeId() { return classTypeId; }
-    static void init();
-    static void* create();
-    static Base::PropertyData* getPropertyDataPtr() { return &propertyData; }
+    static constexpr char const* typeName = "Freecut::PolygonGraphicObject";
 
     PolygonGraphicObject();
     ~PolygonGraphicObject() override;
 
-    Base::Type getTypeId() const override;
-    std::string getClassName() const override;
-    Base::PropertyData const& getPropertyData() const override;
     std::string getViewProviderName() const override;
     /// Deletes the labels and the records of the teeth.
     void freeMemory() override;
@@ -41,17 +32,6 @@ public:
     /// One for each vertex, in the same order; the tool owns them.
     std::vector<TLabel*> const& getPointLabels() const { return pointLabels; }
     std::vector<TLabel*>& getPointLabels() { return pointLabels; }
-
-    /// The nominal solid, closed and outward-facing; the caller owns it. Null if no view shows the
-    /// tool.
-    UMesh<float>* createMesh();
-    /// The solids on both sides of the clearance, the outer one last; an inner one without
-    /// vertices is left out. The caller owns them. None if no view shows the tool. Call it once
-    /// after the outlines were derived.
-    std::vector<UMesh<float>*> createInandOutMesh();
-
-protected:
-    static Base::PropertyData propertyData;
 
 private:
     PolygonProperty property;

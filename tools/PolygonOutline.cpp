@@ -2,8 +2,8 @@
 #include "tools/PolygonOutline.h"
 
 #include "tools/LoopNesting.h"
+#include "tools/OutlineCrossings.h"
 #include "tools/PolygonProperty.h"
-#include "tools/SelfIntersections.h"
 
 #include <QCoreApplication>
 

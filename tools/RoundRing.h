@@ -2,11 +2,12 @@
 #pragma once
 
 #include "tools/Loops.h"
+#include "tools/ToolLimits.h"
 
 namespace Freecut {
 
 /// Lengths from here on count: a clearance or a corner's radius below it is none.
-inline constexpr float leastLength = 0.001f;
+inline constexpr float leastLength = float(ToolLimits::leastLength);
 
 /// Rounds every corner of a closed list in place by an arc that touches its two sides, with a point
 /// for about each two degrees. A corner keeps its point where a side is too short: a side counts

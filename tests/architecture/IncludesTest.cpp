@@ -80,8 +80,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
 /// Includes against these directions, each with its reason.
 std::set<std::string> const exceptions = {
     // An edit of a record has its provider derive the outlines, and labels go with their tool.
-    "tools/CuboidGraphicObject.cpp includes display/TLabel.h",
-    "tools/CylinderGraphicObject.cpp includes display/TLabel.h",
+    "tools/CentredGraphicObject.cpp includes display/TLabel.h",
     "tools/GraphicObject.cpp includes display/GraphicViewProvider.h",
     "tools/PolygonGraphicObject.cpp includes display/TLabel.h",
     "tools/SolidMeshes.cpp includes display/VolumeViewProvider.h",
@@ -290,9 +289,8 @@ TEST(Includes, JobsConnectorsAndToolsKnowNoWidgets)
     // Eye space belongs to the view, and a tool's labels go with it.
     std::set<std::string> const widgetExceptions = {
         "cutjobs/SectionZCut.cpp includes platform/view/GLView.h",
-        "tools/CuboidGraphicObject.cpp includes display/TLabel.h",
+        "tools/CentredGraphicObject.cpp includes display/TLabel.h",
         "tools/CuboidProperty.cpp includes platform/view/GLView.h",
-        "tools/CylinderGraphicObject.cpp includes display/TLabel.h",
         "tools/CylinderProperty.cpp includes platform/view/GLView.h",
         "tools/PolygonGraphicObject.cpp includes display/TLabel.h",
         "tools/PolygonProperty.cpp includes platform/view/GLView.h",

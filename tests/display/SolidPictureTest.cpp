@@ -178,6 +178,17 @@ TEST_F(SolidPicture, FacesAreFansAndTrianglesThatUseUpTheBuffer)
     EXPECT_TRUE(facesAsTriangles(prism).empty());
 }
 
+TEST(FacesOfPreview, AreYellowWithTheirNormalsAndAsOpaqueAsTheRecordSays)
+{
+    ToolOutlines const outlines;
+    LinePass const faces = passOfFaces(outlines, 178, {{GL_TRIANGLES, 0, 3, true}});
+    EXPECT_EQ(faces.vertices, &outlines.previewBuffer);
+    EXPECT_EQ(faces.normals, &outlines.normalBuffer);
+    ASSERT_EQ(faces.strokes.size(), 1u);
+    expectStroke(faces.strokes[0], {255, 255, 0, 178}, {{GL_TRIANGLES, 0, 3, true}});
+    EXPECT_TRUE(passOfFaces(outlines, 178, {}).strokes.empty());
+}
+
 TEST(CameraChange, FollowsTheTable)
 {
     Point const e(0, 0, 1), e2(0, 1, 0), r(0, 0, 0), r2(5, 0, 0);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/tools/FlatShapes.h"
 #include "tools/LoopNesting.h"
+#include "tools/OutlineCrossings.h"
 #include "tools/SegmentRelation.h"
-#include "tools/SelfIntersections.h"
 
 #include <gtest/gtest.h>
 
@@ -135,7 +135,7 @@ private:
 
 }  // namespace
 
-TEST(SelfIntersections, RandomOutlinesAreResolvedAsByTheSlowSteps)
+TEST(OutlineCrossings, RandomOutlinesAreResolvedAsByTheSlowSteps)
 {
     std::mt19937 random(20260101);
     int withResidual = 0;
@@ -155,7 +155,7 @@ TEST(SelfIntersections, RandomOutlinesAreResolvedAsByTheSlowSteps)
     EXPECT_GT(withResidual, 1000);
 }
 
-TEST(SelfIntersections, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)
+TEST(OutlineCrossings, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> coordinate(-4e9f, 4e9f);
@@ -168,7 +168,7 @@ TEST(SelfIntersections, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)
     }
 }
 
-TEST(SelfIntersections, AHatchOfManyCrossingsFallsIntoItsCells)
+TEST(OutlineCrossings, AHatchOfManyCrossingsFallsIntoItsCells)
 {
     constexpr int strokes = 200;
     ResolvedLoops const loops = resolveSelfIntersections(crossHatch(strokes, 100));
@@ -182,7 +182,7 @@ TEST(SelfIntersections, AHatchOfManyCrossingsFallsIntoItsCells)
     EXPECT_GE(points, 2u * strokes * strokes) << "each crossing starts two pieces";
 }
 
-TEST(SelfIntersections, AMillionCrossingsAreTheMost)
+TEST(OutlineCrossings, AMillionCrossingsAreTheMost)
 {
     EXPECT_FALSE(resolveSelfIntersections(crossHatch(100, 100)).isTooComplicated);
     ResolvedLoops const loops = resolveSelfIntersections(crossHatch(1002, 100));

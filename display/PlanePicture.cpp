@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/PlaneGrid.h"
+#include "display/PlanePicture.h"
 
 namespace Freecut {
 
@@ -36,8 +36,8 @@ float divideSide(float length, float& count)
     return 2;
 }
 
-std::vector<float> planeGrid(PlaneProperty const& plane, float rows, float columns,
-                             float tickAlongRows, float tickAlongColumns)
+std::vector<float> verticesOfPlane(PlaneProperty const& plane, float rows, float columns,
+                                   float tickAlongRows, float tickAlongColumns)
 {
     std::vector<UPoint3<float>> const& key = plane.getKeyPoints();
     UPoint3<float> const& a = key[1];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tools/SelfIntersections.h"
+#include "tools/OutlineCrossings.h"
 
 #include "tools/EdgeBoxes.h"
 #include "tools/LoopNesting.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/tools/FlatShapes.h"
+#include "tools/OutlineCrossings.h"
 #include "tools/SegmentRelation.h"
-#include "tools/SelfIntersections.h"
 
 #include <gtest/gtest.h>
 
@@ -83,7 +83,7 @@ void expectClosed(FlatLoops const& loops)
 
 }  // namespace
 
-TEST(SelfIntersections, ASimplePolygonIsOneLoopWithItsFirstPointRepeated)
+TEST(OutlineCrossings, ASimplePolygonIsOneLoopWithItsFirstPointRepeated)
 {
     FlatRing const square{{0, 0}, {10, 0}, {10, 10}, {0, 10}};
     ResolvedLoops const loops = resolveSelfIntersections(square);
@@ -91,20 +91,20 @@ TEST(SelfIntersections, ASimplePolygonIsOneLoopWithItsFirstPointRepeated)
     EXPECT_TRUE(loops.residual.empty());
 }
 
-TEST(SelfIntersections, NothingAndSinglePointsGiveNoLoop)
+TEST(OutlineCrossings, NothingAndSinglePointsGiveNoLoop)
 {
     EXPECT_TRUE(resolveSelfIntersections({}).solid.empty());
     EXPECT_TRUE(resolveSelfIntersections({{3, 4}}).solid.empty());
     EXPECT_TRUE(resolveSelfIntersections({{3, 4}}).residual.empty());
 }
 
-TEST(SelfIntersections, TwoPointsAreALoopThereAndBack)
+TEST(OutlineCrossings, TwoPointsAreALoopThereAndBack)
 {
     EXPECT_EQ(resolveSelfIntersections({{0, 0}, {10, 0}}).solid,
               (FlatLoops{{{0, 0}, {10, 0}, {0, 0}}}));
 }
 
-TEST(SelfIntersections, OfAFigureEightTheFirstEdgesLobeIsSolid)
+TEST(OutlineCrossings, OfAFigureEightTheFirstEdgesLobeIsSolid)
 {
     FlatRing const eight{{0, 0}, {10, 10}, {10, 0}, {0, 10}};
     ResolvedLoops const loops = resolveSelfIntersections(eight);
@@ -116,7 +116,7 @@ TEST(SelfIntersections, OfAFigureEightTheFirstEdgesLobeIsSolid)
     EXPECT_LT(misfilledShare(eight, loops.solid, 1), 0.02);
 }
 
-TEST(SelfIntersections, OfAPentagramTheStarIsSolidAndItsMiddleIsDrawn)
+TEST(OutlineCrossings, OfAPentagramTheStarIsSolidAndItsMiddleIsDrawn)
 {
     FlatRing const star = pentagram(1000);
     ResolvedLoops const loops = resolveSelfIntersections(star);
@@ -128,7 +128,7 @@ TEST(SelfIntersections, OfAPentagramTheStarIsSolidAndItsMiddleIsDrawn)
     expectClosed(loops.solid);
 }
 
-TEST(SelfIntersections, ALoopTurnedOverAtACornerFallsAway)
+TEST(OutlineCrossings, ALoopTurnedOverAtACornerFallsAway)
 {
     // At the upper right corner the outline overshoots and comes back from above.
     FlatRing const outline{{0, 0}, {100, 0}, {100, 110}, {110, 100}, {0, 100}};
@@ -138,7 +138,7 @@ TEST(SelfIntersections, ALoopTurnedOverAtACornerFallsAway)
     EXPECT_LT(misfilledShare(outline, loops.solid, 1), 0.01);
 }
 
-TEST(SelfIntersections, ALoopTurnedInwardIsFilledFromOutside)
+TEST(OutlineCrossings, ALoopTurnedInwardIsFilledFromOutside)
 {
     FlatRing const outline{{0, 0}, {100, 0}, {100, 100}, {40, 40}, {60, 40}, {0, 100}};
     ResolvedLoops const loops = resolveSelfIntersections(outline);
@@ -147,7 +147,7 @@ TEST(SelfIntersections, ALoopTurnedInwardIsFilledFromOutside)
     EXPECT_LT(misfilledShare(outline, loops.solid, 1), 0.01);
 }
 
-TEST(SelfIntersections, ALoopStartedOnItsInnerTurnKeepsTheInnerTurn)
+TEST(OutlineCrossings, ALoopStartedOnItsInnerTurnKeepsTheInnerTurn)
 {
     // A snail: the inner turn runs the same way as the outer one.
     FlatRing const snail{{0, 0},   {100, 0}, {100, 100}, {20, 100},
@@ -158,7 +158,7 @@ TEST(SelfIntersections, ALoopStartedOnItsInnerTurnKeepsTheInnerTurn)
     EXPECT_LT(misfilledShare(snail, fromInside.solid, 2), 0.02);
 }
 
-TEST(SelfIntersections, ASpiralClosedAcrossItsTurnsFollowsTheRule)
+TEST(OutlineCrossings, ASpiralClosedAcrossItsTurnsFollowsTheRule)
 {
     // Three turns inward, closed by a straight edge that crosses the two turns outside it.
     FlatRing spiral;
@@ -177,7 +177,7 @@ TEST(SelfIntersections, ASpiralClosedAcrossItsTurnsFollowsTheRule)
     EXPECT_LT(misfilledShare(spiral, loops.solid, 1), 0.01);
 }
 
-TEST(SelfIntersections, AVertexThatJustTouchesAnEdgeDoesNotSplit)
+TEST(OutlineCrossings, AVertexThatJustTouchesAnEdgeDoesNotSplit)
 {
     // Codes -1 to -9 by themselves: a tooth whose tip touches the opposite side.
     FlatRing const outline{{0, 0}, {100, 0}, {100, 100}, {60, 100}, {50, 0}, {40, 100}, {0, 100}};
@@ -189,7 +189,7 @@ TEST(SelfIntersections, AVertexThatJustTouchesAnEdgeDoesNotSplit)
     }
 }
 
-TEST(SelfIntersections, WhereEdgesOverlapTheNeighboursDecide)
+TEST(OutlineCrossings, WhereEdgesOverlapTheNeighboursDecide)
 {
     struct Case
     {
@@ -215,7 +215,7 @@ TEST(SelfIntersections, WhereEdgesOverlapTheNeighboursDecide)
     }
 }
 
-TEST(SelfIntersections, EveryCodeOfAnOverlapSplitsInItsMiddle)
+TEST(OutlineCrossings, EveryCodeOfAnOverlapSplitsInItsMiddle)
 {
     // Run backwards and started elsewhere, the same overlaps have other codes.
     struct Case
@@ -241,7 +241,7 @@ TEST(SelfIntersections, EveryCodeOfAnOverlapSplitsInItsMiddle)
     EXPECT_EQ(codes, (std::set<int>{-14, -12, -10, -8, -6, -4}));
 }
 
-TEST(SelfIntersections, CrossingTeethOfNeighbouringEdgesAreFound)
+TEST(OutlineCrossings, CrossingTeethOfNeighbouringEdgesAreFound)
 {
     // Teeth that point inward on two edges of a corner reach through each other.
     FlatRing const outline{{0, 0},   {100, 0},  {100, 10},  {85, 15},
@@ -255,7 +255,7 @@ TEST(SelfIntersections, CrossingTeethOfNeighbouringEdgesAreFound)
     expectClosed(loops.solid);
 }
 
-TEST(SelfIntersections, SimpleCircleLikeOutlinesStayWholeAtAnySize)
+TEST(OutlineCrossings, SimpleCircleLikeOutlinesStayWholeAtAnySize)
 {
     for (int const count : {3, 31, 32, 33, 64, 65, 2000}) {
         FlatRing const ring = wholeNumbers(circlePoints(100000, count));

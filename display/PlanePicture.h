@@ -18,7 +18,7 @@ float divideSide(float length, float& count);
 /// the sides AB and CD, those on the sides AD and BC, then the grid's cells.
 ///
 /// plane  with its key points derived
-std::vector<float> planeGrid(PlaneProperty const& plane, float rows, float columns,
-                             float tickAlongRows, float tickAlongColumns);
+std::vector<float> verticesOfPlane(PlaneProperty const& plane, float rows, float columns,
+                                   float tickAlongRows, float tickAlongColumns);
 
 }  // namespace Freecut

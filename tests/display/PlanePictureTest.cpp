@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/PlaneGrid.h"
+#include "display/PlanePicture.h"
 #include "display/PlaneViewProvider.h"
 #include "tests/support/ToolProbe.h"
 #include "tools/PlaneGraphicObject.h"
@@ -44,7 +44,7 @@ struct PlaneInView : ViewedDocument
 
 }  // namespace
 
-TEST(PlaneGrid, DividesSidesByTheirLength)
+TEST(PlanePicture, DividesSidesByTheirLength)
 {
     struct Row
     {
@@ -60,7 +60,7 @@ TEST(PlaneGrid, DividesSidesByTheirLength)
     }
 }
 
-TEST(PlaneGrid, ASideOfAtMostTwentyAlwaysHasTwoCells)
+TEST(PlanePicture, ASideOfAtMostTwentyAlwaysHasTwoCells)
 {
     PlaneInView test;
     for (float const side : {100.f, 20.f, 0.5f}) {
@@ -70,7 +70,7 @@ TEST(PlaneGrid, ASideOfAtMostTwentyAlwaysHasTwoCells)
     }
 }
 
-TEST(PlaneGrid, APlaneThatShrinksToTwentyFiveKeepsTheCountOfForty)
+TEST(PlanePicture, APlaneThatShrinksToTwentyFiveKeepsTheCountOfForty)
 {
     PlaneInView test;
     test.resize(40, 100);
@@ -79,9 +79,9 @@ TEST(PlaneGrid, APlaneThatShrinksToTwentyFiveKeepsTheCountOfForty)
     EXPECT_EQ(test.provider->getGridColumns(), 8);
 }
 
-TEST(PlaneGrid, TicksAreQuadsAroundTheMidpointsOfOppositeSides)
+TEST(PlanePicture, TicksAreQuadsAroundTheMidpointsOfOppositeSides)
 {
-    std::vector<float> const grid = Freecut::planeGrid(rectangle(40, 10), 3, 2, 2, 1);
+    std::vector<float> const grid = Freecut::verticesOfPlane(rectangle(40, 10), 3, 2, 2, 1);
     ASSERT_EQ(grid.size(), 3u * 4 * (2 + 6));
     std::vector<Point> const expected = {{19, 0, 0},   {21, 0, 0},   {21, 10, 0},   {19, 10, 0},
                                          {0, 4.5f, 0}, {0, 5.5f, 0}, {40, 5.5f, 0}, {40, 4.5f, 0}};
@@ -89,9 +89,9 @@ TEST(PlaneGrid, TicksAreQuadsAroundTheMidpointsOfOppositeSides)
         EXPECT_EQ(vertex(grid, i), expected[i]) << i;
 }
 
-TEST(PlaneGrid, CellsCoverThePlaneRowByRow)
+TEST(PlanePicture, CellsCoverThePlaneRowByRow)
 {
-    std::vector<float> const grid = Freecut::planeGrid(rectangle(40, 30), 4, 3, 2, 2);
+    std::vector<float> const grid = Freecut::verticesOfPlane(rectangle(40, 30), 4, 3, 2, 2);
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 3; ++column) {
             int const first = 8 + 4 * (3 * row + column);
