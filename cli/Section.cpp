@@ -59,15 +59,13 @@ int runSection(SectionOptions const& options)
         Freecut::PlaneSize const size = sizeOf(options, run.document());
         describe(run.reportHead(), options, size);
         auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-        // With connectors the cut tells of the section itself.
-        bool const isPlain = options.connectors.cutType() == SECTIONCUT_PLANE;
-        bool const wantsSurvey = run.isDry() || (isPlain && run.wantsReport());
         run.cutEach([&](CutPart& part) {
-            if (wantsSurvey)
-                surveySection(part, *plane, options);
-            if (!run.isDry())
-                cutByPlane(run.document(), part, *plane, options);
-            else if (options.common.wantsTable())
+            if (!run.isDry()) {
+                cutByPlane(run.document(), part, *plane, options, run.wantsReport());
+                return;
+            }
+            surveySection(part, *plane, options);
+            if (options.common.wantsTable())
                 printSurvey(part);
         });
     });

@@ -14,7 +14,8 @@ class PlaneGraphicObject;
 
 /// Cuts a part of a document as the application does, and enters the new parts as its pieces.
 ///
+/// measuresSection  a plain cut is to tell of its section too
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled. The document
 ///         is then unchanged
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
-                SectionOptions const& options);
+                SectionOptions const& options, bool measuresSection);

@@ -34,10 +34,13 @@ public:
     void setPlaneObject(Freecut::PlaneGraphicObject* plane);
     void setPinHoleParas(PinHoleParas const& paras);
     void setLapJointParas(LapJointParas const& paras);
+    /// Whether plain cuts measure their sections too; they do not unless asked to.
+    void setMeasuresSections(bool measures);
 
     /// The pieces of the last job: side A, to which the plane's normal points, before side B in a
     /// plain cut; for connectors as their cutters tell. Empty after a connector cut that failed.
-    /// After a cut with connectors: the sections of the parts that the plane meets.
+    /// After a cut with connectors, or one that measures: the sections of the parts that the plane
+    /// meets.
     SectionRecords const& sections() const { return m_sections; }
     CutResultMap& getResult() { return m_result; }
 
@@ -56,6 +59,7 @@ private:
     LapJointParas m_lapJointParas{-1, -1, -1, -1, -1, -1};
     Freecut::PlaneGraphicObject* m_plane = nullptr;
     bool m_checkBoundary = false;
+    bool m_measuresSections = false;
     std::vector<Mesh::DocumentObject*> m_objects;
     CutResultMap m_result;
     SectionRecords m_sections;
