@@ -226,7 +226,17 @@ std::array<Point, 3> cornersOf(Triangle const& t)
     return {t.cP(0), t.cP(1), t.cP(2)};
 }
 
-/// What the cut has made.
+/// Whether rounding can have turned a triangle over.
+bool isNarrow(Point const& a, Point const& b, Point const& c)
+{
+    Vector const u = between(a, b), v = between(a, c);
+    Vector const w = v - u, normal = u * v;
+    double const longest = std::max({u | u, v | v, w | w});
+    double const width = doubtfulUnits * unitAt(a);
+    return (normal | normal) <= width * width * longest;
+}
+
+/// What the cut has made, above first, and the walls of each half before its caps.
 std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
                                         SectionRounding::Triangles const& caps,
                                         CutPlane const& plane)
@@ -305,42 +315,52 @@ bool SectionRounding::isInDoubt(Exact::SectionFilling const& filling)
         if (piece.size > 2)
             doubt(piece);
     // The caps of a plane along two axes lie in it exactly.
-    if (!m_plane.isAxisParallel())
-        for (auto const& [a, b, c] : filling.triangles)
-            doubtNarrow({m_points.place(a), m_points.place(b), m_points.place(c)}, {a, b, c});
-    return m_isAny;
+    for (std::size_t i = 0; i < filling.triangles.size() && !m_plane.isAxisParallel(); ++i) {
+        auto const& [a, b, c] = filling.triangles[i];
+        if (!isNarrow(m_points.place(a), m_points.place(b), m_points.place(c)))
+            continue;
+        m_doubtedCaps.push_back(i);
+        for (std::uint32_t const point : filling.triangles[i])
+            m_isInDoubt[point] = true;
+    }
+    return !m_doubtedOrigins.empty() || !m_doubtedCaps.empty();
 }
 
 void SectionRounding::doubt(WallPiece const& piece)
 {
     std::array<Point, 4> places;
-    bool isNear = false;
+    bool isDoubted = false;
     for (std::size_t i = 0; i < std::size_t(piece.size); ++i) {
         places[i] = m_walls.placeOf(piece.corners[i]);
-        isNear |= !piece.corners[i].isPoint() && !m_plane.isAxisParallel() &&
-                  m_plane.distanceOf(places[i]) <= doubtfulUnits * unitAt(places[i]);
+        isDoubted |= !piece.corners[i].isPoint() && !m_plane.isAxisParallel() &&
+                     m_plane.distanceOf(places[i]) <= doubtfulUnits * unitAt(places[i]);
     }
-    auto const pointAt = [&](std::size_t i) { return piece.corners[i].point; };
     for (auto const& [a, b, c] : m_walls.trianglesOf(piece))
-        doubtNarrow({places[a], places[b], places[c]}, {pointAt(a), pointAt(b), pointAt(c)});
-    for (std::size_t i = 0; isNear && i < std::size_t(piece.size); ++i)
+        isDoubted |= isNarrow(places[a], places[b], places[c]);
+    if (!isDoubted)
+        return;
+    m_doubtedOrigins.insert(piece.origin);
+    for (std::size_t i = 0; i < std::size_t(piece.size); ++i)
         if (piece.corners[i].isPoint())
-            m_isAny = m_isInDoubt[pointAt(i)] = true;
+            m_isInDoubt[piece.corners[i].point] = true;
 }
 
-/// Doubts the section points of a triangle that rounding can have turned over.
-void SectionRounding::doubtNarrow(std::array<Point, 3> const& places,
-                                  std::array<std::uint32_t, 3> const& points)
+/// The places, among what the cut has made, of what may have been turned over.
+std::vector<std::size_t> SectionRounding::doubtedAmong(Triangles const& caps) const
 {
-    Vector const u = between(places[0], places[1]), v = between(places[0], places[2]);
-    Vector const w = v - u, normal = u * v;
-    double const longest = std::max({u | u, v | v, w | w});
-    double const width = doubtfulUnits * unitAt(places[0]);
-    if ((normal | normal) > width * width * longest)
-        return;
-    for (std::uint32_t const point : points)
-        if (point != WallCorner::none)
-            m_isAny = m_isInDoubt[point] = true;
+    std::vector<std::size_t> doubted;
+    std::size_t first = 0;
+    for (CutSide const side : {sideAbove, sideBelow}) {
+        auto const& origins = m_walls.origins(side);
+        for (std::size_t i = 0; i < origins.size() && !m_doubtedOrigins.empty(); ++i)
+            if (m_doubtedOrigins.contains(origins[i]))
+                doubted.push_back(first + i);
+        first += origins.size();
+        for (std::size_t const cap : m_doubtedCaps)
+            doubted.push_back(first + cap);
+        first += caps[side].size();
+    }
+    return doubted;
 }
 
 std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling& filling,
@@ -358,17 +378,14 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
         }
         return false;
     };
-    std::vector<std::size_t> doubted;
-    for (std::size_t i = 0; i < made.size(); ++i)
-        if (isDoubted(made[i]))
-            doubted.push_back(i);
-    if (!doAnyCross(made, doubted, m_plane.isAxisParallel(), stage))
+    if (!doAnyCross(made, doubtedAmong(caps), m_plane.isAxisParallel(), stage))
         return {};
     Surroundings surroundings;
-    for (std::size_t const i : doubted)
-        surroundings.add(*made[i].record);
+    for (HalfTriangle const& triangle : made)
+        if (isDoubted(triangle))
+            surroundings.add(*triangle.record);
     std::vector<HalfTriangle> near;
-    bool const areAllNear = doubted.size() * made.size() > mostTests;
+    bool const areAllNear = surroundings.size() * made.size() > mostTests;
     for (HalfTriangle const& face : made)
         if (areAllNear || surroundings.reach(*face.record))
             near.push_back(face);

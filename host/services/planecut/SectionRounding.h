@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <unordered_set>
 #include <vector>
 
 /// Mends what rounding has done to the pieces of a plane cut: section points are where exact ones
@@ -53,14 +54,17 @@ private:
 
     void takeOver(Mended const& mended, Triangles& caps, Exact::SectionFilling& filling);
     void doubt(WallPiece const& piece);
-    void doubtNarrow(std::array<UPoint3<float>, 3> const& places,
-                     std::array<std::uint32_t, 3> const& points);
+    std::vector<std::size_t> doubtedAmong(Triangles const& caps) const;
 
     CutPlane const& m_plane;
     SideCopies& m_copies;
     SectionPoints& m_points;
     SectionWalls const& m_walls;
+    /// By section point.
     std::vector<bool> m_isInDoubt;
-    bool m_isAny = false;
+    /// What may have been turned over: parts of these triangles, and caps, in the order of the
+    /// filling.
+    std::unordered_set<Triangle const*> m_doubtedOrigins;
+    std::vector<std::size_t> m_doubtedCaps;
     std::vector<Triangle*> m_gone;
 };
