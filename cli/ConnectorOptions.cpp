@@ -3,10 +3,12 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
+#include "connectors/ConnectorPositions.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <set>
 #include <utility>
 
@@ -63,6 +65,13 @@ float lengthOf(ConnectorOptions const& options, char const* name, Length const& 
 float lengthOf(ConnectorOptions const& options, char const* name, Length const& length)
 {
     return lengthOf(options, name, length, Range(length));
+}
+
+/// A length that has another value unless it is given.
+Length from(Length length, float initial)
+{
+    length.initial = initial;
+    return length;
 }
 
 /// The options that have a meaning with a kind.
@@ -126,6 +135,18 @@ void addPinOptions(CLI::App& command, ConnectorOptions& options)
               PinHole::faceClearance);
     group.add_flag("--keep-clear", options.keepClear,
                    "Leave connectors out whose holes would come within 0.1 mm of a contour");
+    group
+        .add_option("--at", options.atTexts,
+                    "Put one more connector there, a point of the plane; others that are too near "
+                    "give way. Repeat it for more")
+        ->type_name("X,Y,Z")
+        ->allow_extra_args(false);
+    group
+        .add_option("--without", options.withoutTexts,
+                    "Leave out the connector with this number in the list of --dry-run, or \"all\" "
+                    "of those that --at did not put. Repeat it for more")
+        ->type_name("N|all")
+        ->allow_extra_args(false);
 }
 
 void addLapJointOptions(CLI::App& command, ConnectorOptions& options)
@@ -153,6 +174,19 @@ void addLapJointOptions(CLI::App& command, ConnectorOptions& options)
         ->type_name("WHICH");
 }
 
+/// The place in a list of what has a number there, which starts at 1.
+std::size_t placeOfNumber(std::string const& text)
+{
+    std::size_t number = 0;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number == 0)
+        throw UsageError(
+            "--without takes a connector's number in the list of --dry-run, such as 3, or \"all\", "
+            "but got \"" +
+            text + "\".");
+    return number - 1;
+}
+
 }  // namespace
 
 void ConnectorOptions::addTo(CLI::App& command)
@@ -167,12 +201,38 @@ void ConnectorOptions::addTo(CLI::App& command)
         group.add_flag_callback(
             name, [this, chosen = choice] { kind = chosen; }, help);
     group.require_option(0, 1);
+    command
+        .add_option("--preset", presetFile,
+                    "Start from the values in this file, which the dialog of the section cut "
+                    "exports; options go before them")
+        ->type_name("FILE");
     addText(command, *this, "--side-distance",
             "Distance of the connectors from the contours (default: " +
                 decimal(float(LapJoint::sideDistance.initial)) +
                 " for a lap joint; without it pins and holes follow the section's centre lines)");
     addPinOptions(command, *this);
     addLapJointOptions(command, *this);
+}
+
+void ConnectorOptions::loadPreset()
+{
+    if (presetFile.empty())
+        return;
+    try {
+        preset = ConnectorPreset::read(QString::fromStdString(presetFile));
+    } catch (Mell::Exception const& reason) {
+        throw UsageError(std::string(reason.what()));
+    }
+    if (kind == Kind::None)
+        kind = preset->kind == ConnectorPreset::Kind::Pins    ? Kind::Pins
+               : preset->kind == ConnectorPreset::Kind::Holes ? Kind::Holes
+                                                              : Kind::LapJoint;
+    bool const isJoint = kind == Kind::LapJoint;
+    if (isJoint ? !preset->lapJoint : !preset->pins)
+        throw UsageError("The preset " + presetFile + " has no values for --" + name() +
+                         "; leave one of the two out.");
+    if (isJoint && !givesBasedOn)
+        basedOn = preset->lapJoint->basedOn;
 }
 
 void ConnectorOptions::check() const
@@ -195,10 +255,12 @@ void ConnectorOptions::check() const
         throw UsageError(
             "--keep-clear is for connectors on the centre lines, and --side-distance puts them "
             "beside the contours; leave one of them out.");
-    if (kind == Kind::LapJoint)
-        lapJointParas();
-    else if (kind != Kind::None)
-        pinHoleParas();
+    for (auto const& [option, isGiven] :
+         {std::pair("--at", !atTexts.empty()), std::pair("--without", !withoutTexts.empty())})
+        if (isGiven && (kind == Kind::None || kind == Kind::LapJoint))
+            refuse(option);
+    paras();
+    choice();
 }
 
 std::string ConnectorOptions::adviceOn(CutRemark::Kind remark) const
@@ -249,40 +311,87 @@ char const* ConnectorOptions::name() const
 
 PinHoleParas ConnectorOptions::pinHoleParas() const
 {
+    PinHoleParas const start = preset ? preset->pins.value_or(PinHoleParas()) : PinHoleParas();
     PinHoleParas paras;
-    paras.radius = lengthOf(*this, "--radius", PinHole::radius);
-    paras.tolerance = lengthOf(*this, "--tolerance", PinHole::tolerance,
+    paras.radius = lengthOf(*this, "--radius", from(PinHole::radius, start.radius));
+    paras.tolerance = lengthOf(*this, "--tolerance", from(PinHole::tolerance, start.tolerance),
                                Range(PinHole::tolerance).atMost(paras.radius, "the radius"));
-    paras.height = lengthOf(*this, "--height", PinHole::height);
-    paras.sidedistance = lengthOf(*this, "--side-distance", PinHole::sideDistance,
-                                  Range(PinHole::sideDistance).atLeast(paras.radius, "the radius"));
-    paras.topclearance = lengthOf(*this, "--top-clearance", PinHole::topClearance);
-    paras.sideclearance = lengthOf(*this, "--side-clearance", PinHole::sideClearance);
-    paras.spacing = lengthOf(*this, "--spacing", PinHole::spacing,
+    paras.height = lengthOf(*this, "--height", from(PinHole::height, start.height));
+    paras.sidedistance =
+        lengthOf(*this, "--side-distance", from(PinHole::sideDistance, start.sidedistance),
+                 Range(PinHole::sideDistance).atLeast(paras.radius, "the radius"));
+    paras.topclearance =
+        lengthOf(*this, "--top-clearance", from(PinHole::topClearance, start.topclearance));
+    paras.sideclearance =
+        lengthOf(*this, "--side-clearance", from(PinHole::sideClearance, start.sideclearance));
+    paras.spacing = lengthOf(*this, "--spacing", from(PinHole::spacing, start.spacing),
                              Range(PinHole::spacing)
                                  .atLeast(PinHole::leastSpacing(paras.radius, paras.sideclearance),
                                           "twice the radius and side clearance"));
-    paras.faceclearance = lengthOf(*this, "--face-clearance", PinHole::faceClearance);
-    paras.isSidedis = lengths.contains("--side-distance");
+    paras.faceclearance =
+        lengthOf(*this, "--face-clearance", from(PinHole::faceClearance, start.faceclearance));
+    paras.isSidedis = start.isSidedis || lengths.contains("--side-distance");
     paras.isPin = kind == Kind::Pins;
-    paras.keepClear = keepClear;
+    paras.keepClear = start.keepClear || keepClear;
     return paras;
 }
 
 LapJointParas ConnectorOptions::lapJointParas() const
 {
+    LapJointParas const start =
+        preset ? preset->lapJoint.value_or(LapJointParas()) : LapJointParas();
     LapJointParas paras;
-    paras.notchDepth = lengthOf(*this, "--notch-depth", LapJoint::notchDepth);
-    paras.sideDistance = lengthOf(*this, "--side-distance", LapJoint::sideDistance);
+    paras.notchDepth =
+        lengthOf(*this, "--notch-depth", from(LapJoint::notchDepth, start.notchDepth));
+    paras.sideDistance =
+        lengthOf(*this, "--side-distance", from(LapJoint::sideDistance, start.sideDistance));
     paras.notchClearance =
-        lengthOf(*this, "--notch-clearance", LapJoint::notchClearance,
+        lengthOf(*this, "--notch-clearance", from(LapJoint::notchClearance, start.notchClearance),
                  Range(LapJoint::notchClearance).atMost(paras.sideDistance, "the side distance"));
     paras.frontClearance =
-        lengthOf(*this, "--front-clearance", LapJoint::frontClearance,
+        lengthOf(*this, "--front-clearance", from(LapJoint::frontClearance, start.frontClearance),
                  Range(LapJoint::frontClearance).atMost(paras.notchDepth, "the notch depth"));
     paras.backClearance =
-        lengthOf(*this, "--back-clearance", LapJoint::backClearance,
+        lengthOf(*this, "--back-clearance", from(LapJoint::backClearance, start.backClearance),
                  Range(LapJoint::backClearance).atMost(paras.notchDepth, "the notch depth"));
     paras.basedOn = basedOn;
     return paras;
+}
+
+ConnectorParas ConnectorOptions::paras() const
+{
+    switch (kind) {
+        case Kind::None:
+            break;
+        case Kind::Pins:
+        case Kind::Holes:
+            return pinHoleParas();
+        case Kind::LapJoint:
+            return lapJointParas();
+    }
+    return {};
+}
+
+ConnectorChoice ConnectorOptions::choice() const
+{
+    ConnectorChoice choice;
+    for (std::string const& text : atTexts) {
+        std::vector<float> const numbers = parseNumbers(text);
+        if (numbers.size() != 3)
+            throw UsageError(
+                "--at takes three coordinates in millimetres such as 10,0,2.5, but got \"" + text +
+                "\".");
+        choice.added.emplace_back(numbers[0], numbers[1], numbers[2]);
+    }
+    for (std::string const& text : withoutTexts)
+        if (text == "all")
+            choice.leavesOutAutomatic = true;
+        else
+            choice.leftOutPlaces.push_back(placeOfNumber(text));
+    if (!choice.added.empty())
+        if (auto const pair = overlappingPair(choice.added, pinHoleParas()))
+            throw UsageError("--at " + atTexts[pair->first] + " and --at " + atTexts[pair->second] +
+                             " overlap; keep connectors " + decimal(leastDistance(pinHoleParas())) +
+                             " mm apart.");
+    return choice;
 }

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorChoice.h"
 #include "connectors/ConnectorLimits.h"
+#include "connectors/ConnectorPreset.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
+#include "connectors/SectionSurvey.h"
 #include "cutjobs/SectionCutType.h"
 #include "cutjobs/common/CutRemark.h"
 
 #include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -31,8 +36,18 @@ struct ConnectorOptions
     bool givesBasedOn = false;
     /// Connectors on the centre lines that would come too near a contour are left out.
     bool keepClear = false;
+    /// A file with values to start from, and what was read from it.
+    std::string presetFile;
+    std::optional<ConnectorPreset> preset;
+    /// Connectors by hand, as typed.
+    std::vector<std::string> atTexts;
+    std::vector<std::string> withoutTexts;
 
     void addTo(CLI::App& command);
+
+    /// Reads the preset, if one is asked for; it also gives the kind if no option does. Throws
+    /// UsageError if it cannot be used.
+    void loadPreset();
 
     /// Throws UsageError for an option that has no meaning with this kind, and for a value outside
     /// its limits.
@@ -51,4 +66,9 @@ struct ConnectorOptions
     /// lines.
     PinHoleParas pinHoleParas() const;
     LapJointParas lapJointParas() const;
+    /// The one of the two that the kind needs, or neither.
+    ConnectorParas paras() const;
+    /// What --at and --without ask for. Throws UsageError for what is not a place or a number, and
+    /// for places that overlap.
+    ConnectorChoice choice() const;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/Failure.h"
+#include "connectors/ConnectorChoice.h"
 #include "cutjobs/common/CutRemark.h"
 #include "host/mesh/MeshFacts.h"
 #include "platform/mesh/MeshKernel.h"
@@ -43,6 +44,8 @@ struct SectionFacts
     std::size_t contours = 0;
     /// Where pins or holes go; none if they were not asked for.
     std::optional<std::vector<UPoint3<float>>> positions;
+    /// The same with those that do not stand, in the order of their numbers; only of a survey.
+    std::vector<ChosenConnector> connectors;
 };
 
 /// A part from the command line and what became of it.

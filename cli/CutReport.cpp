@@ -42,11 +42,40 @@ Report pieceReport(CutPiece const& piece)
     return report;
 }
 
+char const* nameOf(ChosenConnector::State state)
+{
+    switch (state) {
+        case ChosenConnector::State::Stands:
+            return "stands";
+        case ChosenConnector::State::LeftOut:
+            return "leftOut";
+        case ChosenConnector::State::GivesWay:
+            return "givesWay";
+    }
+    return "";
+}
+
+Report connectorsReport(std::vector<ChosenConnector> const& connectors)
+{
+    Report report = Report::array();
+    for (ChosenConnector const& connector : connectors) {
+        UPoint3<float> const& p = connector.position;
+        report.push_back({{"number", report.size() + 1},
+                          {"position", {tidy(p.X()), tidy(p.Y()), tidy(p.Z())}},
+                          {"added", connector.isAdded},
+                          {"state", nameOf(connector.state)},
+                          {"leavesPart", connector.leavesPart}});
+    }
+    return report;
+}
+
 void appendSection(Report& report, SectionFacts const& section)
 {
     report["section"] = {{"area", section.area}, {"contours", section.contours}};
     if (section.positions)
         report["positions"] = pointsReport(*section.positions);
+    if (!section.connectors.empty())
+        report["connectors"] = connectorsReport(section.connectors);
 }
 
 char const* nameOf(CutRemark::Kind kind)

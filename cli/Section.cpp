@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutRun.h"
+#include "cli/Errors.h"
 #include "cli/Numbers.h"
 #include "cli/SectionJob.h"
 #include "cli/SectionSurvey.h"
@@ -37,6 +38,22 @@ std::string counted(std::size_t count, std::string const& noun)
     return grouped(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
+void printConnector(std::size_t number, ChosenConnector const& connector)
+{
+    using State = ChosenConnector::State;
+    UPoint3<float> const& p = connector.position;
+    std::string text = decimal(p.X()) + " " + decimal(p.Y()) + " " + decimal(p.Z());
+    if (connector.isAdded)
+        text += "  added";
+    if (connector.state == State::LeftOut)
+        text += "  left out";
+    if (connector.state == State::GivesWay)
+        text += "  gives way";
+    if (connector.leavesPart)
+        text += "  leaves the part";
+    std::printf("  %3zu  %s\n", number, text.c_str());
+}
+
 void printSurvey(CutPart const& part)
 {
     SectionFacts const& section = *part.section;
@@ -45,29 +62,50 @@ void printSurvey(CutPart const& part)
     if (section.positions)
         text += ", room for " + counted(section.positions->size(), "connector");
     std::printf("%s\n", text.c_str());
-    if (section.positions)
-        for (UPoint3<float> const& p : *section.positions)
-            std::printf("  %s %s %s\n", decimal(p.X()).c_str(), decimal(p.Y()).c_str(),
-                        decimal(p.Z()).c_str());
+    for (std::size_t i = 0; i < section.connectors.size(); ++i)
+        printConnector(i + 1, section.connectors[i]);
 }
 
-int runSection(SectionOptions const& options)
+/// Connectors by hand are those of one section.
+void refuseSeveral(CutRun& run, SectionOptions const& options)
 {
+    ConnectorOptions const& connectors = options.connectors;
+    if (run.parts().size() > 1 && !connectors.choice().isEmpty())
+        throw UsageError(std::string(connectors.atTexts.empty() ? "--without" : "--at") +
+                         " is for one part at a time, but there are " +
+                         grouped(run.parts().size()) + "; cut them one by one.");
+}
+
+void cutSection(CutRun& run, CutPart& part, Freecut::PlaneGraphicObject& plane,
+                SectionOptions const& options)
+{
+    ConnectorOptions const& connectors = options.connectors;
+    bool const hasChoice = !connectors.choice().isEmpty();
+    // A cut tells of the section itself.
+    std::optional<SectionSurvey> survey;
+    if (run.isDry() || hasChoice) {
+        survey = surveyOf(part, plane, options);
+        enterFacts(part, *survey, connectors);
+    }
+    if (!run.isDry())
+        return cutByPlane(run.document(), part, plane, options, hasChoice ? &*survey : nullptr,
+                          run.wantsReport());
+    enterRemarks(part, *survey, connectors);
+    if (options.common.wantsTable())
+        printSurvey(part);
+}
+
+int runSection(SectionOptions& options)
+{
+    options.connectors.loadPreset();
     options.check();
     CutRun run("section", options);
     return run.perform([&] {
         Freecut::PlaneSize const size = sizeOf(options, run.document());
         describe(run.reportHead(), options, size);
         auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
-        run.cutEach([&](CutPart& part) {
-            if (!run.isDry()) {
-                cutByPlane(run.document(), part, *plane, options, run.wantsReport());
-                return;
-            }
-            surveySection(part, *plane, options);
-            if (options.common.wantsTable())
-                printSurvey(part);
-        });
+        refuseSeveral(run, options);
+        run.cutEach([&](CutPart& part) { cutSection(run, part, *plane, options); });
     });
 }
 
@@ -86,6 +124,8 @@ void addSection(CLI::App& commandLine, Action& action)
         "  freecut section bracket.stl --center 0,0,12.5 --normal 0,0,1\n"
         "  freecut section arm.stl --center 40,0,0 --normal 1,0,0.2 --pins --radius 1.5\n"
         "  freecut section vase.stl --center 0,0,50 --normal 0,0,1 --lap-joint --based-on outer\n"
-        "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --holes --dry-run --json -");
+        "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --holes --dry-run --json -\n"
+        "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --pins --without 3 --at "
+        "40,2.5,1");
     command->callback([options, &action] { action = [options] { return runSection(*options); }; });
 }

@@ -6,14 +6,14 @@
 
 namespace {
 
-SectionFacts factsOf(SectionRecord const& record, ConnectorOptions const& connectors)
+void enterRecord(CutPart& part, SectionRecord const& record, ConnectorOptions const& connectors)
 {
-    SectionFacts facts;
+    // A survey has entered more than that.
+    SectionFacts& facts = part.section ? *part.section : part.section.emplace();
     facts.area = record.area;
     facts.contours = record.contours;
     if (connectors.cutType() == SECTIONCUT_PINHOLE)
         facts.positions = record.positions;
-    return facts;
 }
 
 /// Connectors turn the order of the pieces round; a cut for them that leaves a gap does so even
@@ -31,7 +31,7 @@ bool isLowerFirst(CutPart const& part, ConnectorOptions const& connectors)
 }  // namespace
 
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
-                SectionOptions const& options, bool measuresSection)
+                SectionOptions const& options, SectionSurvey const* survey, bool measuresSection)
 {
     SectionCutImp worker(nullptr);
     worker.setObjects({part.object});
@@ -43,9 +43,11 @@ void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicOb
     if (options.connectors.cutType() == SECTIONCUT_LAPJOINT)
         worker.setLapJointParas(options.connectors.lapJointParas());
     worker.setMeasuresSections(measuresSection);
+    if (survey)
+        worker.setConnectorPositions({{part.object, standingPositions(survey->connectors)}});
     runWorker(worker, part);
     if (auto const found = worker.sections().find(part.object); found != worker.sections().end())
-        part.section = factsOf(found->second, options.connectors);
+        enterRecord(part, found->second, options.connectors);
     for (CutRemark& remark : part.remarks)
         remark.text += options.connectors.adviceOn(remark.kind);
 

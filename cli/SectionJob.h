@@ -3,6 +3,7 @@
 
 #include "cli/CutPart.h"
 #include "cli/SectionOptions.h"
+#include "connectors/SectionSurvey.h"
 
 namespace Mesh {
 class Document;
@@ -14,8 +15,9 @@ class PlaneGraphicObject;
 
 /// Cuts a part of a document as the application does, and enters the new parts as its pieces.
 ///
-/// measuresSection  a plain cut is to tell of its section too
+/// survey           null, or says where pins or holes stand
+/// measuresSection  a plain cut tells of its section too
 /// throws  CutError if the cut failed; Mell::AbortException if the user has cancelled. The document
 ///         is then unchanged
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
-                SectionOptions const& options, bool measuresSection);
+                SectionOptions const& options, SectionSurvey const* survey, bool measuresSection);

@@ -1,100 +1,78 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/SectionSurvey.h"
 
-#include "connectors/LapJointOutline.h"
-#include "connectors/PinPlacement.h"
-#include "connectors/SectionPlanes.h"
-#include "cutjobs/common/RemarkTexts.h"
+#include "cli/Errors.h"
+#include "cli/Numbers.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
-#include "platform/services/Intersect.h"
 
-#include <functional>
-#include <memory>
+#include <cmath>
 
 namespace {
 
-/// The faces that a plane cuts in a part.
-std::unique_ptr<MeshKernel> sectionOf(MeshKernel const& part, MeshKernel& plane,
-                                      std::function<void(int)> const& progress)
+/// A place with three decimals lies no farther beside a plane.
+constexpr double mostBesidePlane = 0.01;
+
+std::string placeText(UPoint3<float> const& p)
 {
-    MeshKernel copy(part);
-    MeshKernel sideA, sideB;
-    auto section = std::make_unique<MeshKernel>();
-    Intersect::cutByPlane(&copy, &plane, &sideA, &sideB, section.get(), progress, true);
-    return section;
+    return decimal(p.X()) + "," + decimal(p.Y()) + "," + decimal(p.Z());
 }
 
-/// Measures the sections of one cut.
-class SectionSurvey
+void refuseBesidePlane(ConnectorChoice const& choice, PlaneFrame const& frame)
 {
-public:
-    SectionSurvey(SectionPlanes const& planes, ConnectorOptions const& connectors)
-        : m_frame(planes.frame()), m_connectors(connectors)
-    {
-        planes.calculateCutPlaneMesh(m_plane.getMesh().get());
+    for (UPoint3<float> const& place : choice.added) {
+        UPoint3<float> local = frame.toPlaneLocal(place);
+        if (std::abs(local.Z()) <= mostBesidePlane)
+            continue;
+        double const distance = std::abs(local.Z());
+        local[2] = 0;
+        throw UsageError("--at " + placeText(place) + " lies " + decimal(float(distance)) +
+                         " mm beside the plane; the nearest place in it is " +
+                         placeText(frame.fromPlaneLocal(local)) + ".");
     }
+}
 
-    void survey(CutPart& part)
-    {
-        Base::SequencerLauncher display("Measuring the section", 100, true);
-        display.setCancelEnabled(true);
-        std::function<void(int)> const progress = [&](int percent) {
-            display.setProgress(std::uint64_t(percent));
-        };
-        auto const section = sectionOf(*part.object->meshProperty->getMesh(), m_plane, progress);
-        SectionFacts& facts = part.section.emplace();
-        facts.area = measureMesh(*section).area;
-        auto const contours = extractSectionContours(section.get());
-        facts.contours = contours.size();
-        if (m_connectors.cutType() == SECTIONCUT_PINHOLE)
-            placePins(part, contours, *section);
-        if (m_connectors.cutType() == SECTIONCUT_LAPJOINT)
-            placeJoint(part, contours);
-    }
-
-private:
-    void placePins(CutPart& part, std::vector<SectionContour> const& contours,
-                   MeshKernel& section) const
-    {
-        SectionFacts& facts = *part.section;
-        facts.positions.emplace();
-        if (contours.empty())
-            return;
-        PinHoleParas const paras = m_connectors.pinHoleParas();
-        facts.positions = PinPlacement(paras, m_frame, ConnectorProgress::poll())
-                              .computePositions(contours, &section);
-        if (facts.positions->empty())
-            part.remarks.push_back(withAdvice(noRoomForPins(part.object)));
-    }
-
-    void placeJoint(CutPart& part, std::vector<SectionContour> const& contours) const
-    {
-        if (contours.empty())
-            return;
-        LapJointParas const paras = m_connectors.lapJointParas();
-        if (LapJointOutline::polled(paras, m_frame, m_plane.readMesh(), contours, true,
-                                    ConnectorProgress::poll())
-                .size() == 0)
-            part.remarks.push_back(withAdvice(noRoomForJoint(part.object)));
-    }
-
-    CutRemark withAdvice(CutRemark remark) const
-    {
-        remark.text += m_connectors.adviceOn(remark.kind);
-        return remark;
-    }
-
-    PlaneFrame const& m_frame;
-    ConnectorOptions const& m_connectors;
-    MeshKernel m_plane;
-};
+void refuseUnknown(ConnectorChoice const& choice, std::size_t count)
+{
+    for (std::size_t const place : choice.leftOutPlaces)
+        if (place >= count)
+            throw CutError("There is no connector " + std::to_string(place + 1) +
+                           " to leave out: the section has " + std::to_string(count) +
+                           ". Look at the list of --dry-run.");
+}
 
 }  // namespace
 
-void surveySection(CutPart& part, Freecut::PlaneGraphicObject const& plane,
-                   SectionOptions const& options)
+SectionSurvey surveyOf(CutPart const& part, Freecut::PlaneGraphicObject const& plane,
+                       SectionOptions const& options)
 {
-    SectionPlanes const planes(plane, {part.object}, options.bounded);
-    SectionSurvey(planes, options.connectors).survey(part);
+    Base::SequencerLauncher display("Measuring the section", 100, true);
+    display.setCancelEnabled(true);
+    SurveyRequest request{part.object, PlacedMesh(*part.object->meshProperty->getMesh()),
+                          SectionPlanes(plane, {part.object}, options.bounded)};
+    request.connectors = options.connectors.paras();
+    request.choice = options.connectors.choice();
+    refuseBesidePlane(request.choice, request.planes.frame());
+    SectionSurvey survey = surveySection(request, ConnectorProgress::poll());
+    refuseUnknown(request.choice, survey.connectors.size());
+    return survey;
+}
+
+void enterFacts(CutPart& part, SectionSurvey const& survey, ConnectorOptions const& connectors)
+{
+    SectionFacts& facts = part.section.emplace();
+    facts.area = survey.area;
+    facts.contours = survey.contours.size();
+    if (connectors.cutType() == SECTIONCUT_PINHOLE) {
+        facts.positions = standingPositions(survey.connectors);
+        facts.connectors = survey.connectors;
+    }
+}
+
+void enterRemarks(CutPart& part, SectionSurvey const& survey, ConnectorOptions const& connectors)
+{
+    for (CutRemark remark : survey.remarks) {
+        remark.text += connectors.adviceOn(remark.kind);
+        part.remarks.push_back(std::move(remark));
+    }
 }

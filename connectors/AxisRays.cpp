@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/AxisRays.h"
 
+#include "connectors/PlacedMesh.h"
 #include "connectors/PlaneFrame.h"
-#include "platform/mesh/MeshKernel.h"
-#include "platform/mesh/UMesh.h"
 
 #include <algorithm>
 #include <array>
@@ -130,19 +129,16 @@ double heightAt(Local const& p, Corners const& t, double area)
 }  // namespace
 
 AxisRays::AxisRays(PlaneFrame const& frame, std::span<UPoint3<float> const> starts,
-                   MeshKernel const& part)
+                   PlacedMesh const& part)
 {
     std::vector<Local> local;
     for (UPoint3<float> const& start : starts)
         local.push_back(frame.toPlaneLocal(start));
     RayGrid const grid(std::move(local));
-    UMatrix4<float> const& matrix = part.getMatrix();
-    bool const isPlain = matrix.isIdentity();
-    for (UTriangle<float> const* const triangle : part.readMesh()->triangles) {
+    for (UTriangle<float> const* const triangle : part.mesh->triangles) {
         Corners corners;
         for (int i = 0; i < 3; ++i)
-            corners[std::size_t(i)] =
-                frame.toPlaneLocal(isPlain ? triangle->cP(i) : matrix * triangle->cP(i));
+            corners[std::size_t(i)] = frame.toPlaneLocal(part.placed(triangle->cP(i)));
         grid.visitNear(corners, [&](std::uint32_t ray, Local const& start) {
             double const area = areaOf(corners[0], corners[1], corners[2]);
             if (area != 0 && isOver(start, corners))

@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
-class MeshKernel;
 class PlaneFrame;
+struct PlacedMesh;
 
 /// Rays that start in a section plane and run along its normal N or against it, and how far each
 /// runs through the material of a part before it leaves it.
@@ -18,7 +18,7 @@ public:
     /// starts  points of the plane, in space
     /// cost    one pass over the part's triangles; those beside the rays are only looked at
     AxisRays(PlaneFrame const& frame, std::span<UPoint3<float> const> starts,
-             MeshKernel const& part);
+             PlacedMesh const& part);
 
     /// Millimetres of material along N from a start; 0 if it does not lie in material.
     double above(std::size_t ray) const { return reach(ray, 1); }

@@ -1,41 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/ConnectorRun.h"
 
+#include "connectors/FilledSides.h"
 #include "cutjobs/common/PartMesh.h"
-#include "cutjobs/common/RemarkTexts.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
 
 namespace {
 
-/// Which sides of a cut have triangles.
-struct FilledSides
+FilledSides filledSides(Halves const& halves)
 {
-    explicit FilledSides(Halves const& halves)
-        : lower(!halves.lower->readMesh()->triangles.empty()),
-          upper(!halves.upper->readMesh()->triangles.empty())
-    {}
-
-    bool isUncut() const { return lower != upper; }
-    bool operator==(FilledSides const&) const = default;
-
-    bool lower;
-    bool upper;
-};
-
-/// Says what became of the part between the base plane and the moved one.
-void remarkOnCuts(CutRemarks& remarks, Mesh::DocumentObject* part, FilledSides const& atBase,
-                  FilledSides const& atOffset, bool bounded)
-{
-    if (atBase.isUncut() && atBase == atOffset)
-        remarks.push_back(planeMisses(part, bounded));
-    else if (atBase.upper && !atBase.lower && !atOffset.upper)
-        remarks.push_back(gapTakesPart(part));
-    else if (!atBase.lower && atOffset.lower)
-        remarks.push_back(gapTakesLower(part));
-    else if (atBase.upper && !atOffset.upper)
-        remarks.push_back(gapTakesUpper(part));
+    return {!halves.lower->readMesh()->triangles.empty(),
+            !halves.upper->readMesh()->triangles.empty()};
 }
 
 void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel& cap,
@@ -97,18 +74,18 @@ PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel*
     int const span = m_form.cutSpan;
     if (!m_form.hasTwoCuts) {
         cutByPlane(*copy, m_base, part.plain, *part.cap, part.stage({0, span}));
-        remarkOnCuts(remarks, object, FilledSides(part.plain), FilledSides(part.plain), m_bounded);
+        remarkOnCuts(remarks, object, filledSides(part.plain), filledSides(part.plain), m_bounded);
         return part;
     }
     Halves atOffset;
     Halves atBase;
     MeshKernel unread;
     cutByPlane(*copy, m_offset, atOffset, unread, part.stage({0, span}));
-    FilledSides const filledAtOffset(atOffset);
+    FilledSides const filledAtOffset = filledSides(atOffset);
     // Its records would be in the way of the second cut's.
     atOffset.lower.reset();
     cutByPlane(*copy, m_base, atBase, *part.cap, part.stage({span, span}));
-    remarkOnCuts(remarks, object, FilledSides(atBase), filledAtOffset, m_bounded);
+    remarkOnCuts(remarks, object, filledSides(atBase), filledAtOffset, m_bounded);
     part.plain = {atBase.lower, atOffset.upper};
     return part;
 }

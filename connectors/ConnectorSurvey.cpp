@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <numeric>
 
 namespace {
 
@@ -37,35 +36,6 @@ QString millimetres(double length)
     return QString::number(std::floor(length * 100) / 100);
 }
 
-/// The sets of triangles that hang together over vertices, whose identifiers are their places.
-std::size_t shellsOf(MeshKernel const& kernel)
-{
-    UMesh<float> const& mesh = *kernel.readMesh();
-    std::vector<std::size_t> parents(mesh.vertices.size());
-    std::iota(parents.begin(), parents.end(), std::size_t(0));
-    auto const root = [&](std::size_t v) {
-        while (parents[v] != v)
-            v = parents[v] = parents[parents[v]];
-        return v;
-    };
-    auto const unite = [&](std::size_t a, std::size_t b) {
-        a = root(a);
-        b = root(b);
-        parents[std::max(a, b)] = std::min(a, b);
-    };
-    std::vector<bool> isUsed(parents.size(), false);
-    for (UTriangle<float> const* const t : mesh.triangles) {
-        for (int i = 0; i < 3; ++i)
-            isUsed[t->cV(i)->cID()] = true;
-        unite(t->cV(0)->cID(), t->cV(1)->cID());
-        unite(t->cV(0)->cID(), t->cV(2)->cID());
-    }
-    std::size_t shells = 0;
-    for (std::size_t v = 0; v < parents.size(); ++v)
-        shells += isUsed[v] && parents[v] == v;
-    return shells;
-}
-
 /// The axis of a body and its rim.
 void appendStarts(Points& starts, Point const& centre, float radius, PlaneFrame const& frame)
 {
@@ -81,12 +51,15 @@ void appendStarts(Points& starts, Point const& centre, float radius, PlaneFrame 
 struct Leaving
 {
     Points places;
+    /// The places in the list of positions.
+    std::vector<std::size_t> which;
     double least = 0;
 
-    void note(Point const& place, double length)
+    void note(Point const& place, std::size_t index, double length)
     {
         least = places.empty() ? length : std::min(least, length);
         places.push_back(place);
+        which.push_back(index);
     }
 };
 
@@ -100,7 +73,7 @@ Leaving leavingOf(Points const& positions, double wanted, Reach const& reach)
         for (std::size_t ray = i * (rimCount + 1); ray < (i + 1) * (rimCount + 1); ++ray)
             least = std::min(least, reach(ray));
         if (least < wanted - spare)
-            leaving.note(positions[i], least);
+            leaving.note(positions[i], i, least);
     }
     return leaving;
 }
@@ -125,31 +98,20 @@ Points outlineStarts(POLYGON::Polygons const& outlines, PlaneFrame const& frame)
 }
 
 /// An outline may go round the part on purpose; only what starts in the material can leave it.
-Leaving leavingOutline(POLYGON::Polygons const& outlines, double wanted, PlaneFrame const& frame,
-                       MeshKernel const& source)
+///
+/// first  the ray of the first start
+Leaving leavingOutline(Points const& starts, double wanted, AxisRays const& rays, std::size_t first)
 {
-    Points const starts = outlineStarts(outlines, frame);
-    AxisRays const rays(frame, starts, source);
     Leaving leaving;
     for (std::size_t i = 0; i < starts.size(); ++i)
-        if (double const length = rays.above(i); length > 0 && length < wanted - spare)
-            leaving.note(starts[i], length);
+        if (double const length = rays.above(first + i); length > 0 && length < wanted - spare)
+            leaving.note(starts[i], i, length);
     return leaving;
 }
 
 }  // namespace
 
-ConnectorSurvey::ConnectorSurvey(PartOfRun const& part, PlaneFrame const& frame,
-                                 CutRemarks& remarks)
-    : m_object(part.object),
-      m_source(*part.source),
-      m_frame(frame),
-      m_remarks(remarks),
-      m_plainLower(shellsOf(*part.plain.lower)),
-      m_plainUpper(shellsOf(*part.plain.upper))
-{}
-
-void ConnectorSurvey::ofPins(PinHoleParas const& paras, Points const& positions) const
+std::vector<bool> ConnectorSurvey::ofPins(PinHoleParas const& paras, Points const& positions) const
 {
     Points starts;
     for (Point const& position : positions)
@@ -191,12 +153,25 @@ void ConnectorSurvey::ofPins(PinHoleParas const& paras, Points const& positions)
                                          "is wider than the one above the pins."))
                 .toStdString(),
             {});
+    std::vector<bool> leaves(positions.size(), false);
+    for (std::size_t const i : holes.which)
+        leaves[i] = true;
+    for (std::size_t const i : pins.which)
+        leaves[i] = leaves[i] || paras.isPin;
+    return leaves;
 }
 
-void ConnectorSurvey::ofJoint(LapJointParas const& paras, POLYGON::Polygons const& tongue,
-                              POLYGON::Polygons const& notch) const
+ConnectorSurvey::JointLeaving ConnectorSurvey::ofJoint(LapJointParas const& paras,
+                                                       POLYGON::Polygons const& tongue,
+                                                       POLYGON::Polygons const& notch) const
 {
-    Leaving const raised = leavingOutline(tongue, paras.notchDepth, m_frame, m_source);
+    Points const tongueStarts = outlineStarts(tongue, m_frame);
+    Points const notchStarts = outlineStarts(notch, m_frame);
+    Points starts = tongueStarts;
+    starts.insert(starts.end(), notchStarts.begin(), notchStarts.end());
+    // One pass over the part for both.
+    AxisRays const rays(m_frame, starts, m_source);
+    Leaving const raised = leavingOutline(tongueStarts, paras.notchDepth, rays, 0);
     if (!raised.places.empty())
         add(Kind::ConnectorLeavesPart,
             translated(QT_TRANSLATE_NOOP("CutRemarks",
@@ -205,8 +180,8 @@ void ConnectorSurvey::ofJoint(LapJointParas const& paras, POLYGON::Polygons cons
                 .arg(millimetres(raised.least))
                 .toStdString(),
             {raised.places.front()});
-    Leaving const hollow =
-        leavingOutline(notch, double(paras.notchDepth) + paras.backClearance, m_frame, m_source);
+    Leaving const hollow = leavingOutline(
+        notchStarts, double(paras.notchDepth) + paras.backClearance, rays, tongueStarts.size());
     if (!hollow.places.empty())
         add(Kind::ConnectorLeavesPart,
             translated(QT_TRANSLATE_NOOP("CutRemarks",
@@ -224,23 +199,7 @@ void ConnectorSurvey::ofJoint(LapJointParas const& paras, POLYGON::Polygons cons
                                          "faces is wider than the one above the tongue."))
                 .toStdString(),
             {});
-}
-
-void ConnectorSurvey::ofShells(Halves const& joined) const
-{
-    auto const compare = [&](char const* text, MeshKernel const& half, std::size_t plain) {
-        std::size_t const count = shellsOf(half);
-        if (count > plain)
-            add(Kind::PieceFallsApart, translated(text).arg(count).arg(plain).toStdString(), {});
-    };
-    compare(QT_TRANSLATE_NOOP("CutRemarks",
-                              "The lower piece consists of %1 shells; without "
-                              "connectors it would be %2."),
-            *joined.lower, m_plainLower);
-    compare(QT_TRANSLATE_NOOP("CutRemarks",
-                              "The upper piece consists of %1 shells; without "
-                              "connectors it would be %2."),
-            *joined.upper, m_plainUpper);
+    return {raised.places, hollow.places};
 }
 
 void ConnectorSurvey::add(Kind kind, std::string text, Points places) const

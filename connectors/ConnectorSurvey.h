@@ -1,44 +1,59 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "connectors/ConnectorRun.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
-#include "connectors/SectionRecord.h"
+#include "connectors/PlacedMesh.h"
+#include "cutjobs/common/CutRemark.h"
+#include "platform/geometry/UPoint3.h"
+
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace POLYGON {
 class Polygons;
 }
+namespace Mesh {
+class DocumentObject;
+}
 class PlaneFrame;
 
-/// What a person must be told of the connectors of one part: those that leave its material, and
-/// that they make a piece fall apart. Looks at the uncut part along the connectors' axis.
-///
-///     ConnectorSurvey const survey(part, frame, remarks);
-///     survey.ofPins(paras, positions);
-///     Halves const joined = applyPins(...);
-///     survey.ofShells(joined);
+/// What a person must be told of the connectors of one part: those that leave its material. Looks at
+/// the uncut part along the connectors' axis.
 class ConnectorSurvey
 {
 public:
-    /// part  before its plain halves are given up
-    ConnectorSurvey(PartOfRun const& part, PlaneFrame const& frame, CutRemarks& remarks);
+    using Points = std::vector<UPoint3<float>>;
+
+    /// object   the part, to be named in the remarks; not looked at
+    /// source   its mesh, uncut
+    /// remarks  takes what is found
+    ConnectorSurvey(Mesh::DocumentObject* object, PlacedMesh source, PlaneFrame const& frame,
+                    CutRemarks& remarks)
+        : m_object(object), m_source(std::move(source)), m_frame(frame), m_remarks(remarks)
+    {}
 
     /// Pins that the surface cuts short, holes that open, and faces that cannot meet.
-    void ofPins(PinHoleParas const& paras, std::vector<UPoint3<float>> const& positions) const;
+    ///
+    /// returns  which of the positions have a pin or hole that leaves the part
+    std::vector<bool> ofPins(PinHoleParas const& paras, Points const& positions) const;
+
+    /// Where on their outlines tongue and notch leave the part.
+    struct JointLeaving
+    {
+        Points tongue;
+        Points notch;
+    };
     /// The same of a tongue and its notch.
-    void ofJoint(LapJointParas const& paras, POLYGON::Polygons const& tongue,
-                 POLYGON::Polygons const& notch) const;
-    /// Halves that fall into more shells than they do without connectors.
-    void ofShells(Halves const& joined) const;
+    JointLeaving ofJoint(LapJointParas const& paras, POLYGON::Polygons const& tongue,
+                         POLYGON::Polygons const& notch) const;
 
 private:
-    void add(CutRemark::Kind kind, std::string text, std::vector<UPoint3<float>> places) const;
+    void add(CutRemark::Kind kind, std::string text, Points places) const;
 
     Mesh::DocumentObject* m_object;
-    MeshKernel const& m_source;
+    PlacedMesh m_source;
     PlaneFrame const& m_frame;
     CutRemarks& m_remarks;
-    std::size_t m_plainLower;
-    std::size_t m_plainUpper;
 };

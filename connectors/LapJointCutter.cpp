@@ -6,6 +6,7 @@
 #include "connectors/LapJointOutline.h"
 #include "connectors/LapJointSolid.h"
 #include "connectors/SectionPlanes.h"
+#include "connectors/ShellSurvey.h"
 #include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 
@@ -58,12 +59,13 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
         m_remarks.push_back(noRoomForJoint(part.object));
         return {};
     }
-    ConnectorSurvey const survey(part, frame, m_remarks);
     LapJointOutline const outline(paras, frame, *basePlane.readMesh());
-    survey.ofJoint(paras, outline.of(contours, true), outline.of(contours, false));
+    ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks)
+        .ofJoint(paras, outline.of(contours, true), outline.of(contours, false));
+    ShellSurvey const shells(part);
     sinkFloor(notch.front(), frame, paras.frontClearance);
     Halves const joined = applyLapJoint(part, tongue, notch);
-    survey.ofShells(joined);
+    shells.tellOf(joined, m_remarks);
     return joined;
 }
 

@@ -6,6 +6,7 @@
 #include "connectors/PinBodies.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/SectionPlanes.h"
+#include "connectors/ShellSurvey.h"
 #include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 
@@ -59,22 +60,37 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& for
     m_sections[part.object] = {sectionArea(*part.cap), contours.size(), {}};
     if (contours.empty())
         return {};
+    auto const given = m_given.find(part.object);
+    bool const isGiven = given != m_given.end();
+    std::vector<UPoint3<float>> const positions =
+        isGiven ? given->second : placed(part, contours, frame);
+    m_sections[part.object].positions = positions;
+    if (positions.empty()) {
+        if (!isGiven)
+            m_remarks.push_back(noRoomForPins(part.object));
+        return {};
+    }
+    if (isGiven)
+        refuseOverlaps(positions, paras);
+    ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks)
+        .ofPins(paras, positions);
+    ShellSurvey const shells(part);
+    Halves const joined = paras.isPin ? applyPins(part, form, frame, positions)
+                                      : applyHoles(part, form, frame, positions);
+    shells.tellOf(joined, m_remarks);
+    return joined;
+}
+
+std::vector<UPoint3<float>> PinHoleCutter::placed(PartOfRun& part,
+                                                  std::vector<SectionContour> const& contours,
+                                                  PlaneFrame const& frame) const
+{
     std::vector<UPoint3<float>> positions;
     runMeshStage([&] {
         positions = PinPlacement(paras, frame, ConnectorProgress::poll())
                         .computePositions(contours, part.cap.get());
     });
-    m_sections[part.object].positions = positions;
-    if (positions.empty()) {
-        m_remarks.push_back(noRoomForPins(part.object));
-        return {};
-    }
-    ConnectorSurvey const survey(part, frame, m_remarks);
-    survey.ofPins(paras, positions);
-    Halves const joined = paras.isPin ? applyPins(part, form, frame, positions)
-                                      : applyHoles(part, form, frame, positions);
-    survey.ofShells(joined);
-    return joined;
+    return positions;
 }
 
 Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorPositions.h"
 #include "connectors/ConnectorRun.h"
 #include "connectors/PinHoleParas.h"
+#include "connectors/SectionContour.h"
 #include "connectors/SectionRecord.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/geometry/UPoint3.h"
@@ -23,11 +25,15 @@ public:
     PinHoleCutter(PinHoleParas const& paras, bool checkBoundary,
                   std::vector<Mesh::DocumentObject*> parts, Freecut::PlaneGraphicObject* plane);
 
+    /// The connectors of these parts stand where the lists say, instead of where the cutter would put
+    /// them; a part with an empty list gets none. Two on one part must not overlap.
+    void setPositions(ConnectorPositions positions) { m_given = std::move(positions); }
+
     /// Runs the cut. A part whose section has no room for a connector is cut plainly.
     ///
     /// progress  a percentage of the run; may be empty
     /// returns   true
-    /// throws    as LapJointCutter::execute
+    /// throws    as LapJointCutter::execute; Mell::Exception for given positions that overlap
     /// thread    any; reads the parts and the plane, which must not change meanwhile
     bool execute(std::function<void(int)> progress);
 
@@ -42,6 +48,9 @@ public:
 private:
     CutResultMap run(RunForm const& form, std::function<void(int)> const& progress);
     std::optional<Halves> connect(PartOfRun& part, RunForm const& form, PlaneFrame const& frame);
+    /// Where the section has room for connectors.
+    std::vector<UPoint3<float>> placed(PartOfRun& part, std::vector<SectionContour> const& contours,
+                                       PlaneFrame const& frame) const;
     Halves applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
                      std::vector<UPoint3<float>> const& positions) const;
     Halves applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
@@ -54,4 +63,5 @@ private:
     CutResultMap result;
     CutRemarks m_remarks;
     SectionRecords m_sections;
+    ConnectorPositions m_given;
 };

@@ -30,7 +30,7 @@ std::vector<UPoint3<float>> keyPointsOf(Freecut::PlaneGraphicObject const& plane
 SectionPlanes::SectionPlanes(Freecut::PlaneGraphicObject const& plane,
                              std::vector<Mesh::DocumentObject*> const& parts, bool checkBoundary)
     : m_keyPoints(keyPointsOf(plane)),
-      m_parts(parts),
+      m_partsBox(boxOfParts(parts)),
       m_checkBoundary(checkBoundary),
       m_frame(std::span<UPoint3<float> const, keyPointCount>(m_keyPoints.data(), keyPointCount))
 {}
@@ -40,7 +40,7 @@ void SectionPlanes::calculateCutPlaneMesh(UMesh<float>* mesh) const
     if (m_checkBoundary)
         PlaneMesh::fill(mesh, {m_keyPoints[1], m_keyPoints[2], m_keyPoints[3], m_keyPoints[4]});
     else
-        PlaneMesh::fill(mesh, PlaneMesh::span(boxOfParts(m_parts), m_keyPoints[0], m_keyPoints[1],
+        PlaneMesh::fill(mesh, PlaneMesh::span(m_partsBox, m_keyPoints[0], m_keyPoints[1],
                                               m_keyPoints[2], PlaneMesh::Reach::DiagonalAlongAxes));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "connectors/PlaneFrame.h"
+#include "platform/geometry/UBox3.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <vector>
@@ -23,6 +24,9 @@ public:
     SectionPlanes(Freecut::PlaneGraphicObject const& plane,
                   std::vector<Mesh::DocumentObject*> const& parts, bool checkBoundary);
 
+    /// Whether the plane ends at its drawn corners.
+    bool isBounded() const { return m_checkBoundary; }
+
     /// Fills an empty mesh with the cut plane.
     void calculateCutPlaneMesh(UMesh<float>* mesh) const;
     /// Fills an empty mesh with the cut plane and another one with the same moved along its normal.
@@ -32,7 +36,7 @@ public:
 
 private:
     std::vector<UPoint3<float>> m_keyPoints;
-    std::vector<Mesh::DocumentObject*> m_parts;
+    UBox3<float> m_partsBox;
     bool m_checkBoundary;
     PlaneFrame m_frame;
 };

@@ -71,6 +71,11 @@ void SectionCutImp::setMeasuresSections(bool measures)
     m_measuresSections = measures;
 }
 
+void SectionCutImp::setConnectorPositions(ConnectorPositions positions)
+{
+    m_connectorPositions = std::move(positions);
+}
+
 void SectionCutImp::doWork()
 {
     m_result.clear();
@@ -116,8 +121,9 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
 
 bool SectionCutImp::pinHoleCut(std::function<void(int)> progress)
 {
-    return runCutter(PinHoleCutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result, jobRemarks(), m_sections);
+    PinHoleCutter cutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject());
+    cutter.setPositions(m_connectorPositions);
+    return runCutter(std::move(cutter), progress, m_result, jobRemarks(), m_sections);
 }
 
 bool SectionCutImp::lapJointCut(std::function<void(int)> progress)

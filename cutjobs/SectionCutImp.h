@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorPositions.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
 #include "connectors/SectionRecord.h"
@@ -36,6 +37,9 @@ public:
     void setLapJointParas(LapJointParas const& paras);
     /// Whether plain cuts measure their sections too; they do not unless asked to.
     void setMeasuresSections(bool measures);
+    /// Where pins or holes stand on these parts, for the jobs to come; on others the worker places
+    /// them itself.
+    void setConnectorPositions(ConnectorPositions positions);
 
     /// The pieces of the last job: side A, to which the plane's normal points, before side B in a
     /// plain cut; for connectors as their cutters tell. Empty after a connector cut that failed.
@@ -57,6 +61,7 @@ private:
     SECTIONCUTTYPE m_cutType = SECTIONCUT_PLANE;
     PinHoleParas m_pinHoleParas{-1, -1, -1, -1, -1, -1, -1, -1};
     LapJointParas m_lapJointParas{-1, -1, -1, -1, -1, -1};
+    ConnectorPositions m_connectorPositions;
     Freecut::PlaneGraphicObject* m_plane = nullptr;
     bool m_checkBoundary = false;
     bool m_measuresSections = false;

@@ -102,6 +102,11 @@ void SectionZCut::startZCutonebyone(std::vector<Mesh::DocumentObject*> objects,
     emit signalOperate();
 }
 
+std::vector<UPoint3<float>> const& SectionZCut::rubberPoints() const
+{
+    return m_worker->getRubPts();
+}
+
 QString SectionZCut::reason() const
 {
     return m_worker->reason();

@@ -4,6 +4,7 @@
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
+#include "platform/geometry/UPoint3.h"
 #include "platform/services/Repair.h"
 
 #include <QObject>
@@ -57,6 +58,9 @@ public:
     /// and so is its height; so is a part without a height.
     void startZCutonebyone(std::vector<Mesh::DocumentObject*> objects, std::vector<float> heights);
 
+    /// The points that describe the planes of the last start, three for each: its centre, then two
+    /// corners of the rectangle around the part or parts.
+    std::vector<UPoint3<float>> const& rubberPoints() const;
     /// After `finished` with code 0: why the cut failed, where the message does not tell; or empty.
     QString reason() const;
     /// After `finished` with code 1: what a person must be told of the cut.

@@ -38,6 +38,7 @@ public:
     /// Three points for each plane: its centre and a point in each of two directions. One triple in
     /// the common form; one for each part, in the parts' order, in the one-by-one form.
     void setRubPts(std::vector<UPoint3<float>> points);
+    std::vector<UPoint3<float>> const& getRubPts() const { return m_rubberPoints; }
 
     CutResultMap getResult() const { return m_result; }
     /// What the repair did to each piece of the result: same parts, same order.

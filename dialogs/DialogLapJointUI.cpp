@@ -170,6 +170,21 @@ LapJointParas DialogLapJointUI::paras() const
             .basedOn = m_basedOn->checkedId()};
 }
 
+void DialogLapJointUI::setParas(LapJointParas const& paras)
+{
+    line_notchDepth->setValue(double(paras.notchDepth));
+    line_sideDistance->setValue(double(paras.sideDistance));
+    // As they are before anything is edited: a clearance may be none.
+    line_notchClearance->setRange(Limits::notchClearance.least, line_sideDistance->value());
+    line_frontClearance->setRange(Limits::frontClearance.least, line_notchDepth->value());
+    line_backClearance->setRange(Limits::backClearance.least, line_notchDepth->value());
+    line_notchClearance->setValue(double(paras.notchClearance));
+    line_frontClearance->setValue(double(paras.frontClearance));
+    line_backClearance->setValue(double(paras.backClearance));
+    m_basedOn->button(paras.basedOn == 0 || paras.basedOn == 1 ? paras.basedOn : allContours)
+        ->setChecked(true);
+}
+
 void DialogLapJointUI::on_line_notchDepth_editing()
 {
     narrowTo(*line_frontClearance, *line_notchDepth);

@@ -26,6 +26,8 @@ public:
 
     /// What the fields say now.
     LapJointParas paras() const;
+    /// Shows values that agree with each other.
+    void setParas(LapJointParas const& paras);
 
 public slots:
     /// The front and back clearances reach up to the notch depth from now on.

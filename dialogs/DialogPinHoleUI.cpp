@@ -199,6 +199,23 @@ PinHoleParas DialogPinHoleUI::paras() const
             .isPin = pin->isChecked()};
 }
 
+void DialogPinHoleUI::setParas(PinHoleParas const& paras)
+{
+    // The radius first: it moves the limits of others.
+    line_radius->setValue(double(paras.radius));
+    line_sideClear->setValue(double(paras.sideclearance));
+    on_line_radius_editing();
+    line_tolerance->setValue(double(paras.tolerance));
+    line_height->setValue(double(paras.height));
+    line_sideDis->setValue(double(paras.sidedistance));
+    line_topClear->setValue(double(paras.topclearance));
+    line_spacing->setValue(double(paras.spacing));
+    line_faceClear->setValue(double(paras.faceclearance));
+    sidis->setChecked(paras.isSidedis);
+    (paras.isPin ? pin : hole)->setChecked(true);
+    showPicture();
+}
+
 double DialogPinHoleUI::leastSpacing() const
 {
     return Limits::leastSpacing(line_radius->value(), line_sideClear->value());

@@ -26,6 +26,8 @@ public:
 
     /// What the fields say now.
     PinHoleParas paras() const;
+    /// Shows values that agree with each other.
+    void setParas(PinHoleParas const& paras);
 
 public slots:
     // Fields that depend on others keep to them.

@@ -4,12 +4,14 @@
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/SectionCutImp.h"
 #include "cutjobs/WorkerThread.h"
+#include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
 #include "dialogs/DialogSettings.h"
 #include "dialogs/LivePlane.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PlaneFields.h"
+#include "dialogs/PresetButton.h"
 #include "dialogs/ToolButton.h"
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
@@ -88,6 +90,12 @@ void DialogSectioncut::connectAll()
     connect(ui.cutType, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &DialogSectioncut::comboBoxValueChanged);
     connect(ui.allParts, &QAbstractButton::toggled, this, &DialogSectioncut::updateGUI);
+    ui.preview->setScene([this] { return previewScene(); });
+    ui.preview->presets()->setValues([this] { return shownPreset(); },
+                                     [this](ConnectorPreset const& preset) { showPreset(preset); });
+    ui.preview->follow(*ui.pinHole);
+    ui.preview->follow(*ui.lapJoint);
+    connect(ui.useBoundary, &QAbstractButton::toggled, ui.preview, &ConnectorPreview::refresh);
 }
 
 void DialogSectioncut::startTool()
@@ -133,8 +141,10 @@ void DialogSectioncut::on_cancel_clicked()
 void DialogSectioncut::closeEvent(QCloseEvent* event)
 {
     // The tool goes with its dialog, and takes the plane along.
-    if (isClosable())
+    if (isClosable()) {
+        ui.preview->end();
         leaveView({PlanecutSelection::toolName});
+    }
     DialogWidgetOneOff::closeEvent(event);
 }
 
@@ -202,6 +212,7 @@ void DialogSectioncut::takeParts(bool haveChanged)
     } else if (!haveChanged && parts == partList) {
         return;
     }
+    ui.preview->refresh();
     partList = std::move(parts);
     partsBox.SetNull();
     for (Base::DocumentObject const* const part : partList)
@@ -219,6 +230,7 @@ void DialogSectioncut::slotDelObject(Base::DocumentObject* object, std::string c
         setObject(nullptr);
         ui.ok->setEnabled(false);
     }
+    ui.preview->objectGoes(object);
     updateGUI();
 }
 
@@ -229,6 +241,7 @@ void DialogSectioncut::slotReplaceObject(Base::DocumentObject*)
 
 void DialogSectioncut::updateGUI()
 {
+    ui.preview->refresh();
     ui.setHasParts(!PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked()).empty());
 }
 
@@ -266,6 +279,43 @@ void DialogSectioncut::comboBoxValueChanged()
     bool const isPinHole = ui.cutType->currentIndex() == 0;
     ui.pinHole->setVisible(isAdvanced && isPinHole);
     ui.lapJoint->setVisible(isAdvanced && !isPinHole);
+    ui.preview->setVisible(isAdvanced);
+    ui.preview->refresh();
+}
+
+ConnectorPreset DialogSectioncut::shownPreset() const
+{
+    ConnectorPreset preset;
+    preset.pins = getPinHoleCutParas();
+    preset.lapJoint = getLapJointCutParas();
+    bool const isJoint = ui.cutType->currentIndex() != 0;
+    preset.kind = isJoint              ? ConnectorPreset::Kind::LapJoint
+                  : preset.pins->isPin ? ConnectorPreset::Kind::Pins
+                                       : ConnectorPreset::Kind::Holes;
+    return preset;
+}
+
+void DialogSectioncut::showPreset(ConnectorPreset const& preset)
+{
+    if (preset.pins)
+        ui.pinHole->setParas(*preset.pins);
+    if (preset.lapJoint)
+        ui.lapJoint->setParas(*preset.lapJoint);
+    ui.cutType->setCurrentIndex(preset.kind == ConnectorPreset::Kind::LapJoint ? 1 : 0);
+}
+
+PreviewScene DialogSectioncut::previewScene() const
+{
+    PreviewScene scene{planeObject, view(),
+                       PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked()),
+                       ui.useBoundary->isChecked()};
+    if (!ui.useAdvanced->isChecked())
+        return scene;
+    if (ui.cutType->currentIndex() == 0)
+        scene.connectors = getPinHoleCutParas();
+    else
+        scene.connectors = getLapJointCutParas();
+    return scene;
 }
 
 PinHoleParas DialogSectioncut::getPinHoleCutParas() const
@@ -297,8 +347,10 @@ void DialogSectioncut::on_cut_clicked()
     SECTIONCUTTYPE type = SECTIONCUT_PLANE;
     if (ui.useAdvanced->isChecked())
         type = ui.cutType->currentIndex() == 0 ? SECTIONCUT_PINHOLE : SECTIONCUT_LAPJOINT;
-    if (type == SECTIONCUT_PINHOLE)
+    if (type == SECTIONCUT_PINHOLE) {
         m_worker->setPinHoleParas(getPinHoleCutParas());
+        m_worker->setConnectorPositions(ui.preview->positions());
+    }
     if (type == SECTIONCUT_LAPJOINT)
         m_worker->setLapJointParas(getLapJointCutParas());
     m_worker->setCutType(type);

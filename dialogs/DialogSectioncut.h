@@ -13,6 +13,7 @@
 #include <vector>
 
 class SectionCutImp;
+struct ConnectorPreset;
 
 namespace Base {
 class GLView;
@@ -24,6 +25,7 @@ class DocumentObject;
 namespace Freecut {
 
 class PlaneGraphicObject;
+struct PreviewScene;
 
 /// The dialog of the section cut. It shows the plane that the plane tool has made, edits it by
 /// numbers and by a slider, and cuts by it on a thread of its own.
@@ -89,6 +91,11 @@ private:
     void saveParas();
     PinHoleParas getPinHoleCutParas() const;
     LapJointParas getLapJointCutParas() const;
+    /// The values of both pages.
+    ConnectorPreset shownPreset() const;
+    void showPreset(ConnectorPreset const& preset);
+    /// What the connectors shown in the view are of.
+    PreviewScene previewScene() const;
 
     /// The plane through the centre along the typed normal, as a, b, c, d.
     QVector4D getPlane() const;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogSectioncut.h"
 #include "dialogs/PlaneFields.h"
 #include "platform/document/Document.h"
@@ -26,6 +27,7 @@ void DialogSectioncut::showCorners(PlaneCorners const& corners)
 {
     planeObject->getProperty().setCorners(corners.c0, corners.c1, corners.c2, true);
     finishEdit(*planeObject, {.tellsListeners = false});
+    ui.preview->refresh();
 }
 
 UVector3<float> DialogSectioncut::typedNormal() const
@@ -59,6 +61,7 @@ void DialogSectioncut::updateUIdata()
         updateSliderValue();
         redrawView();
     }
+    ui.preview->refresh();
 }
 
 void DialogSectioncut::showSizes(std::array<double, 2> const& sizes)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/SectionCutWidgets.h"
 
+#include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
 #include "dialogs/ToolButton.h"
@@ -200,6 +201,7 @@ QWidget* SectionCutWidgets::buildAdvanced()
     cutType = new QComboBox(content);
     pinHole = new DialogPinHoleUI;
     lapJoint = new DialogLapJointUI;
+    preview = new ConnectorPreview(content);
     texts.addText(useAdvanced, "DialogFreeCut",
                   QT_TRANSLATE_NOOP("DialogFreeCut", "Use advanced cut"));
     texts.addText(cutTypeLabel, "DialogFreeCut",
@@ -216,9 +218,10 @@ QWidget* SectionCutWidgets::buildAdvanced()
     grid->addWidget(cutType, 1, 1);
     grid->addWidget(pinHole, 2, 0, 1, 2);
     grid->addWidget(lapJoint, 3, 0, 1, 2);
-    for (QWidget* const widget :
-         {static_cast<QWidget*>(cutTypeLabel), static_cast<QWidget*>(cutType),
-          static_cast<QWidget*>(pinHole), static_cast<QWidget*>(lapJoint)})
+    grid->addWidget(preview, 4, 0, 1, 2);
+    for (QWidget* const widget : {static_cast<QWidget*>(cutTypeLabel),
+                                  static_cast<QWidget*>(cutType), static_cast<QWidget*>(pinHole),
+                                  static_cast<QWidget*>(lapJoint), static_cast<QWidget*>(preview)})
         widget->hide();
     return content;
 }

@@ -20,6 +20,7 @@ class QWidget;
 
 namespace Freecut {
 
+class ConnectorPreview;
 class DialogLapJointUI;
 class DialogPinHoleUI;
 class ToolButton;
@@ -59,6 +60,7 @@ public:
     QComboBox* cutType;
     DialogPinHoleUI* pinHole;
     DialogLapJointUI* lapJoint;
+    ConnectorPreview* preview;
 
     PushButtonAnimate* ok;
     PushButtonAnimate* cancel;

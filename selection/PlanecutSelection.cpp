@@ -14,6 +14,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace Freecut {
 
@@ -21,6 +22,9 @@ namespace {
 
 /// The type of the plane tool that ended last, for the next one.
 PlaneType lastPlaneType = PLANE_3POINTS;
+
+/// Between press and release of a click beside the handles, in pixels.
+constexpr int mostClickTravel = 4;
 
 /// A point on a part with the surface's normal there.
 struct SurfacePoint
@@ -206,10 +210,14 @@ void PlanecutSelection::sizeByScene()
 int PlanecutSelection::mousePressEvent(QMouseEvent* event)
 {
     int handle = 0;
+    takenPress.reset();
+    // A connector may stand under a handle: what is no drag is a click.
+    if (hasTakenOver() && event->button() == Qt::LeftButton)
+        takenPress = event->pos();
     if (event->button() == Qt::LeftButton && isHandleUnder(event->pos(), handle)) {
         (isControlAlone(*event) ? isResizing : isDragging) = true;
         capturePress([this, before = corners(), size = getPlaneSize()] { putBack(before, size); });
-    } else if (enablePointPickMesh) {
+    } else if (enablePointPickMesh && !hasTakenOver()) {
         lastPos = event->pos();
         return PointPickerMesh::mousePressEvent(event);
     }
@@ -226,6 +234,8 @@ int PlanecutSelection::mouseMoveEvent(QMouseEvent* event)
         dragMoveMouseLeft(worldDelta(event->pos()));
     else if (isHandleUnder(event->pos(), selectedIndex))
         showHandleCursor(isControlAlone(*event));
+    else if (hasTakenOver())
+        clickTaker->hovered(*event);
     else if (enablePointPickMesh)
         result = PointPickerMesh::mouseMoveEvent(event);
     lastPos = event->pos();
@@ -235,6 +245,10 @@ int PlanecutSelection::mouseMoveEvent(QMouseEvent* event)
 int PlanecutSelection::mouseReleaseEvent(QMouseEvent* event)
 {
     bool const wasDragged = isDragging || isResizing;
+    std::optional<QPoint> const pressed = std::exchange(takenPress, std::nullopt);
+    if (hasTakenOver() && pressed && event->button() == Qt::LeftButton &&
+        (event->pos() - *pressed).manhattanLength() <= (wasDragged ? 0 : mostClickTravel))
+        clickTaker->clicked(*event);
     if (event->button() == Qt::LeftButton && !planeObject)
         pick(event->pos());
     lastPos = event->pos();
@@ -243,6 +257,8 @@ int PlanecutSelection::mouseReleaseEvent(QMouseEvent* event)
         isDragging = isResizing = false;
         return 1;
     }
+    if (hasTakenOver())
+        return 1;
     return enablePointPickMesh ? PointPickerMesh::mouseReleaseEvent(event) : 1;
 }
 

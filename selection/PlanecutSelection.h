@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "selection/ClickTaker.h"
 #include "selection/FreecutSelection.h"
 #include "selection/PickMarkers.h"
 #include "selection/PlaneDefinition.h"
 #include "selection/PlaneDrag.h"
+
+#include <optional>
 
 namespace Freecut {
 
@@ -42,6 +45,10 @@ public:
     /// Whether what touches no handle picks points.
     void setEnablePointPickMesh(bool enabled) { enablePointPickMesh = enabled; }
 
+    /// Who takes what touches no handle once the plane stands, in the place of the point picker;
+    /// borrowed, null for nobody.
+    void setClickTaker(ClickTaker* taker) { clickTaker = taker; }
+
     /// Places a plane from numbers if none stands yet. The tangent and vertical types ignore it.
     /// Always 1.
     int setPlaneByCenterAndNormal(UPoint3<float> center, UVector3<float> normal);
@@ -73,6 +80,7 @@ private:
     /// For a drag that is given up.
     void putBack(PlaneCorners const& corners, PlaneSize const& size);
     PlaneCorners corners() const;
+    bool hasTakenOver() const { return clickTaker && planeObject; }
     bool isHandleUnder(QPoint position, int& handle) const;
     void showHandleCursor(bool isResizeWanted);
 
@@ -83,6 +91,9 @@ private:
     PlaneType planeType;
     bool isResizing = false;
     bool enablePointPickMesh = false;
+    ClickTaker* clickTaker = nullptr;
+    /// Of a click that is the taker's.
+    std::optional<QPoint> takenPress;
     UVector3<float> pickNormal;
 };
 

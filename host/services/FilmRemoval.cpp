@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/FilmRemoval.h"
 
-#include "host/services/SoupMending.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <algorithm>
 #include <numeric>

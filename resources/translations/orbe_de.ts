@@ -272,10 +272,108 @@
     </message>
 </context>
 <context>
+    <name>ConnectorPreset</name>
+    <message>
+        <source>&quot;%1&quot; must be one of: %2.</source>
+        <translation>„%1“ muss eines von diesen sein: %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be true or false.</source>
+        <translation>„%1“ muss true oder false sein.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be from %2 to %3 mm, but is %4.</source>
+        <translation>„%1“ muss zwischen %2 und %3 mm liegen, ist aber %4.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a number of millimetres.</source>
+        <translation>„%1“ muss eine Zahl in Millimetern sein.</translation>
+    </message>
+    <message>
+        <source>There is no value called &quot;%1&quot;.</source>
+        <translation>Es gibt keinen Wert namens „%1“.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a record in braces.</source>
+        <translation>„%1“ muss ein Datensatz in geschweiften Klammern sein.</translation>
+    </message>
+    <message>
+        <source>There are no values under &quot;%1&quot;.</source>
+        <translation>Unter „%1“ stehen keine Werte.</translation>
+    </message>
+    <message>
+        <source>It is not JSON: %1 at character %2.</source>
+        <translation>Das ist kein JSON: %1 bei Zeichen %2.</translation>
+    </message>
+    <message>
+        <source>The file must hold one record in %1.</source>
+        <translation>Die Datei muss einen Datensatz in %1 enthalten.</translation>
+    </message>
+    <message>
+        <source>The preset %1 cannot be read: %2.</source>
+        <translation>Die Voreinstellung %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The preset %1 cannot be used. %2</source>
+        <translation>Die Voreinstellung %1 lässt sich nicht verwenden. %2</translation>
+    </message>
+    <message>
+        <source>The preset cannot be written to %1: %2.</source>
+        <translation>Die Voreinstellung lässt sich nicht nach %1 schreiben: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectorPreview</name>
+    <message>
+        <source>Connectors: %1</source>
+        <translation>Verbinder: %1</translation>
+    </message>
+    <message>
+        <source>Connectors: %1 of %2</source>
+        <translation>Verbinder: %1 von %2</translation>
+    </message>
+    <message>
+        <source>X %1  Y %2  Z %3 mm</source>
+        <translation>X %1  Y %2  Z %3 mm</translation>
+    </message>
+    <message>
+        <source>There is no section of a part at that place.</source>
+        <translation>An dieser Stelle ist kein Schnitt durch ein Teil.</translation>
+    </message>
+    <message>
+        <source>Another connector stands too near; leave that one out first.</source>
+        <translation>Ein anderer Verbinder steht zu nah; lassen Sie zuerst jenen weg.</translation>
+    </message>
+    <message>
+        <source>Connectors must be %1 mm apart.</source>
+        <translation>Verbinder müssen %1 mm Abstand haben.</translation>
+    </message>
+    <message>
+        <source>Place connectors by hand</source>
+        <translation>Verbinder von Hand setzen</translation>
+    </message>
+    <message>
+        <source>A click on a connector leaves it out or brings it back; a click on a free place of the section adds one. With Shift it snaps to contours and centre lines.</source>
+        <translation>Ein Klick auf einen Verbinder lässt ihn weg oder holt ihn zurück; ein Klick auf eine freie Stelle des Schnitts setzt einen dazu. Mit der Umschalttaste rastet er an Konturen und Mittellinien ein.</translation>
+    </message>
+    <message>
+        <source>Place anew</source>
+        <translation>Neu verteilen</translation>
+    </message>
+    <message>
+        <source>Forgets all that was changed by hand.</source>
+        <translation>Verwirft alles, was von Hand geändert wurde.</translation>
+    </message>
+</context>
+<context>
     <name>Connectors</name>
     <message>
         <source>The cutting plane is not complete. Place it again.</source>
         <translation>Die Schnittebene ist nicht vollständig. Sie neu setzen.</translation>
+    </message>
+    <message>
+        <source>The connectors at %1 and %2 mm overlap. Leave one of them out, or keep them %3 mm apart.</source>
+        <translation>Die Verbinder bei %1 und %2 mm überschneiden sich. Lassen Sie einen davon weg, oder halten Sie %3 mm Abstand.</translation>
     </message>
 </context>
 <context>
@@ -2493,6 +2591,53 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>PresetButton</name>
+    <message>
+        <source>Presets of connectors (*.json)</source>
+        <translation>Voreinstellungen für Verbinder (*.json)</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Save preset</source>
+        <translation>Voreinstellung speichern</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>Name der Voreinstellung</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importieren...</translation>
+    </message>
+    <message>
+        <source>Import preset</source>
+        <translation>Voreinstellung importieren</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren...</translation>
+    </message>
+    <message>
+        <source>Export preset</source>
+        <translation>Voreinstellung exportieren</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Voreinstellungen</translation>
+    </message>
+    <message>
+        <source>Keeps the values of the connectors under a name, and takes them up again.</source>
+        <translation>Bewahrt die Werte der Verbinder unter einem Namen auf und übernimmt sie wieder.</translation>
     </message>
 </context>
 <context>

@@ -153,6 +153,13 @@ TEST(Includes, ExactGeometryLibraryIsSeenByItsFolderAlone)
             EXPECT_TRUE(include.file.starts_with("host/services/exact/")) << include.place();
 }
 
+TEST(Includes, CutsKnowNothingOfTheRepair)
+{
+    for (char const* const folder : {"host/services/boolean", "host/services/planecut"})
+        for (Include const& include : includesBelow(folder))
+            EXPECT_FALSE(include.target.starts_with("host/services/repair/")) << include.place();
+}
+
 TEST(Includes, ClipperIsSeenOnlyWherePolygonsAreOffset)
 {
     std::set<std::string> const folders = {"platform/services", "host/services", "connectors",

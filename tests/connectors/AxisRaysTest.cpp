@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/AxisRays.h"
+#include "connectors/PlacedMesh.h"
 #include "tests/connectors/ConnectorScene.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -14,7 +15,7 @@ using Point = UPoint3<float>;
 
 AxisRays raysAt(std::vector<Point> const& starts, Soup const& part, float height)
 {
-    return AxisRays(frameOf(*planeAt({0, 0, height})), starts, *kernelOf(part));
+    return AxisRays(frameOf(*planeAt({0, 0, height})), starts, PlacedMesh(*kernelOf(part)));
 }
 
 }  // namespace
@@ -74,7 +75,7 @@ TEST(AxisRays, AgreeWithABallInAnyDirection)
             for (int k = -19; k <= 19; ++k)
                 starts.push_back(frame.fromPlaneLocal({0.5f * i + 0.01f, 0.5f * k + 0.02f, 0}));
         auto const ball = kernelOf(sphere(10, 120, 160));
-        AxisRays const rays(frame, starts, *ball);
+        AxisRays const rays(frame, starts, PlacedMesh(*ball));
         for (std::size_t i = 0; i < starts.size(); ++i) {
             Point const p = frame.toPlaneLocal(starts[i]);
             double const rest = 100 - double(p.X()) * p.X() - double(p.Y()) * p.Y();

@@ -10,11 +10,11 @@
 namespace {
 
 using Point = UPoint3<float>;
+using Lines = std::vector<std::vector<Point>>;
 
 /// A flat face given by points and triangles, and its centre lines.
-std::vector<std::vector<Point>> linesOf(std::vector<UPoint2<float>> const& points,
-                                        std::vector<std::array<std::uint32_t, 3>> const& triangles,
-                                        float clearance)
+Lines linesOf(std::vector<UPoint2<float>> const& points,
+              std::vector<std::array<std::uint32_t, 3>> const& triangles, float clearance)
 {
     Soup soup;
     for (UPoint2<float> const& p : points)
@@ -29,31 +29,68 @@ std::vector<std::vector<Point>> linesOf(std::vector<UPoint2<float>> const& point
 
 TEST(CentreLines, JoinTheMidpointsOfInnerEdges)
 {
-    // A strip of 60 by 20 in six triangles.
+    // A strip of 60 by 20 in six triangles. The line starts in the first triangle that it passes,
+    // the second one, and goes on to the front from there.
     auto const lines =
         linesOf({{0, 0}, {20, 0}, {40, 0}, {60, 0}, {0, 20}, {20, 20}, {40, 20}, {60, 20}},
                 {{0, 1, 4}, {1, 5, 4}, {1, 2, 5}, {2, 6, 5}, {2, 3, 6}, {3, 7, 6}}, 5);
-    ASSERT_EQ(lines.size(), 1u);
-    std::vector<Point> const expected{
-        {10, 10, 0}, {20, 10, 0}, {30, 10, 0}, {40, 10, 0}, {50, 10, 0}};
-    std::vector<Point> line = lines[0];
-    if (line.front().X() > line.back().X())
-        std::reverse(line.begin(), line.end());
-    EXPECT_EQ(line, expected);
+    EXPECT_EQ(lines, (Lines{{{50, 10, 0}, {40, 10, 0}, {30, 10, 0}, {20, 10, 0}, {10, 10, 0}}}));
+}
+
+TEST(CentreLines, RunTheOtherWayWithTheTrianglesInTheOtherOrder)
+{
+    auto const lines =
+        linesOf({{0, 0}, {20, 0}, {40, 0}, {60, 0}, {0, 20}, {20, 20}, {40, 20}, {60, 20}},
+                {{3, 7, 6}, {2, 3, 6}, {2, 6, 5}, {1, 2, 5}, {1, 5, 4}, {0, 1, 4}}, 5);
+    EXPECT_EQ(lines, (Lines{{{10, 10, 0}, {20, 10, 0}, {30, 10, 0}, {40, 10, 0}, {50, 10, 0}}}));
 }
 
 TEST(CentreLines, MeetAtTheCentroidOfATriangleWithThreeUsableEdges)
 {
-    // A triangle with a neighbour at each edge.
-    auto const lines = linesOf({{0, 0}, {60, 0}, {30, 52}, {30, -52}, {75, 40}, {-15, 40}},
+    // A triangle with a neighbour at each edge: a line around each of its corners in turn.
+    auto const lines = linesOf({{0, 0}, {60, 0}, {30, 51}, {30, -51}, {75, 40}, {-15, 40}},
                                {{0, 1, 2}, {0, 3, 1}, {1, 4, 2}, {2, 5, 0}}, 5);
-    Point const centroid(30, 52.0f / 3, 0);
-    ASSERT_EQ(lines.size(), 3u);
-    for (auto const& line : lines) {
-        ASSERT_GE(line.size(), 2u);
-        EXPECT_NEAR(line.front().X(), centroid.X(), 1e-4f);
-        EXPECT_NEAR(line.front().Y(), centroid.Y(), 1e-4f);
-    }
+    Point const centroid(30, 17, 0);
+    EXPECT_EQ(
+        lines,
+        (Lines{{centroid, {15, 25.5f, 0}}, {centroid, {30, 0, 0}}, {centroid, {45, 25.5f, 0}}}));
+}
+
+TEST(CentreLines, GoOnFromAJunctionIntoALongerArm)
+{
+    // The same with one arm a triangle longer: the first line goes on into it.
+    auto const lines =
+        linesOf({{0, 0}, {60, 0}, {30, 51}, {30, -51}, {75, 40}, {-15, 40}, {90, -51}},
+                {{0, 1, 2}, {0, 3, 1}, {1, 4, 2}, {2, 5, 0}, {3, 6, 1}}, 5);
+    Point const centroid(30, 17, 0);
+    EXPECT_EQ(lines, (Lines{{{45, -25.5f, 0}, centroid, {15, 25.5f, 0}},
+                            {centroid, {30, 0, 0}},
+                            {centroid, {45, 25.5f, 0}}}));
+}
+
+TEST(CentreLines, OfAnArmThatComesFirstEndInTheJunction)
+{
+    auto const lines =
+        linesOf({{0, 0}, {60, 0}, {30, 51}, {30, -51}, {75, 40}, {-15, 40}, {90, -51}},
+                {{0, 3, 1}, {0, 1, 2}, {1, 4, 2}, {2, 5, 0}, {3, 6, 1}}, 5);
+    Point const centroid(30, 17, 0);
+    EXPECT_EQ(lines, (Lines{{centroid, {30, 0, 0}, {45, -25.5f, 0}},
+                            {centroid, {30, 0, 0}},
+                            {centroid, {45, 25.5f, 0}}}));
+}
+
+TEST(CentreLines, TakeTheOtherWayThroughAJunctionWhenTheFirstIsTaken)
+{
+    // Two junctions side by side with neighbours all around: the second line finds the second
+    // junction's first way taken by the first line, and both its points in the centroid.
+    auto const lines =
+        linesOf({{0, 0}, {60, 0}, {30, 51}, {30, -51}, {-20, -40}, {80, -40}, {80, 40}, {-20, 40}},
+                {{0, 1, 2}, {0, 3, 1}, {3, 0, 4}, {1, 3, 5}, {2, 1, 6}, {0, 2, 7}}, 5);
+    Point const upper(30, 17, 0), lower(30, -17, 0);
+    EXPECT_EQ(lines, (Lines{{lower, upper, {15, 25.5f, 0}},
+                            {upper, lower, lower},
+                            {upper, {45, 25.5f, 0}},
+                            {lower, {15, -25.5f, 0}}}));
 }
 
 TEST(CentreLines, AnEdgeWithoutClearanceIsNotPassed)

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
+#include <utility>
 
 namespace {
 
@@ -119,6 +121,58 @@ std::string cancelFrom(Paras const& paras, int percent, std::vector<std::string>
         lines);
 }
 
+/// Cancels runs over two parts at each percentage that a whole run reports. How many values come
+/// depends on how long the services take, but every percentage is passed.
+///
+/// stagesEnd  the last percentage within a stage
+template <typename Cutter, typename Paras>
+void cancelAtEveryValue(Paras const& paras, int stagesEnd)
+{
+    Scene scene;
+    std::vector<int> const values =
+        scene.progressOf<Cutter>(paras, {scene.test.add(block, "a"), scene.test.add(block, "b")});
+    std::set<int> const percentages(values.begin(), values.end());
+    EXPECT_GT(percentages.size(), 20u);
+    bool const reportsStart = values.front() == 0 && values[1] == 0;
+    for (int const percent : percentages) {
+        SCOPED_TRACE(percent);
+        std::vector<std::string> lines;
+        EXPECT_EQ(cancelFrom<Cutter>(paras, percent, lines), "abort Aborting...");
+        // Where the run is left, and before that where a stage is, if it was in one.
+        bool const isInStage = percent <= stagesEnd && !(percent == 0 && reportsStart);
+        EXPECT_EQ(lines, std::vector<std::string>(isInStage ? 2 : 1, "Command Abort."));
+    }
+}
+
+/// The lowest and the highest point.
+std::pair<float, float> extentAlongZ(MeshKernel const& piece)
+{
+    Soup const soup = soupOf(piece);
+    auto const [low, high] =
+        std::minmax_element(soup.points.begin(), soup.points.end(),
+                            [](auto const& p, auto const& q) { return p.Z() < q.Z(); });
+    return {low->Z(), high->Z()};
+}
+
+/// A run over the blade, whose section has no room: the plain halves, a gap apart, without a word.
+template <typename Cutter, typename Paras>
+void expectPlainHalves(Paras const& paras, float gap)
+{
+    Scene scene;
+    Console const console;
+    auto* const part = scene.test.add(blade, "part");
+    auto pieces = scene.resultOf<Cutter>(paras, {part}).at(part);
+    ASSERT_EQ(pieces.size(), 2u);
+    if (isAbove(pieces[0]))
+        std::swap(pieces[0], pieces[1]);
+    EXPECT_EQ(extentAlongZ(*pieces[0]), (std::pair{-20.0f, 0.0f}));
+    EXPECT_EQ(extentAlongZ(*pieces[1]), (std::pair{gap, 20.0f}));
+    for (auto const& piece : pieces)
+        EXPECT_EQ(closedSolidFaults(*piece), "");
+    EXPECT_NEAR(volumeOf(soupOf(*pieces[0])), 40 * 2 * 20, 1e-3);
+    EXPECT_TRUE(console.lines.empty());
+}
+
 }  // namespace
 
 TEST(ConnectorRun, TheLowerHalfComesFirst)
@@ -147,6 +201,22 @@ TEST(ConnectorRun, WithoutConnectorsTheUpperHalfComesFirstInAOneCutRunOnly)
     ASSERT_EQ(pieces.size(), 2u);
     EXPECT_TRUE(isAbove(pieces[0]));
     EXPECT_FALSE(isAbove(pieces[1]));
+}
+
+TEST(ConnectorRun, WithoutRoomTheHalvesKeepTheirGapAndTheConsoleIsSilent)
+{
+    for (float const gap : {0.0f, 0.125f})
+        for (bool const isPin : {false, true}) {
+            PinHoleParas paras = pins(gap, isPin);
+            expectPlainHalves<PinHoleCutter>(paras, gap);
+            paras.isSidedis = true;
+            expectPlainHalves<PinHoleCutter>(paras, gap);
+        }
+    for (float const gap : {0.0f, 0.25f}) {
+        LapJointParas paras;
+        paras.frontClearance = gap;
+        expectPlainHalves<LapJointCutter>(paras, gap);
+    }
 }
 
 TEST(ConnectorRun, APartBesideThePlaneIsOnePiece)
@@ -256,18 +326,14 @@ TEST(ConnectorRun, FormsAreToldByData)
     EXPECT_EQ(one.connectorStart, 25);
 }
 
-TEST(ConnectorRun, ACancelAtAnyMomentLeavesTheResultEmpty)
+TEST(ConnectorRun, ACancelAtAnyValueOfAnyRunLeavesTheResultEmpty)
 {
-    // How many values come depends on how long the services take, but every percentage is passed.
-    for (int percent = 0; percent < 100; percent += 3) {
-        SCOPED_TRACE(percent);
-        std::vector<std::string> lines;
-        EXPECT_EQ(cancelFrom<PinHoleCutter>(pins(0.1f), percent, lines), "abort Aborting...");
-        // Where the run is left, and before that where a stage is, if it was in one.
-        ASSERT_FALSE(lines.empty());
-        EXPECT_LE(lines.size(), 2u);
-        for (std::string const& line : lines)
-            EXPECT_EQ(line, "Command Abort.");
+    cancelAtEveryValue<LapJointCutter>(LapJointParas(), 100);
+    for (float const gap : {0.0f, 0.1f}) {
+        SCOPED_TRACE(gap);
+        // The stages of the second part's pins end at 95.
+        cancelAtEveryValue<PinHoleCutter>(pins(gap), 95);
+        cancelAtEveryValue<PinHoleCutter>(pins(gap, false), 100);
     }
 }
 

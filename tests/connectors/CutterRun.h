@@ -7,6 +7,8 @@
 #include "tests/support/TestDocument.h"
 #include "tests/support/Validator.h"
 
+#include <string>
+
 /// The pieces of one part.
 struct Pieces
 {
@@ -43,8 +45,10 @@ double commonVolume(Soup const& a, Soup const& b);
 ///
 /// gap  from the lower face to the upper one
 void expectFit(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
-/// The same for pieces of many triangles, by volumes and by winding numbers at points beside their
-/// surfaces, so that every connector is met.
+/// What is wrong with pieces of many triangles in the same sense; empty if nothing is. By volumes
+/// and by winding numbers at points beside their surfaces and, besides, beside those that the
+/// connectors made, so that every one of them is met.
+std::string fitFaultsAtPoints(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
 void expectFitAtPoints(Soup const& part, Pieces const& pieces, UVector3<float> const& gap);
 /// The volume below the plane, without connectors.
 double volumeBelow(Soup const& part, Freecut::PlaneGraphicObject& plane);

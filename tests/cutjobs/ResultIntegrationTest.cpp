@@ -22,6 +22,23 @@ std::vector<std::shared_ptr<MeshKernel>> pieces(std::size_t count)
     return kernels;
 }
 
+/// Notes whether a document was marked as modified while it had no open transaction.
+struct StateListener : sigslot::has_slots<sigslot::single_threaded>
+{
+    explicit StateListener(Base::Document& watched) : document(watched)
+    {
+        document.signalStateChanged.connect(this, &StateListener::changed);
+    }
+    void changed()
+    {
+        if (document.isModified() && !document.hasOpenTransaction())
+            wasModifiedBeforeTheStep = true;
+    }
+
+    Base::Document& document;
+    bool wasModifiedBeforeTheStep = false;
+};
+
 ResultIntegration::PartMap integrate(TestDocument& test, CutResultMap const& result,
                                      IntegrationRules const& rules)
 {
@@ -59,6 +76,23 @@ TEST(ResultIntegration, TheTransactionBearsItsPlainName)
     integrate(test, {{part, pieces(1)}}, {.transactionName = "Polygon Cut"});
     EXPECT_EQ(test.document->undoNames(), Names{"Polygon Cut"});
     EXPECT_TRUE(test.document->isModified());
+}
+
+TEST(ResultIntegration, TheDocumentIsModifiedBeforeTheTransactionOpens)
+{
+    // Then the mark is none of the step's changes: an abort of the step would leave it.
+    for (bool const isFirst : {true, false}) {
+        TestDocument test;
+        auto* const part = test.add(box(1, 1, 3), "part");
+        StateListener listener(*test.document);
+        ResultIntegration integration(test.document, {.marksModifiedFirst = isFirst});
+        integration.begin({{part, pieces(1)}});
+        EXPECT_EQ(test.document->isModified(), isFirst);
+        EXPECT_EQ(listener.wasModifiedBeforeTheStep, isFirst);
+        test.document->abortTransaction();
+        EXPECT_EQ(test.document->isModified(), isFirst);
+        EXPECT_EQ(test.names(), Names{"part"});
+    }
 }
 
 TEST(ResultIntegration, AnOnlyPieceIsCalledCutUniqueOrNot)

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 using Names = std::vector<std::string>;
+using Points = std::vector<UPoint3<float>>;
 
 TEST(SectionZCut, TwoClosedPiecesTakeThePlaceOfThePart)
 {
@@ -121,6 +122,48 @@ TEST(SectionZCut, AMissingPartInTheCommonFormIsPassedOver)
     run.cutAt(test, {nullptr, part}, 1);
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.piecesOf(part).size(), 2u);
+}
+
+TEST(SectionZCut, PartsThatAreAllMissingAreAnEmptyCut)
+{
+    for (bool const oneByOne : {false, true}) {
+        TestDocument test;
+        test.add(box(1, 1, 4), "part");
+        ZCutRun run;
+        oneByOne ? run.cutOneByOne(test, {nullptr, nullptr}, {1, 2})
+                 : run.cutAt(test, {nullptr, nullptr}, 1);
+        EXPECT_EQ(run.finishedCount, 1);
+        EXPECT_EQ(run.code, 1);
+        EXPECT_TRUE(run.message.isEmpty());
+        EXPECT_TRUE(run.cut.newParts().empty());
+        EXPECT_EQ(test.names(), Names{"part"});
+        EXPECT_FALSE(test.document->hasOpenTransaction());
+    }
+}
+
+TEST(SectionZCut, ThePlaneOfAllPartsReachesFiveMillimetresBeyondThem)
+{
+    TestDocument test;
+    auto* const a = test.add(box(1, 2, 4), "a");
+    auto* const b = test.add(box(3, 4, 4, {10, 20, 0}), "b");
+    ZCutRun run;
+    run.cutAt(test, {a, nullptr, b}, 1.5f);
+    EXPECT_EQ(run.cut.rubberPoints(), (Points{{6.5f, 12, 1.5f}, {-5, -5, 1.5f}, {18, -5, 1.5f}}));
+}
+
+TEST(SectionZCut, ThePlaneOfEachPartReachesTenMillimetresBeyondIt)
+{
+    TestDocument test;
+    auto* const a = test.add(box(1, 2, 4), "a");
+    auto* const b = test.add(box(3, 4, 4, {10, 20, 0}), "b");
+    ZCutRun run;
+    run.cutOneByOne(test, {a, nullptr, b}, {1.5f, 2, 2.5f});
+    EXPECT_EQ(run.cut.rubberPoints(), (Points{{0.5f, 1, 1.5f},
+                                              {-10, -10, 1.5f},
+                                              {11, -10, 1.5f},
+                                              {11.5f, 22, 2.5f},
+                                              {0, 10, 2.5f},
+                                              {23, 10, 2.5f}}));
 }
 
 TEST(SectionZCut, OneUndoBringsThePartsBackAndRedoThePieces)

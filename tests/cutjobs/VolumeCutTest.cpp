@@ -3,6 +3,7 @@
 #include "cutjobs/ResultIntegration.h"
 #include "tests/display/DrawnTool.h"
 #include "tests/support/BooleanJudge.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/Validator.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
@@ -277,12 +278,9 @@ TEST(VolumeCut, PiecesReplaceTheirPartInOneStep)
     EXPECT_EQ(std::ranges::count(scene.document->getMeshObjects(), part), 0);
 }
 
-TEST(VolumeCut, PiecesOfRealModelsAddUp)
+TEST(VolumeCut, PiecesOfModelsAddUp)
 {
-    auto const meshes = closedRealMeshes(200000);
-    if (meshes.empty())
-        GTEST_SKIP() << "The real models are not there.";
-    for (auto const& [name, soup] : meshes) {
+    for (auto const& [name, soup] : closedModels(200000)) {
         DrawnDocument scene;
         auto* const part = scene.add(soup, name);
         UBox3<float> const box = part->getBoundingBox();

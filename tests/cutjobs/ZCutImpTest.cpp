@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 /// Runs the worker on the calling thread, where its signals come directly.
@@ -84,21 +86,46 @@ TEST(ZCutImp, ThePartItselfStaysAsItIs)
 TEST(ZCutImp, WithRepairAPieceWithoutErrorsIsLeftUntouched)
 {
     TestDocument test;
-    auto* const part = test.add(torus(5, 2, 30, 20), "part");
-    std::vector<Soup> pieces[2];
-    for (bool const repair : {false, true}) {
-        WorkerRun run({part}, 0.3f);
-        run.worker.setReapir(repair);
-        run.worker.doWork();
-        CutResultMap const result = run.worker.getResult();
-        for (auto const& piece : result.at(part))
-            pieces[repair].push_back(soupOf(*piece));
-    }
-    ASSERT_EQ(pieces[0].size(), pieces[1].size());
-    for (std::size_t i = 0; i < pieces[0].size(); ++i) {
-        EXPECT_EQ(pieces[0][i].points, pieces[1][i].points);
-        EXPECT_EQ(pieces[0][i].triangles, pieces[1][i].triangles);
-    }
+    PluggedSink const sink;
+    auto* const cut = test.add(torus(5, 2, 30, 20), "cut");
+    auto* const missed = test.add(box(1, 1, 1, {0, 0, 5}), "missed");
+    WorkerRun run({cut, missed}, 0.3f);
+    run.worker.setReapir(true);
+    run.worker.doWork();
+    CutResultMap const result = run.worker.getResult();
+    ASSERT_EQ(result.at(cut).size(), 2u);
+    ASSERT_EQ(result.at(missed).size(), 1u);
+    // A repair tells a progress of its own, which begins anew, and gets a mesh of its own.
+    std::vector<int> const values = sink->values();
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_EQ(result.at(missed)[0]->readMesh(), missed->meshProperty->getMesh()->readMesh());
+    for (auto const& [part, reports] : run.worker.getRepairReports())
+        for (Repair::Report const& report : reports)
+            EXPECT_TRUE(report.isEmpty()) << part->getName();
+}
+
+TEST(ZCutImp, TheLowerPieceIsRepairedFirst)
+{
+    TestDocument test;
+    ConsoleLines const console;
+    // Boxes that cross above the plane, and others that cross below it.
+    Soup soup = box(20, 20, 20);
+    soup.append(box(4, 4, 4, {2.5f, 3.25f, 18.125f}));
+    soup.append(box(4, 4, 4, {8.5f, 9.25f, -1.875f}));
+    soup.append(box(4, 4, 4, {2.5f, 3.25f, -1.875f}));
+    auto* const part = test.add(soup, "part");
+    WorkerRun run({part}, 10);
+    run.worker.setReapir(true);
+    run.worker.setRepairsWhole(true);
+    run.worker.doWork();
+    auto const& reports = run.worker.getRepairReports().at(part);
+    ASSERT_EQ(reports.size(), 2u);
+    auto const upper = Repair::linesOf(reports[0]);
+    auto const lower = Repair::linesOf(reports[1]);
+    ASSERT_NE(upper, lower);
+    std::vector<std::string> expected = lower;
+    expected.insert(expected.end(), upper.begin(), upper.end());
+    EXPECT_EQ(console.lines(), expected);
 }
 
 TEST(ZCutImp, ProgressRunsOverThePartsAndEndsAtHundred)

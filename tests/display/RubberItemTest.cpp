@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/RubberLine.h"
 #include "display/RubberRect.h"
+#include "tests/display/ScreenPlaces.h"
 #include "tests/tools/ToolProbe.h"
 
 #include <gtest/gtest.h>
@@ -18,17 +19,6 @@ Point vertex(RubberRect const& rect, int index)
 {
     std::vector<float> const& data = rect.getVertexData();
     return {data[3 * index], data[3 * index + 1], data[3 * index + 2]};
-}
-
-/// A corner's place on the screen, from the square's middle, in pixels to the right and down.
-UPoint2<double> pixels(Base::GLView const& view, Point const& center, Point const& corner)
-{
-    GLCamera const& camera = *view.getCamera();
-    auto const place = [&](Point const& point) {
-        return camera.widgetPosition(
-            camera.toEye({double(point.X()), double(point.Y()), double(point.Z())}));
-    };
-    return {place(corner).X() - place(center).X(), place(corner).Y() - place(center).Y()};
 }
 
 }  // namespace
@@ -91,7 +81,7 @@ TEST(RubberRect, FacesTheViewerWithTwelvePixelsAtAnyZoom)
             ASSERT_EQ(rect.getVertexData().size(), 12u);
             double const expected[4][2] = {{-6, -6}, {-6, 6}, {6, 6}, {6, -6}};
             for (int i = 0; i < 4; ++i) {
-                UPoint2<double> const place = pixels(test.view, center, vertex(rect, i));
+                UPoint2<double> const place = screenOffset(test.view, center, vertex(rect, i));
                 EXPECT_NEAR(place.X(), expected[i][0], 0.01);
                 EXPECT_NEAR(place.Y(), expected[i][1], 0.01);
             }

@@ -2,6 +2,7 @@
 #include "display/PolygonViewProvider.h"
 #include "display/RegisterViewProviders.h"
 #include "display/TLabel.h"
+#include "display/ToolLabels.h"
 #include "platform/ui/Theme.h"
 #include "tests/view/PictureDifference.h"
 #include "tests/view/ShownView.h"
@@ -11,6 +12,8 @@
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+
+#include <functional>
 
 // How solid tools look and how they follow the camera, in a view on the screen.
 namespace {
@@ -224,6 +227,61 @@ TEST_P(SolidDisplay, ShowsLabelsInStandardViewsAlone)
     EXPECT_EQ(labelsShown(), 3);
     // The labels are in the view, which ends before the document here.
     test.document->detachObject(tool).reset();
+}
+
+namespace {
+
+/// A tool with one label, at its first key point.
+template <typename Tool>
+void expectLabelAtTheCentre(Mesh::GLView& view, Tool* tool, std::function<void()> const& paint)
+{
+    auto& record = tool->getProperty();
+    auto* const label = new Freecut::TLabel(&view);
+    tool->setLabel(label);
+    auto const isShown = [&] {
+        view.redraw();
+        paint();
+        return label->isVisible();
+    };
+    for (int const index : {0, 1, 2, 3, 4, 5}) {
+        record.setViewIndex(index);
+        EXPECT_TRUE(isShown()) << index;
+        EXPECT_EQ(label->text(), Freecut::coordinateText(record.getKeyPoints()[0], index));
+    }
+    int x = 0, y = 0;
+    view.getWidgetcoordFromWCS(record.getKeyPoints()[0], x, y);
+    EXPECT_EQ(label->pos(), QPoint(x, y));
+    EXPECT_EQ(label->size(),
+              QSize(int(label->text().length() * 0.7) * g_pixelSize, 2 * g_pixelSize));
+    record.setViewIndex(-1);
+    EXPECT_FALSE(isShown());
+    record.setViewIndex(2);
+    record.setShowCoordinate(false);
+    EXPECT_FALSE(isShown());
+    record.setShowCoordinate(true);
+    EXPECT_TRUE(isShown());
+    record.setPreviewing(true);
+    EXPECT_FALSE(isShown());
+}
+
+}  // namespace
+
+TEST_P(SolidDisplay, ShowsTheLabelOfACuboidAndOfACylinderAtItsCentre)
+{
+    auto const paint = [&] { static_cast<void>(picture("solid-label")); };
+    auto* const cuboid = draw<Freecut::CuboidGraphicObject>({{5, -7}});
+    cuboid->getProperty().setCuboidParameters(false, 0, 0, false, 0, 178, false, 1, true, 2, 20, 30,
+                                              0.3f);
+    finish(cuboid);
+    expectLabelAtTheCentre(*view, cuboid, paint);
+    test.document->detachObject(cuboid).reset();
+
+    auto* const cylinder = draw<Freecut::CylinderGraphicObject>({{-3, 8}, {7, 8}});
+    cylinder->getProperty().setShapeParameters(false, 0, 0, false, 0, 178, true, 2, 10, false, 2, 2,
+                                               0, 0.025f);
+    finish(cylinder);
+    expectLabelAtTheCentre(*view, cylinder, paint);
+    test.document->detachObject(cylinder).reset();
 }
 
 namespace {

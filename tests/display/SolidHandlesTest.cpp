@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/PlaneViewProvider.h"
 #include "display/PolygonViewProvider.h"
 #include "tests/display/DrawnTool.h"
+#include "tests/display/ScreenPlaces.h"
 #include "tests/view/ShownView.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
+#include "tools/PlaneGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
+
+#include <numbers>
 
 namespace {
 
@@ -33,6 +38,23 @@ void expectPoints(std::vector<Point> const& found, std::vector<Point> const& exp
         EXPECT_LT((found[i] - expected[i]).GetLength(), 1e-3f) << i;
 }
 
+/// The corners of each handle, 6 pixels from its middle.
+void expectHandlesOfTwelvePixels(Base::GLView const& view, Freecut::GraphicObject* tool,
+                                 std::size_t count)
+{
+    std::vector<Point> const middles = handlesOf(tool);
+    ASSERT_EQ(middles.size(), count);
+    std::vector<float> const& quads = tool->getViewProvider()->getMarkerVertices();
+    constexpr double expected[4][2] = {{-6, -6}, {-6, 6}, {6, 6}, {6, -6}};
+    for (std::size_t handle = 0; handle < count; ++handle)
+        for (std::size_t corner = 0; corner < 4; ++corner) {
+            float const* const p = &quads[12 * handle + 3 * corner];
+            UPoint2<double> const place = screenOffset(view, middles[handle], {p[0], p[1], p[2]});
+            EXPECT_NEAR(place.X(), expected[corner][0], 0.02);
+            EXPECT_NEAR(place.Y(), expected[corner][1], 0.02);
+        }
+}
+
 /// An edge with teeth at two points, each with a handle above it.
 Freecut::TeethEdge toothed(float x, bool isEdited)
 {
@@ -46,12 +68,20 @@ Freecut::TeethEdge toothed(float x, bool isEdited)
 
 }  // namespace
 
-TEST(SolidHandles, OfACuboidStandOnItsCorners)
+TEST(SolidHandles, OfACuboidStandOnItsCentreACornerAndTheSidesBesideIt)
 {
     DrawnDocument test;
-    auto* const tool =
-        test.draw<Freecut::CuboidGraphicObject>({{-20, -10}, {20, -10}, {20, 10}, {-20, 10}});
-    expectPoints(handlesOf(tool), tool->getProperty().getKeyPoints());
+    test.add(box(100, 100, 20), "part");
+    auto* const tool = test.draw<Freecut::CuboidGraphicObject>({{10, 20}});
+    Freecut::CuboidProperty& record = tool->getProperty();
+    Point const centre = record.getKeyPoints()[0];
+    record.setCuboidParameters(false, 0, 0, false, 0, 178, false, 1, false, 2, 30, 40, 0);
+    expectPoints(handlesOf(tool), {centre, centre + Point(20, 0, 0), centre + Point(20, 15, 0),
+                                   centre + Point(0, 15, 0)});
+    record.setCuboidParameters(false, 0, 0, false, 0, 178, false, 1, false, 2, 30, 40,
+                               float(std::numbers::pi / 2));
+    expectPoints(handlesOf(tool), {centre, centre + Point(0, 20, 0), centre + Point(-15, 20, 0),
+                                   centre + Point(-15, 0, 0)});
 }
 
 TEST(SolidHandles, OfACylinderStandOnItsCentreAndOnANotch)
@@ -74,6 +104,35 @@ TEST(SolidHandles, OfAPolygonStandOnItsVerticesThenOnTeethUnderEdit)
     expected.insert(expected.end(), {{5, 0, 0}, {6, 0, 0}, {9, 0, 0}, {10, 0, 0}});
     expected.insert(expected.end(), {{5, 5, 0}, {6, 5, 0}, {9, 5, 0}, {10, 5, 0}});
     expectPoints(handlesOf(tool), expected);
+}
+
+TEST(SolidHandles, OfEachToolHaveTwelvePixelsAtAnyZoom)
+{
+    DrawnDocument test;
+    test.add(box(100, 100, 20), "part");
+    Freecut::PlaneViewProvider::init();
+    auto* const plane = new Freecut::PlaneGraphicObject;
+    test.document->addObject(plane, "plane", true);
+    plane->getProperty().setCorners({0, 0, 10}, {50, 0, 10}, {50, 40, 10}, true);
+    plane->getViewProvider()->updateGeometry();
+    auto* const cuboid = test.draw<Freecut::CuboidGraphicObject>({{10, 20}});
+    cuboid->getProperty().setCuboidParameters(false, 0, 0, false, 0, 178, false, 1, false, 2, 30,
+                                              40, 0.3f);
+    auto* const cylinder = test.draw<Freecut::CylinderGraphicObject>({{3, 4}, {13, 4}});
+    cylinder->getProperty().setUseNotch(true);
+    auto* const polygon = test.draw<Freecut::PolygonGraphicObject>({{0, 0}, {30, 0}, {0, 30}});
+    polygon->getProperty().setEdgeRecords({toothed(5, true)});
+    std::vector<std::pair<Freecut::GraphicObject*, std::size_t>> const tools{
+        {plane, 9}, {cuboid, 4}, {cylinder, 2}, {polygon, 7}};
+    for (int const standardView : {0, 2, 5, 6})
+        for (double const zoom : {1.0, 0.1, 20.0}) {
+            test.view.OnViewType(standardView);
+            test.view.getCamera()->zoom(zoom);
+            for (auto const& [tool, count] : tools) {
+                SCOPED_TRACE(tool->getClassName());
+                expectHandlesOfTwelvePixels(test.view, tool, count);
+            }
+        }
 }
 
 TEST(SolidHandles, AreNotThereOnAToolWithoutAShape)

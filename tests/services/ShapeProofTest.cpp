@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/ShapeProof.h"
+#include "host/services/repair/ShapeProof.h"
 #include "tests/support/MeshBuilders.h"
 
 #include <gtest/gtest.h>

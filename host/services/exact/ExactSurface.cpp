@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/ExactSurface.h"
 
-#include "host/services/OrientationMending.h"
+#include "host/services/repair/OrientationMending.h"
 
 #include <CGAL/boost/graph/helpers.h>
 

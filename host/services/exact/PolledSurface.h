@@ -3,7 +3,7 @@
 
 // For the sources of this folder only: it shows CGAL's types.
 
-#include "host/services/MeshRegion.h"
+#include "host/services/repair/MeshRegion.h"
 
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Surface_mesh.h>

@@ -4,7 +4,7 @@
 #include "host/mesh/DegenerateTriangles.h"
 #include "host/services/EdgeGroups.h"
 #include "host/services/FilmRemoval.h"
-#include "host/services/SoupMending.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/services/MeshRegion.h"
+#include "host/services/repair/MeshRegion.h"
 
 /// Removes triangles without area and fills every hole with the triangulation of least area. The
 /// rim of the region is no hole. Points stay as they are and none is added.

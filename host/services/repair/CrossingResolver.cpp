@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/CrossingResolver.h"
+#include "host/services/repair/CrossingResolver.h"
 
 #include "host/mesh/DisjointSets.h"
 #include "host/mesh/ExactSigns.h"
 #include "host/services/EdgeGroups.h"
-#include "host/services/RoundedRest.h"
-#include "host/services/SoupMending.h"
 #include "host/services/VertexStars.h"
 #include "host/services/exact/DividedTriangles.h"
+#include "host/services/repair/RoundedRest.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <algorithm>
 #include <cmath>

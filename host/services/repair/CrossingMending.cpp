@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/CrossingMending.h"
+#include "host/services/repair/CrossingMending.h"
 
-#include "host/services/CrossingResolver.h"
-#include "host/services/RepairNotes.h"
-#include "host/services/ShapeProof.h"
 #include "host/services/ShellNesting.h"
+#include "host/services/repair/CrossingResolver.h"
+#include "host/services/repair/RepairNotes.h"
+#include "host/services/repair/ShapeProof.h"
 
 #include <algorithm>
 #include <numeric>

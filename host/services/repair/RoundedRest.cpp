@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/RoundedRest.h"
+#include "host/services/repair/RoundedRest.h"
 
 #include "host/mesh/DegenerateTriangles.h"
-#include "host/services/MeshRegion.h"
-#include "host/services/SoupMending.h"
+#include "host/services/repair/MeshRegion.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <algorithm>
 #include <map>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/TriangleDifference.h"
+#include "host/services/repair/TriangleDifference.h"
 
 #include "host/services/boolean/PlaceKey.h"
 

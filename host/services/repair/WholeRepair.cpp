@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/WholeRepair.h"
+#include "host/services/repair/WholeRepair.h"
 
 #include "host/mesh/DisjointSets.h"
-#include "host/services/CrossingMending.h"
 #include "host/services/EdgeGroups.h"
-#include "host/services/MeshRegion.h"
-#include "host/services/OrientationMending.h"
-#include "host/services/RepairNotes.h"
-#include "host/services/ShapeProof.h"
-#include "host/services/ShellMending.h"
-#include "host/services/SoupMending.h"
 #include "host/services/exact/SurfaceMending.h"
+#include "host/services/repair/CrossingMending.h"
+#include "host/services/repair/MeshRegion.h"
+#include "host/services/repair/OrientationMending.h"
+#include "host/services/repair/RepairNotes.h"
+#include "host/services/repair/ShapeProof.h"
+#include "host/services/repair/ShellMending.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <algorithm>
 

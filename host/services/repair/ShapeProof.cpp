@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/ShapeProof.h"
+#include "host/services/repair/ShapeProof.h"
 
 #include "host/services/DistanceTree.h"
-#include "host/services/TriangleDifference.h"
 #include "host/services/boolean/PlaceKey.h"
+#include "host/services/repair/TriangleDifference.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>

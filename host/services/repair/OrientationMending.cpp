@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/OrientationMending.h"
+#include "host/services/repair/OrientationMending.h"
 
 #include "host/services/EdgeGroups.h"
 #include "host/services/VertexStars.h"
-#include "host/services/WedgePairing.h"
+#include "host/services/repair/WedgePairing.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/MeshRegion.h"
+#include "host/services/repair/MeshRegion.h"
 
-#include "host/services/OrientationMending.h"
-#include "host/services/SoupMending.h"
+#include "host/services/repair/OrientationMending.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/CrossingMending.h"
 #include "host/services/MeshMaking.h"
-#include "host/services/RepairNotes.h"
-#include "host/services/SoupMending.h"
-#include "host/services/TriangleDifference.h"
-#include "host/services/WholeRepair.h"
+#include "host/services/repair/CrossingMending.h"
+#include "host/services/repair/RepairNotes.h"
+#include "host/services/repair/SoupMending.h"
+#include "host/services/repair/TriangleDifference.h"
+#include "host/services/repair/WholeRepair.h"
 #include "platform/services/Repair.h"
 
 #include <algorithm>

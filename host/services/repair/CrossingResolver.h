@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/services/CrossingPairs.h"
 #include "host/services/MeshArrays.h"
 #include "host/services/WindingField.h"
+#include "host/services/repair/CrossingPairs.h"
 
 #include <array>
 #include <cstddef>

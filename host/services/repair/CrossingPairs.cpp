@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/CrossingPairs.h"
+#include "host/services/repair/CrossingPairs.h"
 
 #include "host/services/TrianglePair.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/RepairNotes.h"
+#include "host/services/repair/RepairNotes.h"
 
 #include <QCoreApplication>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/SoupMending.h"
+#include "host/services/repair/SoupMending.h"
 
 #include "host/services/EdgeGroups.h"
 #include "host/services/ShellNesting.h"

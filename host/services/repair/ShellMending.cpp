@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/ShellMending.h"
+#include "host/services/repair/ShellMending.h"
 
-#include "host/services/RepairNotes.h"
-#include "host/services/SoupMending.h"
 #include "host/services/WindingField.h"
+#include "host/services/repair/RepairNotes.h"
+#include "host/services/repair/SoupMending.h"
 
 #include <array>
 #include <cmath>

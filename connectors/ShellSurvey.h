@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/ConnectorRun.h"
+
+/// Tells of halves that fall into more shells with connectors than they do without.
+///
+///     ShellSurvey const shells(part);
+///     Halves const joined = applyPins(...);
+///     shells.tellOf(joined, remarks);
+class ShellSurvey
+{
+public:
+    /// part  before its plain halves are given up
+    explicit ShellSurvey(PartOfRun const& part);
+
+    void tellOf(Halves const& joined, CutRemarks& remarks) const;
+
+private:
+    Mesh::DocumentObject* m_object;
+    std::size_t m_plainLower;
+    std::size_t m_plainUpper;
+};

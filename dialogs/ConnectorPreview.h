@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connectors/ConnectorPositions.h"
+#include "dialogs/SurveyRunner.h"
+#include "selection/ClickTaker.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace Base {
+class DocumentObject;
+class GLView;
+}  // namespace Base
+
+namespace Freecut {
+
+class ConnectorItem;
+class PlaneGraphicObject;
+class PresetButton;
+
+/// What connectors are to be shown before they are cut.
+struct PreviewScene
+{
+    /// Borrowed for the event; null for none to show.
+    PlaneGraphicObject* plane = nullptr;
+    QPointer<Base::GLView> view;
+    std::vector<Mesh::DocumentObject*> parts;
+    bool isBounded = false;
+    ConnectorParas connectors = {};
+};
+
+/// The connectors of a section cut in the view before the cut, and under their page their number,
+/// what is wrong with them, and the mode in which a person places them by hand.
+///
+/// It is told of every change by refresh() and looks at the scene once the events are done. What is
+/// to be seen is found in the background; the mouse never waits. Nothing is left in the view when
+/// this goes.
+class ConnectorPreview : public QWidget, public ClickTaker
+{
+    Q_OBJECT
+
+public:
+    explicit ConnectorPreview(QWidget* parent);
+    ~ConnectorPreview() override;
+
+    /// scene  asked whenever something may have changed
+    void setScene(std::function<PreviewScene()> scene) { m_scene = std::move(scene); }
+    /// Refreshes whenever a field of the page changes.
+    void follow(QWidget const& page);
+
+    /// Something may have changed.
+    void refresh();
+    /// Shows nothing any more, and asks for no scene: plane and document may go.
+    void end();
+    /// An object of the document goes.
+    void objectGoes(Base::DocumentObject const* object);
+
+    /// Where connectors stand on the parts that were changed by hand; waits for a survey that runs.
+    ConnectorPositions positions();
+
+    void clicked(QMouseEvent const& event) override;
+    void hovered(QMouseEvent const& event) override;
+
+    SurveyRunner& runner() { return m_runner; }
+    QCheckBox* byHandBox() const { return m_byHand; }
+    QPushButton* anewButton() const { return m_anew; }
+    PresetButton* presets() const { return m_presets; }
+    /// What stands under the page.
+    QString text() const;
+    /// What is drawn; null if nothing ever was.
+    ConnectorItem const* item() const { return m_item.get(); }
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Aim
+    {
+        std::size_t part;
+        /// The connector under the mouse.
+        std::optional<std::size_t> connector;
+        /// A place of the section, in the plane.
+        UPoint3<float> place;
+    };
+
+    void ask();
+    void show();
+    void showText();
+    void clearView();
+    void takeClicks(bool isTaking);
+    std::optional<Aim> aimAt(QMouseEvent const& event) const;
+    void toggle(ConnectorChoice& choice, ChosenConnector const& connector);
+    void addAt(Aim const& aim);
+    void retranslate();
+    void say(QString const& text) const;
+
+    std::function<PreviewScene()> m_scene;
+    QLabel* m_text;
+    QCheckBox* m_byHand;
+    QPushButton* m_anew;
+    PresetButton* m_presets;
+    bool m_isAsking = false;
+    /// What the surveys are of, as of the last request.
+    std::vector<SurveyRequest> m_requests;
+    std::map<Mesh::DocumentObject*, ConnectorChoice> m_choices;
+    QPointer<Base::GLView> m_view;
+    std::unique_ptr<ConnectorItem> m_item;
+    SurveyRunner m_runner;
+};
+
+}  // namespace Freecut
