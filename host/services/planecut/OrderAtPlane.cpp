@@ -5,8 +5,8 @@
 #include "host/mesh/JoinedPlaces.h"
 #include "host/mesh/MeshCopy.h"
 #include "host/services/EdgeGroups.h"
-#include "host/services/OrientationMending.h"
 #include "host/services/RecordArrays.h"
+#include "host/services/repair/OrientationMending.h"
 
 #include <algorithm>
 #include <utility>
