@@ -319,11 +319,10 @@ bool SectionRounding::isInDoubt(Exact::SectionFilling const& filling)
         auto const& [a, b, c] = filling.triangles[i];
         if (!isNarrow(m_points.place(a), m_points.place(b), m_points.place(c)))
             continue;
-        m_doubtedCaps.push_back(i);
         for (std::uint32_t const point : filling.triangles[i])
-            m_isInDoubt[point] = true;
+            m_isAny = m_isInDoubt[point] = true;
     }
-    return !m_doubtedOrigins.empty() || !m_doubtedCaps.empty();
+    return m_isAny;
 }
 
 void SectionRounding::doubt(WallPiece const& piece)
@@ -339,28 +338,9 @@ void SectionRounding::doubt(WallPiece const& piece)
         isDoubted |= isNarrow(places[a], places[b], places[c]);
     if (!isDoubted)
         return;
-    m_doubtedOrigins.insert(piece.origin);
     for (std::size_t i = 0; i < std::size_t(piece.size); ++i)
         if (piece.corners[i].isPoint())
-            m_isInDoubt[piece.corners[i].point] = true;
-}
-
-/// The places, among what the cut has made, of what may have been turned over.
-std::vector<std::size_t> SectionRounding::doubtedAmong(Triangles const& caps) const
-{
-    std::vector<std::size_t> doubted;
-    std::size_t first = 0;
-    for (CutSide const side : {sideAbove, sideBelow}) {
-        auto const& origins = m_walls.origins(side);
-        for (std::size_t i = 0; i < origins.size() && !m_doubtedOrigins.empty(); ++i)
-            if (m_doubtedOrigins.contains(origins[i]))
-                doubted.push_back(first + i);
-        first += origins.size();
-        for (std::size_t const cap : m_doubtedCaps)
-            doubted.push_back(first + cap);
-        first += caps[side].size();
-    }
-    return doubted;
+            m_isAny = m_isInDoubt[piece.corners[i].point] = true;
 }
 
 std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling& filling,
@@ -378,12 +358,15 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
         }
         return false;
     };
-    if (!doAnyCross(made, doubtedAmong(caps), m_plane.isAxisParallel(), stage))
+    std::vector<std::size_t> doubted;
+    for (std::size_t i = 0; i < made.size(); ++i)
+        if (isDoubted(made[i]))
+            doubted.push_back(i);
+    if (!doAnyCross(made, doubted, m_plane.isAxisParallel(), stage))
         return {};
     Surroundings surroundings;
-    for (HalfTriangle const& triangle : made)
-        if (isDoubted(triangle))
-            surroundings.add(*triangle.record);
+    for (std::size_t const i : doubted)
+        surroundings.add(*made[i].record);
     std::vector<HalfTriangle> near;
     bool const areAllNear = surroundings.size() * made.size() > mostTests;
     for (HalfTriangle const& face : made)

@@ -6,7 +6,6 @@
 
 #include <array>
 #include <functional>
-#include <unordered_set>
 #include <vector>
 
 /// Mends what rounding has done to the pieces of a plane cut: section points are where exact ones
@@ -54,7 +53,6 @@ private:
 
     void takeOver(Mended const& mended, Triangles& caps, Exact::SectionFilling& filling);
     void doubt(WallPiece const& piece);
-    std::vector<std::size_t> doubtedAmong(Triangles const& caps) const;
 
     CutPlane const& m_plane;
     SideCopies& m_copies;
@@ -62,9 +60,6 @@ private:
     SectionWalls const& m_walls;
     /// By section point.
     std::vector<bool> m_isInDoubt;
-    /// What may have been turned over: parts of these triangles, and caps, in the order of the
-    /// filling.
-    std::unordered_set<Triangle const*> m_doubtedOrigins;
-    std::vector<std::size_t> m_doubtedCaps;
+    bool m_isAny = false;
     std::vector<Triangle*> m_gone;
 };
