@@ -4,6 +4,7 @@
 #include "host/mesh/DegenerateTriangles.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/RoundingCrossings.h"
 #include "host/services/boolean/RoundingMending.h"
 
 #include <algorithm>
@@ -25,8 +26,8 @@ using Box = TriangleTree::Box;
 constexpr double doubtfulUnits = 2;
 /// Further than mending moves points.
 constexpr double reachUnits = 128;
-/// Tests of boxes; beyond, all triangles at the section are looked at.
-constexpr std::size_t mostTests = 4'000'000;
+/// Tests of boxes, of which a million take some milliseconds; beyond, a tree is worth its making.
+constexpr std::size_t mostTests = 1'000'000;
 
 double unitAt(Point const& p)
 {
@@ -64,8 +65,6 @@ public:
         m_boxes.push_back(box);
         m_bounds.add(box);
     }
-
-    std::size_t size() const { return m_boxes.size(); }
 
     bool reach(Triangle const& triangle) const
     {
@@ -134,6 +133,8 @@ private:
     std::array<ByIdentifier, 2> m_sides;
 };
 
+using Records = std::unordered_set<Triangle const*>;
+
 /// A triangle of a half.
 struct HalfTriangle
 {
@@ -162,6 +163,18 @@ public:
             add(faces[i], i);
         isFree = isInDoubt;
         isFree.resize(places.size(), false);
+    }
+
+    /// Those that cross others, with a point in doubt at one of the two.
+    Records crossing(StageProgress& progress) const
+    {
+        Records found;
+        for (auto const& piece : pieces)
+            for (auto const& pair :
+                 RoundingCrossings(operands, isFree).find(piece, places, progress))
+                for (std::size_t const t : pair)
+                    found.insert(faces[piece[t].triangle].record);
+        return found;
     }
 
     /// A vertex beside the plane.
@@ -255,12 +268,13 @@ std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
     return faces;
 }
 
-/// Whether some triangles cross others of their half.
+/// Which of some triangles, and of others of their half, cross each other.
 ///
 /// areCapsExact  the caps lie in the plane, so that nothing but walls can cross
-bool doAnyCross(std::vector<HalfTriangle> const& made, std::vector<std::size_t> const& some,
-                bool areCapsExact, StageProgress& progress)
+Records crossingAmong(std::vector<HalfTriangle> const& made, std::vector<std::size_t> const& some,
+                      bool areCapsExact, StageProgress& progress)
 {
+    Records crossing;
     std::vector<Box> boxes;
     boxes.reserve(made.size());
     for (HalfTriangle const& triangle : made)
@@ -283,10 +297,12 @@ bool doAnyCross(std::vector<HalfTriangle> const& made, std::vector<std::size_t> 
             isDegenerate(made[i].record->cP(0), made[i].record->cP(1), made[i].record->cP(2)))
             continue;
         for (std::size_t k = 0; k < made.size(); ++k)
-            if (doCross(i, k))
-                return true;
+            if (doCross(i, k)) {
+                crossing.insert(made[i].record);
+                crossing.insert(made[k].record);
+            }
     }
-    return false;
+    return crossing;
 }
 
 }  // namespace
@@ -350,28 +366,37 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
     stage.begin(0, 100, 1);
     PointNumbers const numbers(m_points);
     std::vector<HalfTriangle> const made = trianglesMade(m_walls, caps, m_plane);
-    auto const isDoubted = [&](HalfTriangle const& triangle) {
+    auto const hasOneOf = [&](std::vector<bool> const& points, HalfTriangle const& triangle) {
         for (int i = 0; i < 3; ++i) {
             std::uint32_t const p = numbers(triangle.side, triangle.record->cV(i));
-            if (p != WallCorner::none && m_isInDoubt[p])
+            if (p != WallCorner::none && points[p])
                 return true;
         }
         return false;
     };
     std::vector<std::size_t> doubted;
     for (std::size_t i = 0; i < made.size(); ++i)
-        if (isDoubted(made[i]))
+        if (hasOneOf(m_isInDoubt, made[i]))
             doubted.push_back(i);
-    if (!doAnyCross(made, doubted, m_plane.isAxisParallel(), stage))
+    Records const crossing = doubted.size() * made.size() > mostTests
+                                 ? SectionSoup(made, m_points, numbers, m_isInDoubt).crossing(stage)
+                                 : crossingAmong(made, doubted, m_plane.isAxisParallel(), stage);
+    if (crossing.empty())
         return {};
+    std::vector<bool> isFree(m_points.size(), false);
+    for (std::size_t const i : doubted)
+        for (int k = 0; k < 3 && crossing.contains(made[i].record); ++k)
+            if (std::uint32_t const p = numbers(made[i].side, made[i].record->cV(k));
+                p != WallCorner::none)
+                isFree[p] = m_isInDoubt[p];
     Surroundings surroundings;
     for (std::size_t const i : doubted)
-        surroundings.add(*made[i].record);
+        if (hasOneOf(isFree, made[i]))
+            surroundings.add(*made[i].record);
     std::vector<HalfTriangle> near;
-    bool const areAllNear = surroundings.size() * made.size() > mostTests;
-    for (HalfTriangle const& face : made)
-        if (areAllNear || surroundings.reach(*face.record))
-            near.push_back(face);
+    for (HalfTriangle const& triangle : made)
+        if (surroundings.reach(*triangle.record))
+            near.push_back(triangle);
     // Only now, for it is a pass over the part: what was copied may stand in the way.
     for (CutSide const side : {sideAbove, sideBelow}) {
         auto const& all = m_copies.mesh(side).triangles;
@@ -381,7 +406,8 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
                 near.push_back({all[t], cornersOf(*all[t]), side, false});
         stage.add(0);
     }
-    SectionSoup soup(std::move(near), m_points, numbers, m_isInDoubt);
+    m_isInDoubt = isFree;
+    SectionSoup soup(std::move(near), m_points, numbers, isFree);
     auto left = RoundingMending(soup.operands, soup.pieces, soup.places, soup.isFree).run(stage);
     Mended mended;
     // A section point may have come into the place of a vertex beside the plane. The half that does
