@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 
-#include "app/JobGuard.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
@@ -14,16 +13,17 @@
 #include "app/files/RecentMenu.h"
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
-#include "app/jobs/JobProgressBar.h"
+#include "app/jobs/JobGuard.h"
+#include "app/view/ViewAppearance.h"
+#include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
+#include "app/window/JobProgressBar.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
 #include "app/window/ToolLock.h"
-#include "app/window/ViewAppearance.h"
 #include "app/window/WindowMenus.h"
 #include "app/window/WindowPanels.h"
-#include "app/window/WindowSettings.h"
 #include "platform/document/Document.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
@@ -64,7 +64,7 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
     buildStatusLine();
     buildFiles(std::move(questions));
     m_dockTitles = new DockTitles(*this);
-    m_panels = new WindowPanels(*this);
+    m_panels = new WindowPanels(*this, *this);
     buildCommands();
     buildMenus();
     followDocument();

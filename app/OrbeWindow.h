@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/window/PanelPlaces.h"
 #include "platform/ui/MainWindow.h"
 
 #include <memory>
@@ -13,7 +14,6 @@ class DocumentFollower;
 class FileQuestions;
 class NoticeBar;
 class PartPreparation;
-class QDockWidget;
 class QHBoxLayout;
 class StatusLine;
 class ToolLock;
@@ -21,16 +21,12 @@ class ViewAppearance;
 class WindowMenus;
 class WindowPanels;
 
-namespace Mesh {
-class GLView;
-}
-
 /// The window that people work in: one view of the active document, menus, tool bar, panels in
 /// docks and the status line. The Application exists before it and after it.
 ///
 /// Closing it while a job runs asks what to become of the job, and happens when the job has ended.
 /// There is one window per Application, since it registers the commands.
-class OrbeWindow : public MainWindow
+class OrbeWindow : public MainWindow, public PanelPlaces
 {
     Q_OBJECT
 
@@ -43,24 +39,19 @@ public:
     /// Shows commands that have been registered since, such as those of a module.
     void commandsAdded();
 
-    /// Puts a panel, which the window then owns, into a dock.
-    ///
-    /// name  what the window remembers its place by
-    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area);
-    /// Puts a widget to the right of the view.
-    void addBesideView(QWidget* widget);
+    Mesh::GLView& view() const override { return *m_view; }
+    QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area) override;
+    void addBesideView(QWidget* widget) override;
+    void resetLayout() override;
 
     /// Shows a message in a strip above the view.
     void addNotice(QString const& message);
 
-    Mesh::GLView& view() const { return *m_view; }
     WindowMenus& menus() const { return *m_menus; }
     WindowPanels& panels() const { return *m_panels; }
     StatusLine& statusLine() const { return *m_status; }
     DocumentFiles& files() const { return *m_files; }
     NoticeBar& notices() const { return *m_notices; }
-    /// Puts docks and tool bars where they are at first; the window stays where it is.
-    void resetLayout();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -7,7 +7,7 @@
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/EventNotify.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MellViewSlider.h"
 #include "platform/view/GLView.h"
 #include "platform/view/ViewProvider.h"
@@ -123,8 +123,7 @@ void SectionZCut::handleResult(bool ok)
         emit finished(0, m_worker->getErrorMessage());
         return;
     }
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = activeDocument();
     if (!active) {
         emit finished(-1, QString());
         return;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/ConnectorFields.h"
 
-#include "dialogs/DialogSettings.h"
 #include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QPixmap>
@@ -22,13 +22,13 @@ MellQuantitySpinBox* make(ConnectorLimits::Length const& length, QWidget* parent
 
 void load(MellQuantitySpinBox& field, ConnectorLimits::Length const& length)
 {
-    float const value = DialogSettings::value(length.key, length.initial).toFloat();
+    float const value = storedValue(length.key, length.initial).toFloat();
     field.setValue(double(value));
 }
 
 void store(MellQuantitySpinBox const& field, ConnectorLimits::Length const& length)
 {
-    DialogSettings::store(length.key, field.value());
+    storeValue(length.key, field.value());
 }
 
 QPixmap picture(QString const& file, double width, double height)

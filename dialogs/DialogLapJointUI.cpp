@@ -2,12 +2,12 @@
 #include "dialogs/DialogLapJointUI.h"
 
 #include "dialogs/ConnectorFields.h"
-#include "dialogs/DialogSettings.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QButtonGroup>
@@ -138,7 +138,7 @@ void DialogLapJointUI::buildClearances()
 
 void DialogLapJointUI::loadParas()
 {
-    int const stored = DialogSettings::value(Limits::basedOn.key, Limits::basedOn.initial).toInt();
+    int const stored = storedValue(Limits::basedOn.key, Limits::basedOn.initial).toInt();
     m_basedOn->button(stored == 0 || stored == 1 ? stored : allContours)->setChecked(true);
     ConnectorFields::load(*line_notchDepth, Limits::notchDepth);
     ConnectorFields::load(*line_sideDistance, Limits::sideDistance);
@@ -157,7 +157,7 @@ void DialogLapJointUI::saveParas() const
     ConnectorFields::store(*line_notchClearance, Limits::notchClearance);
     ConnectorFields::store(*line_frontClearance, Limits::frontClearance);
     ConnectorFields::store(*line_backClearance, Limits::backClearance);
-    DialogSettings::store(Limits::basedOn.key, m_basedOn->checkedId());
+    storeValue(Limits::basedOn.key, m_basedOn->checkedId());
 }
 
 LapJointParas DialogLapJointUI::paras() const

@@ -2,13 +2,13 @@
 #include "dialogs/DialogPinHoleUI.h"
 
 #include "dialogs/ConnectorFields.h"
-#include "dialogs/DialogSettings.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/PushButtonAnimate.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QCheckBox>
@@ -162,10 +162,9 @@ void DialogPinHoleUI::loadParas()
     ConnectorFields::load(*line_spacing, Limits::spacing);
     ConnectorFields::load(*line_sideClear, Limits::sideClearance);
     ConnectorFields::load(*line_faceClear, Limits::faceClearance);
-    sidis->setChecked(
-        DialogSettings::value(Limits::isSidedis.key, Limits::isSidedis.initial).toBool());
+    sidis->setChecked(storedValue(Limits::isSidedis.key, Limits::isSidedis.initial).toBool());
     line_sideDis->setEnabled(sidis->isChecked());
-    bool const isPin = DialogSettings::value(Limits::isPin.key, Limits::isPin.initial).toBool();
+    bool const isPin = storedValue(Limits::isPin.key, Limits::isPin.initial).toBool();
     (isPin ? pin : hole)->setChecked(true);
     showPicture();
     limitToRadius();
@@ -181,8 +180,8 @@ void DialogPinHoleUI::on_save_clicked()
     ConnectorFields::store(*line_spacing, Limits::spacing);
     ConnectorFields::store(*line_sideClear, Limits::sideClearance);
     ConnectorFields::store(*line_faceClear, Limits::faceClearance);
-    DialogSettings::store(Limits::isSidedis.key, sidis->isChecked());
-    DialogSettings::store(Limits::isPin.key, pin->isChecked());
+    storeValue(Limits::isSidedis.key, sidis->isChecked());
+    storeValue(Limits::isPin.key, pin->isChecked());
 }
 
 PinHoleParas DialogPinHoleUI::paras() const

@@ -5,7 +5,6 @@
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/WorkerThread.h"
 #include "dialogs/DialogCoordinateUI.h"
-#include "dialogs/DialogSettings.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
@@ -16,6 +15,7 @@
 #include "platform/mesh/UMesh.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 #include "selection/CuboidcutSelection.h"
@@ -29,7 +29,6 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QRadioButton>
 #include <QTabWidget>
 
@@ -96,15 +95,15 @@ void DialogPolygoncut::connectAll()
 
 void DialogPolygoncut::loadParas()
 {
-    bool const isAll = DialogSettings::value(allOrSelectedKey, true).toBool();
+    bool const isAll = storedValue(allOrSelectedKey, true).toBool();
     (isAll ? ui.allParts : ui.selectedParts)->setChecked(true);
-    ui.removeOriginal->setChecked(DialogSettings::value(removeOriginalKey, false).toBool());
+    ui.removeOriginal->setChecked(storedValue(removeOriginalKey, false).toBool());
 }
 
 void DialogPolygoncut::saveParas()
 {
-    DialogSettings::store(allOrSelectedKey, ui.allParts->isChecked());
-    DialogSettings::store(removeOriginalKey, ui.removeOriginal->isChecked());
+    storeValue(allOrSelectedKey, ui.allParts->isChecked());
+    storeValue(removeOriginalKey, ui.removeOriginal->isChecked());
 }
 
 void DialogPolygoncut::retranslate()

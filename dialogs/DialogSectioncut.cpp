@@ -7,7 +7,6 @@
 #include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
-#include "dialogs/DialogSettings.h"
 #include "dialogs/LivePlane.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PlaneFields.h"
@@ -16,12 +15,13 @@
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/CutViewSlider.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/view/GLView.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
@@ -113,18 +113,18 @@ void DialogSectioncut::startTool()
 
 void DialogSectioncut::loadParas()
 {
-    bool const isAll = DialogSettings::value(allOrSelectedKey, true).toBool();
+    bool const isAll = storedValue(allOrSelectedKey, true).toBool();
     ui.allParts->setChecked(isAll);
     ui.selectedParts->setChecked(!isAll);
-    ui.removeOriginal->setChecked(DialogSettings::value(removeOriginalKey, false).toBool());
-    ui.useBoundary->setChecked(DialogSettings::value(useBoundaryKey, false).toBool());
+    ui.removeOriginal->setChecked(storedValue(removeOriginalKey, false).toBool());
+    ui.useBoundary->setChecked(storedValue(useBoundaryKey, false).toBool());
 }
 
 void DialogSectioncut::saveParas()
 {
-    DialogSettings::store(allOrSelectedKey, ui.allParts->isChecked());
-    DialogSettings::store(removeOriginalKey, ui.removeOriginal->isChecked());
-    DialogSettings::store(useBoundaryKey, ui.useBoundary->isChecked());
+    storeValue(allOrSelectedKey, ui.allParts->isChecked());
+    storeValue(removeOriginalKey, ui.removeOriginal->isChecked());
+    storeValue(useBoundaryKey, ui.useBoundary->isChecked());
 }
 
 void DialogSectioncut::retranslate()
@@ -196,8 +196,7 @@ void DialogSectioncut::slotObjectSelectionChanged()
 
 void DialogSectioncut::takeParts(bool haveChanged)
 {
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = activeDocument();
     bool const isOfParts =
         active && active->getTypeId().isDerivedFrom(Mesh::Document::getClassTypeId());
     std::vector<Base::DocumentObject*> parts;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/StoredPresets.h"
 
-#include "dialogs/DialogSettings.h"
 #include "platform/jobs/Exceptions.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -17,7 +17,7 @@ constexpr char const* key = "/SectionCut/presets";
 
 QJsonArray stored()
 {
-    QByteArray const text = DialogSettings::value(key, QString()).toString().toUtf8();
+    QByteArray const text = storedValue(key, QString()).toString().toUtf8();
     return QJsonDocument::fromJson(text).array();
 }
 
@@ -38,7 +38,7 @@ QJsonArray without(QString const& name)
 void store(QJsonArray const& presets)
 {
     QByteArray const text = QJsonDocument(presets).toJson(QJsonDocument::Compact);
-    DialogSettings::store(key, QString::fromUtf8(text));
+    storeValue(key, QString::fromUtf8(text));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #include "module/CutCommand.h"
 
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 
 CutCommand::CutCommand(CommandTexts const& texts)
     : Base::Command(texts.name), m_className(texts.className)
@@ -20,8 +20,7 @@ CutCommand::CutCommand(CommandTexts const& texts)
 
 Mesh::Document* activeMeshDocument()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = activeDocument();
     if (!document || !document->getTypeId().isDerivedFrom(Mesh::Document::getClassTypeId()))
         return nullptr;
     return static_cast<Mesh::Document*>(document);

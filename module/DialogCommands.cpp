@@ -4,7 +4,7 @@
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/DialogSectioncut.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/DialogWindowManager.h"
 
 bool DialogCommand::isActive()
@@ -19,8 +19,7 @@ namespace {
 template <typename Dialog>
 Dialog* openDialog(char const* name)
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = activeDocument();
     DialogWindowManager& dialogs = *DialogWindowManager::instance();
     DialogWidget* open = dialogs.getDialogWindow(name);
     if (!open) {

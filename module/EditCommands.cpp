@@ -2,7 +2,7 @@
 #include "module/EditCommands.h"
 
 #include "platform/document/Document.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
 #include "selection/ContourEditing.h"
@@ -32,8 +32,7 @@ PolygonGraphicObject* selectedPolygon(Base::Document const& document)
 template <typename Edit>
 void editPolygon(Edit const& edit)
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = activeDocument();
     PolygonGraphicObject* const polygon = document ? selectedPolygon(*document) : nullptr;
     auto const* const tool =
         polygon ? Freecut::runningTool<PolygoncutSelection>(document->getView()) : nullptr;

@@ -4,7 +4,7 @@
 #include "cutjobs/SectionZCut.h"
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellViewSlider.h"
 
@@ -36,8 +36,7 @@ QString cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*>
 
 void OrbeCmdZcut::activated(int)
 {
-    Base::Document* const active =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const active = activeDocument();
     if (!active || active->getClassName() != "Mesh::Document")
         return;
     auto* const document = static_cast<Mesh::Document*>(active);

@@ -2,7 +2,7 @@
 #include "module/PlaneCommands.h"
 
 #include "platform/document/Document.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
@@ -19,8 +19,7 @@ Base::GLView* viewInFront()
 
 Base::GLView* viewOfActiveDocument()
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = activeDocument();
     return document ? document->getView() : nullptr;
 }
 

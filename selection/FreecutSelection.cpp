@@ -3,7 +3,7 @@
 
 #include "platform/document/Document.h"
 #include "platform/document/DocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 #include "tools/SceneBox.h"
@@ -74,8 +74,7 @@ int FreecutSelection::mouseReleaseEvent(QMouseEvent* event)
 
 UBox3<float> FreecutSelection::getObjectsBox() const
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = activeDocument();
     return document ? boxOfAllParts(*document) : UBox3<float>();
 }
 

@@ -3,7 +3,7 @@
 
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/MeshGLView.h"
 #include "selection/HandleHit.h"
 #include "selection/PointUnderMouse.h"
@@ -180,8 +180,7 @@ void PlanecutSelection::getCutPlaneParaByCenterAndNormal(UPoint3<float> const& c
 
 void PlanecutSelection::makePlane()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = activeDocument();
     if (planeObject || !document)
         return;
     planeObject = new PlaneGraphicObject;

@@ -2,7 +2,7 @@
 #include "selection/VolumeSelection.h"
 
 #include "platform/document/Document.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/GLView.h"
 #include "selection/ToolEdit.h"
 #include "tools/ViewAxes.h"
@@ -119,8 +119,7 @@ void VolumeSelection::moveCentreToTyped(UPoint3<float> const& typed)
 bool VolumeSelection::startTool(VolumeGraphicObject* tool)
 {
     std::unique_ptr<VolumeGraphicObject> owned(tool);
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = activeDocument();
     if (!document)
         return false;
     tool->getVolumeProperty().updateDepth();

@@ -94,6 +94,7 @@ std::vector<std::size_t> nestedLoops(FlatLoops const& loops)
 {
     std::vector<LoopEdges> const edges(loops.begin(), loops.end());
     std::vector<FlatBox> bounds;
+    bounds.reserve(edges.size());
     for (LoopEdges const& loop : edges)
         bounds.push_back(loop.bounds());
     BoxTree const tree(std::move(bounds));

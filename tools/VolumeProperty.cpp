@@ -3,7 +3,7 @@
 
 #include "display/GraphicViewProvider.h"
 #include "platform/document/Document.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/view/GLView.h"
 #include "tools/GraphicObject.h"
 #include "tools/SceneBox.h"
@@ -43,11 +43,6 @@ UPoint3<float> axisPoint(Base::GLView const& view, float depth)
     UPoint3<float> point(0, 0, depth);
     view.getWCSPointFromEyePoint(point);
     return point;
-}
-
-Base::Document* activeDocument()
-{
-    return Application::Instance ? Application::Instance->activeDocument() : nullptr;
 }
 
 }  // namespace

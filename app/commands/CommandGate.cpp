@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands/CommandGate.h"
 
-#include "app/JobGuard.h"
 #include "app/commands/CheckableCommand.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 

@@ -2,7 +2,7 @@
 #include "app/commands/EditCommands.h"
 
 #include "app/commands/HostCommand.h"
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/CommandManager.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands/HostCommand.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/document/MeshDocument.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -18,8 +18,7 @@ std::string iconPath(char const* name, char const* suffix)
 
 QString generalReason()
 {
-    Base::Document const* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document const* const document = activeDocument();
     if (!document || document->getMeshObjects().empty())
         return QCoreApplication::translate("HostCommand", "Open a part first.");
     return QCoreApplication::translate("HostCommand", "Select a part first.");
@@ -76,8 +75,7 @@ bool HostCommand::isActive()
 
 Mesh::Document* HostCommand::activeMeshDocument()
 {
-    Base::Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Base::Document* const document = activeDocument();
     return dynamic_cast<Mesh::Document*>(document);
 }
 

@@ -3,9 +3,9 @@
 
 #include "app/commands/CheckableCommand.h"
 #include "app/panels/PartInformation.h"
-#include "app/panels/PartPlacement.h"
 #include "app/panels/PreferencesDialog.h"
-#include "app/window/ViewAppearance.h"
+#include "app/parts/PartPlacement.h"
+#include "app/view/ViewAppearance.h"
 #include "app/window/WindowPanels.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/CutView.h"

@@ -2,7 +2,7 @@
 #include "app/commands/SelectCommands.h"
 
 #include "app/commands/CheckableCommand.h"
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"

@@ -2,7 +2,7 @@
 #include "app/commands/ViewCommands.h"
 
 #include "app/commands/CheckableCommand.h"
-#include "app/window/ViewAppearance.h"
+#include "app/view/ViewAppearance.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/CommandManager.h"

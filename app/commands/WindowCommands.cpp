@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands/WindowCommands.h"
 
-#include "app/OrbeWindow.h"
 #include "app/StartOptions.h"
 #include "app/commands/CheckableCommand.h"
+#include "app/window/PanelPlaces.h"
 #include "app/window/ShortcutList.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
@@ -58,8 +58,8 @@ public:
 
     void activated(int) override
     {
-        if (auto* const window = dynamic_cast<OrbeWindow*>(MainWindow::getInstance()))
-            window->resetLayout();
+        if (auto* const places = dynamic_cast<PanelPlaces*>(MainWindow::getInstance()))
+            places->resetLayout();
     }
 };
 

@@ -2,6 +2,7 @@
 #include "app/files/DocumentFiles.h"
 
 #include "host/document/DocumentProject.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -219,12 +220,12 @@ bool DocumentFiles::isModified() const
 
 Mesh::Document* DocumentFiles::document() const
 {
-    return dynamic_cast<Mesh::Document*>(Application::Instance->activeDocument());
+    return dynamic_cast<Mesh::Document*>(activeDocument());
 }
 
 void DocumentFiles::activeDocumentChanged()
 {
-    Base::Document* const active = Application::Instance->activeDocument();
+    Base::Document* const active = activeDocument();
     if (active == m_watched)
         return;
     if (m_watched) {

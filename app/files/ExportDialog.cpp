@@ -2,7 +2,7 @@
 #include "app/files/ExportDialog.h"
 
 #include "host/formats/FormatRegistry.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QComboBox>
@@ -21,12 +21,6 @@ constexpr char formatKey[] = "/Export/format";
 /// In sizes of the font.
 constexpr int formatWidth = 16;
 constexpr char fileEachKey[] = "/Export/fileForEachPart";
-
-QSettings settings()
-{
-    return QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                     getSettingName());
-}
 
 QString latin(std::string_view text)
 {
@@ -84,10 +78,9 @@ void ExportDialog::buildFileChoice(int parts)
 
 void ExportDialog::restore()
 {
-    QSettings const known = settings();
-    int const format = m_formats->findData(known.value(QLatin1String(formatKey)));
+    int const format = m_formats->findData(storedValue(QLatin1String(formatKey)));
     m_formats->setCurrentIndex(std::max(format, 0));
-    bool const isEach = known.value(QLatin1String(fileEachKey)).toBool();
+    bool const isEach = storedValue(QLatin1String(fileEachKey)).toBool();
     (isEach && !m_fileEach->isHidden() ? m_fileEach : m_oneFile)->setChecked(true);
 }
 
@@ -103,9 +96,8 @@ bool ExportDialog::isOneFilePerPart() const
 
 void ExportDialog::accept()
 {
-    QSettings known = settings();
-    known.setValue(QLatin1String(formatKey), format());
+    storeValue(QLatin1String(formatKey), format());
     if (!m_fileEach->isHidden())
-        known.setValue(QLatin1String(fileEachKey), isOneFilePerPart());
+        storeValue(QLatin1String(fileEachKey), isOneFilePerPart());
     QDialog::accept();
 }

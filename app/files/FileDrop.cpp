@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/FileDrop.h"
 
-#include "app/JobGuard.h"
 #include "app/files/DocumentFiles.h"
+#include "app/jobs/JobGuard.h"
 
 #include <QDropEvent>
 #include <QFileInfo>

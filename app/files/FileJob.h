@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 
 #include <QObject>
 

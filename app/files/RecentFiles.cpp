@@ -1,27 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/RecentFiles.h"
 
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
 
 constexpr char key[] = "/Files/recent";
 
-QSettings settings()
-{
-    return QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                     getSettingName());
-}
-
 }  // namespace
 
 QStringList RecentFiles::files() const
 {
     QStringList files;
-    for (QString const& file : settings().value(QLatin1String(key)).toStringList())
+    for (QString const& file : storedValue(QLatin1String(key)).toStringList())
         if (QFileInfo(file).isAbsolute() && !files.contains(file) && files.size() < most)
             files.push_back(file);
     return files;
@@ -50,6 +43,6 @@ void RecentFiles::clear()
 
 void RecentFiles::store(QStringList const& files)
 {
-    settings().setValue(QLatin1String(key), files);
+    storeValue(QLatin1String(key), files);
     emit changed();
 }

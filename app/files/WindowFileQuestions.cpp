@@ -5,7 +5,7 @@
 #include "host/formats/FormatRegistry.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellMessageBox.h"
-#include "platform/ui/Settings.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,16 +19,10 @@ constexpr char folderKey[] = "/Files/folder";
 /// File names in one question.
 constexpr int mostNames = 8;
 
-QSettings settings()
-{
-    return QSettings(g_AppSettingFormat, QSettings::UserScope, QCoreApplication::applicationName(),
-                     getSettingName());
-}
-
 /// The folder used last, or the user's documents where that is gone.
 QString folder()
 {
-    QString const known = settings().value(QLatin1String(folderKey)).toString();
+    QString const known = storedValue(QLatin1String(folderKey)).toString();
     return !known.isEmpty() && QDir(known).exists()
                ? known
                : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -37,7 +31,7 @@ QString folder()
 void rememberFolderOf(QString const& file)
 {
     if (!file.isEmpty())
-        settings().setValue(QLatin1String(folderKey), QFileInfo(file).absolutePath());
+        storeValue(QLatin1String(folderKey), QFileInfo(file).absolutePath());
 }
 
 QString latin(std::string_view text)

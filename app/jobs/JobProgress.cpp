@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/jobs/JobProgress.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/panels/PartCheck.h"
+#include "app/parts/PartCheck.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/HistoryList.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/document/Document.h"
 #include "platform/ui/DocumentFollower.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PartInformation.h"
 
-#include "app/commands/EditStep.h"
 #include "app/panels/CheckReport.h"
 #include "app/panels/MeasureText.h"
-#include "app/panels/MeshSurvey.h"
 #include "app/panels/PanelIcon.h"
-#include "app/panels/PartPlacement.h"
+#include "app/parts/EditStep.h"
+#include "app/parts/MeshSurvey.h"
+#include "app/parts/PartPlacement.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/ui/DisplayUnit.h"

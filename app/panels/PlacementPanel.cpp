@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PlacementPanel.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "app/panels/PanelIcon.h"
 #include "app/panels/VectorFields.h"
 #include "platform/ui/DocumentFollower.h"

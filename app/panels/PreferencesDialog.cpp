@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/PreferencesDialog.h"
 
-#include "app/panels/ViewPreferences.h"
-#include "app/window/ViewAppearance.h"
+#include "app/view/ViewAppearance.h"
+#include "app/view/ViewPreferences.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/MellHBoxLayout.h"

@@ -4,13 +4,13 @@
 #include "app/files/DocumentFiles.h"
 #include "host/view/PreparedPart.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 
 PartPreparation::PartPreparation(DocumentFiles& files)
 {
     files.setPreparation([this](MeshKernel const& kernel) { prepare(kernel); });
     QObject::connect(&files, &DocumentFiles::opened, &files,
-                     [this] { handOver(Application::Instance->activeDocument()); });
+                     [this] { handOver(activeDocument()); });
     // What was prepared for files whose opening was cancelled is of no use.
     QObject::connect(&files, &DocumentFiles::jobFinished, &files, [this] { drop(); });
 }

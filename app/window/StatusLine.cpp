@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/StatusLine.h"
 
-#include "app/jobs/JobProgressBar.h"
+#include "app/window/JobProgressBar.h"
 #include "app/window/ToolHint.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/ToolLock.h"
 
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 

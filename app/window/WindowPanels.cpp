@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowPanels.h"
 
-#include "app/OrbeWindow.h"
 #include "app/panels/HistoryList.h"
 #include "app/panels/LogConsole.h"
 #include "app/panels/LogRecorder.h"
 #include "app/panels/PartInformation.h"
-#include "app/panels/PartList.h"
 #include "app/panels/PlacementPanel.h"
-#include "app/panels/ViewPreferences.h"
+#include "app/partlist/PartList.h"
+#include "app/view/ViewPreferences.h"
+#include "app/window/PanelPlaces.h"
 #include "host/ui/HeightSlider.h"
 #include "platform/ui/CutView.h"
 #include "platform/ui/DockWidget.h"
+#include "platform/ui/MainWindow.h"
 #include "platform/ui/SideControlTab.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/MeshGLView.h"
@@ -34,11 +35,12 @@ void bringInFront(QDockWidget& dock)
 
 }  // namespace
 
-WindowPanels::WindowPanels(OrbeWindow& window)
+WindowPanels::WindowPanels(MainWindow& window, PanelPlaces& places)
     : QObject(&window),
       m_window(window),
+      m_places(places),
       m_log(std::make_unique<LogRecorder>()),
-      m_viewPreferences(new ViewPreferences(window.view(), this))
+      m_viewPreferences(new ViewPreferences(places.view(), this))
 {
     buildHeightSlider();
     buildLeft();
@@ -51,15 +53,15 @@ WindowPanels::~WindowPanels() = default;
 void WindowPanels::buildHeightSlider()
 {
     auto* const slider = new HeightSlider(&m_window);
-    slider->setView(&m_window.view());
-    m_window.addBesideView(slider);
+    slider->setView(&m_places.view());
+    m_places.addBesideView(slider);
 }
 
 void WindowPanels::buildLeft()
 {
     m_partsDock =
-        m_window.addPanel(new PartList(&m_window), QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
-    QDockWidget* const history = m_window.addPanel(
+        m_places.addPanel(new PartList(&m_window), QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
+    QDockWidget* const history = m_places.addPanel(
         new HistoryList(&m_window), QStringLiteral("History"), Qt::LeftDockWidgetArea);
     m_window.tabifyDockWidget(m_partsDock, history);
     m_partsDock->raise();
@@ -75,9 +77,9 @@ void WindowPanels::buildRight()
     m_sideControl = new SideControlTab(&m_window);
     m_window.setSideControl(m_sideControl);
     if (CutView* const cut = cutView())
-        cut->setView(&m_window.view());
+        cut->setView(&m_places.view());
     m_sideDock =
-        m_window.addPanel(m_sideControl, QStringLiteral("SideControl"), Qt::RightDockWidgetArea);
+        m_places.addPanel(m_sideControl, QStringLiteral("SideControl"), Qt::RightDockWidgetArea);
     m_window.tabifyDockWidget(m_informationDock, placement);
     m_window.tabifyDockWidget(placement, m_sideDock);
     m_informationDock->raise();
@@ -85,7 +87,7 @@ void WindowPanels::buildRight()
 
 void WindowPanels::buildBottom()
 {
-    m_logDock = m_window.addPanel(new LogConsole(*m_log, &m_window), QStringLiteral("Log"),
+    m_logDock = m_places.addPanel(new LogConsole(*m_log, &m_window), QStringLiteral("Log"),
                                   Qt::BottomDockWidgetArea);
     m_logDock->hide();
 }
@@ -112,7 +114,7 @@ QDockWidget* WindowPanels::addScrolled(QWidget* panel, QString const& name, Qt::
     scroll->setMinimumWidth(panel->minimumSizeHint().width());
     scroll->setWindowTitle(panel->windowTitle());
     connect(panel, &QWidget::windowTitleChanged, scroll, &QWidget::setWindowTitle);
-    return m_window.addPanel(scroll, name, area);
+    return m_places.addPanel(scroll, name, area);
 }
 
 CutView* WindowPanels::cutView() const

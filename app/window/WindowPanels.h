@@ -7,7 +7,8 @@
 
 class CutView;
 class LogRecorder;
-class OrbeWindow;
+class MainWindow;
+class PanelPlaces;
 class PartInformation;
 class QDockWidget;
 class SideControlTab;
@@ -21,7 +22,9 @@ class WindowPanels : public QObject
 public:
     /// Makes the panels and puts them into the window's docks and beside its view; the window
     /// becomes the parent.
-    explicit WindowPanels(OrbeWindow& window);
+    ///
+    /// places  those of the window
+    WindowPanels(MainWindow& window, PanelPlaces& places);
     ~WindowPanels() override;
 
     PartInformation& information() const { return *m_information; }
@@ -44,7 +47,8 @@ private:
     void buildBottom();
     void buildHeightSlider();
 
-    OrbeWindow& m_window;
+    MainWindow& m_window;
+    PanelPlaces& m_places;
     std::unique_ptr<LogRecorder> m_log;
     ViewPreferences* m_viewPreferences = nullptr;
     PartInformation* m_information = nullptr;

@@ -7,8 +7,8 @@
 #include "host/formats/PartFiles.h"
 #include "host/mesh/MeshFacts.h"
 #include "host/mesh/Placement.h"
-#include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/Document.h"
+#include "platform/document/DocumentObjectGroup.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/view/ViewProvider.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/AsciiStlReader.h"
 
-#include "host/formats/AvailableMemory.h"
 #include "host/formats/FileError.h"
 #include "host/formats/LineReader.h"
+#include "host/formats/MemoryNeed.h"
 #include "host/formats/MeshBuilder.h"
 #include "host/formats/TextTokens.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/BinaryStlReader.h"
 
-#include "host/formats/AvailableMemory.h"
 #include "host/formats/FileError.h"
+#include "host/formats/MemoryNeed.h"
 #include "host/formats/MeshBuilder.h"
 
 #include <algorithm>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/MeshBuilder.h"
 
-#include "host/formats/AvailableMemory.h"
-#include "host/formats/HugePages.h"
+#include "host/formats/MemoryNeed.h"
+#include "host/memory/AvailableMemory.h"
+#include "host/memory/HugePages.h"
 
 #include <limits>
 #include <new>

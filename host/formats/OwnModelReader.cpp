@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/OwnModelReader.h"
 
-#include "host/formats/AvailableMemory.h"
-#include "host/mesh/RecordStock.h"
+#include "host/formats/MemoryNeed.h"
+#include "host/memory/RecordStock.h"
 
 #include <algorithm>
 #include <charconv>

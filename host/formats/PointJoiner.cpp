@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PointJoiner.h"
 
-#include "host/formats/HugePages.h"
+#include "host/memory/HugePages.h"
 
 #include <algorithm>
 #include <array>

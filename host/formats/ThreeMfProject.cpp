@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/formats/AvailableMemory.h"
+#include "host/formats/MemoryNeed.h"
 #include "host/formats/ThreeMfReader.h"
 
 #include <algorithm>

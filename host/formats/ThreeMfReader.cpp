@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/ThreeMfReader.h"
 
-#include "host/formats/AvailableMemory.h"
+#include "host/formats/MemoryNeed.h"
 #include "host/formats/MeshBuilder.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mesh/DegenerateTriangles.h"
 
+#include "host/memory/RecordSlabs.h"
 #include "host/mesh/DisjointSets.h"
 #include "host/mesh/ExactSigns.h"
-#include "host/mesh/RecordSlabs.h"
 
 #include <cmath>
 #include <unordered_map>

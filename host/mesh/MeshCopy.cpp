@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mesh/MeshCopy.h"
 
+#include "host/memory/RecordSlabs.h"
 #include "host/mesh/RecordIndex.h"
-#include "host/mesh/RecordSlabs.h"
 
 #include <new>
 

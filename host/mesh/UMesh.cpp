@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/mesh/UMesh.h"
 
+#include "host/memory/RecordSlabs.h"
 #include "host/mesh/DegenerateTriangles.h"
-#include "host/mesh/RecordSlabs.h"
 #include "host/mesh/Topology.h"
 
 template <typename T>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/DistanceTree.h"
 
-#include "host/formats/HugePages.h"
+#include "host/memory/HugePages.h"
 #include "host/services/Lanes.h"
 #include "host/services/TriangleDistance.h"
 
@@ -39,7 +39,7 @@ template <typename Item>
 void reserve(std::vector<Item>& list, std::size_t size)
 {
     list.reserve(size);
-    Formats::preferHugePages(list.data(), size * sizeof(Item));
+    preferHugePages(list.data(), size * sizeof(Item));
 }
 
 /// How many levels have boxes along their patch: those of up to 4096 triangles.

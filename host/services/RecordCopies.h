@@ -26,7 +26,8 @@ enum CutSide
 ///
 /// Sorter  has `int sideOf(std::uint32_t place, UPoint3<float> const&) const`, which gives 1 for
 ///         sideAbove, -1 for sideBelow and 0 for neither, once per vertex and on any thread; and
-///         `bool isApart(a, b, c) const` for the places of corners that lie on one side
+///         `bool isApart(a, b, c) const` for the places of corners that lie on one side. Its source
+///         file includes RecordCopying.h and instantiates RecordCopies for it
 template <typename Sorter>
 class RecordCopies
 {

@@ -3,6 +3,7 @@
 #include "platform/ui/Application.h"
 
 #include "platform/document/MeshDocument.h"
+#include "platform/ui/ActiveDocument.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
 
@@ -10,6 +11,11 @@
 #include <cassert>
 
 Application* Application::Instance = nullptr;
+
+Base::Document* activeDocument()
+{
+    return Application::Instance ? Application::Instance->activeDocument() : nullptr;
+}
 
 Application::Application() : m_commands(std::make_unique<Base::CommandManager>())
 {

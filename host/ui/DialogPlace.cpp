@@ -2,9 +2,9 @@
 
 #include "host/ui/DialogPlace.h"
 
-#include "host/ui/StoredSettings.h"
 #include "platform/ui/DialogWidget.h"
 #include "platform/ui/MainWindow.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/GLView.h"
 

@@ -2,8 +2,8 @@
 
 #include "platform/ui/DialogWidgetGroup.h"
 
-#include "host/ui/StoredSettings.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 DialogWidgetGroup::DialogWidgetGroup(QString title, QWidget* content, QString key, bool expanded,

@@ -2,7 +2,7 @@
 
 #include "platform/ui/DisplayUnit.h"
 
-#include "host/ui/StoredSettings.h"
+#include "platform/ui/StoredSettings.h"
 
 namespace {
 

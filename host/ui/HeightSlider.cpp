@@ -2,11 +2,11 @@
 #include "host/ui/HeightSlider.h"
 
 #include "host/ui/HeightScale.h"
-#include "host/ui/StoredSettings.h"
 #include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/MellViewSlider.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/MeshGLView.h"
 

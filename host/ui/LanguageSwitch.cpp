@@ -3,10 +3,10 @@
 #include "platform/ui/LanguageSwitch.h"
 
 #include "host/ui/LanguageTexts.h"
-#include "host/ui/StoredSettings.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
+#include "platform/ui/StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QEvent>

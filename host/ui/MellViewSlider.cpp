@@ -4,7 +4,7 @@
 
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/Application.h"
+#include "platform/ui/ActiveDocument.h"
 
 namespace Base {
 
@@ -27,8 +27,7 @@ void MellViewSlider::setHeight(float height)
 void MellViewSlider::refresh()
 {
     UBox3<float> box;
-    Document* const document =
-        Application::Instance ? Application::Instance->activeDocument() : nullptr;
+    Document* const document = activeDocument();
     if (document)
         for (Mesh::DocumentObject const* const part : document->getPartList())
             box.Add(part->getBoundingBox());

@@ -3,12 +3,12 @@
 #include "platform/ui/ThemeSwitch.h"
 
 #include "host/ui/MellStyle.h"
-#include "host/ui/StoredSettings.h"
 #include "host/ui/StyleSheet.h"
 #include "host/ui/ThemeFlags.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
+#include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QApplication>

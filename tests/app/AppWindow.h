@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/JobGuard.h"
 #include "app/OrbeWindow.h"
 #include "app/files/DocumentFiles.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
 #include "app/commands/FileCommands.h"
 #include "app/commands/HostCommand.h"
 #include "app/files/ExportDialog.h"
 #include "app/files/FileDrop.h"
 #include "app/files/RecentMenu.h"
 #include "app/files/WindowTitle.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"

@@ -2,15 +2,16 @@
 #include "app/files/ExportDialog.h"
 #include "app/panels/HistoryList.h"
 #include "app/panels/PartInformation.h"
-#include "app/panels/PartList.h"
 #include "app/panels/PlacementPanel.h"
 #include "app/panels/PreferencesDialog.h"
-#include "app/panels/ViewPreferences.h"
+#include "app/partlist/PartList.h"
+#include "app/view/ViewAppearance.h"
+#include "app/view/ViewPreferences.h"
 #include "app/window/ShortcutList.h"
-#include "app/window/ViewAppearance.h"
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/ThemeSwitch.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/TranslationFile.h"
 
 #include <QAbstractButton>
@@ -186,7 +187,7 @@ TEST_F(GermanWindow, NamesTheJobsOfApplicationAndPlugInInGerman)
 TEST_F(GermanWindow, LooksTidy)
 {
     if (!hasDisplay())
-        GTEST_SKIP() << "Pictures need a display.";
+        GTEST_SKIP() << displayIsMissing;
     test->add(box(40, 30, 20), "Box");
     show();
     trigger("Std_View6");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "app/panels/HistoryList.h"
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 #include "tests/app/PartDocument.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "platform/jobs/EventNotify.h"
 
 #include <gtest/gtest.h>

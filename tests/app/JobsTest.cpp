@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/jobs/JobProgressBar.h"
+#include "app/window/JobProgressBar.h"
 #include "app/window/StatusLine.h"
 #include "platform/jobs/EventNotify.h"
 #include "platform/jobs/Exceptions.h"

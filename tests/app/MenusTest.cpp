@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowMenus.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 
 #include <QDockWidget>
 #include <QMenu>
@@ -172,10 +173,10 @@ TEST_F(AppWindow, UndoNamesItsStep)
 TEST_F(AppWindow, LooksAsItShould)
 {
     if (!hasDisplay())
-        GTEST_SKIP() << "Pictures need a display: run this program by xvfb-run.";
+        GTEST_SKIP() << displayIsMissing;
     Mesh::DocumentObject* const part = addFile("armadillo-86k.stl");
     if (!part)
-        GTEST_SKIP() << "The test meshes are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     show();
     window->view().OnViewType(6);
     window->view().fitAll();

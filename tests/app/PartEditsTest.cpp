@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartEdits.h"
-#include "app/panels/PartPlacement.h"
+#include "app/parts/PartEdits.h"
+#include "app/parts/PartPlacement.h"
 #include "tests/app/PartDocument.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
-#include "app/panels/PartList.h"
-#include "app/panels/PartTreeModel.h"
-#include "app/panels/PartTreeView.h"
+#include "app/jobs/JobGuard.h"
+#include "app/partlist/PartList.h"
+#include "app/partlist/PartTreeModel.h"
+#include "app/partlist/PartTreeView.h"
 #include "tests/app/PartDocument.h"
 
 #include <gtest/gtest.h>

@@ -15,8 +15,10 @@
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
 #include "tests/app/PieceGap.h"
+#include "tests/support/MadeModels.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
-#include "tests/view/ViewEvents.h"
+#include "tests/support/ViewEvents.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QButtonGroup>
@@ -36,7 +38,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1400, 950);
         show();
@@ -48,15 +50,14 @@ protected:
             AppWindow::TearDown();
     }
 
-    /// Shows a model from the front; false where it is missing.
-    bool openPart(std::string const& file)
+    /// Shows a real model or, where it is missing, one made in the same manner, from the front.
+    void openPart(std::string const& file)
     {
         if (!addFile(file))
-            return false;
+            test->add(mechanicalPlate(), "plate");
         view().OnViewType(0);
         view().fitAll();
         settle();
-        return true;
     }
     Mesh::GLView& view() const { return window->view(); }
     Mesh::Document& document() const
@@ -166,8 +167,7 @@ protected:
 
 TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
 {
-    if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+    openPart("fandisk-13k.stl");
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     float const width = box.MaxX() - box.MinX();
     openDialog();
@@ -241,8 +241,7 @@ TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
 
 TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
 {
-    if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+    openPart("fandisk-13k.stl");
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     openDialog();
     ui().tabs->setCurrentIndex(1);
@@ -264,8 +263,7 @@ TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
 
 TEST_F(PolygonCutWindow, ARoundedCuboidCutsTheSame)
 {
-    if (!openPart("fandisk-13k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+    openPart("fandisk-13k.stl");
     UBox3<float> const box = document().getMeshObjects()[0]->getBoundingBox();
     openDialog();
     ui().tabs->setCurrentIndex(2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/JobGuard.h"
+#include "app/jobs/JobGuard.h"
 #include "host/formats/PartFiles.h"
 #include "tests/app/FilesScene.h"
 

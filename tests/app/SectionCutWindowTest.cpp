@@ -12,6 +12,8 @@
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/BooleanJudge.h"
+#include "tests/support/ModelFile.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 #include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
@@ -73,7 +75,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1750, 950);
         show();
@@ -85,12 +87,10 @@ protected:
             AppWindow::TearDown();
     }
 
-    /// Opens a file that comes with the tests, seen from the front; false where it is missing.
+    /// Opens a file with a model, seen from the front.
     bool openPart(char const* name)
     {
-        QString const file = QString(MELL_TEST_MESHES) + "/" + name;
-        if (!QFile::exists(file))
-            return false;
+        QString const file = QString::fromStdString(modelFile(name, folder.path().toStdString()));
         window->files().openFiles({file});
         waitUntil([&] { return !window->files().isWorking(); });
         view().OnViewType(0);
@@ -207,8 +207,7 @@ void expectFit(Soup const& whole, Soup const& first, Soup const& second)
 
 TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
 {
-    if (!openPart("spot-6k.stl"))
-        GTEST_SKIP() << "The models of the tests are missing.";
+    ASSERT_TRUE(openPart("spot-6k.stl"));
     Soup const whole = soupOf(document().getMeshObjects()[0]);
     double const size = boxOf(whole).max.Z() - boxOf(whole).min.Z();
     openDialog();

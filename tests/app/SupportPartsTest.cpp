@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartEdits.h"
+#include "app/parts/PartEdits.h"
 #include "host/formats/FormatRegistry.h"
 #include "host/formats/PartFiles.h"
 #include "platform/document/SupportDocumentObject.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/PartList.h"
-#include "app/panels/PartTreeView.h"
+#include "app/partlist/PartList.h"
+#include "app/partlist/PartTreeView.h"
 #include "platform/document/GraphicObject.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/ViewEvents.h"

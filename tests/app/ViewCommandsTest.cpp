@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/view/WindowSettings.h"
 #include "app/window/StatusLine.h"
-#include "app/window/WindowSettings.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/RecordingTool.h"

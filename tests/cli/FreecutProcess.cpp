@@ -2,6 +2,7 @@
 #include "tests/cli/FreecutProcess.h"
 
 #include "host/formats/PartFiles.h"
+#include "tests/support/ModelFile.h"
 
 #include <filesystem>
 #include <fstream>
@@ -17,18 +18,7 @@ std::string FreecutFolder::path(std::string const& name) const
 
 std::string FreecutFolder::addStl(Soup const& soup, std::string const& name)
 {
-    std::ofstream file(path(name), std::ios::binary);
-    std::string const header(80, ' ');
-    auto const count = std::uint32_t(soup.triangles.size());
-    file.write(header.data(), 80);
-    file.write(reinterpret_cast<char const*>(&count), 4);
-    float const normal[3] = {};
-    for (auto const& t : soup.triangles) {
-        file.write(reinterpret_cast<char const*>(normal), 12);
-        for (std::uint32_t const corner : t)
-            file.write(reinterpret_cast<char const*>(&soup.points[corner]), 12);
-        file.write("\0\0", 2);
-    }
+    writeStl(soup, path(name));
     return name;
 }
 

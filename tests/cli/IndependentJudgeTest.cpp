@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
-#include "tests/support/MeshBuilders.h"
+#include "tests/support/MadeModels.h"
+#include "tests/support/SkipReasons.h"
 
 #include <gtest/gtest.h>
 
@@ -36,7 +37,7 @@ TEST(IndependentJudge, FindsNothingToMendInThePiecesOfAllClosedShapes)
     FreecutFolder folder;
     folder.addStl(box(1, 1, 1), "probe.stl");
     if (admeshReport(folder.path("probe.stl")).empty())
-        GTEST_SKIP() << "admesh is not installed";
+        GTEST_SKIP() << admeshIsMissing;
     for (auto const& [name, soup] : closedMeshes()) {
         UBox3<float> bounds;
         for (auto const& p : soup.points)
@@ -51,15 +52,13 @@ TEST(IndependentJudge, FindsNothingToMendInThePiecesOfAllClosedShapes)
     }
 }
 
-TEST(IndependentJudge, FindsNothingToMendInThePiecesOfRealModels)
+TEST(IndependentJudge, FindsNothingToMendInThePiecesOfModels)
 {
     FreecutFolder folder;
     folder.addStl(box(1, 1, 1), "probe.stl");
     if (admeshReport(folder.path("probe.stl")).empty())
-        GTEST_SKIP() << "admesh is not installed";
-    auto const models = closedRealMeshes(70000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << admeshIsMissing;
+    auto const models = closedModels(70000);
     for (auto const& [name, soup] : models) {
         folder.addStl(soup, "part.stl");
         auto const result =

@@ -218,6 +218,17 @@ TEST(LineDistribution, ALineThatBendsOffTheDirectionOfEarlierPointsIsFollowed)
         EXPECT_NEAR(points[i].X(), 8, 1e-3f);
 }
 
+TEST(LineDistribution, ALineThatLeavesAStraightWalkStaysBareWithinTwoSpacingsOfIt)
+{
+    // Between two points on a level, away at a right angle: a place at (6, 9.17) would be free, but
+    // the walk counts as straight, and the line ends less than two spacings from the point before.
+    expectPoints(distributeAlongLines({{{0, 0, 0}, {10, 0, 0}}, {{6, 0, 0}, {6, 9.5f, 0}}}, 10),
+                 {{0, 0, 0}, {10, 0, 0}});
+    // A longer one is not bare.
+    expectPoints(distributeAlongLines({{{0, 0, 0}, {10, 0, 0}}, {{6, 0, 0}, {6, 25, 0}}}, 10),
+                 {{0, 0, 0}, {10, 0, 0}, {6, 9.1652f, 0}, {6, 19.1652f, 0}});
+}
+
 TEST(LineDistribution, AnyTwoPointsAreAtLeastTheSpacingApartAndOnTheLines)
 {
     std::mt19937 random(7);

@@ -5,7 +5,7 @@
 #include "display/RegisterViewProviders.h"
 #include "display/RubberLine.h"
 #include "display/VolumeViewProvider.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"

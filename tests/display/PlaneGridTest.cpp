@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/PlaneGrid.h"
 #include "display/PlaneViewProvider.h"
-#include "tests/tools/ToolProbe.h"
+#include "tests/support/ToolProbe.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <gtest/gtest.h>

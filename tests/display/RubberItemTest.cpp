@@ -2,7 +2,7 @@
 #include "display/RubberLine.h"
 #include "display/RubberRect.h"
 #include "tests/display/ScreenPlaces.h"
-#include "tests/tools/ToolProbe.h"
+#include "tests/support/ToolProbe.h"
 
 #include <gtest/gtest.h>
 

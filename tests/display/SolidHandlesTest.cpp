@@ -3,7 +3,7 @@
 #include "display/PolygonViewProvider.h"
 #include "tests/display/DrawnTool.h"
 #include "tests/display/ScreenPlaces.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"

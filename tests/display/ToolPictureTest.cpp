@@ -2,8 +2,8 @@
 #include "display/PlaneViewProvider.h"
 #include "display/RubberLine.h"
 #include "display/RubberRect.h"
+#include "tests/support/ShownView.h"
 #include "tests/view/PictureDifference.h"
-#include "tests/view/ShownView.h"
 #include "tools/PlaneGraphicObject.h"
 
 #include <QOpenGLContext>

@@ -2,6 +2,7 @@
 #include "host/formats/PartFiles.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -197,7 +198,7 @@ TEST(FormatRoundTrip, ADecimalCommaInTheLocaleChangesNoFile)
 TEST(FormatRoundTrip, AnIndependentProgramFindsAWrittenStlClosed)
 {
     if (std::system("admesh --version > /dev/null 2>&1") != 0)
-        GTEST_SKIP() << "admesh is not installed";
+        GTEST_SKIP() << admeshIsMissing;
     ScratchFolder const folder;
     auto const kernel = kernelOf(torus(30, 10, 40, 20));
     for (std::string const name : {"stl", "stl-ascii"}) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/mesh/RecordSlabs.h"
+#include "host/memory/RecordSlabs.h"
 #include "platform/mesh/UMesh.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "platform/view/MeshGLView.h"
 #include "selection/ToolEdit.h"
 #include "tests/support/MeshBuilders.h"
-#include "tests/tools/ToolProbe.h"
+#include "tests/support/ToolProbe.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/Corefinement.h"
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
 #include "tests/support/Validator.h"
 
@@ -55,15 +56,11 @@ TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnAGrid)
     compareAll(1001, 1000, [](std::mt19937& random) { return randomGridPair(random, true); });
 }
 
-TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnRealModels)
+TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnModels)
 {
-    auto const models = closedRealMeshes(30000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    auto const models = soundModels(30000);
     std::mt19937 random(5);
     for (auto const& [name, part] : models) {
-        if (name == "cow-6k.stl")
-            continue;
         Soup tool;
         for (int i = 0; i < 4; ++i) {
             Soup pin = moved(cylinder(2, 30, 63), randomMotion(random, 0));

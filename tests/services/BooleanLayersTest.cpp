@@ -6,6 +6,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -321,7 +322,7 @@ TEST(BooleanLayers, RealModelsThatCrossThemselves)
         SCOPED_TRACE(name);
         Soup const part = realObject(name);
         if (part.triangles.empty())
-            GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+            GTEST_SKIP() << modelsAreMissing;
         expectRules(part, part, 24);
         expectRules(part, shifted(part, {0.0625f, 0.03125f, -0.046875f}), 24);
     }

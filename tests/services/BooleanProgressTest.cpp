@@ -2,6 +2,7 @@
 #include "host/jobs/Threads.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
 
 #include <gtest/gtest.h>
@@ -214,11 +215,9 @@ TEST(BooleanThreads, SameBytesWithAnyNumberOfThreads)
     }
 }
 
-TEST(BooleanThreads, SameBytesWithAnyNumberOfThreadsOnARealModel)
+TEST(BooleanThreads, SameBytesWithAnyNumberOfThreadsOnALargeModel)
 {
-    Soup const model = realMesh("igea-269k.stl");
-    if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    Soup const model = scannedHead(150);
     auto const bounds = kernelOf(model)->GetBox();
     UPoint3<float> const centre = (bounds.min + bounds.max) * 0.5f;
     Soup cutter = cylinder(15, 300, 63);

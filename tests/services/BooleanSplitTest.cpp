@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
 #include "tests/support/Validator.h"
 
@@ -57,15 +58,16 @@ TEST(BooleanSplit, PiecesShareTheirNewPointsExactly)
     }
 }
 
-TEST(BooleanSplit, PiecesShareTheirNewPointsExactlyOnARealModel)
+TEST(BooleanSplit, PiecesShareTheirNewPointsExactlyOnModels)
 {
-    Soup const part = realMesh("bunny-60k.stl");
-    if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
-    Soup prism = cylinder(17, 300, 8);
-    for (auto& p : prism.points)
-        p += UVector3<float>(48.3f, 40.7f, -100);
-    expectFit(part, prism, "bunny and prism");
+    for (auto const& [name, part] : withReal({"head", scannedHead(60)}, "bunny-60k.stl")) {
+        UBox3<float> const box = kernelOf(part)->GetBox();
+        UPoint3<float> const middle = (box.min + box.max) * 0.5f;
+        Soup prism = cylinder(17, 300, 8);
+        for (auto& p : prism.points)
+            p += UVector3<float>(middle.X() + 0.3f, middle.Y() + 0.7f, -100);
+        expectFit(part, prism, name + " and prism");
+    }
 }
 
 TEST(BooleanSplit, PiecesAreThePartWithinTheToolAndThePartLessTheTool)

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
+#include "tests/support/MadeModels.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -199,16 +201,14 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsOnAllClosedShapes)
     }
 }
 
-TEST(BoundedPlaneCut, ModelThatCrossesItselfIsCutClosed)
+TEST(BoundedPlaneCut, ModelsThatCrossThemselvesAreCutClosed)
 {
-    Soup const part = realMesh("cow-6k.stl");
-    if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
-    for (float const share : {0.05f, 0.1f, 0.3f, 0.6f, 0.9f}) {
-        SCOPED_TRACE(share);
-        cutFaceByFace(part, frameAcross(part, {0, 1, 0}, share), 6);
-        cutFaceByFace(part, frameAcross(part, {1, 0.1f, 0}, share), 6);
-    }
+    for (auto const& [name, part] : withReal({"crossing figure", crossingFigure()}, "cow-6k.stl"))
+        for (float const share : {0.05f, 0.1f, 0.3f, 0.6f, 0.9f}) {
+            SCOPED_TRACE(name + " at " + std::to_string(share));
+            cutFaceByFace(part, frameAcross(part, {0, 1, 0}, share), 6);
+            cutFaceByFace(part, frameAcross(part, {1, 0.1f, 0}, share), 6);
+        }
 }
 
 TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnALattice)
@@ -220,27 +220,43 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnALattice)
     EXPECT_FALSE(expectGoodCut(part, *levelPlane({-1, -1}, {14, 20}, 3.75f)));
 }
 
-TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnRealModels)
+TEST(BoundedPlaneCut, HoldsItsInvariantsFaceByFaceOnModels)
 {
-    auto const models = closedRealMeshes(110000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    auto const models = soundModels(110000);
     for (auto const& [name, soup] : models)
         for (UVector3<float> const& normal :
              {UVector3<float>(0, 0, 1), UVector3<float>(0, 1, 0), UVector3<float>(-1, 0.2f, 0.1f)})
             for (float const share : {0.15f, 0.4f, 0.8f}) {
-                if (name == "cow-6k.stl")
-                    continue;
                 SCOPED_TRACE(name + " at " + std::to_string(share));
                 cutFaceByFace(soup, frameAcross(soup, normal, share), 4);
             }
+}
+
+TEST(BoundedPlaneCut, LegOfAFigureIsCutOffAndTheOthersStay)
+{
+    Soup const model = branchedFigure();
+    // All four legs cross the level; the rectangle ends between the one and its neighbour.
+    auto const plane = rectangle({{0, 0, 20.1f}, {1, 0, 0}, {0, 1, 0}}, {-8, 16}, {1, 22});
+    EXPECT_TRUE(expectGoodCut(model, *plane));
+    auto const outcome = cut(*kernelOf(model), *plane);
+    Soup const figure = soupOf(outcome->above);
+    Soup const leg = soupOf(outcome->below);
+    EXPECT_EQ(componentsOf(figure), 1u);
+    EXPECT_EQ(componentsOf(leg), 1u);
+    EXPECT_NEAR(volumeOf(leg), 20 * 95, 500) << "a pillar of 11 mm";
+    for (auto const& p : leg.points)
+        ASSERT_TRUE(p.Z() <= 20.1f && p.X() < 16 && p.Y() > 1);
+    UBox3<float> box;
+    for (auto const& p : figure.points)
+        box.Add(p);
+    EXPECT_LT(box.MinZ(), 1) << "the other legs";
 }
 
 TEST(BoundedPlaneCut, LegOfAnAnimalIsCutOff)
 {
     Soup const model = realMesh("spot-6k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
     // The animal stands on its four feet along Y; all four legs cross the level.
     Frame const frame{{0, 9.84f, 0}, {0, 0, 1}, {1, 0, 0}};
     auto const part = kernelOf(model);
@@ -267,7 +283,7 @@ TEST(BoundedPlaneCut, HandOfAFigureIsCutOffAndItsFeetStay)
 {
     Soup const model = realMesh("armadillo-86k.stl");
     if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
     // The plane passes through an arm, a finger and a foot; it ends between the arm and the others.
     Frame const frame{{16.77f, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     auto const part = kernelOf(model);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Repair.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
+#include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
 #include <tbb/global_control.h>
@@ -258,11 +261,30 @@ TEST(EvaluateErrors, CountsTheSameWithAnyNumberOfThreads)
     EXPECT_EQ(countsOf(soup).total(), many.total());
 }
 
+TEST(EvaluateErrors, JudgesMadeModelsAsTheyAre)
+{
+    for (MadeModel const& model : madeModels())
+        EXPECT_EQ(countsOf(model.soup).total(), 0u) << model.name;
+    Errors::Counts const ofCrossing = countsOf(crossingFigure());
+    EXPECT_GT(ofCrossing.selfIntersections, 100u);
+    EXPECT_EQ(ofCrossing.total(), ofCrossing.selfIntersections);
+    Soup const open = openHead(45);
+    Errors::Counts const ofOpen = countsOf(open);
+    EXPECT_EQ(ofOpen.borderEdges, borderEdgesOf(open));
+    EXPECT_EQ(ofOpen.total(), ofOpen.borderEdges);
+    // A triangle in the middle of each of three faces turned round.
+    Soup head = scannedHead(45);
+    for (std::size_t const t : {1000u, 9000u, 20000u})
+        std::swap(head.triangles[t][0], head.triangles[t][1]);
+    EXPECT_EQ(countsOf(head).inconsistentEdges, 9u);
+    EXPECT_EQ(countsOf(head).total(), 9u);
+}
+
 TEST(EvaluateErrors, JudgesRealModelsAsTheyAre)
 {
     Soup const cow = realMesh("cow-6k.stl");
     if (cow.triangles.empty())
-        GTEST_SKIP() << "The real models are not there.";
+        GTEST_SKIP() << modelsAreMissing;
     Errors::Counts const ofCow = countsOf(cow);
     EXPECT_GT(ofCow.selfIntersections, 0u);
     EXPECT_EQ(ofCow.total(), ofCow.selfIntersections);

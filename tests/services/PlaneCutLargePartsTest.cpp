@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -22,11 +23,10 @@ void expectClosedHalves(Soup const& part, UPoint3<float> const& centre,
 
 }  // namespace
 
-TEST(PlaneCut, RealModelsOfAHundredThousandTrianglesAndMoreAreCutClosed)
+TEST(PlaneCut, ModelsOfAHundredThousandTrianglesAndMoreAreCutClosed)
 {
-    auto const models = closedRealMeshes(300000);
-    if (models.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+    auto models = closedRealMeshes(300000);
+    models.push_back({"head", scannedHead(150)});
     for (auto const& [name, soup] : models) {
         if (soup.triangles.size() < 80000)
             continue;
@@ -41,18 +41,12 @@ TEST(PlaneCut, RealModelsOfAHundredThousandTrianglesAndMoreAreCutClosed)
 
 TEST(PlaneCut, PartOfAMillionTrianglesIsCutClosed)
 {
-    Soup const model = realMesh("igea-269k.stl");
-    if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
-    expectClosedHalves(subdivided(model), {35, 50, 50}, {0.1f, 0.2f, 1});
+    expectClosedHalves(subdivided(scannedHead(150)), {5, 10, 85}, {0.1f, 0.2f, 1});
 }
 
 TEST(PlaneCut, PartOfFourMillionTrianglesIsCutClosed)
 {
-    Soup const model = realMesh("igea-269k.stl");
-    if (model.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
-    expectClosedHalves(subdivided(subdivided(model)), {35, 50, 50}, {0, 0, 1});
+    expectClosedHalves(subdivided(subdivided(scannedHead(150))), {5, 10, 85}, {0, 0, 1});
 }
 
 TEST(PlaneCut, SectionOfManyContoursIsFilledBetweenThem)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/geometry/UPoint2.h"
 #include "tests/services/CutFamilies.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -198,19 +199,17 @@ TEST(PlaneCut, OverlappingShellsAreFilledAsOftenAsTheyOverlap)
                 1e-6 * volumeOf(part));
 }
 
-TEST(PlaneCut, ModelThatCrossesItselfIsCutAllTheSame)
+TEST(PlaneCut, ModelsThatCrossThemselvesAreCutAllTheSame)
 {
-    Soup const part = realMesh("cow-6k.stl");
-    if (part.triangles.empty())
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
-    for (auto const& plane : planesAcross(part)) {
-        SCOPED_TRACE(plane.name);
-        auto const outcome = cut(part, plane.centre, plane.normal);
-        EXPECT_EQ(closedSolidFaults(outcome->above), "");
-        EXPECT_EQ(closedSolidFaults(outcome->below), "");
-        EXPECT_NEAR(volumeOf(soupOf(outcome->above)) + volumeOf(soupOf(outcome->below)),
-                    volumeOf(part), 1e-6 * volumeOf(part));
-    }
+    for (auto const& [name, part] : withReal({"crossing figure", crossingFigure()}, "cow-6k.stl"))
+        for (auto const& plane : planesAcross(part)) {
+            SCOPED_TRACE(name + plane.name);
+            auto const outcome = cut(part, plane.centre, plane.normal);
+            EXPECT_EQ(closedSolidFaults(outcome->above), "");
+            EXPECT_EQ(closedSolidFaults(outcome->below), "");
+            EXPECT_NEAR(volumeOf(soupOf(outcome->above)) + volumeOf(soupOf(outcome->below)),
+                        volumeOf(part), 1e-6 * volumeOf(part));
+        }
 }
 
 TEST(PlaneCut, BodiesThatTouchAlongAnEdgeAreCutClosed)

@@ -73,6 +73,22 @@ TEST(PlanePlacement, APlaneHasItsWidthAlongTheSecondAxis)
     EXPECT_EQ(record.getKeyPoints()[4], UPoint3<float>(7, 22, 30));
 }
 
+TEST(PlanePlacement, APlacedPlaneSaysNothingOfIt)
+{
+    // Who places a plane fills the fields that follow it himself.
+    struct Listener : sigslot::has_slots<sigslot::single_threaded>
+    {
+        void changed() { ++count; }
+        int count = 0;
+    } listener;
+    Freecut::PlaneGraphicObject plane;
+    plane.signalChanged.connect(&listener, &Listener::changed);
+    Freecut::placePlane(plane.getProperty(), {}, {{1, 0, 0}, {0, 1, 0}}, {.width = 4, .height = 6});
+    EXPECT_EQ(listener.count, 0);
+    plane.getProperty().setCorners({}, {1, 0, 0}, {1, 1, 0}, false);
+    EXPECT_EQ(listener.count, 1);
+}
+
 TEST(PlanePlacement, ATangentPlaneLiesAboutItsCentre)
 {
     auto const plane = Freecut::makeTangentPlane({1, 2, 3}, {0, 0, 1}, {.width = 2, .height = 4});

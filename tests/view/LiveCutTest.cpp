@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/view/ShownView.h"
+#include "tests/support/MadeModels.h"
+#include "tests/support/ShownView.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
@@ -225,10 +226,7 @@ TEST_P(LiveCuts, AskForAPictureOnlyIfTheyChange)
 
 TEST_P(LiveCuts, OfAModel)
 {
-    Soup const soup = realMesh("armadillo-86k.stl");
-    if (soup.triangles.empty())
-        GTEST_SKIP() << "The model is not there.";
-    Mesh::DocumentObject* const part = test.add(soup, "part");
+    Mesh::DocumentObject* const part = test.add(branchedFigure(), "part");
     view->resize(800, 600);
     settle();
     view->OnViewType(6);

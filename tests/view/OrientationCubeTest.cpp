@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/OrientationCube.h"
 #include "platform/view/PointPickerMesh.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GraphicViewProvider.h"
 #include "platform/view/PointPickerMesh.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>

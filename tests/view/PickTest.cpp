@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PickTree.h"
 #include "platform/view/MeshGLView.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/ViewEvents.h"
@@ -70,7 +71,7 @@ protected:
 TEST(PickTree, FindsWhatASearchOfAllTrianglesFinds)
 {
     std::vector<NamedSoup> meshes = closedMeshes();
-    meshes.push_back({"real", realMesh("spot-6k.stl")});
+    meshes.push_back({"figure", branchedFigure()});
     std::mt19937 random(11);
     std::uniform_real_distribution<double> share(0, 1);
     for (NamedSoup const& named : meshes) {

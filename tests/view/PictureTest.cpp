@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/MeshViewProvider.h"
+#include "tests/support/MadeModels.h"
+#include "tests/support/ShownView.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/view/PictureDifference.h"
-#include "tests/view/ShownView.h"
 
 #include <QLabel>
 #include <QOpenGLContext>
@@ -23,17 +25,6 @@ bool isReddish(QColor const& color)
 class Pictures : public ShownView
 {
 protected:
-    Mesh::DocumentObject* showModel(char const* file)
-    {
-        Soup const soup = realMesh(file);
-        if (soup.triangles.empty())
-            return nullptr;
-        Mesh::DocumentObject* const part = test.add(soup, "part");
-        UBox3<float> const box = part->getBoundingBox();
-        part->translate({0, 0, -box.MinZ()}, 0);
-        return part;
-    }
-
     Mesh::ViewProvider* providerOf(Base::DocumentObject const* object) const
     {
         return dynamic_cast<Mesh::ViewProvider*>(test.document->getViewProvider(object));
@@ -309,8 +300,7 @@ TEST_P(Pictures, SurviveAMoveToAnotherWindow)
 
 TEST_P(Pictures, OfAModel)
 {
-    if (!showModel("spot-6k.stl"))
-        GTEST_SKIP() << "The model is not there.";
+    test.add(branchedFigure(), "part");
     view->resize(800, 600);
     settle();
     view->OnViewType(6);
@@ -329,7 +319,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "Pictures need a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
     }
 
     QImage drawn(Base::OpenGLPath path, char const* name, int mode)
@@ -347,9 +337,7 @@ INSTANTIATE_TEST_SUITE_P(Path, VersionsOfOpenGL, testing::Values(Base::OpenGLPat
 
 TEST_P(VersionsOfOpenGL, DrawTheSame)
 {
-    Soup const model = realMesh("spot-6k.stl");
-    test.add(model.triangles.empty() ? torus(20, 8, 60, 30) : model, "part")
-        ->setSelected(true, false, false);
+    test.add(branchedFigure(), "part")->setSelected(true, false, false);
     test.add(openBox(1, 1, 1), "open");
     for (int const mode : {0, 1, 2}) {
         std::string const name = "both-" + std::to_string(mode);

@@ -2,7 +2,7 @@
 #include "host/view/PreparedPart.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/ViewProvider.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <optional>
 #include <thread>

@@ -6,8 +6,9 @@
 #include "platform/ui/SideControlTab.h"
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/ViewProvider.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/ScratchSettings.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QHBoxLayout>
 #include <QScreen>
@@ -39,9 +40,7 @@ protected:
 
     void addParts()
     {
-        Soup const model = realMesh("bunny-60k.stl");
-        Soup const shown = model.triangles.empty() ? torus(30, 12, 60, 30) : model;
-        Mesh::DocumentObject* const part = test.add(shown, "part");
+        Mesh::DocumentObject* const part = test.add(branchedFigure(), "part");
         UBox3<float> const bounds = part->getBoundingBox();
         part->translate({-(bounds.MinX() + bounds.MaxX()) / 2, -(bounds.MinY() + bounds.MaxY()) / 2,
                          -bounds.MinZ()},

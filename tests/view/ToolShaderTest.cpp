@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 #include <QOpenGLBuffer>
 #include <QOpenGLFramebufferObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/ViewScene.h"
 #include "platform/view/ViewProvider.h"
-#include "tests/view/ShownView.h"
+#include "tests/support/ShownView.h"
 
 // Who outlives whom, and who tells whom.
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/mesh/RecordStock.h"
+#include "host/memory/RecordStock.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "platform/mesh/UMesh.h"
 

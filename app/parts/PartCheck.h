@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/jobs/JobGuard.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/services/Repair.h"
+
+#include <QObject>
+#include <QThreadPool>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Checks or repairs parts in the background, under a progress display with a cancel button. From
+/// start() until finished() has been handled JobGuard counts it as a job, so that the parts stay as
+/// they are.
+///
+/// thread  the user interface thread
+class PartCheck : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Counts = Repair::EvaluateErrors::Counts;
+
+    enum class Kind
+    {
+        Check,
+        Repair
+    };
+    enum class Outcome
+    {
+        Done,
+        Cancelled,
+        Failed
+    };
+
+    /// What was found in a part.
+    struct Finding
+    {
+        Mesh::DocumentObject* part = nullptr;
+        std::string name;
+        std::shared_ptr<MeshKernel> kernel;
+        Counts before;
+        /// After a repair that made it better: what is left, and the mended kernel.
+        Counts after;
+        std::shared_ptr<MeshKernel> mended;
+    };
+    using Findings = std::vector<Finding>;
+
+    PartCheck() = default;
+    /// Stops and waits for a job that runs; it then has no result.
+    ~PartCheck() override;
+
+    /// Begins; false while a job, this one or another, runs.
+    ///
+    /// parts  with a mesh each; they stay in their document until finished()
+    bool start(Kind kind, std::vector<Mesh::DocumentObject*> const& parts);
+
+signals:
+    /// findings  complete if Done, else empty
+    /// reason    the sentence for the user if Failed
+    void finished(PartCheck::Kind kind, PartCheck::Outcome outcome,
+                  PartCheck::Findings const& findings, QString const& reason);
+
+private:
+    void run(Kind kind, Findings findings);
+    void inspect(Kind kind, Finding& finding, std::function<void(int)> const& progress) const;
+
+    std::atomic<bool> m_isStopping = false;
+    std::unique_ptr<JobGuard::Hold> m_hold;
+    QThreadPool m_thread;
+};
