@@ -6,7 +6,6 @@
 #include "host/mesh/MeshCopy.h"
 #include "host/services/EdgeGroups.h"
 #include "host/services/RecordArrays.h"
-#include "host/services/repair/OrientationMending.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +13,46 @@
 namespace {
 
 using Corners = MeshArrays::Corners;
+
+/// Which triangles face the other way than most of those that they hang together with over edges of
+/// two triangles.
+std::vector<std::uint8_t> againstMost(MeshArrays const& mesh, EdgeGroups const& edges,
+                                      StageProgress& progress)
+{
+    constexpr std::uint32_t none = UINT32_MAX;
+    std::vector<std::uint32_t> across(3 * mesh.triangles.size(), none);
+    for (std::size_t e = 0; e < edges.size(); ++e)
+        if (edges[e].size() == 2) {
+            across[edges[e][0]] = edges[e][1];
+            across[edges[e][1]] = edges[e][0];
+        }
+    std::vector<std::uint8_t> isReached(mesh.triangles.size(), 0);
+    std::vector<std::uint8_t> isAgainst(mesh.triangles.size(), 0);
+    std::vector<std::uint32_t> piece;
+    for (std::uint32_t first = 0; first < mesh.triangles.size(); ++first) {
+        if (std::exchange(isReached[first], 1))
+            continue;
+        piece.assign(1, first);
+        std::size_t against = 0;
+        for (std::size_t i = 0; i < piece.size(); ++i) {
+            if (i % 4096 == 0)
+                progress.add(0);
+            against += isAgainst[piece[i]];
+            for (std::uint32_t h = 3 * piece[i]; h < 3 * piece[i] + 3; ++h) {
+                std::uint32_t const partner = across[h];
+                if (partner == none || std::exchange(isReached[partner / 3], 1))
+                    continue;
+                bool const agree = EdgeGroups::start(mesh, h) == EdgeGroups::end(mesh, partner);
+                isAgainst[partner / 3] = agree == (isAgainst[piece[i]] != 0);
+                piece.push_back(partner / 3);
+            }
+        }
+        for (std::uint32_t const t : piece)
+            if (2 * against > piece.size())
+                isAgainst[t] ^= 1;
+    }
+    return isAgainst;
+}
 
 class PlaneOrder
 {
@@ -127,14 +166,9 @@ private:
                 places.push_back(t);
                 kept.triangles.push_back(m_mesh.triangles[t]);
             }
-        MeshArrays oriented = kept;
-        if (orientConsistently(oriented, m_progress).empty())
-            return;
-        std::vector<std::uint8_t> isTurned(kept.triangles.size());
-        for (std::size_t t = 0; t < isTurned.size(); ++t)
-            isTurned[t] = kept.triangles[t] != oriented.triangles[t];
+        EdgeGroups const edges(kept, m_progress);
+        std::vector<std::uint8_t> const isTurned = againstMost(kept, edges, m_progress);
         DisjointSets patches(kept.triangles.size());
-        EdgeGroups const edges(oriented, m_progress);
         for (std::size_t e = 0; e < edges.size(); ++e)
             if (edges[e].size() == 2 && isTurned[edges[e][0] / 3] && isTurned[edges[e][1] / 3])
                 patches.unite(edges[e][0] / 3, edges[e][1] / 3);
