@@ -2770,6 +2770,22 @@
         <translation>Verkehrt herum liegende Schalen belassen: %1</translation>
     </message>
     <message>
+        <source>Edges with more than two triangles mended: %1</source>
+        <translation>Kanten mit mehr als zwei Dreiecken behoben: %1</translation>
+    </message>
+    <message>
+        <source>Edges with more than two triangles left: %1</source>
+        <translation>Kanten mit mehr als zwei Dreiecken belassen: %1</translation>
+    </message>
+    <message>
+        <source>Edges between triangles that face opposite sides mended: %1</source>
+        <translation>Kanten zwischen Dreiecken, die zu entgegengesetzten Seiten zeigen, behoben: %1</translation>
+    </message>
+    <message>
+        <source>Edges between triangles that face opposite sides left: %1</source>
+        <translation>Kanten zwischen Dreiecken, die zu entgegengesetzten Seiten zeigen, belassen: %1</translation>
+    </message>
+    <message>
         <source>Shells dropped: %1</source>
         <translation>Schalen weggelassen: %1</translation>
     </message>
@@ -2812,6 +2828,14 @@
     <message>
         <source>Triangles of the part face different ways where the plane meets it, near (%1, %2, %3). Repair the part and cut again.</source>
         <translation>Dreiecke des Bauteils zeigen in verschiedene Richtungen, wo die Ebene es trifft, nahe (%1, %2, %3). Das Bauteil reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>Which surfaces go on in each other there cannot be told from the part.</source>
+        <translation>Welche Flächen dort ineinander übergehen, lässt sich aus dem Bauteil nicht erkennen.</translation>
+    </message>
+    <message>
+        <source>The surface has one side only there, so it bounds no solid.</source>
+        <translation>Die Fläche hat dort nur eine Seite und umschließt deshalb keinen Körper.</translation>
     </message>
 </context>
 <context>
