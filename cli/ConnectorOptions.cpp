@@ -82,13 +82,24 @@ std::set<std::string> namesFor(Kind kind)
             break;
         case Kind::Pins:
         case Kind::Holes:
-            return {"--radius",        "--tolerance", "--height",         "--side-distance",
-                    "--top-clearance", "--spacing",   "--side-clearance", "--face-clearance"};
+            return {"--radius",         "--tolerance",      "--height",
+                    "--side-distance",  "--top-clearance",  "--spacing",
+                    "--side-clearance", "--face-clearance", "--keep-clear"};
         case Kind::LapJoint:
-            return {"--notch-depth", "--side-distance", "--notch-clearance", "--front-clearance",
-                    "--back-clearance"};
+            return {"--notch-depth",     "--side-distance",  "--notch-clearance",
+                    "--front-clearance", "--back-clearance", "--based-on"};
     }
     return {};
+}
+
+/// The connectors that an option shapes.
+std::string kindsWith(std::string const& option)
+{
+    bool const isOfPins = namesFor(Kind::Pins).contains(option);
+    bool const isOfJoint = namesFor(Kind::LapJoint).contains(option);
+    return isOfPins && isOfJoint ? "--pins, --holes or --lap-joint"
+           : isOfPins            ? "--pins or --holes"
+                                 : "--lap-joint";
 }
 
 void addText(CLI::App& group, ConnectorOptions& options, char const* name, std::string const& help)
@@ -230,15 +241,15 @@ void ConnectorOptions::check() const
     auto const refuse = [&](std::string const& option) {
         throw UsageError(
             option + (kind == Kind::None
-                          ? " shapes connectors; add --pins, --holes or --lap-joint."
+                          ? " shapes connectors; add " + kindsWith(option) + "."
                           : " has no meaning with --" + std::string(name()) + "; leave it out."));
     };
     for (auto const& [option, text] : lengths)
         if (!known.contains(option))
             refuse(option);
-    if (givesBasedOn && kind != Kind::LapJoint)
+    if (givesBasedOn && !known.contains("--based-on"))
         refuse("--based-on");
-    if (keepClear && (kind == Kind::None || kind == Kind::LapJoint))
+    if (keepClear && !known.contains("--keep-clear"))
         refuse("--keep-clear");
     if (keepClear && lengths.contains("--side-distance"))
         throw UsageError(

@@ -95,6 +95,10 @@ char const* nameOf(CutRemark::Kind kind)
             return "pieceFallsApart";
         case CutRemark::Kind::RequestChanged:
             return "requestChanged";
+        case CutRemark::Kind::PartPutInOrder:
+            return "partPutInOrder";
+        case CutRemark::Kind::PieceCrossesItself:
+            return "pieceCrossesItself";
     }
     return "";
 }

@@ -81,15 +81,15 @@ void cutSection(CutRun& run, CutPart& part, Freecut::PlaneGraphicObject& plane,
 {
     ConnectorOptions const& connectors = options.connectors;
     bool const hasChoice = !connectors.choice().isEmpty();
-    // With connectors the cut tells of the section itself.
-    bool const isPlain = connectors.cutType() == SECTIONCUT_PLANE;
+    // A cut tells of the section itself.
     std::optional<SectionSurvey> survey;
-    if (run.isDry() || hasChoice || (isPlain && run.wantsReport())) {
+    if (run.isDry() || hasChoice) {
         survey = surveyOf(part, plane, options);
         enterFacts(part, *survey, connectors);
     }
     if (!run.isDry())
-        return cutByPlane(run.document(), part, plane, options, hasChoice ? &*survey : nullptr);
+        return cutByPlane(run.document(), part, plane, options, hasChoice ? &*survey : nullptr,
+                          run.wantsReport());
     enterRemarks(part, *survey, connectors);
     if (options.common.wantsTable())
         printSurvey(part);

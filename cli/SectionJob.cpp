@@ -31,7 +31,7 @@ bool isLowerFirst(CutPart const& part, ConnectorOptions const& connectors)
 }  // namespace
 
 void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicObject& plane,
-                SectionOptions const& options, SectionSurvey const* survey)
+                SectionOptions const& options, SectionSurvey const* survey, bool measuresSection)
 {
     SectionCutImp worker(nullptr);
     worker.setObjects({part.object});
@@ -42,6 +42,7 @@ void cutByPlane(Mesh::Document& document, CutPart& part, Freecut::PlaneGraphicOb
         worker.setPinHoleParas(options.connectors.pinHoleParas());
     if (options.connectors.cutType() == SECTIONCUT_LAPJOINT)
         worker.setLapJointParas(options.connectors.lapJointParas());
+    worker.setMeasuresSections(measuresSection);
     if (survey)
         worker.setConnectorPositions({{part.object, standingPositions(survey->connectors)}});
     runWorker(worker, part);

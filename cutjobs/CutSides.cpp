@@ -2,8 +2,8 @@
 #include "cutjobs/CutSides.h"
 
 #include "cutjobs/common/ProgressScale.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
-#include "platform/services/Intersect.h"
 
 #include <algorithm>
 #include <vector>
@@ -37,9 +37,9 @@ CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
     CutSides sides;
     auto const copy = std::make_shared<MeshKernel>(part);
     ServiceCall::run(reason, [&] {
-        Intersect::cutByPlane(
-            copy.get(), plane, sides.sideA.get(), sides.sideB.get(), sides.section.get(),
-            ProgressScale::scaled(progress, ProgressScale::planeCut, index, partCount), true);
+        sides.notes = cutByPlaneWithNotes(
+            *copy, *plane, *sides.sideA, *sides.sideB, sides.section.get(),
+            ProgressScale::scaled(progress, ProgressScale::planeCut, index, partCount));
     });
     ServiceCall::run(reason, [&] {
         if (progress)
@@ -54,6 +54,11 @@ CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
 bool CutSides::isUncut() const
 {
     return sideA->readMesh()->triangles.empty() != sideB->readMesh()->triangles.empty();
+}
+
+CutRemarks CutSides::remarks(Mesh::DocumentObject* part, bool isBounded) const
+{
+    return isUncut() ? CutRemarks{planeMisses(part, isBounded)} : remarksOn(notes, part);
 }
 
 void CutSides::store(CutResultMap& result, Mesh::DocumentObject* part) const

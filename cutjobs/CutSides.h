@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/PlaneCutNotes.h"
 
 #include <functional>
 #include <memory>
@@ -15,6 +17,7 @@ struct CutSides
     std::shared_ptr<MeshKernel> sideA = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> sideB = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> section = std::make_shared<MeshKernel>();
+    PlaneCutNotes notes;
 
     /// Cuts a working copy of the part and cleans up side A and then side B.
     ///
@@ -28,6 +31,11 @@ struct CutSides
 
     /// Whether the plane left the part whole: one side holds all of it.
     bool isUncut() const;
+
+    /// What a person must be told of the cut.
+    ///
+    /// isBounded  the plane ends at its rectangle
+    CutRemarks remarks(Mesh::DocumentObject* part, bool isBounded) const;
 
     /// Appends to the part's pieces side A and then side B, each if it has triangles.
     ///

@@ -47,6 +47,10 @@ protected:
     std::string& failureReason() { return m_reason; }
     /// Where the job leaves its remarks.
     CutRemarks& jobRemarks() { return m_remarks; }
+    void addRemarks(CutRemarks const& remarks)
+    {
+        m_remarks.insert(m_remarks.end(), remarks.begin(), remarks.end());
+    }
 
 private:
     enum class End

@@ -3,10 +3,10 @@
 
 #include "connectors/LapJointCutter.h"
 #include "connectors/PinHoleCutter.h"
+#include "connectors/SectionContour.h"
 #include "connectors/SectionPlanes.h"
 #include "cutjobs/CutSides.h"
 #include "cutjobs/common/PartMesh.h"
-#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
 #include "tools/PlaneGraphicObject.h"
 
@@ -66,6 +66,11 @@ void SectionCutImp::setLapJointParas(LapJointParas const& paras)
     m_lapJointParas = paras;
 }
 
+void SectionCutImp::setMeasuresSections(bool measures)
+{
+    m_measuresSections = measures;
+}
+
 void SectionCutImp::setConnectorPositions(ConnectorPositions positions)
 {
     m_connectorPositions = std::move(positions);
@@ -102,8 +107,11 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
             continue;
         CutSides const sides =
             CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
-        if (sides.isUncut())
-            jobRemarks().push_back(planeMisses(part, m_checkBoundary));
+        addRemarks(sides.remarks(part, m_checkBoundary));
+        if (m_measuresSections)
+            m_sections[part] = {sectionArea(*sides.section),
+                                extractSectionContours(sides.section.get()).size(),
+                                {}};
         sides.store(m_result, part);
     }
     if (progress)

@@ -35,13 +35,16 @@ public:
     void setPlaneObject(Freecut::PlaneGraphicObject* plane);
     void setPinHoleParas(PinHoleParas const& paras);
     void setLapJointParas(LapJointParas const& paras);
+    /// Whether plain cuts measure their sections too; they do not unless asked to.
+    void setMeasuresSections(bool measures);
     /// Where pins or holes stand on these parts, for the jobs to come; on others the worker places
     /// them itself.
     void setConnectorPositions(ConnectorPositions positions);
 
     /// The pieces of the last job: side A, to which the plane's normal points, before side B in a
     /// plain cut; for connectors as their cutters tell. Empty after a connector cut that failed.
-    /// After a cut with connectors: the sections of the parts that the plane meets.
+    /// After a cut with connectors, or one that measures: the sections of the parts that the plane
+    /// meets.
     SectionRecords const& sections() const { return m_sections; }
     CutResultMap& getResult() { return m_result; }
 
@@ -61,6 +64,7 @@ private:
     ConnectorPositions m_connectorPositions;
     Freecut::PlaneGraphicObject* m_plane = nullptr;
     bool m_checkBoundary = false;
+    bool m_measuresSections = false;
     std::vector<Mesh::DocumentObject*> m_objects;
     CutResultMap m_result;
     SectionRecords m_sections;

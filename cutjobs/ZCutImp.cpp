@@ -5,7 +5,6 @@
 #include "cutjobs/PieceRepair.h"
 #include "cutjobs/common/PartMesh.h"
 #include "cutjobs/common/PlaneMesh.h"
-#include "cutjobs/common/RemarkTexts.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <QCoreApplication>
@@ -77,8 +76,7 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
             continue;
         CutSides const sides =
             CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
-        if (sides.isUncut())
-            jobRemarks().push_back(planeMisses(part, false));
+        addRemarks(sides.remarks(part, false));
         finish(sides, part, progress, (i + 1) * 100 / partCount);
     }
     if (progress)

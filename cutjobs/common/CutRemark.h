@@ -29,6 +29,10 @@ struct CutRemark
         PieceFallsApart,
         /// What was asked for could not be, and something near to it was done.
         RequestChanged,
+        /// Triangles of the part were turned or left out, so that the cut could be closed.
+        PartPutInOrder,
+        /// Rounding has left triangles of a piece that cross.
+        PieceCrossesItself,
     };
 
     Mesh::DocumentObject* part;

@@ -24,6 +24,29 @@ CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded)
                 : QT_TRANSLATE_NOOP("CutRemarks", "Nothing was cut: the plane misses the part."));
 }
 
+CutRemarks remarksOn(PlaneCutNotes const& notes, Mesh::DocumentObject* part)
+{
+    CutRemarks remarks;
+    auto const tell = [&](std::vector<UPoint3<float>> const& places, Kind kind, char const* text) {
+        if (places.empty())
+            return;
+        remarks.push_back(remark(part, kind, text));
+        remarks.back().places = places;
+    };
+    tell(notes.turned, Kind::PartPutInOrder,
+         QT_TRANSLATE_NOOP("CutRemarks",
+                           "Triangles at the plane faced the other way than those around them; "
+                           "they were turned."));
+    tell(notes.doubled, Kind::PartPutInOrder,
+         QT_TRANSLATE_NOOP("CutRemarks",
+                           "Triangles at the plane lay there more than once; what was too much "
+                           "was left out."));
+    tell(notes.crossing, Kind::PieceCrossesItself,
+         QT_TRANSLATE_NOOP("CutRemarks",
+                           "A piece crosses itself where coordinates had to be rounded."));
+    return remarks;
+}
+
 CutRemark toolMisses(Mesh::DocumentObject* part)
 {
     return remark(part, Kind::NothingCut,

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "cutjobs/common/CutRemark.h"
+#include "platform/services/PlaneCutNotes.h"
 
 // The remarks that cuts make, in words.
 
 /// bounded  the plane ends at its rectangle
 CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded);
+/// What a plane cut did beyond cutting.
+CutRemarks remarksOn(PlaneCutNotes const& notes, Mesh::DocumentObject* part);
 CutRemark toolMisses(Mesh::DocumentObject* part);
 CutRemark toolHoldsPart(Mesh::DocumentObject* part);
 

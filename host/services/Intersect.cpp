@@ -2,8 +2,12 @@
 #include "platform/services/Intersect.h"
 
 #include "host/mesh/Placement.h"
+#include "host/services/PlaceText.h"
 #include "host/services/boolean/SolidBoolean.h"
 #include "host/services/planecut/PlaneCut.h"
+#include "platform/jobs/ConsoleSingleton.h"
+
+#include <QCoreApplication>
 
 #include <array>
 
@@ -38,6 +42,29 @@ BooleanPiece pieceOf(Intersect::BooleanType type)
     return BooleanPiece::difference;
 }
 
+void logNotes(PlaneCutNotes const& notes)
+{
+    auto const log = [](QString const& text) {
+        Base::ConsoleSingleton::Instance().Log(text.toStdString());
+    };
+    if (!notes.turned.empty())
+        log(withPlace(QCoreApplication::translate(
+                          "Services",
+                          "Triangles at the plane that faced the other way than those around them, "
+                          "one near (%1, %2, %3), were turned."),
+                      notes.turned.front()));
+    if (!notes.doubled.empty())
+        log(withPlace(QCoreApplication::translate(
+                          "Services",
+                          "Triangles at the plane that lay there more than once, one near (%1, %2, "
+                          "%3), were left out."),
+                      notes.doubled.front()));
+    if (!notes.crossing.empty())
+        log(withPlace(QCoreApplication::translate(
+                          "Services", "A piece crosses itself by rounding near (%1, %2, %3)."),
+                      notes.crossing.front()));
+}
+
 /// Hands the results of a boolean out, once all are made.
 void deliver(std::vector<BooleanResult>& results, PlacedSolid const& part,
              std::span<MeshKernel* const> kernels)
@@ -55,22 +82,31 @@ void Intersect::cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* side
                            MeshKernel* sideB, MeshKernel* section,
                            std::function<void(int)> progress, bool)
 {
-    PlacedSolid const solid(*part);
+    cutByPlaneWithNotes(*part, *plane, *sideA, *sideB, section, progress);
+}
+
+PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plane,
+                                  MeshKernel& sideA, MeshKernel& sideB, MeshKernel* section,
+                                  std::function<void(int)> const& progress)
+{
+    PlacedSolid const solid(part);
     MeshKernel const& placed = solid.kernel();
     auto const mesh = placed.readMesh();
     if (mesh->triangles.empty())
-        return;
-    CutPlane const cutPlane(*plane);
+        return {};
+    CutPlane const cutPlane(plane);
     PlaneCutResult result = cutMeshByPlane(*mesh, cutPlane, progress);
     if (result.whole != PlaneCutResult::Whole::no) {
         bool const isAbove = result.whole == PlaneCutResult::Whole::above;
-        (isAbove ? sideA : sideB)->shareMeshOf(placed);
-        return;
+        (isAbove ? sideA : sideB).shareMeshOf(placed);
+        return {};
     }
-    sideA->replaceMesh(std::move(result.above));
-    sideB->replaceMesh(std::move(result.below));
+    sideA.replaceMesh(std::move(result.above));
+    sideB.replaceMesh(std::move(result.below));
     if (section)
         section->replaceMesh(std::move(result.section));
+    logNotes(result.notes);
+    return std::move(result.notes);
 }
 
 void Intersect::boolean(MeshKernel* a, MeshKernel* b, std::vector<MeshKernel*>& out,

@@ -59,10 +59,10 @@ public:
     /// up. In the output vertices are numbered; neighbour links and identifiers of triangles are
     /// not set.
     ///
-    /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
-    ///          plane meets it, near (x, y, z). Repair the part and cut again." if the part has a
-    ///          border there, so that the cut could not be closed, and meets the rectangle. Nothing
-    ///          has been written then
+    /// throws   Mell::AbortException from `progress`; Mell::Exception with the place if the part is
+    ///          open, or its triangles face different ways, at a contour that the rectangle reaches,
+    ///          so that the cut could not be closed. Nothing has been written then. What is put in
+    ///          order at the plane instead, and told, is in PlaneCutNotes.h
     /// cost     one pass over the part, plus O(k log k) for the k triangles that the plane meets;
     ///          where the rectangle covers some faces but not all, several times as much
     static void cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* sideA,

@@ -469,6 +469,18 @@
         <source>The faces never meet: the tongue reaches the end of its notch before, for the gap between the faces is wider than the one above the tongue.</source>
         <translation>Die Flächen berühren sich nie: Die Zunge erreicht vorher das Ende ihrer Nut, denn der Spalt zwischen den Flächen ist breiter als der über der Zunge.</translation>
     </message>
+    <message>
+        <source>Triangles at the plane faced the other way than those around them; they were turned.</source>
+        <translation>Dreiecke an der Ebene zeigten in die andere Richtung als die um sie herum; sie wurden gewendet.</translation>
+    </message>
+    <message>
+        <source>Triangles at the plane lay there more than once; what was too much was left out.</source>
+        <translation>Dreiecke an der Ebene waren mehrfach vorhanden; die überzähligen wurden weggelassen.</translation>
+    </message>
+    <message>
+        <source>A piece crosses itself where coordinates had to be rounded.</source>
+        <translation>Ein Teilstück schneidet sich selbst, wo Koordinaten gerundet werden mussten.</translation>
+    </message>
 </context>
 <context>
     <name>CutView</name>
@@ -2847,6 +2859,18 @@
     <message>
         <source>Mending them would leave the part with more flaws than before.</source>
         <translation>Sie zu beheben würde dem Bauteil mehr Fehler lassen als zuvor.</translation>
+    </message>
+    <message>
+        <source>Triangles at the plane that faced the other way than those around them, one near (%1, %2, %3), were turned.</source>
+        <translation>Dreiecke an der Ebene, die in die andere Richtung zeigten als die um sie herum, eines nahe (%1, %2, %3), wurden gewendet.</translation>
+    </message>
+    <message>
+        <source>Triangles at the plane that lay there more than once, one near (%1, %2, %3), were left out.</source>
+        <translation>Dreiecke an der Ebene, die mehrfach vorhanden waren, eines nahe (%1, %2, %3), wurden weggelassen.</translation>
+    </message>
+    <message>
+        <source>Triangles of the part face different ways where the plane meets it, near (%1, %2, %3). Repair the part and cut again.</source>
+        <translation>Dreiecke des Bauteils zeigen in verschiedene Richtungen, wo die Ebene es trifft, nahe (%1, %2, %3). Das Bauteil reparieren und noch einmal schneiden.</translation>
     </message>
     <message>
         <source>Which surfaces go on in each other there cannot be told from the part.</source>

@@ -107,3 +107,19 @@ TEST(FreecutSection, WrongUsageEndsWithTwo)
     }
     EXPECT_EQ(folder.files(), Names{"block.stl"});
 }
+
+// --keep-clear alone was told to take --lap-joint, with which it has no meaning.
+TEST(FreecutSection, AnOptionOfConnectorsNamesTheConnectorsThatItShapes)
+{
+    BlockFolder const folder;
+    for (auto const& [option, connectors] : std::vector<std::pair<Names, std::string>>{
+             {{"--keep-clear"}, "add --pins or --holes."},
+             {{"--radius", "2"}, "add --pins or --holes."},
+             {{"--notch-depth", "2"}, "add --lap-joint."},
+             {{"--based-on", "all"}, "add --lap-joint."},
+             {{"--side-distance", "2"}, "add --pins, --holes or --lap-joint."}}) {
+        auto const result = folder.run(sectionOf({"block.stl"}, option));
+        EXPECT_EQ(result.status, 2);
+        EXPECT_NE(result.errors.find(connectors), std::string::npos) << result.errors;
+    }
+}

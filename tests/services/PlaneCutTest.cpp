@@ -256,13 +256,13 @@ TEST(PlaneCut, OpenPartIsRefusedWithThePlaceWhereTheHoleMeetsThePlane)
     EXPECT_TRUE(outcome.section.readMesh()->triangles.empty());
 }
 
-TEST(PlaneCut, InconsistentOrientationDoesNotKeepTheContoursFromClosing)
+TEST(PlaneCut, InconsistentOrientationDoesNotKeepThePiecesFromClosing)
 {
     Soup part = box(10, 10, 10);
     std::swap(part.triangles[4][1], part.triangles[4][2]);
     auto const outcome = cut(part, {5, 5, 5}, up);
     EXPECT_NEAR(sectionAreaOf(*outcome), 100, 1e-3);
-    EXPECT_EQ(borderEdgesOf(soupOf(outcome->above)) > 0, borderEdgesOf(part) > 0);
+    EXPECT_EQ(borderEdgesOf(soupOf(outcome->above)), 0u);
 }
 
 TEST(PlaneCut, PartBesideThePlaneStaysWhole)

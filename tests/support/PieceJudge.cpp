@@ -71,8 +71,12 @@ public:
     Judge(Source const& source, std::vector<Soup> const& pieces, Rule const& rule)
         : m_source(source), m_rule(rule)
     {
-        for (Soup const& piece : pieces)
+        for (Soup const& piece : pieces) {
             m_pieces.push_back(std::make_unique<WindingField>(piece));
+            m_ordered.push_back(source.unpaired().empty()
+                                    ? nullptr
+                                    : std::make_unique<WindingField>(inOrder(piece)));
+        }
     }
 
     PieceFaults faults(std::size_t samples)
@@ -98,8 +102,8 @@ private:
             std::string const name = "piece " + std::to_string(i + 1) + ": ";
             std::size_t added = 0;
             EdgeEnds place;
-            for (EdgeEnds const& edge : unpairedEdgesOf(piece))
-                if (!m_source.unpaired().contains(edge)) {
+            for (auto const& [edge, triangles] : unpairedEdgesOf(piece))
+                if (!isOfSource(edge, triangles)) {
                     ++added;
                     place = edge;
                 }
@@ -109,6 +113,29 @@ private:
                                  textOf({x, y, z}) + "; ";
             judgeFlaws(piece, name);
         }
+    }
+
+    /// Whether an unpaired edge is, or is a part of, one that the source has.
+    bool isOfSource(EdgeEnds const& edge, std::size_t triangles) const
+    {
+        if (triangles > 2 && m_source.edges().crowdedUnpaired > 0)
+            return true;
+        auto const& unpaired = m_source.unpaired();
+        return unpaired.contains(edge) ||
+               std::any_of(unpaired.begin(), unpaired.end(), [&](auto const& of) {
+                   return distance(edge.first, of.first) <= m_source.margin() &&
+                          distance(edge.second, of.first) <= m_source.margin();
+               });
+    }
+
+    static double distance(std::array<float, 3> const& place, EdgeEnds const& line)
+    {
+        Point const p(place[0], place[1], place[2]);
+        Point const a(line.first[0], line.first[1], line.first[2]);
+        Point const b(line.second[0], line.second[1], line.second[2]);
+        Vector const along = b - a;
+        double const t = std::clamp(((p - a) | along) / (along | along), 0.0, 1.0);
+        return (p - (a + along * t)).GetLength();
     }
 
     void judgeFlaws(Soup const& piece, std::string const& name)
@@ -146,7 +173,7 @@ private:
     {
         if (!m_faults.wrong.empty() || isNearSurface(p))
             return;
-        if (m_source.unpaired().empty())
+        if (m_source.isClosedInOrder())
             judgeClosed(p);
         else
             judgeOpen(p);
@@ -154,7 +181,7 @@ private:
 
     void judgeClosed(Point const& p)
     {
-        auto const winding = m_source.field().windingAt(p);
+        auto const winding = m_source.ordered().windingAt(p);
         if (!winding)
             return;
         auto const expected = m_rule.at(p, *winding);
@@ -162,7 +189,7 @@ private:
             return;
         int sum = 0;
         for (std::size_t i = 0; i < expected->pieces.size(); ++i) {
-            auto const found = i < m_pieces.size() ? m_pieces[i]->windingAt(p) : std::optional(0);
+            auto const found = i < m_pieces.size() ? pieceAt(i).windingAt(p) : std::optional(0);
             if (!found)
                 return;
             sum += std::max(0, *found);
@@ -182,19 +209,26 @@ private:
         // Solid angles cost a pass over all triangles.
         if (!m_rule.isPartition || ++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
             return;
-        double const before = m_source.field().solidAngleAt(p);
+        double const before = m_source.ordered().solidAngleAt(p);
         double after = 0;
-        for (auto const& piece : m_pieces)
-            after += piece->solidAngleAt(p);
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            after += pieceAt(i).solidAngleAt(p);
         if (!(std::abs(after - before) < 0.01))
             m_faults.wrong += "the pieces together wind " + std::to_string(after) +
                               " times around " + textOf(p) + ", the open source " +
                               std::to_string(before) + " times; ";
     }
 
+    WindingField const& pieceAt(std::size_t i) const
+    {
+        return m_ordered[i] ? *m_ordered[i] : *m_pieces[i];
+    }
+
     Source const& m_source;
     Rule const& m_rule;
     std::vector<std::unique_ptr<WindingField>> m_pieces;
+    /// Null where the pieces are judged as they are.
+    std::vector<std::unique_ptr<WindingField>> m_ordered;
     PieceFaults m_faults;
     std::size_t m_solidAngles = 0;
 };
@@ -211,6 +245,9 @@ Source::Source(Soup soup)
       m_edges(edgesOf(m_field.soup())),
       m_crossings(crossingsOf(m_field.soup())),
       m_unpaired(unpairedEdgesOf(m_field.soup())),
+      m_ordered(m_unpaired.empty() ? nullptr
+                                   : std::make_unique<WindingField>(inOrder(m_field.soup()))),
+      m_isClosedInOrder(!m_ordered || edgesOf(m_ordered->soup()).isPaired()),
       m_hasLayers(m_crossings.total() > 0 || (m_unpaired.empty() && doesWindTwice(m_field)))
 {}
 

@@ -6,8 +6,9 @@
 #include "tests/support/WindingField.h"
 
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -58,7 +59,11 @@ public:
     /// It crosses itself or winds more than once around some point: then its cut faces lie upon
     /// each other.
     bool hasLayers() const { return m_hasLayers; }
-    std::set<EdgeEnds> const& unpaired() const { return m_unpaired; }
+    std::map<EdgeEnds, std::size_t> const& unpaired() const { return m_unpaired; }
+    /// The surface put in order, where it has unpaired edges; else as it is. Winding numbers are
+    /// those of this one.
+    WindingField const& ordered() const { return m_ordered ? *m_ordered : m_field; }
+    bool isClosedInOrder() const { return m_isClosedInOrder; }
     double diagonal() const;
     /// Points nearer to a surface than this are judged by nobody.
     double margin() const;
@@ -67,7 +72,9 @@ private:
     WindingField m_field;
     SurfaceEdges m_edges;
     Crossings m_crossings;
-    std::set<EdgeEnds> m_unpaired;
+    std::map<EdgeEnds, std::size_t> m_unpaired;
+    std::unique_ptr<WindingField> m_ordered;
+    bool m_isClosedInOrder;
     bool m_hasLayers;
 };
 
@@ -76,7 +83,8 @@ struct PieceFaults
 {
     /// A point that is solid in the wrong piece, in two, or in none; a piece too few or too many.
     std::string wrong;
-    /// Edges without partner that the source does not have.
+    /// Edges without partner that do not lie on one of the source's. Edges of three triangles, at
+    /// which walls end, are none if the source has walls.
     std::string open;
     /// Of a source without such things: crossings, edges of four triangles, triangles of no area.
     std::string flawed;
@@ -87,8 +95,8 @@ struct PieceFaults
 /// pieces    in the order of the rule; one that the operation did not write stays empty
 /// samples   points at random and as many beside the surfaces, of the source and of the pieces
 ///
-/// Where the source has unpaired edges there is no inside; then only partitions are judged at
-/// points.
+/// Where the source has unpaired edges, it and the pieces are put in order first. Where that does
+/// not give it an inside, only partitions are judged at points.
 PieceFaults faultsOf(Source const& source, std::vector<Soup> const& pieces, Rule const& rule,
                      std::size_t samples);
 

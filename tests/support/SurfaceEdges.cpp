@@ -4,6 +4,7 @@
 #include "tests/support/ExactSide.h"
 
 #include <algorithm>
+#include <array>
 
 namespace judge {
 namespace {
@@ -54,6 +55,96 @@ void forEachEdge(Soup const& soup, Visit const& visit)
     }
 }
 
+using Ends = std::pair<std::uint32_t, std::uint32_t>;
+
+/// The triangles at each edge.
+std::map<Ends, std::vector<std::size_t>> trianglesAtEdges(Soup const& soup)
+{
+    std::map<Ends, std::vector<std::size_t>> at;
+    for (std::size_t t = 0; t < soup.triangles.size(); ++t)
+        for (std::size_t i = 0; i < 3; ++i) {
+            std::uint32_t const a = soup.triangles[t][i], b = soup.triangles[t][(i + 1) % 3];
+            if (a != b)
+                at[std::minmax(a, b)].push_back(t);
+        }
+    return at;
+}
+
+/// Repeats that hang together go together, for between them edges have an even number again.
+void dropRepeated(Soup& soup)
+{
+    std::map<std::array<std::uint32_t, 3>, std::size_t> firsts;
+    std::vector<std::size_t> first(soup.triangles.size());
+    std::vector<bool> isRepeated(soup.triangles.size(), false);
+    for (std::size_t t = 0; t < first.size(); ++t) {
+        auto corners = soup.triangles[t];
+        std::sort(corners.begin(), corners.end());
+        first[t] = firsts.try_emplace(corners, t).first->second;
+        if (first[t] != t)
+            isRepeated[first[t]] = true;
+    }
+    auto const at = trianglesAtEdges(soup);
+    std::vector<bool> isSurplus(soup.triangles.size(), false);
+    for (bool isGrowing = true; isGrowing;) {
+        isGrowing = false;
+        for (auto const& [ends, triangles] : at) {
+            bool const isReached = triangles.size() % 2 == 1 ||
+                                   std::any_of(triangles.begin(), triangles.end(),
+                                               [&](auto t) { return isSurplus[first[t]]; });
+            for (std::size_t const t : triangles)
+                if (isReached && isRepeated[first[t]] && !isSurplus[first[t]])
+                    isGrowing = isSurplus[first[t]] = true;
+        }
+    }
+    std::size_t next = 0;
+    std::erase_if(soup.triangles, [&](auto const&) {
+        std::size_t const t = next++;
+        return first[t] != t && isSurplus[first[t]];
+    });
+}
+
+bool doesRun(std::array<std::uint32_t, 3> const& t, std::uint32_t from, std::uint32_t to)
+{
+    return (t[0] == from && t[1] == to) || (t[1] == from && t[2] == to) ||
+           (t[2] == from && t[0] == to);
+}
+
+void turnMinorities(Soup& soup)
+{
+    struct Link
+    {
+        std::size_t triangle;
+        bool doesAgree;
+    };
+    std::vector<std::vector<Link>> links(soup.triangles.size());
+    for (auto const& [ends, at] : trianglesAtEdges(soup))
+        if (at.size() == 2) {
+            bool const agree = doesRun(soup.triangles[at[0]], ends.first, ends.second) !=
+                               doesRun(soup.triangles[at[1]], ends.first, ends.second);
+            links[at[0]].push_back({at[1], agree});
+            links[at[1]].push_back({at[0], agree});
+        }
+    std::vector<int> way(soup.triangles.size(), 0);
+    for (std::size_t start = 0; start < way.size(); ++start) {
+        if (way[start] != 0)
+            continue;
+        std::vector<std::size_t> piece{start};
+        way[start] = 1;
+        int sum = 0;
+        for (std::size_t i = 0; i < piece.size(); ++i) {
+            sum += way[piece[i]];
+            for (Link const& link : links[piece[i]])
+                if (way[link.triangle] == 0) {
+                    way[link.triangle] = link.doesAgree ? way[piece[i]] : -way[piece[i]];
+                    piece.push_back(link.triangle);
+                }
+        }
+        for (std::size_t const t : piece)
+            if (way[t] * sum < 0)
+                std::swap(soup.triangles[t][1], soup.triangles[t][2]);
+    }
+}
+
 }  // namespace
 
 SurfaceEdges edgesOf(Soup const& soup)
@@ -73,19 +164,27 @@ SurfaceEdges edgesOf(Soup const& soup)
     return edges;
 }
 
-std::set<EdgeEnds> unpairedEdgesOf(Soup const& soup)
+std::map<EdgeEnds, std::size_t> unpairedEdgesOf(Soup const& soup)
 {
     Soup const surface = joined(soup);
-    std::set<EdgeEnds> ends;
+    std::map<EdgeEnds, std::size_t> ends;
     auto const placeOf = [&](std::uint32_t point) {
         UPoint3<float> const& p = surface.points[point];
         return std::array<float, 3>{p.X() + 0.0f, p.Y() + 0.0f, p.Z() + 0.0f};
     };
     forEachEdge(surface, [&](EdgeUse const& edge, std::size_t count, std::size_t upward) {
         if (2 * upward != count)
-            ends.insert(std::minmax(placeOf(edge.low), placeOf(edge.high)));
+            ends.emplace(std::minmax(placeOf(edge.low), placeOf(edge.high)), count);
     });
     return ends;
+}
+
+Soup inOrder(Soup soup)
+{
+    soup.joinPoints();
+    dropRepeated(soup);
+    turnMinorities(soup);
+    return soup;
 }
 
 }  // namespace judge

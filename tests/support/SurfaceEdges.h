@@ -4,7 +4,7 @@
 #include "tests/support/Soup.h"
 
 #include <cstddef>
-#include <set>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -33,7 +33,12 @@ struct SurfaceEdges
 using EdgeEnds = std::pair<std::array<float, 3>, std::array<float, 3>>;
 
 SurfaceEdges edgesOf(Soup const& soup);
-/// The ends of edges that do not have as many triangles in either direction, each edge once.
-std::set<EdgeEnds> unpairedEdgesOf(Soup const& soup);
+/// The ends of edges that do not have as many triangles in either direction, each edge once, with
+/// the number of their triangles.
+std::map<EdgeEnds, std::size_t> unpairedEdgesOf(Soup const& soup);
+/// The surface that a person means by triangles out of order: of those on the same three points
+/// one, if an edge there has an odd number of triangles, and of those that hang together over edges
+/// of two triangles all facing as most of them do. Points are joined.
+Soup inOrder(Soup soup);
 
 }  // namespace judge

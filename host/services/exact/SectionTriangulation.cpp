@@ -26,16 +26,7 @@ constexpr std::uint32_t noPoint = std::numeric_limits<std::uint32_t>::max();
 struct Region
 {
     int winding = 0;
-    bool isOdd = false;
     bool isKnown = false;
-
-    int layers() const
-    {
-        if (!isOdd)
-            return winding;
-        // An undirected contour makes a hole in material and material in the void.
-        return winding == 0 ? 1 : winding - (winding > 0 ? 1 : -1);
-    }
 };
 
 struct PointPlace
@@ -60,14 +51,6 @@ using SplittingTriangulation = CGAL::Constrained_triangulation_plus_2<
 /// A segment has to be split, which the plain triangulation does not keep account of.
 struct SplitNeeded
 {
-};
-
-/// What the segments over one edge of the triangulation add up to, along the edge from its smaller
-/// to its larger point.
-struct EdgeWeight
-{
-    int net = 0;
-    bool isOdd = false;
 };
 
 template <typename Triangulation>
@@ -201,11 +184,7 @@ private:
 
     void addWeight(std::uint32_t from, std::uint32_t to, SectionSegment const& segment)
     {
-        EdgeWeight& weight = m_weights[edgeKey(from, to)];
-        if (segment.isUndirected)
-            weight.isOdd = !weight.isOdd;
-        else
-            weight.net += from < to ? segment.weight : -segment.weight;
+        m_weights[edgeKey(from, to)] += from < to ? segment.weight : -segment.weight;
     }
 
     /// From the unbounded region inwards, each contour crossed changes the region.
@@ -240,8 +219,7 @@ private:
         auto const found = m_weights.find(edgeKey(from, to));
         if (found == m_weights.end())
             return region;
-        region.winding -= from < to ? found->second.net : -found->second.net;
-        region.isOdd ^= found->second.isOdd;
+        region.winding -= from < to ? found->second : -found->second;
         return region;
     }
 
@@ -250,11 +228,12 @@ private:
         SectionFilling filling;
         int most = 0;
         for (FaceHandle const face : m_triangulation.finite_face_handles())
-            most = std::max(most, std::abs(face->info().layers()));
+            most = std::max(most, std::abs(face->info().winding));
+        filling.layers = most;
         if (most <= 1) {
             for (FaceHandle const face : m_triangulation.finite_face_handles())
-                if (int const layers = face->info().layers(); layers != 0)
-                    filling.triangles.push_back(cornersOf(face, layers < 0));
+                if (int const winding = face->info().winding; winding != 0)
+                    filling.triangles.push_back(cornersOf(face, winding < 0));
             return filling;
         }
         for (int layer = 1; layer <= most; ++layer) {
@@ -274,8 +253,8 @@ private:
     {
         if (m_triangulation.is_infinite(face))
             return false;
-        int const layers = face->info().layers();
-        return layer > 0 ? layers >= layer : layers <= layer;
+        int const winding = face->info().winding;
+        return layer > 0 ? winding >= layer : winding <= layer;
     }
 
     /// A layer shares no edge inside with the others: it is triangulated from its own border alone.
@@ -333,7 +312,9 @@ private:
     std::function<void(int)> const& m_progress;
     Triangulation m_triangulation;
     std::vector<VertexHandle> m_handles;
-    std::unordered_map<std::uint64_t, EdgeWeight> m_weights;
+    /// What the segments over an edge of the triangulation add up to, along the edge from its
+    /// smaller to its larger point.
+    std::unordered_map<std::uint64_t, int> m_weights;
 };
 
 }  // namespace

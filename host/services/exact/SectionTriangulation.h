@@ -18,8 +18,6 @@ struct SectionSegment
     std::uint32_t to = 0;
     /// How many times the material lies on its left; 0 where it bounds nothing and only divides.
     int weight = 1;
-    /// The direction is not to be trusted: the segment counts as a border between in and out.
-    bool isUndirected = false;
     /// Places of the points on which the segment had to be split, from `from` to `to`.
     std::vector<std::uint32_t> splits = {};
 };
@@ -29,6 +27,8 @@ struct SectionSegment
 struct SectionFilling
 {
     std::vector<std::array<std::uint32_t, 3>> triangles;
+    /// How many lie on each other at most.
+    int layers = 0;
 };
 
 /// Fills the regions enclosed by the segments, which form closed curves.

@@ -187,11 +187,10 @@ private:
 std::optional<BoundedCut> boundCut(UMesh<float> const& part, CutPlane const& plane,
                                    SideCopies const& copies, SectionPoints const& points,
                                    std::vector<WallPiece> const& wallPieces,
-                                   std::vector<Exact::SectionSegment> const& segments,
-                                   Exact::SectionFilling const& filling,
+                                   Contours const& contours, Exact::SectionFilling const& filling,
                                    std::function<void(int)> const& progress)
 {
-    SectionFaces const faces(points, plane, wallPieces, segments, filling);
+    SectionFaces const faces(points, plane, wallPieces, contours, filling);
     if (std::none_of(faces.faces().begin(), faces.faces().end(),
                      [](Face const& face) { return face.canBeCut(); }))
         return {};

@@ -31,6 +31,5 @@ struct BoundedCut
 std::optional<BoundedCut> boundCut(UMesh<float> const& part, CutPlane const& plane,
                                    SideCopies const& copies, SectionPoints const& points,
                                    std::vector<WallPiece> const& wallPieces,
-                                   std::vector<Exact::SectionSegment> const& segments,
-                                   Exact::SectionFilling const& filling,
+                                   Contours const& contours, Exact::SectionFilling const& filling,
                                    std::function<void(int)> const& progress);

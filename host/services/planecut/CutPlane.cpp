@@ -37,6 +37,7 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
         throw Mell::Exception(QCoreApplication::translate(
                                   "Services", "The cutting plane has no area. Place it again.")
                                   .toStdString());
+    m_length = std::hypot(m_normal[0], m_normal[1], m_normal[2]);
     m_upSign = largest > 0 ? 1 : -1;
     m_first = (m_dropped + (m_upSign > 0 ? 1 : 2)) % 3;
     m_second = (m_dropped + (m_upSign > 0 ? 2 : 1)) % 3;
@@ -105,8 +106,26 @@ bool CutPlane::covers(UPoint3<float> const& p) const
     });
 }
 
+bool CutPlane::reaches(UPoint3<float> const& a, UPoint3<float> const& b) const
+{
+    if (covers(a) || covers(b))
+        return true;
+    auto const turn = [this](UPoint3<float> const& p, UPoint3<float> const& q,
+                             UPoint3<float> const& r) {
+        return ExactSigns::orient2d(p, q, r, m_dropped);
+    };
+    return std::any_of(m_triangles.begin(), m_triangles.end(), [&](auto const& t) {
+        for (std::size_t i = 0; i < 3; ++i) {
+            UPoint3<float> const &from = t[i], &to = t[(i + 1) % 3];
+            if (turn(from, to, a) * turn(from, to, b) < 0 && turn(a, b, from) * turn(a, b, to) <= 0)
+                return true;
+        }
+        return false;
+    });
+}
+
 UVector3<float> CutPlane::unitNormal() const
 {
-    double const length = std::hypot(m_normal[0], m_normal[1], m_normal[2]);
-    return {float(m_normal[0] / length), float(m_normal[1] / length), float(m_normal[2] / length)};
+    return {float(m_normal[0] / m_length), float(m_normal[1] / m_length),
+            float(m_normal[2] / m_length)};
 }

@@ -54,10 +54,19 @@ public:
     /// True if the plane mesh covers a point of the plane, both seen in the plane's coordinates.
     bool covers(UPoint3<float> const& p) const;
 
+    /// True if the plane mesh and the straight line between two points of the plane have a point in
+    /// common, seen in the plane's coordinates.
+    bool reaches(UPoint3<float> const& a, UPoint3<float> const& b) const;
+
     /// The signed distance from the plane in double, in a unit of the plane's own.
     double heightOf(UPoint3<float> const& p) const;
 
     UVector3<float> unitNormal() const;
+    std::array<UPoint3<float>, 3> const& corners() const { return m_corners; }
+    /// Whether the plane runs along two axes, so that its points are exact.
+    bool isAxisParallel() const { return m_isAxisParallel; }
+    /// The distance from the plane in double, without a sign.
+    double distanceOf(UPoint3<float> const& p) const { return std::abs(heightOf(p)) / m_length; }
 
 private:
     // Three subtractions, two levels of products and sums: the rounding errors stay below this
@@ -76,6 +85,7 @@ private:
     int m_first = 0;
     int m_second = 1;
     int m_dropped = 2;
+    double m_length = 0;
     bool m_isAxisParallel = false;
     float m_level = 0;
     int m_upSign = 1;

@@ -2,11 +2,18 @@
 #include "host/services/planecut/PlaneCut.h"
 
 #include "host/mesh/DegenerateTriangles.h"
+#include "host/services/PlaceText.h"
 #include "host/services/planecut/BoundedCut.h"
+#include "host/services/planecut/OrderAtPlane.h"
+#include "host/services/planecut/SectionRounding.h"
 #include "host/services/planecut/SectionSampling.h"
 #include "host/services/planecut/SectionWalls.h"
+#include "platform/jobs/Exceptions.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -19,7 +26,34 @@ constexpr int sortingDone = 70;
 constexpr int fillingDone = 90;
 constexpr int boundingDone = 95;
 constexpr int wallsDone = 96;
+constexpr int roundingDone = 97;
 constexpr int sectionDone = 99;
+// Of a cut that is done twice.
+constexpr int firstTryDone = sortingDone;
+constexpr int orderDone = 75;
+
+/// The progress of a stage that reports its own percentage.
+std::function<void(int)> stageOf(std::function<void(int)> const& progress, int begin, int end)
+{
+    if (!progress)
+        return {};
+    return
+        [&progress, begin, end](int percent) { progress(begin + percent * (end - begin) / 100); };
+}
+
+[[noreturn]] void throwFault(SectionFault const& fault)
+{
+    QString const text =
+        fault.isOpen
+            ? QCoreApplication::translate("Services",
+                                          "The part is open where the plane meets it, near (%1, "
+                                          "%2, %3). Repair the part and cut again.")
+            : QCoreApplication::translate("Services",
+                                          "Triangles of the part face different ways where the "
+                                          "plane meets it, near (%1, %2, %3). Repair the part and "
+                                          "cut again.");
+    throw Mell::Exception(withPlace(text, fault.place).toStdString());
+}
 
 class PlaneCutter
 {
@@ -31,10 +65,12 @@ public:
           m_progress(progress),
           m_copies(part, plane, progress),
           m_points(m_copies, part, plane),
-          m_walls(m_copies, m_points, plane)
+          m_walls(m_copies, m_points, plane),
+          m_rounding(plane, m_copies, m_points, m_walls)
     {}
 
-    PlaneCutResult run()
+    /// Returns nothing if the contours have a fault and there is another try to come.
+    std::optional<PlaneCutResult> run(bool isLastTry)
     {
         if (m_copies.isEmpty(sideBelow))
             return whole(PlaneCutResult::Whole::above);
@@ -43,18 +79,32 @@ public:
         m_copies.copyTriangles();
         if (auto const vertices = m_points.verticesInPlane(m_copies.meeting()); !vertices.empty())
             m_copies.moveToPlane(vertices);
-        SectionContours contours;
-        m_walls.sort(contours, stage(copiesDone, sortingDone));
+        SectionContours edges;
+        m_walls.sort(edges, stage(copiesDone, sortingDone));
         if (isBesidePlane())
             return whole(PlaneCutResult::Whole::above);
-        auto segments = contours.segments(m_points);
-        bool const isCovered = isWithinPlane(segments);
+        Contours contours = edges.contours(
+            m_points, [this](auto const& a, auto const& b) { return m_plane.reaches(a, b); });
+        if (contours.fault && !isLastTry)
+            return {};
+        if (contours.fault)
+            contours.dropSurplus(m_points);
+        if (contours.fault)
+            throwFault(*contours.fault);
+        auto& segments = contours.segments;
+        bool const isCovered = !contours.isPartial && isWithinPlane(segments);
         Exact::SectionFilling filling = fill(segments);
-        if (!isCovered && !bound(segments, filling))
+        if (!isCovered && !bound(contours, filling))
             return whole(PlaneCutResult::Whole::above);
+        bool const isInDoubt = m_rounding.isInDoubt(filling);
         m_walls.write(segments, stage(isCovered ? fillingDone : boundingDone, wallsDone));
         writeCaps(filling);
-        return finish(filling);
+        std::vector<UPoint3<float>> crossing;
+        if (isInDoubt)
+            crossing = m_rounding.mend(m_caps, filling, stage(wallsDone, roundingDone));
+        PlaneCutResult result = finish(filling);
+        result.notes.crossing = std::move(crossing);
+        return result;
     }
 
 private:
@@ -65,13 +115,9 @@ private:
         return result;
     }
 
-    /// The job's progress for a stage that reports its own percentage.
     std::function<void(int)> stage(int begin, int end) const
     {
-        if (!m_progress)
-            return {};
-        return
-            [this, begin, end](int percent) { m_progress(begin + percent * (end - begin) / 100); };
+        return stageOf(m_progress, begin, end);
     }
 
     /// Whether the part crosses the plane, but nowhere within the plane mesh, so that no face can
@@ -100,11 +146,12 @@ private:
 
     /// Leaves only the faces of the section that are cut, and has everything go to the half that it
     /// belongs to. Returns false if no face is cut.
-    bool bound(std::vector<Exact::SectionSegment>& segments, Exact::SectionFilling& filling)
+    bool bound(Contours& contours, Exact::SectionFilling& filling)
     {
         auto const report = stage(fillingDone, boundingDone);
+        auto& segments = contours.segments;
         auto const bounded = boundCut(m_part, m_plane, m_copies, m_points, m_walls.pieces(),
-                                      segments, filling, report);
+                                      contours, filling, report);
         if (!bounded)
             return false;
         auto const isCut = [&](std::uint32_t point) { return bounded->isCutPoint[point]; };
@@ -153,6 +200,7 @@ private:
             triangle->V0(i) = m_points.vertexIn(side, corners[std::size_t(i)]);
         triangle->N() = normal;
         m_copies.mesh(side).AddTriangle(triangle);
+        m_caps[side].push_back(triangle);
     }
 
     std::unique_ptr<UMesh<float>> finishSide(CutSide side)
@@ -164,6 +212,8 @@ private:
                 return isDegenerate(t->cP(0), t->cP(1), t->cP(2));
             }))
             mesh.DeleteDegenerateTris();
+        if (m_rounding.hasJoined())
+            mesh.DeleteUnreferenceVerts();
         // The next service finds a vertex's place by its identifier.
         mesh.UpdateVertsID();
         mesh.triangleCount = std::uint32_t(mesh.triangles.size());
@@ -179,7 +229,7 @@ private:
         if (m_copies.mesh(sideAbove).triangles.empty())
             return whole(PlaneCutResult::Whole::below);
         PlaneCutResult result;
-        result.section = sectionMesh(m_points, filling, m_plane, stage(wallsDone, sectionDone));
+        result.section = sectionMesh(m_points, filling, m_plane, stage(roundingDone, sectionDone));
         result.above = finishSide(sideAbove);
         result.below = finishSide(sideBelow);
         if (m_progress)
@@ -193,6 +243,8 @@ private:
     SideCopies m_copies;
     SectionPoints m_points;
     SectionWalls m_walls;
+    SectionRounding m_rounding;
+    SectionRounding::Triangles m_caps;
 };
 
 }  // namespace
@@ -200,5 +252,14 @@ private:
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
                               std::function<void(int)> const& progress)
 {
-    return PlaneCutter(part, plane, progress).run();
+    if (auto result = PlaneCutter(part, plane, progress).run(false))
+        return std::move(*result);
+    OrderedPart ordered = orderAtPlane(part, plane, stageOf(progress, firstTryDone, orderDone));
+    auto const rest = stageOf(progress, orderDone, 100);
+    auto result = PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, rest).run(true);
+    if (result->whole == PlaneCutResult::Whole::no) {
+        result->notes.turned = std::move(ordered.turned);
+        result->notes.doubled = std::move(ordered.doubled);
+    }
+    return std::move(*result);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/services/planecut/SideCopies.h"
+#include "platform/services/PlaneCutNotes.h"
 
 #include <functional>
 #include <memory>
@@ -19,6 +20,7 @@ struct PlaneCutResult
         above,
         below,
     } whole = Whole::no;
+    PlaneCutNotes notes;
 };
 
 /// Cuts a mesh by a plane; the contract is that of Intersect::cutByPlane.
@@ -27,5 +29,7 @@ struct PlaneCutResult
 /// those that meet the plane; one constrained Delaunay triangulation of the section; the cut
 /// triangles and the caps of both halves on the same section points. Where the plane mesh does not
 /// cover the section, boundCut() chooses its faces and everything's half before the last stage.
+/// Where the contours have a fault, all this is done once more with what orderAtPlane() makes of
+/// the part.
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
                               std::function<void(int)> const& progress);

@@ -2,11 +2,7 @@
 #include "host/services/planecut/SectionContours.h"
 
 #include "host/mesh/DisjointSets.h"
-#include "host/services/PlaceText.h"
 #include "host/services/planecut/SurplusContours.h"
-#include "platform/jobs/Exceptions.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <tuple>
@@ -15,74 +11,118 @@ namespace {
 
 using Segments = std::vector<Exact::SectionSegment>;
 
-[[noreturn]] void throwOpen(UPoint3<float> const& p)
+/// Contours that hang together, and what is wrong with them.
+class ContourComponents
 {
-    throw Mell::Exception(
-        withPlace(QCoreApplication::translate(
-                      "Services",
-                      "The part is open where the plane meets it, near (%1, %2, %3). "
-                      "Repair the part and cut again."),
-                  p)
-            .toStdString());
+public:
+    ContourComponents(Segments const& segments, std::size_t pointCount)
+        : m_components(pointCount), m_balance(pointCount, 0), m_degree(pointCount, 0)
+    {
+        for (Exact::SectionSegment const& s : segments) {
+            m_balance[s.from] -= s.weight;
+            m_balance[s.to] += s.weight;
+            m_degree[s.from] += s.weight;
+            m_degree[s.to] += s.weight;
+            m_components.unite(s.from, s.to);
+        }
+    }
+
+    std::uint32_t of(std::uint32_t point) { return m_components.root(point); }
+
+    /// A point at which a contour ends, or else one at which directions disagree.
+    std::optional<SectionFault> fault(SectionPoints const& points) const
+    {
+        for (std::uint32_t p = 0; p < m_degree.size(); ++p)
+            if (m_degree[p] % 2 != 0)
+                return SectionFault{points.place(p), true};
+        for (std::uint32_t p = 0; p < m_balance.size(); ++p)
+            if (m_balance[p] != 0)
+                return SectionFault{points.place(p), false};
+        return {};
+    }
+
+    std::vector<bool> haveFault()
+    {
+        std::vector<bool> haveFault(m_balance.size(), false);
+        for (std::uint32_t p = 0; p < m_balance.size(); ++p)
+            if (m_balance[p] != 0 || m_degree[p] % 2 != 0)
+                haveFault[of(p)] = true;
+        return haveFault;
+    }
+
+private:
+    // Points that contours connect.
+    DisjointSets m_components;
+    std::vector<int> m_balance;
+    std::vector<int> m_degree;
+};
+
+}  // namespace
+
+void Contours::findFault(SectionPoints const& points)
+{
+    fault = ContourComponents(segments, points.size()).fault(points);
+    if (!fault && !m_disputes.empty())
+        fault = SectionFault{points.place(m_disputes.front().low), false};
+}
+
+/// Leaves out what hangs together, has a fault and is not reached anywhere.
+void Contours::leaveOutUnreached(SectionPoints const& points, SectionReach const& isReached)
+{
+    ContourComponents components(segments, points.size());
+    std::vector<bool> isLeftOut = components.haveFault();
+    for (Dispute const& dispute : m_disputes)
+        isLeftOut[components.of(dispute.low)] = true;
+    auto const lookAt = [&](std::uint32_t from, std::uint32_t to) {
+        std::uint32_t const component = components.of(from);
+        if (isLeftOut[component] && isReached(points.place(from), points.place(to)))
+            isLeftOut[component] = false;
+    };
+    for (Exact::SectionSegment const& s : segments)
+        lookAt(s.from, s.to);
+    for (Dispute const& dispute : m_disputes)
+        lookAt(dispute.low, dispute.high);
+    auto const isGone = [&](std::uint32_t point) { return isLeftOut[components.of(point)]; };
+    std::erase_if(m_disputes, [&](Dispute const& dispute) { return isGone(dispute.low); });
+    isPartial =
+        std::erase_if(segments, [&](Exact::SectionSegment const& s) { return isGone(s.from); }) > 0;
+}
+
+void Contours::dropSurplus(SectionPoints const& points)
+{
+    ::dropSurplus(segments, points);
+    std::erase_if(m_disputes, [](Dispute const& dispute) { return !dispute.isOfTurned; });
+    findFault(points);
 }
 
 /// The triangles of both halves at one edge in the plane.
-struct EdgeUse
+struct SectionContours::EdgeUse
 {
     int above = 0;
     int below = 0;
     int netAbove = 0;
     int netBelow = 0;
+
+    void add(DirectedEdge const& edge)
+    {
+        int const way = edge.isUpward ? 1 : -1;
+        // A cut triangle has its one piece above and its other piece, the other way round, below.
+        if (edge.source != Source::below) {
+            ++above;
+            netAbove += way;
+        }
+        if (edge.source != Source::above) {
+            ++below;
+            netBelow += edge.source == Source::cut ? -way : way;
+        }
+    }
+
+    bool isOnBothSides() const { return above > 0 && below > 0; }
+    bool isDisputed() const { return netAbove != -netBelow; }
+    /// How often contours run from the edge's lower point to the higher. Where the triangles do not
+    /// agree, the side with an odd number of them tells.
+    int weight() const { return isDisputed() && above % 2 == 0 ? -netBelow : netAbove; }
 };
-
-/// Adds what the use of an edge means for the contours.
-void addSegment(EdgeUse const& use, std::uint32_t low, std::uint32_t high, Segments& segments)
-{
-    if (use.above == 0 || use.below == 0)
-        return;
-    if (use.netAbove == -use.netBelow) {
-        if (use.netAbove > 0)
-            segments.push_back({low, high, use.netAbove});
-        else if (use.netAbove < 0)
-            segments.push_back({high, low, -use.netAbove});
-        return;
-    }
-    if (use.above % 2 == 1 && use.below % 2 == 1)
-        segments.push_back({low, high, 1, true});
-}
-
-/// Turns the segments of every component undirected in which some point has more ways in than out.
-void settleDirections(Segments& segments, SectionPoints const& points)
-{
-    std::vector<int> balance(points.size(), 0);
-    std::vector<int> degree(points.size(), 0);
-    // Points that contours connect.
-    DisjointSets components(points.size());
-    std::vector<bool> isUndirected(points.size(), false);
-    for (Exact::SectionSegment const& s : segments) {
-        balance[s.from] -= s.weight;
-        balance[s.to] += s.weight;
-        degree[s.from] += s.weight;
-        degree[s.to] += s.weight;
-        components.unite(s.from, s.to);
-    }
-    for (std::uint32_t v = 0; v < points.size(); ++v)
-        if (balance[v] != 0)
-            isUndirected[components.root(v)] = true;
-    for (Exact::SectionSegment const& s : segments)
-        if (s.isUndirected && s.weight > 0)
-            isUndirected[components.root(s.from)] = true;
-    for (std::uint32_t v = 0; v < points.size(); ++v)
-        if (isUndirected[components.root(v)] && degree[v] % 2 != 0)
-            throwOpen(points.place(v));
-    for (Exact::SectionSegment& s : segments)
-        s.isUndirected = s.weight > 0 && isUndirected[components.root(s.from)];
-    std::erase_if(segments, [](Exact::SectionSegment const& s) {
-        return s.isUndirected && s.weight % 2 == 0;
-    });
-}
-
-}  // namespace
 
 void SectionContours::add(std::uint32_t from, std::uint32_t to, Source source)
 {
@@ -90,33 +130,30 @@ void SectionContours::add(std::uint32_t from, std::uint32_t to, Source source)
         m_edges.push_back({std::min(from, to), std::max(from, to), source, from < to});
 }
 
-std::vector<Exact::SectionSegment> SectionContours::segments(SectionPoints const& points)
+Contours SectionContours::contours(SectionPoints const& points, SectionReach const& isReached)
 {
     std::sort(m_edges.begin(), m_edges.end(), [](DirectedEdge const& a, DirectedEdge const& b) {
         return std::tie(a.low, a.high) < std::tie(b.low, b.high);
     });
-    Segments segments;
+    Contours contours;
     for (std::size_t i = 0; i < m_edges.size();) {
+        std::uint32_t const low = m_edges[i].low, high = m_edges[i].high;
         EdgeUse use;
-        std::size_t const first = i;
-        for (; i < m_edges.size() && m_edges[i].low == m_edges[first].low &&
-               m_edges[i].high == m_edges[first].high;
-             ++i) {
-            int const way = m_edges[i].isUpward ? 1 : -1;
-            // A cut triangle has its one piece above and its other piece, the other way round,
-            // below.
-            if (m_edges[i].source != Source::below) {
-                ++use.above;
-                use.netAbove += way;
-            }
-            if (m_edges[i].source != Source::above) {
-                ++use.below;
-                use.netBelow += m_edges[i].source == Source::cut ? -way : way;
-            }
-        }
-        addSegment(use, m_edges[first].low, m_edges[first].high, segments);
+        for (; i < m_edges.size() && m_edges[i].low == low && m_edges[i].high == high; ++i)
+            use.add(m_edges[i]);
+        if (!use.isOnBothSides())
+            continue;
+        if (use.isDisputed())
+            contours.m_disputes.push_back({low, high, use.above % 2 == use.below % 2});
+        if (int const weight = use.weight(); weight > 0)
+            contours.segments.push_back({low, high, weight});
+        else if (weight < 0)
+            contours.segments.push_back({high, low, -weight});
     }
-    dropSurplus(segments, points);
-    settleDirections(segments, points);
-    return segments;
+    contours.findFault(points);
+    if (contours.fault) {
+        contours.leaveOutUnreached(points, isReached);
+        contours.findFault(points);
+    }
+    return contours;
 }

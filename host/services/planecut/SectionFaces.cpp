@@ -84,16 +84,19 @@ DisjointSets facesAmong(std::size_t pointCount, std::vector<PlaneEdge> const& me
 }  // namespace
 
 SectionFaces::SectionFaces(SectionPoints const& points, CutPlane const& plane,
-                           std::vector<WallPiece> const& pieces,
-                           std::vector<Exact::SectionSegment> const& segments,
+                           std::vector<WallPiece> const& pieces, Contours const& contours,
                            Exact::SectionFilling const& filling)
     : m_faceOf(points.size())
 {
     std::vector<PlaneEdge> const meeting = meetingEdgesOf(pieces);
-    DisjointSets sets = facesAmong(points.size(), meeting, segments, filling);
+    DisjointSets sets = facesAmong(points.size(), meeting, contours.segments, filling);
     number(sets, points, plane);
-    for (auto const& triangle : filling.triangles)
-        m_faces[m_faceOf[triangle[0]]].hasArea = true;
+    for (auto const& [a, b, c] : filling.triangles) {
+        Face& face = m_faces[m_faceOf[a]];
+        face.hasArea = true;
+        face.isHole |= contours.isPartial &&
+                       plane.facing(points.place(a), points.place(b), points.place(c)) < 0;
+    }
     for (PlaneEdge const& edge : meeting)
         m_faces[m_faceOf[edge.low]].pieces[edge.side].push_back(edge.piece);
     // The two pieces of a triangle belong together even if their common edge has no length.

@@ -19,15 +19,16 @@ public:
         bool hasArea = false;
         /// The plane mesh covers all of it; its border belongs to it.
         bool isWithinPlane = true;
+        /// It is a hole in a face whose contours were left out.
+        bool isHole = false;
         /// The places of the wall pieces that meet the face, by side.
         std::array<std::vector<std::uint32_t>, 2> pieces;
 
-        bool canBeCut() const { return hasArea && isWithinPlane; }
+        bool canBeCut() const { return hasArea && isWithinPlane && !isHole; }
     };
 
     SectionFaces(SectionPoints const& points, CutPlane const& plane,
-                 std::vector<WallPiece> const& pieces,
-                 std::vector<Exact::SectionSegment> const& segments,
+                 std::vector<WallPiece> const& pieces, Contours const& contours,
                  Exact::SectionFilling const& filling);
 
     std::vector<Face> const& faces() const { return m_faces; }

@@ -87,6 +87,14 @@ std::uint32_t SectionPoints::ofVertex(std::uint32_t vertexPlace)
     return entry->second;
 }
 
+void SectionPoints::move(std::uint32_t point, UPoint3<float> const& place)
+{
+    m_points[point].place = place;
+    for (Vertex* const vertex : m_points[point].copies)
+        if (vertex)
+            vertex->P() = place;
+}
+
 SectionPoints::Vertex* SectionPoints::vertexIn(CutSide side, std::uint32_t point)
 {
     Vertex*& vertex = m_points[point].copies[side];

@@ -34,6 +34,14 @@ public:
     std::size_t size() const { return m_points.size(); }
     UPoint3<float> const& place(std::uint32_t point) const { return m_points[point].place; }
 
+    /// Moves a point, and its vertices with it.
+    void move(std::uint32_t point, UPoint3<float> const& place);
+
+    /// The point's vertex in one half, or null.
+    Vertex const* existingIn(CutSide side, std::uint32_t point) const
+    {
+        return m_points[point].copies[side];
+    }
     /// The point's vertex in one half, made at the first call.
     Vertex* vertexIn(CutSide side, std::uint32_t point);
 

@@ -168,22 +168,25 @@ void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments,
     }
 }
 
+std::array<std::array<std::size_t, 3>, 2> SectionWalls::trianglesOf(Piece const& piece) const
+{
+    if (piece.size < 4)
+        return {{{0, 1, 2}, {0, 1, 2}}};
+    auto const place = [&](std::size_t i) { return placeOf(piece.corners[i]); };
+    // The shorter diagonal gives the better triangles.
+    if (MellMath<float>::DisPt2Pt(place(0), place(2)) <=
+        MellMath<float>::DisPt2Pt(place(1), place(3)))
+        return {{{0, 1, 2}, {0, 2, 3}}};
+    return {{{1, 2, 3}, {1, 3, 0}}};
+}
+
 void SectionWalls::writePiece(Piece const& piece)
 {
     auto const& c = piece.corners;
-    if (piece.size == 3)
-        writeTriangle(piece, c[0], c[1], c[2]);
-    if (piece.size < 4)
-        return;
-    auto const place = [&](std::size_t i) { return placeOf(piece.side, c[i]); };
-    // The shorter diagonal gives the better triangles.
-    if (MellMath<float>::DisPt2Pt(place(0), place(2)) <=
-        MellMath<float>::DisPt2Pt(place(1), place(3))) {
-        writeTriangle(piece, c[0], c[1], c[2]);
-        writeTriangle(piece, c[0], c[2], c[3]);
-    } else {
-        writeTriangle(piece, c[1], c[2], c[3]);
-        writeTriangle(piece, c[1], c[3], c[0]);
+    auto const triangles = trianglesOf(piece);
+    for (int i = 0; i < piece.size - 2; ++i) {
+        auto const& [first, second, third] = triangles[std::size_t(i)];
+        writeTriangle(piece, c[first], c[second], c[third]);
     }
 }
 
@@ -219,6 +222,7 @@ void SectionWalls::writeTriangle(Piece const& piece, Corner const& a, Corner con
     triangle->N() = piece.origin->cN();
     m_copies.mesh(piece.side).AddTriangle(triangle);
     m_written[piece.side].push_back(triangle);
+    m_origins[piece.side].push_back(piece.origin);
 }
 
 SectionWalls::Vertex* SectionWalls::vertexOf(CutSide side, Corner const& corner)
@@ -227,7 +231,7 @@ SectionWalls::Vertex* SectionWalls::vertexOf(CutSide side, Corner const& corner)
                             : m_copies.copyIn(side, corner.vertex);
 }
 
-UPoint3<float> SectionWalls::placeOf(CutSide side, Corner const& corner)
+UPoint3<float> SectionWalls::placeOf(Corner const& corner) const
 {
-    return vertexOf(side, corner)->cP();
+    return corner.isPoint() ? m_points.place(corner.point) : m_copies.copyOf(corner.vertex)->cP();
 }

@@ -58,8 +58,13 @@ public:
     void write(std::vector<Exact::SectionSegment> const& segments,
                std::function<void(int)> const& progress);
 
-    /// The triangles written, by side.
+    /// The triangles written, by side, and those that they are parts of.
     std::vector<Triangle*> const& written(CutSide side) const { return m_written[side]; }
+    std::vector<Triangle const*> const& origins(CutSide side) const { return m_origins[side]; }
+
+    /// The corners of the two triangles that a piece is written as, or twice those of the one.
+    std::array<std::array<std::size_t, 3>, 2> trianglesOf(WallPiece const& piece) const;
+    UPoint3<float> placeOf(WallCorner const& corner) const;
 
 private:
     using Corner = WallCorner;
@@ -76,7 +81,6 @@ private:
     void writePiece(Piece const& piece);
     void writeTriangle(Piece const& piece, Corner const& a, Corner const& b, Corner const& c);
     std::vector<std::uint32_t> const* splitsOf(Corner const& from, Corner const& to) const;
-    UPoint3<float> placeOf(CutSide side, Corner const& corner);
     Vertex* vertexOf(CutSide side, Corner const& corner);
 
     SideCopies& m_copies;
@@ -85,4 +89,5 @@ private:
     std::vector<Piece> m_pieces;
     std::unordered_map<std::uint64_t, std::vector<std::uint32_t>> m_splits;
     std::array<std::vector<Triangle*>, 2> m_written;
+    std::array<std::vector<Triangle const*>, 2> m_origins;
 };
