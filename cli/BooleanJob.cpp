@@ -2,7 +2,7 @@
 #include "cli/BooleanJob.h"
 
 #include "cli/OtherFileError.h"
-#include "host/services/boolean/OperandError.h"
+#include "host/mesh/OperandError.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Intersect.h"
@@ -66,7 +66,7 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
                       ? split(solidA, solidB, progress)
                       : combine(solidA, solidB, operation, progress);
     } catch (OperandError const& error) {
-        if (error.operand() == Operand::first)
+        if (!error.isSecond())
             throw;
         throw OtherFileError(b.label, error.what());
     }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/Refusals.h"
 
+#include "host/mesh/OperandError.h"
 #include "host/services/EdgeGroups.h"
 #include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
-#include "host/services/boolean/OperandError.h"
 
 #include <QCoreApplication>
 
@@ -96,7 +96,7 @@ std::optional<Flaw> nearestFlaw(MeshArrays const& operand, std::optional<Point> 
             : QCoreApplication::translate("Services",
                                           "The tool crosses itself near (%1, %2, %3), so that the "
                                           "two could not be combined. Repair it and cut again.");
-    throw OperandError(operand, withPlace(text, flaw.place).toStdString());
+    throw OperandError(operand == Operand::second, withPlace(text, flaw.place).toStdString());
 }
 
 }  // namespace
@@ -111,7 +111,7 @@ void Refusal::throwOpen(Operand operand, Point const& place)
             : QCoreApplication::translate("Services",
                                           "The tool is open where the two meet, near (%1, %2, "
                                           "%3). Repair it and cut again.");
-    throw OperandError(operand, withPlace(text, place).toStdString());
+    throw OperandError(operand == Operand::second, withPlace(text, place).toStdString());
 }
 
 void Refusal::throwNotFinite(Operand operand, std::optional<Point> const& place)
@@ -133,19 +133,19 @@ void Refusal::throwNotFinite(Operand operand, std::optional<Point> const& place)
             : QCoreApplication::translate("Services",
                                           "The tool has a point whose coordinates are no numbers. "
                                           "Repair it and cut again.");
-    throw OperandError(operand, (place ? withPlace(text, *place) : text).toStdString());
+    throw OperandError(operand == Operand::second,
+                       (place ? withPlace(text, *place) : text).toStdString());
 }
 
 void Refusal::throwFlat(Point const& place)
 {
-    throw OperandError(
-        Operand::first,
-        withPlace(QCoreApplication::translate("Services",
-                                              "The part has triangles without area that cannot be "
-                                              "removed, near (%1, %2, %3). Repair it and cut "
-                                              "again."),
-                  place)
-            .toStdString());
+    throw OperandError(false, withPlace(QCoreApplication::translate(
+                                            "Services",
+                                            "The part has triangles without area that cannot be "
+                                            "removed, near (%1, %2, %3). Repair it and cut "
+                                            "again."),
+                                        place)
+                                  .toStdString());
 }
 
 void Refusal::throwTooMuch()

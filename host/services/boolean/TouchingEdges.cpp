@@ -20,6 +20,8 @@ using Vector = UVector3<double>;
 /// How far off the middle of an edge a new point may lie, in units of the last place.
 constexpr std::array unitsInward{1.5, 3.0, 6.0};
 constexpr std::array unitsAround{1, 2, 4};
+/// What opens less is a layer: about eleven degrees.
+constexpr double narrow = 0.02;
 
 Vector offset(Point const& from, Point const& to)
 {
@@ -264,6 +266,9 @@ std::vector<UPoint3<float>> TouchingEdges::placesAside(Pair const& pair) const
         Vector const way = along + aside;
         places.emplace_back(float(a[0] + way[0]), float(a[1] + way[1]), float(a[2] + way[2]));
     };
+    // A layer thinner than floats tell has no room within.
+    if (openingOf(pair) < narrow)
+        add({});
     for (double const units : unitsInward)
         add(inward * (units * unit));
     for (int const units : unitsAround)
