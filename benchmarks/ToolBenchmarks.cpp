@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/mesh/UMesh.h"
-#include "tests/tools/OutlineScene.h"
+#include "tests/tools/ToothedPolygon.h"
 #include "tools/PolygonOutline.h"
 #include "tools/PolygonProperty.h"
 #include "tools/PrismMesh.h"
@@ -97,6 +97,31 @@ void makeToolSolids(benchmark::State& state)
     state.counters["triangles"] = double(triangles);
 }
 
+enum Edge
+{
+    Level,
+    Turned,
+    Round
+};
+
+ToothedPolygon teethOn(int edge, int style)
+{
+    constexpr int teeth = 300;
+    if (edge == Round)
+        return ToothedPolygon::round(style, teeth / 5);
+    return ToothedPolygon::strip(style, teeth, edge == Level ? 0 : 0.3);
+}
+
+/// 300 teeth with rounded corners and a clearance on both sides.
+void updateTeeth(benchmark::State& state)
+{
+    ToothedPolygon polygon = teethOn(int(state.range(0)), int(state.range(1)));
+    float const clearance = float(state.range(2)) / 100;
+    for (auto _ : state)
+        if (polygon.update(true, clearance).outerLoops.empty())
+            throw std::logic_error("the teeth were refused");
+}
+
 /// Points anywhere, with half a million crossings.
 void resolveScribble(benchmark::State& state)
 {
@@ -118,5 +143,11 @@ BENCHMARK(updateOutline)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(makeToolSolids)
     ->ArgsProduct({{Circle, Flower, Teeth}, {0, 1}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+// Arguments: how the edge runs, style of the teeth, clearance in hundredths of a millimetre.
+BENCHMARK(updateTeeth)
+    ->ArgsProduct({{Level, Turned, Round}, {0, 1, 2}, {10, 25}})
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(resolveScribble)->Unit(benchmark::kMillisecond);

@@ -141,7 +141,8 @@ void ConnectorPreview::ask()
     SectionPlanes const planes(*scene.plane, scene.parts, scene.isBounded);
     for (Mesh::DocumentObject* const part : scene.parts)
         if (MeshKernel const* const kernel = kernelOfPart(part)) {
-            SurveyRequest& request = m_requests.emplace_back(part, PlacedMesh(*kernel), planes);
+            SurveyRequest& request =
+                m_requests.emplace_back(SurveyRequest{part, PlacedMesh(*kernel), planes});
             request.connectors = scene.connectors;
             request.wantsCentreLines = isPins && m_byHand->isChecked();
             if (auto const choice = m_choices.find(part); choice != m_choices.end() && isPins)

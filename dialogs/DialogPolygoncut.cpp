@@ -427,6 +427,7 @@ void DialogPolygoncut::on_cut_clicked()
 bool DialogPolygoncut::handOver(std::vector<UMesh<float>*> const& meshes)
 {
     std::vector<MeshKernel*> kernels;
+    kernels.reserve(meshes.size());
     for (UMesh<float>* const mesh : meshes)
         kernels.push_back(new MeshKernel(mesh));
     bool const isEmpty = kernels.empty() || kernels.front()->getMesh()->triangles.empty();

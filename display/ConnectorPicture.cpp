@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/ConnectorPicture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -12,7 +13,11 @@ namespace {
 using Point = UPoint3<float>;
 using Vector = UVector3<float>;
 
-constexpr std::size_t facets = 24;
+// Of one cylinder; the more there are, the fewer facets each has.
+constexpr std::size_t mostFacets = 24;
+constexpr std::size_t leastFacets = 4;
+/// Of all cylinders together, as far as that goes: what a picture in software can take.
+constexpr std::size_t facetsOfAll = 24000;
 /// Lines along a cylinder, between its ends.
 constexpr std::size_t sideLines = 4;
 constexpr ConnectorLook looks[] = {ConnectorLook::Ghost, ConnectorLook::Hole, ConnectorLook::Pin,
@@ -48,6 +53,11 @@ std::array<Vector, 2> across(Vector const& axis)
 class PictureWriter
 {
 public:
+    explicit PictureWriter(std::size_t cylinders)
+        : m_facets(std::clamp(facetsOfAll / std::max<std::size_t>(cylinders, 1), leastFacets,
+                              mostFacets))
+    {}
+
     ConnectorPicture write(ConnectorShapes const& shapes)
     {
         for (ConnectorLook const look : looks) {
@@ -69,18 +79,18 @@ public:
     }
 
 private:
-    using Ring = std::array<Point, facets>;
+    using Ring = std::vector<Point>;
 
-    static std::array<Ring, 2> ringsOf(ConnectorShapes::Cylinder const& cylinder)
+    std::array<Ring, 2> ringsOf(ConnectorShapes::Cylinder const& cylinder) const
     {
         auto const [u, v] = across(cylinder.top - cylinder.bottom);
         std::array<Ring, 2> rings;
-        for (std::size_t i = 0; i < facets; ++i) {
-            float const angle = float(i) * 2 * std::numbers::pi_v<float> / float(facets);
+        for (std::size_t i = 0; i < m_facets; ++i) {
+            float const angle = float(i) * 2 * std::numbers::pi_v<float> / float(m_facets);
             Vector const out =
                 u * (cylinder.radius * std::cos(angle)) + v * (cylinder.radius * std::sin(angle));
-            rings[0][i] = cylinder.bottom + out;
-            rings[1][i] = cylinder.top + out;
+            rings[0].push_back(cylinder.bottom + out);
+            rings[1].push_back(cylinder.top + out);
         }
         return rings;
     }
@@ -88,8 +98,8 @@ private:
     void addFaces(ConnectorShapes::Cylinder const& cylinder)
     {
         auto const [low, high] = ringsOf(cylinder);
-        for (std::size_t i = 0; i < facets; ++i) {
-            std::size_t const next = (i + 1) % facets;
+        for (std::size_t i = 0; i < m_facets; ++i) {
+            std::size_t const next = (i + 1) % m_facets;
             for (Point const& p :
                  {cylinder.bottom, low[next], low[i], cylinder.top, high[i], high[next], low[i],
                   low[next], high[next], low[i], high[next], high[i]})
@@ -102,7 +112,7 @@ private:
         auto const [low, high] = ringsOf(cylinder);
         for (Ring const& ring : {low, high})
             addLine(ring);
-        for (std::size_t i = 0; i < facets; i += facets / sideLines) {
+        for (std::size_t i = 0; i < m_facets; i += m_facets / sideLines) {
             add(low[i]);
             add(high[i]);
         }
@@ -137,6 +147,7 @@ private:
         m_begin = end;
     }
 
+    std::size_t m_facets;
     ConnectorPicture m_picture;
     int m_begin = 0;
 };
@@ -145,7 +156,7 @@ private:
 
 ConnectorPicture pictureOf(ConnectorShapes const& shapes)
 {
-    return PictureWriter().write(shapes);
+    return PictureWriter(shapes.cylinders.size()).write(shapes);
 }
 
 }  // namespace Freecut

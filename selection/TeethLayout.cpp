@@ -56,6 +56,7 @@ TeethFault layOutTeeth(TeethParas const& paras, float edgeLength, TeethLayout& l
 std::vector<UPoint3<float>> teethCentres(EdgeFrame const& edge, TeethLayout const& layout)
 {
     std::vector<UPoint3<float>> centres;
+    centres.reserve(std::size_t(std::max(layout.count, 0)));
     for (int j = 0; j < layout.count; ++j)
         centres.push_back(edge.a + edge.dir * layout.first +
                           (edge.dir * float(j)) * layout.spacing);

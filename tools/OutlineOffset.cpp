@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/OutlineOffset.h"
 
-#include "tools/OffsetEffort.h"
+#include "tools/CurveCrossings.h"
+#include "tools/GridLoops.h"
+#include "tools/OffsetCurves.h"
+#include "tools/WoundRegion.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace Freecut {
 
@@ -11,59 +17,177 @@ namespace {
 
 constexpr double gridUnitsPerMm = 1000.0;
 
-/// Some five seconds of work.
-constexpr double mostEffort = 5e7;
+/// With more crossings an outline is moved by half the way first. Corners near to each other are
+/// then merged early, which leaves less to cross for the rest of the way.
+constexpr std::size_t manyCrossings = 2'000'000;
+/// Some gigabytes. Steps this short are not divided any more.
+constexpr std::size_t mostCrossings = 40'000'000;
+constexpr double shortStep = 8;
 
-double onGrid(double distance)
+double truncated(double distance)
 {
     return double(std::int64_t(distance * gridUnitsPerMm));
 }
 
-ClipperLib::Paths pathsOf(Loops const& outlines, SketchPlane const& plane)
+Curves curvesOf(Loops const& outlines, SketchPlane const& plane)
 {
-    ClipperLib::Paths paths;
-    paths.reserve(outlines.size());
+    Curves curves;
+    curves.reserve(outlines.size());
     for (Ring const& ring : outlines) {
-        ClipperLib::Path& path = paths.emplace_back();
-        path.reserve(ring.size());
+        Curve& curve = curves.emplace_back();
+        curve.reserve(ring.size());
         for (UPoint3<float> const& point : ring) {
             UPoint3<float> const eye = plane.toEye(point);
-            path.emplace_back(std::int64_t(eye.X() * 1000.0f), std::int64_t(eye.Y() * 1000.0f));
+            curve.emplace_back(std::trunc(eye.X() * 1000.0f), std::trunc(eye.Y() * 1000.0f));
         }
     }
-    return paths;
+    return curves;
+}
+
+double signedArea(Curve const& curve)
+{
+    double area = 0;
+    for (std::size_t i = 0; i < curve.size(); ++i) {
+        UPoint2<double> const &a = curve[i], &b = curve[i + 1 < curve.size() ? i + 1 : 0];
+        area += (a.X() + b.X()) * (b.Y() - a.Y()) / 2;
+    }
+    return area;
+}
+
+/// The highest point counts more the higher it is, then the farther to the left.
+template <typename Point>
+std::pair<double, double> heightOf(std::vector<Point> const& curve)
+{
+    std::pair<double, double> highest(-HUGE_VAL, 0);
+    for (Point const& p : curve)
+        highest = std::max(highest, std::pair(double(p.Y()), -double(p.X())));
+    return highest;
+}
+
+void makeHighestRunAnticlockwise(Curves& curves)
+{
+    Curve const* highest = nullptr;
+    std::pair<double, double> height;
+    for (Curve const& curve : curves) {
+        std::pair<double, double> const other = heightOf(curve);
+        if (!highest || height < other) {
+            highest = &curve;
+            height = other;
+        }
+    }
+    if (!highest || signedArea(*highest) >= 0)
+        return;
+    for (Curve& curve : curves)
+        std::reverse(curve.begin(), curve.end());
+}
+
+/// The highest first.
+GridLoops sortedByHeight(GridLoops loops)
+{
+    std::vector<std::pair<std::pair<double, double>, std::size_t>> order;
+    for (std::size_t i = 0; i < loops.size(); ++i) {
+        auto const [y, negativeX] = heightOf(loops[i]);
+        order.push_back({{-y, -negativeX}, i});
+    }
+    std::sort(order.begin(), order.end());
+    GridLoops sorted;
+    sorted.reserve(loops.size());
+    for (auto const& [height, i] : order)
+        sorted.push_back(std::move(loops[i]));
+    return sorted;
+}
+
+bool canBeHeld(Curves const& curves)
+{
+    return std::all_of(curves.begin(), curves.end(), [](Curve const& curve) {
+        return std::all_of(curve.begin(), curve.end(), [](UPoint2<double> const& p) {
+            // Written so that what is no number cannot, too.
+            return std::abs(p.X()) < ShakenCurves::reach && std::abs(p.Y()) < ShakenCurves::reach;
+        });
+    });
+}
+
+/// Where an outline turns back on itself it cannot be told on which side it goes on.
+bool turnsBack(Curve const& curve)
+{
+    std::size_t const n = curve.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        UVector2<double> const in = curve[i] - curve[i > 0 ? i - 1 : n - 1];
+        UVector2<double> const out = curve[i + 1 < n ? i + 1 : 0] - curve[i];
+        if (in.X() * out.Y() == in.Y() * out.X() && in.X() * out.X() + in.Y() * out.Y() < 0)
+            return true;
+    }
+    return false;
+}
+
+bool haveCrossings(Curves const& curves)
+{
+    if (std::any_of(curves.begin(), curves.end(), turnsBack))
+        return true;
+    std::vector<CurveCrossing> crossings;
+    return ShakenCurves(curves, 0).findCrossings(0, crossings) != ShakenCurves::Search::Done;
+}
+
+bool fitsIntoSquare(Curve const& curve, double side)
+{
+    auto const fits = [&](auto coordinate) {
+        auto const [low, high] = std::minmax_element(
+            curve.begin(), curve.end(),
+            [&](auto const& a, auto const& b) { return coordinate(a) < coordinate(b); });
+        return coordinate(*high) - coordinate(*low) <= side;
+    };
+    return curve.empty() || (fits([](UPoint2<double> const& p) { return p.X(); }) &&
+                             fits([](UPoint2<double> const& p) { return p.Y(); }));
+}
+
+std::optional<Curves> movedCurves(Curves const& outlines, double distance, bool areSimple)
+{
+    Curves images;
+    for (Curve const& outline : outlines) {
+        bool const isShort = areSimple && !fitsIntoSquare(outline, 2 * std::abs(distance));
+        Curve image =
+            offsetCurve(outline, distance, isShort ? InnerJoin::Short : InnerJoin::ThroughCorner);
+        if (!image.empty())
+            images.push_back(std::move(image));
+    }
+    bool const isLast = std::abs(distance) <= shortStep;
+    std::optional<Curves> region =
+        outlineOfWoundRegion(images, isLast ? mostCrossings : manyCrossings);
+    if (region || isLast)
+        return region;
+    images = {};
+    region = movedCurves(outlines, distance / 2, areSimple);
+    return region ? movedCurves(*region, distance / 2, true) : region;
 }
 
 }  // namespace
 
 OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
-    : m_plane(plane), m_paths(pathsOf(outlines, plane))
+    : m_plane(plane), m_outlines(curvesOf(outlines, plane)), m_canBeHeld(canBeHeld(m_outlines))
 {
-    for (ClipperLib::Path const& path : m_paths)
-        m_pointCount += path.size();
+    for (Curve const& curve : m_outlines)
+        m_pointCount += curve.size();
+    if (!m_canBeHeld)
+        return;
+    makeHighestRunAnticlockwise(m_outlines);
+    m_isSimple = !haveCrossings(m_outlines);
 }
 
-bool OutlineOffset::isTooComplicated(double distance) const
+std::optional<Loops> OutlineOffset::moved(double distance) const
 {
-    // Each edge and each corner meets every corner at most.
-    double const points = double(m_pointCount);
-    return 2 * points * points > mostEffort && offsetEffort(m_paths, onGrid(distance)) > mostEffort;
-}
-
-Loops OutlineOffset::moved(double distance) const
-{
-    ClipperLib::ClipperOffset offset(2.0, 0.25);
-    offset.AddPaths(m_paths, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
-    ClipperLib::Paths paths;
-    offset.Execute(paths, onGrid(distance));
+    std::optional<Curves> const region =
+        m_canBeHeld ? movedCurves(m_outlines, truncated(distance), m_isSimple) : std::nullopt;
+    if (!region)
+        return {};
+    GridLoops const loops = sortedByHeight(onGrid(*region));
     Loops outlines;
-    outlines.reserve(paths.size());
-    for (ClipperLib::Path const& path : paths) {
+    outlines.reserve(loops.size());
+    for (GridLoop const& loop : loops) {
         Ring& ring = outlines.emplace_back();
-        ring.reserve(path.size());
-        for (ClipperLib::IntPoint const& point : path)
-            ring.push_back(m_plane.toWorld(float(double(point.X) / gridUnitsPerMm),
-                                           float(double(point.Y) / gridUnitsPerMm)));
+        ring.reserve(loop.size());
+        for (UPoint2<std::int64_t> const& point : loop)
+            ring.push_back(m_plane.toWorld(float(double(point.X()) / gridUnitsPerMm),
+                                           float(double(point.Y()) / gridUnitsPerMm)));
     }
     return outlines;
 }

@@ -1,38 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tools/Curves.h"
 #include "tools/Loops.h"
 #include "tools/SketchPlane.h"
 
-#include <polyclipping/clipper.hpp>
+#include <optional>
 
 namespace Freecut {
 
-/// Moves outlines of a tool sideways in its plane, on a grid of 0.001 mm, with round corners.
+/// Moves outlines of a tool sideways in its plane, on a grid of 0.001 mm, with round corners that
+/// are true to 0.00025 mm.
 class OutlineOffset
 {
 public:
     OutlineOffset(Loops const& outlines, SketchPlane const& plane);
 
-    /// Whether moving them would take more than some seconds: the outlines have so many corners so
-    /// near each other that they cross themselves all over once they are moved.
-    ///
-    /// distance  as for moved
-    bool isTooComplicated(double distance) const;
-
     /// The outlines moved outward, or inward by a negative distance, which is truncated to the
-    /// grid. Outlines may join, fall apart, enclose a hole or vanish.
+    /// grid. Outlines may join, fall apart, enclose a hole or vanish. Holes run the other way
+    /// around; the loop that reaches highest in the plane comes first.
     ///
     /// distance  millimetres
+    /// returns   nothing if that would take gigabytes, or beyond 100,000 km
     /// thread    any; several at once
-    Loops moved(double distance) const;
+    /// cost      in proportion to points and crossings of the moved outlines
+    std::optional<Loops> moved(double distance) const;
 
     std::size_t pointCount() const { return m_pointCount; }
 
 private:
     SketchPlane m_plane;
-    ClipperLib::Paths m_paths;
+    /// In grid units; the one that reaches highest runs anticlockwise.
+    Curves m_outlines;
     std::size_t m_pointCount = 0;
+    bool m_canBeHeld;
+    /// No outline crosses itself or another one.
+    bool m_isSimple = false;
 };
 
 }  // namespace Freecut

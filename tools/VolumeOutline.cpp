@@ -101,29 +101,29 @@ void VolumeOutline::deriveClearance(SketchPlane const& plane)
     double const clearance = m_record.getClearance();
     int const direction = m_record.getClearanceDirection();
     bool const isInward = goesInward(direction), isOutward = goesOutward(direction);
-    if ((isInward && offset.isTooComplicated(-clearance)) ||
-        (isOutward && offset.isTooComplicated(clearance))) {
-        refuseClearance();
-        return;
-    }
     bool const isParallel = isInward && isOutward && offset.pointCount() > fewPoints;
-    std::future<void> inward;
+    std::future<bool> inward;
     if (isInward)
         inward = std::async(
             isParallel ? std::launch::async | std::launch::deferred : std::launch::deferred,
-            [&] { deriveMoved(m_outlines.innerLoops, offset, -clearance); });
-    if (isOutward)
-        deriveMoved(m_outlines.outerLoops, offset, clearance);
+            [&] { return deriveMoved(m_outlines.innerLoops, offset, -clearance); });
+    bool isDone = !isOutward || deriveMoved(m_outlines.outerLoops, offset, clearance);
     if (isInward)
-        inward.get();
+        isDone = inward.get() && isDone;
+    if (!isDone)
+        refuseClearance();
 }
 
-void VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const
+bool VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const
 {
-    loops = offset.moved(distance);
+    std::optional<Loops> moved = offset.moved(distance);
+    if (!moved)
+        return false;
+    loops = std::move(*moved);
     keepPaths(loops);
     if (rounding().counts())
         round(loops);
+    return true;
 }
 
 void VolumeOutline::refuseClearance()

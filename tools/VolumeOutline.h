@@ -75,8 +75,8 @@ private:
     Loops nominalWithoutRepeat() const;
     void round(Loops& loops) const;
     void deriveClearance(SketchPlane const& plane);
-    /// Runs for both sides at once.
-    void deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const;
+    /// Runs for both sides at once. False if the outline is too complicated.
+    bool deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const;
     void refuseClearance();
     void keepPaths(Loops& paths) const;
     void chooseCaps();

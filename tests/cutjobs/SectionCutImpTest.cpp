@@ -64,6 +64,28 @@ int reportCount(SECTIONCUTTYPE type)
 
 }  // namespace
 
+TEST(SectionCutImp, PartsThatThePlaneMissesAreToldOfAndNoOthers)
+{
+    TestDocument test;
+    auto* const above = test.add(box(30, 30, 30, {0, 0, 20}), "above");
+    auto* const cut = test.add(block, "cut");
+    auto* const aside = test.add(box(30, 30, 30, {100, 0, 0}), "aside");
+    for (bool const isBounded : {false, true}) {
+        SectionRun run({above, cut, aside});
+        run.worker.setCheckBoundary(isBounded);
+        run.worker.doWork();
+        ASSERT_EQ(run.worker.remarks().size(), isBounded ? 2u : 1u);
+        EXPECT_EQ(run.worker.remarks()[0].part, above);
+        if (isBounded) {
+            EXPECT_EQ(run.worker.remarks()[1].part, aside);
+        }
+        for (CutRemark const& remark : run.worker.remarks()) {
+            EXPECT_EQ(remark.kind, CutRemark::Kind::NothingCut);
+            EXPECT_EQ(remark.text.find("rectangle") != std::string::npos, isBounded);
+        }
+    }
+}
+
 TEST(SectionCutImp, APartThatThePlaneMissesIsNotCopied)
 {
     TestDocument test;

@@ -58,6 +58,23 @@ TEST(ZCutImp, TheResultHoldsTheUpperPieceFirst)
     EXPECT_EQ(pieces[0]->GetBox().MinZ(), 1);
 }
 
+TEST(ZCutImp, PartsThatThePlaneMissesAreToldOfAndNoOthers)
+{
+    TestDocument test;
+    auto* const above = test.add(box(1, 1, 1, {0, 0, 5}), "above");
+    auto* const below = test.add(box(1, 1, 1, {5, 0, 0}), "below");
+    auto* const empty = test.add({}, "empty");
+    WorkerRun run({above, test.add(box(2, 2, 4), "cut"), below, empty}, 2);
+    run.worker.doWork();
+    ASSERT_EQ(run.worker.remarks().size(), 2u);
+    EXPECT_EQ(run.worker.remarks()[0].part, above);
+    EXPECT_EQ(run.worker.remarks()[1].part, below);
+    for (CutRemark const& remark : run.worker.remarks()) {
+        EXPECT_EQ(remark.kind, CutRemark::Kind::NothingCut);
+        EXPECT_EQ(remark.text, "Nothing was cut: the plane misses the part.");
+    }
+}
+
 TEST(ZCutImp, ASecondJobAddsToTheFirstOnesResult)
 {
     TestDocument test;

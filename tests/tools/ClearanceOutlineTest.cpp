@@ -4,7 +4,6 @@
 #include "tools/CuboidProperty.h"
 #include "tools/CylinderOutline.h"
 #include "tools/CylinderProperty.h"
-#include "tools/OffsetEffort.h"
 #include "tools/OutlineOffset.h"
 #include "tools/PolygonOutline.h"
 #include "tools/PolygonProperty.h"
@@ -178,7 +177,8 @@ TEST(ClearanceOutline, TheCornersOfAMovedOutlineAreRoundedOnceMore)
     scene.record.setRoundCorners(true);
     scene.record.setCornerRadius(1);
     ToolOutlines const& outlines = scene.update(1, 0.5f);
-    Ring once = Freecut::OutlineOffset({outlines.roundedRing()}, {scene.camera, 0}).moved(0.5)[0];
+    Ring once =
+        Freecut::OutlineOffset({outlines.roundedRing()}, {scene.camera, 0}).moved(0.5)->front();
     EXPECT_GT(outlines.outerRing().size(), once.size());
     EXPECT_LT(signedArea(seen(outlines.outerRing(), scene.camera)),
               signedArea(seen(once, scene.camera)));
@@ -232,35 +232,32 @@ TEST(ClearanceOutline, IsTakenFromTheRoundedOutline)
               signedArea(seen(sharp.update(1, 0.5f).outerRing(), sharp.camera)) - 3);
 }
 
-TEST(ClearanceOutline, WorkIsForeseenByCornersAtTheHeightOfEdges)
+TEST(ClearanceOutline, OfManyCornersNearEachOtherIsTheHullOfTheirDisks)
 {
-    ClipperLib::Paths const square{{{0, 0}, {1000, 0}, {1000, 1000}, {0, 1000}}};
-    // Two corners at the height of each level edge, four at that of each upright one.
-    EXPECT_EQ(Freecut::offsetEffort(square, 100), 12);
-    // Inward each corner has edges to its images, which reach two corners.
-    EXPECT_EQ(Freecut::offsetEffort(square, -100), 20);
-    EXPECT_EQ(Freecut::offsetEffort(square, -1000), 28) << "all four corners";
-    ClipperLib::Paths const reversed{{{0, 1000}, {1000, 1000}, {1000, 0}, {0, 0}}};
-    EXPECT_EQ(Freecut::offsetEffort(reversed, -100), 20);
-    EXPECT_EQ(Freecut::offsetEffort({}, 100), 0);
-}
-
-TEST(ClearanceOutline, OfTooManyCornersForItIsRefused)
-{
-    Ring comb{{80, -10, 0}, {0, -10, 0}};
-    for (int i = 0; i < 8000; ++i)
+    // 800 spikes of half a millimetre, a hundredth apart, are merged into a bar of 8 mm.
+    Ring comb{{8, -10, 0}, {0, -10, 0}};
+    for (int i = 0; i < 800; ++i)
         comb.push_back({0.01f * float(i), i % 2 ? 0.0f : 0.5f, 0});
     std::reverse(comb.begin(), comb.end());
     PolygonScene scene(comb);
+    ToolOutlines const& outlines = scene.update(1, 2);
+    EXPECT_EQ(outlines.problem, "");
+    ASSERT_EQ(outlines.outerLoops.size(), 1u);
+    double const area = std::abs(signedArea(seen(outlines.outerLoops[0], scene.camera)));
+    EXPECT_NEAR(area, 8 * 10.5 + 2 * (8 + 10.5) * 2 + M_PI * 4, 0.1);
+}
+
+TEST(ClearanceOutline, BeyondTheEndOfTheWorldIsRefused)
+{
+    PolygonScene scene({{0, 0, 0}, {3e11f, 0, 0}, {0, 3e11f, 0}});
     for (int const direction : {0, 1, 2}) {
         ToolOutlines const& outlines = scene.update(direction, 2);
         EXPECT_NE(outlines.problem.find("choose a smaller clearance"), std::string::npos);
         EXPECT_TRUE(outlines.solidLoops.empty());
         EXPECT_TRUE(outlines.innerLoops.empty());
         EXPECT_TRUE(outlines.outerLoops.empty());
-        EXPECT_EQ(outlines.outlineBuffer.size(), 3 * comb.size()) << "still drawn";
+        EXPECT_FALSE(outlines.outlineBuffer.empty()) << "still drawn";
         EXPECT_TRUE(scene.outline.outerOutline().empty());
     }
     EXPECT_EQ(scene.update(2, 0.0005f).problem, "") << "off";
-    EXPECT_EQ(scene.outline.outlines().solidLoops.size(), 1u);
 }
