@@ -18,8 +18,9 @@ using Point = UPoint3<float>;
 using Vector = UVector3<double>;
 
 /// How far off the middle of an edge a new point may lie, in units of the last place.
-constexpr std::array unitsInward{1.5, 3.0, 6.0};
-constexpr std::array unitsAround{1, 2, 4};
+constexpr std::array unitsInward{0.75, 1.5, 3.0};
+constexpr std::array unitsInLayer{0.25, 0.5, 0.75};
+constexpr std::array unitsAround{0.5, 1.0, 2.0, 4.0};
 /// What opens less is a layer: about eleven degrees.
 constexpr double narrow = 0.02;
 
@@ -267,11 +268,12 @@ std::vector<UPoint3<float>> TouchingEdges::placesAside(Pair const& pair) const
         places.emplace_back(float(a[0] + way[0]), float(a[1] + way[1]), float(a[2] + way[2]));
     };
     // A layer thinner than floats tell has no room within.
-    if (openingOf(pair) < narrow)
+    bool const isNarrow = openingOf(pair) < narrow;
+    if (isNarrow)
         add({});
-    for (double const units : unitsInward)
+    for (double const units : isNarrow ? unitsInLayer : unitsInward)
         add(inward * (units * unit));
-    for (int const units : unitsAround)
+    for (double const units : unitsAround)
         for (int direction = 0; direction < 27; ++direction)
             add(Vector(direction % 3 - 1, direction / 3 % 3 - 1, direction / 9 - 1) *
                 (units * unit));
