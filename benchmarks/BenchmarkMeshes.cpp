@@ -5,6 +5,7 @@
 #include "host/formats/PartFiles.h"
 #include "tests/support/MeshBuilders.h"
 
+#include <algorithm>
 #include <fstream>
 #include <map>
 #include <string>
@@ -22,6 +23,49 @@ std::unique_ptr<MeshKernel> makePart(int millions)
         soup = sphere(50, 370, 370);
     while (soup.triangles.size() < triangles)
         soup = subdivided(soup);
+    return kernelOf(soup);
+}
+
+/// Not as wide as the triangle that it is about the middle of.
+Soup octahedronIn(Soup const& soup, std::size_t triangle)
+{
+    auto const& corners = soup.triangles[triangle];
+    UPoint3<float> const &a = soup.points[corners[0]], &b = soup.points[corners[1]],
+                         &c = soup.points[corners[2]];
+    UPoint3<float> const middle = (a + b + c) * (1.0f / 3);
+    float const reach =
+        0.3f * std::max({(b - a).GetLength(), (c - b).GetLength(), (a - c).GetLength()});
+    Soup small;
+    for (int axis = 0; axis < 3; ++axis)
+        for (float const sign : {1.0f, -1.0f}) {
+            UPoint3<float> tip = middle;
+            tip[axis] += sign * reach * (1 + 0.1f * float(axis));
+            small.add(tip);
+        }
+    for (auto const& [x, y] : {std::pair(0, 2), {2, 1}, {1, 3}, {3, 0}}) {
+        small.add(std::uint32_t(x), std::uint32_t(y), 4);
+        small.add(std::uint32_t(y), std::uint32_t(x), 5);
+    }
+    return small;
+}
+
+std::unique_ptr<MeshKernel> makePartWithCrossings()
+{
+    Soup soup = soupOf(largePart(1));
+    UBox3<float> const box = largePart(1).GetBox();
+    float const level = (box.MinZ() + box.MaxZ()) / 2;
+    std::vector<std::size_t> atLevel;
+    for (std::size_t t = 0; t < soup.triangles.size(); ++t) {
+        float low = soup.points[soup.triangles[t][0]].Z(), high = low;
+        for (std::uint32_t const corner : soup.triangles[t]) {
+            low = std::min(low, soup.points[corner].Z());
+            high = std::max(high, soup.points[corner].Z());
+        }
+        if (low < level && level < high)
+            atLevel.push_back(t);
+    }
+    for (std::size_t const place : {std::size_t(0), atLevel.size() / 2})
+        soup.append(octahedronIn(soup, atLevel.at(place)));
     return kernelOf(soup);
 }
 
@@ -55,6 +99,12 @@ MeshKernel const& largePart(int millions)
     auto& part = parts[millions];
     if (!part)
         part = makePart(millions);
+    return *part;
+}
+
+MeshKernel const& largePartWithCrossings()
+{
+    static std::unique_ptr<MeshKernel> const part = makePartWithCrossings();
     return *part;
 }
 

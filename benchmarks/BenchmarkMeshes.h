@@ -11,6 +11,10 @@
 /// scanned head, split and smoothed, or a ball where that model is missing.
 MeshKernel const& largePart(int millions);
 
+/// That part of one million with small octahedra stuck in its surface at the level of its middle, as
+/// flaws that a cut there touches.
+MeshKernel const& largePartWithCrossings();
+
 /// A file of that part in a format of the registry, made once and removed at the end.
 std::filesystem::path largeFile(int millions, std::string const& format);
 

@@ -38,5 +38,6 @@ void BooleanOptions::addTo(CLI::App& command)
             std::string("--") + nameOf(choice), [this, chosen = choice] { operation = chosen; },
             help);
     group->require_option(1);
+    addRepair(command);
     pieces.addTo(command);
 }

@@ -12,6 +12,28 @@ void CutOptions::addSources(CLI::App& command)
     addKeepGoing(command, keepGoing);
 }
 
+void CutOptions::addRepair(CLI::App& command)
+{
+    auto const mark = [this](RepairScope scope) { return repair == scope ? " (default)" : ""; };
+    CLI::Option* const scope =
+        command
+            .add_option_function<std::string>(
+                "--repair",
+                [this](std::string const& word) {
+                    repair = word == "all" ? RepairScope::All : RepairScope::Touched;
+                },
+                std::string("Check each piece and mend it if need be: only what the cut made or "
+                            "touched") +
+                    mark(RepairScope::Touched) + ", or all of it")
+            ->check(CLI::IsMember({"touched", "all"}))
+            ->type_name("WHAT");
+    command
+        .add_flag_callback(
+            "--no-repair", [this] { repair = RepairScope::None; },
+            std::string("Leave the pieces as they are") + mark(RepairScope::None))
+        ->excludes(scope);
+}
+
 void CutOptions::addNames(CLI::App& command, char const* meanings, char const* numbers)
 {
     command
@@ -39,5 +61,6 @@ void CutOptions::addPieces(CLI::App& command)
 {
     command.add_flag("--fail-if-uncut", failIfUncut,
                      "Fail for a part in which nothing was cut, instead of writing a copy");
+    addRepair(command);
     pieces.addTo(command);
 }

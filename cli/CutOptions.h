@@ -4,6 +4,15 @@
 #include "cli/CommonOptions.h"
 #include "cli/PieceOptions.h"
 
+/// How much of the pieces is mended.
+enum class RepairScope
+{
+    None,
+    /// What the cut made or touched.
+    Touched,
+    All,
+};
+
 /// What everything that cuts understands; the commands add what shapes their cut.
 struct CutOptions
 {
@@ -18,9 +27,12 @@ struct CutOptions
     bool keepOriginal = false;
     /// Measure, but cut and write nothing.
     bool dryRun = false;
+    RepairScope repair = RepairScope::None;
 
     // In this order a command's help tells first what is read, then the cut, then what is written.
     void addSources(CLI::App& command);
+    /// The help names what `repair` is as the default.
+    void addRepair(CLI::App& command);
     void addPieces(CLI::App& command);
     /// meanings  of the two names, such as "UPPER,LOWER"
     /// numbers   says which piece gets which number without them

@@ -30,8 +30,8 @@ struct CutPiece
     std::filesystem::path file;
     /// Measured once the part is cut.
     MeshFacts facts;
-    /// What a repair did to it.
-    Repair::Report repair;
+    /// What a repair did to it; none if none has looked at it.
+    std::optional<Repair::Report> repair;
     /// Which of two pieces it is, 0 for the upper one of a plane and the inner one of a tool.
     std::size_t side = 0;
 };

@@ -36,9 +36,9 @@ Report pieceReport(CutPiece const& piece)
     report["name"] = piece.name;
     report["file"] = piece.file.string();
     appendFacts(report, piece.facts);
-    if (!piece.repair.isEmpty())
-        report["repair"] = {{"mended", repairItems(piece.repair.mended)},
-                            {"left", repairItems(piece.repair.left)}};
+    if (piece.repair && !piece.repair->isEmpty())
+        report["repair"] = {{"mended", repairItems(piece.repair->mended)},
+                            {"left", repairItems(piece.repair->left)}};
     return report;
 }
 
@@ -186,8 +186,10 @@ void complainOfOpenPieces(CutPart const& part, bool isAllowed)
 void tellOfRepairs(CutPart const& part)
 {
     for (CutPiece const& piece : part.pieces) {
+        if (!piece.repair)
+            continue;
         std::string text;
-        for (std::string const& line : Repair::linesOf(piece.repair))
+        for (std::string const& line : Repair::linesOf(*piece.repair))
             text += ' ' + line;
         if (!text.empty())
             complain(piece.file.string() + ':' + text);

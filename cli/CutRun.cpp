@@ -6,6 +6,7 @@
 #include "cli/Errors.h"
 #include "cli/ExitStatus.h"
 #include "cli/OtherFileError.h"
+#include "cli/PieceMending.h"
 #include "cli/SavePieces.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
@@ -85,6 +86,7 @@ void CutRun::cut(CutPart& part, std::function<void()> const& job)
         job();
         if (m_options.failIfUncut)
             failIfUncut(part);
+        mendPieces(part, m_options.repair);
         namePieces(part, m_options.names);
         for (CutPiece& piece : part.pieces)
             piece.facts = measureMesh(*piece.kernel);

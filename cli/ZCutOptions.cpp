@@ -20,6 +20,11 @@ std::string checkHeight(std::string const& text)
 
 }  // namespace
 
+ZCutOptions::ZCutOptions()
+{
+    repair = RepairScope::Touched;
+}
+
 void ZCutOptions::addTo(CLI::App& command)
 {
     addSources(command);
@@ -35,21 +40,6 @@ void ZCutOptions::addTo(CLI::App& command)
         ->allow_extra_args(false)
         ->check(checkHeight);
     heightGroup->require_option(1);
-    CLI::Option* const scope =
-        command
-            .add_option_function<std::string>(
-                "--repair",
-                [this](std::string const& word) {
-                    repair = word == "all" ? RepairScope::All : RepairScope::Touched;
-                },
-                "Check each piece and mend it if need be: only what the cut made or touched "
-                "(default), or all of it")
-            ->check(CLI::IsMember({"touched", "all"}))
-            ->type_name("WHAT");
-    command
-        .add_flag_callback(
-            "--no-repair", [this] { repair = RepairScope::None; }, "Leave the pieces as they are")
-        ->excludes(scope);
     addNames(command, "UPPER,LOWER", "Number 1 is the upper piece, 2 the lower one");
     addPieces(command);
 }

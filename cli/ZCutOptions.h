@@ -3,22 +3,15 @@
 
 #include "cli/CutOptions.h"
 
-/// How much of the pieces is mended.
-enum class RepairScope
-{
-    None,
-    /// What the cut made or touched.
-    Touched,
-    All,
-};
-
 /// The command line of the Z cut.
 struct ZCutOptions : CutOptions
 {
     /// As typed; exactly one of the two is given.
     std::string height;
     std::vector<std::string> heights;
-    RepairScope repair = RepairScope::Touched;
+
+    /// Pieces are mended where the cut touched them, unless told otherwise.
+    ZCutOptions();
 
     void addTo(CLI::App& command);
 

@@ -6,19 +6,21 @@
 #include "platform/jobs/SecondaryThread.h"
 
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
-                           std::function<void(int)> const& progress, std::string& reason)
+                           std::function<void(int)> const& progress, int shown, std::string& reason)
 {
+    Repair::EvaluateErrors errors(&piece);
+    std::function<void(int)> const poll =
+        progress ? [&](int) { progress(shown); } : std::function<void(int)>();
     bool hasErrors = false;
     Repair::Report report;
     ServiceCall::run(reason, [&] {
         SecondaryThread const check([&] {
-            Repair::EvaluateErrors errors(&piece);
-            hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, {}) != 0;
+            hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, poll) != 0;
         });
         if (!hasErrors)
             return;
         piece.toRclMesh();
-        Repair::RepairMethods repair(&piece, scope);
+        Repair::RepairMethods repair(&piece, scope, errors.survey());
         repair.autoRepair_simple_advanced(progress);
         report = repair.report();
     });

@@ -11,8 +11,10 @@
 ///
 /// scope     what of the piece the repair may look at
 /// progress  shows the repair's own percentages; may be empty
+/// shown     the percentage that it shows so far. The check shows no other, and may be cancelled
 /// reason    receives why it failed
 /// returns   what was done and left
 /// throws    as ServiceCall::run
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
-                           std::function<void(int)> const& progress, std::string& reason);
+                           std::function<void(int)> const& progress, int shown,
+                           std::string& reason);

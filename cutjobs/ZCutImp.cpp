@@ -79,7 +79,7 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
             CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
         if (sides.isUncut())
             jobRemarks().push_back(planeMisses(part, false));
-        finish(sides, part, progress);
+        finish(sides, part, progress, (i + 1) * 100 / partCount);
     }
     if (progress)
         progress(100);
@@ -88,13 +88,15 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
 
 /// Repairs side B and then side A, if that is wanted, and stores what there is.
 void ZCutImp::finish(CutSides const& sides, Mesh::DocumentObject* part,
-                     std::function<void(int)> const& progress)
+                     std::function<void(int)> const& progress, int shown)
 {
     auto const scope =
         m_repairsWhole ? Repair::Scope() : Repair::Scope::madeFrom(*kernelOfPart(part));
     auto const mend = [&](std::shared_ptr<MeshKernel> const& side) {
-        return m_repair && side->readMesh() ? repairPiece(*side, scope, progress, failureReason())
-                                            : Repair::Report();
+        // Not to be held while the piece is mended: it would have to be copied.
+        bool const hasMesh = side->readMesh() != nullptr;
+        return m_repair && hasMesh ? repairPiece(*side, scope, progress, shown, failureReason())
+                                   : Repair::Report();
     };
     Repair::Report reportB = mend(sides.sideB);
     Repair::Report reportA = mend(sides.sideA);

@@ -50,7 +50,7 @@ public slots:
 private:
     bool zCut(std::function<void(int)> progress);
     void finish(CutSides const& sides, Mesh::DocumentObject* part,
-                std::function<void(int)> const& progress);
+                std::function<void(int)> const& progress, int shown);
     void calculatezCutMesh(UMesh<float>* mesh, std::vector<Mesh::DocumentObject*> objects);
     void calculatezCutMeshonebyone(UMesh<float>* mesh, std::vector<Mesh::DocumentObject*> objects,
                                    int index);

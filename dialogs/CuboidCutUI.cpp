@@ -6,9 +6,11 @@
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
 #include "selection/RunningTool.h"
+#include "selection/SolidValues.h"
 #include "tools/CuboidGraphicObject.h"
 
 #include <QCheckBox>
+#include <QSignalBlocker>
 
 namespace Freecut {
 
@@ -79,6 +81,14 @@ void CuboidCutUI::refresh(VolumeGraphicObject* tool)
     m_width->setValue(double(record.getCuboidWidth()));
     m_length->setValue(double(record.getCuboidLength()));
     m_angle->setValue(double(record.getCuboidAngle() * 180 / pi));
+}
+
+void CuboidCutUI::showValues(SolidValues const& values)
+{
+    QSignalBlocker const quiet(m_roundCorners);
+    m_roundCorners->setChecked(values.hasRoundCorners);
+    m_cornerRadius->setValue(double(values.cornerRadius));
+    SolidToolPage::showValues(values);
 }
 
 void CuboidCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const

@@ -6,9 +6,11 @@
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CylindercutSelection.h"
 #include "selection/RunningTool.h"
+#include "selection/SolidValues.h"
 #include "tools/CylinderGraphicObject.h"
 
 #include <QCheckBox>
+#include <QSignalBlocker>
 
 namespace Freecut {
 
@@ -82,6 +84,15 @@ void CylinderCutUI::refresh(VolumeGraphicObject* tool)
     m_radius->setValue(double(record.getRadius()));
     m_notchWidth->setValue(double(record.getNotchWidth()));
     m_notchLength->setValue(double(record.getNotchLength()));
+}
+
+void CylinderCutUI::showValues(SolidValues const& values)
+{
+    QSignalBlocker const quiet(m_useNotch);
+    m_useNotch->setChecked(values.hasNotch);
+    m_tolerance->setValue(double(values.tolerance));
+    m_notchAngle->setValue(double(values.angle));
+    SolidToolPage::showValues(values);
 }
 
 void CylinderCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const

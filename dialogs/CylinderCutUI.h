@@ -18,6 +18,7 @@ public:
     void write(VolumeGraphicObject& tool, SharedToolValues const& shared,
                std::function<float()> const& suitableSize) override;
     void refresh(VolumeGraphicObject* tool) override;
+    void showValues(SolidValues const& values) override;
     void movePoint(Base::GLView* view, UPoint3<float> const& to) const override;
     void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const override;
     std::vector<UMesh<float>*> inAndOut(VolumeGraphicObject& tool) const override;

@@ -4,6 +4,7 @@
 #include "dialogs/ConnectorFields.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/UndoKeys.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
 #include "platform/ui/MainWindow.h"
@@ -15,6 +16,7 @@
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/GLView.h"
+#include "selection/EditHistory.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
 #include "selection/ToolEdit.h"
@@ -72,6 +74,7 @@ DialogAddTeethUI::DialogAddTeethUI(QWidget* parent) : Dialog(parent, false)
     showPictures();
     followChecks();
     connectFields();
+    new UndoKeys(*this);
     connect(this, &QDialog::rejected, this, [this] { on_close_clicked(); });
     if (MainWindow const* const window = MainWindow::getInstance())
         connect(window, &MainWindowBase::signalThemeColorChanged, this,
@@ -265,6 +268,7 @@ bool DialogAddTeethUI::applyFields(bool makesTeeth)
     PolygonGraphicObject* const polygon = tool ? tool->getPolygon() : nullptr;
     if (!polygon)
         return false;
+    EditHistory::OneStep const oneStep(runningHistory(m_dialog->view()));
     TeethParas paras = typedParas();
     if (tool->getTeethParas().applyAllEdges && !paras.applyAllEdges)
         polygon->getProperty().clearEdit();

@@ -4,10 +4,12 @@
 #include "cutjobs/PolygonCutImp.h"
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/WorkerThread.h"
+#include "dialogs/CutNotes.h"
 #include "dialogs/DialogCoordinateUI.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
+#include "dialogs/UndoKeys.h"
 #include "display/VolumeViewProvider.h"
 #include "messages/Attention.h"
 #include "platform/document/Document.h"
@@ -22,6 +24,7 @@
 #include "selection/CylindercutSelection.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
+#include "selection/SolidValues.h"
 #include "tools/ViewAxes.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeOutline.h"
@@ -30,6 +33,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -58,6 +62,7 @@ DialogPolygoncut::DialogPolygoncut(QWidget* parent)
     ui.build(*this);
     loadParas();
     connectAll();
+    new UndoKeys(*this);
     WorkerThread::start(m_thread, m_worker, this);
 }
 
@@ -127,6 +132,8 @@ void DialogPolygoncut::initStatus()
     if (!m_filtered)
         return;
     m_filtered->installEventFilter(this);
+    // While the command that opens the dialog runs, no tool takes the place of another one.
+    m_filtered->stopSelection();
     m_filtered->startSelection(PolygoncutSelection::toolName);
 }
 
@@ -191,13 +198,17 @@ CuboidcutSelection* DialogPolygoncut::getCuboidcutSelection() const
 
 void DialogPolygoncut::setObject(VolumeGraphicObject* tool)
 {
-    if (object)
+    if (object) {
         object->signalChanged.disconnect(this);
+        object->signalRestored.disconnect(this);
+    }
     if (tool != object)
         m_preview.end(nullptr, nullptr);
     object = tool;
-    if (object)
+    if (object) {
         object->signalChanged.connect(this, &DialogPolygoncut::updateGUI);
+        object->signalRestored.connect(this, &DialogPolygoncut::showRestored);
+    }
     updateModelData();
     updateGUI();
 }
@@ -249,6 +260,8 @@ bool DialogPolygoncut::eventFilter(QObject* watched, QEvent* event)
         int const shown = isAxisView(m_filtered->viewIndex()) ? m_filtered->viewIndex() : -1;
         if (shown != m_viewIndex) {
             m_viewIndex = shown;
+            // The tool follows the camera first: what is written now is derived for where it lies.
+            m_filtered->paintPending();
             updateGUI();
             updateModelData();
         }
@@ -262,6 +275,7 @@ void DialogPolygoncut::on_valueChanged()
 {
     updateGUI();
     updateModelData();
+    noteEdit(getDocument());
 }
 
 void DialogPolygoncut::updateModelData()
@@ -309,6 +323,18 @@ void DialogPolygoncut::refreshPages()
 {
     for (SolidToolPage* const shown : ui.pages)
         shown->refresh(object && object->getClassName() == shown->objectClass() ? object : nullptr);
+}
+
+void DialogPolygoncut::showRestored()
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    if (!tool)
+        return;
+    SolidValues const values = valuesOf(*tool);
+    page().showValues(values);
+    QSignalBlocker const quiet(ui.cutTill);
+    ui.cutTill->setChecked(values.isCutTillEnabled);
+    ui.cutTillValue->setValue(double(values.cutTill));
 }
 
 QString DialogPolygoncut::problemOfTool() const
@@ -387,6 +413,7 @@ void DialogPolygoncut::on_bt_reset_clicked()
                    : nullptr)
         running->resetSelection();
     setObject(nullptr);
+    noteEdit(getDocument());
 }
 
 // The preview.
@@ -476,13 +503,14 @@ void DialogPolygoncut::processEnd()
 void DialogPolygoncut::handleResult(bool ok)
 {
     if (!ok) {
-        warnAttention(m_worker->getErrorMessage());
+        warnFailure(m_worker->getErrorMessage(), m_worker->reason());
         m_job.end();
         return;
     }
     IntegrationRules rules;
     rules.transactionName = "Polygon Cut";
     rules.removesSources = ui.removeOriginal->isChecked();
+    CutNotes const notes(m_worker->remarks());
     CutResultMap const pieces = m_worker->getResult();
     ResultIntegration integration(getDocument(), rules);
     integration.begin(pieces);
@@ -490,6 +518,7 @@ void DialogPolygoncut::handleResult(bool ok)
     saveParas();
     m_job.end();
     destruct();
+    notes.tell();
 }
 
 }  // namespace Freecut

@@ -118,6 +118,7 @@ private:
     /// The tool if it is of the tab's kind.
     VolumeGraphicObject* toolOfPage() const;
     void refreshPages();
+    void showRestored();
     std::optional<UPoint3<float>> shownPoint() const;
     void showPoint();
     QString problemOfTool() const;

@@ -5,6 +5,7 @@
 #include "cutjobs/SectionCutImp.h"
 #include "cutjobs/WorkerThread.h"
 #include "dialogs/ConnectorPreview.h"
+#include "dialogs/CutNotes.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
 #include "dialogs/LivePlane.h"
@@ -12,6 +13,7 @@
 #include "dialogs/PlaneFields.h"
 #include "dialogs/PresetButton.h"
 #include "dialogs/ToolButton.h"
+#include "dialogs/UndoKeys.h"
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
@@ -54,6 +56,7 @@ DialogSectioncut::DialogSectioncut(QWidget* parent)
     ui.build(*this);
     loadParas();
     connectAll();
+    new UndoKeys(*this);
     updateUIdata();
     WorkerThread::start(m_thread, m_worker, this);
     startTool();
@@ -101,8 +104,12 @@ void DialogSectioncut::connectAll()
 void DialogSectioncut::startTool()
 {
     MainWindow const* const window = MainWindow::getInstance();
-    if (runningTool<PlanecutSelection>(window ? window->activeGLView() : nullptr))
+    Base::GLView* const front = window ? window->activeGLView() : nullptr;
+    if (runningTool<PlanecutSelection>(front))
         return;
+    // While the command that opens the dialog runs, no tool takes the place of another one.
+    if (front)
+        front->stopSelection();
     QAction* const first = ui.planeButtons[0]->defaultAction();
     if (!first)
         return;
@@ -368,7 +375,7 @@ void DialogSectioncut::processEnd()
 void DialogSectioncut::handleResult(bool ok)
 {
     if (!ok) {
-        warnAttention(m_worker->getErrorMessage());
+        warnFailure(m_worker->getErrorMessage(), m_worker->reason());
         m_job.end();
         return;
     }
@@ -376,6 +383,7 @@ void DialogSectioncut::handleResult(bool ok)
     rules.removesSources = ui.removeOriginal->isChecked();
     // The document stays where it is while the dialog ends.
     QPointer<Base::GLView> const shownIn = view();
+    CutNotes const notes(m_worker->remarks());
     CutResultMap const pieces = m_worker->getResult();
     ResultIntegration integration(getDocument(), rules);
     integration.begin(pieces);
@@ -385,6 +393,7 @@ void DialogSectioncut::handleResult(bool ok)
     if (shownIn)
         shownIn->redraw();
     m_job.end();
+    notes.tell();
 }
 
 }  // namespace Freecut

@@ -76,6 +76,8 @@ void DialogSectioncut::updateSlideRange()
 {
     travel.measure(partsBox, center, typedNormal());
     stepSize = float(ui.step->value());
+    if (auto* const tool = runningTool<PlanecutSelection>(view()))
+        tool->setNudge(stepSize);
     QSignalBlocker const quiet(ui.slider);
     ui.slider->setRange(0, travel.stepCount(stepSize));
 }

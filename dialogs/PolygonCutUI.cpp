@@ -11,11 +11,13 @@
 #include "selection/PointLabel.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
+#include "selection/SolidValues.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
 #include "tools/ViewAxes.h"
 
 #include <QCheckBox>
+#include <QSignalBlocker>
 
 namespace Freecut {
 
@@ -140,6 +142,14 @@ std::optional<UPoint3<float>> PolygonCutUI::shownPoint(VolumeGraphicObject& tool
     if (!vertex || *vertex >= points.size())
         return {};
     return points[*vertex];
+}
+
+void PolygonCutUI::showValues(SolidValues const& values)
+{
+    QSignalBlocker const quiet(m_roundCorners);
+    m_roundCorners->setChecked(values.hasRoundCorners);
+    m_cornerRadius->setValue(double(values.cornerRadius));
+    SolidToolPage::showValues(values);
 }
 
 void PolygonCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const

@@ -23,6 +23,7 @@ public:
     void write(VolumeGraphicObject& tool, SharedToolValues const& shared,
                std::function<float()> const& suitableSize) override;
     void refresh(VolumeGraphicObject* tool) override;
+    void showValues(SolidValues const& values) override;
     /// Three vertices or more.
     bool isComplete(VolumeGraphicObject const& tool) const override;
     bool holdsCut() const override;

@@ -6,6 +6,8 @@
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
+#include "selection/EditHistory.h"
+#include "selection/SolidValues.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeProperty.h"
 
@@ -13,6 +15,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QSignalBlocker>
 
 namespace Freecut {
 
@@ -104,6 +107,7 @@ void SolidToolPage::on_valueChanged()
     followChecks();
     m_dialog.updateModelData();
     m_dialog.updateGUI();
+    noteEdit(m_dialog.getDocument());
 }
 
 bool SolidToolPage::isClearanceOn() const
@@ -123,6 +127,16 @@ int SolidToolPage::clearanceDirection() const
 
 void SolidToolPage::refresh(VolumeGraphicObject*)
 {
+    followChecks();
+}
+
+void SolidToolPage::showValues(SolidValues const& values)
+{
+    QSignalBlocker const quiet(m_useClearance);
+    m_useClearance->setChecked(values.isClearanceEnabled);
+    m_clearance->setValue(double(values.clearance));
+    if (QAbstractButton* const button = m_direction->button(values.clearanceDirection))
+        button->setChecked(true);
     followChecks();
 }
 

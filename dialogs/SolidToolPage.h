@@ -26,6 +26,7 @@ namespace Freecut {
 
 class DialogPolygoncut;
 class VolumeGraphicObject;
+struct SolidValues;
 
 /// What the pages of the polygon dialog share of a tool's values, besides their own fields.
 struct SharedToolValues
@@ -59,6 +60,8 @@ public:
                        std::function<float()> const& suitableSize) = 0;
     /// Shows what drags have changed; null without a tool of this kind.
     virtual void refresh(VolumeGraphicObject* tool);
+    /// Shows all values of the tool's record, which have been put back.
+    virtual void showValues(SolidValues const& values);
     /// Whether the tool has what it takes to cut.
     virtual bool isComplete(VolumeGraphicObject const& tool) const;
     /// Something else is being edited, so that there can be no cut now.

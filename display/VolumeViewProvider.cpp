@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/VolumeViewProvider.h"
 
-#include "display/CameraWatch.h"
 #include "display/FillDrawing.h"
 #include "display/LineShaders.h"
 #include "platform/view/GLView.h"
@@ -179,17 +178,31 @@ void VolumeViewProvider::followCamera()
             break;
         case CameraChange::Turned:
             viewChanged = true;
+            turnWith(now);
             updateGeometry();
             record.setLastEye(now.eye);
             break;
         case CameraChange::Rolled:
             viewChanged = true;
+            turnWith(now);
             updateGeometry();
             record.setLastUp(now.up);
             break;
         case CameraChange::None:
             viewChanged = false;
     }
+    lastPose = now;
+}
+
+// A turn is told twice where the direction changes and then the upright: against the last picture
+// it is one all the same.
+void VolumeViewProvider::turnWith(CameraPose const& now)
+{
+    VolumeProperty& record = *volumeRecord();
+    CameraPose const last =
+        lastPose.value_or(CameraPose{record.getLastEye(), record.getLastRef(), record.getLastUp()});
+    record.addTurn({now.ref, Axes::ofView(last.eye - last.ref, last.up),
+                    Axes::ofView(now.eye - now.ref, now.up)});
 }
 
 void VolumeViewProvider::drawOutlines()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/CameraWatch.h"
 #include "display/GraphicViewProvider.h"
 #include "display/SolidPicture.h"
 #include "display/ToolLabels.h"
@@ -8,6 +9,7 @@
 #include <QOpenGLShaderProgram>
 
 #include <memory>
+#include <optional>
 
 namespace Freecut {
 
@@ -85,6 +87,7 @@ private:
     void makeSolid21();
     void makeSolid33();
     void followCamera();
+    void turnWith(CameraPose const& now);
     void drawOutlines();
     void drawFaces(unsigned alpha);
     void updateLabels();
@@ -94,6 +97,8 @@ private:
     }
 
     std::unique_ptr<VolumeOutline> outline;
+    /// Of the last picture outside a preview.
+    std::optional<CameraPose> lastPose;
 };
 
 }  // namespace Freecut

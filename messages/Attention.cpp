@@ -18,6 +18,13 @@ void Freecut::warnAttention(QString const& message, char const* context)
                             QCoreApplication::translate(context, "OK"), "", "", 0, -1);
 }
 
+void Freecut::warnFailure(QString const& message, QString const& reason)
+{
+    MellMessageBox::failure(MainWindow::getInstance(),
+                            commonText(QT_TRANSLATE_NOOP("MellCommons", "Attention")), message,
+                            reason, commonText(QT_TRANSLATE_NOOP("MellCommons", "OK")));
+}
+
 bool Freecut::askQuestion(QString const& message)
 {
     constexpr int yes = 0, no = 1;

@@ -2,6 +2,7 @@
 #include "module/OrbeCmdZcut.h"
 
 #include "cutjobs/SectionZCut.h"
+#include "dialogs/CutNotes.h"
 #include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/ui/ActiveDocument.h"
@@ -12,8 +13,17 @@
 
 namespace {
 
-/// Runs the cut to its end and returns its message.
-QString cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*> const& parts)
+/// How a cut has ended.
+struct Outcome
+{
+    /// Empty unless it has failed.
+    QString message;
+    QString reason;
+    Freecut::CutNotes notes;
+};
+
+/// Runs the cut to its end.
+Outcome cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*> const& parts)
 {
     QEventLoop loop;
     Freecut::SectionZCut cut(nullptr);
@@ -29,7 +39,7 @@ QString cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*>
         Qt::DirectConnection);
     cut.startZCut(parts, MainWindow::getViewSlider()->getHeight());
     loop.exec();
-    return message;
+    return {message, cut.reason(), Freecut::CutNotes(cut.remarks())};
 }
 
 }  // namespace
@@ -43,9 +53,11 @@ void OrbeCmdZcut::activated(int)
     std::vector<Mesh::DocumentObject*> const parts = document->getSelectedMeshObjects();
     if (parts.empty())
         return;
-    QString const message = cutAtSlider(document, parts);
-    if (!message.isEmpty())
-        Freecut::warnAttention(message);
+    Outcome const outcome = cutAtSlider(document, parts);
+    if (outcome.message.isEmpty())
+        outcome.notes.tell();
+    else
+        Freecut::warnFailure(outcome.message, outcome.reason);
 }
 
 bool OrbeCmdZcut::isActive()

@@ -37,6 +37,7 @@ void PlaneCommand::switchOn() const
             return;
         running->resetSelection();
         running->setPlaneType(m_type);
+        Freecut::noteEdit(activeDocument());
     } else if (Base::GLView* const view = viewInFront()) {
         view->startSelection(PlanecutSelection::toolName);
         if (auto* const started = Freecut::runningTool<PlanecutSelection>(view))

@@ -94,7 +94,9 @@ void ContourEditing::insert(Point const& point, int index, TeethEdge const& fres
     auto const insertInto = [index](auto& list, auto const& value) {
         list.insert(list.begin() + index, value);
     };
-    insertInto(m_polygon.getPointLabels(), PointLabel::make(m_polygon, &m_view));
+    TLabel* const label = PointLabel::make(m_polygon, &m_view);
+    PointLabel::numberAsNewest(*label, m_polygon);
+    insertInto(m_polygon.getPointLabels(), label);
     insertInto(record.getKeyPoints(), point);
     insertInto(record.getEdgeRecords(), freshEdge);
     finishEdit(m_polygon);

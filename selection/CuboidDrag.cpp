@@ -3,6 +3,7 @@
 
 #include "selection/EdgeFrame.h"
 #include "tools/CuboidProperty.h"
+#include "tools/RoundRing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,13 +12,14 @@ namespace Freecut {
 
 namespace {
 
-/// A value after its handle was moved, folded at zero.
+/// A value after its handle was moved, folded at zero. Fields show and take no less than the least
+/// length, so that there is none here either.
 float stretched(float value, CuboidProperty const& cuboid, int handle, UVector3<float> const& way)
 {
     std::vector<UPoint3<float>> const& points = cuboid.getKeyPoints();
     UVector3<float> const outward =
         (points[std::size_t(handle)] - points[CUBOID_CENTRE]).Normalize();
-    return std::abs(value + (way | outward));
+    return std::max(std::abs(value + (way | outward)), leastLength);
 }
 
 /// The angle of the cuboid whose corner lies under the mouse, in radians.

@@ -23,6 +23,11 @@ void* CuboidcutSelection::create()
     return static_cast<BaseClass*>(new CuboidcutSelection);
 }
 
+CuboidcutSelection::CuboidcutSelection()
+{
+    keepPointTool<CuboidGraphicObject>();
+}
+
 Base::Type CuboidcutSelection::getTypeId() const
 {
     return classTypeId;
@@ -111,6 +116,7 @@ int CuboidcutSelection::mouseReleaseEvent(QMouseEvent* event)
     lastPos = event->pos();
     if (isDragging) {
         isDragging = false;
+        edits()->edited();
         return 1;
     }
     selectedIndex = 0;

@@ -18,6 +18,8 @@ public:
     static void init();
     static void* create();
 
+    CuboidcutSelection();
+
     Base::Type getTypeId() const override;
     std::string getClassName() const override;
     void initialize() override;

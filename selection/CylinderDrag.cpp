@@ -3,6 +3,7 @@
 
 #include "platform/geometry/MellMath.h"
 #include "tools/CylinderProperty.h"
+#include "tools/RoundRing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +18,13 @@ float footOfNotch(float radius, float notchWidth)
     return std::sqrt(radius * radius - notchWidth * notchWidth * 0.25f);
 }
 
+/// The least length that fields show and take: one that is dragged to less would be another one
+/// there than here.
+float atLeast(float length)
+{
+    return std::max(length, leastLength);
+}
+
 bool dragNotch(CylinderProperty& cylinder, UPoint3<float> const& mouse,
                UVector3<float> const& notchAxis)
 {
@@ -26,11 +34,12 @@ bool dragNotch(CylinderProperty& cylinder, UPoint3<float> const& mouse,
     if (along < 0)
         return false;
     points[CYLINDER_NOTCH] = mouse;
-    float const width = 2 * std::sqrt(std::max((toMouse | toMouse) - along * along, 0.0f));
+    float const width = atLeast(2 * std::sqrt(std::max((toMouse | toMouse) - along * along, 0.0f)));
     cylinder.setNotchWidth(width);
-    cylinder.setNotchLength(cylinder.getRadius() * 2 >= width
-                                ? along - footOfNotch(cylinder.getRadius(), width)
-                                : along);
+    // Within the circle there is nothing that could stick out of it.
+    cylinder.setNotchLength(atLeast(cylinder.getRadius() * 2 >= width
+                                        ? along - footOfNotch(cylinder.getRadius(), width)
+                                        : along));
     return true;
 }
 
@@ -47,7 +56,7 @@ bool dragCylinder(CylinderProperty& cylinder, int handle, UPoint3<float> const& 
         case CYLINDER_NOTCH:
             return dragNotch(cylinder, mouse, notchAxis.Normalize());
         default:
-            cylinder.setRadius((mouse - centre).GetLength());
+            cylinder.setRadius(atLeast((mouse - centre).GetLength()));
             return true;
     }
 }

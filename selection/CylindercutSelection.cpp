@@ -27,6 +27,11 @@ void* CylindercutSelection::create()
     return static_cast<BaseClass*>(new CylindercutSelection);
 }
 
+CylindercutSelection::CylindercutSelection()
+{
+    keepPointTool<CylinderGraphicObject>();
+}
+
 Base::Type CylindercutSelection::getTypeId() const
 {
     return classTypeId;
@@ -144,6 +149,7 @@ int CylindercutSelection::mouseReleaseEvent(QMouseEvent* event)
 {
     if (isDragging) {
         isDragging = false;
+        edits()->edited();
         return 1;
     }
     selectedIndex = 0;

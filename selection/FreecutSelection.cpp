@@ -11,6 +11,8 @@
 #include <QCursor>
 #include <QPixmap>
 
+#include <utility>
+
 namespace Freecut {
 
 namespace {
@@ -98,6 +100,13 @@ UVector3<float> FreecutSelection::worldDelta(QPoint position) const
 {
     GLCamera const& camera = *m_view->getCamera();
     return pointOfReferencePlane(camera, position) - pointOfReferencePlane(camera, lastPos);
+}
+
+void FreecutSelection::keepEdits(EditHistory::Tool tool)
+{
+    tool.giveUpDrag = [this] { m_view->navigationStyle()->cancelDrag(); };
+    m_edits = std::make_unique<EditHistory>(std::move(tool));
+    setHistory(m_edits.get());
 }
 
 void FreecutSelection::addTool(Base::Document& document, Base::DocumentObject* tool)

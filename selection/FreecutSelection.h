@@ -3,10 +3,12 @@
 
 #include "platform/geometry/UBox3.h"
 #include "platform/view/PointPickerMesh.h"
+#include "selection/EditHistory.h"
 #include "selection/ToolObjects.h"
 
 #include <QPoint>
 
+#include <memory>
 #include <vector>
 
 namespace Freecut {
@@ -49,10 +51,19 @@ protected:
     /// Puts a new tool object into a document, which is the active one as a rule, and selects it.
     void addTool(Base::Document& document, Base::DocumentObject* tool);
 
+    /// Keeps the edits from now on, so that they can be taken back. Called once, by the constructor
+    /// of a tool that edits something.
+    void keepEdits(EditHistory::Tool tool);
+    /// For what is one edit to a person and several here.
+    EditHistory* edits() const { return m_edits.get(); }
+
     QPoint lastPos;
     ToolObjects createdObjects;
     int selectedIndex = 0;
     bool isDragging = false;
+
+private:
+    std::unique_ptr<EditHistory> m_edits;
 };
 
 }  // namespace Freecut

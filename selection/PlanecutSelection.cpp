@@ -5,6 +5,7 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/ActiveDocument.h"
 #include "platform/view/MeshGLView.h"
+#include "selection/ArrowKey.h"
 #include "selection/HandleHit.h"
 #include "selection/PointUnderMouse.h"
 #include "selection/ToolEdit.h"
@@ -75,6 +76,12 @@ void* PlanecutSelection::create()
 PlanecutSelection::PlanecutSelection() : planeType(lastPlaneType)
 {
     createdObjects.whenLost([this](Base::DocumentObject*) { planeObject = nullptr; });
+    keepEdits({.read = [this] { return editState(); },
+               .write = [this](ToolState const& state) { restore(state); },
+               .isDragged = [this] { return isDragging || isResizing; },
+               .giveUpDrag = {},
+               .whyFrozen = [] { return QString(); }});
+    setKeyHandler([this](QKeyEvent& event) { return useKey(event); });
 }
 
 PlanecutSelection::~PlanecutSelection()
@@ -147,8 +154,10 @@ void PlanecutSelection::pick(QPoint position)
     pickNormal = hit->normal;
     if (planeType == PLANE_3POINTS) {
         pickMarkers.add(*m_view, hit->point);
-        if (pickMarkers.size() < 3)
+        if (pickMarkers.size() < 3) {
+            edits()->edited();
             return;
+        }
     }
     getCutPlanePara(hit->point);
     enablePointPickMesh = true;
@@ -189,6 +198,7 @@ void PlanecutSelection::makePlane()
 
 void PlanecutSelection::placePlaneAt(PlaneRectangle const& rectangle)
 {
+    EditHistory::OneStep const oneStep(edits());
     if (planeObject) {
         placePlane(planeObject->getProperty(), rectangle.center, rectangle.axes, rectangle.size);
         finishEdit(*planeObject);
@@ -254,6 +264,7 @@ int PlanecutSelection::mouseReleaseEvent(QMouseEvent* event)
     if (wasDragged) {
         m_view->unsetCursor();
         isDragging = isResizing = false;
+        edits()->edited();
         return 1;
     }
     if (hasTakenOver())
@@ -313,6 +324,53 @@ void PlanecutSelection::putBack(PlaneCorners const& corners, PlaneSize const& si
         return;
     setPlaneSize(size);
     takeCorners(corners);
+}
+
+// What can be taken back.
+
+ToolState PlanecutSelection::editState() const
+{
+    ToolState state;
+    if (planeObject)
+        state.points = planeObject->getProperty().getCorners();
+    state.picks = pickMarkers.points();
+    return state;
+}
+
+void PlanecutSelection::restore(ToolState const& state)
+{
+    if (state.points.empty()) {
+        resetSelection();
+        for (UPoint3<float> const& pick : state.picks)
+            pickMarkers.add(*m_view, pick);
+        return;
+    }
+    pickMarkers.clear();
+    makePlane();
+    if (!planeObject)
+        return;
+    PlaneCorners const corners{state.points[0], state.points[1], state.points[2]};
+    setPlaneSize(sizeOf(corners));
+    enablePointPickMesh = true;
+    takeCorners(corners);
+}
+
+// The keyboard.
+
+bool PlanecutSelection::useKey(QKeyEvent const& event)
+{
+    std::optional<ArrowKey> const arrow = arrowOf(event);
+    if (!arrow || !planeObject || isDragging || isResizing)
+        return false;
+    PlaneCorners const plane = corners();
+    UVector3<float> normal = (plane.c1 - plane.c0) * (plane.c2 - plane.c1);
+    PlaneCorners const moved = draggedPlane(plane, PlaneHandle::center,
+                                            normal.Normalize() * (m_nudge * arrow->alongLine()));
+    if (isValidMove(getObjectsBox(), moved)) {
+        EditHistory::OneStep const oneStep(edits(), event.isAutoRepeat());
+        takeCorners(moved);
+    }
+    return true;
 }
 
 void PlanecutSelection::takeCorners(PlaneCorners const& corners)

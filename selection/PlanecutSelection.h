@@ -62,6 +62,8 @@ public:
     PlaneSize getPlaneSize() const { return {planeWidth, planeHeight}; }
     /// What the next plane is sized like. The one that stands is left alone.
     void setPlaneSize(PlaneSize const& size);
+    /// How far an arrow key moves the plane along its normal, in millimetres.
+    void setNudge(float way) { m_nudge = way; }
     /// The points picked so far.
     std::vector<UPoint3<float>> getPicks() const { return pickMarkers.points(); }
 
@@ -73,6 +75,10 @@ private:
     void makePlane();
     void placePlaneAt(PlaneRectangle const& rectangle);
     void sizeByScene();
+
+    ToolState editState() const;
+    void restore(ToolState const& state);
+    bool useKey(QKeyEvent const& event);
 
     void dragMoveMouseLeft(UVector3<float> const& delta);
     void dragMoveMouseRight(UVector3<float> const& delta);
@@ -95,6 +101,7 @@ private:
     /// Of a click that is the taker's.
     std::optional<QPoint> takenPress;
     UVector3<float> pickNormal;
+    float m_nudge = 0.1f;
 };
 
 }  // namespace Freecut

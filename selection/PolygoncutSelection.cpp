@@ -7,12 +7,16 @@
 #include "platform/view/GLView.h"
 #include "selection/ContourEditing.h"
 #include "selection/ContourRules.h"
+#include "selection/EdgeFrame.h"
 #include "selection/HandleHit.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QCursor>
+#include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <algorithm>
 
 namespace Freecut {
 
@@ -28,9 +32,21 @@ void* PolygoncutSelection::create()
     return static_cast<BaseClass*>(new PolygoncutSelection);
 }
 
+PolygoncutSelection::PolygoncutSelection()
+{
+    keepEdits({.read = [this] { return editState(); },
+               .write = [this](ToolState const& state) { restore(state); },
+               .isDragged = [this] { return isDragRunning(); },
+               .giveUpDrag = {},
+               .whyFrozen = [this] { return whyFrozen(); }});
+    setKeyHandler([this](QKeyEvent& event) { return useKey(event); });
+}
+
 PolygoncutSelection::~PolygoncutSelection()
 {
     deleteHightLightedLine();
+    runningEdge.hide();
+    runningEdge.remove();
 }
 
 Base::Type PolygoncutSelection::getTypeId() const
@@ -55,6 +71,7 @@ void PolygoncutSelection::resetSelection()
     endDrag();
     hoverEdge = -1;
     hoverLine.hide();
+    runningEdge.hide();
 }
 
 PolygonGraphicObject* PolygoncutSelection::getPolygon() const
@@ -178,6 +195,7 @@ int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton) {
         auto const vertex = handleAt(*m_view, event->pos(), getPolygon()->getPoints());
         if (vertex) {
+            draggedTo = getPolygon()->getPoints()[std::size_t(*vertex)];
             beginDrag(*vertex, putBack());
             return 0;
         }
@@ -209,11 +227,11 @@ void PolygoncutSelection::beginToothDrag(ToothHit const& hit)
 
 bool PolygoncutSelection::dragStep(QMouseEvent const& event)
 {
-    if (!graphicObject || !(isDragging || draggingBasePoint || draggingHandle))
+    if (!graphicObject || !isDragRunning())
         return false;
     UVector3<float> const delta = worldDelta(event.pos());
     if (isDragging)
-        dragMoveMouseLeft(delta);
+        dragVertex(delta, event);
     else if (draggingBasePoint)
         BasePntDragMove(delta, &event);
     else
@@ -235,10 +253,12 @@ int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
 {
     dragStep(*event);
     lastPos = event->pos();
-    if (isFrozen())
+    if (isFrozen()) {
         hoverLine.hide();
-    else
-        hover(event->pos());
+        runningEdge.hide();
+    } else {
+        hover(*event);
+    }
     return 0;
 }
 
@@ -248,8 +268,10 @@ bool PolygoncutSelection::isHandleUnder(QPoint position) const
            (addTeeth && toothAt(*m_view, position, *getPolygon()));
 }
 
-void PolygoncutSelection::hover(QPoint position)
+void PolygoncutSelection::hover(QMouseEvent const& event)
 {
+    QPoint const position = event.pos();
+    showRunningEdge(event);
     if (isHandleUnder(position))
         showCursor("cursor_freecutmove");
     else
@@ -264,11 +286,79 @@ void PolygoncutSelection::hover(QPoint position)
         hoverLine.hide();
 }
 
+// The point that is being drawn or dragged.
+
+RunningEdge::Spot PolygoncutSelection::spotOfNew(UPoint3<float> const& point) const
+{
+    if (!graphicObject)
+        return {};
+    return {getPolygon()->getPoints(), std::size_t(std::max(insertPointInPolygon(point), 0)), true};
+}
+
+RunningEdge::Spot PolygoncutSelection::spotOf(std::size_t vertex) const
+{
+    RunningEdge::Spot spot{getPolygon()->getPoints(), vertex, false};
+    spot.others.erase(spot.others.begin() + std::ptrdiff_t(vertex));
+    return spot;
+}
+
+void PolygoncutSelection::dragVertex(UVector3<float> const& delta, QMouseEvent const& event)
+{
+    auto const vertex = std::size_t(selectedIndex);
+    UPoint3<float> const stands = getPolygon()->getPoints()[vertex];
+    bool const isFree = !RunningEdge::isHolding(event.modifiers()) && stands == draggedTo;
+    draggedTo += alongPlane(delta, getPolygon()->getProperty().getExtrudeVector());
+    if (isFree)
+        dragMoveMouseLeft(delta);
+    else
+        dragMoveMouseLeft(
+            RunningEdge::held(*m_view, draggedTo, event.pos(), spotOf(vertex), event.modifiers()) -
+            stands);
+}
+
+void PolygoncutSelection::showRunningEdge(QMouseEvent const& event)
+{
+    if (isDragging) {
+        auto const vertex = std::size_t(selectedIndex);
+        runningEdge.show(*m_view, getPolygon()->getPoints()[vertex], spotOf(vertex), false);
+        return;
+    }
+    if (addTeeth || event.buttons() != Qt::NoButton || isHandleUnder(event.pos())) {
+        runningEdge.hide();
+        return;
+    }
+    UPoint3<float> const under =
+        sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth());
+    RunningEdge::Spot const spot = spotOfNew(under);
+    runningEdge.show(*m_view,
+                     RunningEdge::held(*m_view, under, event.pos(), spot, event.modifiers()), spot,
+                     RunningEdge::isHolding(event.modifiers()));
+}
+
+void PolygoncutSelection::addPointAt(QMouseEvent const& event)
+{
+    UPoint3<float> eye = eyePointUnder(event.pos());
+    if (RunningEdge::isHolding(event.modifiers())) {
+        // Before the first point the parts alone can hold it, at whatever depth.
+        UPoint3<float> point = eye;
+        if (graphicObject)
+            point.Z() = getPolygon()->getProperty().getSketchDepth();
+        m_view->getWCSPointFromEyePoint(point);
+        eye = RunningEdge::held(*m_view, point, event.pos(), spotOfNew(point), event.modifiers());
+        m_view->getEyePointFromWCSPoint(eye);
+    }
+    runningEdge.hide();
+    addPointOfPolygonCut(eye);
+}
+
 int PolygoncutSelection::mouseReleaseEvent(QMouseEvent* event)
 {
     lastPos = event->pos();
-    if (endDrag() || isPressSpent)
+    if (endDrag() || isPressSpent) {
+        runningEdge.hide();
+        edits()->edited();
         return 1;
+    }
     if (addTeeth)
         releaseOnTeeth(*event);
     else
@@ -282,7 +372,7 @@ void PolygoncutSelection::releaseOnContour(QMouseEvent const& event)
     if (isInPreview())
         return;
     if (event.button() == Qt::LeftButton)
-        addPointOfPolygonCut(eyePointUnder(event.pos()));
+        addPointAt(event);
     if (event.button() != Qt::RightButton || !graphicObject)
         return;
     if (auto const vertex = handleAt(*m_view, event.pos(), getPolygon()->getPoints())) {
@@ -295,6 +385,7 @@ void PolygoncutSelection::releaseOnTeeth(QMouseEvent const& event)
 {
     if (isFrozen() || !hoverLine.isShown())
         return;
+    EditHistory::OneStep const oneStep(edits());
     if (event.button() == Qt::LeftButton)
         teeth.chooseEdgeAt(*getPolygon(),
                            sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth()));
@@ -303,6 +394,78 @@ void PolygoncutSelection::releaseOnTeeth(QMouseEvent const& event)
     showMenu({"Delete selected teeth", "Delete all teeth"});
     if (graphicObject)
         finishEdit(*graphicObject, {.updatesRecord = false, .tellsListeners = false});
+}
+
+// What can be taken back.
+
+ToolState PolygoncutSelection::editState() const
+{
+    ToolState state = solidState();
+    state.paras = teeth.paras();
+    if (state.points.empty())
+        return state;
+    state.edges = std::make_shared<std::vector<TeethEdge> const>(
+        getPolygon()->getProperty().getEdgeRecords());
+    state.numbers = PointLabel::numbersOf(*getPolygon());
+    state.selected = PointLabel::selectedVertex(*getPolygon()).value_or(0);
+    return state;
+}
+
+void PolygoncutSelection::restore(ToolState const& state)
+{
+    endDrag();
+    hoverLine.hide();
+    hoverEdge = -1;
+    teeth.setParas(state.paras);
+    std::optional<ToolState> const there =
+        restoreSolid(state, [this] { return startTool(new PolygonGraphicObject); });
+    if (!there)
+        return;
+    PolygonProperty& record = getPolygon()->getProperty();
+    record.setEdgeRecords(*there->edges);
+    // Nobody could end a trial.
+    if (!addTeeth)
+        record.clearEdit();
+    PointLabel::renew(*getPolygon(), m_view, there->numbers, there->selected);
+    selectedIndex = 0;
+    showRestored();
+}
+
+// The keyboard.
+
+bool PolygoncutSelection::useKey(QKeyEvent const& event)
+{
+    if (isFrozen() || isDragRunning())
+        return false;
+    if (event.key() == Qt::Key_Backspace && event.modifiers() == Qt::NoModifier) {
+        removeNewestPoint();
+        return true;
+    }
+    std::optional<UVector3<float>> const way = wayOfKey(event);
+    auto const vertex = PointLabel::selectedVertex(*getPolygon());
+    if (!way || !vertex)
+        return false;
+    EditHistory::OneStep const oneStep(edits(), event.isAutoRepeat());
+    hoverLine.hide();
+    if (!ContourEditing(*m_view, *getPolygon()).moveVertex(*vertex, *way))
+        ContourEditing::warnOfTeeth();
+    return true;
+}
+
+void PolygoncutSelection::removeNewestPoint()
+{
+    auto const newest = PointLabel::newestVertex(*getPolygon());
+    if (!newest)
+        return;
+    hoverLine.hide();
+    hoverEdge = -1;
+    if (getPolygon()->getPoints().size() > 1) {
+        ContourEditing(*m_view, *getPolygon()).removeVertex(*newest, freshEdge());
+        return;
+    }
+    resetSelection();
+    m_view->redraw();
+    edits()->edited();
 }
 
 void PolygoncutSelection::showMenu(std::vector<char const*> const& commands)

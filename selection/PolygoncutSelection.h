@@ -2,6 +2,7 @@
 #pragma once
 
 #include "selection/HoverLine.h"
+#include "selection/RunningEdge.h"
 #include "selection/TeethEditing.h"
 #include "selection/VolumeSelection.h"
 
@@ -12,6 +13,10 @@ class PolygonGraphicObject;
 /// The mouse tool of the polygon cut: clicks draw the outline of a prism in any order, drags move
 /// its corners. In teeth mode a click chooses the edge whose teeth are edited; teeth are slid along
 /// their edge and reshaped by their handles. During a preview it leaves the mouse alone.
+///
+/// Shift and control hold a point that is drawn or dragged to something, as RunningEdge says; the
+/// status line tells lengths and angles of its edges. Backspace removes the point that was drawn
+/// last, the arrow keys nudge the selected one.
 class PolygoncutSelection : public VolumeSelection
 {
 public:
@@ -21,6 +26,7 @@ public:
     static void init();
     static void* create();
 
+    PolygoncutSelection();
     ~PolygoncutSelection() override;
 
     Base::Type getTypeId() const override;
@@ -72,16 +78,29 @@ public:
     int getHoverEdge() const { return hoverEdge; }
 
 private:
+    ToolState editState() const;
+    void restore(ToolState const& state);
+    bool useKey(QKeyEvent const& event);
+    void removeNewestPoint();
+
+    /// Where a new point under the mouse belongs, and where one stands that is there.
+    RunningEdge::Spot spotOfNew(UPoint3<float> const& point) const;
+    RunningEdge::Spot spotOf(std::size_t vertex) const;
+    void dragVertex(UVector3<float> const& delta, QMouseEvent const& event);
+    void showRunningEdge(QMouseEvent const& event);
+    void addPointAt(QMouseEvent const& event);
+
     void dragMoveMouseLeft(UVector3<float> delta);
     void BasePntDragMove(UVector3<float> delta, QMouseEvent const* event);
     void WidthHeightDragMove(UVector3<float> delta, QMouseEvent const* event);
     bool dragStep(QMouseEvent const& event);
+    bool isDragRunning() const { return isDragging || draggingBasePoint || draggingHandle; }
     bool endDrag();
     void beginToothDrag(ToothHit const& hit);
     /// Takes the outline and its teeth back to what they are now.
     std::function<void()> putBack();
     bool isHandleUnder(QPoint position) const;
-    void hover(QPoint position);
+    void hover(QMouseEvent const& event);
     void releaseOnContour(QMouseEvent const& event);
     void releaseOnTeeth(QMouseEvent const& event);
     void showMenu(std::vector<char const*> const& commands);
@@ -89,6 +108,9 @@ private:
     bool addTeeth = false;
     int hoverEdge = -1;
     HoverLine hoverLine;
+    RunningEdge runningEdge;
+    /// Where the mouse has dragged the vertex, held to something or not.
+    UPoint3<float> draggedTo;
     TeethEditing teeth;
     bool draggingBasePoint = false;
     bool draggingHandle = false;

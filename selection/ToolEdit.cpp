@@ -4,6 +4,7 @@
 #include "display/GraphicViewProvider.h"
 #include "platform/document/Document.h"
 #include "platform/view/GLView.h"
+#include "selection/EditHistory.h"
 #include "tools/PlaneGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
 
@@ -23,6 +24,7 @@ void showEdit(Tool& tool, EditSteps const& steps)
     Base::GLView* const view = steps.redraws && document ? document->getView() : nullptr;
     if (view)
         view->redraw();
+    noteEdit(document);
 }
 
 }  // namespace

@@ -23,9 +23,10 @@ struct EditSteps
     bool redraws = true;
 };
 
-/// Runs what follows an edit of a tool's record: record, view provider, signal, picture. The view
-/// provider reads what the record has derived, so the record always comes first. Each step does
-/// nothing where there is nobody for it: a tool in no document, a document without a view.
+/// Runs what follows an edit of a tool's record: record, view provider, signal, picture, and the
+/// history of edits. The view provider reads what the record has derived, so the record always comes
+/// first. Each step does nothing where there is nobody for it: a tool in no document, a document
+/// without a view.
 ///
 /// thread  the user interface thread
 void finishEdit(PlaneGraphicObject& tool, EditSteps const& steps = {});

@@ -5,6 +5,7 @@
 #include "selection/PointLabel.h"
 
 #include <functional>
+#include <optional>
 
 namespace Freecut {
 
@@ -50,7 +51,44 @@ protected:
     void beginDrag(int handle, std::function<void()> putBack);
     void captureDrag(std::function<void()> putBack);
 
+    /// Keeps the edits of a solid tool.
+    ///
+    /// makeTool  makes a tool object and lets startTool() take it over; whether that has worked
+    void keepSolidEdits(std::function<bool()> makeTool);
+    /// What all solid tools have of their state; nothing while there is none.
+    ToolState solidState() const;
+    /// Puts the tool back to a state, or takes it away. What follows an edit is the caller's, by
+    /// showRestored().
+    ///
+    /// returns  the state as it is to be now, however far the view has been turned since; none if
+    ///          there is no tool
+    std::optional<ToolState> restoreSolid(ToolState const& state,
+                                          std::function<bool()> const& makeTool);
+    void showRestored();
+    QString whyFrozen() const;
+
+    /// The way of an arrow key across the screen, in the world; none for other keys, and while
+    /// nothing can be moved.
+    std::optional<UVector3<float>> wayOfKey(QKeyEvent const& event) const;
+
     // Of the tools that stand on one point.
+
+    /// Makes a tool with its label.
+    template <typename Tool>
+    bool startPointTool()
+    {
+        auto* const tool = new Tool;
+        tool->setLabel(PointLabel::make(*tool, m_view));
+        return startTool(tool);
+    }
+    /// Keeps the edits, and lets arrow keys move the centre.
+    template <typename Tool>
+    void keepPointTool()
+    {
+        keepSolidEdits([this] { return startPointTool<Tool>(); });
+        setKeyHandler([this](QKeyEvent& event) { return nudgeCentre(event); });
+    }
+    bool nudgeCentre(QKeyEvent const& event);
 
     /// Puts the centre under an eye-space point, of which x and y count. Makes the tool if there is
     /// none yet.
@@ -60,12 +98,8 @@ protected:
     template <typename Tool>
     void placeCentre(UPoint3<float> const& eyePoint, std::size_t keyPoints)
     {
-        if (!graphicObject) {
-            auto* const tool = new Tool;
-            tool->setLabel(PointLabel::make(*tool, m_view));
-            if (!startTool(tool))
-                return;
-        }
+        if (!graphicObject && !startPointTool<Tool>())
+            return;
         putCentre(eyePoint, keyPoints);
     }
     /// Moves the centre to typed world coordinates, of which those count that the standard view

@@ -11,6 +11,8 @@ namespace Freecut {
 /// give rise to. While `editing` the edge has teeth; only then may there be base and handle points.
 struct TeethEdge
 {
+    bool operator==(TeethEdge const&) const = default;
+
     bool hasTeeth = false;
     /// The side on which the teeth stand: that of the mouse tool, which begins with this one.
     bool flip = true;

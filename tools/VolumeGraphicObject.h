@@ -31,6 +31,9 @@ public:
 
     /// The tool was changed, by whoever edits it.
     sigslot::signal0<sigslot::single_threaded> signalChanged;
+    /// The record has been put back as a whole: any of its values may be another one. signalChanged
+    /// follows.
+    sigslot::signal0<sigslot::single_threaded> signalRestored;
 
 protected:
     static Base::PropertyData propertyData;

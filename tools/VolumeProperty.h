@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Property.h"
+#include "tools/RigidMotion.h"
 
 namespace Base {
 class GLView;
@@ -40,6 +41,11 @@ public:
                     UVector3<float> const& up);
     void loadCamera(UPoint3<float>& eye, UPoint3<float>& ref, UVector3<float>& up) const;
     void setPreviewing(bool on) { previewOn = on; }
+
+    /// Where turns of the view have taken the tool in the world since it was made. A pan leaves it
+    /// on the model.
+    RigidMotion const& getTurns() const { return turns; }
+    void addTurn(RigidMotion const& turn) { turns = turns.then(turn); }
 
     /// The key points in eye space, as of the last storeEyePoints.
     std::vector<UPoint3<float>> const& getEyeKeyPoints() const { return eyeKeyPoints; }
@@ -109,6 +115,9 @@ protected:
     UPoint3<float> lastEye;
     UPoint3<float> lastRef;
     UVector3<float> lastUp;
+
+private:
+    RigidMotion turns;
 };
 
 }  // namespace Freecut

@@ -6,6 +6,11 @@
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/CommandManager.h"
+#include "platform/ui/MainWindow.h"
+#include "platform/view/AbstractMouseSelection.h"
+#include "platform/view/GLView.h"
+#include "platform/view/NavigationStyle.h"
+#include "platform/view/ToolHistory.h"
 
 #include <QCoreApplication>
 
@@ -50,6 +55,18 @@ public:
     }
 };
 
+/// The edits of the running mouse tool while there are any; null while undo and redo are the
+/// document's.
+Base::ToolHistory* historyOfTool()
+{
+    MainWindow const* const window = MainWindow::getInstance();
+    Base::GLView const* const view = window ? window->activeGLView() : nullptr;
+    Base::AbstractMouseSelection const* const tool =
+        view ? view->navigationStyle()->mouseModel() : nullptr;
+    Base::ToolHistory* const history = tool ? tool->history() : nullptr;
+    return history && history->isInUse() ? history : nullptr;
+}
+
 class UndoCommand : public HostCommand
 {
 public:
@@ -61,6 +78,8 @@ public:
 
     QString whyInactive() const override
     {
+        if (Base::ToolHistory const* const tool = historyOfTool())
+            return tool->whyNoUndo();
         Base::Document const* const document = activeMeshDocument();
         return document && !document->undoNames().empty()
                    ? QString()
@@ -71,12 +90,20 @@ public:
     {
         if (!whyInactive().isEmpty())
             return HostCommand::currentText();
+        if (historyOfTool())
+            return translated(QT_TRANSLATE_NOOP("HostCommand", "&Undo: edit of the tool"));
         std::string const name = activeMeshDocument()->undoNames().front();
         return translated(QT_TRANSLATE_NOOP("HostCommand", "&Undo: %1"))
             .arg(QCoreApplication::translate("UndoRedoName", name.c_str()));
     }
 
-    void activated(int) override { activeMeshDocument()->undo(); }
+    void activated(int) override
+    {
+        if (Base::ToolHistory* const tool = historyOfTool())
+            tool->undo();
+        else
+            activeMeshDocument()->undo();
+    }
 };
 
 class RedoCommand : public HostCommand
@@ -91,6 +118,8 @@ public:
 
     QString whyInactive() const override
     {
+        if (Base::ToolHistory const* const tool = historyOfTool())
+            return tool->whyNoRedo();
         Base::Document const* const document = activeMeshDocument();
         return document && !document->redoNames().empty()
                    ? QString()
@@ -101,12 +130,20 @@ public:
     {
         if (!whyInactive().isEmpty())
             return HostCommand::currentText();
+        if (historyOfTool())
+            return translated(QT_TRANSLATE_NOOP("HostCommand", "&Redo: edit of the tool"));
         std::string const name = activeMeshDocument()->redoNames().front();
         return translated(QT_TRANSLATE_NOOP("HostCommand", "&Redo: %1"))
             .arg(QCoreApplication::translate("UndoRedoName", name.c_str()));
     }
 
-    void activated(int) override { activeMeshDocument()->redo(); }
+    void activated(int) override
+    {
+        if (Base::ToolHistory* const tool = historyOfTool())
+            tool->redo();
+        else
+            activeMeshDocument()->redo();
+    }
 };
 
 class DeleteCommand : public SelectionCommand

@@ -73,6 +73,11 @@ void ShortcutList::addMouse(Preset preset)
                              : tr("Wheel, or drag with the middle button and Ctrl");
     QStringList const rows[] = {
         {tr("End the tool, or cancel the job"), tr("Esc")},
+        {tr("Move the cut plane, or the selected point of a shape; with Shift, ten times as far"),
+         tr("Arrow keys")},
+        {tr("Remove the corner of a polygon that was drawn last"), tr("Backspace")},
+        {tr("Draw a polygon's edge by 15 degrees and round lengths"), tr("Shift")},
+        {tr("Draw a polygon's corner to the parts or in line with others"), tr("Ctrl")},
         {tr("Select a part; with Ctrl, one more"), tr("Left click")},
         {tr("Orbit about the point under the mouse"), turn},
         {tr("Move the view"), move},

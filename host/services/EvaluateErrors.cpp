@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/MeshErrors.h"
+#include "host/services/MeshSurvey.h"
 #include "platform/services/Repair.h"
 
 #include <cassert>
@@ -15,10 +15,15 @@ std::size_t EvaluateErrors::evaluate(ErrorType type, bool firstOnly, bool parall
                                      std::function<void(int)> progress)
 {
     m_counts = {};
+    m_survey.reset();
     StageProgress stages(progress);
     stages.begin(0, 10, m_kernel->readMesh() ? m_kernel->readMesh()->triangles.size() : 0);
-    MeshArrays const mesh = copyArrays(*m_kernel, Frame::World, stages);
-    m_counts = findErrors(mesh, unsigned(type), stages, 10).counts;
+    auto const survey = std::make_shared<MeshSurvey>();
+    survey->mesh = copyArrays(*m_kernel, Frame::World, stages);
+    survey->errors = findErrors(survey->mesh, unsigned(type), stages, 10);
+    m_counts = survey->errors.counts;
+    if (type == ERROR_ALL)
+        m_survey = survey;
     return m_counts.total();
 }
 

@@ -57,13 +57,13 @@ MeshErrors findErrors(MeshArrays const& mesh, unsigned kinds, StageProgress& pro
     std::vector<std::uint32_t> depths(volumes.size(), 0);
     if (mayNest || kinds & Errors::ERROR_INTERSECTIONS) {
         progress.begin(percent(35), percent(50), 1);
-        TriangleTree const tree(mesh, errors.topology, progress);
+        errors.tree = std::make_shared<TriangleTree const>(mesh, errors.topology, progress);
         progress.begin(percent(50), percent(95), 1);
-        errors.intersections = findIntersections(mesh, errors.topology, tree, progress);
+        errors.intersections = findIntersections(mesh, errors.topology, *errors.tree, progress);
         progress.begin(percent(95), percent(100), volumes.size());
         if (mayNest)
-            depths = shellDepths(mesh, errors.topology, tree, volumes, errors.intersections.shells,
-                                 progress);
+            depths = shellDepths(mesh, errors.topology, *errors.tree, volumes,
+                                 errors.intersections.shells, progress);
     }
     if (kinds & Errors::ERROR_INTERSECTIONS)
         errors.counts.selfIntersections = errors.intersections.pairs;

@@ -6,6 +6,7 @@
 #include "platform/services/Repair.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 /// What is wrong with a mesh, and where.
@@ -17,6 +18,8 @@ struct MeshErrors
     IntersectionReport intersections;
     /// Per shell: 1 if its orientation contradicts its nesting.
     std::vector<std::uint8_t> isMisoriented;
+    /// Of the mesh; null where nothing has needed it.
+    std::shared_ptr<TriangleTree const> tree;
 };
 
 /// Finds the errors of the given kinds; the counts of the others stay 0.

@@ -54,11 +54,19 @@ int answerOfClosedBox(std::array<QString, 3> const& texts, int escapeButton)
 }  // namespace
 
 MellMessageBox::MellMessageBox(QWidget* parent)
-    : QDialog(parent), m_text(new QLabel(this)), m_buttons(new QDialogButtonBox(this))
+    : QDialog(parent),
+      m_text(new QLabel(this)),
+      m_details(new QLabel(this)),
+      m_buttons(new QDialogButtonBox(this))
 {
     m_text->setWordWrap(true);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    m_details->setObjectName(QStringLiteral("Details"));
+    m_details->setWordWrap(true);
+    m_details->setTextFormat(Qt::PlainText);
+    m_details->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_details->hide();
 
     auto* const message = new QHBoxLayout;
     message->setSpacing(g_pixelSize);
@@ -70,10 +78,16 @@ MellMessageBox::MellMessageBox(QWidget* parent)
     content->setSpacing(margin);
     content->setSizeConstraint(QLayout::SetMinimumSize);
     content->addLayout(message);
+    content->addWidget(m_details);
     content->addWidget(m_buttons);
 
     setModal(true);
     connect(m_buttons, &QDialogButtonBox::clicked, this, [this](QAbstractButton* pressed) {
+        if (m_buttons->buttonRole(pressed) == QDialogButtonBox::HelpRole) {
+            m_details->setVisible(m_details->isHidden());
+            adjustSize();
+            return;
+        }
         QVariant const index = pressed->property("answer");
         done(index.isValid() ? index.toInt() : int(m_buttons->standardButton(pressed)));
     });
@@ -110,6 +124,35 @@ int MellMessageBox::warning(QWidget* parent, QString const& title, QString const
     return answer;
 }
 
+void MellMessageBox::failure(QWidget* parent, QString const& title, QString const& text,
+                             QString const& details, QString const& button)
+{
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
+        Base::ConsoleSingleton::Instance().Log(text.toStdString());
+        Base::ConsoleSingleton::Instance().Log(details.toStdString());
+        return;
+    }
+    MellMessageBox box(parent);
+    box.setWindowTitle(title);
+    box.setText(text);
+    box.m_buttons->addButton(button, QDialogButtonBox::ActionRole)->setDefault(true);
+    if (!details.isEmpty())
+        box.setDetails(details);
+    box.QDialog::exec();
+}
+
+void MellMessageBox::setDetails(QString const& details)
+{
+    if (m_details->text().isEmpty())
+        m_buttons->addButton(tr("Details"), QDialogButtonBox::HelpRole)->setAutoDefault(false);
+    m_details->setText(details);
+}
+
+QString MellMessageBox::details() const
+{
+    return m_details->text();
+}
+
 void MellMessageBox::setText(QString const& text)
 {
     m_text->setText(text);
@@ -139,7 +182,8 @@ QPushButton* MellMessageBox::button(QDialogButtonBox::StandardButton button) con
 void MellMessageBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy))
-        QApplication::clipboard()->setText(text());
+        QApplication::clipboard()->setText(details().isEmpty() ? text()
+                                                               : text() + '\n' + details());
     else
         QDialog::keyPressEvent(event);
 }

@@ -6,6 +6,8 @@
 #include "platform/view/MeshGLView.h"
 #include "platform/view/NavigationStyle.h"
 
+#include <utility>
+
 namespace Base {
 
 namespace {
@@ -75,9 +77,14 @@ int AbstractMouseSelection::mouseDoubleClickedEvent(QMouseEvent*)
     return 0;
 }
 
-int AbstractMouseSelection::keyPressEvent(QKeyEvent*)
+int AbstractMouseSelection::keyPressEvent(QKeyEvent* event)
 {
-    return 0;
+    return m_keyHandler && m_keyHandler(*event) ? 1 : 0;
+}
+
+void AbstractMouseSelection::setKeyHandler(std::function<bool(QKeyEvent&)> handler)
+{
+    m_keyHandler = std::move(handler);
 }
 
 int AbstractMouseSelection::keyReleaseEvent(QKeyEvent*)

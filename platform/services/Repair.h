@@ -5,8 +5,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+struct MeshSurvey;
 
 namespace Repair {
 
@@ -71,9 +74,14 @@ public:
 
     Counts const& counts() const { return m_counts; }
 
+    /// What the last complete check has seen, for a repair of the same mesh. It needs as much
+    /// memory as the mesh itself. Null if there was none.
+    std::shared_ptr<MeshSurvey const> const& survey() const { return m_survey; }
+
 private:
     MeshKernel* m_kernel;
     Counts m_counts;
+    std::shared_ptr<MeshSurvey const> m_survey;
 };
 
 /// What a repair is allowed to look at.
@@ -120,6 +128,10 @@ enum class Flaw
     turnedShell,
     /// Shells without volume, and shells that lie in solid on both sides.
     superfluousShell,
+    /// Edges with more than two triangles; only told where they stay.
+    crowdedEdge,
+    /// Edges whose two triangles face opposite sides; only told where they stay.
+    inconsistentEdge,
 };
 
 /// What one repair did, and what it left.
@@ -163,7 +175,10 @@ std::vector<std::string> linesOf(Report const& report);
 class RepairMethods
 {
 public:
-    explicit RepairMethods(MeshKernel* kernel, Scope scope = {});
+    /// survey  what a check has seen of the mesh, which has had nothing but toRclMesh() since; so
+    ///         the repair need not look at all of it again. May be null
+    explicit RepairMethods(MeshKernel* kernel, Scope scope = {},
+                           std::shared_ptr<MeshSurvey const> survey = {});
 
     /// Mends orientation, open seams, holes, degenerate and duplicate triangles, superfluous shells
     /// and crossings. The mesh is replaced only if the number of errors fell; otherwise it stays as
@@ -179,6 +194,7 @@ public:
 private:
     MeshKernel* m_kernel;
     Scope m_scope;
+    std::shared_ptr<MeshSurvey const> m_survey;
     Report m_report;
 };
 

@@ -28,8 +28,19 @@ public:
                        QString const& button0, QString const& button1, QString const& button2,
                        int defaultButton, int escapeButton);
 
+    /// Shows a message with one button, and waits until it has been read. A second button, "Details",
+    /// unfolds and folds what lies behind it. Ctrl+C copies both. Without a QApplication both go to
+    /// the log console.
+    ///
+    /// details  one or more sentences; without any there is no such button
+    static void failure(QWidget* parent, QString const& title, QString const& text,
+                        QString const& details, QString const& button);
+
     void setText(QString const& text);
     QString text() const;
+    /// Offers to unfold a text below the message.
+    void setDetails(QString const& details);
+    QString details() const;
     void setStandardButtons(QDialogButtonBox::StandardButtons buttons);
     void setDefaultButton(QDialogButtonBox::StandardButton button);
     QPushButton* button(QDialogButtonBox::StandardButton button) const;
@@ -43,5 +54,6 @@ protected:
 
 private:
     QLabel* m_text;
+    QLabel* m_details;
     QDialogButtonBox* m_buttons;
 };

@@ -12,6 +12,7 @@ class QWheelEvent;
 namespace Base {
 
 class GLView;
+class ToolHistory;
 
 /// A mouse tool: it sees the events of the view that runs it before the view does. Tools are made
 /// by class name through GLView::startSelection, and deleted by the view.
@@ -50,6 +51,7 @@ public:
     virtual int mouseMoveEvent(QMouseEvent* event);
     virtual int mouseReleaseEvent(QMouseEvent* event);
     virtual int mouseDoubleClickedEvent(QMouseEvent* event);
+    /// Keys come while the view has the focus. Here they go to what setKeyHandler() was given.
     virtual int keyPressEvent(QKeyEvent* event);
     virtual int keyReleaseEvent(QKeyEvent* event);
     virtual int wheelEvent(QWheelEvent* event);
@@ -71,6 +73,8 @@ public:
     virtual void unSelectModel(int x, int y);
 
     GLView* getGLViewer() const { return m_view; }
+    /// The edits that can be taken back while the tool runs; null for a tool that edits nothing.
+    ToolHistory* history() const { return m_history; }
 
 protected:
     /// Said within a press, or later in the same drag: the drag is the tool's, whatever the button,
@@ -80,8 +84,16 @@ protected:
     ///          without one the tool sees a move back to the place of the press. Called at most
     ///          once, before the release of no button, while the tool runs
     void capturePress(std::function<void()> putBack = {});
+    /// Borrowed; it lives as long as the tool does.
+    void setHistory(ToolHistory* history) { m_history = history; }
+    /// handler  is given each key that is pressed, and says whether it has made use of it
+    void setKeyHandler(std::function<bool(QKeyEvent&)> handler);
 
     GLView* m_view = nullptr;
+
+private:
+    ToolHistory* m_history = nullptr;
+    std::function<bool(QKeyEvent&)> m_keyHandler;
 };
 
 }  // namespace Base

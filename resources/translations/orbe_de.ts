@@ -811,6 +811,11 @@
         <source>Both sides</source>
         <translation>Beide Seiten</translation>
     </message>
+    <message>
+        <source>%1 (%2 more in the log)</source>
+        <extracomment>The first remark, and how many others there are.</extracomment>
+        <translation>%1 (%2 weitere im Protokoll)</translation>
+    </message>
 </context>
 <context>
     <name>DialogLabel</name>
@@ -1401,6 +1406,21 @@
     </message>
 </context>
 <context>
+    <name>Freecut::EditHistory</name>
+    <message>
+        <source>All edits of the tool have been taken back. Press Esc to end the tool, and then undo goes on with the parts.</source>
+        <translation>Alle Änderungen am Werkzeug sind zurückgenommen. Drücken Sie Esc, um das Werkzeug zu beenden; danach nimmt Rückgängig Schritte an den Teilen zurück.</translation>
+    </message>
+    <message>
+        <source>No edit of the tool has been taken back.</source>
+        <translation>Keine Änderung am Werkzeug ist zurückgenommen.</translation>
+    </message>
+    <message>
+        <source>Stop the preview before you edit the tool.</source>
+        <translation>Beenden Sie die Vorschau, bevor Sie das Werkzeug ändern.</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::PolygoncutSelection</name>
     <message>
         <source>Invalid point.</source>
@@ -1429,6 +1449,14 @@
     <message>
         <source>There would be too many teeth on some edge. Choose a larger distance(D).</source>
         <translation>Auf einer Kante gäbe es zu viele Zähne. Wählen Sie einen größeren Abstand(D).</translation>
+    </message>
+    <message>
+        <source>Edge: %1</source>
+        <translation>Kante: %1</translation>
+    </message>
+    <message>
+        <source>Edge: %1. Next edge: %2</source>
+        <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
 </context>
 <context>
@@ -1878,6 +1906,14 @@
         <source>Chec&amp;k</source>
         <translation>&amp;Prüfen</translation>
     </message>
+    <message>
+        <source>&amp;Undo: edit of the tool</source>
+        <translation>&amp;Rückgängig: Änderung am Werkzeug</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: edit of the tool</source>
+        <translation>&amp;Wiederholen: Änderung am Werkzeug</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2009,6 +2045,13 @@
     <message>
         <source>Apply</source>
         <translation>Anwenden</translation>
+    </message>
+</context>
+<context>
+    <name>MellMessageBox</name>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
     </message>
 </context>
 <context>
@@ -2786,6 +2829,22 @@
         <translation>Verkehrt herum liegende Schalen belassen: %1</translation>
     </message>
     <message>
+        <source>Edges with more than two triangles mended: %1</source>
+        <translation>Kanten mit mehr als zwei Dreiecken behoben: %1</translation>
+    </message>
+    <message>
+        <source>Edges with more than two triangles left: %1</source>
+        <translation>Kanten mit mehr als zwei Dreiecken belassen: %1</translation>
+    </message>
+    <message>
+        <source>Edges between triangles that face opposite sides mended: %1</source>
+        <translation>Kanten zwischen Dreiecken, die zu entgegengesetzten Seiten zeigen, behoben: %1</translation>
+    </message>
+    <message>
+        <source>Edges between triangles that face opposite sides left: %1</source>
+        <translation>Kanten zwischen Dreiecken, die zu entgegengesetzten Seiten zeigen, belassen: %1</translation>
+    </message>
+    <message>
         <source>Shells dropped: %1</source>
         <translation>Schalen weggelassen: %1</translation>
     </message>
@@ -2816,6 +2875,14 @@
     <message>
         <source>Mending them would leave the part with more flaws than before.</source>
         <translation>Sie zu beheben würde dem Bauteil mehr Fehler lassen als zuvor.</translation>
+    </message>
+    <message>
+        <source>Which surfaces go on in each other there cannot be told from the part.</source>
+        <translation>Welche Flächen dort ineinander übergehen, lässt sich aus dem Bauteil nicht erkennen.</translation>
+    </message>
+    <message>
+        <source>The surface has one side only there, so it bounds no solid.</source>
+        <translation>Die Fläche hat dort nur eine Seite und umschließt deshalb keinen Körper.</translation>
     </message>
 </context>
 <context>
@@ -2895,6 +2962,38 @@
     <message>
         <source>Wheel, or drag with the middle button and Ctrl</source>
         <translation>Mausrad oder mit der mittleren Taste und Strg ziehen</translation>
+    </message>
+    <message>
+        <source>Move the cut plane, or the selected point of a shape; with Shift, ten times as far</source>
+        <translation>Schnittebene oder gewählten Punkt einer Form bewegen; mit Umschalt zehnmal so weit</translation>
+    </message>
+    <message>
+        <source>Arrow keys</source>
+        <translation>Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Remove the corner of a polygon that was drawn last</source>
+        <translation>Zuletzt gezeichnete Ecke eines Polygons entfernen</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Draw a polygon&apos;s edge by 15 degrees and round lengths</source>
+        <translation>Kante eines Polygons in 15-Grad-Schritten und runden Längen zeichnen</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Draw a polygon&apos;s corner to the parts or in line with others</source>
+        <translation>Ecke eines Polygons an die Teile oder in Flucht mit anderen ziehen</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
     </message>
 </context>
 <context>

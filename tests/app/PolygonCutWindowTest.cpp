@@ -13,8 +13,8 @@
 #include "platform/ui/ThemeSwitch.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
-#include "tests/app/AppWindow.h"
 #include "tests/app/PieceGap.h"
+#include "tests/app/SavedPieces.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
@@ -138,13 +138,7 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
         settle();
     }
-    std::vector<Soup> pieces() const
-    {
-        std::vector<Soup> found;
-        for (Mesh::DocumentObject const* const part : document().getMeshObjects())
-            found.push_back(soupOf(part));
-        return found;
-    }
+    std::vector<Soup> pieces() { return savedParts(document(), script, folder); }
     /// Whole part, then what lies within the tool, then the rest: closed, apart by the clearance,
     /// and together the whole but for the gap.
     void expectCut(double clearance)
@@ -161,6 +155,8 @@ protected:
         EXPECT_NEAR(gap.median, clearance, 0.003);
         EXPECT_NEAR(whole - both, clearance * gap.wallArea, 0.05 * clearance * gap.wallArea);
     }
+
+    QTemporaryDir folder;
 };
 
 }  // namespace

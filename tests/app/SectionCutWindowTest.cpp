@@ -10,7 +10,7 @@
 #include "platform/view/NavigationStyle.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
-#include "tests/app/AppWindow.h"
+#include "tests/app/SavedPieces.h"
 #include "tests/support/BooleanJudge.h"
 #include "tests/support/ModelFile.h"
 #include "tests/support/SkipReasons.h"
@@ -21,8 +21,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 
-#include <cstring>
-#include <fstream>
 #include <random>
 
 namespace {
@@ -31,24 +29,6 @@ using Freecut::DialogSectioncut;
 using Freecut::PlanecutSelection;
 using Point = UPoint3<float>;
 
-/// A binary STL file.
-Soup readStl(QString const& path)
-{
-    std::ifstream file(path.toStdString(), std::ios::binary);
-    std::vector<char> const bytes{std::istreambuf_iterator<char>(file), {}};
-    Soup soup;
-    for (std::size_t at = 84; at + 50 <= bytes.size(); at += 50) {
-        float c[9];
-        std::memcpy(c, bytes.data() + at + 12, sizeof c);
-        auto const a = soup.add({c[0], c[1], c[2]});
-        soup.add({c[3], c[4], c[5]});
-        soup.add({c[6], c[7], c[8]});
-        soup.add(a, a + 1, a + 2);
-    }
-    soup.joinPoints();
-    return soup;
-}
-
 UBox3<float> boxOf(Soup const& soup)
 {
     UBox3<float> box;
@@ -56,17 +36,6 @@ UBox3<float> boxOf(Soup const& soup)
         box.Add(point);
     return box;
 }
-
-/// Exports where a test says, and answers else as the others do.
-class ExportAnswers : public ScriptedAnswers
-{
-public:
-    ExportAnswers(Script& script, ExportPlan const& plan) : ScriptedAnswers(script), m_plan(plan) {}
-    std::optional<ExportPlan> exportPlan(QString const&, int) override { return m_plan; }
-
-private:
-    ExportPlan m_plan;
-};
 
 /// The section cut by hand, in the shown window.
 class SectionCutWindow : public AppWindow
@@ -161,20 +130,7 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
         settle();
     }
-    /// Exports all parts but the first, and reads them again.
-    std::vector<Soup> savedPieces()
-    {
-        std::vector<Soup> pieces;
-        document().getMeshObjects()[0]->setVisible(true);
-        DocumentFiles files(
-            std::make_unique<ExportAnswers>(script, ExportPlan{folder.path(), "stl", true}));
-        files.exportParts(false);
-        waitUntil([&] { return !files.isWorking(); });
-        for (Mesh::DocumentObject const* const part : document().getMeshObjects())
-            pieces.push_back(
-                readStl(folder.filePath(QString::fromStdString(part->getName() + ".stl"))));
-        return pieces;
-    }
+    std::vector<Soup> savedPieces() { return savedParts(document(), script, folder); }
 
     QTemporaryDir folder;
 };

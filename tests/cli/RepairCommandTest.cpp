@@ -60,3 +60,54 @@ TEST(FreecutRepair, OnlyAllOfItMendsHolesBesideTheCut)
         EXPECT_EQ(folder.run(arguments).status, 2) << testing::PrintToString(options);
     }
 }
+
+TEST(FreecutRepair, EveryCuttingCommandMendsItsPiecesWhenAsked)
+{
+    FreecutFolder folder;
+    Soup part = box(30, 30, 30);
+    part.append(box(40, 10, 10, {20, 10, 10}));
+    folder.addStl(part, "part.stl");
+    folder.addStl(box(11, 60, 60, {14, -10, -10}), "tool.stl");
+    std::vector<Names> const commands = {
+        {"section", "part.stl", "--center", "0,0,13.1", "--normal", "0,0,1"},
+        {"polygon", "part.stl", "--view", "top", "--points", "-5,-5;25,-5;25,40;-5,40"},
+        {"cylinder", "part.stl", "--view", "top", "--center", "26,14", "--radius", "8"},
+        {"cuboid", "part.stl", "--view", "top", "--center", "26,14", "--length", "9", "--width",
+         "8"},
+        {"boolean", "part.stl", "tool.stl", "--split"},
+    };
+    for (Names const& command : commands) {
+        std::size_t mended[3] = {}, told[3] = {};
+        double volumes[3] = {};
+        int place = 0;
+        for (Names const& options :
+             {Names{}, Names{"--repair", "touched"}, Names{"--repair", "all"}}) {
+            Names arguments = command;
+            arguments.insert(arguments.end(), options.begin(), options.end());
+            arguments.insert(arguments.end(), {"--force", "--allow-open", "--json", "-"});
+            auto const result = folder.run(arguments);
+            ASSERT_EQ(result.status, 0) << command[0] << result.errors;
+            auto const pieces = result.json()["parts"][0]["pieces"];
+            for (auto const& piece : pieces) {
+                Soup const mesh = folder.mesh(piece["file"]);
+                volumes[place] += volumeOf(mesh);
+                // The other tools pass along walls of both shells, which may touch in edges then.
+                if (place > 0 && command[0] == "section")
+                    EXPECT_EQ(closedSolidFaults(mesh), "");
+                told[place] += piece.contains("repair");
+                if (piece.contains("repair"))
+                    for (auto const& item : piece["repair"]["mended"])
+                        mended[place] += item["count"].get<std::size_t>();
+            }
+            ++place;
+        }
+        EXPECT_EQ(told[0], 0u) << command[0];
+        EXPECT_GT(mended[1], 0u) << command[0];
+        // Or left, with the reason, where shells have walls in common.
+        EXPECT_GT(told[2], 0u) << command[0];
+        EXPECT_NEAR(volumes[0], 31000, 1) << command[0];
+        // What counts twice in the part counts once in what is mended.
+        if (command[0] == "section")
+            EXPECT_NEAR(volumes[1], 30000, 1);
+    }
+}

@@ -60,6 +60,8 @@ public:
     QStringList texts;
     QStringList titles;
     QStringList buttons;
+    /// What stands behind the button "Details"; empty without one.
+    QStringList details;
 
 private:
     void look()
@@ -68,6 +70,7 @@ private:
         if (!box)
             return;
         texts << box->text();
+        details << box->details();
         titles << box->windowTitle();
         buttons.clear();
         QPushButton* wanted = nullptr;

@@ -105,6 +105,7 @@ TEST(Commands, AZCutThatFailsShowsTheMessageAndChangesNothing)
     MainWindow::getViewSlider()->setHeight(2);
     QString title;
     QString text;
+    QString details;
     QStringList buttons;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
@@ -113,6 +114,7 @@ TEST(Commands, AZCutThatFailsShowsTheMessageAndChangesNothing)
             return;
         title = message->windowTitle();
         text = message->text();
+        details = message->details();
         for (QPushButton const* const button : message->findChildren<QPushButton*>())
             buttons += button->text();
         message->close();
@@ -121,7 +123,8 @@ TEST(Commands, AZCutThatFailsShowsTheMessageAndChangesNothing)
     module.command("Std_zCut")->invoke(0);
     EXPECT_EQ(title, "Attention");
     EXPECT_EQ(text, "An error occurred in triangulate.");
-    EXPECT_EQ(buttons, QStringList{"OK"});
+    EXPECT_EQ(buttons, (QStringList{"OK", "Details"}));
+    EXPECT_FALSE(details.isEmpty());
     EXPECT_EQ(module.test.names(), Names{"open"});
     EXPECT_FALSE(module.test.document->isModified());
 }

@@ -116,6 +116,19 @@ TEST(CylinderDrag, OfANotchWiderThanTheCircleTakesThePlainDistance)
     EXPECT_FLOAT_EQ(record.getNotchLength(), 9);
 }
 
+// The foot lies 4.9 mm from the centre: the way from there to the handle is negative.
+TEST(CylinderDrag, OfTheNotchIntoTheCircleLeavesTheLeastThatFieldsShow)
+{
+    CylinderProperty record = cylinder();
+    EXPECT_TRUE(dragCylinder(record, CYLINDER_NOTCH, {1, 2, 0}, north));
+    EXPECT_FLOAT_EQ(record.getNotchWidth(), 2);
+    EXPECT_EQ(record.getNotchLength(), 0.001f);
+    EXPECT_TRUE(dragCylinder(record, CYLINDER_NOTCH, {0, 9, 0}, north));
+    EXPECT_EQ(record.getNotchWidth(), 0.001f) << "on the axis there would be no width";
+    EXPECT_TRUE(dragCylinder(record, CYLINDER_CIRCLE, record.getKeyPoints()[0], north));
+    EXPECT_EQ(record.getRadius(), 0.001f);
+}
+
 TEST(CylinderDrag, OfTheNotchBehindTheCentreChangesNothing)
 {
     CylinderProperty record = cylinder();

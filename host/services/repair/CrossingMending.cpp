@@ -5,9 +5,10 @@
 #include "host/services/repair/CrossingResolver.h"
 #include "host/services/repair/RepairNotes.h"
 #include "host/services/repair/ShapeProof.h"
+#include "host/services/repair/TriangleDifference.h"
 
 #include <algorithm>
-#include <numeric>
+#include <optional>
 
 namespace {
 
@@ -15,16 +16,66 @@ using Fault = CrossingResolver::Fault;
 using Triangles = std::vector<std::uint32_t>;
 using Flags = std::vector<std::uint8_t>;
 
-/// A mesh with what it takes to look into it.
+/// What it takes to look into a mesh.
+struct Lookup
+{
+    explicit Lookup(MeshErrors const& errors) : topology(errors.topology), tree(*errors.tree) {}
+    Lookup(TopologyReport const& report, TriangleTree const& itsTree)
+        : topology(report), tree(itsTree)
+    {}
+
+    TopologyReport const& topology;
+    TriangleTree const& tree;
+};
+
+/// A mesh that is looked into for the first time.
 struct Surveyed
 {
     Surveyed(MeshArrays const& mesh, StageProgress& progress)
         : topology(checkTopology(mesh, progress)), tree(mesh, topology, progress)
     {}
 
+    Lookup lookup() const { return {topology, tree}; }
+
     TopologyReport topology;
     TriangleTree tree;
 };
+
+/// The triangles of a mesh that an earlier one does not have, as a mesh of their own.
+struct NewTriangles
+{
+    NewTriangles(MeshArrays const& mesh, Triangles const& matched, StageProgress& progress)
+        : numbers(numbersIn(matched)),
+          own(subset(mesh, numbers)),
+          topology(checkTopology(own, progress)),
+          tree(own, topology, progress)
+    {}
+
+    Triangles numbers;
+    MeshArrays own;
+    TopologyReport topology;
+    TriangleTree tree;
+
+private:
+    static Triangles numbersIn(Triangles const& matched)
+    {
+        Triangles numbers;
+        for (std::uint32_t t = 0; t < matched.size(); ++t)
+            if (matched[t] == unmatched)
+                numbers.push_back(t);
+        return numbers;
+    }
+};
+
+/// Per triangle of the earlier mesh its number in the later one.
+Triangles numbersNow(Triangles const& matched, std::size_t earlierCount)
+{
+    Triangles numbers(earlierCount, SearchLayer::none);
+    for (std::uint32_t t = 0; t < matched.size(); ++t)
+        if (matched[t] != unmatched)
+            numbers[matched[t]] = t;
+    return numbers;
+}
 
 /// Per triangle: whether its shell is closed and its volume negative.
 Flags invertedTriangles(MeshArrays const& mesh, TopologyReport const& topology)
@@ -72,12 +123,13 @@ std::size_t pairsOf(std::vector<CrossingResolver::Group> const& groups, Flags co
 class Round
 {
 public:
-    Round(MeshArrays& mesh, Surveyed const& surveyed, std::vector<CrossingPair> const& pairs,
+    Round(MeshArrays& mesh, Lookup const& lookup, std::vector<CrossingPair> const& pairs,
           StageProgress& progress)
         : m_mesh(mesh),
+          m_lookup(lookup),
           m_progress(progress),
-          m_isInverted(invertedTriangles(mesh, surveyed.topology)),
-          m_field(mesh, surveyed.tree, progress),
+          m_isInverted(invertedTriangles(mesh, lookup.topology)),
+          m_field(mesh, lookup.tree, progress),
           m_resolver(mesh, m_isInverted, m_field, pairs, progress),
           m_reasons(m_resolver.groups().size())
     {}
@@ -88,15 +140,14 @@ public:
         choose();
         // Each try leaves out what has failed.
         for (int tries = 0; tries < 4 && isAny(); ++tries) {
-            std::size_t firstNew = 0;
-            MeshArrays candidate = m_resolver.resolved(m_isResolved, firstNew, m_progress);
+            MeshArrays candidate = m_resolver.resolved(m_isResolved, m_progress);
             ShapeProof::Verdict const verdict =
                 ShapeProof(m_mesh, m_field).prove(candidate, m_progress);
             if (!verdict.isKept) {
                 leaveOut(verdict);
                 continue;
             }
-            if (!isBetter(candidate, firstNew, newTriangles)) {
+            if (!isBetter(candidate, newTriangles)) {
                 leaveAll(reasons::moreFlaws());
                 return false;
             }
@@ -162,20 +213,24 @@ private:
             leaveAll(reasons::shapeWouldChange());
     }
 
-    /// Rounding may make crossings anew; they must be fewer than were resolved.
-    bool isBetter(MeshArrays const& candidate, std::size_t firstNew, Triangles& newTriangles)
+    /// Rounding may make crossings anew; they must be fewer than were resolved. Only what is new
+    /// can cross anew.
+    bool isBetter(MeshArrays const& candidate, Triangles& newTriangles)
     {
-        newTriangles.resize(candidate.triangles.size() - firstNew);
-        std::iota(newTriangles.begin(), newTriangles.end(), std::uint32_t(firstNew));
-        Surveyed const surveyed(candidate, m_progress);
-        auto const left =
-            crossingPairs(candidate, surveyed.topology, surveyed.tree, newTriangles, m_progress);
-        if (left.empty())
-            newTriangles.clear();
+        Triangles const matched = matchedInOrder(candidate, m_mesh, m_progress);
+        NewTriangles const made(candidate, matched, m_progress);
+        std::vector<SearchLayer> const layers{
+            {m_mesh, m_lookup.topology, m_lookup.tree,
+             numbersNow(matched, m_mesh.triangles.size())},
+            {made.own, made.topology, made.tree, made.numbers},
+        };
+        auto const left = crossingPairs(candidate, layers, made.numbers, m_progress);
+        newTriangles = left.empty() ? Triangles() : made.numbers;
         return left.size() < pairsOf(m_resolver.groups(), m_isResolved);
     }
 
     MeshArrays& m_mesh;
+    Lookup m_lookup;
     StageProgress& m_progress;
     Flags m_isInverted;
     WindingField m_field;
@@ -186,19 +241,22 @@ private:
 
 }  // namespace
 
-bool mendCrossings(MeshArrays& mesh, Triangles seeds, Repair::Report& report,
-                   StageProgress& progress)
+bool mendCrossings(MeshArrays& mesh, MeshErrors const& errors, Triangles seeds,
+                   Repair::Report& report, StageProgress& progress)
 {
     bool hasChanged = false;
     // Rounding seldom leaves anything for a second round.
     for (int round = 0; round < 3 && !seeds.empty(); ++round) {
-        Surveyed const surveyed(mesh, progress);
+        std::optional<Surveyed> surveyed;
+        if (round > 0)
+            surveyed.emplace(mesh, progress);
+        Lookup const lookup = surveyed ? surveyed->lookup() : Lookup(errors);
         auto const pairs =
-            crossingPairs(mesh, surveyed.topology, surveyed.tree, std::move(seeds), progress);
+            crossingPairs(mesh, lookup.topology, lookup.tree, std::move(seeds), progress);
         seeds.clear();
         if (pairs.empty())
             break;
-        Round resolving(mesh, surveyed, pairs, progress);
+        Round resolving(mesh, lookup, pairs, progress);
         bool const isDone = resolving.run(seeds);
         resolving.note(round == 0, report);
         if (!isDone)

@@ -8,50 +8,85 @@
 
 #include <algorithm>
 #include <bit>
+#include <numeric>
 
 namespace {
 
 using Triangles = std::vector<std::uint32_t>;
 
+/// Where a layer's triangles are.
+using Places = std::vector<std::uint32_t>;
+constexpr std::uint32_t none = SearchLayer::none;
+
+Places placesOf(SearchLayer const& layer, std::size_t count)
+{
+    Places places(count, none);
+    for (std::uint32_t i = 0; i < layer.numbers.size(); ++i)
+        if (layer.numbers[i] != none)
+            places[layer.numbers[i]] = i;
+    return places;
+}
+
 /// Looks up which triangles one triangle meets.
 class PartnerSearch
 {
 public:
-    PartnerSearch(MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree)
-        : m_mesh(mesh), m_topology(topology), m_tree(tree)
-    {}
+    PartnerSearch(MeshArrays const& mesh, std::vector<SearchLayer> const& layers)
+        : m_mesh(mesh), m_layers(layers)
+    {
+        for (SearchLayer const& layer : layers)
+            m_places.push_back(placesOf(layer, mesh.triangles.size()));
+    }
+
+    /// Whether a triangle has no area, and so lies in no tree.
+    bool isDegenerate(std::uint32_t triangle) const
+    {
+        for (std::size_t i = 0; i < m_layers.size(); ++i)
+            if (m_places[i][triangle] != none)
+                return m_layers[i].topology.isDegenerate[m_places[i][triangle]] != 0;
+        return true;
+    }
 
     Triangles partnersOf(std::uint32_t triangle, StageProgress& progress) const
     {
         Triangles partners;
+        for (std::size_t layer = 0; layer < m_layers.size(); ++layer)
+            if (!m_layers[layer].tree.blocks().empty())
+                search(layer, triangle, partners, progress);
+        std::sort(partners.begin(), partners.end());
+        return partners;
+    }
+
+private:
+    void search(std::size_t layer, std::uint32_t triangle, Triangles& partners,
+                StageProgress& progress) const
+    {
+        TriangleTree const& tree = m_layers[layer].tree;
         TriangleTree::Box const box = boxOf(triangle);
         struct Node
         {
             std::size_t level;
             std::size_t place;
         };
-        std::vector<Node> open{{m_tree.levels().size() - 1, 0}};
+        std::vector<Node> open{{tree.levels().size() - 1, 0}};
         std::size_t visited = 0;
         while (!open.empty()) {
             Node const node = open.back();
             open.pop_back();
-            if (!m_tree.levels()[node.level][node.place].overlaps(box))
+            if (!tree.levels()[node.level][node.place].overlaps(box))
                 continue;
             if (++visited % 256 == 0 && !progress.add(0))
                 break;
             if (node.level == 0) {
-                addPartners(triangle, box, m_tree.blocks()[node.place], partners);
+                addPartners(layer, triangle, box, tree.blocks()[node.place], partners);
                 continue;
             }
             for (std::size_t below = 2 * node.place + 2; below-- > 2 * node.place;)
-                if (below < m_tree.levels()[node.level - 1].size())
+                if (below < tree.levels()[node.level - 1].size())
                     open.push_back({node.level - 1, below});
         }
-        std::sort(partners.begin(), partners.end());
-        return partners;
     }
 
-private:
     TriangleTree::Box boxOf(std::uint32_t triangle) const
     {
         TriangleTree::Box box;
@@ -62,12 +97,13 @@ private:
         return box;
     }
 
-    void addPartners(std::uint32_t triangle, TriangleTree::Box const& box,
+    void addPartners(std::size_t layer, std::uint32_t triangle, TriangleTree::Box const& box,
                      TriangleTree::Block const& block, Triangles& partners) const
     {
         for (std::uint32_t near = block.overlapping(box); near != 0; near &= near - 1) {
-            std::uint32_t const other = block.triangles[std::countr_zero(near)];
-            if (other == triangle || areSpread(triangle, other))
+            std::uint32_t const place = block.triangles[std::countr_zero(near)];
+            std::uint32_t const other = m_layers[layer].numbers[place];
+            if (other == none || other == triangle || areSpread(layer, triangle, place))
                 continue;
             if (doTrianglesMeet(m_mesh, triangle, other) || areDuplicates(triangle, other))
                 partners.push_back(other);
@@ -80,20 +116,24 @@ private:
         return std::is_permutation(s.begin(), s.end(), t.begin());
     }
 
-    /// Whether both are at a vertex around which triangles are known not to meet elsewhere.
-    bool areSpread(std::uint32_t a, std::uint32_t b) const
+    /// Whether a triangle is in the layer too, and both are at a vertex around which the triangles
+    /// of the layer are known not to meet elsewhere.
+    bool areSpread(std::size_t layer, std::uint32_t triangle, std::uint32_t place) const
     {
-        for (std::uint32_t const vertex : m_mesh.triangles[a])
-            if (m_topology.isSpread[vertex])
-                for (std::uint32_t const other : m_mesh.triangles[b])
+        if (m_places[layer][triangle] == none)
+            return false;
+        MeshArrays const& mesh = m_layers[layer].mesh;
+        for (std::uint32_t const vertex : mesh.triangles[m_places[layer][triangle]])
+            if (m_layers[layer].topology.isSpread[vertex])
+                for (std::uint32_t const other : mesh.triangles[place])
                     if (vertex == other)
                         return true;
         return false;
     }
 
     MeshArrays const& m_mesh;
-    TopologyReport const& m_topology;
-    TriangleTree const& m_tree;
+    std::vector<SearchLayer> const& m_layers;
+    std::vector<Places> m_places;
 };
 
 }  // namespace
@@ -102,11 +142,19 @@ std::vector<CrossingPair> crossingPairs(MeshArrays const& mesh, TopologyReport c
                                         TriangleTree const& tree, Triangles seeds,
                                         StageProgress& progress)
 {
+    Triangles numbers(mesh.triangles.size());
+    std::iota(numbers.begin(), numbers.end(), 0u);
+    return crossingPairs(mesh, {{mesh, topology, tree, std::move(numbers)}}, std::move(seeds),
+                         progress);
+}
+
+std::vector<CrossingPair> crossingPairs(MeshArrays const& mesh,
+                                        std::vector<SearchLayer> const& layers, Triangles seeds,
+                                        StageProgress& progress)
+{
     std::vector<CrossingPair> pairs;
-    if (tree.blocks().empty())
-        return pairs;
-    PartnerSearch const search(mesh, topology, tree);
-    std::erase_if(seeds, [&](std::uint32_t t) { return topology.isDegenerate[t] != 0; });
+    PartnerSearch const search(mesh, layers);
+    std::erase_if(seeds, [&](std::uint32_t t) { return search.isDegenerate(t); });
     std::vector<std::uint8_t> isKnown(mesh.triangles.size(), 0);
     for (std::uint32_t const seed : seeds)
         isKnown[seed] = 1;

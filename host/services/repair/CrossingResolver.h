@@ -59,9 +59,7 @@ public:
     /// ones. Points are added behind the others, and none is moved.
     ///
     /// isResolved  per group; those with a fault are left in any case
-    /// firstNew    receives the place of the first new triangle
-    MeshArrays resolved(std::vector<std::uint8_t> const& isResolved, std::size_t& firstNew,
-                        StageProgress& progress) const;
+    MeshArrays resolved(std::vector<std::uint8_t> const& isResolved, StageProgress& progress) const;
 
 private:
     static constexpr std::uint32_t none = 0xffffffff;

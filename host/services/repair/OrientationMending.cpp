@@ -51,6 +51,15 @@ public:
         return m_piece;
     }
 
+    /// Whether the turns of the two triangles at an edge fit together, once both are reached. They
+    /// do not where a surface has one side only.
+    bool doesFit(std::uint32_t halfEdge) const
+    {
+        std::uint32_t const partner = m_partners[halfEdge];
+        return partner == none || doAgree(m_mesh, halfEdge, partner) ==
+                                      (isTurned[halfEdge / 3] == isTurned[partner / 3]);
+    }
+
     std::vector<std::uint8_t> isTurned;
 
 private:
@@ -143,6 +152,24 @@ private:
 };
 
 }  // namespace
+
+std::vector<std::uint8_t> oneSidedTriangles(MeshArrays const& mesh, StageProgress& progress)
+{
+    OrientationFlood flood(mesh, progress);
+    std::vector<std::uint8_t> isOneSided(mesh.triangles.size(), 0);
+    for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t) {
+        if (flood.isReached(t))
+            continue;
+        auto const& piece = flood.flood(t);
+        bool doAllFit = true;
+        for (std::uint32_t const other : piece)
+            for (std::uint32_t k = 0; k < 3; ++k)
+                doAllFit &= flood.doesFit(3 * other + k);
+        for (std::uint32_t const other : piece)
+            isOneSided[other] = !doAllFit;
+    }
+    return isOneSided;
+}
 
 std::vector<MeshArrays::Point> orientConsistently(MeshArrays& mesh, StageProgress& progress)
 {

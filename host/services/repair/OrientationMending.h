@@ -10,6 +10,12 @@
 /// cost     linear in the triangles
 std::vector<MeshArrays::Point> orientConsistently(MeshArrays& mesh, StageProgress& progress);
 
+/// Per triangle: 1 if its connected piece cannot be turned so that all triangles agree, for it has
+/// one side only.
+///
+/// cost  linear in the triangles
+std::vector<std::uint8_t> oneSidedTriangles(MeshArrays const& mesh, StageProgress& progress);
+
 /// Gives each vertex a copy per fan of triangles around it. A fan goes on over an edge with
 /// two triangles that agree, and over an edge with more where they can be paired so that each pair
 /// bounds one wedge of material; elsewhere it ends. Afterwards no vertex holds two fans.

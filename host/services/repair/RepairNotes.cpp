@@ -80,4 +80,16 @@ std::string moreFlaws()
         "Services", "Mending them would leave the part with more flaws than before."));
 }
 
+std::string branching()
+{
+    return sentence(QT_TRANSLATE_NOOP(
+        "Services", "Which surfaces go on in each other there cannot be told from the part."));
+}
+
+std::string oneSided()
+{
+    return sentence(QT_TRANSLATE_NOOP(
+        "Services", "The surface has one side only there, so it bounds no solid."));
+}
+
 }  // namespace reasons

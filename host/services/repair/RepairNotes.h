@@ -25,5 +25,7 @@ std::string open();
 std::string insideOut();
 std::string gaps();
 std::string moreFlaws();
+std::string branching();
+std::string oneSided();
 
 }  // namespace reasons

@@ -42,6 +42,16 @@ Wording wordingOf(Flaw flaw)
         case Flaw::turnedShell:
             return {"shells_turned", QT_TRANSLATE_NOOP("Services", "Shells turned: %1"),
                     QT_TRANSLATE_NOOP("Services", "Shells that face the wrong way left: %1")};
+        case Flaw::crowdedEdge:
+            return {"crowded_edges",
+                    QT_TRANSLATE_NOOP("Services", "Edges with more than two triangles mended: %1"),
+                    QT_TRANSLATE_NOOP("Services", "Edges with more than two triangles left: %1")};
+        case Flaw::inconsistentEdge:
+            return {"inconsistent_edges",
+                    QT_TRANSLATE_NOOP(
+                        "Services", "Edges between triangles that face opposite sides mended: %1"),
+                    QT_TRANSLATE_NOOP("Services",
+                                      "Edges between triangles that face opposite sides left: %1")};
         case Flaw::superfluousShell:
             break;
     }

@@ -54,7 +54,7 @@ std::vector<std::uint8_t> cancelled(MeshArrays const& mesh, std::size_t firstNew
     return isRemoved;
 }
 
-void removeFlat(MeshArrays& mesh, std::size_t& firstNew, StageProgress& progress)
+void removeFlat(MeshArrays& mesh, std::size_t firstNew, StageProgress& progress)
 {
     std::vector<std::uint8_t> isFlat(mesh.triangles.size(), 0);
     bool isAny = false;
@@ -66,20 +66,16 @@ void removeFlat(MeshArrays& mesh, std::size_t& firstNew, StageProgress& progress
         return;
     constexpr int rings = 2;
     MeshRegion region = takeOut(mesh, isFlat, rings, progress);
-    std::size_t const oldInRegion =
-        std::size_t(std::count_if(region.places.begin(), region.places.end(),
-                                  [&](std::uint32_t place) { return place < firstNew; }));
     MeshKernel kernel(makeMesh(region.mesh).release());
     removeDegenerateTriangles(*kernel.getMesh());
     kernel.UpdateVertsID();
     region.mesh = copyArrays(kernel, Frame::Local, progress);
     putBack(mesh, region);
-    firstNew -= oldInRegion;
 }
 
 }  // namespace
 
-void settleRounding(MeshArrays& mesh, std::size_t& firstNew, std::size_t firstPoint,
+void settleRounding(MeshArrays& mesh, std::size_t firstNew, std::size_t firstPoint,
                     StageProgress& progress)
 {
     joinRounded(mesh, firstNew, firstPoint);

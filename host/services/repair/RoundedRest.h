@@ -9,10 +9,9 @@
 /// place or in a line, and pairs that have come to cover each other. What was closed stays closed,
 /// and points are joined but not moved.
 ///
-/// firstNew    where the new triangles begin; afterwards, where those begin that are new or were
-///             changed
+/// firstNew    where the new triangles begin
 /// firstPoint  where the new points begin
 /// cost        in proportion to the new triangles, and a few passes over the mesh where some have
 ///             come to lie flat
-void settleRounding(MeshArrays& mesh, std::size_t& firstNew, std::size_t firstPoint,
+void settleRounding(MeshArrays& mesh, std::size_t firstNew, std::size_t firstPoint,
                     StageProgress& progress);

@@ -2,7 +2,8 @@
 #include "host/services/repair/ShapeProof.h"
 
 #include "host/services/DistanceTree.h"
-#include "host/services/boolean/PlaceKey.h"
+#include "host/services/repair/PlacedTriangles.h"
+#include "host/services/repair/ProofSamples.h"
 #include "host/services/repair/TriangleDifference.h"
 
 #include <tbb/blocked_range.h>
@@ -11,9 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <memory>
 #include <optional>
-#include <random>
 
 namespace {
 
@@ -26,108 +25,13 @@ using Triangles = std::vector<std::uint32_t>;
 constexpr double mostDoubt = 0.2;
 /// Changes of a winding number below this are the field's error.
 constexpr double fieldError = 0.05;
-constexpr std::size_t mostTrianglesAsked = 1000;
+constexpr std::size_t mostTrianglesAsked = ProofSamples::mostTriangles;
 constexpr int boxSamples = 200;
 
 bool isSure(double winding)
 {
     return std::abs(winding - std::round(winding)) <= mostDoubt;
 }
-
-struct Box
-{
-    Place low{1e300, 1e300, 1e300};
-    Place high{-1e300, -1e300, -1e300};
-
-    void add(Point const& p)
-    {
-        for (std::size_t k = 0; k < 3; ++k) {
-            low[k] = std::min(low[k], double(p[int(k)]));
-            high[k] = std::max(high[k], double(p[int(k)]));
-        }
-    }
-    bool isNull() const { return low[0] > high[0]; }
-    double volume() const
-    {
-        return isNull() ? 0 : (high[0] - low[0]) * (high[1] - low[1]) * (high[2] - low[2]);
-    }
-    double reach() const
-    {
-        double most = 0;
-        for (std::size_t k = 0; k < 3; ++k)
-            most = std::max({most, std::abs(low[k]), std::abs(high[k])});
-        return most;
-    }
-};
-
-Box boxOf(MeshArrays const& mesh)
-{
-    Box box;
-    for (Corners const& corners : mesh.triangles)
-        for (std::uint32_t const corner : corners)
-            box.add(mesh.points[corner]);
-    return box;
-}
-
-/// Some triangles as a mesh, one vertex at each place.
-class Part
-{
-public:
-    explicit Part(PointsByPlace& places, std::vector<Point>& points)
-        : m_places(places), m_points(points)
-    {}
-
-    void add(MeshArrays const& from, Triangles const& triangles, bool areTurned)
-    {
-        for (std::uint32_t const t : triangles) {
-            // What is nowhere bounds nothing.
-            if (!isSomewhere(from, t))
-                continue;
-            Corners corners;
-            for (int k = 0; k < 3; ++k) {
-                std::uint32_t& number = m_places[placeKey(from.point(t, k))];
-                if (number == PointsByPlace::none) {
-                    number = std::uint32_t(m_points.size());
-                    m_points.push_back(from.point(t, k));
-                }
-                corners[k] = number;
-            }
-            if (areTurned)
-                std::swap(corners[1], corners[2]);
-            mesh.triangles.push_back(corners);
-        }
-    }
-
-    /// To be called once all is there.
-    void makeField(StageProgress& progress)
-    {
-        mesh.points = m_points;
-        m_topology.isDegenerate.assign(mesh.triangles.size(), 0);
-        m_topology.isSpread.assign(mesh.points.size(), 0);
-        m_tree = std::make_unique<TriangleTree>(mesh, m_topology, progress);
-        m_field = std::make_unique<WindingField>(mesh, *m_tree, progress);
-    }
-
-    double windingAt(Place const& place) const { return m_field->at(place); }
-
-    MeshArrays mesh;
-
-private:
-    static bool isSomewhere(MeshArrays const& from, std::uint32_t triangle)
-    {
-        double sum = 0;
-        for (int k = 0; k < 3; ++k)
-            for (int axis = 0; axis < 3; ++axis)
-                sum += from.point(triangle, k)[axis];
-        return std::isfinite(sum);
-    }
-
-    PointsByPlace& m_places;
-    std::vector<Point>& m_points;
-    TopologyReport m_topology;
-    std::unique_ptr<TriangleTree> m_tree;
-    std::unique_ptr<WindingField> m_field;
-};
 
 /// Six times the signed volume under the triangles, as seen from a point.
 double sextupleVolume(MeshArrays const& mesh, Place const& from)
@@ -146,86 +50,23 @@ double sextupleVolume(MeshArrays const& mesh, Place const& from)
 }
 
 /// Edges that are run along more often one way than the other, with how much more often.
-std::map<std::pair<std::uint32_t, std::uint32_t>, int> borderOf(MeshArrays const& mesh)
+std::map<std::pair<std::uint32_t, std::uint32_t>, int> borderOf(MeshArrays const& mesh,
+                                                                StageProgress& progress)
 {
     std::map<std::pair<std::uint32_t, std::uint32_t>, int> border;
-    for (Corners const& c : mesh.triangles)
+    std::size_t visited = 0;
+    for (Corners const& c : mesh.triangles) {
+        if (++visited % 4096 == 0)
+            progress.add(0);
         for (int k = 0; k < 3; ++k) {
             std::uint32_t const a = c[k], b = c[(k + 1) % 3];
             if (a != b)
                 border[{std::min(a, b), std::max(a, b)}] += a < b ? 1 : -1;
         }
+    }
     std::erase_if(border, [](auto const& edge) { return edge.second == 0; });
     return border;
 }
-
-/// Points at which the solid is asked for.
-class Samples
-{
-public:
-    /// Near a part's triangles, on both sides, and about them.
-    void addNear(MeshArrays const& part, double unit)
-    {
-        std::size_t const count = part.triangles.size();
-        std::size_t const asked = std::min(count, mostTrianglesAsked);
-        for (std::size_t i = 0; i < asked; ++i)
-            addNear(part, i * count / asked, unit);
-    }
-
-    void addWithin(Box const& box, int count)
-    {
-        if (box.isNull())
-            return;
-        for (int i = 0; i < count; ++i) {
-            Place place;
-            for (std::size_t k = 0; k < 3; ++k)
-                place[k] = box.low[k] + share() * (box.high[k] - box.low[k]);
-            places.push_back(place);
-        }
-    }
-
-    std::vector<Place> places;
-
-private:
-    void addNear(MeshArrays const& part, std::size_t t, double unit)
-    {
-        Place middle{};
-        Box box;
-        for (int k = 0; k < 3; ++k) {
-            box.add(part.point(t, k));
-            for (int axis = 0; axis < 3; ++axis)
-                middle[std::size_t(axis)] += part.point(t, k)[axis] / 3.0;
-        }
-        UVector3<double> const u = offset(part, t, 1), v = offset(part, t, 2);
-        UVector3<double> normal = u * v;
-        double const doubled = normal.GetLength();
-        double const length = std::max({u.GetLength(), v.GetLength(), (v - u).GetLength()});
-        // Nothing can be asked beside a triangle that is as low as rounding.
-        constexpr double lowest = 64;
-        if (length > 0 && doubled / length > lowest * unit) {
-            double const away = std::max(16 * unit, doubled / length / 50);
-            normal = normal / doubled;
-            for (double const side : {away, -away})
-                places.push_back({middle[0] + side * normal.X(), middle[1] + side * normal.Y(),
-                                  middle[2] + side * normal.Z()});
-        }
-        for (std::size_t k = 0; k < 3; ++k) {
-            box.low[k] -= length / 2;
-            box.high[k] += length / 2;
-        }
-        addWithin(box, 2);
-    }
-
-    static UVector3<double> offset(MeshArrays const& part, std::size_t t, int corner)
-    {
-        Point const &a = part.point(t, 0), &b = part.point(t, corner);
-        return {double(b.X()) - a.X(), double(b.Y()) - a.Y(), double(b.Z()) - a.Z()};
-    }
-
-    double share() { return m_random() * 0x1p-32; }
-
-    std::mt19937 m_random{1};
-};
 
 /// One comparison of two meshes.
 class Comparison
@@ -257,29 +98,38 @@ public:
     }
 
 private:
+    /// Most is the same in the same order; what is not is compared by its places.
     void findChange()
     {
-        Triangles const removed = trianglesNotIn(m_before, m_after, Facing::same, m_progress);
-        Triangles const added = trianglesNotIn(m_after, m_before, Facing::same, m_progress);
+        Triangles const matched = matchedInOrder(m_after, m_before, m_progress);
+        Triangles goneNumbers, comeNumbers;
+        std::vector<std::uint8_t> isKept(m_before.triangles.size(), 0);
+        for (std::uint32_t t = 0; t < matched.size(); ++t)
+            if (matched[t] == unmatched)
+                comeNumbers.push_back(t);
+            else
+                isKept[matched[t]] = 1;
+        for (std::uint32_t t = 0; t < isKept.size(); ++t)
+            if (!isKept[t])
+                goneNumbers.push_back(t);
+        MeshArrays const removed = subset(m_before, goneNumbers);
+        MeshArrays const added = subset(m_after, comeNumbers);
+        MeshArrays const gone =
+            subset(removed, trianglesNotIn(removed, added, Facing::same, m_progress));
+        MeshArrays const come =
+            subset(added, trianglesNotIn(added, removed, Facing::same, m_progress));
         // What is on the same places in both, but faces the other way.
-        MeshArrays const gone = subset(m_before, removed), come = subset(m_after, added);
         Triangles const onlyGone = trianglesNotIn(gone, come, Facing::either, m_progress);
         Triangles const onlyCome = trianglesNotIn(come, gone, Facing::either, m_progress);
-        m_turned.add(gone, others(onlyGone, gone.triangles.size()), false);
-        m_removed.add(gone, onlyGone, false);
-        m_added.add(come, onlyCome, false);
-        for (Part* const part : {&m_turned, &m_removed, &m_added})
+        m_turned.add(gone, others(onlyGone, gone.triangles.size()), m_progress);
+        m_removed.add(gone, onlyGone, m_progress);
+        m_added.add(come, onlyCome, m_progress);
+        for (PlacedTriangles* const part : {&m_turned, &m_removed, &m_added})
             part->makeField(m_progress);
-        m_unit = 0x1p-23 * std::max(boxOf(m_before).reach(), boxOf(m_after).reach());
-    }
-
-    static MeshArrays subset(MeshArrays const& mesh, Triangles const& triangles)
-    {
-        MeshArrays part;
-        part.points = mesh.points;
-        for (std::uint32_t const t : triangles)
-            part.triangles.push_back(mesh.triangles[t]);
-        return part;
+        m_boxBefore = SolidBox::around(m_before);
+        m_progress.add(0);
+        m_boxAfter = SolidBox::around(m_after);
+        m_unit = 0x1p-23 * std::max(m_boxBefore.reach(), m_boxAfter.reach());
     }
 
     static Triangles others(Triangles const& some, std::size_t count)
@@ -306,7 +156,7 @@ private:
     /// little; it may not have grown.
     void compareBoxes()
     {
-        Box const before = boxOf(m_before), after = boxOf(m_after);
+        SolidBox const &before = m_boxBefore, &after = m_boxAfter;
         for (std::size_t k = 0; k < 3; ++k)
             if (after.low[k] < before.low[k] || after.high[k] > before.high[k])
                 fail();
@@ -324,7 +174,7 @@ private:
             }
     }
 
-    static double distanceOut(Point const& p, Box const& box)
+    static double distanceOut(Point const& p, SolidBox const& box)
     {
         double most = 0;
         for (std::size_t k = 0; k < 3; ++k)
@@ -353,10 +203,10 @@ private:
 
     void compareTurned()
     {
-        bool const areShells = borderOf(m_turned.mesh).empty();
-        Samples samples;
+        bool const areShells = borderOf(m_turned.mesh, m_progress).empty();
+        ProofSamples samples;
         samples.addNear(m_turned.mesh, m_unit);
-        samples.addWithin(boxOf(m_turned.mesh), boxSamples);
+        samples.addWithin(SolidBox::around(m_turned.mesh), boxSamples);
         askAll(samples.places, [&](Place const& place) {
             double const change = -2 * m_turned.windingAt(place);
             if (std::abs(change) < fieldError)
@@ -373,11 +223,11 @@ private:
     void compareReplaced()
     {
         bool const isBorderKept = isChangeClosed();
-        Box box = boxOf(m_removed.mesh);
+        SolidBox box = SolidBox::around(m_removed.mesh);
         for (Corners const& corners : m_added.mesh.triangles)
             for (std::uint32_t const corner : corners)
                 box.add(m_points[corner]);
-        Samples samples;
+        ProofSamples samples;
         samples.addNear(m_removed.mesh, m_unit);
         samples.addNear(m_added.mesh, m_unit);
         std::size_t const near = samples.places.size();
@@ -408,7 +258,7 @@ private:
         MeshArrays change = m_added.mesh;
         for (Corners const& c : m_removed.mesh.triangles)
             change.triangles.push_back({c[0], c[2], c[1]});
-        auto const border = borderOf(change);
+        auto const border = borderOf(change, m_progress);
         if (border.empty())
             return true;
         Triangles numbers(m_before.points.size(), PointsByPlace::none);
@@ -444,13 +294,13 @@ private:
 
     /// The volume may change by as much as the points tell that something has been counted less
     /// often.
-    void compareVolumes(Box const& box, std::ptrdiff_t changedInBox, std::ptrdiff_t changed)
+    void compareVolumes(SolidBox const& box, std::ptrdiff_t changedInBox, std::ptrdiff_t changed)
     {
         Place const from = box.isNull() ? Place{} : box.low;
         double const change =
             (sextupleVolume(m_added.mesh, from) - sextupleVolume(m_removed.mesh, from)) / 6;
         double area = 0;
-        for (Part const* const part : {&m_added, &m_removed})
+        for (PlacedTriangles const* const part : {&m_added, &m_removed})
             for (std::size_t t = 0; t < part->mesh.triangles.size(); ++t)
                 area += areaOf(part->mesh, t);
         double const rounding = 4 * m_unit * area;
@@ -486,16 +336,18 @@ private:
                     return;
             }
         });
-        for (std::size_t i = 0; i < places.size(); ++i)
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            m_progress.add(0);
             if (isWrong[i] && !isBesideChange(places[i]))
                 fail(places[i]);
+        }
     }
 
     bool isBesideChange(Place const& place)
     {
         if (!m_distances) {
             MeshArrays all = m_added.mesh;
-            for (Part const* const part : {&m_removed, &m_turned})
+            for (PlacedTriangles const* const part : {&m_removed, &m_turned})
                 all.triangles.insert(all.triangles.end(), part->mesh.triangles.begin(),
                                      part->mesh.triangles.end());
             all.points = m_points;
@@ -513,10 +365,12 @@ private:
     PointsByPlace m_placeNumbers;
     std::vector<Point> m_points;
     /// What faces the other way, as it faced before; what is gone; what has come.
-    Part m_turned;
-    Part m_removed;
-    Part m_added;
+    PlacedTriangles m_turned;
+    PlacedTriangles m_removed;
+    PlacedTriangles m_added;
     std::optional<DistanceTree> m_distances;
+    SolidBox m_boxBefore;
+    SolidBox m_boxAfter;
     /// The last place of the largest coordinate.
     double m_unit = 0;
     ShapeProof::Verdict m_verdict;

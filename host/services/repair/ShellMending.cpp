@@ -72,8 +72,7 @@ Fate fateOf(MeshArrays const& mesh, std::uint32_t triangle, WindingField const& 
 MeshArrays withMendedShells(MeshArrays const& mesh, MeshErrors const& errors,
                             Repair::Report& report, StageProgress& progress)
 {
-    TriangleTree const tree(mesh, errors.topology, progress);
-    WindingField const field(mesh, tree, progress);
+    WindingField const field(mesh, *errors.tree, progress);
     std::vector<Fate> fates(errors.topology.isClosedShell.size(), Fate::stays);
     std::vector<std::uint32_t> const largest = largestTriangles(mesh, errors);
     for (std::size_t shell = 0; shell < largest.size(); ++shell) {

@@ -9,7 +9,7 @@
 /// bounds a solid turned inside out is turned; one that lies in solid on both sides is left out: it
 /// counts the solid in it once more, and turning it would hollow that out.
 ///
-/// errors  of the mesh
+/// errors  of the mesh, with its tree
 /// report  gets what was done, and what was left because the surface is open nearby
 MeshArrays withMendedShells(MeshArrays const& mesh, MeshErrors const& errors,
                             Repair::Report& report, StageProgress& progress);
