@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/BooleanJob.h"
 
+#include "cli/OtherFileError.h"
+#include "host/mesh/OperandError.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 #include "platform/services/Intersect.h"
@@ -58,9 +60,16 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
     Progress const progress = [&](int percent) { display.setProgress(std::uint64_t(percent)); };
     MeshKernel& solidA = *a.object->meshProperty->getMesh();
     MeshKernel& solidB = *b.object->meshProperty->getMesh();
-    Kernels const kernels = operation == BooleanOperation::Split
-                                ? split(solidA, solidB, progress)
-                                : combine(solidA, solidB, operation, progress);
+    Kernels kernels;
+    try {
+        kernels = operation == BooleanOperation::Split
+                      ? split(solidA, solidB, progress)
+                      : combine(solidA, solidB, operation, progress);
+    } catch (OperandError const& error) {
+        if (!error.isSecond())
+            throw;
+        throw OtherFileError(b.label, error.what());
+    }
     for (auto const& [what, kernel] : kernels) {
         if (kernel->readMesh()->triangles.empty())
             continue;

@@ -5,6 +5,7 @@
 #include "cli/DocumentParts.h"
 #include "cli/Errors.h"
 #include "cli/ExitStatus.h"
+#include "cli/OtherFileError.h"
 #include "cli/PieceMending.h"
 #include "cli/SavePieces.h"
 #include "platform/document/MeshDocument.h"
@@ -136,6 +137,11 @@ bool CutRun::attempt(CutPart& part, std::function<void()> const& work)
         return true;
     } catch (Mell::AbortException const&) {
         throw;
+    } catch (OtherFileError const& e) {
+        part.failure = failureInFlight();
+        part.pieces.clear();
+        complain(e.label() + ": " + part.failure->message);
+        return false;
     } catch (...) {
         part.failure = failureInFlight();
         part.pieces.clear();

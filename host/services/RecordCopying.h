@@ -246,6 +246,10 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
     for (std::size_t side = 0; side < 2; ++side)
         RecordCopying::collectRuns(blocks, side, m_meshes[side]->triangles);
     m_counts = {};
+    std::size_t meeting = m_meeting.size();
+    for (TriangleBlock const& block : blocks)
+        meeting += block.meeting.size();
+    m_meeting.reserve(meeting);
     for (TriangleBlock const& block : blocks) {
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
         for (std::size_t side = 0; side < 2; ++side)

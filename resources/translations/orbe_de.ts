@@ -2709,16 +2709,44 @@
         <translation>Paare von Dreiecken, die sich durch Rundung an anderen Stellen schneiden: mindestens %1.</translation>
     </message>
     <message>
-        <source>The part has triangles without area that cannot be removed. Repair it and cut again.</source>
-        <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen. Es reparieren und noch einmal schneiden.</translation>
+        <source>The part has triangles without area that cannot be removed, near (%1, %2, %3). Repair it and cut again.</source>
+        <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
     </message>
     <message>
         <source>The two solids meet in too many places to be combined. Move one of them a little and cut again.</source>
         <translation>Die beiden Körper treffen sich an zu vielen Stellen, um sie zu verrechnen. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
     </message>
     <message>
-        <source>The two solids could not be combined, for one of them is open or crosses itself where they meet. Repair it and cut again.</source>
-        <translation>Die beiden Körper konnten nicht verrechnet werden, denn einer von ihnen ist offen oder durchdringt sich selbst, wo sie sich treffen. Ihn reparieren und noch einmal schneiden.</translation>
+        <source>The part is open near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
+        <translation>Das Bauteil ist nahe (%1, %2, %3) offen, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The part crosses itself near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
+        <translation>Das Bauteil durchdringt sich nahe (%1, %2, %3) selbst, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The part has a point whose coordinates are no numbers, beside (%1, %2, %3). Repair it and cut again.</source>
+        <translation>Das Bauteil hat neben (%1, %2, %3) einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The tool is open near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
+        <translation>Das Werkzeug ist nahe (%1, %2, %3) offen, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The tool crosses itself near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
+        <translation>Das Werkzeug durchdringt sich nahe (%1, %2, %3) selbst, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The tool has a point whose coordinates are no numbers, beside (%1, %2, %3). Repair it and cut again.</source>
+        <translation>Das Werkzeug hat neben (%1, %2, %3) einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The two solids could not be combined near (%1, %2, %3). Move one of them a little and cut again.</source>
+        <translation>Die beiden Körper konnten nahe (%1, %2, %3) nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
+    </message>
+    <message>
+        <source>The two solids could not be combined. Move one of them a little and cut again.</source>
+        <translation>Die beiden Körper konnten nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
     </message>
     <message>
         <source>The part is open where the two meet, near (%1, %2, %3). Repair it and cut again.</source>

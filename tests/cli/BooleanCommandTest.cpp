@@ -197,3 +197,25 @@ TEST(FreecutBoolean, TheSameBooleanGivesTheSameBytesWithAnyNumberOfThreads)
     for (std::string const piece : {"/a_inside.stl", "/a_outside.stl"})
         EXPECT_EQ(folder.read("1" + piece), folder.read("4" + piece)) << piece;
 }
+
+TEST(FreecutBoolean, NamesTheFileThatIsToBlameAndThePlace)
+{
+    FreecutFolder folder;
+    folder.addStl(box(10, 10, 10), "whole.stl");
+    // Its border crosses the other's side x = 10.
+    Soup lidless = openBox(4, 4, 5);
+    for (auto& p : lidless.points)
+        p += UVector3<float>(8, 3, 2);
+    folder.addStl(lidless, "lidless.stl");
+    auto const asTool = folder.run({"boolean", "whole.stl", "lidless.stl", "--subtract"});
+    EXPECT_EQ(asTool.status, 1);
+    EXPECT_NE(asTool.errors.find("lidless.stl: The tool is open where the two meet, near (10, "),
+              std::string::npos)
+        << asTool.errors;
+    auto const asPart = folder.run({"boolean", "lidless.stl", "whole.stl", "--subtract"});
+    EXPECT_EQ(asPart.status, 1);
+    EXPECT_NE(asPart.errors.find("lidless.stl: The part is open where the two meet, near (10, "),
+              std::string::npos)
+        << asPart.errors;
+    EXPECT_EQ(folder.files().size(), 2u);
+}

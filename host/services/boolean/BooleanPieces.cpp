@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/BooleanPieces.h"
 
+#include "host/services/Polling.h"
+
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <functional>
 
@@ -20,10 +23,14 @@ public:
         : m_soup(soup), m_network(network), m_rounded(rounded), m_labels(labels), m_rule(rule)
     {}
 
-    std::vector<PieceTriangle> run()
+    std::vector<PieceTriangle> run(StageProgress& progress)
     {
+        // Room that is not used takes no memory.
+        m_piece.reserve(m_soup.triangleCount() + m_rounded.facets().size());
+        Polling polling(progress);
         auto facet = m_rounded.facets().begin();
         for (std::uint32_t t = 0; t < m_soup.triangleCount(); ++t) {
+            polling.step();
             if (!m_rounded.isDivided(t))
                 add(wholeCorners(t), t, timesOfWhole(t));
             for (; facet != m_rounded.facets().end() && facet->triangle == t; ++facet)
@@ -92,7 +99,7 @@ private:
 
 /// Takes out triangles that lie back to back: between two curves, or where facets were mended.
 void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
-                 RoundedFacets const& rounded)
+                 RoundedFacets const& rounded, StageProgress& progress)
 {
     struct Entry
     {
@@ -101,7 +108,9 @@ void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
         std::uint32_t place;
     };
     std::vector<Entry> entries;
+    Polling polling(progress);
     for (std::uint32_t i = 0; i < piece.size(); ++i) {
+        polling.step();
         Corners c = piece[i].corners;
         auto const isOnCurve = [&](std::uint32_t p) { return points.isOnCurve(p); };
         auto const isMended = [&](std::uint32_t p) { return rounded.isMended(p); };
@@ -115,12 +124,13 @@ void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
             std::swap(c[1], c[2]);
         entries.push_back({c, isOdd, i});
     }
-    std::sort(entries.begin(), entries.end(), [](Entry const& a, Entry const& b) {
+    sortPolled(entries, progress, [](Entry const& a, Entry const& b) {
         return a.sorted != b.sorted ? a.sorted < b.sorted : a.place < b.place;
     });
     std::vector<bool> isGone(piece.size(), false);
     std::vector<std::uint32_t> open;
     for (std::size_t i = 0; i < entries.size(); ++i) {
+        polling.step();
         if (i == 0 || entries[i].sorted != entries[i - 1].sorted)
             open.clear();
         if (!open.empty() && entries[open.back()].isOdd != entries[i].isOdd) {
@@ -138,18 +148,20 @@ void cancelPairs(std::vector<PieceTriangle>& piece, CurvePoints const& points,
 
 std::vector<PieceTriangle> collectPiece(OperandSoup const& soup, CurveNetwork const& network,
                                         RoundedFacets const& rounded, SideLabels const& labels,
-                                        BooleanRule rule)
+                                        BooleanRule rule, StageProgress& progress)
 {
-    auto piece = PieceCollector(soup, network, rounded, labels, rule).run();
-    cancelPairs(piece, network.points(), rounded);
+    auto piece = PieceCollector(soup, network, rounded, labels, rule).run(progress);
+    cancelPairs(piece, network.points(), rounded, progress);
     return piece;
 }
 
-bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const& points)
+bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const& points,
+                      StageProgress& progress)
 {
     // Every edge has a number of 64 random bits; run along both ways, it adds up to nothing.
     using Range = tbb::blocked_range<std::size_t>;
     auto const edges = [&](Range const& range, std::uint64_t sum) {
+        progress.add(0);
         for (std::size_t i = range.begin(); i != range.end(); ++i)
             for (std::size_t k = 0; k < 3; ++k) {
                 MeshArrays::Corners const& c = piece[i].corners;
@@ -164,4 +176,28 @@ bool isClosedAtCurves(std::vector<PieceTriangle> const& piece, CurvePoints const
     };
     return tbb::parallel_reduce(Range(0, piece.size(), 4096), std::uint64_t(0), edges,
                                 std::plus<>()) == 0;
+}
+
+std::optional<std::uint32_t> openPointOf(std::vector<PieceTriangle> const& piece,
+                                         CurvePoints const& points, StageProgress& progress)
+{
+    std::vector<std::array<std::uint32_t, 3>> uses;
+    Polling polling(progress);
+    for (PieceTriangle const& triangle : piece)
+        for (std::size_t k = 0; k < 3; ++k, polling.step()) {
+            std::uint32_t const from = triangle.corners[k], to = triangle.corners[(k + 1) % 3];
+            if (points.isOnCurve(from) || points.isOnCurve(to))
+                uses.push_back({std::min(from, to), std::max(from, to), from < to});
+        }
+    sortPolled(uses, progress, std::less<>());
+    for (std::size_t begin = 0, end = 0; begin < uses.size(); begin = end) {
+        int balance = 0;
+        for (;
+             end < uses.size() && uses[end][0] == uses[begin][0] && uses[end][1] == uses[begin][1];
+             ++end, polling.step())
+            balance += uses[end][2] != 0 ? 1 : -1;
+        if (balance != 0)
+            return uses[begin][0];
+    }
+    return {};
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/CurveNetwork.h"
 
+#include "host/services/Polling.h"
+
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 #include <tbb/parallel_sort.h>
@@ -59,11 +61,24 @@ bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgres
         findFinerEdges(faults, progress);
         if (!divide(faults, progress))
             return false;
-        if (faults.isEmpty())
+        if (faults.isEmpty()) {
+            finish();
             return true;
+        }
         mend(faults, progress);
     }
     return false;
+}
+
+/// Frees what only dividing needs.
+void CurveNetwork::finish()
+{
+    m_points.finish();
+    m_touched = {};
+    m_edgePoints = {};
+    m_edgePointNumbers = {};
+    m_facePoints = {};
+    m_faceSegments = {};
 }
 
 void CurveNetwork::markTouched(std::vector<TrianglePair> const& contacts)
@@ -357,10 +372,12 @@ void CurveNetwork::append(Facets const& facets)
 class CurveNetwork::SegmentIndex
 {
 public:
-    explicit SegmentIndex(std::vector<CurveSegment> const& segments) : m_first(segments.size())
+    SegmentIndex(std::vector<CurveSegment> const& segments, StageProgress& progress)
+        : m_first(segments.size())
     {
+        Polling polling(progress);
         m_entries.reserve(segments.size());
-        for (std::uint32_t i = std::uint32_t(segments.size()); i-- > 0;)
+        for (std::uint32_t i = std::uint32_t(segments.size()); i-- > 0; polling.step())
             add(segments[i], i);
     }
 
@@ -400,9 +417,12 @@ private:
 /// Breaks segments where points lie on them and where they cross.
 void CurveNetwork::mend(FaceFaults const& faults, StageProgress& progress)
 {
-    SegmentIndex index(m_segments);
-    for (FaceFaults::Break const& fault : faults.breaks)
+    SegmentIndex index(m_segments, progress);
+    Polling polling(progress);
+    for (FaceFaults::Break const& fault : faults.breaks) {
+        polling.step();
         breakSegment(fault.segment, fault.point, index);
+    }
     progress.add(0);
     unsigned steps = 0;
     for (FaceFaults::Crossing const& fault : faults.crossings) {

@@ -79,6 +79,7 @@ private:
 
     void addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress);
     void addSegment(TrianglePair const& pair);
+    void finish();
     void markTouched(std::vector<TrianglePair> const& contacts);
     bool hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const;
     void touchAroundSecond();

@@ -114,6 +114,14 @@ std::uint32_t CurvePoints::add(TriangleContact::Point const& point, std::uint32_
     return number;
 }
 
+void CurvePoints::finish()
+{
+    m_byKey = FlatMap<Key, KeyHash>(0);
+    m_byPlace = PointsByPlace(0);
+    m_nextAtPlace = {};
+    m_points.shrink_to_fit();
+}
+
 std::uint32_t CurvePoints::addCrossing(std::array<std::uint32_t, 3> const& triangles)
 {
     Definition definition;

@@ -36,6 +36,9 @@ public:
     /// The number of the point that the planes of three triangles share.
     std::uint32_t addCrossing(std::array<std::uint32_t, 3> const& triangles);
 
+    /// Frees what only adding needs: nothing is added from now on.
+    void finish();
+
     /// The number that stands for a vertex: its own, or that of an equal point on the curves.
     std::uint32_t numberOf(std::uint32_t vertex) const { return m_standIns[vertex]; }
     /// Whether the surfaces meet in a point or vertex.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/PartRays.h"
 
+#include "host/services/Polling.h"
 #include "host/services/boolean/RayOrigin.h"
 
 #include <algorithm>
@@ -81,14 +82,20 @@ bool PartRays::maySpread(ToolGrid::Place a, ToolGrid::Place b, ToolGrid::Place c
     return false;
 }
 
-std::vector<std::optional<int>> PartRays::numbers(
-    UMesh<float> const& part, std::span<UTriangle<float> const* const> rest) const
+std::vector<std::optional<int>> PartRays::numbers(UMesh<float> const& part,
+                                                  std::span<UTriangle<float> const* const> rest,
+                                                  StageProgress& progress) const
 {
+    Polling polling(progress);
     Lines lines(m_points);
     for (auto const& noted : m_noted)
-        for (auto const& [a, b, c] : noted)
+        for (auto const& [a, b, c] : noted) {
+            polling.step();
             lines.pass(part.vertices[a]->cP(), part.vertices[b]->cP(), part.vertices[c]->cP());
-    for (UTriangle<float> const* const triangle : rest)
+        }
+    for (UTriangle<float> const* const triangle : rest) {
+        polling.step();
         lines.pass(triangle->cP(0), triangle->cP(1), triangle->cP(2));
+    }
     return lines.numbers();
 }

@@ -39,7 +39,8 @@ public:
     ///
     /// rest  the triangles that were not offered
     std::vector<std::optional<int>> numbers(UMesh<float> const& part,
-                                            std::span<UTriangle<float> const* const> rest) const;
+                                            std::span<UTriangle<float> const* const> rest,
+                                            StageProgress& progress) const;
 
 private:
     static constexpr ToolGrid::Place inRow = ToolGrid::Place(1) << 30;

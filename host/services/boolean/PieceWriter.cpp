@@ -40,12 +40,14 @@ void PieceWriter::add(PieceTriangle const& triangle, UVector3<float> normal)
         m_hasFlat = true;
 }
 
-std::unique_ptr<UMesh<float>> PieceWriter::finish()
+std::unique_ptr<UMesh<float>> PieceWriter::finish(StageProgress& progress)
 {
     // What rounding has laid flat and could not be mended among the facets alone.
     if (m_hasFlat) {
         m_mesh->DeleteDegenerateTris();
+        progress.add(0);
         m_mesh->DeleteUnreferenceVerts();
+        progress.add(0);
     }
     m_mesh->UpdateVertsID();
     m_mesh->triangleCount = std::uint32_t(m_mesh->triangles.size());

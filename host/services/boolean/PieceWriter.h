@@ -24,7 +24,7 @@ public:
     void add(PieceTriangle const& triangle, UVector3<float> normal);
 
     /// The finished mesh, which has no triangle without area.
-    std::unique_ptr<UMesh<float>> finish();
+    std::unique_ptr<UMesh<float>> finish(StageProgress& progress);
 
 private:
     UVertex<float>* vertexAt(std::uint32_t number);

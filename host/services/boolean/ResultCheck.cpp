@@ -21,7 +21,8 @@ double sizeOf(MeshArrays const& mesh)
 
 }  // namespace
 
-bool ResultCheck::accepts(MeshArrays const& result, BooleanRule rule) const
+std::optional<UPoint3<float>> ResultCheck::findFault(MeshArrays const& result,
+                                                     BooleanRule rule) const
 {
     ToolTree const tree(result, m_progress);
     double const size = std::max(sizeOf(m_part.mesh()), sizeOf(m_tool.mesh()));
@@ -42,11 +43,11 @@ bool ResultCheck::accepts(MeshArrays const& result, BooleanRule rule) const
                                              (double(a[1]) + b[1] + c[1]) / 3 + way[1],
                                              (double(a[2]) + b[2] + c[2]) / 3 + way[2]);
                 if (!acceptsAround(tree, rule, centre, spread * size))
-                    return false;
+                    return UPoint3<float>(float(centre[0]), float(centre[1]), float(centre[2]));
             }
         }
     }
-    return true;
+    return {};
 }
 
 /// Only what three points in a row agree in counts: rounding moves surfaces past a point now and

@@ -2,6 +2,7 @@
 #include "host/services/boolean/RoundedFacets.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
 #include "host/services/boolean/PlaceKey.h"
 
 #include <tbb/blocked_range.h>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <unordered_map>
 
 namespace {
@@ -38,8 +40,9 @@ double squaredLength(Point const& a, Point const& b)
 
 }  // namespace
 
-RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& network)
-    : m_soup(soup), m_network(network)
+RoundedFacets::RoundedFacets(OperandSoup const& soup, CurveNetwork const& network,
+                             StageProgress& progress)
+    : m_soup(soup), m_network(network), m_progress(progress)
 {
     numberPoints();
     copyFacets();
@@ -54,11 +57,15 @@ void RoundedFacets::numberPoints()
     m_numbers.resize(points.size());
     m_isMended.assign(points.size(), false);
     PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
+    Polling polling(m_progress);
     for (Facets::End const& face : m_network.facets().ends)
-        for (std::uint32_t const corner : m_soup.corners(face.triangle))
+        for (std::uint32_t const corner : m_soup.corners(face.triangle)) {
+            polling.step();
             if (std::uint32_t& known = byPlace[placeKey(place(corner))]; known == byPlace.none)
                 known = points.numberOf(corner);
+        }
     for (std::uint32_t i = m_soup.pointCount(); i < points.size(); ++i) {
+        polling.step();
         std::uint32_t& known = byPlace[placeKey(place(i))];
         if (known == byPlace.none)
             known = i;
@@ -67,6 +74,7 @@ void RoundedFacets::numberPoints()
         m_numbers[i] = known;
     }
     for (std::uint32_t i = 0; i < m_soup.pointCount(); ++i) {
+        polling.step();
         std::uint32_t const standIn = points.numberOf(i);
         m_numbers[i] = standIn < m_soup.pointCount() ? standIn : m_numbers[standIn];
     }
@@ -76,8 +84,10 @@ void RoundedFacets::copyFacets()
 {
     Facets const& facets = m_network.facets();
     m_facets.reserve(facets.corners.size());
+    Polling polling(m_progress);
     std::uint32_t begin = 0;
     for (Facets::End const& face : facets.ends) {
+        polling.step();
         for (std::uint32_t f = begin; f < face.facets; ++f) {
             Corners corners;
             for (std::size_t k = 0; k < 3; ++k)
@@ -143,6 +153,7 @@ std::vector<std::size_t> RoundedFacets::findTurned(std::size_t count, Number con
     return tbb::parallel_reduce(
         Range(0, count, 4096), Turned(),
         [&](Range const& range, Turned turned) {
+            m_progress.add(0);
             for (std::size_t i = range.begin(); i < range.end();) {
                 std::uint32_t const triangle = m_facets[number(i)].triangle;
                 Facing const facing(m_soup, triangle);
@@ -160,21 +171,26 @@ std::vector<std::size_t> RoundedFacets::findTurned(std::size_t count, Number con
         });
 }
 
-/// The facets at each point of some facets; kept up while these are mended.
+/// What is at each point of some facets: other facets, kept up while these are mended, and triangles
+/// that no curve divides.
 class RoundedFacets::Surroundings
 {
 public:
     Surroundings(std::vector<Facet> const& facets, std::vector<std::size_t> const& some,
-                 std::size_t points)
+                 std::size_t points, StageProgress& progress)
         : m_isWatched(points, false)
     {
+        Polling polling(progress);
         for (std::size_t const f : some)
             for (std::uint32_t const corner : facets[f].corners) {
+                polling.step();
                 m_facetsAt[corner];
                 m_isWatched[corner] = true;
             }
-        for (std::size_t f = 0; f < facets.size(); ++f)
+        for (std::size_t f = 0; f < facets.size(); ++f) {
+            polling.step();
             add(facets[f], f);
+        }
     }
 
     void add(Facet const& facet, std::size_t place)
@@ -186,8 +202,31 @@ public:
 
     std::vector<std::size_t> facetsAt(std::uint32_t point) const { return m_facetsAt.at(point); }
 
+    /// By one pass over all triangles when it is asked for the first time.
+    std::vector<std::uint32_t> const& wholesAt(std::uint32_t point, OperandSoup const& soup,
+                                               CurveNetwork const& network, StageProgress& progress)
+    {
+        if (m_wholesAt.empty())
+            findWholes(soup, network, progress);
+        return m_wholesAt[point];
+    }
+
 private:
+    void findWholes(OperandSoup const& soup, CurveNetwork const& network, StageProgress& progress)
+    {
+        Polling polling(progress);
+        for (std::uint32_t t = 0; t < soup.triangleCount(); ++t) {
+            polling.step();
+            if (network.faceOf(t) != CurveNetwork::none)
+                continue;
+            for (std::uint32_t const corner : soup.corners(t))
+                if (m_isWatched[corner])
+                    m_wholesAt[corner].push_back(t);
+        }
+    }
+
     std::vector<bool> m_isWatched;
+    std::unordered_map<std::uint32_t, std::vector<std::uint32_t>> m_wholesAt;
     std::unordered_map<std::uint32_t, std::vector<std::size_t>> m_facetsAt;
 };
 
@@ -201,11 +240,14 @@ void RoundedFacets::mend()
     std::size_t fewest = turned.size();
     for (int inVain = 0; inVain < patience && !turned.empty(); ++inVain) {
         m_changed.clear();
-        Surroundings surroundings(m_facets, turned, m_numbers.size());
-        for (std::size_t const f : turned)
+        Surroundings surroundings(m_facets, turned, m_numbers.size(), m_progress);
+        Polling polling(m_progress, 64);
+        for (std::size_t const f : turned) {
+            polling.step();
             if (!isCollapsed(m_facets[f].corners))
                 collapse(f, surroundings);
-        std::sort(m_changed.begin(), m_changed.end());
+        }
+        sortPolled(m_changed, m_progress, std::less<>());
         m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
         turned = findTurned(m_changed.size(), [this](std::size_t i) { return m_changed[i]; });
         if (turned.size() < fewest) {
@@ -222,7 +264,9 @@ void RoundedFacets::mend()
     auto const byTriangle = [](Facet const& a, Facet const& b) { return a.triangle < b.triangle; };
     auto const middle = m_facets.begin() + std::ptrdiff_t(count);
     std::stable_sort(middle, m_facets.end(), byTriangle);
+    m_progress.add(0);
     std::inplace_merge(m_facets.begin(), middle, m_facets.end(), byTriangle);
+    m_progress.add(0);
     std::erase_if(m_facets, [](Facet const& f) { return isCollapsed(f.corners); });
 }
 
@@ -279,23 +323,19 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
 void RoundedFacets::divideWholeTriangles(std::uint32_t a, std::uint32_t b,
                                          Surroundings& surroundings)
 {
-    for (std::uint32_t t = 0; t < m_soup.triangleCount(); ++t) {
+    for (std::uint32_t const t : surroundings.wholesAt(a, m_soup, m_network, m_progress)) {
         Corners const& c = m_soup.corners(t);
-        bool const hasEdge = std::find(c.begin(), c.end(), a) != c.end() &&
-                             std::find(c.begin(), c.end(), b) != c.end();
-        if (!hasEdge || m_network.faceOf(t) != CurveNetwork::none || isDivided(t))
+        if (std::find(c.begin(), c.end(), b) == c.end() || isDivided(t))
             continue;
         m_facets.push_back({c, t, whole});
         surroundings.add(m_facets.back(), m_facets.size() - 1);
-        m_dividedWholes.push_back(t);
+        m_dividedWholes.insert(t);
     }
 }
 
 bool RoundedFacets::isDivided(std::uint32_t triangle) const
 {
-    return m_network.faceOf(triangle) != CurveNetwork::none ||
-           std::find(m_dividedWholes.begin(), m_dividedWholes.end(), triangle) !=
-               m_dividedWholes.end();
+    return m_network.faceOf(triangle) != CurveNetwork::none || m_dividedWholes.contains(triangle);
 }
 
 /// Leads an edge through a point, in all facets at the edge.

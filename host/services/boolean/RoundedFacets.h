@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 /// The facets of the divided triangles with float coordinates. Points that round to the same floats
@@ -24,7 +25,7 @@ public:
     };
     static constexpr std::uint32_t whole = 0xffffffff;
 
-    RoundedFacets(OperandSoup const& soup, CurveNetwork const& network);
+    RoundedFacets(OperandSoup const& soup, CurveNetwork const& network, StageProgress& progress);
 
     /// In the order of the triangles.
     std::vector<Facet> const& facets() const { return m_facets; }
@@ -56,6 +57,7 @@ private:
 
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
+    StageProgress& m_progress;
     std::vector<std::uint32_t> m_numbers;
     /// Points that were put in the places of others while facets were mended, and these.
     std::unordered_map<std::uint32_t, std::uint32_t> m_joined;
@@ -64,5 +66,5 @@ private:
     /// Facets changed in a round of mending.
     std::vector<std::size_t> m_changed;
     /// Triangles that no curve divides, but rounding.
-    std::vector<std::uint32_t> m_dividedWholes;
+    std::unordered_set<std::uint32_t> m_dividedWholes;
 };

@@ -2,10 +2,12 @@
 #include "host/services/boolean/RoundingCrossings.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
 #include "host/services/TopologyCheck.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/BoxCells.h"
 
 #include <algorithm>
 #include <cmath>
@@ -86,95 +88,17 @@ float unitOf(Point const& p)
     return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
 }
 
-Box boxOf(Corners const& corners, std::vector<Point> const& places)
-{
-    Box box;
-    for (Index const corner : corners) {
-        Point const& p = places[corner];
-        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    }
-    return box;
-}
-
-/// Which of 64 x 64 x 64 cells boxes reach into; a row of cells is one number.
-class Cells
-{
-public:
-    /// bounds  of all boxes that will be added
-    explicit Cells(Box const& bounds) : m_bounds(bounds)
-    {
-        for (std::size_t k = 0; k < 3; ++k) {
-            float const size = bounds.high[k] - bounds.low[k];
-            m_perLength[k] = size > 0 ? float(count) / size : 0;
-        }
-    }
-
-    void add(Box const& box)
-    {
-        Range const range = rangeOf(box);
-        for (std::size_t z = range.first[2]; z <= range.last[2]; ++z)
-            for (std::size_t y = range.first[1]; y <= range.last[1]; ++y)
-                m_rows[z * count + y] |= maskOf(range);
-    }
-
-    /// Whether a box has a cell in common with one that was added; true if the two overlap.
-    bool areMetBy(Box const& box) const
-    {
-        if (!box.overlaps(m_bounds))
-            return false;
-        Range const range = rangeOf(box);
-        for (std::size_t z = range.first[2]; z <= range.last[2]; ++z)
-            for (std::size_t y = range.first[1]; y <= range.last[1]; ++y)
-                if ((m_rows[z * count + y] & maskOf(range)) != 0)
-                    return true;
-        return false;
-    }
-
-private:
-    static constexpr std::size_t count = 64;
-
-    struct Range
-    {
-        std::array<std::size_t, 3> first, last;
-    };
-
-    Range rangeOf(Box const& box) const
-    {
-        Range range;
-        for (std::size_t k = 0; k < 3; ++k) {
-            range.first[k] = cellAt(box.low[k], k);
-            range.last[k] = cellAt(box.high[k], k);
-        }
-        return range;
-    }
-
-    /// Never less for a greater coordinate.
-    std::size_t cellAt(float coordinate, std::size_t axis) const
-    {
-        float const cell = (coordinate - m_bounds.low[axis]) * m_perLength[axis];
-        return cell > 0 ? std::size_t(std::min(cell, float(count - 1))) : 0;
-    }
-
-    static std::uint64_t maskOf(Range const& range)
-    {
-        return (~std::uint64_t(0) << range.first[0]) &
-               (~std::uint64_t(0) >> (count - 1 - range.last[0]));
-    }
-
-    Box m_bounds;
-    std::array<float, 3> m_perLength{};
-    std::array<std::uint64_t, count * count> m_rows{};
-};
-
 /// Some triangles of a piece, on points of their own.
 MeshArrays compacted(std::span<PieceTriangle const> piece, std::vector<std::size_t> const& some,
-                     std::vector<Point> const& places)
+                     std::vector<Point> const& places, StageProgress& progress)
 {
     constexpr Index none = 0xffffffff;
     std::vector<Index> locals(places.size(), none);
     MeshArrays mesh;
     mesh.triangles.reserve(some.size());
+    Polling polling(progress);
     for (std::size_t const t : some) {
+        polling.step();
         Corners corners;
         for (std::size_t k = 0; k < 3; ++k) {
             Index& local = locals[piece[t].corners[k]];
@@ -210,20 +134,23 @@ std::vector<std::size_t> findMeeting(MeshArrays const& mesh, StageProgress& prog
 /// Calls `visit` with the pairs of some triangles whose boxes overlap, until it returns false.
 template <typename Visit>
 void visitOverlapping(MeshArrays const& mesh, std::vector<std::size_t> const& some,
-                      Visit const& visit)
+                      StageProgress& progress, Visit const& visit)
 {
+    Polling polling(progress);
     std::vector<std::pair<Box, std::size_t>> order;
     for (std::size_t const t : some)
         order.emplace_back(boxOf(mesh.triangles[t], mesh.points), t);
-    std::sort(order.begin(), order.end(), [](auto const& a, auto const& b) {
+    sortPolled(order, progress, [](auto const& a, auto const& b) {
         return a.first.low[0] != b.first.low[0] ? a.first.low[0] < b.first.low[0]
                                                 : a.second < b.second;
     });
     for (std::size_t i = 0; i < order.size(); ++i)
         for (std::size_t j = i + 1;
-             j < order.size() && order[j].first.low[0] <= order[i].first.high[0]; ++j)
+             j < order.size() && order[j].first.low[0] <= order[i].first.high[0]; ++j) {
+            polling.step();
             if (order[i].first.overlaps(order[j].first) && !visit(order[i].second, order[j].second))
                 return;
+        }
 }
 
 }  // namespace
@@ -234,24 +161,26 @@ std::vector<RoundingCrossings::Pair> RoundingCrossings::find(std::span<PieceTria
 {
     std::vector<bool> isMade(piece.size());
     Box bounds;
-    for (std::size_t t = 0; t < piece.size(); ++t)
+    Polling polling(progress);
+    for (std::size_t t = 0; t < piece.size(); ++t, polling.step())
         if (!isAsInOperand(piece[t], places)) {
             isMade[t] = true;
             bounds.add(boxOf(piece[t].corners, places));
         }
-    Cells cells(bounds);
-    for (std::size_t t = 0; t < piece.size(); ++t)
+    BoxCells cells(bounds);
+    for (std::size_t t = 0; t < piece.size(); ++t, polling.step())
         if (isMade[t])
             cells.add(boxOf(piece[t].corners, places));
     std::vector<std::size_t> near;
-    for (std::size_t t = 0; t < piece.size(); ++t)
+    for (std::size_t t = 0; t < piece.size(); ++t, polling.step())
         if (isMade[t] || cells.areMetBy(boxOf(piece[t].corners, places)))
             near.push_back(t);
     if (near.empty())
         return {};
-    MeshArrays const mesh = compacted(piece, near, places);
+    MeshArrays const mesh = compacted(piece, near, places, progress);
     std::vector<Pair> pairs;
-    visitOverlapping(mesh, findMeeting(mesh, progress), [&](std::size_t a, std::size_t b) {
+    auto const meeting = findMeeting(mesh, progress);
+    visitOverlapping(mesh, meeting, progress, [&](std::size_t a, std::size_t b) {
         auto const [t, u] = std::minmax(near[a], near[b]);
         if ((isMade[t] || isMade[u]) && (hasFree(piece[t]) || hasFree(piece[u])) &&
             !isFlat(mesh, a) && !isFlat(mesh, b) && doTrianglesMeet(mesh, a, b) &&

@@ -2,8 +2,11 @@
 #include "host/services/boolean/RoundingMending.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/BoxCells.h"
+#include "host/services/boolean/PieceExcerpt.h"
 #include "host/services/boolean/RoundingCrossings.h"
 
 #include <algorithm>
@@ -21,6 +24,8 @@ using Corners = MeshArrays::Corners;
 using Box = TriangleTree::Box;
 using Index = std::uint32_t;
 
+/// Pieces of no more triangles are mended as a whole.
+constexpr std::size_t mostAtOnce = 20'000;
 constexpr int mostRounds = 8;
 constexpr int mostStepsPerPair = 6;
 /// Tests of two boxes, of which a million take some milliseconds: fifty crossings are mended in all
@@ -47,12 +52,15 @@ public:
     using Pair = RoundingCrossings::Pair;
 
     PiecesAtPoints(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>> const& pieces,
-                   std::vector<Point> const& places, std::vector<bool> const& isFree)
+                   std::vector<Point> const& places, std::vector<bool> const& isFree,
+                   StageProgress& progress)
         : m_soup(soup), m_isFree(isFree), m_around(places.size())
     {
         m_mesh.points = places;
+        Polling polling(progress);
         for (std::size_t i = 0; i < pieces.size(); ++i)
             for (PieceTriangle const& t : pieces[i]) {
+                polling.step();
                 for (Index const corner : t.corners)
                     m_around[corner].push_back(m_mesh.triangles.size());
                 m_mesh.triangles.push_back(t.corners);
@@ -71,7 +79,8 @@ public:
     {
         std::vector<PieceTriangle> triangles;
         std::vector<std::size_t> which;
-        for (std::size_t t = begin; t < end; ++t)
+        Polling polling(progress);
+        for (std::size_t t = begin; t < end; ++t, polling.step())
             if (!isGone(t)) {
                 triangles.push_back(
                     {m_mesh.triangles[t], m_sources[t].triangle, m_sources[t].isTurned});
@@ -175,7 +184,7 @@ private:
             for (Index const corner : m_mesh.triangles[t])
                 if (m_isFree[corner])
                     points.insert(corner);
-        std::vector<std::size_t> const near = trianglesNear(points);
+        std::vector<std::size_t> const near = trianglesNear(points, progress);
         std::optional<Move> best;
         for (Index const point : points) {
             progress.add(0);
@@ -209,7 +218,7 @@ private:
     }
 
     /// The triangles that those around some points may meet.
-    std::vector<std::size_t> trianglesNear(std::set<Index> const& points)
+    std::vector<std::size_t> trianglesNear(std::set<Index> const& points, StageProgress& progress)
     {
         Box box;
         for (Index const point : points)
@@ -217,7 +226,8 @@ private:
                 if (!isGone(t))
                     box.add(grown(boxOf(t), reachOf(point)));
         std::vector<std::size_t> near;
-        for (std::size_t t = 0; t < m_mesh.triangles.size(); ++t)
+        Polling polling(progress);
+        for (std::size_t t = 0; t < m_mesh.triangles.size(); ++t, polling.step())
             if (!isGone(t) && boxOf(t).overlaps(box))
                 near.push_back(t);
         m_work += m_mesh.triangles.size();
@@ -427,32 +437,66 @@ private:
     mutable std::size_t m_work = 0;
 };
 
+/// A box with room around it for triangles that those within may come to meet.
+Box widened(Box box)
+{
+    for (std::size_t k = 0; k < 3; ++k) {
+        float const size = std::max(std::fabs(box.low[k]), std::fabs(box.high[k]));
+        float const room = 4 * (box.high[k] - box.low[k]) + size * 0x1p-12f;
+        box.low[k] -= room;
+        box.high[k] += room;
+    }
+    return box;
+}
+
 }  // namespace
 
 std::vector<Point> RoundingMending::run(StageProgress& progress)
 {
     std::vector<Point> left;
+    std::vector<Box> boxes;
     bool isTooMuch = false;
     for (std::vector<PieceTriangle> const& piece : m_pieces) {
         auto const pairs = RoundingCrossings(m_soup, m_isFree).find(piece, m_places, progress);
         isTooMuch |= pairs.size() >= RoundingCrossings::mostPairs;
-        for (auto const& pair : pairs)
-            left.push_back(m_places[piece[pair[0]].corners[0]]);
+        for (auto const& [t, u] : pairs) {
+            left.push_back(m_places[piece[t].corners[0]]);
+            Box box = boxOf(piece[t].corners, m_places);
+            box.add(boxOf(piece[u].corners, m_places));
+            boxes.push_back(widened(box));
+        }
     }
     if (left.empty() || isTooMuch)
         return left;
-    return mendAll(progress);
+    std::size_t triangles = 0;
+    for (std::vector<PieceTriangle> const& piece : m_pieces)
+        triangles += piece.size();
+    if (triangles <= mostAtOnce)
+        for (std::vector<PieceTriangle> const& piece : m_pieces)
+            for (PieceTriangle const& t : piece)
+                boxes.push_back(boxOf(t.corners, m_places));
+    Box bounds;
+    for (Box const& box : boxes)
+        bounds.add(box);
+    BoxCells cells(bounds);
+    for (Box const& box : boxes)
+        cells.add(box);
+    return mendWithin(cells, progress);
 }
 
-std::vector<Point> RoundingMending::mendAll(StageProgress& progress)
+std::vector<Point> RoundingMending::mendWithin(BoxCells const& cells, StageProgress& progress)
 {
-    PiecesAtPoints pieces(m_soup, m_pieces, m_places, m_isFree);
+    PieceExcerpt excerpt(m_pieces, m_places, cells, progress);
+    std::vector<bool> isFree = excerpt.isInner;
+    for (Index point = 0; point < isFree.size(); ++point)
+        isFree[point] = isFree[point] && m_isFree[excerpt.numberOf(point)];
+    PiecesAtPoints pieces(m_soup, excerpt.pieces, excerpt.places, isFree, progress);
     std::vector<Point> left;
     for (int round = 0; round < mostRounds; ++round) {
         left.clear();
         bool isChanged = false;
         std::size_t begin = 0;
-        for (std::vector<PieceTriangle> const& piece : m_pieces) {
+        for (std::vector<PieceTriangle> const& piece : excerpt.pieces) {
             std::size_t const end = begin + piece.size();
             for (auto const& pair : pieces.pairsBetween(begin, end, progress)) {
                 left.push_back(pieces.places()[pieces.triangles()[pair[0]][0]]);
@@ -463,21 +507,16 @@ std::vector<Point> RoundingMending::mendAll(StageProgress& progress)
         if (!isChanged)
             break;
     }
-    takeOver(pieces.places(), pieces.triangles());
-    return left;
-}
-
-void RoundingMending::takeOver(std::vector<Point> const& places,
-                               std::vector<Corners> const& triangles)
-{
-    m_places = places;
-    auto mended = triangles.begin();
-    for (std::vector<PieceTriangle>& piece : m_pieces) {
+    excerpt.places = pieces.places();
+    auto mended = pieces.triangles().begin();
+    for (std::vector<PieceTriangle>& piece : excerpt.pieces)
         for (PieceTriangle& triangle : piece)
             triangle.corners = *mended++;
+    excerpt.putBack(m_pieces, m_places);
+    for (std::vector<PieceTriangle>& piece : m_pieces)
         std::erase_if(piece, [](PieceTriangle const& t) {
             return t.corners[0] == t.corners[1] || t.corners[1] == t.corners[2] ||
                    t.corners[2] == t.corners[0];
         });
-    }
+    return left;
 }

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class BoxCells;
+
 /// Mends what rounding has done to the pieces of one boolean: their points are where exact ones are
 /// to the nearest float, so a needle may have come to lie on the wrong side of its neighbour, and
 /// cross it by a few units of the last place.
@@ -34,13 +36,11 @@ public:
     /// a piece has RoundingCrossings::mostPairs or more, surfaces lie on each other as far as floats
     /// tell: that many are told, and all pieces stay.
     ///
-    /// cost  milliseconds for each pair, up to a limit in proportion to the triangles
+    /// cost  milliseconds for each pair, up to a limit in proportion to the triangles near the pairs
     std::vector<UPoint3<float>> run(StageProgress& progress);
 
 private:
-    std::vector<UPoint3<float>> mendAll(StageProgress& progress);
-    void takeOver(std::vector<UPoint3<float>> const& places,
-                  std::vector<MeshArrays::Corners> const& triangles);
+    std::vector<UPoint3<float>> mendWithin(BoxCells const& cells, StageProgress& progress);
 
     OperandSoup const& m_soup;
     std::vector<std::vector<PieceTriangle>>& m_pieces;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SelfContacts.h"
 
+#include "host/services/Polling.h"
+
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -38,8 +41,8 @@ public:
                     meet(std::min(t, u), std::max(t, u));
             });
         }
-        addOddEdges();
-        std::sort(m_pairs.begin(), m_pairs.end(), [](TrianglePair const& a, TrianglePair const& b) {
+        addOddEdges(progress);
+        sortPolled(m_pairs, progress, [](TrianglePair const& a, TrianglePair const& b) {
             return a.first != b.first ? a.first < b.first : a.second < b.second;
         });
         return std::move(m_pairs);
@@ -73,17 +76,20 @@ private:
     }
 
     /// Edges of suspects that do not join two triangles that agree.
-    void addOddEdges()
+    void addOddEdges(StageProgress& progress)
     {
+        Polling polling(progress);
         std::vector<EdgeUse> uses;
         for (std::uint32_t const t : m_suspects)
             for (std::size_t k = 0; k < 3; ++k) {
+                polling.step();
                 Corners const& c = m_mesh.triangles[t];
                 auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
                 uses.push_back({low, high, t, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)});
             }
-        std::sort(uses.begin(), uses.end());
+        sortPolled(uses, progress, std::less<>());
         for (std::size_t begin = 0, end = 0; begin < uses.size(); begin = end) {
+            polling.step();
             while (end < uses.size() && uses[end].isSameEdge(uses[begin]))
                 ++end;
             // An edge with one use is at the border of the suspects.

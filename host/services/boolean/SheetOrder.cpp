@@ -2,12 +2,14 @@
 #include "host/services/boolean/SheetOrder.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
 #include "host/services/boolean/PlaceKey.h"
 #include "host/services/exact/PlaneSigns.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <tuple>
 
 namespace {
@@ -56,8 +58,13 @@ class SheetOrder
 public:
     using Visit = std::function<bool(std::span<SideSeed const>)>;
 
-    SheetOrder(OperandSoup const& soup, CurveNetwork const& network, Visit const& visit)
-        : m_soup(soup), m_network(network), m_visit(visit)
+    SheetOrder(OperandSoup const& soup, CurveNetwork const& network, Visit const& visit,
+               StageProgress& progress)
+        : m_soup(soup),
+          m_network(network),
+          m_visit(visit),
+          m_progress(progress),
+          m_polling(progress)
     {}
 
     bool run()
@@ -75,7 +82,7 @@ public:
         auto const key = [](CurveSegment const* s) {
             return std::pair(std::min(s->from, s->to), std::max(s->from, s->to));
         };
-        std::stable_sort(shared.begin(), shared.end(),
+        sortPolled<true>(shared, m_progress,
                          [&](auto const* a, auto const* b) { return key(a) < key(b); });
         for (auto begin = shared.begin(); begin != shared.end();) {
             auto const end = std::find_if(
@@ -103,6 +110,7 @@ private:
     void findShared()
     {
         for (CurveSegment const& segment : m_network.segments()) {
+            m_polling.step();
             std::uint32_t& count = m_counts[keyOf(segment)];
             count = count == m_counts.none ? 1 : count + 1;
         }
@@ -132,13 +140,14 @@ private:
     void collectEdges()
     {
         for (Facets::End const& face : m_network.facets().ends) {
+            m_polling.step();
             Corners const& c = m_soup.corners(face.triangle);
             for (std::size_t k = 0; k < 3; ++k) {
                 auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
                 m_edges.push_back({low, high, face.triangle});
             }
         }
-        std::sort(m_edges.begin(), m_edges.end());
+        sortPolled(m_edges, m_progress, std::less<>());
     }
 
     /// The vertices of the edge along which a segment runs.
@@ -381,6 +390,8 @@ private:
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;
     Visit const& m_visit;
+    StageProgress& m_progress;
+    Polling m_polling;
     /// How many segments run between two points.
     FlatMap<std::uint64_t, KeyHash> m_counts;
     std::vector<EdgeUse> m_edges;
@@ -391,7 +402,8 @@ private:
 }  // namespace
 
 bool forSideSeeds(OperandSoup const& soup, CurveNetwork const& network,
-                  std::function<bool(std::span<SideSeed const>)> const& visit)
+                  std::function<bool(std::span<SideSeed const>)> const& visit,
+                  StageProgress& progress)
 {
-    return SheetOrder(soup, network, visit).run();
+    return SheetOrder(soup, network, visit, progress).run();
 }

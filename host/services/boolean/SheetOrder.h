@@ -46,4 +46,5 @@ struct SideSeed
 /// returns  false if the triangles around a segment do not close, as at the border of an open mesh,
 ///          or `visit` said so
 bool forSideSeeds(OperandSoup const& soup, CurveNetwork const& network,
-                  std::function<bool(std::span<SideSeed const>)> const& visit);
+                  std::function<bool(std::span<SideSeed const>)> const& visit,
+                  StageProgress& progress);

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SideGroups.h"
 
-#include <algorithm>
+#include "host/services/Polling.h"
 
-SideGroups::SideGroups(OperandSoup const& soup, CurveNetwork const& network, Operand operand)
+#include <algorithm>
+#include <functional>
+
+SideGroups::SideGroups(OperandSoup const& soup, CurveNetwork const& network, Operand operand,
+                       StageProgress& progress)
     : m_soup(soup),
       m_network(network),
       m_firstPoint(operand == Operand::first ? 0 : soup.firstPointOfSecond),
@@ -13,12 +17,15 @@ SideGroups::SideGroups(OperandSoup const& soup, CurveNetwork const& network, Ope
       m_endTriangle(operand == Operand::first ? soup.firstTriangleOfSecond : soup.triangleCount()),
       m_sets(m_pointCount + regionCount())
 {
-    for (std::uint32_t t = m_firstTriangle; t < m_endTriangle; ++t)
+    Polling polling(progress);
+    for (std::uint32_t t = m_firstTriangle; t < m_endTriangle; ++t) {
+        polling.step();
         if (network.faceOf(t) == CurveNetwork::none)
             joinTriangle(t);
         else
             joinFace(network.faceOf(t));
-    joinAcrossSides();
+    }
+    joinAcrossSides(progress);
 }
 
 void SideGroups::joinTriangle(std::uint32_t triangle)
@@ -40,7 +47,7 @@ void SideGroups::joinFace(std::uint32_t face)
 
 /// Joins regions of neighbouring triangles at edges between two points of the curves along which no
 /// curve runs: no vertex may be there to join them.
-void SideGroups::joinAcrossSides()
+void SideGroups::joinAcrossSides(StageProgress& progress)
 {
     struct Side
     {
@@ -50,8 +57,10 @@ void SideGroups::joinAcrossSides()
     };
     std::vector<Side> sides;
     Facets const& facets = m_network.facets();
+    Polling polling(progress);
     std::uint32_t begin = 0;
     for (Facets::End const& face : facets.ends) {
+        polling.step();
         if (face.triangle >= m_firstTriangle && face.triangle < m_endTriangle)
             for (std::uint32_t b = begin; b < face.borders; ++b) {
                 Facets::Border const& border = facets.borders[b];
@@ -70,9 +79,8 @@ void SideGroups::joinAcrossSides()
     for (CurveSegment const& s : m_network.segments())
         if (s.isAlongEdge())
             curves.push_back({std::min(s.from, s.to), std::max(s.from, s.to)});
-    std::sort(curves.begin(), curves.end());
-    std::stable_sort(sides.begin(), sides.end(),
-                     [](Side const& a, Side const& b) { return a.edge < b.edge; });
+    sortPolled(curves, progress, std::less<>());
+    sortPolled<true>(sides, progress, [](Side const& a, Side const& b) { return a.edge < b.edge; });
     // Edges of different shells at one place are no one's common edge.
     auto const areNeighbours = [&](Side const& a, Side const& b) {
         int shared = 0;
@@ -82,6 +90,7 @@ void SideGroups::joinAcrossSides()
         return shared > 1;
     };
     for (std::size_t first = 0, end = 0; first < sides.size(); first = end) {
+        polling.step();
         while (end < sides.size() && sides[end].edge == sides[first].edge)
             ++end;
         if (std::binary_search(curves.begin(), curves.end(), sides[first].edge))

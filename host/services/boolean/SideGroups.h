@@ -9,7 +9,8 @@
 class SideGroups
 {
 public:
-    SideGroups(OperandSoup const& soup, CurveNetwork const& network, Operand operand);
+    SideGroups(OperandSoup const& soup, CurveNetwork const& network, Operand operand,
+               StageProgress& progress);
 
     std::uint32_t pointCount() const { return m_pointCount; }
     std::uint32_t regionCount() const
@@ -55,7 +56,7 @@ public:
 private:
     void joinTriangle(std::uint32_t triangle);
     void joinFace(std::uint32_t face);
-    void joinAcrossSides();
+    void joinAcrossSides(StageProgress& progress);
 
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SideLabels.h"
 
+#include "host/services/Polling.h"
 #include "host/services/boolean/SideGroups.h"
 #include "host/services/boolean/WindingPotentials.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -35,8 +37,9 @@ struct LabelledGroups
     /// The winding numbers behind a group less those in front of it.
     using Change = std::array<int, 2>;
 
-    LabelledGroups(OperandSoup const& soup, CurveNetwork const& network, Operand o)
-        : groups(soup, network, o), isOn(groups.size(), false), operand(o)
+    LabelledGroups(OperandSoup const& soup, CurveNetwork const& network, Operand o,
+                   StageProgress& progress)
+        : groups(soup, network, o, progress), isOn(groups.size(), false), operand(o)
     {}
 
     std::size_t own() const { return std::size_t(operand); }
@@ -84,16 +87,21 @@ public:
           m_network(network),
           m_sources(sources),
           m_progress(progress),
-          m_first(soup, network, Operand::first),
-          m_second(soup, network, Operand::second),
+          m_first(soup, network, Operand::first, progress),
+          m_second(soup, network, Operand::second, progress),
           m_aroundFirst(m_second.groups.size()),
           m_aroundSecond(m_first.groups.size() + m_second.groups.size())
     {}
 
     bool run(SideLabels& labels)
     {
-        auto const relate = [this](std::span<SideSeed const> seeds) { return relateSeeds(seeds); };
-        if (!forSideSeeds(m_soup, m_network, relate) || !sortStacked(m_first) ||
+        auto const relate = [&](std::span<SideSeed const> seeds) {
+            bool const agrees = relateSeeds(seeds);
+            if (!agrees)
+                labels.contradiction = seeds.front().from;
+            return agrees;
+        };
+        if (!forSideSeeds(m_soup, m_network, relate, m_progress) || !sortStacked(m_first) ||
             !sortStacked(m_second))
             return false;
         numberFromVertices();
@@ -173,10 +181,10 @@ private:
     }
 
     /// Returns false if seeds contradict each other.
-    static bool sortStacked(LabelledGroups& labelled)
+    bool sortStacked(LabelledGroups& labelled)
     {
         auto& stacked = labelled.stacked;
-        std::stable_sort(stacked.begin(), stacked.end(),
+        sortPolled<true>(stacked, m_progress,
                          [](auto const& a, auto const& b) { return a.group < b.group; });
         std::size_t kept = 0;
         for (std::size_t i = 0; i < stacked.size(); ++i) {
@@ -220,7 +228,7 @@ private:
     void numberFromKnown()
     {
         SideGroups& groups = m_first.groups;
-        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
             if (!groups.isOnCurve(v) && isKnown(v) && !m_aroundSecond.numberOf(groups.ofVertex(v)))
                 m_aroundSecond.set(groups.ofVertex(v), m_sources.known[v]);
     }
@@ -289,11 +297,13 @@ private:
         bool goesOn = true;
         labelled.groups.forFacets(
             [&](std::uint32_t region, Corners const& facet, std::uint32_t triangle) {
+                poll();
                 goesOn = goesOn && visit(labelled.groups.ofRegion(region), facet, triangle);
             });
         std::uint32_t const base =
             labelled.operand == Operand::first ? 0 : m_soup.firstPointOfSecond;
         labelled.groups.forWholes([&](std::uint32_t triangle) {
+            poll();
             Corners const& corners = m_soup.corners(triangle);
             goesOn =
                 goesOn && visit(labelled.groups.ofVertex(corners[0] - base), corners, triangle);
@@ -315,7 +325,7 @@ private:
             if (isOpen(group))
                 open.push_back(group);
         };
-        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
             if (!groups.isOnCurve(v))
                 look(groups.ofVertex(v));
         groups.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
@@ -328,6 +338,7 @@ private:
     {
         SideGroups& groups = m_first.groups;
         for (std::uint32_t v = 0; v < groups.pointCount(); ++v) {
+            poll();
             if (!isKnown(v) || groups.isOnCurve(v))
                 continue;
             auto const number = m_aroundSecond.numberOf(groups.ofVertex(v));
@@ -355,7 +366,7 @@ private:
                 return false;
             return bool(isListed[group] = true);
         };
-        for (std::uint32_t v = 0; v < groups.pointCount(); ++v)
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
             if (!groups.isOnCurve(v) && isNew(groups.ofVertex(v)))
                 questions.push_back(
                     {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
@@ -403,19 +414,23 @@ private:
     void layerByFloors()
     {
         std::vector<std::pair<std::uint32_t, int>> lowest;
-        forSideSeeds(m_soup, m_network, [&](std::span<SideSeed const> seeds) {
-            for (SideSeed const& seed : seeds) {
-                if (m_soup.operandOf(seed.triangle) == Operand::first)
-                    continue;
-                std::uint32_t const group = m_second.groups.ofRegion(
-                    m_network.regionLeftOf(seed.triangle, seed.from, seed.to));
-                auto const place = m_aroundFirst.placeOf(group);
-                if (!m_aroundFirst.numberOf(group))
-                    lowest.emplace_back(place.root, seed.front[0] - place.offset);
-            }
-            return true;
-        });
-        std::sort(lowest.begin(), lowest.end());
+        forSideSeeds(
+            m_soup, m_network,
+            [&](std::span<SideSeed const> seeds) {
+                for (SideSeed const& seed : seeds) {
+                    if (m_soup.operandOf(seed.triangle) == Operand::first)
+                        continue;
+                    std::uint32_t const group = m_second.groups.ofRegion(
+                        m_network.regionLeftOf(seed.triangle, seed.from, seed.to));
+                    auto const place = m_aroundFirst.placeOf(group);
+                    if (!m_aroundFirst.numberOf(group))
+                        lowest.emplace_back(place.root, seed.front[0] - place.offset);
+                }
+                poll();
+                return true;
+            },
+            m_progress);
+        sortPolled(lowest, m_progress, std::less<>());
         for (std::size_t i = 0; i < lowest.size(); ++i)
             if (i + 1 == lowest.size() || lowest[i + 1].first != lowest[i].first)
                 m_aroundFirst.set(lowest[i].first, lowest[i].second);
@@ -426,12 +441,13 @@ private:
         SideGroups& first = m_first.groups;
         labels.ofFirst.assign(first.regionCount(), {});
         first.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
+            poll();
             std::uint32_t const group = first.ofRegion(region);
             int const number = m_aroundSecond.numberOf(group).value_or(0);
             labels.ofFirst[region] = {number > 0, number + m_first.changeOf(group)[1] > 0};
         });
         labels.ofFirstVertices.resize(first.pointCount());
-        for (std::uint32_t v = 0; v < first.pointCount(); ++v)
+        for (std::uint32_t v = 0; v < first.pointCount(); ++v, poll())
             labels.ofFirstVertices[v] =
                 first.isOnCurve(v)
                     ? SideLabels::unknown

@@ -47,6 +47,8 @@ struct SideLabels
     std::vector<SecondSides> ofSecond;
     /// By vertex of the second operand, counted from its first, for the triangles at it.
     std::vector<SecondSides> ofSecondVertices;
+    /// A point of a curve at which others contradict it, where that is how it came out.
+    std::optional<std::uint32_t> contradiction = {};
 };
 
 /// What is known of absolute winding numbers, and how to learn more.

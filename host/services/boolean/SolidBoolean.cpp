@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SolidBoolean.h"
 
+#include "host/mesh/ExactSigns.h"
+#include "host/services/MeshMaking.h"
+#include "host/services/PlaceText.h"
+#include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
+#include "host/services/boolean/ExactRoom.h"
 #include "host/services/boolean/PieceWriter.h"
+#include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SoupBoolean.h"
@@ -11,7 +17,6 @@
 #include "host/services/exact/ArrangedSolids.h"
 #include "host/services/exact/Corefinement.h"
 #include "platform/jobs/ConsoleSingleton.h"
-#include "platform/jobs/Exceptions.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
@@ -20,6 +25,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -48,25 +54,30 @@ public:
 
     std::vector<BooleanResult> run()
     {
-        ToolTree const tool(m_tool.mesh, m_progress);
-        ToolGrid const grid(tool, boxOfPart(), cellCount(), m_progress);
-        PartRays const rays(grid, anchorPoints());
-        ToolSides const sides(grid, m_part.vertices.size(), rays);
+        auto tool = std::make_unique<ToolTree>(m_tool.mesh, m_progress);
+        auto grid = std::make_unique<ToolGrid>(*tool, boxOfPart(), cellCount(), m_progress);
+        PartRays const rays(*grid, anchorPoints());
+        ToolSides const sides(*grid, m_part.vertices.size(), rays);
         std::function<void(int)> const copyProgress = [this](int percent) {
             m_progress.begin(gridDone + percent * (copiesDone - gridDone) / 60, copiesDone, 1);
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
         gatherSoup(copies);
-        setAnchors(rays.numbers(m_part, copies.meeting()));
-        if (hasFlatTriangle(m_soup.mesh))
+        setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
+        if (hasFlatTriangle(m_soup.mesh, m_progress))
             return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
         SoupBoolean boolean(m_soup);
-        bool const isDone = resolve(boolean, grid);
+        bool const isDone = resolve(boolean, *grid);
+        // Memory that the results need more.
+        grid.reset();
+        tool.reset();
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results =
             isDone ? writeAll(boolean, copies) : std::vector<BooleanResult>();
+        if (results.size() < m_pieces.size())
+            m_doubtful = boolean.doubtfulPlace();
         if (results.size() < m_pieces.size() || !holdAgainstOperands(results))
             results = combineWholes(boolean);
         m_progress.finish();
@@ -123,7 +134,13 @@ private:
         std::vector<std::uint32_t> locals(m_part.vertices.size(), none);
         auto& mesh = m_soup.mesh;
         mesh.triangles.reserve(copies.meeting().size() + m_tool.mesh.triangles.size());
+        // Room that is not used takes no memory.
+        mesh.points.reserve(m_part.vertices.size() + m_tool.mesh.points.size());
+        m_places.reserve(m_part.vertices.size());
+        m_known.reserve(m_part.vertices.size());
+        Polling polling(m_progress);
         for (Triangle const* const triangle : copies.meeting()) {
+            polling.step();
             MeshArrays::Corners corners;
             for (int k = 0; k < 3; ++k) {
                 std::uint32_t const place = copies.placeOf(triangle->cV(k));
@@ -142,6 +159,7 @@ private:
         m_soup.firstTriangleOfSecond = std::uint32_t(mesh.triangles.size());
         mesh.points.insert(mesh.points.end(), m_tool.mesh.points.begin(), m_tool.mesh.points.end());
         for (MeshArrays::Corners corners : m_tool.mesh.triangles) {
+            polling.step();
             for (std::uint32_t& corner : corners)
                 corner += m_soup.firstPointOfSecond;
             mesh.triangles.push_back(corners);
@@ -163,7 +181,7 @@ private:
         }
         SoupBoolean::Outcome const outcome = boolean.resolve(grid, contacts, sources, m_progress);
         if (outcome == SoupBoolean::Outcome::tooMuch)
-            throwTooMuch();
+            Refusal::throwTooMuch();
         return outcome == SoupBoolean::Outcome::done;
     }
 
@@ -236,34 +254,46 @@ private:
     {
         std::vector<std::vector<PieceTriangle>> triangles;
         for (BooleanPiece const piece : m_pieces) {
-            auto ofPiece = boolean.piece(piece);
+            auto ofPiece = boolean.piece(piece, m_progress);
             if (!ofPiece)
                 return {};
             triangles.push_back(std::move(*ofPiece));
         }
-        logCrossings(boolean.mendCrossings(triangles, m_progress));
+        if (!isCheckedInTheEnd())
+            m_tool.mesh = {};
+        logCrossings(boolean.mendRounding(triangles,
+                                          isCheckedInTheEnd()
+                                              ? SoupBoolean::AfterMending::all
+                                              : SoupBoolean::AfterMending::onlyPlaces,
+                                          m_progress));
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
         return results;
     }
 
-    /// Whether results are what the rule says at points beside all surfaces. Asked where it takes no
-    /// time that a person would notice: of small solids always, for they may cross themselves where
-    /// no curve tells, and of larger ones if the tool crosses itself or is open.
-    bool holdAgainstOperands(std::vector<BooleanResult>& results)
+    /// Whether results are held against their operands. They are where it takes no time that a
+    /// person would notice: of small solids always, for they may cross themselves where no curve
+    /// tells, and of larger ones if the tool crosses itself or is open.
+    bool isCheckedInTheEnd() const
     {
         constexpr std::size_t mostAlways = 10'000, mostWithSuspects = 100'000;
-        if (m_part.triangles.size() + m_tool.mesh.triangles.size() >
-            (m_tool.suspects.empty() ? mostAlways : mostWithSuspects))
+        std::size_t const ofTool = m_soup.triangleCount() - m_soup.firstTriangleOfSecond;
+        return m_part.triangles.size() + ofTool <=
+               (m_tool.suspects.empty() ? mostAlways : mostWithSuspects);
+    }
+
+    /// Whether results are what the rule says at points beside all surfaces.
+    bool holdAgainstOperands(std::vector<BooleanResult>& results)
+    {
+        if (!isCheckedInTheEnd())
             return true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         ResultCheck const check(part, m_tool.mesh, m_progress);
-        for (std::size_t i = 0; i < results.size(); ++i)
-            if (!check.accepts(results[i].mesh ? arraysOf(results[i]) : part,
-                               BooleanRule(m_pieces[i])))
-                return false;
-        return true;
+        for (std::size_t i = 0; i < results.size() && !m_doubtful; ++i)
+            m_doubtful = check.findFault(results[i].mesh ? arraysOf(results[i]) : part,
+                                         BooleanRule(m_pieces[i]));
+        return !m_doubtful;
     }
 
     MeshArrays arraysOf(BooleanResult& result)
@@ -279,11 +309,9 @@ private:
     {
         std::size_t const named = std::min(places.size(), mostNamedCrossings);
         for (std::size_t i = 0; i < named; ++i)
-            log(QCoreApplication::translate("Services",
-                                            "A piece crosses itself by rounding near (%1, %2, %3).")
-                    .arg(double(places[i][0]))
-                    .arg(double(places[i][1]))
-                    .arg(double(places[i][2])));
+            log(withPlace(QCoreApplication::translate(
+                              "Services", "A piece crosses itself by rounding near (%1, %2, %3)."),
+                          places[i]));
         if (places.size() > named)
             log(QCoreApplication::translate(
                     "Services", "Pairs of triangles that cross by rounding elsewhere: at least %1.")
@@ -303,16 +331,19 @@ private:
         if (isWholePart(triangles, copies, side))
             return {};
         PieceWriter writer(copies.takeMesh(side), boolean, m_soup);
-        for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v)
+        Polling polling(m_progress);
+        for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v, polling.step())
             if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
                 writer.useVertex(v, copies.copyOf(m_places[v]));
         writer.reserve(triangles.size());
-        for (PieceTriangle const& t : triangles)
+        for (PieceTriangle const& t : triangles) {
+            polling.step();
             writer.add(t, t.triangle < m_soup.firstTriangleOfSecond
                               ? copies.meeting()[t.triangle]->cN()
                               : UVector3<float>());
+        }
         m_progress.add(m_soup.triangleCount());
-        return {writer.finish()};
+        return {writer.finish(m_progress)};
     }
 
     /// Whether a result is the part as it was: all of its triangles, and none of the tool's.
@@ -328,20 +359,27 @@ private:
         return true;
     }
 
+    /// A corner of the first triangle of the soup without area.
+    UPoint3<float> firstFlatPlace() const
+    {
+        MeshArrays const& mesh = m_soup.mesh;
+        std::size_t t = 0;
+        while (t + 1 < mesh.triangles.size() &&
+               !ExactSigns::areCollinear(mesh.point(t, 0), mesh.point(t, 1), mesh.point(t, 2)))
+            ++t;
+        return mesh.point(t, 0);
+    }
+
     /// The same for the part without its triangles that have no area.
     std::vector<BooleanResult> combineWithoutFlatTriangles()
     {
         MeshKernel clean(m_partKernel);
-        requireFinite(m_soup.mesh, Operand::first);
+        requireFinite(m_soup.mesh, Operand::first, m_progress);
         std::size_t const removed = clean.getMesh()->DeleteDegenerateTris();
         clean.getMesh()->DeleteUnreferenceVerts();
         clean.getMesh()->UpdateVertsID();
         if (removed == 0)
-            throw Mell::Exception(
-                QCoreApplication::translate("Services",
-                                            "The part has triangles without area that cannot be "
-                                            "removed. Repair it and cut again.")
-                    .toStdString());
+            Refusal::throwFlat(firstFlatPlace());
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
         };
@@ -363,9 +401,9 @@ private:
         return mesh;
     }
 
-    std::unique_ptr<MeshKernel> toolKernel() const
+    std::unique_ptr<MeshKernel> toolKernel()
     {
-        return std::make_unique<MeshKernel>(makeMesh(m_tool.mesh).release());
+        return std::make_unique<MeshKernel>(makeMesh(m_tool.mesh, m_progress).release());
     }
 
     /// The slow way, for solids that cross themselves where they meet. An operand that is open
@@ -374,80 +412,44 @@ private:
     {
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
-                throwOpen(operand, *place);
+                Refusal::throwOpen(operand, *place);
         Exact::WantedSolids wanted;
         for (BooleanPiece const piece : m_pieces)
             (piece == BooleanPiece::united   ? wanted.united
              : piece == BooleanPiece::common ? wanted.common
                                              : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
-        requireRoom(part.triangles.size() + m_tool.mesh.triangles.size(), boolean.curveCount());
+        if (!hasExactRoom(part.triangles.size() + m_tool.mesh.triangles.size(),
+                          boolean.curveCount()))
+            Refusal::throwTooMuch();
         ResultCheck const check(part, m_tool.mesh, m_progress);
         auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), check);
         // Corefinement may go wrong where an operand touches itself.
         if (results.empty())
             results = checked(Exact::combineArranged(part, m_tool.mesh, wanted, m_progress), check);
         if (results.empty())
-            throwNotCombined();
+            Refusal::throwNotCombined(part, m_tool.mesh, m_doubtful, m_progress);
         return results;
     }
 
     /// The solids as results; none if one of them is missing or wrong.
     std::vector<BooleanResult> checked(Exact::CombinedSolids const& solids,
-                                       ResultCheck const& check) const
+                                       ResultCheck const& check)
     {
         std::vector<BooleanResult> results;
         for (BooleanPiece const piece : m_pieces) {
             auto const& solid = piece == BooleanPiece::united   ? solids.united
                                 : piece == BooleanPiece::common ? solids.common
                                                                 : solids.difference;
-            if (!solid || !check.accepts(*solid, BooleanRule(piece)))
+            if (!solid)
                 return {};
-            results.push_back({makeMesh(*solid)});
+            if (auto const fault = check.findFault(*solid, BooleanRule(piece))) {
+                m_doubtful = fault;
+                return {};
+            }
+            results.push_back({makeMesh(*solid, m_progress)});
         }
         return results;
-    }
-
-    /// What the exact way takes is known well enough beforehand to end before the machine is short
-    /// of memory.
-    static void requireRoom(std::size_t triangles, std::size_t segments)
-    {
-        constexpr std::size_t perTriangle = 1500, perSegment = 60000, most = std::size_t(4) << 30;
-        if (triangles * perTriangle + segments * perSegment > most)
-            throwTooMuch();
-    }
-
-    [[noreturn]] static void throwNotCombined()
-    {
-        throw Mell::Exception(
-            QCoreApplication::translate(
-                "Services",
-                "The two solids could not be combined, for one of them is open or crosses "
-                "itself where they meet. Repair it and cut again.")
-                .toStdString());
-    }
-
-    [[noreturn]] static void throwTooMuch()
-    {
-        throw Mell::Exception(
-            QCoreApplication::translate("Services",
-                                        "The two solids meet in too many places to be combined. "
-                                        "Move one of them a little and cut again.")
-                .toStdString());
-    }
-
-    [[noreturn]] static void throwOpen(Operand operand, UPoint3<float> const& p)
-    {
-        QString const text =
-            operand == Operand::first
-                ? QCoreApplication::translate("Services",
-                                              "The part is open where the two meet, near (%1, %2, "
-                                              "%3). Repair it and cut again.")
-                : QCoreApplication::translate("Services",
-                                              "The tool is open where the two meet, near (%1, %2, "
-                                              "%3). Repair it and cut again.");
-        throw Mell::Exception(
-            text.arg(double(p[0])).arg(double(p[1])).arg(double(p[2])).toStdString());
     }
 
     MeshKernel const& m_partKernel;
@@ -462,6 +464,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Where results were seen to be wrong.
+    std::optional<UPoint3<float>> m_doubtful;
 };
 
 }  // namespace

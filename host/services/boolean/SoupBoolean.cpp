@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SoupBoolean.h"
 
+#include "host/services/Polling.h"
 #include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/RoundingMending.h"
+#include "host/services/boolean/TouchingEdges.h"
 
 #include <algorithm>
 
@@ -21,38 +23,63 @@ SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
     if (contacts.size() > mostContacts)
         return Outcome::tooMuch;
     contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
-    if (!m_network.build(contacts, progress))
+    if (!m_network->build(contacts, progress)) {
+        m_doubtful = m_network->segments().front().from;
         return Outcome::contradiction;
+    }
     progress.add(0);
-    if (!labelSides(m_soup, m_network, sources, m_labels, progress))
+    if (!labelSides(m_soup, *m_network, sources, m_labels, progress)) {
+        m_doubtful = m_labels.contradiction;
         return Outcome::contradiction;
+    }
     progress.add(0);
-    m_facets = std::make_unique<RoundedFacets>(m_soup, m_network);
+    m_facets = std::make_unique<RoundedFacets>(m_soup, *m_network, progress);
     return Outcome::done;
 }
 
-std::optional<std::vector<PieceTriangle>> SoupBoolean::piece(BooleanPiece piece) const
+std::optional<std::vector<PieceTriangle>> SoupBoolean::piece(BooleanPiece piece,
+                                                             StageProgress& progress)
 {
-    auto triangles = collectPiece(m_soup, m_network, *m_facets, m_labels, BooleanRule(piece));
-    if (!isClosedAtCurves(triangles, m_network.points()))
+    auto triangles =
+        collectPiece(m_soup, *m_network, *m_facets, m_labels, BooleanRule(piece), progress);
+    if (!isClosedAtCurves(triangles, m_network->points(), progress)) {
+        m_doubtful = openPointOf(triangles, m_network->points(), progress);
         return {};
+    }
     return triangles;
 }
 
-std::vector<UPoint3<float>> SoupBoolean::mendCrossings(
-    std::vector<std::vector<PieceTriangle>>& pieces, StageProgress& progress)
+std::vector<UPoint3<float>> SoupBoolean::mendRounding(
+    std::vector<std::vector<PieceTriangle>>& pieces, AfterMending after, StageProgress& progress)
 {
     std::vector<UPoint3<float>> places;
     places.reserve(pointCount());
-    for (std::uint32_t point = 0; point < pointCount(); ++point)
+    Polling polling(progress);
+    for (std::uint32_t point = 0; point < pointCount(); ++point, polling.step())
         places.push_back(place(point));
     // Points of the first operand have triangles outside the soup.
     std::vector<bool> isFree(pointCount(), true);
-    for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex)
+    for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex, polling.step())
         isFree[vertex] = isFree[m_facets->numberOf(vertex)] = false;
+    std::vector<bool> isAtCurve(pointCount());
+    for (std::uint32_t point = 0; point < pointCount(); ++point, polling.step())
+        isAtCurve[point] = m_network->points().isOnCurve(point) || m_facets->isMended(point);
+    if (after == AfterMending::onlyPlaces) {
+        m_facets.reset();
+        m_network.reset();
+        m_labels = {};
+    }
+    for (auto& piece : pieces)
+        TouchingEdges(m_soup, piece, places).separate(isAtCurve, progress);
+    isFree.resize(places.size(), true);
     auto left = RoundingMending(m_soup, pieces, places, isFree).run(progress);
     m_mendedPlaces = std::move(places);
     return left;
+}
+
+std::optional<UPoint3<float>> SoupBoolean::doubtfulPlace() const
+{
+    return m_doubtful ? std::optional(place(*m_doubtful)) : std::nullopt;
 }
 
 std::optional<UPoint3<float>> SoupBoolean::openPlace(Operand operand) const
@@ -62,15 +89,17 @@ std::optional<UPoint3<float>> SoupBoolean::openPlace(Operand operand) const
         std::uint32_t low, high;
         int direction;
     };
+    if (!m_network)
+        return {};
     std::vector<Use> uses;
-    Facets const& facets = m_network.facets();
+    Facets const& facets = m_network->facets();
     std::uint32_t begin = 0;
     for (Facets::End const& face : facets.ends) {
         for (std::uint32_t b = begin; b < face.borders; ++b) {
             auto const& border = facets.borders[b];
             if (m_soup.operandOf(face.triangle) == operand &&
-                (m_network.points().isOnCurve(border.from) ||
-                 m_network.points().isOnCurve(border.to)))
+                (m_network->points().isOnCurve(border.from) ||
+                 m_network->points().isOnCurve(border.to)))
                 uses.push_back({std::min(border.from, border.to), std::max(border.from, border.to),
                                 border.from < border.to ? 1 : -1});
         }
@@ -85,8 +114,9 @@ std::optional<UPoint3<float>> SoupBoolean::openPlace(Operand operand) const
         for (; end < uses.size() && uses[end].low == uses[i].low && uses[end].high == uses[i].high;
              ++end)
             balance += uses[end].direction;
+        // Points in which the two meet have higher numbers than vertices.
         if (balance != 0)
-            return place(uses[i].low);
+            return place(uses[i].high);
         i = end;
     }
     return {};

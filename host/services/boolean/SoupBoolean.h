@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// The surfaces of two operands divided along their curves, with every region's side: all that
@@ -22,8 +23,15 @@ public:
         tooMuch,
     };
 
+    /// What is asked for once pieces have been mended.
+    enum class AfterMending
+    {
+        all,
+        onlyPlaces,
+    };
+
     /// soup  must outlive this
-    explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(soup) {}
+    explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(std::in_place, soup) {}
 
     /// grid      of the second operand
     /// ofSecond  contacts of the second operand's triangles with each other
@@ -31,23 +39,33 @@ public:
                     WindingSources const& sources, StageProgress& progress);
 
     /// The triangles of one result; nothing if they do not close around the curves.
-    std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece) const;
+    std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece, StageProgress& progress);
 
-    /// Moves points by some units of the last place where pieces cross themselves for having been
-    /// rounded.
+    /// Mends what rounding has done to pieces: edges of more than two triangles get points of their
+    /// own, and points move by some units of the last place where pieces cross themselves.
     ///
     /// pieces   all that are wanted, as `piece` gives them
+    /// after    `onlyPlaces` frees most memory: pieces are not asked for again, and no place is
+    ///          found open
     /// returns  a place of each pair of triangles that still cross
-    std::vector<UPoint3<float>> mendCrossings(std::vector<std::vector<PieceTriangle>>& pieces,
-                                              StageProgress& progress);
+    std::vector<UPoint3<float>> mendRounding(std::vector<std::vector<PieceTriangle>>& pieces,
+                                             AfterMending after, StageProgress& progress);
 
     UPoint3<float> const& place(std::uint32_t point) const
     {
-        return m_mendedPlaces.empty() ? m_network.points().rounded(point) : m_mendedPlaces[point];
+        return m_mendedPlaces.empty() ? m_network->points().rounded(point) : m_mendedPlaces[point];
     }
-    std::uint32_t pointCount() const { return m_network.points().size(); }
+    std::uint32_t pointCount() const
+    {
+        return m_mendedPlaces.empty() ? m_network->points().size()
+                                      : std::uint32_t(m_mendedPlaces.size());
+    }
     /// How many pieces of curve there are.
-    std::size_t curveCount() const { return m_network.segments().size(); }
+    std::size_t curveCount() const { return m_network->segments().size(); }
+
+    /// A point where the curves contradict each other, or a piece does not close; none before that
+    /// was seen, or where it has no place.
+    std::optional<UPoint3<float>> doubtfulPlace() const;
 
     /// A point on an edge of an operand from which one of its triangles is missing, among the edges
     /// that the other operand meets.
@@ -55,9 +73,12 @@ public:
 
 private:
     OperandSoup const& m_soup;
-    CurveNetwork m_network;
+    /// None once it is not needed any more.
+    std::optional<CurveNetwork> m_network;
     SideLabels m_labels;
     std::unique_ptr<RoundedFacets> m_facets;
-    /// By point, if some of them have been moved.
+    /// Where something did not come out.
+    std::optional<std::uint32_t> m_doubtful;
+    /// By point, once pieces have been mended; new ones come last.
     std::vector<UPoint3<float>> m_mendedPlaces;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/ToolGrid.h"
 
+#include "host/services/Polling.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -81,7 +83,7 @@ ToolGrid::ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching,
         if (t % 1024 == 0)
             progress.add(1024);
     }
-    sortReferences();
+    sortReferences(progress);
     findStates(progress);
 }
 
@@ -147,17 +149,22 @@ void ToolGrid::touch(std::uint32_t triangle, int x, int y, int z)
 }
 
 /// Puts the references of each block together, in the order of the triangles.
-void ToolGrid::sortReferences()
+void ToolGrid::sortReferences(StageProgress& progress)
 {
+    Polling polling(progress);
     m_referenceEnds.assign(8 * m_details.size() + 1, 0);
-    for (Reference const& reference : m_references)
+    for (Reference const& reference : m_references) {
+        polling.step();
         ++m_referenceEnds[reference.block + 1];
+    }
     for (std::size_t i = 1; i < m_referenceEnds.size(); ++i)
         m_referenceEnds[i] += m_referenceEnds[i - 1];
     std::vector<std::uint32_t> next(m_referenceEnds.begin(), m_referenceEnds.end() - 1);
     std::vector<Reference> sorted(m_references.size());
-    for (Reference const& reference : m_references)
+    for (Reference const& reference : m_references) {
+        polling.step();
         sorted[next[reference.block]++] = reference;
+    }
     m_references = std::move(sorted);
     m_lastReferences = {};
 }

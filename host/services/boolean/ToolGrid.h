@@ -133,7 +133,7 @@ private:
     void measure(Box const& part, std::size_t touching);
     void touchCells(std::uint32_t triangle);
     void touch(std::uint32_t triangle, int x, int y, int z);
-    void sortReferences();
+    void sortReferences(StageProgress& progress);
     void findStates(StageProgress& progress);
     void findState(int x, int y, int z);
     void findCalmPages();

@@ -3,13 +3,14 @@
 
 #include "host/mesh/DisjointSets.h"
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
-#include "platform/jobs/Exceptions.h"
-
-#include <QCoreApplication>
+#include "host/services/boolean/Refusals.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
 #include <string>
 
 namespace {
@@ -63,7 +64,7 @@ public:
                     suspects.push_back(t);
             }
         }
-        std::sort(suspects.begin(), suspects.end());
+        sortPolled(suspects, m_progress, std::less<>());
         return suspects;
     }
 
@@ -162,11 +163,12 @@ private:
         m_uses.clear();
         for (std::uint32_t const t : shell.triangles)
             for (std::size_t k = 0; k < 3; ++k) {
+                poll(t);
                 Corners const& c = m_tool.triangles[t];
                 auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
                 m_uses.push_back({low, high, t, c[(k + 2) % 3]});
             }
-        std::sort(m_uses.begin(), m_uses.end());
+        sortPolled(m_uses, m_progress, std::less<>());
         for (std::size_t i = 0; i < m_uses.size(); i += 2) {
             poll(i);
             bool const isPair = i + 1 < m_uses.size() && m_uses[i].isSameEdge(m_uses[i + 1]) &&
@@ -227,17 +229,21 @@ struct OrientedEdge
 };
 
 /// Marks triangles at edges that have more than two, or two that run along it the same way.
-void markAtOddEdges(MeshArrays const& arrays, std::vector<std::uint8_t>& isMarked)
+void markAtOddEdges(MeshArrays const& arrays, std::vector<std::uint8_t>& isMarked,
+                    StageProgress& progress)
 {
+    Polling polling(progress);
     std::vector<OrientedEdge> edges;
     edges.reserve(3 * arrays.triangles.size());
     for (std::uint32_t t = 0; t < arrays.triangles.size(); ++t)
         for (std::size_t k = 0; k < 3; ++k) {
+            polling.step();
             std::uint32_t const a = arrays.triangles[t][k], b = arrays.triangles[t][(k + 1) % 3];
             edges.push_back({std::min(a, b), std::max(a, b), a < b, t});
         }
-    std::sort(edges.begin(), edges.end());
+    sortPolled(edges, progress, std::less<>());
     for (std::size_t begin = 0, end = 0; begin < edges.size(); begin = end) {
+        polling.step();
         while (end < edges.size() && edges[end].low == edges[begin].low &&
                edges[end].high == edges[begin].high)
             ++end;
@@ -261,7 +267,7 @@ std::vector<std::uint32_t> findMeeting(MeshArrays const& tool,
     TriangleTree const tree(arrays, topology, progress);
     IntersectionReport report = findIntersections(arrays, topology, tree, progress);
     if (topology.nonManifoldEdges + topology.inconsistentEdges + topology.duplicateTriangles > 0)
-        markAtOddEdges(arrays, report.isInvolved);
+        markAtOddEdges(arrays, report.isInvolved, progress);
     std::vector<std::uint32_t> meeting;
     for (std::size_t i = 0; i < candidates.size(); ++i)
         if (report.isInvolved[i])
@@ -280,28 +286,30 @@ MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progres
 
 }  // namespace
 
-void requireFinite(MeshArrays const& mesh, Operand operand)
+void requireFinite(MeshArrays const& mesh, Operand operand, StageProgress& progress)
 {
-    bool const isFinite =
-        std::all_of(mesh.points.begin(), mesh.points.end(), [](UPoint3<float> const& p) {
-            return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
-        });
-    if (isFinite)
+    Polling polling(progress);
+    auto const isFinite = [](UPoint3<float> const& p) {
+        return std::isfinite(p[0]) && std::isfinite(p[1]) && std::isfinite(p[2]);
+    };
+    if (std::all_of(mesh.points.begin(), mesh.points.end(), [&](UPoint3<float> const& p) {
+            polling.step();
+            return isFinite(p);
+        }))
         return;
-    QString const text =
-        operand == Operand::first
-            ? QCoreApplication::translate(
-                  "Services",
-                  "The part has a point whose coordinates are no numbers. Repair it and cut again.")
-            : QCoreApplication::translate("Services",
-                                          "The tool has a point whose coordinates are no numbers. "
-                                          "Repair it and cut again.");
-    throw Mell::Exception(text.toStdString());
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t, polling.step()) {
+        std::array const corners{mesh.point(t, 0), mesh.point(t, 1), mesh.point(t, 2)};
+        auto const known = std::find_if(corners.begin(), corners.end(), isFinite);
+        if (known != corners.end() && !std::all_of(corners.begin(), corners.end(), isFinite))
+            Refusal::throwNotFinite(operand, *known);
+    }
+    Refusal::throwNotFinite(operand, {});
 }
 
-bool hasFlatTriangle(MeshArrays const& operand)
+bool hasFlatTriangle(MeshArrays const& operand, StageProgress& progress)
 {
-    for (std::size_t t = 0; t < operand.triangles.size(); ++t)
+    Polling polling(progress);
+    for (std::size_t t = 0; t < operand.triangles.size(); ++t, polling.step())
         if (ExactSigns::areCollinear(operand.point(t, 0), operand.point(t, 1), operand.point(t, 2)))
             return true;
     return false;
@@ -311,8 +319,8 @@ PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress)
 {
     PreparedTool prepared;
     prepared.mesh = copyArrays(tool, Frame::World, progress);
-    requireFinite(prepared.mesh, Operand::second);
-    if (hasFlatTriangle(prepared.mesh))
+    requireFinite(prepared.mesh, Operand::second, progress);
+    if (hasFlatTriangle(prepared.mesh, progress))
         prepared.mesh = withoutFlatTriangles(prepared.mesh, progress);
     ToolShells shells(prepared.mesh, progress);
     prepared.anchors = shells.anchors();

@@ -7,10 +7,10 @@
 /// Throws a sentence if an operand has a coordinate that is no finite number.
 ///
 /// operand  which of the two it is: the part or the tool
-void requireFinite(MeshArrays const& mesh, Operand operand);
+void requireFinite(MeshArrays const& mesh, Operand operand, StageProgress& progress);
 
 /// Whether a triangle of some has no area.
-bool hasFlatTriangle(MeshArrays const& operand);
+bool hasFlatTriangle(MeshArrays const& operand, StageProgress& progress);
 
 /// A tool, the second operand of a boolean, made ready.
 struct PreparedTool

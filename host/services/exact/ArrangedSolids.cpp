@@ -2,6 +2,7 @@
 #include "host/services/exact/ArrangedSolids.h"
 
 #include "host/services/EdgeGroups.h"
+#include "host/services/Polling.h"
 #include "host/services/exact/Arrangement.h"
 #include "host/services/exact/ExactWinding.h"
 #include "host/services/exact/ResultMesh.h"
@@ -44,7 +45,8 @@ public:
         m_progress.begin(50, 80, 1);
         m_arrangement = std::make_unique<Arrangement>(
             m_soup, std::uint32_t(m_first.triangles.size()), m_progress);
-        for (std::uint32_t i = 0; i < m_arrangement->pointCount(); ++i)
+        Polling polling(m_progress);
+        for (std::uint32_t i = 0; i < m_arrangement->pointCount(); ++i, polling.step())
             m_points.push_back(i < m_soup.points.size() ? m_soup.points[i]
                                                         : rounded(m_arrangement->point(i)));
         m_progress.begin(80, 95, 1);
@@ -70,9 +72,12 @@ private:
         for (MeshArrays::Corners const& c : m_second.triangles)
             m_soup.triangles.push_back({c[0] + base, c[1] + base, c[2] + base});
         std::map<std::tuple<float, float, float>, std::uint32_t> ids;
-        for (MeshArrays::Point const& p : m_soup.points)
+        Polling polling(m_progress);
+        for (MeshArrays::Point const& p : m_soup.points) {
+            polling.step();
             places.push_back(
                 ids.try_emplace({p.X(), p.Y(), p.Z()}, std::uint32_t(places.size())).first->second);
+        }
         for (MeshArrays::Corners& corners : m_soup.triangles)
             for (std::uint32_t& corner : corners)
                 corner = places[corner];
@@ -97,7 +102,9 @@ private:
             }
         m_patchOf.assign(facets.size(), none);
         std::vector<std::uint32_t> open;
+        Polling polling(m_progress);
         for (std::uint32_t seed = 0; seed < facets.size(); ++seed) {
+            polling.step();
             if (m_patchOf[seed] != none)
                 continue;
             std::uint32_t const patch = std::uint32_t(m_seeds.size());
@@ -159,7 +166,9 @@ private:
         MeshArrays mesh;
         mesh.points = m_points;
         auto const& facets = m_arrangement->facets();
+        Polling polling(m_progress);
         for (std::size_t i = 0; i < facets.size(); ++i) {
+            polling.step();
             int const count = m_steps[m_patchOf[i]].*step;
             MeshArrays::Corners corners = facets[i].corners;
             if (count < 0)

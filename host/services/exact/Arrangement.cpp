@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/Arrangement.h"
 
+#include "host/services/Polling.h"
 #include "host/services/exact/PlaneDivision.h"
 
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
@@ -83,7 +84,8 @@ std::uint32_t Arrangement::idOf(Point const& point)
 std::vector<Arrangement::Triangle> Arrangement::trianglesOfFirstThatMeet()
 {
     std::vector<Box> first, second;
-    for (Triangle t = 0; t < m_soup.triangles.size(); ++t)
+    Polling polling(m_progress);
+    for (Triangle t = 0; t < m_soup.triangles.size(); ++t, polling.step())
         (t < m_firstOfSecond ? first : second).push_back(boxOf(m_soup, t));
     std::vector<std::uint8_t> meets(m_firstOfSecond, 0);
     CGAL::box_intersection_d(
@@ -106,7 +108,9 @@ void Arrangement::findPairs()
     for (Triangle t = m_firstOfSecond; t < m_soup.triangles.size(); ++t)
         involved.push_back(t);
     std::vector<Box> boxes;
+    Polling polling(m_progress);
     for (Triangle t : involved) {
+        polling.step();
         boxes.push_back(boxOf(m_soup, t));
         for (std::uint32_t corner : m_soup.triangles[t])
             m_ids.try_emplace(point(corner), corner);
@@ -194,7 +198,9 @@ void Arrangement::shareEdgePoints()
     }
     if (m_edgePoints.empty())
         return;
+    Polling polling(m_progress);
     for (Triangle t = 0; t < m_soup.triangles.size(); ++t) {
+        polling.step();
         auto const& c = m_soup.triangles[t];
         for (int k = 0; k < 3; ++k)
             if (auto const found = m_edgePoints.find(ordered(c[k], c[(k + 1) % 3]));
@@ -225,9 +231,11 @@ void Arrangement::addEdgePoint(Triangle t, std::uint32_t id)
 void Arrangement::divideAll()
 {
     m_progress.setAmount(m_divisions.size());
+    Polling polling(m_progress);
     auto next = m_divisions.begin();
     for (Triangle t = 0; t < m_soup.triangles.size(); ++t) {
         if (next == m_divisions.end() || next->first != t) {
+            polling.step();
             m_facets.push_back({m_soup.triangles[t], t});
             continue;
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/CorefinedSolids.h"
 
+#include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
 #include "host/services/exact/ExactSurface.h"
 #include "host/services/exact/ExactWinding.h"
@@ -77,11 +78,15 @@ private:
         m_progress.begin(5, 40, m_first.triangles.size() + m_second.triangles.size());
         CorefinementPolling polling;
         polling.progress = &m_progress;
+        PollingScope const scope(m_progress);
+        using Points = PolledPointMap<ExactSurface::Mesh>;
         PMP::corefine(m_a.mesh, m_b.mesh,
                       CGAL::parameters::edge_is_constrained_map(m_a.isShared)
+                          .vertex_point_map(Points(m_a.mesh.points()))
                           .visitor(polling)
                           .throw_on_self_intersection(true),
-                      CGAL::parameters::edge_is_constrained_map(m_b.isShared));
+                      CGAL::parameters::edge_is_constrained_map(m_b.isShared)
+                          .vertex_point_map(Points(m_b.mesh.points())));
     }
 
     std::uint32_t addPoint(ExactKernel::Point_3 const& p)
@@ -106,10 +111,13 @@ private:
         constexpr std::uint32_t unset = 0xffffffff;
         places.assign(surface.mesh.number_of_vertices(), unset);
         std::vector<bool> isShared(places.size(), false);
-        for (auto edge : surface.mesh.edges())
+        Polling polling(m_progress);
+        for (auto edge : surface.mesh.edges()) {
+            polling.step();
             if (surface.isShared[edge])
                 for (int k = 0; k < 2; ++k)
                     isShared[surface.mesh.vertex(edge, k)] = true;
+        }
         for (ExactSurface::Vertex vertex : surface.mesh.vertices()) {
             m_progress.add(0);
             std::size_t const number = vertex;
@@ -147,7 +155,7 @@ private:
     {
         auto const point = CGAL::centroid(face);
         auto const normal = face.supporting_plane().orthogonal_vector();
-        auto const* const other = m_aroundSecond.triangleAt(point);
+        auto const* const other = m_aroundSecond.triangleAt(point, m_progress);
         int const front = m_aroundSecond.beside(point, normal, m_progress) > 0;
         int const back = other ? m_aroundSecond.beside(point, -normal, m_progress) > 0 : front;
         if (front == back)
@@ -172,7 +180,7 @@ private:
     {
         auto const point = CGAL::centroid(face);
         auto const normal = face.supporting_plane().orthogonal_vector();
-        if (m_aroundFirst.triangleAt(point))
+        if (m_aroundFirst.triangleAt(point, m_progress))
             return {};
         int const front = m_aroundSecond.beside(point, normal, m_progress) > 0;
         int const back = m_aroundSecond.beside(point, -normal, m_progress) > 0;
@@ -210,7 +218,9 @@ private:
                   std::vector<std::uint32_t> const& places, std::vector<Shares> const& shares,
                   int Shares::*share, MeshArrays& mesh) const
     {
+        Polling polling(m_progress);
         for (ExactSurface::Face face : surface.mesh.faces()) {
+            polling.step();
             int const count = shares[patchOf[face]].*share;
             auto const corners = surface.corners(face);
             MeshArrays::Corners triangle = {places[corners[0]], places[corners[1]],

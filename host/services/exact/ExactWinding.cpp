@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/ExactWinding.h"
 
+#include "host/services/Polling.h"
+
 #include <iterator>
 #include <random>
 
@@ -8,19 +10,23 @@ ExactWinding::ExactWinding(MeshArrays const& mesh, StageProgress& progress)
 {
     std::vector<Point> points;
     points.reserve(mesh.points.size());
-    for (MeshArrays::Point const& p : mesh.points)
+    Polling polling(progress);
+    for (MeshArrays::Point const& p : mesh.points) {
+        polling.step();
         points.emplace_back(p.X(), p.Y(), p.Z());
+    }
     m_triangles.reserve(mesh.triangles.size());
     for (MeshArrays::Corners const& c : mesh.triangles) {
-        if (m_triangles.size() % 4096 == 0)
-            progress.add(0);
+        polling.step();
         m_triangles.emplace_back(points[c[0]], points[c[1]], points[c[2]]);
     }
     m_tree.insert(m_triangles.cbegin(), m_triangles.cend());
 }
 
-ExactWinding::Triangle const* ExactWinding::triangleAt(Point const& point) const
+ExactWinding::Triangle const* ExactWinding::triangleAt(Point const& point,
+                                                       StageProgress& progress) const
 {
+    PollingScope const polling(progress);
     auto const found = m_tree.any_intersected_primitive(point);
     return found ? &**found : nullptr;
 }
@@ -55,6 +61,7 @@ int ExactWinding::beside(Point const& point, Vector const& side, StageProgress& 
     std::mt19937 random(1);
     std::uniform_real_distribution<double> coordinate(-1, 1);
     int winding = 0;
+    PollingScope const polling(progress);
     for (;;) {
         progress.add(0);
         double const x = coordinate(random), y = coordinate(random), z = coordinate(random);

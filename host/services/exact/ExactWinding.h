@@ -4,10 +4,10 @@
 // For the sources of this folder only: it shows CGAL's types.
 
 #include "host/services/exact/ExactSurface.h"
+#include "host/services/exact/PolledPoints.h"
 
 #include <CGAL/AABB_traits.h>
 #include <CGAL/AABB_tree.h>
-#include <CGAL/AABB_triangle_primitive.h>
 
 #include <vector>
 
@@ -28,11 +28,36 @@ public:
     int beside(Point const& point, Vector const& side, StageProgress& progress) const;
 
     /// A triangle that contains the point, or null.
-    Triangle const* triangleAt(Point const& point) const;
+    Triangle const* triangleAt(Point const& point, StageProgress& progress) const;
 
 private:
     using Triangles = std::vector<Triangle>;
-    using Primitive = CGAL::AABB_triangle_primitive<ExactKernel, Triangles::const_iterator>;
+    /// A triangle of the tree, which polls when it is looked at.
+    class Primitive
+    {
+    public:
+        using Id = Triangles::const_iterator;
+        using Point = ExactWinding::Point;
+        using Datum = Triangle;
+        using Point_reference = Point;
+        using Datum_reference = Triangle const&;
+
+        explicit Primitive(Id triangle) : m_triangle(triangle) {}
+
+        Id id() const { return m_triangle; }
+        Datum_reference datum() const { return polled(); }
+        Point_reference reference_point() const { return polled().vertex(0); }
+
+    private:
+        Triangle const& polled() const
+        {
+            thread_local unsigned steps = 0;
+            PollingScope::step(steps);
+            return *m_triangle;
+        }
+
+        Id m_triangle;
+    };
     using Tree = CGAL::AABB_tree<CGAL::AABB_traits<ExactKernel, Primitive>>;
 
     bool tryDirection(Point const& point, Vector const& direction, int& winding) const;

@@ -48,7 +48,7 @@ void takeSurface(Surface& surface, MeshRegion& region)
 
 }  // namespace
 
-StageProgress*& PolledPoints::Scope::current()
+StageProgress*& PollingScope::current()
 {
     static thread_local StageProgress* progress = nullptr;
     return progress;
@@ -63,7 +63,7 @@ bool mendRegion(MeshRegion& region, StageProgress& progress,
                 std::function<void(Surface&)> const& mend)
 {
     try {
-        PolledPoints::Scope const polling(progress);
+        PollingScope const polling(progress);
         Surface surface;
         if (!buildSurface(region, surface, progress))
             return false;

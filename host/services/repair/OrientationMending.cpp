@@ -3,7 +3,7 @@
 
 #include "host/services/EdgeGroups.h"
 #include "host/services/VertexStars.h"
-#include "host/services/repair/WedgePairing.h"
+#include "host/services/WedgePairing.h"
 
 #include <algorithm>
 

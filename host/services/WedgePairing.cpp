@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/repair/WedgePairing.h"
+#include "host/services/WedgePairing.h"
 
 #include "host/services/EdgeGroups.h"
 
