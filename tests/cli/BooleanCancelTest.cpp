@@ -2,6 +2,7 @@
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/CancelledProcess.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@ void expectAllOrNothing(Soup const& a, Soup const& b, std::string const& operati
     folder.addStl(b, "b.stl");
     Names const inputs{"a.stl", "b.stl"};
     CancelledProcess const process(
-        MELL_BINARY_DIR "/freecut",
+        builtPath("freecut"),
         {"boolean", "a.stl", "b.stl", operation, "--allow-open", "-o", "pieces"}, folder.path("."));
     CancelledProcess::End const whole = process.run();
     ASSERT_EQ(whole.status, 0);

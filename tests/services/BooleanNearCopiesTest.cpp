@@ -2,6 +2,7 @@
 #include "host/services/boolean/ExactRoom.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -99,7 +100,7 @@ TEST(BooleanNearCopies, OfRealModelsAreClosedWithoutEdgesOfFourTriangles)
             expectSoundBesideItself({name, model});
     }
     if (!hasModel)
-        GTEST_SKIP() << "the real models are not in " << MELL_TEST_MESHES;
+        GTEST_SKIP() << modelsAreMissing;
 }
 
 /// The edge is one of four triangles, exactly: two of either operand.
