@@ -136,7 +136,9 @@ protected:
         while (timer.elapsed() < 300)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         std::string const file = "window-" + name + (g_OPENGL_3_3 ? "-33.png" : "-21.png");
-        window->screen()->grabWindow(window->winId()).save(QString::fromStdString(picturePath(file)));
+        window->screen()
+            ->grabWindow(window->winId())
+            .save(QString::fromStdString(picturePath(file)));
     }
 
     static bool hasDisplay() { return QGuiApplication::platformName() == "xcb"; }

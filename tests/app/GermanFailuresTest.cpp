@@ -19,8 +19,8 @@ std::set<QString> englishWords()
     static QRegularExpression const value("%L?[0-9n]");
     constexpr int isSentence = 8;
     std::set<QString> words;
-    for (TranslatedText const& text :
-         readTranslationFile(QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
+    for (TranslatedText const& text : readTranslationFile(
+             QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
         if (text.context == "FileError" || text.context == "Services" ||
             text.context == "DocumentFiles")
             for (QString const& piece : text.source.split(value))

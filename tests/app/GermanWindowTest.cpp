@@ -75,8 +75,8 @@ void collectTexts(QWidget const& window, QStringList& texts)
 std::set<QString> englishTexts()
 {
     std::set<QString> english, same;
-    for (TranslatedText const& text :
-         readTranslationFile(QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
+    for (TranslatedText const& text : readTranslationFile(
+             QString::fromStdString(sourcePath("resources/translations/orbe_de.ts"))))
         (text.translations.contains(text.source) ? same : english).insert(text.source);
     for (QString const& text : same)
         english.erase(text);
@@ -210,7 +210,8 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
         SCOPED_TRACE(qPrintable(name));
         expectNoEnglishText(*panel);
         expectWholeTexts(*panel);
-        panel->grab().save(QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
+        panel->grab().save(
+            QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
     }
 }
 
@@ -226,7 +227,8 @@ TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
         SCOPED_TRACE(qPrintable(name));
         expectNoEnglishText(*dialog);
         expectWholeTexts(*dialog);
-        dialog->grab().save(QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
+        dialog->grab().save(
+            QString::fromStdString(picturePath("german-" + name.toStdString() + ".png")));
     }
 }
 

@@ -240,8 +240,7 @@ TEST(Includes, ConnectorsKnowOfTheJobsOnlyTheCommonParts)
 
 TEST(Includes, PlatformHasHeadersOnly)
 {
-    for (auto const& entry :
-         fs::recursive_directory_iterator(fs::path(sourcePath("platform"))))
+    for (auto const& entry : fs::recursive_directory_iterator(fs::path(sourcePath("platform"))))
         EXPECT_NE(entry.path().extension(), ".cpp") << entry.path();
 }
 

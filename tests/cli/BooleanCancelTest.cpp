@@ -41,8 +41,9 @@ void expectAllOrNothing(Soup const& a, Soup const& b, std::string const& operati
         Names left = folder.files();
         std::erase(left, "pieces");
         EXPECT_EQ(left, inputs);
-        if (folder.files().size() > inputs.size())
+        if (folder.files().size() > inputs.size()) {
             EXPECT_EQ(folder.files("pieces"), Names());
+        }
     }
     EXPECT_GT(cancelled, 0);
 }

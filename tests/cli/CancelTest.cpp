@@ -84,7 +84,8 @@ TEST(FreecutCancel, WithNohupItOutlivesItsTerminal)
     QProcess process;
     folder.prepare(process, {});
     process.setProgram("nohup");
-    process.setArguments({QString::fromStdString(builtPath("freecut")), "zcut", "--height", "1.234", "ball.stl"});
+    process.setArguments(
+        {QString::fromStdString(builtPath("freecut")), "zcut", "--height", "1.234", "ball.stl"});
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
     kill(pid_t(process.processId()), SIGHUP);

@@ -178,7 +178,8 @@ TEST(Icons, AreDrawnOnASheetForLookingAt)
         drawSheet("icons_light" + end, applicationIcons() + toolIcons() + cursors(), lightGround,
                   side);
         drawSheet("icons_dark" + end, dark + toolIcons() + cursors(), darkGround, side);
-        EXPECT_TRUE(QFile::exists(QString::fromStdString(picturePath("icons_dark" + end.toStdString()))));
+        EXPECT_TRUE(
+            QFile::exists(QString::fromStdString(picturePath("icons_dark" + end.toStdString()))));
     }
 }
 

@@ -81,7 +81,8 @@ TEST(FaceChoice, NoPieceIsLeftWithFacesBothAboveAndBelow)
                         std::min(name[links[i].below], name[links[i].above]);
         for (std::size_t i = 0; i < links.size(); ++i)
             for (std::size_t k = 0; k < links.size(); ++k)
-                if (isCut[i] && isCut[k])
+                if (isCut[i] && isCut[k]) {
                     ASSERT_NE(name[links[i].below], name[links[k].above]) << run;
+                }
     }
 }

@@ -32,8 +32,7 @@ protected:
     {
         settle();
         QImage const image = window.screen()->grabWindow(window.winId()).toImage();
-        std::string const file = name +
-                                 (g_OPENGL_3_3 ? "-33" : "-21") + "-ratio" +
+        std::string const file = name + (g_OPENGL_3_3 ? "-33" : "-21") + "-ratio" +
                                  std::to_string(int(view->devicePixelRatioF())) + ".png";
         image.save(QString::fromStdString(picturePath(file)));
         return image;
