@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/MeshSurvey.h"
+#include "host/services/FlawSurvey.h"
 #include "platform/services/Repair.h"
 
 #include <cassert>
@@ -18,7 +18,7 @@ std::size_t EvaluateErrors::evaluate(ErrorType type, bool firstOnly, bool parall
     m_survey.reset();
     StageProgress stages(progress);
     stages.begin(0, 10, m_kernel->readMesh() ? m_kernel->readMesh()->triangles.size() : 0);
-    auto const survey = std::make_shared<MeshSurvey>();
+    auto const survey = std::make_shared<FlawSurvey>();
     survey->mesh = copyArrays(*m_kernel, Frame::World, stages);
     survey->errors = findErrors(survey->mesh, unsigned(type), stages, 10);
     m_counts = survey->errors.counts;

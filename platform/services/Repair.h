@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-struct MeshSurvey;
+struct FlawSurvey;
 
 namespace Repair {
 
@@ -76,12 +76,12 @@ public:
 
     /// What the last complete check has seen, for a repair of the same mesh. It needs as much
     /// memory as the mesh itself. Null if there was none.
-    std::shared_ptr<MeshSurvey const> const& survey() const { return m_survey; }
+    std::shared_ptr<FlawSurvey const> const& survey() const { return m_survey; }
 
 private:
     MeshKernel* m_kernel;
     Counts m_counts;
-    std::shared_ptr<MeshSurvey const> m_survey;
+    std::shared_ptr<FlawSurvey const> m_survey;
 };
 
 /// What a repair is allowed to look at.
@@ -178,7 +178,7 @@ public:
     /// survey  what a check has seen of the mesh, which has had nothing but toRclMesh() since; so
     ///         the repair need not look at all of it again. May be null
     explicit RepairMethods(MeshKernel* kernel, Scope scope = {},
-                           std::shared_ptr<MeshSurvey const> survey = {});
+                           std::shared_ptr<FlawSurvey const> survey = {});
 
     /// Mends orientation, open seams, holes, degenerate and duplicate triangles, superfluous shells
     /// and crossings. The mesh is replaced only if the number of errors fell; otherwise it stays as
@@ -194,7 +194,7 @@ public:
 private:
     MeshKernel* m_kernel;
     Scope m_scope;
-    std::shared_ptr<MeshSurvey const> m_survey;
+    std::shared_ptr<FlawSurvey const> m_survey;
     Report m_report;
 };
 

@@ -99,13 +99,13 @@ TEST(FreecutRun, AFailureOfTheWholeRunIsInTheReport)
     EXPECT_TRUE(folder.report()["parts"][0]["pieces"].empty());
 }
 
-TEST(FreecutRun, APartOfSeveralInAFileIsNamedWithIt)
+TEST(FreecutRun, AFailureNamesTheFileThatIsToBlame)
 {
     MixedFolder const folder;
     ASSERT_EQ(folder.run({"zcut", "a.stl", "--height", "2", "--format", "3mf"}).status, 0);
     auto const result = folder.run({"boolean", "a_cut1.3mf", "open.stl", "--union"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.errors.find("freecut: a_cut1.3mf: "), 0u) << result.errors;
+    EXPECT_EQ(result.errors.find("freecut: open.stl: "), 0u) << result.errors;
 }
 
 TEST(FreecutRun, APieceThatIsNotClosedIsToldByExitStatusFour)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/FlawSurvey.h"
 #include "host/services/MeshMaking.h"
-#include "host/services/MeshSurvey.h"
 #include "host/services/repair/CrossingMending.h"
 #include "host/services/repair/EdgeFlaws.h"
 #include "host/services/repair/RecordChange.h"
@@ -26,7 +26,7 @@ std::function<void(int)> withoutSteppingBack(std::function<void(int)> const& pro
 }
 
 /// Whether a survey shows the kernel's mesh as its records have it.
-bool isOf(MeshSurvey const* survey, MeshKernel const& kernel)
+bool isOf(FlawSurvey const* survey, MeshKernel const& kernel)
 {
     auto const mesh = kernel.readMesh();
     return survey && mesh && kernel.getMatrix().isIdentity() &&
@@ -35,13 +35,13 @@ bool isOf(MeshSurvey const* survey, MeshKernel const& kernel)
 }
 
 /// Takes a fifth of the percentages.
-std::shared_ptr<MeshSurvey const> surveyOf(MeshKernel const& kernel,
+std::shared_ptr<FlawSurvey const> surveyOf(MeshKernel const& kernel,
                                            std::function<void(int)> const& progress)
 {
     std::function<void(int)> const fifth =
         progress ? [&progress](int percent) { progress(percent / 5); } : std::function<void(int)>();
     StageProgress stages(fifth);
-    auto survey = std::make_shared<MeshSurvey>();
+    auto survey = std::make_shared<FlawSurvey>();
     stages.begin(0, 10, kernel.readMesh() ? kernel.readMesh()->triangles.size() : 0);
     survey->mesh = copyArrays(kernel, Frame::Local, stages);
     survey->errors = findErrors(survey->mesh, Repair::EvaluateErrors::ERROR_ALL, stages, 10);
@@ -114,7 +114,7 @@ void noteEdges(MeshArrays const& mesh, MadeByCut const& made, Repair::Report& re
 namespace Repair {
 
 RepairMethods::RepairMethods(MeshKernel* kernel, Scope scope,
-                             std::shared_ptr<MeshSurvey const> survey)
+                             std::shared_ptr<FlawSurvey const> survey)
     : m_kernel(kernel), m_scope(scope), m_survey(std::move(survey))
 {
     assert(kernel);

@@ -5,7 +5,7 @@
 #include "host/services/MeshErrors.h"
 
 /// A mesh as a complete check has seen it, in the coordinates of the world.
-struct MeshSurvey
+struct FlawSurvey
 {
     MeshArrays mesh;
     MeshErrors errors;

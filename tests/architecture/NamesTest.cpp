@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Places.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+// Programs and libraries share one table of symbols: of two classes with one name, the functions of the
+// program's class would run in the place of those of the library's.
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The text without comments and string literals, whose braces and words are none.
+std::string bareCode(fs::path const& path)
+{
+    std::ifstream file(path);
+    std::stringstream text;
+    text << file.rdbuf();
+    static std::regex const noCode(R"(//[^\n]*|"(\\.|[^"\\\n])*"|'(\\.|[^'\\\n])')");
+    return std::regex_replace(text.str(), noCode, "");
+}
+
+/// Collects the classes that a file defines, with their namespaces; those of unnamed ones are left out.
+std::set<std::string> classesOf(fs::path const& path)
+{
+    static std::regex const opensNamespace(R"(^(?:inline )?namespace\s*([\w:]*)\s*\{.*)");
+    static std::regex const definesClass(
+        R"(^(?:class|struct)\s+(?:alignas\(\d+\)\s*)?(\w+)\s*(?:final)?\s*(?:\{.*|:[^:].*)?$)");
+    struct Scope
+    {
+        long depth;
+        std::string name;
+    };
+    std::set<std::string> classes;
+    std::vector<Scope> scopes;
+    long depth = 0;
+    std::istringstream lines(bareCode(path));
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch match;
+        bool const isUnnamed = std::any_of(scopes.begin(), scopes.end(),
+                                           [](Scope const& scope) { return scope.name.empty(); });
+        if (std::regex_match(line, match, opensNamespace))
+            scopes.push_back({depth, match[1]});
+        else if (!isUnnamed && depth == long(scopes.size()) &&
+                 std::regex_match(line, match, definesClass)) {
+            std::string name;
+            for (Scope const& scope : scopes)
+                name += scope.name + "::";
+            classes.insert(name + match[1].str());
+        }
+        depth +=
+            std::count(line.begin(), line.end(), '{') - std::count(line.begin(), line.end(), '}');
+        while (!scopes.empty() && depth <= scopes.back().depth)
+            scopes.pop_back();
+    }
+    return classes;
+}
+
+/// Where each class is defined, over all that may be in one process.
+std::map<std::string, std::vector<std::string>> placesOfClasses()
+{
+    std::map<std::string, std::vector<std::string>> places;
+    fs::path const root = sourcePath("");
+    for (char const* const folder :
+         {"platform", "host", "cutjobs", "connectors", "tools", "messages", "selection", "display",
+          "dialogs", "module", "app", "cli", "tests"})
+        for (auto const& entry : fs::recursive_directory_iterator(root / folder)) {
+            std::string const end = entry.path().extension().string();
+            if (end == ".h" || end == ".cpp")
+                for (std::string const& name : classesOf(entry.path()))
+                    places[name].push_back(fs::relative(entry.path(), root).string());
+        }
+    return places;
+}
+
+}  // namespace
+
+TEST(Names, AClassIsDefinedInOnePlaceOnly)
+{
+    auto const places = placesOfClasses();
+    EXPECT_GT(places.size(), 500u);
+    EXPECT_TRUE(places.count("MeshKernel"));
+    EXPECT_TRUE(places.count("Freecut::PlanecutSelection"));
+    for (auto const& [name, files] : places)
+        EXPECT_EQ(files.size(), 1u) << name << " in " << files[0] << " and " << files.back();
+}
