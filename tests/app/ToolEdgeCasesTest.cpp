@@ -20,6 +20,7 @@
 #include "selection/RunningTool.h"
 #include "selection/ToolEdit.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 #include "tests/support/ViewEvents.h"
 #include "tools/PlaneGraphicObject.h"
@@ -50,7 +51,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1400, 950);
         show();

@@ -13,6 +13,7 @@
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
 #include "tests/app/AppWindow.h"
+#include "tests/support/SkipReasons.h"
 #include "tests/support/ViewEvents.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"
@@ -37,7 +38,7 @@ protected:
     void SetUp() override
     {
         if (!hasDisplay())
-            GTEST_SKIP() << "The window needs a display: run this program by xvfb-run.";
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         window->resize(1400, 950);
         show();
