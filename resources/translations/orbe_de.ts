@@ -459,7 +459,7 @@
     </message>
     <message>
         <source>The tongue leaves the part: at one place it goes on for only %1 mm above the plane.</source>
-        <translation>Die Zunge tritt aus dem Teil aus: An einer Stelle reicht es nur %1 mm über die Ebene.</translation>
+        <translation>Die Zunge tritt aus dem Teil aus: An einer Stelle reicht sie nur %1 mm über die Ebene.</translation>
     </message>
     <message>
         <source>The notch opens to the outside or into a cavity: at one place the part goes on for only %1 mm above the plane.</source>
@@ -1430,6 +1430,89 @@
     <message>
         <source>Stop the preview before you edit the tool.</source>
         <translation>Beenden Sie die Vorschau, bevor Sie das Werkzeug ändern.</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::PictureTip</name>
+    <message>
+        <source>Radius of the pins. Their holes are wider by the side clearance.</source>
+        <translation>Radius der Stifte. Ihre Löcher sind um das seitliche Spiel weiter.</translation>
+    </message>
+    <message>
+        <source>Radius of the rod that you will put in. The holes are wider by the side clearance.</source>
+        <translation>Radius des Stabs, der eingesetzt wird. Die Löcher sind um das seitliche Spiel weiter.</translation>
+    </message>
+    <message>
+        <source>How far a flat facet may lie within the true circle. Small values make rounder shapes of more triangles.</source>
+        <translation>Wie weit eine ebene Facette innerhalb des wahren Kreises liegen darf. Kleine Werte ergeben rundere Formen aus mehr Dreiecken.</translation>
+    </message>
+    <message>
+        <source>How far a pin stands out of the face of its piece.</source>
+        <translation>Wie weit ein Stift aus der Fläche seines Teilstücks ragt.</translation>
+    </message>
+    <message>
+        <source>How far the rod reaches into each piece.</source>
+        <translation>Wie weit der Stab in jedes Teilstück reicht.</translation>
+    </message>
+    <message>
+        <source>Distance from the contour of the section to the centres of pins or holes. Without the tick they follow the middle of the section.</source>
+        <translation>Abstand der Mitten von Stiften oder Löchern von der Kontur des Schnitts. Ohne das Häkchen folgen sie der Mitte des Schnitts.</translation>
+    </message>
+    <message>
+        <source>How much deeper a hole is than its pin is high.</source>
+        <translation>Um wie viel ein Loch tiefer ist, als sein Stift hoch ist.</translation>
+    </message>
+    <message>
+        <source>How much deeper each hole is than the rod reaches into it.</source>
+        <translation>Um wie viel jedes Loch tiefer ist, als der Stab hineinreicht.</translation>
+    </message>
+    <message>
+        <source>Least distance of two centres of pins or holes.</source>
+        <translation>Kleinster Abstand der Mitten zweier Stifte oder Löcher.</translation>
+    </message>
+    <message>
+        <source>How much wider a hole is than its pin, all round. 0.1 to 0.2 mm suit most printers.</source>
+        <translation>Um wie viel ein Loch ringsum weiter ist als sein Stift. 0,1 bis 0,2 mm passen für die meisten Drucker.</translation>
+    </message>
+    <message>
+        <source>How much wider a hole is than the rod, all round. 0.1 to 0.2 mm suit most printers.</source>
+        <translation>Um wie viel ein Loch ringsum weiter ist als der Stab. 0,1 bis 0,2 mm passen für die meisten Drucker.</translation>
+    </message>
+    <message>
+        <source>Gap between the faces of the two pieces.</source>
+        <translation>Spalt zwischen den Flächen der beiden Teilstücke.</translation>
+    </message>
+    <message>
+        <source>How far the tongue stands out of the face of its piece.</source>
+        <translation>Wie weit die Zunge aus der Fläche ihres Teilstücks ragt.</translation>
+    </message>
+    <message>
+        <source>Distance from the contour of the section to the tongue.</source>
+        <translation>Abstand der Feder von der Kontur des Schnitts.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from outer contours alone.</source>
+        <translation>Die Zunge hält nur von äußeren Konturen Abstand.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from the contours of openings alone.</source>
+        <translation>Die Zunge hält nur von den Konturen der Öffnungen Abstand.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from all contours.</source>
+        <translation>Die Zunge hält von allen Konturen Abstand.</translation>
+    </message>
+    <message>
+        <source>How much wider the notch is than the tongue, on each side. At most the side distance.</source>
+        <translation>Um wie viel die Nut auf jeder Seite breiter ist als die Zunge. Höchstens der Randabstand.</translation>
+    </message>
+    <message>
+        <source>Gap between the faces of the two pieces. At most the notch depth.</source>
+        <translation>Spalt zwischen den Flächen der beiden Teilstücke. Höchstens die Nuttiefe.</translation>
+    </message>
+    <message>
+        <source>How much deeper the notch is than the tongue is high. At most the notch depth.</source>
+        <translation>Um wie viel die Nut tiefer ist, als die Zunge hoch ist. Höchstens die Nuttiefe.</translation>
     </message>
 </context>
 <context>
