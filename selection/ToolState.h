@@ -3,9 +3,9 @@
 
 #include "display/CameraWatch.h"
 #include "selection/SolidValues.h"
-#include "selection/TeethParas.h"
 #include "tools/RigidMotion.h"
 #include "tools/TeethEdge.h"
+#include "tools/TeethParas.h"
 
 #include <memory>
 #include <vector>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "selection/EdgeFrame.h"
-#include "selection/TeethLayout.h"
-#include "selection/TeethParas.h"
+#include "tools/EdgeFrame.h"
+#include "tools/TeethLayout.h"
+#include "tools/TeethParas.h"
 
 #include <cstddef>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/PuzzleTab.h"
+#include "tools/PuzzleTab.h"
 
 #include <algorithm>
 #include <cmath>

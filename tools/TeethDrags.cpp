@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethDrags.h"
+#include "tools/TeethDrags.h"
 
 #include <cmath>
 

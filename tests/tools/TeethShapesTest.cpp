@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/PuzzleTab.h"
-#include "selection/TeethLayout.h"
-#include "selection/TeethShapes.h"
-#include "tests/selection/TeethTables.h"
+#include "tests/tools/TeethTables.h"
+#include "tools/PuzzleTab.h"
+#include "tools/TeethLayout.h"
+#include "tools/TeethShapes.h"
 
 #include <gtest/gtest.h>
 

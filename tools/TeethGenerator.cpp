@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethGenerator.h"
+#include "tools/TeethGenerator.h"
 
-#include "selection/TeethDrags.h"
-#include "selection/TeethShapes.h"
 #include "tools/PolygonProperty.h"
+#include "tools/TeethDrags.h"
+#include "tools/TeethShapes.h"
 
 namespace Freecut {
 

@@ -3,7 +3,7 @@
 // clang-format off
 #pragma once
 
-#include "selection/TeethParas.h"
+#include "tools/TeethParas.h"
 #include "platform/geometry/UPoint3.h"
 
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethLayout.h"
+#include "tools/TeethLayout.h"
 
 #include <algorithm>
 #include <cmath>

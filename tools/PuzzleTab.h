@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "selection/EdgeFrame.h"
+#include "tools/EdgeFrame.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "selection/EdgeFrame.h"
-#include "selection/TeethParas.h"
+#include "tools/EdgeFrame.h"
+#include "tools/TeethParas.h"
 
 #include <vector>
 

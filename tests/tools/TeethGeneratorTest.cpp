@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethGenerator.h"
 #include "tools/PolygonProperty.h"
+#include "tools/TeethGenerator.h"
 
 #include <gtest/gtest.h>
 

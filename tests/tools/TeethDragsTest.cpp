@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethDrags.h"
-#include "selection/TeethLayout.h"
-#include "selection/TeethShapes.h"
+#include "tools/TeethDrags.h"
+#include "tools/TeethLayout.h"
+#include "tools/TeethShapes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/TeethShapes.h"
+#include "tools/TeethShapes.h"
 
-#include "selection/PuzzleTab.h"
+#include "tools/PuzzleTab.h"
 
 namespace Freecut {
 
