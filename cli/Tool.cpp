@@ -8,10 +8,12 @@
 #include "cli/ToolReport.h"
 #include "cli/ToolShapes.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/PolygonProperty.h"
 #include "tools/VolumeProperty.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -67,8 +69,23 @@ std::size_t sharpCorners(Freecut::ToolOutlines const& outlines)
     return count;
 }
 
+/// Edges that were to have teeth and are too short for one.
+std::size_t toothlessEdges(Freecut::VolumeGraphicObject& tool)
+{
+    auto const* const polygon =
+        dynamic_cast<Freecut::PolygonProperty const*>(&tool.getVolumeProperty());
+    if (!polygon)
+        return 0;
+    std::vector<Freecut::TeethEdge> const& edges = polygon->getEdgeRecords();
+    return std::size_t(
+        std::count_if(edges.begin(), edges.end(), [](Freecut::TeethEdge const& edge) {
+            return edge.hasTeeth && edge.appliedPoints.empty();
+        }));
+}
+
 /// Says what has become of the request, where that is something else than was asked for.
-void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions const& options)
+void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions const& options,
+                 Freecut::VolumeGraphicObject& tool)
 {
     auto const tell = [&](std::string const& text) {
         run.remark(CutRemark::Kind::RequestChanged, text);
@@ -86,6 +103,11 @@ void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions
         tell("--round does not fit: " + grouped(sharp) +
              (sharp == 1 ? " corner stays" : " corners stay") +
              " sharp, for the edges are too short. Choose a smaller radius.");
+    if (std::size_t const count = toothlessEdges(tool))
+        tell(grouped(count) +
+             (count == 1 ? " edge is too short for a tooth and stays"
+                         : " edges are too short for a tooth and stay") +
+             " as drawn. Choose smaller teeth.");
     if (std::string const text = options.changeByTolerance(); !text.empty())
         tell(text);
 }
@@ -135,7 +157,7 @@ int runTool(ToolOptions const& options)
         Freecut::VolumeGraphicObject& tool = *options.draw(scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
-        tellChanges(run, outlines, options);
+        tellChanges(run, outlines, options, tool);
         if (!options.picture.empty())
             writeToolPicture(options.picture, scene, tool, run.parts());
         describe(run.reportHead(), options, scene, tool);
@@ -171,6 +193,8 @@ void addTools(CLI::App& commandLine, Action& action)
         "  freecut polygon vase.stl --view top --points \"0,-50;50,-50;50,50;0,50\"\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --round 2 "
         "--clearance 0.1\n"
+        "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --teeth "
+        "\"dovetail:3;width=3;lower=2;height=2;count=4\" --clearance 0.15\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --dry-run --svg "
         "outline.svg");
     addTool<CylinderOptions>(

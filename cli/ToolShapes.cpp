@@ -3,6 +3,7 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
+#include "cli/TeethOption.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
@@ -50,6 +51,10 @@ void PolygonOptions::addShape(CLI::App& command)
                     "The corners, with semicolons between them; put them in quotes")
         ->type_name("X,Y;X,Y;...")
         ->required();
+    command.add_option("--teeth", m_teeth, teethHelp())
+        ->type_name("STYLE:EDGE,...;...")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     addRound(command, m_round);
 }
 
@@ -69,13 +74,18 @@ std::vector<UPoint2<float>> PolygonOptions::points() const
 void PolygonOptions::check() const
 {
     ToolOptions::check();
-    points();
+    std::size_t const edgeCount = points().size();
+    for (std::string const& text : m_teeth)
+        parseTeeth(text, edgeCount);
     roundRadius(m_round);
 }
 
 Freecut::VolumeGraphicObject* PolygonOptions::draw(ToolScene& scene) const
 {
-    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(points());
+    std::vector<UPoint2<float>> const corners = points();
+    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(corners);
+    for (std::string const& text : m_teeth)
+        addTeeth(tool->getProperty(), parseTeeth(text, corners.size()));
     tool->getProperty().setShapeParameters(hasClearance(), direction(), clearance(), hasCutTill(),
                                            cutTill(), Limits::fillAlpha, !m_round.empty(),
                                            roundRadius(m_round), false, scene.viewIndex());

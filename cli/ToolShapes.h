@@ -3,7 +3,7 @@
 
 #include "cli/ToolOptions.h"
 
-/// A prism over a polygon.
+/// A prism over a polygon, whose edges may have teeth.
 class PolygonOptions : public ToolOptions
 {
 public:
@@ -18,6 +18,7 @@ private:
     std::vector<UPoint2<float>> points() const;
 
     std::string m_points;
+    std::vector<std::string> m_teeth;
     std::string m_round;
 };
 
