@@ -71,15 +71,16 @@ std::vector<UPoint2<float>> PolygonOptions::points() const
     return points;
 }
 
-void PolygonOptions::checkShape() const
+void PolygonOptions::check() const
 {
+    ToolOptions::check();
     std::size_t const edgeCount = points().size();
     for (std::string const& text : m_teeth)
         parseTeeth(text, edgeCount);
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* PolygonOptions::drawShape(ToolScene& scene) const
+Freecut::VolumeGraphicObject* PolygonOptions::draw(ToolScene& scene) const
 {
     std::vector<UPoint2<float>> const corners = points();
     auto* const tool = scene.add<Freecut::PolygonGraphicObject>(corners);
@@ -126,15 +127,24 @@ float CylinderOptions::tolerance() const
                                : parseExtent(m_tolerance, "--tolerance");
 }
 
-void CylinderOptions::checkShape() const
+std::string CylinderOptions::changeByTolerance() const
 {
+    if (tolerance() <= parseExtent(m_radius, "--radius"))
+        return {};
+    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
+           "smaller --tolerance.";
+}
+
+void CylinderOptions::check() const
+{
+    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_radius, "--radius");
     tolerance();
     notch();
 }
 
-Freecut::VolumeGraphicObject* CylinderOptions::drawShape(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CylinderOptions::draw(ToolScene& scene) const
 {
     auto* const tool =
         scene.add<Freecut::CylinderGraphicObject>({parsePoint(m_center, "--center")});
@@ -165,8 +175,9 @@ float CuboidOptions::angleRadians() const
     return checkedAngle(parseNumber(m_angle), "--angle", m_angle) * std::numbers::pi_v<float> / 180;
 }
 
-void CuboidOptions::checkShape() const
+void CuboidOptions::check() const
 {
+    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_length, "--length");
     parseExtent(m_width, "--width");
@@ -174,7 +185,7 @@ void CuboidOptions::checkShape() const
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* CuboidOptions::drawShape(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CuboidOptions::draw(ToolScene& scene) const
 {
     auto* const tool = scene.add<Freecut::CuboidGraphicObject>({parsePoint(m_center, "--center")});
     tool->getProperty().setCuboidParameters(

@@ -2,12 +2,12 @@
 #include "dialogs/PolygonCutWidgets.h"
 
 #include "dialogs/CuboidCutUI.h"
+#include "dialogs/CutForecast.h"
 #include "dialogs/CylinderCutUI.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/SolidFields.h"
 #include "dialogs/ToolButton.h"
-#include "dialogs/ToolFileButton.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
@@ -116,6 +116,8 @@ QWidget* PolygonCutWidgets::buildType()
     problem->hide();
     column->addWidget(problem);
     column->addWidget(buildPreview());
+    forecast = new CutForecast(content);
+    column->addWidget(forecast);
     return content;
 }
 
@@ -134,7 +136,6 @@ QWidget* PolygonCutWidgets::buildPreview()
     for (ToolButton* const button : {startPreview, stopPreview, reset})
         row->addWidget(button);
     row->addStretch(1);
-    row->addWidget(new ToolFileButton(*m_dialog, content));
     return content;
 }
 
