@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Cancel.h"
 #include "cli/CutRun.h"
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
@@ -147,6 +148,13 @@ void checkPicture(ToolOptions const& options)
                          "; give them different names.");
 }
 
+/// The tool with its outlines, whose offsets take up to a second where teeth are many.
+Freecut::VolumeGraphicObject& drawn(ToolOptions const& options, ToolScene& scene)
+{
+    Cancel::AtOnce const atOnce;
+    return *options.draw(scene);
+}
+
 int runTool(ToolOptions const& options)
 {
     options.check();
@@ -154,7 +162,7 @@ int runTool(ToolOptions const& options)
     CutRun run(options.name(), options);
     return run.perform([&] {
         ToolScene scene(run.document(), options.viewIndex());
-        Freecut::VolumeGraphicObject& tool = *options.draw(scene);
+        Freecut::VolumeGraphicObject& tool = drawn(options, scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
         tellChanges(run, outlines, options, tool);
