@@ -9,6 +9,7 @@
 #include "cli/ToolReport.h"
 #include "cli/ToolShapes.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/CylinderProperty.h"
 #include "tools/PolygonProperty.h"
 #include "tools/VolumeProperty.h"
 
@@ -84,14 +85,26 @@ std::size_t toothlessEdges(Freecut::VolumeGraphicObject& tool)
         }));
 }
 
+/// What a tolerance that has no meaning makes of the tool, in a sentence; or empty.
+std::string changeByTolerance(Freecut::VolumeGraphicObject& tool)
+{
+    auto const* const cylinder =
+        dynamic_cast<Freecut::CylinderProperty const*>(&tool.getVolumeProperty());
+    if (!cylinder || cylinder->getCircleTolerance() <= cylinder->getRadius())
+        return {};
+    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
+           "smaller --tolerance.";
+}
+
 /// Says what has become of the request, where that is something else than was asked for.
-void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions const& options,
+void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines,
                  Freecut::VolumeGraphicObject& tool)
 {
     auto const tell = [&](std::string const& text) {
         run.remark(CutRemark::Kind::RequestChanged, text);
     };
-    bool const isInward = options.hasClearance() && options.direction() != 1;
+    Freecut::VolumeProperty const& record = tool.getVolumeProperty();
+    bool const isInward = record.getClearanceEnabled() && record.getClearanceDirection() != 1;
     if (isInward && outlines.innerLoops.empty())
         tell(
             "The clearance leaves nothing of the tool, so the parts are split without a gap. "
@@ -109,7 +122,7 @@ void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions
              (count == 1 ? " edge is too short for a tooth and stays"
                          : " edges are too short for a tooth and stay") +
              " as drawn. Choose smaller teeth.");
-    if (std::string const text = options.changeByTolerance(); !text.empty())
+    if (std::string const text = changeByTolerance(tool); !text.empty())
         tell(text);
 }
 
@@ -155,17 +168,17 @@ Freecut::VolumeGraphicObject& drawn(ToolOptions const& options, ToolScene& scene
     return *options.draw(scene);
 }
 
-int runTool(ToolOptions const& options)
+int runTool(ToolOptions& options)
 {
-    options.check();
+    options.load();
     checkPicture(options);
     CutRun run(options.name(), options);
     return run.perform([&] {
-        ToolScene scene(run.document(), options.viewIndex());
+        ToolScene scene(run.document(), options.view());
         Freecut::VolumeGraphicObject& tool = drawn(options, scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
-        tellChanges(run, outlines, options, tool);
+        tellChanges(run, outlines, tool);
         if (!options.picture.empty())
             writeToolPicture(options.picture, scene, tool, run.parts());
         describe(run.reportHead(), options, scene, tool);

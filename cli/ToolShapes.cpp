@@ -71,16 +71,15 @@ std::vector<UPoint2<float>> PolygonOptions::points() const
     return points;
 }
 
-void PolygonOptions::check() const
+void PolygonOptions::checkShape() const
 {
-    ToolOptions::check();
     std::size_t const edgeCount = points().size();
     for (std::string const& text : m_teeth)
         parseTeeth(text, edgeCount);
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* PolygonOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* PolygonOptions::drawShape(ToolScene& scene) const
 {
     std::vector<UPoint2<float>> const corners = points();
     auto* const tool = scene.add<Freecut::PolygonGraphicObject>(corners);
@@ -127,24 +126,15 @@ float CylinderOptions::tolerance() const
                                : parseExtent(m_tolerance, "--tolerance");
 }
 
-std::string CylinderOptions::changeByTolerance() const
+void CylinderOptions::checkShape() const
 {
-    if (tolerance() <= parseExtent(m_radius, "--radius"))
-        return {};
-    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
-           "smaller --tolerance.";
-}
-
-void CylinderOptions::check() const
-{
-    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_radius, "--radius");
     tolerance();
     notch();
 }
 
-Freecut::VolumeGraphicObject* CylinderOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CylinderOptions::drawShape(ToolScene& scene) const
 {
     auto* const tool =
         scene.add<Freecut::CylinderGraphicObject>({parsePoint(m_center, "--center")});
@@ -175,9 +165,8 @@ float CuboidOptions::angleRadians() const
     return checkedAngle(parseNumber(m_angle), "--angle", m_angle) * std::numbers::pi_v<float> / 180;
 }
 
-void CuboidOptions::check() const
+void CuboidOptions::checkShape() const
 {
-    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_length, "--length");
     parseExtent(m_width, "--width");
@@ -185,7 +174,7 @@ void CuboidOptions::check() const
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* CuboidOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CuboidOptions::drawShape(ToolScene& scene) const
 {
     auto* const tool = scene.add<Freecut::CuboidGraphicObject>({parsePoint(m_center, "--center")});
     tool->getProperty().setCuboidParameters(

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "display/CameraWatch.h"
-#include "selection/SolidValues.h"
 #include "tools/RigidMotion.h"
+#include "tools/SolidValues.h"
 #include "tools/TeethEdge.h"
 #include "tools/TeethParas.h"
 

@@ -54,6 +54,13 @@ void loadParas(TeethParas& paras, TeethEdge const& edge)
 
 }  // namespace
 
+TeethParas parasOf(TeethEdge const& edge)
+{
+    TeethParas paras;
+    loadParas(paras, edge);
+    return paras;
+}
+
 TeethEdge TeethGenerator::freshEdge() const
 {
     TeethEdge edge;

@@ -12,6 +12,9 @@ namespace Freecut {
 class PolygonProperty;
 struct TeethEdge;
 
+/// The parameters by which an edge got its teeth.
+TeethParas parasOf(TeethEdge const& edge);
+
 /// Puts teeth on the edges of a polygon that are under edit, by one set of parameters. What it
 /// writes are the records of the edges; showing them is up to the caller.
 class TeethGenerator

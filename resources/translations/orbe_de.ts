@@ -1433,6 +1433,53 @@
     </message>
 </context>
 <context>
+    <name>Freecut::JsonPlace</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>It is not JSON at %1 (%2). Mend it there.</source>
+        <translation>Das ist in %1 kein JSON (%2). Berichtigen Sie es dort.</translation>
+    </message>
+    <message>
+        <source>The text</source>
+        <translation>Der Text</translation>
+    </message>
+    <message>
+        <source>must be a record in braces, { }.</source>
+        <translation>muss ein Satz von Werten in geschweiften Klammern sein, { }.</translation>
+    </message>
+    <message>
+        <source>is missing. Add it.</source>
+        <translation>fehlt. Ergänzen Sie es.</translation>
+    </message>
+    <message>
+        <source>has no meaning here. Remove it.</source>
+        <translation>hat hier keine Bedeutung. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>must be a list of %1 to %2 values in brackets, [ ].</source>
+        <translation>muss eine Liste von %1 bis %2 Werten in eckigen Klammern sein, [ ].</translation>
+    </message>
+    <message>
+        <source>must be a number from %1 to %2. Change it.</source>
+        <translation>muss eine Zahl von %1 bis %2 sein. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>must be a whole number from %1 to %2. Change it.</source>
+        <translation>muss eine ganze Zahl von %1 bis %2 sein. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>must be a text in quotes.</source>
+        <translation>muss ein Text in Anführungszeichen sein.</translation>
+    </message>
+    <message>
+        <source>must be one of %1. Change it.</source>
+        <translation>muss eines von diesen sein: %1. Ändern Sie den Wert.</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::PictureTip</name>
     <message>
         <source>Radius of the pins. Their holes are wider by the side clearance.</source>
@@ -1552,6 +1599,95 @@
     <message>
         <source>Edge: %1. Next edge: %2</source>
         <translation>Kante: %1. Nächste Kante: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::StoredTool</name>
+    <message>
+        <source>The teeth of edge %1 do not fit it. Choose fewer, smaller or other ones.</source>
+        <translation>Die Zähne von Kante %1 passen nicht darauf. Wählen Sie weniger, kleinere oder andere.</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::ToolFile</name>
+    <message>
+        <source>must have a length of about 1, for it is a direction.</source>
+        <translation>muss etwa die Länge 1 haben, denn es ist eine Richtung.</translation>
+    </message>
+    <message>
+        <source>must not point along the direction. Change it.</source>
+        <translation>darf nicht entlang der Richtung zeigen. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>is for dovetails alone. Remove it.</source>
+        <translation>gilt nur für Schwalbenschwänze. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>needs either &quot;count&quot; or &quot;distance&quot;, and not both.</source>
+        <translation>braucht entweder „count“ oder „distance“, aber nicht beides.</translation>
+    </message>
+    <message>
+        <source>has teeth already. Name each edge once.</source>
+        <translation>hat schon Zähne. Nennen Sie jede Kante einmal.</translation>
+    </message>
+    <message>
+        <source>is for standard views alone. Remove it.</source>
+        <translation>gilt nur für Standardansichten. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>must be &quot;%1&quot;. Choose a file with a drawn tool.</source>
+        <translation>muss „%1“ sein. Wählen Sie eine Datei mit einem gezeichneten Werkzeug.</translation>
+    </message>
+    <message>
+        <source>is %1, but only version %2 can be read. Use a newer program for it.</source>
+        <translation>ist %1, gelesen werden kann aber nur Version %2. Verwenden Sie dafür ein neueres Programm.</translation>
+    </message>
+    <message>
+        <source>The tool file %1 cannot be read: %2.</source>
+        <translation>Die Werkzeugdatei %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is too large for a tool. Choose a file with a tool.</source>
+        <translation>Die Datei %1 ist zu groß für ein Werkzeug. Wählen Sie eine Datei mit einem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>The tool file %1 cannot be used. %2</source>
+        <translation>Die Werkzeugdatei %1 lässt sich nicht verwenden. %2</translation>
+    </message>
+    <message>
+        <source>The tool cannot be written to %1: %2.</source>
+        <translation>Das Werkzeug lässt sich nicht nach %1 schreiben: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ToolFileButton</name>
+    <message>
+        <source>Open tool...</source>
+        <translation>Werkzeug öffnen...</translation>
+    </message>
+    <message>
+        <source>Save tool as...</source>
+        <translation>Werkzeug speichern unter...</translation>
+    </message>
+    <message>
+        <source>Open tool</source>
+        <translation>Werkzeug öffnen</translation>
+    </message>
+    <message>
+        <source>Save tool</source>
+        <translation>Werkzeug speichern</translation>
+    </message>
+    <message>
+        <source>Drawn tools (*.json)</source>
+        <translation>Gezeichnete Werkzeuge (*.json)</translation>
+    </message>
+    <message>
+        <source>Tool file...</source>
+        <translation>Werkzeugdatei...</translation>
+    </message>
+    <message>
+        <source>Saves the drawn tool, and opens one that was saved.</source>
+        <translation>Speichert das gezeichnete Werkzeug und öffnet ein gespeichertes.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "selection/SolidValues.h"
+#include "tools/SolidValues.h"
 
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
