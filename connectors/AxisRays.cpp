@@ -3,7 +3,7 @@
 
 #include "connectors/PlacedMesh.h"
 #include "connectors/PlaneFrame.h"
-#include "connectors/PollingSteps.h"
+#include "cutjobs/common/PollingSteps.h"
 
 #include <algorithm>
 #include <array>

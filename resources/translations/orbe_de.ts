@@ -1418,6 +1418,49 @@
     </message>
 </context>
 <context>
+    <name>Freecut::CutForecast</name>
+    <message>
+        <source>Pieces: %1 (inside the tool %2, outside %3)</source>
+        <translation>Teilstücke: %1 (im Werkzeug %2, außerhalb %3)</translation>
+    </message>
+    <message>
+        <source>Further parts: %1</source>
+        <translation>Weitere Teile: %1</translation>
+    </message>
+    <message>
+        <source>Gap between the pieces: at least %1</source>
+        <translation>Spalt zwischen den Teilstücken: mindestens %1</translation>
+    </message>
+    <message>
+        <source>Smallest gap between teeth: %1</source>
+        <translation>Kleinste Lücke zwischen Zähnen: %1</translation>
+    </message>
+    <message>
+        <source>The clearance closes a neck inside the outline: what lies beyond it comes off or is lost. Choose a smaller clearance.</source>
+        <translation>Das Spiel schließt eine Engstelle im Umriss: Was dahinter liegt, löst sich oder geht verloren. Wählen Sie ein kleineres Spiel.</translation>
+    </message>
+    <message>
+        <source>A tooth is too narrow for the clearance and is lost. Choose a smaller clearance or wider teeth.</source>
+        <translation>Ein Zahn ist zu schmal für das Spiel und geht verloren. Wählen Sie ein kleineres Spiel oder breitere Zähne.</translation>
+    </message>
+    <message>
+        <source>The clearance closes the room between two teeth or a bay of the outline. Choose a smaller clearance or more room.</source>
+        <translation>Das Spiel schließt den Raum zwischen zwei Zähnen oder eine Bucht des Umrisses. Wählen Sie ein kleineres Spiel oder mehr Raum.</translation>
+    </message>
+    <message>
+        <source>The part stays whole: the tool misses it.</source>
+        <translation>Das Teil bleibt ganz: Das Werkzeug trifft es nicht.</translation>
+    </message>
+    <message>
+        <source>The part stays whole: it lies within the tool.</source>
+        <translation>Das Teil bleibt ganz: Es liegt im Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Parts that stay whole: %1</source>
+        <translation>Teile, die ganz bleiben: %1</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::EditHistory</name>
     <message>
         <source>All edits of the tool have been taken back. Press Esc to end the tool, and then undo goes on with the parts.</source>

@@ -4,8 +4,8 @@
 #include "connectors/AxisRays.h"
 #include "connectors/PinPlacement.h"
 #include "connectors/PlacedMesh.h"
-#include "connectors/PollingSteps.h"
 #include "connectors/ShellSurvey.h"
+#include "cutjobs/common/PollingSteps.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/connectors/ConnectorScene.h"
 #include "tests/support/MeshBuilders.h"
@@ -52,7 +52,8 @@ TEST(SurveyPolls, ShellsPollInProportionToTheHalves)
             halves->lower = kernelOf(ball);
             halves->upper = kernelOf(ball);
         }
-        int const of = int(ball.triangles.size()) / interval;
+        // Two passes over each half.
+        int const of = 2 * int(ball.triangles.size()) / interval;
         int const polls = pollsOf([&](Poll const& poll) { ShellSurvey(part, poll); });
         EXPECT_EQ(polls, 2 * of);
         CutRemarks remarks;

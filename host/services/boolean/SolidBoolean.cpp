@@ -7,6 +7,7 @@
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
 #include "host/services/boolean/ExactRoom.h"
+#include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
@@ -26,6 +27,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -41,12 +43,14 @@ class SolidBoolean
 {
 public:
     SolidBoolean(MeshKernel const& part, MeshKernel const& tool,
-                 std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress)
+                 std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress,
+                 BooleanSurvey* survey)
         : m_partKernel(part),
           m_mesh(part.readMesh()),
           m_part(*m_mesh),
           m_pieces(pieces),
-          m_progress(progress)
+          m_progress(progress),
+          m_survey(survey)
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
         m_tool = prepareTool(tool, m_progress);
@@ -78,8 +82,11 @@ public:
             isDone ? writeAll(boolean, copies) : std::vector<BooleanResult>();
         if (results.size() < m_pieces.size())
             m_doubtful = boolean.doubtfulPlace();
-        if (results.size() < m_pieces.size() || !holdAgainstOperands(results))
+        if (results.size() < m_pieces.size() || !holdAgainstOperands(results)) {
+            if (m_survey)
+                m_survey->contours.clear();
             results = combineWholes(boolean);
+        }
         m_progress.finish();
         return results;
     }
@@ -261,15 +268,35 @@ private:
         }
         if (!isCheckedInTheEnd())
             m_tool.mesh = {};
-        logCrossings(boolean.mendRounding(triangles,
-                                          isCheckedInTheEnd()
-                                              ? SoupBoolean::AfterMending::all
-                                              : SoupBoolean::AfterMending::onlyPlaces,
-                                          m_progress));
+        auto const crossings =
+            boolean.mendRounding(triangles,
+                                 isCheckedInTheEnd() ? SoupBoolean::AfterMending::all
+                                                     : SoupBoolean::AfterMending::onlyPlaces,
+                                 m_progress);
+        m_survey ? surveyContours(boolean, triangles) : logCrossings(crossings);
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
         return results;
+    }
+
+    void surveyContours(SoupBoolean const& boolean,
+                        std::vector<std::vector<PieceTriangle>> const& pieces)
+    {
+        ContourLines& lines = m_survey->contours;
+        for (auto const& piece : pieces) {
+            ContourLines const ofPiece =
+                contoursOf(piece, boolean, m_soup.firstTriangleOfSecond, m_progress);
+            lines.insert(lines.end(), ofPiece.begin(), ofPiece.end());
+        }
+        // Pieces that fit have the same lines.
+        auto const key = [](auto const& line) {
+            auto const& [a, b] = line;
+            return std::tuple(a.X(), a.Y(), a.Z(), b.X(), b.Y(), b.Z());
+        };
+        std::sort(lines.begin(), lines.end(),
+                  [&](auto const& a, auto const& b) { return key(a) < key(b); });
+        lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     }
 
     /// Whether results are held against their operands. They are where it takes no time that a
@@ -383,7 +410,7 @@ private:
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
         };
-        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest);
+        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest, m_survey);
         for (BooleanResult& result : results)
             if (!result.mesh)
                 result.mesh = takeMesh(clean);
@@ -457,6 +484,7 @@ private:
     UMesh<float> const& m_part;
     std::span<BooleanPiece const> m_pieces;
     StageProgress m_progress;
+    BooleanSurvey* m_survey;
     PreparedTool m_tool;
     OperandSoup m_soup;
     /// By vertex of the part in the soup: its place in the part, and its side where known.
@@ -472,7 +500,8 @@ private:
 
 std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
-                                         std::function<void(int)> const& progress)
+                                         std::function<void(int)> const& progress,
+                                         BooleanSurvey* survey)
 {
-    return SolidBoolean(part, tool, pieces, progress).run();
+    return SolidBoolean(part, tool, pieces, progress, survey).run();
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "connectors/ConnectorProgress.h"
+#include <functional>
 
 /// Polls now and then in a loop of many small steps.
 class PollingSteps
@@ -11,7 +11,7 @@ public:
     static constexpr unsigned interval = 4096;
 
     /// poll  borrowed; may be empty
-    explicit PollingSteps(ConnectorProgress::Poll const& poll) : m_poll(poll) {}
+    explicit PollingSteps(std::function<void()> const& poll) : m_poll(poll) {}
 
     /// Counts one step. Throws what the poll throws.
     void step()
@@ -21,6 +21,6 @@ public:
     }
 
 private:
-    ConnectorProgress::Poll const& m_poll;
+    std::function<void()> const& m_poll;
     unsigned m_steps = 0;
 };
