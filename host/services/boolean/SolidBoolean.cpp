@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SolidBoolean.h"
 
+#include "host/memory/AvailableMemory.h"
+#include "host/memory/FreeMemory.h"
 #include "host/mesh/ExactSigns.h"
 #include "host/services/MeshMaking.h"
 #include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
-#include "host/services/boolean/ExactRoom.h"
+#include "host/services/boolean/ContactFinder.h"
+#include "host/services/boolean/MemoryRoom.h"
 #include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
@@ -54,11 +57,13 @@ public:
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
         m_tool = prepareTool(tool, m_progress);
+        m_isChecked = isToBeChecked();
     }
 
     std::vector<BooleanResult> run()
     {
-        auto tool = std::make_unique<ToolTree>(m_tool.mesh, m_progress);
+        auto tool = m_tool.tree ? std::make_unique<ToolTree>(m_tool.mesh, std::move(m_tool.tree))
+                                : std::make_unique<ToolTree>(m_tool.mesh, m_progress);
         auto grid = std::make_unique<ToolGrid>(*tool, boxOfPart(), cellCount(), m_progress);
         PartRays const rays(*grid, anchorPoints());
         ToolSides const sides(*grid, m_part.vertices.size(), rays);
@@ -73,9 +78,10 @@ public:
             return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
         SoupBoolean boolean(m_soup);
-        bool const isDone = resolve(boolean, *grid);
-        // Memory that the results need more.
+        std::vector<TrianglePair> contacts = contactsIn(*grid);
+        // Memory that the curves need more, and that the results do.
         grid.reset();
+        bool const isDone = resolve(boolean, std::move(contacts), *tool);
         tool.reset();
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results =
@@ -173,23 +179,31 @@ private:
         }
     }
 
-    bool resolve(SoupBoolean& boolean, ToolGrid const& grid)
+    /// The contacts of the operands, and of the tool's triangles with each other.
+    std::vector<TrianglePair> contactsIn(ToolGrid const& grid)
+    {
+        auto contacts = findContacts(m_soup, grid, mostContacts(availableMemory()), m_progress);
+        if (!contacts)
+            Refusal::throwTooMuch();
+        auto const ofTool = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
+        contacts->reserve(contacts->size() + ofTool.size());
+        for (TrianglePair pair : ofTool) {
+            pair.first += m_soup.firstTriangleOfSecond;
+            pair.second += m_soup.firstTriangleOfSecond;
+            contacts->push_back(pair);
+        }
+        return std::move(*contacts);
+    }
+
+    bool resolve(SoupBoolean& boolean, std::vector<TrianglePair> contacts, ToolTree const& tool)
     {
         WindingSources sources;
         sources.known = m_known;
         sources.anchors = m_anchors;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
-        sources.ofSecond = [&grid](RayOrigin const& point) { return grid.tool().windingAt(point); };
-        auto contacts = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
-        for (TrianglePair& pair : contacts) {
-            pair.first += m_soup.firstTriangleOfSecond;
-            pair.second += m_soup.firstTriangleOfSecond;
-        }
-        SoupBoolean::Outcome const outcome = boolean.resolve(grid, contacts, sources, m_progress);
-        if (outcome == SoupBoolean::Outcome::tooMuch)
-            Refusal::throwTooMuch();
-        return outcome == SoupBoolean::Outcome::done;
+        sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
+        return boolean.resolve(std::move(contacts), sources, m_progress);
     }
 
     std::vector<UPoint3<float>> anchorPoints() const
@@ -266,13 +280,12 @@ private:
                 return {};
             triangles.push_back(std::move(*ofPiece));
         }
-        if (!isCheckedInTheEnd())
-            m_tool.mesh = {};
-        auto const crossings =
-            boolean.mendRounding(triangles,
-                                 isCheckedInTheEnd() ? SoupBoolean::AfterMending::all
-                                                     : SoupBoolean::AfterMending::onlyPlaces,
-                                 m_progress);
+        auto const crossings = boolean.mendRounding(
+            triangles,
+            m_isChecked ? SoupBoolean::AfterMending::all : SoupBoolean::AfterMending::onlyPlaces,
+            m_progress);
+        if (!m_isChecked)
+            freeOperands();
         m_survey ? surveyContours(boolean, triangles) : logCrossings(crossings);
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
@@ -302,18 +315,31 @@ private:
     /// Whether results are held against their operands. They are where it takes no time that a
     /// person would notice: of small solids always, for they may cross themselves where no curve
     /// tells, and of larger ones if the tool crosses itself or is open.
-    bool isCheckedInTheEnd() const
+    bool isToBeChecked() const
     {
         constexpr std::size_t mostAlways = 10'000, mostWithSuspects = 100'000;
-        std::size_t const ofTool = m_soup.triangleCount() - m_soup.firstTriangleOfSecond;
-        return m_part.triangles.size() + ofTool <=
+        return m_part.triangles.size() + m_tool.mesh.triangles.size() <=
                (m_tool.suspects.empty() ? mostAlways : mostWithSuspects);
+    }
+
+    /// Frees what of the operands is not needed to write results.
+    void freeOperands()
+    {
+        constexpr std::size_t much = 200'000;
+        bool const isMuch = m_soup.triangleCount() > much;
+        m_tool.mesh = {};
+        m_soup.mesh.points = {};
+        auto& triangles = m_soup.mesh.triangles;
+        triangles = {triangles.begin(),
+                     triangles.begin() + std::ptrdiff_t(m_soup.firstTriangleOfSecond)};
+        if (isMuch)
+            giveFreeMemoryBack();
     }
 
     /// Whether results are what the rule says at points beside all surfaces.
     bool holdAgainstOperands(std::vector<BooleanResult>& results)
     {
-        if (!isCheckedInTheEnd())
+        if (!m_isChecked)
             return true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         ResultCheck const check(part, m_tool.mesh, m_progress);
@@ -357,7 +383,7 @@ private:
         CutSide const side = keepsOutside ? sideAbove : sideBelow;
         if (isWholePart(triangles, copies, side))
             return {};
-        PieceWriter writer(copies.takeMesh(side), boolean, m_soup);
+        PieceWriter writer(copies.takeMesh(side), boolean);
         Polling polling(m_progress);
         for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v, polling.step())
             if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
@@ -369,7 +395,7 @@ private:
                               ? copies.meeting()[t.triangle]->cN()
                               : UVector3<float>());
         }
-        m_progress.add(m_soup.triangleCount());
+        m_progress.add(triangles.size());
         return {writer.finish(m_progress)};
     }
 
@@ -447,7 +473,7 @@ private:
                                              : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         if (!hasExactRoom(part.triangles.size() + m_tool.mesh.triangles.size(),
-                          boolean.curveCount()))
+                          boolean.curveCount(), availableMemory()))
             Refusal::throwTooMuch();
         ResultCheck const check(part, m_tool.mesh, m_progress);
         auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), check);
@@ -486,6 +512,9 @@ private:
     StageProgress m_progress;
     BooleanSurvey* m_survey;
     PreparedTool m_tool;
+    /// Whether results are held against the operands.
+    bool m_isChecked = false;
+    /// Without points, and with the part's triangles only, once results are written that are not.
     OperandSoup m_soup;
     /// By vertex of the part in the soup: its place in the part, and its side where known.
     std::vector<std::uint32_t> m_places;
