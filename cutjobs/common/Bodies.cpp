@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/common/Bodies.h"
 
+#include "cutjobs/common/PollingSteps.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <algorithm>
@@ -74,12 +75,14 @@ UVector3<double> wide(UPoint3<float> const& p, UPoint3<float> const& origin)
 
 }  // namespace
 
-BodyCount countBodies(MeshKernel const& kernel)
+BodyCount countBodies(MeshKernel const& kernel, std::function<void()> const& poll)
 {
     auto const mesh = kernel.readMesh();
     Places const places(*mesh);
     Sets sets(mesh->vertices.size());
+    PollingSteps polling(poll);
     for (UTriangle<float> const* const t : mesh->triangles) {
+        polling.step();
         sets.unite(places[t->cV(0)], places[t->cV(1)]);
         sets.unite(places[t->cV(0)], places[t->cV(2)]);
     }
@@ -88,6 +91,7 @@ BodyCount countBodies(MeshKernel const& kernel)
     std::vector<double> volumes(mesh->vertices.size());
     std::vector<bool> isUsed(mesh->vertices.size());
     for (UTriangle<float> const* const t : mesh->triangles) {
+        polling.step();
         std::size_t const shell = sets.root(places[t->cV(0)]);
         UPoint3<float> const& origin = mesh->vertices[shell]->cP();
         isUsed[shell] = true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 class MeshKernel;
 
@@ -15,5 +16,7 @@ struct BodyCount
     std::size_t bodies = 0;
 };
 
-/// cost  two passes over the mesh
-BodyCount countBodies(MeshKernel const& kernel);
+/// poll    called now and then; may be empty
+/// throws  what the poll throws
+/// cost    two passes over the mesh
+BodyCount countBodies(MeshKernel const& kernel, std::function<void()> const& poll = {});
