@@ -216,6 +216,7 @@ void addTools(CLI::App& commandLine, Action& action)
         "--clearance 0.1\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --teeth "
         "\"dovetail:3;width=3;lower=2;height=2;count=4\" --clearance 0.15\n"
+        "  freecut polygon plate.stl --view top --outline logo.svg --center 40,20\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --dry-run --svg "
         "outline.svg");
     addTool<CylinderOptions>(

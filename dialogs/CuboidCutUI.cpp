@@ -4,7 +4,6 @@
 #include "dialogs/SolidFields.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
-#include "selection/RunningTool.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
@@ -89,18 +88,6 @@ void CuboidCutUI::showValues(SolidValues const& values)
     m_roundCorners->setChecked(values.hasRoundCorners);
     m_cornerRadius->setValue(double(values.cornerRadius));
     SolidToolPage::showValues(values);
-}
-
-void CuboidCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const
-{
-    if (auto* const selection = runningTool<CuboidcutSelection>(view))
-        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
-}
-
-void CuboidCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
-{
-    if (auto* const selection = runningTool<CuboidcutSelection>(view))
-        selection->addPointOfCuboidCut(eyePoint);
 }
 
 }  // namespace Freecut

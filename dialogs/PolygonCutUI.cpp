@@ -152,16 +152,4 @@ void PolygonCutUI::showValues(SolidValues const& values)
     SolidToolPage::showValues(values);
 }
 
-void PolygonCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const
-{
-    if (auto* const selection = runningTool<PolygoncutSelection>(view))
-        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
-}
-
-void PolygonCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
-{
-    if (auto* const selection = runningTool<PolygoncutSelection>(view))
-        selection->addPointOfPolygonCut(eyePoint);
-}
-
 }  // namespace Freecut

@@ -6,7 +6,10 @@
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/view/GLView.h"
+#include "platform/view/NavigationStyle.h"
 #include "selection/EditHistory.h"
+#include "selection/VolumeSelection.h"
 #include "tools/SolidValues.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeProperty.h"
@@ -151,6 +154,26 @@ std::optional<UPoint3<float>> SolidToolPage::shownPoint(VolumeGraphicObject& too
     if (points.empty())
         return {};
     return points[0];
+}
+
+VolumeSelection* SolidToolPage::runningSelection(Base::GLView* view) const
+{
+    Base::AbstractMouseSelection* const tool =
+        view ? view->navigationStyle()->mouseModel() : nullptr;
+    return tool && tool->getClassName() == selectionClass() ? dynamic_cast<VolumeSelection*>(tool)
+                                                            : nullptr;
+}
+
+void SolidToolPage::movePoint(Base::GLView* view, UPoint3<float> const& to) const
+{
+    if (VolumeSelection* const selection = runningSelection(view))
+        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
+}
+
+void SolidToolPage::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
+{
+    if (VolumeSelection* const selection = runningSelection(view))
+        selection->addPoint(eyePoint);
 }
 
 }  // namespace Freecut
