@@ -2,6 +2,7 @@
 #include "dialogs/CuboidCutUI.h"
 
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
 #include "tools/CuboidGraphicObject.h"
@@ -36,6 +37,7 @@ CuboidCutUI::CuboidCutUI(DialogPolygoncut& polygonDialog, QWidget* parent)
     m_cornerRadius = SolidFields::makeLength(this, 1.0);
     m_roundCorners =
         addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Round corners"), m_cornerRadius);
+    PictureTip::give({m_roundCorners, m_cornerRadius}, ToolTips::roundCorners);
     addClearance();
 }
 

@@ -4,6 +4,7 @@
 #include "dialogs/DialogAddTeethUI.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/view/GLView.h"
@@ -38,6 +39,7 @@ PolygonCutUI::PolygonCutUI(DialogPolygoncut& polygonDialog, QWidget* parent)
     m_cornerRadius = SolidFields::makeLength(this, 1.0);
     m_roundCorners =
         addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Round corners"), m_cornerRadius);
+    PictureTip::give({m_roundCorners, m_cornerRadius}, ToolTips::roundCorners);
     m_addTeeth = new PushButtonAnimate(this);
     texts().addText(m_addTeeth, "DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Add Teeth"));
     m_addTeeth->setEnabled(false);

@@ -3,6 +3,7 @@
 
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -73,6 +74,7 @@ void SolidToolPage::addClearance()
 {
     m_clearance = SolidFields::makeLength(this, firstClearance);
     m_useClearance = addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Clearance"), m_clearance);
+    PictureTip::give({m_useClearance, m_clearance}, ToolTips::clearance);
     m_directionLabel = new QLabel(this);
     m_texts.addText(m_directionLabel, "DialogFreeCut",
                     QT_TRANSLATE_NOOP("DialogFreeCut", "Clearance Direction"));
@@ -87,6 +89,7 @@ void SolidToolPage::addClearance()
     for (int id = 0; id < 3; ++id) {
         auto* const button = new QRadioButton(row);
         m_texts.addText(button, "DialogFreeCut", directions[id]);
+        PictureTip::give({button}, ToolTips::clearanceSides[std::size_t(id)]);
         m_direction->addButton(button, id);
         layout->addWidget(button);
         connect(button, &QAbstractButton::clicked, this, &SolidToolPage::on_valueChanged);
