@@ -61,7 +61,9 @@ public:
 
     /// With the context current: frees what OpenGL holds.
     void releaseGL() { m_painted.shape.reset(); }
-    /// Bytes that the part takes on the device now.
+    /// What is on the device of the part; null if it was not painted yet.
+    std::shared_ptr<PartShape const> shape() const { return m_painted.shape; }
+    /// Bytes that the part takes on the device now, its stand-in left out.
     std::size_t deviceBytes() const { return m_painted.shape ? m_painted.shape->bytes : 0; }
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PartShape.h"
 
+#include "host/view/StandInShape.h"
+
 PartShape::PartShape(DrawDevice& device, PartSurface const& surface, Mesh const& source)
     : geometry(device.upload(surface)),
       meanEdge(surface.meanEdge),
@@ -10,6 +12,8 @@ PartShape::PartShape(DrawDevice& device, PartSurface const& surface, Mesh const&
       mesh(source),
       m_triangles(source->triangles.size())
 {}
+
+PartShape::~PartShape() = default;
 
 bool PartShape::isOf(Mesh const& other) const
 {

@@ -41,8 +41,9 @@ Turn turnOf(Base::ViewProvider const* provider)
 
 }  // namespace
 
-ViewScene::ViewScene(Base::GLView* view) : m_view(view)
+ViewScene::ViewScene(Base::GLView* view) : m_view(view), m_standIns(*view)
 {
+    QObject::connect(&m_standIns, &StandIns::rested, &m_standIns, [this] { askForPicture(); });
     QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
                      [this] { askForPicture(); });
 }
@@ -126,6 +127,7 @@ void ViewScene::release()
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
     m_leaving.clear();
+    m_standIns.releaseGL();
     m_device.reset();
 }
 
@@ -150,18 +152,20 @@ void ViewScene::dropLeaving()
     m_leaving.clear();
 }
 
-void ViewScene::paint(PaintedPart const& part)
+void ViewScene::paint(PaintedPart& part)
 {
     GLCamera const& camera = *m_view->getCamera();
     QMatrix4x4 const toEye = camera.getModelViewMatrix() * part.toWorld;
-    m_device->draw(*part.shape->geometry, part.look, camera.getProjectionMatrix() * toEye, toEye);
+    QMatrix4x4 const clip = camera.getProjectionMatrix() * toEye;
+    if (!m_standIns.paint(*m_device, part, clip, toEye))
+        m_device->draw(*part.shape->geometry, part.look, clip, toEye);
 }
 
 void ViewScene::paintLeaving()
 {
     if (!m_preparer.isWorking())
         m_leaving.clear();
-    for (PaintedPart const& part : m_leaving) {
+    for (PaintedPart& part : m_leaving) {
         m_device->resetState();
         paint(part);
     }
@@ -170,7 +174,10 @@ void ViewScene::paintLeaving()
 void ViewScene::paintProviders()
 {
     m_preparer.beginPicture();
+    m_standIns.beginParts(*m_device);
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
+        if (turn == Turn::Tool)
+            m_standIns.endParts(*m_device);
         // A provider may add objects while it paints.
         std::vector<Base::ViewProvider*> const providers = m_providers;
         for (Base::ViewProvider* const provider : providers)

@@ -3,6 +3,7 @@
 
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
+#include "host/view/StandIns.h"
 #include "platform/document/Document.h"
 
 #include <vector>
@@ -52,10 +53,11 @@ public:
     bool hasTools() const;
     void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
+    StandIns& standIns() { return m_standIns; }
     /// A part that is taken out is painted as it was until those that may have come for it are
     /// ready.
     void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
-    void paint(PaintedPart const& part);
+    void paint(PaintedPart& part);
     void paintItems();
 
     /// Draws points of the moment: uploads, draws and forgets them.
@@ -79,5 +81,6 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     std::vector<PaintedPart> m_leaving;
+    StandIns m_standIns;
     PartPreparer m_preparer;
 };
