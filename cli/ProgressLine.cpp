@@ -20,7 +20,7 @@ void ProgressLine::begin(std::string const& title, std::uint64_t range)
     std::lock_guard const lock(m_guard);
     m_title = title;
     m_range = std::max<std::uint64_t>(range, 1);
-    m_begin = m_lastShown = Clock::now();
+    m_begin = Clock::now();
 }
 
 void ProgressLine::progress(std::uint64_t value)

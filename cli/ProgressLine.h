@@ -7,7 +7,9 @@
 #include <mutex>
 
 /// Shows what runs, with percentage and elapsed time, in one line of standard error that is wiped
-/// out at the end. It also hands the user's cancel to the operation that runs, visible or not.
+/// out at the end. It renews the line ten times a second, counted over all operations, so that many
+/// short ones are seen too. It also hands the user's cancel to the operation that runs, visible or
+/// not.
 class ProgressLine : public Base::ProgressSink
 {
 public:
@@ -29,7 +31,7 @@ private:
     std::string m_title;
     std::uint64_t m_range = 100;
     Clock::time_point m_begin;
-    Clock::time_point m_lastShown;
+    Clock::time_point m_lastShown = Clock::now();
     bool m_isShown = false;
 };
 

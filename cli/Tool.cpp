@@ -8,10 +8,13 @@
 #include "cli/ToolReport.h"
 #include "cli/ToolShapes.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/CylinderProperty.h"
+#include "tools/PolygonProperty.h"
 #include "tools/VolumeProperty.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -67,13 +70,40 @@ std::size_t sharpCorners(Freecut::ToolOutlines const& outlines)
     return count;
 }
 
+/// Edges that were to have teeth and are too short for one.
+std::size_t toothlessEdges(Freecut::VolumeGraphicObject& tool)
+{
+    auto const* const polygon =
+        dynamic_cast<Freecut::PolygonProperty const*>(&tool.getVolumeProperty());
+    if (!polygon)
+        return 0;
+    std::vector<Freecut::TeethEdge> const& edges = polygon->getEdgeRecords();
+    return std::size_t(
+        std::count_if(edges.begin(), edges.end(), [](Freecut::TeethEdge const& edge) {
+            return edge.hasTeeth && edge.appliedPoints.empty();
+        }));
+}
+
+/// What a tolerance that has no meaning makes of the tool, in a sentence; or empty.
+std::string changeByTolerance(Freecut::VolumeGraphicObject& tool)
+{
+    auto const* const cylinder =
+        dynamic_cast<Freecut::CylinderProperty const*>(&tool.getVolumeProperty());
+    if (!cylinder || cylinder->getCircleTolerance() <= cylinder->getRadius())
+        return {};
+    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
+           "smaller --tolerance.";
+}
+
 /// Says what has become of the request, where that is something else than was asked for.
-void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions const& options)
+void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines,
+                 Freecut::VolumeGraphicObject& tool)
 {
     auto const tell = [&](std::string const& text) {
         run.remark(CutRemark::Kind::RequestChanged, text);
     };
-    bool const isInward = options.hasClearance() && options.direction() != 1;
+    Freecut::VolumeProperty const& record = tool.getVolumeProperty();
+    bool const isInward = record.getClearanceEnabled() && record.getClearanceDirection() != 1;
     if (isInward && outlines.innerLoops.empty())
         tell(
             "The clearance leaves nothing of the tool, so the parts are split without a gap. "
@@ -86,7 +116,12 @@ void tellChanges(CutRun& run, Freecut::ToolOutlines const& outlines, ToolOptions
         tell("--round does not fit: " + grouped(sharp) +
              (sharp == 1 ? " corner stays" : " corners stay") +
              " sharp, for the edges are too short. Choose a smaller radius.");
-    if (std::string const text = options.changeByTolerance(); !text.empty())
+    if (std::size_t const count = toothlessEdges(tool))
+        tell(grouped(count) +
+             (count == 1 ? " edge is too short for a tooth and stays"
+                         : " edges are too short for a tooth and stay") +
+             " as drawn. Choose smaller teeth.");
+    if (std::string const text = changeByTolerance(tool); !text.empty())
         tell(text);
 }
 
@@ -125,17 +160,17 @@ void checkPicture(ToolOptions const& options)
                          "; give them different names.");
 }
 
-int runTool(ToolOptions const& options)
+int runTool(ToolOptions& options)
 {
-    options.check();
+    options.load();
     checkPicture(options);
     CutRun run(options.name(), options);
     return run.perform([&] {
-        ToolScene scene(run.document(), options.viewIndex());
+        ToolScene scene(run.document(), options.view());
         Freecut::VolumeGraphicObject& tool = *options.draw(scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
-        tellChanges(run, outlines, options);
+        tellChanges(run, outlines, tool);
         if (!options.picture.empty())
             writeToolPicture(options.picture, scene, tool, run.parts());
         describe(run.reportHead(), options, scene, tool);
@@ -171,6 +206,8 @@ void addTools(CLI::App& commandLine, Action& action)
         "  freecut polygon vase.stl --view top --points \"0,-50;50,-50;50,50;0,50\"\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --round 2 "
         "--clearance 0.1\n"
+        "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --teeth "
+        "\"dovetail:3;width=3;lower=2;height=2;count=4\" --clearance 0.15\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --dry-run --svg "
         "outline.svg");
     addTool<CylinderOptions>(

@@ -3,6 +3,7 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
+#include "cli/StoredShape.h"
 #include "tools/ToolLimits.h"
 
 #include <CLI/CLI.hpp>
@@ -44,6 +45,7 @@ UPoint2<float> parsePoint(std::string const& text, std::string const& option)
 void ToolOptions::addTo(CLI::App& command)
 {
     addSources(command);
+    std::size_t const before = command.get_options().size();
     command
         .add_option("--view", m_view,
                     "From where the tool is drawn. Its coordinates are x,z from the front and the "
@@ -65,6 +67,9 @@ void ToolOptions::addTo(CLI::App& command)
         .add_option("--cut-till", m_cutTill,
                     "End the tool at this coordinate along the view, instead of behind the parts")
         ->type_name("V");
+    std::vector<CLI::Option*> shape = command.get_options();
+    shape.erase(shape.begin(), shape.begin() + std::ptrdiff_t(before));
+    addToolFile(command, shape);
     command.add_flag("--keep-original", keepOriginal,
                      "Write the parts themselves too, beside their pieces");
     command.add_flag("--dry-run", dryRun, "Derive the outlines, but cut and write no piece");
@@ -76,9 +81,50 @@ void ToolOptions::addTo(CLI::App& command)
     addPieces(command);
 }
 
-int ToolOptions::viewIndex() const
+void ToolOptions::addToolFile(CLI::App& command, std::vector<CLI::Option*> const& shape)
 {
-    return placeOf(m_view, views);
+    CLI::Option* const file =
+        command
+            .add_option("--tool", m_toolFile,
+                        "Cut with the tool of this file, such as the window saves. It holds all of "
+                        "the shape and from where it is drawn")
+            ->type_name("FILE");
+    for (CLI::Option* const option : shape) {
+        file->excludes(option);
+        if (!option->get_required())
+            continue;
+        option->required(false);
+        m_needed.push_back(option);
+    }
+}
+
+void ToolOptions::load()
+{
+    if (!m_toolFile.empty()) {
+        m_stored = readStoredShape(m_toolFile, name());
+        return;
+    }
+    for (CLI::Option const* const option : m_needed)
+        if (option->count() == 0)
+            throw UsageError(option->get_name() +
+                             " is required, or --tool with the file of a drawn tool.");
+    clearance();
+    cutTill();
+    checkShape();
+}
+
+Freecut::VolumeGraphicObject* ToolOptions::draw(ToolScene& scene) const
+{
+    return m_stored ? drawStoredShape(scene, *m_stored, m_toolFile) : drawShape(scene);
+}
+
+Freecut::ViewPlace ToolOptions::view() const
+{
+    if (m_stored)
+        return m_stored->view;
+    Freecut::ViewPlace view;
+    view.standard = placeOf(m_view, views);
+    return view;
 }
 
 float ToolOptions::clearance() const
@@ -94,10 +140,4 @@ int ToolOptions::direction() const
 float ToolOptions::cutTill() const
 {
     return hasCutTill() ? parseMillimetres(m_cutTill, "--cut-till") : 0;
-}
-
-void ToolOptions::check() const
-{
-    clearance();
-    cutTill();
 }

@@ -3,8 +3,13 @@
 
 #include "cli/CutOptions.h"
 #include "cli/ToolScene.h"
+#include "tools/StoredTool.h"
 
 #include <optional>
+
+namespace CLI {
+class Option;
+}
 
 /// The command line of a cut by a solid tool; the subclasses add the tool's own shape.
 class ToolOptions : public CutOptions
@@ -19,26 +24,37 @@ public:
 
     /// The sub-command.
     virtual std::string name() const = 0;
-    /// Makes the tool and gives it its shape.
-    virtual Freecut::VolumeGraphicObject* draw(ToolScene& scene) const = 0;
+    /// Makes the tool and gives it its shape: that of the options, or of the file that --tool names.
+    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const;
 
     // These throw UsageError that says what to change.
-    int viewIndex() const;
+
+    /// Reads the file of the tool, if there is one, and checks all of the options before any part is
+    /// read.
+    void load();
+    Freecut::ViewPlace view() const;
+
+protected:
+    virtual void addShape(CLI::App& command) = 0;
+    virtual void checkShape() const = 0;
+    virtual Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const = 0;
+
+    // Throw UsageError that says what to change.
     float clearance() const;
     /// As clearanceDirection of a tool.
     int direction() const;
     float cutTill() const;
     bool hasClearance() const { return !m_clearance.empty(); }
     bool hasCutTill() const { return !m_cutTill.empty(); }
-    /// What a tolerance that has no meaning makes of the tool, in a sentence; or empty.
-    virtual std::string changeByTolerance() const { return {}; }
-    /// All of it, before anything is read.
-    virtual void check() const;
-
-protected:
-    virtual void addShape(CLI::App& command) = 0;
 
 private:
+    void addToolFile(CLI::App& command, std::vector<CLI::Option*> const& shape);
+
+    std::string m_toolFile;
+    std::optional<Freecut::StoredTool> m_stored;
+    /// What has to be given where no file gives it.
+    std::vector<CLI::Option const*> m_needed;
+
     // As typed.
     std::string m_view;
     std::string m_clearance;

@@ -30,8 +30,9 @@ Report toolReport(ToolScene const& scene, Freecut::VolumeGraphicObject& tool)
 {
     Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
     UVector3<float> const extrudeVector = tool.getVolumeProperty().getExtrudeVector();
-    float const top = tool.getVolumeProperty().getKeyPoints().front()[scene.axis()];
-    float const bottom = top - extrudeVector[scene.axis()];
+    UPoint3<float> const corner = tool.getVolumeProperty().getKeyPoints().front();
+    float const top = scene.depthCoordinate(corner);
+    float const bottom = scene.depthCoordinate(corner - extrudeVector);
     Report report;
     report["depth"] = tidy(extrudeVector.GetLength());
     report["reach"] = {tidy(std::min(top, bottom)), tidy(std::max(top, bottom))};

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ToolScene.h"
 
+#include "display/GraphicViewProvider.h"
+#include "display/PlacedView.h"
 #include "display/RegisterViewProviders.h"
 #include "display/VolumeViewProvider.h"
 #include "platform/document/MeshDocument.h"
+#include "tools/ViewAxes.h"
 #include "tools/VolumeOutline.h"
 #include "tools/VolumeProperty.h"
 
-ToolScene::ToolScene(Mesh::Document& document, int viewIndex)
-    : m_document(document), m_viewIndex(viewIndex)
+ToolScene::ToolScene(Mesh::Document& document, Freecut::ViewPlace const& place)
+    : m_document(document), m_viewIndex(place.standard)
 {
     Freecut::registerViewProviders();
     m_view.setDocument(&document);
-    m_view.OnViewType(viewIndex);
+    Freecut::putView(m_view, place);
 }
 
 ToolScene::~ToolScene()
@@ -22,18 +25,28 @@ ToolScene::~ToolScene()
 
 int ToolScene::axis() const
 {
-    constexpr int axes[] = {1, 2, 0};
-    return axes[m_viewIndex / 2];
+    return Freecut::axisAlongView(m_viewIndex);
 }
 
 void ToolScene::place(Freecut::VolumeGraphicObject& tool, std::vector<UPoint2<float>> const& points)
 {
     Freecut::VolumeProperty& record = tool.getVolumeProperty();
-    record.updateDepth();
-    record.rememberView();
+    measure(record);
     for (UPoint2<float> const& point : points)
         record.getKeyPoints().push_back(pointOfTool(point, record.getSketchDepth()));
     m_document.addObject(&tool, "tool", false);
+}
+
+void ToolScene::measure(Freecut::VolumeProperty& record) const
+{
+    record.updateDepth();
+    record.rememberView();
+}
+
+void ToolScene::enter(Freecut::VolumeGraphicObject& tool)
+{
+    m_document.addObject(&tool, "tool", false);
+    tool.getViewProvider()->updateGeometry();
 }
 
 UPoint3<float> ToolScene::pointOfTool(UPoint2<float> const& free, float sketchDepth) const
@@ -56,7 +69,18 @@ Freecut::ToolOutlines const& ToolScene::outlinesOf(Freecut::VolumeGraphicObject&
 
 UPoint2<float> ToolScene::freeCoordinates(UPoint3<float> const& world) const
 {
+    if (!Freecut::isAxisView(m_viewIndex))
+        return onScreen(world);
     return {world[axis() == 0 ? 1 : 0], world[axis() == 2 ? 1 : 2]};
+}
+
+float ToolScene::depthCoordinate(UPoint3<float> const& world) const
+{
+    if (Freecut::isAxisView(m_viewIndex))
+        return world[axis()];
+    UPoint3<float> seen = world;
+    m_view.getEyePointFromWCSPoint(seen);
+    return seen.Z();
 }
 
 UPoint2<float> ToolScene::onScreen(UPoint3<float> world) const

@@ -3,6 +3,7 @@
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
+#include "cli/TeethOption.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PolygonGraphicObject.h"
@@ -50,6 +51,10 @@ void PolygonOptions::addShape(CLI::App& command)
                     "The corners, with semicolons between them; put them in quotes")
         ->type_name("X,Y;X,Y;...")
         ->required();
+    command.add_option("--teeth", m_teeth, teethHelp())
+        ->type_name("STYLE:EDGE,...;...")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     addRound(command, m_round);
 }
 
@@ -66,16 +71,20 @@ std::vector<UPoint2<float>> PolygonOptions::points() const
     return points;
 }
 
-void PolygonOptions::check() const
+void PolygonOptions::checkShape() const
 {
-    ToolOptions::check();
-    points();
+    std::size_t const edgeCount = points().size();
+    for (std::string const& text : m_teeth)
+        parseTeeth(text, edgeCount);
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* PolygonOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* PolygonOptions::drawShape(ToolScene& scene) const
 {
-    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(points());
+    std::vector<UPoint2<float>> const corners = points();
+    auto* const tool = scene.add<Freecut::PolygonGraphicObject>(corners);
+    for (std::string const& text : m_teeth)
+        addTeeth(tool->getProperty(), parseTeeth(text, corners.size()));
     tool->getProperty().setShapeParameters(hasClearance(), direction(), clearance(), hasCutTill(),
                                            cutTill(), Limits::fillAlpha, !m_round.empty(),
                                            roundRadius(m_round), false, scene.viewIndex());
@@ -117,24 +126,15 @@ float CylinderOptions::tolerance() const
                                : parseExtent(m_tolerance, "--tolerance");
 }
 
-std::string CylinderOptions::changeByTolerance() const
+void CylinderOptions::checkShape() const
 {
-    if (tolerance() <= parseExtent(m_radius, "--radius"))
-        return {};
-    return "The tolerance is larger than the radius, so the cylinder has few sides. Choose a "
-           "smaller --tolerance.";
-}
-
-void CylinderOptions::check() const
-{
-    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_radius, "--radius");
     tolerance();
     notch();
 }
 
-Freecut::VolumeGraphicObject* CylinderOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CylinderOptions::drawShape(ToolScene& scene) const
 {
     auto* const tool =
         scene.add<Freecut::CylinderGraphicObject>({parsePoint(m_center, "--center")});
@@ -165,9 +165,8 @@ float CuboidOptions::angleRadians() const
     return checkedAngle(parseNumber(m_angle), "--angle", m_angle) * std::numbers::pi_v<float> / 180;
 }
 
-void CuboidOptions::check() const
+void CuboidOptions::checkShape() const
 {
-    ToolOptions::check();
     parsePoint(m_center, "--center");
     parseExtent(m_length, "--length");
     parseExtent(m_width, "--width");
@@ -175,7 +174,7 @@ void CuboidOptions::check() const
     roundRadius(m_round);
 }
 
-Freecut::VolumeGraphicObject* CuboidOptions::draw(ToolScene& scene) const
+Freecut::VolumeGraphicObject* CuboidOptions::drawShape(ToolScene& scene) const
 {
     auto* const tool = scene.add<Freecut::CuboidGraphicObject>({parsePoint(m_center, "--center")});
     tool->getProperty().setCuboidParameters(

@@ -3,21 +3,22 @@
 
 #include "cli/ToolOptions.h"
 
-/// A prism over a polygon.
+/// A prism over a polygon, whose edges may have teeth.
 class PolygonOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "polygon"; }
-    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
-    void check() const override;
 
 protected:
     void addShape(CLI::App& command) override;
+    void checkShape() const override;
+    Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const override;
 
 private:
     std::vector<UPoint2<float>> points() const;
 
     std::string m_points;
+    std::vector<std::string> m_teeth;
     std::string m_round;
 };
 
@@ -26,12 +27,11 @@ class CylinderOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "cylinder"; }
-    std::string changeByTolerance() const override;
-    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
-    void check() const override;
 
 protected:
     void addShape(CLI::App& command) override;
+    void checkShape() const override;
+    Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const override;
 
 private:
     struct Notch
@@ -55,11 +55,11 @@ class CuboidOptions : public ToolOptions
 {
 public:
     std::string name() const override { return "cuboid"; }
-    Freecut::VolumeGraphicObject* draw(ToolScene& scene) const override;
-    void check() const override;
 
 protected:
     void addShape(CLI::App& command) override;
+    void checkShape() const override;
+    Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const override;
 
 private:
     float angleRadians() const;

@@ -12,6 +12,11 @@ function(mell_target target)
   target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR})
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wno-unused-parameter)
   mell_sanitize(${target})
+  # A library calls its own functions, also where a program has one of the same signature.
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "SHARED_LIBRARY")
+    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+  endif()
   # The libraries lie beside the programs, in the build tree and wherever they are installed.
   set_target_properties(${target} PROPERTIES BUILD_RPATH "$ORIGIN" INSTALL_RPATH "$ORIGIN/../lib")
 endfunction()

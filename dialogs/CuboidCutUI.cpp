@@ -5,8 +5,8 @@
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
 #include "selection/RunningTool.h"
-#include "selection/SolidValues.h"
 #include "tools/CuboidGraphicObject.h"
+#include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
 
 #include <QCheckBox>

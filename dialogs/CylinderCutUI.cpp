@@ -5,8 +5,8 @@
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CylindercutSelection.h"
 #include "selection/RunningTool.h"
-#include "selection/SolidValues.h"
 #include "tools/CylinderGraphicObject.h"
+#include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
 
 #include <QCheckBox>

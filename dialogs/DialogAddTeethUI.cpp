@@ -19,9 +19,9 @@
 #include "selection/EditHistory.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
-#include "selection/TeethLayout.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
+#include "tools/TeethLayout.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -3,7 +3,7 @@
 
 #include "dialogs/DialogTexts.h"
 #include "platform/ui/Dialog.h"
-#include "selection/TeethParas.h"
+#include "tools/TeethParas.h"
 
 #include <array>
 

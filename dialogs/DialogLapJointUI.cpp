@@ -2,6 +2,7 @@
 #include "dialogs/DialogLapJointUI.h"
 
 #include "dialogs/ConnectorFields.h"
+#include "dialogs/ConnectorTips.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellGridLayout.h"
@@ -87,9 +88,14 @@ void DialogLapJointUI::buildParameters()
         grid->addWidget(label, row, 0, 1, 3);
         if (field)
             grid->addWidget(field, row, 3, 1, 3);
+        return label;
     };
-    addRow(0, QT_TRANSLATE_NOOP("DialogFreeCut", "Notch depth"), "(D)", line_notchDepth);
-    addRow(1, QT_TRANSLATE_NOOP("DialogFreeCut", "Side distance"), "(SD)", line_sideDistance);
+    QLabel* const depth =
+        addRow(0, QT_TRANSLATE_NOOP("DialogFreeCut", "Notch depth"), "(D)", line_notchDepth);
+    QLabel* const distance =
+        addRow(1, QT_TRANSLATE_NOOP("DialogFreeCut", "Side distance"), "(SD)", line_sideDistance);
+    PictureTip::give({depth, line_notchDepth}, ConnectorTips::notchDepth);
+    PictureTip::give({distance, line_sideDistance}, ConnectorTips::jointSideDistance);
     addRow(2, QT_TRANSLATE_NOOP("DialogFreeCut", "Side contours"), "", nullptr);
     buildSideContours(grid);
     auto* const group = new DialogWidgetGroup2rd({}, content, true, this);
@@ -106,6 +112,7 @@ void DialogLapJointUI::buildSideContours(QGridLayout* grid)
     for (int id = 0; id <= allContours; ++id) {
         auto* const button = new QRadioButton(grid->parentWidget());
         m_texts.addText(button, "DialogFreeCut", sources[id]);
+        PictureTip::give({button}, ConnectorTips::sideContours[id]);
         m_basedOn->addButton(button, id);
         grid->addWidget(button, 3, 2 * id, 1, 2);
     }
@@ -117,20 +124,21 @@ void DialogLapJointUI::buildClearances()
     auto* const content = new QWidget(this);
     auto* const grid = new MellGridLayout(content);
     auto const addRow = [&](int row, char const* source, char const* tag,
-                            ConnectorLimits::Length const& length) {
+                            ConnectorLimits::Length const& length, PictureTip::Content const& tip) {
         auto* const label = new QLabel(content);
         m_texts.addText(label, "DialogFreeCut", source, tag);
         MellQuantitySpinBox* const field = ConnectorFields::make(length, content);
         grid->addWidget(label, row, 0);
         grid->addWidget(field, row, 1);
+        PictureTip::give({label, field}, tip);
         return field;
     };
     line_notchClearance = addRow(0, QT_TRANSLATE_NOOP("DialogFreeCut", "Notch clearance"), "(NC)",
-                                 Limits::notchClearance);
+                                 Limits::notchClearance, ConnectorTips::notchClearance);
     line_frontClearance = addRow(1, QT_TRANSLATE_NOOP("DialogFreeCut", "Front clearance"), "(FC)",
-                                 Limits::frontClearance);
+                                 Limits::frontClearance, ConnectorTips::frontClearance);
     line_backClearance = addRow(2, QT_TRANSLATE_NOOP("DialogFreeCut", "Back clearance"), "(BC)",
-                                Limits::backClearance);
+                                Limits::backClearance, ConnectorTips::backClearance);
     auto* const group = new DialogWidgetGroup2rd({}, content, true, this);
     m_texts.addTitle(group, "DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Clearance"));
     layout()->addWidget(group);

@@ -2,6 +2,7 @@
 #include "dialogs/DialogPinHoleUI.h"
 
 #include "dialogs/ConnectorFields.h"
+#include "dialogs/ConnectorTips.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellGridLayout.h"
@@ -22,6 +23,8 @@ namespace Limits = ConnectorLimits::PinHole;
 
 namespace {
 
+using ConnectorTips::PinHoleTip;
+
 constexpr double pictureWidth = 25.34;
 constexpr double pictureHeight = 9.917;
 
@@ -29,14 +32,16 @@ constexpr double pictureHeight = 9.917;
 class Rows
 {
 public:
-    Rows(QWidget* content, DialogTexts& texts)
-        : m_content(content), m_grid(new MellGridLayout(content)), m_texts(texts)
+    /// pin  whether the values are those of pins
+    Rows(QWidget* content, DialogTexts& texts, QRadioButton const* pin)
+        : m_content(content), m_grid(new MellGridLayout(content)), m_texts(texts), m_pin(pin)
     {}
 
     /// label  made anew if null; anything with a text
     template <typename Label = QLabel>
     MellQuantitySpinBox* add(char const* context, char const* source, char const* tag,
-                             ConnectorLimits::Length const& length, Label* label = nullptr)
+                             ConnectorLimits::Length const& length, PinHoleTip const& tip,
+                             Label* label = nullptr)
     {
         if (!label)
             label = new Label(m_content);
@@ -44,6 +49,9 @@ public:
         MellQuantitySpinBox* const field = ConnectorFields::make(length, m_content);
         m_grid->addWidget(label, m_next, 0);
         m_grid->addWidget(field, m_next++, 1);
+        PictureTip::give({label, field}, [pin = m_pin, tip] {
+            return pin->isChecked() ? tip.ofPins : tip.ofHoles;
+        });
         return field;
     }
     /// Into the second column of the next row.
@@ -53,6 +61,7 @@ private:
     QWidget* m_content;
     QGridLayout* m_grid;
     DialogTexts& m_texts;
+    QRadioButton const* m_pin;
     int m_next = 0;
 };
 
@@ -99,16 +108,18 @@ void DialogPinHoleUI::buildType()
 void DialogPinHoleUI::buildCylinder()
 {
     auto* const content = new QWidget(this);
-    Rows rows(content, m_texts);
+    Rows rows(content, m_texts, pin);
     line_radius = rows.add("DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Radius"), "(R)",
-                           Limits::radius);
-    line_tolerance = rows.add("DialogRemesh", QT_TRANSLATE_NOOP("DialogRemesh", "Tolerance"), "",
-                              Limits::tolerance);
+                           Limits::radius, ConnectorTips::radius);
+    line_tolerance =
+        rows.add("DialogRemesh", QT_TRANSLATE_NOOP("DialogRemesh", "Tolerance"), "",
+                 Limits::tolerance, {ConnectorTips::tolerance, ConnectorTips::tolerance});
     line_height = rows.add("DockWidgetPerf", QT_TRANSLATE_NOOP("DockWidgetPerf", "Height"), "(H)",
-                           Limits::height);
+                           Limits::height, ConnectorTips::height);
     sidis = new QCheckBox(content);
     line_sideDis = rows.add("DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Side distance"),
-                            "(SD)", Limits::sideDistance, sidis);
+                            "(SD)", Limits::sideDistance,
+                            {ConnectorTips::sideDistance, ConnectorTips::sideDistance}, sidis);
     line_sideDis->setEnabled(false);
     auto* const group = new DialogWidgetGroup2rd({}, content, true, this);
     m_texts.addTitle(group, "DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Cylinder"));
@@ -118,15 +129,16 @@ void DialogPinHoleUI::buildCylinder()
 void DialogPinHoleUI::buildClearances()
 {
     auto* const content = new QWidget(this);
-    Rows rows(content, m_texts);
+    Rows rows(content, m_texts, pin);
     line_topClear = rows.add("DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Top clearance"),
-                             "(T)", Limits::topClearance);
-    line_spacing = rows.add("DialogStructure", QT_TRANSLATE_NOOP("DialogStructure", "Spacing"),
-                            "(S)", Limits::spacing);
+                             "(T)", Limits::topClearance, ConnectorTips::topClearance);
+    line_spacing =
+        rows.add("DialogStructure", QT_TRANSLATE_NOOP("DialogStructure", "Spacing"), "(S)",
+                 Limits::spacing, {ConnectorTips::spacing, ConnectorTips::spacing});
     line_sideClear = rows.add("DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Side clearance"),
-                              "(SC)", Limits::sideClearance);
+                              "(SC)", Limits::sideClearance, ConnectorTips::sideClearance);
     line_faceClear = rows.add("DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Face clearance"),
-                              "(F)", Limits::faceClearance);
+                              "(F)", Limits::faceClearance, ConnectorTips::faceClearance);
     save = new PushButtonAnimate(content);
     m_texts.addText(save, "MellCommons", QT_TRANSLATE_NOOP("MellCommons", "Save"));
     rows.addAlone(save);

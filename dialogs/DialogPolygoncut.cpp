@@ -24,7 +24,7 @@
 #include "selection/CylindercutSelection.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
-#include "selection/SolidValues.h"
+#include "tools/SolidValues.h"
 #include "tools/ViewAxes.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeOutline.h"

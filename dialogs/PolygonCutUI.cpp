@@ -10,9 +10,9 @@
 #include "selection/PointLabel.h"
 #include "selection/PolygoncutSelection.h"
 #include "selection/RunningTool.h"
-#include "selection/SolidValues.h"
 #include "selection/ToolEdit.h"
 #include "tools/PolygonGraphicObject.h"
+#include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
 #include "tools/ViewAxes.h"
 

@@ -7,6 +7,7 @@
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/SolidFields.h"
 #include "dialogs/ToolButton.h"
+#include "dialogs/ToolFileButton.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
@@ -133,6 +134,7 @@ QWidget* PolygonCutWidgets::buildPreview()
     for (ToolButton* const button : {startPreview, stopPreview, reset})
         row->addWidget(button);
     row->addStretch(1);
+    row->addWidget(new ToolFileButton(*m_dialog, content));
     return content;
 }
 

@@ -7,7 +7,7 @@
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/EditHistory.h"
-#include "selection/SolidValues.h"
+#include "tools/SolidValues.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeProperty.h"
 

@@ -60,6 +60,7 @@ std::array const kinds = {
     Kind{"tabs", {{"", neutral}, {"26", muted}, {"_dark", neutral}}, 48, true},
     Kind{"cursors", {{"", light}}, 32, true},
     Kind{"teeth", {{"", neutral}}, 0, true},
+    Kind{"tips", {{"", light}, {"_dark", dark}}, 0, true},
     // These are scaled to a number of pixels by those who show them.
     Kind{"pictures", {{"", neutral}}, 0, false},
     Kind{"program", {{"", light}}, 256, false},

@@ -5,9 +5,9 @@
 #include "messages/Attention.h"
 #include "platform/view/GLView.h"
 #include "selection/ContourRules.h"
-#include "selection/EdgeFrame.h"
 #include "selection/PointLabel.h"
 #include "selection/ToolEdit.h"
+#include "tools/EdgeFrame.h"
 #include "tools/PolygonGraphicObject.h"
 #include "tools/ViewAxes.h"
 

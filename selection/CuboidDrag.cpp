@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "selection/CuboidDrag.h"
 
-#include "selection/EdgeFrame.h"
 #include "tools/CuboidProperty.h"
+#include "tools/EdgeFrame.h"
 #include "tools/RoundRing.h"
 
 #include <algorithm>

@@ -88,6 +88,12 @@ void EditHistory::note(ToolState now, bool joinsLast)
     tellButtons();
 }
 
+void EditHistory::replace(ToolState const& state)
+{
+    OneStep const oneStep(this);
+    m_tool.write(state);
+}
+
 bool EditHistory::isInUse() const
 {
     return !m_undo.empty() || !m_redo.empty();

@@ -44,6 +44,11 @@ public:
     /// joinsLast  the edit goes on with what the last step began
     void edited(bool joinsLast = false);
 
+    /// The tool as it is.
+    ToolState state() const { return read(); }
+    /// Makes it another one, which is one edit.
+    void replace(ToolState const& state);
+
     bool isInUse() const override;
     QString whyNoUndo() const override;
     QString whyNoRedo() const override;

@@ -7,9 +7,9 @@
 #include "platform/view/GLView.h"
 #include "selection/ContourEditing.h"
 #include "selection/ContourRules.h"
-#include "selection/EdgeFrame.h"
 #include "selection/HandleHit.h"
 #include "selection/ToolEdit.h"
+#include "tools/EdgeFrame.h"
 #include "tools/PolygonGraphicObject.h"
 
 #include <QCursor>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/geometry/UPoint3.h"
-#include "selection/TeethGenerator.h"
 #include "tools/TeethEdge.h"
+#include "tools/TeethGenerator.h"
 
 #include <QPoint>
 

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "display/CameraWatch.h"
-#include "selection/SolidValues.h"
-#include "selection/TeethParas.h"
 #include "tools/RigidMotion.h"
+#include "tools/SolidValues.h"
 #include "tools/TeethEdge.h"
+#include "tools/TeethParas.h"
 
 #include <memory>
 #include <vector>

@@ -58,9 +58,9 @@ private:
 };
 
 /// A signal with arguments. Slots are called in the order of their connection; connecting the same
-/// member of the same receiver again changes nothing. During an emission
-/// slots may connect, disconnect, and destroy receivers or the signal: a slot disconnected
-/// meanwhile is not called any more, a new one is first called by the next emission.
+/// member of the same receiver again changes nothing. During an emission slots may connect,
+/// disconnect, and destroy receivers or the signal: a slot disconnected meanwhile is not called any
+/// more, a new one is first called by the next emission.
 template <class Policy, class... Args>
 class signal : public signal_base<Policy>
 {
@@ -81,9 +81,8 @@ public:
         for (auto const& connection : m_connections)
             if (connection->receiver == base && connection->isMember(typeid(Member), &member))
                 return;
-        m_connections.push_back(std::make_shared<Connection>(
-            Connection{base, [receiver, member](Args... args) { (receiver->*member)(args...); },
-                       isMember}));
+        auto const slot = [receiver, member](Args... args) { (receiver->*member)(args...); };
+        m_connections.push_back(std::make_shared<Connection>(Connection{base, slot, isMember}));
         base->m_senders.push_back(this);
     }
 

@@ -459,7 +459,7 @@
     </message>
     <message>
         <source>The tongue leaves the part: at one place it goes on for only %1 mm above the plane.</source>
-        <translation>Die Zunge tritt aus dem Teil aus: An einer Stelle reicht es nur %1 mm über die Ebene.</translation>
+        <translation>Die Zunge tritt aus dem Teil aus: An einer Stelle reicht sie nur %1 mm über die Ebene.</translation>
     </message>
     <message>
         <source>The notch opens to the outside or into a cavity: at one place the part goes on for only %1 mm above the plane.</source>
@@ -1433,6 +1433,136 @@
     </message>
 </context>
 <context>
+    <name>Freecut::JsonPlace</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>It is not JSON at %1 (%2). Mend it there.</source>
+        <translation>Das ist in %1 kein JSON (%2). Berichtigen Sie es dort.</translation>
+    </message>
+    <message>
+        <source>The text</source>
+        <translation>Der Text</translation>
+    </message>
+    <message>
+        <source>must be a record in braces, { }.</source>
+        <translation>muss ein Satz von Werten in geschweiften Klammern sein, { }.</translation>
+    </message>
+    <message>
+        <source>is missing. Add it.</source>
+        <translation>fehlt. Ergänzen Sie es.</translation>
+    </message>
+    <message>
+        <source>has no meaning here. Remove it.</source>
+        <translation>hat hier keine Bedeutung. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>must be a list of %1 to %2 values in brackets, [ ].</source>
+        <translation>muss eine Liste von %1 bis %2 Werten in eckigen Klammern sein, [ ].</translation>
+    </message>
+    <message>
+        <source>must be a number from %1 to %2. Change it.</source>
+        <translation>muss eine Zahl von %1 bis %2 sein. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>must be a whole number from %1 to %2. Change it.</source>
+        <translation>muss eine ganze Zahl von %1 bis %2 sein. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>must be a text in quotes.</source>
+        <translation>muss ein Text in Anführungszeichen sein.</translation>
+    </message>
+    <message>
+        <source>must be one of %1. Change it.</source>
+        <translation>muss eines von diesen sein: %1. Ändern Sie den Wert.</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::PictureTip</name>
+    <message>
+        <source>Radius of the pins. Their holes are wider by the side clearance.</source>
+        <translation>Radius der Stifte. Ihre Löcher sind um das seitliche Spiel weiter.</translation>
+    </message>
+    <message>
+        <source>Radius of the rod that you will put in. The holes are wider by the side clearance.</source>
+        <translation>Radius des Stabs, der eingesetzt wird. Die Löcher sind um das seitliche Spiel weiter.</translation>
+    </message>
+    <message>
+        <source>How far a flat facet may lie within the true circle. Small values make rounder shapes of more triangles.</source>
+        <translation>Wie weit eine ebene Facette innerhalb des wahren Kreises liegen darf. Kleine Werte ergeben rundere Formen aus mehr Dreiecken.</translation>
+    </message>
+    <message>
+        <source>How far a pin stands out of the face of its piece.</source>
+        <translation>Wie weit ein Stift aus der Fläche seines Teilstücks ragt.</translation>
+    </message>
+    <message>
+        <source>How far the rod reaches into each piece.</source>
+        <translation>Wie weit der Stab in jedes Teilstück reicht.</translation>
+    </message>
+    <message>
+        <source>Distance from the contour of the section to the centres of pins or holes. Without the tick they follow the middle of the section.</source>
+        <translation>Abstand der Mitten von Stiften oder Löchern von der Kontur des Schnitts. Ohne das Häkchen folgen sie der Mitte des Schnitts.</translation>
+    </message>
+    <message>
+        <source>How much deeper a hole is than its pin is high.</source>
+        <translation>Um wie viel ein Loch tiefer ist, als sein Stift hoch ist.</translation>
+    </message>
+    <message>
+        <source>How much deeper each hole is than the rod reaches into it.</source>
+        <translation>Um wie viel jedes Loch tiefer ist, als der Stab hineinreicht.</translation>
+    </message>
+    <message>
+        <source>Least distance of two centres of pins or holes.</source>
+        <translation>Kleinster Abstand der Mitten zweier Stifte oder Löcher.</translation>
+    </message>
+    <message>
+        <source>How much wider a hole is than its pin, all round. 0.1 to 0.2 mm suit most printers.</source>
+        <translation>Um wie viel ein Loch ringsum weiter ist als sein Stift. 0,1 bis 0,2 mm passen für die meisten Drucker.</translation>
+    </message>
+    <message>
+        <source>How much wider a hole is than the rod, all round. 0.1 to 0.2 mm suit most printers.</source>
+        <translation>Um wie viel ein Loch ringsum weiter ist als der Stab. 0,1 bis 0,2 mm passen für die meisten Drucker.</translation>
+    </message>
+    <message>
+        <source>Gap between the faces of the two pieces.</source>
+        <translation>Spalt zwischen den Flächen der beiden Teilstücke.</translation>
+    </message>
+    <message>
+        <source>How far the tongue stands out of the face of its piece.</source>
+        <translation>Wie weit die Zunge aus der Fläche ihres Teilstücks ragt.</translation>
+    </message>
+    <message>
+        <source>Distance from the contour of the section to the tongue.</source>
+        <translation>Abstand der Feder von der Kontur des Schnitts.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from outer contours alone.</source>
+        <translation>Die Zunge hält nur von äußeren Konturen Abstand.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from the contours of openings alone.</source>
+        <translation>Die Zunge hält nur von den Konturen der Öffnungen Abstand.</translation>
+    </message>
+    <message>
+        <source>The tongue keeps its distance from all contours.</source>
+        <translation>Die Zunge hält von allen Konturen Abstand.</translation>
+    </message>
+    <message>
+        <source>How much wider the notch is than the tongue, on each side. At most the side distance.</source>
+        <translation>Um wie viel die Nut auf jeder Seite breiter ist als die Zunge. Höchstens der Randabstand.</translation>
+    </message>
+    <message>
+        <source>Gap between the faces of the two pieces. At most the notch depth.</source>
+        <translation>Spalt zwischen den Flächen der beiden Teilstücke. Höchstens die Nuttiefe.</translation>
+    </message>
+    <message>
+        <source>How much deeper the notch is than the tongue is high. At most the notch depth.</source>
+        <translation>Um wie viel die Nut tiefer ist, als die Zunge hoch ist. Höchstens die Nuttiefe.</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::PolygoncutSelection</name>
     <message>
         <source>Invalid point.</source>
@@ -1469,6 +1599,95 @@
     <message>
         <source>Edge: %1. Next edge: %2</source>
         <translation>Kante: %1. Nächste Kante: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::StoredTool</name>
+    <message>
+        <source>The teeth of edge %1 do not fit it. Choose fewer, smaller or other ones.</source>
+        <translation>Die Zähne von Kante %1 passen nicht darauf. Wählen Sie weniger, kleinere oder andere.</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::ToolFile</name>
+    <message>
+        <source>must have a length of about 1, for it is a direction.</source>
+        <translation>muss etwa die Länge 1 haben, denn es ist eine Richtung.</translation>
+    </message>
+    <message>
+        <source>must not point along the direction. Change it.</source>
+        <translation>darf nicht entlang der Richtung zeigen. Ändern Sie den Wert.</translation>
+    </message>
+    <message>
+        <source>is for dovetails alone. Remove it.</source>
+        <translation>gilt nur für Schwalbenschwänze. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>needs either &quot;count&quot; or &quot;distance&quot;, and not both.</source>
+        <translation>braucht entweder „count“ oder „distance“, aber nicht beides.</translation>
+    </message>
+    <message>
+        <source>has teeth already. Name each edge once.</source>
+        <translation>hat schon Zähne. Nennen Sie jede Kante einmal.</translation>
+    </message>
+    <message>
+        <source>is for standard views alone. Remove it.</source>
+        <translation>gilt nur für Standardansichten. Entfernen Sie es.</translation>
+    </message>
+    <message>
+        <source>must be &quot;%1&quot;. Choose a file with a drawn tool.</source>
+        <translation>muss „%1“ sein. Wählen Sie eine Datei mit einem gezeichneten Werkzeug.</translation>
+    </message>
+    <message>
+        <source>is %1, but only version %2 can be read. Use a newer program for it.</source>
+        <translation>ist %1, gelesen werden kann aber nur Version %2. Verwenden Sie dafür ein neueres Programm.</translation>
+    </message>
+    <message>
+        <source>The tool file %1 cannot be read: %2.</source>
+        <translation>Die Werkzeugdatei %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is too large for a tool. Choose a file with a tool.</source>
+        <translation>Die Datei %1 ist zu groß für ein Werkzeug. Wählen Sie eine Datei mit einem Werkzeug.</translation>
+    </message>
+    <message>
+        <source>The tool file %1 cannot be used. %2</source>
+        <translation>Die Werkzeugdatei %1 lässt sich nicht verwenden. %2</translation>
+    </message>
+    <message>
+        <source>The tool cannot be written to %1: %2.</source>
+        <translation>Das Werkzeug lässt sich nicht nach %1 schreiben: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ToolFileButton</name>
+    <message>
+        <source>Open tool...</source>
+        <translation>Werkzeug öffnen...</translation>
+    </message>
+    <message>
+        <source>Save tool as...</source>
+        <translation>Werkzeug speichern unter...</translation>
+    </message>
+    <message>
+        <source>Open tool</source>
+        <translation>Werkzeug öffnen</translation>
+    </message>
+    <message>
+        <source>Save tool</source>
+        <translation>Werkzeug speichern</translation>
+    </message>
+    <message>
+        <source>Drawn tools (*.json)</source>
+        <translation>Gezeichnete Werkzeuge (*.json)</translation>
+    </message>
+    <message>
+        <source>Tool file...</source>
+        <translation>Werkzeugdatei...</translation>
+    </message>
+    <message>
+        <source>Saves the drawn tool, and opens one that was saved.</source>
+        <translation>Speichert das gezeichnete Werkzeug und öffnet ein gespeichertes.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/PartFiles.h"
 #include "platform/services/Intersect.h"
+#include "tests/app/PieceGap.h"
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/Places.h"
 #include "tests/support/Validator.h"
@@ -85,6 +87,23 @@ TEST(ExampleJobs, PiecesOfTheBracketFitByTheirPins)
     double const bored = pins * (1.6 * 1.6 * 6.3 - 1.5 * 1.5 * 6) * 3.14;
     double const gap = (240 - pins * 1.6 * 1.6 * 3.14) * 0.05;
     EXPECT_NEAR(volumeOf(job.lower) + volumeOf(job.upper) + bored + gap, job.partVolume(), 0.3);
+}
+
+TEST(ExampleJobs, TheBracketsFootSlidesIntoItsDovetails)
+{
+    ExampleJob const job("join-by-dovetails", {0, 0, 0}, 0);
+    expectFit(job);
+    Soup const whole = soupOf(*Formats::readParts(sourcePath("examples/bracket.3mf")).at(0).kernel);
+    PieceGap const gap(whole, job.lower, job.upper);
+    EXPECT_GE(gap.wallPoints, 24u);
+    EXPECT_NEAR(gap.least, 0.15, 0.003);
+    EXPECT_NEAR(gap.median, 0.15, 0.003);
+    // The wall is 30 mm less three feet of 4 mm, and goes around three teeth instead.
+    double const length = 30 - 3 * 4 + 3 * (6 + 2 * std::sqrt(17.0));
+    EXPECT_NEAR(gap.wallArea, length * 8, 0.1);
+    // What the gap takes away is missing, and nothing else.
+    EXPECT_NEAR(job.partVolume() - volumeOf(job.lower) - volumeOf(job.upper), gap.wallArea * 0.15,
+                2);
 }
 
 TEST(ExampleJobs, HalvesOfTheElbowAreDrilledAlike)

@@ -60,6 +60,16 @@ QStringList pictures()
     return {"cut_pin", "cut_hole", "cut_lapjoint", "cut_jagged", "cut_dove", "cut_puzzle"};
 }
 
+/// The drawings of tool tips that there are.
+QStringList tips()
+{
+    QStringList names;
+    for (QString const& file : QDir(":/icons/icons").entryList({"tip_*.png"}))
+        if (!file.contains("@2x") && !file.contains("_dark"))
+            names << QString(file).remove(".png");
+    return names;
+}
+
 double luminanceOf(QColor const& colour)
 {
     auto const linear = [](double value) {
@@ -132,6 +142,21 @@ TEST(Icons, OfToolsAreThereForBothPixelRatios)
         EXPECT_EQ(QImage(pathOf(name)).size(), QSize(48, 48)) << qPrintable(name);
         EXPECT_EQ(QImage(pathOf(name + "@2x")).size(), QSize(96, 96)) << qPrintable(name);
     }
+}
+
+TEST(Icons, OfToolTipsAreThereForBothGroundsAndBothPixelRatios)
+{
+    ASSERT_FALSE(tips().isEmpty());
+    for (QString const& name : tips())
+        for (char const* const ground : {"", "_dark"}) {
+            QSize const size = QImage(pathOf(name + ground)).size();
+            EXPECT_EQ(size, QSize(220, 130)) << qPrintable(name);
+            EXPECT_EQ(QImage(pathOf(name + ground + "@2x")).size(), size * 2) << qPrintable(name);
+        }
+    for (int i = 0; i < tips().size(); ++i)
+        for (int j = i + 1; j < tips().size(); ++j)
+            EXPECT_NE(QImage(pathOf(tips()[i])), QImage(pathOf(tips()[j])))
+                << qPrintable(tips()[j]);
 }
 
 TEST(Icons, StandOutFromTheGroundOfTheirTheme)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "selection/TeethGenerator.h"
 #include "tests/tools/OutlineScene.h"
 #include "tools/PolygonOutline.h"
 #include "tools/PolygonProperty.h"
+#include "tools/TeethGenerator.h"
 
 #include <stdexcept>
 

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPushButton>
+
+class QMenu;
+
+namespace Freecut {
+
+class DialogPolygoncut;
+class SolidToolPage;
+struct StoredTool;
+
+/// The button of the polygon dialog for files: keeps the drawn tool, and takes up one that was kept.
+/// What a file holds that cannot be used the user is told, and the tool stays as it was.
+class ToolFileButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    ToolFileButton(DialogPolygoncut& dialog, QWidget* parent);
+
+    // What the entries of its menu do with a chosen file.
+
+    void saveTo(QString const& file);
+    /// One edit that can be taken back, unless the tool is of another kind than the one drawn.
+    void openFrom(QString const& file);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void showMenu();
+    void chooseAndSave();
+    void chooseAndOpen();
+    void takeUp(StoredTool const& tool);
+    SolidToolPage& page() const;
+    bool canSave() const;
+    void retranslate();
+
+    DialogPolygoncut& m_dialog;
+};
+
+}  // namespace Freecut
