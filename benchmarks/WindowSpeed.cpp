@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a person feels who works with a large part in the window: how long a picture takes while the
 // mouse drags, how long the window does not answer while files are opened and parts are cut.
-// window_speed FILE...; needs a display. Pictures are those of the last file.
+// window_speed [--cut] FILE...; needs a display. With --cut nothing is dragged.
 #include "app/OrbeWindow.h"
 #include "app/files/DocumentFiles.h"
 #include "app/jobs/JobGuard.h"
@@ -34,6 +34,7 @@
 #include <cstdio>
 #include <ctime>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -62,15 +63,19 @@ public:
         bool const result = QApplication::notify(receiver, event);
         --m_depth;
         double const ms = double(timer.nsecsElapsed()) / 1e6;
-        if (ms > longest) {
-            longest = ms;
-            longestName = name + " " + QByteArray::number(type);
-        }
+        if (ms >= toldFrom)
+            waits.push_back({ms, name + " " + QByteArray::number(type)});
         return result;
     }
 
-    double longest = 0;
-    QByteArray longestName;
+    static constexpr double toldFrom = 50;
+    struct Wait
+    {
+        double ms;
+        /// The receiver's class and the event's type.
+        QByteArray name;
+    };
+    std::vector<Wait> waits;
 
 private:
     int m_depth = 0;
@@ -210,14 +215,17 @@ private:
     {
         QElapsedTimer timer;
         timer.start();
-        application().longest = 0;
+        application().waits.clear();
         work();
         double const result = double(timer.elapsed());
         rest(50);
         waitWhile([&] { return view().scene().preparer().isWorking(); });
         rest(600);
-        std::printf("%-12s %6.0f ms; longest wait %5.0f ms (%s)\n", name, result,
-                    application().longest, application().longestName.constData());
+        std::printf("%-12s %6.0f ms; waits of %.0f ms and more:", name, result,
+                    TimedApplication::toldFrom);
+        for (TimedApplication::Wait const& wait : application().waits)
+            std::printf(" %.0f (%s)", wait.ms, wait.name.constData());
+        std::puts("");
         std::fflush(stdout);
     }
 
@@ -320,7 +328,7 @@ private:
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        std::fputs("usage: window_speed FILE...\n", stderr);
+        std::fputs("usage: window_speed [--cut] FILE...\n", stderr);
         return 2;
     }
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -329,9 +337,11 @@ int main(int argc, char** argv)
     QSettings::setPath(g_AppSettingFormat, QSettings::UserScope, settings.path());
     QCoreApplication::setApplicationName("window_speed");
     Session session;
-    for (int i = 1; i < argc; ++i)
+    bool const isDragged = std::string_view(argv[1]) != "--cut";
+    for (int i = isDragged ? 1 : 2; i < argc; ++i)
         session.open(QString::fromLocal8Bit(argv[i]));
-    session.pictures();
+    if (isDragged)
+        session.pictures();
     session.cut();
     return 0;
 }

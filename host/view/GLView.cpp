@@ -288,8 +288,8 @@ bool GLView::saveScreenshot(QString const& file, QString* reason)
 {
     m_scene->standIns().rest();
     QImage picture = grabFramebuffer();
-    while (m_scene->preparer().isWorking()) {
-        m_scene->preparer().finish();
+    while (m_scene->isPreparing()) {
+        m_scene->finishPreparing();
         picture = grabFramebuffer();
     }
     picture = picture.convertToFormat(QImage::Format_RGB32);

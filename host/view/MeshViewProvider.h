@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/ComingShape.h"
 #include "host/view/DrawDevice.h"
 #include "host/view/PartSection.h"
 #include "host/view/PartShape.h"
@@ -60,7 +61,9 @@ public:
     void usePrepared(PreparedPart prepared);
 
     /// With the context current: frees what OpenGL holds.
-    void releaseGL() { m_painted.shape.reset(); }
+    void releaseGL();
+    /// What is to be painted is on its way to the device.
+    bool isComing() const { return m_coming && m_coming->isUnderWay(); }
     /// What is on the device of the part; null if it was not painted yet.
     std::shared_ptr<PartShape const> shape() const { return m_painted.shape; }
     /// Bytes that the part takes on the device now, its stand-in left out.
@@ -70,6 +73,9 @@ private:
     DocumentObject const* part() const;
     MeshKernel const* kernel() const;
     bool hasShapeOf(PartShape::Mesh const& mesh) const;
+    bool hasComing(PartShape::Mesh const& mesh) const;
+    bool findComing(PartShape::Mesh const& mesh);
+    bool beginComing(DrawDevice& device, PartShape::Mesh const& mesh);
     bool findShape(DrawDevice& device, PartShape::Mesh const& mesh);
     bool findSurface(PartShape::Mesh const& mesh);
     bool hasTreeOf(PartShape::Mesh const& mesh) const;
@@ -90,6 +96,7 @@ private:
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
     PaintedPart m_painted;
+    std::shared_ptr<ComingShape> m_coming;
     mutable std::unique_ptr<PartSurface> m_prepared;
     mutable std::shared_ptr<PickTree const> m_tree;
     std::unique_ptr<PartSection> m_capSection;

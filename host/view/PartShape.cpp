@@ -4,7 +4,12 @@
 #include "host/view/StandInShape.h"
 
 PartShape::PartShape(DrawDevice& device, PartSurface const& surface, Mesh const& source)
-    : geometry(device.upload(surface)),
+    : PartShape(device.upload(surface), surface, source)
+{}
+
+PartShape::PartShape(std::unique_ptr<DrawDevice::Geometry> uploaded, PartSurface const& surface,
+                     Mesh const& source)
+    : geometry(std::move(uploaded)),
       meanEdge(surface.meanEdge),
       isSolid(surface.isSolid),
       bytes(surface.vertices.size() * sizeof(PartSurface::Vertex) +

@@ -15,6 +15,9 @@ struct PartShape
     using Mesh = std::shared_ptr<UMesh<float> const>;
 
     PartShape(DrawDevice& device, PartSurface const& surface, Mesh const& source);
+    /// uploaded  the surface, on the device
+    PartShape(std::unique_ptr<DrawDevice::Geometry> uploaded, PartSurface const& surface,
+              Mesh const& source);
     ~PartShape();
 
     std::size_t triangles() const { return m_triangles; }
@@ -29,7 +32,7 @@ struct PartShape
     /// Reset when the records have changed.
     std::weak_ptr<UMesh<float> const> mesh;
     /// What is drawn while the mouse moves; null until it is made.
-    std::unique_ptr<StandInShape> standIn;
+    std::shared_ptr<StandInShape> standIn;
     bool isStandInAsked = false;
     bool wasPainted = false;
 

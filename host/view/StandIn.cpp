@@ -16,8 +16,12 @@ constexpr std::size_t coarsest = 6000;
 /// In relation to the level before.
 constexpr double mostTriangles = 1.0 / 3;
 constexpr double leastArea = 0.75;
-/// Squares of this many mean triangles' area are the cells of the first level.
-constexpr double trianglesPerCell = 8;
+/// Triangles of one level, as StandIn.h tells, and of those below and above it this many times that.
+constexpr double levelStep = 4;
+/// Triangles that are left of a surface, times the area of a cell's side by that of the surface.
+constexpr double trianglesPerCell = 2.4;
+/// A first level is not worth it if it has more than this share of all triangles.
+constexpr double mostOfAll = 0.3;
 constexpr double mostCellsAcross = 1 << 20;
 
 double areaOf(MeshArrays const& mesh)
@@ -41,6 +45,16 @@ double widthOf(MeshArrays const& mesh)
         width = std::max(width, double((*high)[axis]) - (*low)[axis]);
     }
     return width;
+}
+
+/// So that about wantedTriangles are left after some steps, or at once, but not more than is worth
+/// it.
+double firstCell(double area, double triangles)
+{
+    double left = StandIn::wantedTriangles;
+    while (left * levelStep <= mostOfAll * triangles)
+        left *= levelStep;
+    return std::sqrt(trianglesPerCell * area / std::min(left, mostOfAll * triangles));
 }
 
 std::vector<std::uint32_t> orderOf(MeshArrays const& mesh)
@@ -111,8 +125,8 @@ StandIn::StandIn(MeshArrays const& mesh)
     double const width = widthOf(mesh);
     if (!(area > 0) || !std::isfinite(area) || !std::isfinite(width))
         return;
-    double const wanted = std::sqrt(trianglesPerCell * area / double(mesh.triangles.size()));
-    SurfaceClusters clusters(mesh, std::max(wanted, width / mostCellsAcross));
+    double const cell = firstCell(area, double(mesh.triangles.size()));
+    SurfaceClusters clusters(mesh, std::max(cell, width / mostCellsAcross));
     std::size_t last = mesh.triangles.size();
     for (; clusters.triangleCount() >= coarsest; clusters.coarsen()) {
         if (double(clusters.triangleCount()) > mostTriangles * double(last))

@@ -2,9 +2,9 @@
 #include "host/view/StandIns.h"
 
 #include "host/services/RecordArrays.h"
+#include "host/view/DeviceWork.h"
+#include "host/view/StandIn.h"
 #include "host/view/StandInShape.h"
-#include "host/view/ViewScene.h"
-#include "platform/view/GLView.h"
 
 #include <QGuiApplication>
 
@@ -20,7 +20,7 @@ constexpr int slowMs = 25;
 constexpr std::size_t leastInView = 150000;
 constexpr std::size_t leastInPart = 10000;
 /// Of all parts together in a coarse picture.
-constexpr std::size_t trianglesWhileMoving = 80000;
+constexpr std::size_t trianglesWhileMoving = std::size_t(1.25 * StandIn::wantedTriangles);
 /// What the edges of a triangle cost, in triangles.
 constexpr std::size_t edgesCost = 8;
 constexpr std::size_t bytesPerStep = 4 << 20;
@@ -39,13 +39,12 @@ std::size_t costOf(PaintedPart const& part)
 
 }  // namespace
 
-StandIns::StandIns(Base::GLView& view) : m_view(view)
+StandIns::StandIns(DeviceWork& work) : m_work(work)
 {
     m_thread.setMaxThreadCount(1);
     m_restTimer.setSingleShot(true);
     m_restTimer.setInterval(restMs);
     connect(&m_restTimer, &QTimer::timeout, this, &StandIns::rest);
-    connect(&m_uploadTimer, &QTimer::timeout, this, &StandIns::uploadSome);
 }
 
 StandIns::~StandIns()
@@ -79,7 +78,7 @@ bool StandIns::isLarge() const
     return m_load.cost >= leastInView;
 }
 
-void StandIns::beginParts(DrawDevice& device)
+void StandIns::beginParts(DrawDevice& device, bool isPreparing)
 {
     m_isCoarse =
         m_isMoving && isLarge() && (m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow));
@@ -183,32 +182,24 @@ void StandIns::enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<Stan
     std::shared_ptr<PartShape> const asked = shape.lock();
     if (!asked || !made || asked->mesh.expired())
         return;
-    m_uploads.push_back({shape, std::make_unique<StandInShape>(made, *asked->geometry)});
-    m_uploadTimer.start(0);
+    auto const standIn = std::make_shared<StandInShape>(made, *asked->geometry);
+    m_work.add([shape, standIn](DrawDevice& device) {
+        std::shared_ptr<PartShape> const target = shape.lock();
+        if (target && !standIn->upload(device, bytesPerStep))
+            return false;
+        if (target)
+            target->standIn = standIn;
+        return true;
+    });
 }
 
-// What is on the device belongs to its context, also where it is dropped.
-void StandIns::uploadSome()
+bool StandIns::isWorking() const
 {
-    DrawDevice* const device = m_view.scene().device();
-    if (m_uploads.empty() || !device) {
-        m_uploadTimer.stop();
-        return;
-    }
-    m_view.makeCurrent();
-    Upload& first = m_uploads.front();
-    std::shared_ptr<PartShape> const shape = first.shape.lock();
-    bool const isDone = !shape || first.standIn->upload(*device, bytesPerStep);
-    if (shape && isDone)
-        shape->standIn = std::move(first.standIn);
-    if (isDone)
-        m_uploads.erase(m_uploads.begin());
-    m_view.doneCurrent();
+    return m_running > 0 || !m_work.isEmpty();
 }
 
 void StandIns::releaseGL()
 {
-    m_uploads.clear();
     m_painted.clear();
     m_load = {};
 }

@@ -13,9 +13,7 @@
 
 struct StandIn;
 
-namespace Base {
-class GLView;
-}
+class DeviceWork;
 
 /// Decides in which pictures of a view large parts are drawn by a stand-in, and has those made.
 ///
@@ -43,7 +41,7 @@ public:
         Never
     };
 
-    explicit StandIns(Base::GLView& view);
+    explicit StandIns(DeviceWork& work);
     /// Waits for the stand-in at which the thread is.
     ~StandIns() override;
 
@@ -57,7 +55,10 @@ public:
     void rest();
 
     /// Around the painting of the parts.
-    void beginParts(DrawDevice& device);
+    ///
+    /// isPreparing  parts are on their way that will ask for a picture when they are there; until
+    /// then pictures can be coarse as if the mouse moved
+    void beginParts(DrawDevice& device, bool isPreparing);
     void endParts(DrawDevice& device);
     /// Draws a part coarsely, if that is possible and wanted. Of a part with edges the triangles
     /// are drawn alone.
@@ -65,7 +66,7 @@ public:
                QMatrix4x4 const& toEye);
 
     /// Stand-ins that are being made or brought to the device.
-    bool isWorking() const { return m_running > 0 || !m_uploads.empty(); }
+    bool isWorking() const;
 
     /// The context goes.
     void releaseGL();
@@ -75,24 +76,16 @@ signals:
     void rested();
 
 private:
-    struct Upload
-    {
-        std::weak_ptr<PartShape> shape;
-        std::unique_ptr<StandInShape> standIn;
-    };
-
     bool isLarge() const;
     bool isWanted(PartShape const& shape) const;
     void make(std::shared_ptr<PartShape> const& shape);
     void enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<StandIn const> made);
-    void uploadSome();
     void count(PaintedPart const& part);
     std::size_t allowedFor(PaintedPart const& part) const;
 
-    Base::GLView& m_view;
+    DeviceWork& m_work;
     Use m_use = Use::WhenSlow;
     QTimer m_restTimer;
-    QTimer m_uploadTimer;
     bool m_isMoving = false;
     bool m_isSlow = false;
     bool m_isCoarse = false;
@@ -108,6 +101,5 @@ private:
     Load m_loadNow;
     std::vector<std::shared_ptr<PartShape>> m_painted;
     int m_running = 0;
-    std::vector<Upload> m_uploads;
     QThreadPool m_thread;
 };

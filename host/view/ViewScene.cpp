@@ -41,7 +41,8 @@ Turn turnOf(Base::ViewProvider const* provider)
 
 }  // namespace
 
-ViewScene::ViewScene(Base::GLView* view) : m_view(view), m_standIns(*view)
+ViewScene::ViewScene(Base::GLView* view)
+    : m_view(view), m_deviceWork(*view), m_standIns(m_deviceWork)
 {
     QObject::connect(&m_standIns, &StandIns::rested, &m_standIns, [this] { askForPicture(); });
     QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
@@ -128,6 +129,7 @@ void ViewScene::release()
             part->releaseGL();
     m_leaving.clear();
     m_standIns.releaseGL();
+    m_deviceWork.clear();
     m_device.reset();
 }
 
@@ -142,6 +144,21 @@ bool ViewScene::hasSelection() const
 bool ViewScene::hasTools() const
 {
     return std::any_of(m_providers.begin(), m_providers.end(), isTool);
+}
+
+bool ViewScene::isPreparing() const
+{
+    return m_preparer.isWorking() ||
+           std::any_of(m_providers.begin(), m_providers.end(), [](auto const* provider) {
+               auto const* const part = dynamic_cast<Mesh::ViewProvider const*>(provider);
+               return part && part->isComing();
+           });
+}
+
+void ViewScene::finishPreparing()
+{
+    m_preparer.finish();
+    m_deviceWork.finish();
 }
 
 void ViewScene::dropLeaving()
@@ -163,7 +180,7 @@ void ViewScene::paint(PaintedPart& part)
 
 void ViewScene::paintLeaving()
 {
-    if (!m_preparer.isWorking())
+    if (!isPreparing())
         m_leaving.clear();
     for (PaintedPart& part : m_leaving) {
         m_device->resetState();
@@ -174,7 +191,7 @@ void ViewScene::paintLeaving()
 void ViewScene::paintProviders()
 {
     m_preparer.beginPicture();
-    m_standIns.beginParts(*m_device);
+    m_standIns.beginParts(*m_device, isPreparing());
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
         if (turn == Turn::Tool)
             m_standIns.endParts(*m_device);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/DeviceWork.h"
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
 #include "host/view/StandIns.h"
@@ -54,6 +55,11 @@ public:
     void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
     StandIns& standIns() { return m_standIns; }
+    DeviceWork& deviceWork() { return m_deviceWork; }
+    /// A part that is shown is not ready to be painted.
+    bool isPreparing() const;
+    /// Waits until all that is shown is ready for the next picture, or for those that it asks for.
+    void finishPreparing();
     /// A part that is taken out is painted as it was until those that may have come for it are
     /// ready.
     void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
@@ -81,6 +87,7 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     std::vector<PaintedPart> m_leaving;
+    DeviceWork m_deviceWork;
     StandIns m_standIns;
     PartPreparer m_preparer;
 };

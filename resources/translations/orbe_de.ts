@@ -2199,6 +2199,14 @@
         <source>Stop the job and leave the parts as they were (Esc).</source>
         <translation>Den Auftrag abbrechen und die Bauteile lassen, wie sie waren (Esc).</translation>
     </message>
+    <message>
+        <source>%p% - %1 s left</source>
+        <translation>%p% - noch %1 s</translation>
+    </message>
+    <message>
+        <source>%p% - %1 min left</source>
+        <translation>%p% - noch %1 min</translation>
+    </message>
 </context>
 <context>
     <name>LogConsole</name>
