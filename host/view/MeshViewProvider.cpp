@@ -164,6 +164,8 @@ void ViewProvider::paintGL()
             m_view->scene().paint(m_painted);
         return;
     }
+    if (m_view->scene().isHeldBack(m_painted))
+        return;
     m_painted.look = look(*shown);
     m_painted.toWorld = toQt(shown->getMatrix());
     m_view->scene().paint(m_painted);

@@ -90,8 +90,11 @@ void StandIns::beginParts(DrawDevice& device, bool isPreparing)
     m_partsTime.start();
 }
 
-void StandIns::endParts(DrawDevice& device)
+void StandIns::endParts(DrawDevice& device, bool isPreparing)
 {
+    // Nobody else asks for the exact one.
+    if (m_isOwed && !m_isMoving && !isPreparing)
+        emit rested();
     m_load = m_loadNow;
     if (isLarge() && !m_isCoarse) {
         device.finish();
@@ -126,9 +129,10 @@ bool StandIns::paint(DrawDevice& device, PaintedPart& part, QMatrix4x4 const& to
 {
     count(part);
     part.coarseness = 0;
+    bool const isNew = !std::exchange(part.shape->wasPainted, true);
     if (!m_isCoarse) {
         // What is new takes time once to be brought to the device, which does not count.
-        if (!std::exchange(part.shape->wasPainted, true) && m_loadNow.cost >= leastInView) {
+        if (isNew && m_loadNow.cost >= leastInView) {
             device.finish();
             m_partsTime.start();
         }

@@ -8,6 +8,7 @@
 #include "platform/view/GraphicViewProvider.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -155,6 +156,17 @@ bool ViewScene::isPreparing() const
            });
 }
 
+void ViewScene::keepForNow(PaintedPart part)
+{
+    m_leaving.push_back(std::move(part));
+    m_hasJustLeft = true;
+}
+
+bool ViewScene::isHeldBack(PaintedPart const& part) const
+{
+    return !part.shape->wasPainted && !m_leaving.empty() && isPreparing();
+}
+
 void ViewScene::finishPreparing()
 {
     m_preparer.finish();
@@ -191,10 +203,13 @@ void ViewScene::paintLeaving()
 void ViewScene::paintProviders()
 {
     m_preparer.beginPicture();
-    m_standIns.beginParts(*m_device, isPreparing());
+    bool const isWaiting = isPreparing() || std::exchange(m_hasJustLeft, false);
+    if (!isWaiting)
+        m_leaving.clear();
+    m_standIns.beginParts(*m_device, isWaiting);
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
         if (turn == Turn::Tool)
-            m_standIns.endParts(*m_device);
+            m_standIns.endParts(*m_device, isPreparing());
         // A provider may add objects while it paints.
         std::vector<Base::ViewProvider*> const providers = m_providers;
         for (Base::ViewProvider* const provider : providers)

@@ -62,7 +62,10 @@ public:
     void finishPreparing();
     /// A part that is taken out is painted as it was until those that may have come for it are
     /// ready.
-    void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
+    void keepForNow(PaintedPart part);
+    /// A part that has never been painted is not yet, since those that are shown with it are not
+    /// ready and what they come from still stands in their place.
+    bool isHeldBack(PaintedPart const& part) const;
     void paint(PaintedPart& part);
     void paintItems();
 
@@ -87,6 +90,8 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     std::vector<PaintedPart> m_leaving;
+    /// No picture has asked yet for what comes in the place of the last one.
+    bool m_hasJustLeft = false;
     DeviceWork m_deviceWork;
     StandIns m_standIns;
     PartPreparer m_preparer;

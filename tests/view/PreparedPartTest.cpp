@@ -191,3 +191,27 @@ TEST_P(PreparedParts, ThatAreTakenAwayOnTheirWayAreForgotten)
     begin();
     show(GetParam());
 }
+
+TEST_P(PreparedParts, ReplaceWhatWasShownAllTogether)
+{
+    Mesh::DocumentObject* const before = test.add(box(40, 40, 40), "box");
+    view->setPlateVisible(false);
+    lookDown();
+    QImage const shown = view->grabFramebuffer();
+    test.document->removeObject(before);
+    Mesh::DocumentObject* const pieces[] = {test.add(sphere(4, 330, 330), "first"),
+                                            test.add(sphere(2, 560, 560), "second")};
+    // The first one has all that it needs, and the other not.
+    usePrepared(*pieces[0], prepared(*pieces[0]->meshProperty->getMesh()));
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    ViewScene& scene = view->scene();
+    ASSERT_TRUE(scene.isPreparing());
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    while (scene.isPreparing()) {
+        EXPECT_EQ(view->grabFramebuffer(), shown);
+        scene.finishPreparing();
+    }
+    QImage const together = view->grabFramebuffer();
+    EXPECT_NE(together, shown);
+    EXPECT_EQ(view->grabFramebuffer(), together);
+}
