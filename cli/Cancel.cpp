@@ -1,19 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Cancel.h"
 
+#include "platform/jobs/Exceptions.h"
+
 #include <atomic>
 #include <signal.h>
+#include <unistd.h>
 
 namespace Cancel {
 
 namespace {
 
 std::atomic<int> received = 0;
-static_assert(std::atomic<int>::is_always_lock_free, "written by a signal handler");
+std::atomic<bool> endsAtOnce = false;
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free,
+              "used by a signal handler");
 
+/// Nothing but what a signal handler may do.
 void note(int signalNumber)
 {
     received = signalNumber;
+    if (!endsAtOnce)
+        return;
+    constexpr char message[] = "freecut: Cancelled.\n";
+    [[maybe_unused]] ssize_t const written = write(STDERR_FILENO, message, sizeof message - 1);
+    _exit(exitStatus());
 }
 
 }  // namespace
@@ -40,6 +51,20 @@ bool isRequested()
 int exitStatus()
 {
     return 128 + received;
+}
+
+AtOnce::AtOnce()
+{
+    endsAtOnce = true;
+    if (!isRequested())
+        return;
+    endsAtOnce = false;
+    throw Mell::AbortException("Aborting...");
+}
+
+AtOnce::~AtOnce()
+{
+    endsAtOnce = false;
 }
 
 }  // namespace Cancel

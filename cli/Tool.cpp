@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Cancel.h"
 #include "cli/CutRun.h"
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
@@ -160,6 +161,13 @@ void checkPicture(ToolOptions const& options)
                          "; give them different names.");
 }
 
+/// The tool with its outlines, whose offsets take up to a second where teeth are many.
+Freecut::VolumeGraphicObject& drawn(ToolOptions const& options, ToolScene& scene)
+{
+    Cancel::AtOnce const atOnce;
+    return *options.draw(scene);
+}
+
 int runTool(ToolOptions& options)
 {
     options.load();
@@ -167,7 +175,7 @@ int runTool(ToolOptions& options)
     CutRun run(options.name(), options);
     return run.perform([&] {
         ToolScene scene(run.document(), options.view());
-        Freecut::VolumeGraphicObject& tool = *options.draw(scene);
+        Freecut::VolumeGraphicObject& tool = drawn(options, scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
         checkOutlines(outlines);
         tellChanges(run, outlines, tool);
@@ -208,6 +216,7 @@ void addTools(CLI::App& commandLine, Action& action)
         "--clearance 0.1\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --teeth "
         "\"dovetail:3;width=3;lower=2;height=2;count=4\" --clearance 0.15\n"
+        "  freecut polygon plate.stl --view top --outline logo.svg --center 40,20\n"
         "  freecut polygon arm.stl --view front --points \"0,0;20,0;20,30\" --dry-run --svg "
         "outline.svg");
     addTool<CylinderOptions>(

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ToolJob.h"
 
+#include "cli/Cancel.h"
 #include "cli/WorkerRun.h"
 #include "cutjobs/PolygonCutImp.h"
 #include "platform/document/MeshDocument.h"
@@ -27,7 +28,10 @@ void cutByTool(Mesh::Document& document, CutPart& part, Freecut::VolumeGraphicOb
 {
     PolygonCutImp worker(nullptr);
     worker.setObjects({part.object});
-    giveSolids(worker, tool);
+    {
+        Cancel::AtOnce const atOnce;
+        giveSolids(worker, tool);
+    }
     runWorker(worker, part);
     IntegrationRules rules;
     rules.transactionName = "Polygon Cut";

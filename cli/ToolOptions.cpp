@@ -110,6 +110,7 @@ void ToolOptions::load()
                              " is required, or --tool with the file of a drawn tool.");
     clearance();
     cutTill();
+    readShape();
     checkShape();
 }
 

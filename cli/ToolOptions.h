@@ -36,6 +36,8 @@ public:
 
 protected:
     virtual void addShape(CLI::App& command) = 0;
+    /// Reads files that describe it.
+    virtual void readShape() {}
     virtual void checkShape() const = 0;
     virtual Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const = 0;
 

@@ -83,6 +83,13 @@ float ToolScene::depthCoordinate(UPoint3<float> const& world) const
     return seen.Z();
 }
 
+UPoint2<float> ToolScene::freeWay(UPoint2<double> const& way) const
+{
+    UVector3<float> const up = m_view.getViewUpDirection();
+    UVector3<float> const right = up * m_view.getViewDirection();
+    return freeCoordinates(UPoint3<float>() + right * float(way.X()) + up * float(way.Y()));
+}
+
 UPoint2<float> ToolScene::onScreen(UPoint3<float> world) const
 {
     m_view.getEyePointFromWCSPoint(world);

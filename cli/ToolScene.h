@@ -47,6 +47,8 @@ public:
     UPoint2<float> freeCoordinates(UPoint3<float> const& world) const;
     /// The coordinate along the view.
     float depthCoordinate(UPoint3<float> const& world) const;
+    /// The free coordinates of a way along the screen: x to the right, y up.
+    UPoint2<float> freeWay(UPoint2<double> const& way) const;
     /// The point on the screen: x to the right, y up.
     UPoint2<float> onScreen(UPoint3<float> world) const;
     /// Towards the viewer.

@@ -46,11 +46,12 @@ float checkedAngle(std::optional<float> angle, std::string const& option, std::s
 
 void PolygonOptions::addShape(CLI::App& command)
 {
-    command
-        .add_option("--points", m_points,
-                    "The corners, with semicolons between them; put them in quotes")
-        ->type_name("X,Y;X,Y;...")
-        ->required();
+    CLI::Option* const points =
+        command
+            .add_option("--points", m_points,
+                        "The corners, with semicolons between them; put them in quotes")
+            ->type_name("X,Y;X,Y;...");
+    m_outline.addTo(command, points);
     command.add_option("--teeth", m_teeth, teethHelp())
         ->type_name("STYLE:EDGE,...;...")
         ->expected(1)
@@ -71,9 +72,23 @@ std::vector<UPoint2<float>> PolygonOptions::points() const
     return points;
 }
 
+void PolygonOptions::readShape()
+{
+    m_outline.read();
+}
+
+std::size_t PolygonOptions::cornerCount() const
+{
+    return m_outline.isGiven() ? m_outline.cornerCount() : points().size();
+}
+
 void PolygonOptions::checkShape() const
 {
-    std::size_t const edgeCount = points().size();
+    if (m_points.empty() && !m_outline.isGiven())
+        throw UsageError(
+            "--points is required, or --outline with a drawing, or --tool with the file of a drawn "
+            "tool.");
+    std::size_t const edgeCount = cornerCount();
     for (std::string const& text : m_teeth)
         parseTeeth(text, edgeCount);
     roundRadius(m_round);
@@ -81,7 +96,8 @@ void PolygonOptions::checkShape() const
 
 Freecut::VolumeGraphicObject* PolygonOptions::drawShape(ToolScene& scene) const
 {
-    std::vector<UPoint2<float>> const corners = points();
+    std::vector<UPoint2<float>> const corners =
+        m_outline.isGiven() ? m_outline.cornersIn(scene) : points();
     auto* const tool = scene.add<Freecut::PolygonGraphicObject>(corners);
     for (std::string const& text : m_teeth)
         addTeeth(tool->getProperty(), parseTeeth(text, corners.size()));

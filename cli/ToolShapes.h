@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/OutlineOption.h"
 #include "cli/ToolOptions.h"
 
 /// A prism over a polygon, whose edges may have teeth.
@@ -11,13 +12,17 @@ public:
 
 protected:
     void addShape(CLI::App& command) override;
+    void readShape() override;
     void checkShape() const override;
     Freecut::VolumeGraphicObject* drawShape(ToolScene& scene) const override;
 
 private:
     std::vector<UPoint2<float>> points() const;
 
+    std::size_t cornerCount() const;
+
     std::string m_points;
+    OutlineOption m_outline;
     std::vector<std::string> m_teeth;
     std::string m_round;
 };

@@ -3,6 +3,7 @@
 
 #include "connectors/PlacedMesh.h"
 #include "connectors/PlaneFrame.h"
+#include "cutjobs/common/PollingSteps.h"
 
 #include <algorithm>
 #include <array>
@@ -129,13 +130,15 @@ double heightAt(Local const& p, Corners const& t, double area)
 }  // namespace
 
 AxisRays::AxisRays(PlaneFrame const& frame, std::span<UPoint3<float> const> starts,
-                   PlacedMesh const& part)
+                   PlacedMesh const& part, ConnectorProgress::Poll const& poll)
 {
     std::vector<Local> local;
     for (UPoint3<float> const& start : starts)
         local.push_back(frame.toPlaneLocal(start));
     RayGrid const grid(std::move(local));
+    PollingSteps polling(poll);
     for (UTriangle<float> const* const triangle : part.mesh->triangles) {
+        polling.step();
         Corners corners;
         for (int i = 0; i < 3; ++i)
             corners[std::size_t(i)] = frame.toPlaneLocal(part.placed(triangle->cP(i)));

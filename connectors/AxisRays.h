@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorProgress.h"
 #include "platform/geometry/UPoint3.h"
 
 #include <cstdint>
@@ -16,9 +17,11 @@ class AxisRays
 {
 public:
     /// starts  points of the plane, in space
+    /// poll    may be empty
+    /// throws  what the poll throws
     /// cost    one pass over the part's triangles; those beside the rays are only looked at
     AxisRays(PlaneFrame const& frame, std::span<UPoint3<float> const> starts,
-             PlacedMesh const& part);
+             PlacedMesh const& part, ConnectorProgress::Poll const& poll = {});
 
     /// Millimetres of material along N from a start; 0 if it does not lie in material.
     double above(std::size_t ray) const { return reach(ray, 1); }

@@ -116,7 +116,7 @@ std::vector<bool> ConnectorSurvey::ofPins(PinHoleParas const& paras, Points cons
     Points starts;
     for (Point const& position : positions)
         appendStarts(starts, position, paras.radius + paras.sideclearance, m_frame);
-    AxisRays const rays(m_frame, starts, m_source);
+    AxisRays const rays(m_frame, starts, m_source, m_poll);
     double const depth = double(paras.height) + paras.topclearance;
     auto const above = [&](std::size_t ray) { return rays.above(ray); };
     auto const both = [&](std::size_t ray) { return std::min(rays.above(ray), rays.below(ray)); };
@@ -170,7 +170,7 @@ ConnectorSurvey::JointLeaving ConnectorSurvey::ofJoint(LapJointParas const& para
     Points starts = tongueStarts;
     starts.insert(starts.end(), notchStarts.begin(), notchStarts.end());
     // One pass over the part for both.
-    AxisRays const rays(m_frame, starts, m_source);
+    AxisRays const rays(m_frame, starts, m_source, m_poll);
     Leaving const raised = leavingOutline(tongueStarts, paras.notchDepth, rays, 0);
     if (!raised.places.empty())
         add(Kind::ConnectorLeavesPart,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "connectors/ConnectorProgress.h"
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
 #include "connectors/PlacedMesh.h"
@@ -29,9 +30,15 @@ public:
     /// object   the part, to be named in the remarks; not looked at
     /// source   its mesh, uncut
     /// remarks  takes what is found
+    /// poll     called now and then while the part is looked at, which ends with what it throws; may
+    ///          be empty
     ConnectorSurvey(Mesh::DocumentObject* object, PlacedMesh source, PlaneFrame const& frame,
-                    CutRemarks& remarks)
-        : m_object(object), m_source(std::move(source)), m_frame(frame), m_remarks(remarks)
+                    CutRemarks& remarks, ConnectorProgress::Poll poll = {})
+        : m_object(object),
+          m_source(std::move(source)),
+          m_frame(frame),
+          m_remarks(remarks),
+          m_poll(std::move(poll))
     {}
 
     /// Pins that the surface cuts short, holes that open, and faces that cannot meet.
@@ -56,4 +63,5 @@ private:
     PlacedMesh m_source;
     PlaneFrame const& m_frame;
     CutRemarks& m_remarks;
+    ConnectorProgress::Poll m_poll;
 };

@@ -5,6 +5,7 @@
 #include "connectors/HalfJoining.h"
 #include "connectors/LapJointOutline.h"
 #include "connectors/LapJointSolid.h"
+#include "connectors/PolledWork.h"
 #include "connectors/SectionPlanes.h"
 #include "connectors/ShellSurvey.h"
 #include "cutjobs/common/RemarkTexts.h"
@@ -50,34 +51,42 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
     if (contours.empty())
         return {};
     std::vector<MeshKernel> tongue, notch;
+    POLYGON::Polygons tongueOutline, notchOutline;
     runMeshStage([&] {
-        tongue = createNotchMesh(contours, frame, basePlane, true);
-        notch = createNotchMesh(contours, frame, basePlane, false);
+        tongue = createNotchMesh(contours, frame, basePlane, true, tongueOutline);
+        notch = createNotchMesh(contours, frame, basePlane, false, notchOutline);
     });
     // The notch is the wider one, so it is there whenever the tongue is, unless clipping failed.
     if (tongue.empty() || notch.empty()) {
         m_remarks.push_back(noRoomForJoint(part.object));
         return {};
     }
-    LapJointOutline const outline(paras, frame, *basePlane.readMesh());
-    ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks)
-        .ofJoint(paras, outline.of(contours, true), outline.of(contours, false));
-    ShellSurvey const shells(part);
-    sinkFloor(notch.front(), frame, paras.frontClearance);
-    Halves const joined = applyLapJoint(part, tongue, notch);
-    shells.tellOf(joined, m_remarks);
+    Halves joined;
+    runMeshStage([&] {
+        ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks,
+                        ConnectorProgress::poll())
+            .ofJoint(paras, tongueOutline, notchOutline);
+        ShellSurvey const shells(part, ConnectorProgress::poll());
+        sinkFloor(notch.front(), frame, paras.frontClearance);
+        joined = applyLapJoint(part, tongue, notch);
+        shells.tellOf(joined, m_remarks);
+    });
     return joined;
 }
 
 std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionContour> const& contours,
                                                         PlaneFrame const& frame,
-                                                        MeshKernel const& basePlane,
-                                                        bool tongue) const
+                                                        MeshKernel const& basePlane, bool tongue,
+                                                        POLYGON::Polygons& outline) const
 {
+    ConnectorProgress::Poll const poll = ConnectorProgress::poll();
+    outline =
+        LapJointOutline::polled(paras, frame, basePlane.readMesh(), contours, tongue, poll);
+    auto const extruded = [outline, paras = paras, frame, tongue] {
+        return notchMesh(outline, paras, frame, tongue);
+    };
     std::vector<MeshKernel> solid;
-    POLYGON::Polygons const outline = LapJointOutline::polled(
-        paras, frame, basePlane.readMesh(), contours, tongue, ConnectorProgress::poll());
-    if (auto mesh = notchMesh(outline, paras, frame, tongue))
+    if (auto mesh = runPolled(extruded, poll))
         solid.emplace_back(mesh.release());
     return solid;
 }
@@ -86,9 +95,5 @@ Halves LapJointCutter::applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& t
                                      std::vector<MeshKernel>& notch) const
 {
     constexpr ConnectorProgress::Share stage{40, 60};
-    Halves joined;
-    runMeshStage([&] {
-        joined = joinRaisedAndHollow(part, tongue.front(), notch.front(), part.stage(stage));
-    });
-    return joined;
+    return joinRaisedAndHollow(part, tongue.front(), notch.front(), part.stage(stage));
 }

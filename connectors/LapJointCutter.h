@@ -10,6 +10,9 @@
 namespace Freecut {
 class PlaneGraphicObject;
 }
+namespace POLYGON {
+class Polygons;
+}
 class PlaneFrame;
 
 /// Cuts parts along a plane and shapes the two faces of each as tongue and notch. The lower half,
@@ -44,9 +47,11 @@ private:
     std::optional<Halves> connect(PartOfRun& part, PlaneFrame const& frame,
                                   MeshKernel const& basePlane);
     /// The tongue or the notch as one kernel, or none.
+    ///
+    /// outline  receives its outline
     std::vector<MeshKernel> createNotchMesh(std::vector<SectionContour> const& contours,
                                             PlaneFrame const& frame, MeshKernel const& basePlane,
-                                            bool tongue) const;
+                                            bool tongue, POLYGON::Polygons& outline) const;
     Halves applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& tongue,
                          std::vector<MeshKernel>& notch) const;
 

@@ -72,12 +72,16 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& for
     }
     if (isGiven)
         refuseOverlaps(positions, paras);
-    ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks)
-        .ofPins(paras, positions);
-    ShellSurvey const shells(part);
-    Halves const joined = paras.isPin ? applyPins(part, form, frame, positions)
-                                      : applyHoles(part, form, frame, positions);
-    shells.tellOf(joined, m_remarks);
+    Halves joined;
+    runMeshStage([&] {
+        ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks,
+                        ConnectorProgress::poll())
+            .ofPins(paras, positions);
+        ShellSurvey const shells(part, ConnectorProgress::poll());
+        joined = paras.isPin ? applyPins(part, form, frame, positions)
+                             : applyHoles(part, form, frame, positions);
+        shells.tellOf(joined, m_remarks);
+    });
     return joined;
 }
 
@@ -100,13 +104,8 @@ Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame
     std::vector<MeshKernel> holes;
     PinBodies(paras, frame).createPinBodies(positions, pins, holes);
     sinkFloor(holes.front(), frame, paras.faceclearance);
-    Halves joined;
-    runMeshStage([&] {
-        joined =
-            joinRaisedAndHollow(part, pins.front(), holes.front(),
-                                part.stage({form.connectorStart, pinsEnd - form.connectorStart}));
-    });
-    return joined;
+    return joinRaisedAndHollow(part, pins.front(), holes.front(),
+                               part.stage({form.connectorStart, pinsEnd - form.connectorStart}));
 }
 
 Halves PinHoleCutter::applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
@@ -114,10 +113,6 @@ Halves PinHoleCutter::applyHoles(PartOfRun& part, RunForm const& form, PlaneFram
 {
     std::vector<MeshKernel> holes;
     PinBodies(paras, frame).createHoleBodies(positions, holes);
-    Halves joined;
-    runMeshStage([&] {
-        joined = takeOutOfBoth(part, holes.front(),
-                               part.stage({form.connectorStart, holesEnd - form.connectorStart}));
-    });
-    return joined;
+    return takeOutOfBoth(part, holes.front(),
+                         part.stage({form.connectorStart, holesEnd - form.connectorStart}));
 }

@@ -67,6 +67,8 @@ std::vector<Point> PinPlacement::besideContours(std::vector<SectionContour> cons
         distributeAlongLines(linesBesideContours(contours), m_paras.spacing, m_poll);
     PQPDistance const section(cap, {});
     std::erase_if(positions, [&](Point const& p) {
+        if (m_poll)
+            m_poll();
         return std::abs(section.distance(p)) >= double(m_paras.radius);
     });
     return positions;

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "cutjobs/CutWorker.h"
+#include "cutjobs/VolumePieces.h"
 #include "cutjobs/common/CutResultMap.h"
 
 #include <memory>
 #include <vector>
-
-class MeshKernel;
 
 /// The worker of the volume cut: splits each part into what lies within a solid tool and what lies
 /// outside it. With a clearance the tool is two solids, and what lies between them goes. It serves
@@ -37,14 +36,11 @@ public slots:
     void doWork() override;
 
 private:
-    struct Pieces;
-
     void run(std::function<void(int)> progress);
-    Pieces split(MeshKernel const& part, MeshKernel& in, std::function<void(int)> const& progress,
-                 int index);
-    Pieces cutApart(MeshKernel const& part, MeshKernel& in, MeshKernel& out,
-                    std::function<void(int)> const& progress, int index);
-    void remarkOn(Mesh::DocumentObject* part, MeshKernel const& kernel, Pieces const& pieces);
+    VolumePieces split(MeshKernel const& part, MeshKernel& in,
+                       std::function<void(int)> const& progress, int index);
+    VolumePieces cutApart(MeshKernel const& part, MeshKernel& in, MeshKernel& out,
+                          std::function<void(int)> const& progress, int index);
     int partCount() const { return int(m_objects.size()); }
 
     std::vector<Mesh::DocumentObject*> m_objects;

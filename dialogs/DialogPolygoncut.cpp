@@ -4,6 +4,7 @@
 #include "cutjobs/PolygonCutImp.h"
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/WorkerThread.h"
+#include "dialogs/CutForecast.h"
 #include "dialogs/CutNotes.h"
 #include "dialogs/DialogCoordinateUI.h"
 #include "dialogs/PartQuery.h"
@@ -135,10 +136,12 @@ void DialogPolygoncut::initStatus()
     // While the command that opens the dialog runs, no tool takes the place of another one.
     m_filtered->stopSelection();
     m_filtered->startSelection(PolygoncutSelection::toolName);
+    ui.forecast->begin([this] { return forecastScene(); });
 }
 
 void DialogPolygoncut::restoreStatus()
 {
+    ui.forecast->end();
     if (!m_filtered)
         return;
     m_filtered->removeEventFilter(this);
@@ -230,13 +233,15 @@ void DialogPolygoncut::slotNewObject(Base::DocumentObject*)
     updateGUI();
 }
 
-void DialogPolygoncut::slotReplaceObject(Base::DocumentObject*)
+void DialogPolygoncut::slotReplaceObject(Base::DocumentObject* replaced)
 {
+    ui.forecast->objectChanges(replaced);
     updateGUI();
 }
 
 void DialogPolygoncut::slotDelObject(Base::DocumentObject* gone, std::string className)
 {
+    ui.forecast->objectChanges(gone);
     if (isSolidTool(className)) {
         getDocument()->removefromSelectedObjects(gone);
         setObject(nullptr);
@@ -266,6 +271,9 @@ bool DialogPolygoncut::eventFilter(QObject* watched, QEvent* event)
             updateModelData();
         }
     }
+    // A camera that was turned takes the tool along.
+    if (watched == m_filtered && event->type() == QEvent::Paint)
+        ui.forecast->refresh();
     return DialogWidgetOneOff::eventFilter(watched, event);
 }
 
@@ -314,9 +322,18 @@ void DialogPolygoncut::updateGUI()
     ui.stopPreview->setEnabled(false);
     ui.ok->setEnabled(isReady && !page().holdsCut());
     ui.showProblem(problemOfTool());
+    ui.forecast->refresh();
     showPoint();
     if (m_coordinates)
         m_coordinates->refresh();
+}
+
+CutForecast::Scene DialogPolygoncut::forecastScene() const
+{
+    VolumeGraphicObject* const tool = toolOfPage();
+    if (!tool || !page().isComplete(*tool) || m_job.isRunning())
+        return {};
+    return {tool, view(), PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked())};
 }
 
 void DialogPolygoncut::refreshPages()
@@ -491,6 +508,7 @@ void DialogPolygoncut::execute()
         return;
     }
     m_worker->setObjects(parts);
+    ui.forecast->clear();
     emit signalOperate();
     m_job.start();
 }
@@ -498,6 +516,7 @@ void DialogPolygoncut::execute()
 void DialogPolygoncut::processEnd()
 {
     m_job.end();
+    ui.forecast->refresh();
 }
 
 void DialogPolygoncut::handleResult(bool ok)
@@ -505,6 +524,7 @@ void DialogPolygoncut::handleResult(bool ok)
     if (!ok) {
         warnFailure(m_worker->getErrorMessage(), m_worker->reason());
         m_job.end();
+        ui.forecast->refresh();
         return;
     }
     IntegrationRules rules;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/AnnouncedJob.h"
+#include "dialogs/CutForecast.h"
 #include "dialogs/PolygonCutWidgets.h"
 #include "dialogs/ToolPreview.h"
 #include "platform/geometry/UPoint3.h"
@@ -117,6 +118,7 @@ private:
     SolidToolPage& page() const;
     /// The tool if it is of the tab's kind.
     VolumeGraphicObject* toolOfPage() const;
+    CutForecast::Scene forecastScene() const;
     void refreshPages();
     void showRestored();
     std::optional<UPoint3<float>> shownPoint() const;

@@ -2,6 +2,7 @@
 #include "dialogs/PolygonCutWidgets.h"
 
 #include "dialogs/CuboidCutUI.h"
+#include "dialogs/CutForecast.h"
 #include "dialogs/CylinderCutUI.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/PolygonCutUI.h"
@@ -116,6 +117,8 @@ QWidget* PolygonCutWidgets::buildType()
     problem->hide();
     column->addWidget(problem);
     column->addWidget(buildPreview());
+    forecast = new CutForecast(content);
+    column->addWidget(forecast);
     return content;
 }
 

@@ -16,6 +16,7 @@ class QWidget;
 
 namespace Freecut {
 
+class CutForecast;
 class DialogPolygoncut;
 class PolygonCutUI;
 class SolidToolPage;
@@ -49,6 +50,7 @@ public:
     ToolButton* startPreview;
     ToolButton* stopPreview;
     ToolButton* reset;
+    CutForecast* forecast;
 
     QCheckBox* removeOriginal;
 

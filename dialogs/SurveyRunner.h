@@ -2,69 +2,40 @@
 #pragma once
 
 #include "connectors/SectionSurvey.h"
+#include "dialogs/NewestWork.h"
 
-#include <QElapsedTimer>
-#include <QObject>
-#include <QString>
-#include <QThreadPool>
-
-#include <atomic>
-#include <memory>
+#include <string>
 #include <vector>
 
 namespace Freecut {
 
-/// Surveys sections on a thread of its own. The newest request wins: of those that wait only the
-/// last one is done, and one that runs is given up for it unless it is nearly done, so that what is
-/// shown follows a drag.
+/// Surveys sections in the background; the newest request wins.
 ///
 /// thread  the user interface thread; nothing of it waits but finish() and the destructor
-class SurveyRunner : public QObject
+class SurveyRunner : public NewestWork
 {
     Q_OBJECT
 
 public:
     using Requests = std::vector<SurveyRequest>;
-
-    /// What became of a request.
     struct Result
     {
-        /// One for each part, in the order of the request; those of the parts that can be surveyed.
+        /// Of the parts that could be surveyed, in the order of the requests.
         std::vector<SectionSurvey> surveys;
-        /// Why the others cannot.
+        /// Why others could not.
         std::vector<std::string> failures;
     };
 
-    SurveyRunner();
-    /// Gives up what runs.
-    ~SurveyRunner() override;
-
-    /// Asks for a survey of these parts in place of all that was asked for before. ready() follows
-    /// unless another request comes.
+    /// Asks for a survey of these parts in place of all that was asked for before.
     void ask(Requests requests);
-    /// Forgets what was asked for.
+    /// Forgets what was asked for, and what is known.
     void drop();
-    /// Whether the newest request is not done yet.
-    bool isBusy() const { return m_latest != m_done; }
-    /// Waits until it is, and has it told.
-    void finish();
 
     /// Of the newest request that is done.
     Result const& result() const { return m_result; }
 
-signals:
-    void ready();
-
 private:
-    void run(Requests const& requests, unsigned long serial);
-    void enter(unsigned long serial, std::shared_ptr<Result> const& result);
-
-    std::atomic<unsigned long> m_latest = 0;
-    /// Nothing before this one is to be shown.
-    unsigned long m_firstWanted = 0;
-    unsigned long m_done = 0;
     Result m_result;
-    QThreadPool m_thread;
 };
 
 }  // namespace Freecut

@@ -4,6 +4,7 @@
 #include "display/VolumeViewProvider.h"
 #include "platform/mesh/UMesh.h"
 #include "tools/PrismMesh.h"
+#include "tools/SolidLoops.h"
 #include "tools/VolumeOutline.h"
 #include "tools/VolumeProperty.h"
 
@@ -45,13 +46,12 @@ UMesh<float>* nominal(GraphicViewProvider* provider)
         return nullptr;
     VolumeOutline const& outline = *volume->getOutline();
     UVector3<float> const extrudeVector = outline.record().getExtrudeVector();
-    if (!outline.isRing())
-        bringBottomUpToDate(*volume);
-    Loops const& top = outline.outlines().topLoops;
     // A ring needs no built solid.
-    Loops const bottom =
-        outline.isRing() ? translated(top, -extrudeVector) : outline.outlines().bottomLoops;
-    return prismsOf(top, bottom, extrudeVector).release();
+    if (outline.isRing())
+        return prismsBelow(outline.outlines().topLoops, extrudeVector).release();
+    bringBottomUpToDate(*volume);
+    return prismsOf(outline.outlines().topLoops, outline.outlines().bottomLoops, extrudeVector)
+        .release();
 }
 
 std::vector<UMesh<float>*> inAndOut(GraphicViewProvider* provider)
@@ -66,8 +66,7 @@ std::vector<UMesh<float>*> inAndOut(GraphicViewProvider* provider)
     UVector3<float> const extrudeVector = outline.record().getExtrudeVector();
     Mesh inner =
         prismsOf(outline.outlines().topLoops, outline.outlines().bottomLoops, extrudeVector);
-    Loops const outerTop = outline.outerOutline();
-    Mesh outer = prismsOf(outerTop, translated(outerTop, -extrudeVector), extrudeVector);
+    Mesh outer = prismsBelow(outline.outerOutline(), extrudeVector);
     std::vector<UMesh<float>*> meshes;
     if (!inner->vertices.empty())
         meshes.push_back(inner.release());

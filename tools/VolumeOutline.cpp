@@ -143,12 +143,7 @@ void VolumeOutline::keepPaths(Loops& paths) const
 
 void VolumeOutline::chooseCaps()
 {
-    if (hasClearance() && goesInward(m_record.getClearanceDirection()))
-        m_outlines.topLoops = m_outlines.innerLoops;
-    else if (rounding().counts())
-        m_outlines.topLoops = m_outlines.roundedLoops;
-    else
-        m_outlines.topLoops = nominalWithoutRepeat();
+    m_outlines.topLoops = innerOutline();
     m_outlines.bottomLoops = m_outlines.topLoops;
 }
 
@@ -180,6 +175,13 @@ void VolumeOutline::appendSolid(SolidPreview& preview) const
         preview.addSides(m_outlines.topLoops[i], m_outlines.bottomLoops[i]);
     for (Ring const& bottom : m_outlines.bottomLoops)
         preview.addCaps(bottom, m_record.getExtrudeVector());
+}
+
+Loops VolumeOutline::innerOutline() const
+{
+    if (hasClearance() && goesInward(m_record.getClearanceDirection()))
+        return m_outlines.innerLoops;
+    return rounding().counts() ? m_outlines.roundedLoops : nominalWithoutRepeat();
 }
 
 Loops VolumeOutline::outerOutline() const

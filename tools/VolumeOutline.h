@@ -41,6 +41,9 @@ public:
     /// isOpenGL33  points for the geometry shader instead of triangles with normals
     void buildSolidBuffers(bool isOpenGL33);
 
+    /// The outline of the inner solid: the one moved inward if the clearance goes there, or else
+    /// the rounded one if rounding counts, or else the nominal one. Without repeats.
+    Loops innerOutline() const;
     /// The outline of the outer solid: the one moved outward, or else the rounded one if rounding
     /// is on, whether it has points or not, or else the nominal one. Without repeats.
     Loops outerOutline() const;

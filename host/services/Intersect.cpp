@@ -6,6 +6,7 @@
 #include "host/services/boolean/SolidBoolean.h"
 #include "host/services/planecut/PlaneCut.h"
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/services/SolidSplit.h"
 
 #include <QCoreApplication>
 
@@ -126,4 +127,24 @@ void Intersect::boolean_subtract_keep(MeshKernel* a, MeshKernel* b, MeshKernel* 
     auto results = combineSolids(part.kernel(), *b, pieces, progress);
     std::array const kernels{first, second};
     deliver(results, part, kernels);
+}
+
+ContourLines splitWithContours(MeshKernel const& part, MeshKernel const& tool, MeshKernel* inside,
+                               MeshKernel* outside, std::function<void(int)> const& progress)
+{
+    PlacedSolid const solid(part);
+    std::vector<BooleanPiece> pieces;
+    std::vector<MeshKernel*> kernels;
+    auto const want = [&](MeshKernel* kernel, BooleanPiece piece) {
+        if (!kernel)
+            return;
+        kernels.push_back(kernel);
+        pieces.push_back(piece);
+    };
+    want(inside, BooleanPiece::common);
+    want(outside, BooleanPiece::difference);
+    BooleanSurvey survey;
+    auto results = combineSolids(solid.kernel(), tool, pieces, progress, &survey);
+    deliver(results, solid, kernels);
+    return std::move(survey.contours);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/StageProgress.h"
 
+#include "host/services/EveryStep.h"
+
 #include <tbb/task_group.h>
 
 #include <algorithm>
@@ -28,7 +30,8 @@ bool StageProgress::add(std::size_t steps)
     std::size_t const done = m_done.fetch_add(steps, std::memory_order_relaxed) + steps;
     if (std::this_thread::get_id() != m_caller)
         return !tbb::is_current_task_group_canceling();
-    if (m_progress && std::chrono::steady_clock::now() - m_last > std::chrono::milliseconds(10)) {
+    if (m_progress && (std::chrono::steady_clock::now() - m_last > std::chrono::milliseconds(10) ||
+                       EveryStep::isWanted())) {
         double const share = std::min(1.0, double(done) / double(m_amount));
         report(m_from + int(share * (m_to - m_from)));
     }
@@ -48,4 +51,10 @@ void StageProgress::report(int percent)
     m_hasThrown = true;
     m_progress(percent);
     m_hasThrown = false;
+}
+
+int& EveryStep::count()
+{
+    static thread_local int count = 0;
+    return count;
 }

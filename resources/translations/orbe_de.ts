@@ -982,6 +982,93 @@
     </message>
 </context>
 <context>
+    <name>Drawings</name>
+    <message>
+        <source>The drawing is larger than a kilometre. Choose another unit.</source>
+        <translation>Die Zeichnung ist größer als ein Kilometer. Wählen Sie eine andere Einheit.</translation>
+    </message>
+    <message>
+        <source>A path has more than 20,000 points. Simplify it, or draw it smaller.</source>
+        <translation>Ein Pfad hat mehr als 20.000 Punkte. Vereinfachen Sie ihn oder zeichnen Sie ihn kleiner.</translation>
+    </message>
+    <message>
+        <source>The drawing %1 cannot be read: %2.</source>
+        <translation>Die Zeichnung %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>It is too large. Save the outline alone.</source>
+        <translation>Sie ist zu groß. Speichern Sie nur den Umriss.</translation>
+    </message>
+    <message>
+        <source>Only SVG and DXF are read. Save it as one of them.</source>
+        <translation>Gelesen werden nur SVG und DXF. Speichern Sie sie als eines davon.</translation>
+    </message>
+    <message>
+        <source>The drawing %1 cannot be used. %2</source>
+        <translation>Die Zeichnung %1 lässt sich nicht verwenden. %2</translation>
+    </message>
+    <message>
+        <source>The drawing has no path. Draw one, or turn texts and objects into paths first.</source>
+        <translation>Die Zeichnung hat keinen Pfad. Zeichnen Sie einen, oder wandeln Sie Texte und Objekte erst in Pfade um.</translation>
+    </message>
+    <message>
+        <source>There is no path %1. Choose one from 1 to %2.</source>
+        <translation>Es gibt keinen Pfad %1. Wählen Sie einen von 1 bis %2.</translation>
+    </message>
+    <message>
+        <source>Path %1 is open: it begins at %2 and ends at %3. Close it in the drawing, or choose another path by its number.</source>
+        <translation>Pfad %1 ist offen: Er beginnt bei %2 und endet bei %3. Schließen Sie ihn in der Zeichnung, oder wählen Sie einen anderen Pfad nach seiner Nummer.</translation>
+    </message>
+    <message>
+        <source>Path %1 encloses nothing. Choose another path by its number.</source>
+        <translation>Pfad %1 umschließt nichts. Wählen Sie einen anderen Pfad nach seiner Nummer.</translation>
+    </message>
+    <message>
+        <source>It is damaged. Save it anew as DXF.</source>
+        <translation>Sie ist beschädigt. Speichern Sie sie neu als DXF.</translation>
+    </message>
+    <message>
+        <source>It has shapes that stand upright on its plane. Lay them flat.</source>
+        <translation>Sie hat Formen, die aufrecht auf ihrer Ebene stehen. Legen Sie sie flach.</translation>
+    </message>
+    <message>
+        <source>It has a spline without control points. Turn it into arcs or polylines.</source>
+        <translation>Sie hat einen Spline ohne Kontrollpunkte. Wandeln Sie ihn in Bögen oder Polylinien um.</translation>
+    </message>
+    <message>
+        <source>Its unit of number %1 is not known. Name the unit yourself.</source>
+        <translation>Ihre Einheit mit der Nummer %1 ist nicht bekannt. Geben Sie die Einheit selbst an.</translation>
+    </message>
+    <message>
+        <source>It has inserted blocks, which are not read. Explode them first.</source>
+        <translation>Sie hat eingefügte Blöcke, die nicht gelesen werden. Lösen Sie sie erst auf.</translation>
+    </message>
+    <message>
+        <source>It is no SVG at line %1, column %2: %3. Save it anew.</source>
+        <translation>Sie ist in Zeile %1, Spalte %2 kein SVG: %3. Speichern Sie sie neu.</translation>
+    </message>
+    <message>
+        <source>It is no SVG. Save it as SVG.</source>
+        <translation>Sie ist kein SVG. Speichern Sie sie als SVG.</translation>
+    </message>
+    <message>
+        <source>It has a clone or a drawing within the drawing at line %1, which are not read. Turn them into paths in the drawing program.</source>
+        <translation>Sie hat in Zeile %1 einen Klon oder eine Zeichnung in der Zeichnung, die nicht gelesen werden. Wandeln Sie sie im Zeichenprogramm in Pfade um.</translation>
+    </message>
+    <message>
+        <source>Its page has no size. Save it with a width and a height.</source>
+        <translation>Ihre Seite hat keine Größe. Speichern Sie sie mit Breite und Höhe.</translation>
+    </message>
+    <message>
+        <source>The length &quot;%1&quot; cannot be read. Give it in px, mm, cm, in, pt or pc.</source>
+        <translation>Die Länge „%1“ lässt sich nicht lesen. Geben Sie sie in px, mm, cm, in, pt oder pc an.</translation>
+    </message>
+    <message>
+        <source>The transform &quot;%1&quot; cannot be read. Apply it in the drawing program.</source>
+        <translation>Die Transformation „%1“ lässt sich nicht lesen. Wenden Sie sie im Zeichenprogramm an.</translation>
+    </message>
+</context>
+<context>
     <name>ExportDialog</name>
     <message>
         <source>All parts in one file</source>
@@ -1418,6 +1505,49 @@
     </message>
 </context>
 <context>
+    <name>Freecut::CutForecast</name>
+    <message>
+        <source>Pieces: %1 (inside the tool %2, outside %3)</source>
+        <translation>Teilstücke: %1 (im Werkzeug %2, außerhalb %3)</translation>
+    </message>
+    <message>
+        <source>Further parts: %1</source>
+        <translation>Weitere Teile: %1</translation>
+    </message>
+    <message>
+        <source>Gap between the pieces: at least %1</source>
+        <translation>Spalt zwischen den Teilstücken: mindestens %1</translation>
+    </message>
+    <message>
+        <source>Smallest gap between teeth: %1</source>
+        <translation>Kleinste Lücke zwischen Zähnen: %1</translation>
+    </message>
+    <message>
+        <source>The clearance closes a neck inside the outline: what lies beyond it comes off or is lost. Choose a smaller clearance.</source>
+        <translation>Das Spiel schließt eine Engstelle im Umriss: Was dahinter liegt, löst sich oder geht verloren. Wählen Sie ein kleineres Spiel.</translation>
+    </message>
+    <message>
+        <source>A tooth is too narrow for the clearance and is lost. Choose a smaller clearance or wider teeth.</source>
+        <translation>Ein Zahn ist zu schmal für das Spiel und geht verloren. Wählen Sie ein kleineres Spiel oder breitere Zähne.</translation>
+    </message>
+    <message>
+        <source>The clearance closes the room between two teeth or a bay of the outline. Choose a smaller clearance or more room.</source>
+        <translation>Das Spiel schließt den Raum zwischen zwei Zähnen oder eine Bucht des Umrisses. Wählen Sie ein kleineres Spiel oder mehr Raum.</translation>
+    </message>
+    <message>
+        <source>The part stays whole: the tool misses it.</source>
+        <translation>Das Teil bleibt ganz: Das Werkzeug trifft es nicht.</translation>
+    </message>
+    <message>
+        <source>The part stays whole: it lies within the tool.</source>
+        <translation>Das Teil bleibt ganz: Es liegt im Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Parts that stay whole: %1</source>
+        <translation>Teile, die ganz bleiben: %1</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::EditHistory</name>
     <message>
         <source>All edits of the tool have been taken back. Press Esc to end the tool, and then undo goes on with the parts.</source>
@@ -1660,6 +1790,57 @@
     </message>
 </context>
 <context>
+    <name>OutlineImportDialog</name>
+    <message>
+        <source>Import outline</source>
+        <translation>Umriss einlesen</translation>
+    </message>
+    <message>
+        <source>As the drawing says</source>
+        <translation>Wie in der Zeichnung angegeben</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Middle at %1</source>
+        <translation>Mitte bei %1</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Einlesen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The largest</source>
+        <translation>Der größte</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2, open</source>
+        <translation>%1: %2, offen</translation>
+    </message>
+    <message>
+        <source>%1, %2 corners</source>
+        <translation>%1, %2 Ecken</translation>
+    </message>
+</context>
+<context>
     <name>ToolFileButton</name>
     <message>
         <source>Open tool...</source>
@@ -1686,8 +1867,20 @@
         <translation>Werkzeugdatei...</translation>
     </message>
     <message>
-        <source>Saves the drawn tool, and opens one that was saved.</source>
-        <translation>Speichert das gezeichnete Werkzeug und öffnet ein gespeichertes.</translation>
+        <source>Import outline...</source>
+        <translation>Umriss einlesen...</translation>
+    </message>
+    <message>
+        <source>Import outline</source>
+        <translation>Umriss einlesen</translation>
+    </message>
+    <message>
+        <source>Drawings (*.svg *.dxf)</source>
+        <translation>Zeichnungen (*.svg *.dxf)</translation>
+    </message>
+    <message>
+        <source>Saves the drawn tool, opens one that was saved, or takes an outline from a drawing.</source>
+        <translation>Speichert das gezeichnete Werkzeug, öffnet ein gespeichertes oder liest einen Umriss aus einer Zeichnung ein.</translation>
     </message>
 </context>
 <context>

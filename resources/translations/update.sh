@@ -8,7 +8,7 @@ folder=$2
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.." && pwd)
 
 sources=()
-for name in platform host messages cutjobs connectors tools selection display dialogs module app; do
+for name in platform host messages drawings cutjobs connectors tools selection display dialogs module app; do
     if [[ -d $root/$name ]]; then
         sources+=("$root/$name")
     fi

@@ -28,11 +28,12 @@ struct Include
     std::string place() const { return file + ":" + std::to_string(line) + " includes " + target; }
 };
 
-std::vector<std::string> const plugInFolders = {"cutjobs",   "connectors", "tools",   "messages",
-                                                "selection", "display",    "dialogs", "module"};
-std::vector<std::string> const allFolders = {"platform", "host",     "cutjobs",   "connectors",
-                                             "tools",    "messages", "selection", "display",
-                                             "dialogs",  "module",   "app",       "cli"};
+std::vector<std::string> const plugInFolders = {"drawings", "cutjobs",  "connectors",
+                                                "tools",    "messages", "selection",
+                                                "display",  "dialogs",  "module"};
+std::vector<std::string> const allFolders = {
+    "platform",  "host",    "drawings", "cutjobs", "connectors", "tools", "messages",
+    "selection", "display", "dialogs",  "module",  "app",        "cli"};
 
 /// Which rooms the files of a room may include, besides their own and platform. The rooms of host and
 /// app are folders within these.
@@ -50,16 +51,18 @@ std::map<std::string, std::set<std::string>> const allowed = {
     {"host/view", {"host/mesh", "host/services"}},
 
     {"messages", {}},
+    {"drawings", {}},
     {"tools", {}},
     {"connectors", {"cutjobs", "tools"}},
     {"cutjobs", {"connectors", "tools"}},
     {"display", {"tools"}},
     {"selection", {"messages", "display", "tools"}},
-    {"dialogs", {"selection", "messages", "display", "cutjobs", "connectors", "tools"}},
+    {"dialogs", {"drawings", "selection", "messages", "display", "cutjobs", "connectors", "tools"}},
     {"module", {"dialogs", "selection", "messages", "display", "cutjobs", "connectors", "tools"}},
 
     {"cli",
-     {"display", "cutjobs", "connectors", "tools", "host/formats", "host/jobs", "host/mesh"}},
+     {"drawings", "display", "cutjobs", "connectors", "tools", "host/formats", "host/jobs",
+      "host/mesh"}},
 
     {"app",
      {"app/commands", "app/files", "app/jobs", "app/modules", "app/view", "app/window",

@@ -227,7 +227,8 @@ TEST_F(ToolFileOptions, TheFileStandsForTheWholeShape)
 {
     expectRefused("polygon", {"--tool", "tool.json", "--clearance", "1"}, "--clearance");
     expectRefused("polygon", {"--tool", "tool.json", "--view", "top"}, "--view");
-    expectRefused("polygon", {"--view", "top"}, "--points is required, or --tool");
+    expectRefused("polygon", {"--view", "top"},
+                  "--points is required, or --outline with a drawing, or --tool");
     expectRefused("cylinder", {"--tool", "tool.json"},
                   "tool.json holds a polygon. Cut with it by freecut polygon.");
     expectRefused("polygon", {"--tool", "no.json"}, "no.json cannot be read");

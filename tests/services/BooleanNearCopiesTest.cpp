@@ -1,47 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/boolean/ExactRoom.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/NearCopies.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace {
-
-double sizeOf(Soup const& soup)
-{
-    UBox3<float> box;
-    for (auto const& p : soup.points)
-        box.Add(p);
-    return (box.max - box.min).GetLength();
-}
-
-/// share  of the size
-Soup shifted(Soup soup, double share)
-{
-    double const way = share * sizeOf(soup);
-    for (auto& p : soup.points)
-        p += UVector3<float>(float(0.6 * way), float(0.5 * way), float(0.62 * way));
-    return soup;
-}
-
-/// Turned around a vertical axis through the middle.
-Soup turned(Soup soup, double radians)
-{
-    UBox3<float> box;
-    for (auto const& p : soup.points)
-        box.Add(p);
-    UPoint3<float> const middle = (box.min + box.max) * 0.5f;
-    double const c = std::cos(radians), s = std::sin(radians);
-    for (auto& p : soup.points) {
-        double const x = double(p.X()) - middle.X(), y = double(p.Y()) - middle.Y();
-        p = {float(middle.X() + c * x - s * y), float(middle.Y() + s * x + c * y), p.Z()};
-    }
-    return soup;
-}
 
 /// Faults of a surface of which each edge joins two triangles, its points joined by their places.
 std::string faultsOf(Soup soup)
@@ -72,11 +38,11 @@ void expectSoundBesideItself(NamedSoup const& part)
         return;
     for (double const share : {1e-6, 1e-5, 1e-4, 1e-3}) {
         SCOPED_TRACE(part.name + " shifted by " + std::to_string(share) + " of its size");
-        expectSound(part.soup, shifted(part.soup, share));
+        expectSound(part.soup, shiftedCopy(part.soup, share));
     }
     for (double const angle : {1e-7, 1e-6, 1e-5, 1e-4, 1e-3}) {
         SCOPED_TRACE(part.name + " turned by " + std::to_string(1e6 * angle) + " millionths");
-        expectSound(part.soup, turned(part.soup, angle));
+        expectSound(part.soup, turnedCopy(part.soup, angle));
     }
 }
 
@@ -129,16 +95,4 @@ TEST(BooleanTouching, AnEdgeOfFourThatThePartHasStaysAsItIs)
     EXPECT_NE(rest.triangles.size(), part.triangles.size());
     EXPECT_NE(faultsOf(rest), "");
     EXPECT_EQ(closedSolidFaults(rest), "");
-}
-
-/// The exact way ends with a sentence before it begins where it would take more than four gigabytes.
-TEST(BooleanBudget, ReachesToFourGigabytesAndNoFurther)
-{
-    EXPECT_TRUE(hasExactRoom(0, 0));
-    EXPECT_TRUE(hasExactRoom(2'863'311, 0));
-    EXPECT_FALSE(hasExactRoom(2'863'312, 0));
-    EXPECT_TRUE(hasExactRoom(0, 71'582));
-    EXPECT_FALSE(hasExactRoom(0, 71'583));
-    EXPECT_TRUE(hasExactRoom(1'000'000, 46'582));
-    EXPECT_FALSE(hasExactRoom(1'000'000, 46'583));
 }

@@ -136,8 +136,12 @@ TEST(ToolGrid, EveryToolTriangleThatMeetsATriangleIsFound)
             if (isFlat(t))
                 continue;
             std::set<std::uint32_t> visited;
-            grid.forTriangles(grid.placeOf(t[0]), grid.placeOf(t[1]), grid.placeOf(t[2]),
-                              [&](std::uint32_t triangle) { visited.insert(triangle); });
+            grid.forBlocks(grid.placeOf(t[0]), grid.placeOf(t[1]), grid.placeOf(t[2]),
+                           [&](ToolGrid::CellsOfBlock const& cells) {
+                               for (auto const& reference : grid.referencesOf(cells.block))
+                                   if (cells.meet(reference))
+                                       visited.insert(reference.triangle);
+                           });
             for (std::uint32_t const triangle : meeting(grid.tool().mesh(), t)) {
                 ASSERT_TRUE(visited.contains(triangle)) << triangle;
                 ++found;

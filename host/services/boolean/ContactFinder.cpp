@@ -2,6 +2,8 @@
 #include "host/services/boolean/ContactFinder.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/services/Lanes.h"
+#include "host/services/Polling.h"
 #include "host/services/TriangleTree.h"
 
 #include <tbb/blocked_range.h>
@@ -9,7 +11,12 @@
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
+#include <bit>
 #include <cmath>
+#include <limits>
+#include <span>
 
 namespace {
 
@@ -71,61 +78,200 @@ private:
     double m_bound;
 };
 
-class ContactFinder
+/// Four boxes, by axis and then by box. Those that are left over overlap nothing.
+struct FourBoxes
+{
+    static constexpr float empty = std::numeric_limits<float>::infinity();
+    static constexpr std::array<float, 4> lows{empty, empty, empty, empty},
+        highs{-empty, -empty, -empty, -empty};
+
+    std::array<std::array<float, 4>, 3> low{lows, lows, lows}, high{highs, highs, highs};
+
+    void widen(std::size_t i, Box const& box)
+    {
+        for (std::size_t k = 0; k < 3; ++k) {
+            low[k][i] = std::min(low[k][i], box.low[k]);
+            high[k][i] = std::max(high[k][i], box.high[k]);
+        }
+    }
+    /// Bit i is set if box i overlaps another.
+    std::uint32_t overlapping(Box const& box) const
+    {
+        IntLanes apart = {};
+        for (std::size_t k = 0; k < 3; ++k)
+            apart |= (loadFloats(low[k].data()) > box.high[k]) |
+                     (loadFloats(high[k].data()) < box.low[k]);
+        return ~bitsOf(apart) & 15;
+    }
+};
+
+/// The boxes of the tool's triangles in one block of cells.
+class BlockBoxes
 {
 public:
-    ContactFinder(OperandSoup const& soup, ToolGrid const& grid) : m_soup(soup), m_grid(grid)
+    void fill(OperandSoup const& soup, std::span<ToolGrid::Reference const> references)
     {
-        m_boxes.reserve(soup.triangleCount() - soup.firstTriangleOfSecond);
-        m_planes.reserve(soup.triangleCount() - soup.firstTriangleOfSecond);
-        for (std::uint32_t t = soup.firstTriangleOfSecond; t < soup.triangleCount(); ++t) {
-            TriangleCorners const corners = cornersOf(soup, t);
-            m_boxes.push_back(boxOf(corners));
-            m_planes.emplace_back(corners);
+        m_fours.assign((references.size() + 3) / 4, {});
+        m_unions.assign((m_fours.size() + 3) / 4, {});
+        for (std::size_t i = 0; i < references.size(); ++i) {
+            Box const box =
+                boxOf(cornersOf(soup, soup.firstTriangleOfSecond + references[i].triangle));
+            m_fours[i / 4].widen(i % 4, box);
+            m_unions[i / 16].widen(i / 4 % 4, box);
         }
     }
 
-    std::vector<TrianglePair> run(StageProgress& progress) const
+    /// Calls `visit(i)` for the places of references whose triangles' boxes overlap a box.
+    template <typename Visit>
+    void forOverlapping(Box const& box, Visit const& visit) const
     {
-        std::size_t const count = m_soup.firstTriangleOfSecond;
-        std::vector<std::vector<TrianglePair>> found((count + blockSize - 1) / blockSize);
-        tbb::enumerable_thread_specific<std::vector<std::uint32_t>> candidates;
-        tbb::parallel_for(Range(0, found.size(), 1), [&](Range const& range) {
-            for (std::size_t b = range.begin(); b != range.end(); ++b) {
-                std::size_t const end = std::min(count, (b + 1) * blockSize);
-                for (std::size_t t = b * blockSize; t < end; ++t)
-                    test(std::uint32_t(t), candidates.local(), found[b]);
-                if (!progress.add(blockSize))
-                    return;
+        for (std::size_t u = 0; u < m_unions.size(); ++u)
+            for (std::uint32_t near = m_unions[u].overlapping(box); near != 0; near &= near - 1) {
+                std::size_t const four = 4 * u + std::size_t(std::countr_zero(near));
+                for (std::uint32_t hits = m_fours[four].overlapping(box); hits != 0;
+                     hits &= hits - 1)
+                    visit(4 * four + std::size_t(std::countr_zero(hits)));
             }
-        });
-        std::vector<TrianglePair> pairs;
-        for (auto const& block : found)
-            pairs.insert(pairs.end(), block.begin(), block.end());
-        return pairs;
     }
 
 private:
-    void test(std::uint32_t triangle, std::vector<std::uint32_t>& candidates,
-              std::vector<TrianglePair>& found) const
+    std::vector<FourBoxes> m_fours;
+    /// Each of the boxes around one of the fours.
+    std::vector<FourBoxes> m_unions;
+};
+
+/// The blocks that one thread has looked at last: triangles that lie close together share them.
+class LatestBlocks
+{
+public:
+    BlockBoxes const& at(OperandSoup const& soup, ToolGrid const& grid, std::size_t block)
+    {
+        Entry& entry = m_entries[block % m_entries.size()];
+        if (entry.block != block)
+            fill(entry, soup, grid.referencesOf(block), block);
+        return entry.boxes;
+    }
+
+private:
+    /// Where many triangles lie in one cell, few blocks are kept.
+    static constexpr std::size_t mostBoxes = 1 << 18;
+
+    struct Entry
+    {
+        std::size_t block = std::numeric_limits<std::size_t>::max();
+        std::size_t count = 0;
+        BlockBoxes boxes;
+    };
+
+    void fill(Entry& entry, OperandSoup const& soup,
+              std::span<ToolGrid::Reference const> references, std::size_t block)
+    {
+        m_count += references.size() - entry.count;
+        if (m_count > mostBoxes) {
+            m_entries.fill({});
+            m_count = references.size();
+        }
+        entry.boxes.fill(soup, references);
+        entry.count = references.size();
+        entry.block = block;
+    }
+
+    std::array<Entry, 64> m_entries;
+    std::size_t m_count = 0;
+};
+
+class ContactFinder
+{
+public:
+    ContactFinder(OperandSoup const& soup, ToolGrid const& grid, std::size_t most)
+        : m_soup(soup), m_grid(grid), m_most(most)
+    {}
+
+    std::optional<std::vector<TrianglePair>> run(StageProgress& progress) const
+    {
+        std::vector<std::uint32_t> const order = orderByPage(progress);
+        std::vector<std::vector<TrianglePair>> found((order.size() + blockSize - 1) / blockSize);
+        tbb::enumerable_thread_specific<Scratch> scratch;
+        std::atomic<std::size_t> count = 0;
+        tbb::parallel_for(Range(0, found.size(), 1), [&](Range const& range) {
+            for (std::size_t b = range.begin(); b != range.end() && count <= m_most; ++b) {
+                std::size_t const end = std::min(order.size(), (b + 1) * blockSize);
+                for (std::size_t i = b * blockSize; i < end; ++i)
+                    test(order[i], scratch.local(), found[b]);
+                count += found[b].size();
+                if (!progress.add(end - b * blockSize))
+                    return;
+            }
+        });
+        if (count > m_most)
+            return {};
+        return inOrder(found, progress);
+    }
+
+private:
+    /// What a thread keeps from one triangle to the next.
+    struct Scratch
+    {
+        std::vector<std::uint32_t> candidates;
+        LatestBlocks blocks;
+    };
+
+    /// The first operand's triangles by the page of a corner, so that neighbours follow each other.
+    std::vector<std::uint32_t> orderByPage(StageProgress& progress) const
+    {
+        Polling polling(progress);
+        std::uint32_t const count = m_soup.firstTriangleOfSecond;
+        auto const pageOf = [&](std::uint32_t t) {
+            return m_grid.pageOf(m_grid.placeOf(m_soup.mesh.point(t, 0)));
+        };
+        std::vector<std::uint32_t> next(m_grid.pageCount() + 1, 0);
+        for (std::uint32_t t = 0; t < count; ++t, polling.step())
+            ++next[pageOf(t) + 1];
+        for (std::size_t page = 1; page < next.size(); ++page, polling.step())
+            next[page] += next[page - 1];
+        std::vector<std::uint32_t> order(count);
+        for (std::uint32_t t = 0; t < count; ++t, polling.step())
+            order[next[pageOf(t)]++] = t;
+        return order;
+    }
+
+    /// The pairs of all blocks in the order of the first triangle; those of one triangle are
+    /// together already, and in order.
+    std::vector<TrianglePair> inOrder(std::vector<std::vector<TrianglePair>>& found,
+                                      StageProgress& progress) const
+    {
+        Polling polling(progress);
+        std::vector<std::uint32_t> next(m_soup.firstTriangleOfSecond + std::size_t(1), 0);
+        for (auto const& block : found)
+            for (TrianglePair const& pair : block) {
+                polling.step();
+                ++next[pair.first + 1];
+            }
+        for (std::size_t t = 1; t < next.size(); ++t, polling.step())
+            next[t] += next[t - 1];
+        std::vector<TrianglePair> pairs(next.back());
+        for (auto& block : found) {
+            for (TrianglePair const& pair : block) {
+                polling.step();
+                pairs[next[pair.first]++] = pair;
+            }
+            block = {};
+        }
+        return pairs;
+    }
+
+    void test(std::uint32_t triangle, Scratch& scratch, std::vector<TrianglePair>& found) const
     {
         TriangleCorners const corners = cornersOf(m_soup, triangle);
-        Box const box = boxOf(corners);
-        candidates.clear();
-        m_grid.forTriangles(m_grid.placeOf(corners[0]), m_grid.placeOf(corners[1]),
-                            m_grid.placeOf(corners[2]), [&](std::uint32_t t) {
-                                if (m_boxes[t].overlaps(box) && !m_planes[t].hasOnOneSide(corners))
-                                    candidates.push_back(t);
-                            });
+        std::vector<std::uint32_t>& candidates = scratch.candidates;
+        findCandidates(corners, scratch.blocks, candidates);
         if (candidates.empty())
             return;
         QuickPlane const plane(corners);
-        std::sort(candidates.begin(), candidates.end());
-        auto const last = std::unique(candidates.begin(), candidates.end());
-        for (auto t = candidates.begin(); t != last; ++t) {
-            std::uint32_t const second = m_soup.firstTriangleOfSecond + *t;
+        for (std::uint32_t const t : candidates) {
+            std::uint32_t const second = m_soup.firstTriangleOfSecond + t;
             TriangleCorners const others = cornersOf(m_soup, second);
-            if (plane.hasOnOneSide(others))
+            if (plane.hasOnOneSide(others) || QuickPlane(others).hasOnOneSide(corners))
                 continue;
             TriangleContact const contact = contactOf(corners, others);
             if (contact.count > 0 || contact.isCoplanar)
@@ -133,16 +279,34 @@ private:
         }
     }
 
+    /// The tool's triangles with cells and a box in common with a triangle, in order.
+    void findCandidates(TriangleCorners const& corners, LatestBlocks& blocks,
+                        std::vector<std::uint32_t>& candidates) const
+    {
+        Box const box = boxOf(corners);
+        candidates.clear();
+        m_grid.forBlocks(
+            m_grid.placeOf(corners[0]), m_grid.placeOf(corners[1]), m_grid.placeOf(corners[2]),
+            [&](ToolGrid::CellsOfBlock const& cells) {
+                auto const references = m_grid.referencesOf(cells.block);
+                blocks.at(m_soup, m_grid, cells.block).forOverlapping(box, [&](std::size_t i) {
+                    if (cells.meet(references[i]))
+                        candidates.push_back(references[i].triangle);
+                });
+            });
+        std::sort(candidates.begin(), candidates.end());
+        candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
+    }
+
     OperandSoup const& m_soup;
     ToolGrid const& m_grid;
-    std::vector<Box> m_boxes;
-    std::vector<QuickPlane> m_planes;
+    std::size_t m_most;
 };
 
 }  // namespace
 
-std::vector<TrianglePair> findContacts(OperandSoup const& soup, ToolGrid const& grid,
-                                       StageProgress& progress)
+std::optional<std::vector<TrianglePair>> findContacts(OperandSoup const& soup, ToolGrid const& grid,
+                                                      std::size_t most, StageProgress& progress)
 {
-    return ContactFinder(soup, grid).run(progress);
+    return ContactFinder(soup, grid, most).run(progress);
 }

@@ -50,10 +50,11 @@ FaceSegment undirected(std::uint32_t a, std::uint32_t b)
 
 }  // namespace
 
-bool CurveNetwork::build(std::vector<TrianglePair> const& contacts, StageProgress& progress)
+bool CurveNetwork::build(std::vector<TrianglePair> contacts, StageProgress& progress)
 {
     addContacts(contacts, progress);
     markTouched(contacts);
+    contacts = {};
     for (int round = 0; round < maximalRounds; ++round) {
         FaceFaults faults;
         spread(progress);
@@ -136,6 +137,9 @@ void CurveNetwork::touchAroundSecond()
 
 void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts, StageProgress& progress)
 {
+    // Room that is not used takes no memory, and growing takes some more.
+    m_segments.reserve(contacts.size());
+    m_points.reserve(contacts.size());
     for (TrianglePair const& pair : contacts) {
         if ((&pair - contacts.data()) % 4096 == 0)
             progress.add(0);

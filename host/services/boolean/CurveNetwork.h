@@ -47,11 +47,14 @@ public:
     /// Makes points and segments of the contacts, and divides all triangles that have one. Contacts
     /// of the second operand's triangles with each other make curves like others.
     ///
-    /// returns  false if the division does not come to an end, which exact operands do not do
-    bool build(std::vector<TrianglePair> const& contacts, StageProgress& progress);
+    /// contacts  freed as soon as they are not needed
+    /// returns   false if the division does not come to an end, which exact operands do not do
+    bool build(std::vector<TrianglePair> contacts, StageProgress& progress);
 
     CurvePoints const& points() const { return m_points; }
     std::vector<CurveSegment> const& segments() const { return m_segments; }
+    /// Nobody asks for segments from now on.
+    void freeSegments() { m_segments = {}; }
     /// The facets of all triangles that touch the other operand, by ascending triangle.
     Facets const& facets() const { return m_facets; }
 

@@ -5,12 +5,8 @@
 
 #include <new>
 
-PieceWriter::PieceWriter(std::unique_ptr<UMesh<float>> mesh, SoupBoolean const& boolean,
-                         OperandSoup const& soup)
-    : m_mesh(std::move(mesh)),
-      m_boolean(boolean),
-      m_soup(soup),
-      m_vertices(boolean.pointCount(), nullptr)
+PieceWriter::PieceWriter(std::unique_ptr<UMesh<float>> mesh, SoupBoolean const& boolean)
+    : m_mesh(std::move(mesh)), m_boolean(boolean), m_vertices(boolean.pointCount(), nullptr)
 {}
 
 void PieceWriter::reserve(std::size_t triangles)

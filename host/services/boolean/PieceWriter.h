@@ -12,8 +12,7 @@
 class PieceWriter
 {
 public:
-    PieceWriter(std::unique_ptr<UMesh<float>> mesh, SoupBoolean const& boolean,
-                OperandSoup const& soup);
+    PieceWriter(std::unique_ptr<UMesh<float>> mesh, SoupBoolean const& boolean);
 
     /// Uses a vertex that is in the mesh already for a vertex of the soup.
     void useVertex(std::uint32_t number, UVertex<float>* vertex) { m_vertices[number] = vertex; }
@@ -31,7 +30,6 @@ private:
 
     std::unique_ptr<UMesh<float>> m_mesh;
     SoupBoolean const& m_boolean;
-    OperandSoup const& m_soup;
     std::vector<UVertex<float>*> m_vertices;
     RecordStock<UVertex<float>> m_vertexStock;
     RecordStock<UTriangle<float>> m_triangleStock;

@@ -131,11 +131,13 @@ private:
         int gain = 0;
     };
 
-    /// A triangle around the point at hand, and others that it may meet.
+    /// A triangle around the point at hand, and others that it may meet: first those that it meets
+    /// while the point is where it is.
     struct Neighbours
     {
         std::size_t triangle = 0;
         std::vector<std::size_t> others;
+        std::size_t met = 0;
     };
 
     bool isFlat(std::size_t t) const
@@ -189,9 +191,11 @@ private:
         for (Index const point : points) {
             progress.add(0);
             listNeighbours(point, near);
-            int const before = faults();
+            int const before = faultsNow();
+            if (best && before <= best->gain)
+                continue;
             for (Move& move : movesOf(point)) {
-                move.gain = before - faultsAfter(move);
+                move.gain = before - faultsAfter(move, before - (best ? best->gain : 0));
                 if (move.gain > 0 && (!best || move.gain > best->gain))
                     best = move;
                 if (move.gain == before)
@@ -268,25 +272,60 @@ private:
     }
 
     /// The pairs that the triangles around the point at hand are in, and those of them that are
-    /// flat or turned over.
-    int faults() const
+    /// flat or turned over. Puts what they meet first in their lists.
+    int faultsNow()
     {
         int count = 0;
-        for (auto const& [t, others] : m_neighbours) {
-            m_work += 1 + others.size();
-            if (isGone(t))
+        m_workPerMove = 0;
+        for (Neighbours& of : m_neighbours) {
+            m_workPerMove += 1 + of.others.size();
+            of.met = 0;
+            count += faultOf(of.triangle);
+            if (isGone(of.triangle) || isFlat(of.triangle))
                 continue;
-            if (isFlat(t)) {
-                ++count;
-                continue;
+            Box const box = boxOf(of.triangle);
+            for (std::size_t i = 0; i < of.others.size(); ++i) {
+                bool const isNear = boxOf(of.others[i]).overlaps(box);
+                m_workPerMove += isNear ? workPerMeeting : 0;
+                if (isNear && doMeet(of.triangle, of.others[i]))
+                    std::swap(of.others[i], of.others[of.met++]);
             }
-            count += isTurned(t);
-            Box const box = boxOf(t);
-            for (std::size_t const u : others)
-                if (!isGone(u) && boxOf(u).overlaps(box)) {
-                    m_work += workPerMeeting;
-                    count += doMeet(t, u);
-                }
+            count += int(of.met);
+        }
+        m_work += m_workPerMove;
+        return count;
+    }
+
+    /// The same once something has been moved: exact below a limit, at which the count may end. Most
+    /// moves leave what met before, and are told by this alone.
+    int faultsBelow(int limit) const
+    {
+        int count = 0;
+        for (Neighbours const& of : m_neighbours)
+            count += faultOf(of.triangle);
+        for (bool const isMet : {true, false})
+            for (Neighbours const& of : m_neighbours) {
+                if (count >= limit)
+                    return count;
+                if (!isGone(of.triangle) && !isFlat(of.triangle))
+                    count +=
+                        isMet ? meetings(of, 0, of.met) : meetings(of, of.met, of.others.size());
+            }
+        return count;
+    }
+
+    /// 1 for a triangle that is flat or turned over.
+    int faultOf(std::size_t t) const { return !isGone(t) && (isFlat(t) || isTurned(t)) ? 1 : 0; }
+
+    /// How many of some others a triangle meets.
+    int meetings(Neighbours const& of, std::size_t begin, std::size_t end) const
+    {
+        int count = 0;
+        Box const box = boxOf(of.triangle);
+        for (std::size_t i = begin; i < end; ++i) {
+            std::size_t const u = of.others[i];
+            if (!isGone(u) && boxOf(u).overlaps(box))
+                count += doMeet(of.triangle, u);
         }
         return count;
     }
@@ -376,11 +415,10 @@ private:
         return neighbours;
     }
 
-    int faultsAfter(Move const& move)
+    /// The faults that a move leaves; `limit` or more if it leaves so many, or must not be.
+    int faultsAfter(Move const& move, int limit)
     {
-        // Two points in one place would be an edge of more than two triangles, or none.
-        if (isTaken(move.place, move.point, move.into.value_or(move.point)))
-            return std::numeric_limits<int>::max() / 2;
+        m_work += m_workPerMove;
         Point const before = m_mesh.points[move.point];
         std::vector<std::size_t> const around =
             move.into ? m_around[move.point] : std::vector<std::size_t>();
@@ -388,11 +426,14 @@ private:
         if (move.into)
             replaceCorners(around, move.point, *move.into);
         m_mesh.points[move.point] = move.place;
-        int const after = faults();
+        int const after = faultsBelow(limit);
         m_mesh.points[move.point] = before;
         for (std::size_t i = 0; i < around.size(); ++i)
             m_mesh.triangles[around[i]] = known[i];
-        return after;
+        // Two points in one place would be an edge of more than two triangles, or none.
+        bool const isForbidden =
+            after < limit && isTaken(move.place, move.point, move.into.value_or(move.point));
+        return isForbidden ? limit : after;
     }
 
     std::vector<Corners> cornersOf(std::vector<std::size_t> const& triangles) const
@@ -434,7 +475,9 @@ private:
     /// Of the point at hand: the triangles around it, and the points nearby.
     std::vector<Neighbours> m_neighbours;
     std::vector<Index> m_corners;
-    mutable std::size_t m_work = 0;
+    /// What looking at all that a move of this point may change is taken for.
+    std::size_t m_workPerMove = 0;
+    std::size_t m_work = 0;
 };
 
 /// A box with room around it for triangles that those within may come to meet.

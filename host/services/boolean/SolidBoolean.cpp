@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SolidBoolean.h"
 
+#include "host/memory/AvailableMemory.h"
+#include "host/memory/FreeMemory.h"
 #include "host/mesh/ExactSigns.h"
 #include "host/services/MeshMaking.h"
 #include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
-#include "host/services/boolean/ExactRoom.h"
+#include "host/services/boolean/ContactFinder.h"
+#include "host/services/boolean/MemoryRoom.h"
+#include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
@@ -26,6 +30,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -41,20 +46,24 @@ class SolidBoolean
 {
 public:
     SolidBoolean(MeshKernel const& part, MeshKernel const& tool,
-                 std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress)
+                 std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress,
+                 BooleanSurvey* survey)
         : m_partKernel(part),
           m_mesh(part.readMesh()),
           m_part(*m_mesh),
           m_pieces(pieces),
-          m_progress(progress)
+          m_progress(progress),
+          m_survey(survey)
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
         m_tool = prepareTool(tool, m_progress);
+        m_isChecked = isToBeChecked();
     }
 
     std::vector<BooleanResult> run()
     {
-        auto tool = std::make_unique<ToolTree>(m_tool.mesh, m_progress);
+        auto tool = m_tool.tree ? std::make_unique<ToolTree>(m_tool.mesh, std::move(m_tool.tree))
+                                : std::make_unique<ToolTree>(m_tool.mesh, m_progress);
         auto grid = std::make_unique<ToolGrid>(*tool, boxOfPart(), cellCount(), m_progress);
         PartRays const rays(*grid, anchorPoints());
         ToolSides const sides(*grid, m_part.vertices.size(), rays);
@@ -69,17 +78,21 @@ public:
             return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
         SoupBoolean boolean(m_soup);
-        bool const isDone = resolve(boolean, *grid);
-        // Memory that the results need more.
+        std::vector<TrianglePair> contacts = contactsIn(*grid);
+        // Memory that the curves need more, and that the results do.
         grid.reset();
+        bool const isDone = resolve(boolean, std::move(contacts), *tool);
         tool.reset();
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results =
             isDone ? writeAll(boolean, copies) : std::vector<BooleanResult>();
         if (results.size() < m_pieces.size())
             m_doubtful = boolean.doubtfulPlace();
-        if (results.size() < m_pieces.size() || !holdAgainstOperands(results))
+        if (results.size() < m_pieces.size() || !holdAgainstOperands(results)) {
+            if (m_survey)
+                m_survey->contours.clear();
             results = combineWholes(boolean);
+        }
         m_progress.finish();
         return results;
     }
@@ -166,23 +179,31 @@ private:
         }
     }
 
-    bool resolve(SoupBoolean& boolean, ToolGrid const& grid)
+    /// The contacts of the operands, and of the tool's triangles with each other.
+    std::vector<TrianglePair> contactsIn(ToolGrid const& grid)
+    {
+        auto contacts = findContacts(m_soup, grid, mostContacts(availableMemory()), m_progress);
+        if (!contacts)
+            Refusal::throwTooMuch();
+        auto const ofTool = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
+        contacts->reserve(contacts->size() + ofTool.size());
+        for (TrianglePair pair : ofTool) {
+            pair.first += m_soup.firstTriangleOfSecond;
+            pair.second += m_soup.firstTriangleOfSecond;
+            contacts->push_back(pair);
+        }
+        return std::move(*contacts);
+    }
+
+    bool resolve(SoupBoolean& boolean, std::vector<TrianglePair> contacts, ToolTree const& tool)
     {
         WindingSources sources;
         sources.known = m_known;
         sources.anchors = m_anchors;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
-        sources.ofSecond = [&grid](RayOrigin const& point) { return grid.tool().windingAt(point); };
-        auto contacts = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
-        for (TrianglePair& pair : contacts) {
-            pair.first += m_soup.firstTriangleOfSecond;
-            pair.second += m_soup.firstTriangleOfSecond;
-        }
-        SoupBoolean::Outcome const outcome = boolean.resolve(grid, contacts, sources, m_progress);
-        if (outcome == SoupBoolean::Outcome::tooMuch)
-            Refusal::throwTooMuch();
-        return outcome == SoupBoolean::Outcome::done;
+        sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
+        return boolean.resolve(std::move(contacts), sources, m_progress);
     }
 
     std::vector<UPoint3<float>> anchorPoints() const
@@ -259,34 +280,66 @@ private:
                 return {};
             triangles.push_back(std::move(*ofPiece));
         }
-        if (!isCheckedInTheEnd())
-            m_tool.mesh = {};
-        logCrossings(boolean.mendRounding(triangles,
-                                          isCheckedInTheEnd()
-                                              ? SoupBoolean::AfterMending::all
-                                              : SoupBoolean::AfterMending::onlyPlaces,
-                                          m_progress));
+        auto const crossings = boolean.mendRounding(
+            triangles,
+            m_isChecked ? SoupBoolean::AfterMending::all : SoupBoolean::AfterMending::onlyPlaces,
+            m_progress);
+        if (!m_isChecked)
+            freeOperands();
+        m_survey ? surveyContours(boolean, triangles) : logCrossings(crossings);
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
         return results;
     }
 
+    void surveyContours(SoupBoolean const& boolean,
+                        std::vector<std::vector<PieceTriangle>> const& pieces)
+    {
+        ContourLines& lines = m_survey->contours;
+        for (auto const& piece : pieces) {
+            ContourLines const ofPiece =
+                contoursOf(piece, boolean, m_soup.firstTriangleOfSecond, m_progress);
+            lines.insert(lines.end(), ofPiece.begin(), ofPiece.end());
+        }
+        // Pieces that fit have the same lines.
+        auto const key = [](auto const& line) {
+            auto const& [a, b] = line;
+            return std::tuple(a.X(), a.Y(), a.Z(), b.X(), b.Y(), b.Z());
+        };
+        std::sort(lines.begin(), lines.end(),
+                  [&](auto const& a, auto const& b) { return key(a) < key(b); });
+        lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
+    }
+
     /// Whether results are held against their operands. They are where it takes no time that a
     /// person would notice: of small solids always, for they may cross themselves where no curve
     /// tells, and of larger ones if the tool crosses itself or is open.
-    bool isCheckedInTheEnd() const
+    bool isToBeChecked() const
     {
         constexpr std::size_t mostAlways = 10'000, mostWithSuspects = 100'000;
-        std::size_t const ofTool = m_soup.triangleCount() - m_soup.firstTriangleOfSecond;
-        return m_part.triangles.size() + ofTool <=
+        return m_part.triangles.size() + m_tool.mesh.triangles.size() <=
                (m_tool.suspects.empty() ? mostAlways : mostWithSuspects);
+    }
+
+    /// Frees what of the operands is not needed to write results.
+    void freeOperands()
+    {
+        constexpr std::size_t much = 200'000;
+        bool const isMuch = m_soup.triangleCount() > much;
+        m_tool.mesh = {};
+        m_soup.mesh.points = {};
+        auto& triangles = m_soup.mesh.triangles;
+        triangles = {triangles.begin(),
+                     triangles.begin() + std::ptrdiff_t(m_soup.firstTriangleOfSecond)};
+        if (isMuch)
+            giveFreeMemoryBack();
     }
 
     /// Whether results are what the rule says at points beside all surfaces.
     bool holdAgainstOperands(std::vector<BooleanResult>& results)
     {
-        if (!isCheckedInTheEnd())
+        if (!m_isChecked)
             return true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         ResultCheck const check(part, m_tool.mesh, m_progress);
@@ -330,7 +383,7 @@ private:
         CutSide const side = keepsOutside ? sideAbove : sideBelow;
         if (isWholePart(triangles, copies, side))
             return {};
-        PieceWriter writer(copies.takeMesh(side), boolean, m_soup);
+        PieceWriter writer(copies.takeMesh(side), boolean);
         Polling polling(m_progress);
         for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v, polling.step())
             if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
@@ -342,7 +395,7 @@ private:
                               ? copies.meeting()[t.triangle]->cN()
                               : UVector3<float>());
         }
-        m_progress.add(m_soup.triangleCount());
+        m_progress.add(triangles.size());
         return {writer.finish(m_progress)};
     }
 
@@ -383,7 +436,7 @@ private:
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
         };
-        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest);
+        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest, m_survey);
         for (BooleanResult& result : results)
             if (!result.mesh)
                 result.mesh = takeMesh(clean);
@@ -420,7 +473,7 @@ private:
                                              : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         if (!hasExactRoom(part.triangles.size() + m_tool.mesh.triangles.size(),
-                          boolean.curveCount()))
+                          boolean.curveCount(), availableMemory()))
             Refusal::throwTooMuch();
         ResultCheck const check(part, m_tool.mesh, m_progress);
         auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), check);
@@ -457,7 +510,11 @@ private:
     UMesh<float> const& m_part;
     std::span<BooleanPiece const> m_pieces;
     StageProgress m_progress;
+    BooleanSurvey* m_survey;
     PreparedTool m_tool;
+    /// Whether results are held against the operands.
+    bool m_isChecked = false;
+    /// Without points, and with the part's triangles only, once results are written that are not.
     OperandSoup m_soup;
     /// By vertex of the part in the soup: its place in the part, and its side where known.
     std::vector<std::uint32_t> m_places;
@@ -472,7 +529,8 @@ private:
 
 std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
-                                         std::function<void(int)> const& progress)
+                                         std::function<void(int)> const& progress,
+                                         BooleanSurvey* survey)
 {
-    return SolidBoolean(part, tool, pieces, progress).run();
+    return SolidBoolean(part, tool, pieces, progress, survey).run();
 }

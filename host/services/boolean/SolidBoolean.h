@@ -3,6 +3,7 @@
 
 #include "host/services/boolean/BooleanRule.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/SolidSplit.h"
 
 #include <functional>
 #include <memory>
@@ -13,6 +14,13 @@
 struct BooleanResult
 {
     std::unique_ptr<UMesh<float>> mesh;
+};
+
+/// What somebody wants to know who looks at a boolean before it is made.
+struct BooleanSurvey
+{
+    /// The lines in which the operands' surfaces meet, as far as the pieces have them, each once.
+    ContourLines contours;
 };
 
 /// Combines two solids; one result per piece asked for, all from one division of the surfaces, so
@@ -28,7 +36,9 @@ struct BooleanResult
 /// part        without a matrix; only read
 /// tool        only read; a matrix is applied
 /// pieces      what to give; of `united` and `difference` at most one
+/// survey      receives what it is for, and nothing is logged then; may be null
 /// throws      as Intersect::boolean
 std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
-                                         std::function<void(int)> const& progress);
+                                         std::function<void(int)> const& progress,
+                                         BooleanSurvey* survey = nullptr);

@@ -2,44 +2,34 @@
 #include "host/services/boolean/SoupBoolean.h"
 
 #include "host/services/Polling.h"
-#include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/RoundingMending.h"
 #include "host/services/boolean/TouchingEdges.h"
 
 #include <algorithm>
 
-namespace {
-
-/// Each takes some hundred bytes.
-constexpr std::size_t mostContacts = 40'000'000;
-
-}  // namespace
-
-SoupBoolean::Outcome SoupBoolean::resolve(ToolGrid const& grid,
-                                          std::vector<TrianglePair> const& ofSecond,
-                                          WindingSources const& sources, StageProgress& progress)
+bool SoupBoolean::resolve(std::vector<TrianglePair> contacts, WindingSources const& sources,
+                          StageProgress& progress)
 {
-    std::vector<TrianglePair> contacts = findContacts(m_soup, grid, progress);
-    if (contacts.size() > mostContacts)
-        return Outcome::tooMuch;
-    contacts.insert(contacts.end(), ofSecond.begin(), ofSecond.end());
-    if (!m_network->build(contacts, progress)) {
+    bool const isDivided = m_network->build(std::move(contacts), progress);
+    m_curves = m_network->segments().size();
+    if (!isDivided) {
         m_doubtful = m_network->segments().front().from;
-        return Outcome::contradiction;
+        return false;
     }
     progress.add(0);
     if (!labelSides(m_soup, *m_network, sources, m_labels, progress)) {
         m_doubtful = m_labels.contradiction;
-        return Outcome::contradiction;
+        return false;
     }
-    progress.add(0);
-    m_facets = std::make_unique<RoundedFacets>(m_soup, *m_network, progress);
-    return Outcome::done;
+    m_network->freeSegments();
+    return true;
 }
 
 std::optional<std::vector<PieceTriangle>> SoupBoolean::piece(BooleanPiece piece,
                                                              StageProgress& progress)
 {
+    if (!m_facets)
+        m_facets = std::make_unique<RoundedFacets>(m_soup, *m_network, progress);
     auto triangles =
         collectPiece(m_soup, *m_network, *m_facets, m_labels, BooleanRule(piece), progress);
     if (!isClosedAtCurves(triangles, m_network->points(), progress)) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "host/services/boolean/BooleanPieces.h"
-#include "host/services/boolean/ToolGrid.h"
 
 #include <memory>
 #include <optional>
@@ -14,15 +13,6 @@
 class SoupBoolean
 {
 public:
-    enum class Outcome
-    {
-        done,
-        /// The curves contradict each other: an operand is open there, or crosses itself.
-        contradiction,
-        /// More pairs of triangles meet than there should be memory for.
-        tooMuch,
-    };
-
     /// What is asked for once pieces have been mended.
     enum class AfterMending
     {
@@ -33,10 +23,12 @@ public:
     /// soup  must outlive this
     explicit SoupBoolean(OperandSoup const& soup) : m_soup(soup), m_network(std::in_place, soup) {}
 
-    /// grid      of the second operand
-    /// ofSecond  contacts of the second operand's triangles with each other
-    Outcome resolve(ToolGrid const& grid, std::vector<TrianglePair> const& ofSecond,
-                    WindingSources const& sources, StageProgress& progress);
+    /// contacts  of the operands, and of the second operand's triangles with each other; freed when
+    ///           they are used
+    /// returns   false if the curves contradict each other: an operand is open there, or crosses
+    ///           itself
+    bool resolve(std::vector<TrianglePair> contacts, WindingSources const& sources,
+                 StageProgress& progress);
 
     /// The triangles of one result; nothing if they do not close around the curves.
     std::optional<std::vector<PieceTriangle>> piece(BooleanPiece piece, StageProgress& progress);
@@ -61,7 +53,7 @@ public:
                                       : std::uint32_t(m_mendedPlaces.size());
     }
     /// How many pieces of curve there are.
-    std::size_t curveCount() const { return m_network->segments().size(); }
+    std::size_t curveCount() const { return m_curves; }
 
     /// A point where the curves contradict each other, or a piece does not close; none before that
     /// was seen, or where it has no place.
@@ -75,7 +67,9 @@ private:
     OperandSoup const& m_soup;
     /// None once it is not needed any more.
     std::optional<CurveNetwork> m_network;
+    std::size_t m_curves = 0;
     SideLabels m_labels;
+    /// Made with the first piece, when more of what is not needed has been freed.
     std::unique_ptr<RoundedFacets> m_facets;
     /// Where something did not come out.
     std::optional<std::uint32_t> m_doubtful;

@@ -187,6 +187,10 @@ void ToolGrid::touchCells(std::uint32_t triangle)
         low[k] = int(std::clamp(least - slack, 0.0, last));
         high[k] = int(std::clamp(most + slack, 0.0, last));
     }
+    if (low[0] == high[0] && low[1] == high[1] && low[2] == high[2]) {
+        touch(triangle, low[0], low[1], low[2]);
+        return;
+    }
     double u[3], v[3], normal[3];
     for (int k = 0; k < 3; ++k) {
         u[k] = p[1][k] - p[0][k];

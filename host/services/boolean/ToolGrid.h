@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// Cubic cells over the space that a tool, the second operand, shares with the box of a part. The
@@ -64,10 +65,54 @@ public:
         return areCellsClear(a, b, c);
     }
 
-    /// Calls `visit(triangle)` for the tool's triangles that touch a cell in the box around three
-    /// cells, and for some others near them; for some more than once.
+    /// The box of the cells of one block that one triangle of the tool touches. A block is four
+    /// cells along each axis; numbers within it, a byte each.
+    struct Reference
+    {
+        std::uint32_t triangle;
+        std::uint32_t block;
+        std::uint32_t low;
+        std::uint32_t high;
+    };
+
+    /// The cells of one block that lie in a box of cells.
+    struct CellsOfBlock
+    {
+        std::size_t block;
+        std::uint32_t low;
+        std::uint32_t high;
+
+        bool meet(Reference const& reference) const
+        {
+            // A byte that falls below zero borrows from the bit above it.
+            std::uint32_t const guards = 0x00808080;
+            return (((reference.high | guards) - low) & ((high | guards) - reference.low) &
+                    guards) == guards;
+        }
+    };
+
+    /// Calls `visit(CellsOfBlock)` for the blocks with touched cells in the box around three cells.
+    /// The references of these blocks that the cells meet are those of all of the tool's triangles
+    /// that touch a cell in the box, and of some others near them.
     template <typename Visit>
-    void forTriangles(Place a, Place b, Place c, Visit const& visit) const;
+    void forBlocks(Place a, Place b, Place c, Visit const& visit) const;
+
+    /// In the order of the triangles; one of each.
+    std::span<Reference const> referencesOf(std::size_t block) const
+    {
+        return std::span(m_references)
+            .subspan(m_referenceEnds[block], m_referenceEnds[block + 1] - m_referenceEnds[block]);
+    }
+
+    /// The page of a cell, below pageCount(): cells of one page lie close together.
+    std::size_t pageOf(Place place) const
+    {
+        return (std::size_t(place >> 23 & 127) * std::size_t(m_pageCounts[1]) +
+                std::size_t(place >> 13 & 127)) *
+                   std::size_t(m_pageCounts[0]) +
+               std::size_t(place >> 3 & 127);
+    }
+    std::size_t pageCount() const { return m_pages.size(); }
 
 private:
     /// What the number of a page without touched cells begins at, the state being added; and that
@@ -92,16 +137,6 @@ private:
         std::array<std::uint64_t, 8> inside{};
     };
     using Layers = std::array<std::uint64_t, 8>;
-    /// The box of the cells of one block that one triangle touches; numbers within the block, a
-    /// byte each.
-    struct Reference
-    {
-        std::uint32_t triangle;
-        std::uint32_t block;
-        std::uint32_t low;
-        std::uint32_t high;
-    };
-
     int numberOf(float coordinate, int axis) const
     {
         double const n = (double(coordinate) - m_low[axis]) * m_perUnit;
@@ -110,13 +145,6 @@ private:
         return n >= last ? last : n >= 0 ? int(n) : 0;
     }
     static int numberIn(Place place, int axis) { return int(place >> (10 * axis) & 1023); }
-    std::size_t pageOf(Place place) const
-    {
-        return (std::size_t(place >> 23 & 127) * std::size_t(m_pageCounts[1]) +
-                std::size_t(place >> 13 & 127)) *
-                   std::size_t(m_pageCounts[0]) +
-               std::size_t(place >> 3 & 127);
-    }
     static std::size_t blockOf(std::int32_t page, int x, int y, int z)
     {
         return std::size_t(page) * 8 + std::size_t((x & 1) | (y & 1) << 1 | (z & 1) << 2);
@@ -164,35 +192,26 @@ private:
 };
 
 template <typename Visit>
-void ToolGrid::forTriangles(Place a, Place b, Place c, Visit const& visit) const
+void ToolGrid::forBlocks(Place a, Place b, Place c, Visit const& visit) const
 {
     int low[3], high[3];
     for (int k = 0; k < 3; ++k) {
         low[k] = std::min({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
         high[k] = std::max({numberIn(a, k), numberIn(b, k), numberIn(c, k)});
     }
-    // By blocks of four cells along each axis, eight to a page.
+    // Eight blocks to a page.
     for (int z = low[2] >> 2; z <= high[2] >> 2; ++z)
         for (int y = low[1] >> 2; y <= high[1] >> 2; ++y)
             for (int x = low[0] >> 2; x <= high[0] >> 2; ++x) {
                 std::int32_t const page = m_pages[pageAt(x >> 1, y >> 1, z >> 1)];
                 if (page < 0)
                     continue;
+                CellsOfBlock cells{blockOf(page, x, y, z), 0, 0};
                 int const first[3] = {4 * x, 4 * y, 4 * z};
-                std::uint32_t from = 0, to = 0;
                 for (int k = 0; k < 3; ++k) {
-                    from |= std::uint32_t(std::max(low[k] - first[k], 0)) << (8 * k);
-                    to |= std::uint32_t(std::min(high[k] - first[k], 3)) << (8 * k);
+                    cells.low |= std::uint32_t(std::max(low[k] - first[k], 0)) << (8 * k);
+                    cells.high |= std::uint32_t(std::min(high[k] - first[k], 3)) << (8 * k);
                 }
-                std::size_t const block = blockOf(page, x, y, z);
-                for (std::uint32_t r = m_referenceEnds[block]; r < m_referenceEnds[block + 1];
-                     ++r) {
-                    Reference const& reference = m_references[r];
-                    // A byte that falls below zero borrows from the bit above it.
-                    std::uint32_t const guards = 0x00808080;
-                    if ((((reference.high | guards) - from) & ((to | guards) - reference.low) &
-                         guards) == guards)
-                        visit(reference.triangle);
-                }
+                visit(cells);
             }
 }

@@ -64,7 +64,8 @@ public:
                     suspects.push_back(t);
             }
         }
-        sortPolled(suspects, m_progress, std::less<>());
+        if (!std::is_sorted(suspects.begin(), suspects.end()))
+            sortPolled(suspects, m_progress, std::less<>());
         return suspects;
     }
 
@@ -254,25 +255,41 @@ void markAtOddEdges(MeshArrays const& arrays, std::vector<std::uint8_t>& isMarke
     }
 }
 
-/// Those of some triangles of a tool that meet others or have an odd edge.
-std::vector<std::uint32_t> findMeeting(MeshArrays const& tool,
-                                       std::vector<std::uint32_t> const& candidates,
-                                       StageProgress& progress)
+/// Per triangle of a mesh: 1 if it meets others or has an odd edge.
+///
+/// tree  receives the tree that is made for it; none if some triangles have no area
+std::vector<std::uint8_t> meetingOnes(MeshArrays const& mesh,
+                                      std::unique_ptr<TriangleTree const>& tree,
+                                      StageProgress& progress)
 {
-    MeshArrays arrays;
-    arrays.points = tool.points;
-    for (std::uint32_t const t : candidates)
-        arrays.triangles.push_back(tool.triangles[t]);
-    TopologyReport const topology = checkTopology(arrays, progress);
-    TriangleTree const tree(arrays, topology, progress);
-    IntersectionReport report = findIntersections(arrays, topology, tree, progress);
+    TopologyReport const topology = checkTopology(mesh, progress);
+    tree = std::make_unique<TriangleTree>(mesh, topology, progress);
+    IntersectionReport report = findIntersections(mesh, topology, *tree, progress);
     if (topology.nonManifoldEdges + topology.inconsistentEdges + topology.duplicateTriangles > 0)
-        markAtOddEdges(arrays, report.isInvolved, progress);
-    std::vector<std::uint32_t> meeting;
+        markAtOddEdges(mesh, report.isInvolved, progress);
+    if (topology.degenerateTriangles > 0)
+        tree.reset();
+    return std::move(report.isInvolved);
+}
+
+/// Finds those of some triangles of a tool that meet others of them or have an odd edge.
+void findSuspects(PreparedTool& tool, std::vector<std::uint32_t> const& candidates,
+                  StageProgress& progress)
+{
+    std::vector<std::uint8_t> isMeeting;
+    if (candidates.size() == tool.mesh.triangles.size()) {
+        isMeeting = meetingOnes(tool.mesh, tool.tree, progress);
+    } else {
+        MeshArrays some;
+        some.points = tool.mesh.points;
+        for (std::uint32_t const t : candidates)
+            some.triangles.push_back(tool.mesh.triangles[t]);
+        std::unique_ptr<TriangleTree const> ofSome;
+        isMeeting = meetingOnes(some, ofSome, progress);
+    }
     for (std::size_t i = 0; i < candidates.size(); ++i)
-        if (report.isInvolved[i])
-            meeting.push_back(candidates[i]);
-    return meeting;
+        if (isMeeting[i])
+            tool.suspects.push_back(candidates[i]);
 }
 
 MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progress)
@@ -327,6 +344,6 @@ PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress)
     std::vector<std::uint32_t> const candidates = shells.suspects();
     prepared.isSimple = candidates.empty();
     if (!prepared.isSimple)
-        prepared.suspects = findMeeting(prepared.mesh, candidates, progress);
+        findSuspects(prepared, candidates, progress);
     return prepared;
 }

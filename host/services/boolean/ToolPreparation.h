@@ -2,7 +2,10 @@
 #pragma once
 
 #include "host/services/MeshArrays.h"
+#include "host/services/TriangleTree.h"
 #include "host/services/boolean/OperandSoup.h"
+
+#include <memory>
 
 /// Throws a sentence if an operand has a coordinate that is no finite number.
 ///
@@ -24,6 +27,8 @@ struct PreparedTool
     std::vector<std::uint32_t> suspects;
     /// A vertex or some of each shell.
     std::vector<std::uint32_t> anchors;
+    /// Of all triangles, where one was needed to look for suspects.
+    std::unique_ptr<TriangleTree const> tree;
 };
 
 /// throws  Mell::Exception if a coordinate is no number

@@ -7,7 +7,9 @@
 #include <array>
 #include <bit>
 #include <limits>
+#include <memory>
 #include <optional>
+#include <utility>
 
 /// The triangles of a tool, the second operand, found by box and by ray.
 class ToolTree
@@ -17,7 +19,11 @@ public:
 
     /// tool  must outlive the tree; all of its triangles have an area
     ToolTree(MeshArrays const& tool, StageProgress& progress)
-        : m_tool(tool), m_tree(tool, withoutTopology(tool), progress)
+        : ToolTree(tool, std::make_unique<TriangleTree>(tool, withoutTopology(tool), progress))
+    {}
+    /// tree  of all of the tool's triangles
+    ToolTree(MeshArrays const& tool, std::unique_ptr<TriangleTree const> tree)
+        : m_tool(tool), m_ownTree(std::move(tree)), m_tree(*m_ownTree)
     {}
 
     MeshArrays const& mesh() const { return m_tool; }
@@ -105,5 +111,6 @@ private:
     }
 
     MeshArrays const& m_tool;
-    TriangleTree m_tree;
+    std::unique_ptr<TriangleTree const> m_ownTree;
+    TriangleTree const& m_tree;
 };

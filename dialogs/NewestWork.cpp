@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/NewestWork.h"
+
+#include "platform/jobs/Exceptions.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+namespace Freecut {
+
+namespace {
+
+/// Work that has run for longer is given up when other work is wanted.
+constexpr qint64 mostOutdatedMs = 60;
+
+}  // namespace
+
+NewestWork::NewestWork()
+{
+    m_thread.setMaxThreadCount(1);
+}
+
+NewestWork::~NewestWork()
+{
+    drop();
+    m_thread.clear();
+    m_thread.waitForDone();
+}
+
+void NewestWork::ask(Work work)
+{
+    unsigned long const serial = ++m_latest;
+    // What has not begun is done by nobody.
+    m_thread.clear();
+    m_thread.start([this, serial, work = std::move(work)] { run(work, serial); });
+}
+
+void NewestWork::drop()
+{
+    m_done = ++m_latest;
+    m_firstWanted = m_latest;
+    m_thread.clear();
+}
+
+void NewestWork::finish()
+{
+    if (!isBusy())
+        return;
+    m_thread.waitForDone();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
+void NewestWork::run(Work const& work, unsigned long serial)
+{
+    QElapsedTimer timer;
+    timer.start();
+    Poll const poll = [&] {
+        if (m_latest != serial && timer.elapsed() > mostOutdatedMs)
+            throw Mell::AbortException("Aborting...");
+    };
+    std::function<void()> handOver;
+    try {
+        handOver = work(poll);
+    } catch (Mell::AbortException const&) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        this, [this, serial, handOver] { enter(serial, handOver); }, Qt::QueuedConnection);
+}
+
+void NewestWork::enter(unsigned long serial, std::function<void()> const& handOver)
+{
+    if (serial < m_firstWanted || serial <= m_done)
+        return;
+    m_done = serial;
+    handOver();
+    emit ready();
+}
+
+}  // namespace Freecut

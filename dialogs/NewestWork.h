@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QThreadPool>
+
+#include <atomic>
+#include <functional>
+
+namespace Freecut {
+
+/// Work in the background of which only the newest request counts, so that what a mouse drags never
+/// waits. A request that waits is dropped for the next one. One that runs is given up once it is
+/// older than 60 ms and another one wants its place, and finished before that: else nothing would
+/// be seen until a drag rests.
+///
+/// thread  the user interface thread, but for the work itself
+class NewestWork : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Leaves the work if it is out of date.
+    using Poll = std::function<void()>;
+    /// Runs in the background, on what it owns, and calls `poll` often. What it returns is called
+    /// on the user interface thread, unless the work was dropped or something newer is done.
+    using Work = std::function<std::function<void()>(Poll const& poll)>;
+
+    NewestWork();
+    /// Gives up what runs.
+    ~NewestWork() override;
+
+    /// Asks for this in place of all that was asked for before. ready() follows unless another
+    /// request comes.
+    void ask(Work work);
+    /// Forgets what was asked for.
+    void drop();
+    /// Whether the newest request is not done yet.
+    bool isBusy() const { return m_latest != m_done; }
+    /// Waits until it is, and has it told.
+    void finish();
+
+signals:
+    /// A request is done; its result has been handed over.
+    void ready();
+
+private:
+    void run(Work const& work, unsigned long serial);
+    void enter(unsigned long serial, std::function<void()> const& handOver);
+
+    std::atomic<unsigned long> m_latest = 0;
+    /// Nothing before this one is to be handed over.
+    unsigned long m_firstWanted = 0;
+    unsigned long m_done = 0;
+    QThreadPool m_thread;
+};
+
+}  // namespace Freecut

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/ContourItem.h"
+
+namespace Freecut {
+
+void ContourItem::setLines(ContourLines const& lines)
+{
+    m_vertices.clear();
+    m_vertices.reserve(6 * lines.size());
+    for (auto const& line : lines)
+        for (UPoint3<float> const& end : line)
+            m_vertices.insert(m_vertices.end(), {end.X(), end.Y(), end.Z()});
+    m_isUploaded = false;
+    setWorking(!lines.empty());
+}
+
+LineBuffers ContourItem::upload()
+{
+    LineBuffers const buffers{.vbo = vbo, .vao = vao, .buffer = buffer};
+    if (!m_isUploaded)
+        uploadVertices(*viewer, buffers, m_vertices);
+    m_isUploaded = true;
+    return buffers;
+}
+
+template <typename Draw>
+void ContourItem::render(Draw const& draw)
+{
+    LineBuffers const buffers = upload();
+    int const count = int(m_vertices.size() / 3);
+    LineRun const hidden{GL_LINES, 0, count, true}, seen{GL_LINES, 0, count, false};
+    draw(*viewer, buffers, *program,
+         {.color = ToolColors::hiddenContour, .isOverAll = true, .isSmooth = true},
+         std::span<LineRun const>(&hidden, 1));
+    draw(*viewer, buffers, *program, {.color = ToolColors::contour, .isSmooth = true},
+         std::span<LineRun const>(&seen, 1));
+}
+
+void ContourItem::renderItem_GL_3_3()
+{
+    render(drawLines33);
+}
+
+void ContourItem::renderItem_GL_2_1()
+{
+    render(drawLines21);
+}
+
+}  // namespace Freecut
