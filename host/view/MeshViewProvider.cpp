@@ -153,6 +153,12 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
     return look;
 }
 
+void ViewProvider::prepareToPaint(DrawDevice& device)
+{
+    if (MeshKernel const* const shown = kernel())
+        findShape(device, shown->readMesh());
+}
+
 void ViewProvider::paintGL()
 {
     DrawDevice* const device = m_view->scene().device();

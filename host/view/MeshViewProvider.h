@@ -39,6 +39,9 @@ public:
     /// Hidden, but shown as a ghost.
     bool isGhost() const;
 
+    /// Finds what the next picture needs of the part, or has it made.
+    void prepareToPaint(DrawDevice& device);
+
     /// A place where a ray meets the part.
     struct Hit
     {

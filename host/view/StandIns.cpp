@@ -90,11 +90,8 @@ void StandIns::beginParts(DrawDevice& device, bool isPreparing)
     m_partsTime.start();
 }
 
-void StandIns::endParts(DrawDevice& device, bool isPreparing)
+void StandIns::endParts(DrawDevice& device)
 {
-    // Nobody else asks for the exact one.
-    if (m_isOwed && !m_isMoving && !isPreparing)
-        emit rested();
     m_load = m_loadNow;
     if (isLarge() && !m_isCoarse) {
         device.finish();

@@ -59,7 +59,7 @@ public:
     /// isPreparing  parts are on their way that will ask for a picture when they are there; until
     /// then pictures can be coarse as if the mouse moved
     void beginParts(DrawDevice& device, bool isPreparing);
-    void endParts(DrawDevice& device, bool isPreparing);
+    void endParts(DrawDevice& device);
     /// Draws a part coarsely, if that is possible and wanted. Of a part with edges the triangles
     /// are drawn alone.
     bool paint(DrawDevice& device, PaintedPart& part, QMatrix4x4 const& toClip,

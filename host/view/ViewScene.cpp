@@ -8,7 +8,6 @@
 #include "platform/view/GraphicViewProvider.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -156,12 +155,6 @@ bool ViewScene::isPreparing() const
            });
 }
 
-void ViewScene::keepForNow(PaintedPart part)
-{
-    m_leaving.push_back(std::move(part));
-    m_hasJustLeft = true;
-}
-
 bool ViewScene::isHeldBack(PaintedPart const& part) const
 {
     return !part.shape->wasPainted && !m_leaving.empty() && isPreparing();
@@ -190,10 +183,18 @@ void ViewScene::paint(PaintedPart& part)
         m_device->draw(*part.shape->geometry, part.look, clip, toEye);
 }
 
-void ViewScene::paintLeaving()
+// Before anything is painted, so that all of the picture goes by what is ready.
+void ViewScene::prepareParts()
 {
+    for (Base::ViewProvider* const provider : m_providers)
+        if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider); part && isPainted(part))
+            part->prepareToPaint(*m_device);
     if (!isPreparing())
         m_leaving.clear();
+}
+
+void ViewScene::paintLeaving()
+{
     for (PaintedPart& part : m_leaving) {
         m_device->resetState();
         paint(part);
@@ -203,13 +204,11 @@ void ViewScene::paintLeaving()
 void ViewScene::paintProviders()
 {
     m_preparer.beginPicture();
-    bool const isWaiting = isPreparing() || std::exchange(m_hasJustLeft, false);
-    if (!isWaiting)
-        m_leaving.clear();
-    m_standIns.beginParts(*m_device, isWaiting);
+    prepareParts();
+    m_standIns.beginParts(*m_device, isPreparing());
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
         if (turn == Turn::Tool)
-            m_standIns.endParts(*m_device, isPreparing());
+            m_standIns.endParts(*m_device);
         // A provider may add objects while it paints.
         std::vector<Base::ViewProvider*> const providers = m_providers;
         for (Base::ViewProvider* const provider : providers)

@@ -62,7 +62,7 @@ public:
     void finishPreparing();
     /// A part that is taken out is painted as it was until those that may have come for it are
     /// ready.
-    void keepForNow(PaintedPart part);
+    void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
     /// A part that has never been painted is not yet, since those that are shown with it are not
     /// ready and what they come from still stands in their place.
     bool isHeldBack(PaintedPart const& part) const;
@@ -80,6 +80,7 @@ private:
     void askForPicture();
     void dropLeaving();
     void paintLeaving();
+    void prepareParts();
     void objectChanged(Base::DocumentObject*) { askForPicture(); }
     void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
     void documentDeleted();
@@ -90,8 +91,6 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     std::vector<PaintedPart> m_leaving;
-    /// No picture has asked yet for what comes in the place of the last one.
-    bool m_hasJustLeft = false;
     DeviceWork m_deviceWork;
     StandIns m_standIns;
     PartPreparer m_preparer;
