@@ -2,9 +2,9 @@
 #include "dialogs/CuboidCutUI.h"
 
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CuboidcutSelection.h"
-#include "selection/RunningTool.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
@@ -37,6 +37,7 @@ CuboidCutUI::CuboidCutUI(DialogPolygoncut& polygonDialog, QWidget* parent)
     m_cornerRadius = SolidFields::makeLength(this, 1.0);
     m_roundCorners =
         addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Round corners"), m_cornerRadius);
+    PictureTip::give({m_roundCorners, m_cornerRadius}, ToolTips::roundCorners);
     addClearance();
 }
 
@@ -89,18 +90,6 @@ void CuboidCutUI::showValues(SolidValues const& values)
     m_roundCorners->setChecked(values.hasRoundCorners);
     m_cornerRadius->setValue(double(values.cornerRadius));
     SolidToolPage::showValues(values);
-}
-
-void CuboidCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const
-{
-    if (auto* const selection = runningTool<CuboidcutSelection>(view))
-        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
-}
-
-void CuboidCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
-{
-    if (auto* const selection = runningTool<CuboidcutSelection>(view))
-        selection->addPointOfCuboidCut(eyePoint);
 }
 
 }  // namespace Freecut

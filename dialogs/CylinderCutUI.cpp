@@ -4,7 +4,6 @@
 #include "dialogs/SolidFields.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "selection/CylindercutSelection.h"
-#include "selection/RunningTool.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/SolidValues.h"
 #include "tools/ToolLimits.h"
@@ -93,18 +92,6 @@ void CylinderCutUI::showValues(SolidValues const& values)
     m_tolerance->setValue(double(values.tolerance));
     m_notchAngle->setValue(double(values.angle));
     SolidToolPage::showValues(values);
-}
-
-void CylinderCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const
-{
-    if (auto* const selection = runningTool<CylindercutSelection>(view))
-        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
-}
-
-void CylinderCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
-{
-    if (auto* const selection = runningTool<CylindercutSelection>(view))
-        selection->addPointOfCylinderCut(eyePoint);
 }
 
 }  // namespace Freecut

@@ -19,8 +19,6 @@ public:
                std::function<float()> const& suitableSize) override;
     void refresh(VolumeGraphicObject* tool) override;
     void showValues(SolidValues const& values) override;
-    void movePoint(Base::GLView* view, UPoint3<float> const& to) const override;
-    void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const override;
 
 protected:
     void followChecks() override;

@@ -4,6 +4,7 @@
 #include "dialogs/ConnectorFields.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "dialogs/UndoKeys.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
@@ -82,12 +83,14 @@ DialogAddTeethUI::DialogAddTeethUI(QWidget* parent) : Dialog(parent, false)
 }
 
 MellQuantitySpinBox* DialogAddTeethUI::addField(QWidget* content, MellGridLayout* grid,
-                                                char const* source, char const* tag, double initial)
+                                                char const* source, char const* tag, double initial,
+                                                PictureTip::Content const& tip)
 {
     auto* const label = new QLabel(content);
     m_texts.addText(label, context, source, tag);
     MellQuantitySpinBox* const field = SolidFields::makeLength(content, initial);
     label->setBuddy(field);
+    PictureTip::give({label, field}, tip);
     int const row = grid->rowCount();
     grid->addWidget(label, row, 0);
     grid->addWidget(field, row, 1);
@@ -108,10 +111,10 @@ QWidget* DialogAddTeethUI::buildJagged()
 {
     auto* const content = new QWidget(this);
     auto* const grid = new MellGridLayout(content);
-    m_width[TEETH_JAGGED] =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Width"), "(W):", 2.0);
-    m_height[TEETH_JAGGED] =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"), "(H):", 1.0);
+    m_width[TEETH_JAGGED] = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Width"),
+                                     "(W):", 2.0, ToolTips::jaggedWidth);
+    m_height[TEETH_JAGGED] = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"),
+                                      "(H):", 1.0, ToolTips::jaggedHeight);
     addEmptyRow(content, grid);
     return content;
 }
@@ -120,12 +123,12 @@ QWidget* DialogAddTeethUI::buildDovetail()
 {
     auto* const content = new QWidget(this);
     auto* const grid = new MellGridLayout(content);
-    m_upperWidth =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Upper width"), "(W1):", 2.0);
-    m_lowerWidth =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Lower width"), "(W2):", 1.0);
-    m_doveHeight =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"), "(H):", 1.0);
+    m_upperWidth = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Upper width"),
+                            "(W1):", 2.0, ToolTips::doveUpper);
+    m_lowerWidth = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Lower width"),
+                            "(W2):", 1.0, ToolTips::doveLower);
+    m_doveHeight = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"),
+                            "(H):", 1.0, ToolTips::doveHeight);
     return content;
 }
 
@@ -133,10 +136,10 @@ QWidget* DialogAddTeethUI::buildPuzzle()
 {
     auto* const content = new QWidget(this);
     auto* const grid = new MellGridLayout(content);
-    m_width[TEETH_PUZZLE] =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Width"), "(W):", 2.0);
-    m_height[TEETH_PUZZLE] =
-        addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"), "(H):", 1.0);
+    m_width[TEETH_PUZZLE] = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Width"),
+                                     "(W):", 2.0, ToolTips::puzzleWidth);
+    m_height[TEETH_PUZZLE] = addField(content, grid, QT_TRANSLATE_NOOP("DialogFreeCut", "Height"),
+                                      "(H):", 1.0, ToolTips::puzzleHeight);
     addEmptyRow(content, grid);
     return content;
 }
@@ -175,6 +178,11 @@ QWidget* DialogAddTeethUI::buildMethod()
     m_texts.addText(m_applyAll, context, QT_TRANSLATE_NOOP("DialogFreeCut", "Apply to all edges"));
     m_flip = new PushButtonAnimate(content);
     m_texts.addText(m_flip, context, QT_TRANSLATE_NOOP("DialogFreeCut", "Flip Teeth"));
+    PictureTip::give({m_byCount, m_count}, ToolTips::count);
+    PictureTip::give({m_byDistance, m_distance}, ToolTips::toothDistance);
+    PictureTip::give({m_useOffset, m_offset}, ToolTips::offset);
+    PictureTip::give({m_applyAll}, ToolTips::allEdges);
+    PictureTip::give({m_flip}, ToolTips::flip);
     grid->addWidget(m_byCount, 0, 0);
     grid->addWidget(m_count, 0, 1);
     grid->addWidget(m_byDistance, 1, 0);

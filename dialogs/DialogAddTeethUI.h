@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/DialogTexts.h"
+#include "dialogs/PictureTip.h"
 #include "platform/ui/Dialog.h"
 #include "tools/TeethParas.h"
 
@@ -57,7 +58,7 @@ private:
     void buildButtons();
     QWidget* buildTab(QWidget* fields);
     MellQuantitySpinBox* addField(QWidget* content, MellGridLayout* grid, char const* source,
-                                  char const* tag, double initial);
+                                  char const* tag, double initial, PictureTip::Content const& tip);
     void addEmptyRow(QWidget* content, MellGridLayout* grid);
     void connectFields();
     void disconnectFields();

@@ -4,7 +4,9 @@
 #include "platform/jobs/Exceptions.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QThread>
+
+#include <algorithm>
 
 namespace Freecut {
 
@@ -12,6 +14,7 @@ namespace {
 
 /// Work that has run for longer is given up when other work is wanted.
 constexpr qint64 mostOutdatedMs = 60;
+constexpr qint64 longestRestMs = 50;
 
 }  // namespace
 
@@ -50,10 +53,26 @@ void NewestWork::finish()
     QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
+void NewestWork::rest()
+{
+    qint64 const left = std::min(m_lastTook, longestRestMs) -
+                        (m_sinceLast.isValid() ? m_sinceLast.elapsed() : longestRestMs);
+    if (left > 0)
+        QThread::msleep(static_cast<unsigned long>(left));
+}
+
 void NewestWork::run(Work const& work, unsigned long serial)
 {
+    rest();
+    // Another one may have been asked for meanwhile.
+    if (m_latest != serial)
+        return;
     QElapsedTimer timer;
     timer.start();
+    auto const end = [&] {
+        m_lastTook = timer.elapsed();
+        m_sinceLast.start();
+    };
     Poll const poll = [&] {
         if (m_latest != serial && timer.elapsed() > mostOutdatedMs)
             throw Mell::AbortException("Aborting...");
@@ -62,8 +81,10 @@ void NewestWork::run(Work const& work, unsigned long serial)
     try {
         handOver = work(poll);
     } catch (Mell::AbortException const&) {
+        end();
         return;
     }
+    end();
     QMetaObject::invokeMethod(
         this, [this, serial, handOver] { enter(serial, handOver); }, Qt::QueuedConnection);
 }

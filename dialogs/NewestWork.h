@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QThreadPool>
 
@@ -12,7 +13,8 @@ namespace Freecut {
 /// Work in the background of which only the newest request counts, so that what a mouse drags never
 /// waits. A request that waits is dropped for the next one. One that runs is given up once it is
 /// older than 60 ms and another one wants its place, and finished before that: else nothing would
-/// be seen until a drag rests.
+/// be seen until a drag rests. Between two works the thread rests for as long as the first one took,
+/// 50 ms at most, so that pictures get their share of the processor while a drag asks and asks.
 ///
 /// thread  the user interface thread, but for the work itself
 class NewestWork : public QObject
@@ -46,12 +48,16 @@ signals:
 
 private:
     void run(Work const& work, unsigned long serial);
+    void rest();
     void enter(unsigned long serial, std::function<void()> const& handOver);
 
     std::atomic<unsigned long> m_latest = 0;
     /// Nothing before this one is to be handed over.
     unsigned long m_firstWanted = 0;
     unsigned long m_done = 0;
+    /// Of the last work, in milliseconds, and when it ended; the background's alone.
+    qint64 m_lastTook = 0;
+    QElapsedTimer m_sinceLast;
     QThreadPool m_thread;
 };
 

@@ -4,6 +4,7 @@
 #include "dialogs/DialogAddTeethUI.h"
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/view/GLView.h"
@@ -38,6 +39,7 @@ PolygonCutUI::PolygonCutUI(DialogPolygoncut& polygonDialog, QWidget* parent)
     m_cornerRadius = SolidFields::makeLength(this, 1.0);
     m_roundCorners =
         addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Round corners"), m_cornerRadius);
+    PictureTip::give({m_roundCorners, m_cornerRadius}, ToolTips::roundCorners);
     m_addTeeth = new PushButtonAnimate(this);
     texts().addText(m_addTeeth, "DialogFreeCut", QT_TRANSLATE_NOOP("DialogFreeCut", "Add Teeth"));
     m_addTeeth->setEnabled(false);
@@ -150,18 +152,6 @@ void PolygonCutUI::showValues(SolidValues const& values)
     m_roundCorners->setChecked(values.hasRoundCorners);
     m_cornerRadius->setValue(double(values.cornerRadius));
     SolidToolPage::showValues(values);
-}
-
-void PolygonCutUI::movePoint(Base::GLView* view, UPoint3<float> const& to) const
-{
-    if (auto* const selection = runningTool<PolygoncutSelection>(view))
-        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
-}
-
-void PolygonCutUI::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
-{
-    if (auto* const selection = runningTool<PolygoncutSelection>(view))
-        selection->addPointOfPolygonCut(eyePoint);
 }
 
 }  // namespace Freecut

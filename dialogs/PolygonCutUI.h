@@ -30,8 +30,6 @@ public:
     /// The selected vertex.
     std::optional<UPoint3<float>> shownPoint(VolumeGraphicObject& tool,
                                              bool showsCoordinate) const override;
-    void movePoint(Base::GLView* view, UPoint3<float> const& to) const override;
-    void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const override;
 
     /// The window for teeth; null before it was opened.
     DialogAddTeethUI* teethDialog() const { return m_teeth; }

@@ -3,10 +3,14 @@
 
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/SolidFields.h"
+#include "dialogs/ToolTips.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
+#include "platform/view/GLView.h"
+#include "platform/view/NavigationStyle.h"
 #include "selection/EditHistory.h"
+#include "selection/VolumeSelection.h"
 #include "tools/SolidValues.h"
 #include "tools/VolumeGraphicObject.h"
 #include "tools/VolumeProperty.h"
@@ -70,6 +74,7 @@ void SolidToolPage::addClearance()
 {
     m_clearance = SolidFields::makeLength(this, firstClearance);
     m_useClearance = addCheckedRow(QT_TRANSLATE_NOOP("DialogFreeCut", "Clearance"), m_clearance);
+    PictureTip::give({m_useClearance, m_clearance}, ToolTips::clearance);
     m_directionLabel = new QLabel(this);
     m_texts.addText(m_directionLabel, "DialogFreeCut",
                     QT_TRANSLATE_NOOP("DialogFreeCut", "Clearance Direction"));
@@ -84,6 +89,7 @@ void SolidToolPage::addClearance()
     for (int id = 0; id < 3; ++id) {
         auto* const button = new QRadioButton(row);
         m_texts.addText(button, "DialogFreeCut", directions[id]);
+        PictureTip::give({button}, ToolTips::clearanceSides[std::size_t(id)]);
         m_direction->addButton(button, id);
         layout->addWidget(button);
         connect(button, &QAbstractButton::clicked, this, &SolidToolPage::on_valueChanged);
@@ -151,6 +157,26 @@ std::optional<UPoint3<float>> SolidToolPage::shownPoint(VolumeGraphicObject& too
     if (points.empty())
         return {};
     return points[0];
+}
+
+VolumeSelection* SolidToolPage::runningSelection(Base::GLView* view) const
+{
+    Base::AbstractMouseSelection* const tool =
+        view ? view->navigationStyle()->mouseModel() : nullptr;
+    return tool && tool->getClassName() == selectionClass() ? dynamic_cast<VolumeSelection*>(tool)
+                                                            : nullptr;
+}
+
+void SolidToolPage::movePoint(Base::GLView* view, UPoint3<float> const& to) const
+{
+    if (VolumeSelection* const selection = runningSelection(view))
+        selection->setSelectedPointInfo(to.X(), to.Y(), to.Z());
+}
+
+void SolidToolPage::addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const
+{
+    if (VolumeSelection* const selection = runningSelection(view))
+        selection->addPoint(eyePoint);
 }
 
 }  // namespace Freecut

@@ -23,6 +23,7 @@ namespace Freecut {
 
 class DialogPolygoncut;
 class VolumeGraphicObject;
+class VolumeSelection;
 struct SolidValues;
 
 /// What the pages of the polygon dialog share of a tool's values, besides their own fields.
@@ -69,8 +70,8 @@ public:
 
     // By the running mouse tool of the page; without it they do nothing.
 
-    virtual void movePoint(Base::GLView* view, UPoint3<float> const& to) const = 0;
-    virtual void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const = 0;
+    void movePoint(Base::GLView* view, UPoint3<float> const& to) const;
+    void addPoint(Base::GLView* view, UPoint3<float> const& eyePoint) const;
 
     bool isClearanceOn() const;
     void retranslate() const { m_texts.retranslate(); }
@@ -97,6 +98,8 @@ protected:
     DialogTexts& texts() { return m_texts; }
 
 private:
+    VolumeSelection* runningSelection(Base::GLView* view) const;
+
     DialogPolygoncut& m_dialog;
     DialogTexts m_texts;
     QGridLayout* m_grid;

@@ -16,10 +16,9 @@ CuboidcutSelection::CuboidcutSelection()
     keepPointTool<CuboidGraphicObject>();
 }
 
-void CuboidcutSelection::initialize()
+char const* CuboidcutSelection::ownCursor() const
 {
-    showCursor("cursor_cuboidcut");
-    PointPickerMesh::initialize();
+    return "cursor_cuboidcut";
 }
 
 CuboidGraphicObject* CuboidcutSelection::getCuboid() const
@@ -34,9 +33,9 @@ bool CuboidcutSelection::addPointOfCuboidCut(UPoint3<float> eyePoint)
     return true;
 }
 
-void CuboidcutSelection::setSelectedPointInfo(float x, float y, float z)
+bool CuboidcutSelection::addPoint(UPoint3<float> const& eyePoint)
 {
-    moveCentreToTyped({x, y, z});
+    return addPointOfCuboidCut(eyePoint);
 }
 
 void CuboidcutSelection::dragMoveMouseLeft(UVector3<float> delta, QMouseEvent const* event)
@@ -61,46 +60,14 @@ std::function<void()> CuboidcutSelection::putBack()
     };
 }
 
-int CuboidcutSelection::mousePressEvent(QMouseEvent* event)
+std::optional<int> CuboidcutSelection::partUnder(QPoint position) const
 {
-    if (!graphicObject)
-        return 0;
-    lastPos = event->pos();
-    if (isFrozen() || event->button() != Qt::LeftButton)
-        return 0;
-    if (auto const handle =
-            handleAt(*m_view, event->pos(), getCuboid()->getProperty().getKeyPoints()))
-        beginDrag(*handle, putBack());
-    return 0;
+    return handleAt(*m_view, position, getCuboid()->getProperty().getKeyPoints());
 }
 
-int CuboidcutSelection::mouseMoveEvent(QMouseEvent* event)
+char const* CuboidcutSelection::cursorOver(int part) const
 {
-    if (isDragging && !isFrozen())
-        dragMoveMouseLeft(worldDelta(event->pos()), event);
-    lastPos = event->pos();
-    if (isFrozen())
-        return 0;
-    auto const handle = handleAt(*m_view, event->pos(), getCuboid()->getProperty().getKeyPoints());
-    if (handle)
-        showCursor(*handle == CUBOID_CORNER ? "cursor_2drotate" : "cursor_freecutmove");
-    else if (!isDragging)
-        showCursor("cursor_cuboidcut");
-    return 0;
-}
-
-int CuboidcutSelection::mouseReleaseEvent(QMouseEvent* event)
-{
-    lastPos = event->pos();
-    if (isDragging) {
-        isDragging = false;
-        edits()->edited();
-        return 1;
-    }
-    selectedIndex = 0;
-    if (event->button() == Qt::LeftButton && !isInPreview())
-        addPointOfCuboidCut(eyePointUnder(event->pos()));
-    return 1;
+    return part == CUBOID_CORNER ? "cursor_2drotate" : CentredSelection::cursorOver(part);
 }
 
 }  // namespace Freecut

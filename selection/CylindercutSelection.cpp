@@ -20,10 +20,9 @@ CylindercutSelection::CylindercutSelection()
     keepPointTool<CylinderGraphicObject>();
 }
 
-void CylindercutSelection::initialize()
+char const* CylindercutSelection::ownCursor() const
 {
-    showCursor("cursor_cylindercut");
-    PointPickerMesh::initialize();
+    return "cursor_cylindercut";
 }
 
 CylinderGraphicObject* CylindercutSelection::getCylinder() const
@@ -38,9 +37,9 @@ bool CylindercutSelection::addPointOfCylinderCut(UPoint3<float> eyePoint)
     return true;
 }
 
-void CylindercutSelection::setSelectedPointInfo(float x, float y, float z)
+bool CylindercutSelection::addPoint(UPoint3<float> const& eyePoint)
 {
-    moveCentreToTyped({x, y, z});
+    return addPointOfCylinderCut(eyePoint);
 }
 
 void CylindercutSelection::dragMoveMouseLeft(UVector3<float>, QMouseEvent const* event)
@@ -97,43 +96,6 @@ std::function<void()> CylindercutSelection::putBack()
         record.setNotchWidth(width);
         record.setNotchLength(length);
     };
-}
-
-int CylindercutSelection::mousePressEvent(QMouseEvent* event)
-{
-    lastPos = event->pos();
-    if (isFrozen() || event->button() != Qt::LeftButton)
-        return 0;
-    if (auto const part = partUnder(event->pos()))
-        beginDrag(*part, putBack());
-    return 0;
-}
-
-int CylindercutSelection::mouseMoveEvent(QMouseEvent* event)
-{
-    if (isDragging && !isFrozen())
-        dragMoveMouseLeft({}, event);
-    lastPos = event->pos();
-    if (isFrozen())
-        return 0;
-    if (partUnder(event->pos()))
-        showCursor("cursor_freecutmove");
-    else if (!isDragging)
-        showCursor("cursor_cylindercut");
-    return 0;
-}
-
-int CylindercutSelection::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (isDragging) {
-        isDragging = false;
-        edits()->edited();
-        return 1;
-    }
-    selectedIndex = 0;
-    if (event->button() == Qt::LeftButton && !isInPreview())
-        addPointOfCylinderCut(eyePointUnder(event->pos()));
-    return 1;
 }
 
 }  // namespace Freecut

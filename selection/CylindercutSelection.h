@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/document/TypeEntry.h"
-#include "selection/VolumeSelection.h"
+#include "selection/CentredSelection.h"
 
 namespace Freecut {
 
@@ -10,34 +10,31 @@ class CylinderGraphicObject;
 
 /// The mouse tool of the cylinder: a click places its centre; the centre, the notch and the circle
 /// itself are dragged. During a preview it leaves the mouse alone.
-class CylindercutSelection : public Base::TypeEntry<CylindercutSelection, VolumeSelection>
+class CylindercutSelection : public Base::TypeEntry<CylindercutSelection, CentredSelection>
 {
 public:
     static constexpr char const* toolName = "Freecut::CylindercutSelection";
     static constexpr char const* typeName = toolName;
 
     CylindercutSelection();
-    void initialize() override;
-    int mousePressEvent(QMouseEvent* event) override;
-    int mouseMoveEvent(QMouseEvent* event) override;
-    int mouseReleaseEvent(QMouseEvent* event) override;
 
     /// Places the centre, of which x and y count. Makes the tool if there is none yet.
     ///
     /// eyePoint  in eye space
     bool addPointOfCylinderCut(UPoint3<float> eyePoint);
-    /// Moves the centre to typed world coordinates.
-    void setSelectedPointInfo(float x, float y, float z);
+    bool addPoint(UPoint3<float> const& eyePoint) override;
 
     /// The cylinder; null until the first click.
     CylinderGraphicObject* getCylinder() const;
 
+protected:
+    char const* ownCursor() const override;
+    /// The key point, or CYLINDER_CIRCLE.
+    std::optional<int> partUnder(QPoint position) const override;
+
 private:
-    void dragMoveMouseLeft(UVector3<float> delta, QMouseEvent const* event);
-    /// Takes the cylinder back to what it is now.
-    std::function<void()> putBack();
-    /// The key point, or CYLINDER_CIRCLE, that is under the mouse.
-    std::optional<int> partUnder(QPoint position) const;
+    void dragMoveMouseLeft(UVector3<float> delta, QMouseEvent const* event) override;
+    std::function<void()> putBack() override;
     bool isCircleUnder(QPoint position) const;
 };
 

@@ -69,6 +69,11 @@ bool PolygoncutSelection::addPointOfPolygonCut(UPoint3<float> eyePoint)
     return ContourEditing(*m_view, polygon).addPoint(point, freshEdge());
 }
 
+bool PolygoncutSelection::addPoint(UPoint3<float> const& eyePoint)
+{
+    return addPointOfPolygonCut(eyePoint);
+}
+
 int PolygoncutSelection::insertPointInPolygon(UPoint3<float> worldPoint) const
 {
     if (!graphicObject)

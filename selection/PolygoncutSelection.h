@@ -42,8 +42,9 @@ public:
     int insertPointInPolygon(UPoint3<float> worldPoint) const;
     /// Whether an outline, in thousandths of a millimetre, touches itself as it is seen.
     bool overlappingdetect(std::vector<UPoint3<float>> points) const;
+    bool addPoint(UPoint3<float> const& eyePoint) override;
     /// Moves the selected vertex to typed world coordinates.
-    void setSelectedPointInfo(float x, float y, float z);
+    void setSelectedPointInfo(float x, float y, float z) override;
     /// Takes the line over the edge under the mouse away.
     void deleteHightLightedLine();
 

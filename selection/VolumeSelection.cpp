@@ -41,6 +41,13 @@ VolumeGraphicObject* VolumeSelection::getGraphicObject() const
     return graphicObject;
 }
 
+bool VolumeSelection::addPoint(UPoint3<float> const&)
+{
+    return false;
+}
+
+void VolumeSelection::setSelectedPointInfo(float, float, float) {}
+
 void VolumeSelection::resetSelection()
 {
     graphicObject = nullptr;

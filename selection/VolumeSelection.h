@@ -25,6 +25,10 @@ public:
     virtual VolumeGraphicObject* getGraphicObject() const;
     /// Takes the tool object out and deletes it, so that the tool can be drawn anew.
     virtual void resetSelection();
+    /// Adds a point, in eye space, of which x and y count, as a click does. Whether it was taken.
+    virtual bool addPoint(UPoint3<float> const& eyePoint);
+    /// Moves the selected point to typed world coordinates.
+    virtual void setSelectedPointInfo(float x, float y, float z);
 
 protected:
     /// The world point under a widget position in the plane in which a tool is drawn.

@@ -94,6 +94,36 @@ Paths partOf(ClipperLib::PolyNode const& outer, double minimumArea)
     return part;
 }
 
+/// Whether a contour turns back at b.
+bool isSpike(IntPoint const& a, IntPoint const& b, IntPoint const& c)
+{
+    double const ux = double(b.X - a.X), uy = double(b.Y - a.Y);
+    double const vx = double(c.X - b.X), vy = double(c.Y - b.Y);
+    return ux * vy == uy * vx && ux * vx + uy * vy <= 0;
+}
+
+/// Contours without what goes out and back on one line, such as rounding to the grid leaves: moved
+/// inward, the library makes small contours of it that lie beside the others.
+Paths withoutSpikes(Paths const& contours)
+{
+    Paths tidied;
+    for (Path const& contour : contours) {
+        Path kept;
+        for (IntPoint const& p : contour) {
+            while (kept.size() > 1 && isSpike(kept[kept.size() - 2], kept.back(), p))
+                kept.pop_back();
+            if (kept.empty() || kept.back() != p)
+                kept.push_back(p);
+        }
+        while (kept.size() > 2 && isSpike(kept[kept.size() - 2], kept.back(), kept.front()))
+            kept.pop_back();
+        while (kept.size() > 2 && isSpike(kept.back(), kept[0], kept[1]))
+            kept.erase(kept.begin());
+        tidied.push_back(std::move(kept));
+    }
+    return tidied;
+}
+
 }  // namespace
 
 Polygons::Polygons() = default;
@@ -135,7 +165,7 @@ Polygons Polygons::offset(int distance, ClipperLib::JoinType join, double miterL
 {
     Paths const moved = withoutLibraryErrors([&] {
         ClipperLib::ClipperOffset offsetter(miterLimit, arcTolerance);
-        offsetter.AddPaths(m_paths, join, ClipperLib::etClosedPolygon);
+        offsetter.AddPaths(withoutSpikes(m_paths), join, ClipperLib::etClosedPolygon);
         Paths paths;
         offsetter.Execute(paths, distance);
         return paths;

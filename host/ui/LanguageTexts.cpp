@@ -3,6 +3,8 @@
 
 #include <QLibraryInfo>
 
+#include <cstring>
+
 void LanguageTexts::take(QString const& language)
 {
     Files files = filesOf(language);
@@ -14,10 +16,13 @@ QString LanguageTexts::translate(char const* context, char const* text, char con
                                  int count) const
 {
     QReadLocker const locker(&m_lock);
-    for (auto const& file : m_files)
-        if (QString const found = file->translate(context, text, disambiguation, count);
-            !found.isNull())
-            return found;
+    // A class asks by its full name, and lupdate enters its texts without the namespaces.
+    char const* const lastColon = std::strrchr(context, ':');
+    for (char const* const name : {context, lastColon ? lastColon + 1 : context})
+        for (auto const& file : m_files)
+            if (QString const found = file->translate(name, text, disambiguation, count);
+                !found.isNull())
+                return found;
     return {};
 }
 

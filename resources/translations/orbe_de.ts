@@ -1691,6 +1691,74 @@
         <source>How much deeper the notch is than the tongue is high. At most the notch depth.</source>
         <translation>Um wie viel die Nut tiefer ist, als die Zunge hoch ist. Höchstens die Nuttiefe.</translation>
     </message>
+    <message>
+        <source>Width of a tooth at the edge.</source>
+        <translation>Breite eines Zahns an der Kante.</translation>
+    </message>
+    <message>
+        <source>How far a tooth stands out of the edge.</source>
+        <translation>Wie weit ein Zahn aus der Kante herausragt.</translation>
+    </message>
+    <message>
+        <source>Width of a tooth away from the edge. Where it is larger than the lower width, the pieces cannot be pulled apart.</source>
+        <translation>Breite eines Zahns abseits der Kante. Ist sie größer als die untere Breite, lassen sich die Teile nicht auseinanderziehen.</translation>
+    </message>
+    <message>
+        <source>Width of a dovetail at the edge.</source>
+        <translation>Breite eines Schwalbenschwanzes an der Kante.</translation>
+    </message>
+    <message>
+        <source>How far a dovetail stands out of the edge.</source>
+        <translation>Wie weit ein Schwalbenschwanz aus der Kante herausragt.</translation>
+    </message>
+    <message>
+        <source>Width of a tab at its head. Its neck is narrower by the height.</source>
+        <translation>Breite eines Puzzlezahns am Kopf. Sein Hals ist um die Höhe schmaler.</translation>
+    </message>
+    <message>
+        <source>How far a tab stands out of the edge; at most its width.</source>
+        <translation>Wie weit ein Puzzlezahn aus der Kante herausragt; höchstens seine Breite.</translation>
+    </message>
+    <message>
+        <source>So many teeth are spread over the whole edge, less the offset.</source>
+        <translation>So viele Zähne werden über die ganze Kante abzüglich des Versatzes verteilt.</translation>
+    </message>
+    <message>
+        <source>From the middle of one tooth to the next.</source>
+        <translation>Von der Mitte eines Zahns zum nächsten.</translation>
+    </message>
+    <message>
+        <source>Length that is left without teeth at the start of the edge.</source>
+        <translation>Länge, die am Anfang der Kante ohne Zähne bleibt.</translation>
+    </message>
+    <message>
+        <source>Every edge of the outline gets these teeth.</source>
+        <translation>Jede Kante des Umrisses bekommt diese Zähne.</translation>
+    </message>
+    <message>
+        <source>Puts the teeth on the other side of the edge.</source>
+        <translation>Setzt die Zähne auf die andere Seite der Kante.</translation>
+    </message>
+    <message>
+        <source>Radius with which the corners of the outline are rounded. A corner whose edges are too short for it stays sharp.</source>
+        <translation>Radius, mit dem die Ecken des Umrisses gerundet werden. Eine Ecke, deren Kanten dafür zu kurz sind, bleibt scharf.</translation>
+    </message>
+    <message>
+        <source>Gap between the two pieces, all along the outline. 0.1 to 0.2 mm suit most printers.</source>
+        <translation>Spalt zwischen den beiden Teilen entlang des ganzen Umrisses. 0,1 bis 0,2 mm passen für die meisten Drucker.</translation>
+    </message>
+    <message>
+        <source>The gap is taken from the piece within the outline.</source>
+        <translation>Der Spalt geht vom Teil innerhalb des Umrisses ab.</translation>
+    </message>
+    <message>
+        <source>The gap is taken from the rest of the part.</source>
+        <translation>Der Spalt geht vom Rest des Teils ab.</translation>
+    </message>
+    <message>
+        <source>The gap is taken from both, so that it is twice as wide.</source>
+        <translation>Der Spalt geht von beiden ab und ist daher doppelt so breit.</translation>
+    </message>
 </context>
 <context>
     <name>Freecut::PolygoncutSelection</name>

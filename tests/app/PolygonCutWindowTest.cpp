@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/CuboidCutUI.h"
+#include "dialogs/CutForecast.h"
 #include "dialogs/DialogAddTeethUI.h"
 #include "dialogs/DialogCoordinateUI.h"
 #include "dialogs/DialogPolygoncut.h"
@@ -131,9 +132,12 @@ protected:
                 type(spin, clearance);
         settle();
     }
+    /// Cuts, and notes what the dialog has said of the cut before.
     void cut()
     {
         ASSERT_TRUE(ui().ok->isEnabled());
+        ASSERT_TRUE(waitUntil([&] { return !ui().forecast->work().isBusy(); }));
+        forecast = ui().forecast->result();
         ui().ok->click();
         ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
         settle();
@@ -154,9 +158,21 @@ protected:
         EXPECT_NEAR(gap.least, clearance, 0.003);
         EXPECT_NEAR(gap.median, clearance, 0.003);
         EXPECT_NEAR(whole - both, clearance * gap.wallArea, 0.05 * clearance * gap.wallArea);
+        expectForecast(found, gap);
+    }
+    /// What was told before the cut is what it has made.
+    void expectForecast(std::vector<Soup> const& found, PieceGap const& gap) const
+    {
+        ASSERT_EQ(forecast.forecasts.size(), 1u);
+        EXPECT_EQ(forecast.forecasts[0].inside, componentsOf(found[1]));
+        EXPECT_EQ(forecast.forecasts[0].outside, componentsOf(found[2]));
+        EXPECT_FALSE(forecast.forecasts[0].contours.empty());
+        ASSERT_TRUE(forecast.fit.pieceGap);
+        EXPECT_NEAR(*forecast.fit.pieceGap, gap.least, 0.003);
     }
 
     QTemporaryDir folder;
+    ForecastResult forecast;
 };
 
 }  // namespace

@@ -33,8 +33,9 @@ protected:
     {
         button(page, "Clearance")->click();
         button(page, side)->click();
-        auto const fields = page->findChildren<MellQuantitySpinBox*>();
-        type(fields[fields.size() - 1], clearance);
+        // The window for teeth is a child of its page, too.
+        type(page->findChildren<MellQuantitySpinBox*>(QString(), Qt::FindDirectChildrenOnly).last(),
+             clearance);
     }
     void drawTriangle()
     {

@@ -2,6 +2,7 @@
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
 #include "dialogs/PictureTip.h"
+#include "dialogs/PresetButton.h"
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/Theme.h"
@@ -123,4 +124,11 @@ TEST_F(PictureTips, TheSentenceFollowsTheLanguage)
     QString const tip = tipOf(depth);
     EXPECT_NE(depth->accessibleDescription(), english);
     EXPECT_TRUE(tip.contains(depth->accessibleDescription().toHtmlEscaped()));
+}
+
+// The classes of the plug-in ask for their texts by their full names.
+TEST_F(PictureTips, TextsOfTheClassesBesideThemFollowTheLanguageToo)
+{
+    LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
+    EXPECT_EQ(PresetButton(nullptr).text().toStdString(), "Voreinstellungen");
 }

@@ -20,6 +20,10 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QImage>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QSet>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -179,6 +183,28 @@ TEST_F(TeethWindow, UndoBringsItsNumbersBackToo)
     scene.view.navigationStyle()->mouseModel()->history()->undo();
     EXPECT_EQ(edges()[0].teethPoints, first);
     EXPECT_EQ(field(teeth, 0, 1)->value(), 1);
+}
+
+TEST_F(TeethWindow, EveryValueOfItAndOfThePagesIsExplainedByAPicture)
+{
+    static QRegularExpression const source("src=\"([^\"]+)\"");
+    QSet<QString> pictures;
+    QList<QAbstractSpinBox*> fields = openTeeth()->findChildren<QAbstractSpinBox*>();
+    EXPECT_EQ(fields.size(), 10);
+    fields += dialog->widgets().polygon->findChildren<QAbstractSpinBox*>(
+        QString(), Qt::FindDirectChildrenOnly);
+    for (QAbstractSpinBox* const value : fields) {
+        QString const picture = source.match(value->whatsThis()).captured(1);
+        EXPECT_FALSE(QImage(picture).isNull()) << value->whatsThis().toStdString();
+        EXPECT_FALSE(value->accessibleDescription().isEmpty());
+        pictures += picture;
+    }
+    EXPECT_EQ(pictures.size(), fields.size());
+    // The sides of the gap, on each page.
+    for (QWidget* const page : dialog->widgets().pages)
+        for (char const* const side : {"Inside", "Outside", "Both sides"})
+            EXPECT_TRUE(
+                find<QRadioButton>(page, side)->whatsThis().contains("tip_tool_clearance_"));
 }
 
 TEST_F(TeethWindow, ClosesWhenThePolygonIsResetOrTheTabChanges)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/ContourItem.h"
 #include "display/PlaneViewProvider.h"
 #include "display/RubberLine.h"
 #include "display/RubberRect.h"
@@ -178,6 +179,34 @@ TEST_P(ToolPictures, LinesLieOverTheParts)
     EXPECT_NE(picture("line-off"), image);
 }
 
+TEST_P(ToolPictures, ContoursAreFaintBehindPartsAndPlainInFrontOfThem)
+{
+    test.add(box(40, 10, 30), "box")->translate({-20, -20, -15}, 0);
+    Shown<Freecut::ContourItem> contours(*view);
+    // One line behind the box, one before it, both wider than it is.
+    contours.item.setLines(
+        {{Point(-35, 0, 5), Point(35, 0, 5)}, {Point(-35, -30, -5), Point(35, -30, -5)}});
+    QImage const image = picture("contours");
+    auto const greenAt = [&](Point const& point) {
+        QPoint const place = positionOf(point) * int(view->devicePixelRatioF());
+        int most = -255;
+        for (int y = place.y() - 2; y <= place.y() + 2; ++y) {
+            QColor const color = image.pixelColor(place.x(), y);
+            most = std::max(most, color.green() - color.red());
+        }
+        return most;
+    };
+    int const nothing = greenAt({0, 0, 0}), hidden = greenAt({0, 0, 5});
+    EXPECT_GT(hidden, nothing + 20);
+    for (Point const& point : {Point(30, 0, 5), Point(30, -30, -5), Point(0, -30, -5)})
+        EXPECT_GT(greenAt(point), hidden + 20);
+    EXPECT_EQ(error(), GLenum(GL_NO_ERROR));
+    contours.item.setLines({});
+    EXPECT_FALSE(contours.item.isWorking());
+    view->redraw();
+    EXPECT_NE(picture("contours-off"), image);
+}
+
 TEST_P(ToolPictures, ALineOfOnePointOrNoneDrawsNothing)
 {
     QImage const empty = picture("no-line");
@@ -216,6 +245,8 @@ TEST_P(ToolPictures, BothVersionsDrawTheSame)
         rect.item.setParameter({20, 0, 7});
         Shown<Freecut::RubberLine> line(*view);
         line.item.setParameter({{-30, 0, -20}, {0, 0, 5}, {30, 0, -20}});
+        Shown<Freecut::ContourItem> contours(*view);
+        contours.item.setLines({{Point(-30, -5, 12), Point(30, 5, 14)}});
         view->redraw();
         return picture("plane-marker-line");
     };

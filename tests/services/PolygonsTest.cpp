@@ -42,6 +42,14 @@ std::set<std::pair<long long, long long>> cornersOf(Path const& path)
     return corners;
 }
 
+std::set<std::pair<long long, long long>> cornersOf(Polygons const& set)
+{
+    std::set<std::pair<long long, long long>> corners;
+    for (Path const& path : set.getPaths())
+        corners.merge(cornersOf(path));
+    return corners;
+}
+
 double areaOf(Paths const& paths)
 {
     double area = 0;
@@ -352,5 +360,21 @@ TEST(PolygonsParts, CoverExactlyWhatRandomCellsCover)
         auto const parts = Polygons(cells).splitIntoParts(false, 0);
         expectSoundParts(parts);
         EXPECT_EQ(areaOf(parts), 100.0 * double(covered.size()));
+    }
+}
+
+/// From a section of a scan, whose points fell together on the grid: the clipping library makes a
+/// contour of the spike that lies apart from what is moved inward.
+TEST(Polygons, ASpikeLeavesNothingBesideTheInset)
+{
+    Path const contour{{-27831, 40406}, {-25783, 39250}, {-6456, 2264}};
+    Path spiked = contour;
+    spiked.insert(spiked.end(), {{-6456, 2263}, {-6456, 2264}});
+    for (std::size_t start = 0; start < spiked.size(); ++start) {
+        SCOPED_TRACE(start);
+        std::rotate(spiked.begin(), spiked.begin() + 1, spiked.end());
+        for (int const distance : {-1194, -494, -20})
+            EXPECT_EQ(cornersOf(jointOffset(Polygons({spiked}), distance)),
+                      cornersOf(jointOffset(Polygons({contour}), distance)));
     }
 }
