@@ -152,7 +152,8 @@ void CutForecast::show()
     ContourLines lines;
     for (VolumeForecast const& forecast : m_result.forecasts)
         lines.insert(lines.end(), forecast.contours.begin(), forecast.contours.end());
-    m_lines.show([&](ContourItem& item) { item.setLines(lines); });
+    m_lines.show(
+        [&](ContourItem& item) { item.setLines(lines, m_request.fit.solids.extrudeVector); });
     showText();
 }
 

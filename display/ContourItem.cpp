@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/ContourItem.h"
 
+#include "platform/view/GLView.h"
+
 namespace Freecut {
 
-void ContourItem::setLines(ContourLines const& lines)
+namespace {
+
+/// The sine of an angle below which a tool is seen along itself.
+constexpr float alongTool = 1e-3f;
+
+}  // namespace
+
+void ContourItem::setLines(ContourLines const& lines, UVector3<float> const& direction)
 {
+    m_direction = direction;
     m_vertices.clear();
     m_vertices.reserve(6 * lines.size());
     for (auto const& line : lines)
@@ -12,6 +22,13 @@ void ContourItem::setLines(ContourLines const& lines)
             m_vertices.insert(m_vertices.end(), {end.X(), end.Y(), end.Z()});
     m_isUploaded = false;
     setWorking(!lines.empty());
+}
+
+bool ContourItem::isSeenAlongTool() const
+{
+    UVector3<float> const sight = viewer->getViewDirection();
+    return (sight * m_direction).GetLength() <
+           alongTool * sight.GetLength() * m_direction.GetLength();
 }
 
 LineBuffers ContourItem::upload()
@@ -26,6 +43,8 @@ LineBuffers ContourItem::upload()
 template <typename Draw>
 void ContourItem::render(Draw const& draw)
 {
+    if (isSeenAlongTool())
+        return;
     LineBuffers const buffers = upload();
     int const count = int(m_vertices.size() / 3);
     LineRun const hidden{GL_LINES, 0, count, true}, seen{GL_LINES, 0, count, false};

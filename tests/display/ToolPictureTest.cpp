@@ -184,8 +184,9 @@ TEST_P(ToolPictures, ContoursAreFaintBehindPartsAndPlainInFrontOfThem)
     test.add(box(40, 10, 30), "box")->translate({-20, -20, -15}, 0);
     Shown<Freecut::ContourItem> contours(*view);
     // One line behind the box, one before it, both wider than it is.
-    contours.item.setLines(
-        {{Point(-35, 0, 5), Point(35, 0, 5)}, {Point(-35, -30, -5), Point(35, -30, -5)}});
+    ContourLines const lines = {{Point(-35, 0, 5), Point(35, 0, 5)},
+                                {Point(-35, -30, -5), Point(35, -30, -5)}};
+    contours.item.setLines(lines, {0, 0, 7});
     QImage const image = picture("contours");
     auto const greenAt = [&](Point const& point) {
         QPoint const place = positionOf(point) * int(view->devicePixelRatioF());
@@ -201,10 +202,15 @@ TEST_P(ToolPictures, ContoursAreFaintBehindPartsAndPlainInFrontOfThem)
     for (Point const& point : {Point(30, 0, 5), Point(30, -30, -5), Point(0, -30, -5)})
         EXPECT_GT(greenAt(point), hidden + 20);
     EXPECT_EQ(error(), GLenum(GL_NO_ERROR));
-    contours.item.setLines({});
+    contours.item.setLines({}, {0, 0, 7});
     EXPECT_FALSE(contours.item.isWorking());
     view->redraw();
-    EXPECT_NE(picture("contours-off"), image);
+    QImage const empty = picture("contours-off");
+    EXPECT_NE(empty, image);
+    // Along the tool they would cover its outline.
+    contours.item.setLines(lines, {0, 7, 0});
+    view->redraw();
+    EXPECT_EQ(picture("contours-off"), empty);
 }
 
 TEST_P(ToolPictures, ALineOfOnePointOrNoneDrawsNothing)
@@ -246,7 +252,7 @@ TEST_P(ToolPictures, BothVersionsDrawTheSame)
         Shown<Freecut::RubberLine> line(*view);
         line.item.setParameter({{-30, 0, -20}, {0, 0, 5}, {30, 0, -20}});
         Shown<Freecut::ContourItem> contours(*view);
-        contours.item.setLines({{Point(-30, -5, 12), Point(30, 5, 14)}});
+        contours.item.setLines({{Point(-30, -5, 12), Point(30, 5, 14)}}, {1, 0, 0});
         view->redraw();
         return picture("plane-marker-line");
     };

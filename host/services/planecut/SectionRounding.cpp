@@ -4,6 +4,7 @@
 #include "host/mesh/DegenerateTriangles.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/BoxCells.h"
 #include "host/services/boolean/RoundingCrossings.h"
 #include "host/services/boolean/RoundingMending.h"
 
@@ -26,8 +27,9 @@ using Box = TriangleTree::Box;
 constexpr double doubtfulUnits = 2;
 /// Further than mending moves points.
 constexpr double reachUnits = 128;
-/// Tests of boxes, of which a million take some milliseconds; beyond, a tree is worth its making.
-constexpr std::size_t mostTests = 1'000'000;
+/// Tests of boxes, of which a million take one or two milliseconds; beyond, a tree over all that was
+/// made is worth its making.
+constexpr std::size_t mostTests = 8'000'000;
 
 double unitAt(Point const& p)
 {
@@ -268,42 +270,79 @@ std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
     return faces;
 }
 
-/// Which of some triangles, and of others of their half, cross each other.
-///
-/// areCapsExact  the caps lie in the plane, so that nothing but walls can cross
-Records crossingAmong(std::vector<HalfTriangle> const& made, std::vector<std::size_t> const& some,
-                      bool areCapsExact, StageProgress& progress)
+/// Looks for crossings of some triangles with others of their half.
+class CrossingSearch
 {
-    Records crossing;
-    std::vector<Box> boxes;
-    boxes.reserve(made.size());
-    for (HalfTriangle const& triangle : made)
-        boxes.push_back(boxOf(*triangle.record));
-    auto const canCross = [&](std::size_t i) { return !areCapsExact || !made[i].isCap; };
-    MeshArrays pair{std::vector<Point>(6), {{0, 1, 2}, {3, 4, 5}}};
-    auto const doCross = [&](std::size_t i, std::size_t k) {
-        if (made[i].side != made[k].side || i == k || !boxes[i].overlaps(boxes[k]) || !canCross(k))
+public:
+    /// some          places in `made`
+    /// areCapsExact  the caps lie in the plane, so that nothing but walls can cross
+    CrossingSearch(std::vector<HalfTriangle> const& made, std::vector<std::size_t> const& some,
+                   bool areCapsExact)
+        : m_made(made), m_areCapsExact(areCapsExact)
+    {
+        Box bounds;
+        for (std::size_t const i : some)
+            if (canCross(i) && !isFlat(i)) {
+                m_some.push_back({boxOf(*made[i].record), i});
+                bounds.add(m_some.back().box);
+            }
+        BoxCells cells(bounds);
+        for (Place const& place : m_some)
+            cells.add(place.box);
+        for (std::size_t i = 0; i < made.size() && !m_some.empty(); ++i)
+            if (Box const box = boxOf(*made[i].record); canCross(i) && cells.areMetBy(box))
+                m_near.push_back({box, i});
+    }
+
+    /// How many tests of two boxes it takes.
+    std::size_t effort() const { return m_some.size() * m_near.size(); }
+
+    Records run(StageProgress& progress)
+    {
+        Records crossing;
+        for (Place const& a : m_some) {
+            progress.add(0);
+            for (Place const& b : m_near)
+                if (a.box.overlaps(b.box) && doCross(a.triangle, b.triangle)) {
+                    crossing.insert(m_made[a.triangle].record);
+                    crossing.insert(m_made[b.triangle].record);
+                }
+        }
+        return crossing;
+    }
+
+private:
+    struct Place
+    {
+        Box box;
+        std::size_t triangle;
+    };
+
+    bool canCross(std::size_t i) const { return !m_areCapsExact || !m_made[i].isCap; }
+    bool isFlat(std::size_t i) const
+    {
+        Triangle const& t = *m_made[i].record;
+        return isDegenerate(t.cP(0), t.cP(1), t.cP(2));
+    }
+
+    bool doCross(std::size_t i, std::size_t k)
+    {
+        if (m_made[i].side != m_made[k].side || i == k || isFlat(k))
             return false;
         for (std::size_t c = 0; c < 3; ++c) {
-            pair.points[c] = made[i].record->cP(int(c));
-            pair.points[c + 3] = made[k].record->cP(int(c));
+            m_pair.points[c] = m_made[i].record->cP(int(c));
+            m_pair.points[c + 3] = m_made[k].record->cP(int(c));
         }
-        return !isDegenerate(pair.points[3], pair.points[4], pair.points[5]) &&
-               doTrianglesMeet(pair, 0, 1);
-    };
-    for (std::size_t const i : some) {
-        progress.add(0);
-        if (!canCross(i) ||
-            isDegenerate(made[i].record->cP(0), made[i].record->cP(1), made[i].record->cP(2)))
-            continue;
-        for (std::size_t k = 0; k < made.size(); ++k)
-            if (doCross(i, k)) {
-                crossing.insert(made[i].record);
-                crossing.insert(made[k].record);
-            }
+        return doTrianglesMeet(m_pair, 0, 1);
     }
-    return crossing;
-}
+
+    std::vector<HalfTriangle> const& m_made;
+    bool m_areCapsExact;
+    std::vector<Place> m_some;
+    /// All that may overlap one of them.
+    std::vector<Place> m_near;
+    MeshArrays m_pair{std::vector<Point>(6), {{0, 1, 2}, {3, 4, 5}}};
+};
 
 }  // namespace
 
@@ -378,9 +417,10 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
     for (std::size_t i = 0; i < made.size(); ++i)
         if (hasOneOf(m_isInDoubt, made[i]))
             doubted.push_back(i);
-    Records const crossing = doubted.size() * made.size() > mostTests
+    CrossingSearch search(made, doubted, m_plane.isAxisParallel());
+    Records const crossing = search.effort() > mostTests
                                  ? SectionSoup(made, m_points, numbers, m_isInDoubt).crossing(stage)
-                                 : crossingAmong(made, doubted, m_plane.isAxisParallel(), stage);
+                                 : search.run(stage);
     if (crossing.empty())
         return {};
     std::vector<bool> isFree(m_points.size(), false);
