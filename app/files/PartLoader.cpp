@@ -22,7 +22,7 @@ PartLoader::PartLoader(QStringList files, QString project, Preparation preparati
       m_preparation(std::move(preparation))
 {}
 
-LoadedFiles PartLoader::load(std::function<void(int)> const& progress) const
+LoadedFiles PartLoader::load(Progress const& progress) const
 {
     std::vector<double> ends;
     double total = 0;
@@ -51,31 +51,55 @@ LoadedFiles PartLoader::load(std::function<void(int)> const& progress) const
     return loaded;
 }
 
-void PartLoader::loadFile(QString const& file, LoadedFiles& loaded,
-                          std::function<void(int)> const& progress) const
+void PartLoader::loadFile(QString const& file, LoadedFiles& loaded, Progress const& progress) const
 {
     std::filesystem::path const path = systemPath(file);
+    // Of a million triangles reading and preparing take about as long as each other.
+    auto const reading = [&](int percent) { progress(m_preparation ? percent / 2 : percent); };
+    auto const preparing = [&](int percent) { progress(50 + percent / 2); };
+    std::vector<MeshKernel const*> kernels;
     if (file == m_project) {
-        loaded.project = Formats::readProject(path, progress);
+        loaded.project = Formats::readProject(path, reading);
         for (Formats::ProjectObject const& object : *loaded.project)
-            if (object.kernel && m_preparation)
-                m_preparation(*object.kernel);
+            if (object.kernel)
+                kernels.push_back(object.kernel.get());
+        prepare(kernels, preparing);
         return;
     }
     // Nothing of a file is taken before all of it is ready.
     std::vector<std::unique_ptr<Mesh::DocumentObject>> parts;
-    for (Formats::LoadedPart& part : Formats::readParts(path, progress))
+    for (Formats::LoadedPart& part : Formats::readParts(path, reading)) {
         parts.push_back(partFrom(std::move(part)));
+        kernels.push_back(parts.back()->meshProperty->getMesh());
+    }
+    prepare(kernels, preparing);
     std::ranges::move(parts, std::back_inserter(loaded.parts));
 }
 
-std::unique_ptr<Mesh::DocumentObject> PartLoader::partFrom(Formats::LoadedPart part) const
+void PartLoader::prepare(std::vector<MeshKernel const*> const& kernels,
+                         Progress const& progress) const
+{
+    if (!m_preparation)
+        return;
+    auto const sizeOf = [](MeshKernel const& kernel) {
+        return double(kernel.readMesh()->triangles.size()) + 1;
+    };
+    double all = 0, done = 0;
+    for (MeshKernel const* const kernel : kernels)
+        all += sizeOf(*kernel);
+    for (MeshKernel const* const kernel : kernels) {
+        double const size = sizeOf(*kernel);
+        m_preparation(*kernel,
+                      [&](int percent) { progress(int((100 * done + size * percent) / all)); });
+        done += size;
+    }
+}
+
+std::unique_ptr<Mesh::DocumentObject> PartLoader::partFrom(Formats::LoadedPart part)
 {
     std::unique_ptr<Mesh::DocumentObject> object = Support::makePart(part.isSupport);
     object->meshProperty->setMesh(std::shared_ptr<MeshKernel>(std::move(part.kernel)));
     object->setName(std::move(part.name));
     object->setColor(part.color);
-    if (m_preparation)
-        m_preparation(*object->meshProperty->getMesh());
     return object;
 }

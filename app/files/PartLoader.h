@@ -30,23 +30,25 @@ struct LoadedFiles
 class PartLoader
 {
 public:
+    using Progress = std::function<void(int)>;
     /// Called with each kernel that was read, on the loading thread, for what others want to have
-    /// prepared of it.
-    using Preparation = std::function<void(MeshKernel const&)>;
+    /// prepared of it. It reports percentages of its own work.
+    using Preparation = std::function<void(MeshKernel const&, Progress const&)>;
 
     /// project  one of the files that is to be read as a project; empty for none
     PartLoader(QStringList files, QString project, Preparation preparation);
 
     /// A file that cannot be read becomes a problem, and the others are read on.
     ///
-    /// progress  percentages of the bytes of all files; what it throws is let pass, and everything
+    /// progress  percentages of the bytes of all files, half of each for reading it and half for the
+    /// preparation; what it throws is let pass, and everything
     /// read so far is dropped
-    LoadedFiles load(std::function<void(int)> const& progress) const;
+    LoadedFiles load(Progress const& progress) const;
 
 private:
-    void loadFile(QString const& file, LoadedFiles& loaded,
-                  std::function<void(int)> const& progress) const;
-    std::unique_ptr<Mesh::DocumentObject> partFrom(Formats::LoadedPart part) const;
+    void loadFile(QString const& file, LoadedFiles& loaded, Progress const& progress) const;
+    void prepare(std::vector<MeshKernel const*> const& kernels, Progress const& progress) const;
+    static std::unique_ptr<Mesh::DocumentObject> partFrom(Formats::LoadedPart part);
 
     QStringList m_files;
     QString m_project;

@@ -4,6 +4,7 @@
 #include "app/jobs/JobGuard.h"
 
 #include <algorithm>
+#include <cmath>
 
 JobProgress::State JobProgress::state() const
 {
@@ -11,7 +12,25 @@ JobProgress::State JobProgress::state() const
     if (m_displays.empty())
         return {};
     Display const& shown = m_displays.back();
-    return {true, shown.title, shown.percent, shown.canCancel, m_isCancelRequested};
+    std::chrono::duration<double> const passed = std::chrono::steady_clock::now() - shown.begun;
+    return {true,
+            shown.title,
+            shown.percent,
+            shown.canCancel,
+            m_isCancelRequested,
+            secondsLeft(passed.count(), shown.percent)};
+}
+
+std::optional<int> JobProgress::secondsLeft(double secondsPassed, int percent)
+{
+    constexpr double leastSeconds = 2;
+    if (secondsPassed < leastSeconds || percent < 1 || percent >= 100)
+        return {};
+    double const left = secondsPassed * (100 - percent) / percent;
+    double const step = left < 10 ? 1 : left < 60 ? 5 : 60;
+    // Beyond any job.
+    constexpr double most = 1e8;
+    return int(std::ceil(std::min(left, most) / step) * step);
 }
 
 void JobProgress::requestCancel()
@@ -38,7 +57,7 @@ void JobProgress::begin(std::string const& title, std::uint64_t range)
         std::lock_guard const lock(m_lock);
         if (m_displays.empty())
             m_isCancelRequested = false;
-        m_displays.push_back({text, range});
+        m_displays.push_back({.title = text, .range = range});
     }
     JobGuard::instance()->displayOpened(text);
     tell();

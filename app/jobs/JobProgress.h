@@ -6,8 +6,10 @@
 #include <QString>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 /// The progress of the jobs that run, for a window to show; it tells JobGuard when a display opens
@@ -26,9 +28,15 @@ public:
         int percent = 0;
         bool canCancel = false;
         bool isCancelRequested = false;
+        /// What the job will still take by what it has taken so far; none while that is no guide.
+        std::optional<int> secondsLeft;
     };
 
     State state() const;
+
+    /// Nothing in the first two seconds, nor before the first percent and at the last one. From ten
+    /// seconds on in steps of five, from a minute on in whole minutes, so that the number is calm.
+    static std::optional<int> secondsLeft(double secondsPassed, int percent);
 
     /// Asks the jobs that run to stop; those that cannot be cancelled do not heed it. Without a job
     /// it does nothing.
@@ -51,6 +59,7 @@ private:
         std::uint64_t range;
         int percent = 0;
         bool canCancel = false;
+        std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
     };
 
     void tell();

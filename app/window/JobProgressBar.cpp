@@ -127,8 +127,17 @@ void JobProgressBar::refresh()
     m_title->setText(state.isCancelRequested && state.canCancel ? tr("Cancelling: %1").arg(title)
                                                                 : title);
     m_bar->setValue(state.percent);
+    m_bar->setFormat(state.secondsLeft ? leftText(*state.secondsLeft) : QStringLiteral("%p%"));
     m_cancel->setVisible(state.canCancel);
     m_cancel->setEnabled(!state.isCancelRequested);
+}
+
+// With the place of the percentage still in it.
+QString JobProgressBar::leftText(int seconds)
+{
+    if (seconds < 60)
+        return tr("%p% - %1 s left").arg(seconds);
+    return tr("%p% - %1 min left").arg(seconds / 60);
 }
 
 void JobProgressBar::retranslate()

@@ -35,6 +35,7 @@ private:
     void progressChanged();
     void refreshSoon();
     void refresh();
+    static QString leftText(int seconds);
     void retranslate();
 
     std::shared_ptr<JobProgress> m_progress;

@@ -8,7 +8,9 @@
 
 PartPreparation::PartPreparation(DocumentFiles& files)
 {
-    files.setPreparation([this](MeshKernel const& kernel) { prepare(kernel); });
+    files.setPreparation([this](MeshKernel const& kernel, PartLoader::Progress const& progress) {
+        prepare(kernel, progress);
+    });
     QObject::connect(&files, &DocumentFiles::opened, &files,
                      [this] { handOver(activeDocument()); });
     // What was prepared for files whose opening was cancelled is of no use.
@@ -17,9 +19,9 @@ PartPreparation::PartPreparation(DocumentFiles& files)
 
 PartPreparation::~PartPreparation() = default;
 
-void PartPreparation::prepare(MeshKernel const& kernel)
+void PartPreparation::prepare(MeshKernel const& kernel, std::function<void(int)> const& progress)
 {
-    auto prepared = std::make_unique<PreparedPart>(kernel);
+    auto prepared = std::make_unique<PreparedPart>(kernel.readMesh(), progress);
     std::lock_guard const lock(m_lock);
     m_prepared[&kernel] = std::move(prepared);
 }

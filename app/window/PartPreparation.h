@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
@@ -24,7 +25,7 @@ public:
     ~PartPreparation();
 
 private:
-    void prepare(MeshKernel const& kernel);
+    void prepare(MeshKernel const& kernel, std::function<void(int)> const& progress);
     void handOver(Base::Document const* document);
     void drop();
 

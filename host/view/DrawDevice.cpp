@@ -113,6 +113,56 @@ std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(PartSurface const& surf
     return geometry;
 }
 
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::reserve(std::size_t vertices, std::size_t indices)
+{
+    auto geometry = makeGeometry(nullptr, vertices * sizeof(PartSurface::Vertex));
+    reserveIndices(*geometry, indices);
+    return geometry;
+}
+
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::reserve(Geometry const& withVertices,
+                                                          std::size_t indices)
+{
+    auto geometry = std::make_unique<Geometry>();
+    if (keepsVertexArrays()) {
+        geometry->m_array.create();
+        geometry->m_array.bind();
+    }
+    geometry->m_vertices = withVertices.m_vertices;
+    reserveIndices(*geometry, indices);
+    return geometry;
+}
+
+void DrawDevice::reserveIndices(Geometry& geometry, std::size_t indices)
+{
+    geometry.m_hasFacets = true;
+    geometry.m_count = int(indices);
+    geometry.m_indices.create();
+    geometry.m_indices.bind();
+    geometry.m_indices.allocate(int(indices * sizeof(std::uint32_t)));
+    if (keepsVertexArrays())
+        describe(geometry);
+    release(geometry);
+}
+
+void DrawDevice::write(Geometry& surface, std::size_t first,
+                       std::span<PartSurface::Vertex const> vertices)
+{
+    surface.m_vertices.bind();
+    surface.m_vertices.write(int(first * sizeof(PartSurface::Vertex)), vertices.data(),
+                             int(vertices.size_bytes()));
+    surface.m_vertices.release();
+}
+
+void DrawDevice::write(Geometry& surface, std::size_t first, std::span<std::uint32_t const> indices)
+{
+    bind(surface);
+    surface.m_indices.bind();
+    surface.m_indices.write(int(first * sizeof(std::uint32_t)), indices.data(),
+                            int(indices.size_bytes()));
+    release(surface);
+}
+
 void DrawDevice::describe(Geometry& geometry)
 {
     geometry.m_vertices.bind();
@@ -152,8 +202,9 @@ void DrawDevice::draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x
     m_plain.bind();
     m_plain.setUniformValue("mvp", toClip);
     bind(points);
-    m_gl.glEnable(GL_BLEND);
     for (DrawRun const& run : runs) {
+        // What is opaque is drawn faster without.
+        isTranslucent(run.rgba) ? m_gl.glEnable(GL_BLEND) : m_gl.glDisable(GL_BLEND);
         m_plain.setUniformValue("clr", colorOf(run.rgba));
         m_gl.glDrawArrays(run.mode, run.first, run.count);
     }
@@ -165,16 +216,32 @@ void DrawDevice::draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x
 void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
                       QMatrix4x4 const& toEye)
 {
-    if (surface.m_count == 0)
+    IndexRange const all = {0, std::size_t(surface.m_count)};
+    draw(surface, look, toClip, toEye, std::span(&all, surface.m_count > 0 ? 1 : 0));
+}
+
+void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                      QMatrix4x4 const& toEye, std::span<IndexRange const> ranges)
+{
+    if (ranges.empty())
         return;
     if ((look.front & 255) || (look.back & 255))
-        drawTriangles(surface, look, toClip, toEye);
+        drawTriangles(surface, look, toClip, toEye, ranges);
     if (look.edges & 255)
-        drawEdges(surface, look, toClip);
+        drawEdges(surface, look, toClip, ranges);
+}
+
+void DrawDevice::drawRanges(Geometry& surface, std::span<IndexRange const> ranges)
+{
+    bind(surface);
+    for (IndexRange const& range : ranges)
+        m_gl.glDrawElements(GL_TRIANGLES, GLsizei(range.count), GL_UNSIGNED_INT,
+                            reinterpret_cast<void*>(range.first * sizeof(std::uint32_t)));
+    release(surface);
 }
 
 void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
-                               QMatrix4x4 const& toEye)
+                               QMatrix4x4 const& toEye, std::span<IndexRange const> ranges)
 {
     bool const isGhost = isTranslucent(look.front) || isTranslucent(look.back);
     m_part.bind();
@@ -204,9 +271,7 @@ void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatr
         m_gl.glStencilOp(GL_KEEP, GL_REPLACE, GL_REPLACE);
     }
     beginCut(m_part, look);
-    bind(surface);
-    m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
-    release(surface);
+    drawRanges(surface, ranges);
     endCut(m_part);
     m_gl.glDisable(GL_STENCIL_TEST);
     m_gl.glDisable(GL_CULL_FACE);
@@ -233,7 +298,8 @@ void DrawDevice::endCut(QOpenGLShaderProgram& program)
     setClipping(false);
 }
 
-void DrawDevice::drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip)
+void DrawDevice::drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                           std::span<IndexRange const> ranges)
 {
     m_plain.bind();
     m_plain.setUniformValue("mvp", toClip);
@@ -241,9 +307,7 @@ void DrawDevice::drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x
     beginCut(m_plain, look);
     m_gl.glEnable(GL_BLEND);
     setPolygonMode(GL_LINE);
-    bind(surface);
-    m_gl.glDrawElements(GL_TRIANGLES, surface.m_count, GL_UNSIGNED_INT, nullptr);
-    release(surface);
+    drawRanges(surface, ranges);
     setPolygonMode(GL_FILL);
     endCut(m_plain);
     m_gl.glDisable(GL_BLEND);

@@ -53,6 +53,13 @@ struct CapLook
     bool isMarked = false;
 };
 
+/// Some of the indices of a surface, in whole triangles.
+struct IndexRange
+{
+    std::size_t first;
+    std::size_t count;
+};
+
 /// What can be drawn, for both versions of OpenGL: points are uploaded, and runs of them drawn in
 /// a mode and a colour; surfaces of parts are uploaded, and drawn lit.
 ///
@@ -85,10 +92,21 @@ public:
     std::unique_ptr<Geometry> upload(std::span<UPoint3<float> const> points);
     std::unique_ptr<Geometry> upload(PartSurface const& surface);
 
+    // A surface that is uploaded in pieces: room for it, and what fills it.
+
+    std::unique_ptr<Geometry> reserve(std::size_t vertices, std::size_t indices);
+    /// With the vertices of another surface, which may go.
+    std::unique_ptr<Geometry> reserve(Geometry const& withVertices, std::size_t indices);
+    void write(Geometry& surface, std::size_t first, std::span<PartSurface::Vertex const> vertices);
+    void write(Geometry& surface, std::size_t first, std::span<std::uint32_t const> indices);
+
     void draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x4 const& toClip);
     /// toEye  for the light; its linear part may scale
     void draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
               QMatrix4x4 const& toEye);
+    /// Some of its triangles.
+    void draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+              QMatrix4x4 const& toEye, std::span<IndexRange const> ranges);
 
     /// Draws the area of a section: where the triangles before `cover` that run one way are not as
     /// many as those that run the other way, within the quad that the four points at `cover` span.
@@ -106,6 +124,9 @@ public:
     {
         isOn ? m_gl.glEnable(GL_DEPTH_TEST) : m_gl.glDisable(GL_DEPTH_TEST);
     }
+
+    /// Waits until all is drawn.
+    void finish() { m_gl.glFinish(); }
 
     /// Brings OpenGL into the state in which a picture begins, whatever others have left behind.
     virtual void resetState();
@@ -131,12 +152,15 @@ protected:
 
 private:
     std::unique_ptr<Geometry> makeGeometry(void const* data, std::size_t bytes);
+    void reserveIndices(Geometry& geometry, std::size_t indices);
     void describe(Geometry& geometry);
     void bind(Geometry& geometry);
     void release(Geometry& geometry);
     void drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
-                       QMatrix4x4 const& toEye);
-    void drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip);
+                       QMatrix4x4 const& toEye, std::span<IndexRange const> ranges);
+    void drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
+                   std::span<IndexRange const> ranges);
+    void drawRanges(Geometry& surface, std::span<IndexRange const> ranges);
     void beginCut(QOpenGLShaderProgram& program, SurfaceLook const& look);
     void endCut(QOpenGLShaderProgram& program);
     void countAreas(Geometry& points, int count, QMatrix4x4 const& toClip);

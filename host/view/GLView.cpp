@@ -286,9 +286,10 @@ void GLView::paintBackground()
 
 bool GLView::saveScreenshot(QString const& file, QString* reason)
 {
+    m_scene->standIns().rest();
     QImage picture = grabFramebuffer();
-    while (m_scene->preparer().isWorking()) {
-        m_scene->preparer().finish();
+    while (m_scene->isPreparing()) {
+        m_scene->finishPreparing();
         picture = grabFramebuffer();
     }
     picture = picture.convertToFormat(QImage::Format_RGB32);
@@ -310,6 +311,7 @@ void GLView::mousePressEvent(QMouseEvent* event)
 
 void GLView::mouseMoveEvent(QMouseEvent* event)
 {
+    m_scene->standIns().moved();
     m_navigation->move(event);
 }
 
@@ -325,6 +327,7 @@ void GLView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void GLView::wheelEvent(QWheelEvent* event)
 {
+    m_scene->standIns().moved();
     m_navigation->wheel(event);
     event->accept();
 }

@@ -96,6 +96,7 @@ void GLView::setLiveCut(std::optional<LiveCut> const& cut)
     if (cut == m_liveCut)
         return;
     m_liveCut = cut;
+    scene().standIns().movedIfDragged();
     redraw();
 }
 
@@ -104,6 +105,7 @@ void GLView::setSectionHeight(std::optional<float> height)
     if (height == m_sectionHeight)
         return;
     m_sectionHeight = height;
+    scene().standIns().movedIfDragged();
     redraw();
 }
 
@@ -112,6 +114,7 @@ void GLView::setSectionPlane(std::optional<SectionPlane> const& plane)
     if (plane == m_sectionPlane)
         return;
     m_sectionPlane = plane;
+    scene().standIns().movedIfDragged();
     redraw();
 }
 
@@ -164,6 +167,7 @@ void GLView::mouseMoveEvent(QMouseEvent* event)
 {
     if (!(event->buttons() & Qt::LeftButton))
         m_pressedView = -1;
+    scene().standIns().moved();
     if (event->buttons() == Qt::NoButton)
         hover(OrientationCube::viewAt(*this, event->pos()));
     if (m_pressedView < 0)

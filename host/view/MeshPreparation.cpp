@@ -56,11 +56,44 @@ bool ViewProvider::findShape(DrawDevice& device, PartShape::Mesh const& mesh)
         return true;
     if (ViewProvider const* const other = twin(&ViewProvider::hasShapeOf, mesh))
         m_painted.shape = other->m_painted.shape;
-    else if (findSurface(mesh))
+    else if (findComing(mesh))
+        m_painted.shape = m_coming->shape();
+    else if (!m_coming && findSurface(mesh) && !beginComing(device, mesh))
         m_painted.shape = std::make_shared<PartShape>(device, *m_prepared, mesh);
     else
         return false;
+    m_coming.reset();
     m_prepared.reset();
+    return true;
+}
+
+bool ViewProvider::hasComing(PartShape::Mesh const& mesh) const
+{
+    return m_coming && m_coming->isOf(mesh);
+}
+
+// False if it is not there yet, or nothing is on its way.
+bool ViewProvider::findComing(PartShape::Mesh const& mesh)
+{
+    if (!hasComing(mesh)) {
+        ViewProvider const* const other = twin(&ViewProvider::hasComing, mesh);
+        m_coming = other ? other->m_coming : nullptr;
+    }
+    return m_coming && m_coming->shape();
+}
+
+// False if the prepared surface is so small that it is brought over at once.
+bool ViewProvider::beginComing(DrawDevice& device, PartShape::Mesh const& mesh)
+{
+    if (!ComingShape::isWorthIt(*m_prepared))
+        return false;
+    m_coming = std::make_shared<ComingShape>(device, std::move(m_prepared), mesh);
+    m_view->scene().deviceWork().add([coming = m_coming, view = m_view](DrawDevice&) {
+        if (!coming->step())
+            return false;
+        view->update();
+        return true;
+    });
     return true;
 }
 

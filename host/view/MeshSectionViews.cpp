@@ -7,6 +7,7 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/view/MeshGLView.h"
 
+#include <algorithm>
 #include <cmath>
 
 // What a part's provider draws of sections: caps where the view cuts the part, and the line at a
@@ -31,6 +32,11 @@ unsigned mixed(unsigned a, unsigned b, double share)
         result |= unsigned(std::lround(from + (to - from) * share)) << shift;
     }
     return result;
+}
+
+double scaleOf(MeshKernel const& kernel)
+{
+    return std::cbrt(std::abs(double(kernel.getMatrix().linearDeterminant())));
 }
 
 }  // namespace
@@ -71,7 +77,9 @@ void ViewProvider::paintLines(PartSection::Points const& lines, unsigned rgba, f
     double viewWidth, viewHeight;
     camera.get_view_rect(viewWidth, viewHeight);
     QMatrix4x4 nearer;
-    nearer.translate(0, 0, float(nearerBy * viewHeight / m_view->height()));
+    // A stand-in may lie that much nearer than the part.
+    double const coarseness = m_painted.coarseness * scaleOf(*kernel());
+    nearer.translate(0, 0, float(std::max(nearerBy * viewHeight / m_view->height(), coarseness)));
     QMatrix4x4 const toClip = camera.getProjectionMatrix() * nearer * camera.getModelViewMatrix() *
                               toQt(kernel()->getMatrix());
     auto const points = wideLines(lines, toClip, m_view->size(), width, (rgba & 255) == 255);

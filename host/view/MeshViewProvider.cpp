@@ -40,10 +40,11 @@ void* ViewProvider::create()
 
 ViewProvider::~ViewProvider()
 {
-    if (!m_painted.shape)
+    if (!m_painted.shape && !m_coming)
         return;
     m_view->makeCurrent();
-    if (isShow())
+    m_coming.reset();
+    if (m_painted.shape && isShow())
         m_view->scene().keepForNow(std::move(m_painted));
 }
 
@@ -77,8 +78,16 @@ void ViewProvider::usePrepared(PreparedPart prepared)
     take(prepared, shown->readMesh());
 }
 
+void ViewProvider::releaseGL()
+{
+    m_painted.shape.reset();
+    m_coming.reset();
+}
+
 void ViewProvider::updateRenderData()
 {
+    if (m_coming)
+        m_coming->forget();
     m_prepared.reset();
     m_capSection.reset();
     m_lineSection.reset();
@@ -144,6 +153,12 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
     return look;
 }
 
+void ViewProvider::prepareToPaint(DrawDevice& device)
+{
+    if (MeshKernel const* const shown = kernel())
+        findShape(device, shown->readMesh());
+}
+
 void ViewProvider::paintGL()
 {
     DrawDevice* const device = m_view->scene().device();
@@ -155,6 +170,8 @@ void ViewProvider::paintGL()
             m_view->scene().paint(m_painted);
         return;
     }
+    if (m_view->scene().isHeldBack(m_painted))
+        return;
     m_painted.look = look(*shown);
     m_painted.toWorld = toQt(shown->getMatrix());
     m_view->scene().paint(m_painted);

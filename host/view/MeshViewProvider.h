@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/ComingShape.h"
 #include "host/view/DrawDevice.h"
 #include "host/view/PartSection.h"
 #include "host/view/PartShape.h"
@@ -38,6 +39,9 @@ public:
     /// Hidden, but shown as a ghost.
     bool isGhost() const;
 
+    /// Finds what the next picture needs of the part, or has it made.
+    void prepareToPaint(DrawDevice& device);
+
     /// A place where a ray meets the part.
     struct Hit
     {
@@ -60,14 +64,21 @@ public:
     void usePrepared(PreparedPart prepared);
 
     /// With the context current: frees what OpenGL holds.
-    void releaseGL() { m_painted.shape.reset(); }
-    /// Bytes that the part takes on the device now.
+    void releaseGL();
+    /// What is to be painted is on its way to the device.
+    bool isComing() const { return m_coming && m_coming->isUnderWay(); }
+    /// What is on the device of the part; null if it was not painted yet.
+    std::shared_ptr<PartShape const> shape() const { return m_painted.shape; }
+    /// Bytes that the part takes on the device now, its stand-in left out.
     std::size_t deviceBytes() const { return m_painted.shape ? m_painted.shape->bytes : 0; }
 
 private:
     DocumentObject const* part() const;
     MeshKernel const* kernel() const;
     bool hasShapeOf(PartShape::Mesh const& mesh) const;
+    bool hasComing(PartShape::Mesh const& mesh) const;
+    bool findComing(PartShape::Mesh const& mesh);
+    bool beginComing(DrawDevice& device, PartShape::Mesh const& mesh);
     bool findShape(DrawDevice& device, PartShape::Mesh const& mesh);
     bool findSurface(PartShape::Mesh const& mesh);
     bool hasTreeOf(PartShape::Mesh const& mesh) const;
@@ -88,6 +99,7 @@ private:
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
     PaintedPart m_painted;
+    std::shared_ptr<ComingShape> m_coming;
     mutable std::unique_ptr<PartSurface> m_prepared;
     mutable std::shared_ptr<PickTree const> m_tree;
     std::unique_ptr<PartSection> m_capSection;

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PartShape.h"
 
+#include "host/view/StandInShape.h"
+
 PartShape::PartShape(DrawDevice& device, PartSurface const& surface, Mesh const& source)
-    : geometry(device.upload(surface)),
+    : PartShape(device.upload(surface), surface, source)
+{}
+
+PartShape::PartShape(std::unique_ptr<DrawDevice::Geometry> uploaded, PartSurface const& surface,
+                     Mesh const& source)
+    : geometry(std::move(uploaded)),
       meanEdge(surface.meanEdge),
       isSolid(surface.isSolid),
       bytes(surface.vertices.size() * sizeof(PartSurface::Vertex) +
@@ -10,6 +17,8 @@ PartShape::PartShape(DrawDevice& device, PartSurface const& surface, Mesh const&
       mesh(source),
       m_triangles(source->triangles.size())
 {}
+
+PartShape::~PartShape() = default;
 
 bool PartShape::isOf(Mesh const& other) const
 {

@@ -4,6 +4,7 @@
 #include "host/view/PartSurface.h"
 #include "host/view/PickTree.h"
 
+#include <functional>
 #include <memory>
 
 namespace Mesh {
@@ -17,8 +18,10 @@ class PreparedPart
 public:
     /// Reads the mesh, which nobody may change meanwhile.
     ///
-    /// cost  linear in the triangles: 0.15 s for a million
-    explicit PreparedPart(std::shared_ptr<UMesh<float> const> const& mesh);
+    /// progress  may be empty; what it throws is let pass
+    /// cost      linear in the triangles: 0.15 s for a million
+    explicit PreparedPart(std::shared_ptr<UMesh<float> const> const& mesh,
+                          std::function<void(int)> const& progress = {});
     explicit PreparedPart(MeshKernel const& kernel) : PreparedPart(kernel.readMesh()) {}
 
     /// Made from the mesh that the kernel has now.

@@ -41,8 +41,10 @@ Turn turnOf(Base::ViewProvider const* provider)
 
 }  // namespace
 
-ViewScene::ViewScene(Base::GLView* view) : m_view(view)
+ViewScene::ViewScene(Base::GLView* view)
+    : m_view(view), m_deviceWork(*view), m_standIns(m_deviceWork)
 {
+    QObject::connect(&m_standIns, &StandIns::rested, &m_standIns, [this] { askForPicture(); });
     QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
                      [this] { askForPicture(); });
 }
@@ -126,6 +128,8 @@ void ViewScene::release()
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
     m_leaving.clear();
+    m_standIns.releaseGL();
+    m_deviceWork.clear();
     m_device.reset();
 }
 
@@ -142,6 +146,26 @@ bool ViewScene::hasTools() const
     return std::any_of(m_providers.begin(), m_providers.end(), isTool);
 }
 
+bool ViewScene::isPreparing() const
+{
+    return m_preparer.isWorking() ||
+           std::any_of(m_providers.begin(), m_providers.end(), [](auto const* provider) {
+               auto const* const part = dynamic_cast<Mesh::ViewProvider const*>(provider);
+               return part && part->isComing();
+           });
+}
+
+bool ViewScene::isHeldBack(PaintedPart const& part) const
+{
+    return !part.shape->wasPainted && !m_leaving.empty() && isPreparing();
+}
+
+void ViewScene::finishPreparing()
+{
+    m_preparer.finish();
+    m_deviceWork.finish();
+}
+
 void ViewScene::dropLeaving()
 {
     if (m_leaving.empty())
@@ -150,18 +174,28 @@ void ViewScene::dropLeaving()
     m_leaving.clear();
 }
 
-void ViewScene::paint(PaintedPart const& part)
+void ViewScene::paint(PaintedPart& part)
 {
     GLCamera const& camera = *m_view->getCamera();
     QMatrix4x4 const toEye = camera.getModelViewMatrix() * part.toWorld;
-    m_device->draw(*part.shape->geometry, part.look, camera.getProjectionMatrix() * toEye, toEye);
+    QMatrix4x4 const clip = camera.getProjectionMatrix() * toEye;
+    if (!m_standIns.paint(*m_device, part, clip, toEye))
+        m_device->draw(*part.shape->geometry, part.look, clip, toEye);
+}
+
+// Before anything is painted, so that all of the picture goes by what is ready.
+void ViewScene::prepareParts()
+{
+    for (Base::ViewProvider* const provider : m_providers)
+        if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider); part && isPainted(part))
+            part->prepareToPaint(*m_device);
+    if (!isPreparing())
+        m_leaving.clear();
 }
 
 void ViewScene::paintLeaving()
 {
-    if (!m_preparer.isWorking())
-        m_leaving.clear();
-    for (PaintedPart const& part : m_leaving) {
+    for (PaintedPart& part : m_leaving) {
         m_device->resetState();
         paint(part);
     }
@@ -170,7 +204,11 @@ void ViewScene::paintLeaving()
 void ViewScene::paintProviders()
 {
     m_preparer.beginPicture();
+    prepareParts();
+    m_standIns.beginParts(*m_device, isPreparing());
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
+        if (turn == Turn::Tool)
+            m_standIns.endParts(*m_device);
         // A provider may add objects while it paints.
         std::vector<Base::ViewProvider*> const providers = m_providers;
         for (Base::ViewProvider* const provider : providers)

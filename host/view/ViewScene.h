@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/DeviceWork.h"
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
+#include "host/view/StandIns.h"
 #include "platform/document/Document.h"
 
 #include <vector>
@@ -52,10 +54,19 @@ public:
     bool hasTools() const;
     void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
+    StandIns& standIns() { return m_standIns; }
+    DeviceWork& deviceWork() { return m_deviceWork; }
+    /// A part that is shown is not ready to be painted.
+    bool isPreparing() const;
+    /// Waits until all that is shown is ready for the next picture, or for those that it asks for.
+    void finishPreparing();
     /// A part that is taken out is painted as it was until those that may have come for it are
     /// ready.
     void keepForNow(PaintedPart part) { m_leaving.push_back(std::move(part)); }
-    void paint(PaintedPart const& part);
+    /// A part that has never been painted is not yet, since those that are shown with it are not
+    /// ready and what they come from still stands in their place.
+    bool isHeldBack(PaintedPart const& part) const;
+    void paint(PaintedPart& part);
     void paintItems();
 
     /// Draws points of the moment: uploads, draws and forgets them.
@@ -69,6 +80,7 @@ private:
     void askForPicture();
     void dropLeaving();
     void paintLeaving();
+    void prepareParts();
     void objectChanged(Base::DocumentObject*) { askForPicture(); }
     void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
     void documentDeleted();
@@ -79,5 +91,7 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     std::vector<PaintedPart> m_leaving;
+    DeviceWork m_deviceWork;
+    StandIns m_standIns;
     PartPreparer m_preparer;
 };

@@ -111,7 +111,7 @@ TEST(OpenFiles, PartsAreReadAndPreparedOffTheUserInterfaceThread)
     FilesScene scene;
     QThread* loading = nullptr;
     UBox3<float> box_;
-    scene.files.setPreparation([&](MeshKernel const& kernel) {
+    scene.files.setPreparation([&](MeshKernel const& kernel, PartLoader::Progress const&) {
         loading = QThread::currentThread();
         box_ = kernel.GetBox();
     });
@@ -270,7 +270,7 @@ TEST(OpenFiles, ADestroyedDoorWaitsForItsJobAndDropsTheResult)
     bool isRead = false;
     {
         DocumentFiles door(std::make_unique<AnsweredQuestions>(scene.answers));
-        door.setPreparation([&](MeshKernel const&) { isRead = true; });
+        door.setPreparation([&](MeshKernel const&, PartLoader::Progress const&) { isRead = true; });
         door.openFiles({file});
     }
     EXPECT_TRUE(isRead);

@@ -138,3 +138,78 @@ TEST_P(PreparedParts, ReplaceWhatWasShownOnlyWhenTheyAreReady)
     EXPECT_EQ(empty.pixelColor(positionOf({1, 1, 0}) * int(view->devicePixelRatioF())),
               empty.pixelColor(2, positionOf({1, 1, 0}).y() * int(view->devicePixelRatioF())));
 }
+
+TEST_P(PreparedParts, OfVeryManyTrianglesComeToTheDeviceBetweenEvents)
+{
+    view->setPlateVisible(false);
+    lookDown();
+    QImage const empty = view->grabFramebuffer();
+    Mesh::DocumentObject* const part = test.add(sphere(20, 560, 560), "sphere");
+    lookDown();
+    ViewScene& scene = view->scene();
+    scene.standIns().setUse(StandIns::Use::Never);
+    view->grabFramebuffer();
+    scene.preparer().finish();
+    view->grabFramebuffer();
+    EXPECT_FALSE(scene.preparer().isWorking());
+    EXPECT_TRUE(scene.isPreparing());
+    EXPECT_EQ(view->grabFramebuffer(), empty);
+    // A copy waits for the same.
+    test.document->addObject(part->shallowCopy(), "copy", true);
+    view->grabFramebuffer();
+    EXPECT_FALSE(scene.preparer().isWorking());
+    ASSERT_TRUE(waitUntil([&] { return !scene.isPreparing(); }));
+    QImage const shown = view->grabFramebuffer();
+    EXPECT_NE(shown.pixelColor(shown.rect().center()), empty.pixelColor(empty.rect().center()));
+    EXPECT_FALSE(scene.isPreparing());
+}
+
+TEST_P(PreparedParts, ThatAreTakenAwayOnTheirWayAreForgotten)
+{
+    view->setPlateVisible(false);
+    QImage const empty = view->grabFramebuffer();
+    auto const begin = [&] {
+        Mesh::DocumentObject* const part = test.add(sphere(20, 560, 560), "sphere");
+        view->grabFramebuffer();
+        view->scene().preparer().finish();
+        view->grabFramebuffer();
+        EXPECT_TRUE(view->scene().isPreparing());
+        return part;
+    };
+    test.document->removeObject(begin());
+    EXPECT_FALSE(view->scene().isPreparing());
+    settle();
+    EXPECT_EQ(view->grabFramebuffer(), empty);
+    // Hidden and given another mesh.
+    Mesh::DocumentObject* const part = begin();
+    part->setVisible(false);
+    part->meshProperty->setMesh(kernelOf(box(1, 1, 1)).release(), true);
+    settle();
+    EXPECT_FALSE(view->scene().isPreparing());
+    EXPECT_EQ(view->grabFramebuffer(), empty);
+    // With the view.
+    begin();
+    show(GetParam());
+}
+
+TEST_P(PreparedParts, ReplaceWhatWasShownAllTogether)
+{
+    Mesh::DocumentObject* const before = test.add(box(40, 40, 40), "box");
+    view->setPlateVisible(false);
+    lookDown();
+    QImage const shown = view->grabFramebuffer();
+    test.document->removeObject(before);
+    test.add(sphere(2, 560, 560), "first");
+    test.add(sphere(4, 330, 330), "second");
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    ViewScene& scene = view->scene();
+    scene.preparer().finish();
+    // The first one is on its way to the device, and the second has all that it needs.
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    ASSERT_TRUE(scene.isPreparing());
+    EXPECT_EQ(view->grabFramebuffer(), shown);
+    scene.finishPreparing();
+    QImage const together = view->grabFramebuffer();
+    EXPECT_NE(together, shown);
+    EXPECT_EQ(view->grabFramebuffer(), together);
+}

@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a person feels who works with a large part in the window: how long a picture takes while the
+// mouse drags, how long the window does not answer while files are opened and parts are cut.
+// window_speed [--cut] FILE...; needs a display. With --cut nothing is dragged.
+#include "app/OrbeWindow.h"
+#include "app/files/DocumentFiles.h"
+#include "app/jobs/JobGuard.h"
+#include "host/view/ViewScene.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/Action.h"
+#include "platform/ui/Application.h"
+#include "platform/ui/Command.h"
+#include "platform/ui/CommandManager.h"
+#include "platform/ui/CutView.h"
+#include "platform/ui/MellViewSlider.h"
+#include "platform/ui/Settings.h"
+#include "platform/view/MeshGLView.h"
+#include "platform/view/ViewProvider.h"
+#include "selection/PlanecutSelection.h"
+#include "selection/RunningTool.h"
+#include "tests/support/Places.h"
+#include "tools/PlaneGraphicObject.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLibrary>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+double processorMs()
+{
+    return 1e3 * double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+/// Times each event from the outside: the longest one is how long the window did not answer.
+class TimedApplication : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        if (m_depth > 0)
+            return QApplication::notify(receiver, event);
+        // Both may be gone afterwards.
+        QByteArray const name = receiver->metaObject()->className();
+        int const type = event->type();
+        QElapsedTimer timer;
+        timer.start();
+        ++m_depth;
+        bool const result = QApplication::notify(receiver, event);
+        --m_depth;
+        double const ms = double(timer.nsecsElapsed()) / 1e6;
+        if (ms >= toldFrom)
+            waits.push_back({ms, name + " " + QByteArray::number(type)});
+        return result;
+    }
+
+    static constexpr double toldFrom = 50;
+    struct Wait
+    {
+        double ms;
+        /// The receiver's class and the event's type.
+        QByteArray name;
+    };
+    std::vector<Wait> waits;
+
+private:
+    int m_depth = 0;
+};
+
+TimedApplication& application()
+{
+    return *static_cast<TimedApplication*>(qApp);
+}
+
+void waitWhile(std::function<bool()> const& condition)
+{
+    while (condition())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
+
+void rest(int ms)
+{
+    QElapsedTimer timer;
+    timer.start();
+    waitWhile([&] { return timer.elapsed() < ms; });
+}
+
+class PictureCount : public QObject
+{
+public:
+    explicit PictureCount(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+    int count = 0;
+};
+
+/// Runs steps that each ask for a picture, and tells what the pictures take.
+void report(char const* name, QWidget& view, std::function<void(int)> const& step)
+{
+    constexpr int steps = 24;
+    PictureCount pictures(view);
+    std::vector<double> ms;
+    double const processor = processorMs();
+    for (int i = 0; i < steps; ++i) {
+        int const before = pictures.count;
+        QElapsedTimer timer;
+        timer.start();
+        step(i);
+        waitWhile([&] { return pictures.count == before && timer.elapsed() < 5000; });
+        // What is sent to the screen with the picture belongs to it.
+        QCoreApplication::processEvents();
+        ms.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    double const used = (processorMs() - processor) / steps;
+    std::sort(ms.begin(), ms.end());
+    std::printf("%-44s %7.0f ms, at most %5.0f ms, processor %5.0f ms, %5.1f pictures/s\n", name,
+                ms[steps / 2], ms.back(), used, 1000 / ms[steps / 2]);
+    std::fflush(stdout);
+}
+
+class Session
+{
+public:
+    Session()
+    {
+        m_application.newDocument({});
+        m_window = std::make_unique<OrbeWindow>();
+        QLibrary library(QString::fromStdString(builtPath("libMellTriangleCut.so")));
+        reinterpret_cast<void (*)()>(library.resolve("initDLLModule"))();
+        m_window->commandsAdded();
+        m_window->resize(1750, 950);
+        m_window->show();
+        waitWhile([&] { return !m_window->windowHandle()->isExposed(); });
+        rest(300);
+    }
+
+    void open(QString const& file)
+    {
+        waits("opening", [&] {
+            m_window->files().openFiles({file});
+            waitWhile([&] { return m_window->files().isWorking(); });
+        });
+        view().OnViewType(6);
+        view().fitAll();
+        rest(300);
+        waitWhile([&] { return view().scene().standIns().isWorking(); });
+        rest(1000);
+    }
+
+    void pictures()
+    {
+        std::size_t triangles = 0;
+        for (Mesh::DocumentObject const* const part : document().getMeshObjects())
+            triangles += part->meshProperty->getMesh()->readMesh()->triangles.size();
+        std::printf("%zu triangles, view of %d x %d\n", triangles, view().width(), view().height());
+        report("picture at rest", view(), [&](int) { view().update(); });
+        orbit("orbit");
+        view().getCamera()->zoom(0.2);
+        orbit("orbit, near");
+        view().fitAll();
+        dragHeight();
+        dragCutView();
+        setMode(Base::ViewProvider::ShadedWithEdges);
+        orbit("orbit with edges");
+        dragHeight();
+        setMode(Base::ViewProvider::Shaded);
+        dragPlane();
+    }
+
+    void cut()
+    {
+        auto const parts = document().getMeshObjects();
+        parts.back()->setSelected(true, true, true);
+        UBox3<float> const box = parts.back()->getBoundingBox();
+        Base::MellViewSlider::instance()->setHeight(0.5f * (box.MinZ() + box.MaxZ()) + 0.0123f);
+        rest(1000);
+        waits("Z cut", [&] {
+            trigger("Std_zCut");
+            waitWhile([] { return JobGuard::instance()->isBusy(); });
+        });
+        std::printf("parts now: %zu\n", document().getMeshObjects().size());
+    }
+
+private:
+    Mesh::GLView& view() const { return m_window->view(); }
+    Mesh::Document& document() const
+    {
+        return static_cast<Mesh::Document&>(*m_application.activeDocument());
+    }
+
+    void trigger(char const* name)
+    {
+        m_application.commandManager().getCommandByName(name)->getAction()->getQAction()->trigger();
+    }
+
+    /// Tells how long it takes until the pictures are there, and the longest wait meanwhile.
+    void waits(char const* name, std::function<void()> const& work)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        application().waits.clear();
+        work();
+        double const result = double(timer.elapsed());
+        rest(50);
+        waitWhile([&] { return view().scene().preparer().isWorking(); });
+        rest(600);
+        std::printf("%-12s %6.0f ms; waits of %.0f ms and more:", name, result,
+                    TimedApplication::toldFrom);
+        for (TimedApplication::Wait const& wait : application().waits)
+            std::printf(" %.0f (%s)", wait.ms, wait.name.constData());
+        std::puts("");
+        std::fflush(stdout);
+    }
+
+    void setMode(int mode)
+    {
+        for (Mesh::DocumentObject const* const part : document().getMeshObjects())
+            document().getViewProvider(part)->setRenderMode(mode);
+        rest(1500);
+    }
+
+    QPoint inWindow(QPoint place) const { return view().mapTo(m_window.get(), place); }
+
+    /// Drags by the mouse along a circle.
+    void drag(char const* name, Qt::MouseButton button, QPoint from, double radius)
+    {
+        QWindow* const target = m_window->windowHandle();
+        QTest::mouseMove(target, inWindow(from));
+        rest(100);
+        QTest::mousePress(target, button, {}, inWindow(from));
+        auto const place = [&](int i) {
+            double const angle = 0.25 * i;
+            return from +
+                   QPoint(int(radius * std::sin(angle)), int(radius * (1 - std::cos(angle))));
+        };
+        QTest::mouseMove(target, inWindow(place(1)));
+        rest(30);
+        report(name, view(), [&](int i) { QTest::mouseMove(target, inWindow(place(i + 2))); });
+        QTest::mouseRelease(target, button, {}, inWindow(place(25)));
+        rest(1500);
+    }
+
+    void orbit(char const* name)
+    {
+        drag(name, Qt::RightButton, QPoint(view().width() / 2, view().height() / 2), 120);
+    }
+
+    /// With the button down, as it is for the widgets that a person drags.
+    void dragValue(char const* name, std::function<void(double)> const& set)
+    {
+        QWindow* const target = m_window->windowHandle();
+        QPoint const corner = inWindow({3, view().height() - 3});
+        QTest::mousePress(target, Qt::LeftButton, {}, corner);
+        report(name, view(), [&](int i) { set(0.5 + 0.3 * std::sin(0.3 * (i + 1))); });
+        QTest::mouseRelease(target, Qt::LeftButton, {}, corner);
+        rest(1500);
+    }
+
+    void dragHeight()
+    {
+        auto& slider = *Base::MellViewSlider::instance();
+        dragValue("height slider", [&](double share) {
+            slider.setHeight(
+                float(slider.getMinimum() + share * (slider.getMaximum() - slider.getMinimum())));
+        });
+    }
+
+    void dragCutView()
+    {
+        auto* const page = m_window->findChild<CutView*>();
+        UBox3<float> const box = view().getPartsBox();
+        page->setActive(true);
+        rest(1500);
+        dragValue("cut view", [&](double share) {
+            page->setPosition(box.MinZ() + share * (box.MaxZ() - box.MinZ()));
+        });
+        page->setActive(false);
+        rest(1000);
+    }
+
+    void dragPlane()
+    {
+        view().OnViewType(6);
+        view().fitAll();
+        rest(1000);
+        trigger("Std_Sectioncut");
+        rest(1500);
+        QPoint const middle(view().width() / 2, view().height() / 2);
+        int const step = view().height() / 12;
+        for (QPoint const& way : {QPoint(-step, step), QPoint(step, step), QPoint(0, -step)})
+            QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, inWindow(middle + way));
+        rest(1500);
+        auto* const tool = Freecut::runningTool<Freecut::PlanecutSelection>(&view());
+        if (!tool || !tool->getPlaneObject()) {
+            std::puts("section plane: not picked");
+            return;
+        }
+        int x, y;
+        view().getWidgetcoordFromWCS(tool->getPlaneObject()->getProperty().getKeyPoints()[0], x, y);
+        drag("section plane, moved by a handle", Qt::LeftButton, {x, y}, 60);
+        view().stopSelection();
+        rest(500);
+    }
+
+    Application m_application;
+    std::unique_ptr<OrbeWindow> m_window;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc < 2) {
+        std::fputs("usage: window_speed [--cut] FILE...\n", stderr);
+        return 2;
+    }
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    TimedApplication const qt(argc, argv);
+    QTemporaryDir const settings;
+    QSettings::setPath(g_AppSettingFormat, QSettings::UserScope, settings.path());
+    QCoreApplication::setApplicationName("window_speed");
+    Session session;
+    bool const isDragged = std::string_view(argv[1]) != "--cut";
+    for (int i = isDragged ? 1 : 2; i < argc; ++i)
+        session.open(QString::fromLocal8Bit(argv[i]));
+    if (isDragged)
+        session.pictures();
+    session.cut();
+    return 0;
+}
