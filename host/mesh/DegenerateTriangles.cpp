@@ -209,10 +209,11 @@ private:
             Triangle& flat = **begin;
             if (m_state[flat.cID()] != State::flat)
                 continue;
-            Triangle* const partner = m_partners.at(wantedBy(flat));
-            if (partner && m_state[partner->cID()] != State::proper)
+            auto const wanted = m_partners.find(wantedBy(flat));
+            if (wanted == m_partners.end() ||
+                (wanted->second && m_state[wanted->second->cID()] != State::proper))
                 continue;
-            swap(flat, partner);
+            swap(flat, wanted->second);
             isAny = true;
         }
         return isAny;
@@ -225,7 +226,8 @@ private:
         for (Triangle* const flat : m_degenerate) {
             if (m_state[flat->cID()] == State::taken)
                 continue;
-            Triangle* const partner = m_partners.at(wantedBy(*flat));
+            auto const wanted = m_partners.find(wantedBy(*flat));
+            Triangle* const partner = wanted == m_partners.end() ? flat : wanted->second;
             if (partner == flat || m_state[partner->cID()] == State::taken)
                 continue;
             m_state[flat->cID()] = m_state[partner->cID()] = State::taken;
@@ -239,17 +241,23 @@ private:
     void swap(Triangle& flat, Triangle* partner)
     {
         int const edge = longestEdge(flat);
+        EdgeKey const shared = wantedBy(flat);
+        EdgeKey const back = keyOf(flat.cV(edge), flat.cV(Triangle::Next(edge)));
         EdgeKey const inner = keyOf(flat.cV(Triangle::Prev(edge)), flat.cV(edge));
         swapWithPartner(flat, edge, partner);
         bool const isGone = hasEqualCorners(flat);
         m_state[flat.cID()] = isGone ? State::taken : State::proper;
         if (!partner)
             return;
+        // Neither runs along the edge between them any more; where further triangles do, their
+        // partners are found in the next round.
+        m_partners.erase(shared);
+        m_partners.erase(back);
         if (isGone) {
             m_state[partner->cID()] = State::taken;
             return;
         }
-        // Where both were, the edges from the apex and to the start have changed hands.
+        // The edges from the apex to the start and from the partner's apex to the end change hands.
         replace(inner, &flat, partner);
         replace(keyOf(flat.cV(2), flat.cV(0)), partner, &flat);
     }

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -19,6 +22,20 @@ Soup boxWithAFlatTriangle()
     soup.add(middle, t[1], t[2]);
     soup.add(t[0], t[1], middle);
     return soup;
+}
+
+/// How often more a surface runs along an edge from its lower to its higher corner than back; edges
+/// along which it does not are left out.
+std::map<std::array<std::uint32_t, 2>, int> boundaryOf(Soup const& soup)
+{
+    std::map<std::array<std::uint32_t, 2>, int> times;
+    for (auto const& t : soup.triangles)
+        for (std::size_t k = 0; k < 3; ++k) {
+            std::uint32_t const a = t[k], b = t[(k + 1) % 3];
+            times[{std::min(a, b), std::max(a, b)}] += a < b ? 1 : -1;
+        }
+    std::erase_if(times, [](auto const& edge) { return edge.second == 0; });
+    return times;
 }
 
 /// How the points in a line are filled by flat triangles.
@@ -119,6 +136,19 @@ TEST(DegenerateTriangles, HundredsOfPointsInALineAreResolvedHoweverTheyAreFilled
         EXPECT_EQ(closedSolidFaults(*kernel), "");
         EXPECT_NEAR(volumeOf(soupOf(*kernel)), 512, 1e-4);
     }
+}
+
+TEST(DegenerateTriangles, AtAnEdgeOfFourNoEdgeIsOpened)
+{
+    // Two of the four are flat, one on each side, and each could be the other's partner.
+    Soup soup;
+    soup.points = {{0, 0, 0}, {4, 0, 0}, {1, 0, 0}, {3, 0, 0}, {2, 3, 0}, {2, -3, 0}};
+    soup.triangles = {{1, 0, 4}, {0, 1, 2}, {1, 0, 3}, {0, 1, 5}};
+    auto const before = boundaryOf(soup);
+    auto const kernel = kernelOf(soup);
+    EXPECT_EQ(kernel->DeleteDegenerateTris(), 2u);
+    EXPECT_EQ(kernel->getMesh()->triangles.size(), 4u);
+    EXPECT_EQ(boundaryOf(soupOf(*kernel)), before);
 }
 
 TEST(DegenerateTriangles, LoneFlatTriangleIsTakenAway)
