@@ -23,39 +23,47 @@ using Corners = std::array<Local, 3>;
 class RayGrid
 {
 public:
-    explicit RayGrid(std::vector<Local> starts) : m_starts(std::move(starts))
+    explicit RayGrid(std::vector<Local> const& starts)
     {
-        for (Local const& p : m_starts)
+        for (Local const& p : starts)
             for (int k = 0; k < 2; ++k) {
                 m_low[k] = std::min(m_low[k], p[k]);
                 m_high[k] = std::max(m_high[k], p[k]);
             }
         float const extent = std::max(m_high[0] - m_low[0], m_high[1] - m_low[1]);
-        auto const perSide = std::max(1.0f, std::ceil(std::sqrt(float(m_starts.size()))));
+        // Finer than for starts all over the section: those of outlines crowd in few cells.
+        auto const perSide = std::max(1.0f, std::ceil(3 * std::sqrt(float(starts.size()))));
         m_cell = std::max(extent / perSide, 1e-6f);
         for (int k = 0; k < 2; ++k)
             m_count[k] = cellOf(m_high[k], k, true) + 1;
-        sortIn();
+        sortIn(starts);
     }
 
-    /// Calls visit(ray, start) for each ray in the cells that the triangle's box meets.
+    /// Calls visit(ray, start) for each ray that the triangle's box covers.
     template <typename Visit>
     void visitNear(Corners const& t, Visit const& visit) const
     {
+        float low[2], high[2];
+        for (int k = 0; k < 2; ++k) {
+            low[k] = std::min({t[0][k], t[1][k], t[2][k]});
+            high[k] = std::max({t[0][k], t[1][k], t[2][k]});
+            if (!(high[k] >= m_low[k] && low[k] <= m_high[k]))
+                return;
+        }
         int first[2], last[2];
         for (int k = 0; k < 2; ++k) {
-            float const low = std::min({t[0][k], t[1][k], t[2][k]});
-            float const high = std::max({t[0][k], t[1][k], t[2][k]});
-            if (!(high >= m_low[k] && low <= m_high[k]))
-                return;
-            first[k] = cellOf(low, k, false);
-            last[k] = cellOf(high, k, false);
+            first[k] = cellOf(low[k], k, false);
+            last[k] = cellOf(high[k], k, false);
         }
         for (int row = first[1]; row <= last[1]; ++row) {
             auto const begin = m_begins[placeOf(first[0], row)];
             auto const end = m_begins[placeOf(last[0], row) + 1];
-            for (auto i = begin; i < end; ++i)
-                visit(m_order[i], m_starts[m_order[i]]);
+            for (auto i = begin; i < end; ++i) {
+                Local const& start = m_sorted[i].start;
+                if (start[0] >= low[0] && start[0] <= high[0] && start[1] >= low[1] &&
+                    start[1] <= high[1])
+                    visit(m_sorted[i].ray, start);
+            }
         }
     }
 
@@ -74,26 +82,31 @@ private:
         return placeOf(cellOf(p[0], 0, false), cellOf(p[1], 1, false));
     }
 
-    void sortIn()
+    void sortIn(std::vector<Local> const& starts)
     {
         m_begins.assign(placeOf(0, m_count[1]) + 1, 0);
-        for (Local const& p : m_starts)
+        for (Local const& p : starts)
             ++m_begins[placeOf(p) + 1];
         std::partial_sum(m_begins.begin(), m_begins.end(), m_begins.begin());
         std::vector<std::uint32_t> next(m_begins.begin(), m_begins.end() - 1);
-        m_order.resize(m_starts.size());
-        for (std::uint32_t i = 0; i < m_starts.size(); ++i)
-            m_order[next[placeOf(m_starts[i])]++] = i;
+        m_sorted.resize(starts.size());
+        for (std::uint32_t i = 0; i < starts.size(); ++i)
+            m_sorted[next[placeOf(starts[i])]++] = {i, starts[i]};
     }
 
+    struct Ray
+    {
+        std::uint32_t ray;
+        Local start;
+    };
+
     static constexpr float limit = std::numeric_limits<float>::max();
-    std::vector<Local> m_starts;
     float m_low[2] = {limit, limit};
     float m_high[2] = {-limit, -limit};
     float m_cell = 1;
     int m_count[2] = {1, 1};
     std::vector<std::uint32_t> m_begins;
-    std::vector<std::uint32_t> m_order;
+    std::vector<Ray> m_sorted;
 };
 
 /// Whether a line along the first axis from the point crosses the edge. Both triangles at an edge
@@ -135,7 +148,7 @@ AxisRays::AxisRays(PlaneFrame const& frame, std::span<UPoint3<float> const> star
     std::vector<Local> local;
     for (UPoint3<float> const& start : starts)
         local.push_back(frame.toPlaneLocal(start));
-    RayGrid const grid(std::move(local));
+    RayGrid const grid(local);
     PollingSteps polling(poll);
     for (UTriangle<float> const* const triangle : part.mesh->triangles) {
         polling.step();

@@ -80,8 +80,7 @@ std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionConto
                                                         POLYGON::Polygons& outline) const
 {
     ConnectorProgress::Poll const poll = ConnectorProgress::poll();
-    outline =
-        LapJointOutline::polled(paras, frame, basePlane.readMesh(), contours, tongue, poll);
+    outline = LapJointOutline::polled(paras, frame, basePlane.readMesh(), contours, tongue, poll);
     auto const extruded = [outline, paras = paras, frame, tongue] {
         return notchMesh(outline, paras, frame, tongue);
     };

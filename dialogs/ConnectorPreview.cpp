@@ -12,6 +12,7 @@
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/view/GLView.h"
+#include "selection/EditHistory.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
 
@@ -57,13 +58,13 @@ ConnectorPreview::ConnectorPreview(QWidget* parent) : QWidget(parent)
 {
     auto* const column = new MellVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    m_presets = new PresetButton(this);
     m_byHand = new QCheckBox(this);
     m_anew = new PushButtonAnimate(this);
     m_text = new QLabel(this);
     m_text->setWordWrap(true);
     m_text->setTextFormat(Qt::RichText);
     m_anew->setEnabled(false);
-    m_presets = new PresetButton(this);
     column->addWidget(m_presets);
     column->addWidget(m_byHand);
     column->addWidget(m_anew);
@@ -71,7 +72,7 @@ ConnectorPreview::ConnectorPreview(QWidget* parent) : QWidget(parent)
     connect(m_byHand, &QAbstractButton::toggled, this, &ConnectorPreview::refresh);
     connect(m_anew, &QAbstractButton::clicked, this, [this] {
         m_choices.clear();
-        refresh();
+        edited();
     });
     connect(&m_runner, &SurveyRunner::ready, this, &ConnectorPreview::show);
     retranslate();
@@ -85,10 +86,9 @@ ConnectorPreview::~ConnectorPreview()
 void ConnectorPreview::end()
 {
     m_scene = {};
-    takeClicks(false);
     m_runner.drop();
     m_requests.clear();
-    clearView();
+    moveTo(nullptr);
 }
 
 void ConnectorPreview::follow(QWidget const& page)
@@ -112,7 +112,7 @@ void ConnectorPreview::refresh()
 
 void ConnectorPreview::objectGoes(Base::DocumentObject const* object)
 {
-    std::erase_if(m_choices, [&](auto const& entry) { return entry.first == object; });
+    m_choices.objectGoes(object);
     refresh();
 }
 
@@ -122,9 +122,7 @@ void ConnectorPreview::ask()
     bool const isPins = std::holds_alternative<PinHoleParas>(scene.connectors);
     m_byHand->setVisible(isPins);
     m_anew->setVisible(isPins);
-    if (m_view != scene.view)
-        clearView();
-    m_view = scene.view;
+    moveTo(scene.view);
     bool const hasWork = scene.plane && scene.view && !scene.parts.empty() &&
                          !std::holds_alternative<std::monostate>(scene.connectors);
     takeClicks(hasWork && isPins && m_byHand->isChecked());
@@ -135,9 +133,6 @@ void ConnectorPreview::ask()
         showText();
         return;
     }
-    std::erase_if(m_choices, [&](auto const& entry) {
-        return std::find(scene.parts.begin(), scene.parts.end(), entry.first) == scene.parts.end();
-    });
     SectionPlanes const planes(*scene.plane, scene.parts, scene.isBounded);
     for (Mesh::DocumentObject* const part : scene.parts)
         if (MeshKernel const* const kernel = kernelOfPart(part)) {
@@ -145,8 +140,8 @@ void ConnectorPreview::ask()
                 m_requests.emplace_back(SurveyRequest{part, PlacedMesh(*kernel), planes});
             request.connectors = scene.connectors;
             request.wantsCentreLines = isPins && m_byHand->isChecked();
-            if (auto const choice = m_choices.find(part); choice != m_choices.end() && isPins)
-                request.choice = choice->second;
+            if (isPins)
+                request.choice = m_choices.of(part);
         }
     m_runner.ask(m_requests);
 }
@@ -211,24 +206,41 @@ void ConnectorPreview::showText()
     lines.removeDuplicates();
     m_text->setText(lines.join(QStringLiteral("<br>")));
     m_text->setVisible(!lines.isEmpty());
-    m_anew->setEnabled(!m_choices.empty());
+    m_anew->setEnabled(std::any_of(
+        m_requests.begin(), m_requests.end(),
+        [this](SurveyRequest const& request) { return !m_choices.of(request.object).isEmpty(); }));
 }
 
 ConnectorPositions ConnectorPreview::positions()
 {
     // What was changed a moment ago may not have been asked for.
-    if (!m_choices.empty() && std::exchange(m_isAsking, false))
+    if (!m_choices.isEmpty() && std::exchange(m_isAsking, false))
         ask();
     m_runner.finish();
     ConnectorPositions positions;
     for (SectionSurvey const& survey : m_runner.result().surveys)
-        if (auto const choice = m_choices.find(survey.object);
-            choice != m_choices.end() && !choice->second.isEmpty())
+        if (!m_choices.of(survey.object).isEmpty())
             positions[survey.object] = standingPositions(survey.connectors);
     return positions;
 }
 
 // By hand.
+
+void ConnectorPreview::moveTo(Base::GLView* view)
+{
+    auto const join = [this](EditsBeside* beside) {
+        if (auto* const tool = runningTool<PlanecutSelection>(m_view))
+            tool->setEditsBeside(beside);
+    };
+    // A view that has gone leaves its picture here.
+    if (!m_view || m_view != view) {
+        takeClicks(false);
+        join(nullptr);
+        clearView();
+    }
+    m_view = view;
+    join(this);
+}
 
 void ConnectorPreview::takeClicks(bool isTaking)
 {
@@ -279,14 +291,13 @@ void ConnectorPreview::clicked(QMouseEvent const& event)
     SectionSurvey const& survey = m_runner.result().surveys[aim->part];
     if (!aim->connector)
         return addAt(*aim);
-    toggle(m_choices[survey.object], survey.connectors[*aim->connector]);
-    std::erase_if(m_choices, [](auto const& entry) { return entry.second.isEmpty(); });
-    refresh();
+    toggle(survey.object, survey.connectors[*aim->connector]);
 }
 
-void ConnectorPreview::toggle(ConnectorChoice& choice, ChosenConnector const& connector)
+void ConnectorPreview::toggle(Mesh::DocumentObject const* part, ChosenConnector const& connector)
 {
     auto const& paras = std::get<PinHoleParas>(m_requests[0].connectors);
+    ConnectorChoice choice = m_choices.of(part);
     switch (connector.state) {
         case ChosenConnector::State::Stands:
             choice.leftOut.push_back(connector.position);
@@ -297,9 +308,10 @@ void ConnectorPreview::toggle(ConnectorChoice& choice, ChosenConnector const& co
             });
             break;
         case ChosenConnector::State::GivesWay:
-            say(tr("Another connector stands too near; leave that one out first."));
-            break;
+            return say(tr("Another connector stands too near; leave that one out first."));
     }
+    m_choices.set(part, choice);
+    edited();
 }
 
 void ConnectorPreview::addAt(Aim const& aim)
@@ -310,7 +322,22 @@ void ConnectorPreview::addAt(Aim const& aim)
         if (connector.isAdded && connector.stands() &&
             (connector.position - aim.place).GetLength() < leastDistance(paras))
             return say(tr("Connectors must be %1 mm apart.").arg(double(leastDistance(paras))));
-    m_choices[survey.object].added.push_back(aim.place);
+    ConnectorChoice choice = m_choices.of(survey.object);
+    choice.added.push_back(aim.place);
+    m_choices.set(survey.object, choice);
+    edited();
+}
+
+void ConnectorPreview::edited()
+{
+    if (EditHistory* const history = runningHistory(m_view))
+        history->edited();
+    refresh();
+}
+
+void ConnectorPreview::setEdits(std::shared_ptr<void const> const& edits)
+{
+    m_choices.setState(edits);
     refresh();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "connectors/ConnectorPositions.h"
+#include "dialogs/ConnectorChoices.h"
 #include "dialogs/SurveyRunner.h"
 #include "selection/ClickTaker.h"
 
@@ -9,7 +10,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 
@@ -43,9 +43,9 @@ struct PreviewScene
 /// what is wrong with them, and the mode in which a person places them by hand.
 ///
 /// It is told of every change by refresh() and looks at the scene once the events are done. What is
-/// to be seen is found in the background; the mouse never waits. Nothing is left in the view when
-/// this goes.
-class ConnectorPreview : public QWidget, public ClickTaker
+/// to be seen is found in the background; the mouse never waits. What is changed by hand is taken
+/// back with the edits of the plane. Nothing is left in the view when this goes.
+class ConnectorPreview : public QWidget, public ClickTaker, public EditsBeside
 {
     Q_OBJECT
 
@@ -70,6 +70,8 @@ public:
 
     void clicked(QMouseEvent const& event) override;
     void hovered(QMouseEvent const& event) override;
+    std::shared_ptr<void const> edits() const override { return m_choices.state(); }
+    void setEdits(std::shared_ptr<void const> const& edits) override;
 
     SurveyRunner& runner() { return m_runner; }
     QCheckBox* byHandBox() const { return m_byHand; }
@@ -99,8 +101,11 @@ private:
     void clearView();
     void takeClicks(bool isTaking);
     std::optional<Aim> aimAt(QMouseEvent const& event) const;
-    void toggle(ConnectorChoice& choice, ChosenConnector const& connector);
+    void toggle(Mesh::DocumentObject const* part, ChosenConnector const& connector);
     void addAt(Aim const& aim);
+    /// Something was changed by hand.
+    void edited();
+    void moveTo(Base::GLView* view);
     void retranslate();
     void say(QString const& text) const;
 
@@ -112,7 +117,7 @@ private:
     bool m_isAsking = false;
     /// What the surveys are of, as of the last request.
     std::vector<SurveyRequest> m_requests;
-    std::map<Mesh::DocumentObject*, ConnectorChoice> m_choices;
+    ConnectorChoices m_choices;
     QPointer<Base::GLView> m_view;
     std::unique_ptr<ConnectorItem> m_item;
     SurveyRunner m_runner;

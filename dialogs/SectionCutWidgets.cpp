@@ -201,7 +201,6 @@ QWidget* SectionCutWidgets::buildAdvanced()
     cutType = new QComboBox(content);
     pinHole = new DialogPinHoleUI;
     lapJoint = new DialogLapJointUI;
-    preview = new ConnectorPreview(content);
     texts.addText(useAdvanced, "DialogFreeCut",
                   QT_TRANSLATE_NOOP("DialogFreeCut", "Use advanced cut"));
     texts.addText(cutTypeLabel, "DialogFreeCut",
@@ -218,6 +217,8 @@ QWidget* SectionCutWidgets::buildAdvanced()
     grid->addWidget(cutType, 1, 1);
     grid->addWidget(pinHole, 2, 0, 1, 2);
     grid->addWidget(lapJoint, 3, 0, 1, 2);
+    // Last, as Tab goes on in the order in which they are made.
+    preview = new ConnectorPreview(content);
     grid->addWidget(preview, 4, 0, 1, 2);
     for (QWidget* const widget : {static_cast<QWidget*>(cutTypeLabel),
                                   static_cast<QWidget*>(cutType), static_cast<QWidget*>(pinHole),

@@ -21,7 +21,7 @@ void warnAttention(QString const& message, char const* context = "MellCommons");
 /// Warns in the same way of a job that has failed.
 ///
 /// message  what the user is told of every failure of that kind
-/// reason   why this one has failed, behind a button "Details"; empty if nobody knows
+/// reason   why this one has failed, in a second paragraph; empty if nobody knows
 void warnFailure(QString const& message, QString const& reason);
 
 /// Asks on the main window, under the title "Question", and returns once it has been answered.

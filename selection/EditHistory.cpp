@@ -54,6 +54,14 @@ void EditHistory::edited(bool joinsLast)
         note(read(), joinsLast);
 }
 
+void EditHistory::takeAlong(std::shared_ptr<void const> const& beside)
+{
+    m_last.beside = beside;
+    for (std::deque<ToolState>* const states : {&m_undo, &m_redo})
+        for (ToolState& state : *states)
+            state.beside = beside;
+}
+
 void EditHistory::waitForRelease()
 {
     if (std::exchange(m_isWaiting, true))

@@ -44,6 +44,9 @@ public:
     /// joinsLast  the edit goes on with what the last step began
     void edited(bool joinsLast = false);
 
+    /// What was edited beside the tool has been there all along: it is no step, and none takes it
+    /// back.
+    void takeAlong(std::shared_ptr<void const> const& beside);
     /// The tool as it is.
     ToolState state() const { return read(); }
     /// Makes it another one, which is one edit.

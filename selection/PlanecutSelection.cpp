@@ -4,6 +4,7 @@
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/ActiveDocument.h"
+#include "platform/ui/MainWindow.h"
 #include "platform/view/MeshGLView.h"
 #include "selection/ArrowKey.h"
 #include "selection/HandleHit.h"
@@ -11,7 +12,9 @@
 #include "selection/ToolEdit.h"
 #include "tools/PlaneGraphicObject.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
+#include <QStatusBar>
 
 #include <array>
 #include <optional>
@@ -54,6 +57,19 @@ std::optional<SurfacePoint> surfaceUnder(Base::GLView* view, QPoint position)
     return SurfacePoint{pointUnderMouse(corners, images, position), normal.Normalize()};
 }
 
+/// Says in the status line, for a while, what can be done with a plane that stands.
+void tellOfHandles()
+{
+    constexpr int timeInMs = 12000;
+    if (MainWindow* const window = MainWindow::getInstance())
+        window->statusBar()->showMessage(
+            QCoreApplication::translate(
+                "Freecut::PlanecutSelection",
+                "Drag the middle square to move the plane, a corner to turn it, the middle of an "
+                "edge to tilt it. With Ctrl the size changes. OK cuts."),
+            timeInMs);
+}
+
 bool isControlAlone(QMouseEvent const& event)
 {
     return event.modifiers() == Qt::ControlModifier;
@@ -88,6 +104,14 @@ void PlanecutSelection::setPlaneType(PlaneType type)
 {
     planeType = type;
     showCursor("cursor_planecut");
+}
+
+void PlanecutSelection::setEditsBeside(EditsBeside* beside)
+{
+    if (beside == editsBeside)
+        return;
+    editsBeside = beside;
+    edits()->takeAlong(beside ? beside->edits() : nullptr);
 }
 
 void PlanecutSelection::setPlaneSize(PlaneSize const& size)
@@ -139,6 +163,7 @@ void PlanecutSelection::pick(QPoint position)
     }
     getCutPlanePara(hit->point);
     enablePointPickMesh = true;
+    tellOfHandles();
 }
 
 void PlanecutSelection::getCutPlanePara(UPoint3<float> const& point)
@@ -312,11 +337,15 @@ ToolState PlanecutSelection::editState() const
     if (planeObject)
         state.points = planeObject->getProperty().getCorners();
     state.picks = pickMarkers.points();
+    if (editsBeside)
+        state.beside = editsBeside->edits();
     return state;
 }
 
 void PlanecutSelection::restore(ToolState const& state)
 {
+    if (editsBeside)
+        editsBeside->setEdits(state.beside);
     if (state.points.empty()) {
         resetSelection();
         for (UPoint3<float> const& pick : state.picks)

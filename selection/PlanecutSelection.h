@@ -3,6 +3,7 @@
 
 #include "platform/document/TypeEntry.h"
 #include "selection/ClickTaker.h"
+#include "selection/EditsBeside.h"
 #include "selection/FreecutSelection.h"
 #include "selection/PickMarkers.h"
 #include "selection/PlaneDefinition.h"
@@ -44,6 +45,10 @@ public:
     /// Who takes what touches no handle once the plane stands, in the place of the point picker;
     /// borrowed, null for nobody.
     void setClickTaker(ClickTaker* taker) { clickTaker = taker; }
+
+    /// What is taken back with the edits of the plane; borrowed, null for nothing. What it holds
+    /// already is no edit.
+    void setEditsBeside(EditsBeside* beside);
 
     /// Places a plane from numbers if none stands yet. The tangent and vertical types ignore it.
     /// Always 1.
@@ -94,6 +99,7 @@ private:
     bool isResizing = false;
     bool enablePointPickMesh = false;
     ClickTaker* clickTaker = nullptr;
+    EditsBeside* editsBeside = nullptr;
     /// Of a click that is the taker's.
     std::optional<QPoint> takenPress;
     UVector3<float> pickNormal;

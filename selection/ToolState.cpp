@@ -97,7 +97,8 @@ ToolState turnedTo(ToolState state, RigidMotion const& turns)
 
 bool isSameEdit(ToolState const& a, ToolState const& b)
 {
-    if (!(a.values == b.values && a.picks == b.picks && a.points.size() == b.points.size()))
+    if (!(a.values == b.values && a.picks == b.picks && a.points.size() == b.points.size() &&
+          a.beside == b.beside))
         return false;
     if (a.turns == b.turns)
         return a.points == b.points && haveSameTeeth(a, b, std::equal_to<TeethEdge>());

@@ -22,6 +22,8 @@ struct ToolState
     SolidValues values;
     /// Of a polygon; null for others. States share what has not changed between them.
     std::shared_ptr<std::vector<TeethEdge> const> edges;
+    /// What was edited beside the tool; null for nothing.
+    std::shared_ptr<void const> beside;
 
     // Goes along, and makes no difference between two states.
 

@@ -108,6 +108,8 @@ QDockWidget* WindowPanels::addScrolled(QWidget* panel, QString const& name, Qt::
 {
     auto* const scroll = new QScrollArea(&m_window);
     scroll->setFrameShape(QFrame::NoFrame);
+    // There is nothing to be done on it, and Tab would not get past two of them.
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidgetResizable(true);
     scroll->setWidget(panel);

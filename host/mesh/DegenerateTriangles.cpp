@@ -164,29 +164,113 @@ void swapWithPartner(Triangle& flat, int edge, Triangle* partner)
     setCorners(*partner, m, u, x);
 }
 
-/// One round of swaps; a triangle takes part in one swap only. Returns whether anything changed.
-bool swapRound(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
+/// Swaps the edges of degenerate triangles.
+class EdgeSwaps
 {
-    mesh.UpdateTrisID();
-    auto const partners = findPartners(mesh, degenerate);
-    std::vector<bool> isTouched(mesh.triangles.size(), false);
-    bool isAny = false;
-    for (Triangle* const flat : degenerate) {
-        // A partner of an earlier swap is another triangle now; it has its turn in the next round.
-        if (isTouched[flat->cID()])
-            continue;
-        int const i = longestEdge(*flat);
-        Triangle* const partner = partners.at(keyOf(flat->cV(Triangle::Next(i)), flat->cV(i)));
-        if (partner == flat || (partner && isTouched[partner->cID()]))
-            continue;
-        isTouched[flat->cID()] = true;
-        if (partner)
-            isTouched[partner->cID()] = true;
-        swapWithPartner(*flat, i, partner);
-        isAny = true;
+public:
+    EdgeSwaps(UMesh<float>& mesh, std::vector<Triangle*> const& degenerate)
+        : m_degenerate(degenerate)
+    {
+        mesh.UpdateTrisID();
+        m_partners = findPartners(mesh, degenerate);
+        m_state.assign(mesh.triangles.size(), State::proper);
+        for (Triangle const* const flat : degenerate)
+            m_state[flat->cID()] = State::flat;
     }
-    return isAny;
-}
+
+    /// Ends every flat triangle that lies, perhaps behind others in the same line, on one that is
+    /// not. Where there is none, flat ones are exchanged. Returns whether anything changed.
+    bool run()
+    {
+        // A fan of points in a line comes apart from its end, which may be the list's.
+        bool isAny = false, isForward = true;
+        while (isForward ? pass(m_degenerate.begin(), m_degenerate.end())
+                         : pass(m_degenerate.rbegin(), m_degenerate.rend())) {
+            isAny = true;
+            isForward = !isForward;
+        }
+        return isAny || exchange();
+    }
+
+private:
+    /// Taken triangles wait for the next round, whose partners are found anew.
+    enum class State : std::uint8_t
+    {
+        proper,
+        flat,
+        taken
+    };
+
+    template <typename Iterator>
+    bool pass(Iterator begin, Iterator end)
+    {
+        bool isAny = false;
+        for (; begin != end; ++begin) {
+            Triangle& flat = **begin;
+            if (m_state[flat.cID()] != State::flat)
+                continue;
+            Triangle* const partner = m_partners.at(wantedBy(flat));
+            if (partner && m_state[partner->cID()] != State::proper)
+                continue;
+            swap(flat, partner);
+            isAny = true;
+        }
+        return isAny;
+    }
+
+    /// Swaps with flat partners; a triangle takes part in one swap only.
+    bool exchange()
+    {
+        bool isAny = false;
+        for (Triangle* const flat : m_degenerate) {
+            if (m_state[flat->cID()] == State::taken)
+                continue;
+            Triangle* const partner = m_partners.at(wantedBy(*flat));
+            if (partner == flat || m_state[partner->cID()] == State::taken)
+                continue;
+            m_state[flat->cID()] = m_state[partner->cID()] = State::taken;
+            swapWithPartner(*flat, longestEdge(*flat), partner);
+            isAny = true;
+        }
+        return isAny;
+    }
+
+    /// Neither of both is flat afterwards.
+    void swap(Triangle& flat, Triangle* partner)
+    {
+        int const edge = longestEdge(flat);
+        EdgeKey const inner = keyOf(flat.cV(Triangle::Prev(edge)), flat.cV(edge));
+        swapWithPartner(flat, edge, partner);
+        bool const isGone = hasEqualCorners(flat);
+        m_state[flat.cID()] = isGone ? State::taken : State::proper;
+        if (!partner)
+            return;
+        if (isGone) {
+            m_state[partner->cID()] = State::taken;
+            return;
+        }
+        // Where both were, the edges from the apex and to the start have changed hands.
+        replace(inner, &flat, partner);
+        replace(keyOf(flat.cV(2), flat.cV(0)), partner, &flat);
+    }
+
+    void replace(EdgeKey key, Triangle const* before, Triangle* after)
+    {
+        auto const wanted = m_partners.find(key);
+        if (wanted != m_partners.end() && wanted->second == before)
+            wanted->second = after;
+    }
+
+    static EdgeKey wantedBy(Triangle const& flat)
+    {
+        int const i = longestEdge(flat);
+        return keyOf(flat.cV(Triangle::Next(i)), flat.cV(i));
+    }
+
+    std::vector<Triangle*> const& m_degenerate;
+    std::unordered_map<EdgeKey, Triangle*> m_partners;
+    std::vector<State> m_state;
+};
 
 void dropLinks(UMesh<float>& mesh)
 {
@@ -217,7 +301,7 @@ std::size_t removeDegenerateTriangles(UMesh<float>& mesh)
         uniteCoincidentCorners(mesh, degenerate);
         dropTriangles(mesh, hasEqualCorners);
         degenerate = findDegenerate(mesh);
-        if (degenerate.empty() || !swapRound(mesh, degenerate))
+        if (degenerate.empty() || !EdgeSwaps(mesh, degenerate).run())
             break;
         dropTriangles(mesh, hasEqualCorners);
         degenerate = findDegenerate(mesh);

@@ -31,6 +31,9 @@ DialogPlace::DialogPlace(QString const& name, DialogWidget* dialog, MainWindow* 
     connect(dialog, &Dialog::signalDragged, this, &DialogPlace::dragBy);
     connect(dialog, &Dialog::signalDropped, this, &DialogPlace::dropAt);
     connect(window, &MainWindow::signalActiveGLViewChanged, this, &DialogPlace::placeLater);
+    // A panel that comes to the front would come over the dialog.
+    for (QDockWidget const* const panel : window->findChildren<QDockWidget*>())
+        connect(panel, &QDockWidget::visibilityChanged, this, &DialogPlace::placeLater);
     if (dialog->isPinEnabled() && storedValue(m_key + "/pinned", false).toBool())
         dialog->slotPinDialog(true);
 }
@@ -65,6 +68,15 @@ QRect DialogPlace::viewArea() const
     if (!view || !m_window->isAncestorOf(view))
         view = m_window->centralWidget();
     return view ? QRect(view->mapTo(m_window, QPoint()), view->size()) : m_window->rect();
+}
+
+QRect DialogPlace::room() const
+{
+    QRect room = viewArea();
+    if (room.width() >= 2 * m_dialog->sizeHint().width())
+        return room;
+    m_isAtLeft ? room.setLeft(0) : room.setRight(m_window->width() - 1);
+    return room;
 }
 
 void DialogPlace::bringUp()
@@ -145,21 +157,22 @@ void DialogPlace::place()
 {
     if (!m_window || m_dock || m_isDragged)
         return;
-    QRect const room = viewArea();
     QSize const wanted = m_dialog->sizeHint();
     if (m_dialog->isMaximizedInPlace()) {
-        m_dialog->setGeometry(room);
+        m_dialog->setGeometry(viewArea());
         return;
     }
     int const gap = themePixels("layoutSpacing");
-    QRect const inner = room.adjusted(gap, gap, -gap, -gap);
-    int const width = std::min(wanted.width(), std::max(inner.width(), g_pixelSize * 10));
+    QRect const inner = room().adjusted(gap, gap, -gap, -gap);
+    int const least = std::min(m_dialog->minimumSizeHint().width(), m_window->width());
+    int const width = std::min(wanted.width(), std::max(inner.width(), least));
     int const offset = std::clamp(m_offset, 0, std::max(0, inner.height() - g_pixelSize * 6));
     int const height =
         std::min(wanted.height(), std::max(inner.height() - offset, g_pixelSize * 3));
     // A view too low for the dialog gives up the offset first.
     int const missing = std::clamp(wanted.height() - height, 0, offset);
-    int const left = m_isAtLeft ? inner.left() : inner.right() + 1 - width;
+    m_dialog->raise();
+    int const left = std::max(0, m_isAtLeft ? inner.left() : inner.right() + 1 - width);
     m_dialog->setGeometry(left, inner.top() + offset - missing, width, height + missing);
 }
 
@@ -168,7 +181,11 @@ void DialogPlace::dragBy(QPoint const& way)
     m_isDragged = true;
     if (m_dock)
         return;
-    QRect const room = viewArea();
+    QRect room = viewArea();
+    if (room != this->room()) {
+        room.setLeft(0);
+        room.setRight(m_window->width() - 1);
+    }
     QPoint const wanted = m_dialog->pos() + way;
     m_dialog->move(
         std::clamp(wanted.x(), room.left(),

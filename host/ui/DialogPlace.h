@@ -7,8 +7,8 @@
 class DialogWidget;
 class MainWindow;
 
-/// Where a dialog stands in the main window, kept in the settings under its name: over the view at
-/// the left or right edge, at a height of the user's choice, or docked at that edge while it is
+/// Where a dialog stands in the main window, kept in the settings under its name: over the view, or
+/// over the panels beside a narrow one, at the left or right edge, at a height of the user's choice, or docked at that edge while it is
 /// pinned. A child of the dialog.
 class DialogPlace : public QObject
 {
@@ -26,6 +26,9 @@ protected:
 
 private:
     QRect viewArea() const;
+    /// Where it may lie: the view, and beside a view too narrow for both the panels at the
+    /// dialog's edge, which are of less use meanwhile than what is being worked on.
+    QRect room() const;
     void readStored();
     void store() const;
     void dock();

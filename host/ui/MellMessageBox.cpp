@@ -2,6 +2,7 @@
 
 #include "platform/ui/MellMessageBox.h"
 
+#include "host/ui/MessageArea.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/ui/Theme.h"
 
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <array>
@@ -54,40 +56,22 @@ int answerOfClosedBox(std::array<QString, 3> const& texts, int escapeButton)
 }  // namespace
 
 MellMessageBox::MellMessageBox(QWidget* parent)
-    : QDialog(parent),
-      m_text(new QLabel(this)),
-      m_details(new QLabel(this)),
-      m_buttons(new QDialogButtonBox(this))
+    : QDialog(parent), m_message(new MessageArea(this)), m_buttons(new QDialogButtonBox(this))
 {
-    m_text->setWordWrap(true);
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    m_details->setObjectName(QStringLiteral("Details"));
-    m_details->setWordWrap(true);
-    m_details->setTextFormat(Qt::PlainText);
-    m_details->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_details->hide();
-
     auto* const message = new QHBoxLayout;
     message->setSpacing(g_pixelSize);
     message->addWidget(new WarningSign(this), 0, Qt::AlignTop);
-    message->addWidget(m_text, 1);
+    message->addWidget(m_message, 1);
     auto* const content = new QVBoxLayout(this);
     int const margin = g_pixelSize * 4 / 3;
     content->setContentsMargins(margin, margin, margin, margin);
     content->setSpacing(margin);
     content->setSizeConstraint(QLayout::SetMinimumSize);
-    content->addLayout(message);
-    content->addWidget(m_details);
+    content->addLayout(message, 1);
     content->addWidget(m_buttons);
 
     setModal(true);
     connect(m_buttons, &QDialogButtonBox::clicked, this, [this](QAbstractButton* pressed) {
-        if (m_buttons->buttonRole(pressed) == QDialogButtonBox::HelpRole) {
-            m_details->setVisible(m_details->isHidden());
-            adjustSize();
-            return;
-        }
         QVariant const index = pressed->property("answer");
         done(index.isValid() ? index.toInt() : int(m_buttons->standardButton(pressed)));
     });
@@ -115,6 +99,13 @@ int MellMessageBox::warning(QWidget* parent, QString const& title, QString const
         button->setProperty("answer", i);
         button->setDefault(i == defaultButton);
         button->setAutoDefault(i == defaultButton);
+        if (i == defaultButton)
+            button->setFocus();
+    }
+    // Else the first button would have the focus at first.
+    if (defaultButton < 0) {
+        box.setFocusPolicy(Qt::StrongFocus);
+        box.setFocus();
     }
     // The dialog's own result cannot tell button 0 from a closed box.
     int answer = closed;
@@ -143,24 +134,25 @@ void MellMessageBox::failure(QWidget* parent, QString const& title, QString cons
 
 void MellMessageBox::setDetails(QString const& details)
 {
-    if (m_details->text().isEmpty())
-        m_buttons->addButton(tr("Details"), QDialogButtonBox::HelpRole)->setAutoDefault(false);
-    m_details->setText(details);
+    m_message->details()->setText(details);
+    m_message->details()->setVisible(!details.isEmpty());
+    m_message->updateGeometry();
 }
 
 QString MellMessageBox::details() const
 {
-    return m_details->text();
+    return m_message->details()->text();
 }
 
 void MellMessageBox::setText(QString const& text)
 {
-    m_text->setText(text);
+    m_message->text()->setText(text);
+    m_message->updateGeometry();
 }
 
 QString MellMessageBox::text() const
 {
-    return m_text->text();
+    return m_message->text()->text();
 }
 
 void MellMessageBox::setStandardButtons(QDialogButtonBox::StandardButtons buttons)
@@ -170,8 +162,10 @@ void MellMessageBox::setStandardButtons(QDialogButtonBox::StandardButtons button
 
 void MellMessageBox::setDefaultButton(QDialogButtonBox::StandardButton button)
 {
-    if (QPushButton* const chosen = m_buttons->button(button))
+    if (QPushButton* const chosen = m_buttons->button(button)) {
         chosen->setDefault(true);
+        chosen->setFocus();
+    }
 }
 
 QPushButton* MellMessageBox::button(QDialogButtonBox::StandardButton button) const
@@ -181,11 +175,30 @@ QPushButton* MellMessageBox::button(QDialogButtonBox::StandardButton button) con
 
 void MellMessageBox::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy))
+    if (event->matches(QKeySequence::Copy)) {
         QApplication::clipboard()->setText(details().isEmpty() ? text()
                                                                : text() + '\n' + details());
-    else
-        QDialog::keyPressEvent(event);
+        return;
+    }
+    switch (event->key()) {
+        case Qt::Key_Enter:
+        case Qt::Key_Return:
+            // A dialog would press its default button whatever has the focus.
+            if (auto* const focused = qobject_cast<QPushButton*>(focusWidget())) {
+                focused->click();
+                return;
+            }
+            break;
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            m_message->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
+                                                              ? QAbstractSlider::SliderPageStepSub
+                                                              : QAbstractSlider::SliderPageStepAdd);
+            return;
+        default:
+            break;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 int MellMessageBox::exec()

@@ -59,6 +59,7 @@ void SideControlTab::addDock(DockWidget* dock, QString const& title)
 {
     auto* const area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(dock);

@@ -4,9 +4,10 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 
-class QLabel;
+class MessageArea;
 
-/// A modal message with buttons. Ctrl+C copies its text.
+/// A modal message with buttons. Ctrl+C copies its text; a long one scrolls, by PageUp and PageDown
+/// too. Enter presses the button that has the focus.
 class MellMessageBox : public QDialog
 {
     Q_OBJECT
@@ -17,7 +18,7 @@ public:
     /// Shows a message and waits for an answer.
     ///
     /// button0..2     button texts; an empty one makes no button
-    /// defaultButton  the button that Enter presses; -1 for none
+    /// defaultButton  the button that has the focus at first; -1 for none
     /// escapeButton   the answer when the box is closed without a button; -1 stands for the last
     ///                button there is
     /// returns        the index of the button
@@ -28,17 +29,17 @@ public:
                        QString const& button0, QString const& button1, QString const& button2,
                        int defaultButton, int escapeButton);
 
-    /// Shows a message with one button, and waits until it has been read. A second button, "Details",
-    /// unfolds and folds what lies behind it. Ctrl+C copies both. Without a QApplication both go to
-    /// the log console.
+    /// Shows a message with one button and what is to be said of it in a second paragraph, and waits
+    /// until it has been read. Ctrl+C copies both. Without a QApplication both go to the log
+    /// console.
     ///
-    /// details  one or more sentences; without any there is no such button
+    /// details  one or more sentences, or none
     static void failure(QWidget* parent, QString const& title, QString const& text,
                         QString const& details, QString const& button);
 
     void setText(QString const& text);
     QString text() const;
-    /// Offers to unfold a text below the message.
+    /// A second paragraph.
     void setDetails(QString const& details);
     QString details() const;
     void setStandardButtons(QDialogButtonBox::StandardButtons buttons);
@@ -53,7 +54,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QLabel* m_text;
-    QLabel* m_details;
+    MessageArea* m_message;
     QDialogButtonBox* m_buttons;
 };

@@ -1761,6 +1761,13 @@
     </message>
 </context>
 <context>
+    <name>Freecut::PlanecutSelection</name>
+    <message>
+        <source>Drag the middle square to move the plane, a corner to turn it, the middle of an edge to tilt it. With Ctrl the size changes. OK cuts.</source>
+        <translation>Das mittlere Quadrat verschiebt die Ebene, eine Ecke dreht sie, die Mitte einer Kante neigt sie. Mit Strg ändert sich die Größe. OK schneidet.</translation>
+    </message>
+</context>
+<context>
     <name>Freecut::PolygoncutSelection</name>
     <message>
         <source>Invalid point.</source>
@@ -1855,100 +1862,6 @@
     <message>
         <source>The tool cannot be written to %1: %2.</source>
         <translation>Das Werkzeug lässt sich nicht nach %1 schreiben: %2.</translation>
-    </message>
-</context>
-<context>
-    <name>OutlineImportDialog</name>
-    <message>
-        <source>Import outline</source>
-        <translation>Umriss einlesen</translation>
-    </message>
-    <message>
-        <source>As the drawing says</source>
-        <translation>Wie in der Zeichnung angegeben</translation>
-    </message>
-    <message>
-        <source>Drawing</source>
-        <translation>Zeichnung</translation>
-    </message>
-    <message>
-        <source>Unit</source>
-        <translation>Einheit</translation>
-    </message>
-    <message>
-        <source>Path</source>
-        <translation>Pfad</translation>
-    </message>
-    <message>
-        <source>Middle at %1</source>
-        <translation>Mitte bei %1</translation>
-    </message>
-    <message>
-        <source>Import</source>
-        <translation>Einlesen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>The largest</source>
-        <translation>Der größte</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>%1: %2, open</source>
-        <translation>%1: %2, offen</translation>
-    </message>
-    <message>
-        <source>%1, %2 corners</source>
-        <translation>%1, %2 Ecken</translation>
-    </message>
-</context>
-<context>
-    <name>ToolFileButton</name>
-    <message>
-        <source>Open tool...</source>
-        <translation>Werkzeug öffnen...</translation>
-    </message>
-    <message>
-        <source>Save tool as...</source>
-        <translation>Werkzeug speichern unter...</translation>
-    </message>
-    <message>
-        <source>Open tool</source>
-        <translation>Werkzeug öffnen</translation>
-    </message>
-    <message>
-        <source>Save tool</source>
-        <translation>Werkzeug speichern</translation>
-    </message>
-    <message>
-        <source>Drawn tools (*.json)</source>
-        <translation>Gezeichnete Werkzeuge (*.json)</translation>
-    </message>
-    <message>
-        <source>Tool file...</source>
-        <translation>Werkzeugdatei...</translation>
-    </message>
-    <message>
-        <source>Import outline...</source>
-        <translation>Umriss einlesen...</translation>
-    </message>
-    <message>
-        <source>Import outline</source>
-        <translation>Umriss einlesen</translation>
-    </message>
-    <message>
-        <source>Drawings (*.svg *.dxf)</source>
-        <translation>Zeichnungen (*.svg *.dxf)</translation>
-    </message>
-    <message>
-        <source>Saves the drawn tool, opens one that was saved, or takes an outline from a drawing.</source>
-        <translation>Speichert das gezeichnete Werkzeug, öffnet ein gespeichertes oder liest einen Umriss aus einer Zeichnung ein.</translation>
     </message>
 </context>
 <context>
@@ -2548,13 +2461,6 @@
     </message>
 </context>
 <context>
-    <name>MellMessageBox</name>
-    <message>
-        <source>Details</source>
-        <translation>Einzelheiten</translation>
-    </message>
-</context>
-<context>
     <name>MellQuantitySpinBox</name>
     <message>
         <source>The value has to lie between %1 and %2.</source>
@@ -2702,6 +2608,57 @@
     <message>
         <source>RIGHT</source>
         <translation>RECHTS</translation>
+    </message>
+</context>
+<context>
+    <name>OutlineImportDialog</name>
+    <message>
+        <source>Import outline</source>
+        <translation>Umriss einlesen</translation>
+    </message>
+    <message>
+        <source>As the drawing says</source>
+        <translation>Wie in der Zeichnung angegeben</translation>
+    </message>
+    <message>
+        <source>Drawing</source>
+        <translation>Zeichnung</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Middle at %1</source>
+        <translation>Mitte bei %1</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Einlesen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The largest</source>
+        <translation>Der größte</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2, open</source>
+        <translation>%1: %2, offen</translation>
+    </message>
+    <message>
+        <source>%1, %2 corners</source>
+        <translation>%1, %2 Ecken</translation>
     </message>
 </context>
 <context>
@@ -3556,6 +3513,49 @@
     <message>
         <source>%1 parts, %2 triangles</source>
         <translation>%1 Bauteile, %2 Dreiecke</translation>
+    </message>
+</context>
+<context>
+    <name>ToolFileButton</name>
+    <message>
+        <source>Open tool...</source>
+        <translation>Werkzeug öffnen...</translation>
+    </message>
+    <message>
+        <source>Save tool as...</source>
+        <translation>Werkzeug speichern unter...</translation>
+    </message>
+    <message>
+        <source>Open tool</source>
+        <translation>Werkzeug öffnen</translation>
+    </message>
+    <message>
+        <source>Save tool</source>
+        <translation>Werkzeug speichern</translation>
+    </message>
+    <message>
+        <source>Drawn tools (*.json)</source>
+        <translation>Gezeichnete Werkzeuge (*.json)</translation>
+    </message>
+    <message>
+        <source>Tool file...</source>
+        <translation>Werkzeugdatei...</translation>
+    </message>
+    <message>
+        <source>Import outline...</source>
+        <translation>Umriss einlesen...</translation>
+    </message>
+    <message>
+        <source>Import outline</source>
+        <translation>Umriss einlesen</translation>
+    </message>
+    <message>
+        <source>Drawings (*.svg *.dxf)</source>
+        <translation>Zeichnungen (*.svg *.dxf)</translation>
+    </message>
+    <message>
+        <source>Saves the drawn tool, opens one that was saved, or takes an outline from a drawing.</source>
+        <translation>Speichert das gezeichnete Werkzeug, öffnet ein gespeichertes oder liest einen Umriss aus einer Zeichnung ein.</translation>
     </message>
 </context>
 <context>

@@ -1,30 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogPinHoleUI.h"
-#include "dialogs/DialogSectioncut.h"
-#include "dialogs/ToolButton.h"
-#include "platform/ui/DialogWindowManager.h"
-#include "platform/ui/MellQuantitySpinBox.h"
-#include "platform/ui/ThemeSwitch.h"
-#include "selection/PlanecutSelection.h"
-#include "selection/RunningTool.h"
-#include "tests/app/AppWindow.h"
-#include "tests/support/SkipReasons.h"
-#include "tests/support/Validator.h"
-#include "tests/support/ViewEvents.h"
-#include "tools/PlaneGraphicObject.h"
+#include "tests/app/ToolWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QPointer>
 #include <QRadioButton>
 
 #include <array>
 
 namespace {
-
-using Freecut::DialogSectioncut;
-using Freecut::PlanecutSelection;
-using Point = UPoint3<float>;
 
 /// A block of 80 x 50 x 30 mm whose right half is 20 mm high.
 Soup stairs()
@@ -48,22 +33,14 @@ Soup stairs()
 }
 
 /// Connectors before the cut, in the shown window.
-class ConnectorWindow : public AppWindow
+class ConnectorWindow : public ToolWindow
 {
 protected:
     void SetUp() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        window->resize(1750, 950);
-        show();
-    }
-    void TearDown() override
-    {
-        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
-        if (window)
-            AppWindow::TearDown();
+        ToolWindow::SetUp();
+        if (!IsSkipped())
+            window->resize(1750, 950);
     }
 
     /// The stairs with a level plane 3 mm below the lower step, and pins on it.
@@ -74,41 +51,12 @@ protected:
             soup.flip();
         ASSERT_EQ(closedSolidFaults(soup), "");
         test->add(soup, "stairs");
-        view().OnViewType(6);
-        view().fitAll();
-        trigger("Std_Sectioncut");
-        settle();
-        ui().planeButtons[3]->click();
-        click(view(), positionOf({20, 25, 30}));
-        settle();
-        ASSERT_TRUE(tool() && tool()->getPlaneObject());
-        ui().center[2]->setValue(17);
-        emit ui().center[2]->editingFinished();
+        lookFrom(6);
+        placeLevelPlane({20, 25, 30}, 17);
         ui().useAdvanced->click();
         settle();
     }
-    void settle()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 150 || (dialog() && ui().preview->runner().isBusy()))
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-
-    Mesh::GLView& view() const { return window->view(); }
-    DialogSectioncut* dialog() const
-    {
-        return static_cast<DialogSectioncut*>(
-            DialogWindowManager::instance()->getDialogWindow("DialogSectioncut"));
-    }
-    Freecut::SectionCutWidgets const& ui() const { return dialog()->widgets(); }
-    PlanecutSelection* tool() const { return Freecut::runningTool<PlanecutSelection>(&view()); }
-    QPoint positionOf(Point const& world) const
-    {
-        int x, y;
-        view().getWidgetcoordFromWCS(world, x, y);
-        return {x, y};
-    }
+    Freecut::SectionCutWidgets const& ui() const { return sectionDialog()->widgets(); }
     std::vector<ChosenConnector> const& connectors() const
     {
         return ui().preview->runner().result().surveys.at(0).connectors;
@@ -180,4 +128,46 @@ TEST_F(ConnectorWindow, ClicksLeaveOutAndAddInTheShownView)
     takePicture("connectors-by-hand");
     ASSERT_EQ(connectors().size(), count + 1);
     EXPECT_LT((connectors().back().position - place).GetLength(), 0.5f);
+}
+
+TEST_F(ConnectorWindow, TheKeysOfUndoTakeTheLastConnectorBackAndThenThePlane)
+{
+    openStairs();
+    ui().preview->byHandBox()->click();
+    settle();
+    std::size_t const count = connectors().size();
+    clickAt(connectors()[0].position + UVector3<float>(0, 0, 2));
+    clickAt({6, 6, 17});
+    ASSERT_EQ(connectors().size(), count + 1);
+    // The focus is in a field, and then in the view.
+    ui().center[2]->setFocus();
+    pressUndo();
+    ASSERT_EQ(connectors().size(), count);
+    EXPECT_EQ(connectors()[0].state, ChosenConnector::State::LeftOut);
+    view().setFocus();
+    pressUndo();
+    EXPECT_EQ(connectors()[0].state, ChosenConnector::State::Stands);
+    EXPECT_NEAR(ui().center[2]->value(), 17, 1e-4);
+    pressUndo();
+    EXPECT_NEAR(ui().center[2]->value(), 30, 1e-4);
+    pressRedo();
+    pressRedo();
+    pressRedo();
+    ASSERT_EQ(connectors().size(), count + 1);
+    EXPECT_NEAR(ui().center[2]->value(), 17, 1e-4);
+    // The parts' own history is as it was.
+    EXPECT_EQ(document().getMeshObjects().size(), 1u);
+    cutBySection();
+    EXPECT_EQ(document().getMeshObjects().size(), 3u);
+}
+
+TEST_F(ConnectorWindow, TheWindowMayCloseWhileConnectorsStandInItsView)
+{
+    openStairs();
+    ui().preview->byHandBox()->click();
+    settle();
+    QPointer<QWidget> const dialog = sectionDialog();
+    window.reset();
+    EXPECT_FALSE(dialog);
+    EXPECT_EQ(DialogWindowManager::instance()->getDialogWindow("DialogSectioncut"), nullptr);
 }

@@ -3,24 +3,14 @@
 #include "dialogs/CutForecast.h"
 #include "dialogs/DialogAddTeethUI.h"
 #include "dialogs/DialogCoordinateUI.h"
-#include "dialogs/DialogPolygoncut.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
 #include "display/VolumeViewProvider.h"
-#include "platform/ui/DialogWindowManager.h"
-#include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellSpinBox.h"
-#include "platform/ui/PushButtonAnimate.h"
-#include "platform/ui/ThemeSwitch.h"
-#include "selection/PolygoncutSelection.h"
-#include "selection/RunningTool.h"
 #include "tests/app/PieceGap.h"
 #include "tests/app/SavedPieces.h"
+#include "tests/app/ToolWindow.h"
 #include "tests/support/MadeModels.h"
-#include "tests/support/SkipReasons.h"
-#include "tests/support/Validator.h"
-#include "tests/support/ViewEvents.h"
-#include "tools/PolygonGraphicObject.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -30,66 +20,24 @@
 namespace {
 
 using namespace Freecut;
-using Point = UPoint3<float>;
 
 /// The volume cut by hand, in the shown window.
-class PolygonCutWindow : public AppWindow
+class PolygonCutWindow : public ToolWindow
 {
 protected:
-    void SetUp() override
-    {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        window->resize(1400, 950);
-        show();
-    }
-    void TearDown() override
-    {
-        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
-        if (window)
-            AppWindow::TearDown();
-    }
-
     /// Shows a real model or, where it is missing, one made in the same manner, from the front.
     void openPart(std::string const& file)
     {
         if (!addFile(file))
             test->add(mechanicalPlate(), "plate");
-        view().OnViewType(0);
-        view().fitAll();
-        settle();
+        lookFrom(0);
     }
-    Mesh::GLView& view() const { return window->view(); }
-    Mesh::Document& document() const
-    {
-        return static_cast<Mesh::Document&>(*test->application.activeDocument());
-    }
-    DialogPolygoncut* dialog() const
-    {
-        return static_cast<DialogPolygoncut*>(
-            DialogWindowManager::instance()->getDialogWindow("DialogPolygoncut"));
-    }
+    DialogPolygoncut* dialog() const { return polygonDialog(); }
     PolygonCutWidgets const& ui() const { return dialog()->widgets(); }
-    PolygoncutSelection* polygonTool() const { return runningTool<PolygoncutSelection>(&view()); }
 
-    static void settle()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 150)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    QPoint positionOf(Point const& world) const
-    {
-        int x, y;
-        view().getWidgetcoordFromWCS(world, x, y);
-        return {x, y};
-    }
     void openDialog()
     {
-        trigger("Std_Polygoncut");
-        settle();
+        open("Std_Polygoncut");
         ASSERT_TRUE(dialog());
     }
     /// Clicks points of the picture, given as shares of the part's box.
@@ -112,11 +60,6 @@ protected:
                 return widget;
         return nullptr;
     }
-    static void type(MellQuantitySpinBox* field, double value)
-    {
-        field->setValue(value);
-        emit field->editingFinished();
-    }
     /// The field beside a label or check box of a page.
     MellQuantitySpinBox* field(QWidget* page, int index) const
     {
@@ -129,18 +72,15 @@ protected:
         find<QRadioButton>(page, "Outside")->click();
         for (MellQuantitySpinBox* const spin : page->findChildren<MellQuantitySpinBox*>())
             if (spin->value() == 0.1)
-                type(spin, clearance);
+                enter(spin, clearance);
         settle();
     }
     /// Cuts, and notes what the dialog has said of the cut before.
     void cut()
     {
-        ASSERT_TRUE(ui().ok->isEnabled());
         ASSERT_TRUE(waitUntil([&] { return !ui().forecast->work().isBusy(); }));
         forecast = ui().forecast->result();
-        ui().ok->click();
-        ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
-        settle();
+        cutByShape();
     }
     std::vector<Soup> pieces() { return savedParts(document(), script, folder); }
     /// Whole part, then what lies within the tool, then the rest: closed, apart by the clearance,
@@ -204,9 +144,9 @@ TEST_F(PolygonCutWindow, FromADrawnPolygonToDovetailedPieces)
     teeth->findChild<QTabWidget*>()->setCurrentIndex(1);
     auto const fields =
         teeth->findChild<QTabWidget*>()->widget(1)->findChildren<MellQuantitySpinBox*>();
-    type(fields[0], double(width) * 0.12);
-    type(fields[1], double(width) * 0.07);
-    type(fields[2], double(width) * 0.06);
+    enter(fields[0], double(width) * 0.12);
+    enter(fields[1], double(width) * 0.07);
+    enter(fields[2], double(width) * 0.06);
     find<QRadioButton>(teeth, "Count")->click();
     auto* const count = teeth->findChild<MellSpinBox*>();
     count->setValue(5);
@@ -261,11 +201,11 @@ TEST_F(PolygonCutWindow, ACylinderWithAKeyCutsTheSame)
     EXPECT_EQ(view().getInteractModeName(), "Freecut::CylindercutSelection");
     clickShares(box, {{0.5f, 0.4f}});
     QWidget* const page = ui().pages[1];
-    type(field(page, 0), double(box.MaxX() - box.MinX()) * 0.2);
+    enter(field(page, 0), double(box.MaxX() - box.MinX()) * 0.2);
     find<QCheckBox>(page, "Use Notch")->click();
-    type(field(page, 2), double(box.MaxX() - box.MinX()) * 0.08);
-    type(field(page, 3), double(box.MaxX() - box.MinX()) * 0.06);
-    type(field(page, 4), 30);
+    enter(field(page, 2), double(box.MaxX() - box.MinX()) * 0.08);
+    enter(field(page, 3), double(box.MaxX() - box.MinX()) * 0.06);
+    enter(field(page, 4), 30);
     setClearance(page, 0.2);
     takePicture("cylinder-light");
     cut();
@@ -283,11 +223,11 @@ TEST_F(PolygonCutWindow, ARoundedCuboidCutsTheSame)
     clickShares(box, {{0.5f, 0.4f}});
     QWidget* const page = ui().pages[2];
     double const size = double(box.MaxX() - box.MinX());
-    type(field(page, 0), size * 0.5);
-    type(field(page, 1), size * 0.3);
-    type(field(page, 2), 20);
+    enter(field(page, 0), size * 0.5);
+    enter(field(page, 1), size * 0.3);
+    enter(field(page, 2), 20);
     find<QCheckBox>(page, "Round corners")->click();
-    type(field(page, 3), size * 0.04);
+    enter(field(page, 3), size * 0.04);
     setClearance(page, 0.1);
     takePicture("cuboid-light");
     cut();
@@ -297,10 +237,7 @@ TEST_F(PolygonCutWindow, ARoundedCuboidCutsTheSame)
 
 TEST_F(PolygonCutWindow, WithoutAClearanceThePiecesAreTheWhole)
 {
-    test->add(box(60, 40, 30, {-30, -20, -15}), "block");
-    view().OnViewType(2);
-    view().fitAll();
-    settle();
+    addBlock();
     openDialog();
     for (Point const& p :
          {Point(-40, -30, 0), Point(0, -30, 0), Point(10, 30, 0), Point(-40, 30, 0)})
@@ -317,10 +254,7 @@ TEST_F(PolygonCutWindow, WithoutAClearanceThePiecesAreTheWhole)
 
 TEST_F(PolygonCutWindow, TypedPointsMakeAPolygonToo)
 {
-    test->add(box(60, 40, 30, {-30, -20, -15}), "block");
-    view().OnViewType(2);
-    view().fitAll();
-    settle();
+    addBlock();
     openDialog();
     ui().addPoint->click();
     settle();
@@ -331,8 +265,8 @@ TEST_F(PolygonCutWindow, TypedPointsMakeAPolygonToo)
     EXPECT_FALSE(fields[2]->isEnabled());
     for (Point const& p : {Point(-10, -5, 0), Point(12, -5, 0), Point(12, 8, 0)}) {
         window2->show();
-        type(fields[0], double(p.X()));
-        type(fields[1], double(p.Y()));
+        enter(fields[0], double(p.X()));
+        enter(fields[1], double(p.Y()));
         window2->on_apply_clicked();
         EXPECT_FALSE(window2->isVisible());
     }
@@ -346,7 +280,7 @@ TEST_F(PolygonCutWindow, TypedPointsMakeAPolygonToo)
     EXPECT_NEAR(ui().moveFields[0]->value(), 12, 1e-4);
     EXPECT_EQ(ui().moveFields[2]->value(), 0);
     EXPECT_FALSE(ui().moveFields[2]->isEnabled());
-    type(ui().moveFields[0], 15);
+    enter(ui().moveFields[0], 15);
     EXPECT_NEAR(polygonTool()->getPolygon()->getPoints()[2].X(), 15, 1e-4);
     ui().cancel->click();
     settle();

@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
-#include "dialogs/DialogSectioncut.h"
 #include "dialogs/ToolButton.h"
 #include "platform/ui/CutViewSlider.h"
-#include "platform/ui/DialogWindowManager.h"
-#include "platform/ui/MellQuantitySpinBox.h"
-#include "platform/ui/PushButtonAnimate.h"
-#include "platform/ui/ThemeSwitch.h"
-#include "platform/view/NavigationStyle.h"
-#include "selection/PlanecutSelection.h"
-#include "selection/RunningTool.h"
+#include "tests/app/PieceGap.h"
 #include "tests/app/SavedPieces.h"
+#include "tests/app/ToolWindow.h"
 #include "tests/support/BooleanJudge.h"
 #include "tests/support/ModelFile.h"
-#include "tests/support/SkipReasons.h"
-#include "tests/support/Validator.h"
-#include "tests/support/ViewEvents.h"
-#include "tools/PlaneGraphicObject.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,9 +16,9 @@
 
 namespace {
 
-using Freecut::DialogSectioncut;
-using Freecut::PlanecutSelection;
 using Point = UPoint3<float>;
+
+constexpr double clearance = 0.2;
 
 UBox3<float> boxOf(Soup const& soup)
 {
@@ -38,64 +29,42 @@ UBox3<float> boxOf(Soup const& soup)
 }
 
 /// The section cut by hand, in the shown window.
-class SectionCutWindow : public AppWindow
+class SectionCutWindow : public ToolWindow
 {
 protected:
     void SetUp() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        window->resize(1750, 950);
-        show();
-    }
-    void TearDown() override
-    {
-        ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
-        if (window)
-            AppWindow::TearDown();
+        ToolWindow::SetUp();
+        if (!IsSkipped())
+            window->resize(1750, 950);
     }
 
+    bool openFile(QString const& file)
+    {
+        window->files().openFiles({file});
+        waitUntil([&] { return !window->files().isWorking(); });
+        return document().getMeshObjects().size() == 1;
+    }
     /// Opens a file with a model, seen from the front.
     bool openPart(char const* name)
     {
-        QString const file = QString::fromStdString(modelFile(name, folder.path().toStdString()));
-        window->files().openFiles({file});
-        waitUntil([&] { return !window->files().isWorking(); });
-        view().OnViewType(0);
-        view().fitAll();
-        settle();
-        return test->application.activeDocument()->getMeshObjects().size() == 1;
+        bool const isOpen =
+            openFile(QString::fromStdString(modelFile(name, folder.path().toStdString())));
+        lookFrom(0);
+        return isOpen;
+    }
+    /// The same gap everywhere between the two pieces.
+    void setClearances(int kind)
+    {
+        QWidget const* const page =
+            kind == 0 ? static_cast<QWidget*>(ui().pinHole) : static_cast<QWidget*>(ui().lapJoint);
+        auto const fields = page->findChildren<MellQuantitySpinBox*>();
+        for (int const i : kind == 0 ? std::vector{4, 6, 7} : std::vector{2, 3, 4})
+            enter(fields[i], clearance);
     }
 
-    Mesh::GLView& view() const { return window->view(); }
-    Mesh::Document& document() const
-    {
-        return static_cast<Mesh::Document&>(*test->application.activeDocument());
-    }
-    DialogSectioncut* dialog() const
-    {
-        return static_cast<DialogSectioncut*>(
-            DialogWindowManager::instance()->getDialogWindow("DialogSectioncut"));
-    }
-    Freecut::SectionCutWidgets const& ui() const { return dialog()->widgets(); }
-    PlanecutSelection* tool() const { return Freecut::runningTool<PlanecutSelection>(&view()); }
-    Freecut::PlaneProperty const& plane() const { return tool()->getPlaneObject()->getProperty(); }
+    Freecut::SectionCutWidgets const& ui() const { return sectionDialog()->widgets(); }
 
-    static void settle()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 150)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-
-    QPoint positionOf(Point const& world) const
-    {
-        int x, y;
-        view().getWidgetcoordFromWCS(world, x, y);
-        return {x, y};
-    }
     /// Clicks three points of the part that lie about the middle of the picture.
     void pickThreePoints()
     {
@@ -113,27 +82,22 @@ protected:
         drag(view(), from, from + way, Qt::LeftButton, modifiers);
         settle();
     }
-    static void type(MellQuantitySpinBox* field, double value)
-    {
-        field->setValue(value);
-        emit field->editingFinished();
-    }
-    void openDialog()
-    {
-        trigger("Std_Sectioncut");
-        settle();
-        ASSERT_TRUE(dialog());
-    }
-    void cut()
-    {
-        ui().ok->click();
-        ASSERT_TRUE(waitUntil([&] { return !dialog() && !JobGuard::instance()->isBusy(); }));
-        settle();
-    }
     std::vector<Soup> savedPieces() { return savedParts(document(), script, folder); }
 
     QTemporaryDir folder;
 };
+
+/// That the pieces are apart by the clearance all over, and that it is all that is missing.
+void expectGap(Soup const& whole, Soup const& first, Soup const& second)
+{
+    PieceGap const gap(whole, first, second);
+    EXPECT_GT(gap.wallPoints, 8u);
+    // Facets of a pin lie within the true circle by up to a hundredth.
+    EXPECT_NEAR(gap.least, clearance, 0.011);
+    EXPECT_NEAR(gap.median, clearance, 0.011);
+    double const missing = volumeOf(whole) - volumeOf(first) - volumeOf(second);
+    EXPECT_NEAR(missing, clearance * gap.wallArea, 0.1 * clearance * gap.wallArea);
+}
 
 /// That two pieces share no room and lie within what they were cut from, by random points.
 void expectFit(Soup const& whole, Soup const& first, Soup const& second)
@@ -166,16 +130,17 @@ TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
     ASSERT_TRUE(openPart("spot-6k.stl"));
     Soup const whole = soupOf(document().getMeshObjects()[0]);
     double const size = boxOf(whole).max.Z() - boxOf(whole).min.Z();
-    openDialog();
+    open("Std_Sectioncut");
     takePicture("section-dialog-empty");
     EXPECT_EQ(view().getInteractModeName(), "Freecut::PlanecutSelection");
     pickThreePoints();
-    ASSERT_TRUE(tool() && tool()->getPlaneObject());
+    ASSERT_TRUE(planeTool() && planeTool()->getPlaneObject());
+    EXPECT_TRUE(status().startsWith("Drag the middle square")) << status().toStdString();
     takePicture("section-plane-picked");
 
     Point const middle = (boxOf(whole).min + boxOf(whole).max) * 0.5f;
     for (int i = 0; i < 3; ++i)
-        type(ui().center[std::size_t(i)], double(middle[i]));
+        enter(ui().center[std::size_t(i)], double(middle[i]));
     std::vector<Point> const before = plane().getCorners();
     dragHandle(5, {40, 30});
     EXPECT_NE(plane().getCorners(), before);
@@ -183,9 +148,9 @@ TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
 
     ui().useAdvanced->click();
     auto const fields = ui().pinHole->findChildren<MellQuantitySpinBox*>();
-    type(fields[0], size / 40);
-    type(fields[2], size / 20);
-    type(fields[5], size / 8);
+    enter(fields[0], size / 40);
+    enter(fields[2], size / 20);
+    enter(fields[5], size / 8);
     settle();
     takePicture("section-pins-light");
     ThemeSwitch::setTheme(ThemeSwitch::Choice::Dark);
@@ -193,10 +158,10 @@ TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
     takePicture("section-pins-dark");
     ThemeSwitch::setTheme(ThemeSwitch::Choice::Light);
 
-    cut();
+    cutBySection();
     takePicture("section-cut");
     ASSERT_EQ(document().getMeshObjects().size(), 3u);
-    EXPECT_FALSE(tool());
+    EXPECT_FALSE(planeTool());
     std::vector<Soup> const saved = savedPieces();
     EXPECT_NEAR(volumeOf(saved[0]), volumeOf(whole), 1e-3 * volumeOf(whole));
     for (std::size_t i = 1; i < 3; ++i)
@@ -212,41 +177,46 @@ TEST_F(SectionCutWindow, FromOpeningAFileToSavedPiecesWithPins)
     EXPECT_EQ(document().getMeshObjects().size(), 3u);
 }
 
-TEST_F(SectionCutWindow, EveryKindOfPlaneCutsWithTheLapJoint)
+// From a file on the disk to files on the disk, all by the mouse and by fields.
+TEST_F(SectionCutWindow, EveryKindOfPlaneCutsWithPinsAndWithTheLapJoint)
 {
-    for (int type = 0; type < 6; ++type) {
-        if (document().getMeshObjects().empty())
-            test->add(box(60, 50, 40, {-30, -25, -20}), "block");
-        view().OnViewType(6);
-        view().fitAll();
-        settle();
-        Soup const whole = soupOf(document().getMeshObjects()[0]);
-        openDialog();
-        if (type > 0)
-            ui().planeButtons[std::size_t(type)]->click();
-        EXPECT_EQ(int(tool()->getPlaneType()), type);
-        if (type == 0) {
-            for (Point const& point : {Point(-20, 10, 20), Point(20, 10, 20), Point(3, -25, -5)})
-                click(view(), positionOf(point));
-        } else {
-            click(view(), positionOf({0, 0, 20}));
+    QTemporaryDir const source;
+    std::string const file = source.filePath("block.stl").toStdString();
+    Soup const whole = box(60, 50, 40, {-30, -25, -20});
+    writeStl(whole, file);
+    for (int type = 0; type < 6; ++type)
+        for (int const kind : {0, 1}) {
+            SCOPED_TRACE(type);
+            SCOPED_TRACE(kind == 0 ? "pins" : "lap joint");
+            ASSERT_TRUE(openFile(QString::fromStdString(file)));
+            lookFrom(6);
+            open("Std_Sectioncut");
+            if (type > 0)
+                ui().planeButtons[std::size_t(type)]->click();
+            EXPECT_EQ(int(planeTool()->getPlaneType()), type);
+            if (type == 0)
+                for (Point const& point :
+                     {Point(-20, 10, 20), Point(20, 10, 20), Point(3, -25, -5)})
+                    clickAt(point);
+            else
+                clickAt({0, 0, 20});
+            ASSERT_TRUE(planeTool()->getPlaneObject());
+            // Through the middle, where a plane that lies on the surface cuts too.
+            for (int i = 0; i < 3; ++i)
+                enter(ui().center[std::size_t(i)], 1.5 * i);
+            ui().useAdvanced->click();
+            ui().cutType->setCurrentIndex(kind);
+            setClearances(kind);
+            settle();
+            takePicture("section-kind-" + std::to_string(kind) + "-" + std::to_string(type));
+            cutBySection();
+            ASSERT_EQ(document().getMeshObjects().size(), 3u);
+            std::vector<Soup> const saved = savedPieces();
+            for (std::size_t i = 1; i < 3; ++i)
+                EXPECT_EQ(closedSolidFaults(saved[i]), "") << "piece " << i;
+            expectFit(whole, saved[1], saved[2]);
+            // The corners of pins and tongue are as far away as their faces, those of holes farther.
+            expectGap(whole, saved[2], saved[1]);
+            removeAllParts();
         }
-        settle();
-        ASSERT_TRUE(tool()->getPlaneObject()) << type;
-        // Through the middle, where a plane that lies on the surface cuts too.
-        for (int i = 0; i < 3; ++i)
-            this->type(ui().center[std::size_t(i)], 1.5 * i);
-        ui().useAdvanced->click();
-        ui().cutType->setCurrentIndex(1);
-        settle();
-        takePicture("section-lap-" + std::to_string(type));
-        cut();
-        ASSERT_EQ(document().getMeshObjects().size(), 3u) << type;
-        std::vector<Soup> const saved = savedPieces();
-        for (std::size_t i = 1; i < 3; ++i)
-            EXPECT_EQ(closedSolidFaults(saved[i]), "") << type << ", piece " << i;
-        expectFit(whole, saved[1], saved[2]);
-        trigger("Std_Undo");
-        ASSERT_EQ(document().getMeshObjects().size(), 1u);
-    }
 }

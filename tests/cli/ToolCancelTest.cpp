@@ -9,10 +9,10 @@ TEST(FreecutCancel, AToolWithManyTeethLeavesAllPiecesOrNone)
 {
     FreecutFolder folder;
     folder.addStl(box(170, 30, 20), "bar.stl");
-    expectAllOrNothing(folder, {"polygon", "bar.stl", "--view", "top", "--points",
-                                "5,10;165,10;165,20;5,20", "--teeth",
-                                "puzzle:1,3;width=2;height=1;distance=3", "--clearance", "0.05",
-                                "--direction", "both", "-o", "pieces"});
+    expectAllOrNothing(
+        folder, {"polygon", "bar.stl", "--view", "top", "--points", "5,10;165,10;165,20;5,20",
+                 "--teeth", "puzzle:1,3;width=2;height=1;distance=3", "--clearance", "0.05",
+                 "--direction", "both", "-o", "pieces"});
 }
 
 TEST(FreecutCancel, ASectionWithManyPinsLeavesAllPiecesOrNone)

@@ -7,12 +7,14 @@
 #include "dialogs/DialogSectioncut.h"
 #include "dialogs/PresetButton.h"
 #include "dialogs/StoredPresets.h"
+#include "dialogs/ToolButton.h"
 #include "display/ConnectorItem.h"
 #include "platform/jobs/EventNotify.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/DialogWindowManager.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
+#include "selection/EditHistory.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
 #include "tests/dialogs/DialogScene.h"
@@ -320,6 +322,87 @@ TEST_F(Preview, ClicksWithoutTheModeDoNotTouchTheConnectors)
     Points const before = standing();
     clickAt(before[0]);
     EXPECT_EQ(standing(), before);
+}
+
+TEST_F(Preview, WhatIsChangedByHandIsTakenBackWithTheEditsOfThePlane)
+{
+    openWithPins();
+    preview().byHandBox()->click();
+    settle();
+    Freecut::EditHistory& history = *Freecut::runningHistory(&scene.view);
+    auto const undo = [&] {
+        history.undo();
+        settle();
+    };
+    Points const automatic = standing();
+    clickAt(automatic[0]);
+    Points const less = standing();
+    clickAt(freePlace());
+    Points const more = standing();
+    tool()->setNudge(1);
+    QKeyEvent up(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
+    QCoreApplication::sendEvent(&scene.view, &up);
+    settle();
+    Points const moved = standing();
+    ASSERT_EQ(moved.back().Z(), planeHeight + 1);
+    preview().anewButton()->click();
+    settle();
+    EXPECT_FALSE(preview().anewButton()->isEnabled());
+
+    undo();
+    EXPECT_TRUE(preview().anewButton()->isEnabled());
+    EXPECT_EQ(standing(), moved);
+    undo();
+    EXPECT_EQ(standing(), more);
+    undo();
+    EXPECT_EQ(standing(), less);
+    undo();
+    EXPECT_EQ(standing(), automatic);
+    EXPECT_FALSE(preview().anewButton()->isEnabled());
+    for (int i = 0; i < 2; ++i)
+        history.redo();
+    settle();
+    EXPECT_EQ(standing(), more);
+    EXPECT_EQ(preview().positions().at(part), more);
+}
+
+TEST_F(Preview, AToolThatStartsAnewDoesNotTakeBackWhatWasChangedByHandBefore)
+{
+    openWithPins();
+    preview().byHandBox()->click();
+    settle();
+    clickAt(standing()[0]);
+    Points const less = standing();
+    scene.view.stopSelection();
+    settle();
+    ui().planeButtons[3]->click();
+    tool()->setPlaneByCenterAndNormal({0, 0, planeHeight}, {0, 0, 1});
+    settle();
+    ASSERT_EQ(standing(), less);
+    Freecut::EditHistory& history = *Freecut::runningHistory(&scene.view);
+    history.undo();
+    history.redo();
+    settle();
+    EXPECT_EQ(standing(), less);
+}
+
+// A part that comes to stand in memory where another one was must not get that one's connectors.
+TEST_F(Preview, WhatWasChangedOnAPartThatHasGoneIsForgotten)
+{
+    openWithPins();
+    preview().byHandBox()->click();
+    settle();
+    clickAt(standing()[0]);
+    ASSERT_EQ(connectors()[0].state, ChosenConnector::State::LeftOut);
+    preview().objectGoes(part);
+    settle();
+    EXPECT_EQ(connectors()[0].state, ChosenConnector::State::Stands);
+    EXPECT_TRUE(preview().positions().empty());
+    clickAt(standing()[0]);
+    EXPECT_EQ(connectors()[0].state, ChosenConnector::State::LeftOut);
+    Freecut::runningHistory(&scene.view)->undo();
+    settle();
+    EXPECT_EQ(connectors()[0].state, ChosenConnector::State::Stands);
 }
 
 TEST_F(Preview, PresetsAreKeptTakenUpExportedAndImported)

@@ -5,18 +5,14 @@
 #include "module/Commands.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
-#include "platform/ui/MellMessageBox.h"
 #include "platform/view/MeshGLView.h"
 #include "selection/RegisterSelections.h"
+#include "tests/support/AnsweredMessages.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/ScratchSettings.h"
 #include "tests/support/TestDocument.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTimer>
 
 /// A main window with a view from above on one document of parts, with the commands of the plug-in
 /// and settings of its own. Nothing of it is shown.
@@ -44,46 +40,6 @@ public:
     TestDocument test;
     MainWindow window;
     Mesh::GLView view;
-};
-
-/// Closes the message boxes that come up, and notes what they say.
-class AnsweredMessages
-{
-public:
-    /// answer  the text of the button to press
-    explicit AnsweredMessages(QString answer = QStringLiteral("OK")) : m_answer(std::move(answer))
-    {
-        QObject::connect(&m_watch, &QTimer::timeout, [this] { look(); });
-        m_watch.start(5);
-    }
-
-    QStringList texts;
-    QStringList titles;
-    QStringList buttons;
-    /// What stands behind the button "Details"; empty without one.
-    QStringList details;
-
-private:
-    void look()
-    {
-        auto* const box = qobject_cast<MellMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        texts << box->text();
-        details << box->details();
-        titles << box->windowTitle();
-        buttons.clear();
-        QPushButton* wanted = nullptr;
-        for (QPushButton* const button : box->findChildren<QPushButton*>()) {
-            buttons << button->text();
-            if (button->text() == m_answer)
-                wanted = button;
-        }
-        wanted ? wanted->click() : box->reject();
-    }
-
-    QString m_answer;
-    QTimer m_watch;
 };
 
 /// Handles events until a condition holds or twenty seconds are over.

@@ -21,6 +21,7 @@
 
 #include <QCheckBox>
 #include <QImage>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QSet>

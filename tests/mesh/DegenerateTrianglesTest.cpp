@@ -21,6 +21,44 @@ Soup boxWithAFlatTriangle()
     return soup;
 }
 
+/// How the points in a line are filled by flat triangles.
+enum class Filling
+{
+    fromTheStart,
+    fromTheEnd,
+    byHalves
+};
+
+void fillLine(Soup& soup, std::vector<std::uint32_t> const& line, std::size_t first,
+              std::size_t last, Filling filling)
+{
+    if (last - first < 2)
+        return;
+    std::size_t const middle = filling == Filling::byHalves       ? (first + last) / 2
+                               : filling == Filling::fromTheStart ? last - 1
+                                                                  : first + 1;
+    soup.add(line[first], line[last], line[middle]);
+    fillLine(soup, line, first, middle, filling);
+    fillLine(soup, line, middle, last, filling);
+}
+
+/// A box one of whose edges carries many points that only one of the triangles at it uses.
+Soup boxWithFlatTriangles(int count, Filling filling)
+{
+    Soup soup = box(8, 8, 8);
+    auto const t = soup.triangles[0];
+    auto const a = soup.points[t[0]], b = soup.points[t[1]];
+    std::vector<std::uint32_t> line = {t[0]};
+    for (int i = 1; i <= count; ++i)
+        line.push_back(soup.add(a + (b - a) * (float(i) / 512)));
+    line.push_back(t[1]);
+    soup.triangles[0] = {line[0], line[1], t[2]};
+    for (std::size_t i = 1; i + 1 < line.size(); ++i)
+        soup.add(line[i], line[i + 1], t[2]);
+    fillLine(soup, line, 0, line.size() - 1, filling);
+    return soup;
+}
+
 }  // namespace
 
 TEST(DegenerateTriangles, CleanMeshStaysAsItIs)
@@ -70,6 +108,17 @@ TEST(DegenerateTriangles, ChainOfFlatTrianglesIsResolved)
     EXPECT_EQ(kernel->DeleteDegenerateTris(), 3u);
     EXPECT_EQ(closedSolidFaults(*kernel), "");
     EXPECT_NEAR(volumeOf(soupOf(*kernel)), 512, 1e-4);
+}
+
+TEST(DegenerateTriangles, HundredsOfPointsInALineAreResolvedHoweverTheyAreFilled)
+{
+    for (Filling const filling : {Filling::fromTheStart, Filling::fromTheEnd, Filling::byHalves}) {
+        SCOPED_TRACE(int(filling));
+        auto const kernel = kernelOf(boxWithFlatTriangles(400, filling));
+        EXPECT_EQ(kernel->DeleteDegenerateTris(), 400u);
+        EXPECT_EQ(closedSolidFaults(*kernel), "");
+        EXPECT_NEAR(volumeOf(soupOf(*kernel)), 512, 1e-4);
+    }
 }
 
 TEST(DegenerateTriangles, LoneFlatTriangleIsTakenAway)

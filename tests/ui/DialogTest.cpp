@@ -187,6 +187,44 @@ TEST_F(Dialogs, StandsOverTheViewAtItsRightEdgeAtFirst)
     EXPECT_EQ(dialog->log.back(), "shown");
 }
 
+TEST_F(Dialogs, BesideANarrowViewLieOverThePanelsAtTheirEdge)
+{
+    QDockWidget panel(&window);
+    panel.setWidget(new QWidget);
+    panel.widget()->setFixedWidth(300);
+    window.addDockWidget(Qt::RightDockWidgetArea, &panel);
+    settle();
+    ProbeDialog* const dialog = open();
+    QRect const view = window.centralWidget()->geometry();
+    ASSERT_LT(view.width(), 2 * dialog->width());
+    EXPECT_TRUE(window.rect().contains(dialog->geometry()));
+    EXPECT_GT(dialog->geometry().right(), view.right() + 200);
+    EXPECT_LT(view.right() - dialog->x(), view.width() / 3) << "of the view is hidden";
+    // A panel that comes up stays below it.
+    panel.raise();
+    panel.hide();
+    settle();
+    EXPECT_TRUE(window.centralWidget()->geometry().contains(dialog->geometry()));
+    panel.show();
+    panel.raise();
+    settle();
+    EXPECT_EQ(window.childAt(dialog->geometry().center())->window(), &window);
+    EXPECT_TRUE(dialog->isAncestorOf(window.childAt(dialog->geometry().center())));
+    // With the whole window for it the dialog can be taken to the other side.
+    drag(dialog, {-700, 0});
+    EXPECT_EQ(window.childAt(view.right() - 20, view.center().y()), window.centralWidget());
+    window.removeDockWidget(&panel);
+}
+
+TEST_F(Dialogs, AreNeverNarrowerThanTheirFields)
+{
+    window.resize(300, 500);
+    settle();
+    ProbeDialog* const dialog = open();
+    EXPECT_GE(dialog->width(), std::min(dialog->minimumSizeHint().width(), window.width()));
+    EXPECT_GE(dialog->x(), 0);
+}
+
 TEST_F(Dialogs, IsFoldedPinnedMaximisedClosedAndReopened)
 {
     for (int round = 0; round < 3; ++round) {

@@ -9,6 +9,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <functional>
@@ -101,4 +104,82 @@ TEST(MessageBox, AsAnObjectItAnswersWithTheStandardButton)
     EXPECT_EQ(answer([](MellMessageBox& box) { buttonOf(box, "Remove")->click(); }),
               QDialogButtonBox::Yes);
     EXPECT_EQ(answer([](MellMessageBox& box) { box.close(); }), QDialogButtonBox::Cancel);
+}
+
+TEST(MessageBox, EnterPressesTheButtonThatHasTheFocus)
+{
+    auto const pressEnter = [](MellMessageBox& box, char const* focused, int key) {
+        if (focused)
+            buttonOf(box, focused)->setFocus(Qt::TabFocusReason);
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.focusWidget() ? box.focusWidget() : &box, &press);
+    };
+    for (int const key : {Qt::Key_Return, Qt::Key_Enter}) {
+        EXPECT_EQ(ask(-1, [&](MellMessageBox& box) { pressEnter(box, nullptr, key); }), 0);
+        EXPECT_EQ(ask(-1, [&](MellMessageBox& box) { pressEnter(box, "No", key); }), 1);
+        EXPECT_EQ(ask(-1, [&](MellMessageBox& box) { pressEnter(box, "Later", key); }), 2);
+    }
+}
+
+TEST(MessageBox, WithoutADefaultButtonEnterPressesNone)
+{
+    bool isOpen = false;
+    whenOpen([&](MellMessageBox& box) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.focusWidget() ? box.focusWidget() : &box, &press);
+        isOpen = box.isVisible();
+        buttonOf(box, "No")->click();
+    });
+    EXPECT_EQ(MellMessageBox::warning(nullptr, "Attention", "Text", "Yes", "No", "", -1, -1), 1);
+    EXPECT_TRUE(isOpen);
+}
+
+TEST(MessageBox, AFailureSaysWhyInASecondParagraph)
+{
+    whenOpen([](MellMessageBox& box) {
+        auto* const reason = box.findChild<QLabel*>("Details");
+        ASSERT_TRUE(reason);
+        EXPECT_TRUE(reason->isVisible());
+        EXPECT_EQ(reason->text(), "The part is open near (1, 2, 3).");
+        EXPECT_EQ(box.text(), "An error occurred in triangulate.");
+        QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&box, &copy);
+        box.close();
+    });
+    MellMessageBox::failure(nullptr, "Attention", "An error occurred in triangulate.",
+                            "The part is open near (1, 2, 3).", "OK");
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              "An error occurred in triangulate.\nThe part is open near (1, 2, 3).");
+    whenOpen([](MellMessageBox& box) {
+        EXPECT_FALSE(box.findChild<QLabel*>("Details")->isVisible());
+        box.close();
+    });
+    MellMessageBox::failure(nullptr, "Attention", "An error occurred in triangulate.", "", "OK");
+}
+
+TEST(MessageBox, ALongListScrollsAndItsButtonsStayOnTheScreen)
+{
+    QString list;
+    for (int i = 0; i < 300; ++i)
+        list += QStringLiteral("part-%1.stl: The file ends too early.\n").arg(i);
+    whenOpen([](MellMessageBox& box) {
+        QCoreApplication::processEvents();
+        EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
+        EXPECT_TRUE(box.rect().contains(
+            buttonOf(box, "OK")->mapTo(&box, buttonOf(box, "OK")->rect().bottomRight())));
+        QScrollBar const* const bar = box.findChild<QScrollArea*>()->verticalScrollBar();
+        EXPECT_GT(bar->maximum(), 0);
+        int const before = bar->value();
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+        QCoreApplication::sendEvent(&box, &down);
+        EXPECT_GT(bar->value(), before);
+        box.close();
+    });
+    MellMessageBox::warning(nullptr, "Attention", list, "OK", "", "", 0, -1);
+    whenOpen([](MellMessageBox& box) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(box.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+        box.close();
+    });
+    MellMessageBox::warning(nullptr, "Attention", "Short.", "OK", "", "", 0, -1);
 }
