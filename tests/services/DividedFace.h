@@ -4,6 +4,7 @@
 #include "host/services/boolean/FaceTriangulation.h"
 #include "tests/services/WholePoint.h"
 
+#include <functional>
 #include <map>
 #include <set>
 
@@ -14,7 +15,8 @@ public:
     using Number = std::uint32_t;
     using Edge = std::pair<Number, Number>;
 
-    DividedFace(WholeTriangle const& face, std::vector<WholeTriangle> const& cutters);
+    DividedFace(WholeTriangle const& face, std::vector<WholeTriangle> const& cutters,
+                std::function<void(int)> polled = {});
 
     /// Fills in facets and faults.
     bool divide();
@@ -51,6 +53,8 @@ private:
 
     OperandSoup m_soup;
     CurvePoints m_points;
+    std::function<void(int)> m_polled;
+    StageProgress m_progress{m_polled};
     FaceTriangulation m_triangulation;
     int m_axis = 0;
     int m_facing = 1;

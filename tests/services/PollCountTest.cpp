@@ -8,6 +8,7 @@
 #include "platform/services/Intersect.h"
 #include "platform/services/Repair.h"
 #include "tests/services/AllocationCount.h"
+#include "tests/services/DividedFace.h"
 #include "tests/support/CorpusParts.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -141,4 +142,25 @@ TEST(PollCount, CorefinedSolidsPollInProportionToTheirCurves)
 TEST(PollCount, ABooleanWithManyToolsPollsInProportionToThem)
 {
     expectPollsToGrow(pinsIn(6), pinsIn(18));
+}
+
+// Within one face, too: there may be hundreds of segments in it.
+TEST(PollCount, DividingAFacePollsInProportionToItsSegments)
+{
+    auto const divisionOf = [](int count) {
+        return [count](Progress const& progress) {
+            int const side = 2 * count;
+            std::vector<WholeTriangle> walls;
+            for (int y = 1; y < side; y += 2)
+                walls.push_back({WholePoint{{-side, y, -1}}, WholePoint{{2 * side, y, -1}},
+                                 WholePoint{{2 * side, y, 5}}});
+            DividedFace face(
+                {WholePoint{{0, 0, 0}}, WholePoint{{side, 0, 0}}, WholePoint{{0, side, 0}}}, walls,
+                progress);
+            ASSERT_TRUE(face.divide());
+            EXPECT_EQ(face.segments().size(), walls.size());
+            EXPECT_TRUE(face.faults.isEmpty());
+        };
+    };
+    expectPollsToGrow(divisionOf(100), divisionOf(400));
 }

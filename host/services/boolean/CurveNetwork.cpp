@@ -294,7 +294,8 @@ bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
     tbb::parallel_for(Range(0, blocks.size(), 1), [&](Range const& range) {
         for (std::size_t b = range.begin(); b != range.end(); ++b) {
             std::size_t const end = std::min(m_touched.size(), (b + 1) * blockSize);
-            blocks[b].isDone = divideBlock(b * blockSize, end, blocks[b].facets, blocks[b].faults);
+            blocks[b].isDone =
+                divideBlock(b * blockSize, end, blocks[b].facets, blocks[b].faults, progress);
             if (!progress.add(end - b * blockSize))
                 return;
         }
@@ -315,9 +316,9 @@ bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
 
 /// Divides the touched triangles from one place in their list to another.
 bool CurveNetwork::divideBlock(std::size_t begin, std::size_t end, Facets& facets,
-                               FaceFaults& faults) const
+                               FaceFaults& faults, StageProgress& progress) const
 {
-    FaceTriangulation triangulation(m_soup, m_points);
+    FaceTriangulation triangulation(m_soup, m_points, progress);
     std::vector<std::uint32_t> inside;
     std::vector<FaceSegment> segments;
     std::array<std::vector<std::uint32_t>, 3> onEdges;

@@ -93,7 +93,8 @@ private:
     std::span<std::uint32_t const> pointsOnEdge(std::uint32_t low, std::uint32_t high) const;
     void findFinerEdges(FaceFaults& faults, StageProgress& progress) const;
     bool divide(FaceFaults& faults, StageProgress& progress);
-    bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults) const;
+    bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults,
+                     StageProgress& progress) const;
     void append(Facets const& facets);
     void mend(FaceFaults const& faults, StageProgress& progress);
     class SegmentIndex;

@@ -22,11 +22,22 @@ bool FaceTriangulation::divide(Face const& face, Facets& facets, FaceFaults& fau
     for (std::size_t i = 0; i < m_places.size(); ++i)
         m_locals.emplace_back(m_places[i].number, int(i));
     std::sort(m_locals.begin(), m_locals.end());
-    for (std::size_t i = 0; i < face.segments.size(); ++i)
+    for (std::size_t i = 0; i < face.segments.size() && !m_isLeft; ++i)
         addSegment(int(i), face.segments[i], face, faults);
     improve();
+    if (m_isLeft)
+        return false;
     write(face.triangle, facets);
     return true;
+}
+
+bool FaceTriangulation::goesOn()
+{
+    // An exact step takes some microseconds.
+    constexpr unsigned interval = 256;
+    if (++m_steps % interval == 0 && !m_progress.add(0))
+        m_isLeft = true;
+    return !m_isLeft;
 }
 
 /// Picks the coordinates in which the face has an area, the largest if rounding does not mislead.
@@ -164,7 +175,7 @@ bool FaceTriangulation::addInnerPoint(std::uint32_t number)
 bool FaceTriangulation::locate(int point, int& facet, int& edge)
 {
     std::size_t const limit = 2 * m_mesh.facets().size() + 16;
-    for (std::size_t step = 0; step < limit; ++step) {
+    for (std::size_t step = 0; step < limit && goesOn(); ++step) {
         Facet const& f = m_mesh.facet(facet);
         int zeros = 0;
         int leave = none;
@@ -215,7 +226,7 @@ int FaceTriangulation::addStretch(int from, int to, int segment, Face const& fac
     int facet = m_mesh.facetAt(from);
     int const start = facet;
     bool isClockwise = false;
-    while (facet != none) {
+    while (facet != none && goesOn()) {
         Facet const& f = m_mesh.facet(facet);
         int k = 0;
         while (f.corners[std::size_t(k)] != from)
@@ -262,7 +273,7 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
                                      FaceFaults& faults)
 {
     m_crossed.clear();
-    for (;;) {
+    while (goesOn()) {
         Facet const& f = m_mesh.facet(edge.facet);
         int const inTheWay = f.segments[std::size_t(edge.index)];
         if (inTheWay != none) {
@@ -288,6 +299,7 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
         // them on the other side.
         edge = {across.facet, side > 0 ? next(across.index) : previous(across.index)};
     }
+    return false;
 }
 
 /// Flips the collected edges until none crosses the segment.
@@ -295,7 +307,7 @@ bool FaceTriangulation::flipAway(int from, int to)
 {
     std::size_t const limit = 64 + 8 * m_crossed.size() * m_crossed.size();
     for (std::size_t i = 0; i < m_crossed.size(); ++i) {
-        if (i > limit)
+        if (i > limit || !goesOn())
             return false;
         auto const [p, q] = m_crossed[i];
         Edge const edge = m_mesh.findEdge(p, q);
@@ -339,7 +351,7 @@ void FaceTriangulation::improve()
                 m_stack.push_back({f, k});
     std::size_t flips = 0;
     std::size_t const limit = 64 + 32 * m_mesh.facets().size();
-    while (!m_stack.empty() && flips < limit) {
+    while (!m_stack.empty() && flips < limit && goesOn()) {
         Edge const edge = m_stack.back();
         m_stack.pop_back();
         Facet const& f = m_mesh.facet(edge.facet);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/services/StageProgress.h"
 #include "host/services/boolean/CurvePoints.h"
 #include "host/services/boolean/FaceMesh.h"
 
@@ -89,13 +90,14 @@ struct FaceFaults
 class FaceTriangulation
 {
 public:
-    FaceTriangulation(OperandSoup const& soup, CurvePoints const& points)
-        : m_soup(soup), m_points(points)
+    /// progress  polled in proportion to the work: a face with hundreds of segments takes seconds
+    FaceTriangulation(OperandSoup const& soup, CurvePoints const& points, StageProgress& progress)
+        : m_soup(soup), m_points(points), m_progress(progress)
     {}
 
     /// Appends the facets of a face; appends to the faults and writes facets that do not respect
     /// all segments where it finds any.
-    /// returns  false if the input contradicts itself
+    /// returns  false if the input contradicts itself, or if the loop around it is being left
     bool divide(Face const& face, Facets& facets, FaceFaults& faults);
 
 private:
@@ -137,8 +139,14 @@ private:
     void improve();
     void write(std::uint32_t triangle, Facets& facets);
 
+    /// To be called at each step; false if the work is to be left.
+    bool goesOn();
+
     OperandSoup const& m_soup;
     CurvePoints const& m_points;
+    StageProgress& m_progress;
+    unsigned m_steps = 0;
+    bool m_isLeft = false;
     int m_axis = 2;
     bool m_isTurned = false;
     std::vector<Place> m_places;

@@ -3,6 +3,7 @@
 
 #include <CGAL/Constrained_Delaunay_triangulation_2.h>
 #include <CGAL/Constrained_triangulation_plus_2.h>
+#include <CGAL/Exact_predicates_exact_constructions_kernel.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Spatial_sort_traits_adapter_2.h>
 #include <CGAL/Triangulation_face_base_with_info_2.h>
@@ -11,6 +12,7 @@
 #include <CGAL/spatial_sort.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 #include <type_traits>
@@ -34,22 +36,36 @@ struct PointPlace
     std::uint32_t value = noPoint;
 };
 
-using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
-using VertexBase = CGAL::Triangulation_vertex_base_with_info_2<PointPlace, Kernel>;
-using FaceBase =
+using RoundingKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+using ExactKernel = CGAL::Exact_predicates_exact_constructions_kernel;
+template <typename Kernel>
+using Structure = CGAL::Triangulation_data_structure_2<
+    CGAL::Triangulation_vertex_base_with_info_2<PointPlace, Kernel>,
     CGAL::Triangulation_face_base_with_info_2<Region, Kernel,
-                                              CGAL::Constrained_triangulation_face_base_2<Kernel>>;
-using Structure = CGAL::Triangulation_data_structure_2<VertexBase, FaceBase>;
+                                              CGAL::Constrained_triangulation_face_base_2<Kernel>>>;
+template <typename Kernel, typename Tag>
+using Triangulated = CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure<Kernel>, Tag>;
+
 /// Takes segments that meet in common ends only, or that run through points; it throws where two
 /// segments cross.
-using PlainTriangulation = CGAL::Constrained_Delaunay_triangulation_2<
-    Kernel, Structure, CGAL::No_constraint_intersection_requiring_constructions_tag>;
-/// Makes points where segments cross, and remembers on which points each segment was split.
+using PlainTriangulation =
+    Triangulated<RoundingKernel, CGAL::No_constraint_intersection_requiring_constructions_tag>;
+/// Makes points where segments cross, and remembers on which points each segment was split. Where
+/// rounding takes a crossing out of the triangles beside an edge, because they are narrower than
+/// that, it splits on an end of the edge instead, however far away.
 using SplittingTriangulation = CGAL::Constrained_triangulation_plus_2<
-    CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure, CGAL::Exact_predicates_tag>>;
+    Triangulated<RoundingKernel, CGAL::Exact_predicates_tag>>;
+/// The same with exact points, some ten times as slow.
+using ExactTriangulation = CGAL::Constrained_triangulation_plus_2<
+    Triangulated<ExactKernel, CGAL::Exact_intersections_tag>>;
 
 /// A segment has to be split, which the plain triangulation does not keep account of.
 struct SplitNeeded
+{
+};
+
+/// A segment was split on a point that does not lie on it.
+struct SplitAstray
 {
 };
 
@@ -58,11 +74,25 @@ class SectionFiller
 {
     using VertexHandle = typename Triangulation::Vertex_handle;
     using FaceHandle = typename Triangulation::Face_handle;
+    using Kernel = typename Triangulation::Geom_traits;
+    using Point = typename Kernel::Point_2;
+    static constexpr bool isPlain = std::is_same_v<Triangulation, PlainTriangulation>;
+    static constexpr bool isExact = std::is_same_v<Triangulation, ExactTriangulation>;
 
 public:
     SectionFiller(std::vector<SectionPoint2>& points, std::vector<SectionSegment>& segments,
                   std::function<void(int)> const& progress)
         : m_points(points), m_segments(segments), m_progress(progress)
+    {
+        m_places.reserve(points.size());
+        for (SectionPoint2 const& p : points)
+            m_places.emplace_back(p[0], p[1]);
+    }
+
+    /// places  where the points are exactly
+    SectionFiller(std::vector<SectionPoint2>& points, std::vector<Point> places,
+                  std::vector<SectionSegment>& segments, std::function<void(int)> const& progress)
+        : m_points(points), m_segments(segments), m_progress(progress), m_places(std::move(places))
     {}
 
     SectionFilling fill()
@@ -87,22 +117,18 @@ private:
     /// In the order of a space-filling curve, so that each point is found next to the last one.
     void insertPoints()
     {
-        std::vector<Kernel::Point_2> places;
-        places.reserve(m_points.size());
-        for (SectionPoint2 const& p : m_points)
-            places.emplace_back(p[0], p[1]);
         std::vector<std::size_t> order(m_points.size());
         std::iota(order.begin(), order.end(), std::size_t(0));
-        using Map = typename CGAL::Pointer_property_map<Kernel::Point_2>::type;
+        using Map = typename CGAL::Pointer_property_map<Point>::type;
         CGAL::spatial_sort(
             order.begin(), order.end(),
-            CGAL::Spatial_sort_traits_adapter_2<Kernel, Map>(CGAL::make_property_map(places)));
+            CGAL::Spatial_sort_traits_adapter_2<Kernel, Map>(CGAL::make_property_map(m_places)));
         m_handles.resize(m_points.size());
         FaceHandle hint;
         for (std::size_t i = 0; i < order.size(); ++i) {
             if (i % batch == 0)
                 report(int(40 * i / order.size()));
-            VertexHandle const vertex = m_triangulation.insert(places[order[i]], hint);
+            VertexHandle const vertex = m_triangulation.insert(m_places[order[i]], hint);
             vertex->info().value = std::uint32_t(order[i]);
             m_handles[order[i]] = vertex;
             hint = vertex->face();
@@ -112,7 +138,7 @@ private:
     void insertSegments()
     {
         m_weights.reserve(2 * m_segments.size());
-        if constexpr (std::is_same_v<Triangulation, PlainTriangulation>)
+        if constexpr (isPlain)
             insertPlainSegments();
         else
             insertSplittingSegments();
@@ -140,7 +166,7 @@ private:
 
     void insertSplittingSegments()
     {
-        std::vector<typename SplittingTriangulation::Constraint_id> constraints;
+        std::vector<typename Triangulation::Constraint_id> constraints;
         constraints.reserve(m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i) {
             reportSegment(i);
@@ -148,12 +174,17 @@ private:
                                                                     m_handles[m_segments[i].to]));
         }
         // Only now: a later segment may have split an earlier one.
+        std::vector<std::vector<std::uint32_t>> chains;
         for (std::size_t i = 0; i < m_segments.size(); ++i)
-            readSplits(m_segments[i], constraints[i]);
+            chains.push_back(chainOf(m_segments[i], constraints[i]));
+        if (!isExact)
+            checkSplits(chains);
+        for (std::size_t i = 0; i < m_segments.size(); ++i)
+            split(m_segments[i], chains[i]);
     }
 
-    void readSplits(SectionSegment& segment,
-                    typename SplittingTriangulation::Constraint_id constraint)
+    template <typename Constraint>
+    std::vector<std::uint32_t> chainOf(SectionSegment const& segment, Constraint const& constraint)
     {
         std::vector<std::uint32_t> chain;
         auto const end = m_triangulation.vertices_in_constraint_end(constraint);
@@ -161,6 +192,35 @@ private:
             chain.push_back(placeOf(*v));
         if (chain.front() != segment.from)
             std::reverse(chain.begin(), chain.end());
+        return chain;
+    }
+
+    /// Throws unless all points on which segments were split lie on them, to a small part of what
+    /// section points are rounded by.
+    void checkSplits(std::vector<std::vector<std::uint32_t>> const& chains) const
+    {
+        double size = 0;
+        for (SectionPoint2 const& p : m_points)
+            size = std::max({size, std::abs(p[0]), std::abs(p[1])});
+        double const tolerance = 0x1p-32 * size;
+        for (std::size_t i = 0; i < chains.size(); ++i)
+            for (std::uint32_t const point : chains[i])
+                if (distanceOf(m_points[point], m_segments[i]) > tolerance)
+                    throw SplitAstray();
+    }
+
+    double distanceOf(SectionPoint2 const& p, SectionSegment const& segment) const
+    {
+        SectionPoint2 const& from = m_points[segment.from];
+        SectionPoint2 const& to = m_points[segment.to];
+        double const u = to[0] - from[0], v = to[1] - from[1];
+        double const x = p[0] - from[0], y = p[1] - from[1];
+        double const along = std::clamp((x * u + y * v) / (u * u + v * v), 0.0, 1.0);
+        return std::hypot(x - along * u, y - along * v);
+    }
+
+    void split(SectionSegment& segment, std::vector<std::uint32_t> const& chain)
+    {
         for (std::size_t i = 0; i + 1 < chain.size(); ++i)
             addWeight(chain[i], chain[i + 1], segment);
         segment.splits.assign(chain.begin() + 1, chain.end() - 1);
@@ -172,7 +232,9 @@ private:
         std::uint32_t& place = vertex->info().value;
         if (place == noPoint) {
             place = std::uint32_t(m_points.size());
-            m_points.push_back({vertex->point().x(), vertex->point().y()});
+            m_points.push_back(
+                {CGAL::to_double(vertex->point().x()), CGAL::to_double(vertex->point().y())});
+            m_places.push_back(vertex->point());
         }
         return place;
     }
@@ -286,10 +348,12 @@ private:
         std::unordered_map<std::uint32_t, std::uint32_t> places;
         std::vector<std::uint32_t> origins;
         std::vector<SectionPoint2> points;
+        std::vector<Point> exactPlaces;
         auto const localOf = [&](std::uint32_t global) {
             auto const [place, isNew] = places.try_emplace(global, std::uint32_t(points.size()));
             if (isNew) {
                 points.push_back(m_points[global]);
+                exactPlaces.push_back(m_places[global]);
                 origins.push_back(global);
             }
             return place->second;
@@ -298,7 +362,12 @@ private:
             segment.from = localOf(segment.from);
             segment.to = localOf(segment.to);
         }
-        SectionFilling filling = fillSection(points, segments, m_progress);
+        SectionFilling filling;
+        // Rounded, borders might cross.
+        if constexpr (isExact)
+            filling = SectionFiller(points, std::move(exactPlaces), segments, m_progress).fill();
+        else
+            filling = fillSection(points, segments, m_progress);
         for (auto& triangle : filling.triangles)
             for (std::uint32_t& corner : triangle)
                 corner = origins[corner];
@@ -310,6 +379,7 @@ private:
     std::vector<SectionPoint2>& m_points;
     std::vector<SectionSegment>& m_segments;
     std::function<void(int)> const& m_progress;
+    std::vector<Point> m_places;
     Triangulation m_triangulation;
     std::vector<VertexHandle> m_handles;
     /// What the segments over an edge of the triangulation add up to, along the edge from its
@@ -330,7 +400,13 @@ SectionFilling fillSection(std::vector<SectionPoint2>& points,
     } catch (PlainTriangulation::Intersection_of_constraints_exception const&) {
     } catch (SplitNeeded const&) {
     }
-    return SectionFiller<SplittingTriangulation>(points, segments, progress).fill();
+    std::size_t const given = points.size();
+    try {
+        return SectionFiller<SplittingTriangulation>(points, segments, progress).fill();
+    } catch (SplitAstray const&) {
+        points.resize(given);
+    }
+    return SectionFiller<ExactTriangulation>(points, segments, progress).fill();
 }
 
 }  // namespace Exact
