@@ -23,6 +23,17 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept
+{
+    ++allocations;
+    return std::malloc(size > 0 ? size : 1);
+}
+
+void operator delete(void* memory, std::nothrow_t const&) noexcept
+{
+    std::free(memory);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);

@@ -207,10 +207,11 @@ TEST(OutlineOffset, OfAnythingIsTheJudges)
 TEST(OutlineOffset, IsTheSameEachTime)
 {
     Loops const outlines = ToothedPolygon::round(2, 12).source(true);
-    Freecut::OutlineOffset const offset(outlines, {topCamera(), 0});
+    GLCamera const camera = topCamera();
+    Freecut::OutlineOffset const offset(outlines, {camera, 0});
     EXPECT_EQ(offset.moved(0.25).value(), offset.moved(0.25).value());
     EXPECT_EQ(offset.moved(-0.25).value(),
-              Freecut::OutlineOffset(outlines, {topCamera(), 0}).moved(-0.25).value());
+              Freecut::OutlineOffset(outlines, {camera, 0}).moved(-0.25).value());
 }
 
 TEST(OutlineOffset, DrawableTeethAreNeverRefused)
