@@ -2,8 +2,7 @@
 #include "dialogs/PresetButton.h"
 
 #include "dialogs/StoredPresets.h"
-#include "messages/Attention.h"
-#include "platform/jobs/Exceptions.h"
+#include "messages/OrSayWhyNot.h"
 
 #include <QEvent>
 #include <QFileDialog>
@@ -12,21 +11,6 @@
 #include <QMenu>
 
 namespace Freecut {
-
-namespace {
-
-/// Does what may fail, and says why it did.
-template <typename Work>
-void orSayWhyNot(Work const& work)
-{
-    try {
-        work();
-    } catch (Mell::Exception const& reason) {
-        warnAttention(QString::fromStdString(reason.what()));
-    }
-}
-
-}  // namespace
 
 PresetButton::PresetButton(QWidget* parent) : QPushButton(parent)
 {

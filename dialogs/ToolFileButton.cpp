@@ -7,9 +7,8 @@
 #include "dialogs/SolidToolPage.h"
 #include "display/GraphicViewProvider.h"
 #include "display/PlacedView.h"
-#include "messages/Attention.h"
+#include "messages/OrSayWhyNot.h"
 #include "platform/document/Document.h"
-#include "platform/jobs/Exceptions.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/view/GLView.h"
 #include "selection/EditHistory.h"
@@ -29,21 +28,6 @@
 #include <QTabWidget>
 
 namespace Freecut {
-
-namespace {
-
-/// Does what may fail, and says why it did.
-template <typename Work>
-void orSayWhyNot(Work const& work)
-{
-    try {
-        work();
-    } catch (Mell::Exception const& reason) {
-        warnAttention(QString::fromStdString(reason.what()));
-    }
-}
-
-}  // namespace
 
 ToolFileButton::ToolFileButton(DialogPolygoncut& dialog, QWidget* parent)
     : QPushButton(parent), m_dialog(dialog)

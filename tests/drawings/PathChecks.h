@@ -3,6 +3,7 @@
 
 #include "drawings/Drawing.h"
 #include "platform/jobs/Exceptions.h"
+#include "tests/support/TextChanges.h"
 
 #include <gtest/gtest.h>
 
@@ -74,25 +75,7 @@ inline void expectNoHarm(std::vector<QByteArray> const& seeds, PathReader read, 
     int readable = 0;
     for (int run = 0; run < runs; ++run) {
         QByteArray text = seeds[std::size_t(run) % seeds.size()];
-        for (unsigned changes = 1 + random() % 4; changes > 0; --changes) {
-            int const at = int(random() % unsigned(text.size()));
-            char const piece = random() % 8 == 0 ? char(random())
-                                                 : pieces[int(random() % unsigned(pieces.size()))];
-            switch (random() % 4) {
-                case 0:
-                    text[at] = piece;
-                    break;
-                case 1:
-                    text.insert(at, piece);
-                    break;
-                case 2:
-                    text.remove(at, 1 + int(random() % 20));
-                    break;
-                default:
-                    text.insert(at, text.mid(int(random() % unsigned(text.size())), 24));
-                    break;
-            }
-        }
+        changeText(text, pieces, {4, 24}, random);
         try {
             for (Path const& path : read(text, {})) {
                 ASSERT_GE(path.points.size(), 2u);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/jobs/Exceptions.h"
+#include "tests/support/TextChanges.h"
 #include "tools/TeethParas.h"
 #include "tools/ToolFile.h"
 
@@ -222,25 +223,7 @@ TEST(ToolFile, SmallChangesGiveAToolOrASentence)
     int readable = 0;
     for (int run = 0; run < 30000; ++run) {
         QByteArray text = seeds[run % 3];
-        for (unsigned changes = 1 + random() % 3; changes > 0; --changes) {
-            int const at = int(random() % unsigned(text.size()));
-            char const piece = random() % 8 == 0 ? char(random())
-                                                 : pieces[int(random() % unsigned(pieces.size()))];
-            switch (random() % 4) {
-                case 0:
-                    text[at] = piece;
-                    break;
-                case 1:
-                    text.insert(at, piece);
-                    break;
-                case 2:
-                    text.remove(at, 1 + int(random() % 20));
-                    break;
-                default:
-                    text.insert(at, text.mid(int(random() % unsigned(text.size())), 12));
-                    break;
-            }
-        }
+        changeText(text, pieces, {3, 12}, random);
         try {
             StoredTool const tool = ToolFile::toolOf(text);
             ++readable;
