@@ -17,9 +17,9 @@ void exchangeValue(std::optional<T>& held, T const& present, Set const& set)
 {
     if (!held)
         return;
-    T const before = present;
+    T before = present;
     set(*held);
-    held = before;
+    held = std::move(before);
 }
 
 }  // namespace

@@ -130,6 +130,7 @@ std::vector<std::span<Record>> allocateRuns(std::size_t count)
     }
     std::vector<Run> runs;
     pool<Record>().takeRuns(count, runs);
+    spans.reserve(runs.size());
     for (Run const& run : runs)
         spans.emplace_back(reinterpret_cast<Record*>(run.begin), run.count);
     return spans;

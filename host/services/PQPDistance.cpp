@@ -16,7 +16,7 @@ PQPDistance::PQPDistance(MeshKernel* kernel, std::function<void(int)> progress)
     stages.begin(0, 20, kernel->readMesh()->triangles.size());
     MeshArrays const mesh = copyArrays(*kernel, Frame::World, stages);
     stages.begin(20, 100, 1);
-    m_tree = std::make_unique<Tree>(DistanceTree(mesh, stages));
+    m_tree.reset(new Tree{DistanceTree(mesh, stages)});
     stages.finish();
 }
 

@@ -194,6 +194,7 @@ std::vector<PolygonsPart> Polygons::splitIntoParts(bool unionAll, int minimumSiz
     std::sort(parts.begin(), parts.end(),
               [](Paths const& a, Paths const& b) { return comesBefore(a.front(), b.front()); });
     std::vector<PolygonsPart> result;
+    result.reserve(parts.size());
     for (Paths const& part : parts)
         result.emplace_back(part);
     return result;

@@ -270,8 +270,9 @@ void CurveNetwork::findFinerEdges(FaceFaults& faults, StageProgress& progress) c
             auto const [low, high] = std::minmax(corners[std::size_t(s.edges[o])],
                                                  corners[std::size_t((s.edges[o] + 1) % 3)]);
             auto const chain = pointsOnEdge(low, high);
+            auto const start = m_points.numberOf(low);
             auto const placeOf = [&](std::uint32_t point) -> std::ptrdiff_t {
-                if (point == m_points.numberOf(low))
+                if (point == start)
                     return -1;
                 return std::find(chain.begin(), chain.end(), point) - chain.begin();
             };

@@ -138,6 +138,7 @@ void visitOverlapping(MeshArrays const& mesh, std::vector<std::size_t> const& so
 {
     Polling polling(progress);
     std::vector<std::pair<Box, std::size_t>> order;
+    order.reserve(some.size());
     for (std::size_t const t : some)
         order.emplace_back(boxOf(mesh.triangles[t], mesh.points), t);
     sortPolled(order, progress, [](auto const& a, auto const& b) {

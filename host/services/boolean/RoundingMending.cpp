@@ -439,6 +439,7 @@ private:
     std::vector<Corners> cornersOf(std::vector<std::size_t> const& triangles) const
     {
         std::vector<Corners> corners;
+        corners.reserve(triangles.size());
         for (std::size_t const t : triangles)
             corners.push_back(m_mesh.triangles[t]);
         return corners;

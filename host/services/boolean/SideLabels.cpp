@@ -401,6 +401,7 @@ private:
         if (questions.empty())
             return;
         std::vector<RayOrigin> origins;
+        origins.reserve(questions.size());
         for (Question const& question : questions)
             origins.push_back(question.origin);
         WindingSources::Numbers const numbers = m_sources.ofFirst(origins);

@@ -46,6 +46,7 @@ public:
         }
         numberPieces();
         std::vector<FaceLink> links;
+        links.reserve(candidates.size());
         for (std::uint32_t const f : candidates)
             links.push_back({pieceAt(f, sideBelow), pieceAt(f, sideAbove)});
         std::vector<bool> const isCut = chooseFaces(m_pieceCount, links);
