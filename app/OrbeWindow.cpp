@@ -14,6 +14,7 @@
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobGuard.h"
+#include "app/recovery/RecoveryDialog.h"
 #include "app/view/ViewAppearance.h"
 #include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
@@ -25,6 +26,7 @@
 #include "app/window/WindowMenus.h"
 #include "app/window/WindowPanels.h"
 #include "platform/document/Document.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/DialogWindowManager.h"
@@ -76,6 +78,7 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
 
 OrbeWindow::~OrbeWindow()
 {
+    m_autoSave.reset();
     // Waits for a job that still runs, while all that it reports to is there.
     delete m_files;
     setActiveGLView(nullptr);
@@ -213,6 +216,21 @@ void OrbeWindow::addBesideView(QWidget* widget)
 void OrbeWindow::addNotice(QString const& message)
 {
     m_notices->add(message);
+}
+
+void OrbeWindow::keepUnsavedWork(std::filesystem::path const& root)
+{
+    try {
+        m_autoSave = std::make_unique<AutoSave>(*m_files, RecoveryFolder::make(root));
+    } catch (Mell::Exception const& error) {
+        addNotice(tr("Unsaved changes will not be kept for recovery.") + ' ' +
+                  QString::fromUtf8(error.what()));
+        return;
+    }
+    connect(m_autoSave.get(), &AutoSave::failed, this, &OrbeWindow::addNotice);
+    offerRecovery(root, *m_files, *m_autoSave, [this](std::vector<KeptWork> const& works) {
+        return RecoveryDialog::ask(works, this);
+    });
 }
 
 void OrbeWindow::changeEvent(QEvent* event)
