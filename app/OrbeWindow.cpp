@@ -291,6 +291,9 @@ bool OrbeWindow::mayCloseDuringJob()
 void OrbeWindow::jobsChanged(bool busy)
 {
     refresh();
+    // Jobs of commands tell no dialog that they start.
+    for (DialogWidget* const dialog : DialogWindowManager::instance()->openDialogs())
+        dialog->setWidgetEnabled(!busy);
     if (busy || !m_closesAfterJob)
         return;
     m_closesAfterJob = false;
