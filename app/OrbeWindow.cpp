@@ -42,6 +42,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 char const* const geometryKey = "Window/Geometry";
@@ -245,6 +247,24 @@ void OrbeWindow::refresh()
     m_status->refresh(*m_view, m_follower->document());
     m_gate->refresh();
     getViewSlider()->refresh();
+}
+
+bool OrbeWindow::focusNextPrevChild(bool next)
+{
+    QWidget const* const first = focusWidget();
+    while (MainWindow::focusNextPrevChild(next))
+        if (focusWidget() == first || !isOnPanelBehind(focusWidget()))
+            return true;
+    return false;
+}
+
+/// The tabs of docks keep panels that are not in front shown, but beside the window.
+bool OrbeWindow::isOnPanelBehind(QWidget const* widget) const
+{
+    return std::ranges::any_of(m_panelDocks, [&](QDockWidget const* dock) {
+        return !dock->isFloating() && dock->isAncestorOf(widget) &&
+               !rect().intersects(dock->geometry());
+    });
 }
 
 void OrbeWindow::closeEvent(QCloseEvent* event)
