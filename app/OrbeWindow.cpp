@@ -54,6 +54,7 @@ char const* const stateKey = "Window/State";
 constexpr int stateVersion = 2;
 constexpr QSize defaultSize(1280, 800);
 constexpr int isometricView = 6;
+constexpr int secondOfferMilliseconds = 4000;
 
 }  // namespace
 
@@ -230,9 +231,14 @@ void OrbeWindow::keepUnsavedWork(std::filesystem::path const& root)
         return;
     }
     connect(m_autoSave.get(), &AutoSave::failed, this, &OrbeWindow::addNotice);
-    offerRecovery(root, *m_files, *m_autoSave, [this](std::vector<KeptWork> const& works) {
-        return RecoveryDialog::ask(works, this);
-    });
+    auto const offer = [this, root] {
+        return offerRecovery(root, *m_files, *m_autoSave, [this](auto const& works) {
+            return RecoveryDialog::ask(works, this);
+        });
+    };
+    // A program that has just been killed holds its folder until the system has cleaned up.
+    if (!offer())
+        QTimer::singleShot(secondOfferMilliseconds, this, offer);
 }
 
 void OrbeWindow::changeEvent(QEvent* event)

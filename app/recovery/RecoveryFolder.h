@@ -20,6 +20,8 @@
 /// once for as long as a mesh lives and named by the list; the list comes last and takes the place
 /// of the one before in one step; only then go files that it does not name.
 ///
+/// See docs/decisions/0017-recovery.md.
+///
 /// thread  any, one at a time
 class RecoveryFolder
 {

@@ -41,24 +41,26 @@ bool recover(std::shared_ptr<RecoveryFolder> const& folder, DocumentFiles& files
 
 }  // namespace
 
-void offerRecovery(RecoveryFolder::Path const& root, DocumentFiles& files, AutoSave& autoSave,
+bool offerRecovery(RecoveryFolder::Path const& root, DocumentFiles& files, AutoSave& autoSave,
                    AskAboutRecovery const& ask)
 {
     Folders folders;
     for (std::unique_ptr<RecoveryFolder>& folder : RecoveryFolder::leftOver(root))
         folders.push_back(std::move(folder));
     std::vector<KeptWork> works = keptWork(folders);
+    bool const hasOffered = !works.empty();
     while (!works.empty()) {
         RecoveryChoice const choice = ask(works);
         if (choice.kind == RecoveryChoice::Kind::Later || choice.place >= works.size())
-            return;
+            break;
         if (choice.kind == RecoveryChoice::Kind::Recover) {
             recover(folders[choice.place], files, autoSave);
-            return;
+            break;
         }
         folders[choice.place]->remove();
         auto const place = std::ptrdiff_t(choice.place);
         folders.erase(folders.begin() + place);
         works.erase(works.begin() + place);
     }
+    return hasOffered;
 }

@@ -35,6 +35,7 @@ using AskAboutRecovery = std::function<RecoveryChoice(std::vector<KeptWork> cons
 /// or the person wants none now. What is recovered stays in its folder, in which the program goes on
 /// keeping changes, so at no moment is it lost.
 ///
-/// thread  the user interface thread
-void offerRecovery(RecoveryFolder::Path const& root, DocumentFiles& files, AutoSave& autoSave,
+/// returns  whether there was anything to offer
+/// thread   the user interface thread
+bool offerRecovery(RecoveryFolder::Path const& root, DocumentFiles& files, AutoSave& autoSave,
                    AskAboutRecovery const& ask);

@@ -1109,6 +1109,10 @@
 <context>
     <name>FileError</name>
     <message>
+        <source>it is not whole, and cannot be read.</source>
+        <translation>sie ist nicht vollständig und kann nicht gelesen werden.</translation>
+    </message>
+    <message>
         <source>&apos;facet&apos; or &apos;endsolid&apos;</source>
         <translation>&apos;facet&apos; oder &apos;endsolid&apos;</translation>
     </message>
