@@ -42,6 +42,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 char const* const geometryKey = "Window/Geometry";
@@ -247,6 +249,24 @@ void OrbeWindow::refresh()
     getViewSlider()->refresh();
 }
 
+bool OrbeWindow::focusNextPrevChild(bool next)
+{
+    QWidget const* const first = focusWidget();
+    while (MainWindow::focusNextPrevChild(next))
+        if (focusWidget() == first || !isOnPanelBehind(focusWidget()))
+            return true;
+    return false;
+}
+
+/// The tabs of docks keep panels that are not in front shown, but beside the window.
+bool OrbeWindow::isOnPanelBehind(QWidget const* widget) const
+{
+    return std::ranges::any_of(m_panelDocks, [&](QDockWidget const* dock) {
+        return !dock->isFloating() && dock->isAncestorOf(widget) &&
+               !rect().intersects(dock->geometry());
+    });
+}
+
 void OrbeWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
@@ -291,6 +311,9 @@ bool OrbeWindow::mayCloseDuringJob()
 void OrbeWindow::jobsChanged(bool busy)
 {
     refresh();
+    // Jobs of commands tell no dialog that they start.
+    for (DialogWidget* const dialog : DialogWindowManager::instance()->openDialogs())
+        dialog->setWidgetEnabled(!busy);
     if (busy || !m_closesAfterJob)
         return;
     m_closesAfterJob = false;

@@ -58,8 +58,10 @@ protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
+    bool isOnPanelBehind(QWidget const* widget) const;
     void buildCentre();
     void buildFiles(std::unique_ptr<FileQuestions> questions);
     void buildCommands();

@@ -3,8 +3,8 @@
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
 #include "cli/SectionJob.h"
-#include "cli/SectionSurvey.h"
 #include "cli/SubCommands.h"
+#include "cli/SurveyReport.h"
 #include "platform/document/MeshDocument.h"
 #include "tools/SceneBox.h"
 

@@ -52,6 +52,8 @@ struct PartOfRun
 
 /// The run that all connector cuts share: it cuts part by part, has the connectors made and keeps
 /// the halves that have triangles.
+///
+/// See docs/decisions/0008-connectors.md.
 class ConnectorRun
 {
 public:

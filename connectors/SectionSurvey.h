@@ -16,6 +16,8 @@ using ConnectorParas = std::variant<std::monostate, PinHoleParas, LapJointParas>
 /// What a section cut would do to one part: the section, where connectors stand, and what a person
 /// must be told of them, found by the code that makes them but without cutting.
 ///
+/// See docs/decisions/0013-connectors-before-the-cut.md.
+///
 ///     SurveyRequest request{part, PlacedMesh(*kernelOfPart(part)), SectionPlanes(...)};
 ///     request.connectors = paras;
 ///     SectionSurvey const survey = surveySection(request, ConnectorProgress::poll());

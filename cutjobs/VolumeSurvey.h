@@ -13,6 +13,8 @@
 
 /// What a cut by a solid tool would do to parts, found by the services that cut.
 ///
+/// See docs/decisions/0014-solid-cuts-before-the-cut.md.
+///
 ///     VolumeRequest request{{{part, std::make_shared<MeshKernel>(*kernelOfPart(part))}}, loops};
 ///     for (VolumeForecast const& forecast : surveyVolumeCut(request, poll)) ...
 struct VolumeRequest

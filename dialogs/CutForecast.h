@@ -4,7 +4,7 @@
 #include "cutjobs/VolumeSurvey.h"
 #include "dialogs/ForecastTexts.h"
 #include "dialogs/ItemInView.h"
-#include "dialogs/NewestWork.h"
+#include "display/NewestWork.h"
 #include "display/ContourItem.h"
 #include "tools/ClearanceFit.h"
 

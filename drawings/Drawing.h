@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-/// Paths of drawings as polygons.
+/// Paths of drawings as polygons. See docs/decisions/0016-drawings.md.
 namespace Drawings {
 
 /// A path, its curves divided so finely that no chord is further than 0.01 mm from them.

@@ -2,9 +2,9 @@
 #include "module/Commands.h"
 
 #include "module/DialogCommands.h"
-#include "module/EditCommands.h"
 #include "module/OrbeCmdZcut.h"
 #include "module/PlaneCommands.h"
+#include "module/PolygonEditCommands.h"
 #include "module/PreviewCommands.h"
 #include "module/SolidToolCommands.h"
 #include "module/ToolCommands.h"

@@ -23,6 +23,8 @@ namespace Freecut {
 ///
 /// All that happens while a mouse button is held is one step, whether a handle, a slider or the
 /// arrow of a field is dragged or held.
+///
+/// See docs/decisions/0012-edits-of-a-running-tool.md.
 class EditHistory : public QObject, public Base::ToolHistory
 {
 public:

@@ -3,6 +3,7 @@
 
 #include "platform/document/TypeEntry.h"
 #include "selection/HoverLine.h"
+#include "selection/PartSections.h"
 #include "selection/RunningEdge.h"
 #include "selection/TeethEditing.h"
 #include "selection/VolumeSelection.h"
@@ -73,6 +74,8 @@ public:
     int getSelectedIndex() const { return selectedIndex; }
     /// The edge under the mouse; -1 for none.
     int getHoverEdge() const { return hoverEdge; }
+    /// To which points are drawn while control is held.
+    PartSections& getSections() { return sections; }
 
 private:
     ToolState editState() const;
@@ -83,6 +86,12 @@ private:
     /// Where a new point under the mouse belongs, and where one stands that is there.
     RunningEdge::Spot spotOfNew(UPoint3<float> const& point) const;
     RunningEdge::Spot spotOf(std::size_t vertex) const;
+    /// Where a point under the mouse comes to lie while keys are held.
+    UPoint3<float> held(UPoint3<float> const& point, QMouseEvent const& event,
+                        RunningEdge::Spot const& spot) const;
+    /// Shows the section of the parts while control is held.
+    void showSections(Qt::KeyboardModifiers keys);
+    std::vector<SectionPlane> sectionPlanes() const;
     void dragVertex(UVector3<float> const& delta, QMouseEvent const& event);
     void showRunningEdge(QMouseEvent const& event);
     void addPointAt(QMouseEvent const& event);
@@ -106,6 +115,7 @@ private:
     int hoverEdge = -1;
     HoverLine hoverLine;
     RunningEdge runningEdge;
+    PartSections sections;
     /// Where the mouse has dragged the vertex, held to something or not.
     UPoint3<float> draggedTo;
     TeethEditing teeth;

@@ -14,6 +14,8 @@ class VolumeProperty;
 /// subclass's own; its rounded corners; the outlines on both sides of the clearance; the caps of
 /// the solid. An outline that is too complicated is refused: ToolOutlines::problem says why.
 ///
+/// See docs/decisions/0010-solid-tools.md.
+///
 /// thread  the user interface thread
 class VolumeOutline
 {

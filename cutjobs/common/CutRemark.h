@@ -11,6 +11,8 @@ class DocumentObject;
 }
 
 /// Something that a person must be told of a cut that has succeeded.
+///
+/// See docs/decisions/0011-what-a-cut-tells.md.
 struct CutRemark
 {
     enum class Kind

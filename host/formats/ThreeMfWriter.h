@@ -13,6 +13,8 @@ namespace Formats {
 /// Writes a 3MF package in millimetres: one object and one build item for each part. Numbers are
 /// the shortest that read back as the same floats, and the package is deflated while its text is
 /// made, so that no copy of the whole text is ever held.
+///
+/// See docs/decisions/0009-project-files.md.
 class ThreeMfWriter
 {
 public:

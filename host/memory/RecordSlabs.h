@@ -11,6 +11,8 @@
 /// thread than the one that made it.
 ///
 /// Under the address sanitizer every record is a heap block of its own, so that wrong use is seen.
+///
+/// See docs/decisions/0002-records-on-slabs.md.
 namespace RecordSlabs {
 
 /// Memory for one record. This is what `new` uses.

@@ -15,6 +15,8 @@
 /// The boxes of a small patch of the surface lie along the patch and are as flat as it is. From
 /// afar, boxes along the axes would look nearer than what they hold by a good part of their size,
 /// and hundreds of them nearer than the nearest triangle.
+///
+/// See docs/decisions/0007-distances-and-rings.md.
 class DistanceTree
 {
 public:

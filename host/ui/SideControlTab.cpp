@@ -40,6 +40,9 @@ CutView* DockWidget::getCutView() const
 SideControlTab::SideControlTab(QWidget* parent) : QTabWidget(parent)
 {
     setTabBarAutoHide(true);
+    // Its tabs take the focus themselves; to a hidden bar it would go in vain, and Tab stay where it is.
+    setFocusProxy(nullptr);
+    setFocusPolicy(Qt::NoFocus);
     setDocumentMode(true);
     auto* const dock = new DockWidget(preparing);
     dock->addGroup(new CutView);

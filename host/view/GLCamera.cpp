@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+// See docs/decisions/0006-view.md.
+
 namespace {
 
 using Point = UPoint3<double>;

@@ -213,10 +213,13 @@ void GLView::paintSurroundings()
 
 void GLView::paintOverlay()
 {
+    // Two lines alike would leave it open which of them is about to be cut.
+    auto const heightLook =
+        m_sectionPlane ? ViewProvider::LineLook::Pale : ViewProvider::LineLook::Plain;
     for (Base::ViewProvider* const provider : scene().providers()) {
         auto* const shown = dynamic_cast<ViewProvider*>(provider);
         if (shown && m_sectionHeight)
-            shown->paintHeightLine(*m_sectionHeight);
+            shown->paintHeightLine(*m_sectionHeight, heightLook);
         if (shown && m_sectionPlane)
             shown->paintSectionLine(*m_sectionPlane);
     }

@@ -108,15 +108,16 @@ void ViewProvider::paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip)
 
 void ViewProvider::paintSectionLine(SectionPlane const& plane)
 {
-    paintLineIn(planeThrough(plane.point, plane.normal), m_lineSection);
+    paintLineIn(planeThrough(plane.point, plane.normal), LineLook::Plain, m_lineSection);
 }
 
-void ViewProvider::paintHeightLine(float height)
+void ViewProvider::paintHeightLine(float height, LineLook look)
 {
-    paintLineIn({{0, 0, 1}, height}, m_heightSection);
+    paintLineIn({{0, 0, 1}, height}, look, m_heightSection);
 }
 
-void ViewProvider::paintLineIn(ViewPlane const& plane, std::unique_ptr<PartSection>& kept)
+void ViewProvider::paintLineIn(ViewPlane const& plane, LineLook look,
+                               std::unique_ptr<PartSection>& kept)
 {
     MeshKernel const* const shown = kernel();
     if (!shown || !isShow())
@@ -131,7 +132,8 @@ void ViewProvider::paintLineIn(ViewPlane const& plane, std::unique_ptr<PartSecti
     device.setDepthTest(false);
     paintLines(lines, (color & ~0xffu) | hiddenAlpha, sectionLineWidth);
     device.setDepthTest(true);
-    paintLines(lines, color, sectionLineWidth);
+    if (look == LineLook::Plain)
+        paintLines(lines, color, sectionLineWidth);
 }
 
 }  // namespace Mesh

@@ -54,11 +54,19 @@ public:
     /// The first place on a ray in world space.
     std::optional<Hit> firstHit(PickTree::Ray const& ray) const;
 
-    // Draw the line in which a plane, or that of z = height, meets the part over the picture, paler
-    // where something stands before it.
+    /// How strong a line is that a plane leaves on the part.
+    enum class LineLook
+    {
+        /// Pale where something stands before it.
+        Plain,
+        /// All of it, beside a line that counts more at the moment.
+        Pale
+    };
+
+    // Draw the line in which a plane, or that of z = height, meets the part over the picture.
 
     void paintSectionLine(SectionPlane const& plane);
-    void paintHeightLine(float height);
+    void paintHeightLine(float height, LineLook look);
 
     /// Takes what was made for the part's mesh; dropped if it is another one's.
     void usePrepared(PreparedPart prepared);
@@ -95,7 +103,7 @@ private:
     bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;
     void paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip);
-    void paintLineIn(ViewPlane const& plane, std::unique_ptr<PartSection>& kept);
+    void paintLineIn(ViewPlane const& plane, LineLook look, std::unique_ptr<PartSection>& kept);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
     PaintedPart m_painted;

@@ -14,6 +14,8 @@
 #include <cmath>
 #include <utility>
 
+// See docs/decisions/0006-view.md.
+
 namespace Base {
 
 namespace {

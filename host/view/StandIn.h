@@ -11,6 +11,8 @@
 /// of them lie in blocks of neighbours, so that what is out of sight can be left out.
 ///
 /// Together at most 26 bytes per triangle of a closed surface, which has 28 itself.
+///
+/// See docs/decisions/0015-stand-ins.md.
 struct StandIn
 {
     /// Triangles that lie close together, one after the other.

@@ -1805,6 +1805,10 @@
         <source>Edge: %1. Next edge: %2</source>
         <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
+    <message>
+        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts.</source>
+        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile.</translation>
+    </message>
 </context>
 <context>
     <name>Freecut::StoredTool</name>

@@ -56,6 +56,7 @@ TEST_F(ToolDocuments, AnotherDocumentEndsThePlane)
     trigger("Std_New");
     settle();
     EXPECT_FALSE(planeTool());
+    EXPECT_FALSE(sectionDialog());
     EXPECT_TRUE(document().getObjectArray().empty());
 }
 

@@ -77,7 +77,8 @@ TEST_F(AppWindow, WhileAJobRunsNothingTakesTheToolsPlaceAndTheStatusLineSaysWhy)
                 << what;
             window->statusLine().clearMessage();
         };
-        for (char const* const name : {"Std_RectangleSelect", "Std_PickPoint"}) {
+        for (char const* const name :
+             {"Std_RectangleSelect", "Std_PickPoint", "FreecutPlane3Pts", "FreecutCylinder"}) {
             trigger(name);
             QCoreApplication::processEvents();
             EXPECT_FALSE(action(name)->isChecked()) << name;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/CutForecast.h"
 #include "dialogs/DialogPolygoncut.h"
-#include "dialogs/NewestWork.h"
+#include "display/NewestWork.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
 #include "platform/jobs/EventNotify.h"

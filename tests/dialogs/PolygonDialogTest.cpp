@@ -126,6 +126,21 @@ TEST_F(PolygonDialog, TabsStartTheirToolsAndGiveThemASize)
     EXPECT_NEAR(ui().pages[2]->findChildren<MellQuantitySpinBox*>()[2]->value(), 90, 1e-3);
 }
 
+TEST_F(PolygonDialog, FindsAToolOnlyWhileItIsTheOneThatRuns)
+{
+    EXPECT_NE(dialog->getPolygoncutSelection(), nullptr);
+    EXPECT_EQ(dialog->getCylindercutSelection(), nullptr);
+    ui().tabs->setCurrentIndex(1);
+    EXPECT_EQ(dialog->getPolygoncutSelection(), nullptr);
+    EXPECT_NE(dialog->getCylindercutSelection(), nullptr);
+    ui().tabs->setCurrentIndex(2);
+    EXPECT_EQ(dialog->getCylindercutSelection(), nullptr);
+    EXPECT_NE(dialog->getCuboidcutSelection(), nullptr);
+    scene.view.startSelection("Freecut::PlanecutSelection");
+    EXPECT_EQ(dialog->getPolygoncutSelection(), nullptr);
+    EXPECT_EQ(dialog->getCuboidcutSelection(), nullptr);
+}
+
 TEST_F(PolygonDialog, TheViewDecidesOnTheAdvancedOptions)
 {
     struct Case

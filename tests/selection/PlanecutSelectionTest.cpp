@@ -334,6 +334,17 @@ TEST_F(PlaneTool, ControlIsReadAtThePress)
     EXPECT_NEAR(tool()->getPlaneSize().height, size.height + 10, 0.1);
 }
 
+TEST_F(PlaneTool, APressDragsTheHandleThatTheMouseWasOverLast)
+{
+    start(Type::PLANE_XY)->setPlaneByCenterAndNormal({0, 0, 0}, {0, 0, 1});
+    std::vector<Point> const before = corners();
+    move(scene.view, handlePosition(0));
+    // No move leads to the corner.
+    drag(scene.view, handlePosition(1), handlePosition(1) + QPoint(15, 0), Qt::LeftButton);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_NEAR(corners()[i].X(), before[i].X() + 10, 1e-3) << i;
+}
+
 TEST_F(PlaneTool, OnceThePlaneStandsAClickPicksAPoint)
 {
     start(Type::PLANE_XY);

@@ -201,6 +201,28 @@ TEST_P(LiveCuts, ShowTheSectionLineOfAHeightOverTheParts)
     EXPECT_EQ(picture("section-line-none"), plain);
 }
 
+TEST_P(LiveCuts, LeaveTheLineOfAHeightPaleWhileAPlaneStands)
+{
+    test.add(box(40, 30, 20), "box");
+    lookDown();
+    view->OnViewType(6);
+    view->fitAll();
+    Point const onHeight(20, 0, 10), onPlane(10, 0, 5);
+    auto const blueness = [&](QImage const& image, Point const& world) {
+        QColor const color = colorAt(image, world);
+        return color.blue() - color.red();
+    };
+    view->setSectionHeight(10.0f);
+    int const alone = blueness(picture("section-height-alone"), onHeight);
+    view->setSectionPlane(SectionPlane{{10, 0, 0}, {1, 0, 0}});
+    QImage const both = picture("section-height-and-plane");
+    EXPECT_GT(blueness(both, onPlane), 60);
+    EXPECT_LT(blueness(both, onHeight), alone - 30);
+    EXPECT_GT(blueness(both, onHeight), blueness(both, {20, 0, 3}) + 10);
+    view->setSectionPlane({});
+    EXPECT_EQ(blueness(picture("section-height-again"), onHeight), alone);
+}
+
 TEST_P(LiveCuts, AskForAPictureOnlyIfTheyChange)
 {
     test.add(box(40, 30, 20), "box");

@@ -33,6 +33,8 @@ struct BooleanSurvey
 /// themselves. Where the curves contradict each other all the same, the whole solids are combined
 /// by exact arithmetic, which takes its time.
 ///
+/// See docs/decisions/0005-booleans.md.
+///
 /// part        without a matrix; only read
 /// tool        only read; a matrix is applied
 /// pieces      what to give; of `united` and `difference` at most one

@@ -24,6 +24,8 @@ struct BoundedCut
 /// kinds would belong to both halves; chooseFaces() tells which faces are left whole for its sake.
 /// Pieces that no face touches go to a half as settleUntouched() tells.
 ///
+/// See docs/decisions/0004-bounded-plane.md.
+///
 /// filling   the section as if the plane had no end
 /// progress  a percentage; may throw
 /// returns   nothing if no face is cut

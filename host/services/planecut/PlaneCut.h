@@ -31,5 +31,7 @@ struct PlaneCutResult
 /// cover the section, boundCut() chooses its faces and everything's half before the last stage.
 /// Where the contours have a fault, all this is done once more with what orderAtPlane() makes of
 /// the part.
+///
+/// See docs/decisions/0001-plane-cut.md.
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
                               std::function<void(int)> const& progress);

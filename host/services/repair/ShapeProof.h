@@ -21,6 +21,8 @@
 /// - if the box has changed where there was more than a film or a small pocket turned inside out;
 /// - if edges have lost their partners.
 ///
+/// See docs/decisions/0003-check-and-repair.md.
+///
 /// Triangles that were turned round are looked at first and by themselves. Shells that are turned
 /// as a whole must leave the same places solid, whichever way they faced. Where single triangles
 /// were turned, winding numbers before say nothing; after, none may be negative.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "module/EditCommands.h"
+#include "module/PolygonEditCommands.h"
 
 #include "platform/document/Document.h"
 #include "platform/ui/ActiveDocument.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/SectionSurvey.h"
+#include "cli/SurveyReport.h"
 
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
