@@ -113,19 +113,22 @@ void DocumentFiles::openWaiting()
     if (!project.isEmpty() && !mayDiscard())
         return;
     auto const loaded = std::make_shared<LoadedFiles>();
+    // Before it is read: what is changed meanwhile counts as changed.
+    std::optional<FileStamp> const asRead = stampOf(project);
     PartLoader const loader(files, project, m_preparation);
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Opening files"),
         [loader, loaded](FileJob::Progress const& progress) { *loaded = loader.load(progress); },
-        [this, loaded, project](JobOutcome const& outcome) {
+        [this, loaded, project, asRead](JobOutcome const& outcome) {
             if (outcome.isDone())
-                takeOver(*loaded, project);
+                takeOver(*loaded, project, asRead);
             else if (!outcome.problem.isEmpty())
                 tellLater(outcome.problem);
         });
 }
 
-void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project)
+void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project,
+                             std::optional<FileStamp> projectAsRead)
 {
     m_isTakingOver = true;
     bool const wasEmpty = loaded.project || !document() || document()->getMeshObjects().empty();
@@ -134,6 +137,7 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project)
         addProject(*fresh, std::move(*loaded.project));
         fresh->clearHistory();
         fresh->setModified(false);
+        watchProject(projectAsRead);
     }
     if (!loaded.parts.empty())
         addParts(loaded);
@@ -155,7 +159,7 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project)
         tellLater(sentences.join(QStringLiteral("\n\n")));
 }
 
-bool DocumentFiles::recover(QString const& projectFile, ReadRecovered read,
+bool DocumentFiles::recover(QString const& projectFile, QDateTime const& asOf, ReadRecovered read,
                             std::function<void()> takenOver)
 {
     if (JobGuard::instance()->isBusy() || !mayDiscard())
@@ -166,10 +170,10 @@ bool DocumentFiles::recover(QString const& projectFile, ReadRecovered read,
         [recovered, read = std::move(read)](FileJob::Progress const& progress) {
             *recovered = read(progress);
         },
-        [this, recovered, projectFile,
+        [this, recovered, projectFile, asOf,
          takenOver = std::move(takenOver)](JobOutcome const& outcome) {
             if (outcome.isDone()) {
-                takeOver(*recovered, projectFile);
+                takeOver(*recovered, projectFile, asOf);
                 takenOver();
             } else if (!outcome.problem.isEmpty()) {
                 tellLater(outcome.problem);
@@ -178,18 +182,32 @@ bool DocumentFiles::recover(QString const& projectFile, ReadRecovered read,
     return true;
 }
 
-void DocumentFiles::takeOver(Recovered& recovered, QString const& projectFile)
+void DocumentFiles::takeOver(Recovered& recovered, QString const& projectFile,
+                             QDateTime const& asOf)
 {
     m_isTakingOver = true;
     Mesh::Document* const fresh = replaceDocument(projectFile);
     addProject(*fresh, std::move(recovered.objects));
     fresh->clearHistory();
     fresh->setModified(true);
+    bool const isNewer = QFileInfo(projectFile).lastModified() > asOf;
+    watchProject(isNewer ? std::nullopt : stampOf(projectFile));
     m_isTakingOver = false;
     fitIntoView();
     emit opened();
     if (!recovered.problems.isEmpty())
         tellLater(recovered.problems.mid(0, mostSentences).join(QStringLiteral("\n\n")));
+}
+
+void DocumentFiles::watchProject(std::optional<FileStamp> asKnown)
+{
+    if (m_projectFile.isEmpty())
+        return;
+    m_guard.watch(m_projectFile, asKnown);
+    if (m_guard.isOpenElsewhere())
+        tellLater(tr("\"%1\" is open in another window too. Who saves second is asked before "
+                     "anything is replaced.")
+                      .arg(displayName()));
 }
 
 void DocumentFiles::addParts(LoadedFiles& loaded)
@@ -228,6 +246,7 @@ Mesh::Document* DocumentFiles::replaceDocument(QString const& projectFile)
     if (old)
         Application::Instance->closeDocument(old);
     m_projectFile = projectFile;
+    m_guard.release();
     emit titleChanged();
     return fresh;
 }
@@ -273,6 +292,7 @@ void DocumentFiles::activeDocumentChanged()
     }
     m_watched = active;
     m_projectFile.clear();
+    m_guard.release();
     m_knownSteps = active ? active->undoNames().size() : 0;
     if (active) {
         active->signalStateChanged.connect(this, &DocumentFiles::stateChanged);

@@ -4,9 +4,11 @@
 #include "app/files/FileJob.h"
 #include "app/files/FileQuestions.h"
 #include "app/files/PartLoader.h"
+#include "app/files/ProjectGuard.h"
 #include "app/files/RecentFiles.h"
 #include "platform/document/MeshDocument.h"
 
+#include <QDateTime>
 #include <QObject>
 
 class PartExport;
@@ -62,10 +64,12 @@ public:
     /// still.
     ///
     /// projectFile  where it would be saved; empty for none
+    /// asOf         when it was kept: a project file that is newer counts as changed by others
     /// read         called on the job's thread
     /// takenOver    called when the work is in the document
     /// returns      false if the user keeps the document that is there, or a job runs
-    bool recover(QString const& projectFile, ReadRecovered read, std::function<void()> takenOver);
+    bool recover(QString const& projectFile, QDateTime const& asOf, ReadRecovered read,
+                 std::function<void()> takenOver);
 
     /// Exports the selected parts or all of them, in the way the user says.
     void exportParts(bool onlySelected);
@@ -98,14 +102,16 @@ signals:
 
 private:
     void openWaiting();
-    void takeOver(LoadedFiles& loaded, QString const& project);
+    void takeOver(LoadedFiles& loaded, QString const& project,
+                  std::optional<FileStamp> projectAsRead);
+    void watchProject(std::optional<FileStamp> asKnown);
     void addParts(LoadedFiles& loaded);
     Mesh::Document* replaceDocument(QString const& projectFile);
     void fitIntoView() const;
     void startSaving(QString const& file);
     void finishSaving(QString const& file);
     void startExport(std::shared_ptr<PartExport> parts);
-    void takeOver(Recovered& recovered, QString const& projectFile);
+    void takeOver(Recovered& recovered, QString const& projectFile, QDateTime const& asOf);
     void tellLater(QString const& text);
     void waitUntilIdle();
 
@@ -121,6 +127,7 @@ private:
     PartLoader::Preparation m_preparation;
     QStringList m_waiting;
     QString m_projectFile;
+    ProjectGuard m_guard;
     /// The document whose signals are heard.
     Base::Document* m_watched = nullptr;
     std::size_t m_knownSteps = 0;

@@ -26,9 +26,13 @@ QStringList existingOf(QStringList const& files)
 
 void DocumentFiles::save()
 {
-    if (m_projectFile.isEmpty())
+    using Changed = FileQuestions::Changed;
+    Changed const answer = m_projectFile.isEmpty() ? Changed::SaveElsewhere
+                           : m_guard.hasChanged()  ? m_questions->aboutChanged(displayName())
+                                                   : Changed::Replace;
+    if (answer == Changed::SaveElsewhere)
         saveAs();
-    else
+    else if (answer == Changed::Replace)
         startSaving(m_projectFile);
 }
 
@@ -71,6 +75,7 @@ void DocumentFiles::startSaving(QString const& file)
 void DocumentFiles::finishSaving(QString const& file)
 {
     m_projectFile = file;
+    m_guard.watch(file, stampOf(file));
     bool const hasChanged = m_hasChangedMeanwhile;
     document()->setName(QFileInfo(file).completeBaseName().toStdString());
     if (!hasChanged)

@@ -46,6 +46,15 @@ public:
     /// What to do with the unsaved changes of a document.
     virtual Unsaved aboutUnsaved(QString const& documentName) = 0;
 
+    enum class Changed
+    {
+        Replace,
+        SaveElsewhere,
+        Cancel
+    };
+    /// What to do with a project file that somebody else has changed since it was opened or saved.
+    virtual Changed aboutChanged(QString const& documentName) = 0;
+
     /// Shows a message.
     virtual void tell(QString const& text) = 0;
 };

@@ -132,6 +132,16 @@ FileQuestions::Unsaved WindowFileQuestions::aboutUnsaved(QString const& document
     return answer == 0 ? Unsaved::Save : answer == 1 ? Unsaved::Discard : Unsaved::Cancel;
 }
 
+FileQuestions::Changed WindowFileQuestions::aboutChanged(QString const& documentName)
+{
+    int const answer = MellMessageBox::warning(
+        MainWindow::getInstance(), tr("Changed on Disk"),
+        tr("\"%1\" was changed by another program or window. Replacing it loses these changes.")
+            .arg(documentName),
+        tr("Replace"), tr("Save As..."), tr("Cancel"), 1, 2);
+    return answer == 0 ? Changed::Replace : answer == 1 ? Changed::SaveElsewhere : Changed::Cancel;
+}
+
 void WindowFileQuestions::tell(QString const& text)
 {
     MellMessageBox::warning(MainWindow::getInstance(),

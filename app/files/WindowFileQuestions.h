@@ -17,5 +17,6 @@ public:
     std::optional<ExportPlan> exportPlan(QString const& suggestion, int parts) override;
     bool mayReplace(QStringList const& files) override;
     Unsaved aboutUnsaved(QString const& documentName) override;
+    Changed aboutChanged(QString const& documentName) override;
     void tell(QString const& text) override;
 };

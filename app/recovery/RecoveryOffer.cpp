@@ -30,8 +30,9 @@ std::vector<KeptWork> keptWork(Folders& folders)
 bool recover(std::shared_ptr<RecoveryFolder> const& folder, DocumentFiles& files,
              AutoSave& autoSave)
 {
+    RecoveryList const list = folder->list();
     return files.recover(
-        folder->list().projectFile,
+        list.projectFile, list.time,
         [folder](FileJob::Progress const& progress) {
             RecoveryFolder::Contents contents = folder->read(progress);
             return DocumentFiles::Recovered{std::move(contents.objects), contents.problems};

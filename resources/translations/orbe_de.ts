@@ -932,6 +932,10 @@
 <context>
     <name>DocumentFiles</name>
     <message>
+        <source>&quot;%1&quot; is open in another window too. Who saves second is asked before anything is replaced.</source>
+        <translation>&quot;%1&quot; ist auch in einem anderen Fenster geöffnet. Wer als Zweiter speichert, wird gefragt, bevor etwas ersetzt wird.</translation>
+    </message>
+    <message>
         <source>The file &quot;%1&quot; is not there any more; it is taken off the list.</source>
         <translation>Die Datei „%1“ gibt es nicht mehr; sie wird aus der Liste entfernt.</translation>
     </message>
@@ -3715,6 +3719,18 @@
 </context>
 <context>
     <name>WindowFileQuestions</name>
+    <message>
+        <source>Changed on Disk</source>
+        <translation>Auf dem Datenträger geändert</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was changed by another program or window. Replacing it loses these changes.</source>
+        <translation>&quot;%1&quot; wurde von einem anderen Programm oder Fenster geändert. Wenn Sie sie ersetzen, gehen diese Änderungen verloren.</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter...</translation>
+    </message>
     <message>
         <source>Open</source>
         <translation>Öffnen</translation>

@@ -61,6 +61,7 @@ public:
         ++m_script.askedAboutUnsaved;
         return m_script.unsaved;
     }
+    Changed aboutChanged(QString const&) override { return Changed::Cancel; }
     void tell(QString const& text) override { m_script.told << text; }
 
 private:

@@ -23,10 +23,12 @@ struct FileAnswers
     std::optional<ExportPlan> plan;
     bool mayReplace = true;
     FileQuestions::Unsaved unsaved = FileQuestions::Unsaved::Cancel;
+    FileQuestions::Changed changed = FileQuestions::Changed::Cancel;
 
     QStringList suggestions;
     std::vector<QStringList> replacements;
     QStringList unsavedNames;
+    QStringList changedNames;
     QStringList messages;
 };
 
@@ -55,6 +57,11 @@ public:
     {
         m_answers.unsavedNames.push_back(name);
         return m_answers.unsaved;
+    }
+    Changed aboutChanged(QString const& name) override
+    {
+        m_answers.changedNames.push_back(name);
+        return m_answers.changed;
     }
     void tell(QString const& text) override { m_answers.messages.push_back(text); }
 
