@@ -4,12 +4,13 @@
 // Cuts the real models that have no flaw and at most LARGEST triangles at random, by every kind of
 // connector and tool or by one of them alone, all the cuts or one of them. Counts the pieces that
 // are open, have edges of more than two triangles, cross themselves, cross each other, or have
-// triangles without area or twice.
+// triangles without area or twice. The pieces of one cut alone are written into the working folder.
 #include "cutjobs/PolygonCutImp.h"
 #include "cutjobs/SectionCutImp.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/services/Repair.h"
 #include "tests/display/DrawnTool.h"
+#include "tests/support/ModelFile.h"
 #include "tools/CuboidGraphicObject.h"
 #include "tools/CylinderGraphicObject.h"
 #include "tools/PlaneGraphicObject.h"
@@ -111,11 +112,19 @@ public:
         tally.cuts = 1;
         tally.failed = m_isDone ? 0 : 1;
         if (result.contains(m_part))
-            judge(result.at(m_part), tally);
+            m_pieces = result.at(m_part);
+        judge(m_pieces, tally);
         return tally;
     }
 
     std::string const& description() const { return m_text; }
+
+    /// To piece-0.stl and so on.
+    void writePieces() const
+    {
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            writeStl(soupOf(*m_pieces[i]), "piece-" + std::to_string(i) + ".stl");
+    }
 
 private:
     float number(float low, float high)
@@ -305,6 +314,7 @@ private:
     Mesh::DocumentObject* m_part;
     bool m_isDone = false;
     bool m_hasGap = true;
+    std::vector<std::shared_ptr<MeshKernel>> m_pieces;
     std::string m_text;
 };
 
@@ -334,6 +344,8 @@ int main(int argc, char** argv)
         RandomCut cut(model, kind, seed * 1000003u + unsigned(i));
         Tally const tally = cut.run();
         tallies[kind].add(tally);
+        if (onlyCut >= 0)
+            cut.writePieces();
         if (!tally.isGood()) {
             tally.print(kinds[kind]);
             std::printf("  cut %d of %s:%s\n", i, model.name.c_str(), cut.description().c_str());

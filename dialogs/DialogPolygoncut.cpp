@@ -2,20 +2,16 @@
 #include "dialogs/DialogPolygoncut.h"
 
 #include "cutjobs/PolygonCutImp.h"
-#include "cutjobs/ResultIntegration.h"
-#include "cutjobs/WorkerThread.h"
 #include "dialogs/CutForecast.h"
-#include "dialogs/CutNotes.h"
 #include "dialogs/DialogCoordinateUI.h"
 #include "dialogs/PartQuery.h"
 #include "dialogs/PolygonCutUI.h"
+#include "dialogs/SolidHandOver.h"
 #include "dialogs/ToolButton.h"
+#include "dialogs/ToolProblem.h"
 #include "dialogs/UndoKeys.h"
-#include "display/VolumeViewProvider.h"
 #include "messages/Attention.h"
 #include "platform/document/Document.h"
-#include "platform/mesh/MeshKernel.h"
-#include "platform/mesh/UMesh.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/ui/StoredSettings.h"
@@ -28,7 +24,6 @@
 #include "tools/SolidValues.h"
 #include "tools/ViewAxes.h"
 #include "tools/VolumeGraphicObject.h"
-#include "tools/VolumeOutline.h"
 #include "tools/VolumeProperty.h"
 
 #include <QCheckBox>
@@ -64,13 +59,11 @@ DialogPolygoncut::DialogPolygoncut(QWidget* parent)
     loadParas();
     connectAll();
     new UndoKeys(*this);
-    WorkerThread::start(m_thread, m_worker, this);
+    m_movedPoint.emplace(*this, ui.moveFields);
+    m_cut.emplace(m_worker, this);
 }
 
-DialogPolygoncut::~DialogPolygoncut()
-{
-    WorkerThread::end(m_thread);
-}
+DialogPolygoncut::~DialogPolygoncut() = default;
 
 void* DialogPolygoncut::create(QWidget* parent)
 {
@@ -321,9 +314,9 @@ void DialogPolygoncut::updateGUI()
     ui.startPreview->setEnabled(isReady);
     ui.stopPreview->setEnabled(false);
     ui.ok->setEnabled(isReady && !page().holdsCut());
-    ui.showProblem(problemOfTool());
+    ui.showProblem(problem());
     ui.forecast->refresh();
-    showPoint();
+    m_movedPoint->show(shownPoint());
     if (m_coordinates)
         m_coordinates->refresh();
 }
@@ -331,7 +324,7 @@ void DialogPolygoncut::updateGUI()
 CutForecast::Scene DialogPolygoncut::forecastScene() const
 {
     VolumeGraphicObject* const tool = toolOfPage();
-    if (!tool || !page().isComplete(*tool) || m_job.isRunning())
+    if (!tool || !page().isComplete(*tool) || m_cut->isRunning())
         return {};
     return {tool, view(), PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked())};
 }
@@ -354,25 +347,10 @@ void DialogPolygoncut::showRestored()
     ui.cutTillValue->setValue(double(values.cutTill));
 }
 
-QString DialogPolygoncut::problemOfTool() const
+QString DialogPolygoncut::problem() const
 {
     VolumeGraphicObject* const tool = toolOfPage();
-    auto const* const provider =
-        tool ? dynamic_cast<VolumeViewProvider const*>(tool->getViewProvider()) : nullptr;
-    if (!provider || !provider->getOutline() || !page().isComplete(*tool))
-        return {};
-    ToolOutlines const& outlines = provider->getOutline()->outlines();
-    if (!outlines.problem.empty())
-        return QString::fromStdString(outlines.problem);
-    if (outlines.solidLoops.empty())
-        return tr("The outline encloses nothing. Move its points apart.");
-    VolumeProperty const& record = tool->getVolumeProperty();
-    bool const isInward = page().isClearanceOn() && record.getClearanceDirection() != 1;
-    if (isInward && outlines.innerLoops.empty())
-        return tr(
-            "The clearance leaves nothing inside the outline, so that the parts would be cut "
-            "without a gap. Choose a smaller clearance or a larger outline.");
-    return {};
+    return tool && page().isComplete(*tool) ? problemOfTool(*tool) : QString();
 }
 
 std::optional<UPoint3<float>> DialogPolygoncut::shownPoint() const
@@ -384,28 +362,10 @@ std::optional<UPoint3<float>> DialogPolygoncut::shownPoint() const
     return page().shownPoint(*tool, showsCoordinate);
 }
 
-void DialogPolygoncut::showPoint()
-{
-    std::optional<UPoint3<float>> const point = shownPoint();
-    if (!point)
-        return;
-    for (int axis = 0; axis < 3; ++axis) {
-        MellQuantitySpinBox* const field = ui.moveFields[std::size_t(axis)];
-        field->setValue(field->isEnabledTo(this) ? double((*point)[axis]) : 0.0);
-    }
-}
-
 void DialogPolygoncut::on_line_movePoint_changed()
 {
-    std::optional<UPoint3<float>> const point = shownPoint();
-    if (!point)
-        return;
-    UPoint3<float> const typed(float(ui.moveFields[0]->value()), float(ui.moveFields[1]->value()),
-                               float(ui.moveFields[2]->value()));
-    // The focus alone, which also ends an editing, moves nothing.
-    if (movedAcrossView(*point, typed, m_viewIndex) == *point)
-        return;
-    page().movePoint(view(), typed);
+    m_movedPoint->takeTyped([this] { return shownPoint(); }, m_viewIndex,
+                            [this](UPoint3<float> const& to) { page().movePoint(view(), to); });
 }
 
 void DialogPolygoncut::addPoint(UPoint3<float> const& eyePoint)
@@ -468,23 +428,6 @@ void DialogPolygoncut::on_cut_clicked()
     execute();
 }
 
-bool DialogPolygoncut::handOver(std::vector<UMesh<float>*> const& meshes)
-{
-    std::vector<MeshKernel*> kernels;
-    kernels.reserve(meshes.size());
-    for (UMesh<float>* const mesh : meshes)
-        kernels.push_back(new MeshKernel(mesh));
-    bool const isEmpty = kernels.empty() || kernels.front()->getMesh()->triangles.empty();
-    if (isEmpty) {
-        for (MeshKernel* const kernel : kernels)
-            delete kernel;
-        return false;
-    }
-    m_worker->setParas(page().isClearanceOn(), kernels.size() == 1);
-    m_worker->setInOutPolygonMesh(kernels[0], kernels.size() > 1 ? kernels[1] : nullptr);
-    return true;
-}
-
 void DialogPolygoncut::execute()
 {
     VolumeGraphicObject* const tool = toolOfPage();
@@ -493,52 +436,41 @@ void DialogPolygoncut::execute()
     std::vector<Mesh::DocumentObject*> const parts = getObjects();
     if (parts.empty())
         return;
-    std::vector<UMesh<float>*> meshes;
-    if (page().isClearanceOn())
-        meshes = tool->createInandOutMesh();
-    else if (UMesh<float>* const mesh = tool->createMesh())
-        meshes = {mesh};
-    if (!handOver(meshes)) {
-        QString const problem = problemOfTool();
+    if (!handOverSolids(*m_worker, *tool, page().isClearanceOn())) {
+        QString const why = problem();
         if (view())
             view()->redraw();
         getDocument()->abortTransaction();
-        warnAttention(problem.isEmpty() ? tr("The tool has no solid to cut with. Draw it anew.")
-                                        : problem);
+        warnAttention(why.isEmpty() ? tr("The tool has no solid to cut with. Draw it anew.") : why);
         return;
     }
     m_worker->setObjects(parts);
     ui.forecast->clear();
     emit signalOperate();
-    m_job.start();
+    m_cut->begin();
 }
 
 void DialogPolygoncut::processEnd()
 {
-    m_job.end();
+    m_cut->end();
     ui.forecast->refresh();
 }
 
 void DialogPolygoncut::handleResult(bool ok)
 {
     if (!ok) {
-        warnFailure(m_worker->getErrorMessage(), m_worker->reason());
-        m_job.end();
+        m_cut->tellFailure(*m_worker);
         ui.forecast->refresh();
         return;
     }
     IntegrationRules rules;
     rules.transactionName = "Polygon Cut";
     rules.removesSources = ui.removeOriginal->isChecked();
-    CutNotes const notes(m_worker->remarks());
-    CutResultMap const pieces = m_worker->getResult();
-    ResultIntegration integration(getDocument(), rules);
-    integration.begin(pieces);
-    integration.end();
-    saveParas();
-    m_job.end();
-    destruct();
-    notes.tell();
+    DialogCut::takeResult(*m_worker, getDocument(), rules, [this] {
+        saveParas();
+        m_cut->end();
+        destruct();
+    });
 }
 
 }  // namespace Freecut

@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "dialogs/AnnouncedJob.h"
 #include "dialogs/CutForecast.h"
+#include "dialogs/DialogCut.h"
+#include "dialogs/MovedPoint.h"
 #include "dialogs/PolygonCutWidgets.h"
 #include "dialogs/ToolPreview.h"
 #include "platform/geometry/UPoint3.h"
 #include "platform/ui/DialogWidgetOneOff.h"
 
 #include <QPointer>
-#include <QThread>
 
 #include <optional>
 #include <vector>
 
 class PolygonCutImp;
-template <typename T>
-class UMesh;
 
 namespace Base {
 class GLView;
@@ -122,10 +120,9 @@ private:
     void refreshPages();
     void showRestored();
     std::optional<UPoint3<float>> shownPoint() const;
-    void showPoint();
-    QString problemOfTool() const;
+    /// Why the tool of the page cannot cut; empty if it can, or if there is none yet.
+    QString problem() const;
     void execute();
-    bool handOver(std::vector<UMesh<float>*> const& meshes);
 
     PolygonCutWidgets ui;
     VolumeGraphicObject* object = nullptr;
@@ -133,9 +130,10 @@ private:
     DialogCoordinateUI* m_coordinates = nullptr;
     ToolPreview m_preview;
     int m_viewIndex = -1;
-    AnnouncedJob m_job;
-    QThread m_thread;
+    std::optional<MovedPoint> m_movedPoint;
+    /// Lives with the thread of the cut.
     PolygonCutImp* m_worker;
+    std::optional<DialogCut> m_cut;
 };
 
 }  // namespace Freecut

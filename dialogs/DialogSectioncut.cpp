@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/DialogSectioncut.h"
 
-#include "cutjobs/ResultIntegration.h"
 #include "cutjobs/SectionCutImp.h"
-#include "cutjobs/WorkerThread.h"
 #include "dialogs/ConnectorPreview.h"
-#include "dialogs/CutNotes.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
 #include "dialogs/LivePlane.h"
@@ -58,14 +55,11 @@ DialogSectioncut::DialogSectioncut(QWidget* parent)
     connectAll();
     new UndoKeys(*this);
     updateUIdata();
-    WorkerThread::start(m_thread, m_worker, this);
+    m_cut.emplace(m_worker, this);
     startTool();
 }
 
-DialogSectioncut::~DialogSectioncut()
-{
-    WorkerThread::end(m_thread);
-}
+DialogSectioncut::~DialogSectioncut() = default;
 
 void* DialogSectioncut::create(QWidget* parent)
 {
@@ -364,36 +358,31 @@ void DialogSectioncut::on_cut_clicked()
     m_worker->setCheckBoundary(ui.useBoundary->isChecked());
     m_worker->setPlaneObject(planeObject);
     emit signalOperate();
-    m_job.start();
+    m_cut->begin();
 }
 
 void DialogSectioncut::processEnd()
 {
-    m_job.end();
+    m_cut->end();
 }
 
 void DialogSectioncut::handleResult(bool ok)
 {
     if (!ok) {
-        warnFailure(m_worker->getErrorMessage(), m_worker->reason());
-        m_job.end();
+        m_cut->tellFailure(*m_worker);
         return;
     }
     IntegrationRules rules;
     rules.removesSources = ui.removeOriginal->isChecked();
     // The document stays where it is while the dialog ends.
     QPointer<Base::GLView> const shownIn = view();
-    CutNotes const notes(m_worker->remarks());
-    CutResultMap const pieces = m_worker->getResult();
-    ResultIntegration integration(getDocument(), rules);
-    integration.begin(pieces);
-    integration.end();
-    saveParas();
-    destruct();
-    if (shownIn)
-        shownIn->redraw();
-    m_job.end();
-    notes.tell();
+    DialogCut::takeResult(*m_worker, getDocument(), rules, [this, &shownIn] {
+        saveParas();
+        destruct();
+        if (shownIn)
+            shownIn->redraw();
+        m_cut->end();
+    });
 }
 
 }  // namespace Freecut

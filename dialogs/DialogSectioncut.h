@@ -3,13 +3,12 @@
 
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
-#include "dialogs/AnnouncedJob.h"
+#include "dialogs/DialogCut.h"
 #include "dialogs/PlaneNumbers.h"
 #include "dialogs/SectionCutWidgets.h"
 #include "platform/ui/DialogWidgetOneOff.h"
 
-#include <QThread>
-
+#include <optional>
 #include <vector>
 
 class SectionCutImp;
@@ -124,9 +123,9 @@ private:
     UBox3<float> partsBox;
     PlaneTravel travel;
     float stepSize = 0.1f;
-    AnnouncedJob m_job;
-    QThread m_thread;
+    /// Lives with the thread of the cut.
     SectionCutImp* m_worker;
+    std::optional<DialogCut> m_cut;
 };
 
 }  // namespace Freecut

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "connectors/SectionSurvey.h"
-#include "dialogs/NewestWork.h"
+#include "display/NewestWork.h"
 
 #include <string>
 #include <vector>

@@ -35,6 +35,7 @@ PolygoncutSelection::~PolygoncutSelection()
     deleteHightLightedLine();
     runningEdge.hide();
     runningEdge.remove();
+    sections.remove();
 }
 
 void PolygoncutSelection::initialize()
@@ -50,6 +51,7 @@ void PolygoncutSelection::resetSelection()
     hoverEdge = -1;
     hoverLine.hide();
     runningEdge.hide();
+    sections.hide();
 }
 
 PolygonGraphicObject* PolygoncutSelection::getPolygon() const
@@ -182,11 +184,22 @@ int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
             beginDrag(*vertex, putBack());
             return 0;
         }
+        if (isOutlineUnder(*event)) {
+            draggingOutline = true;
+            captureDrag(putBack());
+            return 0;
+        }
     }
     if (addTeeth)
         if (auto const hit = toothAt(*m_view, event->pos(), *getPolygon()))
             beginToothDrag(*hit);
     return 0;
+}
+
+bool PolygoncutSelection::isOutlineUnder(QMouseEvent const& event) const
+{
+    return event.modifiers() == (Qt::ShiftModifier | Qt::ControlModifier) && !addTeeth &&
+           ContourEditing(*m_view, *getPolygon()).isAround(event.pos());
 }
 
 std::function<void()> PolygoncutSelection::putBack()
@@ -215,6 +228,8 @@ bool PolygoncutSelection::dragStep(QMouseEvent const& event)
     UVector3<float> const delta = worldDelta(event.pos());
     if (isDragging)
         dragVertex(delta, event);
+    else if (draggingOutline)
+        ContourEditing(*m_view, *getPolygon()).moveAll(delta);
     else if (draggingBasePoint)
         BasePntDragMove(delta, &event);
     else
@@ -224,7 +239,7 @@ bool PolygoncutSelection::dragStep(QMouseEvent const& event)
 
 bool PolygoncutSelection::endDrag()
 {
-    for (bool* const flag : {&isDragging, &draggingBasePoint, &draggingHandle})
+    for (bool* const flag : {&isDragging, &draggingBasePoint, &draggingHandle, &draggingOutline})
         if (*flag) {
             *flag = false;
             return true;
@@ -234,6 +249,7 @@ bool PolygoncutSelection::endDrag()
 
 int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
 {
+    showSections(event->modifiers());
     dragStep(*event);
     lastPos = event->pos();
     if (isFrozen()) {
@@ -255,7 +271,7 @@ void PolygoncutSelection::hover(QMouseEvent const& event)
 {
     QPoint const position = event.pos();
     showRunningEdge(event);
-    if (isHandleUnder(position))
+    if (isHandleUnder(position) || draggingOutline || isOutlineUnder(event))
         showCursor("cursor_freecutmove");
     else
         showCursor(addTeeth ? "cursor_addteeth" : "cursor_polygoncut");
@@ -285,6 +301,40 @@ RunningEdge::Spot PolygoncutSelection::spotOf(std::size_t vertex) const
     return spot;
 }
 
+UPoint3<float> PolygoncutSelection::held(UPoint3<float> const& point, QMouseEvent const& event,
+                                         RunningEdge::Spot const& spot) const
+{
+    return RunningEdge::held(*m_view, point, event.pos(), spot, event.modifiers(),
+                             sections.section());
+}
+
+std::vector<SectionPlane> PolygoncutSelection::sectionPlanes() const
+{
+    UVector3<float> const sight = m_view->getViewDirection();
+    if (!graphicObject) {
+        UBox3<float> const box = getObjectsBox();
+        return {{box.min + (box.max - box.min) * 0.5f, sight}};
+    }
+    // Half way through, and where the solid ends within the parts.
+    VolumeProperty const& record = getPolygon()->getProperty();
+    UPoint3<float> front = m_view->getViewRefPoint();
+    m_view->getEyePointFromWCSPoint(front);
+    front.Z() = record.getSketchDepth();
+    m_view->getWCSPointFromEyePoint(front);
+    std::vector<SectionPlane> planes{{front - record.getExtrudeVector() * 0.5f, sight}};
+    if (record.getCutTillEnabled())
+        planes.push_back({front - record.getExtrudeVector(), sight});
+    return planes;
+}
+
+void PolygoncutSelection::showSections(Qt::KeyboardModifiers keys)
+{
+    if (keys == Qt::ControlModifier && !addTeeth && !isInPreview())
+        sections.show(*m_view, sectionPlanes());
+    else
+        sections.hide();
+}
+
 void PolygoncutSelection::dragVertex(UVector3<float> const& delta, QMouseEvent const& event)
 {
     auto const vertex = std::size_t(selectedIndex);
@@ -294,9 +344,7 @@ void PolygoncutSelection::dragVertex(UVector3<float> const& delta, QMouseEvent c
     if (isFree)
         dragMoveMouseLeft(delta);
     else
-        dragMoveMouseLeft(
-            RunningEdge::held(*m_view, draggedTo, event.pos(), spotOf(vertex), event.modifiers()) -
-            stands);
+        dragMoveMouseLeft(held(draggedTo, event, spotOf(vertex)) - stands);
 }
 
 void PolygoncutSelection::showRunningEdge(QMouseEvent const& event)
@@ -313,8 +361,7 @@ void PolygoncutSelection::showRunningEdge(QMouseEvent const& event)
     UPoint3<float> const under =
         sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth());
     RunningEdge::Spot const spot = spotOfNew(under);
-    runningEdge.show(*m_view,
-                     RunningEdge::held(*m_view, under, event.pos(), spot, event.modifiers()), spot,
+    runningEdge.show(*m_view, held(under, event, spot), spot,
                      RunningEdge::isHolding(event.modifiers()));
 }
 
@@ -327,7 +374,7 @@ void PolygoncutSelection::addPointAt(QMouseEvent const& event)
         if (graphicObject)
             point.Z() = getPolygon()->getProperty().getSketchDepth();
         m_view->getWCSPointFromEyePoint(point);
-        eye = RunningEdge::held(*m_view, point, event.pos(), spotOfNew(point), event.modifiers());
+        eye = held(point, event, spotOfNew(point));
         m_view->getEyePointFromWCSPoint(eye);
     }
     runningEdge.hide();

@@ -3,6 +3,7 @@
 
 #include "platform/document/TypeEntry.h"
 #include "selection/HoverLine.h"
+#include "selection/PartSections.h"
 #include "selection/RunningEdge.h"
 #include "selection/TeethEditing.h"
 #include "selection/VolumeSelection.h"
@@ -16,7 +17,8 @@ class PolygonGraphicObject;
 /// their edge and reshaped by their handles. During a preview it leaves the mouse alone.
 ///
 /// Shift and control hold a point that is drawn or dragged to something, as RunningEdge says; the
-/// status line tells lengths and angles of its edges. Backspace removes the point that was drawn
+/// status line tells lengths and angles of its edges. With both of them a drag within the outline
+/// moves all of it, with its teeth. Backspace removes the point that was drawn
 /// last, the arrow keys nudge the selected one.
 class PolygoncutSelection : public Base::TypeEntry<PolygoncutSelection, VolumeSelection>
 {
@@ -73,6 +75,8 @@ public:
     int getSelectedIndex() const { return selectedIndex; }
     /// The edge under the mouse; -1 for none.
     int getHoverEdge() const { return hoverEdge; }
+    /// To which points are drawn while control is held.
+    PartSections& getSections() { return sections; }
 
 private:
     ToolState editState() const;
@@ -83,6 +87,12 @@ private:
     /// Where a new point under the mouse belongs, and where one stands that is there.
     RunningEdge::Spot spotOfNew(UPoint3<float> const& point) const;
     RunningEdge::Spot spotOf(std::size_t vertex) const;
+    /// Where a point under the mouse comes to lie while keys are held.
+    UPoint3<float> held(UPoint3<float> const& point, QMouseEvent const& event,
+                        RunningEdge::Spot const& spot) const;
+    /// Shows the section of the parts while control is held.
+    void showSections(Qt::KeyboardModifiers keys);
+    std::vector<SectionPlane> sectionPlanes() const;
     void dragVertex(UVector3<float> const& delta, QMouseEvent const& event);
     void showRunningEdge(QMouseEvent const& event);
     void addPointAt(QMouseEvent const& event);
@@ -91,7 +101,12 @@ private:
     void BasePntDragMove(UVector3<float> delta, QMouseEvent const* event);
     void WidthHeightDragMove(UVector3<float> delta, QMouseEvent const* event);
     bool dragStep(QMouseEvent const& event);
-    bool isDragRunning() const { return isDragging || draggingBasePoint || draggingHandle; }
+    bool isDragRunning() const
+    {
+        return isDragging || draggingBasePoint || draggingHandle || draggingOutline;
+    }
+    /// The mouse would move the whole outline.
+    bool isOutlineUnder(QMouseEvent const& event) const;
     bool endDrag();
     void beginToothDrag(ToothHit const& hit);
     /// Takes the outline and its teeth back to what they are now.
@@ -106,11 +121,13 @@ private:
     int hoverEdge = -1;
     HoverLine hoverLine;
     RunningEdge runningEdge;
+    PartSections sections;
     /// Where the mouse has dragged the vertex, held to something or not.
     UPoint3<float> draggedTo;
     TeethEditing teeth;
     bool draggingBasePoint = false;
     bool draggingHandle = false;
+    bool draggingOutline = false;
     int selectedEdge = 0;
     /// A drag was refused: the release that ends it is no click.
     bool isPressSpent = false;

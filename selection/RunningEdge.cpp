@@ -9,11 +9,13 @@
 #include "platform/view/MeshGLView.h"
 #include "selection/PointSnap.h"
 #include "selection/RoundSteps.h"
+#include "tools/PartSection.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 #include <QStatusBar>
 
+#include <algorithm>
 #include <array>
 
 namespace Freecut {
@@ -63,6 +65,23 @@ void addParts(SnapTargets& targets, Base::GLView const& view, QPoint mouse)
     }
 }
 
+/// What of the section lies so near to a place that it may be drawn to it.
+void addSection(SnapTargets& targets, Base::GLView const& view, Place const& place, float reach,
+                SectionLines const& section)
+{
+    for (Point const& corner : section.corners)
+        targets.corners.push_back(placeOf(view, corner));
+    for (auto const& [from, to] : section.lines) {
+        Place const a = placeOf(view, from), b = placeOf(view, to);
+        auto const isBeside = [reach](float value, float end, float otherEnd) {
+            return value + reach < std::min(end, otherEnd) ||
+                   value - reach > std::max(end, otherEnd);
+        };
+        if (!isBeside(place.X(), a.X(), b.X()) && !isBeside(place.Y(), a.Y(), b.Y()))
+            targets.edges.emplace_back(a, b);
+    }
+}
+
 /// The outline as it is without the point.
 void addOutline(SnapTargets& targets, Base::GLView const& view, RunningEdge::Spot const& spot)
 {
@@ -99,7 +118,7 @@ bool RunningEdge::isHolding(Qt::KeyboardModifiers keys)
 }
 
 Point RunningEdge::held(Base::GLView const& view, Point const& point, QPoint mouse,
-                        Spot const& spot, Qt::KeyboardModifiers keys)
+                        Spot const& spot, Qt::KeyboardModifiers keys, SectionLines const& section)
 {
     if (!isHolding(keys))
         return point;
@@ -109,9 +128,11 @@ Point RunningEdge::held(Base::GLView const& view, Point const& point, QPoint mou
     std::size_t const n = spot.others.size();
     if (keys == Qt::ControlModifier) {
         SnapTargets targets;
+        float const reach = inMillimetres(view, snapReach);
         addParts(targets, view, mouse);
+        addSection(targets, view, place, reach, section);
         addOutline(targets, view, spot);
-        place = snapped(place, targets, inMillimetres(view, snapReach));
+        place = snapped(place, targets, reach);
     } else if (n > 0) {
         place = onRoundEdge(placeOf(view, spot.others[(spot.index + n - 1) % n]), place,
                             gridStep(view));
@@ -141,6 +162,11 @@ void RunningEdge::show(Base::GLView& view, Point const& point, Spot const& spot,
             translated(QT_TRANSLATE_NOOP("Freecut::PolygoncutSelection", "Edge: %1. Next edge: %2"))
                 .arg(textOf(measureEdge(placeOf(view, before), place)),
                      textOf(measureEdge(place, placeOf(view, after))));
+    m_told += QStringLiteral("   ") +
+              translated(QT_TRANSLATE_NOOP(
+                  "Freecut::PolygoncutSelection",
+                  "Shift: 15 degrees and round lengths. Ctrl: to points, "
+                  "edges and the section of parts. Both and a drag inside: the whole outline."));
     if (MainWindow* const window = MainWindow::getInstance())
         window->statusBar()->showMessage(m_told);
     if (isDrawn)

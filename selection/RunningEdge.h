@@ -17,12 +17,13 @@ class GLView;
 namespace Freecut {
 
 class RubberLine;
+struct SectionLines;
 
 /// A point of an outline that is being drawn or dragged, with the two edges that run to it.
 ///
 /// While a key is held the point is drawn to something: shift turns the edge before it to the next
 /// multiple of 15 degrees and makes its length a round one; control draws it to corners and edges of
-/// the parts, to edges of the outline, and in line with its other points.
+/// the parts and of their section, to edges of the outline, and in line with its other points.
 class RunningEdge
 {
 public:
@@ -41,12 +42,16 @@ public:
     };
 
     /// Where a point of the drawing plane comes to lie while these keys are held.
+    ///
+    /// section  of the parts, to which control draws it too
     static UPoint3<float> held(Base::GLView const& view, UPoint3<float> const& point, QPoint mouse,
-                               Spot const& spot, Qt::KeyboardModifiers keys);
+                               Spot const& spot, Qt::KeyboardModifiers keys,
+                               SectionLines const& section);
     /// Whether the keys hold points at all.
     static bool isHolding(Qt::KeyboardModifiers keys);
 
-    /// Tells lengths and angles of the edges in the status line, and draws them in the view.
+    /// Tells lengths and angles of the edges in the status line, and which keys hold the point, and
+    /// draws the edges in the view.
     void show(Base::GLView& view, UPoint3<float> const& point, Spot const& spot, bool isDrawn);
     void hide();
     /// Takes the line out of its view.

@@ -71,12 +71,10 @@ bool BrokenRuns::run(unsigned seed)
 Soup BrokenRuns::makePart(std::mt19937& random) const
 {
     Soup part = randomBrokenPart(random, m_withInverted);
-    if (m_withInverted)
-        return random() % 8 == 0 ? damaged(std::move(part), random) : part;
     // Shells that take each other away may leave nothing.
-    while (part.triangles.empty() || windsBelowZero(part))
-        part = randomBrokenPart(random, false);
-    return part;
+    while (part.triangles.empty() || (!m_withInverted && windsBelowZero(part)))
+        part = randomBrokenPart(random, m_withInverted);
+    return m_withInverted && random() % 8 == 0 ? damaged(std::move(part), random) : part;
 }
 
 FuzzOperation const& BrokenRuns::choose(std::mt19937& random) const

@@ -35,6 +35,9 @@ Soup shifted(Soup soup, float x, float y, float z)
 void displacePoint(Soup& soup, std::mt19937& random)
 {
     soup.joinPoints();
+    // Shells that take each other away may leave nothing.
+    if (soup.points.empty())
+        return;
     auto& p = soup.points[random() % soup.points.size()];
     p = {place(random, 6) - 1, place(random, 6) - 1, place(random, 6) - 1};
 }

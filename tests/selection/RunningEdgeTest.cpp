@@ -43,6 +43,20 @@ protected:
     PolygoncutSelection* tool;
 };
 
+/// A pyramid of 60 by 60 mm and 40 mm high: half way up it is 30 by 30 mm, where its faces have no edge.
+Soup pyramid()
+{
+    Soup soup;
+    for (auto const& [x, y] : {std::pair(-30, -30), {30, -30}, {30, 30}, {-30, 30}})
+        soup.add(Point(float(x), float(y), -20));
+    soup.add(Point(0, 0, 20));
+    for (unsigned i = 0; i < 4; ++i)
+        soup.add(i, (i + 1) % 4, 4);
+    soup.add(0, 2, 1);
+    soup.add(0, 3, 2);
+    return soup;
+}
+
 double degreesOf(Point const& from, Point const& to)
 {
     return measureEdge({from.X(), from.Y()}, {to.X(), to.Y()}).degrees;
@@ -150,6 +164,69 @@ TEST_F(RunningEdgeOfPolygon, ControlDrawsPointsToCornersAndEdgesOfParts)
     EXPECT_TRUE(isOnSide);
     clickAt(5, 5);
     EXPECT_EQ(points().size(), 4u) << "without a key a click stays where it is";
+}
+
+TEST_F(RunningEdgeOfPolygon, ControlDrawsPointsToTheSectionOfPartsHalfWayThrough)
+{
+    scene.document->removeObject(scene.document->getMeshObjects()[0]);
+    scene.add(pyramid(), "pyramid");
+    tool = scene.start<PolygoncutSelection>();
+    move(scene.view, at(2, 14.2f), {}, Qt::ControlModifier);
+    tool->getSections().work().finish();
+    EXPECT_EQ(tool->getSections().section().lines.size(), 4u) << "one for each side";
+    // Beside the section's upper side, and near its corner.
+    clickAt(6, 14.2f, Qt::ControlModifier);
+    clickAt(-14.1f, -15.8f, Qt::ControlModifier);
+    ASSERT_EQ(points().size(), 2u);
+    EXPECT_NEAR(points()[0].Y(), 15, 1e-3);
+    EXPECT_NEAR(points()[0].X(), 6, 0.2);
+    EXPECT_NEAR(points()[1].X(), -15, 1e-3);
+    EXPECT_NEAR(points()[1].Y(), -15, 1e-3);
+    // Without the key it is neither shown nor does it hold.
+    move(scene.view, at(2, -14.2f));
+    EXPECT_TRUE(tool->getSections().section().lines.empty());
+    clickAt(20, -14.2f);
+    for (Point const& point : points())
+        EXPECT_TRUE(std::abs(point.Y() + 15) > 0.3f || point.X() < 0) << point.X();
+}
+
+TEST_F(RunningEdgeOfPolygon, TheSectionFollowsWhatIsSeenOfTheParts)
+{
+    scene.document->removeObject(scene.document->getMeshObjects()[0]);
+    Mesh::DocumentObject* const part = scene.add(pyramid(), "pyramid");
+    tool = scene.start<PolygoncutSelection>();
+    auto const widthOfSection = [&] {
+        move(scene.view, at(2, 14.2f), {}, Qt::ControlModifier);
+        tool->getSections().work().finish();
+        float widest = 0;
+        for (auto const& [a, b] : tool->getSections().section().lines)
+            for (Point const& end : {a, b})
+                widest = std::max(widest, std::abs(end.X()));
+        return widest;
+    };
+    EXPECT_NEAR(widthOfSection(), 15, 1e-3);
+    UMatrix4<float> moved;
+    moved(0, 3) = 7;
+    part->setMatrix(moved, true, true);
+    EXPECT_NEAR(widthOfSection(), 22, 1e-3);
+    part->setVisible(false);
+    EXPECT_EQ(widthOfSection(), 0);
+    part->setVisible(true);
+    // Where the cut ends, too: at the depth of a quarter of the pyramid from below.
+    for (Point const& p : {Point(-50, -40, 0), Point(50, -40, 0), Point(50, 40, 0)})
+        clickAt(p.X(), p.Y());
+    PolygonProperty& record = tool->getPolygon()->getProperty();
+    record.setShapeParameters(false, 0, 0, true, -10, 178, false, 1, false, 2);
+    EXPECT_NEAR(widthOfSection(), 7 + 22.5, 0.1);
+    scene.view.stopSelection();
+}
+
+TEST_F(RunningEdgeOfPolygon, TellsWhichKeysHoldAPoint)
+{
+    clickAt(0, 0);
+    move(scene.view, at(10, 10));
+    EXPECT_TRUE(told().contains("Ctrl: to points, edges and the section of parts."))
+        << told().toStdString();
 }
 
 TEST_F(RunningEdgeOfPolygon, ControlDrawsADraggedPointInLineWithTheOthers)

@@ -138,6 +138,62 @@ TEST(RoundingMending, PiecesThatShareAPointKeepSharingIt)
     EXPECT_EQ(soupOf(pieces[0], places).triangles, soupOf(pieces[1], places).triangles);
 }
 
+/// A stop leaves what was there, closed, and tells all of it.
+TEST(RoundingMending, WhatTheWorkDoesNotReachIsNamed)
+{
+    Soup const right = boxUnderATip(40.5f);
+    Soup const pushed = boxUnderATip(unitsBelow(40, 2));
+    OperandSoup const operand = operandOf(right);
+    StageProgress progress(nobody);
+    std::vector<bool> isFree(pushed.points.size(), false);
+    isFree.back() = true;
+    bool wasMended = false;
+    for (std::size_t work = 0; work < 4000; work += work < 200 ? 1 : 97) {
+        Pieces pieces{wholeOf(pushed)};
+        std::vector<Point> places = pushed.points;
+        auto const left = RoundingMending(operand, pieces, places, isFree, {work, 0}).run(progress);
+        Soup const result = soupOf(pieces[0], places);
+        EXPECT_EQ(closedSolidFaults(result), "") << work;
+        EXPECT_EQ(left.size(), crossingsOf(result)) << work;
+        EXPECT_EQ(left.empty(), work > 0);
+        wasMended |= left.empty();
+    }
+    EXPECT_TRUE(wasMended);
+}
+
+/// Slabs that stand askew have boxes that hold everything: they must not use up what the few places
+/// need where something crosses.
+TEST(RoundingMending, LongTrianglesAllAroundDoNotUseUpTheWork)
+{
+    Soup right, pushed;
+    std::vector<std::size_t> tips;
+    for (int i = 0; i < 4; ++i)
+        for (Soup* const soup : {&right, &pushed}) {
+            Soup one = boxUnderATip(soup == &right ? 40.5f : unitsBelow(40, 2));
+            for (Point& p : one.points)
+                p += UVector3<float>(25 * float(i), 0, 0);
+            soup->append(one);
+            if (soup == &pushed)
+                tips.push_back(pushed.points.size() - 1);
+        }
+    for (int i = 0; i < 400; ++i) {
+        Soup slab = box(160, 0.005f, 100, {-40, 0, -40});
+        for (Point& p : slab.points)
+            p += UVector3<float>(0, 31 + 0.01f * float(i) + 0.3f * (p.X() + p.Z()), 0);
+        right.append(slab);
+        pushed.append(slab);
+    }
+    OperandSoup const operand = operandOf(right);
+    Pieces pieces{wholeOf(pushed)};
+    std::vector<Point> places = pushed.points;
+    std::vector<bool> isFree(places.size(), false);
+    for (std::size_t const tip : tips)
+        isFree[tip] = true;
+    StageProgress progress(nobody);
+    RoundingMending mending(operand, pieces, places, isFree, {100'000, 0});
+    EXPECT_TRUE(mending.run(progress).empty());
+}
+
 TEST(RoundingMending, NeedlesBetweenPointsInAlmostOnePlaceLeaveNoCrossing)
 {
     // A body is trimmed to a round part and joined to it again: the trimmed surface lies on the

@@ -3,11 +3,10 @@
 
 #include "host/services/StageProgress.h"
 #include "host/services/boolean/BooleanPieces.h"
+#include "host/services/boolean/BoxCells.h"
 #include "host/services/boolean/OperandSoup.h"
 
 #include <vector>
-
-class BoxCells;
 
 /// Mends what rounding has done to the pieces of one boolean: their points are where exact ones are
 /// to the nearest float, so a needle may have come to lie on the wrong side of its neighbour, and
@@ -21,13 +20,27 @@ class BoxCells;
 class RoundingMending
 {
 public:
+    /// How much work one pass may take, in tests of two boxes, of which a million take some
+    /// milliseconds: hundreds of crossings are mended in all cases, and surfaces that lie on each
+    /// other all over do not hold up the cut. What is left when it is used up is told like all else.
+    struct Limits
+    {
+        std::size_t work = 50'000'000;
+        std::size_t workPerTriangle = 1000;
+    };
+
     /// soup    of the operands
     /// pieces  by point numbers; triangles leave where two points become one
     /// places  by point number; those of free points change
     /// isFree  by point number: whether a point may be moved, for all triangles at it are in pieces
     RoundingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
+                    std::vector<UPoint3<float>>& places, std::vector<bool> const& isFree,
+                    Limits limits)
+        : m_soup(soup), m_pieces(pieces), m_places(places), m_isFree(isFree), m_limits(limits)
+    {}
+    RoundingMending(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>>& pieces,
                     std::vector<UPoint3<float>>& places, std::vector<bool> const& isFree)
-        : m_soup(soup), m_pieces(pieces), m_places(places), m_isFree(isFree)
+        : RoundingMending(soup, pieces, places, isFree, Limits())
     {}
 
     /// Mends all pieces. Returns a place of each pair of triangles that is left. Pairs without a
@@ -40,10 +53,12 @@ public:
     std::vector<UPoint3<float>> run(StageProgress& progress);
 
 private:
-    std::vector<UPoint3<float>> mendWithin(BoxCells const& cells, StageProgress& progress);
+    BoxCells cellsOf(std::vector<TriangleTree::Box> boxes) const;
+    bool mendWithin(BoxCells const& cells, StageProgress& progress);
 
     OperandSoup const& m_soup;
     std::vector<std::vector<PieceTriangle>>& m_pieces;
     std::vector<UPoint3<float>>& m_places;
     std::vector<bool> const& m_isFree;
+    Limits m_limits;
 };

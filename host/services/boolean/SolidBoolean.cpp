@@ -15,6 +15,7 @@
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
 #include "host/services/boolean/SelfContacts.h"
+#include "host/services/boolean/SolidMending.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
@@ -28,6 +29,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <tuple>
@@ -476,32 +478,41 @@ private:
                           boolean.curveCount(), availableMemory()))
             Refusal::throwTooMuch();
         ResultCheck const check(part, m_tool.mesh, m_progress);
-        auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), check);
+        auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), part, check);
         // Corefinement may go wrong where an operand touches itself.
         if (results.empty())
-            results = checked(Exact::combineArranged(part, m_tool.mesh, wanted, m_progress), check);
+            results =
+                checked(Exact::combineArranged(part, m_tool.mesh, wanted, m_progress), part, check);
         if (results.empty())
             Refusal::throwNotCombined(part, m_tool.mesh, m_doubtful, m_progress);
         return results;
     }
 
-    /// The solids as results; none if one of them is missing or wrong.
-    std::vector<BooleanResult> checked(Exact::CombinedSolids const& solids,
+    /// The solids as results, mended; none if one of them is missing or wrong.
+    std::vector<BooleanResult> checked(Exact::CombinedSolids combined, MeshArrays const& part,
                                        ResultCheck const& check)
     {
-        std::vector<BooleanResult> results;
+        std::vector<MeshArrays*> solids;
         for (BooleanPiece const piece : m_pieces) {
-            auto const& solid = piece == BooleanPiece::united   ? solids.united
-                                : piece == BooleanPiece::common ? solids.common
-                                                                : solids.difference;
+            auto& solid = piece == BooleanPiece::united   ? combined.united
+                          : piece == BooleanPiece::common ? combined.common
+                                                          : combined.difference;
             if (!solid)
                 return {};
-            if (auto const fault = check.findFault(*solid, BooleanRule(piece))) {
+            solids.push_back(&*solid);
+        }
+        auto const crossings =
+            mendSolids(std::array<MeshArrays const*, 2>{&part, &m_tool.mesh}, solids, m_progress);
+        std::vector<BooleanResult> results;
+        for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+            if (auto const fault = check.findFault(*solids[i], BooleanRule(m_pieces[i]))) {
                 m_doubtful = fault;
                 return {};
             }
-            results.push_back({makeMesh(*solid, m_progress)});
+            results.push_back({makeMesh(*solids[i], m_progress)});
         }
+        if (!m_survey)
+            logCrossings(crossings);
         return results;
     }
 

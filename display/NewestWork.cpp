@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "dialogs/NewestWork.h"
+#include "display/NewestWork.h"
 
 #include "platform/jobs/Exceptions.h"
 

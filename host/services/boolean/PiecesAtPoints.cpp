@@ -1,0 +1,425 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/PiecesAtPoints.h"
+
+#include "host/mesh/ExactSigns.h"
+#include "host/services/Polling.h"
+#include "host/services/TrianglePair.h"
+#include "host/services/boolean/TriangleGap.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <limits>
+
+namespace {
+
+using Point = UPoint3<float>;
+using Box = TriangleTree::Box;
+
+constexpr int mostStepsPerPair = 6;
+/// What a test of two triangles costs beside one of two boxes.
+constexpr std::size_t workPerMeeting = 30;
+/// How far a point may be moved at a time, in units of the last place.
+constexpr std::array moveUnits{1, 2, 4, 8, 16};
+constexpr double joinUnits = 32;
+constexpr std::size_t mostJoins = 4;
+
+double squaredLength(Point const& a, Point const& b)
+{
+    ExactSigns::Offset const d(a, b);
+    return d.x * d.x + d.y * d.y + d.z * d.z;
+}
+
+float unitOf(Point const& p)
+{
+    float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
+    return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
+}
+
+Box grown(Box box, float reach)
+{
+    for (std::size_t k = 0; k < 3; ++k) {
+        box.low[k] -= reach;
+        box.high[k] += reach;
+    }
+    return box;
+}
+
+}  // namespace
+
+PiecesAtPoints::PiecesAtPoints(OperandSoup const& soup,
+                               std::vector<std::vector<PieceTriangle>> const& pieces,
+                               std::vector<Point> const& places, std::vector<bool> const& isFree,
+                               std::size_t mostWork, StageProgress& progress)
+    : m_soup(soup), m_isFree(isFree), m_mostWork(mostWork), m_around(places.size())
+{
+    m_mesh.points = places;
+    Polling polling(progress);
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        for (PieceTriangle const& t : pieces[i]) {
+            polling.step();
+            for (Index const corner : t.corners)
+                m_around[corner].push_back(m_mesh.triangles.size());
+            m_mesh.triangles.push_back(t.corners);
+            m_sources.push_back({t.triangle, t.isTurned, i});
+        }
+}
+
+std::vector<PiecesAtPoints::Pair> PiecesAtPoints::pairsBetween(std::size_t begin, std::size_t end,
+                                                               StageProgress& progress) const
+{
+    std::vector<PieceTriangle> triangles;
+    std::vector<std::size_t> which;
+    Polling polling(progress);
+    for (std::size_t t = begin; t < end; ++t, polling.step())
+        if (!isGone(t)) {
+            triangles.push_back(
+                {m_mesh.triangles[t], m_sources[t].triangle, m_sources[t].isTurned});
+            which.push_back(t);
+        }
+    auto pairs = RoundingCrossings(m_soup, m_isFree).find(triangles, m_mesh.points, progress);
+    for (Pair& pair : pairs)
+        pair = {which[pair[0]], which[pair[1]]};
+    return pairs;
+}
+
+bool PiecesAtPoints::doMeet(std::size_t t, std::size_t u) const
+{
+    return !isFlat(t) && !isFlat(u) && doTrianglesMeet(m_mesh, t, u);
+}
+
+bool PiecesAtPoints::mend(Pair const& pair, StageProgress& progress)
+{
+    bool isChanged = false;
+    if (RoundingCrossings::isDeep(m_mesh, pair[0], pair[1]))
+        return false;
+    for (int step = 0; step < mostStepsPerPair && m_work < m_mostWork; ++step) {
+        if (isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]))
+            break;
+        if (!takeBestMove(pair, progress))
+            break;
+        isChanged = true;
+    }
+    return isChanged;
+}
+
+bool PiecesAtPoints::isFlat(std::size_t t) const
+{
+    return ExactSigns::areCollinear(m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2));
+}
+
+/// Whether a triangle looks another way than the one that it is a part of.
+bool PiecesAtPoints::isTurned(std::size_t t) const
+{
+    Source const& source = m_sources[t];
+    auto const normal = [](Point const& a, Point const& b, Point const& c) {
+        ExactSigns::Offset const u(a, b), v(a, c);
+        return UVector3<double>(u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z,
+                                u.x * v.y - u.y * v.x);
+    };
+    MeshArrays const& soup = m_soup.mesh;
+    double const along = normal(m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)) |
+                         normal(soup.point(source.triangle, 0), soup.point(source.triangle, 1),
+                                soup.point(source.triangle, 2));
+    return source.isTurned ? along >= 0 : along <= 0;
+}
+
+PiecesAtPoints::Box PiecesAtPoints::boxOf(std::size_t t) const
+{
+    Box box;
+    for (int k = 0; k < 3; ++k) {
+        Point const& p = m_mesh.point(t, k);
+        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+    }
+    return box;
+}
+
+float PiecesAtPoints::unitAt(Index point) const
+{
+    return unitOf(m_mesh.points[point]);
+}
+
+std::array<Point, 3> PiecesAtPoints::cornersOf(std::size_t t) const
+{
+    return {m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)};
+}
+
+bool PiecesAtPoints::takeBestMove(Pair const& pair, StageProgress& progress)
+{
+    std::set<Index> points;
+    for (std::size_t const t : pair)
+        for (Index const corner : m_mesh.triangles[t])
+            if (m_isFree[corner])
+                points.insert(corner);
+    std::vector<std::size_t> const near = trianglesNear(points, progress);
+    std::optional<Move> best;
+    for (Index const point : points) {
+        progress.add(0);
+        listNeighbours(point, near);
+        int const before = faultsNow();
+        if (best && before <= best->gain)
+            continue;
+        for (Move& move : movesOf(point)) {
+            move.gain = before - faultsAfter(move, before - (best ? best->gain : 0));
+            if (move.gain > 0 && (!best || move.gain > best->gain))
+                best = move;
+            if (move.gain == before)
+                break;
+        }
+        if (best && best->point == point && best->gain == before)
+            break;
+    }
+    if (best)
+        apply(*best);
+    return best.has_value();
+}
+
+/// By how much a point can come nearer to others in one move.
+float PiecesAtPoints::reachOf(Index point) const
+{
+    return unitAt(point) * float(2 * joinUnits);
+}
+
+/// The triangles that those around some points may meet.
+std::vector<std::size_t> PiecesAtPoints::trianglesNear(std::set<Index> const& points,
+                                                       StageProgress& progress)
+{
+    Box box;
+    for (Index const point : points)
+        for (std::size_t const t : m_around[point])
+            if (!isGone(t))
+                box.add(grown(boxOf(t), reachOf(point)));
+    std::vector<std::size_t> near;
+    Polling polling(progress);
+    for (std::size_t t = 0; t < m_mesh.triangles.size(); ++t, polling.step())
+        if (!isGone(t) && boxOf(t).overlaps(box))
+            near.push_back(t);
+    m_work += m_mesh.triangles.size();
+    return near;
+}
+
+/// Lists, for each triangle around a point, which others it may meet while the point moves.
+void PiecesAtPoints::listNeighbours(Index point, std::vector<std::size_t> const& near)
+{
+    m_neighbours.clear();
+    m_corners.clear();
+    for (std::size_t const t : near)
+        for (Index const corner : m_mesh.triangles[t])
+            m_corners.push_back(corner);
+    std::sort(m_corners.begin(), m_corners.end());
+    m_corners.erase(std::unique(m_corners.begin(), m_corners.end()), m_corners.end());
+    float const reach = reachOf(point);
+    for (std::size_t const t : m_around[point]) {
+        if (isGone(t))
+            continue;
+        Neighbours& of = m_neighbours.emplace_back();
+        of.triangle = t;
+        Box const box = grown(boxOf(t), reach);
+        for (std::size_t const u : near) {
+            bool const isAround = hasCorner(u, point);
+            if (u == t || (isAround && u < t) || m_sources[u].piece != m_sources[t].piece)
+                continue;
+            if (isAround || (boxOf(u).overlaps(box) &&
+                             !areFurtherApart(cornersOf(t), cornersOf(u), double(reach))))
+                of.others.push_back(u);
+        }
+    }
+    m_work += m_neighbours.size() * near.size();
+}
+
+bool PiecesAtPoints::hasCorner(std::size_t triangle, Index point) const
+{
+    Corners const& c = m_mesh.triangles[triangle];
+    return c[0] == point || c[1] == point || c[2] == point;
+}
+
+/// The pairs that the triangles around the point at hand are in, and those of them that are
+/// flat or turned over. Puts what they meet first in their lists.
+int PiecesAtPoints::faultsNow()
+{
+    int count = 0;
+    m_workPerMove = 0;
+    for (Neighbours& of : m_neighbours) {
+        m_workPerMove += 1 + of.others.size();
+        of.met = 0;
+        count += faultOf(of.triangle);
+        if (isGone(of.triangle) || isFlat(of.triangle))
+            continue;
+        Box const box = boxOf(of.triangle);
+        for (std::size_t i = 0; i < of.others.size(); ++i) {
+            bool const isNear = boxOf(of.others[i]).overlaps(box);
+            m_workPerMove += isNear ? workPerMeeting : 0;
+            if (isNear && doMeet(of.triangle, of.others[i]))
+                std::swap(of.others[i], of.others[of.met++]);
+        }
+        count += int(of.met);
+    }
+    m_work += m_workPerMove;
+    return count;
+}
+
+/// The same once something has been moved: exact below a limit, at which the count may end. Most
+/// moves leave what met before, and are told by this alone.
+int PiecesAtPoints::faultsBelow(int limit) const
+{
+    int count = 0;
+    for (Neighbours const& of : m_neighbours)
+        count += faultOf(of.triangle);
+    for (bool const isMet : {true, false})
+        for (Neighbours const& of : m_neighbours) {
+            if (count >= limit)
+                return count;
+            if (!isGone(of.triangle) && !isFlat(of.triangle))
+                count += isMet ? meetings(of, 0, of.met) : meetings(of, of.met, of.others.size());
+        }
+    return count;
+}
+
+/// 1 for a triangle that is flat or turned over.
+int PiecesAtPoints::faultOf(std::size_t t) const
+{
+    return !isGone(t) && (isFlat(t) || isTurned(t)) ? 1 : 0;
+}
+
+/// How many of some others a triangle meets.
+int PiecesAtPoints::meetings(Neighbours const& of, std::size_t begin, std::size_t end) const
+{
+    int count = 0;
+    Box const box = boxOf(of.triangle);
+    for (std::size_t i = begin; i < end; ++i) {
+        std::size_t const u = of.others[i];
+        if (!isGone(u) && boxOf(u).overlaps(box))
+            count += doMeet(of.triangle, u);
+    }
+    return count;
+}
+
+/// Whether a place is that of a point nearby, but for one or two of them.
+bool PiecesAtPoints::isTaken(Point const& place, Index except, Index exceptToo) const
+{
+    return std::any_of(m_corners.begin(), m_corners.end(), [&](Index corner) {
+        return corner != except && corner != exceptToo && m_mesh.points[corner] == place;
+    });
+}
+
+std::vector<PiecesAtPoints::Move> PiecesAtPoints::movesOf(Index point) const
+{
+    std::vector<Move> moves = joinsOf(point);
+    Point const& from = m_mesh.points[point];
+    float const unit = unitAt(point);
+    for (int const units : moveUnits)
+        for (int direction = 0; direction < 27; ++direction) {
+            UVector3<float> const step(float(direction % 3 - 1), float(direction / 3 % 3 - 1),
+                                       float(direction / 9 - 1));
+            if (direction != 13)
+                moves.push_back({point, from + step * (unit * float(units)), {}});
+        }
+    return moves;
+}
+
+/// The moves into the place of a neighbour, the nearest first.
+std::vector<PiecesAtPoints::Move> PiecesAtPoints::joinsOf(Index point) const
+{
+    double const reach = joinUnits * double(unitAt(point));
+    std::vector<std::pair<double, Index>> near;
+    for (std::size_t const t : m_around[point])
+        if (!isGone(t))
+            for (Index const other : m_mesh.triangles[t])
+                if (other != point)
+                    if (double const d = squaredLength(m_mesh.points[point], m_mesh.points[other]);
+                        d <= reach * reach)
+                        near.emplace_back(d, other);
+    std::sort(near.begin(), near.end());
+    near.erase(std::unique(near.begin(), near.end()), near.end());
+    std::vector<Move> moves;
+    for (auto const& [distance, other] : near)
+        if (moves.size() < mostJoins && canJoin(point, other))
+            moves.push_back({point, m_mesh.points[other], other});
+    return moves;
+}
+
+/// Whether two points can become one in all pieces: the triangles at their edge have all the
+/// neighbours that both points share as corners.
+bool PiecesAtPoints::canJoin(Index a, Index b) const
+{
+    for (std::size_t piece = 0; piece < pieceCount(); ++piece) {
+        std::set<Index> const ofA = neighboursOf(a, piece), ofB = neighboursOf(b, piece);
+        if (ofA.empty() || ofB.empty())
+            continue;
+        if (!ofA.contains(b))
+            return false;
+        std::vector<Index> shared;
+        std::set_intersection(ofA.begin(), ofA.end(), ofB.begin(), ofB.end(),
+                              std::back_inserter(shared));
+        std::size_t atEdge = 0;
+        for (std::size_t const t : m_around[a])
+            if (!isGone(t) && m_sources[t].piece == piece) {
+                atEdge += hasCorner(t, b);
+                // Else it would come to lie on one of the other point's.
+                if (shared.size() == 2 && hasCorner(t, shared[0]) && hasCorner(t, shared[1]))
+                    return false;
+            }
+        if (shared.size() != 2 || atEdge != 2)
+            return false;
+    }
+    return true;
+}
+
+std::set<PiecesAtPoints::Index> PiecesAtPoints::neighboursOf(Index point, std::size_t piece) const
+{
+    std::set<Index> neighbours;
+    for (std::size_t const t : m_around[point])
+        if (!isGone(t) && m_sources[t].piece == piece)
+            for (Index const corner : m_mesh.triangles[t])
+                if (corner != point)
+                    neighbours.insert(corner);
+    return neighbours;
+}
+
+/// The faults that a move leaves; `limit` or more if it leaves so many, or must not be.
+int PiecesAtPoints::faultsAfter(Move const& move, int limit)
+{
+    m_work += m_workPerMove;
+    Point const before = m_mesh.points[move.point];
+    std::vector<std::size_t> const around =
+        move.into ? m_around[move.point] : std::vector<std::size_t>();
+    std::vector<Corners> known;
+    for (std::size_t const t : around)
+        known.push_back(m_mesh.triangles[t]);
+    if (move.into)
+        replaceCorners(around, move.point, *move.into);
+    m_mesh.points[move.point] = move.place;
+    int const after = faultsBelow(limit);
+    m_mesh.points[move.point] = before;
+    for (std::size_t i = 0; i < around.size(); ++i)
+        m_mesh.triangles[around[i]] = known[i];
+    // Two points in one place would be an edge of more than two triangles, or none.
+    bool const isForbidden =
+        after < limit && isTaken(move.place, move.point, move.into.value_or(move.point));
+    return isForbidden ? limit : after;
+}
+
+void PiecesAtPoints::replaceCorners(std::vector<std::size_t> const& triangles, Index point,
+                                    Index by)
+{
+    for (std::size_t const t : triangles)
+        for (Index& corner : m_mesh.triangles[t])
+            if (corner == point)
+                corner = by;
+}
+
+void PiecesAtPoints::apply(Move const& move)
+{
+    if (!move.into) {
+        m_mesh.points[move.point] = move.place;
+        return;
+    }
+    std::vector<std::size_t>& around = m_around[move.point];
+    replaceCorners(around, move.point, *move.into);
+    std::vector<std::size_t>& joined = m_around[*move.into];
+    for (std::size_t const t : around)
+        if (!isGone(t))
+            joined.push_back(t);
+    around.clear();
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/services/TriangleTree.h"
+#include "host/services/boolean/RoundingCrossings.h"
+
+#include <optional>
+#include <set>
+#include <vector>
+
+/// All pieces of a boolean in one list of triangles, by the numbers of their points, whose points can
+/// be moved until triangles do not meet.
+class PiecesAtPoints
+{
+public:
+    using Pair = RoundingCrossings::Pair;
+    using Point = UPoint3<float>;
+    using Corners = MeshArrays::Corners;
+
+    /// isFree    by point number: whether a point may be moved
+    /// mostWork  tests of two boxes, of which a million take some milliseconds; beyond, no point is
+    ///           moved any more
+    PiecesAtPoints(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>> const& pieces,
+                   std::vector<Point> const& places, std::vector<bool> const& isFree,
+                   std::size_t mostWork, StageProgress& progress);
+
+    std::vector<Point> const& places() const { return m_mesh.points; }
+    /// By triangle, in the order of the pieces; one with two equal corners is gone.
+    std::vector<Corners> const& triangles() const { return m_mesh.triangles; }
+
+    /// The pairs that meet among the triangles of one piece, which stand from `begin` to `end`.
+    std::vector<Pair> pairsBetween(std::size_t begin, std::size_t end,
+                                   StageProgress& progress) const;
+
+    /// Moves points until the pair does not meet, or the work is too much. Every move leaves fewer
+    /// faults than there were. Returns whether anything was changed.
+    bool mend(Pair const& pair, StageProgress& progress);
+
+private:
+    using Index = std::uint32_t;
+    using Box = TriangleTree::Box;
+
+    struct Source
+    {
+        Index triangle;
+        bool isTurned;
+        std::size_t piece;
+    };
+    /// A point to a new place, or into the place of a neighbour.
+    struct Move
+    {
+        Index point;
+        Point place;
+        std::optional<Index> into;
+        int gain = 0;
+    };
+    /// A triangle around the point at hand, and others that it may meet: first those that it meets
+    /// while the point is where it is.
+    struct Neighbours
+    {
+        std::size_t triangle = 0;
+        std::vector<std::size_t> others;
+        std::size_t met = 0;
+    };
+
+    bool isGone(std::size_t triangle) const { return m_mesh.isCollapsed(triangle); }
+    bool isFlat(std::size_t t) const;
+    bool isTurned(std::size_t t) const;
+    bool doMeet(std::size_t t, std::size_t u) const;
+    bool hasCorner(std::size_t triangle, Index point) const;
+    std::array<Point, 3> cornersOf(std::size_t t) const;
+    Box boxOf(std::size_t t) const;
+    float unitAt(Index point) const;
+    float reachOf(Index point) const;
+
+    bool takeBestMove(Pair const& pair, StageProgress& progress);
+    std::vector<std::size_t> trianglesNear(std::set<Index> const& points, StageProgress& progress);
+    void listNeighbours(Index point, std::vector<std::size_t> const& near);
+    int faultsNow();
+    int faultsBelow(int limit) const;
+    int faultsAfter(Move const& move, int limit);
+    int faultOf(std::size_t t) const;
+    int meetings(Neighbours const& of, std::size_t begin, std::size_t end) const;
+    bool isTaken(Point const& place, Index except, Index exceptToo) const;
+
+    std::vector<Move> movesOf(Index point) const;
+    std::vector<Move> joinsOf(Index point) const;
+    bool canJoin(Index a, Index b) const;
+    std::size_t pieceCount() const { return m_sources.empty() ? 0 : m_sources.back().piece + 1; }
+    std::set<Index> neighboursOf(Index point, std::size_t piece) const;
+    void replaceCorners(std::vector<std::size_t> const& triangles, Index point, Index by);
+    void apply(Move const& move);
+
+    OperandSoup const& m_soup;
+    std::vector<bool> const& m_isFree;
+    std::size_t m_mostWork;
+    MeshArrays m_mesh;
+    std::vector<Source> m_sources;
+    std::vector<std::vector<std::size_t>> m_around;
+    /// Of the point at hand: the triangles around it, and the points nearby.
+    std::vector<Neighbours> m_neighbours;
+    std::vector<Index> m_corners;
+    /// What looking at all that a move of this point may change is taken for.
+    std::size_t m_workPerMove = 0;
+    std::size_t m_work = 0;
+};
