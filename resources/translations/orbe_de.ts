@@ -1814,8 +1814,8 @@
         <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
     <message>
-        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts. Both and a drag inside: the whole outline.</source>
-        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile. Beide und Ziehen im Inneren: der ganze Umriss.</translation>
+        <source>Shift: 15 degrees. Ctrl: points, edges, section. Both: drag it all.</source>
+        <translation>Umschalt: 15 Grad. Strg: Punkte, Kanten, Schnitt. Beide: alles ziehen.</translation>
     </message>
 </context>
 <context>
