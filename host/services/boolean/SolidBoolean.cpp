@@ -4,6 +4,7 @@
 #include "host/memory/AvailableMemory.h"
 #include "host/memory/FreeMemory.h"
 #include "host/mesh/ExactSigns.h"
+#include "host/mesh/MeshCopy.h"
 #include "host/services/MeshMaking.h"
 #include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
@@ -17,6 +18,7 @@
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SolidMending.h"
 #include "host/services/boolean/SoupBoolean.h"
+#include "host/services/boolean/SurfaceOrder.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/ArrangedSolids.h"
@@ -31,6 +33,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <optional>
 #include <tuple>
 
@@ -42,7 +45,7 @@ using Triangle = UTriangle<float>;
 constexpr int gridDone = 10;
 constexpr int copiesDone = 45;
 constexpr int curvesDone = 85;
-constexpr std::size_t mostNamedCrossings = 5;
+constexpr std::size_t mostNamedPlaces = 5;
 
 class SolidBoolean
 {
@@ -59,10 +62,24 @@ public:
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
         m_tool = prepareTool(tool, m_progress);
+        m_toolCount = m_tool.mesh.triangles.size();
         m_isChecked = isToBeChecked();
     }
 
     std::vector<BooleanResult> run()
+    {
+        try {
+            return combine();
+        } catch (std::bad_alloc const&) {
+            // Curves and facets take the more memory the more contacts there are.
+            if (m_contactCount > m_part.triangles.size() + m_toolCount)
+                Refusal::throwTooMuch();
+            throw;
+        }
+    }
+
+private:
+    std::vector<BooleanResult> combine()
     {
         auto tool = m_tool.tree ? std::make_unique<ToolTree>(m_tool.mesh, std::move(m_tool.tree))
                                 : std::make_unique<ToolTree>(m_tool.mesh, m_progress);
@@ -84,6 +101,9 @@ public:
         // Memory that the curves need more, and that the results do.
         grid.reset();
         bool const isDone = resolve(boolean, std::move(contacts), *tool);
+        if (m_isPartOpen)
+            if (auto results = combineInOrder())
+                return std::move(*results);
         tool.reset();
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results =
@@ -99,7 +119,6 @@ public:
         return results;
     }
 
-private:
     using Copies = RecordCopies<ToolSides>;
 
     static bool isKept(BooleanPiece piece, bool isIn)
@@ -188,6 +207,7 @@ private:
         if (!contacts)
             Refusal::throwTooMuch();
         auto const ofTool = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
+        m_contactCount = contacts->size() + ofTool.size();
         contacts->reserve(contacts->size() + ofTool.size());
         for (TrianglePair pair : ofTool) {
             pair.first += m_soup.firstTriangleOfSecond;
@@ -266,9 +286,12 @@ private:
                 return a;
             });
         WindingSources::Numbers numbers(points.size());
-        for (std::size_t i = 0; i < points.size(); ++i)
-            if (!lines.isOpen[i] && lines.sums[i].ahead == lines.sums[i].back)
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            bool const isBalanced = lines.sums[i].ahead == lines.sums[i].back;
+            m_isPartOpen |= !isBalanced;
+            if (!lines.isOpen[i] && isBalanced)
                 numbers[i] = lines.sums[i].ahead;
+        }
         return numbers;
     }
 
@@ -362,7 +385,7 @@ private:
     /// Names the first places, and tells how many more there are.
     static void logCrossings(std::vector<UPoint3<float>> const& places)
     {
-        std::size_t const named = std::min(places.size(), mostNamedCrossings);
+        std::size_t const named = std::min(places.size(), mostNamedPlaces);
         for (std::size_t i = 0; i < named; ++i)
             log(withPlace(QCoreApplication::translate(
                               "Services", "A piece crosses itself by rounding near (%1, %2, %3)."),
@@ -445,6 +468,70 @@ private:
         return results;
     }
 
+    /// The same for the part without walls that bound nothing, and with triangles turned that face
+    /// the wrong way, where the tool may meet them; nothing if there are none. A result that is the
+    /// part as it was keeps them.
+    std::optional<std::vector<BooleanResult>> combineInOrder()
+    {
+        TriangleTree::Box box;
+        for (UPoint3<float> const& p : m_tool.mesh.points)
+            box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        MeshArrays const part = copyArrays(m_partKernel, Frame::Local, m_progress);
+        SurfaceOrder const order = findSurfaceOrder(part, box, m_progress);
+        if (order.isNone())
+            return {};
+        if (!m_survey)
+            logOrder(order, part);
+        std::vector<bool> isKept;
+        for (std::uint32_t const number : order.surplus)
+            isKept.push_back(number == 0);
+        auto clean = copySelected(m_part, isKept);
+        auto copy = clean->triangles.begin();
+        for (std::size_t t = 0; t < isKept.size(); ++t) {
+            if (isKept[t] && order.isTurned[t]) {
+                std::swap((*copy)->V0(1), (*copy)->V0(2));
+                (*copy)->N() = -(*copy)->N();
+            }
+            copy += isKept[t] ? 1 : 0;
+        }
+        std::function<void(int)> const rest = [this](int percent) {
+            m_progress.begin(curvesDone + percent * (100 - curvesDone) / 100, 100, 1);
+        };
+        return combineSolids(MeshKernel(clean.release()), *toolKernel(), m_pieces, rest, m_survey);
+    }
+
+    static void logOrder(SurfaceOrder const& order, MeshArrays const& part)
+    {
+        std::vector<UPoint3<float>> walls;
+        for (std::size_t t = 0; t < order.surplus.size(); ++t) {
+            walls.resize(std::max<std::size_t>(walls.size(), order.surplus[t]));
+            if (order.surplus[t] > 0)
+                walls[order.surplus[t] - 1] = part.point(t, 0);
+        }
+        logWalls(walls);
+        auto const turned = std::find(order.isTurned.begin(), order.isTurned.end(), true);
+        if (turned != order.isTurned.end())
+            log(withPlace(QCoreApplication::translate(
+                              "Services",
+                              "Triangles that faced the other way than those around them, one near "
+                              "(%1, %2, %3), were turned."),
+                          part.point(std::size_t(turned - order.isTurned.begin()), 0)));
+    }
+
+    static void logWalls(std::vector<UPoint3<float>> const& places)
+    {
+        std::size_t const named = std::min(places.size(), mostNamedPlaces);
+        for (std::size_t i = 0; i < named; ++i)
+            log(withPlace(QCoreApplication::translate(
+                              "Services",
+                              "A wall in the part near (%1, %2, %3), which bounds nothing, was "
+                              "left out."),
+                          places[i]));
+        if (places.size() > named)
+            log(QCoreApplication::translate("Services", "Other such walls that were left out: %1.")
+                    .arg(places.size() - named));
+    }
+
     /// Moves the records out of a kernel.
     static std::unique_ptr<UMesh<float>> takeMesh(MeshKernel& kernel)
     {
@@ -465,6 +552,8 @@ private:
     /// there is refused.
     std::vector<BooleanResult> combineWholes(SoupBoolean const& boolean)
     {
+        if (auto results = combineInOrder())
+            return std::move(*results);
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
                 Refusal::throwOpen(operand, *place);
@@ -523,6 +612,8 @@ private:
     StageProgress m_progress;
     BooleanSurvey* m_survey;
     PreparedTool m_tool;
+    std::size_t m_toolCount = 0;
+    std::size_t m_contactCount = 0;
     /// Whether results are held against the operands.
     bool m_isChecked = false;
     /// Without points, and with the part's triangles only, once results are written that are not.
@@ -532,6 +623,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Whether a line through a point tells that the part is open.
+    bool m_isPartOpen = false;
     /// Where results were seen to be wrong.
     std::optional<UPoint3<float>> m_doubtful;
 };
