@@ -4,8 +4,8 @@
 #include "cutjobs/VolumeSurvey.h"
 #include "dialogs/ForecastTexts.h"
 #include "dialogs/ItemInView.h"
-#include "display/NewestWork.h"
 #include "display/ContourItem.h"
+#include "display/NewestWork.h"
 #include "tools/ClearanceFit.h"
 
 #include <QWidget>

@@ -104,7 +104,7 @@ QStringList facts(ForecastResult const& result)
     if (result.fit.pieceGap)
         lines << translated(QT_TRANSLATE_NOOP("Freecut::CutForecast",
                                               "Gap between the pieces: at least %1"))
-                     .arg(lengthText(*result.fit.pieceGap));
+                     .arg(lengthText(toldGap(*result.fit.pieceGap, result.fit.askedGap)));
     if (result.fit.toothGap)
         lines << translated(
                      QT_TRANSLATE_NOOP("Freecut::CutForecast", "Smallest gap between teeth: %1"))

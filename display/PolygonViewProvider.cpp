@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/PolygonViewProvider.h"
 
+#include "platform/view/GLView.h"
 #include "tools/PolygonGraphicObject.h"
 #include "tools/PolygonOutline.h"
+
+#include <QPoint>
 
 #include <algorithm>
 
 namespace Freecut {
+
+namespace {
+
+/// Outlines of more corners, as drawings give them, would be hidden by a square on each.
+constexpr std::size_t mostCrowded = 100;
+/// Pixels from one square to the next that is shown then.
+constexpr int roomOfMarker = 24;
+
+}  // namespace
 
 void PolygonViewProvider::initGL()
 {
@@ -23,12 +35,31 @@ void PolygonViewProvider::buildMarkers()
     if (!tool())
         return;
     PolygonProperty const& record = tool()->getProperty();
-    std::vector<UPoint3<float>> points = record.getKeyPoints();
+    std::vector<UPoint3<float>> points = shownVertices();
+    m_vertexMarkers = int(points.size());
     for (auto const list : {&TeethEdge::basePoints, &TeethEdge::handlePoints})
         for (TeethEdge const& edge : record.getEdgeRecords())
             if (edge.hasTeeth && edge.editing)
                 points.insert(points.end(), (edge.*list).begin(), (edge.*list).end());
     buildMarkersAt(points);
+}
+
+std::vector<UPoint3<float>> PolygonViewProvider::shownVertices() const
+{
+    std::vector<UPoint3<float>> const& vertices = tool()->getProperty().getKeyPoints();
+    if (vertices.size() <= mostCrowded)
+        return vertices;
+    std::vector<UPoint3<float>> shown;
+    QPoint last;
+    for (UPoint3<float> const& vertex : vertices) {
+        int x, y;
+        m_view->getWidgetcoordFromWCS(vertex, x, y);
+        if (!shown.empty() && (QPoint(x, y) - last).manhattanLength() < roomOfMarker)
+            continue;
+        last = {x, y};
+        shown.push_back(vertex);
+    }
+    return shown;
 }
 
 PolygonGraphicObject* PolygonViewProvider::tool() const
@@ -38,7 +69,7 @@ PolygonGraphicObject* PolygonViewProvider::tool() const
 
 int PolygonViewProvider::vertexMarkers() const
 {
-    return tool() ? std::min(markerCount(), int(tool()->getPoints().size())) : 0;
+    return std::min(markerCount(), m_vertexMarkers);
 }
 
 void PolygonViewProvider::drawMarkersGL21()

@@ -32,6 +32,10 @@ private:
     PolygonGraphicObject* tool() const;
     /// How many handles stand on vertices; the rest stand on teeth.
     int vertexMarkers() const;
+    /// Those that have a handle to see. Each of them can be dragged, whether it has one or not.
+    std::vector<UPoint3<float>> shownVertices() const;
+
+    int m_vertexMarkers = 0;
 };
 
 }  // namespace Freecut

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawings/SvgPathData.h"
+#include "drawings/SvgStyles.h"
 
 #include <QCoreApplication>
 #include <QXmlStreamReader>
@@ -19,21 +20,11 @@ QString translated(char const* text)
     return QCoreApplication::translate("Drawings", text);
 }
 
-bool isHidden(QXmlStreamAttributes const& attributes)
-{
-    QString style = attributes.value(QLatin1String("style")).toString();
-    style.remove(' ');
-    return attributes.value(QLatin1String("display")) == QLatin1String("none") ||
-           attributes.value(QLatin1String("visibility")) == QLatin1String("hidden") ||
-           style.contains(QLatin1String("display:none")) ||
-           style.contains(QLatin1String("visibility:hidden"));
-}
-
 /// Walks through the elements of a drawing and collects their paths.
 class SvgReader
 {
 public:
-    SvgReader(QByteArray const& text, Unit unit) : m_xml(text), m_unit(unit) {}
+    SvgReader(QByteArray const& text, Unit unit) : m_xml(text), m_styles(text), m_unit(unit) {}
 
     std::vector<Path> read()
     {
@@ -82,13 +73,36 @@ private:
                                "are not read. Turn them into paths in the drawing program."))
                     .arg(m_xml.lineNumber()));
         bool const isGroup = name == Name("g") || name == Name("a") || name == Name("switch");
-        if (isHidden(m_attributes) || (!isGroup && !isShape(name))) {
+        if (isHidden(name) || (!isGroup && !isShape(name))) {
             m_xml.skipCurrentElement();
             return;
         }
+        refuseMoves(name);
         m_matrices.push_back(m_matrices.back().after(svgTransform(text("transform"))));
         if (!isGroup)
             addShape(name);
+    }
+
+    bool isHidden(QString const& name) const
+    {
+        return style(name, "display") == Name("none") ||
+               style(name, "visibility") == Name("hidden");
+    }
+    QString style(QString const& name, char const* property) const
+    {
+        return m_styles.valueOf(name, m_attributes, Name(property));
+    }
+    /// A shape that is moved by its style would come out elsewhere than it is drawn.
+    void refuseMoves(QString const& name) const
+    {
+        QString value = style(name, "transform");
+        QString attribute = m_attributes.value(Name("transform")).toString();
+        if (value != Name("none") && value.remove(' ') != attribute.remove(' '))
+            refuse(translated(QT_TRANSLATE_NOOP(
+                                  "Drawings",
+                                  "It moves a shape by its style at line %1, which is not read. "
+                                  "Turn its shapes into paths in the drawing program."))
+                       .arg(m_xml.lineNumber()));
     }
 
     /// From user units to millimetres, y upwards, from the lower left corner of the page.
@@ -204,6 +218,7 @@ private:
     }
 
     QXmlStreamReader m_xml;
+    SvgStyles m_styles;
     Unit m_unit;
     QXmlStreamAttributes m_attributes;
     std::vector<Affine> m_matrices;

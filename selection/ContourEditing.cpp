@@ -12,6 +12,7 @@
 #include "tools/ViewAxes.h"
 
 #include <QCoreApplication>
+#include <QPolygon>
 
 #include <algorithm>
 
@@ -121,6 +122,33 @@ bool ContourEditing::moveVertex(std::size_t vertex, UVector3<float> const& way)
     record.getKeyPoints()[vertex] += alongPlane(way, record.getExtrudeVector());
     finishEdit(m_polygon);
     return true;
+}
+
+void ContourEditing::moveAll(UVector3<float> const& way)
+{
+    PolygonProperty& record = m_polygon.getProperty();
+    UVector3<float> const across = alongPlane(way, record.getExtrudeVector());
+    auto const move = [&](std::vector<Point>& points) {
+        for (Point& point : points)
+            point += across;
+    };
+    move(record.getKeyPoints());
+    for (TeethEdge& edge : record.getEdgeRecords())
+        for (auto const list : {&TeethEdge::basePoints, &TeethEdge::handlePoints,
+                                &TeethEdge::teethPoints, &TeethEdge::appliedPoints})
+            move(edge.*list);
+    finishEdit(m_polygon);
+}
+
+bool ContourEditing::isAround(QPoint mouse) const
+{
+    QPolygon corners;
+    for (Point const& vertex : m_polygon.getProperty().getKeyPoints()) {
+        int x, y;
+        m_view.getWidgetcoordFromWCS(vertex, x, y);
+        corners << QPoint(x, y);
+    }
+    return corners.containsPoint(mouse, Qt::OddEvenFill);
 }
 
 std::optional<ContourEditing::Move> ContourEditing::moveToTyped(Point const& typed) const

@@ -3,6 +3,8 @@
 
 #include "platform/geometry/UPoint3.h"
 
+#include <QPoint>
+
 #include <cstddef>
 #include <optional>
 
@@ -34,6 +36,10 @@ public:
     /// freshEdge  the record of an edge without teeth
     /// returns    whether the vertex was added
     bool addPoint(UPoint3<float> const& point, TeethEdge const& freshEdge);
+    /// Moves all vertices with their teeth across the view.
+    void moveAll(UVector3<float> const& way);
+    /// Whether a widget position lies within the vertices.
+    bool isAround(QPoint mouse) const;
 
     /// Moves a vertex within the drawing plane. An edge with teeth holds its vertices: the result
     /// is false then, and holdsVertex() says so beforehand.

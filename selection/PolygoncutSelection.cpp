@@ -184,11 +184,22 @@ int PolygoncutSelection::mousePressEvent(QMouseEvent* event)
             beginDrag(*vertex, putBack());
             return 0;
         }
+        if (isOutlineUnder(*event)) {
+            draggingOutline = true;
+            captureDrag(putBack());
+            return 0;
+        }
     }
     if (addTeeth)
         if (auto const hit = toothAt(*m_view, event->pos(), *getPolygon()))
             beginToothDrag(*hit);
     return 0;
+}
+
+bool PolygoncutSelection::isOutlineUnder(QMouseEvent const& event) const
+{
+    return event.modifiers() == (Qt::ShiftModifier | Qt::ControlModifier) && !addTeeth &&
+           ContourEditing(*m_view, *getPolygon()).isAround(event.pos());
 }
 
 std::function<void()> PolygoncutSelection::putBack()
@@ -217,6 +228,8 @@ bool PolygoncutSelection::dragStep(QMouseEvent const& event)
     UVector3<float> const delta = worldDelta(event.pos());
     if (isDragging)
         dragVertex(delta, event);
+    else if (draggingOutline)
+        ContourEditing(*m_view, *getPolygon()).moveAll(delta);
     else if (draggingBasePoint)
         BasePntDragMove(delta, &event);
     else
@@ -226,7 +239,7 @@ bool PolygoncutSelection::dragStep(QMouseEvent const& event)
 
 bool PolygoncutSelection::endDrag()
 {
-    for (bool* const flag : {&isDragging, &draggingBasePoint, &draggingHandle})
+    for (bool* const flag : {&isDragging, &draggingBasePoint, &draggingHandle, &draggingOutline})
         if (*flag) {
             *flag = false;
             return true;
@@ -258,7 +271,7 @@ void PolygoncutSelection::hover(QMouseEvent const& event)
 {
     QPoint const position = event.pos();
     showRunningEdge(event);
-    if (isHandleUnder(position))
+    if (isHandleUnder(position) || draggingOutline || isOutlineUnder(event))
         showCursor("cursor_freecutmove");
     else
         showCursor(addTeeth ? "cursor_addteeth" : "cursor_polygoncut");

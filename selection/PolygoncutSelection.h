@@ -17,7 +17,8 @@ class PolygonGraphicObject;
 /// their edge and reshaped by their handles. During a preview it leaves the mouse alone.
 ///
 /// Shift and control hold a point that is drawn or dragged to something, as RunningEdge says; the
-/// status line tells lengths and angles of its edges. Backspace removes the point that was drawn
+/// status line tells lengths and angles of its edges. With both of them a drag within the outline
+/// moves all of it, with its teeth. Backspace removes the point that was drawn
 /// last, the arrow keys nudge the selected one.
 class PolygoncutSelection : public Base::TypeEntry<PolygoncutSelection, VolumeSelection>
 {
@@ -100,7 +101,12 @@ private:
     void BasePntDragMove(UVector3<float> delta, QMouseEvent const* event);
     void WidthHeightDragMove(UVector3<float> delta, QMouseEvent const* event);
     bool dragStep(QMouseEvent const& event);
-    bool isDragRunning() const { return isDragging || draggingBasePoint || draggingHandle; }
+    bool isDragRunning() const
+    {
+        return isDragging || draggingBasePoint || draggingHandle || draggingOutline;
+    }
+    /// The mouse would move the whole outline.
+    bool isOutlineUnder(QMouseEvent const& event) const;
     bool endDrag();
     void beginToothDrag(ToothHit const& hit);
     /// Takes the outline and its teeth back to what they are now.
@@ -121,6 +127,7 @@ private:
     TeethEditing teeth;
     bool draggingBasePoint = false;
     bool draggingHandle = false;
+    bool draggingOutline = false;
     int selectedEdge = 0;
     /// A drag was refused: the release that ends it is no click.
     bool isPressSpent = false;

@@ -163,9 +163,10 @@ void RunningEdge::show(Base::GLView& view, Point const& point, Spot const& spot,
                 .arg(textOf(measureEdge(placeOf(view, before), place)),
                      textOf(measureEdge(place, placeOf(view, after))));
     m_told += QStringLiteral("   ") +
-              translated(QT_TRANSLATE_NOOP("Freecut::PolygoncutSelection",
-                                           "Shift: 15 degrees and round lengths. Ctrl: to points, "
-                                           "edges and the section of parts."));
+              translated(QT_TRANSLATE_NOOP(
+                  "Freecut::PolygoncutSelection",
+                  "Shift: 15 degrees and round lengths. Ctrl: to points, "
+                  "edges and the section of parts. Both and a drag inside: the whole outline."));
     if (MainWindow* const window = MainWindow::getInstance())
         window->statusBar()->showMessage(m_told);
     if (isDrawn)

@@ -109,6 +109,7 @@ public:
         Loops const& nominal = m_request.nominal;
         SolidLoops const& solids = m_request.solids;
         m_fit.pieceGap = gapBetween(m_inner, m_outer, m_poll);
+        m_fit.askedGap = m_request.gap;
         m_fit.closesNeck = !solids.inner.empty() && solids.inner.size() != nominal.size();
         m_fit.closesGap = !solids.outer.empty() && solids.outer.size() != nominal.size();
         lookAtTeeth();
@@ -207,7 +208,16 @@ FitRequest FitRequest::of(VolumeOutline const& outline)
                                                      : withoutLastPoints(outlines.solidLoops);
     if (auto const* const polygon = dynamic_cast<PolygonProperty const*>(&outline.record()))
         request.edges = edgesOf(*polygon);
+    VolumeProperty const& record = outline.record();
+    bool const isBothSides = record.getClearanceDirection() == 2;
+    request.gap = double(record.getClearance()) * (isBothSides ? 2 : 1);
     return request;
+}
+
+double toldGap(double measured, double asked)
+{
+    constexpr double grid = 0.003, share = 0.05;
+    return std::abs(measured - asked) <= std::min(grid, share * asked) ? asked : measured;
 }
 
 ClearanceFit fitOf(FitRequest const& request, std::function<void()> const& poll)

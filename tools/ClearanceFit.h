@@ -17,6 +17,8 @@ struct ClearanceFit
     /// The least distance between the outlines of the inner and the outer solid, which is that of
     /// the pieces; none if one of them is missing.
     std::optional<double> pieceGap;
+    /// What the record asks for in its place.
+    double askedGap = 0;
     /// The least distance between neighbouring teeth of one edge, on that of the two outlines on
     /// which they stand nearer; none if no edge has two.
     std::optional<double> toothGap;
@@ -40,11 +42,17 @@ struct FitRequest
     /// next corner. Empty for tools without teeth.
     Loops edges;
     SolidLoops solids;
+    /// Between the solids: the clearance, or twice that on both sides.
+    double gap = 0;
 
     bool operator==(FitRequest const&) const = default;
 
     static FitRequest of(VolumeOutline const& outline);
 };
+
+/// A gap as it is told: outlines lie on a grid, and what comes within 0.003 mm and a twentieth of what
+/// was asked for is what was asked for.
+double toldGap(double measured, double asked);
 
 /// poll    called often; may be empty; what it throws passes
 /// thread  any

@@ -2,6 +2,7 @@
 #include "tools/OutlineOffset.h"
 
 #include "tools/CurveCrossings.h"
+#include "tools/CurveThinning.h"
 #include "tools/GridLoops.h"
 #include "tools/OffsetCurves.h"
 #include "tools/WoundRegion.h"
@@ -23,6 +24,13 @@ constexpr std::size_t manyCrossings = 2'000'000;
 /// Some gigabytes. Steps this short are not divided any more.
 constexpr std::size_t mostCrossings = 40'000'000;
 constexpr double shortStep = 8;
+
+/// With more points than that, most are those of arcs whose edges are only a few units long. Their
+/// directions are off by degrees, so that arcs moved to about their centres cross themselves
+/// thousands of times.
+constexpr std::size_t manyPoints = 4000;
+/// What the moved outlines may be off by in that case.
+constexpr double thinningTolerance = 1;
 
 double truncated(double distance)
 {
@@ -52,6 +60,14 @@ double signedArea(Curve const& curve)
         area += (a.X() + b.X()) * (b.Y() - a.Y()) / 2;
     }
     return area;
+}
+
+std::size_t countOf(Curves const& curves)
+{
+    std::size_t count = 0;
+    for (Curve const& curve : curves)
+        count += curve.size();
+    return count;
 }
 
 /// The highest point counts more the higher it is, then the farther to the left.
@@ -165,11 +181,14 @@ std::optional<Curves> movedCurves(Curves const& outlines, double distance, bool 
 OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
     : m_plane(plane), m_outlines(curvesOf(outlines, plane)), m_canBeHeld(canBeHeld(m_outlines))
 {
-    for (Curve const& curve : m_outlines)
-        m_pointCount += curve.size();
+    m_pointCount = countOf(m_outlines);
     if (!m_canBeHeld)
         return;
     makeHighestRunAnticlockwise(m_outlines);
+    if (m_pointCount > manyPoints)
+        for (Curve& curve : m_outlines)
+            curve = thinned(curve, thinningTolerance);
+    m_pointCount = countOf(m_outlines);
     m_isSimple = !haveCrossings(m_outlines);
 }
 

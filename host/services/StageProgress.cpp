@@ -7,6 +7,15 @@
 
 #include <algorithm>
 
+namespace {
+
+int percentOf(std::size_t done, std::size_t amount, int span)
+{
+    return int(std::min(1.0, double(done) / double(amount)) * span);
+}
+
+}  // namespace
+
 StageProgress::StageProgress(std::function<void(int)> const& progress)
     : m_progress(progress), m_caller(std::this_thread::get_id())
 {}
@@ -15,13 +24,15 @@ void StageProgress::begin(int from, int to, std::size_t amount)
 {
     m_from = from;
     m_to = to;
-    setAmount(amount);
     m_done.store(0, std::memory_order_relaxed);
+    setAmount(amount);
     report(from);
 }
 
 void StageProgress::setAmount(std::size_t amount)
 {
+    // Percentages never fall: what is left of the stage belongs to the steps to come.
+    m_from += percentOf(m_done.exchange(0, std::memory_order_relaxed), m_amount, m_to - m_from);
     m_amount = std::max<std::size_t>(amount, 1);
 }
 
@@ -32,8 +43,7 @@ bool StageProgress::add(std::size_t steps)
         return !tbb::is_current_task_group_canceling();
     if (m_progress && (std::chrono::steady_clock::now() - m_last > std::chrono::milliseconds(10) ||
                        EveryStep::isWanted())) {
-        double const share = std::min(1.0, double(done) / double(m_amount));
-        report(m_from + int(share * (m_to - m_from)));
+        report(m_from + percentOf(done, m_amount, m_to - m_from));
     }
     return true;
 }

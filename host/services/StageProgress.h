@@ -19,7 +19,7 @@ public:
     /// throws  what the progress function throws
     void begin(int from, int to, std::size_t amount);
 
-    /// Sets the number of steps of a stage in which nothing is done yet, once it is known.
+    /// Sets the number of steps that fill the rest of the stage, once it is known.
     void setAmount(std::size_t amount);
 
     /// Counts steps as done. Any thread; on the thread of the progress function it may throw what

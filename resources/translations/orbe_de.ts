@@ -1056,6 +1056,10 @@
         <translation>Sie hat in Zeile %1 einen Klon oder eine Zeichnung in der Zeichnung, die nicht gelesen werden. Wandeln Sie sie im Zeichenprogramm in Pfade um.</translation>
     </message>
     <message>
+        <source>It moves a shape by its style at line %1, which is not read. Turn its shapes into paths in the drawing program.</source>
+        <translation>Sie verschiebt in Zeile %1 eine Form durch ihren Stil, was nicht gelesen wird. Wandeln Sie ihre Formen im Zeichenprogramm in Pfade um.</translation>
+    </message>
+    <message>
         <source>Its page has no size. Save it with a width and a height.</source>
         <translation>Ihre Seite hat keine Größe. Speichern Sie sie mit Breite und Höhe.</translation>
     </message>
@@ -1806,8 +1810,8 @@
         <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
     <message>
-        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts.</source>
-        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile.</translation>
+        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts. Both and a drag inside: the whole outline.</source>
+        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile. Beide und Ziehen im Inneren: der ganze Umriss.</translation>
     </message>
 </context>
 <context>

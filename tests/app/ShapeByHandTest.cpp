@@ -357,3 +357,49 @@ TEST_F(ShapeByHand, AResetKeepsTheTeethParametersAndTheirSideForTheNextTool)
     for (TeethEdge const& edge : edges())
         EXPECT_FALSE(edge.flip);
 }
+
+TEST_F(ShapeByHand, WithShiftAndControlADragInsideMovesTheWholeOutlineWithItsTeeth)
+{
+    drawRectangle();
+    openTeeth();
+    chooseEdge({0, -10, 0});
+    pressInTeeth("OK");
+    Points const before = drawn();
+    std::vector<TeethEdge> const teethBefore = edges();
+    Qt::KeyboardModifiers const both = Qt::ShiftModifier | Qt::ControlModifier;
+    auto const dragAll = [&](Point const& from, Point const& to) {
+        move(view(), positionOf(from), {}, both);
+        drag(view(), positionOf(from), positionOf(to), Qt::LeftButton, both);
+        settle();
+    };
+    dragAll({3, 2, 0}, {8, -1, 0});
+    ASSERT_EQ(drawn().size(), 4u) << "no point is added";
+    UVector3<float> const way = drawn()[0] - before[0];
+    EXPECT_NEAR(way.X(), 5, 0.2);
+    EXPECT_NEAR(way.Y(), -3, 0.2);
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_LT((drawn()[i] - before[i] - way).GetLength(), 1e-3f);
+        ASSERT_EQ(edges()[i].appliedPoints.size(), teethBefore[i].appliedPoints.size());
+        for (std::size_t k = 0; k < edges()[i].appliedPoints.size(); ++k)
+            EXPECT_LT(
+                (edges()[i].appliedPoints[k] - teethBefore[i].appliedPoints[k] - way).GetLength(),
+                1e-3f);
+    }
+    view().setFocus();
+    pressUndo();
+    EXPECT_EQ(drawn(), before);
+    // Esc gives the drag up.
+    press(view(), positionOf({3, 2, 0}), Qt::LeftButton, both);
+    move(view(), positionOf({9, 9, 0}), Qt::LeftButton, both);
+    EXPECT_NE(drawn(), before);
+    pressKey(Qt::Key_Escape);
+    release(view(), positionOf({9, 9, 0}), Qt::LeftButton, both);
+    settle();
+    EXPECT_EQ(drawn(), before);
+    // Outside it is a click as ever.
+    click(view(), positionOf({28, 0, 0}), Qt::LeftButton, both);
+    settle();
+    EXPECT_EQ(drawn().size(), 5u);
+    cutByShape();
+    expectTwoPieces(blockVolume);
+}

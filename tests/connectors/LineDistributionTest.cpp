@@ -2,6 +2,7 @@
 #include "connectors/CircleMeeting.h"
 #include "connectors/LineDistribution.h"
 #include "platform/geometry/MellMath.h"
+#include "tests/support/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -233,7 +234,7 @@ TEST(LineDistribution, AnyTwoPointsAreAtLeastTheSpacingApartAndOnTheLines)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> place(-40, 40);
-    for (int run = 0; run < 300; ++run) {
+    for (int run = 0; run < rounds(300); ++run) {
         std::vector<Line> lines(1 + run % 7);
         for (Line& line : lines)
             for (int i = 0; i < 2 + run % 11; ++i)

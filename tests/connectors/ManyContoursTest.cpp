@@ -2,6 +2,7 @@
 #include "tests/connectors/CutterRun.h"
 #include "tests/support/Gyroid.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -74,8 +75,9 @@ void expectAllKindsFit(Soup const& part, Freecut::PlaneGraphicObject& plane, boo
 
 TEST(ManyContours, AGrilleOfFourHundredHoles)
 {
-    auto const rings = grille(20);
-    EXPECT_EQ(sectionOf(rings)->contours.size(), 401u);
+    int const count = fineness(20);
+    auto const rings = grille(count);
+    EXPECT_EQ(sectionOf(rings)->contours.size(), std::size_t(count * count + 1));
     expectAllKindsFit(prism(rings, -5, 5), *planeAt({0, 0, 0}), true);
 }
 
@@ -107,7 +109,7 @@ TEST(ManyContours, AGyroid)
 
 TEST(ManyContours, ATubeWithWallsOfManyPoints)
 {
-    Soup const part = prism({circle(20, 600), circle(12, 400, true)}, -8, 8);
+    Soup const part = prism({circle(20, fineness(600)), circle(12, fineness(400), true)}, -8, 8);
     expectAllKindsFit(part, *planeAt({0, 0, 0}), true);
 }
 
@@ -121,9 +123,10 @@ TEST(ManyContours, TwoSeparateLimbs)
 
 TEST(ManyContours, AContourOfTwentyThousandPoints)
 {
-    Soup const part = prism({circle(60, 20000)}, -5, 5);
+    int const points = fineness(20000);
+    Soup const part = prism({circle(60, points)}, -5, 5);
     auto const plane = planeAt({0, 0, 0.5f});
-    ASSERT_GE(sectionOf(part, *plane)->contours.at(0).size(), 20000u);
+    ASSERT_GE(sectionOf(part, *plane)->contours.at(0).size(), std::size_t(points));
     UVector3<float> const gap(0, 0, 0.05f);
     double const below = volumeBelow(part, *plane);
     Pieces const pinned = cutWith<PinHoleCutter>(smallPins(true), part, *plane);

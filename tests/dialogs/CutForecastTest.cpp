@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/CutForecast.h"
 #include "dialogs/DialogPolygoncut.h"
-#include "display/NewestWork.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
+#include "display/NewestWork.h"
 #include "platform/jobs/EventNotify.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/DialogWindowManager.h"

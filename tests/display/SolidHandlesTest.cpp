@@ -106,6 +106,32 @@ TEST(SolidHandles, OfAPolygonStandOnItsVerticesThenOnTeethUnderEdit)
     expectPoints(handlesOf(tool), expected);
 }
 
+TEST(SolidHandles, OfManyVerticesThoseAreShownThatDoNotHideEachOther)
+{
+    DrawnDocument test;
+    test.add(box(100, 100, 20, {-50, -50, 0}), "part");
+    std::vector<UPoint2<float>> corners;
+    for (int i = 0; i < 400; ++i) {
+        double const angle = 2 * std::numbers::pi * i / 400;
+        corners.emplace_back(float(40 * std::cos(angle)), float(40 * std::sin(angle)));
+    }
+    auto* const tool = test.draw<Freecut::PolygonGraphicObject>(corners);
+    std::vector<Point> const shown = handlesOf(tool);
+    EXPECT_GT(shown.size(), 12u);
+    EXPECT_LT(shown.size(), 100u);
+    auto const seenAt = [&](Point const& p) {
+        int x, y;
+        test.view.getWidgetcoordFromWCS(p, x, y);
+        return QPoint(x, y);
+    };
+    for (std::size_t i = 1; i < shown.size(); ++i)
+        EXPECT_GE((seenAt(shown[i]) - seenAt(shown[i - 1])).manhattanLength(), 22);
+    // A hundred all have theirs.
+    corners.resize(100);
+    test.document->detachObject(tool).reset();
+    EXPECT_EQ(handlesOf(test.draw<Freecut::PolygonGraphicObject>(corners)).size(), 100u);
+}
+
 TEST(SolidHandles, OfEachToolHaveTwelvePixelsAtAnyZoom)
 {
     DrawnDocument test;

@@ -167,6 +167,25 @@ TEST(VolumeMesh, WhatIsSwallowedLeavesTheOuterSolidAlone)
     EXPECT_EQ(volumesOf(scene.polygon(triangle, true, 0, 5)->createInandOutMesh()).size(), 1u);
 }
 
+TEST(VolumeMesh, OfACuboidOrACylinderWithoutPointsHasNoVertices)
+{
+    CubeScene scene;
+    auto* const cuboid = scene.draw<CuboidGraphicObject>({});
+    cuboid->getProperty().setCuboidParameters(true, 2, 0.5f, false, 0, 178, true, 1, false, 2, 6, 8,
+                                              0);
+    auto* const cylinder = scene.draw<CylinderGraphicObject>({});
+    cylinder->getProperty().setShapeParameters(true, 2, 0.5f, false, 0, 178, false, 2, 5, true, 2,
+                                               2, 0, 0.025f);
+    for (auto const& meshes : {cuboid->createInandOutMesh(), cylinder->createInandOutMesh()}) {
+        EXPECT_EQ(meshes.size(), 1u);
+        for (UMesh<float>* const mesh : meshes) {
+            EXPECT_TRUE(soupOf(mesh).points.empty());
+        }
+    }
+    EXPECT_TRUE(soupOf(cuboid->createMesh()).points.empty());
+    EXPECT_TRUE(soupOf(cylinder->createMesh()).points.empty());
+}
+
 TEST(VolumeMesh, RoundingTooFineToCountLeavesTheOuterSolidWithoutVertices)
 {
     for (bool const isCuboid : {true, false}) {

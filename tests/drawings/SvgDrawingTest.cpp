@@ -137,6 +137,35 @@ TEST(SvgDrawing, WhatIsNotSeenIsLeftOut)
               0u);
 }
 
+TEST(SvgDrawing, WhatAStyleSheetHidesIsLeftOut)
+{
+    char const* const shapes =
+        "<defs><style>/* .seen { display: none } */ .gone, #also { display : none; fill: red }\n"
+        "circle { visibility: hidden } .back { display: inline } g .deep { display: none }</style>"
+        "</defs><rect class='fine gone' width='1' height='1'/><rect id='also' width='2' "
+        "height='1'/>"
+        "<circle r='3'/><rect class='seen' width='4' height='1'/>"
+        "<rect class='gone back' width='5' height='1'/>"
+        "<rect class='gone' style='display:inline' width='6' height='1'/>"
+        "<rect display='none' class='back' width='7' height='1'/>"
+        "<g class='gone'><rect width='8' height='1'/></g>";
+    std::vector<float> widths;
+    for (Path const& path : read(shapes))
+        widths.push_back(path.points[1].X());
+    EXPECT_EQ(widths, (std::vector<float>{4, 5, 6, 7}));
+}
+
+TEST(SvgDrawing, AShapeThatItsStyleMovesIsRefused)
+{
+    char const* const sheet = "<style>.away { transform: translate(5px, 0) }</style>";
+    QByteArray const moved =
+        page((QByteArray(sheet) + "<rect class='away' width='3' height='3'/>").constData());
+    EXPECT_NE(refusalOf(moved, svgPaths).find("It moves a shape by its style at line 3"),
+              std::string::npos);
+    EXPECT_EQ(read("<rect transform='translate( 5 0 )' width='3' height='3'/>").size(), 1u);
+    EXPECT_EQ(read("<rect style='transform:none' width='3' height='3'/>").size(), 1u);
+}
+
 TEST(SvgDrawing, WhatCannotBeReadIsRefusedWithASentence)
 {
     struct Row

@@ -2,6 +2,7 @@
 #include "host/services/exact/ArrangedSolids.h"
 #include "host/services/exact/CorefinedSolids.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -37,13 +38,13 @@ void expectSame(SolidPair const& pair, std::string const& run)
 TEST(ArrangedSolids, AgreeWithCorefinedOnesInGeneralPosition)
 {
     std::mt19937 random(77);
-    for (int run = 0; run < 150; ++run)
+    for (int run = 0; run < rounds(150); ++run)
         expectSame(randomPair(random), std::to_string(run));
 }
 
 TEST(ArrangedSolids, AgreeWithCorefinedOnesOnAGrid)
 {
     std::mt19937 random(78);
-    for (int run = 0; run < 500; ++run)
+    for (int run = 0; run < rounds(500); ++run)
         expectSame(randomGridPair(random, false), std::to_string(run));
 }

@@ -3,6 +3,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -48,12 +49,13 @@ void compareAll(unsigned firstSeed, int runs, MakePair const& makePair)
 
 TEST(BooleanComparison, GivesWhatExactCorefinementGives)
 {
-    compareAll(1, 400, randomPair);
+    compareAll(1, rounds(400), randomPair);
 }
 
 TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnAGrid)
 {
-    compareAll(1001, 1000, [](std::mt19937& random) { return randomGridPair(random, true); });
+    compareAll(1001, rounds(1000),
+               [](std::mt19937& random) { return randomGridPair(random, true); });
 }
 
 TEST(BooleanComparison, GivesWhatExactCorefinementGivesOnModels)

@@ -2,6 +2,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ void expectWindings(Soup const& mesh, Soup const& a, Soup const& b, Rule const& 
     SCOPED_TRACE(name);
     EXPECT_EQ(closedSolidFaults(mesh), "");
     std::mt19937 random(4);
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < rounds(2000); ++i) {
         auto const coordinate = [&] { return double(random()) / 4294967296.0 * 90 - 25; };
         double const x = coordinate(), y = coordinate() / 2, z = coordinate() / 2;
         UPoint3<double> const p(x, y, z);
@@ -113,7 +114,8 @@ TEST(BooleanFlawedOperands, ToolOpenOutsideThePartCuts)
 
 TEST(BooleanFlawedOperands, OpenModelsAreCutAwayFromTheirHoles)
 {
-    for (auto const& [name, part] : withReal({"open head", openHead(60)}, "open-bunny-69k.stl")) {
+    for (auto const& [name, part] :
+         withReal({"open head", openHead(fineness(60))}, "open-bunny-69k.stl")) {
         SCOPED_TRACE(name);
         ASSERT_GT(borderEdgesOf(part), 0u);
         // The holes are in the base; the tool goes through the highest point.

@@ -7,6 +7,7 @@
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Places.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
@@ -221,8 +222,11 @@ TEST(BooleanLayers, ToolThatMeetsOnlyTheInnerBoxTakesTheOuterOnesLayerToo)
 
 TEST(BooleanLayers, EveryLayerOfThePartCountsUnderSmallTools)
 {
+    std::size_t number = 0;
     for (auto const& part : layeredSolids())
         for (auto const& tool : smallTools()) {
+            if (!isTried(number++))
+                continue;
             SCOPED_TRACE(part.name + ", " + tool.name);
             expectRules(part.soup, tool.soup);
         }
@@ -230,8 +234,11 @@ TEST(BooleanLayers, EveryLayerOfThePartCountsUnderSmallTools)
 
 TEST(BooleanLayers, ToolIsSolidWhereItWindsAboveZero)
 {
+    std::size_t number = 0;
     for (auto const& tool : layeredSolids())
         for (auto const& part : smallTools()) {
+            if (!isTried(number++))
+                continue;
             SCOPED_TRACE(part.name + ", " + tool.name);
             expectRules(part.soup, tool.soup);
         }
@@ -239,8 +246,11 @@ TEST(BooleanLayers, ToolIsSolidWhereItWindsAboveZero)
 
 TEST(BooleanLayers, BothOperandsMayHaveLayers)
 {
+    std::size_t number = 0;
     for (auto const& part : layeredSolids())
         for (auto const& tool : layeredSolids()) {
+            if (!isTried(number++))
+                continue;
             SCOPED_TRACE(part.name + ", " + tool.name);
             expectRules(part.soup, shifted(tool.soup, {3.25f, -2.5f, 4.125f}), 80);
         }
@@ -258,7 +268,7 @@ TEST(BooleanLayers, RandomHeapsOfShells)
 {
     std::mt19937 random(3);
     int refusals = 0;
-    for (int run = 0; run < 40; ++run) {
+    for (int run = 0; run < rounds(40); ++run) {
         SCOPED_TRACE(run);
         Soup heaps[2];
         for (Soup& heap : heaps)
@@ -275,10 +285,13 @@ TEST(BooleanLayers, RandomHeapsOfShells)
 
 TEST(BooleanLayers, NearCopiesStayClosedAndRight)
 {
+    std::size_t number = 0;
     for (auto const& solid :
          {NamedSoup{"sphere", sphere(20, 24, 32)}, NamedSoup{"torus", torus(20, 6, 32, 16)},
           NamedSoup{"lattice", lattice(2)}, NamedSoup{"figure of eight", figureOfEight(24, 6, 4)}})
         for (float const shift : {1e-6f, 1e-5f, 1e-4f, 1e-3f}) {
+            if (!isTried(number++))
+                continue;
             SCOPED_TRACE(solid.name + " by " + std::to_string(shift));
             Soup const copy = shifted(solid.soup, {32 * shift, 24 * shift, 30 * shift});
             auto const pieces = booleansOf(solid.soup, copy);
@@ -321,7 +334,7 @@ TEST(BooleanLayers, RealModelsThatCrossThemselves)
     for (char const* const name :
          {"broken/fish-control-mesh.obj", "broken/spot-control-mesh.obj", "broken/wingnut.obj"}) {
         SCOPED_TRACE(name);
-        Soup const part = realObject(name);
+        Soup const part = isUnderSanitizers ? Soup() : realObject(name);
         if (part.triangles.empty())
             GTEST_SKIP() << modelsAreMissing;
         expectRules(part, part, 24);

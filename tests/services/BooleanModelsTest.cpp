@@ -3,6 +3,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -186,7 +187,7 @@ TEST(BooleanModels, PinsOnASectionAndHolesInIt)
 
 TEST(BooleanModels, LargeModelIsCutClosedByManyCylinders)
 {
-    Soup const part = scannedHead(150);
+    Soup const part = scannedHead(fineness(150));
     std::mt19937 random(7);
     Soup const tool = cylindersThrough(part, 60, random);
     auto const [within, outside] = split(part, tool);

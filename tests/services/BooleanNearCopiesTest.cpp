@@ -2,6 +2,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/NearCopies.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
@@ -36,11 +37,16 @@ void expectSoundBesideItself(NamedSoup const& part)
 {
     if (!faultsOf(part.soup).empty())
         return;
+    std::size_t number = part.soup.triangles.size();
     for (double const share : {1e-6, 1e-5, 1e-4, 1e-3}) {
+        if (!isTried(number++))
+            continue;
         SCOPED_TRACE(part.name + " shifted by " + std::to_string(share) + " of its size");
         expectSound(part.soup, shiftedCopy(part.soup, share));
     }
     for (double const angle : {1e-7, 1e-6, 1e-5, 1e-4, 1e-3}) {
+        if (!isTried(number++))
+            continue;
         SCOPED_TRACE(part.name + " turned by " + std::to_string(1e6 * angle) + " millionths");
         expectSound(part.soup, turnedCopy(part.soup, angle));
     }

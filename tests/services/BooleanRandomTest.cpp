@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -19,10 +20,10 @@ std::string faultsOf(SolidPair const& pair, std::size_t samples, std::mt19937& r
 
 /// Runs of their own seed each, so that a failure can be repeated alone.
 template <typename MakePair>
-void expectNoFaults(unsigned firstSeed, unsigned runs, MakePair const& makePair)
+void expectNoFaults(unsigned firstSeed, int runs, MakePair const& makePair)
 {
     unsigned failures = 0;
-    for (unsigned seed = firstSeed; seed < firstSeed + runs; ++seed) {
+    for (unsigned seed = firstSeed; seed < firstSeed + unsigned(rounds(runs)); ++seed) {
         std::mt19937 random(seed);
         SolidPair const pair = makePair(random);
         std::string const faults = faultsOf(pair, 20, random);
@@ -78,7 +79,7 @@ TEST(BooleanRandom, SolidsFarFromTheOrigin)
 TEST(BooleanRandom, ResultsOfOperationsAreOperandsAgain)
 {
     // A chain on one part, as a user makes it: each result is the next operand.
-    for (unsigned seed = 500001; seed < 500031; ++seed) {
+    for (unsigned seed = 500001; seed < 500001 + unsigned(rounds(30)); ++seed) {
         std::mt19937 random(seed);
         Soup part = sphere(8, 10, 14);
         for (int step = 0; step < 6; ++step) {
@@ -94,7 +95,7 @@ TEST(BooleanRandom, ResultsOfOperationsAreOperandsAgain)
 
 TEST(BooleanRandom, OrderOfTrianglesAndPointsDoesNotMatter)
 {
-    for (unsigned seed = 600001; seed < 600101; ++seed) {
+    for (unsigned seed = 600001; seed < 600001 + unsigned(rounds(100)); ++seed) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);
         SolidPair const pair = seed % 2 ? randomPair(random) : randomGridPair(random, true);

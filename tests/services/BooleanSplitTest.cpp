@@ -2,6 +2,7 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +50,7 @@ TEST(BooleanSplit, PiecesShareTheirNewPointsExactly)
     expectFit(box(20, 20, 20), sphere(7, 9, 13, {20, 18, 3.3f}), "box and ball");
     expectFit(sphere(10, 20, 30), cylinder(3.1f, 40, 63), "ball and cylinder");
     expectFit(torus(20, 6, 60, 24), box(15.3f, 60, 60, {3.1f, -30, -30}), "torus and box");
-    for (unsigned seed = 1; seed <= 200; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(200)); ++seed) {
         std::mt19937 random(seed);
         // Solids of one shell: a shell that is not cut has points of its own.
         Soup const part = moved(box(7, 9, 5), randomMotion(random, 1));
@@ -60,7 +61,8 @@ TEST(BooleanSplit, PiecesShareTheirNewPointsExactly)
 
 TEST(BooleanSplit, PiecesShareTheirNewPointsExactlyOnModels)
 {
-    for (auto const& [name, part] : withReal({"head", scannedHead(60)}, "bunny-60k.stl")) {
+    for (auto const& [name, part] :
+         withReal({"head", scannedHead(fineness(60))}, "bunny-60k.stl")) {
         UBox3<float> const box = kernelOf(part)->GetBox();
         UPoint3<float> const middle = (box.min + box.max) * 0.5f;
         Soup prism = cylinder(17, 300, 8);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/Validator.h"
 
@@ -133,7 +134,7 @@ Frame frameAcross(Soup const& part, UVector3<float> const& normal, float share)
 TEST(BoundedPlaneCut, HoldsItsInvariantsOnSolidsThatTouchThemselves)
 {
     int cuts = 0;
-    for (unsigned seed = 1; seed <= 150; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(150)); ++seed) {
         Soup const part = randomVoxels(3 + int(seed % 4), seed);
         for (UVector3<float> const& normal : {UVector3<float>(0, 0, 1), UVector3<float>(-1, 0, 0),
                                               UVector3<float>(1, 1, 0), UVector3<float>(1, -2, 1)})
@@ -144,14 +145,14 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsOnSolidsThatTouchThemselves)
                 cuts += cutFaceByFace(part, frame, 6);
             }
     }
-    EXPECT_GT(cuts, 500);
+    EXPECT_GT(cuts, rounds(500));
 }
 
 TEST(BoundedPlaneCut, HoldsItsInvariantsUnderRandomRectangles)
 {
     std::mt19937 random(1);
     std::uniform_real_distribution<float> anywhere(-4, 4);
-    for (unsigned seed = 1; seed <= 100; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(100)); ++seed) {
         Soup const part = randomVoxels(4 + int(seed % 3), seed);
         for (float const height : {2.0f, 2.5f}) {
             SCOPED_TRACE(std::to_string(seed) + " at " + std::to_string(height));
@@ -174,7 +175,7 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsOnTurnedSolidsThatTouchThemselves)
         return motion * UPoint3<float>(v.X(), v.Y(), v.Z()) - motion * UPoint3<float>();
     };
     int cuts = 0;
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(60)); ++seed) {
         Soup const part = moved(randomVoxels(3 + int(seed % 3), seed), motion);
         for (float const height : {1.0f, 1.5f}) {
             SCOPED_TRACE(std::to_string(seed) + " at " + std::to_string(height));
@@ -183,7 +184,7 @@ TEST(BoundedPlaneCut, HoldsItsInvariantsOnTurnedSolidsThatTouchThemselves)
             cuts += cutFaceByFace(part, frame, 6);
         }
     }
-    EXPECT_GT(cuts, 50);
+    EXPECT_GT(cuts, rounds(50));
 }
 
 TEST(BoundedPlaneCut, HoldsItsInvariantsOnAllClosedShapes)

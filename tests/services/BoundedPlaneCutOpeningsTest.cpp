@@ -69,9 +69,10 @@ TEST(BoundedPlaneCutOpenings, ARectangleThatReachesTheOpenTorsoIsRefused)
         auto const plane = levelPlane(low, high, 10);
         bool const holdsPoints = high.Y() > 7;
         std::string const text = failureOf(part, *plane);
-        if (holdsPoints)
+        if (holdsPoints) {
             EXPECT_NE(text.find("The part is open where the plane meets it, near ("),
                       std::string::npos);
+        }
     }
 }
 

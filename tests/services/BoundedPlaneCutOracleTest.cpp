@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The rule of the bounded plane cut, told once more on squares of a front view and without a mesh.
 #include "tests/services/CutFamilies.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -268,7 +269,7 @@ TEST(BoundedPlaneCut, AgreesWithTheRuleToldOnPictures)
 {
     std::mt19937 random(3);
     int cuts = 0;
-    for (int run = 0; run < 3000; ++run) {
+    for (int run = 0; run < rounds(3000); ++run) {
         Rows const rows = randomPicture(random);
         int const cutRow = int(random() % height);
         int first = int(random() % width), last = int(random() % width);

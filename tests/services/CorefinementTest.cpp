@@ -3,6 +3,7 @@
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/BooleanJudge.h"
 #include "tests/support/RandomSolids.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -57,7 +58,7 @@ void expectLayers(Soup const& a, Soup const& b)
     for (Soup const* const result : {&difference, &common, &united})
         EXPECT_EQ(closedSolidFaults(*result), "");
     std::mt19937 random(4);
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < rounds(500); ++i) {
         auto const coordinate = [&] { return double(random()) / 4294967296.0 * 45 - 10; };
         double const x = coordinate(), y = coordinate(), z = coordinate();
         if (distanceFrom(a, {x, y, z}) < 1e-2 || distanceFrom(b, {x, y, z}) < 1e-2)
@@ -75,7 +76,7 @@ void expectLayers(Soup const& a, Soup const& b)
 TEST(Corefinement, RandomSolidsInGeneralPosition)
 {
     std::mt19937 random(2024);
-    for (int run = 0; run < 300; ++run) {
+    for (int run = 0; run < rounds(300); ++run) {
         auto const [name, a, b] = randomPair(random);
         SCOPED_TRACE(name + ", run " + std::to_string(run));
         CombinedSolids const solids = combineAll(a, b);
@@ -87,7 +88,7 @@ TEST(Corefinement, RandomSolidsInGeneralPosition)
 TEST(Corefinement, RandomSolidsOnAGrid)
 {
     std::mt19937 random(7);
-    for (int run = 0; run < 1000; ++run) {
+    for (int run = 0; run < rounds(1000); ++run) {
         auto const [name, a, b] = randomGridPair(random, false);
         SCOPED_TRACE(name + ", run " + std::to_string(run));
         CombinedSolids const solids = combineAll(a, b);
@@ -156,7 +157,7 @@ TEST(Corefinement, OpenOperandsAreRefused)
 
 TEST(Corefinement, SolidsThatTouchThemselvesWhereTheyMeet)
 {
-    for (unsigned seed = 1; seed <= 500; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(500)); ++seed) {
         std::mt19937 random(seed);
         auto const [name, a, b] = randomGridPair(random, true);
         SCOPED_TRACE(name + ", seed " + std::to_string(seed));
@@ -208,7 +209,7 @@ TEST(Corefinement, ShellWithinAShellOfTheSameDirectionIsNoWallOfATool)
 TEST(Corefinement, SameInputGivesTheSameBytes)
 {
     std::mt19937 random(11);
-    for (int run = 0; run < 40; ++run) {
+    for (int run = 0; run < rounds(40); ++run) {
         auto const [name, a, b] = run % 2 ? randomPair(random) : randomGridPair(random, false);
         SCOPED_TRACE(name);
         MeshArrays const first = *combineAll(a, b).united;

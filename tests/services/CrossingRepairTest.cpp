@@ -179,8 +179,9 @@ TEST(CrossingRepair, WithinTheScopeOfACutOnlyWhatItTouchesIsMended)
     Soup const mended = soupOf(above);
     auto const before = trianglesOf(cut), after = trianglesOf(mended);
     for (Triangle const& triangle : before)
-        if (triangle[0][2] > 300)
+        if (triangle[0][2] > 300) {
             EXPECT_EQ(after.count(triangle), before.count(triangle));
+        }
     EXPECT_EQ(borderEdgesOf(mended), 3u);
 }
 

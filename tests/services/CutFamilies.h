@@ -41,5 +41,5 @@ struct NamedPlane
 };
 
 /// Planes across a mesh: along the axes and oblique, in the middle and off it, through vertices,
-/// along edges and in faces.
+/// along edges and in faces. Under sanitizers some of them, others for every mesh.
 std::vector<NamedPlane> planesAcross(Soup const& soup);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/Repair.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -185,7 +186,7 @@ Soup onGrid(Soup soup, float scale)
 
 TEST(EvaluateErrors, FindsTheMeetingPairsOfCoarseSoups)
 {
-    for (unsigned seed = 0; seed < 120; ++seed) {
+    for (unsigned seed = 0; seed < unsigned(rounds(120)); ++seed) {
         Soup const soup = randomSoup(seed, 40, seed % 3 == 0 ? 3 : 6);
         EXPECT_EQ(countedPairs(soup), pairsThatMeet(soup)) << "seed " << seed;
     }
@@ -193,7 +194,7 @@ TEST(EvaluateErrors, FindsTheMeetingPairsOfCoarseSoups)
 
 TEST(EvaluateErrors, FindsTheMeetingPairsOfFineSoups)
 {
-    for (unsigned seed = 0; seed < 20; ++seed) {
+    for (unsigned seed = 0; seed < unsigned(rounds(20)); ++seed) {
         Soup const soup = randomSoup(seed, 60, 4000);
         EXPECT_EQ(countedPairs(soup), pairsThatMeet(soup)) << "seed " << seed;
     }

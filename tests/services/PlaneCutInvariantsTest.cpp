@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/services/CutFamilies.h"
 #include "tests/support/MadeModels.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +62,7 @@ TEST(PlaneCut, HoldsItsInvariantsOnModels)
 
 TEST(PlaneCut, HoldsItsInvariantsOnSolidsThatTouchThemselves)
 {
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(60)); ++seed) {
         Soup const soup = randomVoxels(3 + int(seed % 3), seed);
         std::string const name = "voxels " + std::to_string(seed);
         // Levels in faces and between them, and planes through edges and corners of many cubes.
@@ -78,7 +79,7 @@ TEST(PlaneCut, HoldsItsInvariantsOnTurnedSolidsThatTouchThemselves)
     float const values[16] = {0.6f,  0.8f,   0,    0, -0.48f, 0.36f, 0.8f, 0,
                               0.64f, -0.48f, 0.6f, 0, 9,      4,     2,    1};
     UMatrix4<float> const motion(values);
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= unsigned(rounds(60)); ++seed) {
         Soup const soup = moved(randomVoxels(3 + int(seed % 3), seed), motion);
         for (float const height : {1.0f, 1.5f, 2.0f}) {
             UPoint3<float> const centre = motion * UPoint3<float>(height, height, height);

@@ -182,8 +182,9 @@ TEST(TriangleMatch, FindsAllThatWereRemovedTurnedOrAddedAtTheEnd)
     for (std::size_t t = 0; t < matched.size(); ++t) {
         bool const isNew = t == 100 || t + 9 >= matched.size();
         ASSERT_EQ(matched[t] == unmatched, isNew) << t;
-        if (!isNew)
+        if (!isNew) {
             EXPECT_EQ(before.triangles[matched[t]], after.triangles[t]);
+        }
     }
 }
 

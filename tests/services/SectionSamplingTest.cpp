@@ -84,8 +84,9 @@ TEST(SectionSampling, AreaFacingAndBorderStayThoseOfTheCut)
             // The sampled halves differ by the section's two sides, up to the rounding of points.
             double const caps = 0.5 * (areaOf(soupOf(outcome->above)) +
                                        areaOf(soupOf(outcome->below)) - areaOf(soup));
-            if (!section.triangles.empty())
+            if (!section.triangles.empty()) {
                 EXPECT_NEAR(area, caps, 1e-4 * areaOf(soup)) << area;
+            }
             auto const vectorArea = vectorAreaOf(section);
             EXPECT_NEAR(vectorArea.GetLength(), area, 1e-4 * area + 1e-6);
         }

@@ -3,6 +3,7 @@
 
 #include "platform/services/EarcutPolygon.h"
 #include "tests/support/IsoSurface.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/Validator.h"
 
 #include <algorithm>
@@ -306,6 +307,10 @@ std::vector<MadeModel> madeModels()
 std::vector<NamedSoup> closedModels(std::size_t maximumTriangles)
 {
     std::vector<NamedSoup> models;
+    if (isUnderSanitizers) {
+        maximumTriangles = std::min<std::size_t>(maximumTriangles, 10000);
+        models.push_back({"small head", scannedHead(20)});
+    }
     for (MadeModel& made : madeModels())
         if (made.soup.triangles.size() <= maximumTriangles)
             models.push_back({std::move(made.name), std::move(made.soup)});

@@ -36,7 +36,7 @@ struct MadeModel
 std::vector<MadeModel> madeModels();
 
 /// The models made here and, where they are, the closed real ones, each below a number of
-/// triangles.
+/// triangles; under sanitizers small ones made here alone.
 std::vector<NamedSoup> closedModels(std::size_t maximumTriangles);
 /// The same without thin walls.
 std::vector<NamedSoup> stoutModels(std::size_t maximumTriangles);

@@ -280,3 +280,14 @@ TEST(ClearanceFit, ARingHasItsGapAlone)
     EXPECT_FALSE(fit.toothGap);
     expectWhole(fit);
 }
+
+TEST(ClearanceFit, AGapIsToldAsItWasAskedForWhereTheGridAloneKeepsItAway)
+{
+    EXPECT_EQ(toldGap(0.148, 0.15), 0.15);
+    EXPECT_EQ(toldGap(0.1525, 0.15), 0.15);
+    EXPECT_EQ(toldGap(0.146, 0.15), 0.146) << "teeth are nearer than that";
+    EXPECT_EQ(toldGap(0.001, 0.002), 0.001) << "as wide as the grid, which says nothing";
+    ToothedBlock block = ToothedBlock::jagged(1, 0.5f);
+    EXPECT_FLOAT_EQ(float(block.fit(inside, 0.15f).askedGap), 0.15f);
+    EXPECT_FLOAT_EQ(float(block.fit(bothSides, 0.15f).askedGap), 0.3f);
+}

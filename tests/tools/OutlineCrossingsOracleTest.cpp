@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Rounds.h"
 #include "tests/tools/FlatShapes.h"
 #include "tools/LoopNesting.h"
 #include "tools/OutlineCrossings.h"
@@ -139,7 +140,7 @@ TEST(OutlineCrossings, RandomOutlinesAreResolvedAsByTheSlowSteps)
 {
     std::mt19937 random(20260101);
     int withResidual = 0;
-    for (int run = 0; run < 3000; ++run) {
+    for (int run = 0; run < rounds(3000); ++run) {
         // Small ranges are full of touches and overlaps, large ones of proper crossings.
         int const range = run % 3 == 0 ? 4 : run % 3 == 1 ? 20 : 100000;
         std::uniform_int_distribution<int> coordinate(-range, range);
@@ -152,7 +153,7 @@ TEST(OutlineCrossings, RandomOutlinesAreResolvedAsByTheSlowSteps)
         ASSERT_EQ(actual.residual, expected.residual) << "run " << run;
         withResidual += !expected.residual.empty();
     }
-    EXPECT_GT(withResidual, 1000);
+    EXPECT_GT(withResidual, rounds(1000));
 }
 
 TEST(OutlineCrossings, OutlinesBeyondTheReachOfExactProductsAreResolvedAlike)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Rounds.h"
 #include "tests/tools/ToothedPolygon.h"
 #include "tools/OutlineOffset.h"
 #include "tools/WoundRegion.h"
@@ -6,6 +7,9 @@
 #include <gtest/gtest.h>
 #include <polyclipping/clipper.hpp>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <random>
 
 namespace {
@@ -151,9 +155,12 @@ TEST(WoundRegion, GivesUpBeyondTheCrossingsWanted)
 
 TEST(OutlineOffset, OfTeethIsTheJudges)
 {
+    std::size_t number = 0;
     for (int const style : {0, 1, 2})
         for (bool const isRounded : {false, true})
             for (double const distance : {0.1, -0.1, 0.25, -0.25}) {
+                if (!isTried(number++))
+                    continue;
                 SCOPED_TRACE(testing::Message() << style << isRounded << distance);
                 int const count = isRounded ? 20 : 100;
                 expectSameRegion(ToothedPolygon::strip(style, count, 0).source(isRounded),
@@ -165,6 +172,95 @@ TEST(OutlineOffset, OfTeethIsTheJudges)
             }
 }
 
+namespace {
+
+double windingAround(double x, double y, Loops const& outlines)
+{
+    double turns = 0;
+    for (Ring const& ring : outlines)
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            UPoint3<float> const &a = ring[i], &b = ring[(i + 1) % ring.size()];
+            double const ax = a.X() - x, ay = a.Y() - y, bx = b.X() - x, by = b.Y() - y;
+            turns += std::atan2(ax * by - ay * bx, ax * bx + ay * by);
+        }
+    return turns / (2 * M_PI);
+}
+
+double distanceFrom(double x, double y, Loops const& outlines)
+{
+    double least = HUGE_VAL;
+    for (Ring const& ring : outlines)
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            UPoint3<float> const &a = ring[i], &b = ring[(i + 1) % ring.size()];
+            double const ux = b.X() - a.X(), uy = b.Y() - a.Y(), vx = x - a.X(), vy = y - a.Y();
+            double const squared = ux * ux + uy * uy;
+            double const t =
+                squared > 0 ? std::clamp((vx * ux + vy * uy) / squared, 0.0, 1.0) : 0.0;
+            least = std::min(least, std::hypot(vx - t * ux, vy - t * uy));
+        }
+    return least;
+}
+
+/// By nothing but distances and angles: the points of the moved outlines are as far from the source
+/// as they should be, and they wind around what is so near to it and around nothing else.
+void expectMovedBy(Loops const& source, double distance, std::mt19937& random)
+{
+    constexpr double tolerance = 0.002;
+    std::optional<Loops> const moved =
+        Freecut::OutlineOffset(source, {topCamera(), 0}).moved(distance);
+    ASSERT_TRUE(moved.has_value());
+    ASSERT_FALSE(moved->empty());
+    std::size_t number = 0;
+    for (Ring const& ring : *moved)
+        for (UPoint3<float> const& p : ring)
+            if (number++ % 23 == 0) {
+                EXPECT_NEAR(distanceFrom(p.X(), p.Y(), source), std::abs(distance), tolerance);
+            }
+    EXPECT_GT(number, 1000u);
+    std::uniform_real_distribution<double> beside(-2 * std::abs(distance), 2 * std::abs(distance));
+    for (int i = 0; i < 400; ++i) {
+        UPoint3<float> const& p = source[0][random() % source[0].size()];
+        double const x = p.X() + beside(random), y = p.Y() + beside(random);
+        double const away = distanceFrom(x, y, source);
+        bool const isInside = std::abs(windingAround(x, y, source)) > 0.5;
+        double const depth = (isInside ? away : -away) + distance;
+        if (std::abs(depth) > tolerance) {
+            EXPECT_EQ(std::abs(windingAround(x, y, *moved)) > 0.5, depth > 0) << x << ' ' << y;
+        }
+    }
+}
+
+}  // namespace
+
+TEST(OutlineOffset, OfTabsMovedByTheRadiusOfTheirArcsLiesAtThatDistance)
+{
+    // Arcs of 0.25 mm, whose edges are a few thousandths long, shrink to scribbles around their
+    // middles; so do roundings of 0.2 mm.
+    std::mt19937 random(5);
+    for (double const distance : {0.25, -0.25, 0.2, -0.2, 0.1})
+        for (ToothedPolygon& polygon :
+             std::array{ToothedPolygon::strip(2, 30, 0), ToothedPolygon::strip(2, 30, 0.3),
+                        ToothedPolygon::round(2, 6)}) {
+            SCOPED_TRACE(distance);
+            Loops const source = polygon.source(true);
+            std::size_t points = 0;
+            for (Ring const& ring : source)
+                points += ring.size();
+            EXPECT_GT(points, 4000u);
+            expectMovedBy(source, distance, random);
+        }
+}
+
+TEST(OutlineOffset, OfManyTeethIsTheJudges)
+{
+    for (int const style : {0, 1, 2})
+        for (double const distance : {0.1, -0.1, 0.25, -0.25}) {
+            SCOPED_TRACE(testing::Message() << style << ' ' << distance);
+            Loops const source = ToothedPolygon::strip(style, rounds(60), 0.3).source(true);
+            expectSameRegion(source, distance);
+        }
+}
+
 TEST(OutlineOffset, OfAnythingIsTheJudges)
 {
     // Stars, gears, scribbles, and scribbles on a coarse grid, which touch and cover themselves and
@@ -173,7 +269,7 @@ TEST(OutlineOffset, OfAnythingIsTheJudges)
     auto const uniform = [&](double low, double high) {
         return std::uniform_real_distribution<double>(low, high)(random);
     };
-    for (int run = 0; run < 400; ++run) {
+    for (int run = 0; run < rounds(400); ++run) {
         int const kind = run % 4, count = 3 + int(random() % (run % 20 ? 25 : 150));
         double const size = std::pow(10, uniform(-0.5, 2));
         Ring corners;
@@ -219,8 +315,8 @@ TEST(OutlineOffset, DrawableTeethAreNeverRefused)
     // On a level edge all teeth stand at one height, and roundings give each a hundred points.
     for (int const style : {0, 1, 2})
         for (float const clearance : {0.1f, 0.25f}) {
-            ToothedPolygon polygons[] = {ToothedPolygon::strip(style, 300, 0),
-                                         ToothedPolygon::strip(style, 300, 0.3),
+            ToothedPolygon polygons[] = {ToothedPolygon::strip(style, rounds(300), 0),
+                                         ToothedPolygon::strip(style, rounds(300), 0.3),
                                          ToothedPolygon::round(style, 60)};
             for (ToothedPolygon& polygon : polygons) {
                 Freecut::ToolOutlines const& outlines = polygon.update(true, clearance);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/jobs/Exceptions.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/TextChanges.h"
+#include "tests/support/UncheckedLeaks.h"
 #include "tools/TeethParas.h"
 #include "tools/ToolFile.h"
 
@@ -8,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 #include <random>
@@ -60,11 +63,26 @@ QByteArray const cuboidText = R"({
 }
 )";
 
+bool isJson(QByteArray const& text)
+{
+    UncheckedLeaks const unchecked;
+    return !QJsonDocument::fromJson(text).isNull();
+}
+
+/// Qt's reader forgets some of what it has read where a text is no JSON.
+StoredTool toolOfAnyText(QByteArray const& text)
+{
+    if (isJson(text))
+        return ToolFile::toolOf(text);
+    UncheckedLeaks const unchecked;
+    return ToolFile::toolOf(text);
+}
+
 /// Why a text is refused; empty if it is read.
 std::string refusalOf(QByteArray const& text)
 {
     try {
-        ToolFile::toolOf(text);
+        toolOfAnyText(text);
         return {};
     } catch (Mell::Exception const& reason) {
         return reason.what();
@@ -122,7 +140,7 @@ TEST(ToolFile, EveryBitOfANumberIsKept)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<float> coordinate(-300, 300), size(0.001f, 80);
-    for (int run = 0; run < 2000; ++run) {
+    for (int run = 0; run < rounds(2000); ++run) {
         StoredTool tool = ToolFile::toolOf(cuboidText);
         tool.points[0] = {coordinate(random), coordinate(random), coordinate(random)};
         tool.depth = coordinate(random);
@@ -221,11 +239,11 @@ TEST(ToolFile, SmallChangesGiveAToolOrASentence)
     QByteArray const seeds[] = {polygonText, cylinderText, cuboidText};
     QByteArray const pieces = "{}[]\",:.-+eE0123456789 tfn\n\\";
     int readable = 0;
-    for (int run = 0; run < 30000; ++run) {
+    for (int run = 0; run < rounds(30000); ++run) {
         QByteArray text = seeds[run % 3];
         changeText(text, pieces, {3, 12}, random);
         try {
-            StoredTool const tool = ToolFile::toolOf(text);
+            StoredTool const tool = toolOfAnyText(text);
             ++readable;
             ASSERT_GE(tool.points.size(), tool.kind == StoredTool::Kind::Polygon ? 3u : 1u);
             ASSERT_EQ(tool.edges.size(),
@@ -237,5 +255,5 @@ TEST(ToolFile, SmallChangesGiveAToolOrASentence)
             ASSERT_FALSE(std::string(reason.what()).empty());
         }
     }
-    EXPECT_GT(readable, 300);
+    EXPECT_GT(readable, rounds(300));
 }
