@@ -6,11 +6,12 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/mesh/MeshCopy.h"
 #include "host/services/MeshMaking.h"
-#include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
+#include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/MemoryRoom.h"
+#include "host/services/boolean/PartWindings.h"
 #include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
@@ -23,12 +24,9 @@
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/ArrangedSolids.h"
 #include "host/services/exact/Corefinement.h"
-#include "platform/jobs/ConsoleSingleton.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -45,7 +43,6 @@ using Triangle = UTriangle<float>;
 constexpr int gridDone = 10;
 constexpr int copiesDone = 45;
 constexpr int curvesDone = 85;
-constexpr std::size_t mostNamedPlaces = 5;
 
 class SolidBoolean
 {
@@ -243,56 +240,11 @@ private:
                 m_anchors.emplace_back(m_tool.anchors[i], *numbers[i]);
     }
 
-    /// The part's winding numbers around points, by one pass over the part.
     WindingSources::Numbers partAround(std::span<RayOrigin const> points)
     {
-        struct Lines
-        {
-            std::vector<LinePassage> sums;
-            std::vector<bool> isOpen;
-        };
-        using Range = tbb::blocked_range<std::size_t>;
-        std::vector<std::pair<double, std::size_t>> order;
-        double margin = 0;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            order.emplace_back(points[i].place[1], i);
-            margin = std::max(margin, 2 * points[i].error);
-        }
-        std::sort(order.begin(), order.end());
-        Lines const lines = tbb::parallel_reduce(
-            Range(0, m_part.triangles.size(), 4096),
-            Lines{std::vector<LinePassage>(points.size()), std::vector<bool>(points.size(), false)},
-            [&](Range const& range, Lines found) {
-                for (std::size_t t = range.begin(); t != range.end(); ++t) {
-                    Triangle const& triangle = *m_part.triangles[t];
-                    UPoint3<float> const a = triangle.cP(0), b = triangle.cP(1), c = triangle.cP(2);
-                    auto const [low, high] = std::minmax({a[1], b[1], c[1]});
-                    auto next = std::lower_bound(order.begin(), order.end(),
-                                                 std::pair(low - margin, std::size_t(0)));
-                    for (; next != order.end() && next->first <= high + margin; ++next)
-                        if (auto const passage = linePassage(points[next->second], a, b, c))
-                            found.sums[next->second] += *passage;
-                        else
-                            found.isOpen[next->second] = true;
-                }
-                m_progress.add(0);
-                return found;
-            },
-            [](Lines a, Lines const& b) {
-                for (std::size_t i = 0; i < a.sums.size(); ++i) {
-                    a.sums[i] += b.sums[i];
-                    a.isOpen[i] = a.isOpen[i] || b.isOpen[i];
-                }
-                return a;
-            });
-        WindingSources::Numbers numbers(points.size());
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            bool const isBalanced = lines.sums[i].ahead == lines.sums[i].back;
-            m_isPartOpen |= !isBalanced;
-            if (!lines.isOpen[i] && isBalanced)
-                numbers[i] = lines.sums[i].ahead;
-        }
-        return numbers;
+        PartWindings windings = windingsOfPart(m_part, points, m_progress);
+        m_isPartOpen |= windings.isOpen;
+        return std::move(windings.numbers);
     }
 
     /// All results, or none if one of them does not close.
@@ -382,25 +334,6 @@ private:
         return arrays;
     }
 
-    /// Names the first places, and tells how many more there are.
-    static void logCrossings(std::vector<UPoint3<float>> const& places)
-    {
-        std::size_t const named = std::min(places.size(), mostNamedPlaces);
-        for (std::size_t i = 0; i < named; ++i)
-            log(withPlace(QCoreApplication::translate(
-                              "Services", "A piece crosses itself by rounding near (%1, %2, %3)."),
-                          places[i]));
-        if (places.size() > named)
-            log(QCoreApplication::translate(
-                    "Services", "Pairs of triangles that cross by rounding elsewhere: at least %1.")
-                    .arg(places.size() - named));
-    }
-
-    static void log(QString const& text)
-    {
-        Base::ConsoleSingleton::Instance().Log(text.toStdString());
-    }
-
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
                         std::vector<PieceTriangle> const& triangles)
     {
@@ -481,7 +414,7 @@ private:
         if (order.isNone())
             return {};
         if (!m_survey)
-            logOrder(order, part);
+            logSurfaceOrder(order, part);
         std::vector<bool> isKept;
         for (std::uint32_t const number : order.surplus)
             isKept.push_back(number == 0);
@@ -498,38 +431,6 @@ private:
             m_progress.begin(curvesDone + percent * (100 - curvesDone) / 100, 100, 1);
         };
         return combineSolids(MeshKernel(clean.release()), *toolKernel(), m_pieces, rest, m_survey);
-    }
-
-    static void logOrder(SurfaceOrder const& order, MeshArrays const& part)
-    {
-        std::vector<UPoint3<float>> walls;
-        for (std::size_t t = 0; t < order.surplus.size(); ++t) {
-            walls.resize(std::max<std::size_t>(walls.size(), order.surplus[t]));
-            if (order.surplus[t] > 0)
-                walls[order.surplus[t] - 1] = part.point(t, 0);
-        }
-        logWalls(walls);
-        auto const turned = std::find(order.isTurned.begin(), order.isTurned.end(), true);
-        if (turned != order.isTurned.end())
-            log(withPlace(QCoreApplication::translate(
-                              "Services",
-                              "Triangles that faced the other way than those around them, one near "
-                              "(%1, %2, %3), were turned."),
-                          part.point(std::size_t(turned - order.isTurned.begin()), 0)));
-    }
-
-    static void logWalls(std::vector<UPoint3<float>> const& places)
-    {
-        std::size_t const named = std::min(places.size(), mostNamedPlaces);
-        for (std::size_t i = 0; i < named; ++i)
-            log(withPlace(QCoreApplication::translate(
-                              "Services",
-                              "A wall in the part near (%1, %2, %3), which bounds nothing, was "
-                              "left out."),
-                          places[i]));
-        if (places.size() > named)
-            log(QCoreApplication::translate("Services", "Other such walls that were left out: %1.")
-                    .arg(places.size() - named));
     }
 
     /// Moves the records out of a kernel.
