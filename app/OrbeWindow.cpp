@@ -14,6 +14,7 @@
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobGuard.h"
+#include "app/recovery/RecoveryDialog.h"
 #include "app/view/ViewAppearance.h"
 #include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
@@ -25,6 +26,7 @@
 #include "app/window/WindowMenus.h"
 #include "app/window/WindowPanels.h"
 #include "platform/document/Document.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/DialogWindowManager.h"
@@ -52,6 +54,7 @@ char const* const stateKey = "Window/State";
 constexpr int stateVersion = 2;
 constexpr QSize defaultSize(1280, 800);
 constexpr int isometricView = 6;
+constexpr int secondOfferMilliseconds = 4000;
 
 }  // namespace
 
@@ -78,6 +81,7 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
 
 OrbeWindow::~OrbeWindow()
 {
+    m_autoSave.reset();
     // Waits for a job that still runs, while all that it reports to is there.
     delete m_files;
     setActiveGLView(nullptr);
@@ -215,6 +219,26 @@ void OrbeWindow::addBesideView(QWidget* widget)
 void OrbeWindow::addNotice(QString const& message)
 {
     m_notices->add(message);
+}
+
+void OrbeWindow::keepUnsavedWork(std::filesystem::path const& root)
+{
+    try {
+        m_autoSave = std::make_unique<AutoSave>(*m_files, RecoveryFolder::make(root));
+    } catch (Mell::Exception const& error) {
+        addNotice(tr("Unsaved changes will not be kept for recovery.") + ' ' +
+                  QString::fromUtf8(error.what()));
+        return;
+    }
+    connect(m_autoSave.get(), &AutoSave::failed, this, &OrbeWindow::addNotice);
+    auto const offer = [this, root] {
+        return offerRecovery(root, *m_files, *m_autoSave, [this](auto const& works) {
+            return RecoveryDialog::ask(works, this);
+        });
+    };
+    // A program that has just been killed holds its folder until the system has cleaned up.
+    if (!offer())
+        QTimer::singleShot(secondOfferMilliseconds, this, offer);
 }
 
 void OrbeWindow::changeEvent(QEvent* event)

@@ -4,9 +4,11 @@
 #include "app/window/PanelPlaces.h"
 #include "platform/ui/MainWindow.h"
 
+#include <filesystem>
 #include <memory>
 #include <vector>
 
+class AutoSave;
 class CommandGate;
 class DockTitles;
 class DocumentFiles;
@@ -46,6 +48,10 @@ public:
 
     /// Shows a message in a strip above the view.
     void addNotice(QString const& message);
+
+    /// From now on keeps unsaved changes below a folder, and offers there what an earlier program
+    /// could not save. Where the folder cannot be used a notice says so.
+    void keepUnsavedWork(std::filesystem::path const& root);
 
     WindowMenus& menus() const { return *m_menus; }
     WindowPanels& panels() const { return *m_panels; }
@@ -89,6 +95,7 @@ private:
     DocumentFollower* m_follower = nullptr;
     DocumentFiles* m_files = nullptr;
     std::unique_ptr<PartPreparation> m_preparation;
+    std::unique_ptr<AutoSave> m_autoSave;
     QByteArray m_firstPlaces;
     bool m_hasStoredPlaces = false;
     bool m_closesAfterJob = false;

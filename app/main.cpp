@@ -9,9 +9,13 @@
 #include "platform/ui/ThemeSwitch.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QIcon>
+#include <QStandardPaths>
+#include <QTimer>
 
 #include <cstdio>
+#include <filesystem>
 
 namespace {
 
@@ -74,6 +78,12 @@ void prepareQt()
     QCoreApplication::setApplicationVersion(StartOptions::version());
 }
 
+std::filesystem::path recoveryFolder()
+{
+    QString const data = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    return QDir(data).filePath(QStringLiteral("recovery")).toStdString();
+}
+
 int runWindow(StartOptions const& options)
 {
     Base::setOpenGLPath(options.openGL);
@@ -91,7 +101,11 @@ int runWindow(StartOptions const& options)
     for (QString const& message : modules.messages())
         window.addNotice(message);
     window.show();
-    window.files().openFiles(options.files);
+    // When there is a window to ask in.
+    QTimer::singleShot(0, &window, [&] {
+        window.keepUnsavedWork(recoveryFolder());
+        window.files().openFiles(options.files);
+    });
     return QApplication::exec();
 }
 

@@ -155,6 +155,43 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project)
         tellLater(sentences.join(QStringLiteral("\n\n")));
 }
 
+bool DocumentFiles::recover(QString const& projectFile, ReadRecovered read,
+                            std::function<void()> takenOver)
+{
+    if (JobGuard::instance()->isBusy() || !mayDiscard())
+        return false;
+    auto const recovered = std::make_shared<Recovered>();
+    m_job.start(
+        QT_TRANSLATE_NOOP("JobGuard", "Recovering unsaved changes"),
+        [recovered, read = std::move(read)](FileJob::Progress const& progress) {
+            *recovered = read(progress);
+        },
+        [this, recovered, projectFile,
+         takenOver = std::move(takenOver)](JobOutcome const& outcome) {
+            if (outcome.isDone()) {
+                takeOver(*recovered, projectFile);
+                takenOver();
+            } else if (!outcome.problem.isEmpty()) {
+                tellLater(outcome.problem);
+            }
+        });
+    return true;
+}
+
+void DocumentFiles::takeOver(Recovered& recovered, QString const& projectFile)
+{
+    m_isTakingOver = true;
+    Mesh::Document* const fresh = replaceDocument(projectFile);
+    addProject(*fresh, std::move(recovered.objects));
+    fresh->clearHistory();
+    fresh->setModified(true);
+    m_isTakingOver = false;
+    fitIntoView();
+    emit opened();
+    if (!recovered.problems.isEmpty())
+        tellLater(recovered.problems.mid(0, mostSentences).join(QStringLiteral("\n\n")));
+}
+
 void DocumentFiles::addParts(LoadedFiles& loaded)
 {
     Mesh::Document* const target = document() ? document() : replaceDocument({});

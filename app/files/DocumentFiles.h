@@ -50,6 +50,23 @@ public:
     void save();
     void saveAs();
 
+    /// Unsaved work that was kept when the program could not end in order.
+    struct Recovered
+    {
+        std::vector<Formats::ProjectObject> objects;
+        /// One sentence for each thing that is missing.
+        QStringList problems;
+    };
+    using ReadRecovered = std::function<Recovered(FileJob::Progress const&)>;
+    /// Puts such work in the document's place, after the question about unsaved work. It is unsaved
+    /// still.
+    ///
+    /// projectFile  where it would be saved; empty for none
+    /// read         called on the job's thread
+    /// takenOver    called when the work is in the document
+    /// returns      false if the user keeps the document that is there, or a job runs
+    bool recover(QString const& projectFile, ReadRecovered read, std::function<void()> takenOver);
+
     /// Exports the selected parts or all of them, in the way the user says.
     void exportParts(bool onlySelected);
 
@@ -88,6 +105,7 @@ private:
     void startSaving(QString const& file);
     void finishSaving(QString const& file);
     void startExport(std::shared_ptr<PartExport> parts);
+    void takeOver(Recovered& recovered, QString const& projectFile);
     void tellLater(QString const& text);
     void waitUntilIdle();
 

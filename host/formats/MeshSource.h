@@ -22,6 +22,8 @@ public:
     };
 
     explicit MeshSource(MeshKernel const& kernel, Frame frame = Frame::Placed);
+    /// As the records are.
+    explicit MeshSource(std::shared_ptr<UMesh<float> const> mesh) : m_mesh(std::move(mesh)) {}
 
     std::size_t triangleCount() const { return m_mesh->triangles.size(); }
     std::size_t vertexCount() const { return m_mesh->vertices.size(); }

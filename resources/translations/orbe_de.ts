@@ -1113,6 +1113,10 @@
 <context>
     <name>FileError</name>
     <message>
+        <source>it is not whole, and cannot be read.</source>
+        <translation>sie ist nicht vollständig und kann nicht gelesen werden.</translation>
+    </message>
+    <message>
         <source>&apos;facet&apos; or &apos;endsolid&apos;</source>
         <translation>&apos;facet&apos; oder &apos;endsolid&apos;</translation>
     </message>
@@ -1810,8 +1814,8 @@
         <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
     <message>
-        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts. Both and a drag inside: the whole outline.</source>
-        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile. Beide und Ziehen im Inneren: der ganze Umriss.</translation>
+        <source>Shift: 15 degrees. Ctrl: points, edges, section. Both: drag it all.</source>
+        <translation>Umschalt: 15 Grad. Strg: Punkte, Kanten, Schnitt. Beide: alles ziehen.</translation>
     </message>
 </context>
 <context>
@@ -2339,6 +2343,10 @@
         <translation>Projekt speichern</translation>
     </message>
     <message>
+        <source>Recovering unsaved changes</source>
+        <translation>Nicht gespeicherte Änderungen wiederherstellen</translation>
+    </message>
+    <message>
         <source>Exporting parts</source>
         <translation>Bauteile exportieren</translation>
     </message>
@@ -2570,6 +2578,10 @@
 </context>
 <context>
     <name>OrbeWindow</name>
+    <message>
+        <source>Unsaved changes will not be kept for recovery.</source>
+        <translation>Nicht gespeicherte Änderungen werden nicht für eine Wiederherstellung aufgehoben.</translation>
+    </message>
     <message>
         <source>A job is running</source>
         <translation>Ein Auftrag läuft</translation>
@@ -3134,6 +3146,59 @@
     <message>
         <source>Keeps the values of the connectors under a name, and takes them up again.</source>
         <translation>Bewahrt die Werte der Verbinder unter einem Namen auf und übernimmt sie wieder.</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryDialog</name>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n Bauteil</numerusform>
+            <numerusform>%n Bauteile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 triangles</source>
+        <translation>%1 Dreiecke</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>Nicht gespeicherte Arbeit wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The program ended before these changes were saved. Recover them to go on working.</source>
+        <translation>Das Programm endete, bevor diese Änderungen gespeichert waren. Stellen Sie sie wieder her, um weiterzuarbeiten.</translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Discard...</source>
+        <translation>Verwerfen...</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>The unsaved changes of &quot;%1&quot; cannot be brought back afterwards.</source>
+        <translation>Die nicht gespeicherten Änderungen von &quot;%1&quot; lassen sich danach nicht mehr zurückholen.</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>AutoSave</name>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
+        <translation>Nicht gespeicherte Änderungen können nicht für eine Wiederherstellung aufgehoben werden; speichern Sie das Projekt bald.</translation>
     </message>
 </context>
 <context>

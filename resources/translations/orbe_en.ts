@@ -62,4 +62,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>RecoveryDialog</name>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

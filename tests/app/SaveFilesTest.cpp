@@ -2,6 +2,7 @@
 #include "app/jobs/JobGuard.h"
 #include "host/formats/PartFiles.h"
 #include "tests/app/FilesScene.h"
+#include "tests/app/ObjectStates.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -36,42 +37,6 @@ void fill(FilesScene& scene)
     gear->rotate({1, 2, 3}, 0.7f, {1, 1, 0}, false);
     gear->translate({12.345f, -6, 1e-3f}, 0);
     document.setModified(true);
-}
-
-struct ObjectState
-{
-    std::string className, name, group, uuid;
-    bool isVisible;
-    unsigned color;
-    UBox3<float> box;
-    std::vector<float> matrix;
-    std::vector<UPoint3<float>> points;
-    bool operator==(ObjectState const&) const = default;
-};
-
-std::vector<ObjectState> stateOf(Mesh::Document const& document)
-{
-    std::vector<ObjectState> states;
-    for (Base::DocumentObject* const object : document.getObjectArray()) {
-        ObjectState state{object->getClassName(),
-                          object->getName(),
-                          {},
-                          object->getUuid(),
-                          object->isVisible(),
-                          object->getColor(),
-                          object->getBoundingBox(),
-                          {},
-                          {}};
-        if (auto const* const part = dynamic_cast<Mesh::DocumentObject*>(object)) {
-            UMatrix4<float> const matrix = part->getMatrix();
-            state.group = part->getGroup() ? part->getGroup()->getName() : "";
-            state.matrix.assign(matrix.data(), matrix.data() + 16);
-            for (auto const* const vertex : part->meshProperty->getMesh()->readMesh()->vertices)
-                state.points.push_back(vertex->cP());
-        }
-        states.push_back(std::move(state));
-    }
-    return states;
 }
 
 /// A folder with a file system of 64 KiB, where mounting is allowed; else a plain folder.
@@ -130,7 +95,7 @@ TEST(SaveFiles, AProjectComesBackWithAllThatBelongsToIt)
 {
     FilesScene scene;
     fill(scene);
-    auto const before = stateOf(*scene.document());
+    auto const before = statesOf(*scene.document());
     scene.answers.projectToSave = scene.path("Ünïcode 板");
     scene.files.save();
     scene.finish();
@@ -147,7 +112,7 @@ TEST(SaveFiles, AProjectComesBackWithAllThatBelongsToIt)
     EXPECT_EQ(scene.files.projectFile(), "");
     scene.files.openFiles({saved});
     scene.finish();
-    EXPECT_EQ(stateOf(*scene.document()), before);
+    EXPECT_EQ(statesOf(*scene.document()), before);
     EXPECT_FALSE(scene.files.isModified());
     EXPECT_THAT(scene.document()->undoNames(), IsEmpty());
 }

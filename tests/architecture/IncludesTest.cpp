@@ -65,8 +65,8 @@ std::map<std::string, std::set<std::string>> const allowed = {
       "host/mesh"}},
 
     {"app",
-     {"app/commands", "app/files", "app/jobs", "app/modules", "app/view", "app/window",
-      "host/document", "host/ui", "host/view"}},
+     {"app/commands", "app/files", "app/jobs", "app/modules", "app/recovery", "app/view",
+      "app/window", "host/document", "host/ui", "host/view"}},
     {"app/commands",
      {"app/files", "app/jobs", "app/panels", "app/parts", "app/view", "app/window"}},
     {"app/files", {"app/jobs", "host/document", "host/formats"}},
@@ -75,6 +75,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
     {"app/panels", {"app/jobs", "app/parts", "app/view"}},
     {"app/partlist", {"app/jobs", "app/panels", "app/parts"}},
     {"app/parts", {"app/jobs", "host/mesh"}},
+    {"app/recovery", {"app/files", "host/document", "host/formats"}},
     {"app/view", {}},
     {"app/window",
      {"app/files", "app/jobs", "app/panels", "app/partlist", "app/view", "host/ui", "host/view"}},

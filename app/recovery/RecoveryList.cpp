@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/recovery/RecoveryList.h"
+
+#include "host/formats/FileError.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace {
+
+using Formats::FileError;
+using Formats::ProjectObject;
+
+constexpr int version = 1;
+constexpr int matrixSize = 16;
+
+/// Names may be any bytes; as Latin-1 each byte is a character of its own.
+QString bytesAsText(std::string const& bytes)
+{
+    return QString::fromLatin1(bytes.data(), int(bytes.size()));
+}
+
+std::string bytesOf(QJsonValue const& value)
+{
+    return value.toString().toLatin1().toStdString();
+}
+
+QJsonArray matrixNumbers(UMatrix4<float> const& matrix)
+{
+    QJsonArray numbers;
+    for (int i = 0; i < matrixSize; ++i)
+        numbers.append(double(matrix.data()[i]));
+    return numbers;
+}
+
+QJsonObject objectOf(RecoveryList::Entry const& entry)
+{
+    ProjectObject const& look = entry.look;
+    QJsonObject object{{"uuid", bytesAsText(look.uuid)},
+                       {"source", bytesAsText(look.parentUuid)},
+                       {"group", bytesAsText(look.groupUuid)},
+                       {"name", bytesAsText(look.name)},
+                       {"visible", look.isVisible},
+                       {"ghost", look.isSemiVisible},
+                       {"color", double(look.color)},
+                       {"support", look.isSupport}};
+    if (look.kind == ProjectObject::Kind::Part) {
+        object.insert("mesh", bytesAsText(entry.meshFile));
+        object.insert("matrix", matrixNumbers(entry.matrix));
+    }
+    return object;
+}
+
+/// Whether the name is that of a file in the same folder.
+bool isPlainName(std::string const& name)
+{
+    return !name.empty() && name.find('/') == std::string::npos && name[0] != '.';
+}
+
+RecoveryList::Entry entryOf(QJsonObject const& object, std::filesystem::path const& path)
+{
+    RecoveryList::Entry entry;
+    ProjectObject& look = entry.look;
+    look.uuid = bytesOf(object["uuid"]);
+    look.parentUuid = bytesOf(object["source"]);
+    look.groupUuid = bytesOf(object["group"]);
+    look.name = bytesOf(object["name"]);
+    look.isVisible = object["visible"].toBool();
+    look.isSemiVisible = object["ghost"].toBool();
+    look.color = unsigned(object["color"].toDouble());
+    look.isSupport = object["support"].toBool();
+    if (!object.contains("mesh")) {
+        look.kind = ProjectObject::Kind::Group;
+        return entry;
+    }
+    entry.meshFile = bytesOf(object["mesh"]);
+    QJsonArray const numbers = object["matrix"].toArray();
+    if (!isPlainName(entry.meshFile) || numbers.size() != matrixSize)
+        throw FileError(path, FileError::tr("it is not whole, and cannot be read."));
+    for (int i = 0; i < matrixSize; ++i)
+        entry.matrix.data()[i] = float(numbers[i].toDouble());
+    return entry;
+}
+
+}  // namespace
+
+std::size_t RecoveryList::partCount() const
+{
+    return std::size_t(std::ranges::count_if(
+        entries, [](Entry const& e) { return e.look.kind == ProjectObject::Kind::Part; }));
+}
+
+QString RecoveryList::title() const
+{
+    return projectFile.isEmpty() ? QCoreApplication::translate("DocumentFiles", "Untitled")
+                                 : QFileInfo(projectFile).fileName();
+}
+
+QByteArray recoveryText(RecoveryList const& list)
+{
+    QJsonArray objects;
+    for (RecoveryList::Entry const& entry : list.entries)
+        objects.append(objectOf(entry));
+    return QJsonDocument(QJsonObject{{"version", version},
+                                     {"project", list.projectFile},
+                                     {"time", list.time.toString(Qt::ISODateWithMs)},
+                                     {"triangles", double(list.triangles)},
+                                     {"objects", objects}})
+        .toJson();
+}
+
+RecoveryList parseRecoveryText(QByteArray const& text, std::filesystem::path const& path)
+{
+    QJsonParseError error{};
+    QJsonObject const root = QJsonDocument::fromJson(text, &error).object();
+    if (error.error != QJsonParseError::NoError || !root["objects"].isArray())
+        throw FileError(path, FileError::tr("it is not whole, and cannot be read."));
+    if (root["version"].toInt() > version)
+        throw FileError(
+            path,
+            FileError::tr(
+                "it was saved by a newer version of this program; update the program to open it."));
+    RecoveryList list;
+    list.projectFile = root["project"].toString();
+    list.time = QDateTime::fromString(root["time"].toString(), Qt::ISODateWithMs);
+    list.triangles = std::size_t(std::max(root["triangles"].toDouble(), 0.0));
+    for (QJsonValue const& value : root["objects"].toArray())
+        list.entries.push_back(entryOf(value.toObject(), path));
+    return list;
+}
