@@ -3,7 +3,10 @@
 #include "connectors/LapJointCutter.h"
 #include "connectors/PinHoleCutter.h"
 #include "connectors/PinPlacement.h"
+#include "connectors/PlacedMesh.h"
 #include "connectors/SectionPlanes.h"
+#include "connectors/SectionSurvey.h"
+#include "cutjobs/common/PartMesh.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
@@ -155,18 +158,52 @@ void cutLargePartWithPins(benchmark::State& state)
     cutLargePart<PinHoleCutter>(state, scene, paras);
 }
 
-void cutLargePartWithLapJoint(benchmark::State& state)
+/// A lap joint in proportion to the part.
+LapJointParas jointOn(LargeScene const& scene)
 {
-    LargeScene scene;
     LapJointParas paras;
     paras.notchDepth = 0.01f * scene.size;
     paras.sideDistance = 0.006f * scene.size;
     paras.notchClearance = paras.frontClearance = paras.backClearance = 0.0005f * scene.size;
-    cutLargePart<LapJointCutter>(state, scene, paras);
+    return paras;
+}
+
+void cutLargePartWithLapJoint(benchmark::State& state)
+{
+    LargeScene scene;
+    cutLargePart<LapJointCutter>(state, scene, jointOn(scene));
+}
+
+/// What is shown of a cut before it, on the large part. Argument: 0 for the section alone, 1 for
+/// pins along its middle, 2 for a lap joint. The time is that of all threads.
+void surveyLargePart(benchmark::State& state)
+{
+    LargeScene scene;
+    SurveyRequest request{scene.part, PlacedMesh(*kernelOfPart(scene.part)),
+                          SectionPlanes(scene.plane, {scene.part}, false)};
+    if (state.range(0) == 1) {
+        PinHoleParas pins = pinsOfRadius(0.008f * scene.size);
+        pins.isSidedis = false;
+        request.connectors = pins;
+    } else if (state.range(0) == 2) {
+        request.connectors = jointOn(scene);
+    }
+    SectionSurvey const first = surveySection(request, {});
+    if (first.contours.empty() || (state.range(0) == 1 && first.connectors.empty()) ||
+        (state.range(0) == 2 && first.tongue.size() == 0))
+        throw std::logic_error("nothing was found");
+    state.counters["pins"] = double(first.connectors.size());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(surveySection(request, {}));
 }
 
 }  // namespace
 
+BENCHMARK(surveyLargePart)
+    ->DenseRange(0, 2)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(placePins)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(cutLargePartWithPins)->Arg(200)->Unit(benchmark::kMillisecond);
 BENCHMARK(cutLargePartWithLapJoint)->Unit(benchmark::kMillisecond);

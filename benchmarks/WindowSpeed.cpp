@@ -27,6 +27,7 @@
 #include <QLibrary>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -86,10 +87,13 @@ TimedApplication& application()
     return *static_cast<TimedApplication*>(qApp);
 }
 
+/// Asleep between events, so that what the processor does is the window's work alone.
 void waitWhile(std::function<bool()> const& condition)
 {
+    QTimer tick;
+    tick.start(5);
     while (condition())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void rest(int ms)

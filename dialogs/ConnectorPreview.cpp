@@ -129,7 +129,7 @@ void ConnectorPreview::ask()
     m_requests.clear();
     if (!hasWork) {
         m_runner.drop();
-        clearView();
+        m_shown.clear();
         showText();
         return;
     }
@@ -153,28 +153,8 @@ void ConnectorPreview::show()
         for (SurveyRequest const& request : m_requests)
             if (isOf(request, survey))
                 appendShapes(shapes, request, survey);
-    if (m_view && !m_item) {
-        m_item = std::make_unique<ConnectorItem>(m_view);
-        m_view->addGraphicsItem(m_item.get());
-    }
-    if (m_item)
-        m_item->setShapes(shapes);
-    if (m_view)
-        m_view->redraw();
+    m_shown.show([&](ConnectorItem& item) { item.setShapes(shapes); });
     showText();
-}
-
-void ConnectorPreview::clearView()
-{
-    if (!m_item)
-        return;
-    if (m_view)
-        m_view->removeGraphicsItem(m_item.get());
-    else
-        m_item->setViewer(nullptr);
-    m_item.reset();
-    if (m_view)
-        m_view->redraw();
 }
 
 QString ConnectorPreview::text() const
@@ -229,40 +209,40 @@ ConnectorPositions ConnectorPreview::positions()
 void ConnectorPreview::moveTo(Base::GLView* view)
 {
     auto const join = [this](EditsBeside* beside) {
-        if (auto* const tool = runningTool<PlanecutSelection>(m_view))
+        if (auto* const tool = runningTool<PlanecutSelection>(m_shown.view()))
             tool->setEditsBeside(beside);
     };
     // A view that has gone leaves its picture here.
-    if (!m_view || m_view != view) {
+    if (!m_shown.view() || m_shown.view() != view) {
         takeClicks(false);
         join(nullptr);
-        clearView();
+        m_shown.clear();
     }
-    m_view = view;
+    m_shown.setView(view);
     join(this);
 }
 
 void ConnectorPreview::takeClicks(bool isTaking)
 {
-    if (auto* const tool = runningTool<PlanecutSelection>(m_view))
+    if (auto* const tool = runningTool<PlanecutSelection>(m_shown.view()))
         tool->setClickTaker(isTaking ? this : nullptr);
 }
 
 std::optional<ConnectorPreview::Aim> ConnectorPreview::aimAt(QMouseEvent const& event) const
 {
     auto const& surveys = m_runner.result().surveys;
-    if (!m_view || m_requests.empty() || surveys.empty())
+    if (!m_shown.view() || m_requests.empty() || surveys.empty())
         return {};
     auto const* const paras = std::get_if<PinHoleParas>(&m_requests[0].connectors);
     PlaneFrame const& frame = m_requests[0].planes.frame();
-    ConnectorPicking::Sight const sight = sightAt(*m_view, event.pos());
+    ConnectorPicking::Sight const sight = sightAt(*m_shown.view(), event.pos());
     for (std::size_t i = 0; paras && i < surveys.size(); ++i)
         if (auto const hit = ConnectorPicking::connectorAt(sight, *paras, frame, surveys[i]))
             return Aim{i, hit, surveys[i].connectors[*hit].position};
     auto const place = ConnectorPicking::placeOnPlane(sight, frame);
     if (!paras || !place)
         return {};
-    float const reach = snapReach * millimetresPerPixel(*m_view);
+    float const reach = snapReach * millimetresPerPixel(*m_shown.view());
     for (std::size_t i = 0; i < surveys.size(); ++i) {
         if (event.modifiers() & Qt::ShiftModifier)
             if (auto const snapped = ConnectorPicking::snapped(*place, surveys[i], reach))
@@ -276,7 +256,7 @@ std::optional<ConnectorPreview::Aim> ConnectorPreview::aimAt(QMouseEvent const& 
 void ConnectorPreview::hovered(QMouseEvent const& event)
 {
     std::optional<Aim> const aim = aimAt(event);
-    m_view->setCursor(aim ? Qt::CrossCursor : Qt::ArrowCursor);
+    m_shown.view()->setCursor(aim ? Qt::CrossCursor : Qt::ArrowCursor);
     if (!aim)
         return say({});
     auto const text = [&](int axis) { return QString::number(double(aim->place[axis]), 'f', 3); };
@@ -330,7 +310,7 @@ void ConnectorPreview::addAt(Aim const& aim)
 
 void ConnectorPreview::edited()
 {
-    if (EditHistory* const history = runningHistory(m_view))
+    if (EditHistory* const history = runningHistory(m_shown.view()))
         history->edited();
     refresh();
 }

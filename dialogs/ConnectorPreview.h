@@ -3,6 +3,7 @@
 
 #include "connectors/ConnectorPositions.h"
 #include "dialogs/ConnectorChoices.h"
+#include "dialogs/ItemInView.h"
 #include "dialogs/SurveyRunner.h"
 #include "selection/ClickTaker.h"
 
@@ -10,7 +11,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 class QCheckBox;
@@ -80,7 +80,7 @@ public:
     /// What stands under the page.
     QString text() const;
     /// What is drawn; null if nothing ever was.
-    ConnectorItem const* item() const { return m_item.get(); }
+    ConnectorItem const* item() const { return m_shown.item(); }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -98,7 +98,6 @@ private:
     void ask();
     void show();
     void showText();
-    void clearView();
     void takeClicks(bool isTaking);
     std::optional<Aim> aimAt(QMouseEvent const& event) const;
     void toggle(Mesh::DocumentObject const* part, ChosenConnector const& connector);
@@ -118,8 +117,7 @@ private:
     /// What the surveys are of, as of the last request.
     std::vector<SurveyRequest> m_requests;
     ConnectorChoices m_choices;
-    QPointer<Base::GLView> m_view;
-    std::unique_ptr<ConnectorItem> m_item;
+    ItemInView<ConnectorItem> m_shown;
     SurveyRunner m_runner;
 };
 

@@ -9,6 +9,7 @@
 #include "platform/ui/Dialog.h"
 #include "platform/ui/DialogWidgetGroup.h"
 #include "platform/ui/DialogWidgetGroup2rd.h"
+#include "platform/ui/MellComboBox.h"
 #include "platform/ui/MellGridLayout.h"
 #include "platform/ui/MellHBoxLayout.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -16,7 +17,6 @@
 #include "platform/ui/PushButtonAnimate.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -198,7 +198,7 @@ QWidget* SectionCutWidgets::buildAdvanced()
     auto* const grid = new MellGridLayout(content);
     useAdvanced = new QCheckBox(content);
     cutTypeLabel = new QLabel(content);
-    cutType = new QComboBox(content);
+    cutType = new MellComboBox(content);
     pinHole = new DialogPinHoleUI;
     lapJoint = new DialogLapJointUI;
     texts.addText(useAdvanced, "DialogFreeCut",

@@ -18,7 +18,7 @@ std::vector<LineRun> runsOfQuads(int first, int count)
     std::vector<LineRun> runs;
     for (int quad = first; quad < first + count; ++quad) {
         runs.push_back({GL_TRIANGLE_FAN, 4 * quad, 4, true});
-        runs.push_back({GL_LINE_LOOP, 4 * quad, 4});
+        runs.push_back({GL_LINE_LOOP, 4 * quad, 4, false, true});
     }
     return runs;
 }

@@ -11,6 +11,8 @@
 #include <QOpenGLVertexArrayObject>
 #include <QVector4D>
 
+#include <array>
+
 namespace Freecut {
 
 namespace {
@@ -58,8 +60,29 @@ void setPushedBack(Functions& gl, bool isOn)
     gl.glEnable(GL_POLYGON_OFFSET_FILL);
 }
 
+bool isLine(LineRun const& run)
+{
+    return run.mode == GL_LINES || run.mode == GL_LINE_STRIP || run.mode == GL_LINE_LOOP;
+}
+
+/// Draws lines as wide as a pixel of the window, which holds several of the device's: OpenGL 3.3 has
+/// no wide lines, so they are drawn beside themselves.
 template <typename Functions>
-void drawRuns(Functions& gl, LineLook const& look, std::span<LineRun const> runs)
+void drawWide(Functions& gl, LineRun const& run, int width)
+{
+    std::array<GLint, 4> viewport;
+    gl.glGetIntegerv(GL_VIEWPORT, viewport.data());
+    for (int x = 0; x < width; ++x)
+        for (int y = 0; y < width; ++y) {
+            gl.glViewport(viewport[0] + x, viewport[1] + y, viewport[2], viewport[3]);
+            gl.glDrawArrays(run.mode, run.first, run.count);
+        }
+    gl.glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
+}
+
+/// width  of lines, in pixels of the device; blended ones, which would cover themselves, have one
+template <typename Functions>
+void drawRuns(Functions& gl, LineLook const& look, std::span<LineRun const> runs, int width)
 {
     if (look.isLit)
         setPushedBack(gl, true);
@@ -68,7 +91,10 @@ void drawRuns(Functions& gl, LineLook const& look, std::span<LineRun const> runs
             gl.glEnable(GL_BLEND);
             gl.glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         }
-        gl.glDrawArrays(run.mode, run.first, run.count);
+        if (width > 1 && isLine(run) && !run.isBlended && !run.isFine)
+            drawWide(gl, run, width);
+        else
+            gl.glDrawArrays(run.mode, run.first, run.count);
         if (run.isBlended)
             gl.glDisable(GL_BLEND);
     }
@@ -186,7 +212,7 @@ void drawLines21(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderPr
     if (look.isSmooth)
         gl->glEnable(GL_MULTISAMPLE);
 
-    drawRuns(*gl, look, runs);
+    drawRuns(*gl, look, runs, qRound(view.devicePixelRatioF()));
 
     setDepthTest(*gl, !look.leavesDepthTestOff);
     gl->glBindBuffer(GL_ARRAY_BUFFER, 0);
@@ -210,7 +236,7 @@ void drawLines33(Base::GLView& view, LineBuffers const& buffers, QOpenGLShaderPr
     setUniforms(view, program, look);
     setDepthTest(*gl, !look.isOverAll);
 
-    drawRuns(*gl, look, runs);
+    drawRuns(*gl, look, runs, qRound(view.devicePixelRatioF()));
 
     gl->glEnable(GL_DEPTH_TEST);
     program.disableAttributeArray(0);

@@ -43,6 +43,8 @@ struct LineRun
     int count;
     /// Blended by its alpha; otherwise the colour counts as opaque.
     bool isBlended = false;
+    /// Lines are a pixel of the device wide, not one of the window: around areas whose size counts.
+    bool isFine = false;
 };
 
 struct LineLook

@@ -11,7 +11,7 @@ namespace {
 
 std::array<LineRun, 2> fillAndOutline(int count)
 {
-    return {{{GL_TRIANGLE_FAN, 0, count, true}, {GL_LINE_LOOP, 0, count}}};
+    return {{{GL_TRIANGLE_FAN, 0, count, true}, {GL_LINE_LOOP, 0, count, false, true}}};
 }
 
 }  // namespace

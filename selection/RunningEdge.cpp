@@ -165,8 +165,7 @@ void RunningEdge::show(Base::GLView& view, Point const& point, Spot const& spot,
     m_told += QStringLiteral("   ") +
               translated(QT_TRANSLATE_NOOP(
                   "Freecut::PolygoncutSelection",
-                  "Shift: 15 degrees and round lengths. Ctrl: to points, "
-                  "edges and the section of parts. Both and a drag inside: the whole outline."));
+                  "Shift: 15 degrees. Ctrl: points, edges, section. Both: drag it all."));
     if (MainWindow* const window = MainWindow::getInstance())
         window->statusBar()->showMessage(m_told);
     if (isDrawn)

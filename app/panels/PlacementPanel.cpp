@@ -5,12 +5,12 @@
 #include "app/panels/PanelIcon.h"
 #include "app/panels/VectorFields.h"
 #include "platform/ui/DocumentFollower.h"
+#include "platform/ui/MellComboBox.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/PushButtonAnimate.h"
 #include "platform/ui/Theme.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -51,7 +51,7 @@ void PlacementPanel::build()
     m_hint = new QLabel(this);
     m_hint->setWordWrap(true);
     m_content = new QWidget(this);
-    m_reference = new QComboBox(this);
+    m_reference = new MellComboBox(this);
     m_reference->addItems({{}, {}, {}});
     m_position = new VectorFields(Base::Unit::length, rangeMm, this);
     m_offset = new VectorFields(Base::Unit::length, rangeMm, this);

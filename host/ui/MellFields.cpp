@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-
+#include "platform/ui/MellComboBox.h"
 #include "platform/ui/MellLineEdit.h"
 #include "platform/ui/MellSpinBox.h"
 #include "platform/ui/Theme.h"
@@ -13,6 +13,14 @@ namespace {
 QSize ofControlHeight(QSize const& size)
 {
     return {size.width(), std::max(size.height(), themePixels("controlHeight"))};
+}
+
+/// The wheel scrolls the page unless the user works in this very field.
+bool isForField(QWidget const& field, QWheelEvent* event)
+{
+    if (!field.hasFocus())
+        event->ignore();
+    return field.hasFocus();
 }
 
 }  // namespace
@@ -34,11 +42,19 @@ QSize MellSpinBox::minimumSizeHint() const
 
 void MellSpinBox::wheelEvent(QWheelEvent* event)
 {
-    // The wheel scrolls the page unless the user works in this very field.
-    if (hasFocus())
+    if (isForField(*this, event))
         QSpinBox::wheelEvent(event);
-    else
-        event->ignore();
+}
+
+MellComboBox::MellComboBox(QWidget* parent) : QComboBox(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void MellComboBox::wheelEvent(QWheelEvent* event)
+{
+    if (isForField(*this, event))
+        QComboBox::wheelEvent(event);
 }
 
 MellLineEdit::MellLineEdit(QWidget* parent) : QLineEdit(parent) {}

@@ -1818,8 +1818,8 @@
         <translation>Kante: %1. Nächste Kante: %2</translation>
     </message>
     <message>
-        <source>Shift: 15 degrees and round lengths. Ctrl: to points, edges and the section of parts. Both and a drag inside: the whole outline.</source>
-        <translation>Umschalt: 15 Grad und runde Längen. Strg: an Punkte, Kanten und den Schnitt der Teile. Beide und Ziehen im Inneren: der ganze Umriss.</translation>
+        <source>Shift: 15 degrees. Ctrl: points, edges, section. Both: drag it all.</source>
+        <translation>Umschalt: 15 Grad. Strg: Punkte, Kanten, Schnitt. Beide: alles ziehen.</translation>
     </message>
 </context>
 <context>
@@ -3222,6 +3222,18 @@
 </context>
 <context>
     <name>Services</name>
+    <message>
+        <source>Triangles that faced the other way than those around them, one near (%1, %2, %3), were turned.</source>
+        <translation>Dreiecke, die anders herum lagen als die um sie, eines nahe (%1, %2, %3), wurden umgedreht.</translation>
+    </message>
+    <message>
+        <source>A wall in the part near (%1, %2, %3), which bounds nothing, was left out.</source>
+        <translation>Eine Wand im Teil nahe (%1, %2, %3), die nichts begrenzt, wurde weggelassen.</translation>
+    </message>
+    <message>
+        <source>Other such walls that were left out: %1.</source>
+        <translation>Weitere solche Wände, die weggelassen wurden: %1.</translation>
+    </message>
     <message>
         <source>A piece crosses itself by rounding near (%1, %2, %3).</source>
         <translation>Ein Teilstück schneidet sich durch Rundung selbst nahe (%1, %2, %3).</translation>

@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QTimer>
 #include <QToolButton>
+#include <QWheelEvent>
 
 // The section dialog in the shown window, by keys and by a mouse over the window.
 namespace {
@@ -362,6 +363,28 @@ TEST_F(SectionByHand, GroupsThatAreFoldedStaySoUnderTheirKeys)
     open("Std_Sectioncut");
     for (DialogWidgetGroup const* const group : groups())
         EXPECT_FALSE(group->isExpanded()) << group->titleName().toStdString();
+}
+
+TEST_F(SectionByHand, TheWheelOverAFieldIsLeftToThePage)
+{
+    openConnectorPage(0);
+    auto const fields = sectionDialog()->findChildren<MellQuantitySpinBox*>();
+    std::vector<double> values;
+    for (MellQuantitySpinBox const* const field : fields)
+        values.push_back(field->value());
+    std::vector<QWidget*> places(fields.begin(), fields.end());
+    places.push_back(ui().cutType);
+    view().setFocus();
+    for (QWidget* const place : places) {
+        QPoint const middle = place->rect().center();
+        QWheelEvent event(middle, place->mapToGlobal(middle), {}, {0, -120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(place, &event);
+        EXPECT_FALSE(event.isAccepted()) << place->metaObject()->className();
+    }
+    EXPECT_EQ(ui().cutType->currentIndex(), 0);
+    for (int i = 0; i < fields.size(); ++i)
+        EXPECT_EQ(fields[i]->value(), values[std::size_t(i)]) << i;
 }
 
 TEST_F(SectionByHand, ATypedRadiusTakesSideDistanceSpacingAndToleranceAlong)

@@ -179,6 +179,23 @@ TEST_P(ToolPictures, LinesLieOverTheParts)
     EXPECT_NE(picture("line-off"), image);
 }
 
+// OpenGL draws lines by pixels of the device, of which a pixel of the window holds four at ratio 2.
+TEST_P(ToolPictures, LinesAreAPixelOfTheWindowWideAtAnyRatio)
+{
+    Shown<Freecut::RubberLine> line(*view);
+    line.item.setColor(255, 0, 0, 255);
+    line.item.setParameter({{-30, 0, 0}, {30, 0, 0}});
+    QImage const image = picture("line-width");
+    int const ratio = qRound(view->devicePixelRatioF());
+    QPoint const middle = positionOf({0, 0, 0}) * ratio;
+    int red = 0;
+    for (int y = middle.y() - 6 * ratio; y <= middle.y() + 6 * ratio; ++y)
+        red += isReddish(image.pixelColor(middle.x(), y));
+    // Smoothing may touch one pixel more.
+    EXPECT_GE(red, ratio);
+    EXPECT_LE(red, ratio + 1);
+}
+
 TEST_P(ToolPictures, ContoursAreFaintBehindPartsAndPlainInFrontOfThem)
 {
     test.add(box(40, 10, 30), "box")->translate({-20, -20, -15}, 0);

@@ -225,8 +225,7 @@ TEST_F(RunningEdgeOfPolygon, TellsWhichKeysHoldAPoint)
 {
     clickAt(0, 0);
     move(scene.view, at(10, 10));
-    EXPECT_TRUE(told().contains("Ctrl: to points, edges and the section of parts."))
-        << told().toStdString();
+    EXPECT_TRUE(told().contains("Ctrl: points, edges, section.")) << told().toStdString();
 }
 
 TEST_F(RunningEdgeOfPolygon, ControlDrawsADraggedPointInLineWithTheOthers)

@@ -4,12 +4,14 @@
 #include "host/memory/AvailableMemory.h"
 #include "host/memory/FreeMemory.h"
 #include "host/mesh/ExactSigns.h"
+#include "host/mesh/MeshCopy.h"
 #include "host/services/MeshMaking.h"
-#include "host/services/PlaceText.h"
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
+#include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/MemoryRoom.h"
+#include "host/services/boolean/PartWindings.h"
 #include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
@@ -17,20 +19,19 @@
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SolidMending.h"
 #include "host/services/boolean/SoupBoolean.h"
+#include "host/services/boolean/SurfaceOrder.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/ArrangedSolids.h"
 #include "host/services/exact/Corefinement.h"
-#include "platform/jobs/ConsoleSingleton.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <optional>
 #include <tuple>
 
@@ -42,7 +43,6 @@ using Triangle = UTriangle<float>;
 constexpr int gridDone = 10;
 constexpr int copiesDone = 45;
 constexpr int curvesDone = 85;
-constexpr std::size_t mostNamedCrossings = 5;
 
 class SolidBoolean
 {
@@ -59,10 +59,24 @@ public:
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
         m_tool = prepareTool(tool, m_progress);
+        m_toolCount = m_tool.mesh.triangles.size();
         m_isChecked = isToBeChecked();
     }
 
     std::vector<BooleanResult> run()
+    {
+        try {
+            return combine();
+        } catch (std::bad_alloc const&) {
+            // Curves and facets take the more memory the more contacts there are.
+            if (m_contactCount > m_part.triangles.size() + m_toolCount)
+                Refusal::throwTooMuch();
+            throw;
+        }
+    }
+
+private:
+    std::vector<BooleanResult> combine()
     {
         auto tool = m_tool.tree ? std::make_unique<ToolTree>(m_tool.mesh, std::move(m_tool.tree))
                                 : std::make_unique<ToolTree>(m_tool.mesh, m_progress);
@@ -84,6 +98,9 @@ public:
         // Memory that the curves need more, and that the results do.
         grid.reset();
         bool const isDone = resolve(boolean, std::move(contacts), *tool);
+        if (m_isPartOpen)
+            if (auto results = combineInOrder())
+                return std::move(*results);
         tool.reset();
         m_progress.begin(curvesDone, 100, m_pieces.size() * m_soup.triangleCount());
         std::vector<BooleanResult> results =
@@ -99,7 +116,6 @@ public:
         return results;
     }
 
-private:
     using Copies = RecordCopies<ToolSides>;
 
     static bool isKept(BooleanPiece piece, bool isIn)
@@ -188,6 +204,7 @@ private:
         if (!contacts)
             Refusal::throwTooMuch();
         auto const ofTool = findSelfContacts(grid.tool(), m_tool.suspects, m_progress);
+        m_contactCount = contacts->size() + ofTool.size();
         contacts->reserve(contacts->size() + ofTool.size());
         for (TrianglePair pair : ofTool) {
             pair.first += m_soup.firstTriangleOfSecond;
@@ -223,53 +240,11 @@ private:
                 m_anchors.emplace_back(m_tool.anchors[i], *numbers[i]);
     }
 
-    /// The part's winding numbers around points, by one pass over the part.
     WindingSources::Numbers partAround(std::span<RayOrigin const> points)
     {
-        struct Lines
-        {
-            std::vector<LinePassage> sums;
-            std::vector<bool> isOpen;
-        };
-        using Range = tbb::blocked_range<std::size_t>;
-        std::vector<std::pair<double, std::size_t>> order;
-        double margin = 0;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            order.emplace_back(points[i].place[1], i);
-            margin = std::max(margin, 2 * points[i].error);
-        }
-        std::sort(order.begin(), order.end());
-        Lines const lines = tbb::parallel_reduce(
-            Range(0, m_part.triangles.size(), 4096),
-            Lines{std::vector<LinePassage>(points.size()), std::vector<bool>(points.size(), false)},
-            [&](Range const& range, Lines found) {
-                for (std::size_t t = range.begin(); t != range.end(); ++t) {
-                    Triangle const& triangle = *m_part.triangles[t];
-                    UPoint3<float> const a = triangle.cP(0), b = triangle.cP(1), c = triangle.cP(2);
-                    auto const [low, high] = std::minmax({a[1], b[1], c[1]});
-                    auto next = std::lower_bound(order.begin(), order.end(),
-                                                 std::pair(low - margin, std::size_t(0)));
-                    for (; next != order.end() && next->first <= high + margin; ++next)
-                        if (auto const passage = linePassage(points[next->second], a, b, c))
-                            found.sums[next->second] += *passage;
-                        else
-                            found.isOpen[next->second] = true;
-                }
-                m_progress.add(0);
-                return found;
-            },
-            [](Lines a, Lines const& b) {
-                for (std::size_t i = 0; i < a.sums.size(); ++i) {
-                    a.sums[i] += b.sums[i];
-                    a.isOpen[i] = a.isOpen[i] || b.isOpen[i];
-                }
-                return a;
-            });
-        WindingSources::Numbers numbers(points.size());
-        for (std::size_t i = 0; i < points.size(); ++i)
-            if (!lines.isOpen[i] && lines.sums[i].ahead == lines.sums[i].back)
-                numbers[i] = lines.sums[i].ahead;
-        return numbers;
+        PartWindings windings = windingsOfPart(m_part, points, m_progress);
+        m_isPartOpen |= windings.isOpen;
+        return std::move(windings.numbers);
     }
 
     /// All results, or none if one of them does not close.
@@ -359,25 +334,6 @@ private:
         return arrays;
     }
 
-    /// Names the first places, and tells how many more there are.
-    static void logCrossings(std::vector<UPoint3<float>> const& places)
-    {
-        std::size_t const named = std::min(places.size(), mostNamedCrossings);
-        for (std::size_t i = 0; i < named; ++i)
-            log(withPlace(QCoreApplication::translate(
-                              "Services", "A piece crosses itself by rounding near (%1, %2, %3)."),
-                          places[i]));
-        if (places.size() > named)
-            log(QCoreApplication::translate(
-                    "Services", "Pairs of triangles that cross by rounding elsewhere: at least %1.")
-                    .arg(places.size() - named));
-    }
-
-    static void log(QString const& text)
-    {
-        Base::ConsoleSingleton::Instance().Log(text.toStdString());
-    }
-
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
                         std::vector<PieceTriangle> const& triangles)
     {
@@ -445,6 +401,38 @@ private:
         return results;
     }
 
+    /// The same for the part without walls that bound nothing, and with triangles turned that face
+    /// the wrong way, where the tool may meet them; nothing if there are none. A result that is the
+    /// part as it was keeps them.
+    std::optional<std::vector<BooleanResult>> combineInOrder()
+    {
+        TriangleTree::Box box;
+        for (UPoint3<float> const& p : m_tool.mesh.points)
+            box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        MeshArrays const part = copyArrays(m_partKernel, Frame::Local, m_progress);
+        SurfaceOrder const order = findSurfaceOrder(part, box, m_progress);
+        if (order.isNone())
+            return {};
+        if (!m_survey)
+            logSurfaceOrder(order, part);
+        std::vector<bool> isKept;
+        for (std::uint32_t const number : order.surplus)
+            isKept.push_back(number == 0);
+        auto clean = copySelected(m_part, isKept);
+        auto copy = clean->triangles.begin();
+        for (std::size_t t = 0; t < isKept.size(); ++t) {
+            if (isKept[t] && order.isTurned[t]) {
+                std::swap((*copy)->V0(1), (*copy)->V0(2));
+                (*copy)->N() = -(*copy)->N();
+            }
+            copy += isKept[t] ? 1 : 0;
+        }
+        std::function<void(int)> const rest = [this](int percent) {
+            m_progress.begin(curvesDone + percent * (100 - curvesDone) / 100, 100, 1);
+        };
+        return combineSolids(MeshKernel(clean.release()), *toolKernel(), m_pieces, rest, m_survey);
+    }
+
     /// Moves the records out of a kernel.
     static std::unique_ptr<UMesh<float>> takeMesh(MeshKernel& kernel)
     {
@@ -465,6 +453,8 @@ private:
     /// there is refused.
     std::vector<BooleanResult> combineWholes(SoupBoolean const& boolean)
     {
+        if (auto results = combineInOrder())
+            return std::move(*results);
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
                 Refusal::throwOpen(operand, *place);
@@ -523,6 +513,8 @@ private:
     StageProgress m_progress;
     BooleanSurvey* m_survey;
     PreparedTool m_tool;
+    std::size_t m_toolCount = 0;
+    std::size_t m_contactCount = 0;
     /// Whether results are held against the operands.
     bool m_isChecked = false;
     /// Without points, and with the part's triangles only, once results are written that are not.
@@ -532,6 +524,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Whether a line through a point tells that the part is open.
+    bool m_isPartOpen = false;
     /// Where results were seen to be wrong.
     std::optional<UPoint3<float>> m_doubtful;
 };

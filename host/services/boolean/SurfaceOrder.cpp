@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/SurfaceOrder.h"
+
+#include "host/mesh/DisjointSets.h"
+#include "host/mesh/JoinedPlaces.h"
+#include "host/services/EdgeGroups.h"
+#include "host/services/Polling.h"
+#include "host/services/boolean/BoxCells.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+using Index = std::uint32_t;
+using Box = TriangleTree::Box;
+
+/// Surfaces that end at edges where not two triangles meet that agree.
+class EndingSurfaces
+{
+public:
+    EndingSurfaces(MeshArrays const& part, StageProgress& progress)
+        : m_mesh(part), m_progress(progress), m_sets(part.triangles.size())
+    {
+        std::vector<Index> const first = joinedPlaces(m_mesh.points);
+        Polling polling(progress);
+        for (MeshArrays::Corners& corners : m_mesh.triangles) {
+            polling.step();
+            for (Index& corner : corners)
+                corner = first[corner];
+        }
+        EdgeGroups const edges(m_mesh, progress);
+        for (std::size_t e = 0; e < edges.size(); ++e, polling.step())
+            if (isJoint(edges[e]))
+                m_sets.unite(edges[e][0] / 3, edges[e][1] / 3);
+        joinCopies(edges);
+        for (std::size_t e = 0; e < edges.size(); ++e, polling.step())
+            if (!isJoint(edges[e]))
+                addEnd(edges[e]);
+    }
+
+    SurfaceOrder orderIn(Box const& where)
+    {
+        std::vector<Index> const order = measure(where);
+        SurfaceOrder found{std::vector<Index>(m_mesh.triangles.size(), 0),
+                           std::vector<bool>(m_mesh.triangles.size(), false)};
+        Index count = 0;
+        for (bool goesOn = true; goesOn;) {
+            goesOn = false;
+            for (Index const root : order) {
+                Surface& surface = m_surfaces.at(root);
+                if (isMendedBy(surface, 1))
+                    surface.number = ++count;
+                else if (isMendedBy(surface, 2))
+                    surface.isTurned = true;
+                else
+                    continue;
+                for (auto const& [edge, share] : surface.shares)
+                    m_balances[edge] -= share * (surface.isTurned ? 2 : 1);
+                goesOn = true;
+            }
+        }
+        for (std::size_t t = 0; t < m_mesh.triangles.size() && !order.empty(); ++t)
+            if (auto const at = m_surfaces.find(m_sets.root(Index(t))); at != m_surfaces.end()) {
+                found.surplus[t] = at->second.number;
+                found.isTurned[t] = at->second.isTurned;
+            }
+        return found;
+    }
+
+private:
+    struct Surface
+    {
+        /// By edge at which it ends: how much more of it runs upward than downward.
+        std::map<std::size_t, int> shares;
+        Box box;
+        double area = 0;
+        Index number = 0;
+        bool isTurned = false;
+    };
+
+    bool isUpward(Index halfEdge) const
+    {
+        return EdgeGroups::start(m_mesh, halfEdge) < EdgeGroups::end(m_mesh, halfEdge);
+    }
+
+    bool isJoint(std::span<Index const> edge) const
+    {
+        return edge.size() == 2 && isUpward(edge[0]) != isUpward(edge[1]);
+    }
+
+    /// Triangles that lie on others, side by side, are one surface: the edges between them are no
+    /// ends.
+    void joinCopies(EdgeGroups const& edges)
+    {
+        std::vector<std::pair<MeshArrays::Corners, Index>> order;
+        Polling polling(m_progress);
+        std::vector<bool> isListed(m_mesh.triangles.size(), false);
+        for (std::size_t e = 0; e < edges.size(); ++e, polling.step())
+            for (Index const halfEdge : edges[e])
+                if (edges[e].size() > 2 && !isListed[halfEdge / 3]) {
+                    isListed[halfEdge / 3] = true;
+                    MeshArrays::Corners corners = m_mesh.triangles[halfEdge / 3];
+                    std::sort(corners.begin(), corners.end());
+                    order.emplace_back(corners, halfEdge / 3);
+                }
+        sortPolled(order, m_progress, std::less<>());
+        // By triangle: how many of those on the same corners come before it.
+        std::map<Index, int> layers;
+        for (std::size_t i = 1; i < order.size(); ++i)
+            if (order[i].first == order[i - 1].first)
+                layers[order[i].second] = layers[order[i - 1].second] + 1;
+        std::erase_if(layers, [](auto const& entry) { return entry.second == 0; });
+        for (std::size_t e = 0; e < edges.size() && !layers.empty(); ++e, polling.step()) {
+            std::map<int, Index> last;
+            for (Index const halfEdge : edges[e])
+                if (auto const at = layers.find(halfEdge / 3);
+                    edges[e].size() > 2 && at != layers.end()) {
+                    auto const [entry, isFirst] = last.try_emplace(at->second, halfEdge / 3);
+                    if (!isFirst)
+                        m_sets.unite(entry->second, halfEdge / 3);
+                }
+        }
+    }
+
+    void addEnd(std::span<Index const> edge)
+    {
+        std::size_t const number = m_balances.size();
+        m_balances.push_back(0);
+        m_uses.push_back(edge.size());
+        for (Index const halfEdge : edge) {
+            int const way = isUpward(halfEdge) ? 1 : -1;
+            m_balances[number] += way;
+            m_surfaces[m_sets.root(halfEdge / 3)].shares[number] += way;
+        }
+    }
+
+    /// Box and area of all that end somewhere. Returns those that reach into a box, the smallest
+    /// first.
+    std::vector<Index> measure(Box const& where)
+    {
+        Polling polling(m_progress);
+        for (std::size_t t = 0; t < m_mesh.triangles.size() && !m_surfaces.empty(); ++t) {
+            polling.step();
+            auto const at = m_surfaces.find(m_sets.root(Index(t)));
+            if (at == m_surfaces.end())
+                continue;
+            at->second.box.add(boxOf(m_mesh.triangles[t], m_mesh.points));
+            UPoint3<float> const& a = m_mesh.point(t, 0);
+            UPoint3<float> const& b = m_mesh.point(t, 1);
+            UPoint3<float> const& c = m_mesh.point(t, 2);
+            UVector3<double> const u(double{b[0]} - a[0], double{b[1]} - a[1], double{b[2]} - a[2]);
+            UVector3<double> const v(double{c[0]} - a[0], double{c[1]} - a[1], double{c[2]} - a[2]);
+            at->second.area += (u * v).GetLength();
+        }
+        std::vector<Index> order;
+        for (auto const& [root, surface] : m_surfaces)
+            if (surface.box.overlaps(where))
+                order.push_back(root);
+        std::stable_sort(order.begin(), order.end(), [this](Index a, Index b) {
+            return m_surfaces.at(a).area < m_surfaces.at(b).area;
+        });
+        return order;
+    }
+
+    /// Whether all edges of a surface come right if its share in each is taken away so often: once if
+    /// it is left out, twice if it is turned. An opening stays one when it is turned.
+    bool isMendedBy(Surface const& surface, int times) const
+    {
+        bool doesHang = false;
+        for (auto const& [edge, share] : surface.shares) {
+            if (times == 2 && m_uses[edge] == 1)
+                continue;
+            if (times * share != m_balances[edge])
+                return false;
+            doesHang |= share != 0 && m_uses[edge] > (times == 1 ? 2u : 1u);
+        }
+        return surface.number == 0 && !surface.isTurned && doesHang;
+    }
+
+    MeshArrays m_mesh;
+    StageProgress& m_progress;
+    DisjointSets m_sets;
+    /// By edge: how many more triangles run upward than downward, and how many there are.
+    std::vector<int> m_balances;
+    std::vector<std::size_t> m_uses;
+    /// By root.
+    std::map<Index, Surface> m_surfaces;
+};
+
+}  // namespace
+
+bool SurfaceOrder::isNone() const
+{
+    return std::all_of(surplus.begin(), surplus.end(), [](Index number) { return number == 0; }) &&
+           std::find(isTurned.begin(), isTurned.end(), true) == isTurned.end();
+}
+
+SurfaceOrder findSurfaceOrder(MeshArrays const& part, Box const& where, StageProgress& progress)
+{
+    return EndingSurfaces(part, progress).orderIn(where);
+}
