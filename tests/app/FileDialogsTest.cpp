@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/WindowFileQuestions.h"
+#include "app/recovery/RecoveryDialog.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/ScratchSettings.h"
 
@@ -59,6 +60,14 @@ ModalAnswers::Answer press(QString const& text)
     };
 }
 
+/// For an answer that opens another dialog, in which the timer that answers must go on.
+ModalAnswers::Answer soon(ModalAnswers::Answer answer)
+{
+    return [answer](QWidget& dialog) {
+        QTimer::singleShot(0, &dialog, [answer, &dialog] { answer(dialog); });
+    };
+}
+
 ModalAnswers::Answer close()
 {
     return [](QWidget& dialog) { dialog.close(); };
@@ -89,6 +98,37 @@ TEST(WindowFileQuestions, UnsavedWorkHasThreeAnswersAndClosingIsNone)
         ModalAnswers const answers({answer});
         EXPECT_EQ(questions.aboutUnsaved("plate.3mf"), expected);
     }
+}
+
+TEST(WindowFileQuestions, AChangedProjectHasThreeAnswersAndClosingIsNone)
+{
+    using Changed = FileQuestions::Changed;
+    WindowFileQuestions questions;
+    std::vector<std::pair<ModalAnswers::Answer, Changed>> const cases = {
+        {press("Replace"), Changed::Replace},
+        {press("Save As..."), Changed::SaveElsewhere},
+        {press("Cancel"), Changed::Cancel},
+        {close(), Changed::Cancel}};
+    for (auto const& [answer, expected] : cases) {
+        ModalAnswers const answers({answer});
+        EXPECT_EQ(questions.aboutChanged("plate.3mf"), expected);
+    }
+}
+
+TEST(RecoveryQuestion, HasThreeAnswersAndDiscardsOnlyWhenSaidTwice)
+{
+    using Kind = RecoveryChoice::Kind;
+    std::vector<KeptWork> works(2);
+    works[1].list.projectFile = "/a/gear.3mf";
+    auto const ask = [&](std::vector<ModalAnswers::Answer> answers) {
+        ModalAnswers const given(std::move(answers));
+        return RecoveryDialog::ask(works, nullptr).kind;
+    };
+    EXPECT_EQ(ask({press("Recover")}), Kind::Recover);
+    EXPECT_EQ(ask({press("Later")}), Kind::Later);
+    EXPECT_EQ(ask({close()}), Kind::Later);
+    EXPECT_EQ(ask({soon(press("Discard...")), press("Discard")}), Kind::Discard);
+    EXPECT_EQ(ask({soon(press("Discard...")), press("Keep"), close()}), Kind::Later);
 }
 
 TEST(WindowFileQuestions, FilesAreReplacedOnlyByThatButton)
