@@ -76,6 +76,49 @@ TEST(ToolClosing, ATriangleThatIsMissingIsPutBack)
     }
 }
 
+TEST(ToolClosing, OpeningsThatMeetInACornerAreFilledOneByOne)
+{
+    // Four cubes in a square, two of which, across from each other, lack their fronts: one walk along the
+    // border passes the corner in the middle twice.
+    Soup const solid = fromFrontView({"##", "##"});
+    for (bool const isRising : {false, true}) {
+        Soup open = solid;
+        std::erase_if(open.triangles, [&](auto const& t) {
+            double x = 0, z = 0;
+            for (std::uint32_t const corner : t) {
+                if (solid.points[corner].Y() != 0)
+                    return false;
+                x += solid.points[corner].X() / 3;
+                z += solid.points[corner].Z() / 3;
+            }
+            return ((x > 10) == (z > 10)) == isRising;
+        });
+        ASSERT_EQ(borderEdgesOf(open), 8u);
+        auto const tool = kernelOf(open);
+        closeTool(*tool);
+        EXPECT_EQ(faultsOf(*tool), "");
+        EXPECT_NEAR(volumeOf(soupOf(*tool)), 4000, 1e-2);
+    }
+}
+
+TEST(ToolClosing, AnOpeningWithADentOfFourCornersIsFilledWithinItsBorder)
+{
+    // The lowest place stands beside the dent, and a fan from there would lie over it.
+    Soup const solid =
+        soupOf(*prism({{0, 0, 10}, {5, 4, 10}, {10, 0, 10}, {5, 10, 10}}, {0, 0, 10}));
+    Soup open = solid;
+    std::erase_if(open.triangles, [&](auto const& t) {
+        return solid.points[t[0]].Z() == 10 && solid.points[t[1]].Z() == 10 &&
+               solid.points[t[2]].Z() == 10;
+    });
+    ASSERT_EQ(borderEdgesOf(open), 4u);
+    auto const tool = kernelOf(open);
+    closeTool(*tool);
+    EXPECT_EQ(faultsOf(*tool), "");
+    EXPECT_NEAR(areaOf(soupOf(*tool)), areaOf(solid), 1e-3);
+    EXPECT_NEAR(volumeOf(soupOf(*tool)), 300, 1e-3);
+}
+
 TEST(ToolClosing, ALineThatGoesAndComesBackIsClosedToo)
 {
     // Two triangles that meet in an edge of no opening: their other edges bound a flat sliver.

@@ -241,3 +241,16 @@ TEST(ZCutImp, ANullBoxDoesNoHarm)
     EXPECT_EQ(run.events, Events{"true"});
     EXPECT_TRUE(run.worker.getResult().empty());
 }
+
+TEST(ZCutImp, OneByOneAPartWithoutAPlaneOfItsOwnFailsTheJob)
+{
+    TestDocument test;
+    auto* const first = test.add(box(2, 2, 4), "first");
+    auto* const second = test.add(box(2, 2, 4), "second");
+    // Three points: a plane for the first part alone.
+    WorkerRun run({first, second}, 1);
+    run.worker.setZCutonebyone(true);
+    run.worker.doWork();
+    EXPECT_EQ(run.events, Events{"false"});
+    EXPECT_FALSE(run.worker.getResult().contains(second));
+}
