@@ -2,7 +2,6 @@
 #include "tests/connectors/CutterRun.h"
 
 #include "platform/services/Intersect.h"
-#include "tests/support/Rounds.h"
 #include "tests/support/WindingField.h"
 
 #include <gtest/gtest.h>
@@ -182,7 +181,7 @@ std::string fitFaultsAtPoints(Soup const& part, Pieces const& pieces, UVector3<f
     UVector3<double> normal(gap.X(), gap.Y(), gap.Z());
     normal.Normalize();
     constexpr double height = 5e-3, margin = 1e-3;
-    constexpr std::size_t most = isUnderSanitizers ? 300 : 1500;
+    constexpr std::size_t most = 1500;
     std::size_t told = 0;
     for (Soup const* const soup :
          {&pieces.lower, &pieces.upper, static_cast<Soup const*>(&together)}) {

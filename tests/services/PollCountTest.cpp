@@ -11,6 +11,7 @@
 #include "tests/services/DividedFace.h"
 #include "tests/support/CorpusParts.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -54,8 +55,9 @@ void expectPollsToGrow(Work const& small, Work const& large)
     Polls const few = pollsOf(small), many = pollsOf(large);
     EXPECT_GT(few.count, 10u);
     EXPECT_GE(many.count, 3 * few.count);
-    // Some ten milliseconds, where most work is exact arithmetic.
-    EXPECT_LE(many.mostBetween, 50'000u);
+    // Some ten milliseconds, where most work is exact arithmetic. Under the address sanitizer records
+    // are allocated one by one.
+    EXPECT_LE(many.mostBetween, isUnderSanitizers ? 100'000u : 50'000u);
 }
 
 Soup shifted(Soup soup, UVector3<float> const& by)
