@@ -49,6 +49,7 @@ FlatSegments TeethWalls::segmentsOf(std::vector<Wall> const& walls)
 void TeethWalls::addEdge(int edge, std::vector<FlatPoint> const& points)
 {
     std::vector<double> heights;
+    heights.reserve(points.size());
     for (FlatPoint const& point : points)
         heights.push_back(heightOver(points.front(), points.back(), point));
     int const firstTooth = toothCount();
