@@ -5,6 +5,7 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
+#include "platform/view/ClickReach.h"
 #include "platform/view/MeshGLView.h"
 #include "selection/ArrowKey.h"
 #include "selection/HandleHit.h"
@@ -26,9 +27,6 @@ namespace {
 
 /// The type of the plane tool that ended last, for the next one.
 PlaneType lastPlaneType = PLANE_3POINTS;
-
-/// Between press and release of a click beside the handles, in pixels.
-constexpr int mostClickTravel = 4;
 
 /// A point on a part with the surface's normal there.
 struct SurfacePoint
@@ -258,9 +256,11 @@ int PlanecutSelection::mouseReleaseEvent(QMouseEvent* event)
 {
     bool const wasDragged = isDragging || isResizing;
     std::optional<QPoint> const pressed = std::exchange(takenPress, std::nullopt);
-    if (hasTakenOver() && pressed && event->button() == Qt::LeftButton &&
-        (event->pos() - *pressed).manhattanLength() <= (wasDragged ? 0 : mostClickTravel))
-        clickTaker->clicked(*event);
+    if (hasTakenOver() && pressed && event->button() == Qt::LeftButton) {
+        QPoint const way = event->pos() - *pressed;
+        if (wasDragged ? way.isNull() : !isBeyondClick(way))
+            clickTaker->clicked(*event);
+    }
     if (event->button() == Qt::LeftButton && !planeObject)
         pick(event->pos());
     lastPos = event->pos();

@@ -96,7 +96,7 @@ QString StatusLine::selectionSummary(Mesh::Document const* document)
     qulonglong triangles = 0;
     for (Mesh::DocumentObject const* const part : selected)
         if (MeshKernel const* const kernel = part->meshProperty->getMesh())
-            triangles += kernel->readMesh()->triangleCount;
+            triangles += kernel->readMesh()->triangles.size();
     QString const count = QLocale().toString(triangles);
     return selected.size() == 1
                ? tr("1 part, %1 triangles").arg(count)

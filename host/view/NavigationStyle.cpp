@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/NavigationStyle.h"
 
-#include "host/view/ClickReach.h"
 #include "platform/view/AbstractMouseSelection.h"
+#include "platform/view/ClickReach.h"
 #include "platform/view/GLView.h"
 
 #include <QCursor>

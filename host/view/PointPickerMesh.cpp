@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/PointPickerMesh.h"
 
-#include "host/view/ClickReach.h"
 #include "host/view/PointLabel.h"
 #include "host/view/ViewScene.h"
+#include "platform/view/ClickReach.h"
 #include "platform/view/MeshGLView.h"
 
 #include <QMouseEvent>

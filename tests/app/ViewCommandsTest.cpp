@@ -176,6 +176,22 @@ TEST_F(AppWindow, TheStatusLineCountsTheSelection)
     EXPECT_EQ(summary->text().toStdString(), "2 parts, 24 triangles");
 }
 
+TEST_F(AppWindow, TheStatusLineCountsTrianglesOfPiecesWhoseMeshSaysNone)
+{
+    // As pieces of a section cut have it.
+    auto mesh = std::make_unique<UMesh<float>>();
+    auto const source = kernelOf(box(10, 10, 10));
+    mesh->triangles.swap(source->getMesh()->triangles);
+    mesh->vertices.swap(source->getMesh()->vertices);
+    auto* const piece = new Mesh::DocumentObject;
+    piece->meshProperty->setMesh(new MeshKernel(mesh.release()), true);
+    test->document->addObject(piece, "piece", true);
+    piece->setSelected(true, true, false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->findChild<QLabel*>("SelectionSummary")->text().toStdString(),
+              "1 part, 12 triangles");
+}
+
 TEST_F(AppWindow, TheViewShowsWhicheverDocumentIsActive)
 {
     EXPECT_EQ(window->view().getDocument(), test->document);

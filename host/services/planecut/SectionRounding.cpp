@@ -30,6 +30,8 @@ constexpr double reachUnits = 128;
 /// Tests of boxes, of which a million take one or two milliseconds; beyond, a tree over all that was
 /// made is worth its making.
 constexpr std::size_t mostTests = 8'000'000;
+/// Triangles that are looked at from one poll to the next.
+constexpr std::size_t pollInterval = 65536;
 
 double unitAt(Point const& p)
 {
@@ -40,6 +42,26 @@ double unitAt(Point const& p)
 Vector between(Point const& from, Point const& to)
 {
     return {double(to[0]) - from[0], double(to[1]) - from[1], double(to[2]) - from[2]};
+}
+
+/// Takes out of a list the elements at some ascending places for which a condition holds; the others
+/// are not looked at.
+template <typename Element, typename Condition>
+void eraseAmong(std::vector<Element>& list, std::vector<std::size_t> const& places,
+                Condition const& condition)
+{
+    auto kept = list.begin();
+    std::size_t from = 0;
+    for (std::size_t const place : places) {
+        if (!condition(list[place]))
+            continue;
+        auto const begin = list.begin() + std::ptrdiff_t(from);
+        auto const end = list.begin() + std::ptrdiff_t(place);
+        kept = kept == begin ? end : std::move(begin, end, kept);
+        from = place + 1;
+    }
+    if (from > 0)
+        list.erase(std::move(list.begin() + std::ptrdiff_t(from), list.end(), kept), list.end());
 }
 
 Box boxOf(Triangle const& triangle)
@@ -352,6 +374,8 @@ struct SectionRounding::Mended
     /// The section points of each triangle that is left; in a wall not all numbers are points.
     std::array<std::unordered_map<Triangle*, Corners>, 2> points;
     std::unordered_set<Triangle*> gone;
+    /// Where triangles that are gone may stand in the lists of both halves, ascending.
+    std::array<std::vector<std::size_t>, 2> mayGo;
 };
 
 SectionRounding::~SectionRounding()
@@ -438,18 +462,24 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
         if (surroundings.reach(*triangle.record))
             near.push_back(triangle);
     // Only now, for it is a pass over the part: what was copied may stand in the way.
+    Mended mended;
     for (CutSide const side : {sideAbove, sideBelow}) {
         auto const& all = m_copies.mesh(side).triangles;
         std::size_t const copied = all.size() - m_walls.written(side).size() - caps[side].size();
-        for (std::size_t t = 0; t < copied; ++t)
-            if (surroundings.reach(*all[t]))
-                near.push_back({all[t], cornersOf(*all[t]), side, false});
-        stage.add(0);
+        for (std::size_t t = 0; t < copied; ++t) {
+            if (t % pollInterval == 0)
+                stage.add(0);
+            if (!surroundings.reach(*all[t]))
+                continue;
+            near.push_back({all[t], cornersOf(*all[t]), side, false});
+            mended.mayGo[side].push_back(t);
+        }
+        for (std::size_t t = copied; t < all.size(); ++t)
+            mended.mayGo[side].push_back(t);
     }
     m_isInDoubt = isFree;
     SectionSoup soup(std::move(near), m_points, numbers, isFree);
     auto left = RoundingMending(soup.operands, soup.pieces, soup.places, soup.isFree).run(stage);
-    Mended mended;
     // A section point may have come into the place of a vertex beside the plane. The half that does
     // not have this vertex keeps the point there.
     std::unordered_map<std::uint32_t, std::uint32_t> standIns;
@@ -509,7 +539,7 @@ void SectionRounding::takeOver(Mended const& mended, Triangles& caps,
     filling.triangles = std::move(kept);
     for (CutSide const side : {sideAbove, sideBelow}) {
         std::erase_if(caps[side], isGone);
-        std::erase_if(m_copies.mesh(side).triangles, isGone);
+        eraseAmong(m_copies.mesh(side).triangles, mended.mayGo[side], isGone);
     }
     m_gone.assign(mended.gone.begin(), mended.gone.end());
 }
