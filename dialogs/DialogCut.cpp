@@ -12,15 +12,12 @@ void DialogCut::tellFailure(CutWorker const& worker)
     end();
 }
 
-void DialogCut::integrate(CutResultMap const& pieces, CutRemarks const& remarks,
-                          Base::Document* document, IntegrationRules const& rules,
-                          std::function<void()> const& leave)
+void DialogCut::integrate(CutResultMap pieces, CutRemarks const& remarks, Base::Document* document,
+                          IntegrationRules const& rules, std::function<void()> const& leave)
 {
     CutNotes const notes(remarks);
-    // The worker may go with the dialog.
-    CutResultMap const kept = pieces;
     ResultIntegration integration(document, rules);
-    integration.begin(kept);
+    integration.begin(pieces);
     integration.end();
     leave();
     notes.tell();

@@ -46,9 +46,9 @@ public:
     }
 
 private:
-    static void integrate(CutResultMap const& pieces, CutRemarks const& remarks,
-                          Base::Document* document, IntegrationRules const& rules,
-                          std::function<void()> const& leave);
+    /// pieces  a copy, for the worker may go with the dialog
+    static void integrate(CutResultMap pieces, CutRemarks const& remarks, Base::Document* document,
+                          IntegrationRules const& rules, std::function<void()> const& leave);
 
     QThread m_thread;
     AnnouncedJob m_job;

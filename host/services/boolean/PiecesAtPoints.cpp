@@ -385,6 +385,7 @@ int PiecesAtPoints::faultsAfter(Move const& move, int limit)
     std::vector<std::size_t> const around =
         move.into ? m_around[move.point] : std::vector<std::size_t>();
     std::vector<Corners> known;
+    known.reserve(around.size());
     for (std::size_t const t : around)
         known.push_back(m_mesh.triangles[t]);
     if (move.into)
