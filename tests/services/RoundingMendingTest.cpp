@@ -2,6 +2,7 @@
 #include "host/services/boolean/RoundingMending.h"
 #include "platform/services/Intersect.h"
 #include "platform/services/Repair.h"
+#include "tests/services/BoxUnderATip.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
 
@@ -54,20 +55,6 @@ std::size_t crossingsOf(MeshKernel& kernel)
 std::size_t crossingsOf(Soup const& soup)
 {
     return crossingsOf(*kernelOf(soup));
-}
-
-/// A box, and above its top a pyramid that points down with its tip, which is the last point.
-Soup boxUnderATip(float tipHeight)
-{
-    Soup soup = box(20, 30, 40);
-    Soup pyramid;
-    pyramid.points = {{5, 5, 50}, {15, 5, 50}, {15, 15, 50}, {5, 15, 50}, {10.5f, 9, tipHeight}};
-    pyramid.add(0, 1, 2);
-    pyramid.add(0, 2, 3);
-    for (std::uint32_t k = 0; k < 4; ++k)
-        pyramid.add((k + 1) % 4, k, 4);
-    soup.append(pyramid);
-    return soup;
 }
 
 float unitsBelow(float value, int units)
