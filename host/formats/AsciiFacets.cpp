@@ -26,8 +26,7 @@ bool isSpace(char c)
 class Scanner
 {
 public:
-    explicit Scanner(std::string_view text)
-        : m_place(text.data()), m_end(text.data() + text.size())
+    explicit Scanner(std::string_view text) : m_place(text.data()), m_end(text.data() + text.size())
     {}
 
     char const* place() const { return m_place; }

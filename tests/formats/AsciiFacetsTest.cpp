@@ -94,8 +94,9 @@ TEST(AsciiFacets, SolidsAndUnusualFacetsBetweenUsualOnesAreRead)
 {
     ScratchFolder const folder;
     std::string text = "solid a\n" + facets(many) + "endsolid a\nsolid b\n";
-    text += "FACET normal 0 0 1 outer loop vertex\n+1e1 0 0 vertex 0 0 5 vertex 0 5 0 endloop "
-            "endfacet\n";
+    text +=
+        "FACET normal 0 0 1 outer loop vertex\n+1e1 0 0 vertex 0 0 5 vertex 0 5 0 endloop "
+        "endfacet\n";
     text += facets(many) + "endsolid b\n";
     auto const parts = readParts(folder.file("two.stl", text));
     ASSERT_EQ(parts.size(), 1u);
@@ -118,8 +119,9 @@ TEST(AsciiStlWriter, CornersReadBackBitForBit)
     using Limits = std::numeric_limits<float>;
     ScratchFolder const folder;
     std::vector<UPoint3<float>> corners;
-    float const values[] = {Limits::denorm_min(), -Limits::min(), Limits::max(), Limits::lowest(),
-                            0.1f,                 -1.17549435e-38f, 16777217.0f, 123456.789f};
+    float const values[] = {Limits::denorm_min(), -Limits::min(), Limits::max(),
+                            Limits::lowest(),     0.1f,           -1.17549435e-38f,
+                            16777217.0f,          123456.789f};
     for (float const a : values)
         for (float const b : values)
             corners.insert(corners.end(), {{a, b, 1}, {b, 2, a}, {a, 3, b}});
