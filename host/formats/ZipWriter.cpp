@@ -60,7 +60,11 @@ struct ZipWriter::Stream
     z_stream state{};
 };
 
-ZipWriter::ZipWriter(OutputFile& output) : m_output(output) {}
+ZipWriter::ZipWriter(Sink sink) : m_sink(std::move(sink)) {}
+
+ZipWriter::ZipWriter(OutputFile& output)
+    : ZipWriter([&output](std::string_view bytes) { output.write(bytes); })
+{}
 
 ZipWriter::~ZipWriter() = default;
 
@@ -162,7 +166,7 @@ void ZipWriter::finish()
 
 void ZipWriter::put(std::string_view bytes)
 {
-    m_output.write(bytes);
+    m_sink(bytes);
     m_position += bytes.size();
 }
 

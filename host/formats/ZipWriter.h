@@ -4,6 +4,7 @@
 #include "host/formats/OutputFile.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,6 +19,10 @@ namespace Formats {
 class ZipWriter
 {
 public:
+    /// Takes the package's bytes, piece after piece.
+    using Sink = std::function<void(std::string_view)>;
+
+    explicit ZipWriter(Sink sink);
     explicit ZipWriter(OutputFile& output);
     ~ZipWriter();
     ZipWriter(ZipWriter const&) = delete;
@@ -51,7 +56,7 @@ private:
     std::string directoryEntry(Entry const& entry) const;
     std::string directoryEnd(std::uint64_t start, std::uint64_t size) const;
 
-    OutputFile& m_output;
+    Sink m_sink;
     std::uint64_t m_position = 0;
     std::vector<Entry> m_entries;
     std::unique_ptr<Stream> m_stream;
