@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/formats/OutputFile.h"
+#include "host/formats/PackedText.h"
 
 #include <cstdint>
 #include <functional>
@@ -41,7 +42,6 @@ public:
     void finish();
 
 private:
-    struct Stream;
     struct Entry
     {
         std::string name;
@@ -51,7 +51,6 @@ private:
         std::uint32_t checksum = 0;
     };
 
-    void compress(std::string_view text, bool isLast);
     void put(std::string_view bytes);
     std::string directoryEntry(Entry const& entry) const;
     std::string directoryEnd(std::uint64_t start, std::uint64_t size) const;
@@ -59,8 +58,8 @@ private:
     Sink m_sink;
     std::uint64_t m_position = 0;
     std::vector<Entry> m_entries;
-    std::unique_ptr<Stream> m_stream;
-    std::string m_packed;
+    /// Of the open entry.
+    std::unique_ptr<PackedText> m_text;
 };
 
 }  // namespace Formats
