@@ -7,8 +7,6 @@
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/mesh/MeshKernel.h"
-#include "platform/view/GLView.h"
-#include "platform/view/ViewProvider.h"
 
 namespace Freecut {
 
