@@ -4,6 +4,7 @@
 #include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
+#include "dialogs/MissedParts.h"
 #include "dialogs/ToolButton.h"
 #include "platform/ui/CutViewSlider.h"
 #include "platform/ui/Dialog.h"
@@ -150,6 +151,8 @@ QWidget* SectionCutWidgets::buildCenter()
     auto* const grid = new MellGridLayout;
     column->addLayout(grid);
     center = addVector(content, grid, true);
+    missed = new MissedParts(content);
+    column->addWidget(missed);
     auto* const row = new MellHBoxLayout;
     column->addLayout(row);
     slider = new CutViewSlider(content);
