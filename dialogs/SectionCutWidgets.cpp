@@ -151,8 +151,6 @@ QWidget* SectionCutWidgets::buildCenter()
     auto* const grid = new MellGridLayout;
     column->addLayout(grid);
     center = addVector(content, grid, true);
-    missed = new MissedParts(content);
-    column->addWidget(missed);
     auto* const row = new MellHBoxLayout;
     column->addLayout(row);
     slider = new CutViewSlider(content);
@@ -165,6 +163,9 @@ QWidget* SectionCutWidgets::buildCenter()
     row->addWidget(slider, 1);
     row->addWidget(label);
     row->addWidget(step);
+    // Below what is dragged while it comes and goes.
+    missed = new MissedParts(content);
+    column->addWidget(missed);
     return content;
 }
 
