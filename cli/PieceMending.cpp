@@ -17,13 +17,13 @@ void mend(CutPiece& piece, Repair::Scope scope)
     Base::SequencerLauncher display("Repairing", 100, true);
     display.setCancelEnabled(true);
     auto const kernel = std::make_shared<MeshKernel>(piece.kernel.get());
-    std::string reason;
+    CutFailure failure;
     try {
         piece.repair = repairPiece(
             *kernel, scope, [&](int percent) { display.setProgress(std::uint64_t(percent)); }, 0,
-            reason);
+            failure);
     } catch (char const*) {
-        throw CutError("The repair of a piece failed: " + reason);
+        throw CutError("The repair of a piece failed: " + failure.reason);
     }
     piece.kernel = kernel;
 }

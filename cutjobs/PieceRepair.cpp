@@ -6,14 +6,14 @@
 #include "platform/jobs/SecondaryThread.h"
 
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
-                           std::function<void(int)> const& progress, int shown, std::string& reason)
+                           std::function<void(int)> const& progress, int shown, CutFailure& failure)
 {
     Repair::EvaluateErrors errors(&piece);
     std::function<void(int)> const poll =
         progress ? [&](int) { progress(shown); } : std::function<void(int)>();
     bool hasErrors = false;
     Repair::Report report;
-    ServiceCall::run(reason, [&] {
+    ServiceCall::run(failure, [&] {
         SecondaryThread const check([&] {
             hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, poll) != 0;
         });

@@ -369,7 +369,7 @@ void DialogSectioncut::processEnd()
 void DialogSectioncut::handleResult(bool ok)
 {
     if (!ok) {
-        m_cut->tellFailure(*m_worker);
+        m_cut->tellFailure(*m_worker, getDocument(), [this] { on_cut_clicked(); });
         return;
     }
     IntegrationRules rules;

@@ -828,6 +828,18 @@
         <extracomment>The first remark, and how many others there are.</extracomment>
         <translation>%1 (%2 weitere im Protokoll)</translation>
     </message>
+    <message>
+        <source>Show in View</source>
+        <translation>In der Ansicht zeigen</translation>
+    </message>
+    <message>
+        <source>Repair and Cut Again</source>
+        <translation>Reparieren und noch einmal schneiden</translation>
+    </message>
+    <message>
+        <source>The repair could not mend the part, which stays as it is. Move the cut, or mend the part in the program that it comes from.</source>
+        <translation>Die Reparatur konnte das Bauteil nicht verbessern; es bleibt, wie es ist. Den Schnitt verschieben oder das Bauteil in dem Programm verbessern, aus dem es kommt.</translation>
+    </message>
 </context>
 <context>
     <name>DialogLabel</name>

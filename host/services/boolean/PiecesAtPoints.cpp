@@ -56,8 +56,8 @@ Box grown(Box box, float reach)
 PiecesAtPoints::PiecesAtPoints(OperandSoup const& soup,
                                std::vector<std::vector<PieceTriangle>> const& pieces,
                                std::vector<Point> const& places, std::vector<bool> const& isFree,
-                               std::size_t mostWork, StageProgress& progress)
-    : m_soup(soup), m_isFree(isFree), m_mostWork(mostWork), m_around(places.size())
+                               Work work, StageProgress& progress)
+    : m_soup(soup), m_isFree(isFree), m_limits(work), m_around(places.size())
 {
     m_mesh.points = places;
     Polling polling(progress);
@@ -104,14 +104,27 @@ bool PiecesAtPoints::mend(Pair const& pair, StageProgress& progress)
     bool isChanged = false;
     if (RoundingCrossings::isDeep(m_mesh, pair[0], pair[1]))
         return false;
-    for (int step = 0; step < mostStepsPerPair && m_work < m_mostWork; ++step) {
-        if (isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]))
-            break;
+    std::size_t const before = m_work;
+    auto const isMended = [&] {
+        return isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]);
+    };
+    for (int step = 0; step < mostStepsPerPair && isWorthWork() && !isMended(); ++step) {
         if (!takeBestMove(pair, progress))
             break;
         isChanged = true;
     }
+    if (m_work > before)
+        (isMended() ? m_workOfMended : m_workInVain) += m_work - before;
     return isChanged;
+}
+
+/// Surfaces that lie on each other all over, as those of shells that hardly differ do, cannot be
+/// mended by moving points: there nearly all work is in vain, and nearly none where solids are sound.
+bool PiecesAtPoints::isWorthWork() const
+{
+    constexpr std::size_t vainForMended = 4;
+    return m_work < m_limits.most &&
+           m_workInVain < m_limits.mostInVain + vainForMended * m_workOfMended;
 }
 
 bool PiecesAtPoints::isFlat(std::size_t t) const
