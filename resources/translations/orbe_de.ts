@@ -3880,4 +3880,40 @@
         <translation>Schnittansicht</translation>
     </message>
 </context>
+<context>
+    <name>HeightWarning</name>
+    <message>
+        <source>meets no part</source>
+        <translation>trifft kein Bauteil</translation>
+    </message>
+    <message>
+        <source>misses %1 of %2</source>
+        <translation>trifft %1 von %2 nicht</translation>
+    </message>
+    <message>
+        <source>A cut at this height does not meet %1.</source>
+        <translation>Ein Schnitt in dieser Höhe trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::MissedParts</name>
+    <message>
+        <source>The plane does not meet %1.</source>
+        <translation>Die Ebene trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Die Ebene trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Die Ebene trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>
