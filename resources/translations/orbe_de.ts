@@ -1465,10 +1465,6 @@
         <translation>Eine Koordinate von Eckpunkt %1 ist keine endliche Zahl.</translation>
     </message>
     <message>
-        <source>triangle %1 refers to vertex %2, but there are %3.</source>
-        <translation>Dreieck %1 verweist auf Eckpunkt %2, aber die Anzahl der Eckpunkte ist %3.</translation>
-    </message>
-    <message>
         <source>a complete 3MF package was expected, but the 3MF library reports: %1</source>
         <translation>Erwartet wurde ein vollständiges 3MF-Paket, aber die 3MF-Bibliothek meldet: %1</translation>
     </message>
@@ -2708,7 +2704,7 @@
     <name>PartInformation</name>
     <message>
         <source>Part Information</source>
-        <translation>Bauteilinformation</translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>Name</source>
@@ -3878,6 +3874,42 @@
     <message>
         <source>Cut View</source>
         <translation>Schnittansicht</translation>
+    </message>
+</context>
+<context>
+    <name>HeightWarning</name>
+    <message>
+        <source>meets no part</source>
+        <translation>trifft kein Bauteil</translation>
+    </message>
+    <message>
+        <source>misses %1 of %2</source>
+        <translation>trifft %1 von %2 nicht</translation>
+    </message>
+    <message>
+        <source>A cut at this height does not meet %1.</source>
+        <translation>Ein Schnitt in dieser Höhe trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::MissedParts</name>
+    <message>
+        <source>The plane does not meet %1.</source>
+        <translation>Die Ebene trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Die Ebene trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Die Ebene trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
     </message>
 </context>
 </TS>
