@@ -157,9 +157,11 @@ private:
                 }
         };
         auto const isOdd = [this](auto const& edge) {
-            return std::count_if(edge.begin(), edge.end(), [this](std::uint32_t halfEdge) {
-                       return m_isKept[halfEdge / 3];
-                   }) % 2 == 1;
+            return std::count_if(
+                       edge.begin(), edge.end(),
+                       [this](std::uint32_t halfEdge) { return m_isKept[halfEdge / 3]; }) %
+                       2 ==
+                   1;
         };
         for (std::size_t e = 0; e < edges.size(); ++e)
             uniteAlong(edges[e]);
