@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AutoSave</name>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
+        <translation>Nicht gespeicherte Änderungen können nicht für eine Wiederherstellung aufgehoben werden; speichern Sie das Projekt bald.</translation>
+    </message>
+</context>
+<context>
     <name>CheckReport</name>
     <message>
         <source>1 open edge</source>
@@ -3017,6 +3024,34 @@
         <source>Select a part first.</source>
         <translation>Zuerst ein Bauteil auswählen.</translation>
     </message>
+    <message>
+        <source>%1 +90°</source>
+        <translation>%1 +90°</translation>
+    </message>
+    <message>
+        <source>Turn by 90 degrees about %1</source>
+        <translation>Um 90 Grad um %1 drehen</translation>
+    </message>
+    <message>
+        <source>%1 −90°</source>
+        <translation>%1 −90°</translation>
+    </message>
+    <message>
+        <source>Turn back by 90 degrees about %1</source>
+        <translation>Um 90 Grad um %1 zurückdrehen</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Mirror Along</source>
+        <translation>Spiegeln entlang</translation>
+    </message>
+    <message>
+        <source>Mirror along %1</source>
+        <translation>Entlang %1 spiegeln</translation>
+    </message>
 </context>
 <context>
     <name>PointLabel</name>
@@ -3165,6 +3200,21 @@
     </message>
 </context>
 <context>
+    <name>RecentMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>No file was opened yet.</source>
+        <translation>Noch wurde keine Datei geöffnet.</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Liste leeren</translation>
+    </message>
+</context>
+<context>
     <name>RecoveryDialog</name>
     <message numerus="yes">
         <source>%n parts</source>
@@ -3211,25 +3261,30 @@
     </message>
 </context>
 <context>
-    <name>AutoSave</name>
+    <name>ScaleFields</name>
     <message>
-        <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
-        <translation>Nicht gespeicherte Änderungen können nicht für eine Wiederherstellung aufgehoben werden; speichern Sie das Projekt bald.</translation>
-    </message>
-</context>
-<context>
-    <name>RecentMenu</name>
-    <message>
-        <source>Open &amp;Recent</source>
-        <translation>&amp;Zuletzt geöffnet</translation>
+        <source>Keep proportions</source>
+        <translation>Seitenverhältnis beibehalten</translation>
     </message>
     <message>
-        <source>No file was opened yet.</source>
-        <translation>Noch wurde keine Datei geöffnet.</translation>
+        <source>A size along one axis scales the others by the same factor.</source>
+        <translation>Eine Größe entlang einer Achse skaliert die anderen im selben Verhältnis.</translation>
     </message>
     <message>
-        <source>&amp;Clear List</source>
-        <translation>&amp;Liste leeren</translation>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Percent of the present size</source>
+        <translation>Prozent der jetzigen Größe</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Scale to this share of the present size, along all axes.</source>
+        <translation>Auf diesen Anteil der jetzigen Größe skalieren, entlang aller Achsen.</translation>
     </message>
 </context>
 <context>
@@ -3739,6 +3794,14 @@
     <message>
         <source>Repair</source>
         <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
     </message>
 </context>
 <context>

@@ -46,6 +46,16 @@
     </message>
 </context>
 <context>
+    <name>RecoveryDialog</name>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>WindowFileQuestions</name>
     <message numerus="yes">
         <source>and %n more</source>
@@ -59,16 +69,6 @@
         <translation>
             <numerusform>%n file exists already. Replace it?</numerusform>
             <numerusform>%n files exist already. Replace them?</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>RecoveryDialog</name>
-    <message numerus="yes">
-        <source>%n parts</source>
-        <translation>
-            <numerusform>%n part</numerusform>
-            <numerusform>%n parts</numerusform>
         </translation>
     </message>
 </context>
