@@ -17,7 +17,8 @@ Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
         SecondaryThread const check([&] {
             hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, poll) != 0;
         });
-        if (!hasErrors)
+        // Bodies that touch along an edge have no errors, but only a repair of the whole parts them.
+        if (!hasErrors && !scope.isWhole())
             return;
         piece.toRclMesh();
         Repair::RepairMethods repair(&piece, scope, errors.survey());

@@ -2,6 +2,7 @@
 #include "host/ui/HeightSlider.h"
 
 #include "host/ui/HeightScale.h"
+#include "host/ui/HeightWarning.h"
 #include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
@@ -38,8 +39,8 @@ HeightSlider::HeightSlider(QWidget* parent) : QWidget(parent)
         storeValue(lineKey, shows);
         updateLine();
     });
-    auto* const follower = new DocumentFollower(this);
-    connect(follower, &DocumentFollower::changed, this, &HeightSlider::partsChanged);
+    m_follower = new DocumentFollower(this);
+    connect(m_follower, &DocumentFollower::changed, this, &HeightSlider::partsChanged);
     partsChanged();
     heightChanged(slider().getHeight());
 }
@@ -64,6 +65,7 @@ void HeightSlider::build()
     m_field->setButtonSymbols(QAbstractSpinBox::NoButtons);
     m_field->setMinimumWidth(5 * g_pixelSize);
     m_field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_warning = new HeightWarning(this);
     m_scale = new HeightScale(this);
     m_line = new QToolButton(this);
     m_line->setObjectName("line");
@@ -71,6 +73,7 @@ void HeightSlider::build()
     m_line->setChecked(storedValue(lineKey, true).toBool());
     m_line->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     column->addWidget(m_field);
+    column->addWidget(m_warning);
     column->addWidget(m_scale, 1);
     column->addWidget(m_line);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
@@ -106,6 +109,7 @@ void HeightSlider::partsChanged()
     float const height = slider().getHeight();
     if (wasEmpty && !isEmpty && (height <= low || height >= high))
         slider().setHeight((low + high) / 2);
+    warn();
 }
 
 void HeightSlider::heightChanged(float height)
@@ -113,6 +117,12 @@ void HeightSlider::heightChanged(float height)
     QSignalBlocker const quiet(m_field);
     m_field->setValue(height);
     updateLine();
+    warn();
+}
+
+void HeightSlider::warn()
+{
+    m_warning->refresh(m_follower->document(), slider().getHeight());
 }
 
 void HeightSlider::updateLine()

@@ -4,7 +4,9 @@
 #include <QPointer>
 #include <QWidget>
 
+class DocumentFollower;
 class HeightScale;
+class HeightWarning;
 class MellQuantitySpinBox;
 class QToolButton;
 
@@ -42,9 +44,12 @@ private:
     void partsChanged();
     void heightChanged(float height);
     void updateLine();
+    void warn();
 
     MellQuantitySpinBox* m_field;
+    HeightWarning* m_warning;
     HeightScale* m_scale;
     QToolButton* m_line;
+    DocumentFollower* m_follower;
     QPointer<Mesh::GLView> m_view;
 };

@@ -1472,10 +1472,6 @@
         <translation>Eine Koordinate von Eckpunkt %1 ist keine endliche Zahl.</translation>
     </message>
     <message>
-        <source>triangle %1 refers to vertex %2, but there are %3.</source>
-        <translation>Dreieck %1 verweist auf Eckpunkt %2, aber die Anzahl der Eckpunkte ist %3.</translation>
-    </message>
-    <message>
         <source>a complete 3MF package was expected, but the 3MF library reports: %1</source>
         <translation>Erwartet wurde ein vollständiges 3MF-Paket, aber die 3MF-Bibliothek meldet: %1</translation>
     </message>
@@ -1638,6 +1634,21 @@
     <message>
         <source>must be one of %1. Change it.</source>
         <translation>muss eines von diesen sein: %1. Ändern Sie den Wert.</translation>
+    </message>
+</context>
+<context>
+    <name>Freecut::MissedParts</name>
+    <message>
+        <source>The plane does not meet %1.</source>
+        <extracomment>%1 is the name of a part.</extracomment>
+        <translation>Die Ebene trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Die Ebene trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Die Ebene trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1927,6 +1938,29 @@
     <message>
         <source>Shows on the parts where they would be cut.</source>
         <translation>Zeigt auf den Bauteilen, wo sie geschnitten würden.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightWarning</name>
+    <message>
+        <source>meets no part</source>
+        <extracomment>Beside the height, in a narrow column: of how many parts how many are missed.</extracomment>
+        <translation>trifft kein Bauteil</translation>
+    </message>
+    <message>
+        <source>misses %1 of %2</source>
+        <translation>trifft %1 von %2 nicht</translation>
+    </message>
+    <message>
+        <source>A cut at this height does not meet %1.</source>
+        <translation>Ein Schnitt in dieser Höhe trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -36,6 +36,26 @@
     </message>
 </context>
 <context>
+    <name>Freecut::MissedParts</name>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>The plane does not meet %1 and %n more.</numerusform>
+            <numerusform>The plane does not meet %1 and %n more.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HeightWarning</name>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
+            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PartTreeModel</name>
     <message numerus="yes">
         <source>open: %n open edges</source>

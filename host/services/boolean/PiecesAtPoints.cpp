@@ -37,6 +37,11 @@ float unitOf(Point const& p)
     return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
 }
 
+Box boxAt(Point const& p)
+{
+    return {{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}};
+}
+
 Box grown(Box box, float reach)
 {
     for (std::size_t k = 0; k < 3; ++k) {
@@ -56,6 +61,11 @@ PiecesAtPoints::PiecesAtPoints(OperandSoup const& soup,
 {
     m_mesh.points = places;
     Polling polling(progress);
+    for (std::vector<Point> const* const points : {&soup.mesh.points, &places})
+        for (Point const& p : *points) {
+            polling.step();
+            m_bounds.add(boxAt(p));
+        }
     for (std::size_t i = 0; i < pieces.size(); ++i)
         for (PieceTriangle const& t : pieces[i]) {
             polling.step();
@@ -141,10 +151,8 @@ bool PiecesAtPoints::isTurned(std::size_t t) const
 PiecesAtPoints::Box PiecesAtPoints::boxOf(std::size_t t) const
 {
     Box box;
-    for (int k = 0; k < 3; ++k) {
-        Point const& p = m_mesh.point(t, k);
-        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    }
+    for (int k = 0; k < 3; ++k)
+        box.add(boxAt(m_mesh.point(t, k)));
     return box;
 }
 
@@ -325,8 +333,10 @@ std::vector<PiecesAtPoints::Move> PiecesAtPoints::movesOf(Index point) const
         for (int direction = 0; direction < 27; ++direction) {
             UVector3<float> const step(float(direction % 3 - 1), float(direction / 3 % 3 - 1),
                                        float(direction / 9 - 1));
-            if (direction != 13)
-                moves.push_back({point, from + step * (unit * float(units)), {}});
+            Point const place = from + step * (unit * float(units));
+            // A side that lies flat on the box stays flat, or bends inward.
+            if (direction != 13 && m_bounds.overlaps(boxAt(place)))
+                moves.push_back({point, place, {}});
         }
     return moves;
 }

@@ -102,6 +102,8 @@ private:
     OperandSoup const& m_soup;
     std::vector<bool> const& m_isFree;
     Work m_limits;
+    /// Of operands and pieces: no point is moved out of it.
+    Box m_bounds;
     MeshArrays m_mesh;
     std::vector<Source> m_sources;
     std::vector<std::vector<std::size_t>> m_around;
