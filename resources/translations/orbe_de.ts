@@ -2749,7 +2749,7 @@
     <name>PartInformation</name>
     <message>
         <source>Part Information</source>
-        <translation>Bauteilinformation</translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>Name</source>
