@@ -18,6 +18,7 @@
 #include "app/view/ViewAppearance.h"
 #include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
+#include "app/window/FirstSize.h"
 #include "app/window/JobProgressBar.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
@@ -40,6 +41,7 @@
 #include <QDockWidget>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -52,7 +54,6 @@ char const* const geometryKey = "Window/Geometry";
 char const* const stateKey = "Window/State";
 /// Raised when docks or tool bars change so that stored places make no sense any more.
 constexpr int stateVersion = 2;
-constexpr QSize defaultSize(1280, 800);
 constexpr int isometricView = 6;
 constexpr int secondOfferMilliseconds = 4000;
 
@@ -172,7 +173,7 @@ void OrbeWindow::restorePlaces()
 {
     m_firstPlaces = saveState(stateVersion);
     if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
-        resize(defaultSize);
+        resize(FirstSize::ofWindow(screen()->availableSize()));
     m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
 }
 

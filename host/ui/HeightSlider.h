@@ -42,6 +42,7 @@ private:
     void retranslate();
     void showIcons();
     void partsChanged();
+    void showWholeNumbers(float low, float high);
     void heightChanged(float height);
     void updateLine();
     void warn();

@@ -1465,10 +1465,6 @@
         <translation>Eine Koordinate von Eckpunkt %1 ist keine endliche Zahl.</translation>
     </message>
     <message>
-        <source>triangle %1 refers to vertex %2, but there are %3.</source>
-        <translation>Dreieck %1 verweist auf Eckpunkt %2, aber die Anzahl der Eckpunkte ist %3.</translation>
-    </message>
-    <message>
         <source>a complete 3MF package was expected, but the 3MF library reports: %1</source>
         <translation>Erwartet wurde ein vollständiges 3MF-Paket, aber die 3MF-Bibliothek meldet: %1</translation>
     </message>
@@ -2708,7 +2704,7 @@
     <name>PartInformation</name>
     <message>
         <source>Part Information</source>
-        <translation>Bauteilinformation</translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>Name</source>
