@@ -3332,6 +3332,10 @@
         <translation>Eine Wand im Teil nahe (%1, %2, %3), die nichts begrenzt, wurde weggelassen.</translation>
     </message>
     <message>
+        <source>A wall in the tool near (%1, %2, %3), which bounds nothing, was left out.</source>
+        <translation>Eine Wand im Werkzeug nahe (%1, %2, %3), die nichts begrenzt, wurde weggelassen.</translation>
+    </message>
+    <message>
         <source>Other such walls that were left out: %1.</source>
         <translation>Weitere solche Wände, die weggelassen wurden: %1.</translation>
     </message>
