@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SurfaceOrder.h"
 #include "platform/jobs/ConsoleSingleton.h"
-#include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
@@ -61,25 +60,6 @@ Soup without(Soup soup, std::vector<std::uint32_t> const& walls)
         if (walls[t] == 0)
             left.triangles.push_back(soup.triangles[t]);
     return left;
-}
-
-/// Each triangle divided into four at the middles of its edges.
-Soup quartered(Soup const& soup)
-{
-    Soup fine;
-    for (auto const& t : soup.triangles) {
-        UPoint3<float> const corners[] = {soup.points[t[0]], soup.points[t[1]], soup.points[t[2]]};
-        std::uint32_t const first = std::uint32_t(fine.points.size());
-        for (int k = 0; k < 3; ++k)
-            fine.add(corners[k]);
-        for (int k = 0; k < 3; ++k)
-            fine.add(corners[k] + (corners[(k + 1) % 3] - corners[k]) * 0.5f);
-        for (std::uint32_t k = 0; k < 3; ++k)
-            fine.add(first + k, first + 3 + k, first + 3 + (k + 2) % 3);
-        fine.add(first + 3, first + 4, first + 5);
-    }
-    fine.joinPoints();
-    return fine;
 }
 
 }  // namespace
@@ -219,51 +199,86 @@ TEST(SurfaceOrder, WallsStayWhereTheToolDoesNotReach)
     EXPECT_EQ(edges.borders, 0u);
 }
 
-// Lines along x from the tool do not meet the wall, and the part is too large for its results to be
-// held against it.
-TEST(SurfaceOrder, AWallThatTheToolPassesInItsMiddleIsLeftOut)
+// One doubled triangle beside a turned one: neither alone makes up for the edge between them.
+TEST(SurfaceOrder, DoublesAndTurnedTrianglesSideBySideComeRightTogether)
 {
-    constexpr int divisions = 5;
-    Soup const tool = quartered(box(2, 2.2f, 6, {9, 9, 7}));
-    for (bool const isForward : {false, true}) {
-        Soup part = box(20, 20, 20), wall;
-        for (auto const& [x, y] : {std::pair(0.0f, 0.0f), {20, 0}, {20, 20}, {0, 20}})
-            wall.add(UPoint3<float>(x, y, 10));
-        wall.add(0, isForward ? 1 : 2, isForward ? 2 : 1);
-        wall.add(0, isForward ? 2 : 3, isForward ? 3 : 2);
-        for (int i = 0; i < divisions; ++i) {
-            part = quartered(part);
-            wall = quartered(wall);
-        }
-        part.append(wall);
-        part.joinPoints();
-        ASSERT_GT(part.triangles.size(), 10'000u);
-        Soup const rest = combined(part, tool, Intersect::BOOLEAN_SUBTRACT);
-        EXPECT_EQ(closedSolidFaults(rest), "");
-        EXPECT_NEAR(volumeOf(rest), 8000 - 26.4, 0.01);
+    Soup const solid = sphere(10, 12, 16);
+    StageProgress progress(nobody);
+    for (std::size_t const doubled : {20u, 21u, 60u, 61u, 100u}) {
+        auto const shares = [&](std::size_t t) {
+            std::size_t common = 0;
+            for (std::uint32_t const p : solid.triangles[t])
+                for (std::uint32_t const q : solid.triangles[doubled])
+                    common += p == q;
+            return common == 2;
+        };
+        Soup broken = solid;
+        std::size_t turned = 0;
+        for (std::size_t t = 0; t < solid.triangles.size(); ++t)
+            if (shares(t) && ++turned <= 2)
+                std::swap(broken.triangles[t][0], broken.triangles[t][1]);
+        ASSERT_GE(turned, 2u);
+        broken.triangles.push_back(broken.triangles[doubled]);
+        auto const order =
+            findSurfaceOrder({broken.points, broken.triangles}, everywhere, progress);
+        for (std::size_t t = 0; t < broken.triangles.size(); ++t)
+            if (order.isTurned[t])
+                std::swap(broken.triangles[t][0], broken.triangles[t][1]);
+        EXPECT_EQ(closedSolidFaults(without(broken, order.surplus)), "") << doubled;
     }
 }
 
-// The same with a sheet that ends within the solid, which nothing says what to do about.
-TEST(SurfaceOrder, ASheetThatTheToolPassesInItsMiddleIsRefused)
+TEST(SurfaceOrder, SheetsThatHangOnSheetsGoWithThem)
 {
-    Soup const tool = quartered(box(2, 2.2f, 6, {9, 9, 7}));
-    for (bool const isForward : {false, true}) {
-        Soup part = box(20, 20, 20);
-        for (int i = 0; i < 5; ++i)
-            part = quartered(part);
-        auto const first = std::uint32_t(part.points.size());
-        for (auto const& [x, y] : {std::pair(5.0f, 5.0f), {15, 5}, {15, 15}, {5, 15}})
-            part.add(UPoint3<float>(x, y, 10));
-        for (std::uint32_t const k : {1u, 2u})
-            part.add(first, first + (isForward ? k : k + 1), first + (isForward ? k + 1 : k));
-        try {
-            combined(part, tool, Intersect::BOOLEAN_SUBTRACT);
-            ADD_FAILURE() << "combined";
-        } catch (Mell::Exception const& refusal) {
-            EXPECT_NE(std::string(refusal.what()).find("The part is open near ("),
-                      std::string::npos)
-                << refusal.what();
-        }
+    // Of three triangles that hang on one edge of a box two lie on each other, facing apart.
+    Soup part = box(20, 20, 20);
+    part.joinPoints();
+    auto const [a, b] = std::pair(part.triangles[0][0], part.triangles[0][1]);
+    std::uint32_t const c = part.add({30, 30, 30}), d = part.add({30, 31, 50});
+    part.add(a, b, c);
+    part.add(c, b, d);
+    part.add(c, b, d);
+    std::swap(part.triangles.back()[0], part.triangles.back()[1]);
+    StageProgress progress(nobody);
+    auto const order = findSurfaceOrder({part.points, part.triangles}, everywhere, progress);
+    Soup left = without(part, order.surplus);
+    for (std::size_t t = 0; t < 12; ++t)
+        EXPECT_EQ(order.surplus[t], 0u);
+    EXPECT_EQ(closedSolidFaults(left), "");
+}
+
+TEST(SurfaceOrder, AToolOutOfOrderIsPutInOrderToo)
+{
+    Soup const part = box(30, 30, 30, {-15, -15, -40});
+    Soup const solid = sphere(10, 12, 16, {0, 0, -10});
+    double const all = volumeOf(combined(part, solid, Intersect::BOOLEAN_UNION));
+    Soup tool = solid;
+    // Where the part's upper side passes.
+    int count = 0;
+    for (std::size_t t = 0; t < solid.triangles.size(); ++t) {
+        auto const [low, high] = std::minmax({solid.points[solid.triangles[t][0]].Z(),
+                                              solid.points[solid.triangles[t][1]].Z(),
+                                              solid.points[solid.triangles[t][2]].Z()});
+        if (low > -10 || high < -10)
+            continue;
+        ++count;
+        if (count % 5 == 1)
+            tool.triangles.push_back(solid.triangles[t]);
+        else if (count % 5 == 3)
+            std::swap(tool.triangles[t][0], tool.triangles[t][1]);
     }
+    ASSERT_GT(count, 16);
+    std::vector<std::string> lines;
+    Base::ConsoleSingleton::Instance().setListener(
+        [&](std::string const& line) { lines.push_back(line); });
+    for (auto const type :
+         {Intersect::BOOLEAN_UNION, Intersect::BOOLEAN_SUBTRACT, Intersect::BOOLEAN_INTERSECT}) {
+        Soup const result = combined(part, tool, type);
+        EXPECT_EQ(closedSolidFaults(result), "") << type;
+        EXPECT_NEAR(volumeOf(result), volumeOf(combined(part, solid, type)), 1e-2) << type;
+    }
+    Base::ConsoleSingleton::Instance().setListener({});
+    EXPECT_GT(all, 27000);
+    ASSERT_FALSE(lines.empty());
+    EXPECT_NE(lines[0].find("in the tool"), std::string::npos) << lines[0];
 }
