@@ -2388,6 +2388,22 @@
         <source>&amp;Redo: edit of the tool</source>
         <translation>&amp;Wiederholen: Änderung am Werkzeug</translation>
     </message>
+    <message>
+        <source>&amp;Lay on the Largest Flat Face</source>
+        <translation>Auf die größte ebene Fläc&amp;he legen</translation>
+    </message>
+    <message>
+        <source>Turn each selected part until its largest flat face, such as that of a cut, lies on the plate.</source>
+        <translation>Jedes ausgewählte Bauteil drehen, bis seine größte ebene Fläche, etwa die eines Schnitts, auf der Platte liegt.</translation>
+    </message>
+    <message>
+        <source>Lay Flat on a &amp;Face</source>
+        <translation>Auf eine Fläche &amp;legen</translation>
+    </message>
+    <message>
+        <source>Lay a part on the plate with the face that you click.</source>
+        <translation>Ein Bauteil mit der angeklickten Fläche auf die Platte legen.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2948,6 +2964,13 @@
     <message>
         <source>No part is hidden.</source>
         <translation>Kein Bauteil ist ausgeblendet.</translation>
+    </message>
+</context>
+<context>
+    <name>PartPlacement</name>
+    <message>
+        <source>%1 has no flat face to stand on. Choose one by Lay Flat on a Face.</source>
+        <translation>%1 hat keine ebene Fläche, auf der es stehen kann. Wählen Sie eine mit „Auf eine Fläche legen“.</translation>
     </message>
 </context>
 <context>
@@ -3708,6 +3731,10 @@
         <source>%1 parts, %2 triangles</source>
         <translation>%1 Bauteile, %2 Dreiecke</translation>
     </message>
+    <message>
+        <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
+        <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
+    </message>
 </context>
 <context>
     <name>ToolFileButton</name>
@@ -3840,6 +3867,10 @@
     <message>
         <source>Scale</source>
         <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Lay Flat</source>
+        <translation>Flach hinlegen</translation>
     </message>
 </context>
 <context>
