@@ -3,7 +3,7 @@
 
 #include "app/commands/CheckableCommand.h"
 #include "app/parts/PartEdits.h"
-#include "app/view/FaceDownTool.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"

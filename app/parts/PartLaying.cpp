@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/parts/EditStep.h"
 #include "app/parts/PartPlacement.h"
-#include "host/services/FlatFaces.h"
+#include "host/mesh/FlatFaces.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 #include "app/window/ToolHint.h"
 
 #include "app/commands/HostCommand.h"
-#include "app/view/FaceDownTool.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 

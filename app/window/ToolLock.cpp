@@ -2,7 +2,7 @@
 #include "app/window/ToolLock.h"
 
 #include "app/jobs/JobGuard.h"
-#include "app/view/FaceDownTool.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 

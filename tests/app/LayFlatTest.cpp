@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/parts/PartPlacement.h"
-#include "host/services/FlatFaces.h"
+#include "host/mesh/FlatFaces.h"
 #include "tests/app/PartDocument.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/FlatFaces.h"
+#include "host/mesh/FlatFaces.h"
 
 #include <algorithm>
 #include <array>

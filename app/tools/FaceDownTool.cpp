@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/view/FaceDownTool.h"
+#include "app/tools/FaceDownTool.h"
 
 #include "app/jobs/JobGuard.h"
 #include "app/parts/PartPlacement.h"
