@@ -42,4 +42,18 @@ constexpr double largestFactor = 1e4, smallestFactor = 1e-4;
 /// plate stays on it. Factors outside the limits above change nothing.
 bool scale(Mesh::Document& document, Parts const& parts, UVector3<double> const& factors);
 
+/// A part, and what is to point down.
+struct Lying
+{
+    Mesh::DocumentObject* part;
+    UVector3<double> down;
+};
+/// Turns each part about its own middle, by the shortest way, until its direction points down, and
+/// lets it down onto the plane z = 0. A direction of no length turns nothing.
+bool layDown(Mesh::Document& document, std::vector<Lying> const& lying);
+/// Lays each part on its largest flat face that can carry it. Parts without one stay as they are.
+///
+/// left  takes these
+bool layOnLargestFace(Mesh::Document& document, Parts const& parts, Parts& left);
+
 }  // namespace PartPlacement
