@@ -18,6 +18,7 @@
 #include "app/view/ViewAppearance.h"
 #include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
+#include "app/window/FirstSize.h"
 #include "app/window/JobProgressBar.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
@@ -40,6 +41,7 @@
 #include <QDockWidget>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -52,7 +54,6 @@ char const* const geometryKey = "Window/Geometry";
 char const* const stateKey = "Window/State";
 /// Raised when docks or tool bars change so that stored places make no sense any more.
 constexpr int stateVersion = 2;
-constexpr QSize defaultSize(1280, 800);
 constexpr int isometricView = 6;
 constexpr int secondOfferMilliseconds = 4000;
 
@@ -119,6 +120,7 @@ void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
     m_preparation = std::make_unique<PartPreparation>(*m_files);
     new FileDrop(this, *m_files);
     new WindowTitle(this, *m_files);
+    connect(m_files, &DocumentFiles::written, m_status, &StatusLine::showWritten);
 }
 
 void OrbeWindow::buildCommands()
@@ -131,9 +133,17 @@ void OrbeWindow::buildCommands()
     registerPanelCommands(manager, *m_panels, *m_appearance);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
-    auto const tell = [this](QString const& reason) { m_status->showMessage(reason, 5000); };
+    auto const tell = [this](QString const& reason) {
+        m_refusal = reason;
+        m_status->showMessage(reason, 5000);
+    };
     connect(m_gate, &CommandGate::refused, this, tell);
     connect(m_toolLock, &ToolLock::refused, this, tell);
+    connect(m_view, &Base::GLView::signalInteractModeChanged, this, [this] {
+        // What was said of the tool.
+        if (m_view->getInteractModeName().empty())
+            m_status->clearMessage();
+    });
     // Buttons of tools have gone down with the press already, and read their state anew.
     connect(m_gate, &CommandGate::refused, this, &MainWindow::signalUpdateToolbuttonState);
     connect(m_toolLock, &ToolLock::refused, this, &MainWindow::signalUpdateToolbuttonState);
@@ -165,6 +175,7 @@ void OrbeWindow::followDocument()
     };
     connect(m_follower, &DocumentFollower::replaced, this, show);
     connect(m_follower, &DocumentFollower::changed, this, &OrbeWindow::refresh);
+    connect(m_follower, &DocumentFollower::changed, this, &OrbeWindow::endRefusal);
     show(m_follower->document());
 }
 
@@ -172,7 +183,7 @@ void OrbeWindow::restorePlaces()
 {
     m_firstPlaces = saveState(stateVersion);
     if (!restoreGeometry(WindowSettings::bytes(geometryKey)))
-        resize(defaultSize);
+        resize(FirstSize::ofWindow(screen()->availableSize()));
     m_hasStoredPlaces = restoreState(WindowSettings::bytes(stateKey), stateVersion);
 }
 
@@ -266,6 +277,14 @@ void OrbeWindow::keyPressEvent(QKeyEvent* event)
         MainWindow::keyPressEvent(event);
 }
 
+/// Takes back why something was refused, for that may be over.
+void OrbeWindow::endRefusal()
+{
+    if (!m_refusal.isEmpty() && m_status->currentMessage() == m_refusal)
+        m_status->clearMessage();
+    m_refusal.clear();
+}
+
 void OrbeWindow::refresh()
 {
     m_status->refresh(*m_view, m_follower->document());
@@ -335,6 +354,8 @@ bool OrbeWindow::mayCloseDuringJob()
 void OrbeWindow::jobsChanged(bool busy)
 {
     refresh();
+    if (!busy)
+        endRefusal();
     // Jobs of commands tell no dialog that they start.
     for (DialogWidget* const dialog : DialogWindowManager::instance()->openDialogs())
         dialog->setWidgetEnabled(!busy);

@@ -66,6 +66,8 @@ struct CutPart
     MeshFacts facts;
     /// Of a section cut, measured only for a report.
     std::optional<SectionFacts> section;
+    /// What a repair did to the whole part before it was cut; none if it was cut as it is.
+    std::optional<Repair::Report> repair;
     std::vector<CutPiece> pieces;
     /// Why nothing, or something else than was asked for, became of it.
     std::optional<Failure> failure;

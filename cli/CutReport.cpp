@@ -30,15 +30,20 @@ Report repairItems(std::vector<Repair::Report::Item> const& items)
     return report;
 }
 
+void appendRepair(Report& report, std::optional<Repair::Report> const& repair)
+{
+    if (repair && !repair->isEmpty())
+        report["repair"] = {{"mended", repairItems(repair->mended)},
+                            {"left", repairItems(repair->left)}};
+}
+
 Report pieceReport(CutPiece const& piece)
 {
     Report report;
     report["name"] = piece.name;
     report["file"] = piece.file.string();
     appendFacts(report, piece.facts);
-    if (piece.repair && !piece.repair->isEmpty())
-        report["repair"] = {{"mended", repairItems(piece.repair->mended)},
-                            {"left", repairItems(piece.repair->left)}};
+    appendRepair(report, piece.repair);
     return report;
 }
 
@@ -128,6 +133,7 @@ Report partReport(CutPart const& part)
         report["volume"] = volumeReport(part.facts);
         report["closed"] = part.facts.closed;
     }
+    appendRepair(report, part.repair);
     if (part.section)
         appendSection(report, *part.section);
     report["pieces"] = Report::array();
@@ -189,13 +195,15 @@ void complainOfOpenPieces(CutPart const& part, bool isAllowed)
 
 void tellOfRepairs(CutPart const& part)
 {
-    for (CutPiece const& piece : part.pieces) {
-        if (!piece.repair)
-            continue;
+    auto const tell = [](std::string const& name, std::optional<Repair::Report> const& repair) {
         std::string text;
-        for (std::string const& line : Repair::linesOf(*piece.repair))
+        for (std::string const& line :
+             repair ? Repair::linesOf(*repair) : std::vector<std::string>())
             text += ' ' + line;
         if (!text.empty())
-            complain(piece.file.string() + ':' + text);
-    }
+            complain(name + ':' + text);
+    };
+    tell(part.label, part.repair);
+    for (CutPiece const& piece : part.pieces)
+        tell(piece.file.string(), piece.repair);
 }

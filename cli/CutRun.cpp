@@ -83,7 +83,7 @@ void CutRun::cut(CutPart& part, std::function<void()> const& job)
     if (!part.object)
         return;
     bool const isDone = attempt(part, [&] {
-        job();
+        cutOrMendFirst(part, m_options.repair, job);
         if (m_options.failIfUncut)
             failIfUncut(part);
         mendPieces(part, m_options.repair);

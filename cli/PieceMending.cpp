@@ -5,6 +5,10 @@
 #include "cutjobs/PieceRepair.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
+#include "platform/mesh/PropertyMesh.h"
+#include "platform/services/Repair.h"
+
+#include <exception>
 
 namespace {
 
@@ -13,18 +17,76 @@ void mend(CutPiece& piece, Repair::Scope scope)
     Base::SequencerLauncher display("Repairing", 100, true);
     display.setCancelEnabled(true);
     auto const kernel = std::make_shared<MeshKernel>(piece.kernel.get());
-    std::string reason;
+    CutFailure failure;
     try {
         piece.repair = repairPiece(
             *kernel, scope, [&](int percent) { display.setProgress(std::uint64_t(percent)); }, 0,
-            reason);
+            failure);
     } catch (char const*) {
-        throw CutError("The repair of a piece failed: " + reason);
+        throw CutError("The repair of a piece failed: " + failure.reason);
     }
     piece.kernel = kernel;
 }
 
+/// Puts another mesh into a part for as long as it lives.
+class MeshInstead
+{
+public:
+    MeshInstead(Mesh::DocumentObject& part, std::shared_ptr<MeshKernel> mesh)
+        : m_property(*part.meshProperty), m_former(m_property.shareMesh())
+    {
+        m_property.setMesh(std::move(mesh));
+    }
+    ~MeshInstead() { m_property.setMesh(m_former); }
+    MeshInstead(MeshInstead const&) = delete;
+    MeshInstead& operator=(MeshInstead const&) = delete;
+
+private:
+    PropertyMesh& m_property;
+    std::shared_ptr<MeshKernel> m_former;
+};
+
+/// A copy of a part's mesh, mended; null where nothing could be mended.
+std::shared_ptr<MeshKernel> mendedCopy(CutPart const& part, Repair::Report& report)
+{
+    Base::SequencerLauncher display("Repairing", 100, true);
+    display.setCancelEnabled(true);
+    auto kernel = std::make_shared<MeshKernel>(
+        static_cast<MeshKernel const*>(part.object->meshProperty->getMesh()));
+    kernel->toRclMesh();
+    Repair::RepairMethods repair(kernel.get());
+    repair.autoRepair_simple_advanced(
+        [&](int percent) { display.setProgress(std::uint64_t(percent)); });
+    report = repair.report();
+    return report.mended.empty() ? nullptr : kernel;
+}
+
 }  // namespace
+
+void cutOrMendFirst(CutPart& part, RepairScope scope, std::function<void()> const& job)
+{
+    std::exception_ptr refusal;
+    try {
+        return job();
+    } catch (CutError const&) {
+        if (scope != RepairScope::All)
+            throw;
+        refusal = std::current_exception();
+    }
+    Repair::Report report;
+    std::shared_ptr<MeshKernel> const mended = mendedCopy(part, report);
+    if (!mended)
+        std::rethrow_exception(refusal);
+    part.pieces.clear();
+    part.remarks.clear();
+    MeshInstead const instead(*part.object, mended);
+    try {
+        job();
+    } catch (CutError const&) {
+        std::rethrow_exception(refusal);
+    }
+    part.repair = std::move(report);
+}
 
 void mendPieces(CutPart& part, RepairScope scope)
 {

@@ -47,6 +47,8 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress, Connect
         MeshKernel* const source = kernelOfPart(part);
         if (!source)
             continue;
+        if (m_atPart)
+            m_atPart(part);
         PartOfRun current = cut(i, part, source, progress, remarks);
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;

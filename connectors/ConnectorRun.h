@@ -72,6 +72,12 @@ public:
           m_bounded(bounded)
     {}
 
+    /// Told of each part before its turn.
+    void setAtPart(std::function<void(Mesh::DocumentObject*)> atPart)
+    {
+        m_atPart = std::move(atPart);
+    }
+
     /// remarks  receives what a person must be told of the plain cuts
     /// throws   Mell::AbortException "Aborting..." where a cut was aborted; what else the services,
     ///          the connectors and `progress` throw
@@ -87,6 +93,7 @@ private:
     MeshKernel& m_base;
     MeshKernel& m_offset;
     bool m_bounded;
+    std::function<void(Mesh::DocumentObject*)> m_atPart;
 };
 
 /// Runs one mesh stage. An abort, whatever its text, is logged and goes on as the user's cancel;

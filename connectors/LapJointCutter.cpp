@@ -37,10 +37,10 @@ CutResultMap LapJointCutter::run(std::function<void(int)> const& progress)
     MeshKernel offset;
     planes.calculateOffsetPlaneMesh(base.getMesh().get(), offset.getMesh().get(),
                                     paras.frontClearance);
-    return ConnectorRun(RunForm::twoCuts(), parts, base, offset, checkBoundary)
-        .run(
-            progress, [&](PartOfRun& part) { return connect(part, planes.frame(), base); },
-            m_remarks);
+    ConnectorRun run(RunForm::twoCuts(), parts, base, offset, checkBoundary);
+    run.setAtPart(m_atPart);
+    return run.run(
+        progress, [&](PartOfRun& part) { return connect(part, planes.frame(), base); }, m_remarks);
 }
 
 std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const& frame,

@@ -25,6 +25,12 @@ public:
     LapJointCutter(LapJointParas const& paras, bool checkBoundary,
                    std::vector<Mesh::DocumentObject*> parts, Freecut::PlaneGraphicObject* plane);
 
+    /// Told of each part before its turn, on the thread of the run.
+    void setAtPart(std::function<void(Mesh::DocumentObject*)> atPart)
+    {
+        m_atPart = std::move(atPart);
+    }
+
     /// Runs the cut. A part whose section is too small for a joint is cut plainly.
     ///
     /// progress  a percentage of the run; may be empty
@@ -60,6 +66,7 @@ private:
     std::vector<Mesh::DocumentObject*> parts;
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
+    std::function<void(Mesh::DocumentObject*)> m_atPart;
     CutRemarks m_remarks;
     SectionRecords m_sections;
 };

@@ -47,10 +47,10 @@ CutResultMap PinHoleCutter::run(RunForm const& form, std::function<void(int)> co
                                         paras.faceclearance);
     else
         planes.calculateCutPlaneMesh(base.getMesh().get());
-    return ConnectorRun(form, parts, base, offset, checkBoundary)
-        .run(
-            progress, [&](PartOfRun& part) { return connect(part, form, planes.frame()); },
-            m_remarks);
+    ConnectorRun run(form, parts, base, offset, checkBoundary);
+    run.setAtPart(m_atPart);
+    return run.run(
+        progress, [&](PartOfRun& part) { return connect(part, form, planes.frame()); }, m_remarks);
 }
 
 std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& form,

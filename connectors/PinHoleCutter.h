@@ -29,6 +29,12 @@ public:
     /// them; a part with an empty list gets none. Two on one part must not overlap.
     void setPositions(ConnectorPositions positions) { m_given = std::move(positions); }
 
+    /// Told of each part before its turn, on the thread of the run.
+    void setAtPart(std::function<void(Mesh::DocumentObject*)> atPart)
+    {
+        m_atPart = std::move(atPart);
+    }
+
     /// Runs the cut. A part whose section has no room for a connector is cut plainly.
     ///
     /// progress  a percentage of the run; may be empty
@@ -61,6 +67,7 @@ private:
     std::vector<Mesh::DocumentObject*> parts;
     Freecut::PlaneGraphicObject* plane;
     CutResultMap result;
+    std::function<void(Mesh::DocumentObject*)> m_atPart;
     CutRemarks m_remarks;
     SectionRecords m_sections;
     ConnectorPositions m_given;

@@ -32,16 +32,16 @@ bool isClean(UMesh<float> const& mesh)
 
 CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
                        std::function<void(int)> const& progress, int index, int partCount,
-                       std::string& reason)
+                       CutFailure& failure)
 {
     CutSides sides;
     auto const copy = std::make_shared<MeshKernel>(part);
-    ServiceCall::run(reason, [&] {
+    ServiceCall::run(failure, [&] {
         sides.notes = cutByPlaneWithNotes(
             *copy, *plane, *sides.sideA, *sides.sideB, sides.section.get(),
             ProgressScale::scaled(progress, ProgressScale::planeCut, index, partCount));
     });
-    ServiceCall::run(reason, [&] {
+    ServiceCall::run(failure, [&] {
         if (progress)
             progress(ProgressScale::partDone(index, partCount));
     });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutFailure.h"
 #include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
@@ -23,11 +24,11 @@ struct CutSides
     ///
     /// progress          of the whole job; may be empty
     /// index, partCount  the part's place in the job
-    /// reason            receives why the cut failed
+    /// failure           receives why the cut failed
     /// throws            as ServiceCall::run
     static CutSides cut(MeshKernel const* part, MeshKernel* plane,
                         std::function<void(int)> const& progress, int index, int partCount,
-                        std::string& reason);
+                        CutFailure& failure);
 
     /// Whether the plane left the part whole: one side holds all of it.
     bool isUncut() const;

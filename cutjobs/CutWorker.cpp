@@ -23,7 +23,7 @@ CutWorker::End CutWorker::runBody(char const* title, Body const& body)
         return End::Cancelled;
     } catch (...) {
         // What went through a service call has left its reason already and says nothing here.
-        ServiceCall::noteReason(m_reason);
+        ServiceCall::noteReason(m_failure);
         return End::Failed;
     }
     return End::Done;
@@ -31,7 +31,7 @@ CutWorker::End CutWorker::runBody(char const* title, Body const& body)
 
 void CutWorker::runJob(char const* title, Body const& body)
 {
-    m_reason.clear();
+    m_failure = {};
     m_remarks.clear();
     switch (runBody(title, body)) {
         case End::Done:

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutFailure.h"
 #include "cutjobs/common/CutRemark.h"
 
 #include <QObject>
 #include <QString>
 
 #include <functional>
-#include <string>
 
 /// A worker: runs one cut at a time on the thread it lives on, and ends it by exactly one signal.
 ///
@@ -24,7 +24,9 @@ public:
     QString getErrorMessage() const { return m_errorMessage; }
     /// Why the last job failed: the sentence of the service that gave up, which the message, the
     /// same for every failure, does not tell. Empty if it gave none, or if the job did not fail.
-    QString reason() const { return QString::fromStdString(m_reason); }
+    QString reason() const { return QString::fromStdString(m_failure.reason); }
+    /// The same, with the place and the part, if they are known.
+    CutFailure const& failure() const { return m_failure; }
     /// What a person must be told of the last job, part by part; complete once it has ended well.
     CutRemarks const& remarks() const { return m_remarks; }
 
@@ -43,8 +45,9 @@ protected:
     /// Runs the body inside a progress display with a cancel button and emits the job's signal once
     /// the display has closed. The body leaves by an exception or not at all.
     void runJob(char const* title, Body const& body);
-    /// Where the job's service calls leave the reason of a failure.
-    std::string& failureReason() { return m_reason; }
+    /// Where the job's service calls leave the reason of a failure, and the job the part at which
+    /// it is.
+    CutFailure& jobFailure() { return m_failure; }
     /// Where the job leaves its remarks.
     CutRemarks& jobRemarks() { return m_remarks; }
     void addRemarks(CutRemarks const& remarks)
@@ -62,6 +65,6 @@ private:
     End runBody(char const* title, Body const& body);
 
     QString m_errorMessage;
-    std::string m_reason;
+    CutFailure m_failure;
     CutRemarks m_remarks;
 };

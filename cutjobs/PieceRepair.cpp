@@ -6,18 +6,19 @@
 #include "platform/jobs/SecondaryThread.h"
 
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
-                           std::function<void(int)> const& progress, int shown, std::string& reason)
+                           std::function<void(int)> const& progress, int shown, CutFailure& failure)
 {
     Repair::EvaluateErrors errors(&piece);
     std::function<void(int)> const poll =
         progress ? [&](int) { progress(shown); } : std::function<void(int)>();
     bool hasErrors = false;
     Repair::Report report;
-    ServiceCall::run(reason, [&] {
+    ServiceCall::run(failure, [&] {
         SecondaryThread const check([&] {
             hasErrors = errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, true, true, poll) != 0;
         });
-        if (!hasErrors)
+        // Bodies that touch along an edge have no errors, but only a repair of the whole parts them.
+        if (!hasErrors && !scope.isWhole())
             return;
         piece.toRclMesh();
         Repair::RepairMethods repair(&piece, scope, errors.survey());

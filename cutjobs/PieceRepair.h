@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutFailure.h"
 #include "platform/services/Repair.h"
 
 #include <functional>
@@ -12,9 +13,9 @@
 /// scope     what of the piece the repair may look at
 /// progress  shows the repair's own percentages; may be empty
 /// shown     the percentage that it shows so far. The check shows no other, and may be cancelled
-/// reason    receives why it failed
+/// failure   receives why it failed
 /// returns   what was done and left
 /// throws    as ServiceCall::run
 Repair::Report repairPiece(MeshKernel& piece, Repair::Scope scope,
                            std::function<void(int)> const& progress, int shown,
-                           std::string& reason);
+                           CutFailure& failure);

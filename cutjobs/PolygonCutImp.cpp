@@ -13,19 +13,19 @@
 namespace {
 
 void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::BooleanType type,
-             std::function<void(int)> const& progress, std::string& reason)
+             std::function<void(int)> const& progress, CutFailure& failure)
 {
-    ServiceCall::run(reason, [&] { combineSolids(part, tool, piece, type, progress); });
+    ServiceCall::run(failure, [&] { combineSolids(part, tool, piece, type, progress); });
 }
 
 /// Sees to it that there is a tool to cut with, and that it closes.
-void prepareTool(MeshKernel* tool, std::string& reason)
+void prepareTool(MeshKernel* tool, CutFailure& failure)
 {
     if (!tool)
         throw Mell::Exception(
             QCoreApplication::translate("CutJobs", "There is no tool to cut with. Draw one first.")
                 .toStdString());
-    ServiceCall::run(reason, [&] { closeTool(*tool); });
+    ServiceCall::run(failure, [&] { closeTool(*tool); });
 }
 
 }  // namespace
@@ -64,15 +64,16 @@ void PolygonCutImp::run(std::function<void(int)> progress)
     std::unique_ptr<MeshKernel> const out = std::move(m_out);
     bool const isSplit = !m_useClearance || m_singleTool;
     if (partCount() > 0) {
-        prepareTool(in.get(), failureReason());
+        prepareTool(in.get(), jobFailure());
         if (!isSplit)
-            prepareTool(out.get(), failureReason());
+            prepareTool(out.get(), jobFailure());
     }
     for (int i = 0; i < partCount(); ++i) {
         Mesh::DocumentObject* const part = m_objects[std::size_t(i)];
         MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
+        jobFailure().part = part;
         VolumePieces const pieces =
             isSplit ? split(*kernel, *in, progress, i) : cutApart(*kernel, *in, *out, progress, i);
         if (auto const remark = pieces.remark(part, *kernel))
@@ -88,7 +89,7 @@ VolumePieces PolygonCutImp::split(MeshKernel const& part, MeshKernel& in,
 {
     VolumePieces pieces;
     MeshKernel copy(part);
-    ServiceCall::run(failureReason(), [&] {
+    ServiceCall::run(jobFailure(), [&] {
         Intersect::boolean_subtract_keep(
             &copy, &in, pieces.first.get(), pieces.second.get(),
             ProgressScale::scaled(progress, ProgressScale::splitBySolid, index, partCount()), 1);
@@ -103,9 +104,9 @@ VolumePieces PolygonCutImp::cutApart(MeshKernel const& part, MeshKernel& in, Mes
     MeshKernel copy(part);
     combine(copy, in, *pieces.first, Intersect::BOOLEAN_INTERSECT,
             ProgressScale::scaled(progress, ProgressScale::firstBoolean, index, partCount()),
-            failureReason());
+            jobFailure());
     combine(copy, out, *pieces.second, Intersect::BOOLEAN_SUBTRACT,
             ProgressScale::scaled(progress, ProgressScale::secondBoolean, index, partCount()),
-            failureReason());
+            jobFailure());
     return pieces;
 }

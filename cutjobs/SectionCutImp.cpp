@@ -15,10 +15,13 @@
 namespace {
 
 /// Runs a connector cut and takes its result over once all of it is there.
+///
+/// atPart  receives the part whose turn it is
 template <typename Cutter>
 bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResultMap& result,
-               CutRemarks& remarks, SectionRecords& sections)
+               CutRemarks& remarks, SectionRecords& sections, Mesh::DocumentObject*& atPart)
 {
+    cutter.setAtPart([&atPart](Mesh::DocumentObject* part) { atPart = part; });
     try {
         bool const isDone = cutter.execute(progress);
         if (isDone) {
@@ -105,8 +108,9 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
         MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
+        jobFailure().part = part;
         CutSides const sides =
-            CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
+            CutSides::cut(kernel, plane.get(), progress, i, partCount, jobFailure());
         addRemarks(sides.remarks(part, m_checkBoundary));
         if (m_measuresSections)
             m_sections[part] = {sectionArea(*sides.section),
@@ -123,13 +127,14 @@ bool SectionCutImp::pinHoleCut(std::function<void(int)> progress)
 {
     PinHoleCutter cutter(m_pinHoleParas, m_checkBoundary, m_objects, &planeObject());
     cutter.setPositions(m_connectorPositions);
-    return runCutter(std::move(cutter), progress, m_result, jobRemarks(), m_sections);
+    return runCutter(std::move(cutter), progress, m_result, jobRemarks(), m_sections,
+                     jobFailure().part);
 }
 
 bool SectionCutImp::lapJointCut(std::function<void(int)> progress)
 {
     return runCutter(LapJointCutter(m_lapJointParas, m_checkBoundary, m_objects, &planeObject()),
-                     progress, m_result, jobRemarks(), m_sections);
+                     progress, m_result, jobRemarks(), m_sections, jobFailure().part);
 }
 
 void SectionCutImp::calculateCutPlaneMesh(UMesh<float>* mesh,

@@ -112,6 +112,11 @@ QString SectionZCut::reason() const
     return m_worker->reason();
 }
 
+CutFailure const& SectionZCut::failure() const
+{
+    return m_worker->failure();
+}
+
 CutRemarks const& SectionZCut::remarks() const
 {
     return m_worker->remarks();

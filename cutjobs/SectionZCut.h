@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cutjobs/ResultIntegration.h"
+#include "cutjobs/common/CutFailure.h"
 #include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/geometry/UPoint3.h"
@@ -63,6 +64,8 @@ public:
     std::vector<UPoint3<float>> const& rubberPoints() const;
     /// After `finished` with code 0: why the cut failed, where the message does not tell; or empty.
     QString reason() const;
+    /// The same, with the place and the part, if they are known.
+    CutFailure const& failure() const;
     /// After `finished` with code 1: what a person must be told of the cut.
     CutRemarks const& remarks() const;
     /// After `finished` with code 1: the new parts of each part that was cut, upper piece first.

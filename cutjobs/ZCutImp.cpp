@@ -74,8 +74,9 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
         MeshKernel const* const kernel = kernelOfPart(part);
         if (!kernel)
             continue;
+        jobFailure().part = part;
         CutSides const sides =
-            CutSides::cut(kernel, plane.get(), progress, i, partCount, failureReason());
+            CutSides::cut(kernel, plane.get(), progress, i, partCount, jobFailure());
         addRemarks(sides.remarks(part, false));
         finish(sides, part, progress, (i + 1) * 100 / partCount);
     }
@@ -93,7 +94,7 @@ void ZCutImp::finish(CutSides const& sides, Mesh::DocumentObject* part,
     auto const mend = [&](std::shared_ptr<MeshKernel> const& side) {
         // Not to be held while the piece is mended: it would have to be copied.
         bool const hasMesh = side->readMesh() != nullptr;
-        return m_repair && hasMesh ? repairPiece(*side, scope, progress, shown, failureReason())
+        return m_repair && hasMesh ? repairPiece(*side, scope, progress, shown, jobFailure())
                                    : Repair::Report();
     };
     Repair::Report reportB = mend(sides.sideB);

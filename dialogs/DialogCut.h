@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/PartRepair.h"
 #include "cutjobs/ResultIntegration.h"
 #include "cutjobs/WorkerThread.h"
 #include "dialogs/AnnouncedJob.h"
 
 #include <functional>
+#include <memory>
 
 namespace Freecut {
 
@@ -31,8 +33,13 @@ public:
     void end() { m_job.end(); }
     bool isRunning() const { return m_job.isRunning(); }
 
-    /// Tells why the worker has failed, and ends the job.
-    void tellFailure(CutWorker const& worker);
+    /// Tells why the worker has failed, and ends the job. Where the user wants the part mended,
+    /// that is the next job.
+    ///
+    /// document  with the parts that the worker was given
+    /// again     cuts anew, once the part has been mended
+    void tellFailure(CutWorker const& worker, Base::Document* document,
+                     std::function<void()> const& again);
     /// Makes parts of what the worker has made, in one step that can be undone, and tells what a
     /// person must know of it.
     ///
@@ -50,8 +57,14 @@ private:
     static void integrate(CutResultMap pieces, CutRemarks const& remarks, Base::Document* document,
                           IntegrationRules const& rules, std::function<void()> const& leave);
 
+    void repair(Mesh::DocumentObject* part, Base::Document* document,
+                std::function<void()> const& again);
+
     QThread m_thread;
     AnnouncedJob m_job;
+    std::unique_ptr<PartRepair> m_repair;
+    /// Has been mended for the cut that runs; only compared.
+    Mesh::DocumentObject const* m_repairedPart = nullptr;
 };
 
 }  // namespace Freecut

@@ -459,7 +459,7 @@ void DialogPolygoncut::processEnd()
 void DialogPolygoncut::handleResult(bool ok)
 {
     if (!ok) {
-        m_cut->tellFailure(*m_worker);
+        m_cut->tellFailure(*m_worker, getDocument(), [this] { execute(); });
         ui.forecast->refresh();
         return;
     }

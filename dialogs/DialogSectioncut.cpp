@@ -88,6 +88,7 @@ void DialogSectioncut::connectAll()
             &DialogSectioncut::comboBoxValueChanged);
     connect(ui.allParts, &QAbstractButton::toggled, this, &DialogSectioncut::updateGUI);
     ui.preview->setScene([this] { return previewScene(); });
+    ui.missed->setScene([this] { return planeAndParts(); });
     ui.preview->presets()->setValues([this] { return shownPreset(); },
                                      [this](ConnectorPreset const& preset) { showPreset(preset); });
     ui.preview->follow(*ui.pinHole);
@@ -144,6 +145,7 @@ void DialogSectioncut::closeEvent(QCloseEvent* event)
     // The tool goes with its dialog, and takes the plane along.
     if (isClosable()) {
         ui.preview->end();
+        ui.missed->setScene({});
         leaveView({PlanecutSelection::toolName});
     }
     DialogWidgetOneOff::closeEvent(event);
@@ -212,7 +214,7 @@ void DialogSectioncut::takeParts(bool haveChanged)
     } else if (!haveChanged && parts == partList) {
         return;
     }
-    ui.preview->refresh();
+    refreshForecasts();
     partList = std::move(parts);
     partsBox.SetNull();
     for (Base::DocumentObject const* const part : partList)
@@ -241,8 +243,23 @@ void DialogSectioncut::slotReplaceObject(Base::DocumentObject*)
 
 void DialogSectioncut::updateGUI()
 {
-    ui.preview->refresh();
+    refreshForecasts();
     ui.setHasParts(!PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked()).empty());
+}
+
+void DialogSectioncut::refreshForecasts()
+{
+    ui.preview->refresh();
+    ui.missed->refresh();
+}
+
+std::optional<MissedParts::Scene> DialogSectioncut::planeAndParts() const
+{
+    if (!planeObject || !getDocument())
+        return {};
+    PlaneCorners const plane = corners();
+    return MissedParts::Scene{PlaneNumbers::centerOf(plane), PlaneNumbers::normalOf(plane),
+                              PartQuery::chosenParts(getDocument(), ui.selectedParts->isChecked())};
 }
 
 void DialogSectioncut::initializeFromCutView()
@@ -280,7 +297,7 @@ void DialogSectioncut::comboBoxValueChanged()
     ui.pinHole->setVisible(isAdvanced && isPinHole);
     ui.lapJoint->setVisible(isAdvanced && !isPinHole);
     ui.preview->setVisible(isAdvanced);
-    ui.preview->refresh();
+    refreshForecasts();
 }
 
 ConnectorPreset DialogSectioncut::shownPreset() const
@@ -369,7 +386,7 @@ void DialogSectioncut::processEnd()
 void DialogSectioncut::handleResult(bool ok)
 {
     if (!ok) {
-        m_cut->tellFailure(*m_worker);
+        m_cut->tellFailure(*m_worker, getDocument(), [this] { on_cut_clicked(); });
         return;
     }
     IntegrationRules rules;

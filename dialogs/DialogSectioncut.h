@@ -4,6 +4,7 @@
 #include "connectors/LapJointParas.h"
 #include "connectors/PinHoleParas.h"
 #include "dialogs/DialogCut.h"
+#include "dialogs/MissedParts.h"
 #include "dialogs/PlaneNumbers.h"
 #include "dialogs/SectionCutWidgets.h"
 #include "platform/ui/DialogWidgetOneOff.h"
@@ -95,6 +96,9 @@ private:
     void showPreset(ConnectorPreset const& preset);
     /// What the connectors shown in the view are of.
     PreviewScene previewScene() const;
+    std::optional<MissedParts::Scene> planeAndParts() const;
+    /// What tells of the cut before it is made.
+    void refreshForecasts();
 
     /// The plane through the centre along the typed normal, as a, b, c, d.
     QVector4D getPlane() const;

@@ -27,7 +27,7 @@ void DialogSectioncut::showCorners(PlaneCorners const& corners)
 {
     planeObject->getProperty().setCorners(corners.c0, corners.c1, corners.c2, true);
     finishEdit(*planeObject, {.tellsListeners = false});
-    ui.preview->refresh();
+    refreshForecasts();
 }
 
 UVector3<float> DialogSectioncut::typedNormal() const
@@ -61,7 +61,7 @@ void DialogSectioncut::updateUIdata()
         updateSliderValue();
         redrawView();
     }
-    ui.preview->refresh();
+    refreshForecasts();
 }
 
 void DialogSectioncut::showSizes(std::array<double, 2> const& sizes)

@@ -4,6 +4,7 @@
 #include "dialogs/ConnectorPreview.h"
 #include "dialogs/DialogLapJointUI.h"
 #include "dialogs/DialogPinHoleUI.h"
+#include "dialogs/MissedParts.h"
 #include "dialogs/ToolButton.h"
 #include "platform/ui/CutViewSlider.h"
 #include "platform/ui/Dialog.h"
@@ -162,6 +163,9 @@ QWidget* SectionCutWidgets::buildCenter()
     row->addWidget(slider, 1);
     row->addWidget(label);
     row->addWidget(step);
+    // Below what is dragged while it comes and goes.
+    missed = new MissedParts(content);
+    column->addWidget(missed);
     return content;
 }
 

@@ -21,6 +21,7 @@ class QWidget;
 namespace Freecut {
 
 class ConnectorPreview;
+class MissedParts;
 class DialogLapJointUI;
 class DialogPinHoleUI;
 class ToolButton;
@@ -48,6 +49,7 @@ public:
     Fields center;
     /// Along c1 - c0, and along c2 - c1.
     std::array<MellQuantitySpinBox*, 2> size;
+    MissedParts* missed;
     CutViewSlider* slider;
     MellQuantitySpinBox* step;
 

@@ -5,6 +5,7 @@
 #include "platform/view/OpenGLPath.h"
 
 #include <QOpenGLBuffer>
+#include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
 #include <QOpenGLFunctions_3_3_Core>
 #include <QOpenGLShaderProgram>
@@ -114,7 +115,9 @@ bool makeContextCurrent(Base::GLView* view)
 {
     if (!view || !view->isValid())
         return false;
-    view->makeCurrent();
+    // Within a picture it is, and the view would turn away from where the picture is being drawn.
+    if (QOpenGLContext::currentContext() != view->context())
+        view->makeCurrent();
     return true;
 }
 

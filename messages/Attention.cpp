@@ -18,11 +18,13 @@ void Freecut::warnAttention(QString const& message, char const* context)
                             QCoreApplication::translate(context, "OK"), "", "", 0, -1);
 }
 
-void Freecut::warnFailure(QString const& message, QString const& reason)
+int Freecut::warnFailure(QString const& message, QString const& reason, QStringList const& waysOut)
 {
-    MellMessageBox::failure(MainWindow::getInstance(),
-                            commonText(QT_TRANSLATE_NOOP("MellCommons", "Attention")), message,
-                            reason, commonText(QT_TRANSLATE_NOOP("MellCommons", "OK")));
+    return MellMessageBox::failure(
+               MainWindow::getInstance(), commonText(QT_TRANSLATE_NOOP("MellCommons", "Attention")),
+               message, reason,
+               QStringList(commonText(QT_TRANSLATE_NOOP("MellCommons", "OK"))) + waysOut) -
+           1;
 }
 
 bool Freecut::askQuestion(QString const& message)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace Freecut {
 
@@ -22,7 +22,9 @@ void warnAttention(QString const& message, char const* context = "MellCommons");
 ///
 /// message  what the user is told of every failure of that kind
 /// reason   why this one has failed, in a second paragraph; empty if nobody knows
-void warnFailure(QString const& message, QString const& reason);
+/// waysOut  the texts of further buttons, in the language of the interface
+/// returns  the index of the way out that was chosen; -1 for none
+int warnFailure(QString const& message, QString const& reason, QStringList const& waysOut);
 
 /// Asks on the main window, under the title "Question", and returns once it has been answered.
 ///

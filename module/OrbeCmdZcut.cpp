@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "module/OrbeCmdZcut.h"
 
+#include "cutjobs/PartRepair.h"
 #include "cutjobs/SectionZCut.h"
+#include "dialogs/CutFailureMessage.h"
 #include "dialogs/CutNotes.h"
-#include "messages/Attention.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
@@ -18,7 +19,7 @@ struct Outcome
 {
     /// Empty unless it has failed.
     QString message;
-    QString reason;
+    CutFailure failure;
     Freecut::CutNotes notes;
 };
 
@@ -39,7 +40,23 @@ Outcome cutAtSlider(Mesh::Document* document, std::vector<Mesh::DocumentObject*>
         Qt::DirectConnection);
     cut.startZCut(parts, MainWindow::getViewSlider()->getHeight());
     loop.exec();
-    return {message, cut.reason(), Freecut::CutNotes(cut.remarks())};
+    return {message, cut.failure(), Freecut::CutNotes(cut.remarks())};
+}
+
+/// Repairs a part of the document. False, with the reason told, if it stays as it was.
+bool mend(Mesh::DocumentObject* part, Mesh::Document* document)
+{
+    QEventLoop loop;
+    Freecut::PartRepair repair;
+    auto end = Freecut::PartRepair::End::Cancelled;
+    QObject::connect(&repair, &Freecut::PartRepair::finished, &loop, [&](auto repairEnd) {
+        end = repairEnd;
+        loop.quit();
+    });
+    repair.start(part, document);
+    loop.exec();
+    Freecut::tellUnmended(end);
+    return end == Freecut::PartRepair::End::Mended;
 }
 
 }  // namespace
@@ -53,11 +70,18 @@ void OrbeCmdZcut::activated(int)
     std::vector<Mesh::DocumentObject*> const parts = document->getSelectedMeshObjects();
     if (parts.empty())
         return;
-    Outcome const outcome = cutAtSlider(document, parts);
-    if (outcome.message.isEmpty())
-        outcome.notes.tell();
-    else
-        Freecut::warnFailure(outcome.message, outcome.reason);
+    Mesh::DocumentObject const* mended = nullptr;
+    for (;;) {
+        Outcome const outcome = cutAtSlider(document, parts);
+        CutFailure const& failure = outcome.failure;
+        if (outcome.message.isEmpty())
+            return outcome.notes.tell();
+        auto const wayOut = Freecut::tellCutFailure(outcome.message, failure, document->getView(),
+                                                    !mended || failure.part != mended);
+        if (wayOut != Freecut::WayOut::RepairAndCutAgain || !mend(failure.part, document))
+            return;
+        mended = failure.part;
+    }
 }
 
 bool OrbeCmdZcut::isActive()

@@ -3,6 +3,7 @@
 
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QTabBar>
 
 namespace {
 
@@ -25,6 +26,7 @@ void DockTitles::add(QDockWidget* dock)
     connect(dock, &QDockWidget::visibilityChanged, this, &DockTitles::updateLater);
     connect(dock, &QDockWidget::topLevelChanged, this, &DockTitles::updateLater);
     connect(dock, &QDockWidget::dockLocationChanged, this, &DockTitles::updateLater);
+    connect(dock, &QWidget::windowTitleChanged, this, &DockTitles::updateLater);
     updateLater();
 }
 
@@ -56,4 +58,9 @@ void DockTitles::update()
         dock->setTitleBarWidget(none);
         delete own;
     }
+    // Where there is no room a title is cut short.
+    for (QTabBar* const tabs :
+         m_window.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly))
+        for (int i = 0; i < tabs->count(); ++i)
+            tabs->setTabToolTip(i, tabs->tabText(i));
 }

@@ -8,6 +8,7 @@
 #include "app/panels/PlacementPanel.h"
 #include "app/partlist/PartList.h"
 #include "app/view/ViewPreferences.h"
+#include "app/window/FirstSize.h"
 #include "app/window/PanelPlaces.h"
 #include "host/ui/HeightSlider.h"
 #include "platform/ui/CutView.h"
@@ -19,18 +20,29 @@
 
 #include <QDockWidget>
 #include <QScrollArea>
+#include <QTabBar>
+#include <QTimer>
 
 namespace {
 
-// Widths of the docks at first, in base sizes of the interface.
-constexpr int leftWidth = 22;
-constexpr int rightWidth = 24;
+/// Of the dock at first, in base sizes of the interface.
 constexpr int logHeight = 10;
 
 void bringInFront(QDockWidget& dock)
 {
     dock.show();
     dock.raise();
+}
+
+/// The width in which the tabs of a dock and of those behind it show their titles whole.
+int widthOfTitles(QMainWindow const& window, QDockWidget const& dock)
+{
+    for (QTabBar const* const tabs :
+         window.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly))
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->tabText(i) == dock.windowTitle())
+                return tabs->sizeHint().width();
+    return 0;
 }
 
 }  // namespace
@@ -94,14 +106,26 @@ void WindowPanels::buildBottom()
 
 void WindowPanels::resizeDocks()
 {
-    m_window.resizeDocks({m_partsDock, m_informationDock},
-                         {leftWidth * g_pixelSize, rightWidth * g_pixelSize}, Qt::Horizontal);
+    FirstSize::Panels const widths =
+        FirstSize::ofPanels(m_window.width(), widthOfTitles(m_window, *m_informationDock));
+    m_window.resizeDocks({m_partsDock, m_informationDock}, {widths.left, widths.right},
+                         Qt::Horizontal);
     m_window.resizeDocks({m_logDock}, {logHeight * g_pixelSize}, Qt::Vertical);
 }
 
 void WindowPanels::retranslate()
 {
     m_sideControl->setWindowTitle(tr("Cut View"));
+    // Once the tabs have the new titles.
+    QTimer::singleShot(0, this, &WindowPanels::giveTitlesRoom);
+}
+
+void WindowPanels::giveTitlesRoom()
+{
+    int const right =
+        FirstSize::ofPanels(m_window.width(), widthOfTitles(m_window, *m_informationDock)).right;
+    if (m_informationDock->width() < right && m_window.isVisible())
+        m_window.resizeDocks({m_informationDock}, {right}, Qt::Horizontal);
 }
 
 QDockWidget* WindowPanels::addScrolled(QWidget* panel, QString const& name, Qt::DockWidgetArea area)

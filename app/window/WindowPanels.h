@@ -41,6 +41,7 @@ public:
     void showCutView();
 
 private:
+    void giveTitlesRoom();
     QDockWidget* addScrolled(QWidget* panel, QString const& name, Qt::DockWidgetArea area);
     void buildLeft();
     void buildRight();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/common/ClosedSurface.h"
 
-#include "platform/jobs/Exceptions.h"
+#include "platform/jobs/FlawException.h"
 #include "platform/mesh/MeshKernel.h"
 
 #include <tbb/blocked_range.h>
@@ -152,14 +152,15 @@ void requireClosed(MeshKernel const& piece, MeshKernel const& part)
     if (mesh == source || isClosed(*mesh) || !isClosed(*source))
         return;
     UPoint3<float> const place = openPlace(*mesh).value();
-    throw Mell::Exception(
+    throw Mell::FlawException(
         QCoreApplication::translate("CutJobs",
                                     "A piece would be open near (%1, %2, %3), so it is not made. "
                                     "Move the cut a little, or repair the part and cut again.")
             .arg(double(place.X()))
             .arg(double(place.Y()))
             .arg(double(place.Z()))
-            .toStdString());
+            .toStdString(),
+        place, true);
 }
 
 }  // namespace ClosedSurface

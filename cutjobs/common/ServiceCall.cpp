@@ -2,6 +2,7 @@
 #include "cutjobs/common/ServiceCall.h"
 
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/jobs/FlawException.h"
 
 #include <exception>
 
@@ -9,12 +10,14 @@ namespace ServiceCall {
 
 namespace {
 
-constexpr char const* failure = "";
+constexpr char const* withoutText = "";
 
-void note(std::string& reason, char const* text)
+void note(CutFailure& failure, char const* text)
 {
     Base::ConsoleSingleton::Instance().Log(text);
-    reason = text;
+    failure.reason = text;
+    failure.place.reset();
+    failure.repairMayHelp = false;
 }
 
 }  // namespace
@@ -25,25 +28,29 @@ void leaveOnAbort(Mell::AbortException const& abort)
     std::string const text = abort.what();
     if (text == "Aborting...")
         throw Mell::AbortException(abort);
-    throw failure;
+    throw withoutText;
 }
 
-void noteReason(std::string& reason)
+void noteReason(CutFailure& failure)
 {
     try {
         throw;
+    } catch (Mell::FlawException const& e) {
+        note(failure, e.what());
+        failure.place = e.place();
+        failure.repairMayHelp = e.repairMayHelp();
     } catch (Mell::Exception const& e) {
-        note(reason, e.what());
+        note(failure, e.what());
     } catch (std::exception const& e) {
-        note(reason, e.what());
+        note(failure, e.what());
     } catch (...) {
     }
 }
 
-void leaveOnFailure(std::string& reason)
+void leaveOnFailure(CutFailure& failure)
 {
-    noteReason(reason);
-    throw failure;
+    noteReason(failure);
+    throw withoutText;
 }
 
 }  // namespace ServiceCall

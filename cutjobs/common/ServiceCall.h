@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cutjobs/common/CutFailure.h"
 #include "platform/jobs/Exceptions.h"
-
-#include <string>
 
 /// How a job leaves a mesh service that throws. Only an abort with the exact text of a user's
 /// cancel stays an abort; all else becomes a plain failure, an exception of type char const*.
@@ -13,25 +12,26 @@ namespace ServiceCall {
 [[noreturn]] void leaveOnAbort(Mell::AbortException const& abort);
 
 /// Inside a handler: notes the reason and throws a failure.
-[[noreturn]] void leaveOnFailure(std::string& reason);
+[[noreturn]] void leaveOnFailure(CutFailure& failure);
 
-/// Inside a handler: logs what the exception in flight says and keeps it in `reason`; one that says
-/// nothing leaves both alone. A failure bears no text, so this is how its reason gets out of a job.
-void noteReason(std::string& reason);
+/// Inside a handler: logs what the exception in flight says and keeps it in `failure`, with the
+/// place that it names; one that says nothing leaves both alone. What a job throws on a failure
+/// bears no text, so this is how the reason gets out of it.
+void noteReason(CutFailure& failure);
 
 /// Runs one service call.
 ///
-/// reason  receives the sentence of the service that failed
-/// throws  as leaveOnAbort and leaveOnFailure
+/// failure  receives why the service failed
+/// throws   as leaveOnAbort and leaveOnFailure
 template <typename Call>
-auto run(std::string& reason, Call&& call)
+auto run(CutFailure& failure, Call&& call)
 {
     try {
         return call();
     } catch (Mell::AbortException& abort) {
         leaveOnAbort(abort);
     } catch (...) {
-        leaveOnFailure(reason);
+        leaveOnFailure(failure);
     }
 }
 

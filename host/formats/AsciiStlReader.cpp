@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/AsciiStlReader.h"
 
+#include "host/formats/AsciiFacets.h"
 #include "host/formats/FileError.h"
 #include "host/formats/LineReader.h"
 #include "host/formats/MemoryNeed.h"
@@ -14,6 +15,8 @@ namespace {
 
 /// A facet takes at least this much text, which bounds how many there can be.
 constexpr std::uint64_t bytesPerFacet = 120;
+/// Enough text at a time for several threads.
+constexpr std::size_t bufferBytes = std::size_t(1) << 21;
 
 char lower(char c)
 {
@@ -36,13 +39,14 @@ bool isText(std::string_view head)
     });
 }
 
-/// Reads the grammar of the format word by word.
+/// Reads the grammar of the format: facets as most programs write them many at a time, all else
+/// word by word.
 class FacetParser
 {
 public:
     explicit FacetParser(InputFile& input)
         : m_path(input.path()),
-          m_lines(input),
+          m_lines(input, std::min<std::uint64_t>(bufferBytes, input.size() + 1)),
           m_builder(input.size() / bytesPerFacet / 2, input.size() / bytesPerFacet / 4)
     {}
 
@@ -62,6 +66,7 @@ private:
     {
         m_rest = {};  // the solid's name
         for (;;) {
+            takeUsualFacets();
             std::string_view const word = nextWord(facetOrEnd);
             if (isKeyword(word, "endsolid"))
                 break;
@@ -81,6 +86,22 @@ private:
         if (!isKeyword(word, "solid"))
             throw unexpected(word, FileError::tr("'solid' or the end of the file"));
         return true;
+    }
+
+    /// Where a line begins, as many facets as the text ahead begins with.
+    void takeUsualFacets()
+    {
+        if (!std::ranges::all_of(m_rest, isBlank))
+            return;
+        AsciiFacets const facets = scanAsciiFacets(m_lines.ahead());
+        if (facets.count() == 0)
+            return;
+        m_lines.skip(facets.bytes, facets.count() * AsciiFacets::linesPerFacet);
+        m_rest = {};
+        m_joined.resize(facets.corners.size());
+        m_builder.points().join(facets.corners, m_joined.data());
+        for (std::size_t i = 0; i < m_joined.size(); i += 3)
+            m_builder.addTriangle(m_joined[i], m_joined[i + 1], m_joined[i + 2]);
     }
 
     void parseFacet()
@@ -151,6 +172,7 @@ private:
     LineReader m_lines;
     MeshBuilder m_builder;
     std::string_view m_rest;
+    std::vector<UVertex<float>*> m_joined;
 };
 
 }  // namespace

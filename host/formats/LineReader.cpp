@@ -9,13 +9,12 @@
 namespace Formats {
 namespace {
 
-constexpr std::size_t bufferSize = std::size_t(1) << 18;
 constexpr std::size_t longestLine = std::size_t(1) << 26;
 
 }  // namespace
 
-LineReader::LineReader(InputFile& input)
-    : m_input(input), m_buffer(bufferSize), m_offset(input.position())
+LineReader::LineReader(InputFile& input, std::size_t bufferBytes)
+    : m_input(input), m_buffer(bufferBytes), m_offset(input.position())
 {}
 
 bool LineReader::next(std::string_view& line)
@@ -48,6 +47,13 @@ bool LineReader::next(std::string_view& line)
         line = withoutByteOrderMark(line);
     ++m_lineNumber;
     return true;
+}
+
+void LineReader::skip(std::size_t bytes, std::uint64_t lines)
+{
+    m_begin += bytes;
+    m_offset += bytes;
+    m_lineNumber += lines;
 }
 
 bool LineReader::refill()

@@ -12,7 +12,9 @@ namespace Formats {
 class LineReader
 {
 public:
-    explicit LineReader(InputFile& input);
+    static constexpr std::size_t usualBuffer = std::size_t(1) << 18;
+
+    explicit LineReader(InputFile& input, std::size_t bufferBytes = usualBuffer);
 
     /// The next line, without its end ("\n" or "\r\n"); valid until the next call. False at the end
     /// of the file. Throws FileError for a line that no text file has.
@@ -22,6 +24,11 @@ public:
     std::uint64_t lineNumber() const { return m_lineNumber; }
     /// The offset in the file of what follows that line.
     std::uint64_t offset() const { return m_offset; }
+
+    /// What of the file is in memory behind that line: the beginnings of further lines, or nothing.
+    std::string_view ahead() const { return {m_buffer.data() + m_begin, m_end - m_begin}; }
+    /// Leaves out what ahead() begins with: so many whole lines, of so many bytes together.
+    void skip(std::size_t bytes, std::uint64_t lines);
 
 private:
     bool refill();

@@ -23,7 +23,7 @@ std::optional<std::vector<ProjectObject>> readOwnPackage(InputFile& input)
     ZipReader const package(input);
     ZipReader::Entry const* const list = package.find(projectEntryName);
     ZipReader::Entry const* const model = package.find(modelEntryName);
-    if (!list || !model || !list->isDeflated || !model->isDeflated)
+    if (!list || !model || !list->isDeflated() || !model->isDeflated())
         return {};
     if (list->size > largestList)
         throw FileError(input.path(), FileError::tr("its list of objects is larger than 256 MiB."));

@@ -2,7 +2,6 @@
 #include "host/formats/StlWriter.h"
 
 #include "host/formats/MeshSource.h"
-#include "host/formats/TextTokens.h"
 
 #include <algorithm>
 #include <array>
@@ -33,36 +32,6 @@ void putRecord(std::byte* place, std::array<UPoint3<float>, 3> const& corners)
     std::memset(place + sizeof normal + sizeof corners, 0, 2);
 }
 
-/// A name on the one line that the format has for it.
-std::string solidName(std::string name)
-{
-    std::ranges::replace_if(
-        name, [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
-    return name;
-}
-
-template <typename Triple>
-void appendLine(std::string& text, std::string_view keyword, Triple const& values)
-{
-    text += keyword;
-    for (int i = 0; i < 3; ++i) {
-        text += ' ';
-        appendNumber(text, values[i]);
-    }
-    text += '\n';
-}
-
-void writeFacet(OutputFile& output, std::array<UPoint3<float>, 3> const& corners, std::string& text)
-{
-    text.clear();
-    appendLine(text, "facet normal", unitNormal(corners));
-    text += "outer loop\n";
-    for (UPoint3<float> const& corner : corners)
-        appendLine(text, "vertex", corner);
-    text += "endloop\nendfacet\n";
-    output.write(text);
-}
-
 }  // namespace
 
 void writeBinaryStl(OutputFile& output, std::span<NamedMesh const> parts, Progress const& progress)
@@ -88,22 +57,6 @@ void writeBinaryStl(OutputFile& output, std::span<NamedMesh const> parts, Progre
                 filled = 0;
             }
         }
-    }
-}
-
-void writeAsciiStl(OutputFile& output, std::span<NamedMesh const> parts, Progress const& progress)
-{
-    StepProgress steps(progress, totalTriangles(parts));
-    std::string text;
-    for (NamedMesh const& part : parts) {
-        MeshSource const mesh(*part.kernel);
-        std::string const name = solidName(part.name);
-        output.write("solid " + name + "\n");
-        for (std::size_t i = 0; i < mesh.triangleCount(); ++i) {
-            steps.step();
-            writeFacet(output, mesh.corners(i), text);
-        }
-        output.write("endsolid " + name + "\n");
     }
 }
 

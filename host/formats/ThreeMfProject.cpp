@@ -11,9 +11,6 @@
 namespace Formats {
 namespace {
 
-/// Vertices or triangles between two reports.
-constexpr DWORD stepsPerReport = 1 << 15;
-
 std::string const projectPath = std::string("/") + projectEntryName;
 
 UMatrix4<float> matrixFrom(NMR::MODELTRANSFORM const& transform)
@@ -95,7 +92,7 @@ std::string ThreeMfReader::itemIdentifier(ThreeMfHandle const& item) const
     return hasIdentifier ? text.data() : std::string();
 }
 
-std::shared_ptr<MeshKernel> ThreeMfReader::readPlain(ThreeMfHandle const& item) const
+std::shared_ptr<MeshKernel> ThreeMfReader::readPlain(ThreeMfHandle const& item)
 {
     ThreeMfHandle object;
     check(NMR::lib3mf_builditem_getobjectresource(item.get(), object.out()), item);
@@ -116,64 +113,43 @@ std::shared_ptr<MeshKernel> ThreeMfReader::readPlain(ThreeMfHandle const& item) 
     return kernel;
 }
 
-std::unique_ptr<UMesh<float>> ThreeMfReader::readRecords(ThreeMfHandle const& object) const
+std::unique_ptr<UMesh<float>> ThreeMfReader::readRecords(ThreeMfHandle const& object)
 {
+    ModelMesh room;
+    ModelMesh const& source = meshOf(object, room);
+    requireMemoryFor(source.triangles.size(), m_input.path());
     auto mesh = std::make_unique<UMesh<float>>();
-    readVertices(*mesh, object);
-    readTriangles(*mesh, object);
+    addVertices(*mesh, source);
+    addTriangles(*mesh, source);
     mesh->UpdateVertsID();
     mesh->UpdateTrisID();
     return mesh;
 }
 
-void ThreeMfReader::readVertices(UMesh<float>& mesh, ThreeMfHandle const& object) const
+void ThreeMfReader::addVertices(UMesh<float>& mesh, ModelMesh const& source)
 {
-    DWORD count = 0;
-    check(NMR::lib3mf_meshobject_getvertexcount(object.get(), &count), object);
-    mesh.vertices.reserve(count);
-    for (DWORD i = 0; i < count; ++i) {
-        tellMeshProgress(i);
-        NMR::MODELMESHVERTEX vertex;
-        check(NMR::lib3mf_meshobject_getvertex(object.get(), i, &vertex), object);
-        auto const [x, y, z] = vertex.m_fPosition;
-        if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(z))
-            throw FileError(
-                m_input.path(),
-                FileError::tr("a coordinate of vertex %1 is not a finite number.").arg(i));
-        mesh.AddVertex(new UVertex<float>(UPoint3<float>(x, y, z)));
+    mesh.vertices.reserve(source.vertices.size());
+    for (UPoint3<float> const& point : source.vertices) {
+        tellMeshStep();
+        if (!std::isfinite(point.X()) || !std::isfinite(point.Y()) || !std::isfinite(point.Z()))
+            throw FileError(m_input.path(),
+                            FileError::tr("a coordinate of vertex %1 is not a finite number.")
+                                .arg(mesh.vertices.size()));
+        mesh.AddVertex(new UVertex<float>(point));
     }
 }
 
-void ThreeMfReader::readTriangles(UMesh<float>& mesh, ThreeMfHandle const& object) const
+void ThreeMfReader::addTriangles(UMesh<float>& mesh, ModelMesh const& source)
 {
-    DWORD count = 0;
-    check(NMR::lib3mf_meshobject_gettrianglecount(object.get(), &count), object);
-    requireMemoryFor(count, m_input.path());
-    mesh.triangles.reserve(count);
-    for (DWORD i = 0; i < count; ++i) {
-        tellMeshProgress(i);
-        NMR::MODELMESHTRIANGLE corners;
-        check(NMR::lib3mf_meshobject_gettriangle(object.get(), i, &corners), object);
+    mesh.triangles.reserve(source.triangles.size());
+    for (auto const& corners : source.triangles) {
+        tellMeshStep();
         auto* const triangle = new UTriangle<float>();
         mesh.AddTriangle(triangle);
-        for (int corner = 0; corner < 3; ++corner) {
-            DWORD const place = corners.m_nIndices[corner];
-            if (place >= mesh.vertices.size())
-                throw FileError(m_input.path(),
-                                FileError::tr("triangle %1 refers to vertex %2, but there are %3.")
-                                    .arg(i)
-                                    .arg(place)
-                                    .arg(mesh.vertices.size()));
-            triangle->V0(corner) = mesh.vertices[place];
-        }
+        for (int corner = 0; corner < 3; ++corner)
+            triangle->V0(corner) = mesh.vertices[corners[std::size_t(corner)]];
         triangle->N() = triangle->ComputeNormalizedNormal();
     }
-}
-
-void ThreeMfReader::tellMeshProgress(DWORD step) const
-{
-    if (m_progress && step % stepsPerReport == 0)
-        m_progress(percentForLoading);
 }
 
 }  // namespace Formats

@@ -2,7 +2,6 @@
 #include "host/formats/ThreeMfReader.h"
 
 #include "host/formats/MemoryNeed.h"
-#include "host/formats/MeshBuilder.h"
 
 #include <algorithm>
 #include <array>
@@ -18,8 +17,14 @@ constexpr std::size_t mostParts = 100000;
 
 ThreeMfReader::ThreeMfReader(InputFile const& input, std::string const& defaultName,
                              Progress const& progress)
-    : m_input(input), m_defaultName(defaultName), m_progress(progress)
-{}
+    : m_input(input), m_defaultName(defaultName)
+{
+    if (progress)
+        m_progress = [&progress, told = 0](int percent) mutable {
+            told = std::max(told, percent);
+            progress(told);
+        };
+}
 
 std::vector<LoadedPart> ThreeMfReader::read()
 {
@@ -50,6 +55,33 @@ void ThreeMfReader::forEachItem(std::function<void(ThreeMfHandle const&)> const&
 
 void ThreeMfReader::load()
 {
+    InputFile content(m_input.path(), [&](int percent) {
+        if (m_progress)
+            m_progress(percent * percentForLoading / 100);
+    });
+    m_light = readLightPackage(content);
+    if (m_light)
+        loadLight();
+    else
+        loadByLibrary([&](ThreeMfHandle const& reader) {
+            return NMR::lib3mf_reader_readfromfileutf8(reader.get(), m_input.path().c_str());
+        });
+}
+
+void ThreeMfReader::loadLight()
+{
+    for (ModelMesh const& mesh : m_light->model.meshes)
+        m_meshSteps += mesh.vertices.size() + mesh.triangles.size();
+    std::string bytes = std::move(m_light->bytes);
+    loadByLibrary([&](ThreeMfHandle const& reader) {
+        return NMR::lib3mf_reader_readfrombuffer(
+            reader.get(), reinterpret_cast<BYTE*>(bytes.data()), bytes.size());
+    });
+}
+
+void ThreeMfReader::loadByLibrary(
+    std::function<LIB3MFRESULT(ThreeMfHandle const& reader)> const& read)
+{
     check(NMR::lib3mf_createmodel(m_model.out()), m_model);
     ThreeMfHandle reader;
     check(NMR::lib3mf_model_queryreader(m_model.get(), MODELREADERCLASS_3MF, reader.out()),
@@ -58,7 +90,7 @@ void ThreeMfReader::load()
     ThreeMfProgress progress(m_progress, 0, percentForLoading);
     check(NMR::lib3mf_reader_setprogresscallback(reader.get(), &ThreeMfProgress::report, &progress),
           reader);
-    auto const result = NMR::lib3mf_reader_readfromfileutf8(reader.get(), m_input.path().c_str());
+    auto const result = read(reader);
     progress.rethrow();
     if (result != 0)
         throw FileError(
@@ -143,62 +175,111 @@ void ThreeMfReader::readComponents(ThreeMfHandle const& components, Placement co
     }
 }
 
-void ThreeMfReader::readMesh(ThreeMfHandle const& mesh, Placement const& placement,
-                             std::string const& name)
+ModelMesh const& ThreeMfReader::meshOf(ThreeMfHandle const& object, ModelMesh& room) const
 {
     DWORD vertexCount = 0;
     DWORD triangleCount = 0;
-    check(NMR::lib3mf_meshobject_getvertexcount(mesh.get(), &vertexCount), mesh);
-    check(NMR::lib3mf_meshobject_gettrianglecount(mesh.get(), &triangleCount), mesh);
-    if (m_parts.size() >= mostParts)
-        throw FileError(m_input.path(), FileError::tr("its build places more than 100000 meshes."));
+    check(NMR::lib3mf_meshobject_getvertexcount(object.get(), &vertexCount), object);
+    check(NMR::lib3mf_meshobject_gettrianglecount(object.get(), &triangleCount), object);
     requireMemoryFor(triangleCount, m_input.path());
-    if (m_progress)
-        m_progress(percentForLoading);
-
-    MeshBuilder builder(triangleCount, vertexCount);
-    builder.allowUnusedPoints();
-    auto const& m = placement.m;
-    std::vector<UVertex<float>*> vertices(vertexCount);
+    room.vertices.reserve(vertexCount);
     for (DWORD i = 0; i < vertexCount; ++i) {
         NMR::MODELMESHVERTEX vertex;
-        check(NMR::lib3mf_meshobject_getvertex(mesh.get(), i, &vertex), mesh);
-        float const* const p = vertex.m_fPosition;
-        UPoint3<float> moved;
-        for (int row = 0; row < 3; ++row)
-            moved[row] = float(m[row][0] * p[0] + m[row][1] * p[1] + m[row][2] * p[2] + m[row][3]);
-        vertices[i] = builder.points().join(moved);
-        if (!vertices[i])
-            throw FileError(m_input.path(),
-                            FileError::tr("a coordinate of vertex %1 of the object '%2' is not a "
-                                          "finite number in the range of single precision.")
-                                .arg(i)
-                                .arg(QString::fromStdString(name)));
+        check(NMR::lib3mf_meshobject_getvertex(object.get(), i, &vertex), object);
+        auto const [x, y, z] = vertex.m_fPosition;
+        room.vertices.emplace_back(x, y, z);
     }
-    // A reflection turns the surface inside out unless the corners are taken the other way round.
-    bool const isReflected = m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
-                                 m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
-                                 m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]) <
-                             0;
+    if (m_light && vertexCount > 0)
+        if (auto const place =
+                placeOfMesh(m_light->model, vertexCount, triangleCount, room.vertices[0]))
+            return m_light->model.meshes[*place];
+    room.triangles.reserve(triangleCount);
     for (DWORD i = 0; i < triangleCount; ++i) {
         NMR::MODELMESHTRIANGLE triangle;
-        check(NMR::lib3mf_meshobject_gettriangle(mesh.get(), i, &triangle), mesh);
-        auto [a, b, c] = triangle.m_nIndices;
-        if (std::max({a, b, c}) >= vertexCount)
+        check(NMR::lib3mf_meshobject_gettriangle(object.get(), i, &triangle), object);
+        auto const [a, b, c] = triangle.m_nIndices;
+        room.triangles.push_back({a, b, c});
+    }
+    requireCornersInRange(object, room);
+    return room;
+}
+
+void ThreeMfReader::requireCornersInRange(ThreeMfHandle const& object, ModelMesh const& mesh) const
+{
+    for (std::size_t i = 0; i < mesh.triangles.size(); ++i) {
+        std::uint32_t const largest = std::ranges::max(mesh.triangles[i]);
+        if (largest >= mesh.vertices.size())
             throw FileError(
                 m_input.path(),
                 FileError::tr(
                     "triangle %1 of the object '%4' refers to vertex %2, but there are %3.")
                     .arg(i)
-                    .arg(std::max({a, b, c}))
-                    .arg(vertexCount)
-                    .arg(QString::fromStdString(name)));
+                    .arg(largest)
+                    .arg(mesh.vertices.size())
+                    .arg(QString::fromStdString(nameOf(object))));
+    }
+}
+
+void ThreeMfReader::readMesh(ThreeMfHandle const& object, Placement const& placement,
+                             std::string const& name)
+{
+    ModelMesh room;
+    ModelMesh const& mesh = meshOf(object, room);
+    if (m_parts.size() >= mostParts)
+        throw FileError(m_input.path(), FileError::tr("its build places more than 100000 meshes."));
+    requireMemoryFor(mesh.triangles.size(), m_input.path());
+
+    MeshBuilder builder(mesh.triangles.size(), mesh.vertices.size());
+    builder.allowUnusedPoints();
+    std::vector<UVertex<float>*> const vertices = joinVertices(builder, mesh, placement, name);
+    bool const isReflected = placement.isReflection();
+    for (auto [a, b, c] : mesh.triangles) {
+        tellMeshStep();
+        // A reflection turns the surface inside out unless the corners are taken the other way
+        // round.
         if (isReflected)
             std::swap(b, c);
         builder.addTriangle(vertices[a], vertices[b], vertices[c]);
     }
     if (!builder.isEmpty())
-        m_parts.push_back({uniqueName(name), builder.finish(), colorOf(mesh), isSupport(mesh)});
+        m_parts.push_back({uniqueName(name), builder.finish(), colorOf(object), isSupport(object)});
+}
+
+std::vector<UVertex<float>*> ThreeMfReader::joinVertices(MeshBuilder& builder,
+                                                         ModelMesh const& mesh,
+                                                         Placement const& placement,
+                                                         std::string const& name)
+{
+    constexpr std::size_t batchSize = 1024;
+    std::vector<UVertex<float>*> vertices(mesh.vertices.size());
+    std::array<UPoint3<float>, batchSize> moved;
+    for (std::size_t done = 0; done < vertices.size(); done += batchSize) {
+        std::size_t const count = std::min(batchSize, vertices.size() - done);
+        for (std::size_t i = 0; i < count; ++i) {
+            tellMeshStep();
+            moved[i] = placement.applied(mesh.vertices[done + i]);
+        }
+        std::size_t const joined =
+            builder.points().join(std::span(moved).first(count), &vertices[done]);
+        if (joined < count)
+            throw FileError(m_input.path(),
+                            FileError::tr("a coordinate of vertex %1 of the object '%2' is not a "
+                                          "finite number in the range of single precision.")
+                                .arg(done + joined)
+                                .arg(QString::fromStdString(name)));
+    }
+    return vertices;
+}
+
+void ThreeMfReader::tellMeshStep()
+{
+    constexpr std::uint64_t stepsPerReport = 1 << 15;
+    if (m_meshStepsDone++ % stepsPerReport != 0 || !m_progress)
+        return;
+    // A mesh may be placed several times, so there may be more steps than were counted.
+    std::uint64_t const done = std::min(m_meshStepsDone, m_meshSteps);
+    int const percent = m_meshSteps == 0 ? 0 : int((99 - percentForLoading) * done / m_meshSteps);
+    m_progress(percentForLoading + percent);
 }
 
 bool ThreeMfReader::isSupport(ThreeMfHandle const& object) const
@@ -250,6 +331,22 @@ std::string ThreeMfReader::uniqueName(std::string const& name) const
     for (int i = 2; std::ranges::find(m_parts, candidate, &LoadedPart::name) != m_parts.end(); ++i)
         candidate = name + " " + std::to_string(i);
     return candidate;
+}
+
+UPoint3<float> ThreeMfReader::Placement::applied(UPoint3<float> const& p) const
+{
+    UPoint3<float> moved;
+    for (int row = 0; row < 3; ++row)
+        moved[row] = float(m[row][0] * p.X() + m[row][1] * p.Y() + m[row][2] * p.Z() + m[row][3]);
+    return moved;
+}
+
+bool ThreeMfReader::Placement::isReflection() const
+{
+    return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
+               m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
+               m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]) <
+           0;
 }
 
 ThreeMfReader::Placement ThreeMfReader::placementFrom(NMR::MODELTRANSFORM const& transform)

@@ -4,6 +4,7 @@
 #include "host/formats/FileError.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 #include <zlib.h>
 
@@ -19,7 +20,6 @@ constexpr std::size_t localHeaderBytes = 30;
 /// A directory beyond that is taken for a damaged one.
 constexpr std::uint64_t largestDirectory = 1 << 26;
 constexpr std::uint64_t limit32 = 0xffffffff;
-constexpr int methodDeflate = 8;
 constexpr std::size_t inputBytes = 1 << 18;
 
 std::uint64_t little(std::string_view text, std::size_t place, int bytes)
@@ -110,7 +110,7 @@ void ZipReader::readDirectory(std::string_view directory)
                     little(directory, 24, 4),
                     little(directory, 20, 4),
                     std::uint32_t(little(directory, 16, 4)),
-                    little(directory, 10, 2) == methodDeflate};
+                    int(little(directory, 10, 2))};
         takeLargeValues(directory.substr(directoryEntryBytes + nameBytes, extraBytes), entry);
         m_entries.push_back(std::move(entry));
         directory.remove_prefix(whole);
@@ -143,7 +143,7 @@ ZipEntryStream::ZipEntryStream(InputFile& input, ZipReader::Entry const& entry)
     : m_input(input), m_entry(entry), m_state(std::make_unique<State>())
 {
     std::string const header = bytesAt(input, entry.headerOffset, localHeaderBytes);
-    if (!header.starts_with("PK\3\4") || !entry.isDeflated)
+    if (!header.starts_with("PK\3\4") || !(entry.isDeflated() || entry.isStored()))
         fail();
     input.seek(entry.headerOffset + localHeaderBytes + little(header, 26, 2) +
                little(header, 28, 2));
@@ -163,7 +163,7 @@ std::size_t ZipEntryStream::read(std::span<char> buffer)
             {buffer.size() - done, m_entry.size - m_state->size, std::uint64_t(1) << 30});
         stream.next_out = reinterpret_cast<Bytef*>(buffer.data() + done);
         stream.avail_out = uInt(room);
-        int const result = inflate(&stream, Z_NO_FLUSH);
+        int const result = m_entry.isStored() ? copyStored() : inflate(&stream, Z_NO_FLUSH);
         std::size_t const count = room - stream.avail_out;
         m_state->checksum = std::uint32_t(crc32(
             m_state->checksum, reinterpret_cast<Bytef const*>(buffer.data() + done), uInt(count)));
@@ -177,6 +177,18 @@ std::size_t ZipEntryStream::read(std::span<char> buffer)
     if (done < buffer.size() || m_state->size == m_entry.size)
         requireSound();
     return done;
+}
+
+int ZipEntryStream::copyStored()
+{
+    z_stream& stream = m_state->stream;
+    uInt const count = std::min(stream.avail_in, stream.avail_out);
+    std::memcpy(stream.next_out, stream.next_in, count);
+    stream.next_in += count;
+    stream.avail_in -= count;
+    stream.next_out += count;
+    stream.avail_out -= count;
+    return Z_OK;
 }
 
 void ZipEntryStream::fillInput()

@@ -22,12 +22,17 @@ public:
         std::uint64_t size = 0;
         std::uint64_t packedSize = 0;
         std::uint32_t checksum = 0;
-        bool isDeflated = false;
+        /// As a ZIP package counts them: 0 for none, 8 for deflate.
+        int method = 0;
+
+        bool isDeflated() const { return method == 8; }
+        bool isStored() const { return method == 0; }
     };
 
     /// Reads the directory. Throws FileError if the system cannot read on.
     explicit ZipReader(InputFile& input);
 
+    std::vector<Entry> const& entries() const { return m_entries; }
     /// Null if there is none of that name.
     Entry const* find(std::string_view name) const;
 
@@ -38,6 +43,8 @@ private:
 };
 
 /// The content of an entry, front to back. Progress is that of the file that is read.
+///
+/// Entries that are neither deflated nor stored count as damaged.
 class ZipEntryStream
 {
 public:
@@ -55,6 +62,7 @@ public:
 private:
     struct State;
     void fillInput();
+    int copyStored();
     void requireSound() const;
     [[noreturn]] void fail() const;
 

@@ -3,15 +3,10 @@
 
 #include <algorithm>
 #include <cassert>
-#include <new>
-#include <zlib.h>
 
 namespace Formats {
 namespace {
 
-/// Higher levels take twice the time for a few percent of text that is mostly digits.
-constexpr int compressionLevel = 4;
-constexpr std::size_t chunkBytes = 1 << 16;
 constexpr std::uint64_t limit32 = 0xffffffff;
 constexpr std::uint64_t limit16 = 0xffff;
 
@@ -46,64 +41,33 @@ std::string largeField(std::initializer_list<std::uint64_t> values)
 
 }  // namespace
 
-struct ZipWriter::Stream
-{
-    Stream()
-    {
-        // Without zlib's own header, as ZIP has it.
-        if (deflateInit2(&state, compressionLevel, Z_DEFLATED, -MAX_WBITS, MAX_MEM_LEVEL,
-                         Z_DEFAULT_STRATEGY) != Z_OK)
-            throw std::bad_alloc();
-    }
-    ~Stream() { deflateEnd(&state); }
+ZipWriter::ZipWriter(Sink sink) : m_sink(std::move(sink)) {}
 
-    z_stream state{};
-};
-
-ZipWriter::ZipWriter(OutputFile& output) : m_output(output) {}
+ZipWriter::ZipWriter(OutputFile& output)
+    : ZipWriter([&output](std::string_view bytes) { output.write(bytes); })
+{}
 
 ZipWriter::~ZipWriter() = default;
 
 void ZipWriter::beginEntry(std::string name)
 {
-    assert(!m_stream);
+    assert(!m_text);
     m_entries.push_back({std::move(name), m_position});
-    m_stream = std::make_unique<Stream>();
-    m_packed.clear();
+    m_text = std::make_unique<PackedText>();
 }
 
 void ZipWriter::write(std::string_view text)
 {
-    for (; !text.empty(); text.remove_prefix(std::min(text.size(), chunkBytes)))
-        compress(text.substr(0, chunkBytes), false);
-}
-
-void ZipWriter::compress(std::string_view text, bool isLast)
-{
-    Entry& entry = m_entries.back();
-    auto const* const bytes = reinterpret_cast<Bytef const*>(text.data());
-    entry.size += text.size();
-    // Of a null pointer the library gives the initial value.
-    if (!text.empty())
-        entry.checksum = std::uint32_t(crc32(entry.checksum, bytes, uInt(text.size())));
-    z_stream& state = m_stream->state;
-    state.next_in = const_cast<Bytef*>(bytes);
-    state.avail_in = uInt(text.size());
-    char packed[chunkBytes];
-    do {
-        state.next_out = reinterpret_cast<Bytef*>(packed);
-        state.avail_out = sizeof packed;
-        deflate(&state, isLast ? Z_FINISH : Z_NO_FLUSH);
-        m_packed.append(packed, sizeof packed - state.avail_out);
-    } while (state.avail_out == 0);
+    m_text->write(text);
 }
 
 void ZipWriter::endEntry()
 {
-    compress({}, true);
-    m_stream.reset();
+    m_text->finish();
     Entry& entry = m_entries.back();
-    entry.packedSize = m_packed.size();
+    entry.size = m_text->size();
+    entry.packedSize = m_text->bytes().size();
+    entry.checksum = m_text->checksum();
     bool const isLarge = entry.size >= limit32 || entry.packedSize >= limit32;
     std::string const extra = isLarge ? largeField({entry.size, entry.packedSize}) : std::string();
     put("PK\3\4" + little(isLarge ? versionLarge : versionPlain, 2) + little(utf8Names, 2) +
@@ -111,8 +75,8 @@ void ZipWriter::endEntry()
         little(isLarge ? limit32 : entry.packedSize, 4) +
         little(isLarge ? limit32 : entry.size, 4) + little(entry.name.size(), 2) +
         little(extra.size(), 2) + entry.name + extra);
-    put(m_packed);
-    m_packed = {};
+    put(m_text->bytes());
+    m_text.reset();
 }
 
 void ZipWriter::addEntry(std::string name, std::string_view text)
@@ -162,7 +126,7 @@ void ZipWriter::finish()
 
 void ZipWriter::put(std::string_view bytes)
 {
-    m_output.write(bytes);
+    m_sink(bytes);
     m_position += bytes.size();
 }
 

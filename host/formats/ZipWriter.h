@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/formats/OutputFile.h"
+#include "host/formats/PackedText.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,6 +20,10 @@ namespace Formats {
 class ZipWriter
 {
 public:
+    /// Takes the package's bytes, piece after piece.
+    using Sink = std::function<void(std::string_view)>;
+
+    explicit ZipWriter(Sink sink);
     explicit ZipWriter(OutputFile& output);
     ~ZipWriter();
     ZipWriter(ZipWriter const&) = delete;
@@ -36,7 +42,6 @@ public:
     void finish();
 
 private:
-    struct Stream;
     struct Entry
     {
         std::string name;
@@ -46,16 +51,15 @@ private:
         std::uint32_t checksum = 0;
     };
 
-    void compress(std::string_view text, bool isLast);
     void put(std::string_view bytes);
     std::string directoryEntry(Entry const& entry) const;
     std::string directoryEnd(std::uint64_t start, std::uint64_t size) const;
 
-    OutputFile& m_output;
+    Sink m_sink;
     std::uint64_t m_position = 0;
     std::vector<Entry> m_entries;
-    std::unique_ptr<Stream> m_stream;
-    std::string m_packed;
+    /// Of the open entry.
+    std::unique_ptr<PackedText> m_text;
 };
 
 }  // namespace Formats

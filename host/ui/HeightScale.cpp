@@ -54,8 +54,12 @@ HeightScale::HeightScale(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     auto const repaint = QOverload<>::of(&QWidget::update);
     connect(&slider(), &Base::MellViewSlider::heightChanged, this, repaint);
-    connect(&slider(), &Base::MellViewSlider::rangeChanged, this, repaint);
-    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, repaint);
+    auto const remeasure = [this] {
+        updateGeometry();
+        update();
+    };
+    connect(&slider(), &Base::MellViewSlider::rangeChanged, this, remeasure);
+    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, remeasure);
 }
 
 double HeightScale::step()
@@ -65,12 +69,12 @@ double HeightScale::step()
 
 QSize HeightScale::sizeHint() const
 {
-    return {int(widgetWidth * g_pixelSize), 20 * g_pixelSize};
+    return {widthForLabels(), 20 * g_pixelSize};
 }
 
 QSize HeightScale::minimumSizeHint() const
 {
-    return {int(widgetWidth * g_pixelSize), 8 * g_pixelSize};
+    return {widthForLabels(), 8 * g_pixelSize};
 }
 
 double HeightScale::placeOf(double height) const
@@ -102,7 +106,7 @@ void HeightScale::moveTo(double height)
         slider().setHeight(float(std::clamp(height, low, high)));
 }
 
-void HeightScale::paintTicks(QPainter& painter) const
+HeightScale::Ticks HeightScale::ticks() const
 {
     double const unit = DisplayUnit::instance().millimetres();
     double const low = slider().getMinimum() / unit, high = slider().getMaximum() / unit;
@@ -111,11 +115,38 @@ void HeightScale::paintTicks(QPainter& painter) const
     int parts = 10;
     while (parts > 1 && major / parts < perPixel * tickDistance)
         parts = parts == 10 ? 5 : parts == 5 ? 2 : 1;
+    int const decimals = std::max(0, int(std::ceil(-std::log10(major) - 1e-9)));
+    return {low, high, major, parts, decimals};
+}
+
+int HeightScale::widthForLabels() const
+{
+    double const least = widgetWidth * g_pixelSize;
+    if (slider().getMaximum() <= slider().getMinimum())
+        return int(least);
+    Ticks const shown = ticks();
+    int label = 0;
+    for (double const end : {shown.low, shown.high})
+        label = std::max(
+            label, fontMetrics().horizontalAdvance(QLocale().toString(end, 'f', shown.decimals)));
+    return int(std::ceil(std::max(least, label + (longTick + 3 * gap) * g_pixelSize)));
+}
+
+void HeightScale::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // More ticks find room, whose labels have more decimals.
+    updateGeometry();
+}
+
+void HeightScale::paintTicks(QPainter& painter) const
+{
+    double const unit = DisplayUnit::instance().millimetres();
+    auto const [low, high, major, parts, decimals] = ticks();
     double const right = width() - gap * g_pixelSize;
     double const minor = major / parts;
     long const first = std::lround(std::ceil(low / minor - 1e-6));
     long const last = std::lround(std::floor(high / minor + 1e-6));
-    int const decimals = std::max(0, int(std::ceil(-std::log10(major) - 1e-9)));
     for (long i = first; i <= last; ++i) {
         double const place = std::round(placeOf(double(i) * minor * unit)) + 0.5;
         bool const isMajor = i % parts == 0;

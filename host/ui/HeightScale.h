@@ -28,6 +28,7 @@ signals:
     void dragged(bool isDragging);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -38,6 +39,19 @@ protected:
 private:
     double heightAt(int place) const;
     void moveTo(double height);
+    /// The ticks of the scale, in the display unit.
+    struct Ticks
+    {
+        double low;
+        double high;
+        /// Between labels.
+        double major;
+        /// Short ticks to a label.
+        int parts;
+        int decimals;
+    };
+    Ticks ticks() const;
+    int widthForLabels() const;
     void paintTicks(QPainter& painter) const;
     void paintHandle(QPainter& painter) const;
 

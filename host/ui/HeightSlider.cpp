@@ -2,10 +2,13 @@
 #include "host/ui/HeightSlider.h"
 
 #include "host/ui/HeightScale.h"
+#include "host/ui/HeightWarning.h"
+#include "platform/ui/DisplayUnit.h"
 #include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellVBoxLayout.h"
 #include "platform/ui/MellViewSlider.h"
+#include "platform/ui/Quantity.h"
 #include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 #include "platform/view/MeshGLView.h"
@@ -14,8 +17,14 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
+/// Of the field, and what it needs beside its text, in base sizes of the interface.
+constexpr double narrowest = 5;
+constexpr double fieldMargins = 1.6;
 char const* const lineKey = "View/SectionLine";
 char const* const icons[] = {":/icons/icons/app_cutview.png", ":/icons/icons/app_cutview_dark.png"};
 
@@ -38,8 +47,9 @@ HeightSlider::HeightSlider(QWidget* parent) : QWidget(parent)
         storeValue(lineKey, shows);
         updateLine();
     });
-    auto* const follower = new DocumentFollower(this);
-    connect(follower, &DocumentFollower::changed, this, &HeightSlider::partsChanged);
+    m_follower = new DocumentFollower(this);
+    connect(m_follower, &DocumentFollower::changed, this, &HeightSlider::partsChanged);
+    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, &HeightSlider::partsChanged);
     partsChanged();
     heightChanged(slider().getHeight());
 }
@@ -62,8 +72,9 @@ void HeightSlider::build()
     m_field->setSingleStep(HeightScale::step());
     m_field->setAlignment(Qt::AlignRight);
     m_field->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    m_field->setMinimumWidth(5 * g_pixelSize);
+    m_field->setMinimumWidth(int(narrowest * g_pixelSize));
     m_field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_warning = new HeightWarning(this);
     m_scale = new HeightScale(this);
     m_line = new QToolButton(this);
     m_line->setObjectName("line");
@@ -71,6 +82,7 @@ void HeightSlider::build()
     m_line->setChecked(storedValue(lineKey, true).toBool());
     m_line->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     column->addWidget(m_field);
+    column->addWidget(m_warning);
     column->addWidget(m_scale, 1);
     column->addWidget(m_line);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
@@ -103,9 +115,24 @@ void HeightSlider::partsChanged()
     for (QWidget* const widget : {static_cast<QWidget*>(m_field), static_cast<QWidget*>(m_scale)})
         widget->setEnabled(!isEmpty);
     // The first parts: a height at which there is something to cut.
+    showWholeNumbers(low, high);
     float const height = slider().getHeight();
     if (wasEmpty && !isEmpty && (height <= low || height >= high))
         slider().setHeight((low + high) / 2);
+    warn();
+}
+
+/// Gives the field the width of the longest number that it will show.
+void HeightSlider::showWholeNumbers(float low, float high)
+{
+    double width = narrowest * g_pixelSize;
+    for (float const end : {low, high}) {
+        QString const text = Base::Quantity::toUserString(
+            double(end), Base::Unit::length, 'f', DisplayUnit::instance().decimals(), ' ', true);
+        width = std::max(
+            width, m_field->fontMetrics().horizontalAdvance(text) + fieldMargins * g_pixelSize);
+    }
+    m_field->setMinimumWidth(int(std::ceil(width)));
 }
 
 void HeightSlider::heightChanged(float height)
@@ -113,6 +140,12 @@ void HeightSlider::heightChanged(float height)
     QSignalBlocker const quiet(m_field);
     m_field->setValue(height);
     updateLine();
+    warn();
+}
+
+void HeightSlider::warn()
+{
+    m_warning->refresh(m_follower->document(), slider().getHeight());
 }
 
 void HeightSlider::updateLine()

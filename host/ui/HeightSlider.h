@@ -4,7 +4,9 @@
 #include <QPointer>
 #include <QWidget>
 
+class DocumentFollower;
 class HeightScale;
+class HeightWarning;
 class MellQuantitySpinBox;
 class QToolButton;
 
@@ -40,11 +42,15 @@ private:
     void retranslate();
     void showIcons();
     void partsChanged();
+    void showWholeNumbers(float low, float high);
     void heightChanged(float height);
     void updateLine();
+    void warn();
 
     MellQuantitySpinBox* m_field;
+    HeightWarning* m_warning;
     HeightScale* m_scale;
     QToolButton* m_line;
+    DocumentFollower* m_follower;
     QPointer<Mesh::GLView> m_view;
 };

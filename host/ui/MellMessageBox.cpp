@@ -94,42 +94,52 @@ int MellMessageBox::warning(QWidget* parent, QString const& title, QString const
     for (int i = 0; i < 3; ++i) {
         if (texts[i].isEmpty())
             continue;
-        QPushButton* const button =
-            box.m_buttons->addButton(texts[i], QDialogButtonBox::ActionRole);
-        button->setProperty("answer", i);
-        button->setDefault(i == defaultButton);
-        button->setAutoDefault(i == defaultButton);
-        if (i == defaultButton)
-            button->setFocus();
+        box.addAnswer(i, texts[i], i == defaultButton);
     }
     // Else the first button would have the focus at first.
     if (defaultButton < 0) {
         box.setFocusPolicy(Qt::StrongFocus);
         box.setFocus();
     }
+    return box.answer(closed);
+}
+
+void MellMessageBox::addAnswer(int index, QString const& text, bool isDefault)
+{
+    QPushButton* const button = m_buttons->addButton(text, QDialogButtonBox::ActionRole);
+    button->setProperty("answer", index);
+    button->setDefault(isDefault);
+    button->setAutoDefault(isDefault);
+    if (isDefault)
+        button->setFocus();
+}
+
+int MellMessageBox::answer(int ofClosedBox)
+{
     // The dialog's own result cannot tell button 0 from a closed box.
-    int answer = closed;
-    connect(box.m_buttons, &QDialogButtonBox::clicked, &box,
+    int answer = ofClosedBox;
+    connect(m_buttons, &QDialogButtonBox::clicked, this,
             [&](QAbstractButton* pressed) { answer = pressed->property("answer").toInt(); });
-    box.QDialog::exec();
+    QDialog::exec();
     return answer;
 }
 
-void MellMessageBox::failure(QWidget* parent, QString const& title, QString const& text,
-                             QString const& details, QString const& button)
+int MellMessageBox::failure(QWidget* parent, QString const& title, QString const& text,
+                            QString const& details, QStringList const& buttons)
 {
     if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
         Base::ConsoleSingleton::Instance().Log(text.toStdString());
         Base::ConsoleSingleton::Instance().Log(details.toStdString());
-        return;
+        return 0;
     }
     MellMessageBox box(parent);
     box.setWindowTitle(title);
     box.setText(text);
-    box.m_buttons->addButton(button, QDialogButtonBox::ActionRole)->setDefault(true);
+    for (int i = 0; i < buttons.size(); ++i)
+        box.addAnswer(i, buttons[i], i == 0);
     if (!details.isEmpty())
         box.setDetails(details);
-    box.QDialog::exec();
+    return box.answer(0);
 }
 
 void MellMessageBox::setDetails(QString const& details)

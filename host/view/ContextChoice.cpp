@@ -27,7 +27,6 @@ QSurfaceFormat formatOf(bool isCore)
     }
     format.setDepthBufferSize(24);
     format.setStencilBufferSize(8);
-    format.setSamples(4);
     return format;
 }
 

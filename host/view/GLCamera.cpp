@@ -13,8 +13,8 @@ using Vector = UVector3<double>;
 
 /// Half the angle of view, upwards and downwards.
 double const halfAngleTangent = std::tan(M_PI / 12);
-constexpr double leastHeight = 1e-3;
-constexpr double largestHeight = 1e6;
+constexpr double leastHeight = 1e-5;
+constexpr double largestHeight = 1e9;
 /// Of the distance to the far plane: what comes nearer to the eye is not seen in perspective.
 constexpr double nearestShare = 1e-3;
 

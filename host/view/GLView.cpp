@@ -195,8 +195,7 @@ void GLView::paintPending()
 
 bool GLView::event(QEvent* event)
 {
-    // One of these comes before a context is made, also in another window; a format set once would
-    // lose its samples there.
+    // One of these comes before a context is made, also in another window.
     bool const comesBefore = event->type() == QEvent::Polish || event->type() == QEvent::Resize ||
                              event->type() == QEvent::Show;
     if (comesBefore && !context())
@@ -226,12 +225,15 @@ void GLView::releaseGL()
 void GLView::paintGL()
 {
     QOpenGLFunctions& gl = *context()->functions();
+    DrawDevice* const device = m_scene->device();
+    if (device)
+        m_scene->beginPicture();
     gl.glClearColor(0, 0, 0, 1);
+    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     gl.glDepthMask(GL_TRUE);
     gl.glStencilMask(0xff);
     gl.glClearStencil(0);
     gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-    DrawDevice* const device = m_scene->device();
     if (!device)
         return;
     setDepthRange();
@@ -245,7 +247,7 @@ void GLView::paintGL()
     device->resetState();
     if (m_scene->hasSelection()) {
         double const ratio = devicePixelRatioF();
-        device->drawOutline(defaultFramebufferObject(), size() * ratio, float(outlineWidth * ratio),
+        device->drawOutline(m_scene->target(), size() * ratio, float(outlineWidth * ratio),
                             viewColors().outline);
     }
     paintOverlay();
@@ -255,6 +257,7 @@ void GLView::paintGL()
     gl.glClearColor(0, 0, 0, 1);
     gl.glClear(GL_COLOR_BUFFER_BIT);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    m_scene->endPicture();
 }
 
 void GLView::paintBackground()

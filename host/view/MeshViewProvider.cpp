@@ -42,7 +42,7 @@ ViewProvider::~ViewProvider()
 {
     if (!m_painted.shape && !m_coming)
         return;
-    m_view->makeCurrent();
+    m_view->scene().makeCurrent();
     m_coming.reset();
     if (m_painted.shape && isShow())
         m_view->scene().keepForNow(std::move(m_painted));

@@ -78,11 +78,15 @@ bool StandIns::isLarge() const
     return m_load.cost >= leastInView;
 }
 
-void StandIns::beginParts(DrawDevice& device, bool isPreparing)
+void StandIns::beginPicture(bool isPreparing)
 {
-    m_isCoarse =
-        m_isMoving && isLarge() && (m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow));
+    m_isCoarse = (m_isMoving || isPreparing) && isLarge() &&
+                 (m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow));
     m_isOwed = m_isCoarse;
+}
+
+void StandIns::beginParts(DrawDevice& device)
+{
     m_loadNow = {};
     m_painted.clear();
     if (isLarge() && !m_isCoarse)

@@ -54,11 +54,16 @@ public:
     /// As if the mouse had rested long enough.
     void rest();
 
-    /// Around the painting of the parts.
+    /// Before anything of a picture is painted.
     ///
     /// isPreparing  parts are on their way that will ask for a picture when they are there; until
     /// then pictures can be coarse as if the mouse moved
-    void beginParts(DrawDevice& device, bool isPreparing);
+    void beginPicture(bool isPreparing);
+    /// Whether the picture that has begun is coarse.
+    bool isCoarse() const { return m_isCoarse; }
+
+    /// Around the painting of the parts.
+    void beginParts(DrawDevice& device);
     void endParts(DrawDevice& device);
     /// Draws a part coarsely, if that is possible and wanted. Of a part with edges the triangles
     /// are drawn alone.

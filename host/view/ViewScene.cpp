@@ -7,7 +7,10 @@
 #include "platform/view/GLView.h"
 #include "platform/view/GraphicViewProvider.h"
 
+#include <QOpenGLContext>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -98,7 +101,7 @@ void ViewScene::add(Base::GLGraphicsItem* item)
 {
     m_items.push_back(item);
     if (isInitialized()) {
-        m_view->makeCurrent();
+        makeCurrent();
         item->initGL();
     }
     askForPicture();
@@ -110,6 +113,12 @@ void ViewScene::remove(Base::GLGraphicsItem* item)
         askForPicture();
 }
 
+void ViewScene::makeCurrent()
+{
+    if (!QOpenGLContext::currentContext() || QOpenGLContext::currentContext() != m_view->context())
+        m_view->makeCurrent();
+}
+
 void ViewScene::initialize()
 {
     m_device = DrawDevice::create();
@@ -119,7 +128,7 @@ void ViewScene::initialize()
         provider->initGL();
     for (Base::GLGraphicsItem* const item : m_items)
         item->initGL();
-    m_view->makeCurrent();
+    makeCurrent();
 }
 
 void ViewScene::release()
@@ -128,6 +137,7 @@ void ViewScene::release()
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
     m_leaving.clear();
+    m_samples.release();
     m_standIns.releaseGL();
     m_deviceWork.clear();
     m_device.reset();
@@ -170,7 +180,7 @@ void ViewScene::dropLeaving()
 {
     if (m_leaving.empty())
         return;
-    m_view->makeCurrent();
+    makeCurrent();
     m_leaving.clear();
 }
 
@@ -201,11 +211,29 @@ void ViewScene::paintLeaving()
     }
 }
 
-void ViewScene::paintProviders()
+void ViewScene::beginPicture()
 {
     m_preparer.beginPicture();
     prepareParts();
-    m_standIns.beginParts(*m_device, isPreparing());
+    m_standIns.beginPicture(isPreparing());
+    QSize const size = m_view->size() * m_view->devicePixelRatioF();
+    m_isSampled = !m_standIns.isCoarse() && m_samples.begin(size);
+}
+
+GLuint ViewScene::target() const
+{
+    return m_isSampled ? m_samples.target() : m_view->defaultFramebufferObject();
+}
+
+void ViewScene::endPicture()
+{
+    if (std::exchange(m_isSampled, false))
+        m_samples.end(m_view->defaultFramebufferObject());
+}
+
+void ViewScene::paintProviders()
+{
+    m_standIns.beginParts(*m_device);
     for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
         if (turn == Turn::Tool)
             m_standIns.endParts(*m_device);

@@ -4,6 +4,7 @@
 #include "host/view/DeviceWork.h"
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
+#include "host/view/SampledPicture.h"
 #include "host/view/StandIns.h"
 #include "platform/document/Document.h"
 
@@ -49,9 +50,22 @@ public:
 
     /// Null before initialize().
     DrawDevice* device() const { return m_device.get(); }
+    /// Makes the view's context current. Within a picture it is, and the widget's operation would
+    /// turn away from where the picture is being drawn.
+    void makeCurrent();
     /// A part that is shown is selected.
     bool hasSelection() const;
     bool hasTools() const;
+
+    // Around a picture.
+
+    /// Sees what is ready, and where the picture is to be drawn: with several samples for each
+    /// pixel, or at once in the widget if it is a coarse one.
+    void beginPicture();
+    /// The framebuffer object in which the picture is being drawn.
+    GLuint target() const;
+    void endPicture();
+
     void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
     StandIns& standIns() { return m_standIns; }
@@ -90,6 +104,8 @@ private:
     std::vector<Base::ViewProvider*> m_providers;
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
+    SampledPicture m_samples;
+    bool m_isSampled = false;
     std::vector<PaintedPart> m_leaving;
     DeviceWork m_deviceWork;
     StandIns m_standIns;

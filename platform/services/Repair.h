@@ -128,7 +128,7 @@ enum class Flaw
     turnedShell,
     /// Shells without volume, and shells that lie in solid on both sides.
     superfluousShell,
-    /// Edges with more than two triangles; only told where they stay.
+    /// Edges with more than two triangles. A cut's own repair only tells of them.
     crowdedEdge,
     /// Edges whose two triangles face opposite sides; only told where they stay.
     inconsistentEdge,

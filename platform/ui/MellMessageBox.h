@@ -29,13 +29,14 @@ public:
                        QString const& button0, QString const& button1, QString const& button2,
                        int defaultButton, int escapeButton);
 
-    /// Shows a message with one button and what is to be said of it in a second paragraph, and waits
-    /// until it has been read. Ctrl+C copies both. Without a QApplication both go to the log
-    /// console.
+    /// Shows a message and what is to be said of it in a second paragraph, and waits until it has
+    /// been read. Ctrl+C copies both. Without a QApplication both go to the log console.
     ///
     /// details  one or more sentences, or none
-    static void failure(QWidget* parent, QString const& title, QString const& text,
-                        QString const& details, QString const& button);
+    /// buttons  the first one has the focus at first
+    /// returns  the index of the button that was pressed; 0 for a box closed otherwise
+    static int failure(QWidget* parent, QString const& title, QString const& text,
+                       QString const& details, QStringList const& buttons);
 
     void setText(QString const& text);
     QString text() const;
@@ -54,6 +55,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void addAnswer(int index, QString const& text, bool isDefault);
+    int answer(int ofClosedBox);
+
     MessageArea* m_message;
     QDialogButtonBox* m_buttons;
 };

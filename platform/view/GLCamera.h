@@ -50,7 +50,7 @@ public:
     void get_screen(int& width, int& height) const;
     void set_screen(int width, int height);
 
-    /// Scales the view rectangle, about its middle: below 1 comes nearer. Kept within 1 um to 1 km.
+    /// Scales the view rectangle, about its middle: below 1 comes nearer. Kept within 10 nm to 1,000 km.
     void zoom(double factor);
     /// Moves the view rectangle over the reference plane, and the reference point with it.
     void pan(double eyeX, double eyeY);

@@ -325,8 +325,11 @@ TEST_F(SectionByHand, AFailureSaysWhyInTheMessageAndInTheLog)
     ASSERT_TRUE(waitForJob());
     EXPECT_EQ(messages.titles, QStringList{"Attention"});
     EXPECT_EQ(messages.texts, QStringList{"An error occurred in triangulate."});
-    EXPECT_EQ(messages.buttons, QStringList{"OK"});
-    QString const reason = messages.details.join("");
+    EXPECT_EQ(messages.buttons, (QStringList{"OK", "Show in View", "Repair and Cut Again"}));
+    QString const name = "open block: ";
+    QString reason = messages.details.join("");
+    EXPECT_TRUE(reason.startsWith(name)) << reason.toStdString();
+    reason.remove(0, name.size());
     EXPECT_TRUE(reason.contains("(30, -20, 3)")) << reason.toStdString();
     QString log;
     for (QPlainTextEdit const* const each : window->findChildren<QPlainTextEdit*>())

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
+#include "tests/support/CorpusParts.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
 
@@ -59,6 +60,51 @@ TEST(FreecutRepair, OnlyAllOfItMendsHolesBesideTheCut)
         arguments.insert(arguments.end(), options.begin(), options.end());
         EXPECT_EQ(folder.run(arguments).status, 2) << testing::PrintToString(options);
     }
+}
+
+TEST(FreecutRepair, APartThatIsOpenAtTheCutIsMendedFirstIfAllOfItShallBe)
+{
+    FreecutFolder folder;
+    folder.addStl(corpus::boxWithOpenings({17}), "open.stl");
+    std::string const before = folder.read("open.stl");
+    Names const arguments{"zcut", "open.stl", "--height", "17.5", "--json", "-"};
+    auto const refused = folder.run(arguments);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(folder.files(), (Names{"open.stl"}));
+
+    Names all = arguments;
+    all.insert(all.end(), {"--repair", "all"});
+    auto const result = folder.run(all);
+    ASSERT_EQ(result.status, 0) << result.errors;
+    for (char const* const name : {"open_cut1.stl", "open_cut2.stl"})
+        EXPECT_EQ(closedSolidFaults(folder.mesh(name)), "") << name;
+    auto const part = result.json()["parts"][0];
+    EXPECT_EQ(part["closed"], false);
+    EXPECT_EQ(part["repair"]["mended"][0]["kind"], "holes_closed");
+    EXPECT_NE(result.errors.find("open.stl: Holes closed: 1, near ("), std::string::npos);
+    EXPECT_EQ(folder.read("open.stl"), before);
+
+    // The original is written as it was read.
+    Names const section{"section",  "open.stl", "--center", "20,18,17.5", "--normal",       "0,0,1",
+                        "--repair", "all",      "--format", "ply",        "--keep-original"};
+    ASSERT_EQ(folder.run(section).status, 4);
+    EXPECT_EQ(closedSolidFaults(folder.mesh("open_cut1.ply")), "");
+    EXPECT_EQ(folder.mesh("open.ply").triangles.size(), folder.mesh("open.stl").triangles.size());
+}
+
+TEST(FreecutRepair, APartThatCannotBeMendedIsRefusedForWhatItIs)
+{
+    FreecutFolder folder;
+    folder.addStl(corpus::moebiusBand(40), "band.stl");
+    Names const arguments{"zcut", "band.stl", "--height", "0"};
+    auto const refused = folder.run(arguments);
+    EXPECT_EQ(refused.status, 1);
+    Names all = arguments;
+    all.insert(all.end(), {"--repair", "all"});
+    auto const result = folder.run(all);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.errors, refused.errors);
+    EXPECT_EQ(folder.files(), (Names{"band.stl"}));
 }
 
 TEST(FreecutRepair, EveryCuttingCommandMendsItsPiecesWhenAsked)

@@ -289,7 +289,16 @@ Job subtractNearCopy(Source const& source, std::string const& file)
 
 Job repair(Source const&, std::string const& file)
 {
-    return {{"repair", file}, {}, judge::sameSolidRule()};
+    return {{"repair", file}, {}, judge::sameSolidRule(), true};
+}
+
+Job zCutAndRepairAll(Source const& source, std::string const& file)
+{
+    Job job = zCut(source, file, commonHeight(source), true);
+    job.arguments.insert(job.arguments.end(), {"--repair", "all"});
+    job.rule.isPartition = false;
+    job.mends = true;
+    return job;
 }
 
 }  // namespace
@@ -311,7 +320,8 @@ std::vector<Operation> const& operations()
                                             {"subtract", subtract},
                                             {"split", split},
                                             {"less near copy", subtractNearCopy},
-                                            {"repair", repair}};
+                                            {"repair", repair},
+                                            {"zcut --repair all", zCutAndRepairAll}};
     return all;
 }
 

@@ -17,6 +17,8 @@ struct Job
     /// Files that it needs beside the part, by name.
     std::vector<std::pair<std::string, Soup>> tools;
     judge::Rule rule;
+    /// Whether no piece may have a flaw, even if the part has it, without a word that it was left.
+    bool mends = false;
 };
 
 struct Operation

@@ -70,12 +70,39 @@ judge::PieceFaults faultsOfWritten(judge::Source const& source, std::vector<Soup
     return other.wrong.empty() ? other : faults;
 }
 
+/// What is wrong with pieces of which a repair should have left nothing.
+std::string flawsOf(std::vector<Soup> const& pieces)
+{
+    std::string text;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        judge::SurfaceEdges const edges = judge::edgesOf(pieces[i]);
+        std::size_t const crossings = judge::crossingsOf(pieces[i]).total();
+        if (!edges.isClosed() || edges.flatTriangles + crossings > 0)
+            text += "piece " + std::to_string(i + 1) + ": " +
+                    std::to_string(edges.borders + edges.disagreeing) + " borders, " +
+                    std::to_string(edges.crowdedPaired + edges.crowdedUnpaired) +
+                    " edges of more, " + std::to_string(crossings) + " crossings; ";
+    }
+    return text;
+}
+
+void judgeMending(std::vector<Soup> const& pieces, std::string const& told, Trial& trial)
+{
+    std::string const flaws = flawsOf(pieces);
+    if (flaws.empty() || trial.result != Result::Ok)
+        return;
+    bool const isTold =
+        told.find(" left: ") != std::string::npos || told.find("not closed") != std::string::npos;
+    trial.result = isTold ? Result::Left : Result::Flawed;
+    trial.text = flaws + trimmed(told);
+}
+
 }  // namespace
 
 char const* nameOf(Result result)
 {
-    static constexpr char const* names[] = {"ok",    "refused",       "unknown", "flawed", "open",
-                                            "wrong", "out of memory", "timeout", "crash"};
+    static constexpr char const* names[] = {"ok",   "refused", "left",          "unknown", "flawed",
+                                            "open", "wrong",   "out of memory", "timeout", "crash"};
     return names[int(result)];
 }
 
@@ -109,9 +136,12 @@ Trial tryOut(Operation const& operation, judge::Source const& source, std::strin
         judgeFailure(outcome, fs::exists(out) && !fs::is_empty(out), trial);
         return trial;
     }
-    judge::PieceFaults const faults = faultsOfWritten(source, piecesIn(out), job.rule, samples);
+    std::vector<Soup> const pieces = piecesIn(out);
+    judge::PieceFaults const faults = faultsOfWritten(source, pieces, job.rule, samples);
     trial.result = worstOf(faults);
     trial.text = faults.wrong + faults.open + faults.flawed;
+    if (job.mends)
+        judgeMending(pieces, outcome.errors, trial);
     return trial;
 }
 

@@ -15,6 +15,8 @@ enum class Result
     Ok,
     /// Ended with an error, a sentence that says why, and no file left behind.
     Refused,
+    /// Flaws of the part that a repair could not mend without changing its shape, and has told of.
+    Left,
     /// The command line does not have the operation.
     Unknown,
     /// Pieces with crossings, edges of four or flat triangles, of a part that has none.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/common/ServiceCall.h"
+#include "platform/jobs/FlawException.h"
 #include "tests/cutjobs/ConsoleLines.h"
 
 #include <gtest/gtest.h>
@@ -12,10 +13,10 @@ using Lines = std::vector<std::string>;
 
 /// Runs a call that throws and returns what comes out: "abort: TEXT" or "failure: TEXT".
 template <typename Call>
-std::string outcomeOf(Call const& call, std::string& reason)
+std::string outcomeOf(Call const& call, CutFailure& failure)
 {
     try {
-        ServiceCall::run(reason, call);
+        ServiceCall::run(failure, call);
     } catch (Mell::AbortException const& abort) {
         return std::string("abort: ") + abort.what();
     } catch (char const* text) {
@@ -27,9 +28,10 @@ std::string outcomeOf(Call const& call, std::string& reason)
 template <typename Call>
 std::string outcomeOf(Call const& call)
 {
-    std::string reason = "untouched";
-    std::string const outcome = outcomeOf(call, reason);
-    EXPECT_EQ(reason, "untouched");
+    CutFailure failure;
+    failure.reason = "untouched";
+    std::string const outcome = outcomeOf(call, failure);
+    EXPECT_EQ(failure.reason, "untouched");
     return outcome;
 }
 
@@ -37,9 +39,9 @@ std::string outcomeOf(Call const& call)
 
 TEST(ServiceCall, ReturnsWhatTheCallReturns)
 {
-    std::string reason;
-    EXPECT_EQ(ServiceCall::run(reason, [] { return 7; }), 7);
-    EXPECT_EQ(reason, "");
+    CutFailure failure;
+    EXPECT_EQ(ServiceCall::run(failure, [] { return 7; }), 7);
+    EXPECT_EQ(failure.reason, "");
 }
 
 TEST(ServiceCall, TheUsersCancelStaysAnAbort)
@@ -60,11 +62,26 @@ TEST(ServiceCall, AnAbortWithAnotherTextIsAFailure)
 TEST(ServiceCall, EverythingElseIsAFailureWhoseReasonIsKeptAndLogged)
 {
     ConsoleLines const console;
-    std::string reason;
-    EXPECT_EQ(outcomeOf([] { throw Mell::Exception("The part is open."); }, reason), "failure: ");
-    EXPECT_EQ(reason, "The part is open.");
-    EXPECT_EQ(outcomeOf([] { throw std::runtime_error("no memory"); }, reason), "failure: ");
-    EXPECT_EQ(reason, "no memory");
+    CutFailure failure;
+    EXPECT_EQ(outcomeOf([] { throw Mell::Exception("The part is open."); }, failure), "failure: ");
+    EXPECT_EQ(failure.reason, "The part is open.");
+    EXPECT_EQ(outcomeOf([] { throw std::runtime_error("no memory"); }, failure), "failure: ");
+    EXPECT_EQ(failure.reason, "no memory");
     EXPECT_EQ(outcomeOf([] { throw 3; }), "failure: ");
     EXPECT_EQ(console.lines(), (Lines{"The part is open.", "no memory"}));
+}
+
+TEST(ServiceCall, APlaceThatIsNamedIsKeptWithItsReasonAndWithNoOther)
+{
+    ConsoleLines const console;
+    CutFailure failure;
+    UPoint3<float> const place(1, 2, 3);
+    EXPECT_EQ(outcomeOf([&] { throw Mell::FlawException("Open.", place, true); }, failure),
+              "failure: ");
+    EXPECT_EQ(failure.reason, "Open.");
+    EXPECT_EQ(failure.place, place);
+    EXPECT_TRUE(failure.repairMayHelp);
+    EXPECT_EQ(outcomeOf([] { throw Mell::Exception("No memory."); }, failure), "failure: ");
+    EXPECT_EQ(failure.place, std::nullopt);
+    EXPECT_FALSE(failure.repairMayHelp);
 }

@@ -5,6 +5,7 @@
 #include "tests/fuzz/FuzzParts.h"
 
 #include <cstdio>
+#include <ctime>
 
 namespace {
 
@@ -53,6 +54,7 @@ BrokenRuns::BrokenRuns(std::string const& operation, bool withInverted)
 
 bool BrokenRuns::run(unsigned seed)
 {
+    std::clock_t const start = std::clock();
     std::mt19937 random(seed);
     FuzzOperation const& operation = choose(random);
     Soup const part = makePart(random);
@@ -61,6 +63,7 @@ bool BrokenRuns::run(unsigned seed)
     Counts& counts = m_counts[operation.name];
     ++counts.runs;
     counts.refusals += trial.isRefused;
+    counts.seconds += double(std::clock() - start) / CLOCKS_PER_SEC;
     if (trial.faults.empty())
         return true;
     ++counts.failures;
@@ -102,6 +105,7 @@ unsigned long BrokenRuns::operations() const
 void BrokenRuns::printCounts() const
 {
     for (auto const& [name, counts] : m_counts)
-        std::printf("  %-10s %9lu runs, %7lu refused, %5lu failed\n", name.c_str(), counts.runs,
-                    counts.refusals, counts.failures);
+        std::printf("  %-10s %9lu runs, %7lu refused, %5lu failed, %7.2f ms each\n", name.c_str(),
+                    counts.runs, counts.refusals, counts.failures,
+                    1000 * counts.seconds / double(counts.runs));
 }

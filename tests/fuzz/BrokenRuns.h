@@ -19,7 +19,7 @@ public:
     bool run(unsigned seed);
 
     unsigned long operations() const;
-    /// A line per operation: runs, refusals, failures.
+    /// A line per operation: runs, refusals, failures, processor time for each run.
     void printCounts() const;
 
 private:
@@ -28,6 +28,7 @@ private:
         unsigned long runs = 0;
         unsigned long refusals = 0;
         unsigned long failures = 0;
+        double seconds = 0;
     };
 
     FuzzOperation const& choose(std::mt19937& random) const;

@@ -193,8 +193,8 @@ unsigned repeat(char const* kind, Runs& runs, Options const& options, unsigned s
         currentSeed = std::sig_atomic_t(seed);
         failures += !runs.run(seed);
     }
-    std::printf("%s: %lu operations in %u runs from seed %u, %u failures\n", kind,
-                runs.operations(), done, options.seed, failures);
+    std::printf("%s: %lu operations in %u runs from seed %u, %u failures; go on with --seed %u\n",
+                kind, runs.operations(), done, options.seed, failures, options.seed + done);
     return failures;
 }
 

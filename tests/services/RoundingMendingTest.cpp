@@ -177,7 +177,7 @@ TEST(RoundingMending, LongTrianglesAllAroundDoNotUseUpTheWork)
     for (std::size_t const tip : tips)
         isFree[tip] = true;
     StageProgress progress(nobody);
-    RoundingMending mending(operand, pieces, places, isFree, {100'000, 0});
+    RoundingMending mending(operand, pieces, places, isFree, {200'000, 0});
     EXPECT_TRUE(mending.run(progress).empty());
 }
 

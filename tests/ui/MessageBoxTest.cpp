@@ -147,14 +147,14 @@ TEST(MessageBox, AFailureSaysWhyInASecondParagraph)
         box.close();
     });
     MellMessageBox::failure(nullptr, "Attention", "An error occurred in triangulate.",
-                            "The part is open near (1, 2, 3).", "OK");
+                            "The part is open near (1, 2, 3).", {"OK"});
     EXPECT_EQ(QApplication::clipboard()->text(),
               "An error occurred in triangulate.\nThe part is open near (1, 2, 3).");
     whenOpen([](MellMessageBox& box) {
         EXPECT_FALSE(box.findChild<QLabel*>("Details")->isVisible());
         box.close();
     });
-    MellMessageBox::failure(nullptr, "Attention", "An error occurred in triangulate.", "", "OK");
+    MellMessageBox::failure(nullptr, "Attention", "An error occurred in triangulate.", "", {"OK"});
 }
 
 TEST(MessageBox, ALongListScrollsAndItsButtonsStayOnTheScreen)

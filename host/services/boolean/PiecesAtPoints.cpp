@@ -37,6 +37,11 @@ float unitOf(Point const& p)
     return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
 }
 
+Box boxAt(Point const& p)
+{
+    return {{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}};
+}
+
 Box grown(Box box, float reach)
 {
     for (std::size_t k = 0; k < 3; ++k) {
@@ -51,11 +56,16 @@ Box grown(Box box, float reach)
 PiecesAtPoints::PiecesAtPoints(OperandSoup const& soup,
                                std::vector<std::vector<PieceTriangle>> const& pieces,
                                std::vector<Point> const& places, std::vector<bool> const& isFree,
-                               std::size_t mostWork, StageProgress& progress)
-    : m_soup(soup), m_isFree(isFree), m_mostWork(mostWork), m_around(places.size())
+                               Work work, StageProgress& progress)
+    : m_soup(soup), m_isFree(isFree), m_limits(work), m_around(places.size())
 {
     m_mesh.points = places;
     Polling polling(progress);
+    for (std::vector<Point> const* const points : {&soup.mesh.points, &places})
+        for (Point const& p : *points) {
+            polling.step();
+            m_bounds.add(boxAt(p));
+        }
     for (std::size_t i = 0; i < pieces.size(); ++i)
         for (PieceTriangle const& t : pieces[i]) {
             polling.step();
@@ -94,14 +104,27 @@ bool PiecesAtPoints::mend(Pair const& pair, StageProgress& progress)
     bool isChanged = false;
     if (RoundingCrossings::isDeep(m_mesh, pair[0], pair[1]))
         return false;
-    for (int step = 0; step < mostStepsPerPair && m_work < m_mostWork; ++step) {
-        if (isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]))
-            break;
+    std::size_t const before = m_work;
+    auto const isMended = [&] {
+        return isGone(pair[0]) || isGone(pair[1]) || !doMeet(pair[0], pair[1]);
+    };
+    for (int step = 0; step < mostStepsPerPair && isWorthWork() && !isMended(); ++step) {
         if (!takeBestMove(pair, progress))
             break;
         isChanged = true;
     }
+    if (m_work > before)
+        (isMended() ? m_workOfMended : m_workInVain) += m_work - before;
     return isChanged;
+}
+
+/// Surfaces that lie on each other all over, as those of shells that hardly differ do, cannot be
+/// mended by moving points: there nearly all work is in vain, and nearly none where solids are sound.
+bool PiecesAtPoints::isWorthWork() const
+{
+    constexpr std::size_t vainForMended = 4;
+    return m_work < m_limits.most &&
+           m_workInVain < m_limits.mostInVain + vainForMended * m_workOfMended;
 }
 
 bool PiecesAtPoints::isFlat(std::size_t t) const
@@ -128,10 +151,8 @@ bool PiecesAtPoints::isTurned(std::size_t t) const
 PiecesAtPoints::Box PiecesAtPoints::boxOf(std::size_t t) const
 {
     Box box;
-    for (int k = 0; k < 3; ++k) {
-        Point const& p = m_mesh.point(t, k);
-        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    }
+    for (int k = 0; k < 3; ++k)
+        box.add(boxAt(m_mesh.point(t, k)));
     return box;
 }
 
@@ -312,8 +333,10 @@ std::vector<PiecesAtPoints::Move> PiecesAtPoints::movesOf(Index point) const
         for (int direction = 0; direction < 27; ++direction) {
             UVector3<float> const step(float(direction % 3 - 1), float(direction / 3 % 3 - 1),
                                        float(direction / 9 - 1));
-            if (direction != 13)
-                moves.push_back({point, from + step * (unit * float(units)), {}});
+            Point const place = from + step * (unit * float(units));
+            // A side that lies flat on the box stays flat, or bends inward.
+            if (direction != 13 && m_bounds.overlaps(boxAt(place)))
+                moves.push_back({point, place, {}});
         }
     return moves;
 }

@@ -17,12 +17,19 @@ public:
     using Point = UPoint3<float>;
     using Corners = MeshArrays::Corners;
 
-    /// isFree    by point number: whether a point may be moved
-    /// mostWork  tests of two boxes, of which a million take some milliseconds; beyond, no point is
-    ///           moved any more
+    /// Tests of two boxes, of which a million take some milliseconds; beyond, no point is moved any
+    /// more.
+    struct Work
+    {
+        std::size_t most = 0;
+        /// For pairs that go on meeting, beside what is in proportion to the work that mended others.
+        std::size_t mostInVain = 0;
+    };
+
+    /// isFree  by point number: whether a point may be moved
     PiecesAtPoints(OperandSoup const& soup, std::vector<std::vector<PieceTriangle>> const& pieces,
-                   std::vector<Point> const& places, std::vector<bool> const& isFree,
-                   std::size_t mostWork, StageProgress& progress);
+                   std::vector<Point> const& places, std::vector<bool> const& isFree, Work work,
+                   StageProgress& progress);
 
     std::vector<Point> const& places() const { return m_mesh.points; }
     /// By triangle, in the order of the pieces; one with two equal corners is gone.
@@ -63,6 +70,7 @@ private:
         std::size_t met = 0;
     };
 
+    bool isWorthWork() const;
     bool isGone(std::size_t triangle) const { return m_mesh.isCollapsed(triangle); }
     bool isFlat(std::size_t t) const;
     bool isTurned(std::size_t t) const;
@@ -93,7 +101,9 @@ private:
 
     OperandSoup const& m_soup;
     std::vector<bool> const& m_isFree;
-    std::size_t m_mostWork;
+    Work m_limits;
+    /// Of operands and pieces: no point is moved out of it.
+    Box m_bounds;
     MeshArrays m_mesh;
     std::vector<Source> m_sources;
     std::vector<std::vector<std::size_t>> m_around;
@@ -103,4 +113,7 @@ private:
     /// What looking at all that a move of this point may change is taken for.
     std::size_t m_workPerMove = 0;
     std::size_t m_work = 0;
+    /// What of the work mended pairs, and what was done for pairs that go on meeting.
+    std::size_t m_workOfMended = 0;
+    std::size_t m_workInVain = 0;
 };

@@ -96,7 +96,8 @@ std::optional<Flaw> nearestFlaw(MeshArrays const& operand, std::optional<Point> 
             : QCoreApplication::translate("Services",
                                           "The tool crosses itself near (%1, %2, %3), so that the "
                                           "two could not be combined. Repair it and cut again.");
-    throw OperandError(operand == Operand::second, withPlace(text, flaw.place).toStdString());
+    throw OperandError(operand == Operand::second, withPlace(text, flaw.place).toStdString(),
+                       flaw.place);
 }
 
 }  // namespace
@@ -111,7 +112,7 @@ void Refusal::throwOpen(Operand operand, Point const& place)
             : QCoreApplication::translate("Services",
                                           "The tool is open where the two meet, near (%1, %2, "
                                           "%3). Repair it and cut again.");
-    throw OperandError(operand == Operand::second, withPlace(text, place).toStdString());
+    throw OperandError(operand == Operand::second, withPlace(text, place).toStdString(), place);
 }
 
 void Refusal::throwNotFinite(Operand operand, std::optional<Point> const& place)
@@ -134,18 +135,20 @@ void Refusal::throwNotFinite(Operand operand, std::optional<Point> const& place)
                                           "The tool has a point whose coordinates are no numbers. "
                                           "Repair it and cut again.");
     throw OperandError(operand == Operand::second,
-                       (place ? withPlace(text, *place) : text).toStdString());
+                       (place ? withPlace(text, *place) : text).toStdString(), place);
 }
 
 void Refusal::throwFlat(Point const& place)
 {
-    throw OperandError(false, withPlace(QCoreApplication::translate(
-                                            "Services",
-                                            "The part has triangles without area that cannot be "
-                                            "removed, near (%1, %2, %3). Repair it and cut "
-                                            "again."),
-                                        place)
-                                  .toStdString());
+    throw OperandError(
+        false,
+        withPlace(QCoreApplication::translate("Services",
+                                              "The part has triangles without area that cannot be "
+                                              "removed, near (%1, %2, %3). Repair it and cut "
+                                              "again."),
+                  place)
+            .toStdString(),
+        place);
 }
 
 void Refusal::throwTooMuch()
@@ -175,5 +178,5 @@ void Refusal::throwNotCombined(MeshArrays const& part, MeshArrays const& tool,
               : QCoreApplication::translate("Services",
                                             "The two solids could not be combined. Move one of "
                                             "them a little and cut again.");
-    throw Mell::Exception(text.toStdString());
+    throw Mell::FlawException(text.toStdString(), place, false);
 }

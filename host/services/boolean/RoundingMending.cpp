@@ -52,19 +52,24 @@ std::vector<Point> RoundingMending::run(StageProgress& progress)
                 boxes.push_back(widened(box));
             }
         }
-        if (left.empty() || isTooMuch || !isChanged || pass == mostPasses)
+        if (left.empty() || isTooMuch || !isChanged || pass == (isMendedWhole() ? 1 : mostPasses))
             return left;
         isChanged = mendWithin(cellsOf(std::move(boxes)), progress);
     }
 }
 
-/// The cells in which to mend: those of some boxes, or all of small pieces.
-BoxCells RoundingMending::cellsOf(std::vector<Box> boxes) const
+bool RoundingMending::isMendedWhole() const
 {
     std::size_t triangles = 0;
     for (std::vector<PieceTriangle> const& piece : m_pieces)
         triangles += piece.size();
-    if (triangles <= mostAtOnce)
+    return triangles <= mostAtOnce;
+}
+
+/// The cells in which to mend: those of some boxes, or all of small pieces.
+BoxCells RoundingMending::cellsOf(std::vector<Box> boxes) const
+{
+    if (isMendedWhole())
         for (std::vector<PieceTriangle> const& piece : m_pieces)
             for (PieceTriangle const& t : piece)
                 boxes.push_back(boxOf(t.corners, m_places));
@@ -88,7 +93,9 @@ bool RoundingMending::mendWithin(BoxCells const& cells, StageProgress& progress)
     for (std::vector<PieceTriangle> const& piece : excerpt.pieces)
         triangles += piece.size();
     PiecesAtPoints pieces(m_soup, excerpt.pieces, excerpt.places, isFree,
-                          m_limits.work + m_limits.workPerTriangle * triangles, progress);
+                          {m_limits.work + m_limits.workPerTriangle * triangles,
+                           m_limits.vainWork + m_limits.vainWorkPerTriangle * triangles},
+                          progress);
     bool isAnyChanged = false;
     bool isChanged = true;
     for (int round = 0; round < mostRounds && isChanged; ++round) {

@@ -27,6 +27,9 @@ public:
     {
         std::size_t work = 50'000'000;
         std::size_t workPerTriangle = 1000;
+        /// The same for pairs that cannot be mended, beside four times what mended others.
+        std::size_t vainWork = 1'000'000;
+        std::size_t vainWorkPerTriangle = 100;
     };
 
     /// soup    of the operands
@@ -53,6 +56,7 @@ public:
     std::vector<UPoint3<float>> run(StageProgress& progress);
 
 private:
+    bool isMendedWhole() const;
     BoxCells cellsOf(std::vector<TriangleTree::Box> boxes) const;
     bool mendWithin(BoxCells const& cells, StageProgress& progress);
 

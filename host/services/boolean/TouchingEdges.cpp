@@ -157,7 +157,8 @@ void TouchingEdges::separate(std::span<Use> uses)
         return isOfOperand(use) && m_soup.operandOf(m_piece[use.triangle].triangle) ==
                                        m_soup.operandOf(m_piece[uses[0].triangle].triangle);
     };
-    if (!areOfOneEdge(uses) || std::all_of(uses.begin(), uses.end(), isAsInSame))
+    bool const isKept = m_which == Which::made && std::all_of(uses.begin(), uses.end(), isAsInSame);
+    if (isKept || !areOfOneEdge(uses))
         return;
     for (Use& use : uses)
         use.triangle = holderOf(use);

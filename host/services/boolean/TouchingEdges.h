@@ -25,15 +25,21 @@
 class TouchingEdges
 {
 public:
+    /// Which edges are taken apart.
+    enum class Which
+    {
+        all,
+        /// Those that an operand has stay as they are.
+        made,
+    };
+
     /// piece   grows by two triangles for every edge that is led aside
     /// places  by point number; grows by the new points
     TouchingEdges(OperandSoup const& soup, std::vector<PieceTriangle>& piece,
-                  std::vector<UPoint3<float>>& places)
-        : m_soup(soup), m_piece(piece), m_places(places)
+                  std::vector<UPoint3<float>>& places, Which which = Which::made)
+        : m_soup(soup), m_piece(piece), m_places(places), m_which(which)
     {}
 
-    /// Leaves the edges that an operand has as they are.
-    ///
     /// isAtCurve  by point number: where surfaces met or points became one. Only edges between the
     ///            places of two such points are looked at.
     /// cost       some nanoseconds per triangle, and microseconds for each edge found
@@ -77,6 +83,7 @@ private:
     OperandSoup const& m_soup;
     std::vector<PieceTriangle>& m_piece;
     std::vector<Place>& m_places;
+    Which m_which;
     /// The triangles that were cut off others, by these.
     std::unordered_multimap<std::size_t, std::size_t> m_cutOff;
     /// Of new points.

@@ -8,7 +8,7 @@
 #include "host/services/planecut/SectionRounding.h"
 #include "host/services/planecut/SectionSampling.h"
 #include "host/services/planecut/SectionWalls.h"
-#include "platform/jobs/Exceptions.h"
+#include "platform/jobs/FlawException.h"
 
 #include <QCoreApplication>
 
@@ -52,7 +52,7 @@ std::function<void(int)> stageOf(std::function<void(int)> const& progress, int b
                                           "Triangles of the part face different ways where the "
                                           "plane meets it, near (%1, %2, %3). Repair the part and "
                                           "cut again.");
-    throw Mell::Exception(withPlace(text, fault.place).toStdString());
+    throw Mell::FlawException(withPlace(text, fault.place).toStdString(), fault.place, true);
 }
 
 class PlaneCutter

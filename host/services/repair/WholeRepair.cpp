@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/repair/WholeRepair.h"
 
+#include "host/services/boolean/LayerUnion.h"
 #include "host/services/exact/SurfaceMending.h"
 #include "host/services/repair/CrossingMending.h"
 #include "host/services/repair/CrossingPairs.h"
 #include "host/services/repair/EdgeFlaws.h"
+#include "host/services/repair/EdgeSeparation.h"
 #include "host/services/repair/MeshRegion.h"
 #include "host/services/repair/OrientationMending.h"
 #include "host/services/repair/RepairNotes.h"
@@ -12,6 +14,7 @@
 #include "host/services/repair/SoupMending.h"
 #include "host/services/repair/SurfaceFaults.h"
 #include "host/services/repair/TriangleDifference.h"
+#include "host/services/repair/WallRemoval.h"
 
 #include <algorithm>
 #include <utility>
@@ -57,6 +60,12 @@ void WholeRepair::judge(int from, int to)
 
 bool WholeRepair::run()
 {
+    bool const isMended = mendFlaws();
+    return takeApart() || isMended;
+}
+
+bool WholeRepair::mendFlaws()
+{
     MeshArrays const original = m_mesh;
     MeshErrors const errors = m_errors;
     m_errorsLeft = errors.counts.total();
@@ -91,6 +100,7 @@ void WholeRepair::mend()
     if (isSurfaceMended && hasSurfaceErrors(m_errors.counts)) {
         mendSoup();
         setOneSidedAside();
+        dropWalls();
         mendOrientation();
         closeSurface();
         removeFlat();
@@ -102,6 +112,8 @@ void WholeRepair::mend()
     putAsideBack();
     if (!m_isJudged)
         judge(85, 95);
+    uniteLayers();
+    forgetWhatIsGone();
     noteRest(reasons::gaps());
 }
 
@@ -137,6 +149,17 @@ void WholeRepair::putAsideBack()
     m_aside.clear();
     m_hasOneSided = true;
     m_isJudged = false;
+}
+
+/// Before holes are closed, for the border of a wall is none.
+void WholeRepair::dropWalls()
+{
+    WallRemoval walls = withoutWalls(m_mesh, m_stages);
+    Outcomes outcomes;
+    outcomes.emplace_back(Flaw::duplicateTriangle, std::move(walls.copies));
+    outcomes.emplace_back(Flaw::turnedTriangle, std::move(walls.turned));
+    outcomes.emplace_back(Flaw::superfluousShell, std::move(walls.walls));
+    take(std::move(walls.mesh), outcomes);
 }
 
 void WholeRepair::mendOrientation()
@@ -253,6 +276,87 @@ void WholeRepair::mendCrossings()
         return;
     splitFans(m_mesh, m_stages);
     m_isJudged = false;
+}
+
+/// The last resort for crossings that could not be resolved where they are: what they divide is all
+/// put together anew.
+void WholeRepair::uniteLayers()
+{
+    Errors::Counts const counts = m_errors.counts;
+    if (counts.selfIntersections == 0 || counts.borderEdges + counts.inconsistentEdges > 0)
+        return;
+    m_stages.begin(85, 90, 1);
+    auto candidate = unitedLayers(m_mesh, m_stages);
+    if (!candidate || candidate->triangles.empty() || !prove(*candidate).isKept)
+        return;
+    MeshArrays before = std::exchange(m_mesh, std::move(*candidate));
+    MeshErrors errors = std::exchange(m_errors, {});
+    splitFans(m_mesh, m_stages);
+    judge(90, 95);
+    if (m_errors.counts.total() >= counts.total()) {
+        m_mesh = std::move(before);
+        m_errors = std::move(errors);
+        return;
+    }
+    std::size_t pairs = counts.selfIntersections - m_errors.counts.selfIntersections;
+    for (std::size_t t = 0; t < errors.intersections.isInvolved.size(); ++t)
+        if (errors.intersections.isInvolved[t])
+            noteMended(m_report, Flaw::crossing, std::exchange(pairs, 0), before.point(t, 0));
+}
+
+/// Bodies that touch along an edge are sound by their vertices, but files know places only.
+bool WholeRepair::takeApart()
+{
+    std::size_t const errors = m_errors.counts.total();
+    Places const places = fullEdges(m_mesh, m_errors.counts.nonManifoldEdges > 0, m_stages);
+    if (places.empty())
+        return false;
+    MeshArrays candidate = m_mesh;
+    separateEdges(candidate, m_stages);
+    std::size_t const left = fullEdges(candidate, true, m_stages).size();
+    if (left >= places.size() || !prove(candidate).isKept)
+        return false;
+    MeshArrays before = std::exchange(m_mesh, std::move(candidate));
+    splitFans(m_mesh, m_stages);
+    judge(95, 95);
+    if (m_errors.counts.total() > errors) {
+        m_mesh = std::move(before);
+        m_isJudged = false;
+        return false;
+    }
+    m_errorsLeft = m_errors.counts.total();
+    for (MeshArrays::Point const& place : fewer(places, left))
+        noteMended(m_report, Flaw::crowdedEdge, 1, place);
+    forgetWhatIsGone();
+    return true;
+}
+
+/// What one step has left a later one may have mended.
+void WholeRepair::forgetWhatIsGone()
+{
+    Errors::Counts const& counts = m_errors.counts;
+    std::erase_if(m_report.left, [&](Repair::Report::Item const& item) {
+        switch (item.flaw) {
+            case Flaw::degenerateTriangle:
+                return counts.degenerateTriangles == 0;
+            case Flaw::duplicateTriangle:
+                return counts.duplicateTriangles == 0;
+            case Flaw::turnedTriangle:
+            case Flaw::inconsistentEdge:
+                return counts.inconsistentEdges + counts.misorientedShells == 0;
+            case Flaw::hole:
+            case Flaw::openSeam:
+                return counts.borderEdges == 0;
+            case Flaw::crossing:
+                return counts.selfIntersections == 0;
+            case Flaw::turnedShell:
+            case Flaw::superfluousShell:
+                return counts.misorientedShells == 0;
+            case Flaw::crowdedEdge:
+                return counts.nonManifoldEdges == 0;
+        }
+        return false;
+    });
 }
 
 /// Takes over what a step has made, if it has made anything and the shape is kept.

@@ -43,20 +43,25 @@ private:
     /// What a step would have done.
     using Outcomes = std::vector<std::pair<Repair::Flaw, Places>>;
 
+    bool mendFlaws();
+    bool takeApart();
     void mend();
     void setOneSidedAside();
     void putAsideBack();
     void mendSoup();
+    void dropWalls();
     void mendOrientation();
     void closeSurface();
     void removeFlat();
     void mendShells();
     void mendCrossings();
+    void uniteLayers();
     bool take(MeshArrays candidate, Outcomes const& outcomes);
     void takeClosed(MeshArrays candidate, SurfaceFaults const& before);
     ShapeProof::Verdict prove(MeshArrays const& candidate);
     void judge(int from, int to);
     Places newCrossings(MeshArrays const& candidate);
+    void forgetWhatIsGone();
     void noteRest(std::string const& reason);
     void noteAllLeft(Repair::Report const& tried);
 

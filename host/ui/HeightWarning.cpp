@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/ui/HeightWarning.h"
+
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/Theme.h"
+
+#include <QEvent>
+
+HeightWarning::HeightWarning(QWidget* parent) : QLabel(parent)
+{
+    setObjectName(QStringLiteral("HeightWarning"));
+    setWordWrap(true);
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignHCenter);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    setColor();
+    hide();
+}
+
+void HeightWarning::setColor()
+{
+    QPalette colors = palette();
+    colors.setColor(foregroundRole(), themeColor("caution"));
+    setPalette(colors);
+}
+
+void HeightWarning::refresh(Base::Document const* document, float height)
+{
+    auto const* const parts = dynamic_cast<Mesh::Document const*>(document);
+    auto chosen = parts ? parts->getSelectedMeshObjects() : std::vector<Mesh::DocumentObject*>();
+    bool const isSelection = !chosen.empty();
+    if (parts && !isSelection)
+        chosen = parts->getPartList();
+    int missed = 0;
+    QString first;
+    for (Mesh::DocumentObject const* const part : chosen) {
+        UBox3<float> const box = part->getBoundingBox();
+        if (!box.Isnullptr() && height > box.MinZ() && height < box.MaxZ())
+            continue;
+        if (missed++ == 0)
+            first = QString::fromStdString(part->getName());
+    }
+    // What is not selected is not going to be cut.
+    if (!isSelection && missed < int(chosen.size()))
+        missed = 0;
+    show(missed, int(chosen.size()), first);
+}
+
+void HeightWarning::show(int missed, int parts, QString const& first)
+{
+    if (missed == m_missed && parts == m_parts && first == m_first)
+        return;
+    m_missed = missed;
+    m_parts = parts;
+    m_first = first;
+    setVisible(missed > 0);
+    //: Beside the height, in a narrow column: of how many parts how many are missed.
+    setText(missed == parts ? tr("meets no part") : tr("misses %1 of %2").arg(missed).arg(parts));
+    setToolTip(missed == 1
+                   ? tr("A cut at this height does not meet %1.").arg(first)
+                   : tr("A cut at this height does not meet %1 and %n more.", nullptr, missed - 1)
+                         .arg(first));
+}
+
+void HeightWarning::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        int const missed = std::exchange(m_missed, -1);
+        show(missed, m_parts, QString(m_first));
+    } else if (event->type() == QEvent::StyleChange) {
+        setColor();
+    }
+    QLabel::changeEvent(event);
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+
+namespace Base {
+class Document;
+}
+
+/// Says beside the height that a cut there would not meet the selected parts, or where nothing is
+/// selected any part; hidden where it meets them all. The tip has the names.
+class HeightWarning : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit HeightWarning(QWidget* parent);
+
+    /// document  null for none
+    /// height    in world millimetres
+    void refresh(Base::Document const* document, float height);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void show(int missed, int parts, QString const& first);
+    void setColor();
+
+    int m_missed = 0;
+    int m_parts = 0;
+    QString m_first;
+};
