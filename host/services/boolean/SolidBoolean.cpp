@@ -87,6 +87,7 @@ private:
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
+        m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
         gatherSoup(copies);
         setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
@@ -218,6 +219,7 @@ private:
         WindingSources sources;
         sources.known = m_known;
         sources.anchors = m_anchors;
+        sources.isFirstInDoubt = m_isPartInDoubt;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
         sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
@@ -512,6 +514,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Whether the part's edges tell that it may be open, and its results are not checked.
+    bool m_isPartInDoubt = false;
     /// Whether a line through a point tells that the part is open.
     bool m_isPartOpen = false;
     /// Where results were seen to be wrong.
