@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-// Walls in parts that are too large for results to be held against them.
+// Operands out of order where neither a contact nor a line through a corner tells.
 namespace {
 
 /// Each triangle divided into four at the middles of its edges.
@@ -76,5 +76,26 @@ TEST(PartInDoubt, ASheetThatTheToolPassesInItsMiddleIsRefused)
                       std::string::npos)
                 << refusal.what();
         }
+    }
+}
+
+// All of the tool's other triangles reach into the part, and the one that is turned does not: they
+// must not be turned in its stead.
+TEST(PartInDoubt, ATurnedTriangleOfTheToolBesideThePartIsTurnedBack)
+{
+    Soup const part = box(20, 20, 20);
+    for (std::size_t t = 0; t < 12; ++t) {
+        Soup tool = box(30, 10, 10, {-5, -0.0005f, 7});
+        double const volume = volumeOf(combined(part, tool, Intersect::BOOLEAN_SUBTRACT));
+        std::swap(tool.triangles[t][0], tool.triangles[t][1]);
+        Soup rest;
+        try {
+            rest = combined(part, tool, Intersect::BOOLEAN_SUBTRACT);
+        } catch (Mell::Exception const&) {
+            ADD_FAILURE() << "refused " << t;
+            continue;
+        }
+        EXPECT_EQ(closedSolidFaults(rest), "") << t;
+        EXPECT_NEAR(volumeOf(rest), volume, 1e-3) << t;
     }
 }

@@ -30,6 +30,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <optional>
 #include <tuple>
@@ -402,18 +403,21 @@ private:
         return results;
     }
 
-    /// The same for operands put in order where they may meet; nothing if they are. A result that is
-    /// the part as it was keeps what is out of order.
+    /// The same for operands put in order, the part where they may meet and the tool everywhere, for
+    /// all of it tells what is solid; nothing if they are. A result that is the part as it was keeps
+    /// what is out of order.
     std::optional<std::vector<BooleanResult>> combineInOrder()
     {
         TriangleTree::Box boxOfTool;
         for (UPoint3<float> const& p : m_tool.mesh.points)
             boxOfTool.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        constexpr float much = std::numeric_limits<float>::max();
+        TriangleTree::Box const everywhere{{-much, -much, -much, 0}, {much, much, much, 0}};
         auto const tool = toolKernel();
         auto const orderlyPart =
             operandInOrder(m_partKernel, Operand::first, boxOfTool, !m_survey, m_progress);
         auto const orderlyTool =
-            operandInOrder(*tool, Operand::second, boxOfPart(), !m_survey, m_progress);
+            operandInOrder(*tool, Operand::second, everywhere, !m_survey, m_progress);
         if (!orderlyPart && !orderlyTool)
             return {};
         std::function<void(int)> const rest = [this](int percent) {
