@@ -7,6 +7,7 @@
 #include "app/parts/PartPlacement.h"
 #include "app/view/ViewAppearance.h"
 #include "app/window/WindowPanels.h"
+#include "platform/jobs/ConsoleSingleton.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/CutView.h"
 #include "platform/ui/MainWindow.h"
@@ -99,6 +100,19 @@ private:
     QPointer<ViewAppearance> m_appearance;
 };
 
+void layFlat(Mesh::Document& document)
+{
+    PartPlacement::Parts left;
+    PartPlacement::layOnLargestFace(document, document.getSelectedMeshObjects(), left);
+    for (Mesh::DocumentObject const* const part : left)
+        Base::ConsoleSingleton::Instance().Log(
+            QCoreApplication::translate(
+                "PartPlacement",
+                "%1 has no flat face to stand on. Choose one by Lay Flat on a Face.")
+                .arg(QString::fromStdString(part->getName()))
+                .toStdString());
+}
+
 void registerPlacement(Base::CommandManager& manager)
 {
     manager.addCommand(new PartsCommand(
@@ -117,6 +131,14 @@ void registerPlacement(Base::CommandManager& manager)
         [](Mesh::Document& document) {
             PartPlacement::centreOnPlate(document, document.getSelectedMeshObjects());
         }));
+    manager.addCommand(new PartsCommand(
+        "Std_LayFlat",
+        {QT_TRANSLATE_NOOP("HostCommand", "&Lay on the Largest Flat Face"),
+         QT_TRANSLATE_NOOP("HostCommand",
+                           "Turn each selected part until its largest flat face, such as that of a "
+                           "cut, lies on the plate."),
+         "app_lay_flat", "Shift+L"},
+        layFlat));
 }
 
 }  // namespace

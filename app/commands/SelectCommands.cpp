@@ -3,6 +3,7 @@
 
 #include "app/commands/CheckableCommand.h"
 #include "app/parts/PartEdits.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -161,4 +162,11 @@ void registerSelectCommands(Base::CommandManager& manager)
          QT_TRANSLATE_NOOP("HostCommand", "Show the coordinates of a point that you click."),
          "app_pick", "I"},
         "Mesh::PointPickerMesh"));
+    FaceDownTool::init();
+    manager.addCommand(new MouseToolCommand(
+        "Std_FaceDown",
+        {QT_TRANSLATE_NOOP("HostCommand", "Lay Flat on a &Face"),
+         QT_TRANSLATE_NOOP("HostCommand", "Lay a part on the plate with the face that you click."),
+         "app_face_down", "L"},
+        FaceDownTool::name));
 }

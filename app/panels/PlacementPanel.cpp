@@ -2,7 +2,9 @@
 #include "app/panels/PlacementPanel.h"
 
 #include "app/jobs/JobGuard.h"
+#include "app/panels/AxisButtons.h"
 #include "app/panels/PanelIcon.h"
+#include "app/panels/ScaleFields.h"
 #include "app/panels/VectorFields.h"
 #include "platform/ui/DocumentFollower.h"
 #include "platform/ui/MellComboBox.h"
@@ -40,6 +42,7 @@ PlacementPanel::PlacementPanel(QWidget* parent)
     setObjectName("PlacementPanel");
     build();
     connectEdits();
+    connectShaping();
     connect(m_follower, &DocumentFollower::changed, this, &PlacementPanel::refresh);
     connect(m_follower, &DocumentFollower::replaced, this, &PlacementPanel::refresh);
     connect(JobGuard::instance(), &JobGuard::busyChanged, this, &PlacementPanel::refresh);
@@ -62,11 +65,17 @@ void PlacementPanel::build()
     }
     m_move = new PushButtonAnimate({}, this);
     m_rotate = new PushButtonAnimate({}, this);
+    m_turns = new AxisButtons(this);
+    m_turnsBack = new AxisButtons(this);
+    m_mirror = new AxisButtons(this);
+    m_scale = new ScaleFields(this);
     m_drop = new PushButtonAnimate({}, this);
     m_centre = new PushButtonAnimate({}, this);
     m_positionGroup = groupOf({m_reference, m_position}, m_content);
     m_moveGroup = groupOf({m_offset, m_move}, m_content);
-    m_rotateGroup = groupOf({m_angles, m_rotate}, m_content);
+    m_rotateGroup = groupOf({m_angles, m_rotate, m_turns, m_turnsBack}, m_content);
+    m_scaleGroup = groupOf({m_scale}, m_content);
+    m_mirrorGroup = groupOf({m_mirror}, m_content);
 
     auto* const content = new MellVBoxLayout(m_content);
     content->addWidget(m_positionGroup);
@@ -75,6 +84,8 @@ void PlacementPanel::build()
     // Beside each other they would make the panel wide in languages with long words.
     content->addWidget(m_drop);
     content->addWidget(m_centre);
+    content->addWidget(m_scaleGroup);
+    content->addWidget(m_mirrorGroup);
 
     auto* const layout = new MellVBoxLayout(this);
     int const margin = themePixels("dialogWidegtMargin");
@@ -123,6 +134,27 @@ void PlacementPanel::connectEdits()
     connect(m_centre, &QPushButton::clicked, this, [this] { edit(PartPlacement::centreOnPlate); });
 }
 
+void PlacementPanel::connectShaping()
+{
+    for (bool const isBackwards : {false, true})
+        connect(&quarterTurns(isBackwards), &AxisButtons::clicked, this,
+                [this, isBackwards](int axis) {
+                    edit([&](Mesh::Document& document, PartPlacement::Parts const& turned) {
+                        PartPlacement::quarterTurn(document, turned, axis, isBackwards);
+                    });
+                });
+    connect(m_mirror, &AxisButtons::clicked, this, [this](int axis) {
+        edit([&](Mesh::Document& document, PartPlacement::Parts const& mirrored) {
+            PartPlacement::mirror(document, mirrored, axis);
+        });
+    });
+    connect(m_scale, &ScaleFields::wanted, this, [this](UVector3<double> const& factors) {
+        edit([&](Mesh::Document& document, PartPlacement::Parts const& scaled) {
+            PartPlacement::scale(document, scaled, factors);
+        });
+    });
+}
+
 void PlacementPanel::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
@@ -142,6 +174,12 @@ void PlacementPanel::retranslate()
     m_reference->setAccessibleName(tr("Point that the position gives"));
     m_move->setText(tr("Move"));
     m_rotate->setText(tr("Turn"));
+    m_turns->setTexts(tr("%1 +90°"), tr("Turn by 90 degrees about %1"));
+    m_turnsBack->setTexts(tr("%1 −90°"), tr("Turn back by 90 degrees about %1"));
+    m_scaleGroup->setTitle(tr("Size"));
+    m_scale->retranslate();
+    m_mirrorGroup->setTitle(tr("Mirror Along"));
+    m_mirror->setTexts(QStringLiteral("%1"), tr("Mirror along %1"));
     m_drop->setText(tr("Drop to Plate"));
     m_centre->setText(tr("Centre on Plate"));
     refresh();
@@ -182,8 +220,11 @@ void PlacementPanel::refresh()
     m_content->setToolTip(why);
     m_drop->setIcon(panelIcon("app_drop"));
     m_centre->setIcon(panelIcon("app_plate"));
-    if (PartPlacement::boxOf(parts()).Isnullptr())
+    UBox3<float> const box = PartPlacement::boxOf(parts());
+    if (box.Isnullptr())
         return;
+    UVector3<float> const size = box.max - box.min;
+    m_scale->showSize({size.X(), size.Y(), size.Z()});
     UPoint3<float> const point = referencePoint();
     m_position->setValues({point.X(), point.Y(), point.Z()});
 }

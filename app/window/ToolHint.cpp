@@ -2,6 +2,7 @@
 #include "app/window/ToolHint.h"
 
 #include "app/commands/HostCommand.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 
@@ -15,6 +16,8 @@ char const* const rectangleHint = QT_TRANSLATE_NOOP(
     "the tool.");
 char const* const pickHint = QT_TRANSLATE_NOOP(
     "StatusLine", "Click on a part to see the coordinates of that point. Esc ends the tool.");
+char const* const faceDownHint = QT_TRANSLATE_NOOP(
+    "StatusLine", "Click on the face of a part that is to lie on the plate. Esc ends the tool.");
 char const* const otherHint = QT_TRANSLATE_NOOP("StatusLine", "Esc ends the tool.");
 //: The name of a tool and what a click does, a whole sentence.
 char const* const commandHint = QT_TRANSLATE_NOOP("StatusLine", "%1: %2 Esc ends the tool.");
@@ -47,6 +50,8 @@ QString toolHint(std::string const& toolClass, Base::CommandManager const& comma
         return translated(rectangleHint);
     if (toolClass == "Mesh::PointPickerMesh")
         return translated(pickHint);
+    if (toolClass == FaceDownTool::name)
+        return translated(faceDownHint);
     Base::Command const* const command = pressedCommand(commands);
     if (!command)
         return translated(otherHint);

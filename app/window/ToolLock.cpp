@@ -2,6 +2,7 @@
 #include "app/window/ToolLock.h"
 
 #include "app/jobs/JobGuard.h"
+#include "app/tools/FaceDownTool.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 
@@ -27,7 +28,8 @@ bool ToolLock::escape()
 bool ToolLock::isModulesToolRunning() const
 {
     std::string const tool = m_view.getInteractModeName();
-    return !tool.empty() && tool != "Base::RectangleSelection" && tool != "Mesh::PointPickerMesh";
+    return !tool.empty() && tool != "Base::RectangleSelection" && tool != "Mesh::PointPickerMesh" &&
+           tool != FaceDownTool::name;
 }
 
 void ToolLock::refuse()

@@ -52,8 +52,8 @@ void GLView::setProjection(GLCamera::Projection projection)
 void GLView::applyProjection()
 {
     std::string const tool = getInteractModeName();
-    bool const isFree =
-        tool.empty() || tool == "Mesh::PointPickerMesh" || tool == "Base::RectangleSelection";
+    bool const isFree = tool.empty() || tool == "Mesh::PointPickerMesh" ||
+                        tool == "Base::RectangleSelection" || tool == "FaceDownTool";
     m_camera->setProjection(isFree ? m_projection : GLCamera::Projection::Parallel);
     update();
 }

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AutoSave</name>
+    <message>
+        <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
+        <translation>Nicht gespeicherte Änderungen können nicht für eine Wiederherstellung aufgehoben werden; speichern Sie das Projekt bald.</translation>
+    </message>
+</context>
+<context>
     <name>CheckReport</name>
     <message>
         <source>1 open edge</source>
@@ -996,6 +1003,25 @@
         <source>There is not enough free memory; close other programs and try again.</source>
         <translation>Der freie Speicher reicht nicht; andere Programme schließen und noch einmal versuchen.</translation>
     </message>
+    <message>
+        <source>Saved %1.</source>
+        <translation>%1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>Exported %1.</source>
+        <translation>%1 exportiert.</translation>
+    </message>
+    <message>
+        <source>Left out as hidden: %1.</source>
+        <translation>Weil ausgeblendet, ausgelassen: %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %n files.</source>
+        <translation>
+            <numerusform>%n Datei exportiert.</numerusform>
+            <numerusform>%n Dateien exportiert.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Drawings</name>
@@ -1124,6 +1150,10 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Hidden parts too: %1</source>
+        <translation>Auch ausgeblendete Bauteile: %1</translation>
     </message>
 </context>
 <context>
@@ -1630,6 +1660,21 @@
     </message>
 </context>
 <context>
+    <name>Freecut::MissedParts</name>
+    <message>
+        <source>The plane does not meet %1.</source>
+        <extracomment>%1 is the name of a part.</extracomment>
+        <translation>Die Ebene trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Die Ebene trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Die Ebene trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Freecut::PictureTip</name>
     <message>
         <source>Radius of the pins. Their holes are wider by the side clearance.</source>
@@ -1916,6 +1961,29 @@
     <message>
         <source>Shows on the parts where they would be cut.</source>
         <translation>Zeigt auf den Bauteilen, wo sie geschnitten würden.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightWarning</name>
+    <message>
+        <source>meets no part</source>
+        <extracomment>Beside the height, in a narrow column: of how many parts how many are missed.</extracomment>
+        <translation>trifft kein Bauteil</translation>
+    </message>
+    <message>
+        <source>misses %1 of %2</source>
+        <translation>trifft %1 von %2 nicht</translation>
+    </message>
+    <message>
+        <source>A cut at this height does not meet %1.</source>
+        <translation>Ein Schnitt in dieser Höhe trifft %1 nicht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weiteres nicht.</numerusform>
+            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weitere nicht.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2342,6 +2410,22 @@
     <message>
         <source>&amp;Redo: edit of the tool</source>
         <translation>&amp;Wiederholen: Änderung am Werkzeug</translation>
+    </message>
+    <message>
+        <source>&amp;Lay on the Largest Flat Face</source>
+        <translation>Auf die größte ebene Fläc&amp;he legen</translation>
+    </message>
+    <message>
+        <source>Turn each selected part until its largest flat face, such as that of a cut, lies on the plate.</source>
+        <translation>Jedes ausgewählte Bauteil drehen, bis seine größte ebene Fläche, etwa die eines Schnitts, auf der Platte liegt.</translation>
+    </message>
+    <message>
+        <source>Lay Flat on a &amp;Face</source>
+        <translation>Auf eine Fläche &amp;legen</translation>
+    </message>
+    <message>
+        <source>Lay a part on the plate with the face that you click.</source>
+        <translation>Ein Bauteil mit der angeklickten Fläche auf die Platte legen.</translation>
     </message>
 </context>
 <context>
@@ -2906,6 +2990,13 @@
     </message>
 </context>
 <context>
+    <name>PartPlacement</name>
+    <message>
+        <source>%1 has no flat face to stand on. Choose one by Lay Flat on a Face.</source>
+        <translation>%1 hat keine ebene Fläche, auf der es stehen kann. Wählen Sie eine mit „Auf eine Fläche legen“.</translation>
+    </message>
+</context>
+<context>
     <name>PartTreeModel</name>
     <message>
         <source>Name</source>
@@ -3012,6 +3103,34 @@
     <message>
         <source>Select a part first.</source>
         <translation>Zuerst ein Bauteil auswählen.</translation>
+    </message>
+    <message>
+        <source>%1 +90°</source>
+        <translation>%1 +90°</translation>
+    </message>
+    <message>
+        <source>Turn by 90 degrees about %1</source>
+        <translation>Um 90 Grad um %1 drehen</translation>
+    </message>
+    <message>
+        <source>%1 −90°</source>
+        <translation>%1 −90°</translation>
+    </message>
+    <message>
+        <source>Turn back by 90 degrees about %1</source>
+        <translation>Um 90 Grad um %1 zurückdrehen</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Mirror Along</source>
+        <translation>Spiegeln entlang</translation>
+    </message>
+    <message>
+        <source>Mirror along %1</source>
+        <translation>Entlang %1 spiegeln</translation>
     </message>
 </context>
 <context>
@@ -3161,6 +3280,21 @@
     </message>
 </context>
 <context>
+    <name>RecentMenu</name>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>No file was opened yet.</source>
+        <translation>Noch wurde keine Datei geöffnet.</translation>
+    </message>
+    <message>
+        <source>&amp;Clear List</source>
+        <translation>&amp;Liste leeren</translation>
+    </message>
+</context>
+<context>
     <name>RecoveryDialog</name>
     <message numerus="yes">
         <source>%n parts</source>
@@ -3207,25 +3341,30 @@
     </message>
 </context>
 <context>
-    <name>AutoSave</name>
+    <name>ScaleFields</name>
     <message>
-        <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
-        <translation>Nicht gespeicherte Änderungen können nicht für eine Wiederherstellung aufgehoben werden; speichern Sie das Projekt bald.</translation>
-    </message>
-</context>
-<context>
-    <name>RecentMenu</name>
-    <message>
-        <source>Open &amp;Recent</source>
-        <translation>&amp;Zuletzt geöffnet</translation>
+        <source>Keep proportions</source>
+        <translation>Seitenverhältnis beibehalten</translation>
     </message>
     <message>
-        <source>No file was opened yet.</source>
-        <translation>Noch wurde keine Datei geöffnet.</translation>
+        <source>A size along one axis scales the others by the same factor.</source>
+        <translation>Eine Größe entlang einer Achse skaliert die anderen im selben Verhältnis.</translation>
     </message>
     <message>
-        <source>&amp;Clear List</source>
-        <translation>&amp;Liste leeren</translation>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Percent of the present size</source>
+        <translation>Prozent der jetzigen Größe</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Scale to this share of the present size, along all axes.</source>
+        <translation>Auf diesen Anteil der jetzigen Größe skalieren, entlang aller Achsen.</translation>
     </message>
 </context>
 <context>
@@ -3237,6 +3376,10 @@
     <message>
         <source>A wall in the part near (%1, %2, %3), which bounds nothing, was left out.</source>
         <translation>Eine Wand im Teil nahe (%1, %2, %3), die nichts begrenzt, wurde weggelassen.</translation>
+    </message>
+    <message>
+        <source>A wall in the tool near (%1, %2, %3), which bounds nothing, was left out.</source>
+        <translation>Eine Wand im Werkzeug nahe (%1, %2, %3), die nichts begrenzt, wurde weggelassen.</translation>
     </message>
     <message>
         <source>Other such walls that were left out: %1.</source>
@@ -3611,6 +3754,14 @@
         <source>%1 parts, %2 triangles</source>
         <translation>%1 Bauteile, %2 Dreiecke</translation>
     </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
+        <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
+    </message>
 </context>
 <context>
     <name>ToolFileButton</name>
@@ -3735,6 +3886,18 @@
     <message>
         <source>Repair</source>
         <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Lay Flat</source>
+        <translation>Flach hinlegen</translation>
     </message>
 </context>
 <context>
@@ -3877,39 +4040,98 @@
     </message>
 </context>
 <context>
-    <name>HeightWarning</name>
+    <name>ShortcutWords</name>
     <message>
-        <source>meets no part</source>
-        <translation>trifft kein Bauteil</translation>
-    </message>
-    <message>
-        <source>misses %1 of %2</source>
-        <translation>trifft %1 von %2 nicht</translation>
+        <source>import, load, add model, insert</source>
+        <translation>importieren, laden, Modell hinzufügen, einfügen</translation>
     </message>
     <message>
-        <source>A cut at this height does not meet %1.</source>
-        <translation>Ein Schnitt in dieser Höhe trifft %1 nicht.</translation>
+        <source>save as STL, write, convert</source>
+        <translation>als STL speichern, schreiben, umwandeln</translation>
     </message>
-    <message numerus="yes">
-        <source>A cut at this height does not meet %1 and %n more.</source>
-        <translation>
-            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weiteres nicht.</numerusform>
-            <numerusform>Ein Schnitt in dieser Höhe trifft %1 und %n weitere nicht.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>Freecut::MissedParts</name>
     <message>
-        <source>The plane does not meet %1.</source>
-        <translation>Die Ebene trifft %1 nicht.</translation>
+        <source>take back, revert, step back</source>
+        <translation>zurücknehmen, widerrufen, Schritt zurück</translation>
     </message>
-    <message numerus="yes">
-        <source>The plane does not meet %1 and %n more.</source>
-        <translation>
-            <numerusform>Die Ebene trifft %1 und %n weiteres nicht.</numerusform>
-            <numerusform>Die Ebene trifft %1 und %n weitere nicht.</numerusform>
-        </translation>
+    <message>
+        <source>repeat, again, step forward</source>
+        <translation>wiederholen, noch einmal, Schritt vor</translation>
+    </message>
+    <message>
+        <source>remove, erase, clear</source>
+        <translation>entfernen, wegnehmen, leeren</translation>
+    </message>
+    <message>
+        <source>copy, clone, paste</source>
+        <translation>kopieren, klonen, einfügen</translation>
+    </message>
+    <message>
+        <source>deselect, clear selection</source>
+        <translation>abwählen, Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>box select, marquee, lasso</source>
+        <translation>Rahmen, Auswahlkasten, Lasso</translation>
+    </message>
+    <message>
+        <source>coordinates, probe, measure</source>
+        <translation>Koordinaten, antasten, messen</translation>
+    </message>
+    <message>
+        <source>zoom to everything, home, reset view</source>
+        <translation>alles zeigen, Anfang, Ansicht zurücksetzen</translation>
+    </message>
+    <message>
+        <source>zoom to selection, focus, frame</source>
+        <translation>auf die Auswahl zoomen, heranholen</translation>
+    </message>
+    <message>
+        <source>wireframe, mesh, triangles</source>
+        <translation>Drahtgitter, Netz, Dreiecke</translation>
+    </message>
+    <message>
+        <source>bed, grid, platform, floor</source>
+        <translation>Druckbett, Gitter, Plattform, Boden</translation>
+    </message>
+    <message>
+        <source>orthographic, orthogonal, projection</source>
+        <translation>orthografisch, orthogonal, Projektion</translation>
+    </message>
+    <message>
+        <source>projection, camera</source>
+        <translation>Projektion, Kamera</translation>
+    </message>
+    <message>
+        <source>clipping, look inside, cross section</source>
+        <translation>hineinsehen, Querschnitt, Schnittebene</translation>
+    </message>
+    <message>
+        <source>bed, ground, floor, land, on platform</source>
+        <translation>Druckbett, Boden, aufsetzen, auf die Plattform</translation>
+    </message>
+    <message>
+        <source>slice, split, divide, halve</source>
+        <translation>schneiden, teilen, halbieren, zerlegen</translation>
+    </message>
+    <message>
+        <source>invisible, switch off</source>
+        <translation>unsichtbar, ausschalten</translation>
+    </message>
+    <message>
+        <source>unhide, visible, switch on</source>
+        <translation>einblenden, sichtbar, einschalten</translation>
+    </message>
+    <message>
+        <source>combine, folder, assembly</source>
+        <translation>zusammenfassen, Ordner, Baugruppe</translation>
+    </message>
+    <message>
+        <source>settings, options, configuration</source>
+        <translation>Optionen, Konfiguration, Einrichtung</translation>
+    </message>
+    <message>
+        <source>screenshot, image, photo, render</source>
+        <translation>Bildschirmfoto, Abbildung, Foto</translation>
     </message>
 </context>
 </TS>

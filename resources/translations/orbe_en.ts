@@ -24,6 +24,13 @@
             <numerusform>Open %n files</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Exported %n files.</source>
+        <translation>
+            <numerusform>Exported %n file.</numerusform>
+            <numerusform>Exported %n files.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ExportDialog</name>
@@ -36,12 +43,42 @@
     </message>
 </context>
 <context>
+    <name>Freecut::MissedParts</name>
+    <message numerus="yes">
+        <source>The plane does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>The plane does not meet %1 and %n more.</numerusform>
+            <numerusform>The plane does not meet %1 and %n more.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HeightWarning</name>
+    <message numerus="yes">
+        <source>A cut at this height does not meet %1 and %n more.</source>
+        <translation>
+            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
+            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PartTreeModel</name>
     <message numerus="yes">
         <source>open: %n open edges</source>
         <translation>
             <numerusform>open: %n open edge</numerusform>
             <numerusform>open: %n open edges</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryDialog</name>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
         </translation>
     </message>
 </context>
@@ -59,36 +96,6 @@
         <translation>
             <numerusform>%n file exists already. Replace it?</numerusform>
             <numerusform>%n files exist already. Replace them?</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>RecoveryDialog</name>
-    <message numerus="yes">
-        <source>%n parts</source>
-        <translation>
-            <numerusform>%n part</numerusform>
-            <numerusform>%n parts</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>HeightWarning</name>
-    <message numerus="yes">
-        <source>A cut at this height does not meet %1 and %n more.</source>
-        <translation>
-            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
-            <numerusform>A cut at this height does not meet %1 and %n more.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>Freecut::MissedParts</name>
-    <message numerus="yes">
-        <source>The plane does not meet %1 and %n more.</source>
-        <translation>
-            <numerusform>The plane does not meet %1 and %n more.</numerusform>
-            <numerusform>The plane does not meet %1 and %n more.</numerusform>
         </translation>
     </message>
 </context>

@@ -68,7 +68,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
      {"app/commands", "app/files", "app/jobs", "app/modules", "app/recovery", "app/view",
       "app/window", "host/document", "host/ui", "host/view"}},
     {"app/commands",
-     {"app/files", "app/jobs", "app/panels", "app/parts", "app/view", "app/window"}},
+     {"app/files", "app/jobs", "app/panels", "app/parts", "app/tools", "app/view", "app/window"}},
     {"app/files", {"app/jobs", "host/document", "host/formats"}},
     {"app/jobs", {}},
     {"app/modules", {"host/ui"}},
@@ -76,9 +76,11 @@ std::map<std::string, std::set<std::string>> const allowed = {
     {"app/partlist", {"app/jobs", "app/panels", "app/parts"}},
     {"app/parts", {"app/jobs", "host/mesh"}},
     {"app/recovery", {"app/files", "host/document", "host/formats"}},
+    {"app/tools", {"app/jobs", "app/parts"}},
     {"app/view", {}},
     {"app/window",
-     {"app/files", "app/jobs", "app/panels", "app/partlist", "app/view", "host/ui", "host/view"}},
+     {"app/files", "app/jobs", "app/panels", "app/partlist", "app/tools", "app/view", "host/ui",
+      "host/view"}},
 };
 
 /// Includes against these directions, each with its reason.

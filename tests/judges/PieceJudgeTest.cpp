@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace judge;
 
 namespace {
@@ -217,6 +219,52 @@ TEST(PieceJudge, AllowsCrossingsToBeResolvedButNotCutOut)
     }};
     EXPECT_TRUE(faultsOf(source, {crossingBoxes()}, rule, samples).isNone());
     EXPECT_NE(faultsOf(source, {box(20, 20, 20)}, rule, samples).wrong, "");
+}
+
+TEST(PieceJudge, OfRepeatedTrianglesTakesThoseAwayThatAreTooMany)
+{
+    Soup const one = box(20, 20, 30);
+    Soup doubled = one;
+    doubled.triangles.push_back(one.triangles[3]);
+    EXPECT_EQ(inOrder(doubled).triangles.size(), one.triangles.size());
+    Soup layers = one;
+    layers.append(one);
+    layers.joinPoints();
+    EXPECT_EQ(inOrder(layers).triangles.size(), layers.triangles.size());
+    Soup thrice = layers;
+    thrice.triangles.push_back(layers.triangles[3]);
+    EXPECT_EQ(inOrder(thrice).triangles.size(), layers.triangles.size());
+    Soup missing = layers;
+    missing.triangles.erase(missing.triangles.begin() + 3);
+    EXPECT_EQ(inOrder(missing).triangles.size(), one.triangles.size());
+}
+
+/// Of a box that is there twice, one side of the second open, the upper piece has two layers and
+/// the lower one; what is solid is as clear as ever.
+TEST(PieceJudge, WhereLayersAreInDoubtJudgesWhatIsSolid)
+{
+    Soup part = box(20, 20, 30);
+    part.append(part);
+    part.joinPoints();
+    // One of the floor's.
+    auto const lies = [&](auto const& t) {
+        return std::all_of(t.begin(), t.end(),
+                           [&](auto corner) { return part.points[corner].Z() == 0; });
+    };
+    part.triangles.erase(std::find_if(part.triangles.begin(), part.triangles.end(), lies));
+    Source const source(part);
+    ASSERT_TRUE(source.areLayersInDoubt() && source.isClosedInOrder());
+    Soup const above = box(20, 20, 18, {0, 0, 12}), below = box(20, 20, 12);
+    Soup twice = above;
+    twice.append(above);
+    Rule const rule{CutBox::rule};
+    EXPECT_EQ(faultsOf(source, {above, below}, rule, samples).wrong, "");
+    EXPECT_EQ(faultsOf(source, {twice, below}, rule, samples).wrong, "");
+    EXPECT_NE(faultsOf(source, {above, Soup()}, rule, samples).wrong, "");
+    EXPECT_NE(faultsOf(source, {above, box(20, 20, 12.05f)}, rule, samples).wrong, "");
+    Soup turned = above;
+    turned.flip();
+    EXPECT_NE(faultsOf(source, {turned, below}, rule, samples).wrong, "");
 }
 
 TEST(CorpusParts, AreAsTheirKindsSay)

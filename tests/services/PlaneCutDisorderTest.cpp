@@ -146,6 +146,24 @@ TEST(PlaneCutDisorder, ASolidThatLiesThereTwiceIsTwoLayers)
     EXPECT_TRUE(cut.notes.doubled.empty() && cut.notes.turned.empty());
 }
 
+// To keep one of three would be to take a layer away all around.
+TEST(PlaneCutDisorder, OfATriangleThatLiesThereThriceInTwoLayersOneIsLeftOut)
+{
+    Soup const sound = box(20, 30, 10);
+    for (std::size_t const t : meeting(sound, 4)) {
+        Soup part = sound;
+        part.append(sound);
+        part.joinPoints();
+        part.triangles.push_back(part.triangles[t]);
+        NotedCut const cut = cutAt(part, 4);
+        EXPECT_EQ(closedSolidFaults(cut.above), "");
+        EXPECT_EQ(closedSolidFaults(cut.below), "");
+        EXPECT_NEAR(volumeOf(cut.above), 7200, 1e-2);
+        EXPECT_NEAR(volumeOf(cut.below), 4800, 1e-2);
+        EXPECT_EQ(cut.notes.doubled.size(), 1u);
+    }
+}
+
 TEST(PlaneCutDisorder, WhatTheCutDoesNotMeetStaysTurnedAndDoubled)
 {
     Soup part = lattice(3);

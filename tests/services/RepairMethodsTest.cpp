@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Repair.h"
+#include "tests/support/BooleanJudge.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/SkipReasons.h"
@@ -120,6 +121,24 @@ TEST(RepairMethods, TurnsSolidsOutwardAndCavitiesInward)
     double const volume = volumeOf(soup);
     soup.flip();
     EXPECT_NEAR(volumeOf(mended(soup)), volume, 1e-3);
+}
+
+// The outer box crosses another and is not turned, so what it holds must not be turned either; a box
+// elsewhere is turned all the same.
+TEST(RepairMethods, LeavesAShellWithinOneThatStaysInsideOut)
+{
+    Soup soup = box(10, 10, 10);
+    soup.flip();
+    soup.append(box(2, 2, 2, {4, 4, 4}));
+    soup.append(box(3, 2, 2, {8.5f, 7, 7}));
+    Soup elsewhere = box(3, 4, 5, {30, 0, 0});
+    elsewhere.flip();
+    soup.append(elsewhere);
+    auto const kernel = kernelOf(soup);
+    Repair::RepairMethods(kernel.get()).autoRepair_simple_advanced({});
+    Soup const result = soupOf(*kernel);
+    EXPECT_EQ(windingNumberAt(result, {5, 5, 5.1}), 0);
+    EXPECT_EQ(windingNumberAt(result, {31, 1, 1.1}), 1);
 }
 
 // To turn it would make a hollow of what is solid.

@@ -111,6 +111,16 @@ TEST(ShapeProof, HoldsWhereASolidIsTurnedOutside)
     EXPECT_FALSE(isKept(sphere(3, 10, 16), turned(sphere(3, 10, 16))));
 }
 
+// A box within one that is inside out winds -1 + 1 times. Turned, it would wind -2 times: not solid
+// before and after, but further from being mended.
+TEST(ShapeProof, FailsWhereAPlaceWindsFurtherBelowZero)
+{
+    Soup const outer = turned(box(10, 10, 10)), inner = box(2, 2, 2, {4, 4, 4});
+    EXPECT_FALSE(isKept(together(outer, inner), together(outer, turned(inner))));
+    EXPECT_FALSE(isKept(outer, together(outer, turned(inner))));
+    EXPECT_TRUE(isKept(together(outer, inner), turned(together(outer, inner))));
+}
+
 TEST(ShapeProof, HoldsWhereSingleTrianglesAreTurnedBack)
 {
     Soup flawed = sphere(3, 10, 16);

@@ -198,3 +198,87 @@ TEST(SurfaceOrder, WallsStayWhereTheToolDoesNotReach)
     EXPECT_EQ(edges.crowdedUnpaired, 4u);
     EXPECT_EQ(edges.borders, 0u);
 }
+
+// One doubled triangle beside a turned one: neither alone makes up for the edge between them.
+TEST(SurfaceOrder, DoublesAndTurnedTrianglesSideBySideComeRightTogether)
+{
+    Soup const solid = sphere(10, 12, 16);
+    StageProgress progress(nobody);
+    for (std::size_t const doubled : {20u, 21u, 60u, 61u, 100u}) {
+        auto const shares = [&](std::size_t t) {
+            std::size_t common = 0;
+            for (std::uint32_t const p : solid.triangles[t])
+                for (std::uint32_t const q : solid.triangles[doubled])
+                    common += p == q;
+            return common == 2;
+        };
+        Soup broken = solid;
+        std::size_t turned = 0;
+        for (std::size_t t = 0; t < solid.triangles.size(); ++t)
+            if (shares(t) && ++turned <= 2)
+                std::swap(broken.triangles[t][0], broken.triangles[t][1]);
+        ASSERT_GE(turned, 2u);
+        broken.triangles.push_back(broken.triangles[doubled]);
+        auto const order =
+            findSurfaceOrder({broken.points, broken.triangles}, everywhere, progress);
+        for (std::size_t t = 0; t < broken.triangles.size(); ++t)
+            if (order.isTurned[t])
+                std::swap(broken.triangles[t][0], broken.triangles[t][1]);
+        EXPECT_EQ(closedSolidFaults(without(broken, order.surplus)), "") << doubled;
+    }
+}
+
+TEST(SurfaceOrder, SheetsThatHangOnSheetsGoWithThem)
+{
+    // Of three triangles that hang on one edge of a box two lie on each other, facing apart.
+    Soup part = box(20, 20, 20);
+    part.joinPoints();
+    auto const [a, b] = std::pair(part.triangles[0][0], part.triangles[0][1]);
+    std::uint32_t const c = part.add({30, 30, 30}), d = part.add({30, 31, 50});
+    part.add(a, b, c);
+    part.add(c, b, d);
+    part.add(c, b, d);
+    std::swap(part.triangles.back()[0], part.triangles.back()[1]);
+    StageProgress progress(nobody);
+    auto const order = findSurfaceOrder({part.points, part.triangles}, everywhere, progress);
+    Soup left = without(part, order.surplus);
+    for (std::size_t t = 0; t < 12; ++t)
+        EXPECT_EQ(order.surplus[t], 0u);
+    EXPECT_EQ(closedSolidFaults(left), "");
+}
+
+TEST(SurfaceOrder, AToolOutOfOrderIsPutInOrderToo)
+{
+    Soup const part = box(30, 30, 30, {-15, -15, -40});
+    Soup const solid = sphere(10, 12, 16, {0, 0, -10});
+    double const all = volumeOf(combined(part, solid, Intersect::BOOLEAN_UNION));
+    Soup tool = solid;
+    // Where the part's upper side passes.
+    int count = 0;
+    for (std::size_t t = 0; t < solid.triangles.size(); ++t) {
+        auto const [low, high] = std::minmax({solid.points[solid.triangles[t][0]].Z(),
+                                              solid.points[solid.triangles[t][1]].Z(),
+                                              solid.points[solid.triangles[t][2]].Z()});
+        if (low > -10 || high < -10)
+            continue;
+        ++count;
+        if (count % 5 == 1)
+            tool.triangles.push_back(solid.triangles[t]);
+        else if (count % 5 == 3)
+            std::swap(tool.triangles[t][0], tool.triangles[t][1]);
+    }
+    ASSERT_GT(count, 16);
+    std::vector<std::string> lines;
+    Base::ConsoleSingleton::Instance().setListener(
+        [&](std::string const& line) { lines.push_back(line); });
+    for (auto const type :
+         {Intersect::BOOLEAN_UNION, Intersect::BOOLEAN_SUBTRACT, Intersect::BOOLEAN_INTERSECT}) {
+        Soup const result = combined(part, tool, type);
+        EXPECT_EQ(closedSolidFaults(result), "") << type;
+        EXPECT_NEAR(volumeOf(result), volumeOf(combined(part, solid, type)), 1e-2) << type;
+    }
+    Base::ConsoleSingleton::Instance().setListener({});
+    EXPECT_GT(all, 27000);
+    ASSERT_FALSE(lines.empty());
+    EXPECT_NE(lines[0].find("in the tool"), std::string::npos) << lines[0];
+}

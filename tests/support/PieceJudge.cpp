@@ -69,13 +69,15 @@ class Judge
 {
 public:
     Judge(Source const& source, std::vector<Soup> const& pieces, Rule const& rule)
-        : m_source(source), m_rule(rule)
+        : m_source(source), m_rule(rule), m_areClosedInOrder(source.isClosedInOrder())
     {
         for (Soup const& piece : pieces) {
             m_pieces.push_back(std::make_unique<WindingField>(piece));
             m_ordered.push_back(source.unpaired().empty()
                                     ? nullptr
                                     : std::make_unique<WindingField>(inOrder(piece)));
+            m_areClosedInOrder =
+                m_areClosedInOrder && (!m_ordered.back() || isClosedOf(*m_ordered.back()));
         }
     }
 
@@ -128,6 +130,8 @@ private:
                });
     }
 
+    static bool isClosedOf(WindingField const& field) { return edgesOf(field.soup()).isPaired(); }
+
     static double distance(std::array<float, 3> const& place, EdgeEnds const& line)
     {
         Point const p(place[0], place[1], place[2]);
@@ -173,7 +177,7 @@ private:
     {
         if (!m_faults.wrong.empty() || isNearSurface(p))
             return;
-        if (m_source.isClosedInOrder())
+        if (m_areClosedInOrder)
             judgeClosed(p);
         else
             judgeOpen(p);
@@ -184,9 +188,11 @@ private:
         auto const winding = m_source.ordered().windingAt(p);
         if (!winding)
             return;
-        auto const expected = m_rule.at(p, *winding);
+        auto expected = m_rule.at(p, *winding);
         if (!expected)
             return;
+        if (m_source.areLayersInDoubt())
+            allowAnotherLayer(*expected);
         int sum = 0;
         for (std::size_t i = 0; i < expected->pieces.size(); ++i) {
             auto const found = i < m_pieces.size() ? pieceAt(i).windingAt(p) : std::optional(0);
@@ -204,19 +210,35 @@ private:
                               textOf(p) + ", the source " + std::to_string(*winding) + " times; ";
     }
 
+    static void allowAnotherLayer(Expected& expected)
+    {
+        for (Allowed& allowed : expected.pieces) {
+            allowed.low -= allowed.low < 0;
+            allowed.high += allowed.high > 0;
+        }
+        expected.most += expected.most > 0;
+    }
+
     void judgeOpen(Point const& p)
     {
         // Solid angles cost a pass over all triangles.
         if (!m_rule.isPartition || ++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
             return;
-        double const before = m_source.ordered().solidAngleAt(p);
-        double after = 0;
-        for (std::size_t i = 0; i < m_pieces.size(); ++i)
-            after += pieceAt(i).solidAngleAt(p);
-        if (!(std::abs(after - before) < 0.01) && !isWithoutWalls(before, after))
+        double const before = m_source.ordered().solidAngleAt(p), after = solidAngle(p, true);
+        // What could not be put in order in the pieces may be there as it is in the part.
+        if (!(std::abs(after - before) < 0.01) && !isWithoutWalls(before, after) &&
+            !(std::abs(solidAngle(p, false) - m_source.field().solidAngleAt(p)) < 0.01))
             m_faults.wrong += "the pieces together wind " + std::to_string(after) +
                               " times around " + textOf(p) + ", the open source " +
                               std::to_string(before) + " times; ";
+    }
+
+    double solidAngle(Point const& p, bool isInOrder) const
+    {
+        double sum = 0;
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            sum += (isInOrder ? pieceAt(i) : *m_pieces[i]).solidAngleAt(p);
+        return sum;
     }
 
     /// Whether pieces wind around a point as a part does whose walls bound nothing: such a wall takes
@@ -238,6 +260,8 @@ private:
     std::vector<std::unique_ptr<WindingField>> m_pieces;
     /// Null where the pieces are judged as they are.
     std::vector<std::unique_ptr<WindingField>> m_ordered;
+    /// Source and pieces have an inside once they are put in order.
+    bool m_areClosedInOrder;
     PieceFaults m_faults;
     std::size_t m_solidAngles = 0;
 };

@@ -64,6 +64,13 @@ public:
     /// those of this one.
     WindingField const& ordered() const { return m_ordered ? *m_ordered : m_field; }
     bool isClosedInOrder() const { return m_isClosedInOrder; }
+    /// Triangles lie there twice that do not close: a shell that is there twice but for a triangle,
+    /// say. What is solid is clear then, but not in how many layers: a piece that the opening does
+    /// not reach has both.
+    bool areLayersInDoubt() const
+    {
+        return ordered().soup().triangles.size() < soup().triangles.size();
+    }
     double diagonal() const;
     /// Points nearer to a surface than this are judged by nobody.
     double margin() const;
@@ -96,7 +103,7 @@ struct PieceFaults
 /// samples   points at random and as many beside the surfaces, of the source and of the pieces
 ///
 /// Where the source has unpaired edges, it and the pieces are put in order first. Where that does
-/// not give it an inside, only partitions are judged at points.
+/// not give all of them an inside, only partitions are judged at points.
 PieceFaults faultsOf(Source const& source, std::vector<Soup> const& pieces, Rule const& rule,
                      std::size_t samples);
 

@@ -82,7 +82,9 @@ Rule connectorRule(Plane const& plane, double margin, double reach)
 
 Rule combinationRule(Soup const& tool, Combination combination, double margin)
 {
-    auto const field = std::make_shared<WindingField>(tool);
+    // A tool out of order is the solid that a person means by it, as a part is.
+    auto const field =
+        std::make_shared<WindingField>(unpairedEdgesOf(tool).empty() ? tool : inOrder(tool));
     return {[=](Point const& p, int winding) -> std::optional<Expected> {
                 if (field->isWithin(2 * margin, p))
                     return std::nullopt;

@@ -70,37 +70,49 @@ std::map<Ends, std::vector<std::size_t>> trianglesAtEdges(Soup const& soup)
     return at;
 }
 
-/// Repeats that hang together go together, for between them edges have an even number again.
+/// By triangle: how many of those before it have the same corners.
+std::vector<std::size_t> layersOf(Soup const& soup)
+{
+    std::map<std::array<std::uint32_t, 3>, std::size_t> counts;
+    std::vector<std::size_t> layers;
+    for (auto corners : soup.triangles) {
+        std::sort(corners.begin(), corners.end());
+        layers.push_back(counts[corners]++);
+    }
+    return layers;
+}
+
+/// Drops repeats where edges have an odd number of triangles. Those that hang together go together,
+/// for between them edges have an even number again; and the last repeats go first, so that of a
+/// solid that is there twice both layers stay where one triangle is there three times.
 void dropRepeated(Soup& soup)
 {
-    std::map<std::array<std::uint32_t, 3>, std::size_t> firsts;
-    std::vector<std::size_t> first(soup.triangles.size());
-    std::vector<bool> isRepeated(soup.triangles.size(), false);
-    for (std::size_t t = 0; t < first.size(); ++t) {
-        auto corners = soup.triangles[t];
-        std::sort(corners.begin(), corners.end());
-        first[t] = firsts.try_emplace(corners, t).first->second;
-        if (first[t] != t)
-            isRepeated[first[t]] = true;
-    }
+    auto const layers = layersOf(soup);
     auto const at = trianglesAtEdges(soup);
-    std::vector<bool> isSurplus(soup.triangles.size(), false);
-    for (bool isGrowing = true; isGrowing;) {
-        isGrowing = false;
-        for (auto const& [ends, triangles] : at) {
-            bool const isReached = triangles.size() % 2 == 1 ||
-                                   std::any_of(triangles.begin(), triangles.end(),
-                                               [&](auto t) { return isSurplus[first[t]]; });
-            for (std::size_t const t : triangles)
-                if (isReached && isRepeated[first[t]] && !isSurplus[first[t]])
-                    isGrowing = isSurplus[first[t]] = true;
+    std::vector<bool> isDropped(soup.triangles.size(), false);
+    std::size_t layer = 0;
+    for (std::size_t const of : layers)
+        layer = std::max(layer, of);
+    for (; layer > 0; --layer) {
+        std::vector<bool> isSurplus(soup.triangles.size(), false);
+        for (bool isGrowing = true; isGrowing;) {
+            isGrowing = false;
+            for (auto const& [ends, triangles] : at) {
+                auto const count = std::count_if(triangles.begin(), triangles.end(),
+                                                 [&](auto t) { return !isDropped[t]; });
+                bool const isReached =
+                    count % 2 == 1 || std::any_of(triangles.begin(), triangles.end(),
+                                                  [&](auto t) { return isSurplus[t]; });
+                for (std::size_t const t : triangles)
+                    if (isReached && layers[t] == layer && !isSurplus[t])
+                        isGrowing = isSurplus[t] = true;
+            }
         }
+        for (std::size_t t = 0; t < isSurplus.size(); ++t)
+            isDropped[t] = isDropped[t] || isSurplus[t];
     }
     std::size_t next = 0;
-    std::erase_if(soup.triangles, [&](auto const&) {
-        std::size_t const t = next++;
-        return first[t] != t && isSurplus[first[t]];
-    });
+    std::erase_if(soup.triangles, [&](auto const&) { return isDropped[next++]; });
 }
 
 bool doesRun(std::array<std::uint32_t, 3> const& t, std::uint32_t from, std::uint32_t to)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/services/boolean/OperandSoup.h"
 #include "host/services/boolean/SurfaceOrder.h"
 
 #include <vector>
@@ -10,5 +11,5 @@
 /// Pairs of triangles that cross by rounding.
 void logCrossings(std::vector<UPoint3<float>> const& places);
 
-/// What of a part was left out or turned.
-void logSurfaceOrder(SurfaceOrder const& order, MeshArrays const& part);
+/// What of an operand was left out or turned.
+void logSurfaceOrder(SurfaceOrder const& order, MeshArrays const& mesh, Operand which);

@@ -4,13 +4,13 @@
 #include "host/memory/AvailableMemory.h"
 #include "host/memory/FreeMemory.h"
 #include "host/mesh/ExactSigns.h"
-#include "host/mesh/MeshCopy.h"
 #include "host/services/MeshMaking.h"
 #include "host/services/Polling.h"
 #include "host/services/RecordCopies.h"
 #include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/MemoryRoom.h"
+#include "host/services/boolean/OperandOrder.h"
 #include "host/services/boolean/PartWindings.h"
 #include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
@@ -19,7 +19,6 @@
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SolidMending.h"
 #include "host/services/boolean/SoupBoolean.h"
-#include "host/services/boolean/SurfaceOrder.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
 #include "host/services/exact/ArrangedSolids.h"
@@ -31,6 +30,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <optional>
 #include <tuple>
@@ -88,6 +88,7 @@ private:
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
+        m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
         gatherSoup(copies);
         setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
@@ -219,6 +220,7 @@ private:
         WindingSources sources;
         sources.known = m_known;
         sources.anchors = m_anchors;
+        sources.isFirstInDoubt = m_isPartInDoubt;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
         sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
@@ -401,36 +403,28 @@ private:
         return results;
     }
 
-    /// The same for the part without walls that bound nothing, and with triangles turned that face
-    /// the wrong way, where the tool may meet them; nothing if there are none. A result that is the
-    /// part as it was keeps them.
+    /// The same for operands put in order, the part where they may meet and the tool everywhere, for
+    /// all of it tells what is solid; nothing if they are. A result that is the part as it was keeps
+    /// what is out of order.
     std::optional<std::vector<BooleanResult>> combineInOrder()
     {
-        TriangleTree::Box box;
+        TriangleTree::Box boxOfTool;
         for (UPoint3<float> const& p : m_tool.mesh.points)
-            box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-        MeshArrays const part = copyArrays(m_partKernel, Frame::Local, m_progress);
-        SurfaceOrder const order = findSurfaceOrder(part, box, m_progress);
-        if (order.isNone())
+            boxOfTool.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        constexpr float much = std::numeric_limits<float>::max();
+        TriangleTree::Box const everywhere{{-much, -much, -much, 0}, {much, much, much, 0}};
+        auto const tool = toolKernel();
+        auto const orderlyPart =
+            operandInOrder(m_partKernel, Operand::first, boxOfTool, !m_survey, m_progress);
+        auto const orderlyTool =
+            operandInOrder(*tool, Operand::second, everywhere, !m_survey, m_progress);
+        if (!orderlyPart && !orderlyTool)
             return {};
-        if (!m_survey)
-            logSurfaceOrder(order, part);
-        std::vector<bool> isKept;
-        for (std::uint32_t const number : order.surplus)
-            isKept.push_back(number == 0);
-        auto clean = copySelected(m_part, isKept);
-        auto copy = clean->triangles.begin();
-        for (std::size_t t = 0; t < isKept.size(); ++t) {
-            if (isKept[t] && order.isTurned[t]) {
-                std::swap((*copy)->V0(1), (*copy)->V0(2));
-                (*copy)->N() = -(*copy)->N();
-            }
-            copy += isKept[t] ? 1 : 0;
-        }
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(curvesDone + percent * (100 - curvesDone) / 100, 100, 1);
         };
-        return combineSolids(MeshKernel(clean.release()), *toolKernel(), m_pieces, rest, m_survey);
+        return combineSolids(orderlyPart ? *orderlyPart : m_partKernel,
+                             orderlyTool ? *orderlyTool : *tool, m_pieces, rest, m_survey);
     }
 
     /// Moves the records out of a kernel.
@@ -524,6 +518,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Whether the part's edges tell that it may be open, and its results are not checked.
+    bool m_isPartInDoubt = false;
     /// Whether a line through a point tells that the part is open.
     bool m_isPartOpen = false;
     /// Where results were seen to be wrong.

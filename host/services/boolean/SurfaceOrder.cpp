@@ -8,6 +8,7 @@
 #include "host/services/boolean/BoxCells.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 
 namespace {
@@ -39,44 +40,46 @@ public:
                 addEnd(edges[e]);
     }
 
+    /// All are looked at, or what is around a turned triangle elsewhere would be turned in its stead.
     SurfaceOrder orderIn(Box const& where)
     {
-        std::vector<Index> const order = measure(where);
+        std::vector<Index> const order = measure();
+        mendOneByOne(order);
+        mendTogether(order);
         SurfaceOrder found{std::vector<Index>(m_mesh.triangles.size(), 0),
                            std::vector<bool>(m_mesh.triangles.size(), false)};
         Index count = 0;
-        for (bool goesOn = true; goesOn;) {
-            goesOn = false;
-            for (Index const root : order) {
-                Surface& surface = m_surfaces.at(root);
-                if (isMendedBy(surface, 1))
-                    surface.number = ++count;
-                else if (isMendedBy(surface, 2))
-                    surface.isTurned = true;
-                else
-                    continue;
-                for (auto const& [edge, share] : surface.shares)
-                    m_balances[edge] -= share * (surface.isTurned ? 2 : 1);
-                goesOn = true;
-            }
-        }
+        for (Index const root : order)
+            if (Surface& surface = m_surfaces.at(root); !surface.box.overlaps(where))
+                surface.change = Change::none;
+            else if (surface.change == Change::leftOut)
+                surface.number = ++count;
         for (std::size_t t = 0; t < m_mesh.triangles.size() && !order.empty(); ++t)
             if (auto const at = m_surfaces.find(m_sets.root(Index(t))); at != m_surfaces.end()) {
                 found.surplus[t] = at->second.number;
-                found.isTurned[t] = at->second.isTurned;
+                found.isTurned[t] = at->second.change == Change::turned;
             }
         return found;
     }
 
 private:
+    /// What is done to a surface; the number is how many times its share in an edge goes.
+    enum class Change
+    {
+        none = 0,
+        leftOut = 1,
+        turned = 2,
+    };
+
     struct Surface
     {
         /// By edge at which it ends: how much more of it runs upward than downward.
         std::map<std::size_t, int> shares;
         Box box;
         double area = 0;
+        Change change = Change::none;
+        /// Of those that are left out, from 1.
         Index number = 0;
-        bool isTurned = false;
     };
 
     bool isUpward(Index halfEdge) const
@@ -135,9 +138,8 @@ private:
         }
     }
 
-    /// Box and area of all that end somewhere. Returns those that reach into a box, the smallest
-    /// first.
-    std::vector<Index> measure(Box const& where)
+    /// Box and area of all that end somewhere. Returns them, the smallest first.
+    std::vector<Index> measure()
     {
         Polling polling(m_progress);
         for (std::size_t t = 0; t < m_mesh.triangles.size() && !m_surfaces.empty(); ++t) {
@@ -155,27 +157,106 @@ private:
         }
         std::vector<Index> order;
         for (auto const& [root, surface] : m_surfaces)
-            if (surface.box.overlaps(where))
-                order.push_back(root);
+            order.push_back(root);
         std::stable_sort(order.begin(), order.end(), [this](Index a, Index b) {
             return m_surfaces.at(a).area < m_surfaces.at(b).area;
         });
         return order;
     }
 
-    /// Whether all edges of a surface come right if its share in each is taken away so often: once if
-    /// it is left out, twice if it is turned. An opening stays one when it is turned.
-    bool isMendedBy(Surface const& surface, int times) const
+    /// Each time one whose change makes up for all edges at which it ends.
+    void mendOneByOne(std::vector<Index> const& order)
     {
-        bool doesHang = false;
-        for (auto const& [edge, share] : surface.shares) {
-            if (times == 2 && m_uses[edge] == 1)
-                continue;
-            if (times * share != m_balances[edge])
-                return false;
-            doesHang |= share != 0 && m_uses[edge] > (times == 1 ? 2u : 1u);
+        for (bool goesOn = true; goesOn;) {
+            goesOn = false;
+            for (Index const root : order)
+                for (Change const change : {Change::leftOut, Change::turned})
+                    if (Surface& surface = m_surfaces.at(root);
+                        gainOf(surface, change) > 0 && isMendedBy(surface, change)) {
+                        apply(surface, change);
+                        goesOn = true;
+                    }
         }
-        return surface.number == 0 && !surface.isTurned && doesHang;
+    }
+
+    /// Where triangles that lie there twice have turned ones beside them, only several changes
+    /// together make up for the edges between them: each must better all edges at which its
+    /// surface ends. What does not come right in the end is taken back.
+    void mendTogether(std::vector<Index> const& order)
+    {
+        std::vector<Surface*> changed;
+        for (bool goesOn = true; goesOn;) {
+            goesOn = false;
+            for (Index const root : order) {
+                Surface& surface = m_surfaces.at(root);
+                int const ifLeftOut = gainOf(surface, Change::leftOut);
+                int const ifTurned = gainOf(surface, Change::turned);
+                if (std::max(ifLeftOut, ifTurned) == 0)
+                    continue;
+                apply(surface, ifTurned > ifLeftOut ? Change::turned : Change::leftOut);
+                changed.push_back(&surface);
+                goesOn = true;
+            }
+        }
+        for (bool goesOn = true; goesOn;) {
+            goesOn = false;
+            for (Surface* const surface : changed)
+                if (surface->change != Change::none && !isMendedBy(*surface, Change::none)) {
+                    takeBack(*surface);
+                    goesOn = true;
+                }
+        }
+    }
+
+    /// An opening stays one when it is turned.
+    bool doesCount(std::size_t edge, Change change) const
+    {
+        return change != Change::turned || m_uses[edge] > 1;
+    }
+
+    /// By how much the edges of a surface that hangs on others come nearer to being right; 0 where
+    /// one of them does not.
+    int gainOf(Surface const& surface, Change change) const
+    {
+        if (surface.change != Change::none)
+            return 0;
+        bool doesHang = false;
+        int gain = 0;
+        for (auto const& [edge, share] : surface.shares) {
+            if (share == 0 || !doesCount(edge, change))
+                continue;
+            int const now = std::abs(m_balances[edge]);
+            int const then = std::abs(m_balances[edge] - int(change) * share);
+            if (then >= now)
+                return 0;
+            gain += now - then;
+            doesHang |= m_uses[edge] > (change == Change::leftOut ? 2u : 1u);
+        }
+        return doesHang ? gain : 0;
+    }
+
+    /// Whether all edges of a surface are right after a change.
+    bool isMendedBy(Surface const& surface, Change change) const
+    {
+        return std::all_of(surface.shares.begin(), surface.shares.end(), [&](auto const& of) {
+            auto const& [edge, share] = of;
+            Change const all = change == Change::none ? surface.change : change;
+            return !doesCount(edge, all) || int(change) * share == m_balances[edge];
+        });
+    }
+
+    void apply(Surface& surface, Change change)
+    {
+        surface.change = change;
+        for (auto const& [edge, share] : surface.shares)
+            m_balances[edge] -= int(change) * share;
+    }
+
+    void takeBack(Surface& surface)
+    {
+        for (auto const& [edge, share] : surface.shares)
+            m_balances[edge] += int(surface.change) * share;
+        surface.change = Change::none;
     }
 
     MeshArrays m_mesh;

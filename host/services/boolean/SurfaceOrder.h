@@ -24,7 +24,8 @@ struct SurfaceOrder
 /// as the other. Where that is not so, one of the surfaces that end there is too many, or turned
 /// over. One whose leaving, or turning, makes up for all edges at which it ends, and opens none, is
 /// it; of several that could be, the one with the smallest area, for what closes a solid around a
-/// wall's border is larger than the wall.
+/// wall's border is larger than the wall. Where no single one makes up for its edges, several do
+/// together of which each betters them.
 ///
 /// part     vertices in one place count as one
 /// where    only surfaces whose box overlaps this are taken for such

@@ -120,40 +120,60 @@ private:
     }
 
     /// Doubles that lie side by side belong together: only at the border of the patch that they
-    /// cover can be seen that there is one triangle too many.
+    /// cover can be seen that there is one triangle too many. The last ones on the same corners go
+    /// first: of a solid that lies there twice both layers stay where a triangle lies there three
+    /// times.
     void dropDoubles()
     {
         auto const groups = groupsOfDoubles();
         if (groups.empty())
             return;
-        std::vector<std::uint8_t> isDouble(m_mesh.triangles.size(), 0);
-        DisjointSets patches(m_mesh.triangles.size());
+        // By triangle: how many on the same corners come before it.
+        std::vector<std::uint32_t> layers(m_mesh.triangles.size(), 0);
+        std::uint32_t most = 0;
         for (auto const& group : groups)
-            for (std::uint32_t const t : group) {
-                isDouble[t] = 1;
-                patches.unite(group.front(), t);
+            for (std::uint32_t i = 1; i < group.size(); ++i) {
+                layers[group[i]] = i;
+                most = std::max(most, i);
             }
         EdgeGroups const edges(m_mesh, m_progress);
+        for (std::uint32_t layer = most; layer > 0; --layer)
+            dropLayer(edges, layers, layer);
+    }
+
+    /// Drops the patches of one layer at whose edges an odd number of triangles is left.
+    void dropLayer(EdgeGroups const& edges, std::vector<std::uint32_t> const& layers,
+                   std::uint32_t layer)
+    {
+        m_progress.add(0);
+        DisjointSets patches(m_mesh.triangles.size());
         auto const uniteAlong = [&](auto const& edge) {
             std::uint32_t last = UINT32_MAX;
             for (std::uint32_t const halfEdge : edge)
-                if (isDouble[halfEdge / 3]) {
+                if (layers[halfEdge / 3] == layer) {
                     if (last != UINT32_MAX)
                         patches.unite(last, halfEdge / 3);
                     last = halfEdge / 3;
                 }
         };
+        auto const isOdd = [this](auto const& edge) {
+            return std::count_if(
+                       edge.begin(), edge.end(),
+                       [this](std::uint32_t halfEdge) { return m_isKept[halfEdge / 3]; }) %
+                       2 ==
+                   1;
+        };
         for (std::size_t e = 0; e < edges.size(); ++e)
             uniteAlong(edges[e]);
         std::vector<std::uint8_t> isSurplus(m_mesh.triangles.size(), 0);
         for (std::size_t e = 0; e < edges.size(); ++e)
-            for (std::uint32_t const halfEdge : edges[e])
-                if (edges[e].size() % 2 == 1 && isDouble[halfEdge / 3])
-                    isSurplus[patches.root(halfEdge / 3)] = 1;
-        for (auto const& group : groups)
-            if (isSurplus[patches.root(group.front())])
-                for (std::size_t i = 1; i < group.size(); ++i)
-                    m_isKept[group[i]] = false;
+            if (isOdd(edges[e]))
+                for (std::uint32_t const halfEdge : edges[e])
+                    if (layers[halfEdge / 3] == layer)
+                        isSurplus[patches.root(halfEdge / 3)] = 1;
+        for (std::uint32_t t = 0; t < layers.size(); ++t)
+            if (layers[t] == layer && isSurplus[patches.root(t)])
+                m_isKept[t] = false;
     }
 
     void turn()

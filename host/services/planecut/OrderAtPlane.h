@@ -19,8 +19,9 @@ struct OrderedPart
 /// Copies a part, puts its triangles in order where a plane meets them, so that a section closes
 /// there, and leaves all others as they are.
 ///
-/// Of triangles on the same three corners one is kept, if an odd number of triangles use an edge
-/// there: two layers that lie on each other stay. Triangles that face the other way than most of
+/// Of triangles on the same three corners one is left out, the last of them first, where an odd
+/// number of triangles use an edge there: two layers that lie on each other stay, and of a triangle
+/// that lies there three times as many as around it have. Triangles that face the other way than most of
 /// those that they hang together with over edges are turned, with all around them that face the
 /// same way, so that no new place arises at which neighbours disagree.
 ///

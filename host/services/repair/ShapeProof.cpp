@@ -216,7 +216,8 @@ private:
                 return !isSure(after) || std::lround(after) >= 0;
             if (!isSure(before) || !isSure(after))
                 return false;
-            return (std::lround(before) != 0) == (std::lround(after) > 0);
+            long const number = std::lround(after);
+            return std::lround(before) != 0 ? number > 0 : number == 0;
         });
     }
 
@@ -243,7 +244,8 @@ private:
             double const after = before + change;
             if (!isSure(before) || !isSure(after))
                 return !isBorderKept;
-            return (std::lround(before) > 0) == (std::lround(after) > 0);
+            long const was = std::lround(before), is = std::lround(after);
+            return (was > 0) == (is > 0) && is >= std::min(was, 0L);
         });
         if (isBorderKept)
             compareVolumes(

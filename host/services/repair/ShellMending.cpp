@@ -5,8 +5,10 @@
 #include "host/services/repair/RepairNotes.h"
 #include "host/services/repair/SoupMending.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -52,7 +54,9 @@ enum class Fate : std::uint8_t
     unknown,
 };
 
-Fate fateOf(MeshArrays const& mesh, std::uint32_t triangle, WindingField const& field)
+/// The winding number in front of a triangle, if there is no doubt about it.
+std::optional<long> numberInFrontOf(MeshArrays const& mesh, std::uint32_t triangle,
+                                    WindingField const& field)
 {
     std::array<double, 3> middle{};
     for (int k = 0; k < 3; ++k)
@@ -62,40 +66,104 @@ Fate fateOf(MeshArrays const& mesh, std::uint32_t triangle, WindingField const& 
     double const front = field.at(middle, itself) - 0.5;
     constexpr double mostDoubt = 0.2;
     if (std::abs(front - std::round(front)) > mostDoubt)
-        return Fate::unknown;
-    long const outside = std::lround(front);
-    return outside < 0 ? Fate::turned : outside > 0 ? Fate::dropped : Fate::stays;
+        return {};
+    return std::lround(front);
 }
+
+Fate fateOf(std::optional<long> inFront)
+{
+    if (!inFront)
+        return Fate::unknown;
+    return *inFront < 0 ? Fate::turned : *inFront > 0 ? Fate::dropped : Fate::stays;
+}
+
+/// The shells of a mesh and what becomes of them.
+class Shells
+{
+public:
+    Shells(MeshArrays const& mesh, MeshErrors const& errors, StageProgress& progress)
+        : m_mesh(mesh),
+          m_errors(errors),
+          m_progress(progress),
+          m_largest(largestTriangles(mesh, errors)),
+          m_fates(m_largest.size(), Fate::stays)
+    {
+        WindingField const field(mesh, *errors.tree, progress);
+        for (std::size_t shell = 0; shell < m_largest.size(); ++shell) {
+            progress.add(0);
+            if (m_largest[shell] != none)
+                m_fates[shell] = fateOf(numberInFrontOf(mesh, m_largest[shell], field));
+        }
+        keepCavities();
+    }
+
+    void tell(Repair::Report& report) const
+    {
+        for (std::size_t shell = 0; shell < m_largest.size(); ++shell) {
+            if (m_largest[shell] == none)
+                continue;
+            Fate const fate = m_fates[shell];
+            MeshArrays::Point const& place = m_mesh.point(m_largest[shell], 0);
+            if (fate == Fate::turned)
+                noteMended(report, Repair::Flaw::turnedShell, 1, place);
+            else if (fate == Fate::dropped)
+                noteMended(report, Repair::Flaw::superfluousShell, 1, place);
+            else if (fate == Fate::unknown && m_errors.isMisoriented[shell])
+                noteLeft(report, Repair::Flaw::turnedShell, 1, place, reasons::open());
+        }
+    }
+
+    MeshArrays turned() const
+    {
+        MeshArrays turned = m_mesh;
+        for (std::size_t t = 0; t < m_mesh.triangles.size(); ++t)
+            if (fateOfTriangle(t) == Fate::turned)
+                std::swap(turned.triangles[t][1], turned.triangles[t][2]);
+        return turned;
+    }
+
+    Fate fateOfTriangle(std::size_t t) const { return m_fates[m_errors.topology.shellOf[t]]; }
+
+private:
+    /// Within a shell that is inside out all shells look wrong. They are turned with it, or not at
+    /// all where it crosses something and stays as it is.
+    void keepCavities()
+    {
+        for (bool isAnyKept = true; isAnyKept;) {
+            isAnyKept = false;
+            if (std::find(m_fates.begin(), m_fates.end(), Fate::turned) == m_fates.end())
+                return;
+            MeshArrays const mesh = turned();
+            WindingField const field(mesh, *m_errors.tree, m_progress);
+            for (std::size_t shell = 0; shell < m_fates.size(); ++shell) {
+                m_progress.add(0);
+                if (m_fates[shell] == Fate::turned &&
+                    numberInFrontOf(mesh, m_largest[shell], field).value_or(0) < 0) {
+                    m_fates[shell] = Fate::stays;
+                    isAnyKept = true;
+                }
+            }
+        }
+    }
+
+    MeshArrays const& m_mesh;
+    MeshErrors const& m_errors;
+    StageProgress& m_progress;
+    std::vector<std::uint32_t> m_largest;
+    std::vector<Fate> m_fates;
+};
 
 }  // namespace
 
 MeshArrays withMendedShells(MeshArrays const& mesh, MeshErrors const& errors,
                             Repair::Report& report, StageProgress& progress)
 {
-    WindingField const field(mesh, *errors.tree, progress);
-    std::vector<Fate> fates(errors.topology.isClosedShell.size(), Fate::stays);
-    std::vector<std::uint32_t> const largest = largestTriangles(mesh, errors);
-    for (std::size_t shell = 0; shell < largest.size(); ++shell) {
-        progress.add(0);
-        if (largest[shell] == none)
-            continue;
-        MeshArrays::Point const& place = mesh.point(largest[shell], 0);
-        fates[shell] = fateOf(mesh, largest[shell], field);
-        if (fates[shell] == Fate::turned)
-            noteMended(report, Repair::Flaw::turnedShell, 1, place);
-        else if (fates[shell] == Fate::dropped)
-            noteMended(report, Repair::Flaw::superfluousShell, 1, place);
-        else if (fates[shell] == Fate::unknown && errors.isMisoriented[shell])
-            noteLeft(report, Repair::Flaw::turnedShell, 1, place, reasons::open());
-    }
-    MeshArrays mended = mesh;
+    Shells const shells(mesh, errors, progress);
+    shells.tell(report);
+    MeshArrays mended = shells.turned();
     std::vector<std::uint8_t> isRemoved(mesh.triangles.size(), 0);
-    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
-        Fate const fate = fates[errors.topology.shellOf[t]];
-        isRemoved[t] = fate == Fate::dropped;
-        if (fate == Fate::turned)
-            std::swap(mended.triangles[t][1], mended.triangles[t][2]);
-    }
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t)
+        isRemoved[t] = shells.fateOfTriangle(t) == Fate::dropped;
     removeTriangles(mended, isRemoved);
     return mended;
 }
