@@ -61,8 +61,7 @@ public:
         for (std::uint32_t a = 2 * pair.first; a < std::min(2 * pair.first + 2, count); ++a) {
             std::uint32_t const from = pair.first == pair.second ? a : 2 * pair.second;
             for (std::uint32_t b = from; b < std::min(2 * pair.second + 2, count); ++b)
-                if (a == b ||
-                    (boxes[a].overlaps(boxes[b]) && !m_slabs.areApart(level - 1, a, b)))
+                if (a == b || (boxes[a].overlaps(boxes[b]) && !m_slabs.areApart(level - 1, a, b)))
                     descend(level - 1, bottom, {a, b}, visit);
         }
     }
