@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/SelfIntersections.h"
 
-#include "host/services/DiagonalSlabs.h"
+#include "host/services/BlockSlabs.h"
 #include "host/services/TrianglePair.h"
 
 #include <tbb/blocked_range.h>
@@ -34,7 +34,7 @@ class PairWalk
 {
 public:
     PairWalk(MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree,
-             DiagonalSlabs const& slabs, IntersectionReport& report, StageProgress& progress)
+             BlockSlabs const& slabs, IntersectionReport& report, StageProgress& progress)
         : m_mesh(mesh),
           m_topology(topology),
           m_tree(tree),
@@ -61,7 +61,7 @@ public:
         for (std::uint32_t a = 2 * pair.first; a < std::min(2 * pair.first + 2, count); ++a) {
             std::uint32_t const from = pair.first == pair.second ? a : 2 * pair.second;
             for (std::uint32_t b = from; b < std::min(2 * pair.second + 2, count); ++b)
-                if (a == b || (boxes[a].overlaps(boxes[b]) && !m_slabs.areApart(level - 1, a, b)))
+                if (a == b || boxes[a].overlaps(boxes[b]))
                     descend(level - 1, bottom, {a, b}, visit);
         }
     }
@@ -80,6 +80,8 @@ private:
         Block const& a = m_tree.blocks()[pair.first];
         Block const& b = m_tree.blocks()[pair.second];
         bool const isSame = pair.first == pair.second;
+        if (!isSame && m_slabs.areApart(pair.first, pair.second))
+            return;
         std::uint32_t open = a.overlapping(m_tree.levels()[0][pair.second]);
         for (; open != 0; open &= open - 1) {
             int const i = std::countr_zero(open);
@@ -125,7 +127,7 @@ private:
     MeshArrays const& m_mesh;
     TopologyReport const& m_topology;
     TriangleTree const& m_tree;
-    DiagonalSlabs const& m_slabs;
+    BlockSlabs const& m_slabs;
     IntersectionReport& m_report;
     StageProgress& m_progress;
     std::size_t m_shellLimit = 1024;
@@ -152,7 +154,7 @@ IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport cons
     report.isInvolved.resize(mesh.triangles.size());
     if (tree.blocks().empty())
         return report;
-    DiagonalSlabs const slabs(mesh, tree);
+    BlockSlabs const slabs(mesh, tree);
     std::size_t const level = splitLevel(tree);
     std::vector<NodePair> tasks;
     PairWalk(mesh, topology, tree, slabs, report, progress)
