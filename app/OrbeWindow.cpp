@@ -120,6 +120,7 @@ void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
     m_preparation = std::make_unique<PartPreparation>(*m_files);
     new FileDrop(this, *m_files);
     new WindowTitle(this, *m_files);
+    connect(m_files, &DocumentFiles::written, m_status, &StatusLine::showWritten);
 }
 
 void OrbeWindow::buildCommands()
@@ -132,9 +133,17 @@ void OrbeWindow::buildCommands()
     registerPanelCommands(manager, *m_panels, *m_appearance);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
-    auto const tell = [this](QString const& reason) { m_status->showMessage(reason, 5000); };
+    auto const tell = [this](QString const& reason) {
+        m_refusal = reason;
+        m_status->showMessage(reason, 5000);
+    };
     connect(m_gate, &CommandGate::refused, this, tell);
     connect(m_toolLock, &ToolLock::refused, this, tell);
+    connect(m_view, &Base::GLView::signalInteractModeChanged, this, [this] {
+        // What was said of the tool.
+        if (m_view->getInteractModeName().empty())
+            m_status->clearMessage();
+    });
     // Buttons of tools have gone down with the press already, and read their state anew.
     connect(m_gate, &CommandGate::refused, this, &MainWindow::signalUpdateToolbuttonState);
     connect(m_toolLock, &ToolLock::refused, this, &MainWindow::signalUpdateToolbuttonState);
@@ -166,6 +175,7 @@ void OrbeWindow::followDocument()
     };
     connect(m_follower, &DocumentFollower::replaced, this, show);
     connect(m_follower, &DocumentFollower::changed, this, &OrbeWindow::refresh);
+    connect(m_follower, &DocumentFollower::changed, this, &OrbeWindow::endRefusal);
     show(m_follower->document());
 }
 
@@ -267,6 +277,14 @@ void OrbeWindow::keyPressEvent(QKeyEvent* event)
         MainWindow::keyPressEvent(event);
 }
 
+/// Takes back why something was refused, for that may be over.
+void OrbeWindow::endRefusal()
+{
+    if (!m_refusal.isEmpty() && m_status->currentMessage() == m_refusal)
+        m_status->clearMessage();
+    m_refusal.clear();
+}
+
 void OrbeWindow::refresh()
 {
     m_status->refresh(*m_view, m_follower->document());
@@ -336,6 +354,8 @@ bool OrbeWindow::mayCloseDuringJob()
 void OrbeWindow::jobsChanged(bool busy)
 {
     refresh();
+    if (!busy)
+        endRefusal();
     // Jobs of commands tell no dialog that they start.
     for (DialogWidget* const dialog : DialogWindowManager::instance()->openDialogs())
         dialog->setWidgetEnabled(!busy);

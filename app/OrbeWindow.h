@@ -78,6 +78,7 @@ private:
 
     void retranslate();
     void refresh();
+    void endRefusal();
     bool mayCloseDuringJob();
     void jobsChanged(bool busy);
 
@@ -96,6 +97,7 @@ private:
     DocumentFiles* m_files = nullptr;
     std::unique_ptr<PartPreparation> m_preparation;
     std::unique_ptr<AutoSave> m_autoSave;
+    QString m_refusal;
     QByteArray m_firstPlaces;
     bool m_hasStoredPlaces = false;
     bool m_closesAfterJob = false;

@@ -19,13 +19,13 @@ void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::B
 }
 
 /// Sees to it that there is a tool to cut with, and that it closes.
-void prepareTool(MeshKernel* tool, CutFailure& failure)
+void prepareTool(MeshKernel* tool, std::function<void(int)> const& progress, CutFailure& failure)
 {
     if (!tool)
         throw Mell::Exception(
             QCoreApplication::translate("CutJobs", "There is no tool to cut with. Draw one first.")
                 .toStdString());
-    ServiceCall::run(failure, [&] { closeTool(*tool); });
+    ServiceCall::run(failure, [&] { closeTool(*tool, [&] { progress(0); }); });
 }
 
 }  // namespace
@@ -64,9 +64,9 @@ void PolygonCutImp::run(std::function<void(int)> progress)
     std::unique_ptr<MeshKernel> const out = std::move(m_out);
     bool const isSplit = !m_useClearance || m_singleTool;
     if (partCount() > 0) {
-        prepareTool(in.get(), jobFailure());
+        prepareTool(in.get(), progress, jobFailure());
         if (!isSplit)
-            prepareTool(out.get(), jobFailure());
+            prepareTool(out.get(), progress, jobFailure());
     }
     for (int i = 0; i < partCount(); ++i) {
         Mesh::DocumentObject* const part = m_objects[std::size_t(i)];

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/ToolClosing.h"
 
+#include "cutjobs/CrowdedCaps.h"
 #include "cutjobs/common/ClosedSurface.h"
 #include "platform/mesh/MeshKernel.h"
 #include "platform/services/EarcutPolygon.h"
@@ -109,11 +110,20 @@ std::vector<std::array<double, 2>> flattened(Border const& border)
     return ring;
 }
 
-/// Triangles that fill a closed line, three places in it for each.
-std::vector<int> filling(Border const& border)
+void pollNowAndThen(std::size_t step, std::function<void()> const& poll)
 {
+    if (poll && step % 4096 == 4095)
+        poll();
+}
+
+/// Triangles that fill a closed line, three places in it for each.
+std::vector<int> filling(Border const& border, std::function<void()> const& poll)
+{
+    std::function<void(int)> const progress =
+        poll ? [&poll](int) { poll(); } : std::function<void(int)>();
     if (border.size() > 3)
-        if (std::vector<int> corners = EarcutPolygon::earcut({flattened(border)}); !corners.empty())
+        if (std::vector<int> corners = EarcutPolygon::earcut({flattened(border)}, progress);
+            !corners.empty())
             return corners;
     // A line that goes and comes back the same way has no area to fill, but its edges need
     // partners.
@@ -136,6 +146,7 @@ public:
         m_mesh->AddTriangle(triangle);
     }
 
+    Mesh const& mesh() const { return *m_mesh; }
     std::unique_ptr<Mesh> take() { return std::move(m_mesh); }
 
 private:
@@ -153,26 +164,57 @@ private:
     std::map<Point, UVertex<float>*, ByPlace> m_vertices;
 };
 
-}  // namespace
-
-void closeTool(MeshKernel& tool)
+double surfaceOf(Mesh const& mesh)
 {
-    auto const mesh = tool.readMesh();
-    std::vector<ClosedSurface::Edge> const missing = ClosedSurface::missingEdges(*mesh);
-    if (missing.empty())
-        return;
+    double sum = 0;
+    for (Triangle const* const t : mesh.triangles)
+        sum += areaOf({t->cP(0), t->cP(1), t->cP(2)}).GetLength();
+    return sum;
+}
+
+/// A mesh without some of its triangles, its openings filled.
+std::unique_ptr<Mesh> filledWithout(Mesh const& mesh, std::vector<bool> const& isLeftOut,
+                                    std::function<void()> const& poll)
+{
     WeldedMesh welded;
-    for (Triangle const* const t : mesh->triangles)
-        welded.add(t->cP(0), t->cP(1), t->cP(2));
-    for (Border const& border : BorderChains(missing).run()) {
-        std::vector<int> const corners = filling(border);
-        for (std::size_t i = 0; i + 2 < corners.size(); i += 3)
+    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+        pollNowAndThen(t, poll);
+        if (isLeftOut.empty() || !isLeftOut[t])
+            welded.add(mesh.triangles[t]->cP(0), mesh.triangles[t]->cP(1),
+                       mesh.triangles[t]->cP(2));
+    }
+    for (Border const& border : BorderChains(ClosedSurface::missingEdges(welded.mesh())).run()) {
+        std::vector<int> const corners = filling(border, poll);
+        for (std::size_t i = 0; i + 2 < corners.size(); i += 3) {
+            pollNowAndThen(i / 3, poll);
             welded.add(border[std::size_t(corners[i])], border[std::size_t(corners[i + 1])],
                        border[std::size_t(corners[i + 2])]);
+        }
     }
-    std::unique_ptr<Mesh> closed = welded.take();
-    closed->UpdateTrisID();
-    closed->UpdateVertsID();
-    tool.replaceMesh(std::move(closed));
+    return welded.take();
+}
+
+}  // namespace
+
+void closeTool(MeshKernel& tool, std::function<void()> const& poll)
+{
+    auto const mesh = tool.readMesh();
+    bool const isClosed = ClosedSurface::missingEdges(*mesh).empty();
+    std::vector<bool> const caps = crowdedCaps(*mesh);
+    if (isClosed && caps.empty())
+        return;
+    std::unique_ptr<Mesh> filled = isClosed ? nullptr : filledWithout(*mesh, {}, poll);
+    if (!caps.empty()) {
+        // A cap that lay on itself, or whose border crosses itself, stays as it was.
+        constexpr double rounding = 1e-6;
+        auto refilled = filledWithout(*mesh, caps, poll);
+        if (surfaceOf(*refilled) <= (1 + rounding) * surfaceOf(filled ? *filled : *mesh))
+            filled = std::move(refilled);
+    }
+    if (!filled)
+        return;
+    filled->UpdateTrisID();
+    filled->UpdateVertsID();
+    tool.replaceMesh(std::move(filled));
     tool.UpdateBoundingBox();
 }

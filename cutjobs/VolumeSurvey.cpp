@@ -86,7 +86,7 @@ std::vector<VolumeForecast> surveyVolumeCut(VolumeRequest const& request,
     if (solids.empty() || solids.front()->readMesh()->triangles.empty())
         return {};
     for (auto const& solid : solids)
-        closeTool(*solid);
+        closeTool(*solid, poll);
     Survey const survey(solids, poll);
     std::vector<VolumeForecast> forecasts;
     for (VolumeRequest::Part const& part : request.parts) {

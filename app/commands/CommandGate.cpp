@@ -40,8 +40,11 @@ void bringInLine(Base::Command& command)
     action->setToolTip(toolTipOf(command, *action, why));
     if (auto const* const host = dynamic_cast<HostCommand const*>(&command))
         action->setText(host->currentText());
-    if (auto const* const checkable = dynamic_cast<CheckableCommand const*>(&command))
+    if (auto const* const checkable = dynamic_cast<CheckableCommand const*>(&command)) {
         action->setChecked(checkable->isChecked());
+        // An icon would stand where menus show the state.
+        action->getQAction()->setIconVisibleInMenu(false);
+    }
 }
 
 }  // namespace

@@ -71,7 +71,8 @@ public:
     bool recover(QString const& projectFile, QDateTime const& asOf, ReadRecovered read,
                  std::function<void()> takenOver);
 
-    /// Exports the selected parts or all of them, in the way the user says.
+    /// Exports the selected parts, or all of them but those that are hidden, in the way the user
+    /// says, who may take the hidden ones along.
     void exportParts(bool onlySelected);
 
     /// Waits for running jobs, with events being handled, and then asks about unsaved work: true if
@@ -97,6 +98,10 @@ signals:
     void titleChanged();
     /// A job has ended and its result, if any, is in place.
     void jobFinished();
+    /// Files were written.
+    ///
+    /// sentence  which, in the language of the interface
+    void written(QString const& sentence, QString const& folder);
     /// Parts were added, or a project was opened.
     void opened();
 
@@ -110,7 +115,7 @@ private:
     void fitIntoView() const;
     void startSaving(QString const& file);
     void finishSaving(QString const& file);
-    void startExport(std::shared_ptr<PartExport> parts);
+    void startExport(std::shared_ptr<PartExport> parts, QStringList const& leftOut);
     void takeOver(Recovered& recovered, QString const& projectFile, QDateTime const& asOf);
     void tellLater(QString const& text);
     void waitUntilIdle();

@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QTimer>
 
+#include <algorithm>
+
 // The side of the class that writes, and that asks before work is lost.
 namespace {
 
@@ -20,6 +22,34 @@ QStringList existingOf(QStringList const& files)
         if (QFileInfo::exists(file))
             existing.push_back(file);
     return existing;
+}
+
+using Parts = std::vector<Mesh::DocumentObject*>;
+
+/// Takes the hidden ones out of parts.
+Parts takeHidden(Parts& parts)
+{
+    auto const hidden = std::stable_partition(parts.begin(), parts.end(),
+                                              [](auto const* part) { return part->isVisible(); });
+    Parts taken(hidden, parts.end());
+    parts.erase(hidden, parts.end());
+    return taken;
+}
+
+QStringList namesOf(Parts const& parts)
+{
+    QStringList names;
+    for (Mesh::DocumentObject const* const part : parts)
+        names << QString::fromStdString(part->getName());
+    return names;
+}
+
+/// Names for a line of text.
+QString shortList(QStringList const& names)
+{
+    constexpr int most = 3;
+    QString const list = names.mid(0, most).join(QStringLiteral(", "));
+    return names.size() > most ? list + QStringLiteral(", ...") : list;
 }
 
 }  // namespace
@@ -82,23 +112,30 @@ void DocumentFiles::finishSaving(QString const& file)
         document()->setModified(false);
     m_recent.add(file);
     emit titleChanged();
+    emit written(tr("Saved %1.").arg(QFileInfo(file).fileName()), QFileInfo(file).absolutePath());
 }
 
 void DocumentFiles::exportParts(bool onlySelected)
 {
     if (!document() || JobGuard::instance()->isBusy())
         return;
-    auto const parts =
-        onlySelected ? document()->getSelectedMeshObjects() : document()->getMeshObjects();
-    if (parts.empty())
+    // What is selected is asked for, hidden or not.
+    auto parts = onlySelected ? document()->getSelectedMeshObjects() : document()->getMeshObjects();
+    Parts const hidden = onlySelected ? Parts() : takeHidden(parts);
+    if (parts.empty() && hidden.empty())
         return;
-    QString const suggestion = parts.size() == 1 ? QString::fromStdString(parts[0]->getName())
-                                                 : QFileInfo(displayName()).completeBaseName();
-    auto const plan = m_questions->exportPlan(suggestion, int(parts.size()));
+    Mesh::DocumentObject const& first = parts.empty() ? *hidden.front() : *parts.front();
+    bool const isNamed = !m_projectFile.isEmpty() && parts.size() != 1;
+    ExportOffer const offer{isNamed ? QFileInfo(m_projectFile).completeBaseName()
+                                    : QString::fromStdString(first.getName()),
+                            int(parts.size()), namesOf(hidden)};
+    auto const plan = m_questions->exportPlan(offer);
     Formats::MeshFormat const* const format =
         plan ? Formats::FormatRegistry::instance().byName(plan->format.toStdString()) : nullptr;
     if (!format)
         return;
+    if (plan->takesHidden)
+        parts = document()->getMeshObjects();
     auto const job = std::make_shared<PartExport>(parts, *format);
     if (job->isEmpty()) {
         m_questions->tell(tr("These parts have no triangles to export; choose others."));
@@ -112,17 +149,26 @@ void DocumentFiles::exportParts(bool onlySelected)
     } else {
         job->toFile(plan->path);
     }
-    startExport(job);
+    startExport(job, plan->takesHidden ? QStringList() : offer.hidden);
 }
 
-void DocumentFiles::startExport(std::shared_ptr<PartExport> parts)
+void DocumentFiles::startExport(std::shared_ptr<PartExport> parts, QStringList const& leftOut)
 {
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Exporting parts"),
         [parts](FileJob::Progress const& progress) { parts->run(progress); },
-        [this](JobOutcome const& outcome) {
+        [this, parts, leftOut](JobOutcome const& outcome) {
             if (!outcome.problem.isEmpty())
                 tellLater(tr("Not all parts were exported.") + "\n\n" + outcome.problem);
+            if (!outcome.isDone())
+                return;
+            QFileInfo const first(parts->files().front());
+            QString sentence = parts->files().size() == 1
+                                   ? tr("Exported %1.").arg(first.fileName())
+                                   : tr("Exported %n files.", nullptr, parts->files().size());
+            if (!leftOut.isEmpty())
+                sentence += ' ' + tr("Left out as hidden: %1.").arg(shortList(leftOut));
+            emit written(sentence, first.absolutePath());
         });
 }
 

@@ -14,6 +14,19 @@ struct ExportPlan
     /// A name of the format registry, such as "stl".
     QString format;
     bool isOneFilePerPart = false;
+    /// Hidden parts go along.
+    bool takesHidden = false;
+};
+
+/// What there is to export.
+struct ExportOffer
+{
+    /// A file name without extension.
+    QString suggestion;
+    /// That go along in any case.
+    int parts = 0;
+    /// The names of further parts, which do so if the user says so.
+    QStringList hidden;
 };
 
 /// What the file operations ask of the user. A test answers in its own way.
@@ -30,10 +43,8 @@ public:
     ///
     /// suggestion  a path or a file name
     virtual QString projectToSave(QString const& suggestion) = 0;
-    /// How to export so many parts. The user has agreed to the replacement of a single file.
-    ///
-    /// suggestion  a file name without extension
-    virtual std::optional<ExportPlan> exportPlan(QString const& suggestion, int parts) = 0;
+    /// How to export parts. The user has agreed to the replacement of a single file.
+    virtual std::optional<ExportPlan> exportPlan(ExportOffer const& offer) = 0;
     /// Whether files that exist may be replaced.
     virtual bool mayReplace(QStringList const& files) = 0;
 

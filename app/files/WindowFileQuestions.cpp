@@ -77,12 +77,12 @@ QString WindowFileQuestions::projectToSave(QString const& suggestion)
     return file;
 }
 
-std::optional<ExportPlan> WindowFileQuestions::exportPlan(QString const& suggestion, int parts)
+std::optional<ExportPlan> WindowFileQuestions::exportPlan(ExportOffer const& offer)
 {
-    ExportDialog dialog(parts, MainWindow::getInstance());
+    ExportDialog dialog(offer, MainWindow::getInstance());
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    ExportPlan plan{{}, dialog.format(), dialog.isOneFilePerPart()};
+    ExportPlan plan{{}, dialog.format(), dialog.isOneFilePerPart(), dialog.takesHidden()};
     Formats::MeshFormat const& format =
         *Formats::FormatRegistry::instance().byName(plan.format.toStdString());
     QString const ending = "." + latin(format.extensions().front());
@@ -91,7 +91,7 @@ std::optional<ExportPlan> WindowFileQuestions::exportPlan(QString const& suggest
                                                       tr("Export to Folder"), folder());
         rememberFolderOf(QDir(plan.path).filePath("part"));
     } else {
-        QString safe = suggestion;
+        QString safe = offer.suggestion;
         safe.replace('/', '_');
         plan.path = QFileDialog::getSaveFileName(
             MainWindow::getInstance(), tr("Export"), suggestedPath(safe + ending),

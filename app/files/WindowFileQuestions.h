@@ -14,7 +14,7 @@ class WindowFileQuestions : public FileQuestions
 public:
     QStringList filesToOpen() override;
     QString projectToSave(QString const& suggestion) override;
-    std::optional<ExportPlan> exportPlan(QString const& suggestion, int parts) override;
+    std::optional<ExportPlan> exportPlan(ExportOffer const& offer) override;
     bool mayReplace(QStringList const& files) override;
     Unsaved aboutUnsaved(QString const& documentName) override;
     Changed aboutChanged(QString const& documentName) override;

@@ -82,12 +82,13 @@ void PartInformation::build()
     auto* const layout = new MellVBoxLayout(this);
     int const margin = themePixels("dialogWidegtMargin");
     layout->setContentsMargins(margin, margin, margin, margin);
-    layout->addWidget(m_hint);
-    layout->addWidget(m_facts);
+    // First, so that nothing that is found out moves them under the mouse.
     auto* const buttons = new MellHBoxLayout;
     buttons->addWidget(m_check);
     buttons->addWidget(m_repair);
     layout->addLayout(buttons);
+    layout->addWidget(m_hint);
+    layout->addWidget(m_facts);
     layout->addWidget(m_report, 1);
     layout->addStretch();
 }

@@ -122,8 +122,12 @@ void PartList::updateSummary()
 void PartList::revealSelected()
 {
     auto const rows = m_view->selectionModel()->selectedRows();
-    if (rows.size() == 1 && !m_view->hasFocus())
-        m_view->scrollTo(rows.front());
+    QRect const shown = m_view->viewport()->rect();
+    bool const isSeen = std::any_of(rows.begin(), rows.end(), [&](QModelIndex const& row) {
+        return shown.contains(m_view->visualRect(row).center());
+    });
+    if (!isSeen && !rows.isEmpty())
+        m_view->scrollTo(*std::min_element(rows.begin(), rows.end()));
 }
 
 PartEdits::Parts PartList::partsAt(QModelIndex const& index) const

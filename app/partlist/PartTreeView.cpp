@@ -20,6 +20,8 @@ PartTreeView::PartTreeView(QWidget* parent) : QTreeView(parent)
     setDragDropMode(DragDrop);
     setDefaultDropAction(Qt::MoveAction);
     setMouseTracking(true);
+    // Pieces differ at the end of their names.
+    setTextElideMode(Qt::ElideMiddle);
 }
 
 void PartTreeView::setPlaceholder(QString const& text)

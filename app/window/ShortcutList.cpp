@@ -13,6 +13,55 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr int otherWordsRole = Qt::UserRole;
+
+struct OtherWords
+{
+    char const* command;
+    char const* words;
+};
+
+/// What people who come from other programs call things; never shown.
+constexpr OtherWords otherWords[] = {
+    {"Std_Open", QT_TRANSLATE_NOOP("ShortcutWords", "import, load, add model, insert")},
+    {"Std_Export", QT_TRANSLATE_NOOP("ShortcutWords", "save as STL, write, convert")},
+    {"Std_ExportSelected", QT_TRANSLATE_NOOP("ShortcutWords", "save as STL, write, convert")},
+    {"Std_Undo", QT_TRANSLATE_NOOP("ShortcutWords", "take back, revert, step back")},
+    {"Std_Redo", QT_TRANSLATE_NOOP("ShortcutWords", "repeat, again, step forward")},
+    {"Std_Delete", QT_TRANSLATE_NOOP("ShortcutWords", "remove, erase, clear")},
+    {"Std_Duplicate", QT_TRANSLATE_NOOP("ShortcutWords", "copy, clone, paste")},
+    {"Std_SelectNone", QT_TRANSLATE_NOOP("ShortcutWords", "deselect, clear selection")},
+    {"Std_RectangleSelect", QT_TRANSLATE_NOOP("ShortcutWords", "box select, marquee, lasso")},
+    {"Std_PickPoint", QT_TRANSLATE_NOOP("ShortcutWords", "coordinates, probe, measure")},
+    {"Std_FitAll", QT_TRANSLATE_NOOP("ShortcutWords", "zoom to everything, home, reset view")},
+    {"Std_FitSelection", QT_TRANSLATE_NOOP("ShortcutWords", "zoom to selection, focus, frame")},
+    {"Std_ShowEdges", QT_TRANSLATE_NOOP("ShortcutWords", "wireframe, mesh, triangles")},
+    {"Std_ShowPlate", QT_TRANSLATE_NOOP("ShortcutWords", "bed, grid, platform, floor")},
+    {"Std_Parallel", QT_TRANSLATE_NOOP("ShortcutWords", "orthographic, orthogonal, projection")},
+    {"Std_Perspective", QT_TRANSLATE_NOOP("ShortcutWords", "projection, camera")},
+    {"Std_CutView", QT_TRANSLATE_NOOP("ShortcutWords", "clipping, look inside, cross section")},
+    {"Std_DropToPlate",
+     QT_TRANSLATE_NOOP("ShortcutWords", "bed, ground, floor, land, on platform")},
+    {"Std_zCut", QT_TRANSLATE_NOOP("ShortcutWords", "slice, split, divide, halve")},
+    {"Std_Hide", QT_TRANSLATE_NOOP("ShortcutWords", "invisible, switch off")},
+    {"Std_ShowAll", QT_TRANSLATE_NOOP("ShortcutWords", "unhide, visible, switch on")},
+    {"Std_Group", QT_TRANSLATE_NOOP("ShortcutWords", "combine, folder, assembly")},
+    {"Std_Preferences", QT_TRANSLATE_NOOP("ShortcutWords", "settings, options, configuration")},
+    {"Std_Screenshot", QT_TRANSLATE_NOOP("ShortcutWords", "screenshot, image, photo, render")},
+};
+
+QString otherWordsFor(std::string const& command)
+{
+    for (OtherWords const& each : otherWords)
+        if (command == each.command)
+            return QCoreApplication::translate("ShortcutWords", each.words);
+    return {};
+}
+
+}  // namespace
+
 ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset preset, QWidget* parent)
     : QDialog(parent), m_list(new QTreeWidget(this))
 {
@@ -53,9 +102,11 @@ void ShortcutList::addCommands(Base::CommandManager const& manager)
         // Not the action's text, which may name the step that would be undone.
         QString const text = QCoreApplication::translate(
             command->className(), command->getMenuText().toUtf8().constData());
-        if (!keys.isEmpty())
-            new QTreeWidgetItem(
-                m_list, {QString(text).remove('&'), keys.toString(QKeySequence::NativeText)});
+        if (keys.isEmpty())
+            continue;
+        auto* const item = new QTreeWidgetItem(
+            m_list, {QString(text).remove('&'), keys.toString(QKeySequence::NativeText)});
+        item->setData(0, otherWordsRole, otherWordsFor(command->getName()));
     }
 }
 
@@ -92,8 +143,10 @@ void ShortcutList::filter(QString const& text)
 {
     for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = m_list->topLevelItem(i);
-        bool const isFound = item->text(0).contains(text, Qt::CaseInsensitive) ||
-                             item->text(1).contains(text, Qt::CaseInsensitive);
+        bool const isFound =
+            item->text(0).contains(text, Qt::CaseInsensitive) ||
+            item->text(1).contains(text, Qt::CaseInsensitive) ||
+            item->data(0, otherWordsRole).toString().contains(text, Qt::CaseInsensitive);
         item->setHidden(!isFound);
     }
 }

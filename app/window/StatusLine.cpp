@@ -6,14 +6,17 @@
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/Application.h"
+#include "platform/ui/Theme.h"
 #include "platform/view/GLView.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
 #include <QStyleOption>
+#include <QUrl>
 
 namespace {
 
@@ -21,6 +24,7 @@ char const* const noPartHint =
     QT_TRANSLATE_NOOP("StatusLine", "Drop mesh files here, or open them from the File menu.");
 char const* const viewHint =
     QT_TRANSLATE_NOOP("StatusLine", "Click a part to select it. Press ? for all shortcuts.");
+constexpr int writtenMilliseconds = 30000;
 
 }  // namespace
 
@@ -38,6 +42,13 @@ StatusLine::StatusLine(QWidget* parent)
     // time, on top of the message, when another one beside it appears.
     addPermanentWidget(m_hint, 1);
     connect(this, &QStatusBar::messageChanged, this, &StatusLine::showHint);
+    connect(m_hint, &QLabel::linkActivated, this,
+            [](QString const& folder) { QDesktopServices::openUrl(QUrl(folder)); });
+    m_writtenTime.setSingleShot(true);
+    connect(&m_writtenTime, &QTimer::timeout, this, [this] {
+        m_written.clear();
+        showHint();
+    });
     addPermanentWidget(m_progress);
     addPermanentWidget(m_selection);
     setSizeGripEnabled(false);
@@ -60,12 +71,36 @@ void StatusLine::changeEvent(QEvent* event)
         event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange;
     if (changesSize)
         keepHeight();
+    if (event->type() == QEvent::LanguageChange) {
+        m_written.clear();
+        clearMessage();
+        showHint();
+    }
 }
 
 void StatusLine::showHint()
 {
     QString const message = currentMessage();
-    m_hint->setText(message.isEmpty() ? m_hintText : message);
+    bool const isWritten = message.isEmpty() && !m_written.isEmpty();
+    m_hint->setTextFormat(isWritten ? Qt::RichText : Qt::PlainText);
+    m_hint->setText(isWritten ? writtenText() : message.isEmpty() ? m_hintText : message);
+}
+
+QString StatusLine::writtenText() const
+{
+    QString const link = QUrl::fromLocalFile(m_writtenFolder).toString(QUrl::FullyEncoded);
+    return QStringLiteral("%1&nbsp; <a href=\"%2\" style=\"color:%3\">%4</a>")
+        .arg(m_written.toHtmlEscaped(), link, themeColor("accent").name(),
+             tr("Open folder").toHtmlEscaped());
+}
+
+void StatusLine::showWritten(QString const& sentence, QString const& folder)
+{
+    m_written = sentence;
+    m_writtenFolder = folder;
+    m_writtenTime.start(writtenMilliseconds);
+    clearMessage();
+    showHint();
 }
 
 // Without the message, which stands in the label.

@@ -2,10 +2,10 @@
 #include "host/formats/PackedText.h"
 
 #include <tbb/task_group.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <new>
+#include <zlib.h>
 
 namespace Formats {
 namespace {
@@ -124,8 +124,8 @@ void PackedText::collect()
     for (auto const& piece : m_pieces) {
         m_bytes += piece->packed;
         m_size += piece->text.size();
-        m_checksum = std::uint32_t(
-            crc32_combine(m_checksum, piece->checksum, z_off_t(piece->text.size())));
+        m_checksum =
+            std::uint32_t(crc32_combine(m_checksum, piece->checksum, z_off_t(piece->text.size())));
     }
     m_pieces.clear();
 }

@@ -26,7 +26,8 @@ enum CutSide
 ///
 /// Sorter  has `int sideOf(std::uint32_t place, UPoint3<float> const&) const`, which gives 1 for
 ///         sideAbove, -1 for sideBelow and 0 for neither, once per vertex and on any thread; and
-///         `bool isApart(a, b, c) const` for the places of corners that lie on one side. Its source
+///         `bool isApart(a, b, c) const` for the places of corners that lie on one side, and
+///         `std::uint64_t edgesOf(a, b, c) const`, which is added up over all triangles. Its source
 ///         file includes RecordCopying.h and instantiates RecordCopies for it
 template <typename Sorter>
 class RecordCopies
@@ -58,6 +59,8 @@ public:
     std::vector<Triangle const*> const& meeting() const { return m_meeting; }
     /// How many triangles lie apart from the cut on a side.
     std::size_t countOf(CutSide side) const { return m_counts[side]; }
+    /// The sum of what the sorter says of the edges of all triangles, modulo 2^64.
+    std::uint64_t edgeSum() const { return m_edges; }
     UMesh<float>& mesh(CutSide side) { return *m_meshes[side]; }
     std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
 
@@ -88,4 +91,5 @@ private:
     Wanted m_wanted;
     std::function<void(int)> const& m_progress;
     std::array<std::size_t, 2> m_counts{};
+    std::uint64_t m_edges = 0;
 };

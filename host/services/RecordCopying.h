@@ -110,6 +110,7 @@ struct RecordCopies<Sorter>::TriangleBlock
     std::array<std::vector<std::span<Triangle>>, 2> runs;
     std::array<std::size_t, 2> counts{};
     std::vector<Triangle const*> meeting;
+    std::uint64_t edges = 0;
 };
 
 template <typename Sorter>
@@ -226,6 +227,7 @@ void RecordCopies<Sorter>::copyTriangleBlock(std::size_t begin, std::size_t end,
         std::uint32_t const a = m_place(triangle->cV(0));
         std::uint32_t const b = m_place(triangle->cV(1));
         std::uint32_t const c = m_place(triangle->cV(2));
+        block.edges += m_sorter.edgesOf(a, b, c);
         int const side = m_sides[a];
         if (side == 0 || m_sides[b] != side || m_sides[c] != side || !m_sorter.isApart(a, b, c)) {
             block.meeting.push_back(triangle);
@@ -246,6 +248,7 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
     for (std::size_t side = 0; side < 2; ++side)
         RecordCopying::collectRuns(blocks, side, m_meshes[side]->triangles);
     m_counts = {};
+    m_edges = 0;
     std::size_t meeting = m_meeting.size();
     for (TriangleBlock const& block : blocks)
         meeting += block.meeting.size();
@@ -254,5 +257,6 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
         for (std::size_t side = 0; side < 2; ++side)
             m_counts[side] += block.counts[side];
+        m_edges += block.edges;
     }
 }

@@ -28,6 +28,39 @@ double roundStep(double step)
     return power * (lead < 1.5 ? 1 : lead < 3.5 ? 2 : lead < 7.5 ? 5 : 10);
 }
 
+bool isWrong(MellQuantitySpinBox const& box, QString const& text)
+{
+    return !text.trimmed().isEmpty() && !QuantityExpression::read(text, box.unit()).isValid();
+}
+
+/// Keeps Tab in a field whose text is wrong: the text would be lost on the way out.
+class WrongTextKeeper : public QObject
+{
+public:
+    WrongTextKeeper(MellQuantitySpinBox& box, QLineEdit& edit)
+        : QObject(&box), m_box(box), m_edit(edit)
+    {
+        box.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        auto const* const key = static_cast<QKeyEvent*>(event);
+        bool const leaves = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+        if (!leaves || !m_edit.isModified() || !isWrong(m_box, m_edit.text()))
+            return false;
+        QString const why = QuantityExpression::read(m_edit.text(), m_box.unit()).error;
+        QToolTip::showText(m_box.mapToGlobal(QPoint(0, m_box.height())), why, &m_box);
+        return true;
+    }
+
+private:
+    MellQuantitySpinBox& m_box;
+    QLineEdit& m_edit;
+};
+
 }  // namespace
 
 MellQuantitySpinBox::MellQuantitySpinBox(QWidget* parent) : QAbstractSpinBox(parent)
@@ -35,6 +68,7 @@ MellQuantitySpinBox::MellQuantitySpinBox(QWidget* parent) : QAbstractSpinBox(par
     auto* const edit = new UnitLineEdit(this);
     edit->setObjectName("qt_spinbox_lineedit");
     setLineEdit(edit);
+    new WrongTextKeeper(*this, *edit);
     setKeyboardTracking(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
@@ -196,6 +230,11 @@ void MellQuantitySpinBox::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape && lineEdit()->isModified()) {
         showValue();
         selectAll();
+        return;
+    }
+    if (ends && isWrong(*this, lineEdit()->text())) {
+        // To be mended where it stands; Esc brings the value back.
+        complain(QuantityExpression::read(lineEdit()->text(), unit()).error);
         return;
     }
     if (ends)

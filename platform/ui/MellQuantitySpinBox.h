@@ -9,8 +9,8 @@
 ///
 /// Lengths are shown and typed in the unit of DisplayUnit; all values in code, steps and limits
 /// too, are millimetres. The text is rounded, the value is not: it stays what setValue gave until
-/// the user changes the text. What the user types becomes the value when the editing ends; a text
-/// that cannot be read is explained in a tool tip and gives way to the last good value.
+/// the user changes the text. What the user types becomes the value when the editing ends. A text
+/// that cannot be read is explained in a tip; it stays on Return and Tab, else the value comes back.
 ///
 /// The line edit holds the number alone, so that a validator may be set on it; the unit stands
 /// beside it. An empty text lasts until editingFinished() has been emitted.

@@ -1018,6 +1018,25 @@
         <source>There is not enough free memory; close other programs and try again.</source>
         <translation>Der freie Speicher reicht nicht; andere Programme schließen und noch einmal versuchen.</translation>
     </message>
+    <message>
+        <source>Saved %1.</source>
+        <translation>%1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>Exported %1.</source>
+        <translation>%1 exportiert.</translation>
+    </message>
+    <message>
+        <source>Left out as hidden: %1.</source>
+        <translation>Weil ausgeblendet, ausgelassen: %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Exported %n files.</source>
+        <translation>
+            <numerusform>%n Datei exportiert.</numerusform>
+            <numerusform>%n Dateien exportiert.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>Drawings</name>
@@ -1146,6 +1165,10 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Hidden parts too: %1</source>
+        <translation>Auch ausgeblendete Bauteile: %1</translation>
     </message>
 </context>
 <context>
@@ -3755,6 +3778,10 @@
         <translation>%1 Bauteile, %2 Dreiecke</translation>
     </message>
     <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
         <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
         <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
     </message>
@@ -4033,6 +4060,101 @@
     <message>
         <source>Cut View</source>
         <translation>Schnittansicht</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutWords</name>
+    <message>
+        <source>import, load, add model, insert</source>
+        <translation>importieren, laden, Modell hinzufügen, einfügen</translation>
+    </message>
+    <message>
+        <source>save as STL, write, convert</source>
+        <translation>als STL speichern, schreiben, umwandeln</translation>
+    </message>
+    <message>
+        <source>take back, revert, step back</source>
+        <translation>zurücknehmen, widerrufen, Schritt zurück</translation>
+    </message>
+    <message>
+        <source>repeat, again, step forward</source>
+        <translation>wiederholen, noch einmal, Schritt vor</translation>
+    </message>
+    <message>
+        <source>remove, erase, clear</source>
+        <translation>entfernen, wegnehmen, leeren</translation>
+    </message>
+    <message>
+        <source>copy, clone, paste</source>
+        <translation>kopieren, klonen, einfügen</translation>
+    </message>
+    <message>
+        <source>deselect, clear selection</source>
+        <translation>abwählen, Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>box select, marquee, lasso</source>
+        <translation>Rahmen, Auswahlkasten, Lasso</translation>
+    </message>
+    <message>
+        <source>coordinates, probe, measure</source>
+        <translation>Koordinaten, antasten, messen</translation>
+    </message>
+    <message>
+        <source>zoom to everything, home, reset view</source>
+        <translation>alles zeigen, Anfang, Ansicht zurücksetzen</translation>
+    </message>
+    <message>
+        <source>zoom to selection, focus, frame</source>
+        <translation>auf die Auswahl zoomen, heranholen</translation>
+    </message>
+    <message>
+        <source>wireframe, mesh, triangles</source>
+        <translation>Drahtgitter, Netz, Dreiecke</translation>
+    </message>
+    <message>
+        <source>bed, grid, platform, floor</source>
+        <translation>Druckbett, Gitter, Plattform, Boden</translation>
+    </message>
+    <message>
+        <source>orthographic, orthogonal, projection</source>
+        <translation>orthografisch, orthogonal, Projektion</translation>
+    </message>
+    <message>
+        <source>projection, camera</source>
+        <translation>Projektion, Kamera</translation>
+    </message>
+    <message>
+        <source>clipping, look inside, cross section</source>
+        <translation>hineinsehen, Querschnitt, Schnittebene</translation>
+    </message>
+    <message>
+        <source>bed, ground, floor, land, on platform</source>
+        <translation>Druckbett, Boden, aufsetzen, auf die Plattform</translation>
+    </message>
+    <message>
+        <source>slice, split, divide, halve</source>
+        <translation>schneiden, teilen, halbieren, zerlegen</translation>
+    </message>
+    <message>
+        <source>invisible, switch off</source>
+        <translation>unsichtbar, ausschalten</translation>
+    </message>
+    <message>
+        <source>unhide, visible, switch on</source>
+        <translation>einblenden, sichtbar, einschalten</translation>
+    </message>
+    <message>
+        <source>combine, folder, assembly</source>
+        <translation>zusammenfassen, Ordner, Baugruppe</translation>
+    </message>
+    <message>
+        <source>settings, options, configuration</source>
+        <translation>Optionen, Konfiguration, Einrichtung</translation>
+    </message>
+    <message>
+        <source>screenshot, image, photo, render</source>
+        <translation>Bildschirmfoto, Abbildung, Foto</translation>
     </message>
 </context>
 </TS>

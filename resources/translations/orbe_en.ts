@@ -24,6 +24,13 @@
             <numerusform>Open %n files</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Exported %n files.</source>
+        <translation>
+            <numerusform>Exported %n file.</numerusform>
+            <numerusform>Exported %n files.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ExportDialog</name>

@@ -54,7 +54,7 @@ public:
 
     QStringList filesToOpen() override { return {}; }
     QString projectToSave(QString const&) override { return {}; }
-    std::optional<ExportPlan> exportPlan(QString const&, int) override { return {}; }
+    std::optional<ExportPlan> exportPlan(ExportOffer const&) override { return {}; }
     bool mayReplace(QStringList const&) override { return true; }
     Unsaved aboutUnsaved(QString const&) override
     {

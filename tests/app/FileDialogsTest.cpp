@@ -182,7 +182,7 @@ TEST(WindowFileQuestions, AnExportIsPlannedInTwoSteps)
     WindowFileQuestions questions;
     {
         ModalAnswers const answers({press("Export..."), type(target)});
-        auto const plan = questions.exportPlan("gear", 1);
+        auto const plan = questions.exportPlan({"gear", 1, {}});
         ASSERT_TRUE(plan);
         EXPECT_EQ(plan->path, target + ".stl");
         EXPECT_EQ(plan->format, "stl");
@@ -192,12 +192,12 @@ TEST(WindowFileQuestions, AnExportIsPlannedInTwoSteps)
     {
         ModalAnswers const answers(
             {press("Export..."), type(QString::fromStdString(folder.path().string()))});
-        auto const plan = questions.exportPlan("plate", 3);
+        auto const plan = questions.exportPlan({"plate", 3, {}});
         ASSERT_TRUE(plan);
         EXPECT_EQ(plan->path.toStdString(), folder.path().string());
         EXPECT_TRUE(plan->isOneFilePerPart);
     }
     ModalAnswers const answers({press("Cancel"), press("Export..."), close()});
-    EXPECT_FALSE(questions.exportPlan("plate", 3));
-    EXPECT_FALSE(questions.exportPlan("plate", 3));
+    EXPECT_FALSE(questions.exportPlan({"plate", 3, {}}));
+    EXPECT_FALSE(questions.exportPlan({"plate", 3, {}}));
 }

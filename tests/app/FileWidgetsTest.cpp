@@ -212,15 +212,15 @@ TEST(ExportDialog, RemembersWhatWasAcceptedAndFallsBackOnNonsense)
     known.setValue("/Export/format", "no such format");
     known.sync();
     {
-        ExportDialog dialog(3, nullptr);
+        ExportDialog dialog({"plate", 3, {}}, nullptr);
         EXPECT_EQ(dialog.format(), "stl");
-        EXPECT_FALSE(dialog.isOneFilePerPart());
+        EXPECT_TRUE(dialog.isOneFilePerPart());
         auto* const formats = dialog.findChild<QComboBox*>();
         formats->setCurrentIndex(formats->findData("ply"));
         dialog.findChildren<QRadioButton*>().last()->click();
         dialog.accept();
     }
-    EXPECT_EQ(ExportDialog(3, nullptr).format(), "ply");
-    EXPECT_TRUE(ExportDialog(3, nullptr).isOneFilePerPart());
-    EXPECT_FALSE(ExportDialog(1, nullptr).isOneFilePerPart());
+    EXPECT_EQ(ExportDialog({"plate", 3, {}}, nullptr).format(), "ply");
+    EXPECT_TRUE(ExportDialog({"plate", 3, {}}, nullptr).isOneFilePerPart());
+    EXPECT_FALSE(ExportDialog({"gear", 1, {}}, nullptr).isOneFilePerPart());
 }

@@ -26,6 +26,7 @@ struct FileAnswers
     FileQuestions::Changed changed = FileQuestions::Changed::Cancel;
 
     QStringList suggestions;
+    std::vector<QStringList> hidden;
     std::vector<QStringList> replacements;
     QStringList unsavedNames;
     QStringList changedNames;
@@ -43,9 +44,10 @@ public:
         m_answers.suggestions.push_back(suggestion);
         return m_answers.projectToSave;
     }
-    std::optional<ExportPlan> exportPlan(QString const& suggestion, int) override
+    std::optional<ExportPlan> exportPlan(ExportOffer const& offer) override
     {
-        m_answers.suggestions.push_back(suggestion);
+        m_answers.suggestions.push_back(offer.suggestion);
+        m_answers.hidden.push_back(offer.hidden);
         return m_answers.plan;
     }
     bool mayReplace(QStringList const& files) override

@@ -218,7 +218,7 @@ TEST_F(GermanWindow, RetranslatesPanelsAndShowsTheirTextsWhole)
 TEST_F(GermanWindow, OpensDialogsInGermanWithTheirTextsWhole)
 {
     ShortcutList shortcuts(commands(), ShortcutList::Preset::TurnByRight, nullptr);
-    ExportDialog exporting(3, nullptr);
+    ExportDialog exporting({"plate", 3, {"pin"}}, nullptr);
     for (QDialog* const dialog :
          {static_cast<QDialog*>(&shortcuts), static_cast<QDialog*>(&exporting)}) {
         dialog->show();

@@ -312,12 +312,12 @@ TEST(SaveFiles, PartsAreExportedToOneFileOrToOneEach)
     fill(scene);
     auto* const double_ = scene.scene.add(box(4, 4, 4), "a/b:c");
     scene.scene.add(box(4, 4, 4), "A/b:c");
-    scene.answers.plan = ExportPlan{scene.path("all.stl"), "stl", false};
+    scene.answers.plan = ExportPlan{scene.path("all.stl"), "stl", false, true};
     scene.files.exportParts(false);
     scene.finish();
     EXPECT_THAT(Formats::readParts(scene.folder / "all.stl"), SizeIs(1));
 
-    scene.answers.plan = ExportPlan{scene.path("all.3mf"), "3mf", false};
+    scene.answers.plan = ExportPlan{scene.path("all.3mf"), "3mf", false, true};
     scene.files.exportParts(false);
     scene.finish();
     auto const parts = Formats::readParts(scene.folder / "all.3mf");
@@ -325,7 +325,7 @@ TEST(SaveFiles, PartsAreExportedToOneFileOrToOneEach)
     EXPECT_EQ(parts[1].color, 0x12345678u);
 
     std::filesystem::create_directory(scene.folder / "each");
-    scene.answers.plan = ExportPlan{scene.path("each"), "obj", true};
+    scene.answers.plan = ExportPlan{scene.path("each"), "obj", true, true};
     scene.files.exportParts(false);
     scene.finish();
     std::vector<std::string> names;
@@ -342,7 +342,7 @@ TEST(SaveFiles, PartsAreExportedToOneFileOrToOneEach)
     ASSERT_THAT(one, SizeIs(1));
     EXPECT_FLOAT_EQ(one[0].kernel->GetBox().MaxX(), 4);
     EXPECT_THAT(scene.answers.suggestions,
-                ElementsAre("Untitled", "Untitled", "Untitled", "a/b:c"));
+                ElementsAre("Zahnrad 歯車", "Zahnrad 歯車", "Zahnrad 歯車", "a/b:c"));
     EXPECT_THAT(scene.answers.messages, IsEmpty());
 }
 

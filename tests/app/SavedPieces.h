@@ -11,7 +11,7 @@ class ExportAnswers : public ScriptedAnswers
 {
 public:
     ExportAnswers(Script& script, ExportPlan const& plan) : ScriptedAnswers(script), m_plan(plan) {}
-    std::optional<ExportPlan> exportPlan(QString const&, int) override { return m_plan; }
+    std::optional<ExportPlan> exportPlan(ExportOffer const&) override { return m_plan; }
 
 private:
     ExportPlan m_plan;

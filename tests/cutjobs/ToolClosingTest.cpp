@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/ToolClosing.h"
+#include "platform/jobs/Exceptions.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
 #include "tools/PrismMesh.h"
 #include "tools/ToolOutlines.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace {
 
@@ -138,4 +143,110 @@ TEST(ToolClosing, AToolThatClosesIsLeftAsItIs)
     auto const before = tool->readMesh();
     closeTool(*tool);
     EXPECT_EQ(tool->readMesh(), before);
+}
+
+namespace {
+
+/// A circle with many teeth, as a rounded outline of many points looks from afar.
+Ring jaggedRing(int teeth, Vector const& u, Vector const& v)
+{
+    Ring ring;
+    for (int i = 0; i < 2 * teeth; ++i) {
+        double const angle = 3.14159265358979 * i / teeth;
+        auto const radius = float(i % 2 == 0 ? 50 : 49.7);
+        auto const x = radius * float(std::cos(angle)), y = radius * float(std::sin(angle));
+        ring.push_back(UPoint3<float>(3, 4, 5) + u * x + v * y);
+    }
+    return ring;
+}
+
+/// Pairs of triangles whose boxes overlap.
+std::size_t overlappingBoxes(Soup const& soup)
+{
+    struct Box
+    {
+        std::array<float, 3> low, high;
+    };
+    std::vector<Box> boxes;
+    for (auto const& t : soup.triangles) {
+        Box box;
+        for (int axis = 0; axis < 3; ++axis) {
+            auto const [low, high] = std::minmax(
+                {soup.points[t[0]][axis], soup.points[t[1]][axis], soup.points[t[2]][axis]});
+            box.low[std::size_t(axis)] = low;
+            box.high[std::size_t(axis)] = high;
+        }
+        boxes.push_back(box);
+    }
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < boxes.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) {
+            bool isApart = false;
+            for (std::size_t k = 0; k < 3; ++k)
+                isApart |= boxes[i].low[k] > boxes[j].high[k] || boxes[j].low[k] > boxes[i].high[k];
+            count += !isApart;
+        }
+    return count;
+}
+
+}  // namespace
+
+// Ears leave a fan of needles over all of the cap: each pair of them is looked at by a boolean.
+TEST(ToolClosing, CapsOfVeryManyPointsGetShortTriangles)
+{
+    Vector const along(0.6f, 0, 0.8f);
+    for (bool const isOblique : {false, true}) {
+        Ring const ring = isOblique ? jaggedRing(700, Vector(0.8f, 0, -0.6f), Vector(0, 1, 0))
+                                    : jaggedRing(700, Vector(1, 0, 0), Vector(0, 1, 0));
+        auto const tool = prism(ring, isOblique ? along * 20.0f : Vector(0, 0, 20));
+        Soup const before = soupOf(*tool);
+        closeTool(*tool);
+        Soup const after = soupOf(*tool);
+        EXPECT_EQ(faultsOf(*tool), "");
+        EXPECT_EQ(manifoldFaults(after), "");
+        EXPECT_EQ(after.points.size(), before.points.size());
+        EXPECT_EQ(after.triangles.size(), before.triangles.size());
+        EXPECT_NEAR(volumeOf(after), volumeOf(before), 1e-5 * volumeOf(before));
+        EXPECT_NEAR(areaOf(after), areaOf(before), 1e-5 * areaOf(before));
+        EXPECT_LT(10 * overlappingBoxes(after), overlappingBoxes(before));
+    }
+}
+
+TEST(ToolClosing, CapsOfFewPointsStayAsTheyWereCut)
+{
+    auto const tool = prism(jaggedRing(100, Vector(1, 0, 0), Vector(0, 1, 0)), Vector(0, 0, 20));
+    Soup const before = soupOf(*tool);
+    closeTool(*tool);
+    EXPECT_EQ(soupOf(*tool).triangles, before.triangles);
+}
+
+TEST(ToolClosing, ManyPointsOfWhichSomeCoincideAreClosedAllTheSame)
+{
+    Ring ring = jaggedRing(400, Vector(1, 0, 0), Vector(0, 1, 0));
+    for (std::size_t i = 0; i + 1 < ring.size(); i += 7)
+        ring[i + 1] = ring[i];
+    auto const tool = prism(ring, Vector(0, 0, 20));
+    closeTool(*tool);
+    EXPECT_EQ(faultsOf(*tool), "");
+    EXPECT_GT(volumeOf(soupOf(*tool)), 20 * 3.1 * 49.5 * 49.5);
+}
+
+TEST(ToolClosing, CanBeLeftAndThenTheToolIsAsItWas)
+{
+    auto const tool = prism(jaggedRing(3000, Vector(1, 0, 0), Vector(0, 1, 0)), Vector(0, 0, 20));
+    Soup const before = soupOf(*tool);
+    int polls = 0;
+    closeTool(*prism(jaggedRing(3000, Vector(1, 0, 0), Vector(0, 1, 0)), Vector(0, 0, 20)),
+              [&] { ++polls; });
+    ASSERT_GT(polls, 4);
+    for (int last = 1; last <= polls; last += 2) {
+        int count = 0;
+        EXPECT_THROW(closeTool(*tool,
+                               [&] {
+                                   if (++count == last)
+                                       throw Mell::AbortException("Aborting...");
+                               }),
+                     Mell::AbortException);
+        EXPECT_EQ(soupOf(*tool).triangles, before.triangles);
+    }
 }

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -112,6 +113,31 @@ TEST(ClearanceFit, PiecesAreTheClearanceApartOnOneSideAndTwiceThatOnBoth)
         EXPECT_NEAR(*block.fit(inside, 0.2f).pieceGap, 0.2, grid);
         EXPECT_NEAR(*block.fit(outside, 0.2f).pieceGap, 0.2, grid);
         EXPECT_NEAR(*block.fit(bothSides, 0.2f).pieceGap, 0.4, grid);
+    }
+}
+
+// A square of 20 mm around one of 10 mm that comes within 1 mm of one of its sides.
+TEST(ClearanceFit, TheGapOfThePiecesIsFoundAtWhicheverSideItIs)
+{
+    Ring outer{{-10, -10, 0}, {10, -10, 0}, {10, 10, 0}, {-10, 10, 0}};
+    Ring inner{{-5, -9, 0}, {5, -9, 0}, {5, 1, 0}, {-5, 1, 0}};
+    for (std::size_t ofOuter = 0; ofOuter < 4; ++ofOuter) {
+        for (std::size_t ofInner = 0; ofInner < 4; ++ofInner) {
+            FitRequest request;
+            request.nominal = {inner};
+            request.solids.extrudeVector = {0, 0, 30};
+            request.solids.hasClearance = true;
+            request.gap = 1;
+            // Which of the two is the inner solid makes no difference to the distance.
+            for (bool const isSwapped : {false, true}) {
+                request.solids.inner = {isSwapped ? outer : inner};
+                request.solids.outer = {isSwapped ? inner : outer};
+                EXPECT_NEAR(fitOf(request, {}).pieceGap.value_or(0), 1, 1e-6)
+                    << ofOuter << " " << ofInner << " " << isSwapped;
+            }
+            std::rotate(inner.begin(), inner.begin() + 1, inner.end());
+        }
+        std::rotate(outer.begin(), outer.begin() + 1, outer.end());
     }
 }
 

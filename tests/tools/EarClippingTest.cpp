@@ -159,6 +159,18 @@ TEST(EarClipping, GivesTheVeryTrianglesOfTheSlowScans)
     }
 }
 
+// Products of lengths below a thousandth are tiny, and mean as much.
+TEST(EarClipping, GivesTheVeryTrianglesOfTheSlowScansForTinyLoops)
+{
+    std::mt19937 random(14);
+    for (int run = 0; run < 60; ++run) {
+        Ring loop = raised(randomStar(random, 34 + run));
+        for (Point& p : loop)
+            p = p * 1e-4f;
+        EXPECT_EQ(triangulateLoop(loop, up), slowTriangles(loop, up)) << "run " << run;
+    }
+}
+
 TEST(EarClipping, GivesTheVeryTrianglesOfTheSlowScansForAnyPoints)
 {
     std::mt19937 random(12);

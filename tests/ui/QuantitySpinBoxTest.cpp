@@ -118,12 +118,33 @@ TEST_F(SpinBox, TypedSumBecomesTheValueAtTheEndOfTheEditing)
     EXPECT_EQ(values.size(), 2u);
 }
 
-TEST_F(SpinBox, WrongTextGivesTheLastGoodValueBackAndSaysWhy)
+TEST_F(SpinBox, WrongTextStaysForMendingAndSaysWhy)
+{
+    box.setValue(4);
+    for (int const key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab}) {
+        type("2*(3");
+        QToolTip::hideText();
+        press(key);
+        EXPECT_EQ(text(), "2*(3") << key;
+        EXPECT_EQ(QToolTip::text(), "A closing bracket is missing.") << key;
+        EXPECT_EQ(box.value(), 4);
+        EXPECT_EQ(finished, 0);
+        press(Qt::Key_Escape);
+        EXPECT_EQ(text(), "4.000");
+    }
+    type("2*(3");
+    press(Qt::Key_ParenRight, ")");
+    press(Qt::Key_Return);
+    EXPECT_EQ(box.value(), 6);
+    EXPECT_EQ(finished, 1);
+}
+
+TEST_F(SpinBox, WrongTextThatIsLeftByTheMouseShowsTheValueThatCountsAgain)
 {
     box.setValue(4);
     type("2*(3");
-    press(Qt::Key_Return);
-    EXPECT_EQ(box.value(), 4);
+    QFocusEvent event(QEvent::FocusOut, Qt::MouseFocusReason);
+    QCoreApplication::sendEvent(&box, &event);
     EXPECT_EQ(text(), "4.000");
     EXPECT_EQ(QToolTip::text(), "A closing bracket is missing.");
 }

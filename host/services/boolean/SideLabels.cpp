@@ -356,32 +356,15 @@ private:
         for (auto const& [vertex, number] : m_sources.anchors)
             if (!groups.isOnCurve(vertex) && !m_aroundFirst.set(groups.ofVertex(vertex), number))
                 return false;
+        if (m_sources.isFirstInDoubt &&
+            !(ask(questionsAtVertices([](std::uint32_t) { return true; })) &&
+              ask(questionsInFacets([](std::uint32_t) { return true; }))))
+            return false;
         auto const isOpen = [this](std::uint32_t g) { return !m_aroundFirst.numberOf(g); };
         if (openGroups(isOpen).empty())
             return true;
-        std::vector<Question> questions;
-        std::vector<bool> isListed(groups.size(), false);
-        auto const isNew = [&](std::uint32_t group) {
-            if (isListed[group] || !isOpen(group))
-                return false;
-            return bool(isListed[group] = true);
-        };
-        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
-            if (!groups.isOnCurve(v) && isNew(groups.ofVertex(v)))
-                questions.push_back(
-                    {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
-        ask(questions);
-        questions.clear();
-        std::fill(isListed.begin(), isListed.end(), false);
-        forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
-            int const change = m_second.changeOf(group)[0];
-            int const facing = facingOf(triangle);
-            if ((facing != 0 || change == 0) && isNew(group))
-                questions.push_back({group, facing < 0 ? change : 0,
-                                     pointIn(m_network.points(), facet, cornersOf(triangle))});
-            return true;
-        });
-        ask(questions);
+        ask(questionsAtVertices(isOpen));
+        ask(questionsInFacets(isOpen));
         if (!openGroups(isOpen).empty())
             layerByFloors();
         return true;
@@ -396,18 +379,60 @@ private:
         RayOrigin origin;
     };
 
-    void ask(std::vector<Question> const& questions)
+    /// Questions for groups of the second operand that `isAsked(group)` holds for, one each.
+    template <typename IsAsked>
+    std::vector<Question> questionsAtVertices(IsAsked const& isAsked)
+    {
+        SideGroups& groups = m_second.groups;
+        std::vector<Question> questions;
+        std::vector<bool> isListed(groups.size(), false);
+        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
+            if (!groups.isOnCurve(v) && isNew(isListed, groups.ofVertex(v), isAsked))
+                questions.push_back(
+                    {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
+        return questions;
+    }
+
+    template <typename IsAsked>
+    std::vector<Question> questionsInFacets(IsAsked const& isAsked)
+    {
+        std::vector<Question> questions;
+        std::vector<bool> isListed(m_second.groups.size(), false);
+        forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
+            int const change = m_second.changeOf(group)[0];
+            int const facing = facingOf(triangle);
+            if ((facing != 0 || change == 0) && isNew(isListed, group, isAsked))
+                questions.push_back({group, facing < 0 ? change : 0,
+                                     pointIn(m_network.points(), facet, cornersOf(triangle))});
+            return true;
+        });
+        return questions;
+    }
+
+    template <typename IsAsked>
+    static bool isNew(std::vector<bool>& isListed, std::uint32_t group, IsAsked const& isAsked)
+    {
+        if (isListed[group] || !isAsked(group))
+            return false;
+        isListed[group] = true;
+        return true;
+    }
+
+    /// Returns false where an answer contradicts what is known.
+    bool ask(std::vector<Question> const& questions)
     {
         if (questions.empty())
-            return;
+            return true;
         std::vector<RayOrigin> origins;
         origins.reserve(questions.size());
         for (Question const& question : questions)
             origins.push_back(question.origin);
         WindingSources::Numbers const numbers = m_sources.ofFirst(origins);
+        bool agrees = true;
         for (std::size_t i = 0; i < questions.size(); ++i)
-            if (numbers[i] && !m_aroundFirst.numberOf(questions[i].group))
-                m_aroundFirst.set(questions[i].group, *numbers[i] - questions[i].excess);
+            if (numbers[i])
+                agrees &= m_aroundFirst.set(questions[i].group, *numbers[i] - questions[i].excess);
+        return agrees;
     }
 
     /// Where the first operand is open, so that rays tell nothing, a piece has the least numbers

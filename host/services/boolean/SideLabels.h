@@ -61,6 +61,9 @@ struct WindingSources
     /// Vertices of the second operand, counted from its first, with the winding number of the first
     /// around them.
     std::span<std::pair<std::uint32_t, int> const> anchors;
+    /// Whether the first operand may be open somewhere. Then each piece of the second's surface
+    /// between curves is asked for by itself.
+    bool isFirstInDoubt = false;
     /// Whether the second operand is known to wind once around its inside, and nowhere else.
     bool isSecondSimple = true;
     /// The winding numbers of the first operand around points; nothing where a point lies on it, or

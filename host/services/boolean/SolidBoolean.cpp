@@ -30,6 +30,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <optional>
 #include <tuple>
@@ -87,6 +88,7 @@ private:
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
+        m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
         gatherSoup(copies);
         setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
@@ -218,6 +220,7 @@ private:
         WindingSources sources;
         sources.known = m_known;
         sources.anchors = m_anchors;
+        sources.isFirstInDoubt = m_isPartInDoubt;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
         sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
@@ -400,18 +403,21 @@ private:
         return results;
     }
 
-    /// The same for operands put in order where they may meet; nothing if they are. A result that is
-    /// the part as it was keeps what is out of order.
+    /// The same for operands put in order, the part where they may meet and the tool everywhere, for
+    /// all of it tells what is solid; nothing if they are. A result that is the part as it was keeps
+    /// what is out of order.
     std::optional<std::vector<BooleanResult>> combineInOrder()
     {
         TriangleTree::Box boxOfTool;
         for (UPoint3<float> const& p : m_tool.mesh.points)
             boxOfTool.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+        constexpr float much = std::numeric_limits<float>::max();
+        TriangleTree::Box const everywhere{{-much, -much, -much, 0}, {much, much, much, 0}};
         auto const tool = toolKernel();
         auto const orderlyPart =
             operandInOrder(m_partKernel, Operand::first, boxOfTool, !m_survey, m_progress);
         auto const orderlyTool =
-            operandInOrder(*tool, Operand::second, boxOfPart(), !m_survey, m_progress);
+            operandInOrder(*tool, Operand::second, everywhere, !m_survey, m_progress);
         if (!orderlyPart && !orderlyTool)
             return {};
         std::function<void(int)> const rest = [this](int percent) {
@@ -512,6 +518,8 @@ private:
     std::vector<std::int8_t> m_known;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
+    /// Whether the part's edges tell that it may be open, and its results are not checked.
+    bool m_isPartInDoubt = false;
     /// Whether a line through a point tells that the part is open.
     bool m_isPartOpen = false;
     /// Where results were seen to be wrong.

@@ -40,16 +40,19 @@ public:
                 addEnd(edges[e]);
     }
 
+    /// All are looked at, or what is around a turned triangle elsewhere would be turned in its stead.
     SurfaceOrder orderIn(Box const& where)
     {
-        std::vector<Index> const order = measure(where);
+        std::vector<Index> const order = measure();
         mendOneByOne(order);
         mendTogether(order);
         SurfaceOrder found{std::vector<Index>(m_mesh.triangles.size(), 0),
                            std::vector<bool>(m_mesh.triangles.size(), false)};
         Index count = 0;
         for (Index const root : order)
-            if (Surface& surface = m_surfaces.at(root); surface.change == Change::leftOut)
+            if (Surface& surface = m_surfaces.at(root); !surface.box.overlaps(where))
+                surface.change = Change::none;
+            else if (surface.change == Change::leftOut)
                 surface.number = ++count;
         for (std::size_t t = 0; t < m_mesh.triangles.size() && !order.empty(); ++t)
             if (auto const at = m_surfaces.find(m_sets.root(Index(t))); at != m_surfaces.end()) {
@@ -135,9 +138,8 @@ private:
         }
     }
 
-    /// Box and area of all that end somewhere. Returns those that reach into a box, the smallest
-    /// first.
-    std::vector<Index> measure(Box const& where)
+    /// Box and area of all that end somewhere. Returns them, the smallest first.
+    std::vector<Index> measure()
     {
         Polling polling(m_progress);
         for (std::size_t t = 0; t < m_mesh.triangles.size() && !m_surfaces.empty(); ++t) {
@@ -155,8 +157,7 @@ private:
         }
         std::vector<Index> order;
         for (auto const& [root, surface] : m_surfaces)
-            if (surface.box.overlaps(where))
-                order.push_back(root);
+            order.push_back(root);
         std::stable_sort(order.begin(), order.end(), [this](Index a, Index b) {
             return m_surfaces.at(a).area < m_surfaces.at(b).area;
         });

@@ -15,6 +15,7 @@ public:
 
     int sideOf(std::uint32_t, UPoint3<float> const& p) const { return m_plane.sideOf(p); }
     bool isApart(std::uint32_t, std::uint32_t, std::uint32_t) const { return true; }
+    std::uint64_t edgesOf(std::uint32_t, std::uint32_t, std::uint32_t) const { return 0; }
 
 private:
     CutPlane const& m_plane;
