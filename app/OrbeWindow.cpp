@@ -71,6 +71,9 @@ OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
     buildFiles(std::move(questions));
     m_dockTitles = new DockTitles(*this);
     m_panels = new WindowPanels(*this, *this);
+    // When the job that has opened them is over for everybody.
+    connect(m_files, &DocumentFiles::opened, m_panels, &WindowPanels::lookAtOpened,
+            Qt::QueuedConnection);
     buildCommands();
     buildMenus();
     followDocument();

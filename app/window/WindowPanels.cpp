@@ -2,6 +2,7 @@
 #include "app/window/WindowPanels.h"
 
 #include "app/panels/ApartSlider.h"
+#include "app/panels/FarParts.h"
 #include "app/panels/HistoryList.h"
 #include "app/panels/LogConsole.h"
 #include "app/panels/LogRecorder.h"
@@ -54,7 +55,8 @@ WindowPanels::WindowPanels(MainWindow& window, PanelPlaces& places)
       m_window(window),
       m_places(places),
       m_log(std::make_unique<LogRecorder>()),
-      m_viewPreferences(new ViewPreferences(places.view(), this))
+      m_viewPreferences(new ViewPreferences(places.view(), this)),
+      m_farParts(new FarParts(this))
 {
     buildHeightSlider();
     buildLeft();
@@ -150,6 +152,11 @@ CutView* WindowPanels::cutView() const
 {
     DockWidget const* const page = m_sideControl->getDock(QStringLiteral("Preparing"));
     return page ? page->getCutView() : nullptr;
+}
+
+void WindowPanels::lookAtOpened()
+{
+    m_farParts->look();
 }
 
 void WindowPanels::showInformation()

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class FarParts;
 class CutView;
 class LogRecorder;
 class MainWindow;
@@ -36,6 +37,9 @@ public:
     void resizeDocks();
     void retranslate();
 
+    /// Files have brought parts: those that nobody can cut well are asked about.
+    void lookAtOpened();
+
     /// Brings a panel in front, also one that is closed.
     void showInformation();
     void showCutView();
@@ -52,6 +56,7 @@ private:
     PanelPlaces& m_places;
     std::unique_ptr<LogRecorder> m_log;
     ViewPreferences* m_viewPreferences = nullptr;
+    FarParts* m_farParts = nullptr;
     PartInformation* m_information = nullptr;
     SideControlTab* m_sideControl = nullptr;
     QDockWidget* m_partsDock = nullptr;

@@ -4157,4 +4157,30 @@
         <translation>Bildschirmfoto, Abbildung, Foto</translation>
     </message>
 </context>
+<context>
+    <name>FarParts</name>
+    <message>
+        <source>Far Away</source>
+        <translation>Weit entfernt</translation>
+    </message>
+    <message>
+        <source>%1: the coordinates go up to %2 mm. So far from the origin they are too coarse for a good cut. Perhaps the file is in another unit. Scale by %3?</source>
+        <translation>%1: Die Koordinaten reichen bis %2 mm. So weit vom Ursprung sind sie für einen guten Schnitt zu grob. Vielleicht hat die Datei eine andere Einheit. Mit %3 skalieren?</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Leave as It Is</source>
+        <translation>So lassen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -99,4 +99,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>FarParts</name>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

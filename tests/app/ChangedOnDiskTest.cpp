@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
+
 #include <filesystem>
 #include <fstream>
 
@@ -107,4 +109,30 @@ TEST(TwoWindows, WhoOpensSecondIsToldAndWhoSavesSecondIsAsked)
     scene.files.newDocument();
     third.watch(scene.path("plate.3mf"), {});
     EXPECT_FALSE(third.isOpenElsewhere());
+}
+
+// Who recovers work of yesterday must not lose by it what somebody has saved today.
+TEST(ChangedOnDisk, AProjectThatIsNewerThanTheRecoveredWorkIsAskedAbout)
+{
+    FilesScene scene;
+    saveAndEdit(scene);
+    scene.document()->setModified(false);
+    QDateTime const saved = QFileInfo(scene.path("plate.3mf")).lastModified();
+    auto const recoverAsOf = [&](QDateTime const& time) {
+        bool isTakenOver = false;
+        EXPECT_TRUE(scene.files.recover(
+            scene.path("plate.3mf"), time,
+            [](FileJob::Progress const&) { return DocumentFiles::Recovered(); },
+            [&] { isTakenOver = true; }));
+        scene.finish();
+        EXPECT_TRUE(isTakenOver);
+        EXPECT_TRUE(scene.files.isModified());
+        scene.answers.changedNames.clear();
+        scene.files.save();
+        scene.finish();
+        scene.document()->setModified(false);
+        return scene.answers.changedNames;
+    };
+    EXPECT_THAT(recoverAsOf(saved.addDays(-1)), ElementsAre("plate.3mf"));
+    EXPECT_THAT(recoverAsOf(saved.addDays(1)), IsEmpty());
 }
