@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/SelfIntersections.h"
 
+#include "host/services/DiagonalSlabs.h"
 #include "host/services/TrianglePair.h"
 
 #include <tbb/blocked_range.h>
@@ -33,8 +34,13 @@ class PairWalk
 {
 public:
     PairWalk(MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree,
-             IntersectionReport& report, StageProgress& progress)
-        : m_mesh(mesh), m_topology(topology), m_tree(tree), m_report(report), m_progress(progress)
+             DiagonalSlabs const& slabs, IntersectionReport& report, StageProgress& progress)
+        : m_mesh(mesh),
+          m_topology(topology),
+          m_tree(tree),
+          m_slabs(slabs),
+          m_report(report),
+          m_progress(progress)
     {}
 
     void walk(std::size_t level, NodePair pair)
@@ -55,7 +61,7 @@ public:
         for (std::uint32_t a = 2 * pair.first; a < std::min(2 * pair.first + 2, count); ++a) {
             std::uint32_t const from = pair.first == pair.second ? a : 2 * pair.second;
             for (std::uint32_t b = from; b < std::min(2 * pair.second + 2, count); ++b)
-                if (a == b || boxes[a].overlaps(boxes[b]))
+                if (a == b || (boxes[a].overlaps(boxes[b]) && !m_slabs.areApart(level - 1, a, b)))
                     descend(level - 1, bottom, {a, b}, visit);
         }
     }
@@ -119,6 +125,7 @@ private:
     MeshArrays const& m_mesh;
     TopologyReport const& m_topology;
     TriangleTree const& m_tree;
+    DiagonalSlabs const& m_slabs;
     IntersectionReport& m_report;
     StageProgress& m_progress;
     std::size_t m_shellLimit = 1024;
@@ -145,9 +152,10 @@ IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport cons
     report.isInvolved.resize(mesh.triangles.size());
     if (tree.blocks().empty())
         return report;
+    DiagonalSlabs const slabs(mesh, tree);
     std::size_t const level = splitLevel(tree);
     std::vector<NodePair> tasks;
-    PairWalk(mesh, topology, tree, report, progress)
+    PairWalk(mesh, topology, tree, slabs, report, progress)
         .descend(tree.levels().size() - 1, level, {0, 0},
                  [&](NodePair pair) { tasks.push_back(pair); });
     progress.setAmount(tasks.size());
@@ -156,7 +164,7 @@ IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport cons
     using Range = tbb::blocked_range<std::size_t>;
     tbb::parallel_for(Range(0, tasks.size()), [&](Range const& range) {
         for (std::size_t i = range.begin(); i != range.end(); ++i) {
-            PairWalk walk(mesh, topology, tree, report, progress);
+            PairWalk walk(mesh, topology, tree, slabs, report, progress);
             walk.walk(level, tasks[i]);
             pairs += walk.pairs;
             shells[i] = std::move(walk.shells);

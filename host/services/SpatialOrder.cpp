@@ -13,6 +13,11 @@ namespace {
 
 constexpr int bitsPerAxis = 10;
 constexpr int bitsPerPass = 10;
+/// Above the bits of the cell.
+constexpr std::uint32_t longBit = 1u << (3 * bitsPerAxis);
+/// Triangles longer than this part of the whole are put together: among short ones they would make
+/// the boxes of their neighbours as long as they are.
+constexpr double shareOfLong = 1.0 / 64;
 
 /// Spreads ten bits so that each is followed by two zeros.
 std::uint32_t spread(std::uint32_t bits)
@@ -61,7 +66,8 @@ Bounds boundsOf(MeshArrays const& mesh, std::vector<std::uint32_t> const& triang
         });
 }
 
-/// Cells of a cube around the triangles.
+/// Cells of a cube around the triangles, and of their box for long triangles: what lies above and
+/// below in a thin part is to be told apart where long triangles run along it.
 struct Grid
 {
     Grid(MeshArrays const& mesh, std::vector<std::uint32_t> const& triangles)
@@ -69,27 +75,39 @@ struct Grid
         Bounds const bounds = boundsOf(mesh, triangles);
         low = bounds.low;
         double size = 0;
-        for (int axis = 0; axis < 3; ++axis)
-            size = std::max(size, double(bounds.high[axis]) - bounds.low[axis]);
+        for (int axis = 0; axis < 3; ++axis) {
+            double const length = double(bounds.high[axis]) - bounds.low[axis];
+            size = std::max(size, length);
+            cellsAlong[axis] = length > 0 ? ((1 << bitsPerAxis) - 1) / length : 0;
+        }
         cellsPerUnit = size > 0 ? ((1 << bitsPerAxis) - 1) / size : 0;
+        longSize = size * shareOfLong;
     }
 
     std::uint32_t cell(MeshArrays const& mesh, std::uint32_t triangle) const
     {
-        std::uint32_t code = 0;
+        double middles[3];
+        bool isLong = false;
         for (int axis = 0; axis < 3; ++axis) {
             float const a = mesh.point(triangle, 0)[axis];
             float const b = mesh.point(triangle, 1)[axis];
             float const c = mesh.point(triangle, 2)[axis];
-            double const middle =
-                (double(std::min({a, b, c})) + double(std::max({a, b, c}))) * 0.5 - low[axis];
-            code |= spread(std::uint32_t(middle * cellsPerUnit)) << axis;
+            double const least = std::min({a, b, c}), most = std::max({a, b, c});
+            middles[axis] = (least + most) * 0.5 - low[axis];
+            isLong |= most - least > longSize;
         }
+        std::uint32_t code = isLong ? longBit : 0;
+        for (int axis = 0; axis < 3; ++axis)
+            code |=
+                spread(std::uint32_t(middles[axis] * (isLong ? cellsAlong[axis] : cellsPerUnit)))
+                << axis;
         return code;
     }
 
     MeshArrays::Point low;
     double cellsPerUnit = 0;
+    double cellsAlong[3] = {};
+    double longSize = 0;
 };
 
 /// One pass of a stable radix sort by the bits from `shift` on.
@@ -126,6 +144,8 @@ std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
         sortByBits(entries, sorted, 32 + pass * bitsPerPass);
         entries.swap(sorted);
     }
+    std::stable_partition(entries.begin(), entries.end(),
+                          [](std::uint64_t entry) { return (entry >> 32 & longBit) == 0; });
     std::transform(entries.begin(), entries.end(), order.begin(),
                    [](std::uint64_t entry) { return std::uint32_t(entry); });
     return order;

@@ -8,7 +8,7 @@
 
 /// The triangles that are not left out, ordered so that neighbours in the list lie close together:
 /// along a space-filling curve through the centres of their boxes (G. M. Morton, 1966); where that
-/// leaves a tie, by index.
+/// leaves a tie, by index. Long triangles come after all others, in the same order among themselves.
 ///
 /// isLeftOut  per triangle: 1 for those that do not occur in the result
 std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,

@@ -225,3 +225,52 @@ TEST(FaceTriangulation, RandomFacesAreCoveredAndAllSegmentsRespected)
     EXPECT_GT(flawless, 100);
     EXPECT_GT(segments, 2500u);
 }
+
+TEST(FaceTriangulation, RowsOfRingsInALongFaceAreRegionsOfTheirOwn)
+{
+    // Far more points than are found without an order of theirs.
+    constexpr int columns = 60, rows = 3;
+    WholeTriangle const longFace{WholePoint{{0, 0, 0}}, WholePoint{{2000, 0, 0}},
+                                 WholePoint{{0, 40, 0}}};
+    std::vector<WholeTriangle> walls;
+    for (int column = 0; column < columns; ++column)
+        for (int row = 0; row < rows; ++row) {
+            // Not in the order in which they stand.
+            int const x = 5 + 10 * (column * 7 % columns), y = 2 + 8 * row;
+            walls.push_back(wall(x, y, x + 4, y));
+            walls.push_back(wall(x + 4, y, x + 4, y + 4));
+            walls.push_back(wall(x + 4, y + 4, x, y + 4));
+            walls.push_back(wall(x, y + 4, x, y));
+        }
+    DividedFace face(longFace, walls);
+    ASSERT_TRUE(face.divide());
+    EXPECT_TRUE(face.faults.isEmpty());
+    EXPECT_EQ(face.allPoints().size(), 3u + 4 * columns * rows);
+    EXPECT_EQ(face.facets.ends.back().regions, 1u + columns * rows);
+    // Each point within the face adds two facets to the one that it is.
+    EXPECT_EQ(face.facets.corners.size(), 1u + 2 * 4 * columns * rows);
+    EXPECT_EQ(edgesOf(face.facets).size(), 3 * face.facets.corners.size());
+}
+
+TEST(FaceTriangulation, CrowdedFacesAreCoveredAndAllSegmentsRespected)
+{
+    std::mt19937 random(2);
+    std::size_t mostInside = 0;
+    for (int i = 0; i < 3 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        WholeTriangle const t = randomTriangle(random, -8, 8);
+        std::vector<WholeTriangle> cutters(66);
+        for (WholeTriangle& cutter : cutters)
+            cutter = randomTriangle(random, -8, 8);
+        DividedFace face(t, cutters);
+        ASSERT_TRUE(face.divide());
+        for (int round = 0; round < 60 && face.isFaulty(); ++round) {
+            face.mend();
+            ASSERT_TRUE(face.divide());
+        }
+        EXPECT_TRUE(face.faults.isEmpty());
+        expectDivided(face);
+        mostInside = std::max(mostInside, face.allPoints().size() - face.sides().size());
+    }
+    EXPECT_GT(mostInside, 64u);
+}

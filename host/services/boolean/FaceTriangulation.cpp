@@ -13,9 +13,8 @@ bool FaceTriangulation::divide(Face const& face, Facets& facets, FaceFaults& fau
     for (int side = 0; side < 3; ++side)
         if (!addEdgePoints(face, side))
             return false;
-    for (std::uint32_t const number : face.inside)
-        if (!addInnerPoint(number))
-            return false;
+    if (!addInnerPoints(face.inside))
+        return false;
     if (m_places.size() > 6)
         improve();
     m_locals.clear();
@@ -150,6 +149,59 @@ bool FaceTriangulation::addEdgePoints(Face const& face, int side)
         edge = {right, 0};
     }
     return true;
+}
+
+bool FaceTriangulation::addInnerPoints(std::span<std::uint32_t const> numbers)
+{
+    // So few are found at once whatever the facets look like.
+    constexpr std::size_t fewPoints = 64;
+    if (numbers.size() <= fewPoints)
+        return std::ranges::all_of(numbers, [&](auto number) { return addInnerPoint(number); });
+    // The walk to a point is short if the point before was near, and if no facet is long and thin.
+    for (std::uint32_t const number : alongCurve(numbers)) {
+        std::size_t const facets = m_mesh.facets().size();
+        if (!addInnerPoint(number))
+            return false;
+        improveFrom(facets);
+    }
+    return true;
+}
+
+/// Ordered so that neighbours in the list lie close together (G. M. Morton, 1966).
+std::vector<std::uint32_t> FaceTriangulation::alongCurve(
+    std::span<std::uint32_t const> numbers) const
+{
+    double low[2] = {m_places[0].u, m_places[0].v};
+    double high[2] = {low[0], low[1]};
+    for (int corner = 1; corner < 3; ++corner) {
+        Place const& p = m_places[std::size_t(corner)];
+        low[0] = std::min(low[0], p.u);
+        low[1] = std::min(low[1], p.v);
+        high[0] = std::max(high[0], p.u);
+        high[1] = std::max(high[1], p.v);
+    }
+    constexpr double cells = 1 << 16;
+    double const size = std::max(high[0] - low[0], high[1] - low[1]);
+    double const scale = size > 0 ? cells / size : 0;
+    auto const cell = [&](double value) {
+        return std::uint64_t(std::clamp(value * scale, 0.0, cells - 1));
+    };
+    std::vector<std::pair<std::uint64_t, std::uint32_t>> order;
+    order.reserve(numbers.size());
+    for (std::uint32_t const number : numbers) {
+        Place const p = placeOf(number, 0);
+        std::uint64_t const u = cell(p.u - low[0]), v = cell(p.v - low[1]);
+        std::uint64_t key = 0;
+        for (int bit = 0; bit < 16; ++bit)
+            key |= (u >> bit & 1) << (2 * bit) | (v >> bit & 1) << (2 * bit + 1);
+        order.emplace_back(key, number);
+    }
+    std::ranges::sort(order);
+    std::vector<std::uint32_t> sorted;
+    sorted.reserve(order.size());
+    for (auto const& [key, number] : order)
+        sorted.push_back(number);
+    return sorted;
 }
 
 bool FaceTriangulation::addInnerPoint(std::uint32_t number)
@@ -349,6 +401,26 @@ void FaceTriangulation::improve()
         for (int k = 0; k < 3; ++k)
             if (m_mesh.facet(f).neighbours[std::size_t(k)] > f)
                 m_stack.push_back({f, k});
+    flipWhereBetter();
+}
+
+/// The same for what the last split has made: facets from a number on, and those beside them.
+void FaceTriangulation::improveFrom(std::size_t firstNew)
+{
+    m_stack.clear();
+    for (std::size_t f = firstNew; f < m_mesh.facets().size(); ++f)
+        for (int k = 0; k < 3; ++k) {
+            int const neighbour = m_mesh.facet(int(f)).neighbours[std::size_t(k)];
+            m_stack.push_back({int(f), k});
+            if (neighbour != none)
+                for (int j = 0; j < 3; ++j)
+                    m_stack.push_back({neighbour, j});
+        }
+    flipWhereBetter();
+}
+
+void FaceTriangulation::flipWhereBetter()
+{
     std::size_t flips = 0;
     std::size_t const limit = 64 + 32 * m_mesh.facets().size();
     while (!m_stack.empty() && flips < limit && goesOn()) {

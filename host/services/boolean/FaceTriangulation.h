@@ -123,6 +123,8 @@ private:
 
     void begin(Face const& face);
     bool addEdgePoints(Face const& face, int side);
+    bool addInnerPoints(std::span<std::uint32_t const> numbers);
+    std::vector<std::uint32_t> alongCurve(std::span<std::uint32_t const> numbers) const;
     bool addInnerPoint(std::uint32_t number);
     bool locate(int point, int& facet, int& edge);
 
@@ -137,6 +139,8 @@ private:
 
     bool isConvex(Edge edge) const;
     void improve();
+    void improveFrom(std::size_t firstNew);
+    void flipWhereBetter();
     void write(std::uint32_t triangle, Facets& facets);
 
     /// To be called at each step; false if the work is to be left.
