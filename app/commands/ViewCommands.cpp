@@ -207,4 +207,12 @@ void registerViewCommands(Base::CommandManager& manager, ViewAppearance& appeara
          QT_TRANSLATE_NOOP("HostCommand", "Show the build plate with its grid."), "app_plate", "B"},
         appearance, [](auto const& view) { return view.showsPlate(); },
         [](auto& view) { view.setShowsPlate(!view.showsPlate()); }));
+    manager.addCommand(new AppearanceCommand(
+        "Std_TintParts",
+        {QT_TRANSLATE_NOOP("HostCommand", "Colo&ur Parts in Turn"),
+         QT_TRANSLATE_NOOP("HostCommand",
+                           "Tell parts that have no colour of their own from each other by some."),
+         "app_color"},
+        appearance, [](auto const& view) { return view.tintsParts(); },
+        [](auto& view) { view.setTintsParts(!view.tintsParts()); }));
 }

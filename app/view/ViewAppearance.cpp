@@ -12,6 +12,7 @@ namespace {
 char const* const edgesKey = "View/Edges";
 char const* const perspectiveKey = "View/Perspective";
 char const* const plateKey = "View/Plate";
+char const* const tintsKey = "View/Tints";
 
 }  // namespace
 
@@ -20,7 +21,8 @@ ViewAppearance::ViewAppearance(Mesh::GLView& view, QObject* parent)
       m_view(view),
       m_showsEdges(WindowSettings::flag(edgesKey, false)),
       m_isPerspective(WindowSettings::flag(perspectiveKey, false)),
-      m_showsPlate(WindowSettings::flag(plateKey, true))
+      m_showsPlate(WindowSettings::flag(plateKey, true)),
+      m_tintsParts(WindowSettings::flag(tintsKey, true))
 {
     apply();
 }
@@ -41,6 +43,12 @@ void ViewAppearance::setShowsPlate(bool shows)
 {
     m_showsPlate = shows;
     store(plateKey, shows);
+}
+
+void ViewAppearance::setTintsParts(bool tints)
+{
+    m_tintsParts = tints;
+    store(tintsKey, tints);
 }
 
 void ViewAppearance::store(char const* key, bool value)
@@ -75,6 +83,7 @@ void ViewAppearance::apply()
     m_view.setProjection(m_isPerspective ? GLCamera::Projection::Perspective
                                          : GLCamera::Projection::Parallel);
     m_view.setPlateVisible(m_showsPlate);
+    m_view.setPartsTinted(m_tintsParts);
     if (m_document)
         for (Base::DocumentObject* const object : m_document->getObjectArray())
             objectAdded(object);

@@ -14,7 +14,7 @@ class GLView;
 }
 
 /// How the view shows the parts, those that are still to come included: with edges or without, in
-/// which projection, and on the plate or not. Remembered in the settings; what the settings hold
+/// which projection, on the plate or not, and in colours of their own or in one. Remembered in the settings; what the settings hold
 /// and nobody can mean falls back to the defaults.
 class ViewAppearance : public QObject, public sigslot::has_slots<sigslot::single_threaded>
 {
@@ -30,6 +30,8 @@ public:
     void setPerspective(bool isPerspective);
     bool showsPlate() const { return m_showsPlate; }
     void setShowsPlate(bool shows);
+    bool tintsParts() const { return m_tintsParts; }
+    void setTintsParts(bool tints);
 
     /// The document that the view shows from now on; null for none.
     void setDocument(Base::Document* document);
@@ -48,4 +50,5 @@ private:
     bool m_showsEdges;
     bool m_isPerspective;
     bool m_showsPlate;
+    bool m_tintsParts;
 };

@@ -42,7 +42,7 @@ std::vector<Menu> const& menus()
         {QT_TRANSLATE_NOOP("WindowMenus", "&View"),
          {"Std_View0", "Std_View1", "Std_View2", "Std_View3", "Std_View4", "Std_View5", "Std_View6",
           "-", "Std_FitAll", "Std_FitSelection", "-", "Std_Perspective", "Std_Parallel", "-",
-          "Std_ShowEdges", "Std_ShowPlate", "-", "Std_CutView"}},
+          "Std_ShowEdges", "Std_ShowPlate", "Std_TintParts", "-", "Std_CutView"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Part"),
          {"Std_Hide", "Std_Show", "Std_ShowAll", "-", "Std_Group", "Std_Ungroup", "-",
           "Std_DropToPlate", "Std_CentreOnPlate", "Std_LayFlat", "Std_FaceDown", "-", "Std_Check",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/WindowPanels.h"
 
+#include "app/panels/ApartSlider.h"
 #include "app/panels/FarParts.h"
 #include "app/panels/HistoryList.h"
 #include "app/panels/LogConsole.h"
@@ -20,6 +21,7 @@
 #include "platform/view/MeshGLView.h"
 
 #include <QDockWidget>
+#include <QLayout>
 #include <QScrollArea>
 #include <QTabBar>
 #include <QTimer>
@@ -73,8 +75,9 @@ void WindowPanels::buildHeightSlider()
 
 void WindowPanels::buildLeft()
 {
-    m_partsDock =
-        m_places.addPanel(new PartList(&m_window), QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
+    auto* const parts = new PartList(&m_window);
+    parts->layout()->addWidget(new ApartSlider(m_places.view(), parts));
+    m_partsDock = m_places.addPanel(parts, QStringLiteral("Parts"), Qt::LeftDockWidgetArea);
     QDockWidget* const history = m_places.addPanel(
         new HistoryList(&m_window), QStringLiteral("History"), Qt::LeftDockWidgetArea);
     m_window.tabifyDockWidget(m_partsDock, history);

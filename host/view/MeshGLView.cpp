@@ -37,15 +37,18 @@ bool GLView::pickPoint(QPoint position, Pick& pick, bool onlySelected, bool only
     PickTree::Ray ray;
     getCamera()->sightRay(position.x(), position.y(), ray.origin, ray.direction);
     ray.onlyFront = onlyFront;
-    if (m_liveCut)
-        ray.limitBelow(planeThrough(m_liveCut->point, m_liveCut->normal));
     std::optional<ViewProvider::Hit> first;
     for (Base::ViewProvider const* const provider : scene().providers()) {
         auto const* const shown = dynamic_cast<ViewProvider const*>(provider);
         if (!shown || !(shown->isShow() || (alsoGhosts && shown->isGhost())) ||
             (onlySelected && !shown->getObject()->isSelected()))
             continue;
-        auto const hit = shown->firstHit(ray);
+        // To where the part is, from where it is drawn.
+        PickTree::Ray toPart = ray;
+        toPart.origin = ray.origin - shown->apart();
+        if (m_liveCut)
+            toPart.limitBelow(planeThrough(m_liveCut->point, m_liveCut->normal));
+        auto const hit = shown->firstHit(toPart);
         if (!hit || (first && first->distance <= hit->distance))
             continue;
         first = hit;
@@ -97,6 +100,21 @@ void GLView::setLiveCut(std::optional<LiveCut> const& cut)
         return;
     m_liveCut = cut;
     scene().standIns().movedIfDragged();
+    redraw();
+}
+
+void GLView::setDrawnApart(double share)
+{
+    if (share == m_drawnApart)
+        return;
+    m_drawnApart = share;
+    scene().standIns().movedIfDragged();
+    redraw();
+}
+
+void GLView::setPartsTinted(bool isTinted)
+{
+    m_arePartsTinted = isTinted;
     redraw();
 }
 

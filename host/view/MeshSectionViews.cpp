@@ -81,7 +81,7 @@ void ViewProvider::paintLines(PartSection::Points const& lines, unsigned rgba, f
     double const coarseness = m_painted.coarseness * scaleOf(*kernel());
     nearer.translate(0, 0, float(std::max(nearerBy * viewHeight / m_view->height(), coarseness)));
     QMatrix4x4 const toClip = camera.getProjectionMatrix() * nearer * camera.getModelViewMatrix() *
-                              toQt(kernel()->getMatrix());
+                              toShownPlace(*kernel());
     auto const points = wideLines(lines, toClip, m_view->size(), width, (rgba & 255) == 255);
     DrawRun const run = {GL_TRIANGLES, 0, int(points.size()), rgba};
     if (!points.empty())

@@ -129,7 +129,7 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
     look.isMirrored = kernel.getMatrix().linearDeterminant() < 0;
     look.cut = cutPlane(kernel);
     unsigned const own = getObjectColor();
-    look.front = own ? own : colors.part;
+    look.front = own ? own : m_view->scene().tints().colorOf(m_object);
     look.back = withAlpha(colors.backFace, look.front & 255);
     if (m_object->isSelected())
         look.front = withAlpha(colors.selected, look.front & 255);
@@ -153,6 +153,13 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
     return look;
 }
 
+QMatrix4x4 ViewProvider::toShownPlace(MeshKernel const& kernel) const
+{
+    QMatrix4x4 place;
+    place.translate(float(m_apart.X()), float(m_apart.Y()), float(m_apart.Z()));
+    return place * toQt(kernel.getMatrix());
+}
+
 void ViewProvider::prepareToPaint(DrawDevice& device)
 {
     if (MeshKernel const* const shown = kernel())
@@ -173,7 +180,7 @@ void ViewProvider::paintGL()
     if (m_view->scene().isHeldBack(m_painted))
         return;
     m_painted.look = look(*shown);
-    m_painted.toWorld = toQt(shown->getMatrix());
+    m_painted.toWorld = toShownPlace(*shown);
     m_view->scene().paint(m_painted);
     if (m_painted.look.cut && !isTransparent())
         paintCap(m_painted.look, m_view->scene().toClip() * m_painted.toWorld);

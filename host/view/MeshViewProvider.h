@@ -71,6 +71,10 @@ public:
     /// Takes what was made for the part's mesh; dropped if it is another one's.
     void usePrepared(PreparedPart prepared);
 
+    /// How far from where it is the part is drawn, in world millimetres.
+    UVector3<double> const& apart() const { return m_apart; }
+    void setApart(UVector3<double> const& apart) { m_apart = apart; }
+
     /// With the context current: frees what OpenGL holds.
     void releaseGL();
     /// What is to be painted is on its way to the device.
@@ -106,7 +110,10 @@ private:
     void paintLineIn(ViewPlane const& plane, LineLook look, std::unique_ptr<PartSection>& kept);
     void paintLines(PartSection::Points const& lines, unsigned rgba, float width);
 
+    QMatrix4x4 toShownPlace(MeshKernel const& kernel) const;
+
     PaintedPart m_painted;
+    UVector3<double> m_apart;
     std::shared_ptr<ComingShape> m_coming;
     mutable std::unique_ptr<PartSurface> m_prepared;
     mutable std::shared_ptr<PickTree const> m_tree;

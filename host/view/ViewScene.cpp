@@ -2,10 +2,12 @@
 #include "host/view/ViewScene.h"
 
 #include "host/view/MeshViewProvider.h"
+#include "host/view/PartSpread.h"
 #include "platform/document/DocumentObject.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
 #include "platform/view/GraphicViewProvider.h"
+#include "platform/view/MeshGLView.h"
 
 #include <QOpenGLContext>
 
@@ -213,6 +215,9 @@ void ViewScene::paintLeaving()
 
 void ViewScene::beginPicture()
 {
+    auto const* const view = dynamic_cast<Mesh::GLView const*>(m_view);
+    spreadParts(m_providers, view ? view->drawnApart() : 0);
+    m_tints.setOn(view && view->arePartsTinted());
     m_preparer.beginPicture();
     prepareParts();
     m_standIns.beginPicture(isPreparing());

@@ -4,6 +4,7 @@
 #include "host/view/DeviceWork.h"
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
+#include "host/view/PartTints.h"
 #include "host/view/SampledPicture.h"
 #include "host/view/StandIns.h"
 #include "platform/document/Document.h"
@@ -69,6 +70,7 @@ public:
     void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
     StandIns& standIns() { return m_standIns; }
+    PartTints& tints() { return m_tints; }
     DeviceWork& deviceWork() { return m_deviceWork; }
     /// A part that is shown is not ready to be painted.
     bool isPreparing() const;
@@ -104,6 +106,7 @@ private:
     std::vector<Base::ViewProvider*> m_providers;
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
+    PartTints m_tints;
     SampledPicture m_samples;
     bool m_isSampled = false;
     std::vector<PaintedPart> m_leaving;

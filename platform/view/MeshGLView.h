@@ -74,6 +74,18 @@ public:
     void setSectionPlane(std::optional<SectionPlane> const& plane);
     std::optional<SectionPlane> const& sectionPlane() const { return m_sectionPlane; }
 
+    /// Draws the parts apart from each other, away from the middle of them all; the lowest stay where
+    /// they are. The parts themselves do not move: picks and planes are where they are without.
+    ///
+    /// share  of a part's distance from the middle that is added to it; 0 for none
+    void setDrawnApart(double share);
+    double drawnApart() const { return m_drawnApart; }
+
+    /// Gives parts without a colour of their own one of a few, in turn, by which pieces are told
+    /// from each other.
+    void setPartsTinted(bool isTinted);
+    bool arePartsTinted() const { return m_arePartsTinted; }
+
     UPoint3<float> turningPoint(QPoint position) const override;
     void clicked(QMouseEvent* event) override;
 
@@ -96,6 +108,8 @@ private:
     std::optional<LiveCut> m_liveCut;
     std::optional<float> m_sectionHeight;
     std::optional<SectionPlane> m_sectionPlane;
+    double m_drawnApart = 0;
+    bool m_arePartsTinted = false;
     /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
     int m_hoveredView = -1;
     int m_pressedView = -1;

@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ApartSlider</name>
+    <message>
+        <source>Draw apart</source>
+        <translation>Auseinanderziehen</translation>
+    </message>
+    <message>
+        <source>Draws the parts apart from each other. They stay where they are.</source>
+        <translation>Zeichnet die Bauteile auseinandergezogen. Sie bleiben, wo sie sind.</translation>
+    </message>
+    <message>
+        <source>End the tool first: it goes by where the parts are.</source>
+        <translation>Beenden Sie zuerst das Werkzeug: Es richtet sich danach, wo die Bauteile sind.</translation>
+    </message>
+</context>
+<context>
     <name>AutoSave</name>
     <message>
         <source>Unsaved changes cannot be kept for recovery; save the project soon.</source>
@@ -2426,6 +2441,14 @@
     <message>
         <source>Lay a part on the plate with the face that you click.</source>
         <translation>Ein Bauteil mit der angeklickten Fläche auf die Platte legen.</translation>
+    </message>
+    <message>
+        <source>Tell parts that have no colour of their own from each other by some.</source>
+        <translation>Bauteile ohne eigene Farbe durch wechselnde Farben voneinander unterscheiden.</translation>
+    </message>
+    <message>
+        <source>Colo&amp;ur Parts in Turn</source>
+        <translation>Bauteile unterschie&amp;dlich färben</translation>
     </message>
 </context>
 <context>

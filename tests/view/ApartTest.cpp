@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/PartTints.h"
+#include "host/view/ViewColors.h"
+#include "tests/support/ShownView.h"
+
+#include <set>
+
+// Parts that are drawn apart from each other, and told from each other by colours.
+namespace {
+
+class DrawnApart : public ShownView
+{
+protected:
+    void SetUp() override
+    {
+        ShownView::SetUp();
+        if (!view)
+            return;
+        view->setPlateVisible(false);
+        low = test.add(box(20, 20, 20), "low");
+        high = test.add(box(20, 20, 20, {0, 0, 20}), "high");
+        view->OnViewType(0);
+        view->fitAll();
+        view->getCamera()->zoom(2);
+        settle();
+    }
+
+    Mesh::DocumentObject* partAt(UPoint3<float> const& world) const
+    {
+        Mesh::GLView::Pick pick;
+        return view->pickPoint(positionOf(world), pick) ? pick.part : nullptr;
+    }
+
+    Mesh::DocumentObject* low = nullptr;
+    Mesh::DocumentObject* high = nullptr;
+};
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Path, DrawnApart, bothPaths, pathName);
+
+TEST_P(DrawnApart, ThePictureAndThePicksFollowAndThePartsStay)
+{
+    QImage const together = picture("together");
+    UMatrix4<float> const placed = high->getMatrix();
+    EXPECT_EQ(partAt({10, 0, 30}), high);
+    // The middles are 20 mm apart, so the gap is 20 mm too.
+    view->setDrawnApart(1);
+    QImage const apart = picture("apart");
+    EXPECT_EQ(colorAt(apart, {10, 0, 30}), colorAt(together, {60, 0, 30}));
+    EXPECT_EQ(colorAt(apart, {10, 0, 50}), colorAt(together, {10, 0, 30}));
+    EXPECT_EQ(colorAt(apart, {10, 0, 10}), colorAt(together, {10, 0, 10}));
+    EXPECT_EQ(partAt({10, 0, 30}), nullptr);
+    EXPECT_EQ(partAt({10, 0, 50}), high);
+    EXPECT_EQ(partAt({10, 0, 10}), low);
+    EXPECT_EQ(high->getMatrix(), placed);
+    EXPECT_FALSE(test.document->isModified());
+    view->setDrawnApart(0);
+    EXPECT_EQ(picture("together-again"), together);
+}
+
+TEST_P(DrawnApart, WhatIsPickedIsWhereThePartIs)
+{
+    view->setDrawnApart(1);
+    view->setLiveCut(LiveCut{{0, 0, 30}, {0, 0, 1}, true});
+    view->grabFramebuffer();
+    Mesh::GLView::Pick pick;
+    ASSERT_TRUE(view->pickPoint(positionOf({10, 0, 45}), pick));
+    EXPECT_EQ(pick.part, high);
+    EXPECT_NEAR(pick.point.Z(), 25, 0.5);
+    EXPECT_NEAR(pick.point.Y(), 0, 1e-4);
+    // The upper half of the upper part is cut away.
+    EXPECT_EQ(partAt({10, 0, 55}), nullptr);
+    // Hidden parts do not count, and are not moved.
+    low->setVisible(false);
+    view->grabFramebuffer();
+    EXPECT_EQ(partAt({10, 0, 25}), high);
+}
+
+TEST_P(DrawnApart, TheSectionLineStaysOnThePart)
+{
+    view->setSectionHeight(30.0f);
+    QImage const together = view->grabFramebuffer();
+    view->setDrawnApart(1);
+    QImage const apart = view->grabFramebuffer();
+    EXPECT_EQ(colorAt(apart, {10, 0, 50}), colorAt(together, {10, 0, 30}));
+    EXPECT_NE(colorAt(apart, {10, 0, 50}), colorAt(apart, {10, 0, 55}));
+}
+
+TEST_P(DrawnApart, PartsInTurnHaveColoursThatStay)
+{
+    QColor const plain = colorAt(view->grabFramebuffer(), {10, 0, 30});
+    EXPECT_EQ(colorAt(view->grabFramebuffer(), {10, 0, 10}), plain);
+    view->setPartsTinted(true);
+    QImage const tinted = picture("tinted");
+    EXPECT_EQ(colorAt(tinted, {10, 0, 10}), plain);
+    QColor const second = colorAt(tinted, {10, 0, 30});
+    EXPECT_NE(second, plain);
+    // Also when others go, and a colour of the part's own comes first.
+    test.document->removeObject(low);
+    EXPECT_EQ(colorAt(view->grabFramebuffer(), {10, 0, 30}), second);
+    high->setColor(0x204060ff);
+    EXPECT_NE(colorAt(view->grabFramebuffer(), {10, 0, 30}), second);
+    high->setColor(0);
+    view->setPartsTinted(false);
+    EXPECT_EQ(colorAt(view->grabFramebuffer(), {10, 0, 30}), plain);
+}
+
+TEST(PartTints, GoRoundAndAreKept)
+{
+    PartTints tints;
+    auto const part = [](std::size_t i) {
+        return reinterpret_cast<Base::DocumentObject const*>(8 * (i + 1));
+    };
+    EXPECT_EQ(tints.colorOf(part(0)), viewColors().part);
+    tints.setOn(true);
+    std::vector<unsigned> given;
+    for (std::size_t i = 0; i < 14; ++i)
+        given.push_back(tints.colorOf(part(i)));
+    EXPECT_EQ(given[0], viewColors().part);
+    EXPECT_EQ(std::set<unsigned>(given.begin(), given.end()).size(), 7u);
+    for (std::size_t i = 0; i < 14; ++i) {
+        EXPECT_EQ(tints.colorOf(part(i)), given[i]);
+        EXPECT_NE(given[i], viewColors().selected);
+        EXPECT_EQ(given[i], given[i % 7]);
+    }
+}
