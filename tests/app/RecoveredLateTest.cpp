@@ -34,7 +34,8 @@ private:
 };
 
 class RecoveredLate : public AppWindow
-{};
+{
+};
 
 }  // namespace
 
