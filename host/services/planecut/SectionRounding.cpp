@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SectionRounding.h"
 
-#include "host/mesh/DegenerateTriangles.h"
-#include "host/services/TrianglePair.h"
-#include "host/services/TriangleTree.h"
-#include "host/services/boolean/BoxCells.h"
-#include "host/services/boolean/RoundingCrossings.h"
 #include "host/services/boolean/RoundingMending.h"
+#include "host/services/planecut/HalfCrossings.h"
+#include "host/services/planecut/PointNumbers.h"
+#include "host/services/planecut/SectionSoup.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -19,7 +15,6 @@ namespace {
 using Point = UPoint3<float>;
 using Vector = UVector3<double>;
 using Triangle = UTriangle<float>;
-using Vertex = UVertex<float>;
 using Corners = MeshArrays::Corners;
 using Box = TriangleTree::Box;
 
@@ -32,12 +27,6 @@ constexpr double reachUnits = 128;
 constexpr std::size_t mostTests = 8'000'000;
 /// Triangles that are looked at from one poll to the next.
 constexpr std::size_t pollInterval = 65536;
-
-double unitAt(Point const& p)
-{
-    float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
-    return double(std::nextafter(size, std::numeric_limits<float>::infinity())) - size;
-}
 
 Vector between(Point const& from, Point const& to)
 {
@@ -64,16 +53,6 @@ void eraseAmong(std::vector<Element>& list, std::vector<std::size_t> const& plac
         list.erase(std::move(list.begin() + std::ptrdiff_t(from), list.end(), kept), list.end());
 }
 
-Box boxOf(Triangle const& triangle)
-{
-    Box box;
-    for (int i = 0; i < 3; ++i) {
-        Point const& p = triangle.cP(i);
-        box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    }
-    return box;
-}
-
 /// Boxes around which triangles are sought.
 class Surroundings
 {
@@ -81,7 +60,7 @@ public:
     void add(Triangle const& triangle)
     {
         Box box = boxOf(triangle);
-        auto const reach = float(reachUnits * unitAt(triangle.cP(0)));
+        auto const reach = float(reachUnits * roundingUnitAt(triangle.cP(0)));
         for (std::size_t k = 0; k < 3; ++k) {
             box.low[k] -= reach;
             box.high[k] += reach;
@@ -103,268 +82,90 @@ private:
     Box m_bounds;
 };
 
-/// The section points of the vertices of both halves.
-class PointNumbers
-{
-public:
-    explicit PointNumbers(SectionPoints const& points) : m_points(points)
-    {
-        for (CutSide const side : {sideAbove, sideBelow})
-            for (std::uint32_t p = 0; p < points.size(); ++p)
-                if (Vertex const* const vertex = points.existingIn(side, p))
-                    m_sides[side].add(std::size_t(vertex->cID()), p);
-    }
-
-    /// The point, or none for a vertex beside the plane.
-    std::uint32_t operator()(CutSide side, Vertex const* vertex) const
-    {
-        std::uint32_t const point = m_sides[side].at(std::size_t(vertex->cID()));
-        // Vertices beside the plane have identifiers of another kind.
-        bool const isIt = point != WallCorner::none && m_points.existingIn(side, point) == vertex;
-        return isIt ? point : WallCorner::none;
-    }
-
-private:
-    /// By identifier; those of section points follow each other, from some number on.
-    class ByIdentifier
-    {
-    public:
-        void add(std::size_t identifier, std::uint32_t point)
-        {
-            if (m_points.empty())
-                m_first = identifier;
-            if (identifier < m_first) {
-                m_points.insert(m_points.begin(), m_first - identifier, WallCorner::none);
-                m_first = identifier;
-            }
-            if (identifier - m_first >= m_points.size())
-                m_points.resize(identifier - m_first + 1, WallCorner::none);
-            m_points[identifier - m_first] = point;
-        }
-        std::uint32_t at(std::size_t identifier) const
-        {
-            return identifier >= m_first && identifier - m_first < m_points.size()
-                       ? m_points[identifier - m_first]
-                       : WallCorner::none;
-        }
-
-    private:
-        std::size_t m_first = 0;
-        std::vector<std::uint32_t> m_points;
-    };
-
-    SectionPoints const& m_points;
-    std::array<ByIdentifier, 2> m_sides;
-};
-
-using Records = std::unordered_set<Triangle const*>;
-
-/// A triangle of a half.
-struct HalfTriangle
-{
-    Triangle* record;
-    /// The triangle that it is a part of.
-    std::array<Point, 3> source;
-    CutSide side;
-    bool isCap;
-};
-
-/// Triangles of both halves near what is in doubt, in the form in which the rounding of a boolean is
-/// mended: what comes from the part is the first operand, the plane is the second.
-class SectionSoup
-{
-public:
-    /// isInDoubt  by section point; what is, may be moved
-    SectionSoup(std::vector<HalfTriangle> some, SectionPoints const& points,
-                PointNumbers const& numbers, std::vector<bool> const& isInDoubt)
-        : faces(std::move(some)), pieces(2), m_numbers(numbers), m_pointCount(points.size())
-    {
-        for (std::uint32_t p = 0; p < points.size(); ++p)
-            places.push_back(points.place(p));
-        std::stable_partition(faces.begin(), faces.end(),
-                              [](HalfTriangle const& f) { return !f.isCap; });
-        for (std::uint32_t i = 0; i < faces.size(); ++i)
-            add(faces[i], i);
-        isFree = isInDoubt;
-        isFree.resize(places.size(), false);
-    }
-
-    /// Those that cross others, with a point in doubt at one of the two.
-    Records crossing(StageProgress& progress) const
-    {
-        Records found;
-        for (auto const& piece : pieces)
-            for (auto const& pair :
-                 RoundingCrossings(operands, isFree).find(piece, places, progress))
-                for (std::size_t const t : pair)
-                    found.insert(faces[piece[t].triangle].record);
-        return found;
-    }
-
-    /// A vertex beside the plane.
-    struct Native
-    {
-        Vertex* vertex;
-        CutSide side;
-    };
-
-    Native const& nativeAt(std::uint32_t number) const { return m_natives[number - m_pointCount]; }
-    bool isNative(std::uint32_t number) const { return number >= m_pointCount; }
-
-    /// Those of the part first.
-    std::vector<HalfTriangle> faces;
-    /// By the numbers of section points, and then those of other vertices.
-    std::vector<Point> places;
-    std::vector<bool> isFree;
-    /// By side; `triangle` is a place in `faces`.
-    std::vector<std::vector<PieceTriangle>> pieces;
-    /// As `faces`: the corners that the pieces had at first.
-    std::vector<Corners> before;
-    OperandSoup operands;
-
-private:
-    void add(HalfTriangle const& face, std::uint32_t place)
-    {
-        auto const first = std::uint32_t(operands.mesh.points.size());
-        operands.mesh.triangles.push_back({first, first + 1, first + 2});
-        operands.mesh.points.insert(operands.mesh.points.end(), face.source.begin(),
-                                    face.source.end());
-        if (!face.isCap) {
-            operands.firstTriangleOfSecond = place + 1;
-            operands.firstPointOfSecond = first + 3;
-        }
-        Corners corners;
-        for (int i = 0; i < 3; ++i)
-            corners[std::size_t(i)] = numberOf(face.side, face.record->V(i));
-        pieces[face.side].push_back({corners, place, false});
-        before.push_back(corners);
-    }
-
-    std::uint32_t numberOf(CutSide side, Vertex* vertex)
-    {
-        if (std::uint32_t const point = m_numbers(side, vertex); point != WallCorner::none)
-            return point;
-        auto const [entry, isNew] = m_others.try_emplace(vertex, std::uint32_t(places.size()));
-        if (isNew) {
-            places.push_back(vertex->cP());
-            m_natives.push_back({vertex, side});
-        }
-        return entry->second;
-    }
-
-    PointNumbers const& m_numbers;
-    std::size_t m_pointCount;
-    std::vector<Native> m_natives;
-    std::unordered_map<Vertex const*, std::uint32_t> m_others;
-};
-
-std::array<Point, 3> cornersOf(Triangle const& t)
-{
-    return {t.cP(0), t.cP(1), t.cP(2)};
-}
-
 /// Whether rounding can have turned a triangle over.
 bool isNarrow(Point const& a, Point const& b, Point const& c)
 {
     Vector const u = between(a, b), v = between(a, c);
     Vector const w = v - u, normal = u * v;
     double const longest = std::max({u | u, v | v, w | w});
-    double const width = doubtfulUnits * unitAt(a);
+    double const width = doubtfulUnits * roundingUnitAt(a);
     return (normal | normal) <= width * width * longest;
 }
 
-/// What the cut has made, above first, and the walls of each half before its caps.
-std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
-                                        SectionRounding::Triangles const& caps,
-                                        CutPlane const& plane)
+/// The places of those triangles that have one of some section points for a corner.
+std::vector<std::size_t> withOneOf(std::vector<bool> const& points,
+                                   std::vector<HalfTriangle> const& made,
+                                   PointNumbers const& numbers)
 {
-    std::vector<HalfTriangle> faces;
-    for (CutSide const side : {sideAbove, sideBelow}) {
-        auto const& written = walls.written(side);
-        for (std::size_t i = 0; i < written.size(); ++i)
-            faces.push_back({written[i], cornersOf(*walls.origins(side)[i]), side, false});
-        auto source = plane.corners();
-        if (side == sideAbove)
-            std::swap(source[1], source[2]);
-        for (Triangle* const cap : caps[side])
-            faces.push_back({cap, source, side, true});
-    }
-    return faces;
+    std::vector<std::size_t> found;
+    for (std::size_t i = 0; i < made.size(); ++i)
+        for (int k = 0; k < 3; ++k) {
+            std::uint32_t const p = numbers(made[i].side, made[i].record->cV(k));
+            if (p != WallCorner::none && points[p]) {
+                found.push_back(i);
+                break;
+            }
+        }
+    return found;
 }
 
-/// Looks for crossings of some triangles with others of their half.
-class CrossingSearch
+/// Those of some section points that are corners of some triangles.
+std::vector<bool> cornersAmong(std::vector<bool> const& points, HalfRecords const& triangles,
+                               std::vector<HalfTriangle> const& made, PointNumbers const& numbers)
 {
-public:
-    /// some          places in `made`
-    /// areCapsExact  the caps lie in the plane, so that nothing but walls can cross
-    CrossingSearch(std::vector<HalfTriangle> const& made, std::vector<std::size_t> const& some,
-                   bool areCapsExact)
-        : m_made(made), m_areCapsExact(areCapsExact)
-    {
-        Box bounds;
-        for (std::size_t const i : some)
-            if (canCross(i) && !isFlat(i)) {
-                m_some.push_back({boxOf(*made[i].record), i});
-                bounds.add(m_some.back().box);
-            }
-        BoxCells cells(bounds);
-        for (Place const& place : m_some)
-            cells.add(place.box);
-        for (std::size_t i = 0; i < made.size() && !m_some.empty(); ++i)
-            if (Box const box = boxOf(*made[i].record); canCross(i) && cells.areMetBy(box))
-                m_near.push_back({box, i});
+    std::vector<bool> corners(points.size(), false);
+    for (HalfTriangle const& triangle : made)
+        for (int k = 0; k < 3 && triangles.contains(triangle.record); ++k)
+            if (std::uint32_t const p = numbers(triangle.side, triangle.record->cV(k));
+                p != WallCorner::none)
+                corners[p] = points[p];
+    return corners;
+}
+
+/// Adds the triangles beside the plane that stand in some surroundings: what was copied may be in
+/// the way. A pass over the part.
+///
+/// returns  where triangles that are near, and those that the cut has made, stand in the lists of
+///          both halves, ascending
+std::array<std::vector<std::size_t>, 2> addCopies(SideCopies& copies, SectionWalls const& walls,
+                                                  SectionRounding::Triangles const& caps,
+                                                  Surroundings const& surroundings,
+                                                  std::vector<HalfTriangle>& near,
+                                                  StageProgress& stage)
+{
+    std::array<std::vector<std::size_t>, 2> standing;
+    for (CutSide const side : {sideAbove, sideBelow}) {
+        auto const& all = copies.mesh(side).triangles;
+        std::size_t const copied = all.size() - walls.written(side).size() - caps[side].size();
+        for (std::size_t t = 0; t < copied; ++t) {
+            if (t % pollInterval == 0)
+                stage.add(0);
+            if (!surroundings.reach(*all[t]))
+                continue;
+            near.push_back({all[t], cornersOf(*all[t]), side, false});
+            standing[side].push_back(t);
+        }
+        for (std::size_t t = copied; t < all.size(); ++t)
+            standing[side].push_back(t);
     }
+    return standing;
+}
 
-    /// How many tests of two boxes it takes.
-    std::size_t effort() const { return m_some.size() * m_near.size(); }
-
-    Records run(StageProgress& progress)
-    {
-        Records crossing;
-        for (Place const& a : m_some) {
-            progress.add(0);
-            for (Place const& b : m_near)
-                if (a.box.overlaps(b.box) && doCross(a.triangle, b.triangle)) {
-                    crossing.insert(m_made[a.triangle].record);
-                    crossing.insert(m_made[b.triangle].record);
+/// Section points that have come into the place of a vertex beside the plane, by the number of this
+/// vertex: the half that does not have the vertex keeps the point there.
+std::unordered_map<std::uint32_t, std::uint32_t> standInsIn(SectionSoup const& soup)
+{
+    std::unordered_map<std::uint32_t, std::uint32_t> standIns;
+    for (auto const& piece : soup.pieces)
+        for (PieceTriangle const& t : piece)
+            for (std::size_t i = 0; i < 3; ++i)
+                if (std::uint32_t const was = soup.before[t.triangle][i];
+                    soup.isNative(t.corners[i]) && was != t.corners[i]) {
+                    auto const entry = standIns.try_emplace(t.corners[i], was).first;
+                    entry->second = std::min(entry->second, was);
                 }
-        }
-        return crossing;
-    }
-
-private:
-    struct Place
-    {
-        Box box;
-        std::size_t triangle;
-    };
-
-    bool canCross(std::size_t i) const { return !m_areCapsExact || !m_made[i].isCap; }
-    bool isFlat(std::size_t i) const
-    {
-        Triangle const& t = *m_made[i].record;
-        return isDegenerate(t.cP(0), t.cP(1), t.cP(2));
-    }
-
-    bool doCross(std::size_t i, std::size_t k)
-    {
-        if (m_made[i].side != m_made[k].side || i == k || isFlat(k))
-            return false;
-        for (std::size_t c = 0; c < 3; ++c) {
-            m_pair.points[c] = m_made[i].record->cP(int(c));
-            m_pair.points[c + 3] = m_made[k].record->cP(int(c));
-        }
-        return doTrianglesMeet(m_pair, 0, 1);
-    }
-
-    std::vector<HalfTriangle> const& m_made;
-    bool m_areCapsExact;
-    std::vector<Place> m_some;
-    /// All that may overlap one of them.
-    std::vector<Place> m_near;
-    MeshArrays m_pair{std::vector<Point>(6), {{0, 1, 2}, {3, 4, 5}}};
-};
+    return standIns;
+}
 
 }  // namespace
 
@@ -411,7 +212,7 @@ void SectionRounding::doubt(WallPiece const& piece)
     for (std::size_t i = 0; i < std::size_t(piece.size); ++i) {
         places[i] = m_walls.placeOf(piece.corners[i]);
         isDoubted |= !piece.corners[i].isPoint() && !m_plane.isAxisParallel() &&
-                     m_plane.distanceOf(places[i]) <= doubtfulUnits * unitAt(places[i]);
+                     m_plane.distanceOf(places[i]) <= doubtfulUnits * roundingUnitAt(places[i]);
     }
     for (auto const& [a, b, c] : m_walls.trianglesOf(piece))
         isDoubted |= isNarrow(places[a], places[b], places[c]);
@@ -429,68 +230,35 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
     stage.begin(0, 100, 1);
     PointNumbers const numbers(m_points);
     std::vector<HalfTriangle> const made = trianglesMade(m_walls, caps, m_plane);
-    auto const hasOneOf = [&](std::vector<bool> const& points, HalfTriangle const& triangle) {
-        for (int i = 0; i < 3; ++i) {
-            std::uint32_t const p = numbers(triangle.side, triangle.record->cV(i));
-            if (p != WallCorner::none && points[p])
-                return true;
-        }
-        return false;
-    };
-    std::vector<std::size_t> doubted;
-    for (std::size_t i = 0; i < made.size(); ++i)
-        if (hasOneOf(m_isInDoubt, made[i]))
-            doubted.push_back(i);
-    CrossingSearch search(made, doubted, m_plane.isAxisParallel());
-    Records const crossing = search.effort() > mostTests
-                                 ? SectionSoup(made, m_points, numbers, m_isInDoubt).crossing(stage)
-                                 : search.run(stage);
+    std::vector<std::size_t> const doubted = withOneOf(m_isInDoubt, made, numbers);
+    HalfCrossings search(made, doubted, m_plane.isAxisParallel());
+    HalfRecords const crossing =
+        search.effort() > mostTests
+            ? SectionSoup(made, m_points, numbers, m_isInDoubt).crossing(stage)
+            : search.run(stage);
     if (crossing.empty())
         return {};
-    std::vector<bool> isFree(m_points.size(), false);
-    for (std::size_t const i : doubted)
-        for (int k = 0; k < 3 && crossing.contains(made[i].record); ++k)
-            if (std::uint32_t const p = numbers(made[i].side, made[i].record->cV(k));
-                p != WallCorner::none)
-                isFree[p] = m_isInDoubt[p];
+    m_isInDoubt = cornersAmong(m_isInDoubt, crossing, made, numbers);
     Surroundings surroundings;
-    for (std::size_t const i : doubted)
-        if (hasOneOf(isFree, made[i]))
-            surroundings.add(*made[i].record);
+    for (std::size_t const i : withOneOf(m_isInDoubt, made, numbers))
+        surroundings.add(*made[i].record);
     std::vector<HalfTriangle> near;
     for (HalfTriangle const& triangle : made)
         if (surroundings.reach(*triangle.record))
             near.push_back(triangle);
-    // Only now, for it is a pass over the part: what was copied may stand in the way.
     Mended mended;
-    for (CutSide const side : {sideAbove, sideBelow}) {
-        auto const& all = m_copies.mesh(side).triangles;
-        std::size_t const copied = all.size() - m_walls.written(side).size() - caps[side].size();
-        for (std::size_t t = 0; t < copied; ++t) {
-            if (t % pollInterval == 0)
-                stage.add(0);
-            if (!surroundings.reach(*all[t]))
-                continue;
-            near.push_back({all[t], cornersOf(*all[t]), side, false});
-            mended.mayGo[side].push_back(t);
-        }
-        for (std::size_t t = copied; t < all.size(); ++t)
-            mended.mayGo[side].push_back(t);
-    }
-    m_isInDoubt = isFree;
-    SectionSoup soup(std::move(near), m_points, numbers, isFree);
+    mended.mayGo = addCopies(m_copies, m_walls, caps, surroundings, near, stage);
+    SectionSoup soup(std::move(near), m_points, numbers, m_isInDoubt);
     auto left = RoundingMending(soup.operands, soup.pieces, soup.places, soup.isFree).run(stage);
-    // A section point may have come into the place of a vertex beside the plane. The half that does
-    // not have this vertex keeps the point there.
-    std::unordered_map<std::uint32_t, std::uint32_t> standIns;
-    for (auto const& piece : soup.pieces)
-        for (PieceTriangle const& t : piece)
-            for (std::size_t i = 0; i < 3; ++i)
-                if (std::uint32_t const was = soup.before[t.triangle][i];
-                    soup.isNative(t.corners[i]) && was != t.corners[i]) {
-                    auto const entry = standIns.try_emplace(t.corners[i], was).first;
-                    entry->second = std::min(entry->second, was);
-                }
+    write(soup, mended);
+    takeOver(mended, caps, filling);
+    return left;
+}
+
+/// Gives the triangles their new corners.
+void SectionRounding::write(SectionSoup& soup, Mended& mended)
+{
+    auto const standIns = standInsIn(soup);
     for (auto const& [number, point] : standIns)
         soup.places[point] = soup.places[number];
     for (HalfTriangle const& face : soup.faces)
@@ -513,8 +281,6 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
             mended.points[side].emplace(record, points);
         }
     mended.places = std::move(soup.places);
-    takeOver(mended, caps, filling);
-    return left;
 }
 
 /// Moves the section points, and takes the triangles out that have lost a corner.

@@ -8,6 +8,8 @@
 #include <functional>
 #include <vector>
 
+class SectionSoup;
+
 /// Mends what rounding has done to the pieces of a plane cut: section points are where exact ones
 /// are to the nearest float, so a needle or a triangle that nearly lies in the plane may have come
 /// to cross its neighbours by a few units of the last place.
@@ -51,6 +53,7 @@ public:
 private:
     struct Mended;
 
+    void write(SectionSoup& soup, Mended& mended);
     void takeOver(Mended const& mended, Triangles& caps, Exact::SectionFilling& filling);
     void doubt(WallPiece const& piece);
 

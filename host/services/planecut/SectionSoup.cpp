@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/planecut/SectionSoup.h"
+
+#include <algorithm>
+#include <utility>
+
+SectionSoup::SectionSoup(std::vector<HalfTriangle> some, SectionPoints const& points,
+                         PointNumbers const& numbers, std::vector<bool> const& isInDoubt)
+    : faces(std::move(some)), pieces(2), m_numbers(numbers), m_pointCount(points.size())
+{
+    for (std::uint32_t p = 0; p < points.size(); ++p)
+        places.push_back(points.place(p));
+    std::stable_partition(faces.begin(), faces.end(),
+                          [](HalfTriangle const& f) { return !f.isCap; });
+    for (std::uint32_t i = 0; i < faces.size(); ++i)
+        add(faces[i], i);
+    isFree = isInDoubt;
+    isFree.resize(places.size(), false);
+}
+
+HalfRecords SectionSoup::crossing(StageProgress& progress) const
+{
+    HalfRecords found;
+    for (auto const& piece : pieces)
+        for (auto const& pair : RoundingCrossings(operands, isFree).find(piece, places, progress))
+            for (std::size_t const t : pair)
+                found.insert(faces[piece[t].triangle].record);
+    return found;
+}
+
+void SectionSoup::add(HalfTriangle const& face, std::uint32_t place)
+{
+    auto const first = std::uint32_t(operands.mesh.points.size());
+    operands.mesh.triangles.push_back({first, first + 1, first + 2});
+    operands.mesh.points.insert(operands.mesh.points.end(), face.source.begin(), face.source.end());
+    if (!face.isCap) {
+        operands.firstTriangleOfSecond = place + 1;
+        operands.firstPointOfSecond = first + 3;
+    }
+    MeshArrays::Corners corners;
+    for (int i = 0; i < 3; ++i)
+        corners[std::size_t(i)] = numberOf(face.side, face.record->V(i));
+    pieces[face.side].push_back({corners, place, false});
+    before.push_back(corners);
+}
+
+std::uint32_t SectionSoup::numberOf(CutSide side, UVertex<float>* vertex)
+{
+    if (std::uint32_t const point = m_numbers(side, vertex); point != WallCorner::none)
+        return point;
+    auto const [entry, isNew] = m_others.try_emplace(vertex, std::uint32_t(places.size()));
+    if (isNew) {
+        places.push_back(vertex->cP());
+        m_natives.push_back({vertex, side});
+    }
+    return entry->second;
+}
