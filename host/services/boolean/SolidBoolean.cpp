@@ -9,6 +9,7 @@
 #include "host/services/RecordCopies.h"
 #include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/ContactFinder.h"
+#include "host/services/boolean/ExactCombination.h"
 #include "host/services/boolean/MemoryRoom.h"
 #include "host/services/boolean/OperandOrder.h"
 #include "host/services/boolean/PartWindings.h"
@@ -17,18 +18,14 @@
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
 #include "host/services/boolean/SelfContacts.h"
-#include "host/services/boolean/SolidMending.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
-#include "host/services/exact/ArrangedSolids.h"
-#include "host/services/exact/Corefinement.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -452,52 +449,11 @@ private:
         for (Operand const operand : {Operand::first, Operand::second})
             if (auto const place = boolean.openPlace(operand))
                 Refusal::throwOpen(operand, *place);
-        Exact::WantedSolids wanted;
-        for (BooleanPiece const piece : m_pieces)
-            (piece == BooleanPiece::united   ? wanted.united
-             : piece == BooleanPiece::common ? wanted.common
-                                             : wanted.difference) = true;
         MeshArrays const part = copyArrays(m_partKernel, Frame::World, m_progress);
         if (!hasExactRoom(part.triangles.size() + m_tool.mesh.triangles.size(),
                           boolean.curveCount(), availableMemory()))
             Refusal::throwTooMuch();
-        ResultCheck const check(part, m_tool.mesh, m_progress);
-        auto results = checked(Exact::combine(part, m_tool.mesh, wanted, m_progress), part, check);
-        // Corefinement may go wrong where an operand touches itself.
-        if (results.empty())
-            results =
-                checked(Exact::combineArranged(part, m_tool.mesh, wanted, m_progress), part, check);
-        if (results.empty())
-            Refusal::throwNotCombined(part, m_tool.mesh, m_doubtful, m_progress);
-        return results;
-    }
-
-    /// The solids as results, mended; none if one of them is missing or wrong.
-    std::vector<BooleanResult> checked(Exact::CombinedSolids combined, MeshArrays const& part,
-                                       ResultCheck const& check)
-    {
-        std::vector<MeshArrays*> solids;
-        for (BooleanPiece const piece : m_pieces) {
-            auto& solid = piece == BooleanPiece::united   ? combined.united
-                          : piece == BooleanPiece::common ? combined.common
-                                                          : combined.difference;
-            if (!solid)
-                return {};
-            solids.push_back(&*solid);
-        }
-        auto const crossings =
-            mendSolids(std::array<MeshArrays const*, 2>{&part, &m_tool.mesh}, solids, m_progress);
-        std::vector<BooleanResult> results;
-        for (std::size_t i = 0; i < m_pieces.size(); ++i) {
-            if (auto const fault = check.findFault(*solids[i], BooleanRule(m_pieces[i]))) {
-                m_doubtful = fault;
-                return {};
-            }
-            results.push_back({makeMesh(*solids[i], m_progress)});
-        }
-        if (!m_survey)
-            logCrossings(crossings);
-        return results;
+        return combineExactly(part, m_tool.mesh, m_pieces, m_doubtful, !m_survey, m_progress);
     }
 
     MeshKernel const& m_partKernel;
