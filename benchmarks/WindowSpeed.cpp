@@ -19,6 +19,7 @@
 #include "platform/view/ViewProvider.h"
 #include "selection/PlanecutSelection.h"
 #include "selection/RunningTool.h"
+#include "tests/support/PictureCount.h"
 #include "tests/support/Places.h"
 #include "tools/PlaneGraphicObject.h"
 
@@ -102,18 +103,6 @@ void rest(int ms)
     timer.start();
     waitWhile([&] { return timer.elapsed() < ms; });
 }
-
-class PictureCount : public QObject
-{
-public:
-    explicit PictureCount(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-    int count = 0;
-};
 
 /// Runs steps that each ask for a picture, and tells what the pictures take.
 void report(char const* name, QWidget& view, std::function<void(int)> const& step)

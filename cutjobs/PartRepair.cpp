@@ -6,29 +6,9 @@
 #include "cutjobs/common/PartMesh.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/mesh/MeshKernel.h"
+#include "platform/mesh/TakenMesh.h"
 
 namespace Freecut {
-
-namespace {
-
-/// A kernel that takes over the mesh. One that has handed its mesh out for writing is copied record
-/// by record ever after.
-std::shared_ptr<MeshKernel> asReadOnly(MeshKernel& kernel)
-{
-    auto mesh = std::make_unique<UMesh<float>>();
-    UMesh<float>& source = *kernel.getMesh();
-    mesh->triangles.swap(source.triangles);
-    mesh->vertices.swap(source.vertices);
-    std::swap(mesh->triangleCount, source.triangleCount);
-    std::swap(mesh->vertexCount, source.vertexCount);
-    auto taken = std::make_shared<MeshKernel>(mesh.release());
-    taken->getMatrix() = kernel.getMatrix();
-    taken->UpdateBoundingBox();
-    return taken;
-}
-
-}  // namespace
 
 PartRepairImp::PartRepairImp(QObject* parent) : CutWorker(parent) {}
 

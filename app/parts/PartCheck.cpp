@@ -3,6 +3,7 @@
 
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
+#include "platform/mesh/TakenMesh.h"
 
 #include <cstdint>
 #include <new>
@@ -21,22 +22,6 @@ PartCheck::Counts countErrors(MeshKernel& kernel, Progress const& progress)
     Repair::EvaluateErrors errors(&kernel);
     errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, false, true, progress);
     return errors.counts();
-}
-
-/// A kernel that takes over the mesh. A kernel that has handed its mesh out for writing is copied
-/// record by record ever after.
-std::shared_ptr<MeshKernel> asReadOnly(MeshKernel& kernel)
-{
-    auto mesh = std::make_unique<UMesh<float>>();
-    UMesh<float>& source = *kernel.getMesh();
-    mesh->triangles.swap(source.triangles);
-    mesh->vertices.swap(source.vertices);
-    std::swap(mesh->triangleCount, source.triangleCount);
-    std::swap(mesh->vertexCount, source.vertexCount);
-    auto taken = std::make_shared<MeshKernel>(mesh.release());
-    taken->getMatrix() = kernel.getMatrix();
-    taken->UpdateBoundingBox();
-    return taken;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OpenGLPath.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/PictureCount.h"
 #include "tests/support/Places.h"
 #include "tests/support/SkipReasons.h"
 #include "tests/support/TestDocument.h"
@@ -29,19 +30,6 @@ bool waitUntil(Condition const& condition)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     return condition();
 }
-
-/// Counts the pictures that a widget is asked to paint.
-class PictureCount : public QObject
-{
-public:
-    explicit PictureCount(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-    int count = 0;
-};
 
 inline bool hasDisplay()
 {

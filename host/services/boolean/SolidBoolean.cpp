@@ -21,6 +21,7 @@
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "host/services/boolean/ToolSides.h"
+#include "platform/mesh/TakenMesh.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_reduce.h>
@@ -422,17 +423,6 @@ private:
         };
         return combineSolids(orderlyPart ? *orderlyPart : m_partKernel,
                              orderlyTool ? *orderlyTool : *tool, m_pieces, rest, m_survey);
-    }
-
-    /// Moves the records out of a kernel.
-    static std::unique_ptr<UMesh<float>> takeMesh(MeshKernel& kernel)
-    {
-        auto mesh = std::make_unique<UMesh<float>>();
-        mesh->triangles.swap(kernel.getMesh()->triangles);
-        mesh->vertices.swap(kernel.getMesh()->vertices);
-        mesh->triangleCount = std::uint32_t(mesh->triangles.size());
-        mesh->vertexCount = std::uint32_t(mesh->vertices.size());
-        return mesh;
     }
 
     std::unique_ptr<MeshKernel> toolKernel()
