@@ -427,7 +427,7 @@ TEST_F(SectionDialog, AFailureTellsAndLeavesAllAsItWas)
     cut();
     EXPECT_EQ(messages.texts, QStringList{"An error occurred in triangulate."});
     EXPECT_EQ(messages.titles, QStringList{"Attention"});
-    EXPECT_EQ(messages.buttons, (QStringList{"OK"}));
+    EXPECT_EQ(messages.buttons, (QStringList{"OK", "Show in View", "Repair and Cut Again"}));
     EXPECT_TRUE(messages.details.join("").contains("open"))
         << messages.details.join("").toStdString();
     EXPECT_TRUE(dialog);

@@ -399,7 +399,7 @@ TEST_P(StandInPictures, HaveOneSampleForEachPixel)
     // The buffer of the samples follows the view's size.
     view->resize(640, 480);
     settle();
-    EXPECT_EQ(atRest().size(), QSize(640, 480));
+    EXPECT_EQ(atRest().size(), QSize(640, 480) * view->devicePixelRatioF());
     EXPECT_EQ(samples.count, 4);
     view->removeGraphicsItem(&samples);
 }
