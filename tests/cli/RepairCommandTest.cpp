@@ -138,8 +138,9 @@ TEST(FreecutRepair, EveryCuttingCommandMendsItsPiecesWhenAsked)
                 Soup const mesh = folder.mesh(piece["file"]);
                 volumes[place] += volumeOf(mesh);
                 // The other tools pass along walls of both shells, which may touch in edges then.
-                if (place > 0 && command[0] == "section")
+                if (place > 0 && command[0] == "section") {
                     EXPECT_EQ(closedSolidFaults(mesh), "");
+                }
                 told[place] += piece.contains("repair");
                 if (piece.contains("repair"))
                     for (auto const& item : piece["repair"]["mended"])
@@ -153,7 +154,8 @@ TEST(FreecutRepair, EveryCuttingCommandMendsItsPiecesWhenAsked)
         EXPECT_GT(told[2], 0u) << command[0];
         EXPECT_NEAR(volumes[0], 31000, 1) << command[0];
         // What counts twice in the part counts once in what is mended.
-        if (command[0] == "section")
+        if (command[0] == "section") {
             EXPECT_NEAR(volumes[1], 30000, 1);
+        }
     }
 }
