@@ -6,6 +6,7 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/document/RenamePara.h"
 #include "platform/document/q2s.h"
+#include "platform/mesh/TakenMesh.h"
 
 #include <cstdint>
 
@@ -32,13 +33,9 @@ MeshKernel* takeGeometry(MeshKernel& piece, bool writesCounts)
     }
     // The mesh is filled before a kernel holds it: a kernel that has handed its mesh out for
     // writing is copied record by record when the part is cut again.
-    auto mesh = std::make_unique<UMesh<float>>();
-    mesh->triangles.swap(piece.getMesh()->triangles);
-    mesh->vertices.swap(piece.getMesh()->vertices);
-    if (writesCounts) {
-        mesh->triangleCount = std::uint32_t(mesh->triangles.size());
-        mesh->vertexCount = std::uint32_t(mesh->vertices.size());
-    }
+    auto mesh = takeMesh(piece);
+    if (!writesCounts)
+        mesh->triangleCount = mesh->vertexCount = 0;
     return new MeshKernel(mesh.release());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/AsciiFacets.h"
 #include "host/formats/PartFiles.h"
+#include "tests/formats/ReadError.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -29,16 +30,6 @@ std::string facets(std::size_t count)
     for (std::size_t i = 0; i < count; ++i)
         text += facet(std::to_string(i + 2));
     return text;
-}
-
-std::string readError(std::filesystem::path const& path)
-{
-    try {
-        readParts(path);
-    } catch (FileError const& error) {
-        return error.what();
-    }
-    return {};
 }
 
 /// More than one thread reads at once.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PartFiles.h"
+#include "tests/formats/ReadError.h"
 #include "tests/formats/ScratchFolder.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -24,17 +25,6 @@ namespace {
 MeshFormat const& format(std::string const& name)
 {
     return *FormatRegistry::instance().byName(name);
-}
-
-/// The text of the FileError that reading gives; empty if there is none.
-std::string readError(std::filesystem::path const& path)
-{
-    try {
-        readParts(path);
-    } catch (FileError const& error) {
-        return error.what();
-    }
-    return {};
 }
 
 std::string writeError(std::filesystem::path const& path, Overwrite overwrite)

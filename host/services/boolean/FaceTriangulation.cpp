@@ -3,6 +3,7 @@
 
 #include "host/mesh/ExactSigns.h"
 #include "host/services/boolean/CornerOrder.h"
+#include "host/services/boolean/CurveOrder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -158,50 +159,18 @@ bool FaceTriangulation::addInnerPoints(std::span<std::uint32_t const> numbers)
     if (numbers.size() <= fewPoints)
         return std::ranges::all_of(numbers, [&](auto number) { return addInnerPoint(number); });
     // The walk to a point is short if the point before was near, and if no facet is long and thin.
-    for (std::uint32_t const number : alongCurve(numbers)) {
+    std::vector<FlatPoint> points;
+    for (std::uint32_t const number : numbers) {
+        Place const place = placeOf(number, 0);
+        points.push_back({place.u, place.v, number});
+    }
+    for (std::uint32_t const number : alongCurve(points)) {
         std::size_t const facets = m_mesh.facets().size();
         if (!addInnerPoint(number))
             return false;
         improveFrom(facets);
     }
     return true;
-}
-
-/// Ordered so that neighbours in the list lie close together (G. M. Morton, 1966).
-std::vector<std::uint32_t> FaceTriangulation::alongCurve(
-    std::span<std::uint32_t const> numbers) const
-{
-    double low[2] = {m_places[0].u, m_places[0].v};
-    double high[2] = {low[0], low[1]};
-    for (int corner = 1; corner < 3; ++corner) {
-        Place const& p = m_places[std::size_t(corner)];
-        low[0] = std::min(low[0], p.u);
-        low[1] = std::min(low[1], p.v);
-        high[0] = std::max(high[0], p.u);
-        high[1] = std::max(high[1], p.v);
-    }
-    constexpr double cells = 1 << 16;
-    double const size = std::max(high[0] - low[0], high[1] - low[1]);
-    double const scale = size > 0 ? cells / size : 0;
-    auto const cell = [&](double value) {
-        return std::uint64_t(std::clamp(value * scale, 0.0, cells - 1));
-    };
-    std::vector<std::pair<std::uint64_t, std::uint32_t>> order;
-    order.reserve(numbers.size());
-    for (std::uint32_t const number : numbers) {
-        Place const p = placeOf(number, 0);
-        std::uint64_t const u = cell(p.u - low[0]), v = cell(p.v - low[1]);
-        std::uint64_t key = 0;
-        for (int bit = 0; bit < 16; ++bit)
-            key |= (u >> bit & 1) << (2 * bit) | (v >> bit & 1) << (2 * bit + 1);
-        order.emplace_back(key, number);
-    }
-    std::ranges::sort(order);
-    std::vector<std::uint32_t> sorted;
-    sorted.reserve(order.size());
-    for (auto const& [key, number] : order)
-        sorted.push_back(number);
-    return sorted;
 }
 
 bool FaceTriangulation::addInnerPoint(std::uint32_t number)

@@ -124,7 +124,6 @@ private:
     void begin(Face const& face);
     bool addEdgePoints(Face const& face, int side);
     bool addInnerPoints(std::span<std::uint32_t const> numbers);
-    std::vector<std::uint32_t> alongCurve(std::span<std::uint32_t const> numbers) const;
     bool addInnerPoint(std::uint32_t number);
     bool locate(int point, int& facet, int& edge);
 
