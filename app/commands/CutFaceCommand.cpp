@@ -28,7 +28,7 @@ class CutFaceCommand : public HostCommand
 public:
     CutFaceCommand()
         : HostCommand("Std_CutFaceDown",
-                      {QT_TRANSLATE_NOOP("HostCommand", "Place the Cut &Face Down"),
+                      {QT_TRANSLATE_NOOP("HostCommand", "Place the Cut Face Down"),
                        QT_TRANSLATE_NOOP("HostCommand",
                                          "Turn each selected piece until the face that the cut "
                                          "made lies on the plate."),

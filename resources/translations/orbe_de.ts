@@ -2470,8 +2470,8 @@
         <translation>Bauteile unterschie&amp;dlich färben</translation>
     </message>
     <message>
-        <source>Place the Cut &amp;Face Down</source>
-        <translation>Schnitt&amp;fläche nach unten legen</translation>
+        <source>Place the Cut Face Down</source>
+        <translation>Schnittfläche nach unten legen</translation>
     </message>
     <message>
         <source>Turn each selected piece until the face that the cut made lies on the plate.</source>
