@@ -3047,6 +3047,13 @@
     </message>
 </context>
 <context>
+    <name>PartReload</name>
+    <message>
+        <source>%1 is not in %2 any more; the part stays as it was.</source>
+        <translation>%1 ist nicht mehr in %2; das Bauteil bleibt, wie es war.</translation>
+    </message>
+</context>
+<context>
     <name>PartTreeModel</name>
     <message>
         <source>Name</source>
@@ -3388,6 +3395,25 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>ReloadOffer</name>
+    <message>
+        <source>Changed on disk since it was opened: %1</source>
+        <translation>Auf der Festplatte geändert, seit es geöffnet wurde: %1</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Keep as It Is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Read the file again. The parts stay where they are placed; this can be undone.</source>
+        <translation>Die Datei noch einmal lesen. Die Bauteile bleiben, wo sie liegen; das lässt sich rückgängig machen.</translation>
     </message>
 </context>
 <context>
@@ -3948,6 +3974,52 @@
     <message>
         <source>Lay Flat</source>
         <translation>Flach hinlegen</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDialog</name>
+    <message>
+        <source>Unit of the File</source>
+        <translation>Einheit der Datei</translation>
+    </message>
+    <message>
+        <source>%1: too small to be meant in millimetres. In which unit are the numbers of the file?</source>
+        <translation>%1: zu klein, um in Millimetern gemeint zu sein. In welcher Einheit sind die Zahlen der Datei?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Millimetres: %1 mm</source>
+        <translation>Millimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Centimetres: %1 mm</source>
+        <translation>Zentimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Inches: %1 mm</source>
+        <translation>Zoll: %1 mm</translation>
+    </message>
+    <message>
+        <source>Metres: %1 mm</source>
+        <translation>Meter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Take This Unit</source>
+        <translation>Diese Einheit nehmen</translation>
+    </message>
+    <message>
+        <source>Leave as It Is</source>
+        <translation>Lassen, wie es ist</translation>
     </message>
 </context>
 <context>

@@ -83,6 +83,16 @@
     </message>
 </context>
 <context>
+    <name>UnitDialog</name>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>WindowFileQuestions</name>
     <message numerus="yes">
         <source>and %n more</source>
