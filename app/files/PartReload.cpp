@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/PartReload.h"
 
-#include "app/parts/EditStep.h"
-
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -54,7 +52,9 @@ QStringList putReloaded(Mesh::Document& document, LoadedFiles& loaded, PartOrigi
                              .arg(QString::fromStdString(part->getName()),
                                   QFileInfo(origin->file).fileName());
     auto const known = partsByOrigin(document, origins);
-    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Reload"));
+    if (loaded.parts.empty())
+        return sentences;
+    document.openTransaction(QT_TRANSLATE_NOOP("UndoRedoName", "Reload"));
     for (std::size_t i = 0; i < loaded.parts.size(); ++i) {
         std::unique_ptr<Part>& fresh = loaded.parts[i];
         PartOrigin const& origin = loaded.origins[i];
@@ -69,5 +69,7 @@ QStringList putReloaded(Mesh::Document& document, LoadedFiles& loaded, PartOrigi
         for (Part* const part : place->second)
             replace(*part, *fresh->meshProperty->getMesh(), *origins.of(*part), origin);
     }
+    document.commitTransaction();
+    document.setModified(true);
     return sentences;
 }

@@ -4,7 +4,6 @@
 #include "app/files/DocumentFiles.h"
 #include "app/files/UnitDialog.h"
 #include "app/jobs/JobGuard.h"
-#include "app/parts/EditStep.h"
 #include "platform/ui/ActiveDocument.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -84,12 +83,12 @@ void UnitQuestion::askAbout(Mesh::Document& document, Parts const& parts)
     double const factor = dialog.factor();
     if (factor == 1)
         return;
-    {
-        EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Scale"));
-        for (Mesh::DocumentObject* const part : parts)
-            if (document.contains(part))
-                part->scale({0, 0, 0}, {float(factor), float(factor), float(factor)});
-    }
+    document.openTransaction(QT_TRANSLATE_NOOP("UndoRedoName", "Scale"));
+    for (Mesh::DocumentObject* const part : parts)
+        if (document.contains(part))
+            part->scale({0, 0, 0}, {float(factor), float(factor), float(factor)});
+    document.commitTransaction();
+    document.setModified(true);
     if (Base::GLView* const view = document.getView())
         view->fitAll();
 }
