@@ -5,6 +5,7 @@
 #include "app/commands/CutFaceCommand.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
+#include "app/commands/HeightCutCommand.h"
 #include "app/commands/PanelCommands.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
@@ -142,6 +143,7 @@ void OrbeWindow::buildCommands()
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);
     registerCutFaceCommand(manager);
+    registerHeightCutCommand(manager);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
     auto const tell = [this](QString const& reason) {

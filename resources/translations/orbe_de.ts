@@ -1979,6 +1979,79 @@
     </message>
 </context>
 <context>
+    <name>HeightCut</name>
+    <message>
+        <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
+        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCutDialog</name>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>At these heights</source>
+        <translation>In diesen Höhen</translation>
+    </message>
+    <message>
+        <source>From the bottom, every</source>
+        <translation>Von unten, alle</translation>
+    </message>
+    <message>
+        <source>Numbers with blanks or semicolons between them.</source>
+        <translation>Zahlen mit Leerzeichen oder Strichpunkten dazwischen.</translation>
+    </message>
+    <message>
+        <source>All pieces</source>
+        <translation>Alle Stücke</translation>
+    </message>
+    <message>
+        <source>The uppermost piece alone</source>
+        <translation>Nur das oberste Stück</translation>
+    </message>
+    <message>
+        <source>The lowest piece alone</source>
+        <translation>Nur das unterste Stück</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>&quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>These are too many cuts at once. Take a larger distance.</source>
+        <translation>Das sind zu viele Schnitte auf einmal. Nehmen Sie einen größeren Abstand.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n Höhe geht durch die Bauteile.</numerusform>
+            <numerusform>%n Höhen gehen durch die Bauteile.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HeightSlider</name>
     <message>
         <source>The height at which a horizontal cut is made.</source>
@@ -2477,6 +2550,26 @@
         <source>Turn each selected piece until the face that the cut made lies on the plate.</source>
         <translation>Jedes ausgewählte Stück drehen, bis die Fläche, die der Schnitt gemacht hat, auf der Platte liegt.</translation>
     </message>
+    <message>
+        <source>Cut at Heights...</source>
+        <translation>In Höhen schneiden...</translation>
+    </message>
+    <message>
+        <source>Cut the selected parts at several heights at once, and keep all pieces or one.</source>
+        <translation>Die ausgewählten Bauteile in mehreren Höhen auf einmal schneiden und alle Stücke oder eines behalten.</translation>
+    </message>
+    <message>
+        <source>Pieces now: %1.</source>
+        <translation>Stücke jetzt: %1.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message>
+        <source>The cut was cancelled; the parts are as they were.</source>
+        <translation>Der Schnitt wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2519,6 +2612,10 @@
     <message>
         <source>Repairing parts</source>
         <translation>Bauteile reparieren</translation>
+    </message>
+    <message>
+        <source>Cutting at heights</source>
+        <translation>Schneiden in Höhen</translation>
     </message>
 </context>
 <context>
@@ -3978,6 +4075,10 @@
     <message>
         <source>Reload</source>
         <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
     </message>
 </context>
 <context>

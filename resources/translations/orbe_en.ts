@@ -53,6 +53,16 @@
     </message>
 </context>
 <context>
+    <name>HeightCutDialog</name>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n height goes through the parts.</numerusform>
+            <numerusform>%n heights go through the parts.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HeightWarning</name>
     <message numerus="yes">
         <source>A cut at this height does not meet %1 and %n more.</source>
