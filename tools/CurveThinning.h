@@ -3,6 +3,8 @@
 
 #include "tools/Curves.h"
 
+#include <cstddef>
+
 namespace Freecut {
 
 /// A closed curve without the points that its others tell of well enough: what is left out lies no
@@ -12,5 +14,12 @@ namespace Freecut {
 /// tolerance  grid units
 /// cost       one pass, also along rows of teeth, where dividing at the farthest point is quadratic
 Curve thinned(Curve const& curve, double tolerance);
+
+/// The end of the longest edge of a thinned curve that starts at a point; the number of points
+/// stands for the first one.
+std::size_t straightReach(Curve const& curve, std::size_t from, double tolerance);
+
+/// A closed curve without points that repeat the one before.
+Curve withoutRepeats(Curve const& curve);
 
 }  // namespace Freecut

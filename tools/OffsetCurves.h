@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tools/Curves.h"
+#include "tools/BayArcs.h"
 
 namespace Freecut {
 
@@ -25,5 +25,9 @@ enum class InnerJoin
 /// Arcs are true to a quarter of a unit. Points that repeat the one before count once; outlines of
 /// fewer than three points have no image.
 Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner);
+
+/// The same, with short joins, for an outline whose arcs have the distance as radius: the image of
+/// an arc is its centre.
+Curve offsetCurve(SidesWithArcs const& outline, double distance);
 
 }  // namespace Freecut

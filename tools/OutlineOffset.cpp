@@ -156,11 +156,33 @@ bool fitsIntoSquare(Curve const& curve, double side)
                              fits([](UPoint2<double> const& p) { return p.Y(); }));
 }
 
+bool isShortJoined(Curve const& outline, double distance)
+{
+    return !fitsIntoSquare(outline, 2 * std::abs(distance));
+}
+
+/// The images of outlines with their narrow bays filled; nothing if these cross themselves.
+std::optional<Curves> imagesWithBaysFilled(Curves const& outlines, double distance)
+{
+    Curves images, flat;
+    for (Curve const& outline : outlines) {
+        SidesWithArcs const sides = withBaysFilled(outline, distance, thinningTolerance);
+        Curve corners;
+        for (SideOrArc const& side : sides)
+            corners.push_back(side.start);
+        if (!isShortJoined(corners, distance))
+            return {};
+        images.push_back(offsetCurve(sides, distance));
+        flat.push_back(flattened(sides, thinningTolerance));
+    }
+    return haveCrossings(flat) ? std::nullopt : std::optional(std::move(images));
+}
+
 std::optional<Curves> movedCurves(Curves const& outlines, double distance, bool areSimple)
 {
     Curves images;
     for (Curve const& outline : outlines) {
-        bool const isShort = areSimple && !fitsIntoSquare(outline, 2 * std::abs(distance));
+        bool const isShort = areSimple && isShortJoined(outline, distance);
         Curve image =
             offsetCurve(outline, distance, isShort ? InnerJoin::Short : InnerJoin::ThroughCorner);
         if (!image.empty())
@@ -185,17 +207,29 @@ OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
     if (!m_canBeHeld)
         return;
     makeHighestRunAnticlockwise(m_outlines);
-    if (m_pointCount > manyPoints)
-        for (Curve& curve : m_outlines)
-            curve = thinned(curve, thinningTolerance);
-    m_pointCount = countOf(m_outlines);
-    m_isSimple = !haveCrossings(m_outlines);
+    m_hasManyPoints = m_pointCount > manyPoints;
+    if (!m_hasManyPoints)
+        m_isSimple = !haveCrossings(m_outlines);
+}
+
+std::optional<Curves> OutlineOffset::movedRegion(double distance) const
+{
+    if (!m_canBeHeld)
+        return {};
+    if (!m_hasManyPoints)
+        return movedCurves(m_outlines, distance, m_isSimple);
+    if (std::optional<Curves> const images = imagesWithBaysFilled(m_outlines, distance))
+        if (std::optional<Curves> region = outlineOfWoundRegion(*images, manyCrossings))
+            return region;
+    Curves outlines;
+    for (Curve const& outline : m_outlines)
+        outlines.push_back(thinned(outline, thinningTolerance));
+    return movedCurves(outlines, distance, !haveCrossings(outlines));
 }
 
 std::optional<Loops> OutlineOffset::moved(double distance) const
 {
-    std::optional<Curves> const region =
-        m_canBeHeld ? movedCurves(m_outlines, truncated(distance), m_isSimple) : std::nullopt;
+    std::optional<Curves> const region = movedRegion(truncated(distance));
     if (!region)
         return {};
     GridLoops const loops = sortedByHeight(onGrid(*region));

@@ -29,12 +29,16 @@ public:
     std::size_t pointCount() const { return m_pointCount; }
 
 private:
+    std::optional<Curves> movedRegion(double distance) const;
+
     SketchPlane m_plane;
     /// In grid units; the one that reaches highest runs anticlockwise.
     Curves m_outlines;
     std::size_t m_pointCount = 0;
     bool m_canBeHeld;
-    /// No outline crosses itself or another one.
+    /// So many that they are thinned before they are moved.
+    bool m_hasManyPoints = false;
+    /// No outline crosses itself or another one; not known of many points.
     bool m_isSimple = false;
 };
 
