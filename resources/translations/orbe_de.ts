@@ -2498,7 +2498,7 @@
     </message>
     <message>
         <source>Duplicate in a Ro&amp;w...</source>
-        <translation>In einer Reihe duplizieren...</translation>
+        <translation>&amp;In einer Reihe duplizieren...</translation>
     </message>
     <message>
         <source>Put copies of the selected parts in a row beside them.</source>
@@ -2514,7 +2514,7 @@
     </message>
     <message>
         <source>Take A&amp;way...</source>
-        <translation>Abziehen...</translation>
+        <translation>Abz&amp;iehen...</translation>
     </message>
     <message>
         <source>Take the other selected parts away from one of them.</source>
@@ -2530,7 +2530,7 @@
     </message>
     <message>
         <source>Split &amp;by Parts...</source>
-        <translation>Durch Bauteile teilen...</translation>
+        <translation>Durch Bau&amp;teile teilen...</translation>
     </message>
     <message>
         <source>Split one of the selected parts into what lies within the others and the rest.</source>
