@@ -2,6 +2,7 @@
 #include "app/OrbeWindow.h"
 
 #include "app/commands/CommandGate.h"
+#include "app/commands/CutFaceCommand.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
 #include "app/commands/PanelCommands.h"
@@ -134,6 +135,7 @@ void OrbeWindow::buildCommands()
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);
+    registerCutFaceCommand(manager);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
     auto const tell = [this](QString const& reason) {

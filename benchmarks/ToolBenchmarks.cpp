@@ -146,7 +146,7 @@ BENCHMARK(makeToolSolids)
     ->Unit(benchmark::kMillisecond);
 // Arguments: how the edge runs, style of the teeth, clearance in hundredths of a millimetre.
 BENCHMARK(updateTeeth)
-    ->ArgsProduct({{Level, Turned, Round}, {0, 1, 2}, {10, 25}})
+    ->ArgsProduct({{Level, Turned, Round}, {0, 1, 2}, {10, 20, 25}})
     ->MeasureProcessCPUTime()
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);

@@ -24,6 +24,9 @@
 
 namespace {
 
+/// An outline below this, in millimetres, is more likely in another unit than meant.
+constexpr float smallestOutline = 0.1f;
+
 /// Square millimetres, added up over the loops.
 double areaOf(Freecut::Loops const& loops)
 {
@@ -39,13 +42,26 @@ double areaOf(Freecut::Loops const& loops)
     return area;
 }
 
-void checkOutlines(Freecut::ToolOutlines const& outlines)
+/// How far the corners that were drawn are from the first of them.
+float extentOf(Freecut::VolumeGraphicObject& tool)
+{
+    std::vector<UPoint3<float>> const& corners = tool.getVolumeProperty().getKeyPoints();
+    float extent = 0;
+    for (UPoint3<float> const& corner : corners)
+        extent = std::max(extent, (corner - corners.front()).GetLength());
+    return extent;
+}
+
+void checkOutlines(Freecut::ToolOutlines const& outlines, Freecut::VolumeGraphicObject& tool)
 {
     if (!outlines.problem.empty())
         throw UsageError(outlines.problem);
     // Coordinates are whole thousandths of a millimetre, so an area below that is rounding.
-    if (!(areaOf(outlines.solidLoops) > 1e-6))
-        throw UsageError("The outline encloses nothing. Give corners that go around an area.");
+    if (areaOf(outlines.solidLoops) > 1e-6)
+        return;
+    float const extent = extentOf(tool);
+    throw UsageError("The outline encloses nothing. Give corners that go around an area." +
+                     (extent < smallestOutline ? smallLengthAdvice(extent) : std::string()));
 }
 
 /// Corners of the outline that are still there although it was to be rounded; straight ones are
@@ -177,7 +193,7 @@ int runTool(ToolOptions& options)
         ToolScene scene(run.document(), options.view());
         Freecut::VolumeGraphicObject& tool = drawn(options, scene);
         Freecut::ToolOutlines const& outlines = scene.outlinesOf(tool);
-        checkOutlines(outlines);
+        checkOutlines(outlines, tool);
         tellChanges(run, outlines, tool);
         if (!options.picture.empty())
             writeToolPicture(options.picture, scene, tool, run.parts());

@@ -55,6 +55,7 @@ ResultIntegration::PartMap ResultIntegration::begin(CutResultMap const& pieces)
     for (auto const& [source, kernels] : pieces)
         for (auto const& kernel : kernels)
             parts[source].push_back(addPart(source, *kernel, kernels.size() == 1));
+    rememberPlanes(parts);
     if (m_rules.removesSources)
         for (auto const& [source, kernels] : pieces)
             if (!kernels.empty())
@@ -86,6 +87,15 @@ Mesh::DocumentObject* ResultIntegration::addPart(Mesh::DocumentObject* source, M
     if (m_rules.selectsPieces)
         part->setSelected(true, true, false);
     return part;
+}
+
+void ResultIntegration::rememberPlanes(PartMap const& parts) const
+{
+    for (auto const& [source, plane] : m_rules.planes) {
+        auto const place = parts.find(source);
+        if (place != parts.end() && place->second.size() == 2)
+            Mesh::rememberCut(*source, plane, *place->second[0], *place->second[1]);
+    }
 }
 
 std::string ResultIntegration::nameOf(std::string const& base, bool isOnly) const

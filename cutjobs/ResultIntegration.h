@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cutjobs/common/CutResultMap.h"
+#include "platform/document/CutMemory.h"
 
 #include <map>
 #include <string>
@@ -36,6 +37,8 @@ struct IntegrationRules
     bool selectsPieces = false;
     /// Brings the counts of the meshes up to date.
     bool writesCounts = false;
+    /// The planes of the cut by source part, which two pieces of one remember; none for other cuts.
+    std::map<Mesh::DocumentObject*, Mesh::CutFace> planes = {};
 };
 
 /// Turns the pieces of a cut into parts of a document, in one undoable step.
@@ -62,6 +65,7 @@ private:
     Mesh::DocumentObject* addPart(Mesh::DocumentObject* source, MeshKernel& piece, bool isOnly);
     std::string nameOf(std::string const& base, bool isOnly) const;
     void removeSource(Mesh::DocumentObject* source);
+    void rememberPlanes(PartMap const& parts) const;
 
     Base::Document* m_document;
     IntegrationRules m_rules;

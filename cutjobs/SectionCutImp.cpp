@@ -3,6 +3,7 @@
 
 #include "connectors/LapJointCutter.h"
 #include "connectors/PinHoleCutter.h"
+#include "connectors/PlaneFrame.h"
 #include "connectors/SectionContour.h"
 #include "connectors/SectionPlanes.h"
 #include "cutjobs/CutSides.h"
@@ -77,6 +78,20 @@ void SectionCutImp::setMeasuresSections(bool measures)
 void SectionCutImp::setConnectorPositions(ConnectorPositions positions)
 {
     m_connectorPositions = std::move(positions);
+}
+
+std::map<Mesh::DocumentObject*, Mesh::CutFace> SectionCutImp::planes() const
+{
+    auto const points = planeObject().getProperty().getKeyPoints();
+    PlaneFrame const frame(std::span<UPoint3<float> const, 5>(points.data(), 5));
+    UVector3<float> const& n = frame.normal();
+    UPoint3<float> const& centre = frame.centre();
+    Mesh::CutFace plane{{n.X(), n.Y(), n.Z()}, 0};
+    plane.distance = plane.normal | UVector3<double>(centre.X(), centre.Y(), centre.Z());
+    std::map<Mesh::DocumentObject*, Mesh::CutFace> planes;
+    for (Mesh::DocumentObject* const part : m_objects)
+        planes[part] = plane;
+    return planes;
 }
 
 void SectionCutImp::doWork()

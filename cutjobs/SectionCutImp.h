@@ -8,7 +8,9 @@
 #include "cutjobs/CutWorker.h"
 #include "cutjobs/SectionCutType.h"
 #include "cutjobs/common/CutResultMap.h"
+#include "platform/document/CutMemory.h"
 
+#include <map>
 #include <vector>
 
 template <typename T>
@@ -46,6 +48,10 @@ public:
     /// After a cut with connectors, or one that measures: the sections of the parts that the plane
     /// meets.
     SectionRecords const& sections() const { return m_sections; }
+    /// The plane, by the parts that were to be cut.
+    ///
+    /// throws  Mell::Exception without a plane
+    std::map<Mesh::DocumentObject*, Mesh::CutFace> planes() const;
     CutResultMap& getResult() { return m_result; }
 
 public slots:

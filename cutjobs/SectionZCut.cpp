@@ -149,6 +149,7 @@ void SectionZCut::integrate(Base::Document* document)
     rules.keepsGroup = true;
     rules.selectsPieces = true;
     rules.writesCounts = true;
+    rules.planes = m_worker->planes();
     ResultIntegration integration(document, rules);
     m_newParts = integration.begin(m_worker->getResult());
     refreshViewProviders();

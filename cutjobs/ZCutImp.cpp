@@ -50,6 +50,15 @@ void ZCutImp::setRubPts(std::vector<UPoint3<float>> points)
     m_rubberPoints = std::move(points);
 }
 
+std::map<Mesh::DocumentObject*, Mesh::CutFace> ZCutImp::planes() const
+{
+    std::map<Mesh::DocumentObject*, Mesh::CutFace> planes;
+    for (std::size_t i = 0; i < m_objects.size(); ++i)
+        if (std::size_t const at = m_onebyone ? 3 * i : 0; at < m_rubberPoints.size())
+            planes[m_objects[i]] = {{0, 0, 1}, double(m_rubberPoints[at].Z())};
+    return planes;
+}
+
 void ZCutImp::doWork()
 {
     // Translated for the status bar, which does not show it.

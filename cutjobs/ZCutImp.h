@@ -3,6 +3,7 @@
 
 #include "cutjobs/CutWorker.h"
 #include "cutjobs/common/CutResultMap.h"
+#include "platform/document/CutMemory.h"
 #include "platform/geometry/UPoint3.h"
 #include "platform/services/Repair.h"
 
@@ -40,6 +41,8 @@ public:
     void setRubPts(std::vector<UPoint3<float>> points);
     std::vector<UPoint3<float>> const& getRubPts() const { return m_rubberPoints; }
 
+    /// The planes, by the parts that were to be cut.
+    std::map<Mesh::DocumentObject*, Mesh::CutFace> planes() const;
     CutResultMap getResult() const { return m_result; }
     /// What the repair did to each piece of the result: same parts, same order.
     RepairReportMap const& getRepairReports() const { return m_repairReports; }

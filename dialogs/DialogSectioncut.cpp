@@ -391,6 +391,7 @@ void DialogSectioncut::handleResult(bool ok)
     }
     IntegrationRules rules;
     rules.removesSources = ui.removeOriginal->isChecked();
+    rules.planes = m_worker->planes();
     // The document stays where it is while the dialog ends.
     QPointer<Base::GLView> const shownIn = view();
     DialogCut::takeResult(*m_worker, getDocument(), rules, [this, &shownIn] {

@@ -30,7 +30,7 @@ public:
     /// Takes out the directions that pass a place farther than the tolerance.
     void narrow(Vector const& way)
     {
-        double const length = std::hypot(way.X(), way.Y());
+        double const length = std::sqrt(way.X() * way.X() + way.Y() * way.Y());
         if (length <= m_tolerance)
             return;
         double const sine = m_tolerance / length, cosine = std::sqrt(1 - sine * sine);
@@ -51,26 +51,46 @@ private:
 
 }  // namespace
 
-Curve thinned(Curve const& curve, double tolerance)
+std::size_t straightReach(Curve const& curve, std::size_t from, double tolerance)
+{
+    DirectionRange range(tolerance);
+    double reached = 0;
+    std::size_t to = from;
+    // An edge may end where all points since its start lie beside it, each farther on.
+    for (; to < curve.size(); ++to) {
+        Vector const way = curve[to + 1 < curve.size() ? to + 1 : 0] - curve[from];
+        double const distance = way.X() * way.X() + way.Y() * way.Y();
+        if (to > from && (distance < reached || !range.holds(way)))
+            break;
+        range.narrow(way);
+        reached = distance;
+    }
+    return to;
+}
+
+Curve thinned(Curve const& curve, double tolerance, WorkPoll const& poll)
 {
     Curve kept;
+    PollSteps polling(poll);
     for (std::size_t from = 0; from < curve.size();) {
         kept.push_back(curve[from]);
-        DirectionRange range(tolerance);
-        double reached = 0;
-        std::size_t to = from;
-        // An edge may end where all points since its start lie beside it, each farther on.
-        for (; to < curve.size(); ++to) {
-            Vector const way = curve[to + 1 < curve.size() ? to + 1 : 0] - curve[from];
-            double const distance = way.X() * way.X() + way.Y() * way.Y();
-            if (to > from && (distance < reached || !range.holds(way)))
-                break;
-            range.narrow(way);
-            reached = distance;
-        }
+        std::size_t const to = straightReach(curve, from, tolerance);
+        polling.step(to - from);
         from = to;
     }
     return kept.size() < 3 ? curve : kept;
+}
+
+Curve withoutRepeats(Curve const& curve)
+{
+    Curve points;
+    points.reserve(curve.size());
+    for (UPoint2<double> const& point : curve)
+        if (points.empty() || point != points.back())
+            points.push_back(point);
+    while (points.size() > 1 && points.front() == points.back())
+        points.pop_back();
+    return points;
 }
 
 }  // namespace Freecut

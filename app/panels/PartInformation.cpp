@@ -7,6 +7,7 @@
 #include "app/parts/EditStep.h"
 #include "app/parts/MeshSurvey.h"
 #include "app/parts/PartPlacement.h"
+#include "platform/document/CutMemory.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/ui/DisplayUnit.h"
@@ -245,8 +246,10 @@ void PartInformation::takeOver(PartCheck::Findings const& findings)
     EditStep const step(*document, QT_TRANSLATE_NOOP("UndoRedoName", "Repair"));
     for (PartCheck::Finding const& finding : findings)
         if (finding.mended && document->contains(finding.part) &&
-            finding.part->meshProperty->shareMesh() == finding.kernel)
+            finding.part->meshProperty->shareMesh() == finding.kernel) {
+            Mesh::rememberAs(*finding.kernel, *finding.mended);
             finding.part->meshProperty->setMesh(finding.mended);
+        }
 }
 
 void PartInformation::remember(MeshKernel const& kernel, PartCheck::Counts const& counts)

@@ -2,6 +2,7 @@
 #include "app/parts/EditStep.h"
 #include "app/parts/PartPlacement.h"
 #include "host/mesh/FlatFaces.h"
+#include "platform/document/CutMemory.h"
 
 #include <QString>
 
@@ -82,6 +83,24 @@ FlatFace const& lowestOfLargest(std::vector<FlatFace> const& faces)
     });
 }
 
+/// Whether a face is what a cut made, as a connector's clearance may have moved it.
+bool isOf(Mesh::CutFace const& cut, FlatFace const& face)
+{
+    constexpr double sameDirection = 0.9999, farthestMm = 2;
+    return (cut.normal | face.normal) > sameDirection &&
+           std::abs(cut.distance - face.distance) < farthestMm;
+}
+
+/// The largest face that a cut made; null if none did.
+FlatFace const* cutFaceAmong(std::vector<FlatFace> const& faces, Mesh::CutMemory const& memory)
+{
+    auto const place = std::find_if(faces.begin(), faces.end(), [&](FlatFace const& face) {
+        return std::any_of(memory.faces.begin(), memory.faces.end(),
+                           [&](Mesh::CutFace const& cut) { return isOf(cut, face); });
+    });
+    return place == faces.end() ? nullptr : &*place;
+}
+
 void lay(Lying const& lying)
 {
     Vector const down = lying.down * (1 / lying.down.GetLength());
@@ -114,6 +133,25 @@ bool layOnLargestFace(Mesh::Document& document, Parts const& parts, Parts& left)
             left.push_back(part);
         else
             lying.push_back({part, lowestOfLargest(faces).normal});
+    }
+    return layDown(document, lying);
+}
+
+bool layOnCutFace(Mesh::Document& document, Parts const& parts, CutFaceOutcome& outcome)
+{
+    std::vector<Lying> lying;
+    outcome = {};
+    for (Mesh::DocumentObject* const part : parts) {
+        MeshKernel const* const kernel = part->meshProperty->getMesh();
+        auto const faces = kernel ? standingFaces(*kernel) : std::vector<FlatFace>();
+        FlatFace const* const cut = cutFaceAmong(faces, Mesh::cutMemoryOf(*part));
+        if (faces.empty()) {
+            outcome.left.push_back(part);
+            continue;
+        }
+        if (!cut)
+            outcome.onLargest.push_back(part);
+        lying.push_back({part, cut ? cut->normal : lowestOfLargest(faces).normal});
     }
     return layDown(document, lying);
 }

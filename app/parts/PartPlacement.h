@@ -56,4 +56,15 @@ bool layDown(Mesh::Document& document, std::vector<Lying> const& lying);
 /// left  takes these
 bool layOnLargestFace(Mesh::Document& document, Parts const& parts, Parts& left);
 
+/// What became of parts of which no face that a cut made can carry them.
+struct CutFaceOutcome
+{
+    /// They lie on their largest flat face instead.
+    Parts onLargest;
+    /// They have no flat face, and stay as they are.
+    Parts left;
+};
+/// Lays each part on the largest face that a plane cut made, or else on its largest flat face.
+bool layOnCutFace(Mesh::Document& document, Parts const& parts, CutFaceOutcome& outcome);
+
 }  // namespace PartPlacement

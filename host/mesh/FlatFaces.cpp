@@ -79,7 +79,8 @@ public:
                 continue;
             Cell const face = around(i, isTaken);
             if (face.area >= leastShare * m_total && isOutermost(face.normal(), face.distance()))
-                faces.push_back({face.normal(), face.area});
+                faces.push_back(
+                    {face.normal(), face.area, face.distance() + (face.normal() | m_origin)});
         }
         std::stable_sort(faces.begin(), faces.end(),
                          [](auto const& a, auto const& b) { return a.area > b.area; });

@@ -12,6 +12,8 @@ struct FlatFace
     UVector3<double> normal;
     /// Square millimetres.
     double area = 0;
+    /// Along the normal from the origin of world space.
+    double distance = 0;
 };
 
 /// The flat faces on which a part can stand: nothing of it lies beyond their planes, except by

@@ -34,6 +34,8 @@ public:
     /// of them.
     double at(Place const& place, std::span<std::uint32_t const> without) const;
 
+    TriangleTree const& tree() const { return m_tree; }
+
     /// What one triangle adds to the number.
     static double share(MeshArrays const& mesh, std::uint32_t triangle, Place const& place);
 

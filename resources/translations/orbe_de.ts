@@ -399,6 +399,25 @@
     </message>
 </context>
 <context>
+    <name>CutFaceCommand</name>
+    <message>
+        <source>%1 has no face of a cut to stand on; it lies on its largest flat face.</source>
+        <translation>%1 hat keine Schnittfläche, auf der es stehen kann; es liegt auf seiner größten ebenen Fläche.</translation>
+    </message>
+    <message>
+        <source>%1 parts have no face of a cut to stand on; they lie on their largest flat faces.</source>
+        <translation>%1 Bauteile haben keine Schnittfläche, auf der sie stehen können; sie liegen auf ihren größten ebenen Flächen.</translation>
+    </message>
+    <message>
+        <source>%1 has no flat face to stand on and stays as it is.</source>
+        <translation>%1 hat keine ebene Fläche, auf der es stehen kann, und bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>%1 parts have no flat face to stand on and stay as they are.</source>
+        <translation>%1 Bauteile haben keine ebene Fläche, auf der sie stehen können, und bleiben, wie sie sind.</translation>
+    </message>
+</context>
+<context>
     <name>CutJobs</name>
     <message>
         <source>A piece would be open near (%1, %2, %3), so it is not made. Move the cut a little, or repair the part and cut again.</source>
@@ -2449,6 +2468,14 @@
     <message>
         <source>Colo&amp;ur Parts in Turn</source>
         <translation>Bauteile unterschie&amp;dlich färben</translation>
+    </message>
+    <message>
+        <source>Place the Cut Face Down</source>
+        <translation>Schnittfläche nach unten legen</translation>
+    </message>
+    <message>
+        <source>Turn each selected piece until the face that the cut made lies on the plate.</source>
+        <translation>Jedes ausgewählte Stück drehen, bis die Fläche, die der Schnitt gemacht hat, auf der Platte liegt.</translation>
     </message>
 </context>
 <context>

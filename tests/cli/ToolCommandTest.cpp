@@ -297,6 +297,17 @@ TEST(FreecutTools, AnOutlineWithoutAreaIsRefused)
         folder.run({"polygon", "block.stl", "--view", "top", "--points", "0,0;10,0;20,0"});
     EXPECT_EQ(result.status, 2);
     EXPECT_NE(result.errors.find("encloses nothing"), std::string::npos);
+    EXPECT_EQ(result.errors.find("--scale"), std::string::npos) << result.errors;
+    EXPECT_EQ(folder.files(), Names{"block.stl"});
+}
+
+TEST(FreecutTools, AnOutlineThatIsSmallerThanTheGridIsToldOfTheUnit)
+{
+    BlockFolder const folder;
+    auto const result = folder.run({"polygon", "block.stl", "--view", "top", "--points",
+                                    "0.00001,0.00001;0.0001,0.00001;0.0001,0.0001"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors.find("--scale"), std::string::npos) << result.errors;
     EXPECT_EQ(folder.files(), Names{"block.stl"});
 }
 

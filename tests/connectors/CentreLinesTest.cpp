@@ -56,6 +56,28 @@ TEST(CentreLines, MeetAtTheCentroidOfATriangleWithThreeUsableEdges)
         (Lines{{centroid, {15, 25.5f, 0}}, {centroid, {30, 0, 0}}, {centroid, {45, 25.5f, 0}}}));
 }
 
+TEST(CentreLines, OfAJunctionDoNotDependOnTheTriangleThatFollowsInTheList)
+{
+    // Beside the junction lies a strip too narrow for a line, one of its triangles before the
+    // junction in the list and the other, whose last edge they share, behind it.
+    auto const lines =
+        linesOf({{0, 0},
+                 {60, 0},
+                 {30, 51},
+                 {30, -51},
+                 {75, 40},
+                 {-15, 40},
+                 {100, 0},
+                 {104, 0},
+                 {104, 4},
+                 {100, 4}},
+                {{6, 7, 8}, {0, 1, 2}, {8, 9, 6}, {0, 3, 1}, {1, 4, 2}, {2, 5, 0}}, 5);
+    Point const centroid(30, 17, 0);
+    EXPECT_EQ(
+        lines,
+        (Lines{{centroid, {15, 25.5f, 0}}, {centroid, {30, 0, 0}}, {centroid, {45, 25.5f, 0}}}));
+}
+
 TEST(CentreLines, GoOnFromAJunctionIntoALongerArm)
 {
     // The same with one arm a triangle longer: the first line goes on into it.

@@ -134,6 +134,24 @@ TEST(ConnectorSurvey, ATongueWithoutMaterialIsTold)
     EXPECT_NE(remarks[0].text.find("only 2 mm"), std::string::npos) << remarks[0].text;
 }
 
+TEST(ConnectorSurvey, ATongueThatLeavesThePartAtOneCornerIsTold)
+{
+    // Each corner of the top in turn, since the outline may begin at any.
+    Soup const block = box(40, 30, 20);
+    int lowered = 0;
+    for (std::size_t corner = 0; corner < block.points.size(); ++corner) {
+        if (block.points[corner].Z() < 20)
+            continue;
+        Soup dented = block;
+        dented.points[corner].Z() = 11;
+        ++lowered;
+        CutRemarks const remarks = remarksOf<LapJointCutter>(usualJoint(), dented, 10);
+        ASSERT_FALSE(remarks.empty()) << corner;
+        EXPECT_EQ(remarks[0].text.find("The tongue leaves the part"), 0u) << remarks[0].text;
+    }
+    EXPECT_EQ(lowered, 4);
+}
+
 TEST(ConnectorSurvey, APieceThatConnectorsBreakApartIsTold)
 {
     // A tube whose wall the notch splits from its face to its end.

@@ -93,6 +93,19 @@ TEST(PinPlacement, PositionsTooNearAContourAreLeftOutIfThatIsAskedForAndElseStay
     EXPECT_GT(leftOut, 0u);
 }
 
+TEST(PinPlacement, NoneStandsInAHoleAtTheDistanceOfTheRadius)
+{
+    // Around the hole positions are computed inside it, the side distance away from the face.
+    auto const section =
+        sectionOf({rectangle(-40, -30, 40, 30), rectangle(-15, -15, 15, 15, true)});
+    PinHoleParas paras = besideContours(2);
+    paras.radius = 2;
+    auto const positions = positionsOn(*section, paras);
+    EXPECT_GT(positions.size(), 10u);
+    for (Point const& p : positions)
+        EXPECT_TRUE(isOn(section->cap, p)) << p.X() << ", " << p.Y();
+}
+
 TEST(PinPlacement, OfABarTheyStandInARowAlongItsMiddle)
 {
     auto const section = sectionOf({rectangle(-50, -5, 50, 5)});

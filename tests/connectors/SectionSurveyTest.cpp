@@ -153,6 +153,24 @@ TEST(PlaneRibbon, KnowsHowFarThePartReaches)
     EXPECT_EQ(ribbon.triangles->readMesh()->triangles.size(), 8u);
 }
 
+TEST(SectionSurvey, SaysOfEachConnectorWhetherItLeavesThePart)
+{
+    // What is left above the plane or below it is 3 mm, less than a hole of both halves is deep.
+    for (float const height : {3.0f, 10.0f, 17.0f})
+        for (bool const isPin : {true, false}) {
+            SCOPED_TRACE(testing::Message() << height << (isPin ? " pins" : " holes"));
+            Scene scene(box(40, 30, 20));
+            PinHoleParas paras = smallPins(isPin);
+            paras.height = 5;
+            auto const plane = planeAt({0, 0, height});
+            SectionSurvey const survey = scene.survey(*plane, paras);
+            EXPECT_FALSE(survey.connectors.empty());
+            bool const leaves = height == 17 || (height == 3 && !isPin);
+            for (ChosenConnector const& connector : survey.connectors)
+                EXPECT_EQ(connector.leavesPart, leaves);
+        }
+}
+
 TEST(SectionSurvey, FindsThePinsOfTheCutAndSaysWhatItSays)
 {
     auto meshes = closedMeshes();

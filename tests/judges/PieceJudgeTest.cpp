@@ -2,10 +2,12 @@
 #include "tests/support/CorpusParts.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/PieceJudge.h"
+#include "tests/support/PieceRules.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 using namespace judge;
 
@@ -253,7 +255,9 @@ TEST(PieceJudge, WhereLayersAreInDoubtJudgesWhatIsSolid)
     };
     part.triangles.erase(std::find_if(part.triangles.begin(), part.triangles.end(), lies));
     Source const source(part);
-    ASSERT_TRUE(source.areLayersInDoubt() && source.isClosedInOrder());
+    ASSERT_TRUE(source.isClosedInOrder());
+    EXPECT_EQ(source.layersInDoubtAt({10, 10, 15}), 1);
+    EXPECT_EQ(source.layersInDoubtAt({10, 10, -0.1}), 0);
     Soup const above = box(20, 20, 18, {0, 0, 12}), below = box(20, 20, 12);
     Soup twice = above;
     twice.append(above);
@@ -265,6 +269,51 @@ TEST(PieceJudge, WhereLayersAreInDoubtJudgesWhatIsSolid)
     Soup turned = above;
     turned.flip();
     EXPECT_NE(faultsOf(source, {turned, below}, rule, samples).wrong, "");
+}
+
+// One triangle that is there twice encloses nothing: nowhere is a second layer right.
+TEST(PieceJudge, AllowsNoOtherLayerWhereOneTriangleIsDoubled)
+{
+    Soup part = box(20, 20, 30);
+    part.joinPoints();
+    part.triangles.push_back(part.triangles[3]);
+    Source const source(part);
+    Soup const above = box(20, 20, 18, {0, 0, 12}), below = box(20, 20, 12);
+    Soup twice = above;
+    twice.append(above);
+    Rule const rule{CutBox::rule};
+    EXPECT_EQ(faultsOf(source, {above, below}, rule, samples).wrong, "");
+    EXPECT_NE(faultsOf(source, {twice, below}, rule, samples).wrong, "");
+}
+
+/// A box without a triangle of its floor, cut at 12 with a connector that reaches up to 3.
+TEST(PieceJudge, JudgesOpenPiecesOfConnectorsBeyondTheirReach)
+{
+    Soup part = box(20, 20, 30);
+    std::erase_if(part.triangles, [&, isFirst = true](auto const& t) mutable {
+        bool const isFloor = std::all_of(t.begin(), t.end(),
+                                         [&](auto corner) { return part.points[corner].Z() == 0; });
+        return isFloor && std::exchange(isFirst, false);
+    });
+    Source const source(part);
+    ASSERT_FALSE(source.isClosedInOrder());
+    Rule const rule = connectorRule({{0, 0, 12}, {0, 0, 1}}, source.margin(), 3);
+    auto const cutAt = [&](float height, float low) {
+        Soup piece = part;
+        for (auto& p : piece.points)
+            p.Z() = p.Z() == 0 ? low : height;
+        return piece;
+    };
+    Soup pin = box(4, 4, 5, {8, 8, 9.5f});
+    Soup const below = cutAt(11.9f, 0);
+    Soup above = box(20, 20, 17.9f, {0, 0, 12.1f});
+    EXPECT_EQ(faultsOf(source, {below, above}, rule, samples).wrong, "");
+    above.append(pin);
+    EXPECT_EQ(faultsOf(source, {below, above}, rule, samples).wrong, "");
+    EXPECT_NE(faultsOf(source, {below, box(20, 20, 10, {0, 0, 12.1f})}, rule, samples).wrong, "");
+    EXPECT_NE(faultsOf(source, {Soup(), above}, rule, samples).wrong, "");
+    above.append(box(4, 4, 4, {8, 8, 18}));
+    EXPECT_NE(faultsOf(source, {below, above}, rule, samples).wrong, "");
 }
 
 TEST(CorpusParts, AreAsTheirKindsSay)

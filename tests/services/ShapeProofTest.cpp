@@ -98,6 +98,23 @@ TEST(ShapeProof, HoldsWhereWhatCountsTwiceIsLeftOut)
     EXPECT_TRUE(isKept(together(box(10, 10, 10), ball), box(10, 10, 10)));
 }
 
+// Two equal boxes and one that is inside out wind 2 - 1 times where all overlap. Without one of the
+// two that is no solid any more; the overlap is a sliver, or lies within and is small.
+TEST(ShapeProof, FailsWhereALayerGoesThatMadeUpForOneBelowZero)
+{
+    Soup const block = box(10, 10, 10);
+    for (Soup const& inverted :
+         {turned(box(4, 4, 4, {9.99f, 3, 3})), turned(box(9, 9, 9, {9.99f, 9.95f, 9.9f})),
+          turned(box(0.05f, 0.05f, 0.05f, {3.1f, 4.2f, 5.3f}))}) {
+        Soup const once = together(block, inverted), twice = together(once, block);
+        EXPECT_FALSE(isKept(twice, once));
+        EXPECT_FALSE(isKept(once, twice));
+    }
+    Soup const cavity = turned(box(4, 4, 4, {3, 3, 3}));
+    EXPECT_TRUE(isKept(together(block, block), block));
+    EXPECT_FALSE(isKept(together(together(block, block), cavity), together(block, cavity)));
+}
+
 TEST(ShapeProof, FailsWhereAShellInSolidIsTurnedToACavity)
 {
     Soup const ball = sphere(3, 10, 16, {5, 5, 5});

@@ -247,6 +247,38 @@ TEST(SurfaceOrder, SheetsThatHangOnSheetsGoWithThem)
     EXPECT_EQ(closedSolidFaults(left), "");
 }
 
+// On an edge of a box hang a fin and two sheets, all the same way round. The sheets lead to another
+// box, where each makes up for a fin, so that none of these can go. Without the first fin, or with
+// that turned, its edge would be better and still not right.
+TEST(SurfaceOrder, TakesBackWhatDoesNotComeRightInTheEnd)
+{
+    Soup const boxes = [] {
+        Soup soup = box(20, 20, 20);
+        soup.append(box(20, 20, 20, {40, 0, 0}));
+        return soup;
+    }();
+    Soup part = boxes;
+    std::uint32_t const a = part.add({20, 0, 0}), b = part.add({20, 20, 0});
+    for (float const z : {0.0f, 20.0f}) {
+        std::uint32_t const p = part.add({40, 0, z}), q = part.add({40, 20, z});
+        part.add(a, b, q);
+        part.add(a, q, p);
+        part.add(p, q, part.add({30, 10, z + 30}));
+    }
+    auto const withFin = [](Soup soup) {
+        soup.add(soup.add({20, 0, 0}), soup.add({20, 20, 0}), soup.add({25, 10, -20}));
+        return soup;
+    };
+    StageProgress progress(nobody);
+    auto const orderOf = [&](Soup const& soup) {
+        return findSurfaceOrder({soup.points, soup.triangles}, everywhere, progress);
+    };
+    EXPECT_TRUE(orderOf(part).isNone());
+    EXPECT_TRUE(orderOf(withFin(part)).isNone());
+    // Where no sheet is, the fin goes.
+    EXPECT_EQ(orderOf(withFin(boxes)).surplus.back(), 1u);
+}
+
 TEST(SurfaceOrder, AToolOutOfOrderIsPutInOrderToo)
 {
     Soup const part = box(30, 30, 30, {-15, -15, -40});

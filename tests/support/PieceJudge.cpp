@@ -191,8 +191,7 @@ private:
         auto expected = m_rule.at(p, *winding);
         if (!expected)
             return;
-        if (m_source.areLayersInDoubt())
-            allowAnotherLayer(*expected);
+        allowLayers(m_source.layersInDoubtAt(p), *expected);
         int sum = 0;
         for (std::size_t i = 0; i < expected->pieces.size(); ++i) {
             auto const found = i < m_pieces.size() ? pieceAt(i).windingAt(p) : std::optional(0);
@@ -210,19 +209,24 @@ private:
                               textOf(p) + ", the source " + std::to_string(*winding) + " times; ";
     }
 
-    static void allowAnotherLayer(Expected& expected)
+    /// More of the layers that a piece may have anyway, in the same direction.
+    static void allowLayers(int layers, Expected& expected)
     {
         for (Allowed& allowed : expected.pieces) {
-            allowed.low -= allowed.low < 0;
-            allowed.high += allowed.high > 0;
+            if (allowed.low < 0)
+                allowed.low += std::min(layers, 0);
+            if (allowed.high > 0)
+                allowed.high += std::max(layers, 0);
         }
-        expected.most += expected.most > 0;
+        if (expected.most > 0)
+            expected.most += std::max(layers, 0);
     }
 
     void judgeOpen(Point const& p)
     {
         // Solid angles cost a pass over all triangles.
-        if (!m_rule.isPartition || ++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
+        if (!m_rule.isPartition || (m_rule.doesAddUpAt && !m_rule.doesAddUpAt(p)) ||
+            ++m_solidAngles * m_source.soup().triangles.size() > 4'000'000)
             return;
         double const before = m_source.ordered().solidAngleAt(p), after = solidAngle(p, true);
         // What could not be put in order in the pieces may be there as it is in the part.
@@ -280,9 +284,17 @@ Source::Source(Soup soup)
       m_unpaired(unpairedEdgesOf(m_field.soup())),
       m_ordered(m_unpaired.empty() ? nullptr
                                    : std::make_unique<WindingField>(inOrder(m_field.soup()))),
+      m_surplus(ordered().soup().triangles.size() == m_field.soup().triangles.size()
+                    ? nullptr
+                    : std::make_unique<WindingField>(surplusOf(m_field.soup()))),
       m_isClosedInOrder(!m_ordered || edgesOf(m_ordered->soup()).isPaired()),
       m_hasLayers(m_crossings.total() > 0 || (m_unpaired.empty() && doesWindTwice(m_field)))
 {}
+
+int Source::layersInDoubtAt(UPoint3<double> const& p) const
+{
+    return m_surplus ? int(std::lround(m_surplus->solidAngleAt(p))) : 0;
+}
 
 double Source::diagonal() const
 {

@@ -40,6 +40,9 @@ struct Rule
     /// The pieces' surfaces add up to the part's, new faces twice and opposite: then the pieces
     /// wind around each point together as the part does, whether it is closed or not.
     bool isPartition = true;
+    /// Of partitions: where that holds; everywhere if empty. Beside the faces of a cut with
+    /// connectors there is a gap.
+    std::function<bool(UPoint3<double> const& point)> doesAddUpAt = {};
 };
 
 /// How often something may wind where the source does `winding` times: as often, or once where
@@ -64,13 +67,12 @@ public:
     /// those of this one.
     WindingField const& ordered() const { return m_ordered ? *m_ordered : m_field; }
     bool isClosedInOrder() const { return m_isClosedInOrder; }
-    /// Triangles lie there twice that do not close: a shell that is there twice but for a triangle,
-    /// say. What is solid is clear then, but not in how many layers: a piece that the opening does
-    /// not reach has both.
-    bool areLayersInDoubt() const
-    {
-        return ordered().soup().triangles.size() < soup().triangles.size();
-    }
+    /// How many layers there may be more, or fewer, than the surface in order has: those of
+    /// triangles that lie there twice and do not close. Where a shell is there twice but for a
+    /// triangle, a piece that the opening does not reach has both layers by right, for it closes,
+    /// and the other has one. Such a shell takes up more than half of what can be seen from within,
+    /// and a double that bounds nothing less.
+    int layersInDoubtAt(UPoint3<double> const& p) const;
     double diagonal() const;
     /// Points nearer to a surface than this are judged by nobody.
     double margin() const;
@@ -81,6 +83,8 @@ private:
     Crossings m_crossings;
     std::map<EdgeEnds, std::size_t> m_unpaired;
     std::unique_ptr<WindingField> m_ordered;
+    /// What is left out of it; null where that is nothing.
+    std::unique_ptr<WindingField> m_surplus;
     bool m_isClosedInOrder;
     bool m_hasLayers;
 };

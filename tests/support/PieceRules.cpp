@@ -77,7 +77,7 @@ Rule connectorRule(Plane const& plane, double margin, double reach)
                 return std::abs(height) > reach + 2 * margin ? inPiece(height > 0 ? 1 : 0, winding)
                                                              : somewhere(winding);
             },
-            false};
+            true, [=](Point const& p) { return std::abs(plane.heightOf(p)) > reach + 2 * margin; }};
 }
 
 Rule combinationRule(Soup const& tool, Combination combination, double margin)

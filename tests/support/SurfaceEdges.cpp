@@ -85,7 +85,7 @@ std::vector<std::size_t> layersOf(Soup const& soup)
 /// Drops repeats where edges have an odd number of triangles. Those that hang together go together,
 /// for between them edges have an even number again; and the last repeats go first, so that of a
 /// solid that is there twice both layers stay where one triangle is there three times.
-void dropRepeated(Soup& soup)
+std::vector<bool> droppedRepeats(Soup const& soup)
 {
     auto const layers = layersOf(soup);
     auto const at = trianglesAtEdges(soup);
@@ -111,8 +111,14 @@ void dropRepeated(Soup& soup)
         for (std::size_t t = 0; t < isSurplus.size(); ++t)
             isDropped[t] = isDropped[t] || isSurplus[t];
     }
+    return isDropped;
+}
+
+/// Leaves the triangles that are dropped, or the others.
+void keep(bool areDropped, std::vector<bool> const& isDropped, Soup& soup)
+{
     std::size_t next = 0;
-    std::erase_if(soup.triangles, [&](auto const&) { return isDropped[next++]; });
+    std::erase_if(soup.triangles, [&](auto const&) { return isDropped[next++] != areDropped; });
 }
 
 bool doesRun(std::array<std::uint32_t, 3> const& t, std::uint32_t from, std::uint32_t to)
@@ -194,8 +200,15 @@ std::map<EdgeEnds, std::size_t> unpairedEdgesOf(Soup const& soup)
 Soup inOrder(Soup soup)
 {
     soup.joinPoints();
-    dropRepeated(soup);
+    keep(false, droppedRepeats(soup), soup);
     turnMinorities(soup);
+    return soup;
+}
+
+Soup surplusOf(Soup soup)
+{
+    soup.joinPoints();
+    keep(true, droppedRepeats(soup), soup);
     return soup;
 }
 

@@ -40,5 +40,7 @@ std::map<EdgeEnds, std::size_t> unpairedEdgesOf(Soup const& soup);
 /// one, if an edge there has an odd number of triangles, and of those that hang together over edges
 /// of two triangles all facing as most of them do. Points are joined.
 Soup inOrder(Soup soup);
+/// The triangles that are left out of it, as they face in the soup.
+Soup surplusOf(Soup soup);
 
 }  // namespace judge

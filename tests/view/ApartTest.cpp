@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/view/MeshViewProvider.h"
 #include "host/view/PartTints.h"
 #include "host/view/ViewColors.h"
+#include "platform/document/CutMemory.h"
 #include "tests/support/ShownView.h"
 
 #include <set>
@@ -124,4 +126,37 @@ TEST(PartTints, GoRoundAndAreKept)
         EXPECT_NE(given[i], viewColors().selected);
         EXPECT_EQ(given[i], given[i % 7]);
     }
+}
+
+TEST_P(DrawnApart, PiecesGoAlongTheNormalsOfTheirCutsAndInTheirOrder)
+{
+    // A bar along x, of which the halves of the middle lie side by side in y, cut from corner to
+    // corner: by their boxes they could not be told from each other.
+    Mesh::DocumentObject* const bar = test.add(box(60, 20, 20), "bar");
+    Mesh::DocumentObject* const left = test.add(box(20, 20, 20), "left");
+    Mesh::DocumentObject* const rest = test.add(box(40, 20, 20, {20, 0, 0}), "rest");
+    Mesh::rememberCut(*bar, {{1, 0, 0}, 20}, *left, *rest);
+    double const r = std::sqrt(0.5);
+    Soup const wedge = [] {
+        Soup soup = box(40, 20, 20, {20, 0, 0});
+        for (auto& p : soup.points)
+            if (p[0] > 30 && p[1] > 10)
+                p[0] = 30, p[1] = 10;
+        return soup;
+    }();
+    Mesh::DocumentObject* const near = test.add(wedge, "near");
+    Mesh::DocumentObject* const far = test.add(box(40, 20, 20, {20, 0, 0}), "far");
+    Mesh::rememberCut(*rest, {{r, r, 0}, 40 * r}, *far, *near);
+    for (Mesh::DocumentObject* const hidden : {low, high, bar, rest})
+        hidden->setVisible(false);
+    view->setDrawnApart(1);
+    picture("pieces-apart");
+    auto const apartOf = [&](Mesh::DocumentObject const* part) {
+        return dynamic_cast<Mesh::ViewProvider*>(test.document->getViewProvider(part))->apart();
+    };
+    // Each piece goes away from its neighbour, across the cut that parts them.
+    EXPECT_LT(apartOf(left).X(), apartOf(near).X());
+    EXPECT_GT((apartOf(far) - apartOf(near)) | UVector3<double>(r, r, 0), 1);
+    for (Mesh::DocumentObject const* const piece : {left, near, far})
+        EXPECT_EQ(apartOf(piece).Z(), 0);
 }

@@ -2,6 +2,7 @@
 #include "host/services/repair/ShapeProof.h"
 
 #include "host/services/DistanceTree.h"
+#include "host/services/repair/MeetingPlaces.h"
 #include "host/services/repair/PlacedTriangles.h"
 #include "host/services/repair/ProofSamples.h"
 #include "host/services/repair/TriangleDifference.h"
@@ -231,6 +232,7 @@ private:
         ProofSamples samples;
         samples.addNear(m_removed.mesh, m_unit);
         samples.addNear(m_added.mesh, m_unit);
+        addSurroundings(box, samples);
         std::size_t const near = samples.places.size();
         samples.addWithin(box, boxSamples);
         std::vector<std::uint8_t> hasChanged(samples.places.size(), 0);
@@ -251,6 +253,30 @@ private:
             compareVolumes(
                 box, std::count(hasChanged.begin() + std::ptrdiff_t(near), hasChanged.end(), 1),
                 std::count(hasChanged.begin(), hasChanged.end(), 1));
+    }
+
+    /// A layer that is gone may have made up for one that winds below zero, and a layer that has
+    /// come may do so: within it, or in a sliver where the two cross.
+    void addSurroundings(SolidBox const& box, ProofSamples& samples)
+    {
+        constexpr std::size_t most = 300;
+        TriangleTree const& tree = m_field.tree();
+        samples.addNear(subset(m_before, trianglesIn(tree, floatsAround(box), most)), m_unit);
+        for (PlacedTriangles const* const part : {&m_removed, &m_added}) {
+            auto const meetings =
+                placesWhereTheyMeet(m_before, tree, part->mesh, m_unit, most, m_progress);
+            samples.places.insert(samples.places.end(), meetings.begin(), meetings.end());
+        }
+    }
+
+    static TriangleTree::Box floatsAround(SolidBox const& box)
+    {
+        TriangleTree::Box floats;
+        for (Place const& corner : {box.low, box.high}) {
+            std::array const place{float(corner[0]), float(corner[1]), float(corner[2]), 0.0f};
+            floats.add({place, place});
+        }
+        return floats;
     }
 
     /// Whether what is gone and what has come have the same border. If not, no edge may have lost a

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/document/CutMemory.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <unordered_map>
+
+namespace Mesh {
+
+namespace {
+
+using Vector = UVector3<double>;
+using Matrix = UMatrix4<float>;
+using MeshPointer = std::shared_ptr<UMesh<float> const>;
+
+/// In the coordinates of the records.
+struct Entry
+{
+    std::weak_ptr<UMesh<float> const> mesh;
+    CutMemory memory;
+};
+
+std::unordered_map<UMesh<float> const*, Entry>& entries()
+{
+    static std::unordered_map<UMesh<float> const*, Entry> all;
+    return all;
+}
+
+CutMemory memoryOf(MeshPointer const& mesh)
+{
+    auto const place = entries().find(mesh.get());
+    // A new mesh may lie where a former one was.
+    return place != entries().end() && place->second.mesh.lock() == mesh ? place->second.memory
+                                                                         : CutMemory();
+}
+
+void setMemory(MeshPointer const& mesh, CutMemory memory)
+{
+    std::erase_if(entries(), [](auto const& item) { return item.second.mesh.expired(); });
+    if (mesh && memory.family != 0)
+        entries()[mesh.get()] = {mesh, std::move(memory)};
+}
+
+Vector column(Matrix const& matrix, int i)
+{
+    return {matrix(0, i), matrix(1, i), matrix(2, i)};
+}
+
+/// The plane that a placement makes of one of records. Normals go by the cofactors of the matrix,
+/// which is the inverse transposed but for a factor.
+CutFace placed(CutFace const& face, Matrix const& matrix)
+{
+    Vector const x = column(matrix, 0), y = column(matrix, 1), z = column(matrix, 2);
+    Vector const cofactors =
+        (y * z) * face.normal[0] + (z * x) * face.normal[1] + (x * y) * face.normal[2];
+    double const determinant = x | (y * z);
+    double const length = cofactors.GetLength();
+    Vector const normal = cofactors * ((determinant < 0 ? -1 : 1) / length);
+    Vector const point = x * (face.normal[0] * face.distance) +
+                         y * (face.normal[1] * face.distance) +
+                         z * (face.normal[2] * face.distance) + column(matrix, 3);
+    return {normal, normal | point};
+}
+
+/// The plane of the records that a placement makes this one: the transposed matrix takes planes
+/// back.
+CutFace inRecords(CutFace const& face, Matrix const& matrix)
+{
+    Vector normal;
+    for (int i = 0; i < 3; ++i)
+        normal[i] = column(matrix, i) | face.normal;
+    double const length = normal.GetLength();
+    return {normal * (1 / length), (face.distance - (face.normal | column(matrix, 3))) / length};
+}
+
+/// The middle of a part's range along a direction, as some thousand of its vertices show it.
+double middleAlong(MeshKernel const& kernel, Vector const& direction)
+{
+    constexpr std::size_t samples = 4096;
+    auto const mesh = kernel.readMesh();
+    Matrix const& matrix = kernel.getMatrix();
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    std::size_t const step = mesh->vertices.size() / samples + 1;
+    for (std::size_t i = 0; i < mesh->vertices.size(); i += step) {
+        UPoint3<float> const p = matrix * mesh->vertices[i]->cP();
+        double const along = direction | Vector(p.X(), p.Y(), p.Z());
+        low = std::min(low, along);
+        high = std::max(high, along);
+    }
+    return (low + high) / 2;
+}
+
+CutMemory placedMemory(MeshKernel const& kernel)
+{
+    CutMemory memory = memoryOf(kernel.readMesh());
+    for (CutFace& face : memory.faces)
+        face = placed(face, kernel.getMatrix());
+    return memory;
+}
+
+void remember(DocumentObject const& piece, CutMemory memory, CutFace const& face)
+{
+    MeshKernel const& kernel = *piece.meshProperty->getMesh();
+    memory.faces.push_back(face);
+    for (CutFace& each : memory.faces)
+        each = inRecords(each, kernel.getMatrix());
+    setMemory(kernel.readMesh(), std::move(memory));
+}
+
+bool hasMesh(DocumentObject const& part)
+{
+    MeshKernel const* const kernel = part.meshProperty->getMesh();
+    return kernel && kernel->readMesh();
+}
+
+}  // namespace
+
+CutMemory cutMemoryOf(DocumentObject const& part)
+{
+    return hasMesh(part) ? placedMemory(*part.meshProperty->getMesh()) : CutMemory();
+}
+
+void rememberCut(DocumentObject const& source, CutFace const& plane, DocumentObject const& first,
+                 DocumentObject const& other)
+{
+    if (!hasMesh(first) || !hasMesh(other))
+        return;
+    static unsigned lastFamily = 0;
+    CutMemory memory = cutMemoryOf(source);
+    if (memory.family == 0)
+        memory.family = ++lastFamily;
+    bool const isFirstAbove = middleAlong(*first.meshProperty->getMesh(), plane.normal) >
+                              middleAlong(*other.meshProperty->getMesh(), plane.normal);
+    CutFace const back{plane.normal * -1, -plane.distance};
+    remember(first, memory, isFirstAbove ? back : plane);
+    remember(other, memory, isFirstAbove ? plane : back);
+}
+
+void rememberAs(MeshKernel const& before, MeshKernel const& after)
+{
+    if (before.readMesh() && after.readMesh())
+        setMemory(after.readMesh(), memoryOf(before.readMesh()));
+}
+
+}  // namespace Mesh
