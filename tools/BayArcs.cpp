@@ -120,16 +120,19 @@ void appendArc(Curve& curve, Point const& from, Point const& centre, Point const
 
 }  // namespace
 
-SidesWithArcs withBaysFilled(Curve const& outline, double distance, double tolerance)
+SidesWithArcs withBaysFilled(Curve const& outline, double distance, double tolerance,
+                             WorkPoll const& poll)
 {
     Curve const points = withoutRepeats(outline);
     Bays const bays(points, distance, tolerance);
     bool const hasBays = std::abs(distance) >= leastRadius * tolerance;
     SidesWithArcs sides;
+    PollSteps polling(poll);
     for (std::size_t from = 0; from < points.size();) {
         std::size_t const straight = straightReach(points, from, tolerance);
         std::size_t const to = hasBays ? bays.reach(from, straight) : straight;
         sides.push_back({points[from], to > straight ? bays.centreOf(from, to) : std::nullopt});
+        polling.step(to - from);
         from = to;
     }
     return sides.size() < 3 ? SidesWithArcs() : sides;

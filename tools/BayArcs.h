@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Curves.h"
+#include "tools/PollSteps.h"
 
 #include <optional>
 #include <vector>
@@ -27,9 +28,11 @@ using SidesWithArcs = std::vector<SideOrArc>;
 ///
 /// distance   units; positive to the right of the outline, the side on which bays are filled
 /// tolerance  units; what lies this deep in the sides may be cut away, or filled, too
+/// poll       what it throws passes
 /// returns    nothing if fewer than three sides are left
 /// cost       in proportion to the points, a logarithm aside
-SidesWithArcs withBaysFilled(Curve const& outline, double distance, double tolerance);
+SidesWithArcs withBaysFilled(Curve const& outline, double distance, double tolerance,
+                             WorkPoll const& poll = {});
 
 /// The outline with points on its arcs, that are true to the tolerance.
 Curve flattened(SidesWithArcs const& outline, double tolerance);

@@ -16,7 +16,7 @@ VolumeOutline::Rounding CuboidOutline::rounding() const
     return {m_cuboid.getRoundCorners(), m_cuboid.getCornerRadius()};
 }
 
-void CuboidOutline::deriveNominal(SketchPlane const& plane)
+void CuboidOutline::deriveNominal(SketchPlane const& plane, WorkPoll const& /*poll*/)
 {
     std::vector<UPoint3<float>>& points = m_cuboid.getKeyPoints();
     UPoint3<float> const center = points[0];

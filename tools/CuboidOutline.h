@@ -16,7 +16,7 @@ public:
 
 protected:
     Rounding rounding() const override;
-    void deriveNominal(SketchPlane const& plane) override;
+    void deriveNominal(SketchPlane const& plane, WorkPoll const& poll) override;
     /// Caps as fans: around the middle as triangles, from the first corner as points.
     void appendSolid(SolidPreview& preview) const override;
 

@@ -18,6 +18,9 @@ constexpr int shakeBits = 10;
 /// Coordinates have as many bits at most, so that products of differences fit.
 constexpr int coordinateBits = 60;
 
+/// What looking for the pairs of a block costs besides, in steps of work.
+constexpr std::size_t stepsOfBlock = 16;
+
 /// Equally distributed numbers (Steele, Lea and Flood, Fast splittable pseudorandom number
 /// generators, 2014).
 std::uint64_t scrambled(std::uint64_t z)
@@ -39,8 +42,10 @@ double largestCoordinate(Curves const& curves)
 
 }  // namespace
 
-ShakenCurves::ShakenCurves(Curves const& curves, unsigned attempt)
+ShakenCurves::ShakenCurves(Curves const& curves, unsigned attempt, WorkPoll const& poll)
+    : m_poll(poll)
 {
+    PollSteps polling(poll);
     int const bits =
         std::min(finestBits, coordinateBits - 2 - std::ilogb(largestCoordinate(curves)));
     double const steps = std::ldexp(1.0, bits);
@@ -57,7 +62,7 @@ ShakenCurves::ShakenCurves(Curves const& curves, unsigned attempt)
     for (Curve const& curve : curves) {
         std::uint32_t const start = m_starts.back();
         std::uint32_t const end = start + std::uint32_t(curve.size());
-        for (std::uint32_t i = start; i < end; ++i) {
+        for (std::uint32_t i = start; i < end; ++i, polling.step()) {
             std::uint64_t const noise = scrambled((std::uint64_t(attempt) << 32) + i);
             UPoint2<double> const& p = curve[i - start];
             m_points.push_back(
@@ -69,7 +74,7 @@ ShakenCurves::ShakenCurves(Curves const& curves, unsigned attempt)
         m_starts.push_back(end);
     }
     // Rounding keeps the order of numbers, so boxes of segments that meet still do.
-    for (std::uint32_t i = 0; i < m_points.size(); ++i) {
+    for (std::uint32_t i = 0; i < m_points.size(); ++i, polling.step()) {
         Point const &p = m_points[i], &q = m_points[after(i)];
         m_boxes.add({float(std::min(p.x, q.x)), float(std::min(p.y, q.y)),
                      float(std::max(p.x, q.x)), float(std::max(p.y, q.y))});
@@ -129,12 +134,15 @@ ShakenCurves::Search ShakenCurves::findCrossings(std::size_t mostCrossings,
                                                  std::vector<CurveCrossing>& crossings) const
 {
     bool isTied = false;
+    PollSteps polling(m_poll);
     crossings.clear();
-    m_boxes.visitMeetingPairs([&](std::uint32_t i, std::uint32_t j) {
+    auto const visit = [&](std::uint32_t i, std::uint32_t j) {
+        polling.step();
         if (std::optional<CurveCrossing> const found = crossing(i, j, isTied))
             crossings.push_back(*found);
         return isTied || crossings.size() > mostCrossings;
-    });
+    };
+    m_boxes.visitMeetingPairs(visit, [&] { polling.step(stepsOfBlock); });
     if (isTied)
         return Search::Tied;
     return crossings.size() > mostCrossings ? Search::TooMany : Search::Done;
@@ -143,7 +151,8 @@ ShakenCurves::Search ShakenCurves::findCrossings(std::size_t mostCrossings,
 ShakenCurves::Lowest ShakenCurves::lowestOf(std::size_t curve) const
 {
     std::uint32_t lowest = m_starts[curve];
-    for (std::uint32_t i = lowest; i < m_starts[curve + 1]; ++i)
+    PollSteps polling(m_poll);
+    for (std::uint32_t i = lowest; i < m_starts[curve + 1]; ++i, polling.step())
         if (m_points[i].y < m_points[lowest].y)
             lowest = i;
     return {lowest, turn(before(lowest), lowest, after(lowest)) > 0};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Curves.h"
+#include "tools/PollSteps.h"
 #include "tools/SegmentBoxes.h"
 
 #include <cstddef>
@@ -33,7 +34,8 @@ class ShakenCurves
 public:
     /// curves   none is without points
     /// attempt  another number moves the points otherwise
-    ShakenCurves(Curves const& curves, unsigned attempt);
+    /// poll     borrowed; asked by all questions, which what it throws leaves
+    ShakenCurves(Curves const& curves, unsigned attempt, WorkPoll const& poll);
 
     enum class Search
     {
@@ -77,6 +79,7 @@ private:
     std::optional<CurveCrossing> crossing(std::uint32_t first, std::uint32_t second,
                                           bool& isTied) const;
 
+    WorkPoll const& m_poll;
     std::vector<Point> m_points;
     std::vector<std::uint32_t> m_before;
     std::vector<std::uint32_t> m_after;

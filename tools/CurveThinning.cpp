@@ -68,11 +68,16 @@ std::size_t straightReach(Curve const& curve, std::size_t from, double tolerance
     return to;
 }
 
-Curve thinned(Curve const& curve, double tolerance)
+Curve thinned(Curve const& curve, double tolerance, WorkPoll const& poll)
 {
     Curve kept;
-    for (std::size_t from = 0; from < curve.size(); from = straightReach(curve, from, tolerance))
+    PollSteps polling(poll);
+    for (std::size_t from = 0; from < curve.size();) {
         kept.push_back(curve[from]);
+        std::size_t const to = straightReach(curve, from, tolerance);
+        polling.step(to - from);
+        from = to;
+    }
     return kept.size() < 3 ? curve : kept;
 }
 

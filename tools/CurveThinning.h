@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Curves.h"
+#include "tools/PollSteps.h"
 
 #include <cstddef>
 
@@ -12,8 +13,9 @@ namespace Freecut {
 /// which fewer than three points would be left stays as it is.
 ///
 /// tolerance  grid units
+/// poll       what it throws passes
 /// cost       one pass, also along rows of teeth, where dividing at the farthest point is quadratic
-Curve thinned(Curve const& curve, double tolerance);
+Curve thinned(Curve const& curve, double tolerance, WorkPoll const& poll = {});
 
 /// The end of the longest edge of a thinned curve that starts at a point; the number of points
 /// stands for the first one.

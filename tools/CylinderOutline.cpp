@@ -30,7 +30,7 @@ CylinderOutline::CylinderOutline(CylinderProperty& cylinder)
     : VolumeOutline(cylinder, Kind::OneRing), m_cylinder(cylinder)
 {}
 
-void CylinderOutline::deriveNominal(SketchPlane const& plane)
+void CylinderOutline::deriveNominal(SketchPlane const& plane, WorkPoll const& /*poll*/)
 {
     m_outlines.solidLoops = {m_cylinder.getUseNotch() ? circleWithKey(plane) : circle(plane)};
 }

@@ -16,7 +16,7 @@ public:
     explicit CylinderOutline(CylinderProperty& cylinder);
 
 protected:
-    void deriveNominal(SketchPlane const& plane) override;
+    void deriveNominal(SketchPlane const& plane, WorkPoll const& poll) override;
 
 private:
     Ring circle(SketchPlane const& plane) const;

@@ -59,15 +59,18 @@ bool isWide(GridLoop const& loop)
 
 }  // namespace
 
-GridLoops onGrid(Curves const& loops)
+GridLoops onGrid(Curves const& loops, WorkPoll const& poll)
 {
+    PollSteps polling(poll);
     GridLoops rounded;
     rounded.reserve(loops.size());
     for (Curve const& curve : loops) {
         GridLoop points;
         points.reserve(curve.size());
-        for (UPoint2<double> const& p : curve)
+        for (UPoint2<double> const& p : curve) {
+            polling.step();
             points.emplace_back(std::llround(p.X()), std::llround(p.Y()));
+        }
         GridLoop loop = withoutStraightPoints(points);
         if (!loop.empty() && isWide(loop))
             rounded.push_back(std::move(loop));

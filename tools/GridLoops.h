@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Curves.h"
+#include "tools/PollSteps.h"
 
 #include <cstdint>
 #include <vector>
@@ -14,6 +15,8 @@ using GridLoops = std::vector<GridLoop>;
 
 /// Loops with their points rounded to whole units, without points that repeat others or lie in a
 /// line with their neighbours. What is narrower than a unit on average is left out.
-GridLoops onGrid(Curves const& loops);
+///
+/// poll  what it throws passes
+GridLoops onGrid(Curves const& loops, WorkPoll const& poll = {});
 
 }  // namespace Freecut

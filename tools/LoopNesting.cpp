@@ -45,13 +45,18 @@ FlatBox pointBox(Point const& v)
 class LoopEdges
 {
 public:
-    explicit LoopEdges(FlatRing const& loop) : m_loop(loop), m_tree(reachesOf(loop)) {}
+    LoopEdges(FlatRing const& loop, PollSteps& polling)
+        : m_loop(loop), m_tree(reachesOf(loop)), m_polling(polling)
+    {
+        m_polling.step(loop.size());
+    }
 
     FlatBox const& bounds() const { return m_tree.bounds(); }
 
     bool touches(Point const& v) const
     {
         return m_tree.findMeeting(pointBox(v), 0, [&](std::size_t i) {
+            m_polling.step();
             return liesBetween(v, m_loop[i], m_loop[i + 1]);
         });
     }
@@ -63,6 +68,7 @@ public:
         FlatBox ray = pointBox(v);
         ray.highX = std::numeric_limits<double>::infinity();
         m_tree.findMeeting(ray, 0, [&](std::size_t i) {
+            m_polling.step();
             isOdd ^= isCrossed(v, m_loop[i], m_loop[i + 1]);
             return false;
         });
@@ -87,12 +93,17 @@ private:
 
     FlatRing const& m_loop;
     BoxTree m_tree;
+    PollSteps& m_polling;
 };
 
 /// The loops that lie within another one, in order.
-std::vector<std::size_t> nestedLoops(FlatLoops const& loops)
+std::vector<std::size_t> nestedLoops(FlatLoops const& loops, WorkPoll const& poll)
 {
-    std::vector<LoopEdges> const edges(loops.begin(), loops.end());
+    PollSteps polling(poll);
+    std::vector<LoopEdges> edges;
+    edges.reserve(loops.size());
+    for (FlatRing const& loop : loops)
+        edges.emplace_back(loop, polling);
     std::vector<FlatBox> bounds;
     bounds.reserve(edges.size());
     for (LoopEdges const& loop : edges)
@@ -101,8 +112,10 @@ std::vector<std::size_t> nestedLoops(FlatLoops const& loops)
     std::vector<std::size_t> nested;
     for (std::size_t a = 0; a < loops.size(); ++a)
         // A loop whose first vertex is out of another one's reach is outside.
-        if (tree.findMeeting(pointBox(loops[a].front()), 0,
-                             [&](std::size_t b) { return a != b && edges[b].encloses(loops[a]); }))
+        if (tree.findMeeting(pointBox(loops[a].front()), 0, [&](std::size_t b) {
+                polling.step();
+                return a != b && edges[b].encloses(loops[a]);
+            }))
             nested.push_back(a);
     return nested;
 }
@@ -123,11 +136,11 @@ std::size_t extremePoint(Ring const& points, int axis)
 
 }  // namespace
 
-void moveNestedLoops(FlatLoops& solid, FlatLoops& residual)
+void moveNestedLoops(FlatLoops& solid, FlatLoops& residual, WorkPoll const& poll)
 {
     if (solid.size() < 2)
         return;
-    std::vector<std::size_t> const nested = nestedLoops(solid);
+    std::vector<std::size_t> const nested = nestedLoops(solid, poll);
     for (auto loop = nested.rbegin(); loop != nested.rend(); ++loop)
         residual.push_back(std::move(solid[*loop]));
     FlatLoops left;

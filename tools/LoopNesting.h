@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Loops.h"
+#include "tools/PollSteps.h"
 
 namespace Freecut {
 
@@ -12,7 +13,8 @@ namespace Freecut {
 /// within; a loop all of whose vertices touch another one is within it.
 ///
 /// solid  closed loops with their first point repeated at the end
-void moveNestedLoops(FlatLoops& solid, FlatLoops& residual);
+/// poll   what it throws passes
+void moveNestedLoops(FlatLoops& solid, FlatLoops& residual, WorkPoll const& poll = {});
 
 /// Whether a loop turns anticlockwise, seen against a direction. It is judged by one corner: that
 /// of the highest point, or of the lowest if the first point is the highest; by Z, or by Y or X if

@@ -43,14 +43,15 @@ Point moved(Point const& point, Vector const& way, double distance)
 class CornerJoins
 {
 public:
-    CornerJoins(Curve& curve, double distance, InnerJoin inner)
+    CornerJoins(Curve& curve, double distance, InnerJoin inner, WorkPoll const& poll)
         : m_curve(curve),
           m_distance(distance),
           m_inner(inner),
           // A chord of this half angle is as far from its arc as it may be.
           m_stepsPerRadian(0.5 / std::acos(1 - relativeTolerance(distance))),
           // Where the images' lines meet is then as near to the arc as a chord of it.
-          m_straightCosine(2 / square(1 + relativeTolerance(distance)) - 1)
+          m_straightCosine(2 / square(1 + relativeTolerance(distance)) - 1),
+          m_polling(poll)
     {}
 
     /// in, out  the normals of the sides before and after the corner, which are straight
@@ -71,6 +72,7 @@ public:
     /// could meet the other one.
     void addBetweenImages(Point const& corner, Vector const& in, Vector const& out)
     {
+        m_polling.step();
         double const sine = in.X() * out.Y() - out.X() * in.Y();
         double const cosine = in.X() * out.X() + in.Y() * out.Y();
         if (sine * m_distance >= 0)
@@ -91,6 +93,7 @@ private:
     {
         int const steps = std::max(int(std::round(m_stepsPerRadian * std::abs(angle))), 1);
         for (int i = 0; i < steps; ++i) {
+            m_polling.step();
             double const turn = angle * i / steps;
             double const c = std::cos(turn), s = std::sin(turn);
             m_curve.push_back(
@@ -112,18 +115,19 @@ private:
     InnerJoin m_inner;
     double m_stepsPerRadian;
     double m_straightCosine;
+    PollSteps m_polling;
 };
 
 }  // namespace
 
-Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner)
+Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner, WorkPoll const& poll)
 {
     Curve const points = withoutRepeats(outline);
     Curve curve;
     if (points.size() < 3)
         return curve;
     curve.reserve(points.size() + points.size() / 2);
-    CornerJoins joins(curve, distance, inner);
+    CornerJoins joins(curve, distance, inner, poll);
     Vector in = normalOf(points.back(), points.front());
     for (std::size_t i = 0; i < points.size(); ++i) {
         Vector const out = normalOf(points[i], points[i + 1 < points.size() ? i + 1 : 0]);
@@ -133,11 +137,11 @@ Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner)
     return curve;
 }
 
-Curve offsetCurve(SidesWithArcs const& outline, double distance)
+Curve offsetCurve(SidesWithArcs const& outline, double distance, WorkPoll const& poll)
 {
     Curve curve;
     curve.reserve(outline.size() + outline.size() / 2);
-    CornerJoins joins(curve, distance, InnerJoin::Short);
+    CornerJoins joins(curve, distance, InnerJoin::Short, poll);
     for (std::size_t i = 0; i < outline.size(); ++i) {
         SideOrArc const &before = outline[i > 0 ? i - 1 : outline.size() - 1], &side = outline[i];
         Point const &corner = side.start, &next = outline[i + 1 < outline.size() ? i + 1 : 0].start;

@@ -22,12 +22,14 @@ enum class InnerJoin
 /// cross itself; moved inward, it must not fit into a disk of the distance's radius.
 ///
 /// distance  units; positive to the right of outlines, which is outward if they run anticlockwise
+/// poll      what it throws passes
 /// Arcs are true to a quarter of a unit. Points that repeat the one before count once; outlines of
 /// fewer than three points have no image.
-Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner);
+Curve offsetCurve(Curve const& outline, double distance, InnerJoin inner,
+                  WorkPoll const& poll = {});
 
 /// The same, with short joins, for an outline whose arcs have the distance as radius: the image of
 /// an arc is its centre.
-Curve offsetCurve(SidesWithArcs const& outline, double distance);
+Curve offsetCurve(SidesWithArcs const& outline, double distance, WorkPoll const& poll = {});
 
 }  // namespace Freecut

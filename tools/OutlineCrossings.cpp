@@ -27,7 +27,8 @@ double distanceOf(Point const& a, Point const& b)
 class SplitEdges
 {
 public:
-    explicit SplitEdges(FlatRing const& outline) : m_points(outline), m_lists(outline.size())
+    SplitEdges(FlatRing const& outline, WorkPoll const& poll)
+        : m_points(outline), m_lists(outline.size()), m_polling(poll)
     {
         for (std::size_t i = 0; i < count(); ++i)
             m_lists[i].push_back(outline[i]);
@@ -40,16 +41,19 @@ public:
         EdgeBoxes const boxes(m_points);
         for (std::size_t i = 0; i < count(); ++i)
             if (boxes.findNear(i, i + 2, [&](std::size_t j) {
+                    m_polling.step();
                     addCrossing(i, j);
                     return m_crossings > mostCrossings;
                 }))
                 return false;
-        for (FlatRing& list : m_lists)
+        for (FlatRing& list : m_lists) {
+            m_polling.step(list.size());
             sortByDistance(list);
+        }
         return true;
     }
 
-    std::vector<DirectedSegment> directedSegments() const
+    std::vector<DirectedSegment> directedSegments()
     {
         std::vector<DirectedSegment> segments;
         bool flag = true;
@@ -59,6 +63,7 @@ public:
         };
         for (std::size_t i = 0; i < count(); ++i) {
             FlatRing const& list = m_lists[i];
+            m_polling.step(list.size());
             for (std::size_t k = 0; k + 1 < list.size(); ++k) {
                 add(list[k], list[k + 1]);
                 flag = !flag;
@@ -138,28 +143,29 @@ private:
     FlatRing const& m_points;
     FlatLoops m_lists;
     std::size_t m_crossings = 0;
+    PollSteps m_polling;
 };
 
 }  // namespace
 
-ResolvedLoops resolveSelfIntersections(FlatRing const& outline)
+ResolvedLoops resolveSelfIntersections(FlatRing const& outline, WorkPoll const& poll)
 {
     ResolvedLoops loops;
     if (outline.empty())
         return loops;
-    SplitEdges edges(outline);
+    SplitEdges edges(outline, poll);
     if (!edges.split()) {
         loops.isTooComplicated = true;
         return loops;
     }
-    SegmentChains chains(edges.directedSegments());
+    SegmentChains chains(edges.directedSegments(), poll);
     while (std::optional<SegmentChain> chain = chains.next()) {
         if (chain->points.size() <= 2)
             continue;
         bool const isSolid = chain->isClosed && chain->flag;
         (isSolid ? loops.solid : loops.residual).push_back(std::move(chain->points));
     }
-    moveNestedLoops(loops.solid, loops.residual);
+    moveNestedLoops(loops.solid, loops.residual, poll);
     return loops;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Loops.h"
+#include "tools/PollSteps.h"
 
 #include <cstddef>
 
@@ -29,8 +30,9 @@ inline constexpr std::size_t mostCrossings = 1000000;
 /// where edges overlap, their neighbours decide whether the outline passes through.
 ///
 /// outline  whole numbers, without a closing repeat
+/// poll     what it throws passes
 /// cost     n log n for n points, pairs of edges whose boxes meet and crossings; half a million
 ///          crossings take about a second
-ResolvedLoops resolveSelfIntersections(FlatRing const& outline);
+ResolvedLoops resolveSelfIntersections(FlatRing const& outline, WorkPoll const& poll = {});
 
 }  // namespace Freecut

@@ -37,14 +37,16 @@ double truncated(double distance)
     return double(std::int64_t(distance * gridUnitsPerMm));
 }
 
-Curves curvesOf(Loops const& outlines, SketchPlane const& plane)
+Curves curvesOf(Loops const& outlines, SketchPlane const& plane, WorkPoll const& poll)
 {
+    PollSteps polling(poll);
     Curves curves;
     curves.reserve(outlines.size());
     for (Ring const& ring : outlines) {
         Curve& curve = curves.emplace_back();
         curve.reserve(ring.size());
         for (UPoint3<float> const& point : ring) {
+            polling.step();
             UPoint3<float> const eye = plane.toEye(point);
             curve.emplace_back(std::trunc(eye.X() * 1000.0f), std::trunc(eye.Y() * 1000.0f));
         }
@@ -136,12 +138,12 @@ bool turnsBack(Curve const& curve)
     return false;
 }
 
-bool haveCrossings(Curves const& curves)
+bool haveCrossings(Curves const& curves, WorkPoll const& poll)
 {
     if (std::any_of(curves.begin(), curves.end(), turnsBack))
         return true;
     std::vector<CurveCrossing> crossings;
-    return ShakenCurves(curves, 0).findCrossings(0, crossings) != ShakenCurves::Search::Done;
+    return ShakenCurves(curves, 0, poll).findCrossings(0, crossings) != ShakenCurves::Search::Done;
 }
 
 bool fitsIntoSquare(Curve const& curve, double side)
@@ -162,46 +164,51 @@ bool isShortJoined(Curve const& outline, double distance)
 }
 
 /// The images of outlines with their narrow bays filled; nothing if these cross themselves.
-std::optional<Curves> imagesWithBaysFilled(Curves const& outlines, double distance)
+std::optional<Curves> imagesWithBaysFilled(Curves const& outlines, double distance,
+                                           WorkPoll const& poll)
 {
     Curves images, flat;
     for (Curve const& outline : outlines) {
-        SidesWithArcs const sides = withBaysFilled(outline, distance, thinningTolerance);
+        SidesWithArcs const sides = withBaysFilled(outline, distance, thinningTolerance, poll);
         Curve corners;
         for (SideOrArc const& side : sides)
             corners.push_back(side.start);
         if (!isShortJoined(corners, distance))
             return {};
-        images.push_back(offsetCurve(sides, distance));
+        images.push_back(offsetCurve(sides, distance, poll));
         flat.push_back(flattened(sides, thinningTolerance));
     }
-    return haveCrossings(flat) ? std::nullopt : std::optional(std::move(images));
+    return haveCrossings(flat, poll) ? std::nullopt : std::optional(std::move(images));
 }
 
-std::optional<Curves> movedCurves(Curves const& outlines, double distance, bool areSimple)
+std::optional<Curves> movedCurves(Curves const& outlines, double distance, bool areSimple,
+                                  WorkPoll const& poll)
 {
     Curves images;
     for (Curve const& outline : outlines) {
         bool const isShort = areSimple && isShortJoined(outline, distance);
-        Curve image =
-            offsetCurve(outline, distance, isShort ? InnerJoin::Short : InnerJoin::ThroughCorner);
+        Curve image = offsetCurve(outline, distance,
+                                  isShort ? InnerJoin::Short : InnerJoin::ThroughCorner, poll);
         if (!image.empty())
             images.push_back(std::move(image));
     }
     bool const isLast = std::abs(distance) <= shortStep;
     std::optional<Curves> region =
-        outlineOfWoundRegion(images, isLast ? mostCrossings : manyCrossings);
+        outlineOfWoundRegion(images, isLast ? mostCrossings : manyCrossings, poll);
     if (region || isLast)
         return region;
     images = {};
-    region = movedCurves(outlines, distance / 2, areSimple);
-    return region ? movedCurves(*region, distance / 2, true) : region;
+    region = movedCurves(outlines, distance / 2, areSimple, poll);
+    return region ? movedCurves(*region, distance / 2, true, poll) : region;
 }
 
 }  // namespace
 
-OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
-    : m_plane(plane), m_outlines(curvesOf(outlines, plane)), m_canBeHeld(canBeHeld(m_outlines))
+OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane, WorkPoll poll)
+    : m_plane(plane),
+      m_poll(std::move(poll)),
+      m_outlines(curvesOf(outlines, plane, m_poll)),
+      m_canBeHeld(canBeHeld(m_outlines))
 {
     m_pointCount = countOf(m_outlines);
     if (!m_canBeHeld)
@@ -209,7 +216,7 @@ OutlineOffset::OutlineOffset(Loops const& outlines, SketchPlane const& plane)
     makeHighestRunAnticlockwise(m_outlines);
     m_hasManyPoints = m_pointCount > manyPoints;
     if (!m_hasManyPoints)
-        m_isSimple = !haveCrossings(m_outlines);
+        m_isSimple = !haveCrossings(m_outlines, m_poll);
 }
 
 std::optional<Curves> OutlineOffset::movedRegion(double distance) const
@@ -217,14 +224,14 @@ std::optional<Curves> OutlineOffset::movedRegion(double distance) const
     if (!m_canBeHeld)
         return {};
     if (!m_hasManyPoints)
-        return movedCurves(m_outlines, distance, m_isSimple);
-    if (std::optional<Curves> const images = imagesWithBaysFilled(m_outlines, distance))
-        if (std::optional<Curves> region = outlineOfWoundRegion(*images, manyCrossings))
+        return movedCurves(m_outlines, distance, m_isSimple, m_poll);
+    if (std::optional<Curves> const images = imagesWithBaysFilled(m_outlines, distance, m_poll))
+        if (std::optional<Curves> region = outlineOfWoundRegion(*images, manyCrossings, m_poll))
             return region;
     Curves outlines;
     for (Curve const& outline : m_outlines)
-        outlines.push_back(thinned(outline, thinningTolerance));
-    return movedCurves(outlines, distance, !haveCrossings(outlines));
+        outlines.push_back(thinned(outline, thinningTolerance, m_poll));
+    return movedCurves(outlines, distance, !haveCrossings(outlines, m_poll), m_poll);
 }
 
 std::optional<Loops> OutlineOffset::moved(double distance) const
@@ -232,15 +239,18 @@ std::optional<Loops> OutlineOffset::moved(double distance) const
     std::optional<Curves> const region = movedRegion(truncated(distance));
     if (!region)
         return {};
-    GridLoops const loops = sortedByHeight(onGrid(*region));
+    GridLoops const loops = sortedByHeight(onGrid(*region, m_poll));
     Loops outlines;
     outlines.reserve(loops.size());
+    PollSteps polling(m_poll);
     for (GridLoop const& loop : loops) {
         Ring& ring = outlines.emplace_back();
         ring.reserve(loop.size());
-        for (UPoint2<std::int64_t> const& point : loop)
+        for (UPoint2<std::int64_t> const& point : loop) {
+            polling.step();
             ring.push_back(m_plane.toWorld(float(double(point.X()) / gridUnitsPerMm),
                                            float(double(point.Y()) / gridUnitsPerMm)));
+        }
     }
     return outlines;
 }

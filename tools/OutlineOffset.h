@@ -3,6 +3,7 @@
 
 #include "tools/Curves.h"
 #include "tools/Loops.h"
+#include "tools/PollSteps.h"
 #include "tools/SketchPlane.h"
 
 #include <optional>
@@ -14,7 +15,8 @@ namespace Freecut {
 class OutlineOffset
 {
 public:
-    OutlineOffset(Loops const& outlines, SketchPlane const& plane);
+    /// poll  asked here and by moved(), on their threads; what it throws passes
+    OutlineOffset(Loops const& outlines, SketchPlane const& plane, WorkPoll poll = {});
 
     /// The outlines moved outward, or inward by a negative distance, which is truncated to the
     /// grid. Outlines may join, fall apart, enclose a hole or vanish. Holes run the other way
@@ -32,6 +34,7 @@ private:
     std::optional<Curves> movedRegion(double distance) const;
 
     SketchPlane m_plane;
+    WorkPoll m_poll;
     /// In grid units; the one that reaches highest runs anticlockwise.
     Curves m_outlines;
     std::size_t m_pointCount = 0;

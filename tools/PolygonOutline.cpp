@@ -76,11 +76,11 @@ void PolygonOutline::pinToScreen(SketchPlane const& plane)
     pin(&TeethEdge::appliedPoints, edges, m_polygon.getEyeAppliedPoints(), plane);
 }
 
-void PolygonOutline::deriveNominal(SketchPlane const& plane)
+void PolygonOutline::deriveNominal(SketchPlane const& plane, WorkPoll const& poll)
 {
     m_outlines.teethLoops = teethUnderEdit();
     Ring outline = outlineWithTeeth();
-    ResolvedLoops const resolved = resolveSelfIntersections(gridPoints(outline, plane));
+    ResolvedLoops const resolved = resolveSelfIntersections(gridPoints(outline, plane), poll);
     if (resolved.isTooComplicated) {
         outline.push_back(outline.front());
         m_outlines.refuse(QCoreApplication::translate("Tools", tooManyCrossings).toStdString(),

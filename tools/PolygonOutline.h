@@ -18,7 +18,7 @@ protected:
     Rounding rounding() const override;
     /// The points of the teeth follow, too.
     void pinToScreen(SketchPlane const& plane) override;
-    void deriveNominal(SketchPlane const& plane) override;
+    void deriveNominal(SketchPlane const& plane, WorkPoll const& poll) override;
 
 private:
     Ring outlineWithTeeth() const;

@@ -12,6 +12,9 @@ namespace {
 using Point = UPoint3<float>;
 using Vector = UVector3<float>;
 
+/// What making an arc costs, in steps of work.
+constexpr std::size_t stepsOfArc = 128;
+
 /// A corner between two sides, seen from its point.
 struct Corner
 {
@@ -65,16 +68,19 @@ void appendArc(Ring& ring, Corner const& corner, float radius)
 
 }  // namespace
 
-void roundRing(Ring& ring, float radius)
+void roundRing(Ring& ring, float radius, WorkPoll const& poll)
 {
     if (!(radius > leastLength) || ring.empty())
         return;
     Ring rounded;
+    PollSteps polling(poll);
     Point previous = ring.back();
     Point first = ring.front();
     for (std::size_t i = 0; i < ring.size(); ++i) {
         Corner const corner(previous, ring[i], i + 1 < ring.size() ? ring[i + 1] : first, radius);
+        polling.step();
         if (corner.hasRoom) {
+            polling.step(stepsOfArc);
             appendArc(rounded, corner, radius);
             if (i == 0)
                 first = corner.begin();

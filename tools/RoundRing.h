@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Loops.h"
+#include "tools/PollSteps.h"
 #include "tools/ToolLimits.h"
 
 namespace Freecut {
@@ -14,6 +15,7 @@ inline constexpr float leastLength = float(ToolLimits::leastLength);
 /// from the end of the arc before it, and the last one up to the beginning of the first arc.
 ///
 /// radius  nothing happens unless it is above leastLength
-void roundRing(Ring& ring, float radius);
+/// poll    what it throws passes; the ring is as it was then
+void roundRing(Ring& ring, float radius, WorkPoll const& poll = {});
 
 }  // namespace Freecut

@@ -25,14 +25,19 @@ public:
     void finish();
 
     /// Calls `visit` with each pair of boxes i < j that share a point, in an order that is always
-    /// the same, until a call returns true.
-    template <typename Visit>
-    void visitMeetingPairs(Visit const& visit) const
+    /// the same, until a call returns true. Calls `afterBlocks` for each two blocks that were
+    /// compared, and for each block.
+    template <typename Visit, typename AfterBlocks>
+    void visitMeetingPairs(Visit const& visit, AfterBlocks const& afterBlocks) const
     {
-        for (std::size_t a = 0; a < m_blocks.size(); ++a)
-            if (m_tree.findMeeting(m_tree.box(a), a,
-                                   [&](std::size_t b) { return visitPairsOf(a, b, visit); }))
+        for (std::size_t a = 0; a < m_blocks.size(); ++a) {
+            afterBlocks();
+            if (m_tree.findMeeting(m_tree.box(a), a, [&](std::size_t b) {
+                    afterBlocks();
+                    return visitPairsOf(a, b, visit);
+                }))
                 return;
+        }
     }
 
     /// Calls `visit` with each box that shares a point with the given one, in rising order, until

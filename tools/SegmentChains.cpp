@@ -16,14 +16,16 @@ std::tuple<bool, float, float> keyOf(bool flag, UPoint2<float> const& point)
 
 }  // namespace
 
-SegmentChains::SegmentChains(std::vector<DirectedSegment> segments)
+SegmentChains::SegmentChains(std::vector<DirectedSegment> segments, WorkPoll const& poll)
     : m_segments(std::move(segments)),
       m_byStart(m_segments.size()),
       m_gone(m_segments.size()),
-      m_isTaken(m_segments.size())
+      m_isTaken(m_segments.size()),
+      m_polling(poll)
 {
     std::iota(m_byStart.begin(), m_byStart.end(), std::size_t(0));
     std::stable_sort(m_byStart.begin(), m_byStart.end(), [this](std::size_t a, std::size_t b) {
+        m_polling.step();
         return keyOf(m_segments[a].flag, m_segments[a].start) <
                keyOf(m_segments[b].flag, m_segments[b].start);
     });
@@ -40,6 +42,7 @@ std::optional<SegmentChain> SegmentChains::next()
     SegmentChain chain{{head.start}, head.flag, true};
     UPoint2<float> end = head.end;
     while (end != head.start) {
+        m_polling.step();
         std::optional<std::size_t> const successor = takeSuccessor(end, head.flag);
         if (!successor) {
             chain.isClosed = false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/Loops.h"
+#include "tools/PollSteps.h"
 
 #include <cstddef>
 #include <optional>
@@ -32,7 +33,8 @@ struct SegmentChain
 class SegmentChains
 {
 public:
-    explicit SegmentChains(std::vector<DirectedSegment> segments);
+    /// poll  borrowed; what it throws passes
+    SegmentChains(std::vector<DirectedSegment> segments, WorkPoll const& poll);
 
     /// The next chain, while there are segments.
     std::optional<SegmentChain> next();
@@ -49,6 +51,7 @@ private:
     std::vector<std::size_t> m_gone;
     std::vector<bool> m_isTaken;
     std::size_t m_first = 0;
+    PollSteps m_polling;
 };
 
 }  // namespace Freecut

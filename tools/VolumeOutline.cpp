@@ -56,7 +56,8 @@ Loops VolumeOutline::nominalWithoutRepeat() const
     return isRing() ? m_outlines.solidLoops : withoutLastPoints(m_outlines.solidLoops);
 }
 
-void VolumeOutline::update(GLCamera const& camera, bool viewChanged, bool isOpenGL33)
+void VolumeOutline::update(GLCamera const& camera, bool viewChanged, bool isOpenGL33,
+                           WorkPoll const& poll)
 {
     m_outlines.clear();
     if (m_record.getKeyPoints().empty())
@@ -65,19 +66,28 @@ void VolumeOutline::update(GLCamera const& camera, bool viewChanged, bool isOpen
         m_record.updateDepth();
         pinToScreen(SketchPlane(camera, m_record.getSketchDepth()));
     }
-    SketchPlane const plane(camera, m_record.getSketchDepth());
-    deriveNominal(plane);
+    try {
+        derive(SketchPlane(camera, m_record.getSketchDepth()), poll);
+    } catch (...) {
+        m_outlines.clear();
+        throw;
+    }
+    if (m_record.getPreviewOn())
+        buildSolidBuffers(isOpenGL33);
+}
+
+void VolumeOutline::derive(SketchPlane const& plane, WorkPoll const& poll)
+{
+    deriveNominal(plane, poll);
     if (rounding().counts()) {
         m_outlines.roundedLoops = nominalWithoutRepeat();
-        round(m_outlines.roundedLoops);
+        round(m_outlines.roundedLoops, poll);
     }
     if (hasClearance() && m_outlines.problem.empty())
-        deriveClearance(plane);
+        deriveClearance(plane, poll);
     if (isRing())
         chooseCaps();
     flatten();
-    if (m_record.getPreviewOn())
-        buildSolidBuffers(isOpenGL33);
 }
 
 void VolumeOutline::pinToScreen(SketchPlane const& plane)
@@ -88,16 +98,17 @@ void VolumeOutline::pinToScreen(SketchPlane const& plane)
         points[i] = plane.project(eye[i]);
 }
 
-void VolumeOutline::round(Loops& loops) const
+void VolumeOutline::round(Loops& loops, WorkPoll const& poll) const
 {
     for (Ring& ring : loops)
-        roundRing(ring, rounding().radius);
+        roundRing(ring, rounding().radius, poll);
 }
 
-void VolumeOutline::deriveClearance(SketchPlane const& plane)
+void VolumeOutline::deriveClearance(SketchPlane const& plane, WorkPoll const& poll)
 {
     OutlineOffset const offset(
-        m_outlines.roundedLoops.empty() ? m_outlines.solidLoops : m_outlines.roundedLoops, plane);
+        m_outlines.roundedLoops.empty() ? m_outlines.solidLoops : m_outlines.roundedLoops, plane,
+        poll);
     double const clearance = m_record.getClearance();
     int const direction = m_record.getClearanceDirection();
     bool const isInward = goesInward(direction), isOutward = goesOutward(direction);
@@ -106,15 +117,16 @@ void VolumeOutline::deriveClearance(SketchPlane const& plane)
     if (isInward)
         inward = std::async(
             isParallel ? std::launch::async | std::launch::deferred : std::launch::deferred,
-            [&] { return deriveMoved(m_outlines.innerLoops, offset, -clearance); });
-    bool isDone = !isOutward || deriveMoved(m_outlines.outerLoops, offset, clearance);
+            [&] { return deriveMoved(m_outlines.innerLoops, offset, -clearance, poll); });
+    bool isDone = !isOutward || deriveMoved(m_outlines.outerLoops, offset, clearance, poll);
     if (isInward)
         isDone = inward.get() && isDone;
     if (!isDone)
         refuseClearance();
 }
 
-bool VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const
+bool VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, double distance,
+                                WorkPoll const& poll) const
 {
     std::optional<Loops> moved = offset.moved(distance);
     if (!moved)
@@ -122,7 +134,7 @@ bool VolumeOutline::deriveMoved(Loops& loops, OutlineOffset const& offset, doubl
     loops = std::move(*moved);
     keepPaths(loops);
     if (rounding().counts())
-        round(loops);
+        round(loops, poll);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tools/PollSteps.h"
 #include "tools/SketchPlane.h"
 #include "tools/SolidPreview.h"
 #include "tools/ToolOutlines.h"
@@ -35,7 +36,9 @@ public:
     /// viewChanged  the camera was turned: depth and world points of the record follow from its
     ///              points in eye space first
     /// isOpenGL33   as for buildSolidBuffers
-    void update(GLCamera const& camera, bool viewChanged, bool isOpenGL33);
+    /// poll         what it throws passes and leaves no outlines
+    void update(GLCamera const& camera, bool viewChanged, bool isOpenGL33,
+                WorkPoll const& poll = {});
 
     /// Moves the bottom down by the record's extrudeVector and writes the faces of the inner solid.
     /// The bottom of a ring is moved once more by each call until the next update.
@@ -70,7 +73,7 @@ protected:
     /// Takes the world points of the record from its points in eye space.
     virtual void pinToScreen(SketchPlane const& plane);
     /// Fills solidLoops and what else comes with it. There are key points.
-    virtual void deriveNominal(SketchPlane const& plane) = 0;
+    virtual void deriveNominal(SketchPlane const& plane, WorkPoll const& poll) = 0;
     virtual void appendSolid(SolidPreview& preview) const;
 
     ToolOutlines m_outlines;
@@ -78,10 +81,12 @@ protected:
 private:
     bool hasClearance() const;
     Loops nominalWithoutRepeat() const;
-    void round(Loops& loops) const;
-    void deriveClearance(SketchPlane const& plane);
+    void derive(SketchPlane const& plane, WorkPoll const& poll);
+    void round(Loops& loops, WorkPoll const& poll) const;
+    void deriveClearance(SketchPlane const& plane, WorkPoll const& poll);
     /// Runs for both sides at once. False if the outline is too complicated.
-    bool deriveMoved(Loops& loops, OutlineOffset const& offset, double distance) const;
+    bool deriveMoved(Loops& loops, OutlineOffset const& offset, double distance,
+                     WorkPoll const& poll) const;
     void refuseClearance();
     void keepPaths(Loops& paths) const;
     void chooseCaps();

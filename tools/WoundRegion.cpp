@@ -25,19 +25,19 @@ class Stretches
 {
 public:
     Stretches(ShakenCurves const& shaken, std::vector<CurveCrossing> const& crossings,
-              std::size_t pointCount)
-        : m_shaken(shaken), m_crossings(crossings)
+              std::size_t pointCount, WorkPoll const& poll)
+        : m_shaken(shaken), m_crossings(crossings), m_polling(poll)
     {
         countBySegment(pointCount);
         m_ends.resize(2 * crossings.size());
         std::vector<std::uint32_t> next(m_firstOf.begin(), m_firstOf.end() - 1);
-        for (std::uint32_t i = 0; i < crossings.size(); ++i) {
+        for (std::uint32_t i = 0; i < crossings.size(); ++i, m_polling.step()) {
             m_ends[next[crossings[i].first]++] = 2 * i;
             m_ends[next[crossings[i].second]++] = 2 * i + 1;
         }
         sortAlongSegments();
         m_places.resize(m_ends.size());
-        for (std::uint32_t place = 0; place < m_ends.size(); ++place)
+        for (std::uint32_t place = 0; place < m_ends.size(); ++place, m_polling.step())
             m_places[m_ends[place]] = place;
     }
 
@@ -51,7 +51,7 @@ public:
         for (std::size_t curve = 0; curve < m_shaken.curveCount(); ++curve)
             if (!windAlong(curve))
                 return false;
-        for (std::uint32_t i = 0; i < m_crossings.size(); ++i) {
+        for (std::uint32_t i = 0; i < m_crossings.size(); ++i, m_polling.step()) {
             int const first = m_left[m_places[2 * i]], second = m_left[m_places[2 * i + 1]];
             if (m_crossings[i].toLeft ? second != first - 1 : first != second - 1)
                 return false;
@@ -88,6 +88,7 @@ private:
     {
         m_firstOf.assign(pointCount + 1, 0);
         for (CurveCrossing const& crossing : m_crossings) {
+            m_polling.step();
             ++m_firstOf[crossing.first + 1];
             ++m_firstOf[crossing.second + 1];
         }
@@ -97,13 +98,15 @@ private:
 
     void sortAlongSegments()
     {
-        for (std::size_t i = 0; i + 1 < m_firstOf.size(); ++i) {
+        for (std::size_t i = 0; i + 1 < m_firstOf.size(); ++i, m_polling.step()) {
             auto const begin = m_ends.begin() + m_firstOf[i],
                        end = m_ends.begin() + m_firstOf[i + 1];
             if (end - begin < 2)
                 continue;
-            std::sort(begin, end,
-                      [this](std::uint32_t a, std::uint32_t b) { return alongOf(a) < alongOf(b); });
+            std::sort(begin, end, [this](std::uint32_t a, std::uint32_t b) {
+                m_polling.step();
+                return alongOf(a) < alongOf(b);
+            });
             for (auto at = begin; at + 1 != end; ++at)
                 m_isTied = m_isTied || alongOf(at[1]) - alongOf(at[0]) < leastStep;
         }
@@ -122,7 +125,7 @@ private:
         // The first crossing behind the lowest point.
         std::uint32_t const start = m_firstOf[lowest.point];
         int left = atLowest;
-        for (std::uint32_t k = 0; k < end - begin; ++k) {
+        for (std::uint32_t k = 0; k < end - begin; ++k, m_polling.step()) {
             std::uint32_t const place = start + k < end ? start + k : start + k - (end - begin);
             m_left[place] = left;
             bool const isFirst = m_ends[place] % 2 == 0;
@@ -142,14 +145,16 @@ private:
     std::vector<std::int32_t> m_left;
     std::vector<int> m_leftOfWhole;
     bool m_isTied = false;
+    PollSteps m_polling;
 };
 
 /// Joins the stretches that bound the region.
 class OutlineWalk
 {
 public:
-    OutlineWalk(Curves const& curves, ShakenCurves const& shaken, Stretches const& stretches)
-        : m_shaken(shaken), m_stretches(stretches), m_isTaken(stretches.count())
+    OutlineWalk(Curves const& curves, ShakenCurves const& shaken, Stretches const& stretches,
+                WorkPoll const& poll)
+        : m_shaken(shaken), m_stretches(stretches), m_isTaken(stretches.count()), m_polling(poll)
     {
         for (Curve const& curve : curves)
             m_points.insert(m_points.end(), curve.begin(), curve.end());
@@ -167,7 +172,7 @@ public:
             if (begin == end && m_stretches.leftOfWhole(curve) == 1)
                 loops.emplace_back(m_points.begin() + m_shaken.startOf(curve),
                                    m_points.begin() + m_shaken.startOf(curve + 1));
-            for (std::uint32_t place = begin; place < end; ++place)
+            for (std::uint32_t place = begin; place < end; ++place, m_polling.step())
                 if (m_stretches.left(place) == 1 && !m_isTaken[place])
                     loops.push_back(loopFrom(place));
         }
@@ -180,6 +185,7 @@ private:
         Curve loop;
         std::uint32_t end = first;
         do {
+            m_polling.step();
             m_isTaken[end] = true;
             appendStretch(loop, end);
             end = nextOnCurve(m_stretches.partner(end));
@@ -188,7 +194,7 @@ private:
     }
 
     /// The points of the stretch that ends here, the crossing at its end included.
-    void appendStretch(Curve& loop, std::uint32_t end) const
+    void appendStretch(Curve& loop, std::uint32_t end)
     {
         std::uint32_t const last = m_stretches.segment(end);
         std::uint32_t const previous = previousOnCurve(end);
@@ -196,6 +202,7 @@ private:
         bool const isWithinSegment =
             at == last && m_stretches.along(previous) < m_stretches.along(end);
         while (!isWithinSegment) {
+            m_polling.step();
             at = after(at);
             loop.push_back(m_points[at]);
             if (at == last)
@@ -230,26 +237,28 @@ private:
     Curve m_points;
     std::vector<std::uint32_t> m_curveOf;
     std::vector<bool> m_isTaken;
+    PollSteps m_polling;
 };
 
 }  // namespace
 
-std::optional<Curves> outlineOfWoundRegion(Curves const& curves, std::size_t mostCrossings)
+std::optional<Curves> outlineOfWoundRegion(Curves const& curves, std::size_t mostCrossings,
+                                           WorkPoll const& poll)
 {
     std::size_t pointCount = 0;
     for (Curve const& curve : curves)
         pointCount += curve.size();
     std::vector<CurveCrossing> crossings;
     for (unsigned attempt = 0; attempt < mostAttempts; ++attempt) {
-        ShakenCurves const shaken(curves, attempt);
+        ShakenCurves const shaken(curves, attempt, poll);
         ShakenCurves::Search const search = shaken.findCrossings(mostCrossings, crossings);
         if (search == ShakenCurves::Search::TooMany)
             return {};
         if (search == ShakenCurves::Search::Tied)
             continue;
-        Stretches stretches(shaken, crossings, pointCount);
+        Stretches stretches(shaken, crossings, pointCount, poll);
         if (stretches.windConsistently())
-            return OutlineWalk(curves, shaken, stretches).loops();
+            return OutlineWalk(curves, shaken, stretches, poll).loops();
     }
     return {};
 }
