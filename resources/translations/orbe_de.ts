@@ -2626,10 +2626,6 @@
         <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
     </message>
     <message>
-        <source>Place the Cut &amp;Face Down</source>
-        <translation>Schnitt&amp;fläche nach unten legen</translation>
-    </message>
-    <message>
         <source>Cut at Heights...</source>
         <translation>In Höhen schneiden...</translation>
     </message>
