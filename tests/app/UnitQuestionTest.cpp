@@ -61,7 +61,7 @@ TEST_F(UnitQuestionWindow, SmallPartsAreScaledToTheUnitInOneStep)
     EXPECT_EQ(asked, QStringList{QString::fromUtf8("Metres: 50 \u00d7 40 \u00d7 90 mm")});
     EXPECT_FLOAT_EQ(height(), 90);
     EXPECT_EQ(document().undoNames().front(), "Scale");
-    pressUndo();
+    trigger("Std_Undo");
     EXPECT_FLOAT_EQ(height(), 0.09f);
 }
 
