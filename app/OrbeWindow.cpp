@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 
+#include "app/commands/CombineCommands.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/CutFaceCommand.h"
 #include "app/commands/EditCommands.h"
@@ -132,6 +133,7 @@ void OrbeWindow::buildCommands()
     Base::CommandManager& manager = Application::Instance->commandManager();
     registerFileCommands(manager, *m_files);
     registerEditCommands(manager);
+    registerCombineCommands(manager, *m_view);
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);

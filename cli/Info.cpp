@@ -4,9 +4,9 @@
 #include "cli/Numbers.h"
 #include "cli/SourceFiles.h"
 #include "cli/SubCommands.h"
+#include "host/services/PartReview.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
-#include "platform/services/Repair.h"
 
 #include <CLI/CLI.hpp>
 
@@ -45,14 +45,13 @@ constexpr std::array<ErrorKind, 7> errorKinds = {{
     {"misoriented shells", "misorientedShells", &Counts::misorientedShells},
 }};
 
-Counts countErrors(SourcePart const& part)
+/// Takes the part's geometry.
+PartReview review(SourcePart& part)
 {
     Base::SequencerLauncher display(("Checking " + part.file).c_str(), 100, true);
     display.setCancelEnabled(true);
-    Repair::EvaluateErrors errors(part.kernel.get());
-    errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, false, true,
-                    [&](int percent) { display.setProgress(std::uint64_t(percent)); });
-    return errors.counts();
+    return reviewPart(std::move(part.kernel),
+                      [&](int percent) { display.setProgress(std::uint64_t(percent)); });
 }
 
 Report partReport(SourcePart const& part, MeshFacts const& facts, Counts const& counts)
@@ -95,9 +94,8 @@ void printPart(SourcePart const& part, MeshFacts const& facts, Counts const& cou
 std::size_t tellOf(std::string const& file, CommonOptions const& options, Report& parts)
 {
     std::size_t errors = 0;
-    for (SourcePart const& part : readSource(file, options.scale())) {
-        MeshFacts const facts = measureMesh(*part.kernel);
-        Counts const counts = countErrors(part);
+    for (SourcePart& part : readSource(file, options.scale())) {
+        auto const [facts, counts] = review(part);
         errors += counts.total();
         parts.push_back(partReport(part, facts, counts));
         if (options.wantsTable())

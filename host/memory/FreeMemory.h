@@ -6,3 +6,6 @@
 ///
 /// cost  some milliseconds per hundred megabytes; little where nothing was freed
 void giveFreeMemoryBack();
+
+/// The same for records of meshes, which are otherwise kept for the next mesh: where none comes.
+void giveFreeRecordsBack();

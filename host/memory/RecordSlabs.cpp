@@ -167,6 +167,12 @@ Footprint footprint()
     return pool<Record>().footprint();
 }
 
+template <typename Record>
+void giveKeptBack()
+{
+    pool<Record>().giveKeptBack();
+}
+
 using Vertex = UVertex<float>;
 using Triangle = UTriangle<float>;
 template void* allocate<Vertex>();
@@ -181,6 +187,8 @@ template void releaseAll<Vertex>(std::span<Vertex* const>) noexcept;
 template void releaseAll<Triangle>(std::span<Triangle* const>) noexcept;
 template Footprint footprint<Vertex>();
 template Footprint footprint<Triangle>();
+template void giveKeptBack<Vertex>();
+template void giveKeptBack<Triangle>();
 
 }  // namespace RecordSlabs
 

@@ -48,4 +48,8 @@ struct Footprint
 template <typename Record>
 Footprint footprint();
 
+/// Gives what is kept for the next job back to the system.
+template <typename Record>
+void giveKeptBack();
+
 }  // namespace RecordSlabs

@@ -227,6 +227,17 @@ void SlabPool::retire(Slab* slab)
     m_free = slab;
 }
 
+void SlabPool::giveKeptBack()
+{
+    std::lock_guard const lock(m_guard);
+    while (Slab* const slab = m_free) {
+        m_free = slab->next;
+        munmap(slab, slabBytes);
+        keptBytes -= slabBytes;
+        --m_slabsKept;
+    }
+}
+
 Footprint SlabPool::footprint()
 {
     std::lock_guard const lock(m_guard);

@@ -46,6 +46,8 @@ public:
     void giveBackAll(void* const* records, std::size_t count);
 
     Footprint footprint();
+    /// Gives the slabs without records back to the system.
+    void giveKeptBack();
 
 private:
     struct Slab;

@@ -43,18 +43,6 @@ std::vector<UPoint3<float>> pointsOf(UMesh<float> const& mesh, UMatrix4<float> c
     return points;
 }
 
-/// The points as seen from the middle of their box, about which sums lose least.
-std::vector<UVector3<double>> aroundTheMiddle(std::span<UPoint3<float> const> points,
-                                              UBox3<float> const& box)
-{
-    UVector3<double> const middle = middleOf(box);
-    std::vector<UVector3<double>> moved;
-    moved.reserve(points.size());
-    for (UPoint3<float> const& p : points)
-        moved.push_back(UVector3<double>(p.X(), p.Y(), p.Z()) - middle);
-    return moved;
-}
-
 Corners cornersOf(UMesh<float> const& mesh)
 {
     RecordIndex<UVertex<float>> const place{mesh.vertices};
@@ -65,15 +53,20 @@ Corners cornersOf(UMesh<float> const& mesh)
     return corners;
 }
 
-/// Volume with cones to the box's middle, and area. Returns the sum of the triangles' normals, each
-/// of twice the triangle's area; zero for a closed mesh.
-UVector3<double> sumVolumeAndArea(std::span<UVector3<double> const> points, Corners const& corners,
-                                  MeshFacts& facts)
+/// Volume with cones to the box's middle, about which sums lose least, and area. Returns the sum of
+/// the triangles' normals, each of twice the triangle's area; zero for a closed mesh.
+UVector3<double> sumVolumeAndArea(std::span<UPoint3<float> const> points,
+                                  std::span<std::array<Place, 3> const> corners, MeshFacts& facts)
 {
+    UVector3<double> const middle = middleOf(facts.box);
+    auto const at = [&](Place place) {
+        UPoint3<float> const& p = points[place];
+        return UVector3<double>(p.X(), p.Y(), p.Z()) - middle;
+    };
     UVector3<double> normals;
     for (auto const& [i, j, k] : corners) {
-        UVector3<double> const a = points[i];
-        UVector3<double> const normal = (points[j] - a) * (points[k] - a);
+        UVector3<double> const a = at(i);
+        UVector3<double> const normal = (at(j) - a) * (at(k) - a);
         facts.area += normal.GetLength() / 2;
         facts.volume += (a | normal) / 6;
         normals += normal;
@@ -106,7 +99,8 @@ bool keepsItsCorners(std::array<Place, 3> const& corners)
 }
 
 /// Points at the same place become the first of them.
-Corners joinedCorners(Corners const& corners, std::span<UPoint3<float> const> points)
+Corners joinedCorners(std::span<std::array<Place, 3> const> corners,
+                      std::span<UPoint3<float> const> points)
 {
     std::vector<Place> const places = joinedPlaces(points);
     Corners joined;
@@ -146,20 +140,24 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
 
 }  // namespace
 
-MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement)
+MeshFacts measureMesh(std::span<UPoint3<float> const> points,
+                      std::span<std::array<Place, 3> const> triangles)
 {
     MeshFacts facts;
-    facts.triangles = mesh.triangles.size();
-    facts.vertices = mesh.vertices.size();
-    std::vector<UPoint3<float>> const points = pointsOf(mesh, placement);
+    facts.triangles = triangles.size();
+    facts.vertices = points.size();
     for (UPoint3<float> const& p : points)
         facts.box.Add(p);
-    Corners const corners = cornersOf(mesh);
-    UVector3<double> const normals =
-        sumVolumeAndArea(aroundTheMiddle(points, facts.box), corners, facts);
-    joinShells(joinedCorners(corners, points), points.size(), facts);
+    UVector3<double> const normals = sumVolumeAndArea(points, triangles, facts);
+    joinShells(joinedCorners(triangles, points), points.size(), facts);
     if (!facts.closed)
         facts.volume += (middleOf(facts.box) | normals) / 6;
+    return facts;
+}
+
+MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement)
+{
+    MeshFacts facts = measureMesh(pointsOf(mesh, placement), cornersOf(mesh));
     // A reflection turns every triangle round, the solid stays where its inside was.
     if (placement.linearDeterminant() < 0)
         facts.volume = -facts.volume;

@@ -3,7 +3,10 @@
 
 #include "platform/mesh/MeshKernel.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 
 /// What can be said of a mesh as a solid, in world millimetres, the kernel's matrix applied.
 struct MeshFacts
@@ -40,3 +43,8 @@ struct MeshFacts
 MeshFacts measureMesh(MeshKernel const& kernel);
 /// The same for a mesh under a placement of the caller's.
 MeshFacts measureMesh(UMesh<float> const& mesh, UMatrix4<float> const& placement);
+/// The same for packed arrays, in world coordinates.
+///
+/// triangles  places of corners in `points`, counter-clockwise from outside
+MeshFacts measureMesh(std::span<UPoint3<float> const> points,
+                      std::span<std::array<std::uint32_t, 3> const> triangles);

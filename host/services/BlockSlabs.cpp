@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/BlockSlabs.h"
 
+#include "host/services/SpatialOrder.h"
+
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 
@@ -11,8 +13,6 @@
 
 namespace {
 
-/// Blocks shorter than this part of the whole overlap few others.
-constexpr double shareOfLong = 1.0 / 128;
 /// A slab that is not that much thinner than the box tells no more than the box does.
 constexpr double shareOfThin = 1.0 / 8;
 
@@ -30,6 +30,16 @@ std::array<double, 3> sortedExtents(TriangleTree::Box const& box)
     return extents;
 }
 
+/// Along any axis. Places that are left over have no length.
+float longestTriangle(TriangleTree::Block const& block)
+{
+    float longest = 0;
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        for (std::size_t place = 0; place < TriangleTree::blockSize; ++place)
+            longest = std::max(longest, block.high[axis][place] - block.low[axis][place]);
+    return longest;
+}
+
 }  // namespace
 
 BlockSlabs::BlockSlabs(MeshArrays const& mesh, TriangleTree const& tree)
@@ -43,10 +53,12 @@ BlockSlabs::BlockSlabs(MeshArrays const& mesh, TriangleTree const& tree)
                             std::abs(double(tree.levels().back()[0].high[axis]))});
     // Far above what rounding makes of a sum of three products of doubles.
     m_margin = largest * 0x1p-45;
+    double const longSize = shareOfLong * sortedExtents(tree.levels().back()[0])[2];
     using Range = tbb::blocked_range<std::size_t>;
     tbb::parallel_for(Range(0, m_slabs.size(), 256), [&](Range const& range) {
         for (std::size_t block = range.begin(); block != range.end(); ++block)
-            m_slabs[block] = slabOf(std::uint32_t(block));
+            if (longestTriangle(tree.blocks()[block]) > longSize)
+                m_slabs[block] = slabOf(std::uint32_t(block));
     });
 }
 
@@ -65,8 +77,6 @@ BlockSlabs::Slab BlockSlabs::slabOf(std::uint32_t block) const
 {
     Slab slab;
     std::array<double, 3> const extents = sortedExtents(m_tree.levels()[0][block]);
-    if (extents[2] < shareOfLong * sortedExtents(m_tree.levels().back()[0])[2])
-        return slab;
     // Across the longest edge, within the plane of its triangle.
     TriangleTree::Block const& triangles = m_tree.blocks()[block];
     Vector along, normal;

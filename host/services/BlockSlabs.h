@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <vector>
 
-/// Slabs around the blocks of a tree of triangles, each across the long triangles of its block. A
-/// box around slivers that lie aslant side by side overlaps the boxes of most others, but the slab
-/// is as thin as they are: fans, and the faces of cuts through thin walls, are told apart by it.
+/// Slabs around those blocks of a tree that have long triangles, each across these. A box around
+/// slivers that lie aslant side by side overlaps the boxes of most others, but the slab is as thin
+/// as they are: fans, and the faces of cuts through thin walls, are told apart by it.
 class BlockSlabs
 {
 public:

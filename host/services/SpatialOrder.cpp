@@ -15,9 +15,6 @@ constexpr int bitsPerAxis = 10;
 constexpr int bitsPerPass = 10;
 /// Above the bits of the cell.
 constexpr std::uint32_t longBit = 1u << (3 * bitsPerAxis);
-/// Triangles longer than this part of the whole are put together: among short ones they would make
-/// the boxes of their neighbours as long as they are.
-constexpr double shareOfLong = 1.0 / 64;
 
 /// Spreads ten bits so that each is followed by two zeros.
 std::uint32_t spread(std::uint32_t bits)

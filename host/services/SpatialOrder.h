@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <vector>
 
+/// Triangles longer than this part of the whole are long: among short ones they would make the boxes
+/// of their neighbours as long as they are.
+inline constexpr double shareOfLong = 1.0 / 64;
+
 /// The triangles that are not left out, ordered so that neighbours in the list lie close together:
 /// along a space-filling curve through the centres of their boxes (G. M. Morton, 1966); where that
 /// leaves a tie, by index. Long triangles come after all others, in the same order among themselves.

@@ -294,6 +294,17 @@
     </message>
 </context>
 <context>
+    <name>CombinationDialog</name>
+    <message>
+        <source>Keep the other parts</source>
+        <translation>Die anderen Bauteile behalten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>ConnectorPreset</name>
     <message>
         <source>&quot;%1&quot; must be one of: %2.</source>
@@ -2477,6 +2488,70 @@
         <source>Turn each selected piece until the face that the cut made lies on the plate.</source>
         <translation>Jedes ausgewählte Stück drehen, bis die Fläche, die der Schnitt gemacht hat, auf der Platte liegt.</translation>
     </message>
+    <message>
+        <source>Select a single part first.</source>
+        <translation>Wählen Sie zuerst ein einzelnes Bauteil aus.</translation>
+    </message>
+    <message>
+        <source>Select two parts or more first.</source>
+        <translation>Wählen Sie zuerst mindestens zwei Bauteile aus.</translation>
+    </message>
+    <message>
+        <source>Duplicate in a Ro&amp;w...</source>
+        <translation>&amp;In einer Reihe duplizieren...</translation>
+    </message>
+    <message>
+        <source>Put copies of the selected parts in a row beside them.</source>
+        <translation>Kopien der ausgewählten Bauteile in einer Reihe daneben stellen.</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>&amp;Vereinigen</translation>
+    </message>
+    <message>
+        <source>Make one solid of the selected parts, without walls inside.</source>
+        <translation>Aus den ausgewählten Bauteilen einen Körper machen, ohne Wände im Inneren.</translation>
+    </message>
+    <message>
+        <source>Take A&amp;way...</source>
+        <translation>Abz&amp;iehen...</translation>
+    </message>
+    <message>
+        <source>Take the other selected parts away from one of them.</source>
+        <translation>Die anderen ausgewählten Bauteile von einem davon abziehen.</translation>
+    </message>
+    <message>
+        <source>&amp;Intersect</source>
+        <translation>&amp;Schnittmenge</translation>
+    </message>
+    <message>
+        <source>Keep what the selected parts have in common.</source>
+        <translation>Behalten, was die ausgewählten Bauteile gemeinsam haben.</translation>
+    </message>
+    <message>
+        <source>Split &amp;by Parts...</source>
+        <translation>Durch Bau&amp;teile teilen...</translation>
+    </message>
+    <message>
+        <source>Split one of the selected parts into what lies within the others and the rest.</source>
+        <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
+    </message>
+    <message>
+        <source>Split into S&amp;hells</source>
+        <translation>In S&amp;chalen teilen</translation>
+    </message>
+    <message>
+        <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
+        <translation>Aus jedem zusammenhängenden Stück des ausgewählten Bauteils ein Bauteil machen; Hohlräume bleiben bei ihrem Stück.</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>Z&amp;usammenfassen</translation>
+    </message>
+    <message>
+        <source>Put the selected parts into one as they are, walls inside included.</source>
+        <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2519,6 +2594,30 @@
     <message>
         <source>Repairing parts</source>
         <translation>Bauteile reparieren</translation>
+    </message>
+    <message>
+        <source>Joining parts</source>
+        <translation>Bauteile vereinigen</translation>
+    </message>
+    <message>
+        <source>Taking parts away</source>
+        <translation>Bauteile abziehen</translation>
+    </message>
+    <message>
+        <source>Intersecting parts</source>
+        <translation>Schnittmenge bilden</translation>
+    </message>
+    <message>
+        <source>Splitting a part</source>
+        <translation>Bauteil teilen</translation>
+    </message>
+    <message>
+        <source>Splitting into shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
+        <source>Merging parts</source>
+        <translation>Bauteile zusammenfassen</translation>
     </message>
 </context>
 <context>
@@ -2832,6 +2931,76 @@
     <message>
         <source>There is not enough memory; close other programs, or take fewer parts.</source>
         <translation>Der Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>
+    </message>
+</context>
+<context>
+    <name>PartCombination</name>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>PartCombiner</name>
+    <message>
+        <source>Attention</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Split by Parts</source>
+        <translation>Durch Bauteile teilen</translation>
+    </message>
+    <message>
+        <source>Take Away</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Take away from</source>
+        <translation>Abziehen von</translation>
+    </message>
+    <message>
+        <source>The operation was cancelled; the parts are as they were.</source>
+        <translation>Der Vorgang wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>The selected parts have nothing in common; they stay as they are.</source>
+        <translation>Die ausgewählten Bauteile haben nichts gemeinsam; sie bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>%1 lies within the other parts: nothing would be left of it. It stays as it is.</source>
+        <translation>%1 liegt in den anderen Bauteilen: Es bliebe nichts davon übrig. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>%1 is one piece; there is nothing to split.</source>
+        <translation>%1 ist ein einziges Stück; es gibt nichts zu teilen.</translation>
+    </message>
+    <message>
+        <source>%1 consists of %2 pieces, too many for parts of their own. It stays as it is.</source>
+        <translation>%1 besteht aus %2 Stücken, zu vielen für eigene Bauteile. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>Show in View</source>
+        <translation>In der Ansicht zeigen</translation>
+    </message>
+    <message>
+        <source>Repair and Try Again</source>
+        <translation>Reparieren und erneut versuchen</translation>
+    </message>
+    <message>
+        <source>The parts could not be combined; they stay as they are.</source>
+        <translation>Die Bauteile konnten nicht verbunden werden; sie bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>%1 is open somewhere. Check shows where, and Repair may close it.</source>
+        <translation>%1 ist irgendwo offen. Prüfen zeigt wo, und Reparieren kann es vielleicht schließen.</translation>
     </message>
 </context>
 <context>
@@ -3388,6 +3557,37 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>RowDialog</name>
+    <message>
+        <source>Duplicate in a Row</source>
+        <translation>In einer Reihe duplizieren</translation>
+    </message>
+    <message>
+        <source>Between one and the next; below zero they overlap.</source>
+        <translation>Zwischen einem und dem nächsten; unter null überlappen sie sich.</translation>
+    </message>
+    <message>
+        <source>Copies</source>
+        <translation>Kopien</translation>
+    </message>
+    <message>
+        <source>Along</source>
+        <translation>Entlang</translation>
+    </message>
+    <message>
+        <source>Gap</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -3949,6 +4149,34 @@
         <source>Lay Flat</source>
         <translation>Flach hinlegen</translation>
     </message>
+    <message>
+        <source>Join</source>
+        <translation>Vereinigen</translation>
+    </message>
+    <message>
+        <source>Take Away</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Intersect</source>
+        <translation>Schnittmenge</translation>
+    </message>
+    <message>
+        <source>Split by Parts</source>
+        <translation>Durch Bauteile teilen</translation>
+    </message>
+    <message>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Zusammenfassen</translation>
+    </message>
+    <message>
+        <source>Duplicate in a Row</source>
+        <translation>In einer Reihe duplizieren</translation>
+    </message>
 </context>
 <context>
     <name>WindowFileQuestions</name>
@@ -4080,6 +4308,10 @@
     <message>
         <source>Cut</source>
         <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>#Combine and split</source>
+        <translation>#Verbinden und teilen</translation>
     </message>
 </context>
 <context>

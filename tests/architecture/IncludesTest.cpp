@@ -62,7 +62,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
 
     {"cli",
      {"drawings", "display", "cutjobs", "connectors", "tools", "host/formats", "host/jobs",
-      "host/mesh"}},
+      "host/mesh", "host/services"}},
 
     {"app",
      {"app/commands", "app/files", "app/jobs", "app/modules", "app/recovery", "app/view",

@@ -161,4 +161,20 @@ TEST(Records, MemoryOfAFreedMeshIsKeptForTheNextOne)
     auto const again = RecordSlabs::footprint<Triangle>();
     EXPECT_LE(again.inUse + again.kept, kept.inUse + kept.kept);
 }
+
+TEST(Records, WhatIsKeptCanBeGivenBack)
+{
+    auto mesh = std::make_unique<UMesh<float>>();
+    for (int i = 0; i < 300000; ++i)
+        mesh->AddTriangle(new Triangle);
+    mesh.reset();
+    auto const before = RecordSlabs::footprint<Triangle>();
+    EXPECT_GT(before.kept, 0u);
+    RecordSlabs::giveKeptBack<Triangle>();
+    auto const after = RecordSlabs::footprint<Triangle>();
+    EXPECT_EQ(after.kept, 0u);
+    EXPECT_EQ(after.inUse, before.inUse);
+    // And records can be had again.
+    delete new Triangle;
+}
 #endif

@@ -171,6 +171,22 @@ TEST(FaceTriangulation, SegmentsThatCrossAreTold)
     expectFaultsAreTrue(face);
 }
 
+TEST(FaceTriangulation, AllSegmentsInTheWayOfOneAreTold)
+{
+    std::vector<WholeTriangle> walls;
+    for (int x = 1; x <= 40; ++x)
+        walls.push_back(wall(x, 1, x, 9));
+    for (bool const isAcrossFirst : {false, true}) {
+        std::vector<WholeTriangle> all = walls;
+        all.insert(isAcrossFirst ? all.begin() : all.end(), wall(0, 4, 41, 5));
+        DividedFace face({WholePoint{{-1, 0, 0}}, WholePoint{{100, 0, 0}}, WholePoint{{0, 100, 0}}},
+                         all);
+        ASSERT_TRUE(face.divide());
+        EXPECT_EQ(face.faults.crossings.size(), 40u);
+        expectFaultsAreTrue(face);
+    }
+}
+
 TEST(FaceTriangulation, PointOnASegmentIsTold)
 {
     DividedFace face(plainFace, {wall(1, 1, 3, 3), wall(2, 2, 3, 1)});

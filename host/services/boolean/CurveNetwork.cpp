@@ -8,6 +8,7 @@
 #include <tbb/parallel_sort.h>
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 
 namespace {
@@ -420,28 +421,57 @@ private:
     std::vector<Entry> m_entries;
 };
 
-/// Breaks segments where points lie on them and where they cross.
+/// Breaks segments where points lie on them and where they cross, each at all its points at once: one
+/// segment may be crossed by hundreds.
 void CurveNetwork::mend(FaceFaults const& faults, StageProgress& progress)
 {
     SegmentIndex index(m_segments, progress);
     Polling polling(progress);
-    for (FaceFaults::Break const& fault : faults.breaks) {
-        polling.step();
-        breakSegment(fault.segment, fault.point, index);
-    }
-    progress.add(0);
-    unsigned steps = 0;
+    std::vector<SegmentPoint> points;
+    for (FaceFaults::Break const& fault : faults.breaks)
+        points.emplace_back(fault.segment, fault.point);
     for (FaceFaults::Crossing const& fault : faults.crossings) {
-        if (++steps % 256 == 0)
-            progress.add(0);
-        std::uint32_t const a = partnerOf(fault.triangle, fault.first, index);
-        std::uint32_t const b = partnerOf(fault.triangle, fault.second, index);
-        if (a == none || b == none)
-            continue;  // broken already, so that the next round finds what is left
-        std::uint32_t const point = m_points.addCrossing({fault.triangle, a, b});
-        breakSegment(fault.first, point, index);
-        breakSegment(fault.second, point, index);
+        polling.step();
+        std::uint32_t const point =
+            m_points.addCrossing({fault.triangle, partnerOf(fault.triangle, fault.first, index),
+                                  partnerOf(fault.triangle, fault.second, index)});
+        points.emplace_back(fault.first, point);
+        points.emplace_back(fault.second, point);
     }
+    sortUniquely(points, progress);
+    for (auto begin = points.begin(); begin != points.end();) {
+        auto const end = std::find_if(
+            begin, points.end(), [&](SegmentPoint const& p) { return p.first != begin->first; });
+        sortAlong(begin->first, {begin, end});
+        FaceSegment rest = begin->first;
+        for (; begin != end; ++begin) {
+            polling.step();
+            breakSegment(rest, begin->second, index);
+            rest = undirected(begin->second, begin->first.to);
+        }
+    }
+}
+
+/// Puts points of a segment in their order from its first end to its second.
+void CurveNetwork::sortAlong(FaceSegment const& segment, std::span<SegmentPoint> points) const
+{
+    if (points.size() < 2)
+        return;
+    auto const from = m_points.estimate(segment.from).place,
+               to = m_points.estimate(segment.to).place;
+    std::array<int, 3> axes{0, 1, 2};
+    std::sort(axes.begin(), axes.end(), [&](int a, int b) {
+        auto const way = [&](int k) { return std::abs(to[std::size_t(k)] - from[std::size_t(k)]); };
+        return way(a) > way(b);
+    });
+    for (int const axis : axes)
+        if (int const direction = compare(segment.from, segment.to, axis); direction != 0) {
+            std::sort(
+                points.begin(), points.end(), [&](SegmentPoint const& p, SegmentPoint const& q) {
+                    return p.second != q.second && compare(p.second, q.second, axis) == direction;
+                });
+            return;
+        }
 }
 
 std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const& segment,
@@ -453,6 +483,7 @@ std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const&
             if (s.triangles[o] == triangle && undirected(s.from, s.to) == segment)
                 return s.triangles[1 - o];
     }
+    assert(false && "a face has only segments that are there");
     return none;
 }
 

@@ -98,6 +98,8 @@ private:
     void append(Facets const& facets);
     void mend(FaceFaults const& faults, StageProgress& progress);
     class SegmentIndex;
+    using SegmentPoint = std::pair<FaceSegment, std::uint32_t>;
+    void sortAlong(FaceSegment const& segment, std::span<SegmentPoint> points) const;
     void breakSegment(FaceSegment const& segment, std::uint32_t point, SegmentIndex& index);
     std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment,
                             SegmentIndex const& index) const;

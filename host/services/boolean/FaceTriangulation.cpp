@@ -289,18 +289,20 @@ int FaceTriangulation::addStretch(int from, int to, int segment, Face const& fac
     return none;
 }
 
-/// Collects the edges that a segment crosses, up to its end or to a point on it.
+/// Collects the edges that a segment crosses, up to its end or to a point on it. Returns false where
+/// segments are among them, all of which are told.
 bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, Face const& face,
                                      FaceFaults& faults)
 {
     m_crossed.clear();
+    bool isFree = true;
     while (goesOn()) {
         Facet const& f = m_mesh.facet(edge.facet);
         int const inTheWay = f.segments[std::size_t(edge.index)];
         if (inTheWay != none) {
             faults.crossings.push_back({face.triangle, face.segments[std::size_t(segment)],
                                         face.segments[std::size_t(inTheWay)]});
-            return false;
+            isFree = false;
         }
         int const p = f.corners[std::size_t(edge.index)];
         int const q = f.corners[std::size_t(next(edge.index))];
@@ -310,11 +312,11 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
             return false;
         int const apex = m_mesh.facet(across.facet).corners[std::size_t(previous(across.index))];
         if (apex == to)
-            return true;
+            return isFree;
         int const side = orient(from, to, apex);
         if (side == 0) {
             to = apex;
-            return true;
+            return isFree;
         }
         // The facet across runs from q to p; the segment leaves it between the apex and the one of
         // them on the other side.
