@@ -2,6 +2,7 @@
 #include "app/panels/PartInformation.h"
 
 #include "app/panels/CheckReport.h"
+#include "app/panels/FlawList.h"
 #include "app/panels/MeasureText.h"
 #include "app/panels/PanelIcon.h"
 #include "app/parts/EditStep.h"
@@ -79,6 +80,7 @@ void PartInformation::build()
     m_report = new QPlainTextEdit(this);
     m_report->setReadOnly(true);
     m_report->setVisible(false);
+    m_flaws = new FlawList(this);
 
     auto* const layout = new MellVBoxLayout(this);
     int const margin = themePixels("dialogWidegtMargin");
@@ -91,6 +93,7 @@ void PartInformation::build()
     layout->addWidget(m_hint);
     layout->addWidget(m_facts);
     layout->addWidget(m_report, 1);
+    layout->addWidget(m_flaws, 2);
     layout->addStretch();
 }
 
@@ -232,6 +235,7 @@ void PartInformation::finish(PartCheck::Kind kind, PartCheck::Outcome outcome,
         if (finding.mended)
             remember(*finding.mended, finding.after);
     }
+    m_flaws->take(findings);
     showReport(isRepair ? CheckReport::ofRepair(findings) : CheckReport::ofCheck(findings));
     refresh();
 }

@@ -9,6 +9,7 @@
 #include <map>
 
 class DocumentFollower;
+class FlawList;
 class MeshSurvey;
 class PushButtonAnimate;
 class QLabel;
@@ -83,5 +84,6 @@ private:
     PushButtonAnimate* m_check;
     PushButtonAnimate* m_repair;
     QPlainTextEdit* m_report;
+    FlawList* m_flaws;
     PartCheck m_job;
 };

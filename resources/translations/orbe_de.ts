@@ -1581,6 +1581,17 @@
     </message>
 </context>
 <context>
+    <name>FlawList</name>
+    <message>
+        <source>Places of errors: %1. Choose one to see it.</source>
+        <translation>Fehlerstellen: %1. Wählen Sie eine aus, um sie zu sehen.</translation>
+    </message>
+    <message>
+        <source>Places of errors</source>
+        <translation>Fehlerstellen</translation>
+    </message>
+</context>
+<context>
     <name>Formats</name>
     <message>
         <source>PLY, binary</source>
