@@ -53,6 +53,7 @@ std::vector<Menu> const& menus()
           "-",
           "Std_DropToPlate",
           "Std_CentreOnPlate",
+          "Std_Arrange",
           "Std_CutFaceDown",
           "Std_LayFlat",
           "Std_FaceDown",
