@@ -2644,8 +2644,8 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
-        <source>Split into S&amp;hells</source>
-        <translation>In S&amp;chalen teilen</translation>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
     </message>
     <message>
         <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
