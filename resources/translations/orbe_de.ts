@@ -3283,6 +3283,10 @@
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
     </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
+    </message>
 </context>
 <context>
     <name>PartMenu</name>
@@ -3727,6 +3731,10 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
     </message>
 </context>
 <context>
@@ -4200,6 +4208,10 @@
     <message>
         <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
         <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>1 part, 1 triangle</source>
+        <translation>1 Bauteil, 1 Dreieck</translation>
     </message>
 </context>
 <context>
