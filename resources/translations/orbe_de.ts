@@ -2001,6 +2001,13 @@
     </message>
 </context>
 <context>
+    <name>HandlesTool</name>
+    <message>
+        <source>Let go of the handle first.</source>
+        <translation>Lassen Sie zuerst den Griff los.</translation>
+    </message>
+</context>
+<context>
     <name>HeightSlider</name>
     <message>
         <source>The height at which a horizontal cut is made.</source>
@@ -2548,7 +2555,7 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
-        <source>Split into S&amp;hells</source>
+        <source>Split into Sh&amp;ells</source>
         <translation>In S&amp;chalen teilen</translation>
     </message>
     <message>
@@ -2562,6 +2569,14 @@
     <message>
         <source>Put the selected parts into one as they are, walls inside included.</source>
         <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve and Turn by Handles</source>
+        <translation>Mit Griffen be&amp;wegen und drehen</translation>
+    </message>
+    <message>
+        <source>Show arrows and rings by which the mouse moves and turns the selected parts.</source>
+        <translation>Pfeile und Ringe zeigen, an denen die Maus die ausgewählten Bauteile bewegt und dreht.</translation>
     </message>
 </context>
 <context>
@@ -4022,6 +4037,10 @@
     <message>
         <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
         <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps of 1 mm and 15°. Esc ends the tool.</source>
+        <translation>An einem Pfeil ziehen, um die ausgewählten Bauteile zu bewegen, an einem Ring, um sie zu drehen; Umschalt lässt die Schritte von 1 mm und 15° weg. Esc beendet das Werkzeug.</translation>
     </message>
 </context>
 <context>
