@@ -2008,6 +2008,79 @@
     </message>
 </context>
 <context>
+    <name>HeightCut</name>
+    <message>
+        <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
+        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCutDialog</name>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>At these heights</source>
+        <translation>In diesen Höhen</translation>
+    </message>
+    <message>
+        <source>From the bottom, every</source>
+        <translation>Von unten, alle</translation>
+    </message>
+    <message>
+        <source>Numbers with blanks or semicolons between them.</source>
+        <translation>Zahlen mit Leerzeichen oder Strichpunkten dazwischen.</translation>
+    </message>
+    <message>
+        <source>All pieces</source>
+        <translation>Alle Stücke</translation>
+    </message>
+    <message>
+        <source>The uppermost piece alone</source>
+        <translation>Nur das oberste Stück</translation>
+    </message>
+    <message>
+        <source>The lowest piece alone</source>
+        <translation>Nur das unterste Stück</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>&quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>These are too many cuts at once. Take a larger distance.</source>
+        <translation>Das sind zu viele Schnitte auf einmal. Nehmen Sie einen größeren Abstand.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n Höhe geht durch die Bauteile.</numerusform>
+            <numerusform>%n Höhen gehen durch die Bauteile.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HeightSlider</name>
     <message>
         <source>The height at which a horizontal cut is made.</source>
@@ -2555,7 +2628,7 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
-        <source>Split into Sh&amp;ells</source>
+        <source>Split into S&amp;hells</source>
         <translation>In S&amp;chalen teilen</translation>
     </message>
     <message>
@@ -2571,12 +2644,44 @@
         <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
     </message>
     <message>
+        <source>Cut at Heights...</source>
+        <translation>In Höhen schneiden...</translation>
+    </message>
+    <message>
+        <source>Cut the selected parts at several heights at once, and keep all pieces or one.</source>
+        <translation>Die ausgewählten Bauteile in mehreren Höhen auf einmal schneiden und alle Stücke oder eines behalten.</translation>
+    </message>
+    <message>
+        <source>Pieces now: %1.</source>
+        <translation>Stücke jetzt: %1.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message>
+        <source>The cut was cancelled; the parts are as they were.</source>
+        <translation>Der Schnitt wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>Split into Sh&amp;ells</source>
+        <translation>In S&amp;chalen teilen</translation>
+    </message>
+    <message>
         <source>Mo&amp;ve and Turn by Handles</source>
         <translation>Mit Griffen be&amp;wegen und drehen</translation>
     </message>
     <message>
         <source>Show arrows and rings by which the mouse moves and turns the selected parts.</source>
         <translation>Pfeile und Ringe zeigen, an denen die Maus die ausgewählten Bauteile bewegt und dreht.</translation>
+    </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Messen</translation>
+    </message>
+    <message>
+        <source>Tell wall thickness, distance and angle at places of parts that you click.</source>
+        <translation>Wandstärke, Abstand und Winkel an angeklickten Stellen von Bauteilen angeben.</translation>
     </message>
 </context>
 <context>
@@ -2645,6 +2750,10 @@
         <source>Merging parts</source>
         <translation>Bauteile zusammenfassen</translation>
     </message>
+    <message>
+        <source>Cutting at heights</source>
+        <translation>Schneiden in Höhen</translation>
+    </message>
 </context>
 <context>
     <name>JobProgressBar</name>
@@ -2682,6 +2791,33 @@
     <message>
         <source>Clear</source>
         <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureTool</name>
+    <message>
+        <source>Wall thickness: %1</source>
+        <translation>Wandstärke: %1</translation>
+    </message>
+    <message>
+        <source>No wall: open behind it</source>
+        <translation>Keine Wand: dahinter offen</translation>
+    </message>
+    <message>
+        <source>Distance: %1</source>
+        <translation>Abstand: %1</translation>
+    </message>
+    <message>
+        <source>X: %1  Y: %2  Z: %3</source>
+        <translation>X: %1  Y: %2  Z: %3</translation>
+    </message>
+    <message>
+        <source>Angle of the faces: %1</source>
+        <translation>Winkel der Flächen: %1</translation>
+    </message>
+    <message>
+        <source>Distance of the faces: %1</source>
+        <translation>Abstand der Flächen: %1</translation>
     </message>
 </context>
 <context>
@@ -3242,6 +3378,13 @@
     </message>
 </context>
 <context>
+    <name>PartReload</name>
+    <message>
+        <source>%1 is not in %2 any more; the part stays as it was.</source>
+        <translation>%1 ist nicht mehr in %2; das Bauteil bleibt, wie es war.</translation>
+    </message>
+</context>
+<context>
     <name>PartTreeModel</name>
     <message>
         <source>Name</source>
@@ -3583,6 +3726,25 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>ReloadOffer</name>
+    <message>
+        <source>Changed on disk since it was opened: %1</source>
+        <translation>Auf der Festplatte geändert, seit es geöffnet wurde: %1</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Keep as It Is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Read the file again. The parts stay where they are placed; this can be undone.</source>
+        <translation>Die Datei noch einmal lesen. Die Bauteile bleiben, wo sie liegen; das lässt sich rückgängig machen.</translation>
     </message>
 </context>
 <context>
@@ -4042,6 +4204,10 @@
         <source>Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps of 1 mm and 15°. Esc ends the tool.</source>
         <translation>An einem Pfeil ziehen, um die ausgewählten Bauteile zu bewegen, an einem Ring, um sie zu drehen; Umschalt lässt die Schritte von 1 mm und 15° weg. Esc beendet das Werkzeug.</translation>
     </message>
+    <message>
+        <source>Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C copies them. Esc ends the tool.</source>
+        <translation>Für die Wandstärke auf ein Bauteil klicken, dann für Abstand und Winkel auf eine zweite Stelle; Strg+C kopiert sie. Esc beendet das Werkzeug.</translation>
+    </message>
 </context>
 <context>
     <name>ToolFileButton</name>
@@ -4206,6 +4372,56 @@
     <message>
         <source>Duplicate in a Row</source>
         <translation>In einer Reihe duplizieren</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDialog</name>
+    <message>
+        <source>Unit of the File</source>
+        <translation>Einheit der Datei</translation>
+    </message>
+    <message>
+        <source>%1: too small to be meant in millimetres. In which unit are the numbers of the file?</source>
+        <translation>%1: zu klein, um in Millimetern gemeint zu sein. In welcher Einheit sind die Zahlen der Datei?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Millimetres: %1 mm</source>
+        <translation>Millimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Centimetres: %1 mm</source>
+        <translation>Zentimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Inches: %1 mm</source>
+        <translation>Zoll: %1 mm</translation>
+    </message>
+    <message>
+        <source>Metres: %1 mm</source>
+        <translation>Meter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Take This Unit</source>
+        <translation>Diese Einheit nehmen</translation>
+    </message>
+    <message>
+        <source>Leave as It Is</source>
+        <translation>Lassen, wie es ist</translation>
     </message>
 </context>
 <context>
