@@ -2628,10 +2628,6 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
-        <source>Split into S&amp;hells</source>
-        <translation>In S&amp;chalen teilen</translation>
-    </message>
-    <message>
         <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
         <translation>Aus jedem zusammenhängenden Stück des ausgewählten Bauteils ein Bauteil machen; Hohlräume bleiben bei ihrem Stück.</translation>
     </message>
