@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 
+#include "app/commands/ArrangeCommand.h"
 #include "app/commands/CombineCommands.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/CutFaceCommand.h"
@@ -144,6 +145,7 @@ void OrbeWindow::buildCommands()
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);
+    registerArrangeCommand(manager);
     registerCutFaceCommand(manager);
     registerHeightCutCommand(manager);
     registerWindowCommands(manager);

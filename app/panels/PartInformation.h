@@ -31,6 +31,7 @@ public:
         Area,
         Closed,
         Errors,
+        Fit,
         LineCount
     };
 
@@ -66,6 +67,7 @@ private:
     void showReport(QString const& text);
     Parts parts() const;
     QString whyInactive() const;
+    static QString fitOf(std::vector<Mesh::DocumentObject*> const& selected);
 
     /// What is known of a mesh's errors.
     struct Known

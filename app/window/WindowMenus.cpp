@@ -54,6 +54,7 @@ std::vector<Menu> const& menus()
           "Std_Handles",
           "Std_DropToPlate",
           "Std_CentreOnPlate",
+          "Std_Arrange",
           "Std_CutFaceDown",
           "Std_LayFlat",
           "Std_FaceDown",

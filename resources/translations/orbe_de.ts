@@ -1581,6 +1581,29 @@
     </message>
 </context>
 <context>
+    <name>FitText</name>
+    <message>
+        <source>fits</source>
+        <translation>passt</translation>
+    </message>
+    <message>
+        <source>%1 too wide</source>
+        <translation>%1 zu breit</translation>
+    </message>
+    <message>
+        <source>%1 too deep</source>
+        <translation>%1 zu tief</translation>
+    </message>
+    <message>
+        <source>%1 too high</source>
+        <translation>%1 zu hoch</translation>
+    </message>
+    <message>
+        <source>fits, but reaches beyond the plate</source>
+        <translation>passt, ragt aber über die Platte hinaus</translation>
+    </message>
+</context>
+<context>
     <name>FlawList</name>
     <message>
         <source>Places of errors: %1. Choose one to see it.</source>
@@ -2628,6 +2651,10 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
         <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
         <translation>Aus jedem zusammenhängenden Stück des ausgewählten Bauteils ein Bauteil machen; Hohlräume bleiben bei ihrem Stück.</translation>
     </message>
@@ -2660,8 +2687,16 @@
         <translation>Der Schnitt wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
     </message>
     <message>
-        <source>Split into Sh&amp;ells</source>
-        <translation>In S&amp;chalen teilen</translation>
+        <source>Arrange on the Plate</source>
+        <translation>Auf der Platte anordnen</translation>
+    </message>
+    <message>
+        <source>Put the selected parts, or all that are shown, side by side on the plate.</source>
+        <translation>Die ausgewählten Bauteile, oder alle sichtbaren, nebeneinander auf die Platte stellen.</translation>
+    </message>
+    <message>
+        <source>The plate is full: %1 of the parts stand beside it, as on further plates.</source>
+        <translation>Die Platte ist voll: %1 der Bauteile stehen daneben, wie auf weiteren Platten.</translation>
     </message>
     <message>
         <source>Mo&amp;ve and Turn by Handles</source>
@@ -3228,6 +3263,10 @@
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
     </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
 </context>
 <context>
     <name>PartList</name>
@@ -3579,6 +3618,22 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
+    <message>
+        <source>Choose a size...</source>
+        <translation>Größe wählen...</translation>
+    </message>
+    <message>
+        <source>Printers of your own can be added in %1, one in each line: name;width;depth;height</source>
+        <translation>Eigene Drucker lassen sich in %1 hinzufügen, einer in jeder Zeile: Name;Breite;Tiefe;Höhe</translation>
+    </message>
+    <message>
+        <source>Build height</source>
+        <translation>Bauhöhe</translation>
     </message>
 </context>
 <context>
@@ -4337,6 +4392,10 @@
     <message>
         <source>Cut at Heights</source>
         <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
     </message>
 </context>
 <context>
