@@ -2716,7 +2716,7 @@
     </message>
     <message>
         <source>Hide &amp;Others</source>
-        <translation>Andere a&amp;usblenden</translation>
+        <translation>A&amp;ndere ausblenden</translation>
     </message>
     <message>
         <source>Show the selected parts and hide all others.</source>
