@@ -3345,6 +3345,10 @@
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
     </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
+    </message>
 </context>
 <context>
     <name>PartMenu</name>
@@ -3789,6 +3793,10 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
     </message>
 </context>
 <context>
@@ -4270,6 +4278,10 @@
     <message>
         <source>Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C copies them. Esc ends the tool.</source>
         <translation>Für die Wandstärke auf ein Bauteil klicken, dann für Abstand und Winkel auf eine zweite Stelle; Strg+C kopiert sie. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>1 part, 1 triangle</source>
+        <translation>1 Bauteil, 1 Dreieck</translation>
     </message>
 </context>
 <context>
