@@ -86,7 +86,7 @@ Soup pegs(std::uint32_t count)
         float const x = (float(peg % row) + 0.5f) * plateSize / float(row),
                     y = (float(peg / row) + 0.5f) * plateSize / float(row);
         std::uint32_t const first = std::uint32_t(soup.points.size());
-        float const lean = 0.1f * float(peg % 7) - 0.3f;
+        float const lean = 0.03f * float(peg % 7) - 0.09f;
         for (float const z : {-2.0f, 4.0f}) {
             soup.add({x + lean * z, y, z});
             for (std::uint32_t i = 0; i < facets; ++i) {
