@@ -8,7 +8,7 @@
 #include "platform/mesh/PropertyMesh.h"
 #include "platform/services/Repair.h"
 
-#include <exception>
+#include <optional>
 
 namespace {
 
@@ -65,25 +65,31 @@ std::shared_ptr<MeshKernel> mendedCopy(CutPart const& part, Repair::Report& repo
 
 void cutOrMendFirst(CutPart& part, RepairScope scope, std::function<void()> const& job)
 {
-    std::exception_ptr refusal;
+    std::optional<CutError> refusal;
     try {
         return job();
-    } catch (CutError const&) {
+    } catch (CutError const& error) {
+        if (scope != RepairScope::All && error.repairMayHelp())
+            throw CutError(error, "With --repair all the part is repaired before it is cut.");
         if (scope != RepairScope::All)
             throw;
-        refusal = std::current_exception();
+        refusal = error.repairMayHelp()
+                      ? CutError(error,
+                                 "A repair does not mend it without changing the shape: "
+                                 "close the part in a modelling program, or cut elsewhere.")
+                      : error;
     }
     Repair::Report report;
     std::shared_ptr<MeshKernel> const mended = mendedCopy(part, report);
     if (!mended)
-        std::rethrow_exception(refusal);
+        throw *refusal;
     part.pieces.clear();
     part.remarks.clear();
     MeshInstead const instead(*part.object, mended);
     try {
         job();
     } catch (CutError const&) {
-        std::rethrow_exception(refusal);
+        throw *refusal;
     }
     part.repair = std::move(report);
 }

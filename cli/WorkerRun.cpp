@@ -17,7 +17,7 @@ void runWorker(CutWorker& worker, CutPart& part)
     if (isCancelled)
         throw Mell::AbortException("Aborting...");
     if (!isDone)
-        throw CutError(worker.reason(), worker.getErrorMessage());
+        throw CutError(worker.failure(), worker.getErrorMessage());
     CutRemarks const& remarks = worker.remarks();
     part.remarks.insert(part.remarks.end(), remarks.begin(), remarks.end());
 }

@@ -50,7 +50,7 @@ void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairSc
     if (outcome.code < 0)
         throw Mell::AbortException("Aborting...");
     if (outcome.code == 0)
-        throw CutError(cut.reason(), outcome.message);
+        throw CutError(cut.failure(), outcome.message);
     part.remarks = cut.remarks();
     for (auto const& [source, pieces] : cut.newParts()) {
         std::vector<Repair::Report> const& repairs = cut.repairReports().at(source);

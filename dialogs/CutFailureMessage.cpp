@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/CutFailureMessage.h"
 
-#include "display/PlaceMark.h"
 #include "messages/Attention.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/view/PlaceMark.h"
 
 #include <QCoreApplication>
 
@@ -41,7 +41,7 @@ WayOut tellCutFailure(QString const& message, CutFailure const& failure, Base::G
     }
     int const chosen = warnFailure(message, reasonWithPart(failure), waysOut);
     if (chosen == show)
-        PlaceMark::show(*view, *failure.place, failure.part);
+        Base::PlaceMark::show(*view, *failure.place, failure.part);
     return chosen == repair ? WayOut::RepairAndCutAgain : WayOut::None;
 }
 

@@ -2,6 +2,7 @@
 #include "dialogs/CutForecast.h"
 
 #include "cutjobs/common/PartMesh.h"
+#include "dialogs/ToolProblem.h"
 #include "display/VolumeViewProvider.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/DisplayUnit.h"
@@ -128,6 +129,9 @@ CutForecast::Request CutForecast::requestOf(Scene const& scene)
 void CutForecast::ask()
 {
     Scene const scene = m_scene ? m_scene() : Scene();
+    // Refreshed once they are there.
+    if (scene.tool && !hasDerivedOutlines(*scene.tool))
+        return;
     Request request = requestOf(scene);
     bool const hasSolid = !request.fit.solids.inner.empty() || !request.fit.solids.outer.empty();
     if (request.cut.parts.empty() || !hasSolid) {

@@ -10,6 +10,7 @@
 #include "dialogs/ToolButton.h"
 #include "dialogs/ToolProblem.h"
 #include "dialogs/UndoKeys.h"
+#include "display/VolumeViewProvider.h"
 #include "messages/Attention.h"
 #include "platform/document/Document.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -205,6 +206,7 @@ void DialogPolygoncut::setObject(VolumeGraphicObject* tool)
         object->signalChanged.connect(this, &DialogPolygoncut::updateGUI);
         object->signalRestored.connect(this, &DialogPolygoncut::showRestored);
     }
+    followOutlines();
     updateModelData();
     updateGUI();
 }
@@ -314,11 +316,34 @@ void DialogPolygoncut::updateGUI()
     ui.startPreview->setEnabled(isReady);
     ui.stopPreview->setEnabled(false);
     ui.ok->setEnabled(isReady && !page().holdsCut());
-    ui.showProblem(problem());
-    ui.forecast->refresh();
+    showFindings();
     m_movedPoint->show(shownPoint());
     if (m_coordinates)
         m_coordinates->refresh();
+}
+
+void DialogPolygoncut::showFindings()
+{
+    // What was found last stays until the outlines are there.
+    if (VolumeGraphicObject* const tool = toolOfPage(); !tool || hasDerivedOutlines(*tool))
+        ui.showProblem(problem());
+    ui.forecast->refresh();
+}
+
+void DialogPolygoncut::followOutlines()
+{
+    disconnect(m_outlinesDerived);
+    auto const* const provider =
+        object ? dynamic_cast<VolumeViewProvider const*>(object->getViewProvider()) : nullptr;
+    if (!provider)
+        return;
+    m_outlinesDerived = connect(
+        &provider->background(), &NewestWork::ready, this,
+        [this] {
+            if (!m_preview.isOn())
+                showFindings();
+        },
+        Qt::QueuedConnection);
 }
 
 CutForecast::Scene DialogPolygoncut::forecastScene() const

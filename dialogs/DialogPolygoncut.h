@@ -122,11 +122,16 @@ private:
     std::optional<UPoint3<float>> shownPoint() const;
     /// Why the tool of the page cannot cut; empty if it can, or if there is none yet.
     QString problem() const;
+    /// What is wrong with the tool, and what a cut would do.
+    void showFindings();
+    /// Shows them anew whenever long outlines have been derived.
+    void followOutlines();
     void execute();
 
     PolygonCutWidgets ui;
     VolumeGraphicObject* object = nullptr;
     QPointer<Base::GLView> m_filtered;
+    QMetaObject::Connection m_outlinesDerived;
     DialogCoordinateUI* m_coordinates = nullptr;
     ToolPreview m_preview;
     int m_viewIndex = -1;

@@ -40,11 +40,22 @@ bool enclosesNothing(Ring const& loop)
     return area.GetLength() / 2 <= thinnest * girth * girth;
 }
 
+VolumeViewProvider const* providerOf(VolumeGraphicObject const& tool)
+{
+    return dynamic_cast<VolumeViewProvider const*>(tool.getViewProvider());
+}
+
 }  // namespace
+
+bool hasDerivedOutlines(VolumeGraphicObject const& tool)
+{
+    auto const* const provider = providerOf(tool);
+    return !provider || !provider->background().isBusy();
+}
 
 QString problemOfTool(VolumeGraphicObject const& tool)
 {
-    auto const* const provider = dynamic_cast<VolumeViewProvider const*>(tool.getViewProvider());
+    auto const* const provider = providerOf(tool);
     if (!provider || !provider->getOutline())
         return {};
     ToolOutlines const& outlines = provider->getOutline()->outlines();

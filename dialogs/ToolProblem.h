@@ -11,4 +11,7 @@ class VolumeGraphicObject;
 /// can, or if no view has derived its outlines.
 QString problemOfTool(VolumeGraphicObject const& tool);
 
+/// False while outlines are still derived in the background, for which problemOfTool() waits.
+bool hasDerivedOutlines(VolumeGraphicObject const& tool);
+
 }  // namespace Freecut

@@ -34,12 +34,12 @@ CuboidGraphicObject* CuboidViewProvider::tool() const
 
 LinePicture CuboidViewProvider::linePicture() const
 {
-    return pictureOfCuboid(outlines(), tool()->getProperty().getRoundCorners());
+    return pictureOfCuboid(shownOutlines(), tool()->getProperty().getRoundCorners());
 }
 
 std::vector<LineRun> CuboidViewProvider::faces33() const
 {
-    return facesOfCuboid33(outlines());
+    return facesOfCuboid33(shownOutlines());
 }
 
 std::vector<LabelledPoint> CuboidViewProvider::labels() const

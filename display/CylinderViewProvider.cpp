@@ -40,7 +40,7 @@ CylinderGraphicObject* CylinderViewProvider::tool() const
 
 LinePicture CylinderViewProvider::linePicture() const
 {
-    return pictureOfCylinder(outlines());
+    return pictureOfCylinder(shownOutlines());
 }
 
 std::vector<LabelledPoint> CylinderViewProvider::labels() const

@@ -96,7 +96,8 @@ std::unique_ptr<VolumeOutline> PolygonViewProvider::makeOutline() const
 LinePicture PolygonViewProvider::linePicture() const
 {
     PolygonProperty const& record = tool()->getProperty();
-    return pictureOfPolygon(outlines(), record.getRoundCorners(), record.getKeyPoints().size());
+    return pictureOfPolygon(shownOutlines(), record.getRoundCorners(),
+                            record.getKeyPoints().size());
 }
 
 std::vector<LabelledPoint> PolygonViewProvider::labels() const

@@ -12,7 +12,13 @@
 
 namespace Freecut {
 
-VolumeViewProvider::VolumeViewProvider() = default;
+VolumeViewProvider::VolumeViewProvider()
+{
+    QObject::connect(&m_background, &NewestWork::ready, &m_background, [this] {
+        if (m_view)
+            m_view->redraw();
+    });
+}
 
 VolumeViewProvider::~VolumeViewProvider()
 {
@@ -70,12 +76,36 @@ void VolumeViewProvider::updateGeometry()
         return;
     if (!outline)
         outline = makeOutline();
-    if (outline)
-        outline->update(*view->getCamera(), viewChanged, g_OPENGL_3_3);
+    if (!outline || deriveInBackground())
+        return;
+    m_background.drop();
+    outline->update(*view->getCamera(), viewChanged, g_OPENGL_3_3);
+}
+
+bool VolumeViewProvider::deriveInBackground()
+{
+    // A turned camera takes the tool along in the same picture, and a preview shows its solid.
+    if (viewChanged || outline->record().getPreviewOn() || !getGLViewer()->isVisible())
+        return false;
+    VolumeOutline::Derivation const derivation = outline->derivation(*getGLViewer()->getCamera());
+    if (!derivation)
+        return false;
+    m_background.ask([this, derivation](NewestWork::Poll const& poll) {
+        auto const derived = std::make_shared<ToolOutlines>(derivation(poll));
+        return [this, derived] { outline->take(std::move(*derived)); };
+    });
+    return true;
+}
+
+VolumeOutline const* VolumeViewProvider::getOutline() const
+{
+    m_background.finish();
+    return outline.get();
 }
 
 void VolumeViewProvider::buildSolidBuffers()
 {
+    m_background.finish();
     if (outline)
         outline->buildSolidBuffers(g_OPENGL_3_3);
 }
@@ -92,7 +122,7 @@ LinePicture VolumeViewProvider::linePicture() const
 
 std::vector<LineRun> VolumeViewProvider::faces33() const
 {
-    return facesOfPrisms33(outlines());
+    return facesOfPrisms33(shownOutlines());
 }
 
 std::vector<LabelledPoint> VolumeViewProvider::labels() const
@@ -110,7 +140,7 @@ VolumeProperty* VolumeViewProvider::volumeRecord() const
     return m_object ? &static_cast<VolumeGraphicObject*>(m_object)->getVolumeProperty() : nullptr;
 }
 
-ToolOutlines const& VolumeViewProvider::outlines() const
+ToolOutlines const& VolumeViewProvider::shownOutlines() const
 {
     static ToolOutlines const none;
     return outline ? outline->outlines() : none;
@@ -179,8 +209,9 @@ LinePicture VolumeViewProvider::wholePicture() const
     LinePicture picture = linePicture();
     VolumeProperty const& record = *volumeRecord();
     if (record.getPreviewOn())
-        picture.push_back(passOfFaces(outlines(), record.getFillAlpha(),
-                                      g_OPENGL_3_3 ? faces33() : facesAsTriangles(outlines())));
+        picture.push_back(
+            passOfFaces(shownOutlines(), record.getFillAlpha(),
+                        g_OPENGL_3_3 ? faces33() : facesAsTriangles(shownOutlines())));
     return picture;
 }
 

@@ -3,6 +3,7 @@
 
 #include "display/CameraWatch.h"
 #include "display/GraphicViewProvider.h"
+#include "display/NewestWork.h"
 #include "display/SolidPicture.h"
 #include "display/ToolLabels.h"
 #include "platform/document/TypeEntry.h"
@@ -33,12 +34,20 @@ public:
     void initGL() override;
     /// Derives the outlines, in the eye space of the view that it is attached to; nothing without a
     /// view. If the camera was turned, the tool follows the screen.
+    ///
+    /// Long outlines in a view that is shown are derived in the background, from the values of now,
+    /// unless there is a preview or the camera was turned. Until they are there the last ones are
+    /// shown; then the view is drawn again.
     void updateGeometry() override;
     /// Brings the solid's bottom and faces up to date, for the path by which views draw.
     void buildSolidBuffers();
 
-    /// What was derived; null before the first updateGeometry.
-    VolumeOutline const* getOutline() const { return outline.get(); }
+    /// What was derived, for which this waits; null before the first updateGeometry.
+    VolumeOutline const* getOutline() const;
+    /// What is drawn. It is of older values than the record has as long as background() is busy.
+    ToolOutlines const& shownOutlines() const;
+    /// Derives long outlines; tells when they are there.
+    NewestWork const& background() const { return m_background; }
 
     /// The camera was turned since the last picture, so that the tool has to follow.
     bool getViewChanged() const { return viewChanged; }
@@ -66,7 +75,6 @@ protected:
 
     /// The record of the tool that is shown; null without one.
     VolumeProperty* volumeRecord() const;
-    ToolOutlines const& outlines() const;
 
     bool viewChanged = false;
     unsigned lineVbo = 0;
@@ -79,6 +87,7 @@ protected:
     QOpenGLBuffer* solidBuffer = nullptr;
 
 private:
+    bool deriveInBackground();
     void makeSolid21();
     void makeSolid33();
     void followCamera();
@@ -95,6 +104,8 @@ private:
     std::unique_ptr<VolumeOutline> outline;
     /// Of the last picture outside a preview.
     std::optional<CameraPose> lastPose;
+    /// Goes before the outline that it brings up to date. Whoever asks for that waits for this.
+    mutable NewestWork m_background;
 };
 
 }  // namespace Freecut

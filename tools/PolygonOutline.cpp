@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/PolygonOutline.h"
 
+#include "platform/view/GLCamera.h"
 #include "tools/LoopNesting.h"
 #include "tools/OutlineCrossings.h"
 #include "tools/PolygonProperty.h"
@@ -16,6 +17,9 @@ namespace {
 
 // The outline is resolved in whole thousandths of a millimetre.
 constexpr float gridUnitsPerMm = 1000.0f;
+
+/// Up to here outlines are derived in a few milliseconds, whatever they look like.
+constexpr std::size_t fewPoints = 64;
 
 constexpr char const* tooManyCrossings = QT_TRANSLATE_NOOP(
     "Tools", "The outline crosses itself too often. Draw it with fewer crossings.");
@@ -60,6 +64,19 @@ void pin(std::vector<UPoint3<float>> TeethEdge::*points, std::vector<TeethEdge>&
 PolygonOutline::PolygonOutline(PolygonProperty& polygon)
     : VolumeOutline(polygon, Kind::ManyLoops), m_polygon(polygon)
 {}
+
+VolumeOutline::Derivation PolygonOutline::derivation(GLCamera const& camera) const
+{
+    if (outlineWithTeeth().size() <= fewPoints)
+        return {};
+    return [camera, record = m_polygon](WorkPoll const& poll) {
+        PolygonProperty copy = record;
+        copy.setPreviewing(false);
+        PolygonOutline outline(copy);
+        outline.update(camera, false, false, poll);
+        return std::move(outline.m_outlines);
+    };
+}
 
 VolumeOutline::Rounding PolygonOutline::rounding() const
 {

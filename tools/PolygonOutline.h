@@ -14,6 +14,9 @@ public:
     /// polygon  borrowed
     explicit PolygonOutline(PolygonProperty& polygon);
 
+    /// Of outlines with more than a few dozen points.
+    Derivation derivation(GLCamera const& camera) const override;
+
 protected:
     Rounding rounding() const override;
     /// The points of the teeth follow, too.

@@ -6,6 +6,8 @@
 #include "tools/SolidPreview.h"
 #include "tools/ToolOutlines.h"
 
+#include <functional>
+
 namespace Freecut {
 
 class OutlineOffset;
@@ -39,6 +41,14 @@ public:
     /// poll         what it throws passes and leaves no outlines
     void update(GLCamera const& camera, bool viewChanged, bool isOpenGL33,
                 WorkPoll const& poll = {});
+
+    /// Derives outlines on values of its own, on any thread; what the poll throws passes.
+    using Derivation = std::function<ToolOutlines(WorkPoll const&)>;
+    /// What update() without a turned view would derive from the record as it is now, a solid
+    /// aside; empty where that takes so little time that it is not worth another thread.
+    virtual Derivation derivation(GLCamera const& /*camera*/) const { return {}; }
+    /// Takes outlines over that were derived apart.
+    void take(ToolOutlines outlines) { m_outlines = std::move(outlines); }
 
     /// Moves the bottom down by the record's extrudeVector and writes the faces of the inner solid.
     /// The bottom of a ring is moved once more by each call until the next update.

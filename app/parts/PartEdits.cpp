@@ -2,6 +2,7 @@
 #include "app/parts/PartEdits.h"
 
 #include "app/parts/EditStep.h"
+#include "app/parts/FreeNames.h"
 #include "app/parts/PartPlacement.h"
 
 #include <QString>
@@ -56,28 +57,6 @@ bool changeVisibility(Mesh::Document& document, Parts const& parts, bool visible
         part->setVisible(visible);
     return true;
 }
-
-/// Names for copies that no object of a document bears; for many copies at once.
-class CopyNames
-{
-public:
-    explicit CopyNames(Mesh::Document const& document)
-    {
-        for (Base::DocumentObject const* const object : document.getObjectArray())
-            m_taken.insert(object->getName());
-    }
-
-    std::string nameFor(std::string const& original)
-    {
-        std::string name = original + "_copy";
-        for (int number = 1; !m_taken.insert(name).second; ++number)
-            name = original + "_copy" + std::to_string(number);
-        return name;
-    }
-
-private:
-    std::unordered_set<std::string> m_taken;
-};
 
 }  // namespace
 
@@ -200,14 +179,19 @@ bool remove(Mesh::Document& document, Objects const& among)
     Objects const objects = partsAndGroups(among);
     if (objects.empty())
         return false;
-    Groups const around = groupsAround(objects);
     EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Delete"));
+    removeInStep(document, objects);
+    return true;
+}
+
+void removeInStep(Mesh::Document& document, Objects const& objects)
+{
+    Groups const around = groupsAround(objects);
     for (Mesh::DocumentObject* const part : partsAmong(objects))
         document.removeObject(part);
     for (Base::DocumentObject* const object : objects)
         document.removeObject(object);
     removeEmptyGroups(document, around);
-    return true;
 }
 
 bool duplicate(Mesh::Document& document, Parts const& parts)
@@ -219,10 +203,10 @@ bool duplicate(Mesh::Document& document, Parts const& parts)
     float const shift = box.Isnullptr() ? 0 : box.MaxX() - box.MinX() + gap;
     EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Duplicate"));
     document.clearSelection();
-    CopyNames names(document);
+    FreeNames names(document);
     for (Mesh::DocumentObject* const part : parts) {
         Mesh::DocumentObject* const copy = part->shallowCopy();
-        document.addObject(copy, names.nameFor(part->getName()).c_str(), true);
+        document.addObject(copy, names.take(part->getName() + "_copy").c_str(), true);
         if (Group* const group = part->getGroup())
             group->addObject(copy, nullptr);
         copy->translate({shift, 0, 0}, 0);

@@ -44,6 +44,8 @@ bool moveToGroup(Mesh::Document& document, Parts const& parts, Mesh::DocumentObj
 /// Removes parts and groups, groups with all their parts; groups that lose their last part go too.
 /// Other objects, such as tools, stay.
 bool remove(Mesh::Document& document, Objects const& objects);
+/// The same as part of a step that is open. There are only parts and groups among the objects.
+void removeInStep(Mesh::Document& document, Objects const& objects);
 /// Makes a copy of each part in the part's group, beside the originals in x, and selects the
 /// copies. They share the originals' meshes.
 bool duplicate(Mesh::Document& document, Parts const& parts);

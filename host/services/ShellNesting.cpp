@@ -38,19 +38,39 @@ bool doMeet(ShellPairs const& meeting, std::uint32_t a, std::uint32_t b)
 }
 
 /// The shells that the ray leaves more often than it enters them, or the other way round.
-std::uint32_t countAround(std::vector<RayThroughTree::Passage> passages, std::uint32_t shell,
-                          std::vector<double> const& volumes, ShellPairs const& meeting)
+std::vector<std::uint32_t> shellsAround(std::vector<RayThroughTree::Passage> passages,
+                                        std::uint32_t shell, std::vector<double> const& volumes,
+                                        ShellPairs const& meeting)
 {
     std::sort(passages.begin(), passages.end());
-    std::uint32_t around = 0;
+    std::vector<std::uint32_t> around;
     for (std::size_t i = 0; i < passages.size();) {
         std::uint32_t const other = passages[i].shell;
         int turns = 0;
         for (; i < passages.size() && passages[i].shell == other; ++i)
             turns += passages[i].direction;
-        around += turns != 0 && volumes[other] != 0 && !doMeet(meeting, shell, other);
+        if (turns != 0 && volumes[other] != 0 && !doMeet(meeting, shell, other))
+            around.push_back(other);
     }
     return around;
+}
+
+/// From one of a few points of a shell; none where rounding leaves all of them open.
+std::vector<std::uint32_t> shellsAround(std::uint32_t shell, MeshArrays const& mesh,
+                                        ShellLists const& lists, RayThroughTree const& rays,
+                                        std::vector<double> const& volumes,
+                                        ShellPairs const& meeting)
+{
+    std::size_t const size = lists.first[shell + 1] - lists.first[shell];
+    constexpr std::size_t mostRays = 16;
+    for (std::size_t i = 0; i < std::min(size, mostRays); ++i) {
+        std::size_t const place = lists.first[shell] + i * size / std::min(size, mostRays);
+        auto const passages =
+            rays.passages(RayThroughTree::pointOn(mesh, lists.triangles[place]), shell);
+        if (passages)
+            return shellsAround(*passages, shell, volumes, meeting);
+    }
+    return {};
 }
 
 }  // namespace
@@ -91,19 +111,29 @@ std::vector<std::uint32_t> shellDepths(MeshArrays const& mesh, TopologyReport co
     std::vector<std::uint32_t> depths(volumes.size(), 0);
     for (std::uint32_t shell = 0; shell < volumes.size(); ++shell) {
         progress.add(1);
-        if (volumes[shell] == 0)
-            continue;
-        std::size_t const size = lists.first[shell + 1] - lists.first[shell];
-        constexpr std::size_t mostRays = 16;
-        for (std::size_t i = 0; i < std::min(size, mostRays); ++i) {
-            std::size_t const place = lists.first[shell] + i * size / std::min(size, mostRays);
-            auto const passages =
-                rays.passages(RayThroughTree::pointOn(mesh, lists.triangles[place]), shell);
-            if (!passages)
-                continue;
-            depths[shell] = countAround(*passages, shell, volumes, meeting);
-            break;
-        }
+        if (volumes[shell] != 0)
+            depths[shell] =
+                std::uint32_t(shellsAround(shell, mesh, lists, rays, volumes, meeting).size());
     }
     return depths;
+}
+
+std::vector<std::uint32_t> shellCarriers(MeshArrays const& mesh, TopologyReport const& topology,
+                                         TriangleTree const& tree,
+                                         std::vector<double> const& volumes,
+                                         ShellPairs const& meeting, StageProgress& progress)
+{
+    auto const depths = shellDepths(mesh, topology, tree, volumes, meeting, progress);
+    ShellLists const lists(topology);
+    RayThroughTree const rays(mesh, topology, tree);
+    std::vector<std::uint32_t> carriers(volumes.size());
+    for (std::uint32_t shell = 0; shell < volumes.size(); ++shell) {
+        carriers[shell] = shell;
+        if (!(volumes[shell] < 0) || depths[shell] % 2 == 0)
+            continue;
+        auto const around = shellsAround(shell, mesh, lists, rays, volumes, meeting);
+        carriers[shell] = *std::ranges::max_element(around, {}, [&](auto s) { return depths[s]; });
+        progress.add(0);
+    }
+    return carriers;
 }

@@ -23,3 +23,12 @@ std::vector<std::uint32_t> shellDepths(
     MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree,
     std::vector<double> const& volumes,
     std::vector<std::pair<std::uint32_t, std::uint32_t>> const& meeting, StageProgress& progress);
+
+/// Per shell: of a cavity, which faces inward within an odd number of others, the innermost shell
+/// around it; of any other the shell itself.
+///
+/// cost  one ray through the tree per cavity, and the depths
+std::vector<std::uint32_t> shellCarriers(
+    MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree,
+    std::vector<double> const& volumes,
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> const& meeting, StageProgress& progress);

@@ -294,6 +294,17 @@
     </message>
 </context>
 <context>
+    <name>CombinationDialog</name>
+    <message>
+        <source>Keep the other parts</source>
+        <translation>Die anderen Bauteile behalten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>ConnectorPreset</name>
     <message>
         <source>&quot;%1&quot; must be one of: %2.</source>
@@ -1570,6 +1581,40 @@
     </message>
 </context>
 <context>
+    <name>FitText</name>
+    <message>
+        <source>fits</source>
+        <translation>passt</translation>
+    </message>
+    <message>
+        <source>%1 too wide</source>
+        <translation>%1 zu breit</translation>
+    </message>
+    <message>
+        <source>%1 too deep</source>
+        <translation>%1 zu tief</translation>
+    </message>
+    <message>
+        <source>%1 too high</source>
+        <translation>%1 zu hoch</translation>
+    </message>
+    <message>
+        <source>fits, but reaches beyond the plate</source>
+        <translation>passt, ragt aber über die Platte hinaus</translation>
+    </message>
+</context>
+<context>
+    <name>FlawList</name>
+    <message>
+        <source>Places of errors: %1. Choose one to see it.</source>
+        <translation>Fehlerstellen: %1. Wählen Sie eine aus, um sie zu sehen.</translation>
+    </message>
+    <message>
+        <source>Places of errors</source>
+        <translation>Fehlerstellen</translation>
+    </message>
+</context>
+<context>
     <name>Formats</name>
     <message>
         <source>PLY, binary</source>
@@ -1976,6 +2021,79 @@
     <message>
         <source>The picture could not be saved as %1: %2. Choose another folder.</source>
         <translation>Das Bild konnte nicht als %1 gespeichert werden: %2. Einen anderen Ordner wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCut</name>
+    <message>
+        <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
+        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCutDialog</name>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>At these heights</source>
+        <translation>In diesen Höhen</translation>
+    </message>
+    <message>
+        <source>From the bottom, every</source>
+        <translation>Von unten, alle</translation>
+    </message>
+    <message>
+        <source>Numbers with blanks or semicolons between them.</source>
+        <translation>Zahlen mit Leerzeichen oder Strichpunkten dazwischen.</translation>
+    </message>
+    <message>
+        <source>All pieces</source>
+        <translation>Alle Stücke</translation>
+    </message>
+    <message>
+        <source>The uppermost piece alone</source>
+        <translation>Nur das oberste Stück</translation>
+    </message>
+    <message>
+        <source>The lowest piece alone</source>
+        <translation>Nur das unterste Stück</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>&quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>These are too many cuts at once. Take a larger distance.</source>
+        <translation>Das sind zu viele Schnitte auf einmal. Nehmen Sie einen größeren Abstand.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n Höhe geht durch die Bauteile.</numerusform>
+            <numerusform>%n Höhen gehen durch die Bauteile.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2477,6 +2595,102 @@
         <source>Turn each selected piece until the face that the cut made lies on the plate.</source>
         <translation>Jedes ausgewählte Stück drehen, bis die Fläche, die der Schnitt gemacht hat, auf der Platte liegt.</translation>
     </message>
+    <message>
+        <source>Select a single part first.</source>
+        <translation>Wählen Sie zuerst ein einzelnes Bauteil aus.</translation>
+    </message>
+    <message>
+        <source>Select two parts or more first.</source>
+        <translation>Wählen Sie zuerst mindestens zwei Bauteile aus.</translation>
+    </message>
+    <message>
+        <source>Duplicate in a Ro&amp;w...</source>
+        <translation>&amp;In einer Reihe duplizieren...</translation>
+    </message>
+    <message>
+        <source>Put copies of the selected parts in a row beside them.</source>
+        <translation>Kopien der ausgewählten Bauteile in einer Reihe daneben stellen.</translation>
+    </message>
+    <message>
+        <source>&amp;Join</source>
+        <translation>&amp;Vereinigen</translation>
+    </message>
+    <message>
+        <source>Make one solid of the selected parts, without walls inside.</source>
+        <translation>Aus den ausgewählten Bauteilen einen Körper machen, ohne Wände im Inneren.</translation>
+    </message>
+    <message>
+        <source>Take A&amp;way...</source>
+        <translation>Abz&amp;iehen...</translation>
+    </message>
+    <message>
+        <source>Take the other selected parts away from one of them.</source>
+        <translation>Die anderen ausgewählten Bauteile von einem davon abziehen.</translation>
+    </message>
+    <message>
+        <source>&amp;Intersect</source>
+        <translation>&amp;Schnittmenge</translation>
+    </message>
+    <message>
+        <source>Keep what the selected parts have in common.</source>
+        <translation>Behalten, was die ausgewählten Bauteile gemeinsam haben.</translation>
+    </message>
+    <message>
+        <source>Split &amp;by Parts...</source>
+        <translation>Durch Bau&amp;teile teilen...</translation>
+    </message>
+    <message>
+        <source>Split one of the selected parts into what lies within the others and the rest.</source>
+        <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
+    </message>
+    <message>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
+        <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
+        <translation>Aus jedem zusammenhängenden Stück des ausgewählten Bauteils ein Bauteil machen; Hohlräume bleiben bei ihrem Stück.</translation>
+    </message>
+    <message>
+        <source>&amp;Merge</source>
+        <translation>Z&amp;usammenfassen</translation>
+    </message>
+    <message>
+        <source>Put the selected parts into one as they are, walls inside included.</source>
+        <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
+    </message>
+    <message>
+        <source>Cut at Heights...</source>
+        <translation>In Höhen schneiden...</translation>
+    </message>
+    <message>
+        <source>Cut the selected parts at several heights at once, and keep all pieces or one.</source>
+        <translation>Die ausgewählten Bauteile in mehreren Höhen auf einmal schneiden und alle Stücke oder eines behalten.</translation>
+    </message>
+    <message>
+        <source>Pieces now: %1.</source>
+        <translation>Stücke jetzt: %1.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message>
+        <source>The cut was cancelled; the parts are as they were.</source>
+        <translation>Der Schnitt wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>Arrange on the Plate</source>
+        <translation>Auf der Platte anordnen</translation>
+    </message>
+    <message>
+        <source>Put the selected parts, or all that are shown, side by side on the plate.</source>
+        <translation>Die ausgewählten Bauteile, oder alle sichtbaren, nebeneinander auf die Platte stellen.</translation>
+    </message>
+    <message>
+        <source>The plate is full: %1 of the parts stand beside it, as on further plates.</source>
+        <translation>Die Platte ist voll: %1 der Bauteile stehen daneben, wie auf weiteren Platten.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2519,6 +2733,34 @@
     <message>
         <source>Repairing parts</source>
         <translation>Bauteile reparieren</translation>
+    </message>
+    <message>
+        <source>Joining parts</source>
+        <translation>Bauteile vereinigen</translation>
+    </message>
+    <message>
+        <source>Taking parts away</source>
+        <translation>Bauteile abziehen</translation>
+    </message>
+    <message>
+        <source>Intersecting parts</source>
+        <translation>Schnittmenge bilden</translation>
+    </message>
+    <message>
+        <source>Splitting a part</source>
+        <translation>Bauteil teilen</translation>
+    </message>
+    <message>
+        <source>Splitting into shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
+        <source>Merging parts</source>
+        <translation>Bauteile zusammenfassen</translation>
+    </message>
+    <message>
+        <source>Cutting at heights</source>
+        <translation>Schneiden in Höhen</translation>
     </message>
 </context>
 <context>
@@ -2835,6 +3077,76 @@
     </message>
 </context>
 <context>
+    <name>PartCombination</name>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>PartCombiner</name>
+    <message>
+        <source>Attention</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Split by Parts</source>
+        <translation>Durch Bauteile teilen</translation>
+    </message>
+    <message>
+        <source>Take Away</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Take away from</source>
+        <translation>Abziehen von</translation>
+    </message>
+    <message>
+        <source>The operation was cancelled; the parts are as they were.</source>
+        <translation>Der Vorgang wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>The selected parts have nothing in common; they stay as they are.</source>
+        <translation>Die ausgewählten Bauteile haben nichts gemeinsam; sie bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>%1 lies within the other parts: nothing would be left of it. It stays as it is.</source>
+        <translation>%1 liegt in den anderen Bauteilen: Es bliebe nichts davon übrig. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>%1 is one piece; there is nothing to split.</source>
+        <translation>%1 ist ein einziges Stück; es gibt nichts zu teilen.</translation>
+    </message>
+    <message>
+        <source>%1 consists of %2 pieces, too many for parts of their own. It stays as it is.</source>
+        <translation>%1 besteht aus %2 Stücken, zu vielen für eigene Bauteile. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>Show in View</source>
+        <translation>In der Ansicht zeigen</translation>
+    </message>
+    <message>
+        <source>Repair and Try Again</source>
+        <translation>Reparieren und erneut versuchen</translation>
+    </message>
+    <message>
+        <source>The parts could not be combined; they stay as they are.</source>
+        <translation>Die Bauteile konnten nicht verbunden werden; sie bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>%1 is open somewhere. Check shows where, and Repair may close it.</source>
+        <translation>%1 ist irgendwo offen. Prüfen zeigt wo, und Reparieren kann es vielleicht schließen.</translation>
+    </message>
+</context>
+<context>
     <name>PartInformation</name>
     <message>
         <source>Part Information</source>
@@ -2935,6 +3247,10 @@
     <message>
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
+    </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
     </message>
 </context>
 <context>
@@ -3044,6 +3360,13 @@
     <message>
         <source>%1 has no flat face to stand on. Choose one by Lay Flat on a Face.</source>
         <translation>%1 hat keine ebene Fläche, auf der es stehen kann. Wählen Sie eine mit „Auf eine Fläche legen“.</translation>
+    </message>
+</context>
+<context>
+    <name>PartReload</name>
+    <message>
+        <source>%1 is not in %2 any more; the part stays as it was.</source>
+        <translation>%1 ist nicht mehr in %2; das Bauteil bleibt, wie es war.</translation>
     </message>
 </context>
 <context>
@@ -3281,6 +3604,22 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
+    <message>
+        <source>Choose a size...</source>
+        <translation>Größe wählen...</translation>
+    </message>
+    <message>
+        <source>Printers of your own can be added in %1, one in each line: name;width;depth;height</source>
+        <translation>Eigene Drucker lassen sich in %1 hinzufügen, einer in jeder Zeile: Name;Breite;Tiefe;Höhe</translation>
+    </message>
+    <message>
+        <source>Build height</source>
+        <translation>Bauhöhe</translation>
+    </message>
 </context>
 <context>
     <name>PresetButton</name>
@@ -3388,6 +3727,56 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+</context>
+<context>
+    <name>ReloadOffer</name>
+    <message>
+        <source>Changed on disk since it was opened: %1</source>
+        <translation>Auf der Festplatte geändert, seit es geöffnet wurde: %1</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Keep as It Is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Read the file again. The parts stay where they are placed; this can be undone.</source>
+        <translation>Die Datei noch einmal lesen. Die Bauteile bleiben, wo sie liegen; das lässt sich rückgängig machen.</translation>
+    </message>
+</context>
+<context>
+    <name>RowDialog</name>
+    <message>
+        <source>Duplicate in a Row</source>
+        <translation>In einer Reihe duplizieren</translation>
+    </message>
+    <message>
+        <source>Between one and the next; below zero they overlap.</source>
+        <translation>Zwischen einem und dem nächsten; unter null überlappen sie sich.</translation>
+    </message>
+    <message>
+        <source>Copies</source>
+        <translation>Kopien</translation>
+    </message>
+    <message>
+        <source>Along</source>
+        <translation>Entlang</translation>
+    </message>
+    <message>
+        <source>Gap</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -3949,6 +4338,88 @@
         <source>Lay Flat</source>
         <translation>Flach hinlegen</translation>
     </message>
+    <message>
+        <source>Join</source>
+        <translation>Vereinigen</translation>
+    </message>
+    <message>
+        <source>Take Away</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Intersect</source>
+        <translation>Schnittmenge</translation>
+    </message>
+    <message>
+        <source>Split by Parts</source>
+        <translation>Durch Bauteile teilen</translation>
+    </message>
+    <message>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Zusammenfassen</translation>
+    </message>
+    <message>
+        <source>Duplicate in a Row</source>
+        <translation>In einer Reihe duplizieren</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDialog</name>
+    <message>
+        <source>Unit of the File</source>
+        <translation>Einheit der Datei</translation>
+    </message>
+    <message>
+        <source>%1: too small to be meant in millimetres. In which unit are the numbers of the file?</source>
+        <translation>%1: zu klein, um in Millimetern gemeint zu sein. In welcher Einheit sind die Zahlen der Datei?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Millimetres: %1 mm</source>
+        <translation>Millimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Centimetres: %1 mm</source>
+        <translation>Zentimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Inches: %1 mm</source>
+        <translation>Zoll: %1 mm</translation>
+    </message>
+    <message>
+        <source>Metres: %1 mm</source>
+        <translation>Meter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Take This Unit</source>
+        <translation>Diese Einheit nehmen</translation>
+    </message>
+    <message>
+        <source>Leave as It Is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
 </context>
 <context>
     <name>WindowFileQuestions</name>
@@ -4080,6 +4551,10 @@
     <message>
         <source>Cut</source>
         <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>#Combine and split</source>
+        <translation>#Verbinden und teilen</translation>
     </message>
 </context>
 <context>

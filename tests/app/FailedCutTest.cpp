@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/PlaceMark.h"
+#include "platform/view/PlaceMark.h"
 #include "tests/app/ToolWindow.h"
 #include "tests/support/AnsweredMessages.h"
 
 #include <QCheckBox>
 
-using Freecut::PlaceMark;
+using Base::PlaceMark;
 
 namespace {
 

@@ -175,7 +175,10 @@ TEST(FreecutZCut, ACutThatFailsEndsWithOneAndTheReason)
     EXPECT_EQ(result.errors.find("freecut: open.stl: The part is open where the plane meets it"),
               0u)
         << result.errors;
-    EXPECT_TRUE(result.errors.ends_with(" An error occurred in triangulate.\n")) << result.errors;
+    EXPECT_TRUE(
+        result.errors.ends_with(" An error occurred in triangulate. With --repair all the "
+                                "part is repaired before it is cut.\n"))
+        << result.errors;
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(folder.files(), Names{"open.stl"});
 }

@@ -95,6 +95,17 @@ TEST(ClosedSurface, ATriangleThatStandsTwiceLacksItsEdgesTwice)
     EXPECT_EQ(ClosedSurface::missingEdges(*kernelOf(soup)->readMesh()).size(), 6u);
 }
 
+TEST(ClosedSurface, AnEdgeThatTwoOfThreeTrianglesRunAlongTheSameWayIsLackingOnce)
+{
+    Soup soup;
+    soup.points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0, -1, 0}};
+    soup.add(0, 1, 2);
+    soup.add(0, 1, 3);
+    soup.add(1, 0, 4);
+    // Two more of each triangle.
+    EXPECT_EQ(ClosedSurface::missingEdges(*kernelOf(soup)->readMesh()).size(), 7u);
+}
+
 TEST(ClosedSurface, BothZerosAreOnePlace)
 {
     Soup soup = inPieces(box(2, 3, 4));

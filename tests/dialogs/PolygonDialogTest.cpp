@@ -4,6 +4,7 @@
 #include "dialogs/DialogPolygoncut.h"
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/ToolButton.h"
+#include "display/VolumeViewProvider.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/DialogWindowManager.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -71,6 +72,32 @@ protected:
         clickAt(-10, -10);
         clickAt(10, -10);
         clickAt(0, 10);
+    }
+    /// In place of what was drawn, a circle of 10 mm with more corners than are derived at once.
+    void showLongOutline()
+    {
+        scene.view.show();
+        PolygonProperty& record = polygon()->getProperty();
+        float const z = record.getKeyPoints()[0].Z();
+        record.getKeyPoints().clear();
+        for (int i = 0; i < 500; ++i)
+            record.getKeyPoints().push_back({float(10 * std::cos(2 * M_PI * i / 500)),
+                                             float(10 * std::sin(2 * M_PI * i / 500)), z});
+        record.getEdgeRecords().resize(500);
+        record.storeEyePoints();
+    }
+    void typeClearance(double clearance)
+    {
+        for (MellQuantitySpinBox* const field : ui().polygon->findChildren<MellQuantitySpinBox*>())
+            if (field->value() == 0.1) {
+                field->setValue(clearance);
+                emit field->editingFinished();
+                return;
+            }
+    }
+    NewestWork const& background() const
+    {
+        return static_cast<VolumeViewProvider*>(polygon()->getViewProvider())->background();
     }
     template <typename Button>
     Button* find(QString const& text) const
@@ -263,6 +290,38 @@ TEST_F(PolygonDialog, AClearanceThatSwallowsTheInsideIsTold)
             emit field->editingFinished();
         }
     EXPECT_TRUE(ui().problem->text().startsWith("The clearance leaves nothing"));
+}
+
+TEST_F(PolygonDialog, WhatIsFoundOutAboutALongOutlineFollowsItFromTheBackground)
+{
+    drawTriangle();
+    showLongOutline();
+    find<QCheckBox>("Clearance")->click();
+    ASSERT_TRUE(comesTrue([&] { return !background().isBusy(); }));
+    typeClearance(30);
+    EXPECT_TRUE(background().isBusy());
+    EXPECT_TRUE(ui().problem->text().isEmpty());
+    EXPECT_TRUE(
+        comesTrue([&] { return ui().problem->text().startsWith("The clearance leaves nothing"); }));
+}
+
+TEST_F(PolygonDialog, CutsALongOutlineWithTheClearanceTypedLast)
+{
+    drawTriangle();
+    showLongOutline();
+    ui().removeOriginal->setChecked(true);
+    find<QCheckBox>("Clearance")->click();
+    typeClearance(2);
+    EXPECT_TRUE(background().isBusy());
+    ui().ok->click();
+    QPointer<DialogPolygoncut> const open(dialog);
+    ASSERT_TRUE(comesTrue([&] { return open.isNull(); }));
+    dialog = nullptr;
+    double volume = 0;
+    for (Mesh::DocumentObject* const part : scene.test.document->getMeshObjects())
+        volume += volumeOf(soupOf(part));
+    // Between the circle of 10 mm and that of 8 mm nothing is left.
+    EXPECT_NEAR(volume, 12000 - M_PI * (100 - 64) * 10, 1);
 }
 
 TEST_F(PolygonDialog, CutsAndClosesInOneStep)

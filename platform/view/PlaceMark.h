@@ -9,11 +9,9 @@
 #include <string>
 
 namespace Base {
+
 class DocumentObject;
 class GLView;
-}  // namespace Base
-
-namespace Freecut {
 
 /// A ring over the view around a place of a part that a person is to look at. It follows the
 /// camera, is hidden by no part, and leaves the mouse to the view. It goes when a part changes,
@@ -29,10 +27,9 @@ public:
     ///
     /// place  world millimetres
     /// part   it lies on; null if that is not known. Its size says how near the view goes
-    static void show(Base::GLView& view, UPoint3<float> const& place,
-                     Base::DocumentObject const* part);
+    static void show(GLView& view, UPoint3<float> const& place, DocumentObject const* part);
     /// The mark that stands in a view; null without one.
-    static PlaceMark* in(Base::GLView const& view);
+    static PlaceMark* in(GLView const& view);
 
     UPoint3<float> const& place() const { return m_place; }
 
@@ -41,14 +38,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    PlaceMark(Base::GLView& view, UPoint3<float> const& place);
+    PlaceMark(GLView& view, UPoint3<float> const& place);
     void follow();
     void leave();
-    void objectCameOrChanged(Base::DocumentObject* object);
-    void objectWent(Base::DocumentObject* object, std::string className);
+    void objectCameOrChanged(DocumentObject* object);
+    void objectWent(DocumentObject* object, std::string className);
 
-    Base::GLView& m_view;
+    GLView& m_view;
     UPoint3<float> m_place;
 };
 
-}  // namespace Freecut
+}  // namespace Base

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/PlaceMark.h"
+#include "platform/view/PlaceMark.h"
 
 #include "platform/document/Document.h"
 #include "platform/document/DocumentObject.h"
@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace Freecut {
+namespace Base {
 
 namespace {
 
@@ -20,7 +20,7 @@ constexpr char const* partClass = "Mesh::DocumentObject";
 /// The share of a part that is shown around the place.
 constexpr double shownShare = 0.25;
 
-void lookAt(Base::GLView& view, UPoint3<float> const& place, Base::DocumentObject const* part)
+void lookAt(GLView& view, UPoint3<float> const& place, DocumentObject const* part)
 {
     view.paintPending();
     GLCamera& camera = *view.getCamera();
@@ -43,8 +43,7 @@ void lookAt(Base::GLView& view, UPoint3<float> const& place, Base::DocumentObjec
 
 }  // namespace
 
-void PlaceMark::show(Base::GLView& view, UPoint3<float> const& place,
-                     Base::DocumentObject const* part)
+void PlaceMark::show(GLView& view, UPoint3<float> const& place, DocumentObject const* part)
 {
     delete in(view);
     lookAt(view, place, part);
@@ -52,20 +51,20 @@ void PlaceMark::show(Base::GLView& view, UPoint3<float> const& place,
     mark->QWidget::show();
 }
 
-PlaceMark* PlaceMark::in(Base::GLView const& view)
+PlaceMark* PlaceMark::in(GLView const& view)
 {
     return view.findChild<PlaceMark*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-PlaceMark::PlaceMark(Base::GLView& view, UPoint3<float> const& place)
+PlaceMark::PlaceMark(GLView& view, UPoint3<float> const& place)
     : QWidget(&view), m_view(view), m_place(place)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFixedSize(4 * g_pixelSize, 4 * g_pixelSize);
-    connect(&view, &Base::GLView::signalCameraChanged, this, &PlaceMark::follow);
+    connect(&view, &GLView::signalCameraChanged, this, &PlaceMark::follow);
     view.installEventFilter(this);
     connect(EventNotify::instance(), &EventNotify::startEvent, this, &PlaceMark::leave);
-    if (Base::Document* const document = view.getDocument()) {
+    if (Document* const document = view.getDocument()) {
         document->signalNewObject.connect(this, &PlaceMark::objectCameOrChanged);
         document->signalObjectChanged.connect(this, &PlaceMark::objectCameOrChanged);
         document->signalDelObject.connect(this, &PlaceMark::objectWent);
@@ -91,13 +90,13 @@ void PlaceMark::leave()
     deleteLater();
 }
 
-void PlaceMark::objectCameOrChanged(Base::DocumentObject* object)
+void PlaceMark::objectCameOrChanged(DocumentObject* object)
 {
     if (object->getClassName() == partClass)
         leave();
 }
 
-void PlaceMark::objectWent(Base::DocumentObject*, std::string className)
+void PlaceMark::objectWent(DocumentObject*, std::string className)
 {
     if (className == partClass)
         leave();
@@ -124,4 +123,4 @@ void PlaceMark::paintEvent(QPaintEvent*)
     painter.drawPoint(ring.center());
 }
 
-}  // namespace Freecut
+}  // namespace Base
