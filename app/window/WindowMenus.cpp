@@ -51,6 +51,7 @@ std::vector<Menu> const& menus()
           "Std_Group",
           "Std_Ungroup",
           "-",
+          "Std_Handles",
           "Std_DropToPlate",
           "Std_CentreOnPlate",
           "Std_Arrange",

@@ -2024,6 +2024,13 @@
     </message>
 </context>
 <context>
+    <name>HandlesTool</name>
+    <message>
+        <source>Let go of the handle first.</source>
+        <translation>Lassen Sie zuerst den Griff los.</translation>
+    </message>
+</context>
+<context>
     <name>HeightCut</name>
     <message>
         <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
@@ -2690,6 +2697,14 @@
     <message>
         <source>The plate is full: %1 of the parts stand beside it, as on further plates.</source>
         <translation>Die Platte ist voll: %1 der Bauteile stehen daneben, wie auf weiteren Platten.</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve and Turn by Handles</source>
+        <translation>Mit Griffen be&amp;wegen und drehen</translation>
+    </message>
+    <message>
+        <source>Show arrows and rings by which the mouse moves and turns the selected parts.</source>
+        <translation>Pfeile und Ringe zeigen, an denen die Maus die ausgewählten Bauteile bewegt und dreht.</translation>
     </message>
 </context>
 <context>
@@ -4200,6 +4215,10 @@
     <message>
         <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
         <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps of 1 mm and 15°. Esc ends the tool.</source>
+        <translation>An einem Pfeil ziehen, um die ausgewählten Bauteile zu bewegen, an einem Ring, um sie zu drehen; Umschalt lässt die Schritte von 1 mm und 15° weg. Esc beendet das Werkzeug.</translation>
     </message>
 </context>
 <context>
