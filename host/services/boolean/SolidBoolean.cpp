@@ -33,8 +33,6 @@
 
 namespace {
 
-using Triangle = UTriangle<float>;
-
 // Percentages at the end of each stage.
 constexpr int gridDone = 10;
 constexpr int copiesDone = 45;
