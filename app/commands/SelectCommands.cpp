@@ -5,6 +5,7 @@
 #include "app/parts/PartEdits.h"
 #include "app/tools/FaceDownTool.h"
 #include "app/tools/HandlesTool.h"
+#include "app/tools/MeasureTool.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -179,4 +180,13 @@ void registerSelectCommands(Base::CommandManager& manager)
                            "parts."),
          "app_place", "G"},
         HandlesTool::name));
+    MeasureTool::init();
+    manager.addCommand(new MouseToolCommand(
+        "Std_Measure",
+        {QT_TRANSLATE_NOOP("HostCommand", "&Measure"),
+         QT_TRANSLATE_NOOP("HostCommand",
+                           "Tell wall thickness, distance and angle at places of parts that you "
+                           "click."),
+         nullptr, "M"},
+        MeasureTool::name));
 }

@@ -4,6 +4,7 @@
 #include "app/commands/HostCommand.h"
 #include "app/tools/FaceDownTool.h"
 #include "app/tools/HandlesTool.h"
+#include "app/tools/MeasureTool.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 
@@ -23,6 +24,10 @@ char const* const handlesHint = QT_TRANSLATE_NOOP(
     "StatusLine",
     "Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps "
     "of 1 mm and 15°. Esc ends the tool.");
+char const* const measureHint = QT_TRANSLATE_NOOP(
+    "StatusLine",
+    "Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C "
+    "copies them. Esc ends the tool.");
 char const* const otherHint = QT_TRANSLATE_NOOP("StatusLine", "Esc ends the tool.");
 //: The name of a tool and what a click does, a whole sentence.
 char const* const commandHint = QT_TRANSLATE_NOOP("StatusLine", "%1: %2 Esc ends the tool.");
@@ -59,6 +64,8 @@ QString toolHint(std::string const& toolClass, Base::CommandManager const& comma
         return translated(faceDownHint);
     if (toolClass == HandlesTool::name)
         return translated(handlesHint);
+    if (toolClass == MeasureTool::name)
+        return translated(measureHint);
     Base::Command const* const command = pressedCommand(commands);
     if (!command)
         return translated(otherHint);

@@ -38,7 +38,7 @@ std::vector<Menu> const& menus()
         {QT_TRANSLATE_NOOP("WindowMenus", "&Edit"),
          {"Std_Undo", "Std_Redo", "-", "Std_Duplicate", "Std_DuplicateRow", "Std_Delete", "-",
           "Std_SelectAll", "Std_SelectNone", "Std_InvertSelection", "-", "Std_RectangleSelect",
-          "Std_PickPoint", "-", "Std_Preferences"}},
+          "Std_PickPoint", "Std_Measure", "-", "Std_Preferences"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&View"),
          {"Std_View0", "Std_View1", "Std_View2", "Std_View3", "Std_View4", "Std_View5", "Std_View6",
           "-", "Std_FitAll", "Std_FitSelection", "-", "Std_Perspective", "Std_Parallel", "-",

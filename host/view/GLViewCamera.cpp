@@ -54,7 +54,7 @@ void GLView::applyProjection()
     std::string const tool = getInteractModeName();
     bool const isFree = tool.empty() || tool == "Mesh::PointPickerMesh" ||
                         tool == "Base::RectangleSelection" || tool == "FaceDownTool" ||
-                        tool == "HandlesTool";
+                        tool == "HandlesTool" || tool == "MeasureTool";
     m_camera->setProjection(isFree ? m_projection : GLCamera::Projection::Parallel);
     update();
 }

@@ -2706,6 +2706,14 @@
         <source>Show arrows and rings by which the mouse moves and turns the selected parts.</source>
         <translation>Pfeile und Ringe zeigen, an denen die Maus die ausgewählten Bauteile bewegt und dreht.</translation>
     </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Messen</translation>
+    </message>
+    <message>
+        <source>Tell wall thickness, distance and angle at places of parts that you click.</source>
+        <translation>Wandstärke, Abstand und Winkel an angeklickten Stellen von Bauteilen angeben.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -2814,6 +2822,33 @@
     <message>
         <source>Clear</source>
         <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureTool</name>
+    <message>
+        <source>Wall thickness: %1</source>
+        <translation>Wandstärke: %1</translation>
+    </message>
+    <message>
+        <source>No wall: open behind it</source>
+        <translation>Keine Wand: dahinter offen</translation>
+    </message>
+    <message>
+        <source>Distance: %1</source>
+        <translation>Abstand: %1</translation>
+    </message>
+    <message>
+        <source>X: %1  Y: %2  Z: %3</source>
+        <translation>X: %1  Y: %2  Z: %3</translation>
+    </message>
+    <message>
+        <source>Angle of the faces: %1</source>
+        <translation>Winkel der Flächen: %1</translation>
+    </message>
+    <message>
+        <source>Distance of the faces: %1</source>
+        <translation>Abstand der Flächen: %1</translation>
     </message>
 </context>
 <context>
@@ -3298,6 +3333,10 @@
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
     </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
+    </message>
 </context>
 <context>
     <name>PartMenu</name>
@@ -3742,6 +3781,10 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
     </message>
 </context>
 <context>
@@ -4219,6 +4262,14 @@
     <message>
         <source>Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps of 1 mm and 15°. Esc ends the tool.</source>
         <translation>An einem Pfeil ziehen, um die ausgewählten Bauteile zu bewegen, an einem Ring, um sie zu drehen; Umschalt lässt die Schritte von 1 mm und 15° weg. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C copies them. Esc ends the tool.</source>
+        <translation>Für die Wandstärke auf ein Bauteil klicken, dann für Abstand und Winkel auf eine zweite Stelle; Strg+C kopiert sie. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>1 part, 1 triangle</source>
+        <translation>1 Bauteil, 1 Dreieck</translation>
     </message>
 </context>
 <context>
