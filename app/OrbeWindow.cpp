@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/OrbeWindow.h"
 
+#include "app/commands/ArrangeCommand.h"
 #include "app/commands/CombineCommands.h"
 #include "app/commands/CommandGate.h"
 #include "app/commands/CutFaceCommand.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
+#include "app/commands/HeightCutCommand.h"
 #include "app/commands/PanelCommands.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
@@ -13,6 +15,8 @@
 #include "app/files/DocumentFiles.h"
 #include "app/files/FileDrop.h"
 #include "app/files/RecentMenu.h"
+#include "app/files/ReloadOffer.h"
+#include "app/files/UnitQuestion.h"
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobGuard.h"
@@ -102,11 +106,11 @@ void OrbeWindow::buildCentre()
     m_viewRow = new QHBoxLayout;
     m_viewRow->setSpacing(0);
     m_viewRow->addWidget(m_view, 1);
-    auto* const column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_notices);
-    column->addLayout(m_viewRow, 1);
+    m_viewColumn = new QVBoxLayout(centre);
+    m_viewColumn->setContentsMargins(0, 0, 0, 0);
+    m_viewColumn->setSpacing(0);
+    m_viewColumn->addWidget(m_notices);
+    m_viewColumn->addLayout(m_viewRow, 1);
     setCentralWidget(centre);
     m_toolLock = new ToolLock(*m_view);
     m_view->OnViewType(isometricView);
@@ -125,6 +129,10 @@ void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
     m_preparation = std::make_unique<PartPreparation>(*m_files);
     new FileDrop(this, *m_files);
     new WindowTitle(this, *m_files);
+    m_viewColumn->insertWidget(0, new ReloadOffer(*m_files, centralWidget()));
+    // When the job that has opened them is over for everybody.
+    connect(m_files, &DocumentFiles::opened, new UnitQuestion(*m_files, this), &UnitQuestion::look,
+            Qt::QueuedConnection);
     connect(m_files, &DocumentFiles::written, m_status, &StatusLine::showWritten);
 }
 
@@ -137,7 +145,9 @@ void OrbeWindow::buildCommands()
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);
+    registerArrangeCommand(manager);
     registerCutFaceCommand(manager);
+    registerHeightCutCommand(manager);
     registerWindowCommands(manager);
     m_gate = new CommandGate(manager, this);
     auto const tell = [this](QString const& reason) {

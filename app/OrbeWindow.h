@@ -17,6 +17,7 @@ class FileQuestions;
 class NoticeBar;
 class PartPreparation;
 class QHBoxLayout;
+class QVBoxLayout;
 class StatusLine;
 class ToolLock;
 class ViewAppearance;
@@ -85,6 +86,7 @@ private:
     Mesh::GLView* m_view = nullptr;
     ToolLock* m_toolLock = nullptr;
     NoticeBar* m_notices = nullptr;
+    QVBoxLayout* m_viewColumn = nullptr;
     QHBoxLayout* m_viewRow = nullptr;
     ViewAppearance* m_appearance = nullptr;
     CommandGate* m_gate = nullptr;

@@ -94,7 +94,7 @@ void registerCombineCommands(Base::CommandManager& manager, Base::GLView& view)
                            "Split one of the selected parts into what lies within the others and "
                            "the rest.")});
     add("Std_SplitShells", Operation::Shells,
-        {QT_TRANSLATE_NOOP("HostCommand", "Split into S&hells"),
+        {QT_TRANSLATE_NOOP("HostCommand", "Split into Shells"),
          QT_TRANSLATE_NOOP("HostCommand",
                            "Make a part of each piece of the selected part that hangs together; "
                            "cavities stay with theirs.")});

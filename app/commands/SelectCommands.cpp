@@ -4,6 +4,8 @@
 #include "app/commands/CheckableCommand.h"
 #include "app/parts/PartEdits.h"
 #include "app/tools/FaceDownTool.h"
+#include "app/tools/HandlesTool.h"
+#include "app/tools/MeasureTool.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/view/GLView.h"
@@ -169,4 +171,22 @@ void registerSelectCommands(Base::CommandManager& manager)
          QT_TRANSLATE_NOOP("HostCommand", "Lay a part on the plate with the face that you click."),
          "app_face_down", "L"},
         FaceDownTool::name));
+    HandlesTool::init();
+    manager.addCommand(new MouseToolCommand(
+        "Std_Handles",
+        {QT_TRANSLATE_NOOP("HostCommand", "Mo&ve and Turn by Handles"),
+         QT_TRANSLATE_NOOP("HostCommand",
+                           "Show arrows and rings by which the mouse moves and turns the selected "
+                           "parts."),
+         "app_place", "G"},
+        HandlesTool::name));
+    MeasureTool::init();
+    manager.addCommand(new MouseToolCommand(
+        "Std_Measure",
+        {QT_TRANSLATE_NOOP("HostCommand", "&Measure"),
+         QT_TRANSLATE_NOOP("HostCommand",
+                           "Tell wall thickness, distance and angle at places of parts that you "
+                           "click."),
+         nullptr, "M"},
+        MeasureTool::name));
 }

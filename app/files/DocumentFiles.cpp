@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/files/DocumentFiles.h"
 
+#include "app/files/PartReload.h"
 #include "host/document/DocumentProject.h"
 #include "platform/ui/ActiveDocument.h"
 #include "platform/ui/Application.h"
@@ -149,10 +150,36 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project,
     if (!loaded.good.isEmpty())
         emit opened();
 
-    QStringList sentences = loaded.problems.mid(0, mostSentences);
-    int const more = loaded.problems.size() - sentences.size();
-    if (loaded.problems.size() > 1)
-        sentences.push_front(tr("%n files could not be opened:", nullptr, loaded.problems.size()));
+    tellProblems(loaded.problems);
+}
+
+void DocumentFiles::reload(QStringList const& files)
+{
+    if (JobGuard::instance()->isBusy() || files.isEmpty())
+        return;
+    auto const loaded = std::make_shared<LoadedFiles>();
+    PartLoader const loader(files, {}, m_preparation);
+    m_job.start(
+        QT_TRANSLATE_NOOP("JobGuard", "Opening files"),
+        [loader, loaded](FileJob::Progress const& progress) { *loaded = loader.load(progress); },
+        [this, loaded](JobOutcome const& outcome) {
+            if (outcome.isDone() && document()) {
+                QStringList const left = putReloaded(*document(), *loaded, m_origins);
+                tellProblems(loaded->problems);
+                if (!left.isEmpty())
+                    tellLater(left.mid(0, mostSentences).join(QStringLiteral("\n\n")));
+            } else if (!outcome.problem.isEmpty()) {
+                tellLater(outcome.problem);
+            }
+        });
+}
+
+void DocumentFiles::tellProblems(QStringList const& problems)
+{
+    QStringList sentences = problems.mid(0, mostSentences);
+    int const more = problems.size() - sentences.size();
+    if (problems.size() > 1)
+        sentences.push_front(tr("%n files could not be opened:", nullptr, problems.size()));
     if (more > 0)
         sentences.push_back(tr("The same goes for %n more.", nullptr, more));
     if (!sentences.isEmpty())
@@ -219,8 +246,10 @@ void DocumentFiles::addParts(LoadedFiles& loaded)
                              : tr("Open %n files", nullptr, loaded.good.size());
     TakenNames names(*target);
     target->openTransaction(step.toUtf8().constData());
-    for (std::unique_ptr<Mesh::DocumentObject>& part : loaded.parts) {
+    for (std::size_t i = 0; i < loaded.parts.size(); ++i) {
+        std::unique_ptr<Mesh::DocumentObject>& part = loaded.parts[i];
         part->setName(names.make(part->getName()));
+        m_origins.remember(*part, loaded.origins[i]);
         target->addObject(part.release(), nullptr, true);
     }
     target->commitTransaction();

@@ -4,6 +4,7 @@
 #include "app/files/FileJob.h"
 #include "app/files/FileQuestions.h"
 #include "app/files/PartLoader.h"
+#include "app/files/PartOrigins.h"
 #include "app/files/ProjectGuard.h"
 #include "app/files/RecentFiles.h"
 #include "platform/document/MeshDocument.h"
@@ -45,6 +46,12 @@ public:
     /// Opens files, by paths that may be relative. While the application is busy they wait for
     /// their turn. Files that cannot be read are told in one message; the others are opened.
     void openFiles(QStringList const& files);
+    /// Reads mesh files anew and puts what they have in the place of the parts that came from them,
+    /// as one undo step. What cannot be read is told, and its parts stay. Not while a job runs.
+    void reload(QStringList const& files);
+    /// Where the parts came from.
+    PartOrigins& origins() { return m_origins; }
+    PartOrigins const& origins() const { return m_origins; }
     /// Opens a file of the recent ones; if it is not there any more, says so and forgets it.
     void openRecent(QString const& file);
 
@@ -111,6 +118,7 @@ private:
                   std::optional<FileStamp> projectAsRead);
     void watchProject(std::optional<FileStamp> asKnown);
     void addParts(LoadedFiles& loaded);
+    void tellProblems(QStringList const& problems);
     Mesh::Document* replaceDocument(QString const& projectFile);
     void fitIntoView() const;
     void startSaving(QString const& file);
@@ -129,6 +137,7 @@ private:
 
     std::unique_ptr<FileQuestions> m_questions;
     RecentFiles m_recent;
+    PartOrigins m_origins;
     PartLoader::Preparation m_preparation;
     QStringList m_waiting;
     QString m_projectFile;

@@ -68,12 +68,20 @@ void PartLoader::loadFile(QString const& file, LoadedFiles& loaded, Progress con
     }
     // Nothing of a file is taken before all of it is ready.
     std::vector<std::unique_ptr<Mesh::DocumentObject>> parts;
+    // Before it is read: what is changed meanwhile counts as changed.
+    PartOrigin origin{file, stampOf(file), 0, 0, {}};
     for (Formats::LoadedPart& part : Formats::readParts(path, reading)) {
         parts.push_back(partFrom(std::move(part)));
         kernels.push_back(parts.back()->meshProperty->getMesh());
     }
     prepare(kernels, preparing);
-    std::ranges::move(parts, std::back_inserter(loaded.parts));
+    origin.count = parts.size();
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        origin.index = i;
+        origin.matrix = parts[i]->getMatrix();
+        loaded.origins.push_back(origin);
+        loaded.parts.push_back(std::move(parts[i]));
+    }
 }
 
 void PartLoader::prepare(std::vector<MeshKernel const*> const& kernels,

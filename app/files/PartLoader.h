@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/files/PartOrigins.h"
 #include "host/formats/ProjectFile.h"
 #include "platform/document/MeshDocumentObject.h"
 
@@ -19,6 +20,8 @@ struct LoadedFiles
     std::optional<std::vector<Formats::ProjectObject>> project;
     /// Parts with names, colours, meshes and boxes, in no document yet.
     std::vector<std::unique_ptr<Mesh::DocumentObject>> parts;
+    /// Where each of the parts came from.
+    std::vector<PartOrigin> origins;
     /// The files that were read.
     QStringList good;
     /// One sentence for each file that was not.

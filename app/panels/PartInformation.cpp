@@ -2,6 +2,8 @@
 #include "app/panels/PartInformation.h"
 
 #include "app/panels/CheckReport.h"
+#include "app/panels/FitText.h"
+#include "app/panels/FlawList.h"
 #include "app/panels/MeasureText.h"
 #include "app/panels/PanelIcon.h"
 #include "app/parts/EditStep.h"
@@ -79,6 +81,7 @@ void PartInformation::build()
     m_report = new QPlainTextEdit(this);
     m_report->setReadOnly(true);
     m_report->setVisible(false);
+    m_flaws = new FlawList(this);
 
     auto* const layout = new MellVBoxLayout(this);
     int const margin = themePixels("dialogWidegtMargin");
@@ -91,6 +94,7 @@ void PartInformation::build()
     layout->addWidget(m_hint);
     layout->addWidget(m_facts);
     layout->addWidget(m_report, 1);
+    layout->addWidget(m_flaws, 2);
     layout->addStretch();
 }
 
@@ -104,8 +108,8 @@ void PartInformation::changeEvent(QEvent* event)
 void PartInformation::retranslate()
 {
     setWindowTitle(tr("Part Information"));
-    QStringList const titles{tr("Name"), tr("Triangles"), tr("Size"),  tr("Volume"),
-                             tr("Area"), tr("Surface"),   tr("Errors")};
+    QStringList const titles{tr("Name"), tr("Triangles"), tr("Size"),   tr("Volume"),
+                             tr("Area"), tr("Surface"),   tr("Errors"), tr("Printer")};
     for (int line = 0; line < LineCount; ++line)
         m_titles[std::size_t(line)]->setText(titles[line]);
     m_check->setText(tr("Check"));
@@ -184,6 +188,27 @@ void PartInformation::showFacts(Parts const& selected)
                        : count == 1 ? tr("open")
                                     : tr("%1 of %2 parts are open").arg(open).arg(count)));
     show(Errors, errorsOf(selected));
+    show(Fit, fitOf(selected));
+}
+
+QString PartInformation::fitOf(Parts const& selected)
+{
+    BuildVolume const room = BuildVolume::stored();
+    QString const fits = FitText::of({}, room);
+    QStringList lines;
+    for (Mesh::DocumentObject const* const part : selected) {
+        QString const text = FitText::of(part->getBoundingBox(), room);
+        if (selected.size() == 1)
+            return text;
+        if (text != fits)
+            lines << QString::fromStdString(part->getName()) + ": " + text;
+    }
+    constexpr int mostLines = 5;
+    if (lines.size() > mostLines) {
+        lines = lines.mid(0, mostLines);
+        lines << QStringLiteral("...");
+    }
+    return lines.isEmpty() ? fits : lines.join('\n');
 }
 
 QString PartInformation::errorsOf(Parts const& selected) const
@@ -232,6 +257,7 @@ void PartInformation::finish(PartCheck::Kind kind, PartCheck::Outcome outcome,
         if (finding.mended)
             remember(*finding.mended, finding.after);
     }
+    m_flaws->take(findings);
     showReport(isRepair ? CheckReport::ofRepair(findings) : CheckReport::ofCheck(findings));
     refresh();
 }

@@ -9,6 +9,7 @@
 #include <map>
 
 class DocumentFollower;
+class FlawList;
 class MeshSurvey;
 class PushButtonAnimate;
 class QLabel;
@@ -30,6 +31,7 @@ public:
         Area,
         Closed,
         Errors,
+        Fit,
         LineCount
     };
 
@@ -65,6 +67,7 @@ private:
     void showReport(QString const& text);
     Parts parts() const;
     QString whyInactive() const;
+    static QString fitOf(std::vector<Mesh::DocumentObject*> const& selected);
 
     /// What is known of a mesh's errors.
     struct Known
@@ -83,5 +86,6 @@ private:
     PushButtonAnimate* m_check;
     PushButtonAnimate* m_repair;
     QPlainTextEdit* m_report;
+    FlawList* m_flaws;
     PartCheck m_job;
 };

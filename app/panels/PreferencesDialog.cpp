@@ -116,15 +116,22 @@ void PreferencesDialog::buildView()
     m_projection = choiceOf(2, this);
     m_plateWidth = new MellQuantitySpinBox(this);
     m_plateDepth = new MellQuantitySpinBox(this);
-    for (MellQuantitySpinBox* const field : {m_plateWidth, m_plateDepth}) {
+    m_buildHeight = new MellQuantitySpinBox(this);
+    m_volumes = BuildVolume::known();
+    m_printer = choiceOf(int(m_volumes.size()) + 1, this);
+    for (std::size_t i = 0; i < m_volumes.size(); ++i)
+        m_printer->setItemText(int(i) + 1, m_volumes[i].name);
+    for (MellQuantitySpinBox* const field : {m_plateWidth, m_plateDepth, m_buildHeight}) {
         field->setUnit(Base::Unit::length);
         field->setRange(ViewPreferences::smallestPlateMm, ViewPreferences::largestPlateMm);
         field->setSingleStep(10);
     }
     m_viewForm->addRow(QStringLiteral(" "), m_navigation);
     m_viewForm->addRow(QStringLiteral(" "), m_projection);
-    m_viewForm->addRow(QStringLiteral(" "), m_plateWidth);
-    m_viewForm->addRow(QStringLiteral(" "), m_plateDepth);
+    for (QWidget* const field :
+         {static_cast<QWidget*>(m_printer), static_cast<QWidget*>(m_plateWidth),
+          static_cast<QWidget*>(m_plateDepth), static_cast<QWidget*>(m_buildHeight)})
+        m_viewForm->addRow(QStringLiteral(" "), field);
 }
 
 void PreferencesDialog::load()
@@ -139,6 +146,7 @@ void PreferencesDialog::load()
     m_projection->setCurrentIndex(m_appearance.isPerspective());
     m_plateWidth->setValue(m_preferences.plateSize().width());
     m_plateDepth->setValue(m_preferences.plateSize().height());
+    m_buildHeight->setValue(BuildVolume::stored().height);
 }
 
 void PreferencesDialog::connectInterface()
@@ -171,6 +179,19 @@ void PreferencesDialog::connectView()
     });
     connect(m_plateWidth, &MellQuantitySpinBox::valueChanged, this, &PreferencesDialog::setPlate);
     connect(m_plateDepth, &MellQuantitySpinBox::valueChanged, this, &PreferencesDialog::setPlate);
+    connect(m_buildHeight, &MellQuantitySpinBox::valueChanged, this, &BuildVolume::storeHeight);
+    connect(m_printer, qOverload<int>(&QComboBox::activated), this,
+            &PreferencesDialog::takePrinter);
+}
+
+void PreferencesDialog::takePrinter(int index)
+{
+    if (index < 1)
+        return;
+    BuildVolume const& volume = m_volumes[std::size_t(index) - 1];
+    m_plateWidth->setValue(volume.width);
+    m_plateDepth->setValue(volume.depth);
+    m_buildHeight->setValue(volume.height);
 }
 
 void PreferencesDialog::setPlate()
@@ -198,6 +219,12 @@ void PreferencesDialog::retranslate()
     setLabel(*m_interfaceForm, m_size->parentWidget(), tr("Size"));
     setLabel(*m_viewForm, m_navigation, tr("Mouse"));
     setLabel(*m_viewForm, m_projection, tr("Projection"));
+    setLabel(*m_viewForm, m_printer, tr("Printer"));
+    m_printer->setItemText(0, tr("Choose a size..."));
+    m_printer->setToolTip(
+        tr("Printers of your own can be added in %1, one in each line: name;width;depth;height")
+            .arg(BuildVolume::ownFile()));
+    setLabel(*m_viewForm, m_buildHeight, tr("Build height"));
     setLabel(*m_viewForm, m_plateWidth, tr("Plate width"));
     setLabel(*m_viewForm, m_plateDepth, tr("Plate depth"));
     setTexts(*m_theme, {tr("As the system"), tr("Light"), tr("Dark")});

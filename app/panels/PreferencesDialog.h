@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/view/BuildVolume.h"
+
 #include <QDialog>
 
 class MellQuantitySpinBox;
@@ -34,6 +36,9 @@ public:
     QComboBox& projection() const { return *m_projection; }
     MellQuantitySpinBox& plateWidth() const { return *m_plateWidth; }
     MellQuantitySpinBox& plateDepth() const { return *m_plateDepth; }
+    MellQuantitySpinBox& buildHeight() const { return *m_buildHeight; }
+    /// The build volumes that are known, behind an entry that chooses none.
+    QComboBox& printer() const { return *m_printer; }
 
     void changeEvent(QEvent* event) override;
 
@@ -47,6 +52,7 @@ private:
     /// Gives texts of another language the room they need; the open dialog never shrinks.
     void growToTexts();
     void setPlate();
+    void takePrinter(int index);
 
     ViewAppearance& m_appearance;
     ViewPreferences& m_preferences;
@@ -63,6 +69,9 @@ private:
     QComboBox* m_projection;
     MellQuantitySpinBox* m_plateWidth;
     MellQuantitySpinBox* m_plateDepth;
+    MellQuantitySpinBox* m_buildHeight;
+    QComboBox* m_printer;
+    std::vector<BuildVolume> m_volumes;
     QDialogButtonBox* m_buttons;
     bool m_isBuilt = false;
 };

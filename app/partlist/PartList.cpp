@@ -110,7 +110,9 @@ void PartList::updateSummary()
     std::size_t const count = m_model->partCount();
     texts << (count == 1 ? tr("1 part")
                          : tr("%1 parts").arg(QLocale().toString(qulonglong(count))));
-    texts << tr("%1 triangles").arg(QLocale().toString(qulonglong(m_model->triangleCount())));
+    auto const triangles = qulonglong(m_model->triangleCount());
+    texts << (triangles == 1 ? tr("1 triangle")
+                             : tr("%1 triangles").arg(QLocale().toString(triangles)));
     std::size_t const selected =
         m_model->document() ? m_model->document()->getSelectedMeshObjects().size() : 0;
     if (selected > 0)

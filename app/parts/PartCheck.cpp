@@ -17,10 +17,12 @@ Progress share(Progress const& progress, int from, int to)
     return [&progress, from, to](int percent) { progress(from + percent * (to - from) / 100); };
 }
 
-PartCheck::Counts countErrors(MeshKernel& kernel, Progress const& progress)
+PartCheck::Counts findErrors(MeshKernel& kernel, std::vector<Repair::FlawPlace>& places,
+                             Progress const& progress)
 {
     Repair::EvaluateErrors errors(&kernel);
     errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, false, true, progress);
+    places = Repair::placesOf(*errors.survey(), PartCheck::mostPlaces);
     return errors.counts();
 }
 
@@ -53,15 +55,19 @@ bool PartCheck::start(Kind kind, std::vector<Mesh::DocumentObject*> const& parts
 void PartCheck::inspect(Kind kind, Finding& finding, Progress const& progress) const
 {
     bool const isRepair = kind == Kind::Repair;
-    finding.before = countErrors(*finding.kernel, share(progress, 0, isRepair ? 30 : 100));
+    finding.before =
+        findErrors(*finding.kernel, finding.places, share(progress, 0, isRepair ? 30 : 100));
     if (!isRepair || finding.before.total() == 0)
         return;
     MeshKernel copy(*finding.kernel);
     copy.toRclMesh();
     Repair::RepairMethods(&copy).autoRepair_simple_advanced(share(progress, 30, 80));
-    finding.after = countErrors(copy, share(progress, 80, 100));
-    if (finding.after.total() < finding.before.total())
-        finding.mended = asReadOnly(copy);
+    std::vector<Repair::FlawPlace> left;
+    finding.after = findErrors(copy, left, share(progress, 80, 100));
+    if (finding.after.total() >= finding.before.total())
+        return;
+    finding.mended = asReadOnly(copy);
+    finding.places = std::move(left);
 }
 
 void PartCheck::run(Kind kind, Findings findings)

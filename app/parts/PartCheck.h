@@ -3,6 +3,7 @@
 
 #include "app/jobs/JobGuard.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/services/FlawPlaces.h"
 #include "platform/services/Repair.h"
 
 #include <QObject>
@@ -49,8 +50,11 @@ public:
         /// After a repair that made it better: what is left, and the mended kernel.
         Counts after;
         std::shared_ptr<MeshKernel> mended;
+        /// Of what is there now, at most mostPlaces of each kind.
+        std::vector<Repair::FlawPlace> places;
     };
     using Findings = std::vector<Finding>;
+    static constexpr std::size_t mostPlaces = 1000;
 
     PartCheck() = default;
     /// Stops and waits for a job that runs; it then has no result.

@@ -22,7 +22,9 @@ QString described(RecoveryList const& list)
     QLocale const locale;
     return list.title() + '\n' + RecoveryDialog::tr("%n parts", nullptr, int(list.partCount())) +
            ", " +
-           RecoveryDialog::tr("%1 triangles").arg(locale.toString(qulonglong(list.triangles))) +
+           (list.triangles == 1 ? RecoveryDialog::tr("1 triangle")
+                                : RecoveryDialog::tr("%1 triangles")
+                                      .arg(locale.toString(qulonglong(list.triangles)))) +
            '\n' + locale.toString(list.time, QLocale::ShortFormat);
 }
 

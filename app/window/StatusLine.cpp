@@ -133,6 +133,8 @@ QString StatusLine::selectionSummary(Mesh::Document const* document)
         if (MeshKernel const* const kernel = part->meshProperty->getMesh())
             triangles += kernel->readMesh()->triangles.size();
     QString const count = QLocale().toString(triangles);
+    if (selected.size() == 1 && triangles == 1)
+        return tr("1 part, 1 triangle");
     return selected.size() == 1
                ? tr("1 part, %1 triangles").arg(count)
                : tr("%1 parts, %2 triangles").arg(QString::number(selected.size()), count);

@@ -3,6 +3,8 @@
 
 #include "app/commands/HostCommand.h"
 #include "app/tools/FaceDownTool.h"
+#include "app/tools/HandlesTool.h"
+#include "app/tools/MeasureTool.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/CommandManager.h"
 
@@ -18,6 +20,14 @@ char const* const pickHint = QT_TRANSLATE_NOOP(
     "StatusLine", "Click on a part to see the coordinates of that point. Esc ends the tool.");
 char const* const faceDownHint = QT_TRANSLATE_NOOP(
     "StatusLine", "Click on the face of a part that is to lie on the plate. Esc ends the tool.");
+char const* const handlesHint = QT_TRANSLATE_NOOP(
+    "StatusLine",
+    "Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps "
+    "of 1 mm and 15°. Esc ends the tool.");
+char const* const measureHint = QT_TRANSLATE_NOOP(
+    "StatusLine",
+    "Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C "
+    "copies them. Esc ends the tool.");
 char const* const otherHint = QT_TRANSLATE_NOOP("StatusLine", "Esc ends the tool.");
 //: The name of a tool and what a click does, a whole sentence.
 char const* const commandHint = QT_TRANSLATE_NOOP("StatusLine", "%1: %2 Esc ends the tool.");
@@ -52,6 +62,10 @@ QString toolHint(std::string const& toolClass, Base::CommandManager const& comma
         return translated(pickHint);
     if (toolClass == FaceDownTool::name)
         return translated(faceDownHint);
+    if (toolClass == HandlesTool::name)
+        return translated(handlesHint);
+    if (toolClass == MeasureTool::name)
+        return translated(measureHint);
     Base::Command const* const command = pressedCommand(commands);
     if (!command)
         return translated(otherHint);

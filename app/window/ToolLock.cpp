@@ -3,6 +3,8 @@
 
 #include "app/jobs/JobGuard.h"
 #include "app/tools/FaceDownTool.h"
+#include "app/tools/HandlesTool.h"
+#include "app/tools/MeasureTool.h"
 #include "platform/view/GLView.h"
 #include "platform/view/NavigationStyle.h"
 
@@ -29,7 +31,7 @@ bool ToolLock::isModulesToolRunning() const
 {
     std::string const tool = m_view.getInteractModeName();
     return !tool.empty() && tool != "Base::RectangleSelection" && tool != "Mesh::PointPickerMesh" &&
-           tool != FaceDownTool::name;
+           tool != FaceDownTool::name && tool != HandlesTool::name && tool != MeasureTool::name;
 }
 
 void ToolLock::refuse()

@@ -11,6 +11,7 @@
 #include "app/partlist/PartList.h"
 #include "app/view/ViewPreferences.h"
 #include "app/window/FirstSize.h"
+#include "app/window/OneHeight.h"
 #include "app/window/PanelPlaces.h"
 #include "host/ui/HeightSlider.h"
 #include "platform/ui/CutView.h"
@@ -93,8 +94,10 @@ void WindowPanels::buildRight()
         new PlacementPanel(&m_window), QStringLiteral("Placement"), Qt::RightDockWidgetArea);
     m_sideControl = new SideControlTab(&m_window);
     m_window.setSideControl(m_sideControl);
-    if (CutView* const cut = cutView())
+    if (CutView* const cut = cutView()) {
         cut->setView(&m_places.view());
+        new OneHeight(*cut, *MainWindow::getViewSlider(), cut);
+    }
     m_sideDock =
         m_places.addPanel(m_sideControl, QStringLiteral("SideControl"), Qt::RightDockWidgetArea);
     m_window.tabifyDockWidget(m_informationDock, placement);

@@ -99,10 +99,19 @@ CutMemory placedMemory(MeshKernel const& kernel)
     return memory;
 }
 
-void remember(DocumentObject const& piece, CutMemory memory, CutFace const& face)
+/// What its pieces inherit.
+CutMemory familyOf(DocumentObject const& source)
+{
+    static unsigned lastFamily = 0;
+    CutMemory memory = cutMemoryOf(source);
+    if (memory.family == 0)
+        memory.family = ++lastFamily;
+    return memory;
+}
+
+void remember(DocumentObject const& piece, CutMemory memory)
 {
     MeshKernel const& kernel = *piece.meshProperty->getMesh();
-    memory.faces.push_back(face);
     for (CutFace& each : memory.faces)
         each = inRecords(each, kernel.getMatrix());
     setMemory(kernel.readMesh(), std::move(memory));
@@ -126,15 +135,29 @@ void rememberCut(DocumentObject const& source, CutFace const& plane, DocumentObj
 {
     if (!hasMesh(first) || !hasMesh(other))
         return;
-    static unsigned lastFamily = 0;
-    CutMemory memory = cutMemoryOf(source);
-    if (memory.family == 0)
-        memory.family = ++lastFamily;
     bool const isFirstAbove = middleAlong(*first.meshProperty->getMesh(), plane.normal) >
                               middleAlong(*other.meshProperty->getMesh(), plane.normal);
     CutFace const back{plane.normal * -1, -plane.distance};
-    remember(first, memory, isFirstAbove ? back : plane);
-    remember(other, memory, isFirstAbove ? plane : back);
+    CutMemory ofFirst = familyOf(source), ofOther = ofFirst;
+    ofFirst.faces.push_back(isFirstAbove ? back : plane);
+    ofOther.faces.push_back(isFirstAbove ? plane : back);
+    remember(first, std::move(ofFirst));
+    remember(other, std::move(ofOther));
+}
+
+void rememberSlices(DocumentObject const& source, std::vector<double> const& heights,
+                    std::vector<DocumentObject*> const& pieces)
+{
+    CutMemory const inherited = familyOf(source);
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        if (!hasMesh(*pieces[i]))
+            continue;
+        CutMemory memory = inherited;
+        for (std::size_t j = 0; j < heights.size(); ++j)
+            memory.faces.push_back(j < i ? CutFace{{0, 0, -1}, -heights[j]}
+                                         : CutFace{{0, 0, 1}, heights[j]});
+        remember(*pieces[i], std::move(memory));
+    }
 }
 
 void rememberAs(MeshKernel const& before, MeshKernel const& after)

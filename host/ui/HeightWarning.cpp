@@ -7,6 +7,28 @@
 
 #include <QEvent>
 
+#include <algorithm>
+
+namespace {
+
+// Whether a part ends, or begins, at a height.
+
+auto endsAt(float height)
+{
+    return [height](Mesh::DocumentObject const* part) {
+        return part->getBoundingBox().MaxZ() == height;
+    };
+}
+
+auto beginsAt(float height)
+{
+    return [height](Mesh::DocumentObject const* part) {
+        return part->getBoundingBox().MinZ() == height;
+    };
+}
+
+}  // namespace
+
 HeightWarning::HeightWarning(QWidget* parent) : QLabel(parent)
 {
     setObjectName(QStringLiteral("HeightWarning"));
@@ -32,11 +54,16 @@ void HeightWarning::refresh(Base::Document const* document, float height)
     bool const isSelection = !chosen.empty();
     if (parts && !isSelection)
         chosen = parts->getPartList();
+    bool const isCutHere = std::ranges::any_of(chosen, endsAt(height)) &&
+                           std::ranges::any_of(chosen, beginsAt(height));
     int missed = 0;
     QString first;
     for (Mesh::DocumentObject const* const part : chosen) {
         UBox3<float> const box = part->getBoundingBox();
         if (!box.Isnullptr() && height > box.MinZ() && height < box.MaxZ())
+            continue;
+        // Pieces that were parted here are no mistake of the height.
+        if (isCutHere && (endsAt(height)(part) || beginsAt(height)(part)))
             continue;
         if (missed++ == 0)
             first = QString::fromStdString(part->getName());

@@ -39,6 +39,10 @@ QString languageOf(LanguageSwitch::Choice choice)
 void putIntoEffect(QString const& language)
 {
     languageInEffect = language;
+    // Numbers and dates are those of the language, whatever the system's are.
+    QLocale::setDefault(language == QLatin1String("de")
+                            ? QLocale(QLocale::German, QLocale::Germany)
+                            : QLocale(QLocale::English, QLocale::UnitedStates));
     if (texts) {
         texts->take(language);
     } else {

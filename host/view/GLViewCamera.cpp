@@ -53,7 +53,8 @@ void GLView::applyProjection()
 {
     std::string const tool = getInteractModeName();
     bool const isFree = tool.empty() || tool == "Mesh::PointPickerMesh" ||
-                        tool == "Base::RectangleSelection" || tool == "FaceDownTool";
+                        tool == "Base::RectangleSelection" || tool == "FaceDownTool" ||
+                        tool == "HandlesTool" || tool == "MeasureTool";
     m_camera->setProjection(isFree ? m_projection : GLCamera::Projection::Parallel);
     update();
 }

@@ -83,10 +83,15 @@ void PartPreparer::begin(Mesh const& mesh, Entry& entry)
         // Who has taken the part away meanwhile does not need it.
         auto result = held.use_count() > 1 ? std::make_shared<PreparedPart>(held) : nullptr;
         held.reset();
-        QMetaObject::invokeMethod(
-            this, [this, key, request, result] { enter(key, request, result); },
-            Qt::QueuedConnection);
+        m_ready.put({key, request, std::move(result)});
+        QMetaObject::invokeMethod(this, &PartPreparer::enterReady, Qt::QueuedConnection);
     });
+}
+
+void PartPreparer::enterReady()
+{
+    for (Ready& ready : m_ready.takeAll())
+        enter(ready.mesh, ready.request, std::move(ready.result));
 }
 
 void PartPreparer::enter(UMesh<float> const* mesh, unsigned long request,

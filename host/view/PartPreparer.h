@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/Inbox.h"
 #include "host/view/PreparedPart.h"
 
 #include <QObject>
@@ -55,6 +56,7 @@ private:
     };
 
     void begin(Mesh const& mesh, Entry& entry);
+    void enterReady();
     void enter(UMesh<float> const* mesh, unsigned long request,
                std::shared_ptr<PreparedPart> result);
 
@@ -62,5 +64,12 @@ private:
     unsigned long m_lastRequest = 0;
     int m_running = 0;
     std::size_t m_granted = 0;
+    struct Ready
+    {
+        UMesh<float> const* mesh;
+        unsigned long request;
+        std::shared_ptr<PreparedPart> result;
+    };
+    Inbox<Ready> m_ready;
     QThreadPool m_thread;
 };

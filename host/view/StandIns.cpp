@@ -176,9 +176,15 @@ void StandIns::make(std::shared_ptr<PartShape> const& shape)
                 made = std::make_shared<StandIn>(copyArrays(*held, progress));
             }
             held.reset();
-            QMetaObject::invokeMethod(
-                this, [this, asked, made] { enter(asked, made); }, Qt::QueuedConnection);
+            m_made.put({std::move(asked), std::move(made)});
+            QMetaObject::invokeMethod(this, &StandIns::enterMade, Qt::QueuedConnection);
         });
+}
+
+void StandIns::enterMade()
+{
+    for (Made& made : m_made.takeAll())
+        enter(made.shape, std::move(made.standIn));
 }
 
 void StandIns::enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<StandIn const> made)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/view/Inbox.h"
 #include "host/view/PartShape.h"
 
 #include <QElapsedTimer>
@@ -84,6 +85,7 @@ private:
     bool isLarge() const;
     bool isWanted(PartShape const& shape) const;
     void make(std::shared_ptr<PartShape> const& shape);
+    void enterMade();
     void enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<StandIn const> made);
     void count(PaintedPart const& part);
     std::size_t allowedFor(PaintedPart const& part) const;
@@ -106,5 +108,11 @@ private:
     Load m_loadNow;
     std::vector<std::shared_ptr<PartShape>> m_painted;
     int m_running = 0;
+    struct Made
+    {
+        std::weak_ptr<PartShape> shape;
+        std::shared_ptr<StandIn const> standIn;
+    };
+    Inbox<Made> m_made;
     QThreadPool m_thread;
 };

@@ -42,6 +42,13 @@ CutMemory cutMemoryOf(DocumentObject const& part);
 void rememberCut(DocumentObject const& source, CutFace const& plane, DocumentObject const& first,
                  DocumentObject const& other);
 
+/// Pieces are what horizontal planes have made of a part, which has its mesh still.
+///
+/// heights  from below, in world millimetres
+/// pieces   one more than heights, from below
+void rememberSlices(DocumentObject const& source, std::vector<double> const& heights,
+                    std::vector<DocumentObject*> const& pieces);
+
 /// A part has another mesh of the same shape, seen through the same matrix.
 ///
 /// before  the kernel that it had

@@ -1581,6 +1581,40 @@
     </message>
 </context>
 <context>
+    <name>FitText</name>
+    <message>
+        <source>fits</source>
+        <translation>passt</translation>
+    </message>
+    <message>
+        <source>%1 too wide</source>
+        <translation>%1 zu breit</translation>
+    </message>
+    <message>
+        <source>%1 too deep</source>
+        <translation>%1 zu tief</translation>
+    </message>
+    <message>
+        <source>%1 too high</source>
+        <translation>%1 zu hoch</translation>
+    </message>
+    <message>
+        <source>fits, but reaches beyond the plate</source>
+        <translation>passt, ragt aber über die Platte hinaus</translation>
+    </message>
+</context>
+<context>
+    <name>FlawList</name>
+    <message>
+        <source>Places of errors: %1. Choose one to see it.</source>
+        <translation>Fehlerstellen: %1. Wählen Sie eine aus, um sie zu sehen.</translation>
+    </message>
+    <message>
+        <source>Places of errors</source>
+        <translation>Fehlerstellen</translation>
+    </message>
+</context>
+<context>
     <name>Formats</name>
     <message>
         <source>PLY, binary</source>
@@ -1987,6 +2021,86 @@
     <message>
         <source>The picture could not be saved as %1: %2. Choose another folder.</source>
         <translation>Das Bild konnte nicht als %1 gespeichert werden: %2. Einen anderen Ordner wählen.</translation>
+    </message>
+</context>
+<context>
+    <name>HandlesTool</name>
+    <message>
+        <source>Let go of the handle first.</source>
+        <translation>Lassen Sie zuerst den Griff los.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCut</name>
+    <message>
+        <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
+        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory; close other programs, or take fewer parts.</source>
+        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCutDialog</name>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>At these heights</source>
+        <translation>In diesen Höhen</translation>
+    </message>
+    <message>
+        <source>From the bottom, every</source>
+        <translation>Von unten, alle</translation>
+    </message>
+    <message>
+        <source>Numbers with blanks or semicolons between them.</source>
+        <translation>Zahlen mit Leerzeichen oder Strichpunkten dazwischen.</translation>
+    </message>
+    <message>
+        <source>All pieces</source>
+        <translation>Alle Stücke</translation>
+    </message>
+    <message>
+        <source>The uppermost piece alone</source>
+        <translation>Nur das oberste Stück</translation>
+    </message>
+    <message>
+        <source>The lowest piece alone</source>
+        <translation>Nur das unterste Stück</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schneiden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number.</source>
+        <translation>&quot;%1&quot; ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>These are too many cuts at once. Take a larger distance.</source>
+        <translation>Das sind zu viele Schnitte auf einmal. Nehmen Sie einen größeren Abstand.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n Höhe geht durch die Bauteile.</numerusform>
+            <numerusform>%n Höhen gehen durch die Bauteile.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2537,8 +2651,8 @@
         <translation>Eines der ausgewählten Bauteile in das teilen, was in den anderen liegt, und den Rest.</translation>
     </message>
     <message>
-        <source>Split into S&amp;hells</source>
-        <translation>In S&amp;chalen teilen</translation>
+        <source>Split into Shells</source>
+        <translation>In Schalen teilen</translation>
     </message>
     <message>
         <source>Make a part of each piece of the selected part that hangs together; cavities stay with theirs.</source>
@@ -2551,6 +2665,54 @@
     <message>
         <source>Put the selected parts into one as they are, walls inside included.</source>
         <translation>Die ausgewählten Bauteile unverändert in eines legen, mit allen Wänden im Inneren.</translation>
+    </message>
+    <message>
+        <source>Cut at Heights...</source>
+        <translation>In Höhen schneiden...</translation>
+    </message>
+    <message>
+        <source>Cut the selected parts at several heights at once, and keep all pieces or one.</source>
+        <translation>Die ausgewählten Bauteile in mehreren Höhen auf einmal schneiden und alle Stücke oder eines behalten.</translation>
+    </message>
+    <message>
+        <source>Pieces now: %1.</source>
+        <translation>Stücke jetzt: %1.</translation>
+    </message>
+    <message>
+        <source>No height goes through the parts.</source>
+        <translation>Keine Höhe geht durch die Bauteile.</translation>
+    </message>
+    <message>
+        <source>The cut was cancelled; the parts are as they were.</source>
+        <translation>Der Schnitt wurde abgebrochen; die Bauteile sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>Arrange on the Plate</source>
+        <translation>Auf der Platte anordnen</translation>
+    </message>
+    <message>
+        <source>Put the selected parts, or all that are shown, side by side on the plate.</source>
+        <translation>Die ausgewählten Bauteile, oder alle sichtbaren, nebeneinander auf die Platte stellen.</translation>
+    </message>
+    <message>
+        <source>The plate is full: %1 of the parts stand beside it, as on further plates.</source>
+        <translation>Die Platte ist voll: %1 der Bauteile stehen daneben, wie auf weiteren Platten.</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve and Turn by Handles</source>
+        <translation>Mit Griffen be&amp;wegen und drehen</translation>
+    </message>
+    <message>
+        <source>Show arrows and rings by which the mouse moves and turns the selected parts.</source>
+        <translation>Pfeile und Ringe zeigen, an denen die Maus die ausgewählten Bauteile bewegt und dreht.</translation>
+    </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Messen</translation>
+    </message>
+    <message>
+        <source>Tell wall thickness, distance and angle at places of parts that you click.</source>
+        <translation>Wandstärke, Abstand und Winkel an angeklickten Stellen von Bauteilen angeben.</translation>
     </message>
 </context>
 <context>
@@ -2619,6 +2781,10 @@
         <source>Merging parts</source>
         <translation>Bauteile zusammenfassen</translation>
     </message>
+    <message>
+        <source>Cutting at heights</source>
+        <translation>Schneiden in Höhen</translation>
+    </message>
 </context>
 <context>
     <name>JobProgressBar</name>
@@ -2656,6 +2822,33 @@
     <message>
         <source>Clear</source>
         <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureTool</name>
+    <message>
+        <source>Wall thickness: %1</source>
+        <translation>Wandstärke: %1</translation>
+    </message>
+    <message>
+        <source>No wall: open behind it</source>
+        <translation>Keine Wand: dahinter offen</translation>
+    </message>
+    <message>
+        <source>Distance: %1</source>
+        <translation>Abstand: %1</translation>
+    </message>
+    <message>
+        <source>X: %1  Y: %2  Z: %3</source>
+        <translation>X: %1  Y: %2  Z: %3</translation>
+    </message>
+    <message>
+        <source>Angle of the faces: %1</source>
+        <translation>Winkel der Flächen: %1</translation>
+    </message>
+    <message>
+        <source>Distance of the faces: %1</source>
+        <translation>Abstand der Flächen: %1</translation>
     </message>
 </context>
 <context>
@@ -3105,6 +3298,10 @@
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
     </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
 </context>
 <context>
     <name>PartList</name>
@@ -3135,6 +3332,10 @@
     <message>
         <source>%1 parts</source>
         <translation>%1 Bauteile</translation>
+    </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
     </message>
 </context>
 <context>
@@ -3213,6 +3414,13 @@
     <message>
         <source>%1 has no flat face to stand on. Choose one by Lay Flat on a Face.</source>
         <translation>%1 hat keine ebene Fläche, auf der es stehen kann. Wählen Sie eine mit „Auf eine Fläche legen“.</translation>
+    </message>
+</context>
+<context>
+    <name>PartReload</name>
+    <message>
+        <source>%1 is not in %2 any more; the part stays as it was.</source>
+        <translation>%1 ist nicht mehr in %2; das Bauteil bleibt, wie es war.</translation>
     </message>
 </context>
 <context>
@@ -3450,6 +3658,22 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>Printer</source>
+        <translation>Drucker</translation>
+    </message>
+    <message>
+        <source>Choose a size...</source>
+        <translation>Größe wählen...</translation>
+    </message>
+    <message>
+        <source>Printers of your own can be added in %1, one in each line: name;width;depth;height</source>
+        <translation>Eigene Drucker lassen sich in %1 hinzufügen, einer in jeder Zeile: Name;Breite;Tiefe;Höhe</translation>
+    </message>
+    <message>
+        <source>Build height</source>
+        <translation>Bauhöhe</translation>
+    </message>
 </context>
 <context>
     <name>PresetButton</name>
@@ -3557,6 +3781,29 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>1 triangle</source>
+        <translation>1 Dreieck</translation>
+    </message>
+</context>
+<context>
+    <name>ReloadOffer</name>
+    <message>
+        <source>Changed on disk since it was opened: %1</source>
+        <translation>Auf der Festplatte geändert, seit es geöffnet wurde: %1</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Keep as It Is</source>
+        <translation>Lassen, wie es ist</translation>
+    </message>
+    <message>
+        <source>Read the file again. The parts stay where they are placed; this can be undone.</source>
+        <translation>Die Datei noch einmal lesen. Die Bauteile bleiben, wo sie liegen; das lässt sich rückgängig machen.</translation>
     </message>
 </context>
 <context>
@@ -4012,6 +4259,18 @@
         <source>Click on the face of a part that is to lie on the plate. Esc ends the tool.</source>
         <translation>Klicken Sie auf die Fläche eines Bauteils, die auf der Platte liegen soll. Esc beendet das Werkzeug.</translation>
     </message>
+    <message>
+        <source>Drag an arrow to move the selected parts, or a ring to turn them; Shift leaves out the steps of 1 mm and 15°. Esc ends the tool.</source>
+        <translation>An einem Pfeil ziehen, um die ausgewählten Bauteile zu bewegen, an einem Ring, um sie zu drehen; Umschalt lässt die Schritte von 1 mm und 15° weg. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>Click on a part for its wall thickness, then on a second place for distance and angle; Ctrl+C copies them. Esc ends the tool.</source>
+        <translation>Für die Wandstärke auf ein Bauteil klicken, dann für Abstand und Winkel auf eine zweite Stelle; Strg+C kopiert sie. Esc beendet das Werkzeug.</translation>
+    </message>
+    <message>
+        <source>1 part, 1 triangle</source>
+        <translation>1 Bauteil, 1 Dreieck</translation>
+    </message>
 </context>
 <context>
     <name>ToolFileButton</name>
@@ -4176,6 +4435,60 @@
     <message>
         <source>Duplicate in a Row</source>
         <translation>In einer Reihe duplizieren</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Cut at Heights</source>
+        <translation>In Höhen schneiden</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
+    </message>
+</context>
+<context>
+    <name>UnitDialog</name>
+    <message>
+        <source>Unit of the File</source>
+        <translation>Einheit der Datei</translation>
+    </message>
+    <message>
+        <source>%1: too small to be meant in millimetres. In which unit are the numbers of the file?</source>
+        <translation>%1: zu klein, um in Millimetern gemeint zu sein. In welcher Einheit sind die Zahlen der Datei?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Millimetres: %1 mm</source>
+        <translation>Millimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Centimetres: %1 mm</source>
+        <translation>Zentimeter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Inches: %1 mm</source>
+        <translation>Zoll: %1 mm</translation>
+    </message>
+    <message>
+        <source>Metres: %1 mm</source>
+        <translation>Meter: %1 mm</translation>
+    </message>
+    <message>
+        <source>Take This Unit</source>
+        <translation>Diese Einheit nehmen</translation>
+    </message>
+    <message>
+        <source>Leave as It Is</source>
+        <translation>Lassen, wie es ist</translation>
     </message>
 </context>
 <context>

@@ -53,6 +53,16 @@
     </message>
 </context>
 <context>
+    <name>HeightCutDialog</name>
+    <message numerus="yes">
+        <source>%n heights go through the parts.</source>
+        <translation>
+            <numerusform>%n height goes through the parts.</numerusform>
+            <numerusform>%n heights go through the parts.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HeightWarning</name>
     <message numerus="yes">
         <source>A cut at this height does not meet %1 and %n more.</source>
@@ -79,6 +89,16 @@
         <translation>
             <numerusform>%n part</numerusform>
             <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UnitDialog</name>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
         </translation>
     </message>
 </context>

@@ -42,6 +42,8 @@ TEST(ProgressScale, SplitBySolidAboveHundredIsNineTenthsOfThePart)
     EXPECT_EQ(splitBySolid(101, 0, 2), 45);
     EXPECT_EQ(splitBySolid(200, 1, 2), 95);
     EXPECT_EQ(splitBySolid(101, 2, 4), 72);
+    // 90 if it went on to 101 hundredths.
+    EXPECT_EQ(splitBySolid(101, 18, 21), 89);
 }
 
 TEST(ProgressScale, FirstBooleanIsTheFirstHalfOfThePart)

@@ -231,6 +231,15 @@ TEST(ToolClosing, ManyPointsOfWhichSomeCoincideAreClosedAllTheSame)
     EXPECT_GT(volumeOf(soupOf(*tool)), 20 * 3.1 * 49.5 * 49.5);
 }
 
+TEST(ToolClosing, AsksForACancelInLargeToolsEveryFewThousandTriangles)
+{
+    Soup ball = sphere(20, 100, 150);
+    ball.triangles.pop_back();
+    int polls = 0;
+    closeTool(*kernelOf(ball), [&] { ++polls; });
+    EXPECT_GE(polls, int(ball.triangles.size() / 5000));
+}
+
 TEST(ToolClosing, CanBeLeftAndThenTheToolIsAsItWas)
 {
     auto const tool = prism(jaggedRing(3000, Vector(1, 0, 0), Vector(0, 1, 0)), Vector(0, 0, 20));

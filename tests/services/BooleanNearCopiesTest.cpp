@@ -75,6 +75,17 @@ TEST(BooleanNearCopies, OfRealModelsAreClosedWithoutEdgesOfFourTriangles)
         GTEST_SKIP() << modelsAreMissing;
 }
 
+// A point of a curve takes in another one; a vertex beside the curve has edges to both, which become
+// one of four triangles.
+TEST(BooleanNearCopies, EdgesBesideJoinedPointsAreTakenApart)
+{
+    Soup const model = realMesh("nefertiti-100k.stl");
+    if (model.triangles.empty())
+        GTEST_SKIP() << modelsAreMissing;
+    Soup const copy = turnedCopy(model, 1e-6);
+    EXPECT_EQ(faultsOf(combined(model, copy, Intersect::BOOLEAN_SUBTRACT)), "");
+}
+
 /// The edge is one of four triangles, exactly: two of either operand.
 TEST(BooleanTouching, SolidsThatShareAnEdgeAreTakenApartThere)
 {

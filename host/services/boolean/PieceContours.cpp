@@ -4,6 +4,7 @@
 #include "host/services/Polling.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -17,10 +18,8 @@ struct EdgeUse
     bool isOnSameEdge(EdgeUse const& o) const { return low == o.low && high == o.high; }
 };
 
-}  // namespace
-
-ContourLines contoursOf(std::vector<PieceTriangle> const& piece, SoupBoolean const& boolean,
-                        std::uint32_t firstTriangleOfSecond, StageProgress& progress)
+ContourLines contoursOfOne(std::vector<PieceTriangle> const& piece, SoupBoolean const& boolean,
+                           std::uint32_t firstTriangleOfSecond, StageProgress& progress)
 {
     std::vector<EdgeUse> uses;
     Polling polling(progress);
@@ -46,5 +45,26 @@ ContourLines contoursOf(std::vector<PieceTriangle> const& piece, SoupBoolean con
         if (balance != 0)
             lines.push_back({boolean.place(edge.low), boolean.place(edge.high)});
     }
+    return lines;
+}
+
+}  // namespace
+
+ContourLines contoursOf(std::vector<std::vector<PieceTriangle>> const& pieces,
+                        SoupBoolean const& boolean, std::uint32_t firstTriangleOfSecond,
+                        StageProgress& progress)
+{
+    ContourLines lines;
+    for (auto const& piece : pieces) {
+        ContourLines const ofPiece = contoursOfOne(piece, boolean, firstTriangleOfSecond, progress);
+        lines.insert(lines.end(), ofPiece.begin(), ofPiece.end());
+    }
+    auto const key = [](auto const& line) {
+        auto const& [a, b] = line;
+        return std::tuple(a.X(), a.Y(), a.Z(), b.X(), b.Y(), b.Z());
+    };
+    std::sort(lines.begin(), lines.end(),
+              [&](auto const& a, auto const& b) { return key(a) < key(b); });
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     return lines;
 }

@@ -309,9 +309,12 @@ bool RoundedFacets::join(std::uint32_t a, std::uint32_t b, Surroundings& surroun
     bool const isAFree = points.isOnCurve(a) && (!points.isOnCurve(b) || a > b);
     std::uint32_t const kept = isAFree ? b : a, gone = isAFree ? a : b;
     for (std::size_t const f : surroundings.facetsAt(gone)) {
-        for (std::uint32_t& corner : m_facets[f].corners)
+        // What has an edge to both points has two in one place now.
+        for (std::uint32_t& corner : m_facets[f].corners) {
+            m_isMended[corner] = true;
             if (corner == gone)
                 corner = kept;
+        }
         surroundings.add(m_facets[f], f);
         m_changed.push_back(f);
     }

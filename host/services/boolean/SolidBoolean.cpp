@@ -6,11 +6,11 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/services/MeshMaking.h"
 #include "host/services/Polling.h"
-#include "host/services/RecordCopies.h"
 #include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/ContactFinder.h"
 #include "host/services/boolean/ExactCombination.h"
 #include "host/services/boolean/MemoryRoom.h"
+#include "host/services/boolean/NearSoup.h"
 #include "host/services/boolean/OperandOrder.h"
 #include "host/services/boolean/PartWindings.h"
 #include "host/services/boolean/PieceContours.h"
@@ -20,7 +20,6 @@
 #include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
-#include "host/services/boolean/ToolSides.h"
 #include "platform/mesh/TakenMesh.h"
 
 #include <tbb/blocked_range.h>
@@ -31,11 +30,8 @@
 #include <limits>
 #include <new>
 #include <optional>
-#include <tuple>
 
 namespace {
-
-using Triangle = UTriangle<float>;
 
 // Percentages at the end of each stage.
 constexpr int gridDone = 10;
@@ -87,7 +83,7 @@ private:
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
         m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
-        gatherSoup(copies);
+        m_near = gatherNear(copies, m_part.vertices.size(), m_tool.mesh, m_progress);
         setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
             return combineWithoutFlatTriangles();
@@ -157,45 +153,6 @@ private:
             });
     }
 
-    /// The triangles in cells that the tool touches, and all of the tool.
-    void gatherSoup(Copies const& copies)
-    {
-        constexpr std::uint32_t none = 0xffffffff;
-        std::vector<std::uint32_t> locals(m_part.vertices.size(), none);
-        auto& mesh = m_soup.mesh;
-        mesh.triangles.reserve(copies.meeting().size() + m_tool.mesh.triangles.size());
-        // Room that is not used takes no memory.
-        mesh.points.reserve(m_part.vertices.size() + m_tool.mesh.points.size());
-        m_places.reserve(m_part.vertices.size());
-        m_known.reserve(m_part.vertices.size());
-        Polling polling(m_progress);
-        for (Triangle const* const triangle : copies.meeting()) {
-            polling.step();
-            MeshArrays::Corners corners;
-            for (int k = 0; k < 3; ++k) {
-                std::uint32_t const place = copies.placeOf(triangle->cV(k));
-                if (locals[place] == none) {
-                    locals[place] = std::uint32_t(mesh.points.size());
-                    mesh.points.push_back(triangle->cP(k));
-                    m_places.push_back(place);
-                    int const side = copies.sideOf(place);
-                    m_known.push_back(side == 0 ? SideLabels::unknown : std::int8_t(side < 0));
-                }
-                corners[std::size_t(k)] = locals[place];
-            }
-            mesh.triangles.push_back(corners);
-        }
-        m_soup.firstPointOfSecond = std::uint32_t(mesh.points.size());
-        m_soup.firstTriangleOfSecond = std::uint32_t(mesh.triangles.size());
-        mesh.points.insert(mesh.points.end(), m_tool.mesh.points.begin(), m_tool.mesh.points.end());
-        for (MeshArrays::Corners corners : m_tool.mesh.triangles) {
-            polling.step();
-            for (std::uint32_t& corner : corners)
-                corner += m_soup.firstPointOfSecond;
-            mesh.triangles.push_back(corners);
-        }
-    }
-
     /// The contacts of the operands, and of the tool's triangles with each other.
     std::vector<TrianglePair> contactsIn(ToolGrid const& grid)
     {
@@ -216,7 +173,7 @@ private:
     bool resolve(SoupBoolean& boolean, std::vector<TrianglePair> contacts, ToolTree const& tool)
     {
         WindingSources sources;
-        sources.known = m_known;
+        sources.known = m_near.known;
         sources.anchors = m_anchors;
         sources.isFirstInDoubt = m_isPartInDoubt;
         sources.isSecondSimple = m_tool.isSimple;
@@ -263,30 +220,15 @@ private:
             m_progress);
         if (!m_isChecked)
             freeOperands();
-        m_survey ? surveyContours(boolean, triangles) : logCrossings(crossings);
+        if (m_survey)
+            m_survey->contours =
+                contoursOf(triangles, boolean, m_soup.firstTriangleOfSecond, m_progress);
+        else
+            logCrossings(crossings);
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
         return results;
-    }
-
-    void surveyContours(SoupBoolean const& boolean,
-                        std::vector<std::vector<PieceTriangle>> const& pieces)
-    {
-        ContourLines& lines = m_survey->contours;
-        for (auto const& piece : pieces) {
-            ContourLines const ofPiece =
-                contoursOf(piece, boolean, m_soup.firstTriangleOfSecond, m_progress);
-            lines.insert(lines.end(), ofPiece.begin(), ofPiece.end());
-        }
-        // Pieces that fit have the same lines.
-        auto const key = [](auto const& line) {
-            auto const& [a, b] = line;
-            return std::tuple(a.X(), a.Y(), a.Z(), b.X(), b.Y(), b.Z());
-        };
-        std::sort(lines.begin(), lines.end(),
-                  [&](auto const& a, auto const& b) { return key(a) < key(b); });
-        lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     }
 
     /// Whether results are held against their operands. They are where it takes no time that a
@@ -344,8 +286,8 @@ private:
         PieceWriter writer(copies.takeMesh(side), boolean);
         Polling polling(m_progress);
         for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v, polling.step())
-            if (copies.sideOf(m_places[v]) == (keepsOutside ? 1 : -1))
-                writer.useVertex(v, copies.copyOf(m_places[v]));
+            if (copies.sideOf(m_near.places[v]) == (keepsOutside ? 1 : -1))
+                writer.useVertex(v, copies.copyOf(m_near.places[v]));
         writer.reserve(triangles.size());
         for (PieceTriangle const& t : triangles) {
             polling.step();
@@ -458,10 +400,8 @@ private:
     /// Whether results are held against the operands.
     bool m_isChecked = false;
     /// Without points, and with the part's triangles only, once results are written that are not.
-    OperandSoup m_soup;
-    /// By vertex of the part in the soup: its place in the part, and its side where known.
-    std::vector<std::uint32_t> m_places;
-    std::vector<std::int8_t> m_known;
+    NearSoup m_near;
+    OperandSoup& m_soup = m_near.soup;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
     /// Whether the part's edges tell that it may be open, and its results are not checked.

@@ -135,17 +135,17 @@ private:
                        d = m_arrangement->point(c[2]);
             auto const centre = CGAL::centroid(a, b, d);
             auto const normal = CGAL::cross_product(b - a, d - a);
-            Layers const front = layersBeside(centre, normal);
-            Layers const back = layersBeside(centre, -normal);
+            auto const first = m_aroundFirst.around(centre, normal, m_progress);
+            auto const second = m_aroundSecond.around(centre, normal, m_progress);
+            Layers const front = layersOf(first.front, second.front > 0);
+            Layers const back = layersOf(first.behind, second.behind > 0);
             m_steps.push_back({back.united - front.united, back.common - front.common,
                                back.difference - front.difference});
         }
     }
 
-    Layers layersBeside(ExactWinding::Point const& point, ExactWinding::Vector const& side) const
+    static Layers layersOf(int first, bool isInSecond)
     {
-        int const first = m_aroundFirst.beside(point, side, m_progress);
-        bool const isInSecond = m_aroundSecond.beside(point, side, m_progress) > 0;
         return isInSecond ? Layers{1, first, 0} : Layers{first, 0, first};
     }
 

@@ -182,8 +182,8 @@ private:
         auto const normal = face.supporting_plane().orthogonal_vector();
         if (m_aroundFirst.triangleAt(point, m_progress))
             return {};
-        int const front = m_aroundSecond.beside(point, normal, m_progress) > 0;
-        int const back = m_aroundSecond.beside(point, -normal, m_progress) > 0;
+        auto const sides = m_aroundSecond.around(point, normal, m_progress);
+        int const front = sides.front > 0, back = sides.behind > 0;
         if (front == back)
             return {};
         int const layers = m_aroundFirst.beside(point, normal, m_progress);

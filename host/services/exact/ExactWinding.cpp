@@ -75,3 +75,28 @@ int ExactWinding::beside(Point const& point, Vector const& side, StageProgress& 
             return winding;
     }
 }
+
+ExactWinding::Sides ExactWinding::around(Point const& point, Vector const& normal,
+                                         StageProgress& progress) const
+{
+    int const front = beside(point, normal, progress);
+    std::vector<Tree::Primitive_id> here;
+    {
+        PollingScope const polling(progress);
+        m_tree.all_intersected_primitives(point, std::back_inserter(here));
+    }
+    // From its front to its back a triangle adds one.
+    int step = 0;
+    for (auto const& place : here) {
+        Triangle const& t = *place;
+        Point const above = point + normal;
+        auto const way = CGAL::orientation(t[0], t[1], t[2], above);
+        if (way == CGAL::COPLANAR)
+            return {front, beside(point, -normal, progress)};
+        for (int k = 0; k < 3; ++k)
+            if (CGAL::orientation(point, above, t[k], t[k + 1]) == CGAL::COPLANAR)
+                return {front, beside(point, -normal, progress)};
+        step += way == CGAL::POSITIVE ? 1 : -1;
+    }
+    return {front, front + step};
+}

@@ -27,6 +27,15 @@ public:
     /// front of these triangles or on their back.
     int beside(Point const& point, Vector const& side, StageProgress& progress) const;
 
+    struct Sides
+    {
+        int front;
+        int behind;
+    };
+    /// The numbers on both sides of such a point, by one ray where no edge of the mesh runs through
+    /// it.
+    Sides around(Point const& point, Vector const& normal, StageProgress& progress) const;
+
     /// A triangle that contains the point, or null.
     Triangle const* triangleAt(Point const& point, StageProgress& progress) const;
 

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/jobs/JobGuard.h"
+#include "platform/document/MeshDocument.h"
+#include "platform/document/MeshDocumentObject.h"
+
+#include <QObject>
+#include <QThreadPool>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// Cuts parts at several heights at once, in the background, under a progress display with a cancel
+/// button. The pieces take the places of the parts in one undo step, are selected, and remember the
+/// planes. All parts are cut or none: what fails or is cancelled leaves the document as it was.
+///
+/// thread  the user interface thread
+class HeightCut : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Parts = std::vector<Mesh::DocumentObject*>;
+
+    enum class Keep
+    {
+        All,
+        /// Of each part the piece above all heights, or below all.
+        Upper,
+        Lower
+    };
+    struct Plan
+    {
+        /// World millimetres, in any order.
+        std::vector<double> heights;
+        Keep keep = Keep::All;
+    };
+    enum class Outcome
+    {
+        Done,
+        /// No height goes through any of the parts.
+        NothingMet,
+        Cancelled,
+        Failed
+    };
+
+    HeightCut() = default;
+    /// Stops and waits for a job that runs; it then has no result.
+    ~HeightCut() override;
+
+    /// Begins; false while a job, this one or another, runs. The parts stay in their document until
+    /// finished().
+    bool start(Mesh::Document& document, Parts const& parts, Plan const& plan);
+
+    /// The heights that go through a box, each once, from below.
+    static std::vector<double> within(UBox3<float> const& box, std::vector<double> heights);
+    /// From the bottom of a box on every so many millimetres; nothing for a distance that is not
+    /// above zero, and no more than `mostHeights`.
+    static std::vector<double> everyDistance(UBox3<float> const& box, double distance);
+    static constexpr std::size_t mostHeights = 500;
+
+signals:
+    /// pieces  how many there are now
+    /// reason  the sentence for the user if Failed
+    void finished(HeightCut::Outcome outcome, int pieces, QString const& reason);
+
+private:
+    using Kernel = std::shared_ptr<MeshKernel>;
+    using Progress = std::function<void(int)>;
+
+    struct Slices
+    {
+        Mesh::DocumentObject* part = nullptr;
+        Kernel kernel;
+        std::string name;
+        std::vector<double> heights;
+        /// From below.
+        std::vector<Kernel> pieces;
+    };
+
+    void run(std::vector<Slices> slices);
+    static void slice(Slices& slices, Progress const& progress);
+    int integrate(std::vector<Slices> const& slices) const;
+
+    Mesh::Document* m_document = nullptr;
+    Keep m_keep = Keep::All;
+    std::atomic<bool> m_isStopping = false;
+    std::unique_ptr<JobGuard::Hold> m_hold;
+    QThreadPool m_thread;
+};

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/tools/MeasureTool.h"
+
+#include "platform/document/Document.h"
+#include "platform/document/MeshDocumentObject.h"
+#include "platform/ui/DisplayUnit.h"
+#include "platform/ui/Quantity.h"
+#include "platform/view/ClickReach.h"
+#include "platform/view/MeshGLView.h"
+#include "platform/view/OverlayLines.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace {
+
+using Measuring::SurfacePoint;
+
+constexpr int cornerReachPixels = 8;
+constexpr double crossPixels = 7;
+constexpr QPoint labelOffset(14, 14);
+constexpr Base::OverlayLook lineLook{0xd02020ff, 2.5f, false};
+
+QString translated(char const* text)
+{
+    return QCoreApplication::translate("MeasureTool", text);
+}
+
+QString lengthText(double millimetres)
+{
+    return Base::Quantity::toUserString(millimetres, Base::Unit::length, 'f',
+                                        DisplayUnit::instance().decimals(), ' ', false);
+}
+
+UPoint3<float> narrowed(UPoint3<double> const& p)
+{
+    return {float(p.X()), float(p.Y()), float(p.Z())};
+}
+
+QPoint onScreen(Base::GLView const& view, UPoint3<float> const& point)
+{
+    QPoint position;
+    view.getWidgetcoordFromWCS(point, position.rx(), position.ry());
+    return position;
+}
+
+/// The corner of the triangle near the mouse, else the point under it.
+UPoint3<float> snapped(Mesh::GLView const& view, Mesh::GLView::Pick const& pick, QPoint position)
+{
+    UMatrix4<float> const matrix = pick.part->getMatrix();
+    UPoint3<float> nearest = pick.point;
+    int least = cornerReachPixels + 1;
+    for (int corner = 0; corner < 3; ++corner) {
+        UPoint3<float> const place = matrix * pick.triangle->cP(corner);
+        int const way = (onScreen(view, place) - position).manhattanLength();
+        if (way < least) {
+            least = way;
+            nearest = place;
+        }
+    }
+    return nearest;
+}
+
+}  // namespace
+
+constinit Base::Type MeasureTool::classTypeId;
+
+void MeasureTool::init()
+{
+    if (classTypeId.isBad())
+        initSubclass(classTypeId, name, "Base::AbstractMouseSelection", create);
+}
+
+void* MeasureTool::create()
+{
+    return static_cast<BaseClass*>(new MeasureTool);
+}
+
+MeasureTool::~MeasureTool()
+{
+    delete m_label;
+}
+
+Base::Type MeasureTool::getTypeId() const
+{
+    return classTypeId;
+}
+
+std::string MeasureTool::getClassName() const
+{
+    return name;
+}
+
+void MeasureTool::initialize()
+{
+    if (Base::Document* const document = m_view->getDocument()) {
+        document->signalObjectChanged.connect(this, &MeasureTool::objectChanged);
+        document->signalDelObject.connect(this, &MeasureTool::objectWent);
+    }
+}
+
+void MeasureTool::terminate()
+{
+    disconnect_all();
+    clear();
+}
+
+int MeasureTool::mousePressEvent(QMouseEvent* event)
+{
+    m_isPressed = event->button() == Qt::LeftButton;
+    m_press = event->pos();
+    return 0;
+}
+
+int MeasureTool::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isBeyondClick(event->pos() - m_press))
+        m_isPressed = false;
+    return 0;
+}
+
+int MeasureTool::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_isPressed || event->button() != Qt::LeftButton)
+        return 0;
+    m_isPressed = false;
+    take(event->pos());
+    return 1;
+}
+
+int MeasureTool::keyPressEvent(QKeyEvent* event)
+{
+    if (!event->matches(QKeySequence::Copy) || m_text.isEmpty())
+        return AbstractMouseSelection::keyPressEvent(event);
+    QGuiApplication::clipboard()->setText(m_text);
+    return 1;
+}
+
+void MeasureTool::take(QPoint position)
+{
+    auto const* const view = dynamic_cast<Mesh::GLView const*>(m_view);
+    Mesh::GLView::Pick pick;
+    if (!view || !view->pickPoint(position, pick))
+        return clear();
+    if (m_places.size() == 2)
+        m_places.clear();
+    UPoint3<float> const point = snapped(*view, pick, position);
+    SurfacePoint place;
+    place.point = {point.X(), point.Y(), point.Z()};
+    place.normal = Measuring::outwardNormal(pick.part->getMatrix(), *pick.triangle);
+    m_places.push_back(place);
+    // From the point under the mouse: through a corner there is no wall.
+    SurfacePoint const under{{pick.point.X(), pick.point.Y(), pick.point.Z()}, place.normal};
+    m_thickness = m_places.size() == 1
+                      ? Measuring::wallThickness(*pick.part->meshProperty->getMesh(), under)
+                      : std::nullopt;
+    show();
+}
+
+void MeasureTool::clear()
+{
+    m_places.clear();
+    m_text.clear();
+    delete m_label;
+    m_view->redraw();
+}
+
+void MeasureTool::show()
+{
+    QStringList lines;
+    if (m_places.size() == 1) {
+        lines << (m_thickness
+                      ? translated(QT_TRANSLATE_NOOP("MeasureTool", "Wall thickness: %1"))
+                            .arg(lengthText(*m_thickness))
+                      : translated(QT_TRANSLATE_NOOP("MeasureTool", "No wall: open behind it")));
+    } else {
+        Measuring::Between const measure = Measuring::between(m_places[0], m_places[1]);
+        lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance: %1"))
+                     .arg(lengthText(measure.distance));
+        lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "X: %1  Y: %2  Z: %3"))
+                     .arg(lengthText(measure.offset.X()), lengthText(measure.offset.Y()),
+                          lengthText(measure.offset.Z()));
+        if (measure.angle)
+            lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Angle of the faces: %1"))
+                         .arg(QLocale().toString(*measure.angle, 'f', 2) + QChar(0xb0));
+        if (measure.betweenFaces)
+            lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance of the faces: %1"))
+                         .arg(lengthText(*measure.betweenFaces));
+    }
+    m_text = lines.join('\n');
+    if (!m_label) {
+        m_label = new QLabel(m_view);
+        m_label->setObjectName(QStringLiteral("Measure"));
+        m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        m_label->setStyleSheet(
+            QStringLiteral("background: #fffbe6; color: #202020;"
+                           "border: 1px solid #a09060; padding: 2px;"));
+    }
+    m_label->setText(m_text);
+    m_label->adjustSize();
+    m_label->show();
+    m_view->redraw();
+}
+
+void MeasureTool::draw()
+{
+    if (m_places.empty())
+        return;
+    double width = 0, height = 0;
+    m_view->getCamera()->get_view_rect(width, height);
+    auto const reach = float(crossPixels * height / m_view->height());
+    UVector3<float> const up = m_view->getViewUpDirection();
+    UVector3<float> const right = up * m_view->getViewDirection();
+    std::vector<UPoint3<float>> points;
+    for (SurfacePoint const& place : m_places)
+        for (UVector3<float> const& side : {up, right}) {
+            points.push_back(narrowed(place.point) + side * reach);
+            points.push_back(narrowed(place.point) - side * reach);
+        }
+    if (m_places.size() == 2) {
+        points.push_back(narrowed(m_places[0].point));
+        points.push_back(narrowed(m_places[1].point));
+    }
+    Base::drawLines(*m_view, points, lineLook);
+    if (!m_label)
+        return;
+    QPoint const place = onScreen(*m_view, narrowed(m_places.back().point)) + labelOffset;
+    m_label->move(std::clamp(place.x(), 0, std::max(0, m_view->width() - m_label->width())),
+                  std::clamp(place.y(), 0, std::max(0, m_view->height() - m_label->height())));
+}

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/parts/Measuring.h"
+#include "platform/document/sigslot.h"
+#include "platform/view/AbstractMouseSelection.h"
+
+#include <QPoint>
+#include <QPointer>
+#include <QString>
+
+#include <vector>
+
+class QLabel;
+
+namespace Base {
+class DocumentObject;
+}
+
+/// Measures on parts. A click tells the wall thickness under the mouse; a second one the distance of
+/// the two places and the angle of their faces, and the distance of parallel faces; the next begins
+/// anew. Near a corner of the triangle under the mouse the corner is taken. Ctrl+C copies what is
+/// shown. A change of the document takes it away.
+class MeasureTool : public Base::AbstractMouseSelection,
+                    public sigslot::has_slots<sigslot::single_threaded>
+{
+public:
+    static constexpr char const* name = "MeasureTool";
+    static Base::Type classTypeId;
+    /// May be called again.
+    static void init();
+
+    ~MeasureTool() override;
+    Base::Type getTypeId() const override;
+    std::string getClassName() const override;
+
+    void initialize() override;
+    void terminate() override;
+    int mousePressEvent(QMouseEvent* event) override;
+    int mouseMoveEvent(QMouseEvent* event) override;
+    int mouseReleaseEvent(QMouseEvent* event) override;
+    int keyPressEvent(QKeyEvent* event) override;
+    void draw() override;
+
+    /// What is shown, one line for each measure; empty without a place.
+    QString text() const { return m_text; }
+
+private:
+    static void* create();
+    void take(QPoint position);
+    void clear();
+    void show();
+    void objectChanged(Base::DocumentObject*) { clear(); }
+    void objectWent(Base::DocumentObject*, std::string) { clear(); }
+
+    bool m_isPressed = false;
+    QPoint m_press;
+    std::vector<Measuring::SurfacePoint> m_places;
+    std::optional<double> m_thickness;
+    QString m_text;
+    QPointer<QLabel> m_label;
+};
