@@ -275,6 +275,30 @@ public:
     void activated(int) override { PartEdits::showAll(*activeMeshDocument()); }
 };
 
+class IsolateCommand : public SelectionCommand
+{
+public:
+    IsolateCommand()
+        : SelectionCommand(
+              "Std_Isolate",
+              {QT_TRANSLATE_NOOP("HostCommand", "Hide &Others"),
+               QT_TRANSLATE_NOOP("HostCommand", "Show the selected parts and hide all others."),
+               nullptr, "Alt+H"})
+    {}
+
+    QString whyInactive() const override
+    {
+        QString const nothing = SelectionCommand::whyInactive();
+        if (!nothing.isEmpty())
+            return nothing;
+        return PartEdits::isAlone(*activeMeshDocument(), chosenParts())
+                   ? translated(QT_TRANSLATE_NOOP("HostCommand", "No other part is shown."))
+                   : QString();
+    }
+
+    void activated(int) override { PartEdits::isolate(*activeMeshDocument(), chosenParts()); }
+};
+
 template <typename... Commands>
 void addAll(Base::CommandManager& manager)
 {
@@ -286,5 +310,5 @@ void addAll(Base::CommandManager& manager)
 void registerEditCommands(Base::CommandManager& manager)
 {
     addAll<UndoCommand, RedoCommand, DeleteCommand, DuplicateCommand, GroupCommand, UngroupCommand,
-           HideCommand, ShowCommand, ShowAllCommand>(manager);
+           HideCommand, ShowCommand, ShowAllCommand, IsolateCommand>(manager);
 }

@@ -110,6 +110,25 @@ bool showAll(Mesh::Document& document)
                             QT_TRANSLATE_NOOP("UndoRedoName", "Show All"));
 }
 
+bool isAlone(Mesh::Document const& document, Parts const& parts)
+{
+    std::unordered_set<Mesh::DocumentObject const*> const wanted(parts.begin(), parts.end());
+    return std::ranges::all_of(document.getMeshObjects(), [&](auto const* part) {
+        return part->isVisible() == wanted.contains(part);
+    });
+}
+
+bool isolate(Mesh::Document& document, Parts const& parts)
+{
+    if (parts.empty() || isAlone(document, parts))
+        return false;
+    std::unordered_set<Mesh::DocumentObject const*> const wanted(parts.begin(), parts.end());
+    EditStep const step(document, QT_TRANSLATE_NOOP("UndoRedoName", "Hide Others"));
+    for (Mesh::DocumentObject* const part : document.getMeshObjects())
+        part->setVisible(wanted.contains(part));
+    return true;
+}
+
 bool setColor(Mesh::Document& document, Parts const& parts, unsigned rgba)
 {
     auto const differs = [&](auto const* part) { return part->getColor() != rgba; };

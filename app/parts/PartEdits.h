@@ -28,6 +28,10 @@ std::vector<Mesh::DocumentObjectGroup*> groupsAround(Objects const& objects);
 
 bool setVisible(Mesh::Document& document, Parts const& parts, bool visible);
 bool showAll(Mesh::Document& document);
+/// Shows parts and hides all others.
+bool isolate(Mesh::Document& document, Parts const& parts);
+/// Whether parts are what is shown, all of them and no other.
+bool isAlone(Mesh::Document const& document, Parts const& parts);
 /// The colour as 0xRRGGBBAA; 0 for the view's own choice.
 bool setColor(Mesh::Document& document, Parts const& parts, unsigned rgba);
 /// An empty name, or one of blanks only, is refused; blanks at the ends are cut off.

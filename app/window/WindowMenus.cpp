@@ -47,6 +47,7 @@ std::vector<Menu> const& menus()
          {"Std_Hide",
           "Std_Show",
           "Std_ShowAll",
+          "Std_Isolate",
           "-",
           "Std_Group",
           "Std_Ungroup",

@@ -2714,6 +2714,18 @@
         <source>Tell wall thickness, distance and angle at places of parts that you click.</source>
         <translation>Wandstärke, Abstand und Winkel an angeklickten Stellen von Bauteilen angeben.</translation>
     </message>
+    <message>
+        <source>Hide &amp;Others</source>
+        <translation>A&amp;ndere ausblenden</translation>
+    </message>
+    <message>
+        <source>Show the selected parts and hide all others.</source>
+        <translation>Die ausgewählten Bauteile zeigen und alle anderen ausblenden.</translation>
+    </message>
+    <message>
+        <source>No other part is shown.</source>
+        <translation>Kein anderes Bauteil ist sichtbar.</translation>
+    </message>
 </context>
 <context>
     <name>JobGuard</name>
@@ -4447,6 +4459,10 @@
     <message>
         <source>Arrange</source>
         <translation>Anordnen</translation>
+    </message>
+    <message>
+        <source>Hide Others</source>
+        <translation>Andere ausblenden</translation>
     </message>
 </context>
 <context>

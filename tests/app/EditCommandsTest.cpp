@@ -124,6 +124,24 @@ TEST_F(EditCommands, HideAndShowChangeWhatIsSeen)
     EXPECT_EQ(test->document->undoNames(), (std::vector<std::string>{"Show All", "Show", "Hide"}));
 }
 
+TEST_F(EditCommands, HideOthersLeavesTheSelectedPartsAloneInOneStep)
+{
+    parts[3]->setVisible(false);
+    selectOnly({1, 3});
+    invoke("Std_Isolate");
+    std::vector<bool> shown;
+    for (Mesh::DocumentObject const* const part : parts)
+        shown.push_back(part->isVisible());
+    EXPECT_EQ(shown, (std::vector<bool>{false, true, false, true}));
+    EXPECT_EQ(test->document->undoNames(), std::vector<std::string>{"Hide Others"});
+    EXPECT_FALSE(isActive("Std_Isolate"));
+    invoke("Std_Undo");
+    EXPECT_TRUE(parts[0]->isVisible());
+    EXPECT_FALSE(parts[3]->isVisible());
+    selectOnly({});
+    EXPECT_FALSE(isActive("Std_Isolate"));
+}
+
 TEST_F(EditCommands, SelectAllAndInvertLeaveHiddenPartsAlone)
 {
     selectOnly({3});
