@@ -40,6 +40,15 @@ float longestTriangle(TriangleTree::Block const& block)
     return longest;
 }
 
+/// From here on slivers that lie aslant are worth a slab: they are long for the whole, or for the
+/// share that a block has of it. A regular mesh has hardly any edge of twice that side.
+double longSizeOf(TriangleTree const& tree)
+{
+    std::array<double, 3> const extents = sortedExtents(tree.levels().back()[0]);
+    double const shareOfBlock = extents[1] * extents[2] / double(tree.blocks().size());
+    return std::min(shareOfLong * extents[2], 2 * std::sqrt(shareOfBlock));
+}
+
 }  // namespace
 
 BlockSlabs::BlockSlabs(MeshArrays const& mesh, TriangleTree const& tree)
@@ -53,7 +62,7 @@ BlockSlabs::BlockSlabs(MeshArrays const& mesh, TriangleTree const& tree)
                             std::abs(double(tree.levels().back()[0].high[axis]))});
     // Far above what rounding makes of a sum of three products of doubles.
     m_margin = largest * 0x1p-45;
-    double const longSize = shareOfLong * sortedExtents(tree.levels().back()[0])[2];
+    double const longSize = longSizeOf(tree);
     using Range = tbb::blocked_range<std::size_t>;
     tbb::parallel_for(Range(0, m_slabs.size(), 256), [&](Range const& range) {
         for (std::size_t block = range.begin(); block != range.end(); ++block)

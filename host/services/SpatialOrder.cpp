@@ -6,6 +6,8 @@
 #include <tbb/parallel_reduce.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -13,6 +15,8 @@ namespace {
 
 constexpr int bitsPerAxis = 10;
 constexpr int bitsPerPass = 10;
+/// From here on the triangles of a cell are ordered within it.
+constexpr std::size_t leastCrowd = 8;
 /// Above the bits of the cell.
 constexpr std::uint32_t longBit = 1u << (3 * bitsPerAxis);
 
@@ -81,23 +85,47 @@ struct Grid
         longSize = size * shareOfLong;
     }
 
+    struct Place
+    {
+        /// In cells.
+        std::array<double, 3> middle;
+        bool isLong;
+    };
+
+    Place placeOf(MeshArrays const& mesh, std::uint32_t triangle) const
+    {
+        Place place{{}, false};
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            float const a = mesh.point(triangle, 0)[int(axis)];
+            float const b = mesh.point(triangle, 1)[int(axis)];
+            float const c = mesh.point(triangle, 2)[int(axis)];
+            double const least = std::min({a, b, c}), most = std::max({a, b, c});
+            place.middle[axis] = (least + most) * 0.5 - low[int(axis)];
+            place.isLong |= most - least > longSize;
+        }
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            place.middle[axis] *= place.isLong ? cellsAlong[axis] : cellsPerUnit;
+        return place;
+    }
+
     std::uint32_t cell(MeshArrays const& mesh, std::uint32_t triangle) const
     {
-        double middles[3];
-        bool isLong = false;
-        for (int axis = 0; axis < 3; ++axis) {
-            float const a = mesh.point(triangle, 0)[axis];
-            float const b = mesh.point(triangle, 1)[axis];
-            float const c = mesh.point(triangle, 2)[axis];
-            double const least = std::min({a, b, c}), most = std::max({a, b, c});
-            middles[axis] = (least + most) * 0.5 - low[axis];
-            isLong |= most - least > longSize;
+        Place const place = placeOf(mesh, triangle);
+        std::uint32_t code = place.isLong ? longBit : 0;
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            code |= spread(std::uint32_t(place.middle[axis])) << axis;
+        return code;
+    }
+
+    /// Of as many cells that divide a cell.
+    std::uint32_t cellWithinCell(MeshArrays const& mesh, std::uint32_t triangle) const
+    {
+        Place const place = placeOf(mesh, triangle);
+        std::uint32_t code = 0;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            double const within = place.middle[axis] - std::floor(place.middle[axis]);
+            code |= spread(std::uint32_t(within * (1 << bitsPerAxis))) << axis;
         }
-        std::uint32_t code = isLong ? longBit : 0;
-        for (int axis = 0; axis < 3; ++axis)
-            code |=
-                spread(std::uint32_t(middles[axis] * (isLong ? cellsAlong[axis] : cellsPerUnit)))
-                << axis;
         return code;
     }
 
@@ -119,6 +147,30 @@ void sortByBits(std::vector<std::uint64_t> const& from, std::vector<std::uint64_
         begin += std::exchange(place, begin);
     for (std::uint64_t entry : from)
         to[places[entry >> shift & mask]++] = entry;
+}
+
+/// Orders the triangles of crowded cells within these: slivers that lie side by side, as the faces of
+/// finely divided contours have them, would be in no order else.
+///
+/// entries  by cell, which their upper halves name; the lower ones are triangles
+void orderWithinCells(std::vector<std::uint64_t>& entries, MeshArrays const& mesh, Grid const& grid)
+{
+    std::vector<std::uint64_t> crowd;
+    for (std::size_t begin = 0, end = 0; begin < entries.size(); begin = end) {
+        std::uint64_t const cell = entries[begin] >> 32;
+        for (end = begin + 1; end < entries.size() && entries[end] >> 32 == cell;)
+            ++end;
+        if (end - begin < leastCrowd)
+            continue;
+        crowd.clear();
+        for (std::size_t i = begin; i < end; ++i) {
+            std::uint32_t const triangle = std::uint32_t(entries[i]);
+            crowd.push_back(std::uint64_t(grid.cellWithinCell(mesh, triangle)) << 32 | triangle);
+        }
+        std::sort(crowd.begin(), crowd.end());
+        for (std::size_t i = begin; i < end; ++i)
+            entries[i] = cell << 32 | (crowd[i - begin] & 0xffffffff);
+    }
 }
 
 }  // namespace
@@ -143,6 +195,7 @@ std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
     }
     std::stable_partition(entries.begin(), entries.end(),
                           [](std::uint64_t entry) { return (entry >> 32 & longBit) == 0; });
+    orderWithinCells(entries, mesh, grid);
     std::transform(entries.begin(), entries.end(), order.begin(),
                    [](std::uint64_t entry) { return std::uint32_t(entry); });
     return order;

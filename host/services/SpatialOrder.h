@@ -11,8 +11,8 @@
 inline constexpr double shareOfLong = 1.0 / 64;
 
 /// The triangles that are not left out, ordered so that neighbours in the list lie close together:
-/// along a space-filling curve through the centres of their boxes (G. M. Morton, 1966); where that
-/// leaves a tie, by index. Long triangles come after all others, in the same order among themselves.
+/// along a space-filling curve through the centres of their boxes (G. M. Morton, 1966), finer where
+/// they crowd; where that leaves a tie, by index. Long triangles come after all others, in the same order among themselves.
 ///
 /// isLeftOut  per triangle: 1 for those that do not occur in the result
 std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
