@@ -33,9 +33,6 @@ PolygoncutSelection::PolygoncutSelection()
 PolygoncutSelection::~PolygoncutSelection()
 {
     deleteHightLightedLine();
-    runningEdge.hide();
-    runningEdge.remove();
-    sections.remove();
 }
 
 void PolygoncutSelection::initialize()
@@ -50,8 +47,8 @@ void PolygoncutSelection::resetSelection()
     endDrag();
     hoverEdge = -1;
     hoverLine.hide();
-    runningEdge.hide();
-    sections.hide();
+    drawn.hideEdges();
+    drawn.hideSections();
 }
 
 PolygonGraphicObject* PolygoncutSelection::getPolygon() const
@@ -254,7 +251,7 @@ int PolygoncutSelection::mouseMoveEvent(QMouseEvent* event)
     lastPos = event->pos();
     if (isFrozen()) {
         hoverLine.hide();
-        runningEdge.hide();
+        drawn.hideEdges();
     } else {
         hover(*event);
     }
@@ -270,7 +267,7 @@ bool PolygoncutSelection::isHandleUnder(QPoint position) const
 void PolygoncutSelection::hover(QMouseEvent const& event)
 {
     QPoint const position = event.pos();
-    showRunningEdge(event);
+    showDrawnEdges(event);
     if (isHandleUnder(position) || draggingOutline || isOutlineUnder(event))
         showCursor("cursor_freecutmove");
     else
@@ -287,52 +284,12 @@ void PolygoncutSelection::hover(QMouseEvent const& event)
 
 // The point that is being drawn or dragged.
 
-RunningEdge::Spot PolygoncutSelection::spotOfNew(UPoint3<float> const& point) const
-{
-    if (!graphicObject)
-        return {};
-    return {getPolygon()->getPoints(), std::size_t(std::max(insertPointInPolygon(point), 0)), true};
-}
-
-RunningEdge::Spot PolygoncutSelection::spotOf(std::size_t vertex) const
-{
-    RunningEdge::Spot spot{getPolygon()->getPoints(), vertex, false};
-    spot.others.erase(spot.others.begin() + std::ptrdiff_t(vertex));
-    return spot;
-}
-
-UPoint3<float> PolygoncutSelection::held(UPoint3<float> const& point, QMouseEvent const& event,
-                                         RunningEdge::Spot const& spot) const
-{
-    return RunningEdge::held(*m_view, point, event.pos(), spot, event.modifiers(),
-                             sections.section());
-}
-
-std::vector<SectionPlane> PolygoncutSelection::sectionPlanes() const
-{
-    UVector3<float> const sight = m_view->getViewDirection();
-    if (!graphicObject) {
-        UBox3<float> const box = getObjectsBox();
-        return {{box.min + (box.max - box.min) * 0.5f, sight}};
-    }
-    // Half way through, and where the solid ends within the parts.
-    VolumeProperty const& record = getPolygon()->getProperty();
-    UPoint3<float> front = m_view->getViewRefPoint();
-    m_view->getEyePointFromWCSPoint(front);
-    front.Z() = record.getSketchDepth();
-    m_view->getWCSPointFromEyePoint(front);
-    std::vector<SectionPlane> planes{{front - record.getExtrudeVector() * 0.5f, sight}};
-    if (record.getCutTillEnabled())
-        planes.push_back({front - record.getExtrudeVector(), sight});
-    return planes;
-}
-
 void PolygoncutSelection::showSections(Qt::KeyboardModifiers keys)
 {
     if (keys == Qt::ControlModifier && !addTeeth && !isInPreview())
-        sections.show(*m_view, sectionPlanes());
+        drawn.showSections(*m_view, getPolygon());
     else
-        sections.hide();
+        drawn.hideSections();
 }
 
 void PolygoncutSelection::dragVertex(UVector3<float> const& delta, QMouseEvent const& event)
@@ -344,25 +301,20 @@ void PolygoncutSelection::dragVertex(UVector3<float> const& delta, QMouseEvent c
     if (isFree)
         dragMoveMouseLeft(delta);
     else
-        dragMoveMouseLeft(held(draggedTo, event, spotOf(vertex)) - stands);
+        dragMoveMouseLeft(drawn.heldVertex(*m_view, *getPolygon(), vertex, draggedTo, event) -
+                          stands);
 }
 
-void PolygoncutSelection::showRunningEdge(QMouseEvent const& event)
+void PolygoncutSelection::showDrawnEdges(QMouseEvent const& event)
 {
-    if (isDragging) {
-        auto const vertex = std::size_t(selectedIndex);
-        runningEdge.show(*m_view, getPolygon()->getPoints()[vertex], spotOf(vertex), false);
-        return;
-    }
-    if (addTeeth || event.buttons() != Qt::NoButton || isHandleUnder(event.pos())) {
-        runningEdge.hide();
-        return;
-    }
-    UPoint3<float> const under =
-        sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth());
-    RunningEdge::Spot const spot = spotOfNew(under);
-    runningEdge.show(*m_view, held(under, event, spot), spot,
-                     RunningEdge::isHolding(event.modifiers()));
+    if (isDragging)
+        drawn.showVertex(*m_view, *getPolygon(), std::size_t(selectedIndex));
+    else if (addTeeth || event.buttons() != Qt::NoButton || isHandleUnder(event.pos()))
+        drawn.hideEdges();
+    else
+        drawn.showNew(*m_view, *getPolygon(),
+                      sketchPoint(event.pos(), getPolygon()->getProperty().getSketchDepth()),
+                      event);
 }
 
 void PolygoncutSelection::addPointAt(QMouseEvent const& event)
@@ -374,10 +326,10 @@ void PolygoncutSelection::addPointAt(QMouseEvent const& event)
         if (graphicObject)
             point.Z() = getPolygon()->getProperty().getSketchDepth();
         m_view->getWCSPointFromEyePoint(point);
-        eye = held(point, event, spotOfNew(point));
+        eye = drawn.heldNew(*m_view, getPolygon(), point, event);
         m_view->getEyePointFromWCSPoint(eye);
     }
-    runningEdge.hide();
+    drawn.hideEdges();
     addPointOfPolygonCut(eye);
 }
 
@@ -385,7 +337,7 @@ int PolygoncutSelection::mouseReleaseEvent(QMouseEvent* event)
 {
     lastPos = event->pos();
     if (endDrag() || isPressSpent) {
-        runningEdge.hide();
+        drawn.hideEdges();
         edits()->edited();
         return 1;
     }

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "platform/document/TypeEntry.h"
+#include "selection/DrawnPoint.h"
 #include "selection/HoverLine.h"
-#include "selection/PartSections.h"
-#include "selection/RunningEdge.h"
 #include "selection/TeethEditing.h"
 #include "selection/VolumeSelection.h"
 
@@ -76,7 +75,7 @@ public:
     /// The edge under the mouse; -1 for none.
     int getHoverEdge() const { return hoverEdge; }
     /// To which points are drawn while control is held.
-    PartSections& getSections() { return sections; }
+    PartSections& getSections() { return drawn.sections(); }
 
 private:
     ToolState editState() const;
@@ -84,17 +83,10 @@ private:
     bool useKey(QKeyEvent const& event);
     void removeNewestPoint();
 
-    /// Where a new point under the mouse belongs, and where one stands that is there.
-    RunningEdge::Spot spotOfNew(UPoint3<float> const& point) const;
-    RunningEdge::Spot spotOf(std::size_t vertex) const;
-    /// Where a point under the mouse comes to lie while keys are held.
-    UPoint3<float> held(UPoint3<float> const& point, QMouseEvent const& event,
-                        RunningEdge::Spot const& spot) const;
     /// Shows the section of the parts while control is held.
     void showSections(Qt::KeyboardModifiers keys);
-    std::vector<SectionPlane> sectionPlanes() const;
     void dragVertex(UVector3<float> const& delta, QMouseEvent const& event);
-    void showRunningEdge(QMouseEvent const& event);
+    void showDrawnEdges(QMouseEvent const& event);
     void addPointAt(QMouseEvent const& event);
 
     void dragMoveMouseLeft(UVector3<float> delta);
@@ -120,8 +112,7 @@ private:
     bool addTeeth = false;
     int hoverEdge = -1;
     HoverLine hoverLine;
-    RunningEdge runningEdge;
-    PartSections sections;
+    DrawnPoint drawn{[this] { return getObjectsBox(); }};
     /// Where the mouse has dragged the vertex, held to something or not.
     UPoint3<float> draggedTo;
     TeethEditing teeth;
