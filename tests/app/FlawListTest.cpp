@@ -5,6 +5,7 @@
 #include "platform/view/PlaceMark.h"
 #include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
+#include "tests/support/SkipReasons.h"
 
 #include <QListWidget>
 
@@ -16,6 +17,8 @@ class FlawListInWindow : public AppWindow
 protected:
     void SetUp() override
     {
+        if (!hasDisplay())
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         show();
         tray = test->add(openBox(30, 30, 30), "tray");

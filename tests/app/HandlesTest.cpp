@@ -4,6 +4,7 @@
 #include "app/window/ToolHint.h"
 #include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
+#include "tests/support/SkipReasons.h"
 
 #include <QLabel>
 
@@ -17,6 +18,8 @@ class HandlesByHand : public AppWindow
 protected:
     void SetUp() override
     {
+        if (!hasDisplay())
+            GTEST_SKIP() << displayIsMissing;
         AppWindow::SetUp();
         show();
         part = test->add(box(20, 30, 40), "block");
