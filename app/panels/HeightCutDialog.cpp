@@ -79,7 +79,7 @@ std::vector<double> HeightCutDialog::heightsIn(QString const& text, QString& wro
     static QRegularExpression const gaps(QStringLiteral("[\\s;]+"));
     for (QString const& word : text.split(gaps, Qt::SkipEmptyParts)) {
         bool isNumber = false;
-        double value = QLocale::c().toDouble(word, &isNumber);
+        double value = word.toDouble(&isNumber);
         if (!isNumber)
             value = QLocale().toDouble(word, &isNumber);
         if (!isNumber || !std::isfinite(value)) {

@@ -3,6 +3,7 @@
 
 #include "app/jobs/JobGuard.h"
 #include "app/parts/PartPlacement.h"
+#include "app/tools/OverlayLabel.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
 #include "platform/view/ClickReach.h"
@@ -10,10 +11,8 @@
 #include "platform/view/OverlayLines.h"
 
 #include <QCoreApplication>
-#include <QLabel>
 #include <QMouseEvent>
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -23,7 +22,6 @@ constexpr double stepMm = 1, stepDegrees = 15;
 constexpr unsigned axisColors[] = {0xd23c3cff, 0x2f9e44ff, 0x2f6fdcff};
 constexpr unsigned activeColor = 0xffd000ff, rimColor = 0x303030ff;
 constexpr float activeWidth = 4, plainWidth = 2.5f;
-constexpr QPoint labelOffset(18, 14);
 
 UMatrix4<float> operationOf(int handle, UPoint3<float> const& pivot, double amount)
 {
@@ -270,19 +268,10 @@ void HandlesTool::hover(int handle)
 
 void HandlesTool::label(QPoint position)
 {
-    if (!m_label) {
-        m_label = new QLabel(m_view);
-        m_label->setObjectName(QStringLiteral("HandleAmount"));
-        m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        m_label->setStyleSheet(
-            QStringLiteral("background: #fffbe6; color: #202020;"
-                           "border: 1px solid #a09060; padding: 2px;"));
-    }
+    if (!m_label)
+        m_label = new OverlayLabel(*m_view, "HandleAmount");
     m_label->setText(amountText(m_drag->handle, m_drag->shown));
-    m_label->adjustSize();
-    QPoint const place = position + labelOffset;
-    m_label->move(std::clamp(place.x(), 0, std::max(0, m_view->width() - m_label->width())),
-                  std::clamp(place.y(), 0, std::max(0, m_view->height() - m_label->height())));
+    m_label->putBeside(position);
     m_label->show();
 }
 

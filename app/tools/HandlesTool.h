@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-class QLabel;
+class OverlayLabel;
 
 /// Handles at the middle of the selected parts, by which they are moved along an axis and turned
 /// about one, in steps of 1 mm and 15 degrees; with Shift by any amount. The parts follow the mouse,
@@ -91,5 +91,5 @@ private:
     int m_hovered = -1;
     bool m_isPressed = false;
     QPoint m_press;
-    QPointer<QLabel> m_label;
+    QPointer<OverlayLabel> m_label;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tools/MeasureTool.h"
 
+#include "app/tools/OverlayLabel.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/DisplayUnit.h"
@@ -13,10 +14,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
-
-#include <algorithm>
 
 namespace {
 
@@ -24,7 +22,6 @@ using Measuring::SurfacePoint;
 
 constexpr int cornerReachPixels = 8;
 constexpr double crossPixels = 7;
-constexpr QPoint labelOffset(14, 14);
 constexpr Base::OverlayLook lineLook{0xd02020ff, 2.5f, false};
 
 QString translated(char const* text)
@@ -194,16 +191,9 @@ void MeasureTool::show()
                          .arg(lengthText(*measure.betweenFaces));
     }
     m_text = lines.join('\n');
-    if (!m_label) {
-        m_label = new QLabel(m_view);
-        m_label->setObjectName(QStringLiteral("Measure"));
-        m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        m_label->setStyleSheet(
-            QStringLiteral("background: #fffbe6; color: #202020;"
-                           "border: 1px solid #a09060; padding: 2px;"));
-    }
+    if (!m_label)
+        m_label = new OverlayLabel(*m_view, "Measure");
     m_label->setText(m_text);
-    m_label->adjustSize();
     m_label->show();
     m_view->redraw();
 }
@@ -228,9 +218,6 @@ void MeasureTool::draw()
         points.push_back(narrowed(m_places[1].point));
     }
     Base::drawLines(*m_view, points, lineLook);
-    if (!m_label)
-        return;
-    QPoint const place = onScreen(*m_view, narrowed(m_places.back().point)) + labelOffset;
-    m_label->move(std::clamp(place.x(), 0, std::max(0, m_view->width() - m_label->width())),
-                  std::clamp(place.y(), 0, std::max(0, m_view->height() - m_label->height())));
+    if (m_label)
+        m_label->putBeside(onScreen(*m_view, narrowed(m_places.back().point)));
 }

@@ -11,7 +11,7 @@
 
 #include <vector>
 
-class QLabel;
+class OverlayLabel;
 
 namespace Base {
 class DocumentObject;
@@ -58,5 +58,5 @@ private:
     std::vector<Measuring::SurfacePoint> m_places;
     std::optional<double> m_thickness;
     QString m_text;
-    QPointer<QLabel> m_label;
+    QPointer<OverlayLabel> m_label;
 };

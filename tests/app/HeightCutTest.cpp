@@ -93,6 +93,16 @@ TEST(HeightCut, NumbersAreReadWithEitherSignAndTheFirstWrongWordIsTold)
     EXPECT_EQ(wrong, "nan");
 }
 
+TEST(HeightCut, ACommaDividesWhereTheLanguageHasItSo)
+{
+    QLocale const former;
+    QLocale::setDefault(QLocale::German);
+    QString wrong;
+    auto const heights = HeightCutDialog::heightsIn("45,500 1,5 2.5 1.000,25", wrong);
+    QLocale::setDefault(former);
+    EXPECT_EQ(heights, (std::vector<double>{45.5, 1.5, 2.5, 1000.25}));
+}
+
 TEST_F(HeightCutWindow, HasAKeyThatOpensTheDialog)
 {
     addSelected(box(10, 10, 50), "bar");
