@@ -12,6 +12,8 @@
 /// it wherever it is moved, and another mesh, such as one that was read from a file, has none.
 ///
 /// thread  the user interface thread
+///
+/// See docs/decisions/0018-memory-beside-meshes.md.
 namespace Mesh {
 
 /// A plane and the side of it on which a piece lies: normal . x <= distance.

@@ -60,7 +60,7 @@ std::uint64_t recoveredFingerprint(RecoveryFolder const& folder)
 
 TEST(Recovery, AfterAKillAtAnyMomentOneOfTheStatesThatExistedIsThere)
 {
-    constexpr int kills = 100;
+    constexpr int kills = 200;
     std::mt19937 random(20);
     // Most moments fall into the first writing, where one is as good as another; a few later ones
     // are there for what replaces older states.
