@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/CombinationDialog.h"
 
+#include "app/panels/QuestionForm.h"
 #include "platform/ui/StoredSettings.h"
 #include "platform/ui/Theme.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -32,19 +30,7 @@ CombinationDialog::CombinationDialog(Texts const& texts, QStringList const& name
     auto* const form = new QFormLayout;
     form->addRow(texts.choice, m_first);
     form->addRow(QString(), m_keep);
-    auto* const buttons =
-        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(texts.accept);
-    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &CombinationDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &CombinationDialog::reject);
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
-    int const margin = themePixels("dialogWidegtMargin");
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(themePixels("layoutSpacing") * 2);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layOutQuestion(*this, form, texts.accept, tr("Cancel"));
 }
 
 int CombinationDialog::first() const

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/RowDialog.h"
 
+#include "app/panels/QuestionForm.h"
 #include "platform/ui/MellQuantitySpinBox.h"
 #include "platform/ui/MellSpinBox.h"
 #include "platform/ui/StoredSettings.h"
-#include "platform/ui/Theme.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -41,19 +38,7 @@ RowDialog::RowDialog(QWidget* parent)
     form->addRow(tr("Copies"), m_copies);
     form->addRow(tr("Along"), m_axis);
     form->addRow(tr("Gap"), m_gap);
-    auto* const buttons =
-        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("Duplicate"));
-    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
-    connect(buttons, &QDialogButtonBox::accepted, this, &RowDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &RowDialog::reject);
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
-    int const margin = themePixels("dialogWidegtMargin");
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(themePixels("layoutSpacing") * 2);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layOutQuestion(*this, form, tr("Duplicate"), tr("Cancel"));
     restore();
 }
 

@@ -432,9 +432,11 @@ void CurveNetwork::mend(FaceFaults const& faults, StageProgress& progress)
         points.emplace_back(fault.segment, fault.point);
     for (FaceFaults::Crossing const& fault : faults.crossings) {
         polling.step();
-        std::uint32_t const point =
-            m_points.addCrossing({fault.triangle, partnerOf(fault.triangle, fault.first, index),
-                                  partnerOf(fault.triangle, fault.second, index)});
+        std::uint32_t const a = partnerOf(fault.triangle, fault.first, index);
+        std::uint32_t const b = partnerOf(fault.triangle, fault.second, index);
+        if (a == none || b == none)
+            continue;  // not expected; a crossing that stays sends the solids the exact way
+        std::uint32_t const point = m_points.addCrossing({fault.triangle, a, b});
         points.emplace_back(fault.first, point);
         points.emplace_back(fault.second, point);
     }
