@@ -10,7 +10,7 @@
 
 void CommonOptions::addTo(CLI::App& command)
 {
-    command.add_option("FILE", files, "The parts: STL, OBJ, PLY or 3MF files")->required();
+    command.add_option("FILE", files, "The parts: STL, OBJ, PLY, OFF or 3MF files")->required();
     command
         .add_option("--scale", scaleText,
                     "Multiply the parts by this first: 25.4 if they are in inches, 1000 if in "
