@@ -123,8 +123,8 @@ void addExporting(Base::CommandManager& commands, DocumentFiles& files)
     commands.addCommand(new FileCommand(
         "Std_Export",
         {QT_TRANSLATE_NOOP("HostCommand", "&Export..."),
-         QT_TRANSLATE_NOOP("HostCommand", "Write all parts to STL, OBJ, PLY, OFF or 3MF."), "app_export",
-         "Ctrl+E"},
+         QT_TRANSLATE_NOOP("HostCommand", "Write all parts to STL, OBJ, PLY, OFF or 3MF."),
+         "app_export", "Ctrl+E"},
         files, [](DocumentFiles& f) { f.exportParts(false); }, noParts));
     commands.addCommand(new FileCommand(
         "Std_ExportSelected",
