@@ -82,6 +82,8 @@ int main(int argc, char** argv)
     addTools(commandLine, action);
     addRepair(commandLine, action);
     addConvert(commandLine, action);
+    addCompletion(commandLine, action);
+    addManual(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {
