@@ -30,7 +30,7 @@ public:
         : CheckableCommand(
               "Std_FullScreen",
               {QT_TRANSLATE_NOOP("HostCommand", "&Full Screen"),
-               QT_TRANSLATE_NOOP("HostCommand", "Let the window fill the screen."), nullptr, "F11"})
+               QT_TRANSLATE_NOOP("HostCommand", "Let the window fill the screen."), "app_full_screen", "F11"})
     {}
 
     bool changesDocument() const override { return false; }

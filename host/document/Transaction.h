@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/document/DocumentEntry.h"
+#include "host/document/StepFacts.h"
 #include "platform/document/Document.h"
 #include "platform/geometry/UMatrix4.h"
 #include "platform/mesh/MeshKernel.h"
@@ -53,6 +54,8 @@ public:
     ObjectChange& of(EntryPtr const& entry);
 
     std::string const name;
+    /// Set when the step is done.
+    StepFacts facts;
     /// By the document's order.
     std::map<unsigned long, ObjectChange> changes;
     std::optional<std::vector<EntryPtr>> selection;
