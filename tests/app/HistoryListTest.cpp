@@ -50,11 +50,13 @@ protected:
 
 TEST_F(HistoryListTest, StepsStandInTheOrderInWhichTheyWereDone)
 {
-    EXPECT_EQ(rows(), (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
     EXPECT_EQ(list.currentStep(), 3);
     document.undo();
     handleEvents();
-    EXPECT_EQ(rows(), (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
     EXPECT_EQ(list.currentStep(), 2);
     EXPECT_EQ(list.currentRow(), 2);
 }
