@@ -3,8 +3,8 @@
 
 #include "app/jobs/JobGuard.h"
 #include "app/panels/StepText.h"
-#include "host/document/StepFacts.h"
 #include "platform/document/Document.h"
+#include "platform/document/StepFacts.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/DocumentFollower.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/StepText.h"
 
-#include "host/document/StepFacts.h"
+#include "platform/document/StepFacts.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
 

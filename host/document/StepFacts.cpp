@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/document/StepFacts.h"
+#include "platform/document/StepFacts.h"
 
 #include "host/document/History.h"
 #include "platform/document/CutMemory.h"

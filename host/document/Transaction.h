@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/document/DocumentEntry.h"
-#include "host/document/StepFacts.h"
 #include "platform/document/Document.h"
+#include "platform/document/StepFacts.h"
 #include "platform/geometry/UMatrix4.h"
 #include "platform/mesh/MeshKernel.h"
 
@@ -64,5 +64,8 @@ private:
     History& m_history;
     bool m_isDone = true;
 };
+
+/// Of a step that has just been done.
+StepFacts factsOf(Transaction const& step);
 
 }  // namespace Base

@@ -10,8 +10,6 @@
 
 namespace Base {
 
-class Transaction;
-
 /// What an undo step did, as a list of steps tells it.
 struct StepFacts
 {
@@ -39,9 +37,6 @@ struct StepFacts
     /// Of horizontal planes by which pieces were cut, from below, in world millimetres.
     std::vector<double> heights;
 };
-
-/// Of a step that is done, as it is when it has just been done.
-StepFacts factsOf(Transaction const& step);
 
 /// Of all steps of a document, the oldest first; those that were taken back come last.
 std::vector<StepFacts> stepFacts(Document const& document);
