@@ -3,6 +3,7 @@
 
 #include "connectors/PlaneFrame.h"
 #include "cutjobs/common/SolidCombining.h"
+#include "platform/services/FacePrisms.h"
 
 #include <algorithm>
 
@@ -14,20 +15,101 @@ void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::Boolea
     combineSolids(a, b, result, type, ConnectorProgress::span(stage, share));
 }
 
+/// Prisms of which those that meet nothing but a half's face go into that face, and the others the
+/// way of all solids.
+class PrismsOfRun
+{
+public:
+    PrismsOfRun(PartOfRun const& part, MeshKernel& prisms, std::function<void(int)> const& progress)
+        : m_all(prisms), m_split(splitPrisms(*part.source, *part.lowerPlane, prisms, progress))
+    {}
+
+    /// Puts the free ones into a half's face.
+    /// returns  those that are left
+    MeshKernel& combineWith(MeshKernel& half, MeshKernel const& plane, Intersect::BooleanType type,
+                            std::function<void(int)> const& progress)
+    {
+        if (m_split.free->readMesh()->triangles.empty() ||
+            !combineAtFace(half, plane, *m_split.free, type, progress))
+            return m_all;
+        return *m_split.other;
+    }
+
+private:
+    MeshKernel& m_all;
+    PrismSplit m_split;
+};
+
+bool isEmpty(MeshKernel const& kernel)
+{
+    return kernel.readMesh()->triangles.empty();
+}
+
+/// Reports no number smaller than one before: where the faces do not take all prisms, a span is gone
+/// through twice.
+std::function<void(int)> rising(std::function<void(int)> const& progress)
+{
+    if (!progress)
+        return {};
+    return [progress, last = std::make_shared<int>(0)](int x) {
+        *last = std::max(*last, x);
+        progress(*last);
+    };
+}
+
+/// Tells of the end of a span in which nothing was left to do.
+void tellEnd(std::function<void(int)> const& progress, ConnectorProgress::Share share)
+{
+    if (progress)
+        ConnectorProgress::span(progress, share)(100);
+}
+
+/// Takes prisms out of a half, which is given up.
+void takeOut(PrismsOfRun& prisms, std::shared_ptr<MeshKernel>& half, MeshKernel const& plane,
+             std::shared_ptr<MeshKernel>& result, std::function<void(int)> const& progress,
+             ConnectorProgress::Share share)
+{
+    MeshKernel& left = prisms.combineWith(*half, plane, Intersect::BOOLEAN_SUBTRACT,
+                                          ConnectorProgress::span(progress, share));
+    if (isEmpty(left)) {
+        tellEnd(progress, share);
+        result = std::move(half);
+        return;
+    }
+    combine(*half, left, *result, Intersect::BOOLEAN_SUBTRACT, progress, share);
+    half.reset();
+}
+
+/// Joins prisms, as far as they lie in the part, to the lower half, which is given up.
+void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& result,
+           std::function<void(int)> const& progress)
+{
+    PrismsOfRun prisms(part, raised, ConnectorProgress::span(progress, {0, 20}));
+    MeshKernel& left =
+        prisms.combineWith(*part.plain.lower, *part.lowerPlane, Intersect::BOOLEAN_UNION,
+                           ConnectorProgress::span(progress, {20, 20}));
+    if (isEmpty(left)) {
+        tellEnd(progress, {0, 40});
+        tellEnd(progress, {40, 30});
+        result = std::move(part.plain.lower);
+        return;
+    }
+    MeshKernel clipped;
+    combine(*part.source, left, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
+    combine(*part.plain.lower, clipped, *result, Intersect::BOOLEAN_UNION, progress, {40, 30});
+    part.plain.lower.reset();
+}
+
 }  // namespace
 
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
-                           std::function<void(int)> const& progress)
+                           std::function<void(int)> const& stage)
 {
+    auto const progress = rising(stage);
     Halves joined;
-    MeshKernel clipped;
-    combine(*part.source, raised, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
-    combine(*part.plain.lower, clipped, *joined.lower, Intersect::BOOLEAN_UNION, progress,
-            {40, 30});
-    part.plain.lower.reset();
-    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
-            {70, 30});
-    part.plain.upper.reset();
+    raise(part, raised, joined.lower, progress);
+    PrismsOfRun prisms(part, hollow, ConnectorProgress::span(progress, {70, 10}));
+    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {70, 30});
     return joined;
 }
 
@@ -44,14 +126,12 @@ void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap)
             vertex->P() += frame.normal() * -connectorOverlapMm;
 }
 
-Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)
+Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& stage)
 {
+    auto const progress = rising(stage);
     Halves joined;
-    combine(*part.plain.lower, hollow, *joined.lower, Intersect::BOOLEAN_SUBTRACT, progress,
-            {0, 50});
-    part.plain.lower.reset();
-    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
-            {50, 50});
-    part.plain.upper.reset();
+    PrismsOfRun prisms(part, hollow, ConnectorProgress::span(progress, {0, 10}));
+    takeOut(prisms, part.plain.lower, *part.lowerPlane, joined.lower, progress, {0, 50});
+    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {50, 50});
     return joined;
 }
