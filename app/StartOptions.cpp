@@ -56,7 +56,7 @@ QString StartOptions::help()
 {
     return QStringLiteral(
         "Usage: orbe [OPTION]... [FILE]...\n"
-        "Opens the parts of STL, OBJ, PLY and 3MF files in a window.\n"
+        "Opens the parts of STL, OBJ, PLY, OFF and 3MF files in a window.\n"
         "\n"
         "  --plugin FILE    load the cutting module from FILE\n"
         "  --opengl 2.1|3.3 draw by this version of OpenGL\n"

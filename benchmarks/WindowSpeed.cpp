@@ -61,12 +61,13 @@ public:
         int const type = event->type();
         QElapsedTimer timer;
         timer.start();
+        double const processor = processorMs();
         ++m_depth;
         bool const result = QApplication::notify(receiver, event);
         --m_depth;
         double const ms = double(timer.nsecsElapsed()) / 1e6;
         if (ms >= toldFrom)
-            waits.push_back({ms, name + " " + QByteArray::number(type)});
+            waits.push_back({ms, processorMs() - processor, name + " " + QByteArray::number(type)});
         return result;
     }
 
@@ -74,6 +75,8 @@ public:
     struct Wait
     {
         double ms;
+        /// Of all threads meanwhile.
+        double processor;
         /// The receiver's class and the event's type.
         QByteArray name;
     };
@@ -217,7 +220,8 @@ private:
         std::printf("%-12s %6.0f ms; waits of %.0f ms and more:", name, result,
                     TimedApplication::toldFrom);
         for (TimedApplication::Wait const& wait : application().waits)
-            std::printf(" %.0f (%s)", wait.ms, wait.name.constData());
+            std::printf(" %.0f (%s, processor %.0f)", wait.ms, wait.name.constData(),
+                        wait.processor);
         std::puts("");
         std::fflush(stdout);
     }

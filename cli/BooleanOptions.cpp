@@ -25,7 +25,7 @@ void BooleanOptions::addTo(CLI::App& command)
 {
     common.addTo(command);
     command.get_option("FILE")
-        ->description("A and B, one solid each: STL, OBJ, PLY or 3MF files")
+        ->description("A and B, one solid each: STL, OBJ, PLY, OFF or 3MF files")
         ->expected(2);
     auto* const group = command.add_option_group("Operation", "What to make; give one of them");
     for (auto const& [choice, help] :

@@ -8,14 +8,27 @@
 
 #include <CLI/CLI.hpp>
 
+#include <map>
+
+namespace {
+
+/// In millimetres.
+std::map<std::string, float> const unitLengths = {
+    {"mm", 1.0f}, {"cm", 10.0f}, {"m", 1000.0f}, {"inch", 25.4f}};
+
+}  // namespace
+
 void CommonOptions::addTo(CLI::App& command)
 {
-    command.add_option("FILE", files, "The parts: STL, OBJ, PLY or 3MF files")->required();
+    command.add_option("FILE", files, "The parts: STL, OBJ, PLY, OFF or 3MF files")->required();
     command
-        .add_option("--scale", scaleText,
-                    "Multiply the parts by this first: 25.4 if they are in inches, 1000 if in "
-                    "metres")
-        ->type_name("F");
+        .add_option("--unit", unit,
+                    "What the numbers of files are that do not say it themselves, which is all but "
+                    "3MF (default: "
+                    "mm)")
+        ->check(CLI::IsMember(unitLengths))
+        ->type_name("UNIT");
+    command.add_option("--scale", scaleText, "Multiply the parts by this first")->type_name("F");
     command
         .add_option("--json", report,
                     "Write a report to this file, replacing it, or to standard output for \"-\"")
@@ -26,15 +39,16 @@ void CommonOptions::addTo(CLI::App& command)
     command.add_flag("--quiet", quiet, "Print neither table nor progress");
 }
 
-float CommonOptions::scale() const
+SourceScale CommonOptions::scale() const
 {
+    float const unitLength = unitLengths.at(unit);
     if (scaleText.empty())
-        return 1;
+        return {1, unitLength};
     std::optional<float> const scale = parseNumber(scaleText);
     if (!scale || !(*scale > 0))
         throw UsageError("--scale takes a number above 0 such as 25.4, but got \"" + scaleText +
                          "\".");
-    return *scale;
+    return {*scale, unitLength};
 }
 
 void addKeepGoing(CLI::App& command, bool& keepGoing)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/SourceFiles.h"
+
 #include <string>
 #include <vector>
 
@@ -17,12 +19,14 @@ struct CommonOptions
     int threads = 0;
     /// As typed; empty for 1.
     std::string scaleText;
+    /// One of the units that the command line knows.
+    std::string unit = "mm";
     bool quiet = false;
 
     void addTo(CLI::App& command);
 
     /// By what the coordinates of the parts are multiplied. Throws UsageError.
-    float scale() const;
+    SourceScale scale() const;
     /// Whether the table for people goes to standard output.
     bool wantsTable() const { return !quiet && report != "-"; }
 };

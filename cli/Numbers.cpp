@@ -95,7 +95,9 @@ std::vector<float> parseNumbers(std::string const& text)
 
 std::string smallLengthAdvice(float length)
 {
-    return length > 0 ? " If the part is not in millimetres, bring it there with --scale." : "";
+    return length > 0 ? " If the part is not in millimetres, say what it is in with --unit, or "
+                        "enlarge it with --scale."
+                      : "";
 }
 
 float parseMillimetres(std::string const& text, std::string const& option)

@@ -15,7 +15,7 @@ void multiply(MeshKernel& kernel, float scale)
 
 }  // namespace
 
-std::vector<SourcePart> readSource(std::string const& file, float scale)
+std::vector<SourcePart> readSource(std::string const& file, SourceScale const& scale)
 {
     Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
     display.setCancelEnabled(true);
@@ -23,10 +23,11 @@ std::vector<SourcePart> readSource(std::string const& file, float scale)
         Formats::FormatRegistry::instance().forContent(Formats::InputFile(file, {}));
     auto loaded =
         Formats::readParts(file, [&](int percent) { display.setProgress(std::uint64_t(percent)); });
+    float const factor = format.namesUnit() ? scale.ofAll : scale.ofAll * scale.unit;
     std::vector<SourcePart> parts;
     for (Formats::LoadedPart& part : loaded) {
-        if (scale != 1)
-            multiply(*part.kernel, scale);
+        if (factor != 1)
+            multiply(*part.kernel, factor);
         parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
     }
     return parts;

@@ -21,8 +21,15 @@ struct SourcePart
     std::unique_ptr<MeshKernel> kernel;
 };
 
+/// What coordinates are multiplied by when they are read.
+struct SourceScale
+{
+    float ofAll = 1;
+    /// Millimetres per unit of files that do not name theirs.
+    float unit = 1;
+};
+
 /// Reads all parts of a file, in order, behind a progress display.
 ///
-/// scale   what their coordinates are multiplied by
 /// throws  Formats::FileError; Mell::AbortException if the user cancels
-std::vector<SourcePart> readSource(std::string const& file, float scale);
+std::vector<SourcePart> readSource(std::string const& file, SourceScale const& scale);

@@ -123,13 +123,13 @@ void addExporting(Base::CommandManager& commands, DocumentFiles& files)
     commands.addCommand(new FileCommand(
         "Std_Export",
         {QT_TRANSLATE_NOOP("HostCommand", "&Export..."),
-         QT_TRANSLATE_NOOP("HostCommand", "Write all parts to STL, OBJ, PLY or 3MF."), "app_export",
-         "Ctrl+E"},
+         QT_TRANSLATE_NOOP("HostCommand", "Write all parts to STL, OBJ, PLY, OFF or 3MF."),
+         "app_export", "Ctrl+E"},
         files, [](DocumentFiles& f) { f.exportParts(false); }, noParts));
     commands.addCommand(new FileCommand(
         "Std_ExportSelected",
         {QT_TRANSLATE_NOOP("HostCommand", "Export Se&lected..."),
-         QT_TRANSLATE_NOOP("HostCommand", "Write the selected parts to STL, OBJ, PLY or 3MF."),
+         QT_TRANSLATE_NOOP("HostCommand", "Write the selected parts to STL, OBJ, PLY, OFF or 3MF."),
          "app_export", "Ctrl+Shift+E"},
         files, [](DocumentFiles& f) { f.exportParts(true); }, noSelection));
 }

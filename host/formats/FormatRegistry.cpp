@@ -2,6 +2,7 @@
 #include "host/formats/FormatRegistry.h"
 
 #include "host/formats/ObjFormat.h"
+#include "host/formats/OffFormat.h"
 #include "host/formats/PlyFormat.h"
 #include "host/formats/StlFormat.h"
 #include "host/formats/TextTokens.h"
@@ -35,6 +36,7 @@ FormatRegistry::FormatRegistry()
     m_formats.push_back(std::make_unique<PlyFormat>(PlyFormat::Encoding::Ascii));
     m_formats.push_back(std::make_unique<ThreeMfFormat>());
     m_formats.push_back(std::make_unique<ObjFormat>());
+    m_formats.push_back(std::make_unique<OffFormat>());
 }
 
 FormatRegistry const& FormatRegistry::instance()

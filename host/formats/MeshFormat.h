@@ -55,6 +55,9 @@ public:
     /// fileSize  of the whole file
     virtual bool recognises(std::string_view head, std::uint64_t fileSize) const = 0;
 
+    /// Whether files say what unit their coordinates are in, so that millimetres are read.
+    virtual bool namesUnit() const { return false; }
+
     /// Reads all parts. `defaultName` is for parts that have no name of their own. Throws
     /// FileError; a file without a triangle is one. The input tells its progress itself.
     virtual std::vector<LoadedPart> read(InputFile& input,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PlyFormat.h"
 
-#include "host/formats/MeshSource.h"
+#include "host/formats/IndexedMesh.h"
 #include "host/formats/PlyReader.h"
 #include "host/formats/TextTokens.h"
 
@@ -16,23 +16,7 @@ static_assert(std::endian::native == std::endian::little, "binary files are writ
 namespace Formats {
 namespace {
 
-struct Counts
-{
-    std::uint64_t vertices = 0;
-    std::uint64_t triangles = 0;
-};
-
-Counts countsOf(std::span<NamedMesh const> parts)
-{
-    Counts counts;
-    for (NamedMesh const& part : parts) {
-        counts.vertices += part.kernel->readMesh()->vertices.size();
-        counts.triangles += part.kernel->readMesh()->triangles.size();
-    }
-    return counts;
-}
-
-void writeHeader(OutputFile& output, std::string_view encoding, Counts const& counts)
+void writeHeader(OutputFile& output, std::string_view encoding, MeshCounts const& counts)
 {
     std::string text = "ply\nformat ";
     text += encoding;
@@ -62,58 +46,18 @@ public:
     }
 };
 
-class TextRecords
+class TextRecords : public TextMeshRecords
 {
 public:
     static constexpr std::string_view encoding = "ascii";
-
-    void write(OutputFile& output, UPoint3<float> const& p)
-    {
-        m_text.clear();
-        for (int i = 0; i < 3; ++i) {
-            appendNumber(m_text, p[i]);
-            m_text += i == 2 ? '\n' : ' ';
-        }
-        output.write(m_text);
-    }
-    void write(OutputFile& output, std::array<std::uint32_t, 3> const& triangle)
-    {
-        m_text.clear();
-        m_text += '3';
-        for (std::uint32_t const index : triangle)
-            appendNumber(m_text += ' ', std::uint64_t(index));
-        output.write(m_text += '\n');
-    }
-
-private:
-    std::string m_text;
 };
 
 template <typename Records>
 void writeMesh(OutputFile& output, std::span<NamedMesh const> parts, Progress const& progress,
                Records records)
 {
-    Counts const counts = countsOf(parts);
-    writeHeader(output, Records::encoding, counts);
-    StepProgress steps(progress, counts.vertices + counts.triangles);
-    for (NamedMesh const& part : parts) {
-        MeshSource const mesh(*part.kernel);
-        for (std::size_t i = 0; i < mesh.vertexCount(); ++i) {
-            steps.step();
-            records.write(output, mesh.point(i));
-        }
-    }
-    std::uint32_t first = 0;
-    for (NamedMesh const& part : parts) {
-        MeshSource mesh(*part.kernel);
-        mesh.numberVertices();
-        for (std::size_t i = 0; i < mesh.triangleCount(); ++i) {
-            steps.step();
-            auto const [a, b, c] = mesh.indices(i);
-            records.write(output, std::array{first + a, first + b, first + c});
-        }
-        first += std::uint32_t(mesh.vertexCount());
-    }
+    writeHeader(output, Records::encoding, countsOf(parts));
+    writeIndexedMesh(output, parts, progress, records);
 }
 
 }  // namespace

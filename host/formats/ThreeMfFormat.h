@@ -15,6 +15,7 @@ public:
     std::string_view title() const override { return "3MF"; }
     std::vector<std::string_view> extensions() const override { return {"3mf"}; }
     bool recognises(std::string_view head, std::uint64_t fileSize) const override;
+    bool namesUnit() const override { return true; }
     std::vector<LoadedPart> read(InputFile& input, std::string const& defaultName) const override;
     void write(OutputFile& output, std::span<NamedMesh const> parts,
                Progress const& progress) const override;

@@ -29,16 +29,53 @@ void sortOut(ShellPairs& pairs)
     pairs.erase(std::unique(pairs.begin(), pairs.end()), pairs.end());
 }
 
+/// Which triangles of each block are asked about, and whether any below each node is.
+class AskedTriangles
+{
+public:
+    AskedTriangles(TriangleTree const& tree, std::vector<bool> const& asked)
+        : m_places(tree.blocks().size(), asked.empty() ? ~std::uint32_t(0) : 0),
+          m_isAny(tree.levels().size())
+    {
+        for (std::size_t b = 0; b < tree.blocks().size() && !asked.empty(); ++b)
+            for (int i = 0; i < TriangleTree::blockSize; ++i)
+                // Places that are left over meet nothing.
+                if (std::uint32_t const t = tree.blocks()[b].triangles[i]; t < asked.size())
+                    m_places[b] |= std::uint32_t(asked[t]) << i;
+        for (std::size_t level = 0; level < m_isAny.size(); ++level) {
+            m_isAny[level].resize(tree.levels()[level].size());
+            std::size_t const below = level == 0 ? m_places.size() : m_isAny[level - 1].size();
+            for (std::size_t node = 0; node < below; ++node)
+                if (level == 0)
+                    m_isAny[0][node] = m_places[node] != 0;
+                else
+                    m_isAny[level][node / 2] |= m_isAny[level - 1][node];
+        }
+    }
+
+    std::uint32_t places(std::uint32_t block) const { return m_places[block]; }
+    bool isAnyOf(std::size_t level, NodePair nodes) const
+    {
+        return (m_isAny[level][nodes.first] | m_isAny[level][nodes.second]) != 0;
+    }
+
+private:
+    std::vector<std::uint32_t> m_places;
+    std::vector<std::vector<std::uint8_t>> m_isAny;
+};
+
 /// Walks the tree against itself below pairs of nodes.
 class PairWalk
 {
 public:
     PairWalk(MeshArrays const& mesh, TopologyReport const& topology, TriangleTree const& tree,
-             BlockSlabs const& slabs, IntersectionReport& report, StageProgress& progress)
+             BlockSlabs const& slabs, AskedTriangles const& asked, IntersectionReport& report,
+             StageProgress& progress)
         : m_mesh(mesh),
           m_topology(topology),
           m_tree(tree),
           m_slabs(slabs),
+          m_asked(asked),
           m_report(report),
           m_progress(progress)
     {}
@@ -61,7 +98,7 @@ public:
         for (std::uint32_t a = 2 * pair.first; a < std::min(2 * pair.first + 2, count); ++a) {
             std::uint32_t const from = pair.first == pair.second ? a : 2 * pair.second;
             for (std::uint32_t b = from; b < std::min(2 * pair.second + 2, count); ++b)
-                if (a == b || boxes[a].overlaps(boxes[b]))
+                if ((a == b || boxes[a].overlaps(boxes[b])) && m_asked.isAnyOf(level - 1, {a, b}))
                     descend(level - 1, bottom, {a, b}, visit);
         }
     }
@@ -88,6 +125,8 @@ private:
             std::uint32_t met = b.overlapping(a.box(i));
             if (isSame)
                 met &= ~((2u << i) - 1);
+            if ((m_asked.places(pair.first) >> i & 1) == 0)
+                met &= m_asked.places(pair.second);
             if (met != 0)
                 met &= ~b.neighbouring(a, i);
             for (; met != 0; met &= met - 1)
@@ -128,6 +167,7 @@ private:
     TopologyReport const& m_topology;
     TriangleTree const& m_tree;
     BlockSlabs const& m_slabs;
+    AskedTriangles const& m_asked;
     IntersectionReport& m_report;
     StageProgress& m_progress;
     std::size_t m_shellLimit = 1024;
@@ -148,16 +188,18 @@ std::size_t splitLevel(TriangleTree const& tree)
 }  // namespace
 
 IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport const& topology,
-                                     TriangleTree const& tree, StageProgress& progress)
+                                     TriangleTree const& tree, StageProgress& progress,
+                                     std::vector<bool> const& asked)
 {
     IntersectionReport report;
     report.isInvolved.resize(mesh.triangles.size());
     if (tree.blocks().empty())
         return report;
     BlockSlabs const slabs(mesh, tree);
+    AskedTriangles const wanted(tree, asked);
     std::size_t const level = splitLevel(tree);
     std::vector<NodePair> tasks;
-    PairWalk(mesh, topology, tree, slabs, report, progress)
+    PairWalk(mesh, topology, tree, slabs, wanted, report, progress)
         .descend(tree.levels().size() - 1, level, {0, 0},
                  [&](NodePair pair) { tasks.push_back(pair); });
     progress.setAmount(tasks.size());
@@ -166,7 +208,7 @@ IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport cons
     using Range = tbb::blocked_range<std::size_t>;
     tbb::parallel_for(Range(0, tasks.size()), [&](Range const& range) {
         for (std::size_t i = range.begin(); i != range.end(); ++i) {
-            PairWalk walk(mesh, topology, tree, slabs, report, progress);
+            PairWalk walk(mesh, topology, tree, slabs, wanted, report, progress);
             walk.walk(level, tasks[i]);
             pairs += walk.pairs;
             shells[i] = std::move(walk.shells);

@@ -22,6 +22,8 @@ struct IntersectionReport
 
 /// Finds all pairs of triangles of the tree that meet.
 ///
-/// cost  on all cores; in proportion to the pairs whose boxes overlap, the neighbours aside
+/// asked  by triangle: which to ask about; pairs without any of these are left out. All if it is empty
+/// cost   on all cores; in proportion to the pairs whose boxes overlap, the neighbours aside
 IntersectionReport findIntersections(MeshArrays const& mesh, TopologyReport const& topology,
-                                     TriangleTree const& tree, StageProgress& progress);
+                                     TriangleTree const& tree, StageProgress& progress,
+                                     std::vector<bool> const& asked = {});

@@ -3,6 +3,7 @@
 
 #include "host/view/DrawDevice21.h"
 #include "host/view/DrawDevice33.h"
+#include "host/view/DrawTrace.h"
 #include "host/view/DrawValues.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/view/OpenGLPath.h"
@@ -91,6 +92,7 @@ std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(std::span<UPoint3<float
 {
     auto geometry = makeGeometry(points.data(), points.size_bytes());
     geometry->m_count = int(points.size());
+    geometry->m_identity = DrawTrace::fingerprintOf(points.data(), points.size_bytes());
     if (keepsVertexArrays())
         describe(*geometry);
     release(*geometry);
@@ -103,6 +105,7 @@ std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(PartSurface const& surf
                                  surface.vertices.size() * sizeof(PartSurface::Vertex));
     geometry->m_hasFacets = true;
     geometry->m_count = int(surface.indices.size());
+    geometry->m_identity = ++m_surfaces;
     geometry->m_indices.create();
     geometry->m_indices.bind();
     geometry->m_indices.allocate(surface.indices.data(),
@@ -137,6 +140,7 @@ void DrawDevice::reserveIndices(Geometry& geometry, std::size_t indices)
 {
     geometry.m_hasFacets = true;
     geometry.m_count = int(indices);
+    geometry.m_identity = ++m_surfaces;
     geometry.m_indices.create();
     geometry.m_indices.bind();
     geometry.m_indices.allocate(int(indices * sizeof(std::uint32_t)));
@@ -199,6 +203,8 @@ void DrawDevice::release(Geometry& geometry)
 
 void DrawDevice::draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x4 const& toClip)
 {
+    if (m_trace && !m_trace->passPoints(points.m_identity, runs, toClip))
+        return;
     m_plain.bind();
     m_plain.setUniformValue("mvp", toClip);
     bind(points);
@@ -225,10 +231,20 @@ void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 con
 {
     if (ranges.empty())
         return;
-    if ((look.front & 255) || (look.back & 255))
-        drawTriangles(surface, look, toClip, toEye, ranges);
-    if (look.edges & 255)
-        drawEdges(surface, look, toClip, ranges);
+    if (m_trace)
+        m_trace->beginSurface(surface.m_identity, look, toClip, toEye);
+    std::vector<IndexRange> passed;
+    if ((look.front & 255) || (look.back & 255)) {
+        if (m_trace)
+            passed = m_trace->passFaces(ranges);
+        drawTriangles(surface, look, toClip, toEye,
+                      m_trace ? std::span<IndexRange const>(passed) : ranges);
+    }
+    if (look.edges & 255) {
+        if (m_trace)
+            passed = m_trace->passEdges(ranges);
+        drawEdges(surface, look, toClip, m_trace ? std::span<IndexRange const>(passed) : ranges);
+    }
 }
 
 void DrawDevice::drawRanges(Geometry& surface, std::span<IndexRange const> ranges)
@@ -243,6 +259,8 @@ void DrawDevice::drawRanges(Geometry& surface, std::span<IndexRange const> range
 void DrawDevice::drawTriangles(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
                                QMatrix4x4 const& toEye, std::span<IndexRange const> ranges)
 {
+    if (ranges.empty())
+        return;
     bool const isGhost = isTranslucent(look.front) || isTranslucent(look.back);
     m_part.bind();
     m_part.setUniformValue("mvp", toClip);
@@ -301,6 +319,8 @@ void DrawDevice::endCut(QOpenGLShaderProgram& program)
 void DrawDevice::drawEdges(Geometry& surface, SurfaceLook const& look, QMatrix4x4 const& toClip,
                            std::span<IndexRange const> ranges)
 {
+    if (ranges.empty())
+        return;
     m_plain.bind();
     m_plain.setUniformValue("mvp", toClip);
     m_plain.setUniformValue("clr", colorOf(look.edges));

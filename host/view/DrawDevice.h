@@ -11,9 +11,13 @@
 #include <QOpenGLShaderProgram>
 #include <QOpenGLVertexArrayObject>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
+
+class DrawTrace;
 
 /// Lines or areas in one colour: some of the points of a DrawDevice::Points, in order.
 struct DrawRun
@@ -82,6 +86,8 @@ public:
         QOpenGLVertexArrayObject m_array;
         int m_count = 0;
         bool m_hasFacets = false;
+        /// That of the points, or a number of the surface's own.
+        std::uint64_t m_identity = 0;
     };
 
     /// The device for the current context: that of g_OPENGL_3_3. Null if the context lacks the
@@ -118,6 +124,10 @@ public:
     /// target  the framebuffer object of the picture
     /// size, reach  of the picture and the width of the line, in device pixels
     void drawOutline(GLuint target, QSize size, float reach, unsigned rgba);
+
+    /// Tells what is to be drawn to `trace`, and draws what that lets through; null for all. The line
+    /// around what has the mark is left out of this.
+    void setTrace(DrawTrace* trace) { m_trace = trace; }
 
     void setDepthWriting(bool isOn) { m_gl.glDepthMask(isOn ? GL_TRUE : GL_FALSE); }
     void setDepthTest(bool isOn)
@@ -168,6 +178,8 @@ private:
     void drawSquare();
 
     QOpenGLFunctions m_gl;
+    DrawTrace* m_trace = nullptr;
+    std::uint64_t m_surfaces = 0;
     QOpenGLShaderProgram m_plain;
     QOpenGLShaderProgram m_part;
     QOpenGLShaderProgram m_cap;

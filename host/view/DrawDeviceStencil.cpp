@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/DrawDevice.h"
+#include "host/view/DrawTrace.h"
 #include "host/view/DrawValues.h"
 
 #include <QOpenGLContext>
@@ -28,6 +29,8 @@ void DrawDevice::countAreas(Geometry& points, int count, QMatrix4x4 const& toCli
 
 void DrawDevice::drawCap(Geometry& points, int cover, CapLook const& look, QMatrix4x4 const& toClip)
 {
+    if (m_trace && !m_trace->passCap(points.m_identity, look, toClip))
+        return;
     m_gl.glEnable(GL_STENCIL_TEST);
     countAreas(points, cover, toClip);
     // The count is taken back to 0 on the way; the marks of other parts stay.

@@ -47,6 +47,8 @@ GLView::GLView(QWidget* parent)
       m_scene(std::make_unique<ViewScene>(this)),
       m_navigation(std::make_unique<NavigationStyle>(this))
 {
+    // A picture stays where a new one takes its time.
+    setUpdateBehavior(PartialUpdate);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -200,7 +202,10 @@ bool GLView::event(QEvent* event)
                              event->type() == QEvent::Show;
     if (comesBefore && !context())
         setFormat(chooseContextFormat());
-    return QOpenGLWidget::event(event);
+    m_scene->setForScreen(event->type() == QEvent::Paint);
+    bool const isTaken = QOpenGLWidget::event(event);
+    m_scene->setForScreen(false);
+    return isTaken;
 }
 
 void GLView::initializeGL()
@@ -224,40 +229,29 @@ void GLView::releaseGL()
 
 void GLView::paintGL()
 {
-    QOpenGLFunctions& gl = *context()->functions();
     DrawDevice* const device = m_scene->device();
-    if (device)
-        m_scene->beginPicture();
-    gl.glClearColor(0, 0, 0, 1);
-    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    gl.glDepthMask(GL_TRUE);
-    gl.glStencilMask(0xff);
-    gl.glClearStencil(0);
-    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-    if (!device)
+    if (!device) {
+        context()->functions()->glClearColor(0, 0, 0, 1);
+        context()->functions()->glClear(GL_COLOR_BUFFER_BIT);
         return;
-    setDepthRange();
-    m_paintedCamera = *m_camera;
-    device->resetState();
-    paintBackground();
-    paintSurroundings();
-    m_scene->paintProviders();
-    if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
-        tool->draw();
-    device->resetState();
-    if (m_scene->hasSelection()) {
-        double const ratio = devicePixelRatioF();
-        device->drawOutline(m_scene->target(), size() * ratio, float(outlineWidth * ratio),
-                            viewColors().outline);
     }
-    paintOverlay();
-    m_scene->paintItems();
-    // What was blended has left an alpha of its own, by which the window would shine through.
-    gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
-    gl.glClearColor(0, 0, 0, 1);
-    gl.glClear(GL_COLOR_BUFFER_BIT);
-    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    m_scene->endPicture();
+    auto const paintGround = [this] {
+        setDepthRange();
+        m_paintedCamera = *m_camera;
+        paintBackground();
+        paintSurroundings();
+    };
+    m_scene->paintPicture(paintGround, [this, device] {
+        if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
+            tool->draw();
+        device->resetState();
+        if (m_scene->hasSelection()) {
+            double const ratio = devicePixelRatioF();
+            device->drawOutline(m_scene->target(), size() * ratio, float(outlineWidth * ratio),
+                                viewColors().outline);
+        }
+        paintOverlay();
+    });
 }
 
 void GLView::paintBackground()

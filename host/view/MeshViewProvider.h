@@ -80,7 +80,7 @@ public:
     /// What is to be painted is on its way to the device.
     bool isComing() const { return m_coming && m_coming->isUnderWay(); }
     /// What is on the device of the part; null if it was not painted yet.
-    std::shared_ptr<PartShape const> shape() const { return m_painted.shape; }
+    std::shared_ptr<PartShape> shape() const { return m_painted.shape; }
     /// Bytes that the part takes on the device now, its stand-in left out.
     std::size_t deviceBytes() const { return m_painted.shape ? m_painted.shape->bytes : 0; }
 

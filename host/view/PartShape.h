@@ -34,6 +34,8 @@ struct PartShape
     /// What is drawn while the mouse moves; null until it is made.
     std::shared_ptr<StandInShape> standIn;
     bool isStandInAsked = false;
+    /// Asked for, and neither there nor given up.
+    bool isStandInComing = false;
     bool wasPainted = false;
 
 private:

@@ -18,6 +18,8 @@ public:
     /// size  in device pixels
     /// False, with nothing changed, where OpenGL cannot do it: pictures have one sample then.
     bool begin(QSize size);
+    /// Whether begin() may succeed.
+    bool isPossible() const { return !m_isRefused; }
     /// What is to be named as the target while the picture is drawn.
     GLuint target() const { return m_buffer->handle(); }
     /// Puts the picture, with the samples of each pixel mixed, into `widget`, which is then bound.

@@ -3,6 +3,7 @@
 
 #include "host/services/RecordArrays.h"
 #include "host/view/DeviceWork.h"
+#include "host/view/DrawTrace.h"
 #include "host/view/StandIn.h"
 #include "host/view/StandInShape.h"
 
@@ -21,8 +22,9 @@ constexpr std::size_t leastInView = 150000;
 constexpr std::size_t leastInPart = 10000;
 /// Of all parts together in a coarse picture.
 constexpr std::size_t trianglesWhileMoving = std::size_t(1.25 * StandIn::wantedTriangles);
-/// What the edges of a triangle cost, in triangles.
-constexpr std::size_t edgesCost = 8;
+/// An exact picture whose parts take no longer is drawn at once.
+constexpr double atOnceMs = 40;
+constexpr std::size_t edgesCost = DrawTrace::edgesCost;
 constexpr std::size_t bytesPerStep = 4 << 20;
 
 bool hasFaces(SurfaceLook const& look)
@@ -78,18 +80,54 @@ bool StandIns::isLarge() const
     return m_load.cost >= leastInView;
 }
 
-void StandIns::beginPicture(bool isPreparing)
+bool StandIns::isWorthIt() const
 {
-    m_isCoarse = (m_isMoving || isPreparing) && isLarge() &&
-                 (m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow));
-    m_isOwed = m_isCoarse;
+    return m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow);
+}
+
+bool StandIns::isCoarseDue(bool isPreparing) const
+{
+    return (m_isMoving || isPreparing) && isLarge() && isWorthIt();
+}
+
+bool StandIns::mayNeedSteps(Shapes const& shapes) const
+{
+    std::size_t triangles = 0;
+    for (std::shared_ptr<PartShape> const& shape : shapes)
+        triangles += shape->triangles();
+    return m_use != Use::Never && triangles * (1 + edgesCost) >= leastInView;
+}
+
+bool StandIns::needsSteps(std::size_t cost) const
+{
+    if (m_use != Use::WhenSlow || cost < leastInView)
+        return m_use == Use::Always && cost >= leastInView;
+    return !m_msPerCost || *m_msPerCost * double(cost) > atOnceMs;
+}
+
+bool StandIns::areReady(Shapes const& shapes)
+{
+    bool areAll = true;
+    for (std::shared_ptr<PartShape> const& shape : shapes) {
+        if (isWorthIt() && isWanted(*shape))
+            make(shape);
+        bool const isLacking = !shape->isStandInAsked || shape->isStandInComing;
+        areAll = areAll && (shape->triangles() < leastInPart || !isLacking);
+    }
+    return areAll;
+}
+
+void StandIns::measured(double ms, std::size_t cost)
+{
+    m_isSlow = ms > slowMs;
+    m_msPerCost = ms / double(std::max<std::size_t>(cost, 1));
 }
 
 void StandIns::beginParts(DrawDevice& device)
 {
     m_loadNow = {};
     m_painted.clear();
-    if (isLarge() && !m_isCoarse)
+    if (isTimed())
         device.finish();
     m_partsTime.start();
 }
@@ -97,14 +135,12 @@ void StandIns::beginParts(DrawDevice& device)
 void StandIns::endParts(DrawDevice& device)
 {
     m_load = m_loadNow;
-    if (isLarge() && !m_isCoarse) {
+    if (isTimed()) {
         device.finish();
-        m_isSlow = m_partsTime.elapsed() > slowMs;
+        measured(double(m_partsTime.nsecsElapsed()) / 1e6, m_load.cost);
     }
-    bool const isWorthIt =
-        isLarge() && (m_use == Use::Always || (m_use == Use::WhenSlow && m_isSlow));
     for (std::shared_ptr<PartShape> const& shape : m_painted)
-        if (isWorthIt && isWanted(*shape))
+        if (isLarge() && isWorthIt() && isWanted(*shape))
             make(shape);
     m_painted.clear();
 }
@@ -131,9 +167,9 @@ bool StandIns::paint(DrawDevice& device, PaintedPart& part, QMatrix4x4 const& to
     count(part);
     part.coarseness = 0;
     bool const isNew = !std::exchange(part.shape->wasPainted, true);
-    if (!m_isCoarse) {
+    if (!isCoarse()) {
         // What is new takes time once to be brought to the device, which does not count.
-        if (isNew && m_loadNow.cost >= leastInView) {
+        if (isNew && m_manner == Manner::Exact && m_loadNow.cost >= leastInView) {
             device.finish();
             m_partsTime.start();
         }
@@ -144,6 +180,9 @@ bool StandIns::paint(DrawDevice& device, PaintedPart& part, QMatrix4x4 const& to
         look.edges = 0;
     std::size_t const allowed = allowedFor(part);
     StandInShape const* const standIn = part.shape->standIn.get();
+    bool const isLacking = !standIn && part.shape->triangles() >= leastInPart;
+    if (m_manner == Manner::CoarseOrNot && isLacking)
+        return true;
     if (!standIn || part.shape->triangles() <= allowed) {
         device.draw(*part.shape->geometry, look, toClip, toEye);
         return true;
@@ -161,10 +200,11 @@ bool StandIns::isWanted(PartShape const& shape) const
 
 void StandIns::make(std::shared_ptr<PartShape> const& shape)
 {
+    shape->isStandInAsked = true;
     PartShape::Mesh mesh = shape->mesh.lock();
     if (!mesh)
         return;
-    shape->isStandInAsked = true;
+    shape->isStandInComing = true;
     ++m_running;
     m_thread.start(
         [this, asked = std::weak_ptr<PartShape>(shape), held = std::move(mesh)]() mutable {
@@ -191,15 +231,20 @@ void StandIns::enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<Stan
 {
     --m_running;
     std::shared_ptr<PartShape> const asked = shape.lock();
-    if (!asked || !made || asked->mesh.expired())
+    if (asked && (!made || asked->mesh.expired()))
+        asked->isStandInComing = false;
+    if (!asked || !asked->isStandInComing)
         return;
     auto const standIn = std::make_shared<StandInShape>(made, *asked->geometry);
-    m_work.add([shape, standIn](DrawDevice& device) {
+    m_work.add([this, shape, standIn](DrawDevice& device) {
         std::shared_ptr<PartShape> const target = shape.lock();
         if (target && !standIn->upload(device, bytesPerStep))
             return false;
-        if (target)
-            target->standIn = standIn;
+        if (!target)
+            return true;
+        target->standIn = standIn;
+        target->isStandInComing = false;
+        emit arrived();
         return true;
     });
 }

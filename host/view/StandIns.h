@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 struct StandIn;
@@ -21,11 +22,11 @@ class DeviceWork;
 /// A picture is coarse if the mouse has moved in the last fifth of a second, in the view or with
 /// something that changes what the view shows, and the last exact picture took longer than a smooth
 /// movement allows. The exact picture follows when the mouse rests. Where the parts together have
-/// few triangles all pictures are exact.
+/// few triangles all pictures are exact. A picture on the screen that would take so long that the
+/// window stops is coarse too, until the exact one has been drawn in steps (PictureSteps).
 ///
 /// Stand-ins are made on a thread of their own, and brought to the device in steps of a few
-/// milliseconds; until then pictures are exact. One belongs to the shape, and so to all parts that
-/// have it, and goes with it.
+/// milliseconds. One belongs to the shape, and so to all parts that have it, and goes with it.
 ///
 /// thread  the user interface thread
 class StandIns : public QObject
@@ -55,13 +56,40 @@ public:
     /// As if the mouse had rested long enough.
     void rest();
 
-    /// Before anything of a picture is painted.
+    /// How the parts of a picture are painted.
+    enum class Manner
+    {
+        Exact,
+        Coarse,
+        /// What is large and has no stand-in yet is left out.
+        CoarseOrNot,
+        /// Exactly, but not all of it now.
+        InSteps
+    };
+
+    /// Before anything of a picture is painted: whether it is to be coarse for the movement's sake.
     ///
     /// isPreparing  parts are on their way that will ask for a picture when they are there; until
     /// then pictures can be coarse as if the mouse moved
-    void beginPicture(bool isPreparing);
+    bool isCoarseDue(bool isPreparing) const;
+    using Shapes = std::vector<std::shared_ptr<PartShape>>;
+    /// False if a picture of these costs too little for steps however it is drawn.
+    bool mayNeedSteps(Shapes const& shapes) const;
+    /// An exact picture of this cost, as DrawTrace has it, might stop the window for too long.
+    bool needsSteps(std::size_t cost) const;
+    /// Has the stand-ins made that shapes lack, if the exact picture is known to be slow. Returns
+    /// whether pictures can be coarse with what is there now.
+    bool areReady(Shapes const& shapes);
+    /// The parts of an exact picture took this long.
+    void measured(double ms, std::size_t cost);
+    bool isMeasured() const { return m_msPerCost.has_value(); }
+    bool isMoving() const { return m_isMoving; }
+
+    void setManner(Manner manner) { m_manner = manner; }
     /// Whether the picture that has begun is coarse.
-    bool isCoarse() const { return m_isCoarse; }
+    bool isCoarse() const { return m_manner == Manner::Coarse || m_manner == Manner::CoarseOrNot; }
+    /// Whether what is shown is not the exact picture of what there is.
+    void setOwed(bool isOwed) { m_isOwed = isOwed; }
 
     /// Around the painting of the parts.
     void beginParts(DrawDevice& device);
@@ -80,10 +108,14 @@ public:
 signals:
     /// The exact picture is due.
     void rested();
+    /// A stand-in is there.
+    void arrived();
 
 private:
     bool isLarge() const;
+    bool isTimed() const { return isLarge() && m_manner == Manner::Exact; }
     bool isWanted(PartShape const& shape) const;
+    bool isWorthIt() const;
     void make(std::shared_ptr<PartShape> const& shape);
     void enterMade();
     void enter(std::weak_ptr<PartShape> const& shape, std::shared_ptr<StandIn const> made);
@@ -95,7 +127,9 @@ private:
     QTimer m_restTimer;
     bool m_isMoving = false;
     bool m_isSlow = false;
-    bool m_isCoarse = false;
+    /// Of exact pictures; nothing before the first large one.
+    std::optional<double> m_msPerCost;
+    Manner m_manner = Manner::Exact;
     bool m_isOwed = false;
     QElapsedTimer m_partsTime;
     /// Of all parts of a picture; the cost of a triangle is one, and more with edges.

@@ -2,7 +2,6 @@
 #include "host/view/ViewScene.h"
 
 #include "host/view/MeshViewProvider.h"
-#include "host/view/PartSpread.h"
 #include "platform/document/DocumentObject.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
@@ -21,37 +20,22 @@ bool isTool(Base::ViewProvider const* provider)
     return dynamic_cast<Base::GraphicViewProvider const*>(provider) != nullptr;
 }
 
-/// A part that is hidden may still show as a ghost.
-bool isPainted(Base::ViewProvider const* provider)
-{
-    if (provider->isShow())
-        return true;
-    auto const* const part = dynamic_cast<Mesh::ViewProvider const*>(provider);
-    return part && part->isGhost();
-}
-
-enum class Turn
-{
-    Opaque,
-    Transparent,
-    Tool
-};
-
-Turn turnOf(Base::ViewProvider const* provider)
-{
-    if (isTool(provider))
-        return Turn::Tool;
-    return provider->isTransparent() ? Turn::Transparent : Turn::Opaque;
-}
-
 }  // namespace
 
 ViewScene::ViewScene(Base::GLView* view)
-    : m_view(view), m_deviceWork(*view), m_standIns(m_deviceWork)
+    : m_view(view),
+      m_deviceWork(*view),
+      m_standIns(m_deviceWork),
+      m_steps([this](auto from, auto to) { return drawStep(from, to); },
+              [this](double ms, std::size_t cost) { stepDrawn(ms, cost); })
 {
     QObject::connect(&m_standIns, &StandIns::rested, &m_standIns, [this] { askForPicture(); });
     QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
                      [this] { askForPicture(); });
+    QObject::connect(&m_standIns, &StandIns::arrived, &m_standIns, [this] {
+        if (m_isKept)
+            askForPicture();
+    });
 }
 
 void ViewScene::setDocument(Base::Document* document)
@@ -139,6 +123,8 @@ void ViewScene::release()
         if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider))
             part->releaseGL();
     m_leaving.clear();
+    m_steps.drop();
+    m_pictureSize = {};
     m_samples.release();
     m_standIns.releaseGL();
     m_deviceWork.clear();
@@ -193,76 +179,6 @@ void ViewScene::paint(PaintedPart& part)
     QMatrix4x4 const clip = camera.getProjectionMatrix() * toEye;
     if (!m_standIns.paint(*m_device, part, clip, toEye))
         m_device->draw(*part.shape->geometry, part.look, clip, toEye);
-}
-
-// Before anything is painted, so that all of the picture goes by what is ready.
-void ViewScene::prepareParts()
-{
-    for (Base::ViewProvider* const provider : m_providers)
-        if (auto* const part = dynamic_cast<Mesh::ViewProvider*>(provider); part && isPainted(part))
-            part->prepareToPaint(*m_device);
-    if (!isPreparing())
-        m_leaving.clear();
-}
-
-void ViewScene::paintLeaving()
-{
-    for (PaintedPart& part : m_leaving) {
-        m_device->resetState();
-        paint(part);
-    }
-}
-
-void ViewScene::beginPicture()
-{
-    auto const* const view = dynamic_cast<Mesh::GLView const*>(m_view);
-    spreadParts(m_providers, view ? view->drawnApart() : 0);
-    m_tints.setOn(view && view->arePartsTinted());
-    m_preparer.beginPicture();
-    prepareParts();
-    m_standIns.beginPicture(isPreparing());
-    QSize const size = m_view->size() * m_view->devicePixelRatioF();
-    m_isSampled = !m_standIns.isCoarse() && m_samples.begin(size);
-}
-
-GLuint ViewScene::target() const
-{
-    return m_isSampled ? m_samples.target() : m_view->defaultFramebufferObject();
-}
-
-void ViewScene::endPicture()
-{
-    if (std::exchange(m_isSampled, false))
-        m_samples.end(m_view->defaultFramebufferObject());
-}
-
-void ViewScene::paintProviders()
-{
-    m_standIns.beginParts(*m_device);
-    for (Turn const turn : {Turn::Opaque, Turn::Transparent, Turn::Tool}) {
-        if (turn == Turn::Tool)
-            m_standIns.endParts(*m_device);
-        // A provider may add objects while it paints.
-        std::vector<Base::ViewProvider*> const providers = m_providers;
-        for (Base::ViewProvider* const provider : providers)
-            if (turnOf(provider) == turn && isPainted(provider)) {
-                m_device->resetState();
-                provider->paintGL();
-            }
-        if (turn == Turn::Opaque)
-            paintLeaving();
-    }
-    m_device->resetState();
-}
-
-void ViewScene::paintItems()
-{
-    std::vector<Base::GLGraphicsItem*> const items = m_items;
-    for (Base::GLGraphicsItem* const item : items) {
-        m_device->resetState();
-        item->paintGL();
-    }
-    m_device->resetState();
 }
 
 void ViewScene::drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,

@@ -5,11 +5,15 @@
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
 #include "host/view/PartTints.h"
+#include "host/view/PictureSteps.h"
 #include "host/view/SampledPicture.h"
 #include "host/view/StandIns.h"
 #include "platform/document/Document.h"
 
+#include <functional>
 #include <vector>
+
+class DrawTrace;
 
 namespace Base {
 class GLGraphicsItem;
@@ -58,16 +62,22 @@ public:
     bool hasSelection() const;
     bool hasTools() const;
 
-    // Around a picture.
+    // A picture.
 
-    /// Sees what is ready, and where the picture is to be drawn: with several samples for each
-    /// pixel, or at once in the widget if it is a coarse one.
-    void beginPicture();
+    using Paint = std::function<void()>;
+    /// Paints what is there. A picture for the screen that would take long shows large parts
+    /// coarsely, or what was shown before, until all has been drawn in steps.
+    ///
+    /// ground  1. of the above; it is called again for steps
+    /// rest    4. and 5.
+    void paintPicture(Paint const& ground, Paint const& rest);
+    /// Whether pictures go to the screen now. Others are painted at once.
+    void setForScreen(bool isForScreen) { m_isForScreen = isForScreen; }
     /// The framebuffer object in which the picture is being drawn.
     GLuint target() const;
-    void endPicture();
+    /// An exact picture is being drawn in steps.
+    bool isDrawingInSteps() const { return m_steps.isWorking(); }
 
-    void paintProviders();
     PartPreparer& preparer() { return m_preparer; }
     StandIns& standIns() { return m_standIns; }
     PartTints& tints() { return m_tints; }
@@ -83,7 +93,6 @@ public:
     /// ready and what they come from still stands in their place.
     bool isHeldBack(PaintedPart const& part) const;
     void paint(PaintedPart& part);
-    void paintItems();
 
     /// Draws points of the moment: uploads, draws and forgets them.
     void drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,
@@ -97,6 +106,29 @@ private:
     void dropLeaving();
     void paintLeaving();
     void prepareParts();
+    void arrangeParts();
+    std::vector<std::shared_ptr<PartShape>> shownShapes() const;
+
+    enum class Way
+    {
+        AtOnce,
+        Coarse,
+        /// What was shown before stays.
+        Kept,
+        /// All but the rest has been drawn in steps.
+        Finished
+    };
+    Way wayOfPicture(Paint const& ground);
+    bool hasPicture() const;
+    void clearPicture();
+    void paintWhole(Paint const& ground, Paint const& rest);
+    void paintRest(Paint const& rest);
+    void paintGroundAndParts(Paint const& ground);
+    void trace(DrawTrace& trace, Paint const& ground);
+    PictureSteps::Outcome drawStep(std::size_t from, std::size_t to);
+    void stepDrawn(double ms, std::size_t cost);
+    void paintProviders(bool areTools);
+    void paintItems();
     void objectChanged(Base::DocumentObject*) { askForPicture(); }
     void objectDeleted(Base::DocumentObject*, std::string) { askForPicture(); }
     void documentDeleted();
@@ -109,8 +141,16 @@ private:
     PartTints m_tints;
     SampledPicture m_samples;
     bool m_isSampled = false;
+    bool m_isForScreen = false;
+    /// Where the last picture was put; none is there if the framebuffer object is another now.
+    GLuint m_pictureTarget = 0;
+    QSize m_pictureSize;
+    bool m_isKept = false;
     std::vector<PaintedPart> m_leaving;
     DeviceWork m_deviceWork;
     StandIns m_standIns;
+    /// The ground of the picture that is drawn in steps.
+    Paint m_ground;
+    PictureSteps m_steps;
     PartPreparer m_preparer;
 };

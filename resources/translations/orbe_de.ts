@@ -1204,6 +1204,26 @@
 <context>
     <name>FileError</name>
     <message>
+        <source>it announces %1 vertices and %2 faces, for which the file is too short; it is truncated.</source>
+        <translation>sie kündigt %1 Ecken und %2 Flächen an, für die die Datei zu kurz ist; sie ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>the file ends before all of its vertices and faces; it is truncated.</source>
+        <translation>die Datei endet vor dem letzten ihrer Punkte und Flächen; sie ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>it is binary; only OFF files that are text can be read.</source>
+        <translation>sie ist binär; nur OFF-Dateien in Textform können gelesen werden.</translation>
+    </message>
+    <message>
+        <source>a number of vertices or faces</source>
+        <translation>eine Anzahl von Ecken oder Flächen</translation>
+    </message>
+    <message>
+        <source>the number of a vertex</source>
+        <translation>die Nummer einer Ecke</translation>
+    </message>
+    <message>
         <source>it is not whole, and cannot be read.</source>
         <translation>sie ist nicht vollständig und kann nicht gelesen werden.</translation>
     </message>
@@ -2319,16 +2339,16 @@
         <translation>&amp;Exportieren...</translation>
     </message>
     <message>
-        <source>Write all parts to STL, OBJ, PLY or 3MF.</source>
-        <translation>Alle Bauteile als STL, OBJ, PLY oder 3MF schreiben.</translation>
+        <source>Write all parts to STL, OBJ, PLY, OFF or 3MF.</source>
+        <translation>Alle Bauteile als STL, OBJ, PLY, OFF oder 3MF schreiben.</translation>
     </message>
     <message>
         <source>Export Se&amp;lected...</source>
         <translation>&amp;Auswahl exportieren...</translation>
     </message>
     <message>
-        <source>Write the selected parts to STL, OBJ, PLY or 3MF.</source>
-        <translation>Die ausgewählten Bauteile als STL, OBJ, PLY oder 3MF schreiben.</translation>
+        <source>Write the selected parts to STL, OBJ, PLY, OFF or 3MF.</source>
+        <translation>Die ausgewählten Bauteile als STL, OBJ, PLY, OFF oder 3MF schreiben.</translation>
     </message>
     <message>
         <source>Show a part first.</source>

@@ -116,6 +116,28 @@ TEST(FreecutCommandLine, PartsAreScaledFirst)
         EXPECT_EQ(folder.run({"info", "inch.stl", "--scale", scale}).status, 2) << scale;
 }
 
+TEST(FreecutCommandLine, AUnitIsThatOfFilesThatNameNone)
+{
+    FreecutFolder folder;
+    folder.addStl(box(1, 1, 1), "cube.stl");
+    ASSERT_EQ(folder.run({"repair", "cube.stl", "--format", "3mf"}).status, 0);
+    for (auto const& [unit, length] :
+         {std::pair("mm", 1.0), {"cm", 10.0}, {"m", 1000.0}, {"inch", 25.4}}) {
+        auto const result =
+            folder.run({"info", "cube.stl", "cube_repaired.3mf", "--unit", unit, "--json", "-"});
+        ASSERT_EQ(result.status, 0) << result.errors;
+        auto const parts = result.json()["parts"];
+        EXPECT_NEAR(parts[0]["volume"].get<double>(), std::pow(length, 3),
+                    1e-6 * std::pow(length, 3))
+            << unit;
+        EXPECT_DOUBLE_EQ(parts[1]["volume"].get<double>(), 1) << unit;
+    }
+    auto const both =
+        folder.run({"info", "cube.stl", "--unit", "cm", "--scale", "2", "--json", "-"});
+    EXPECT_NEAR(both.json()["parts"][0]["volume"].get<double>(), 8000, 1e-3);
+    EXPECT_EQ(folder.run({"info", "cube.stl", "--unit", "furlong"}).status, 2);
+}
+
 TEST(FreecutCommandLine, ASizeTooSmallForAnyPartIsAnsweredByAdvice)
 {
     BlockFolder const folder;

@@ -149,12 +149,42 @@ TEST(FormatContent, AByteOrderMarkStandsInFrontOfAnyText)
     ScratchFolder const folder;
     Soup const soup = box(1, 2, 3);
     auto const kernel = kernelOf(soup);
-    for (std::string const name : {"obj", "stl-ascii", "ply-ascii"}) {
+    for (std::string const name : {"obj", "off", "stl-ascii", "ply-ascii"}) {
         writePart(folder / name, "part", *kernel, format(name), {}, Overwrite::Refuse);
         std::string const marked = "\xEF\xBB\xBF" + contentOf(folder / name);
         SCOPED_TRACE(name);
         // Told by its content: the name says nothing.
         EXPECT_EQ(closedSolidFaults(onlyPart(folder.file("marked_" + name, marked))), "");
+    }
+}
+
+TEST(FormatContent, OffIsReadInAllItsForms)
+{
+    ScratchFolder const folder;
+    std::string const box =
+        "0 0 0\n1 0 0\n1 2 0\n0 2 0\n0 0 3\n1 0 3\n1 2 3\n0 2 3\n"
+        "4 0 3 2 1\n4 4 5 6 7\n4 0 1 5 4\n4 1 2 6 5\n4 2 3 7 6\n4 3 0 4 7\n";
+    auto const withBehind = [&box](std::string const& behind) {
+        std::string text;
+        for (char const c : box)
+            text += c == '\n' ? behind + "\r\n" : std::string(1, c);
+        return text;
+    };
+    std::vector<std::pair<std::string, std::string>> const files = {
+        {"plain.off", "OFF\n8 6 12\n" + box},
+        {"one-line", "OFF 8 6 12\n" + box},
+        {"without-keyword.off", "8 6 0\n" + box},
+        {"without-edges", "OFF\n8 6\n" + box},
+        {"coloured", "COFF\n8 6 0\n" + withBehind(" 255 0 0 255")},
+        {"all-extras", "STCNOFF\n8 6 0\n" + withBehind("  0.5 0.5 0.5 1 0 0 1 0 0")},
+        {"commented", "OFF # by hand\n\n# a box\n8 6 0 # no edges\n" + withBehind(" # here")},
+    };
+    for (auto const& [name, text] : files) {
+        SCOPED_TRACE(name);
+        Soup const soup = onlyPart(folder.file(name, text));
+        EXPECT_EQ(soup.triangles.size(), 12u);
+        EXPECT_EQ(closedSolidFaults(soup), "");
+        EXPECT_DOUBLE_EQ(volumeOf(soup), 6);
     }
 }
 

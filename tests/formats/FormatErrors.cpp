@@ -85,7 +85,7 @@ TEST(FormatErrors, AFileThatIsNoReadableFileIsNamedWithItsReason)
     ASSERT_EQ(mkfifo((folder / "pipe.stl").c_str(), 0600), 0);
     EXPECT_THAT(readError(folder / "pipe.stl"), HasSubstr("not a regular file"));
     EXPECT_THAT(readError(folder.file("letter.txt", "Dear reader,\n")),
-                HasSubstr(".stl, .ply, .3mf or .obj were expected"));
+                HasSubstr(".stl, .ply, .3mf, .obj or .off were expected"));
 }
 
 TEST(FormatErrors, AFileWithoutReadPermissionIsNamedWithItsReason)
@@ -182,6 +182,42 @@ TEST(FormatErrors, TextThatIsNotTheFormatIsNamedWithLineAndExpectation)
                 HasSubstr("'end_header' was expected"));
     EXPECT_THAT(readError(folder.file("faceless.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\n")),
                 AllOf(HasSubstr("line 3"), HasSubstr("without a face")));
+}
+
+TEST(FormatErrors, WhatIsWrongInAnOffFileIsNamedWithItsLine)
+{
+    ScratchFolder const folder;
+    std::string const points = "0 0 0\n1 0 0\n0 1 0\n";
+    auto const errorOf = [&](std::string const& text) {
+        return readError(folder.file("bad.off", text));
+    };
+    EXPECT_THAT(errorOf("OFF\n3 1 0\n" + points),
+                AllOf(HasSubstr("line 5"), HasSubstr("truncated")));
+    EXPECT_THAT(
+        errorOf("OFF\n4000000000 1 0\n" + points),
+        AllOf(HasSubstr("line 2"), HasSubstr("4000000000 vertices"), HasSubstr("truncated")));
+    EXPECT_THAT(errorOf("OFF\n0 0 0\n"),
+                AllOf(HasSubstr("line 2"), HasSubstr("a mesh was expected")));
+    EXPECT_THAT(errorOf("OFF\nthree 1 0\n" + points + "3 0 1 2\n"),
+                AllOf(HasSubstr("line 2"), HasSubstr("'three'")));
+    EXPECT_THAT(errorOf("OFF BINARY\n\x01\x02"), AllOf(HasSubstr("line 1"), HasSubstr("binary")));
+    EXPECT_THAT(errorOf("dear reader\n"),
+                AllOf(HasSubstr("line 1"), HasSubstr("OFF was expected")));
+    EXPECT_THAT(
+        errorOf("OFF\n3 1 0\n0 0 0\n1 x 0\n0 1 0\n3 0 1 2\n"),
+        AllOf(HasSubstr("line 4"), HasSubstr("a coordinate was expected"), HasSubstr("'x'")));
+    EXPECT_THAT(errorOf("OFF\n3 1 0\n0 0 0\n1 0\n0 1 0\n3 0 1 2\n"),
+                AllOf(HasSubstr("line 4"), HasSubstr("a coordinate was expected")));
+    EXPECT_THAT(errorOf("OFF\n3 1 0\n0 0 0\n1 nan 0\n0 1 0\n3 0 1 2\n"),
+                AllOf(HasSubstr("line 4"), HasSubstr("not a finite number")));
+    for (std::string const bad : {"3", "-1"})
+        EXPECT_THAT(
+            errorOf("OFF\n3 1 0\n" + points + "3 0 1 " + bad + "\n"),
+            AllOf(HasSubstr("line 6"), HasSubstr("vertex " + bad), HasSubstr("3 vertices")));
+    EXPECT_THAT(errorOf("OFF\n3 1 0\n" + points + "2 0 1 # a line\n"),
+                AllOf(HasSubstr("line 6"), HasSubstr("there are 2")));
+    EXPECT_THAT(errorOf("OFF\n3 1 0\n" + points + "3 0 1 1\n"),
+                HasSubstr("three different corners"));
 }
 
 TEST(FormatErrors, AnIndexOutOfRangeIsNamedWithItsPlace)

@@ -18,7 +18,8 @@ using namespace Formats;
 
 namespace {
 
-std::vector<std::string> const formatNames = {"stl", "stl-ascii", "ply", "ply-ascii", "obj", "3mf"};
+std::vector<std::string> const formatNames = {"stl", "stl-ascii", "ply", "ply-ascii",
+                                              "obj", "off",       "3mf"};
 
 MeshFormat const& format(std::string const& name)
 {

@@ -13,13 +13,14 @@
 // Each run has the seed after that of the one before. A failure is told with its seed, and what
 // went in is written into the working folder; `--seed N --runs 1` with the same options repeats it
 // and writes the files before it runs. What crashes tells its seed too.
-#include "host/services/exact/Corefinement.h"
+#include "host/services/boolean/ExactCombination.h"
 #include "tests/fuzz/BrokenRuns.h"
 #include "tests/fuzz/FileRuns.h"
 #include "tests/fuzz/FuzzFiles.h"
 #include "tests/fuzz/FuzzSolids.h"
 #include "tests/support/BooleanRuns.h"
 
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <csignal>
@@ -29,7 +30,6 @@
 #include <functional>
 #include <iterator>
 #include <limits>
-#include <optional>
 #include <string>
 #include <unistd.h>
 
@@ -82,19 +82,18 @@ bool readOptions(int argc, char** argv, Options& options)
     return true;
 }
 
+/// As a user gets them where the exact way is taken: rounded, mended and held against the operands.
 BooleanPieces exactPiecesOf(Soup const& a, Soup const& b)
 {
     std::function<void(int)> const unasked;
     StageProgress progress(unasked);
-    auto const solids = Exact::combine({a.points, a.triangles}, {b.points, b.triangles},
-                                       {true, true, true}, progress);
-    if (solids.fault != Exact::CombinationFault::none)
-        throw Mell::Exception("fault " + std::to_string(int(solids.fault)));
-    auto const soup = [](std::optional<MeshArrays> const& solid) {
-        return Soup{solid->points, solid->triangles};
-    };
-    Soup const common = soup(solids.common), difference = soup(solids.difference);
-    return {soup(solids.united), common, difference, common, difference};
+    static constexpr std::array wanted{BooleanPiece::united, BooleanPiece::common,
+                                       BooleanPiece::difference};
+    auto results = combineExactly({a.points, a.triangles}, {b.points, b.triangles}, wanted, {},
+                                  false, progress);
+    auto const soup = [&](std::size_t i) { return soupOf(MeshKernel(results[i].mesh.release())); };
+    Soup const united = soup(0), common = soup(1), difference = soup(2);
+    return {united, common, difference, common, difference};
 }
 
 class Fuzzing

@@ -90,3 +90,32 @@ TEST(BlockSlabs, AllPairsThatMeetAreStillFound)
     EXPECT_GT(pairs, 100u);
     EXPECT_EQ(findIntersections(mesh, topology, tree, progress).pairs, pairs);
 }
+
+TEST(SelfIntersections, OfSomeTrianglesAreThoseWithAllOthers)
+{
+    std::function<void(int)> const untold;
+    MeshArrays const mesh = bundles(3);
+    StageProgress progress(untold);
+    TopologyReport const topology = checkTopology(mesh, progress);
+    TriangleTree const tree(mesh, topology, progress);
+    std::vector<bool> asked(mesh.triangles.size());
+    for (Number t = 0; t < asked.size(); t += 11)
+        asked[t] = true;
+    std::size_t pairs = 0, all = 0;
+    std::vector<std::uint8_t> isInvolved(asked.size());
+    for (Number t = 0; t < mesh.triangles.size(); ++t)
+        for (Number u = t + 1; u < mesh.triangles.size(); ++u) {
+            bool const doMeet = doTrianglesMeet(mesh, t, u);
+            all += doMeet;
+            if (doMeet && (asked[t] || asked[u])) {
+                ++pairs;
+                isInvolved[t] = isInvolved[u] = 1;
+            }
+        }
+    EXPECT_GT(pairs, 10u);
+    EXPECT_GT(all, pairs);
+    IntersectionReport const report = findIntersections(mesh, topology, tree, progress, asked);
+    EXPECT_EQ(report.pairs, pairs);
+    EXPECT_EQ(report.isInvolved, isInvolved);
+    EXPECT_EQ(findIntersections(mesh, topology, tree, progress).pairs, all);
+}

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -55,6 +56,7 @@ bool CurveNetwork::build(std::vector<TrianglePair> contacts, StageProgress& prog
 {
     addContacts(contacts, progress);
     markTouched(contacts);
+    collectCoplanar(contacts, progress);
     contacts = {};
     for (int round = 0; round < maximalRounds; ++round) {
         FaceFaults faults;
@@ -96,6 +98,29 @@ void CurveNetwork::markTouched(std::vector<TrianglePair> const& contacts)
             m_faceOf[t] = std::uint32_t(m_touched.size());
             m_touched.push_back(t);
         }
+}
+
+void CurveNetwork::collectCoplanar(std::vector<TrianglePair> const& contacts,
+                                   StageProgress& progress)
+{
+    Polling polling(progress);
+    for (TrianglePair const& pair : contacts) {
+        polling.step();
+        if (!pair.contact.isCoplanar)
+            continue;
+        m_coplanar.emplace_back(pair.second, pair.first);
+        if (pair.first >= m_soup.firstTriangleOfSecond)
+            m_coplanar.emplace_back(pair.first, pair.second);
+    }
+    sortPolled(m_coplanar, progress, std::less<>());
+}
+
+std::span<CurveNetwork::FacePair const> CurveNetwork::coplanarWith(std::uint32_t triangle) const
+{
+    auto const [begin, end] =
+        std::equal_range(m_coplanar.begin(), m_coplanar.end(), FacePair(triangle, 0),
+                         [](FacePair const& a, FacePair const& b) { return a.first < b.first; });
+    return {begin, end};
 }
 
 bool CurveNetwork::hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const

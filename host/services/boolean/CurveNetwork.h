@@ -54,9 +54,18 @@ public:
     CurvePoints const& points() const { return m_points; }
     std::vector<CurveSegment> const& segments() const { return m_segments; }
     /// Nobody asks for segments from now on.
-    void freeSegments() { m_segments = {}; }
+    void freeSegments()
+    {
+        m_segments = {};
+        m_coplanar = {};
+    }
     /// The facets of all triangles that touch the other operand, by ascending triangle.
     Facets const& facets() const { return m_facets; }
+
+    using FacePair = std::pair<std::uint32_t, std::uint32_t>;
+    /// The triangles that lie in one plane with a triangle of the second operand, and may overlap
+    /// it, as second members.
+    std::span<FacePair const> coplanarWith(std::uint32_t triangle) const;
 
     static constexpr std::uint32_t none = 0xffffffff;
     /// The place of a triangle in facets().ends; `none` for one that touches nothing.
@@ -84,6 +93,7 @@ private:
     void addSegment(TrianglePair const& pair);
     void finish();
     void markTouched(std::vector<TrianglePair> const& contacts);
+    void collectCoplanar(std::vector<TrianglePair> const& contacts, StageProgress& progress);
     bool hasContactsOfSecond(std::vector<TrianglePair> const& contacts) const;
     void touchAroundSecond();
     void spread(StageProgress& progress);
@@ -108,6 +118,7 @@ private:
     CurvePoints m_points;
     std::vector<CurveSegment> m_segments;
     std::vector<std::uint32_t> m_faceOf;
+    std::vector<FacePair> m_coplanar;
     std::vector<std::uint32_t> m_touched;
     std::vector<EdgePoint> m_edgePoints;
     std::vector<std::uint32_t> m_edgePointNumbers;

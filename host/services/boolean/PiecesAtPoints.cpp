@@ -224,6 +224,7 @@ std::vector<std::size_t> PiecesAtPoints::trianglesNear(std::set<Index> const& po
 void PiecesAtPoints::listNeighbours(Index point, std::vector<std::size_t> const& near)
 {
     m_neighbours.clear();
+    m_obstacles.clear();
     m_corners.clear();
     for (std::size_t const t : near)
         for (Index const corner : m_mesh.triangles[t])
@@ -282,19 +283,49 @@ int PiecesAtPoints::faultsNow()
 
 /// The same once something has been moved: exact below a limit, at which the count may end. Most
 /// moves leave what met before, and are told by this alone.
-int PiecesAtPoints::faultsBelow(int limit) const
+int PiecesAtPoints::faultsBelow(int limit)
 {
     int count = 0;
+    for (Neighbours const& of : m_neighbours) {
+        if (count >= limit)
+            return count;
+        count += meetings(of, 0, of.met);
+    }
+    if (count + obstaclesMet(limit - count) >= limit)
+        return limit;
     for (Neighbours const& of : m_neighbours)
         count += faultOf(of.triangle);
-    for (bool const isMet : {true, false})
-        for (Neighbours const& of : m_neighbours) {
-            if (count >= limit)
-                return count;
-            if (!isGone(of.triangle) && !isFlat(of.triangle))
-                count += isMet ? meetings(of, 0, of.met) : meetings(of, of.met, of.others.size());
-        }
+    for (Neighbours const& of : m_neighbours) {
+        if (count >= limit)
+            return count;
+        count += meetings(of, of.met, of.others.size());
+    }
     return count;
+}
+
+/// How many meet, up to a limit, of the pairs that moves of the point at hand met last: the next move
+/// mostly meets them too.
+int PiecesAtPoints::obstaclesMet(int limit) const
+{
+    int count = 0;
+    for (std::size_t i = 0; i < m_obstacles.size() && count < limit; ++i)
+        count += doMeetNow(m_obstacles[i][0], m_obstacles[i][1]);
+    return count;
+}
+
+void PiecesAtPoints::addObstacle(Pair const& pair)
+{
+    constexpr std::size_t most = 8;
+    if (std::find(m_obstacles.begin(), m_obstacles.end(), pair) != m_obstacles.end())
+        return;
+    if (m_obstacles.size() == most)
+        m_obstacles.pop_back();
+    m_obstacles.insert(m_obstacles.begin(), pair);
+}
+
+bool PiecesAtPoints::doMeetNow(std::size_t t, std::size_t u) const
+{
+    return !isGone(t) && !isGone(u) && boxOf(t).overlaps(boxOf(u)) && doMeet(t, u);
 }
 
 /// 1 for a triangle that is flat or turned over.
@@ -304,14 +335,20 @@ int PiecesAtPoints::faultOf(std::size_t t) const
 }
 
 /// How many of some others a triangle meets.
-int PiecesAtPoints::meetings(Neighbours const& of, std::size_t begin, std::size_t end) const
+int PiecesAtPoints::meetings(Neighbours const& of, std::size_t begin, std::size_t end)
 {
+    if (begin == end || isGone(of.triangle) || isFlat(of.triangle))
+        return 0;
     int count = 0;
     Box const box = boxOf(of.triangle);
     for (std::size_t i = begin; i < end; ++i) {
         std::size_t const u = of.others[i];
-        if (!isGone(u) && boxOf(u).overlaps(box))
-            count += doMeet(of.triangle, u);
+        if (isGone(u) || !boxOf(u).overlaps(box) || isFlat(u) ||
+            !doTrianglesMeet(m_mesh, of.triangle, u))
+            continue;
+        ++count;
+        if (i >= of.met)
+            addObstacle({of.triangle, u});
     }
     return count;
 }

@@ -85,10 +85,13 @@ private:
     std::vector<std::size_t> trianglesNear(std::set<Index> const& points, StageProgress& progress);
     void listNeighbours(Index point, std::vector<std::size_t> const& near);
     int faultsNow();
-    int faultsBelow(int limit) const;
+    int faultsBelow(int limit);
+    int obstaclesMet(int limit) const;
+    void addObstacle(Pair const& pair);
+    bool doMeetNow(std::size_t t, std::size_t u) const;
     int faultsAfter(Move const& move, int limit);
     int faultOf(std::size_t t) const;
-    int meetings(Neighbours const& of, std::size_t begin, std::size_t end) const;
+    int meetings(Neighbours const& of, std::size_t begin, std::size_t end);
     bool isTaken(Point const& place, Index except, Index exceptToo) const;
 
     std::vector<Move> movesOf(Index point) const;
@@ -110,6 +113,8 @@ private:
     /// Of the point at hand: the triangles around it, and the points nearby.
     std::vector<Neighbours> m_neighbours;
     std::vector<Index> m_corners;
+    /// What its moves have met that it did not meet before.
+    std::vector<Pair> m_obstacles;
     /// What looking at all that a move of this point may change is taken for.
     std::size_t m_workPerMove = 0;
     std::size_t m_work = 0;

@@ -118,12 +118,13 @@ bool isFlat(MeshArrays const& mesh, std::size_t t)
     return ExactSigns::areCollinear(mesh.point(t, 0), mesh.point(t, 1), mesh.point(t, 2));
 }
 
-/// Those triangles of a mesh that meet others.
-std::vector<std::size_t> findMeeting(MeshArrays const& mesh, StageProgress& progress)
+/// Those triangles of a mesh that meet others, where one of both is asked about.
+std::vector<std::size_t> findMeeting(MeshArrays const& mesh, std::vector<bool> const& asked,
+                                     StageProgress& progress)
 {
     TopologyReport const topology = checkTopology(mesh, progress);
     TriangleTree const tree(mesh, topology, progress);
-    IntersectionReport const report = findIntersections(mesh, topology, tree, progress);
+    IntersectionReport const report = findIntersections(mesh, topology, tree, progress, asked);
     std::vector<std::size_t> meeting;
     for (std::size_t i = 0; i < mesh.triangles.size() && report.pairs > 0; ++i)
         if (report.isInvolved[i] != 0)
@@ -180,7 +181,10 @@ std::vector<RoundingCrossings::Pair> RoundingCrossings::find(std::span<PieceTria
         return {};
     MeshArrays const mesh = compacted(piece, near, places, progress);
     std::vector<Pair> pairs;
-    auto const meeting = findMeeting(mesh, progress);
+    std::vector<bool> asked(near.size());
+    for (std::size_t i = 0; i < near.size(); ++i)
+        asked[i] = isMade[near[i]];
+    auto const meeting = findMeeting(mesh, asked, progress);
     visitOverlapping(mesh, meeting, progress, [&](std::size_t a, std::size_t b) {
         auto const [t, u] = std::minmax(near[a], near[b]);
         if ((isMade[t] || isMade[u]) && (hasFree(piece[t]) || hasFree(piece[u])) &&

@@ -4,6 +4,7 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/services/Polling.h"
 #include "host/services/boolean/PlaceKey.h"
+#include "host/services/boolean/SegmentCover.h"
 #include "host/services/exact/PlaneSigns.h"
 
 #include <algorithm>
@@ -30,6 +31,8 @@ struct Sheet
     std::array<int, 2> before{};
     std::array<int, 2> after{};
     SheetStack stack = {};
+    /// Whether it only counts for what lies around it: no segment divides the triangle here.
+    bool isSilent = false;
 };
 
 /// The line of a segment, through two vertices or along two planes.
@@ -119,7 +122,9 @@ private:
     /// Whether more than two triangles may meet in a segment.
     bool isShared(CurveSegment const& segment) const
     {
-        return segment.isAlongEdge() || m_counts.find(keyOf(segment)) > 1;
+        return segment.isAlongEdge() || m_counts.find(keyOf(segment)) > 1 ||
+               !m_network.coplanarWith(segment.triangles[0]).empty() ||
+               !m_network.coplanarWith(segment.triangles[1]).empty();
     }
 
     /// Both triangles pass through the segment: on the left of it the first lies behind the second,
@@ -197,14 +202,16 @@ private:
         for (CurveSegment const* const segment : group)
             for (std::size_t o = 0; o < 2; ++o)
                 addSheets(*segment, o, axis);
+        std::uint32_t const low = std::min(group.front()->from, group.front()->to);
+        std::uint32_t const high = std::max(group.front()->from, group.front()->to);
+        addCoplanar(low, high, axis);
         sortSheets(axis);
         if (!countAround(axis))
             return false;
-        std::uint32_t const low = std::min(group.front()->from, group.front()->to);
-        std::uint32_t const high = std::max(group.front()->from, group.front()->to);
         m_seeds.clear();
         for (Sheet const& sheet : m_sheets)
-            m_seeds.push_back(seedOf(sheet, low, high));
+            if (!sheet.isSilent)
+                m_seeds.push_back(seedOf(sheet, low, high));
         return m_visit(m_seeds);
     }
 
@@ -221,6 +228,34 @@ private:
         auto use = std::lower_bound(m_edges.begin(), m_edges.end(), EdgeUse{low, high, 0});
         for (; use != m_edges.end() && use->low == low && use->high == high; ++use)
             addAtEdge(use->triangle, low, high, axis);
+    }
+
+    /// Adds what lies on a triangle of the second operand and has no contact here: the first
+    /// operand is not divided where it crosses itself, and a surface may be folded within a plane.
+    void addCoplanar(std::uint32_t low, std::uint32_t high, Axis const& axis)
+    {
+        std::size_t const known = m_sheets.size();
+        for (std::size_t i = 0; i < known; ++i)
+            for (auto const& [triangle, partner] : m_network.coplanarWith(m_sheets[i].triangle)) {
+                if (hasSheet(partner))
+                    continue;
+                SegmentCover const cover = coverOf(m_soup, m_network, partner, low, high);
+                std::size_t const before = m_sheets.size();
+                if (!axis.isOfPlanes() && (cover.left || cover.right))
+                    addHalves(partner, axis);
+                if (axis.isOfPlanes() && cover.left)
+                    add(partner, {}, -1);
+                if (axis.isOfPlanes() && cover.right)
+                    add(partner, {}, 1);
+                for (std::size_t k = before; k < m_sheets.size(); ++k)
+                    m_sheets[k].isSilent = true;
+            }
+    }
+
+    bool hasSheet(std::uint32_t triangle) const
+    {
+        return std::any_of(m_sheets.begin(), m_sheets.end(),
+                           [&](Sheet const& sheet) { return sheet.triangle == triangle; });
     }
 
     void add(std::uint32_t triangle, Point const& apex, int change)

@@ -6,6 +6,7 @@
 #include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
 #include "host/services/boolean/Refusals.h"
+#include "host/services/boolean/SeparateFans.h"
 
 #include <algorithm>
 #include <array>
@@ -158,7 +159,8 @@ private:
         bool isSameEdge(EdgeUse const& o) const { return low == o.low && high == o.high; }
     };
 
-    /// Whether a shell is closed and bends outward at every edge, so that it does not meet itself.
+    /// Whether a shell is one closed surface without handles that bends outward at every edge, so
+    /// that it does not meet itself. Two such surfaces that share a vertex are none.
     bool isConvex(Shell const& shell)
     {
         m_uses.clear();
@@ -177,7 +179,19 @@ private:
             if (!isPair || !bendsOutward(m_uses[i], m_uses[i + 1]))
                 return false;
         }
-        return true;
+        return vertexCount(shell) + shell.triangles.size() == m_uses.size() / 2 + 2;
+    }
+
+    std::size_t vertexCount(Shell const& shell)
+    {
+        m_vertices.clear();
+        for (std::uint32_t const t : shell.triangles) {
+            poll(t);
+            for (std::uint32_t const corner : m_tool.triangles[t])
+                m_vertices.push_back(corner);
+        }
+        sortPolled(m_vertices, m_progress, std::less<>());
+        return std::size_t(std::unique(m_vertices.begin(), m_vertices.end()) - m_vertices.begin());
     }
 
     bool bendsOutward(EdgeUse const& a, EdgeUse const& b) const
@@ -218,6 +232,7 @@ private:
     StageProgress& m_progress;
     std::vector<Shell> m_shells;
     std::vector<EdgeUse> m_uses;
+    std::vector<std::uint32_t> m_vertices;
 };
 
 /// A triangle's edge.
@@ -301,6 +316,14 @@ MeshArrays withoutFlatTriangles(MeshArrays const& arrays, StageProgress& progres
     return copyArrays(kernel, Frame::World, progress);
 }
 
+/// Sets the anchors of a tool. Returns the triangles that may meet others.
+std::vector<std::uint32_t> layOutShells(PreparedTool& tool, StageProgress& progress)
+{
+    ToolShells shells(tool.mesh, progress);
+    tool.anchors = shells.anchors();
+    return shells.suspects();
+}
+
 }  // namespace
 
 void requireFinite(MeshArrays const& mesh, Operand operand, StageProgress& progress)
@@ -339,9 +362,9 @@ PreparedTool prepareTool(MeshKernel const& tool, StageProgress& progress)
     requireFinite(prepared.mesh, Operand::second, progress);
     if (hasFlatTriangle(prepared.mesh, progress))
         prepared.mesh = withoutFlatTriangles(prepared.mesh, progress);
-    ToolShells shells(prepared.mesh, progress);
-    prepared.anchors = shells.anchors();
-    std::vector<std::uint32_t> const candidates = shells.suspects();
+    std::vector<std::uint32_t> candidates = layOutShells(prepared, progress);
+    if (!candidates.empty() && separateFans(prepared.mesh, progress))
+        candidates = layOutShells(prepared, progress);
     prepared.isSimple = candidates.empty();
     if (!prepared.isSimple)
         findSuspects(prepared, candidates, progress);

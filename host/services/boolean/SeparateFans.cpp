@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/boolean/SeparateFans.h"
+
+#include "host/mesh/DisjointSets.h"
+#include "host/services/Polling.h"
+#include "host/services/VertexStars.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+namespace {
+
+using Index = std::uint32_t;
+
+class FanSeparation
+{
+public:
+    explicit FanSeparation(MeshArrays& mesh) : m_mesh(mesh) {}
+
+    /// corners  all at a vertex, as VertexStars gives them
+    bool separate(std::span<Index const> corners)
+    {
+        if (corners.size() < 2)
+            return false;
+        m_rim.clear();
+        for (Index i = 0; i < corners.size(); ++i)
+            for (Index const step : {1u, 2u})
+                m_rim.emplace_back(m_mesh.triangles[corners[i] / 3][(corners[i] % 3 + step) % 3],
+                                   i);
+        std::sort(m_rim.begin(), m_rim.end());
+        DisjointSets fans(corners.size());
+        std::size_t count = corners.size();
+        for (std::size_t i = 1; i < m_rim.size(); ++i)
+            if (m_rim[i].first == m_rim[i - 1].first)
+                count -= fans.unite(m_rim[i].second, m_rim[i - 1].second);
+        if (count > 1)
+            giveVertices(corners, fans);
+        return count > 1;
+    }
+
+private:
+    /// The first fan keeps the vertex.
+    void giveVertices(std::span<Index const> corners, DisjointSets& fans)
+    {
+        std::vector<Index> vertexOf(corners.size());
+        for (Index i = 0; i < corners.size(); ++i) {
+            Index& corner = m_mesh.triangles[corners[i] / 3][corners[i] % 3];
+            Index const fan = fans.root(i);
+            if (fan != i)
+                vertexOf[i] = vertexOf[fan];
+            else if (i == 0)
+                vertexOf[i] = corner;
+            else {
+                vertexOf[i] = Index(m_mesh.points.size());
+                UPoint3<float> const place = m_mesh.points[corner];
+                m_mesh.points.push_back(place);
+            }
+            corner = vertexOf[i];
+        }
+    }
+
+    MeshArrays& m_mesh;
+    /// The other corners of the triangles at a vertex, each with the place of the triangle.
+    std::vector<std::pair<Index, Index>> m_rim;
+};
+
+}  // namespace
+
+bool separateFans(MeshArrays& mesh, StageProgress& progress)
+{
+    VertexStars const stars(mesh, progress);
+    FanSeparation separation(mesh);
+    Polling polling(progress);
+    bool isChanged = false;
+    for (std::size_t vertex = 0; vertex < stars.vertexCount(); ++vertex) {
+        polling.step();
+        isChanged |= separation.separate(stars.corners(vertex));
+    }
+    return isChanged;
+}
