@@ -15,22 +15,27 @@ void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::Boolea
     combineSolids(a, b, result, type, ConnectorProgress::span(stage, share));
 }
 
+/// Only asks whether the user has cancelled: the percentages of a span are its booleans'.
+std::function<void(int)> asking()
+{
+    return [poll = ConnectorProgress::poll()](int) { poll(); };
+}
+
 /// Prisms of which those that meet nothing but a half's face go into that face, and the others the
 /// way of all solids.
 class PrismsOfRun
 {
 public:
-    PrismsOfRun(PartOfRun const& part, MeshKernel& prisms, std::function<void(int)> const& progress)
-        : m_all(prisms), m_split(splitPrisms(*part.source, *part.lowerPlane, prisms, progress))
+    PrismsOfRun(PartOfRun const& part, MeshKernel& prisms)
+        : m_all(prisms), m_split(splitPrisms(*part.source, *part.lowerPlane, prisms, asking()))
     {}
 
     /// Puts the free ones into a half's face.
     /// returns  those that are left
-    MeshKernel& combineWith(MeshKernel& half, MeshKernel const& plane, Intersect::BooleanType type,
-                            std::function<void(int)> const& progress)
+    MeshKernel& combineWith(MeshKernel& half, MeshKernel const& plane, Intersect::BooleanType type)
     {
         if (m_split.free->readMesh()->triangles.empty() ||
-            !combineAtFace(half, plane, *m_split.free, type, progress))
+            !combineAtFace(half, plane, *m_split.free, type, asking()))
             return m_all;
         return *m_split.other;
     }
@@ -45,18 +50,6 @@ bool isEmpty(MeshKernel const& kernel)
     return kernel.readMesh()->triangles.empty();
 }
 
-/// Reports no number smaller than one before: where the faces do not take all prisms, a span is gone
-/// through twice.
-std::function<void(int)> rising(std::function<void(int)> const& progress)
-{
-    if (!progress)
-        return {};
-    return [progress, last = std::make_shared<int>(0)](int x) {
-        *last = std::max(*last, x);
-        progress(*last);
-    };
-}
-
 /// Tells of the end of a span in which nothing was left to do.
 void tellEnd(std::function<void(int)> const& progress, ConnectorProgress::Share share)
 {
@@ -69,8 +62,7 @@ void takeOut(PrismsOfRun& prisms, std::shared_ptr<MeshKernel>& half, MeshKernel 
              std::shared_ptr<MeshKernel>& result, std::function<void(int)> const& progress,
              ConnectorProgress::Share share)
 {
-    MeshKernel& left = prisms.combineWith(*half, plane, Intersect::BOOLEAN_SUBTRACT,
-                                          ConnectorProgress::span(progress, share));
+    MeshKernel& left = prisms.combineWith(*half, plane, Intersect::BOOLEAN_SUBTRACT);
     if (isEmpty(left)) {
         tellEnd(progress, share);
         result = std::move(half);
@@ -84,10 +76,9 @@ void takeOut(PrismsOfRun& prisms, std::shared_ptr<MeshKernel>& half, MeshKernel 
 void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& result,
            std::function<void(int)> const& progress)
 {
-    PrismsOfRun prisms(part, raised, ConnectorProgress::span(progress, {0, 20}));
+    PrismsOfRun prisms(part, raised);
     MeshKernel& left =
-        prisms.combineWith(*part.plain.lower, *part.lowerPlane, Intersect::BOOLEAN_UNION,
-                           ConnectorProgress::span(progress, {20, 20}));
+        prisms.combineWith(*part.plain.lower, *part.lowerPlane, Intersect::BOOLEAN_UNION);
     if (isEmpty(left)) {
         tellEnd(progress, {0, 40});
         tellEnd(progress, {40, 30});
@@ -103,12 +94,11 @@ void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& res
 }  // namespace
 
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
-                           std::function<void(int)> const& stage)
+                           std::function<void(int)> const& progress)
 {
-    auto const progress = rising(stage);
     Halves joined;
     raise(part, raised, joined.lower, progress);
-    PrismsOfRun prisms(part, hollow, ConnectorProgress::span(progress, {70, 10}));
+    PrismsOfRun prisms(part, hollow);
     takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {70, 30});
     return joined;
 }
@@ -126,11 +116,10 @@ void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap)
             vertex->P() += frame.normal() * -connectorOverlapMm;
 }
 
-Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& stage)
+Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)
 {
-    auto const progress = rising(stage);
     Halves joined;
-    PrismsOfRun prisms(part, hollow, ConnectorProgress::span(progress, {0, 10}));
+    PrismsOfRun prisms(part, hollow);
     takeOut(prisms, part.plain.lower, *part.lowerPlane, joined.lower, progress, {0, 50});
     takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {50, 50});
     return joined;
