@@ -19,7 +19,7 @@ std::vector<std::string> formatNames()
 
 }  // namespace
 
-void PieceOptions::addTo(CLI::App& command)
+void PieceOptions::addFilesTo(CLI::App& command)
 {
     command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
         ->type_name("DIR")
@@ -31,6 +31,11 @@ void PieceOptions::addTo(CLI::App& command)
         ->transform(CLI::IsMember(formatNames(), CLI::ignore_case))
         ->type_name("NAME");
     command.add_flag("--force", force, "Replace files that exist");
+}
+
+void PieceOptions::addTo(CLI::App& command)
+{
+    addFilesTo(command);
     command.add_flag("--allow-open", allowOpen,
                      "Accept pieces that are not closed: they do not change the exit status");
 }

@@ -20,6 +20,8 @@ struct PieceOptions
     bool allowOpen = false;
 
     void addTo(CLI::App& command);
+    /// All but what is said of pieces that are not closed.
+    void addFilesTo(CLI::App& command);
 
     Formats::Overwrite overwrite() const
     {

@@ -18,6 +18,10 @@ void addZCut(CLI::App& commandLine, Action& action);
 void addSection(CLI::App& commandLine, Action& action);
 void addBoolean(CLI::App& commandLine, Action& action);
 void addRepair(CLI::App& commandLine, Action& action);
+void addConvert(CLI::App& commandLine, Action& action);
+/// What shells and readers want to know of the command line itself; it must outlive the action.
+void addCompletion(CLI::App& commandLine, Action& action);
+void addManual(CLI::App& commandLine, Action& action);
 /// The cuts by solid tools: polygon, cylinder and cuboid.
 void addTools(CLI::App& commandLine, Action& action);
 

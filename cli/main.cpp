@@ -68,6 +68,7 @@ int main(int argc, char** argv)
         "  freecut polygon bracket.stl --view top --points \"0,0;20,0;20,15\" --clearance 0.1\n"
         "  freecut boolean bracket.stl hole.stl --subtract -o pieces\n"
         "  freecut repair scan.stl\n"
+        "  freecut convert scan.off --format 3mf\n"
         "\n"
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be read or "
         "written,\n4 the pieces are written but one of them is not closed. Cancelled: 130 by "
@@ -80,11 +81,19 @@ int main(int argc, char** argv)
     addBoolean(commandLine, action);
     addTools(commandLine, action);
     addRepair(commandLine, action);
+    addConvert(commandLine, action);
+    addCompletion(commandLine, action);
+    addManual(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {
         if (argc > 1 && isUnknownCommand(commandLine, argv[1])) {
             complain(unknownCommand(commandLine, argv[1]));
+            return EXIT_WRONG_USAGE;
+        }
+        auto const wrong = unknownOption(commandLine, {argv + 1, argv + argc});
+        if (wrong && e.get_exit_code() != 0) {
+            complain(*wrong);
             return EXIT_WRONG_USAGE;
         }
         return commandLine.exit(e) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
