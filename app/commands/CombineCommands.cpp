@@ -51,7 +51,7 @@ public:
                        QT_TRANSLATE_NOOP("HostCommand",
                                          "Put copies of the selected parts in a row beside "
                                          "them."),
-                       nullptr, "Ctrl+Alt+D"}),
+                       "app_row", "Ctrl+Alt+D"}),
           m_combiner(&combiner)
     {}
 
@@ -81,27 +81,33 @@ void registerCombineCommands(Base::CommandManager& manager, Base::GLView& view)
     add("Std_Join", Operation::Join,
         {QT_TRANSLATE_NOOP("HostCommand", "&Join"),
          QT_TRANSLATE_NOOP("HostCommand",
-                           "Make one solid of the selected parts, without walls inside.")});
+                           "Make one solid of the selected parts, without walls inside."),
+         "app_join"});
     add("Std_TakeAway", Operation::TakeAway,
         {QT_TRANSLATE_NOOP("HostCommand", "Take A&way..."),
-         QT_TRANSLATE_NOOP("HostCommand", "Take the other selected parts away from one of them.")});
+         QT_TRANSLATE_NOOP("HostCommand", "Take the other selected parts away from one of them."),
+         "app_take_away"});
     add("Std_Intersect", Operation::Intersect,
         {QT_TRANSLATE_NOOP("HostCommand", "&Intersect"),
-         QT_TRANSLATE_NOOP("HostCommand", "Keep what the selected parts have in common.")});
+         QT_TRANSLATE_NOOP("HostCommand", "Keep what the selected parts have in common."),
+         "app_intersect"});
     add("Std_SplitByParts", Operation::Split,
         {QT_TRANSLATE_NOOP("HostCommand", "Split &by Parts..."),
          QT_TRANSLATE_NOOP("HostCommand",
                            "Split one of the selected parts into what lies within the others and "
-                           "the rest.")});
+                           "the rest."),
+         "app_split_by"});
     add("Std_SplitShells", Operation::Shells,
         {QT_TRANSLATE_NOOP("HostCommand", "Split into Shells"),
          QT_TRANSLATE_NOOP("HostCommand",
                            "Make a part of each piece of the selected part that hangs together; "
-                           "cavities stay with theirs.")});
+                           "cavities stay with theirs."),
+         "app_split_shells"});
     add("Std_Merge", Operation::Merge,
         {QT_TRANSLATE_NOOP("HostCommand", "&Merge"),
          QT_TRANSLATE_NOOP("HostCommand",
                            "Put the selected parts into one as they are, walls inside "
-                           "included.")});
+                           "included."),
+         "app_merge"});
     manager.addCommand(new DuplicateRowCommand(combiner));
 }

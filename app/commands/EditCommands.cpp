@@ -283,7 +283,7 @@ public:
               "Std_Isolate",
               {QT_TRANSLATE_NOOP("HostCommand", "Hide &Others"),
                QT_TRANSLATE_NOOP("HostCommand", "Show the selected parts and hide all others."),
-               nullptr, "Alt+H"})
+               "app_isolate", "Alt+H"})
     {}
 
     QString whyInactive() const override

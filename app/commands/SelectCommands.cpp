@@ -75,7 +75,7 @@ public:
               {QT_TRANSLATE_NOOP("HostCommand", "&Invert Selection"),
                QT_TRANSLATE_NOOP("HostCommand",
                                  "Select the visible parts that are not selected instead."),
-               nullptr, "Ctrl+I"})
+               "app_invert", "Ctrl+I"})
     {}
 
     void activated(int) override
@@ -92,7 +92,7 @@ public:
     SelectNoneCommand()
         : HostCommand("Std_SelectNone", {QT_TRANSLATE_NOOP("HostCommand", "Select &Nothing"),
                                          QT_TRANSLATE_NOOP("HostCommand", "Empty the selection."),
-                                         nullptr, "Ctrl+Shift+A"})
+                                         "app_select_none", "Ctrl+Shift+A"})
     {}
 
     bool changesDocument() const override { return false; }
@@ -187,6 +187,6 @@ void registerSelectCommands(Base::CommandManager& manager)
          QT_TRANSLATE_NOOP("HostCommand",
                            "Tell wall thickness, distance and angle at places of parts that you "
                            "click."),
-         nullptr, "M"},
+         "app_measure", "M"},
         MeasureTool::name));
 }

@@ -27,10 +27,10 @@ class FullScreenCommand : public CheckableCommand
 {
 public:
     FullScreenCommand()
-        : CheckableCommand(
-              "Std_FullScreen",
-              {QT_TRANSLATE_NOOP("HostCommand", "&Full Screen"),
-               QT_TRANSLATE_NOOP("HostCommand", "Let the window fill the screen."), nullptr, "F11"})
+        : CheckableCommand("Std_FullScreen",
+                           {QT_TRANSLATE_NOOP("HostCommand", "&Full Screen"),
+                            QT_TRANSLATE_NOOP("HostCommand", "Let the window fill the screen."),
+                            "app_full_screen", "F11"})
     {}
 
     bool changesDocument() const override { return false; }

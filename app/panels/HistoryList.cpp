@@ -2,21 +2,21 @@
 #include "app/panels/HistoryList.h"
 
 #include "app/jobs/JobGuard.h"
+#include "app/panels/StepText.h"
 #include "platform/document/Document.h"
+#include "platform/document/StepFacts.h"
+#include "platform/ui/DisplayUnit.h"
 #include "platform/ui/DocumentFollower.h"
 
-#include <QCoreApplication>
 #include <QEvent>
-
-#include <algorithm>
 
 namespace {
 
-QStringList translated(std::vector<std::string> const& names)
+QStringList textsOf(Base::Document const& document)
 {
     QStringList texts;
-    for (std::string const& name : names)
-        texts << QCoreApplication::translate("UndoRedoName", name.c_str());
+    for (Base::StepFacts const& facts : Base::stepFacts(document))
+        texts << stepText(facts);
     return texts;
 }
 
@@ -28,10 +28,13 @@ HistoryList::HistoryList(QWidget* parent)
     setObjectName("HistoryList");
     setFrameShape(QFrame::NoFrame);
     setUniformItemSizes(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(SingleSelection);
     connect(m_follower, &DocumentFollower::changed, this, &HistoryList::refresh);
     connect(m_follower, &DocumentFollower::replaced, this, &HistoryList::refresh);
     connect(JobGuard::instance(), &JobGuard::busyChanged, this, &HistoryList::refresh);
+    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, &HistoryList::refresh);
     connect(this, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* item) { goTo(row(item)); });
     connect(this, &QListWidget::itemActivated, this,
@@ -65,26 +68,28 @@ void HistoryList::refresh()
     setToolTip(isBusy ? JobGuard::instance()->reason()
                       : tr("Click a step to go back or forth to it."));
     Base::Document const* const document = m_follower->document();
-    QStringList done;
-    QStringList undone;
+    QStringList steps;
+    int current = 0;
     if (document) {
-        done = translated(document->undoNames());
-        std::reverse(done.begin(), done.end());
-        done.prepend(tr("Start"));
-        undone = translated(document->redoNames());
+        steps = textsOf(*document);
+        steps.prepend(tr("Start"));
+        current = int(document->undoNames().size());
     }
-    if (done + undone != m_shown || int(done.size()) - 1 != m_step)
-        fill(done, undone);
+    if (steps != m_shown || current != m_step)
+        fill(steps, current);
 }
 
-void HistoryList::fill(QStringList const& done, QStringList const& undone)
+void HistoryList::fill(QStringList const& steps, int current)
 {
-    m_shown = done + undone;
-    m_step = std::max(0, int(done.size()) - 1);
+    m_shown = steps;
+    m_step = current;
     clear();
     addItems(m_shown);
     for (int i = m_step + 1; i < count(); ++i)
         item(i)->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
+    // What does not fit is cut off in the middle, and told whole under the mouse.
+    for (int i = 0; i < count(); ++i)
+        item(i)->setToolTip(m_shown[i]);
     if (count() == 0)
         return;
     QFont bold = font();

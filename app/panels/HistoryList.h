@@ -5,8 +5,8 @@
 
 class DocumentFollower;
 
-/// The undo steps of the active document, the oldest first, and after them those that were taken
-/// back. A click on a step undoes or redoes until it is the last one done. While a job runs the
+/// The undo steps of the active document, with the part and how much, the oldest first, and after
+/// them those that were taken back. A click on a step undoes or redoes until it is the last one done. While a job runs the
 /// list is disabled.
 class HistoryList : public QListWidget
 {
@@ -26,7 +26,7 @@ protected:
 
 private:
     void refresh();
-    void fill(QStringList const& done, QStringList const& undone);
+    void fill(QStringList const& steps, int current);
     void retranslate();
 
     DocumentFollower* m_follower;

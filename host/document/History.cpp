@@ -23,6 +23,7 @@ void History::commit()
     std::unique_ptr<Transaction> step = std::move(m_open);
     if (step->isEmpty())
         return;
+    step->facts = factsOf(*step);
     m_stack.push(step.release());
     m_document.signalStateChanged();
 }
@@ -71,6 +72,14 @@ std::vector<std::string> History::redoNames() const
     for (int i = m_stack.index(); i < m_stack.count(); ++i)
         names.push_back(static_cast<Transaction const*>(m_stack.command(i))->name);
     return names;
+}
+
+std::vector<StepFacts> History::facts() const
+{
+    std::vector<StepFacts> facts;
+    for (int i = 0; i < m_stack.count(); ++i)
+        facts.push_back(static_cast<Transaction const*>(m_stack.command(i))->facts);
+    return facts;
 }
 
 EntryPtr History::groupOf(DocumentEntry const& entry)

@@ -28,6 +28,9 @@ public:
     std::vector<std::string> undoNames() const;
     std::vector<std::string> redoNames() const;
     void clear() { m_stack.clear(); }
+    static History const& of(Document const& document) { return *document.m_history; }
+    /// Of all steps, the oldest first.
+    std::vector<StepFacts> facts() const;
 
     void recordPresence(EntryPtr const& entry);
     void recordSelection();

@@ -3,6 +3,7 @@
 
 #include "host/document/DocumentEntry.h"
 #include "platform/document/Document.h"
+#include "platform/document/StepFacts.h"
 #include "platform/geometry/UMatrix4.h"
 #include "platform/mesh/MeshKernel.h"
 
@@ -53,6 +54,8 @@ public:
     ObjectChange& of(EntryPtr const& entry);
 
     std::string const name;
+    /// Set when the step is done.
+    StepFacts facts;
     /// By the document's order.
     std::map<unsigned long, ObjectChange> changes;
     std::optional<std::vector<EntryPtr>> selection;
@@ -61,5 +64,8 @@ private:
     History& m_history;
     bool m_isDone = true;
 };
+
+/// Of a step that has just been done.
+StepFacts factsOf(Transaction const& step);
 
 }  // namespace Base

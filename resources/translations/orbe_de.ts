@@ -4764,6 +4764,70 @@
         <source>screenshot, image, photo, render</source>
         <translation>Bildschirmfoto, Abbildung, Foto</translation>
     </message>
+    <message>
+        <source>store, project, keep</source>
+        <translation>sichern, Projekt, ablegen</translation>
+    </message>
+    <message>
+        <source>mark everything</source>
+        <translation>alles markieren</translation>
+    </message>
+    <message>
+        <source>reverse, the other parts</source>
+        <translation>umkehren, die anderen Teile</translation>
+    </message>
+    <message>
+        <source>gizmo, transform, drag, move, rotate</source>
+        <translation>Gizmo, transformieren, ziehen, bewegen, drehen</translation>
+    </message>
+    <message>
+        <source>ruler, caliper, distance, thickness, angle</source>
+        <translation>Lineal, Messschieber, Abstand, Dicke, Winkel</translation>
+    </message>
+    <message>
+        <source>nest, pack, layout, auto place</source>
+        <translation>schachteln, packen, verteilen, automatisch anordnen</translation>
+    </message>
+    <message>
+        <source>slice, several cuts, layers, every n mm</source>
+        <translation>schneiden, mehrere Schnitte, Schichten, alle n mm</translation>
+    </message>
+    <message>
+        <source>lay flat, orient, print side</source>
+        <translation>flach hinlegen, ausrichten, Druckseite</translation>
+    </message>
+    <message>
+        <source>orient, base, bottom, on its face</source>
+        <translation>ausrichten, Boden, Unterseite, auf die Fläche</translation>
+    </message>
+    <message>
+        <source>lay flat, place on face, orient</source>
+        <translation>flach hinlegen, auf Fläche legen, ausrichten</translation>
+    </message>
+    <message>
+        <source>isolate, solo, only this</source>
+        <translation>isolieren, nur dieses</translation>
+    </message>
+    <message>
+        <source>array, pattern, copies</source>
+        <translation>Reihe, Muster, Kopien</translation>
+    </message>
+    <message>
+        <source>explode, dissolve, break up</source>
+        <translation>zerlegen, lösen, trennen</translation>
+    </message>
+    <message>
+        <source>plane cut, slice, split, connectors, pins, dowels</source>
+        <translation>Ebene, schneiden, teilen, Verbinder, Stifte, Dübel</translation>
+    </message>
+    <message>
+        <source>draw a cut, lasso, puzzle, dovetail, split</source>
+        <translation>Schnitt zeichnen, Lasso, Puzzle, Schwalbenschwanz, teilen</translation>
+    </message>
+    <message>
+        <source>maximize, whole screen</source>
+        <translation>maximieren, ganzer Bildschirm</translation>
+    </message>
 </context>
 <context>
     <name>FarParts</name>
@@ -4789,6 +4853,43 @@
             <numerusform>%1 und %n weiteres</numerusform>
             <numerusform>%1 und %n weitere</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>StepText</name>
+    <message numerus="yes">
+        <source>%n part(s)</source>
+        <translation>
+            <numerusform>%n Bauteil</numerusform>
+            <numerusform>%n Bauteile</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>at %n height(s)</source>
+        <translation>
+            <numerusform>auf %n Höhe</numerusform>
+            <numerusform>auf %n Höhen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>by %1</source>
+        <translation>um %1</translation>
+    </message>
+    <message>
+        <source>by %1 about %2</source>
+        <translation>um %1 um %2</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>auf %1</translation>
+    </message>
+    <message>
+        <source>at %1</source>
+        <translation>bei %1</translation>
     </message>
 </context>
 </TS>

@@ -129,4 +129,21 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>StepText</name>
+    <message numerus="yes">
+        <source>%n part(s)</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>at %n height(s)</source>
+        <translation>
+            <numerusform>at %n height</numerusform>
+            <numerusform>at %n heights</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -50,11 +50,13 @@ protected:
 
 TEST_F(HistoryListTest, StepsStandInTheOrderInWhichTheyWereDone)
 {
-    EXPECT_EQ(rows(), (QStringList{"Start", "Hide", "Rename", "Delete"}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
     EXPECT_EQ(list.currentStep(), 3);
     document.undo();
     handleEvents();
-    EXPECT_EQ(rows(), (QStringList{"Start", "Hide", "Rename", "Delete"}));
+    EXPECT_EQ(rows(),
+              (QStringList{"Start", "Hide: first", "Rename: first to flange", "Delete: second"}));
     EXPECT_EQ(list.currentStep(), 2);
     EXPECT_EQ(list.currentRow(), 2);
 }
@@ -79,7 +81,7 @@ TEST_F(HistoryListTest, ANewStepTakesThePlaceOfThoseTakenBack)
     click(1);
     PartEdits::setVisible(document, {parts.first}, true);
     handleEvents();
-    EXPECT_EQ(rows(), (QStringList{"Start", "Hide", "Show"}));
+    EXPECT_EQ(rows(), (QStringList{"Start", "Hide: first", "Show: first"}));
 }
 
 TEST_F(HistoryListTest, WhileAJobRunsTheDocumentStaysAsItIs)
