@@ -34,6 +34,32 @@ std::size_t distanceOf(std::string const& a, std::string const& b)
     return row.back();
 }
 
+/// The nearest of the names; empty if none is near: beyond half of its letters it is another word.
+std::string nearestOf(std::vector<std::string> const& names, std::string const& word)
+{
+    auto const nearest = std::min_element(names.begin(), names.end(), [&](auto& a, auto& b) {
+        return distanceOf(word, a) < distanceOf(word, b);
+    });
+    bool const isNear =
+        nearest != names.end() && distanceOf(word, *nearest) <= (word.size() + 1) / 2;
+    return isNear ? *nearest : std::string();
+}
+
+/// Without the hyphens.
+std::vector<std::string> longOptionsOf(CLI::App const& command)
+{
+    std::vector<std::string> names;
+    for (CLI::Option const* const option : command.get_options())
+        for (std::string const& name : option->get_lnames())
+            names.push_back(name);
+    // Options that go with each other are below, without a name of their own.
+    for (CLI::App const* const group : command.get_subcommands({}))
+        if (group->get_name().empty())
+            for (std::string const& name : longOptionsOf(*group))
+                names.push_back(name);
+    return names;
+}
+
 }  // namespace
 
 bool isUnknownCommand(CLI::App const& commandLine, std::string const& word)
@@ -45,15 +71,38 @@ bool isUnknownCommand(CLI::App const& commandLine, std::string const& word)
 std::string unknownCommand(CLI::App const& commandLine, std::string const& word)
 {
     std::vector<std::string> const names = namesOf(commandLine);
-    auto const nearest = std::min_element(names.begin(), names.end(), [&](auto& a, auto& b) {
-        return distanceOf(word, a) < distanceOf(word, b);
-    });
     std::string text = "\"" + word + "\" is no command.";
-    // Beyond half of its letters it is another word.
-    if (distanceOf(word, *nearest) <= (word.size() + 1) / 2)
-        return text + " Did you mean \"" + *nearest + "\"?";
+    if (std::string const nearest = nearestOf(names, word); !nearest.empty())
+        return text + " Did you mean \"" + nearest + "\"?";
     text += " There are ";
     for (std::string const& name : names)
         text += name + (name == names.back() ? "." : ", ");
     return text + " See freecut --help.";
+}
+
+std::optional<std::string> unknownOption(CLI::App const& commandLine,
+                                         std::vector<std::string> const& words)
+{
+    CLI::App const* command = &commandLine;
+    std::string called = "freecut";
+    for (CLI::App const* const known : commandLine.get_subcommands({}))
+        if (!words.empty() && words[0] == known->get_name()) {
+            command = known;
+            called += " " + known->get_name();
+        }
+    std::vector<std::string> const names = longOptionsOf(*command);
+    for (std::string const& word : words) {
+        // What follows is no option, whatever it begins with.
+        if (word == "--")
+            break;
+        std::string const name = word.substr(0, word.find('='));
+        if (!name.starts_with("--") ||
+            std::find(names.begin(), names.end(), name.substr(2)) != names.end())
+            continue;
+        std::string const nearest = nearestOf(names, name.substr(2));
+        return "\"" + name + "\" is no option of " + called + "." +
+               (nearest.empty() ? " See " + called + " --help."
+                                : " Did you mean \"--" + nearest + "\"?");
+    }
+    return {};
 }

@@ -91,6 +91,11 @@ int main(int argc, char** argv)
             complain(unknownCommand(commandLine, argv[1]));
             return EXIT_WRONG_USAGE;
         }
+        auto const wrong = unknownOption(commandLine, {argv + 1, argv + argc});
+        if (wrong && e.get_exit_code() != 0) {
+            complain(*wrong);
+            return EXIT_WRONG_USAGE;
+        }
         return commandLine.exit(e) == 0 ? EXIT_DONE : EXIT_WRONG_USAGE;
     }
     Cancel::listen();

@@ -68,6 +68,8 @@ PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel*
     part.index = index;
     part.object = object;
     part.source = source;
+    part.lowerPlane = &m_base;
+    part.upperPlane = m_form.hasTwoCuts ? &m_offset : &m_base;
     part.cap = std::make_shared<MeshKernel>();
     part.stage = [progress, index, count = int(m_parts.size())](ConnectorProgress::Share share) {
         return ConnectorProgress::stage(progress, share, index, count);

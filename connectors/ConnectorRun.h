@@ -44,6 +44,9 @@ struct PartOfRun
     /// The part's own mesh, uncut; only read.
     MeshKernel* source;
     Halves plain;
+    /// The planes that have made the faces of the two halves; borrowed.
+    MeshKernel const* lowerPlane = nullptr;
+    MeshKernel const* upperPlane = nullptr;
     /// The section face of the cut at the base plane.
     std::shared_ptr<MeshKernel> cap;
     /// Makes the progress function of a stage.

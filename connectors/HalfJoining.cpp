@@ -3,6 +3,7 @@
 
 #include "connectors/PlaneFrame.h"
 #include "cutjobs/common/SolidCombining.h"
+#include "platform/services/FacePrisms.h"
 
 #include <algorithm>
 
@@ -14,20 +15,91 @@ void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::Boolea
     combineSolids(a, b, result, type, ConnectorProgress::span(stage, share));
 }
 
+/// Only asks whether the user has cancelled: the percentages of a span are its booleans'.
+std::function<void(int)> asking()
+{
+    return [poll = ConnectorProgress::poll()](int) { poll(); };
+}
+
+/// Prisms of which those that meet nothing but a half's face go into that face, and the others the
+/// way of all solids.
+class PrismsOfRun
+{
+public:
+    PrismsOfRun(PartOfRun const& part, MeshKernel& prisms)
+        : m_all(prisms), m_split(splitPrisms(*part.source, *part.lowerPlane, prisms, asking()))
+    {}
+
+    /// Puts the free ones into a half's face.
+    /// returns  those that are left
+    MeshKernel& combineWith(MeshKernel& half, MeshKernel const& plane, Intersect::BooleanType type)
+    {
+        if (m_split.free->readMesh()->triangles.empty() ||
+            !combineAtFace(half, plane, *m_split.free, type, asking()))
+            return m_all;
+        return *m_split.other;
+    }
+
+private:
+    MeshKernel& m_all;
+    PrismSplit m_split;
+};
+
+bool isEmpty(MeshKernel const& kernel)
+{
+    return kernel.readMesh()->triangles.empty();
+}
+
+/// Tells of the end of a span in which nothing was left to do.
+void tellEnd(std::function<void(int)> const& progress, ConnectorProgress::Share share)
+{
+    if (progress)
+        ConnectorProgress::span(progress, share)(100);
+}
+
+/// Takes prisms out of a half, which is given up.
+void takeOut(PrismsOfRun& prisms, std::shared_ptr<MeshKernel>& half, MeshKernel const& plane,
+             std::shared_ptr<MeshKernel>& result, std::function<void(int)> const& progress,
+             ConnectorProgress::Share share)
+{
+    MeshKernel& left = prisms.combineWith(*half, plane, Intersect::BOOLEAN_SUBTRACT);
+    if (isEmpty(left)) {
+        tellEnd(progress, share);
+        result = std::move(half);
+        return;
+    }
+    combine(*half, left, *result, Intersect::BOOLEAN_SUBTRACT, progress, share);
+    half.reset();
+}
+
+/// Joins prisms, as far as they lie in the part, to the lower half, which is given up.
+void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& result,
+           std::function<void(int)> const& progress)
+{
+    PrismsOfRun prisms(part, raised);
+    MeshKernel& left =
+        prisms.combineWith(*part.plain.lower, *part.lowerPlane, Intersect::BOOLEAN_UNION);
+    if (isEmpty(left)) {
+        tellEnd(progress, {0, 40});
+        tellEnd(progress, {40, 30});
+        result = std::move(part.plain.lower);
+        return;
+    }
+    MeshKernel clipped;
+    combine(*part.source, left, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
+    combine(*part.plain.lower, clipped, *result, Intersect::BOOLEAN_UNION, progress, {40, 30});
+    part.plain.lower.reset();
+}
+
 }  // namespace
 
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
                            std::function<void(int)> const& progress)
 {
     Halves joined;
-    MeshKernel clipped;
-    combine(*part.source, raised, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
-    combine(*part.plain.lower, clipped, *joined.lower, Intersect::BOOLEAN_UNION, progress,
-            {40, 30});
-    part.plain.lower.reset();
-    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
-            {70, 30});
-    part.plain.upper.reset();
+    raise(part, raised, joined.lower, progress);
+    PrismsOfRun prisms(part, hollow);
+    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {70, 30});
     return joined;
 }
 
@@ -47,11 +119,8 @@ void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap)
 Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)
 {
     Halves joined;
-    combine(*part.plain.lower, hollow, *joined.lower, Intersect::BOOLEAN_SUBTRACT, progress,
-            {0, 50});
-    part.plain.lower.reset();
-    combine(*part.plain.upper, hollow, *joined.upper, Intersect::BOOLEAN_SUBTRACT, progress,
-            {50, 50});
-    part.plain.upper.reset();
+    PrismsOfRun prisms(part, hollow);
+    takeOut(prisms, part.plain.lower, *part.lowerPlane, joined.lower, progress, {0, 50});
+    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {50, 50});
     return joined;
 }

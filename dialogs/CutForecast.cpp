@@ -153,6 +153,8 @@ void CutForecast::ask()
 
 void CutForecast::show()
 {
+    if (!m_work.failure().isEmpty())
+        m_result = {};
     ContourLines lines;
     for (VolumeForecast const& forecast : m_result.forecasts)
         lines.insert(lines.end(), forecast.contours.begin(), forecast.contours.end());
@@ -171,7 +173,10 @@ void CutForecast::showText()
     QStringList parts;
     if (auto const facts = ForecastTexts::facts(m_result); !facts.isEmpty())
         parts << paragraphs(facts, QStringLiteral("%1"));
-    if (auto const warnings = ForecastTexts::warnings(m_result); !warnings.isEmpty())
+    QStringList warnings = ForecastTexts::warnings(m_result);
+    if (!m_work.failure().isEmpty())
+        warnings << m_work.failure();
+    if (!warnings.isEmpty())
         parts << paragraphs(warnings, QStringLiteral("<span style=\"color:#d02020\">%1</span>"));
     m_text->setText(parts.join(QStringLiteral("<br>")));
     m_text->setVisible(!parts.isEmpty());

@@ -25,6 +25,15 @@ SurveyRunner::Result resultOf(SurveyRunner::Requests const& requests, NewestWork
 
 }  // namespace
 
+SurveyRunner::SurveyRunner()
+{
+    // Before those who follow look at the result.
+    connect(this, &NewestWork::ready, this, [this] {
+        if (!failure().isEmpty())
+            m_result = {{}, {failure().toStdString()}};
+    });
+}
+
 void SurveyRunner::ask(Requests requests)
 {
     NewestWork::ask(

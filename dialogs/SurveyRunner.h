@@ -17,12 +17,14 @@ class SurveyRunner : public NewestWork
     Q_OBJECT
 
 public:
+    SurveyRunner();
+
     using Requests = std::vector<SurveyRequest>;
     struct Result
     {
         /// Of the parts that could be surveyed, in the order of the requests.
         std::vector<SectionSurvey> surveys;
-        /// Why others could not.
+        /// Why others could not; the reason alone where the whole request failed.
         std::vector<std::string> failures;
     };
 

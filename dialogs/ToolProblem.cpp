@@ -59,6 +59,9 @@ QString problemOfTool(VolumeGraphicObject const& tool)
     if (!provider || !provider->getOutline())
         return {};
     ToolOutlines const& outlines = provider->getOutline()->outlines();
+    // What is known is of the tool as it was.
+    if (QString const& failure = provider->background().failure(); !failure.isEmpty())
+        return failure;
     if (!outlines.problem.empty())
         return QString::fromStdString(outlines.problem);
     if (std::all_of(outlines.solidLoops.begin(), outlines.solidLoops.end(), enclosesNothing))

@@ -7,6 +7,8 @@
 #include <QThread>
 
 #include <algorithm>
+#include <exception>
+#include <new>
 
 namespace Freecut {
 
@@ -15,6 +17,23 @@ namespace {
 /// Work that has run for longer is given up when other work is wanted.
 constexpr qint64 mostOutdatedMs = 60;
 constexpr qint64 longestRestMs = 50;
+
+/// The sentence of the exception that is being handled.
+QString currentFailure()
+{
+    try {
+        throw;
+    } catch (Mell::Exception const& failure) {
+        return QString::fromUtf8(failure.what());
+    } catch (std::bad_alloc const&) {
+        return QCoreApplication::translate(
+            "MellCommons", "There is not enough free memory; close other programs and try again.");
+    } catch (std::exception const& failure) {
+        return QString::fromUtf8(failure.what());
+    } catch (...) {
+        return QCoreApplication::translate("MellCommons", "This could not be found out.");
+    }
+}
 
 }  // namespace
 
@@ -42,6 +61,7 @@ void NewestWork::drop()
 {
     m_done = ++m_latest;
     m_firstWanted = m_latest;
+    m_failure.clear();
     m_thread.clear();
 }
 
@@ -78,23 +98,30 @@ void NewestWork::run(Work const& work, unsigned long serial)
             throw Mell::AbortException("Aborting...");
     };
     std::function<void()> handOver;
+    QString failure;
     try {
         handOver = work(poll);
     } catch (Mell::AbortException const&) {
         end();
         return;
+    } catch (...) {
+        failure = currentFailure();
     }
     end();
     QMetaObject::invokeMethod(
-        this, [this, serial, handOver] { enter(serial, handOver); }, Qt::QueuedConnection);
+        this, [this, serial, handOver, failure] { enter(serial, handOver, failure); },
+        Qt::QueuedConnection);
 }
 
-void NewestWork::enter(unsigned long serial, std::function<void()> const& handOver)
+void NewestWork::enter(unsigned long serial, std::function<void()> const& handOver,
+                       QString const& failure)
 {
     if (serial < m_firstWanted || serial <= m_done)
         return;
     m_done = serial;
-    handOver();
+    m_failure = failure;
+    if (handOver)
+        handOver();
     emit ready();
 }
 

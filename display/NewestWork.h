@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QString>
 #include <QThreadPool>
 
 #include <atomic>
@@ -25,7 +26,8 @@ public:
     /// Leaves the work if it is out of date.
     using Poll = std::function<void()>;
     /// Runs in the background, on what it owns, and calls `poll` often. What it returns is called
-    /// on the user interface thread, unless the work was dropped or something newer is done.
+    /// on the user interface thread, unless the work was dropped or something newer is done. What it
+    /// throws is its failure.
     using Work = std::function<std::function<void()>(Poll const& poll)>;
 
     NewestWork();
@@ -41,20 +43,23 @@ public:
     bool isBusy() const { return m_latest != m_done; }
     /// Waits until it is, and has it told.
     void finish();
+    /// Why the newest request that is done came to nothing, in one sentence; empty if it went well.
+    QString const& failure() const { return m_failure; }
 
 signals:
-    /// A request is done; its result has been handed over.
+    /// A request is done; its result has been handed over, or there is a failure.
     void ready();
 
 private:
     void run(Work const& work, unsigned long serial);
     void rest();
-    void enter(unsigned long serial, std::function<void()> const& handOver);
+    void enter(unsigned long serial, std::function<void()> const& handOver, QString const& failure);
 
     std::atomic<unsigned long> m_latest = 0;
     /// Nothing before this one is to be handed over.
     unsigned long m_firstWanted = 0;
     unsigned long m_done = 0;
+    QString m_failure;
     /// Of the last work, in milliseconds, and when it ended; the background's alone.
     qint64 m_lastTook = 0;
     QElapsedTimer m_sinceLast;

@@ -57,8 +57,8 @@ DocumentFiles::DocumentFiles(std::unique_ptr<FileQuestions> questions, QObject* 
 {
     Application::Instance->signalActiveDocument.connect(this,
                                                         &DocumentFiles::activeDocumentChanged);
-    connect(&m_job, &FileJob::finished, this, &DocumentFiles::jobFinished);
-    connect(&m_job, &FileJob::finished, this, &DocumentFiles::openWaiting, Qt::QueuedConnection);
+    connect(&m_job, &WindowJob::finished, this, &DocumentFiles::jobFinished);
+    connect(&m_job, &WindowJob::finished, this, &DocumentFiles::openWaiting, Qt::QueuedConnection);
     activeDocumentChanged();
 }
 
@@ -119,7 +119,7 @@ void DocumentFiles::openWaiting()
     PartLoader const loader(files, project, m_preparation);
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Opening files"),
-        [loader, loaded](FileJob::Progress const& progress) { *loaded = loader.load(progress); },
+        [loader, loaded](WindowJob::Progress const& progress) { *loaded = loader.load(progress); },
         [this, loaded, project, asRead](JobOutcome const& outcome) {
             if (outcome.isDone())
                 takeOver(*loaded, project, asRead);
@@ -161,7 +161,7 @@ void DocumentFiles::reload(QStringList const& files)
     PartLoader const loader(files, {}, m_preparation);
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Opening files"),
-        [loader, loaded](FileJob::Progress const& progress) { *loaded = loader.load(progress); },
+        [loader, loaded](WindowJob::Progress const& progress) { *loaded = loader.load(progress); },
         [this, loaded](JobOutcome const& outcome) {
             if (outcome.isDone() && document()) {
                 QStringList const left = putReloaded(*document(), *loaded, m_origins);
@@ -194,7 +194,7 @@ bool DocumentFiles::recover(QString const& projectFile, QDateTime const& asOf, R
     auto const recovered = std::make_shared<Recovered>();
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Recovering unsaved changes"),
-        [recovered, read = std::move(read)](FileJob::Progress const& progress) {
+        [recovered, read = std::move(read)](WindowJob::Progress const& progress) {
             *recovered = read(progress);
         },
         [this, recovered, projectFile, asOf,

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/files/FileJob.h"
 #include "app/files/FileQuestions.h"
 #include "app/files/PartLoader.h"
 #include "app/files/PartOrigins.h"
 #include "app/files/ProjectGuard.h"
 #include "app/files/RecentFiles.h"
+#include "app/jobs/WindowJob.h"
 #include "platform/document/MeshDocument.h"
 
 #include <QDateTime>
@@ -66,7 +66,7 @@ public:
         /// One sentence for each thing that is missing.
         QStringList problems;
     };
-    using ReadRecovered = std::function<Recovered(FileJob::Progress const&)>;
+    using ReadRecovered = std::function<Recovered(WindowJob::Progress const&)>;
     /// Puts such work in the document's place, after the question about unsaved work. It is unsaved
     /// still.
     ///
@@ -150,5 +150,5 @@ private:
     /// Whether the document has changed since it was handed to the writer.
     bool m_hasChangedMeanwhile = false;
     /// Last, so that its thread ends before what it uses.
-    FileJob m_job;
+    WindowJob m_job;
 };

@@ -91,7 +91,7 @@ void DocumentFiles::startSaving(QString const& file)
     m_hasChangedMeanwhile = false;
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Saving the project"),
-        [objects = projectOf(*document()), file](FileJob::Progress const& progress) {
+        [objects = projectOf(*document()), file](WindowJob::Progress const& progress) {
             Formats::writeProject(systemPath(file), objects, progress, Formats::Overwrite::Allow);
         },
         [this, file, saved = document()](JobOutcome const& outcome) {
@@ -156,7 +156,7 @@ void DocumentFiles::startExport(std::shared_ptr<PartExport> parts, QStringList c
 {
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Exporting parts"),
-        [parts](FileJob::Progress const& progress) { parts->run(progress); },
+        [parts](WindowJob::Progress const& progress) { parts->run(progress); },
         [this, parts, leftOut](JobOutcome const& outcome) {
             if (!outcome.problem.isEmpty())
                 tellLater(tr("Not all parts were exported.") + "\n\n" + outcome.problem);

@@ -7,15 +7,12 @@
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/RenamePara.h"
 #include "platform/jobs/Exceptions.h"
-#include "platform/jobs/SequencerLauncher.h"
 #include "platform/mesh/TakenMesh.h"
 #include "platform/services/PlaneCutNotes.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <new>
 
 namespace {
 
@@ -90,10 +87,16 @@ void requireSound(MeshKernel const& part, std::vector<Kernel> const& pieces)
 
 }  // namespace
 
+HeightCut::HeightCut()
+{
+    // What is shown next may wait for a person.
+    connect(&m_job, &WindowJob::finished, this,
+            [this] { emit finished(m_result.outcome, m_result.pieces, m_result.reason); });
+}
+
 HeightCut::~HeightCut()
 {
-    m_isStopping = true;
-    m_thread.waitForDone();
+    m_job.stop();
 }
 
 std::vector<double> HeightCut::within(UBox3<float> const& box, std::vector<double> heights)
@@ -127,7 +130,7 @@ bool HeightCut::start(Mesh::Document& document, Parts const& parts, Plan const& 
 {
     if (JobGuard::instance()->isBusy())
         return false;
-    std::vector<Slices> slices;
+    auto const run = std::make_shared<Run>();
     for (Mesh::DocumentObject* const part : parts) {
         Slices each{part,
                     part->meshProperty->shareMesh(),
@@ -135,12 +138,14 @@ bool HeightCut::start(Mesh::Document& document, Parts const& parts, Plan const& 
                     within(part->getBoundingBox(), plan.heights),
                     {}};
         if (each.kernel && !each.heights.empty())
-            slices.push_back(std::move(each));
+            run->slices.push_back(std::move(each));
     }
     m_document = &document;
     m_keep = plan.keep;
-    m_hold = std::make_unique<JobGuard::Hold>();
-    m_thread.start([this, slices = std::move(slices)] { run(slices); });
+    m_job.start(
+        QT_TRANSLATE_NOOP("JobGuard", "Cutting at heights"),
+        [run](Progress const& progress) { cut(*run, progress); },
+        [this, run](JobOutcome const& outcome) { take(*run, outcome); });
     return true;
 }
 
@@ -166,42 +171,29 @@ void HeightCut::slice(Slices& slices, Progress const& progress)
     progress(100);
 }
 
-void HeightCut::run(std::vector<Slices> slices)
+void HeightCut::cut(Run& run, Progress const& progress)
 {
-    Outcome outcome = slices.empty() ? Outcome::NothingMet : Outcome::Done;
-    QString reason;
-    std::string at;
-    try {
-        Base::SequencerLauncher display(QT_TRANSLATE_NOOP("JobGuard", "Cutting at heights"), 100,
-                                        true);
-        display.setCancelEnabled(true);
-        int const count = int(slices.size());
-        for (int i = 0; i < count; ++i) {
-            at = slices[std::size_t(i)].name;
-            slice(slices[std::size_t(i)], [&](int percent) {
-                if (m_isStopping)
-                    throw Mell::AbortException("Aborting...");
-                display.setProgress(std::uint64_t((100 * i + percent) / count));
-            });
-        }
-    } catch (Mell::AbortException const&) {
-        outcome = Outcome::Cancelled;
-    } catch (Mell::Exception const& failure) {
-        outcome = Outcome::Failed;
-        reason = QString::fromStdString(at) + ": " + QString::fromUtf8(failure.what());
-    } catch (std::bad_alloc const&) {
-        outcome = Outcome::Failed;
-        reason = tr("There is not enough memory; close other programs, or take fewer parts.");
+    int const count = int(run.slices.size());
+    for (int i = 0; i < count; ++i) {
+        Slices& each = run.slices[std::size_t(i)];
+        run.at = each.name;
+        slice(each, [&](int percent) { progress((100 * i + percent) / count); });
     }
-    QMetaObject::invokeMethod(
-        this,
-        [this, outcome, slices = std::move(slices), reason] {
-            int const pieces = outcome == Outcome::Done ? integrate(slices) : 0;
-            // What is shown next may wait for a person.
-            m_hold.reset();
-            emit finished(outcome, pieces, reason);
-        },
-        Qt::QueuedConnection);
+}
+
+void HeightCut::take(Run const& run, JobOutcome const& outcome)
+{
+    m_result = {};
+    if (outcome.isCancelled) {
+        m_result.outcome = Outcome::Cancelled;
+    } else if (!outcome.isDone()) {
+        m_result.outcome = Outcome::Failed;
+        m_result.reason = QString::fromStdString(run.at) + ": " + outcome.problem;
+    } else if (run.slices.empty()) {
+        m_result.outcome = Outcome::NothingMet;
+    } else {
+        m_result.pieces = integrate(run.slices);
+    }
 }
 
 int HeightCut::integrate(std::vector<Slices> const& slices) const

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/jobs/JobGuard.h"
+#include "app/jobs/WindowJob.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 
 #include <QObject>
-#include <QThreadPool>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -47,7 +45,7 @@ public:
         Failed
     };
 
-    HeightCut() = default;
+    HeightCut();
     /// Stops and waits for a job that runs; it then has no result.
     ~HeightCut() override;
 
@@ -81,13 +79,27 @@ private:
         std::vector<Kernel> pieces;
     };
 
-    void run(std::vector<Slices> slices);
+    /// What the job works on and makes.
+    struct Run
+    {
+        std::vector<Slices> slices;
+        /// The part at which it is.
+        std::string at;
+    };
+
+    static void cut(Run& run, Progress const& progress);
     static void slice(Slices& slices, Progress const& progress);
+    void take(Run const& run, JobOutcome const& outcome);
     int integrate(std::vector<Slices> const& slices) const;
 
     Mesh::Document* m_document = nullptr;
     Keep m_keep = Keep::All;
-    std::atomic<bool> m_isStopping = false;
-    std::unique_ptr<JobGuard::Hold> m_hold;
-    QThreadPool m_thread;
+    struct Result
+    {
+        Outcome outcome = Outcome::Done;
+        int pieces = 0;
+        QString reason;
+    };
+    Result m_result;
+    WindowJob m_job;
 };

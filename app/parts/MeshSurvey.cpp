@@ -2,6 +2,7 @@
 #include "app/parts/MeshSurvey.h"
 
 #include <cmath>
+#include <new>
 
 namespace {
 
@@ -57,6 +58,15 @@ MeshFacts placed(MeshFacts facts, MeshKernel const& kernel)
     }
     facts.box = kernel.GetBox();
     return facts;
+}
+
+std::optional<MeshFacts> factsOf(UMesh<float> const& mesh, UMatrix4<float> const& matrix)
+{
+    try {
+        return measureMesh(mesh, matrix);
+    } catch (std::bad_alloc const&) {
+        return {};
+    }
 }
 
 }  // namespace
@@ -119,14 +129,14 @@ void MeshSurvey::begin(Key const& key, std::shared_ptr<UMesh<float> const> mesh)
     unsigned long const request = m_entries[key].request = ++m_lastRequest;
     ++m_running;
     m_thread.start([this, key, request, mesh = std::move(mesh)]() mutable {
-        MeshFacts const facts = measureMesh(*mesh, matrixOf(key.second));
+        std::optional<MeshFacts> const facts = factsOf(*mesh, matrixOf(key.second));
         mesh.reset();
         QMetaObject::invokeMethod(
             this, [this, key, request, facts] { take(key, request, facts); }, Qt::QueuedConnection);
     });
 }
 
-void MeshSurvey::take(Key const& key, unsigned long request, MeshFacts const& facts)
+void MeshSurvey::take(Key const& key, unsigned long request, std::optional<MeshFacts> const& facts)
 {
     --m_running;
     auto const place = m_entries.find(key);

@@ -32,7 +32,8 @@ public:
     ~MeshSurvey() override;
 
     /// What is known of a part as it is placed. If there is nothing yet, the measurement is begun
-    /// and measured() follows. The volume of an open part says nothing.
+    /// and measured() follows. The volume of an open part says nothing. A mesh for which the memory
+    /// did not suffice stays unknown.
     std::optional<MeshFacts> facts(Mesh::DocumentObject const& part);
     void forget(Mesh::DocumentObject const& part);
 
@@ -56,7 +57,7 @@ private:
 
     Entry& entryOf(Key const& key, std::shared_ptr<UMesh<float> const> const& mesh);
     void begin(Key const& key, std::shared_ptr<UMesh<float> const> mesh);
-    void take(Key const& key, unsigned long request, MeshFacts const& facts);
+    void take(Key const& key, unsigned long request, std::optional<MeshFacts> const& facts);
     void dropDead();
 
     std::map<Key, Entry> m_entries;

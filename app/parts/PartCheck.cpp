@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/parts/PartCheck.h"
 
-#include "platform/jobs/Exceptions.h"
-#include "platform/jobs/SequencerLauncher.h"
 #include "platform/mesh/TakenMesh.h"
-
-#include <cstdint>
-#include <new>
 
 namespace {
 
@@ -22,7 +17,7 @@ PartCheck::Counts findErrors(MeshKernel& kernel, std::vector<Repair::FlawPlace>&
 {
     Repair::EvaluateErrors errors(&kernel);
     errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, false, true, progress);
-    places = Repair::placesOf(*errors.survey(), PartCheck::mostPlaces);
+    places = Repair::placesOf(*errors.survey(), PartCheck::mostPlaces, [&] { progress(100); });
     return errors.counts();
 }
 
@@ -30,29 +25,36 @@ PartCheck::Counts findErrors(MeshKernel& kernel, std::vector<Repair::FlawPlace>&
 
 PartCheck::~PartCheck()
 {
-    m_isStopping = true;
-    m_thread.waitForDone();
+    m_job.stop();
 }
 
 bool PartCheck::start(Kind kind, std::vector<Mesh::DocumentObject*> const& parts)
 {
     if (JobGuard::instance()->isBusy() || parts.empty())
         return false;
-    Findings findings;
+    auto const findings = std::make_shared<Findings>();
     for (Mesh::DocumentObject* const part : parts) {
         Finding finding;
         finding.part = part;
         finding.name = part->getName();
         finding.kernel = part->meshProperty->shareMesh();
         if (finding.kernel)
-            findings.push_back(std::move(finding));
+            findings->push_back(std::move(finding));
     }
-    m_hold = std::make_unique<JobGuard::Hold>();
-    m_thread.start([this, kind, findings = std::move(findings)] { run(kind, findings); });
+    m_job.start(
+        kind == Kind::Check ? QT_TRANSLATE_NOOP("JobGuard", "Checking parts")
+                            : QT_TRANSLATE_NOOP("JobGuard", "Repairing parts"),
+        [kind, findings](Progress const& progress) {
+            int const count = int(findings->size());
+            for (int i = 0; i < count; ++i)
+                inspect(kind, (*findings)[std::size_t(i)],
+                        [&](int percent) { progress((100 * i + percent) / count); });
+        },
+        [this, kind, findings](JobOutcome const& outcome) { take(kind, *findings, outcome); });
     return true;
 }
 
-void PartCheck::inspect(Kind kind, Finding& finding, Progress const& progress) const
+void PartCheck::inspect(Kind kind, Finding& finding, Progress const& progress)
 {
     bool const isRepair = kind == Kind::Repair;
     finding.before =
@@ -70,39 +72,13 @@ void PartCheck::inspect(Kind kind, Finding& finding, Progress const& progress) c
     finding.places = std::move(left);
 }
 
-void PartCheck::run(Kind kind, Findings findings)
+void PartCheck::take(Kind kind, Findings& findings, JobOutcome const& outcome)
 {
-    Outcome outcome = Outcome::Done;
-    QString reason;
-    try {
-        Base::SequencerLauncher display(kind == Kind::Check
-                                            ? QT_TRANSLATE_NOOP("JobGuard", "Checking parts")
-                                            : QT_TRANSLATE_NOOP("JobGuard", "Repairing parts"),
-                                        100, true);
-        display.setCancelEnabled(true);
-        int const count = int(findings.size());
-        for (int i = 0; i < count; ++i)
-            inspect(kind, findings[std::size_t(i)], [&](int percent) {
-                if (m_isStopping)
-                    throw Mell::AbortException("Aborting...");
-                display.setProgress(std::uint64_t((100 * i + percent) / count));
-            });
-    } catch (Mell::AbortException const&) {
-        outcome = Outcome::Cancelled;
-    } catch (Mell::Exception const& failure) {
-        outcome = Outcome::Failed;
-        reason = QString::fromUtf8(failure.what());
-    } catch (std::bad_alloc const&) {
-        outcome = Outcome::Failed;
-        reason = tr("There is not enough memory; close other programs, or take fewer parts.");
-    }
-    if (outcome != Outcome::Done)
+    if (!outcome.isDone())
         findings.clear();
-    QMetaObject::invokeMethod(
-        this,
-        [this, kind, outcome, findings = std::move(findings), reason] {
-            emit finished(kind, outcome, findings, reason);
-            m_hold.reset();
-        },
-        Qt::QueuedConnection);
+    emit finished(kind,
+                  outcome.isCancelled ? Outcome::Cancelled
+                  : outcome.isDone()  ? Outcome::Done
+                                      : Outcome::Failed,
+                  findings, outcome.problem);
 }

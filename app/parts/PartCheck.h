@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/jobs/JobGuard.h"
+#include "app/jobs/WindowJob.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/services/FlawPlaces.h"
 #include "platform/services/Repair.h"
 
 #include <QObject>
-#include <QThreadPool>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -72,10 +70,8 @@ signals:
                   PartCheck::Findings const& findings, QString const& reason);
 
 private:
-    void run(Kind kind, Findings findings);
-    void inspect(Kind kind, Finding& finding, std::function<void(int)> const& progress) const;
+    static void inspect(Kind kind, Finding& finding, WindowJob::Progress const& progress);
+    void take(Kind kind, Findings& findings, JobOutcome const& outcome);
 
-    std::atomic<bool> m_isStopping = false;
-    std::unique_ptr<JobGuard::Hold> m_hold;
-    QThreadPool m_thread;
+    WindowJob m_job;
 };

@@ -6,13 +6,10 @@
 #include "app/parts/PartEdits.h"
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/jobs/Exceptions.h"
-#include "platform/jobs/SequencerLauncher.h"
 #include "platform/mesh/TakenMesh.h"
 #include "platform/services/Repair.h"
 
 #include <array>
-#include <cstdint>
-#include <new>
 
 namespace {
 
@@ -44,6 +41,17 @@ Names const& namesOf(Operation operation)
     return names[std::size_t(operation)];
 }
 
+void mend(std::set<int> const& toMend, std::vector<SolidOperations::Kernel>& kernels,
+          Progress const& progress)
+{
+    for (int const index : toMend) {
+        MeshKernel copy(*kernels[std::size_t(index)]);
+        copy.toRclMesh();
+        Repair::RepairMethods(&copy).autoRepair_simple_advanced(progress);
+        kernels[std::size_t(index)] = asReadOnly(copy);
+    }
+}
+
 bool isOpen(std::vector<SolidOperations::Piece> const& pieces, Progress const& progress)
 {
     std::size_t open = 0;
@@ -57,10 +65,23 @@ bool isOpen(std::vector<SolidOperations::Piece> const& pieces, Progress const& p
 
 }  // namespace
 
+/// What a job works on and makes.
+struct PartCombination::Run
+{
+    Task task;
+    Kernels kernels;
+    Report report;
+    SolidOperations::Result result;
+};
+
+PartCombination::PartCombination()
+{
+    connect(&m_job, &WindowJob::finished, this, [this] { emit finished(m_report); });
+}
+
 PartCombination::~PartCombination()
 {
-    m_isStopping = true;
-    m_thread.waitForDone();
+    m_job.stop();
 }
 
 bool PartCombination::start(Mesh::Document& document, Task const& task)
@@ -69,74 +90,50 @@ bool PartCombination::start(Mesh::Document& document, Task const& task)
         return false;
     m_document = &document;
     m_task = task;
-    Kernels kernels;
+    auto const run = std::make_shared<Run>();
+    run->task = task;
     for (Mesh::DocumentObject const* const part : task.parts)
-        kernels.push_back(part->meshProperty->shareMesh());
-    m_hold = std::make_unique<JobGuard::Hold>();
-    m_thread.start([this, kernels = std::move(kernels)] { run(kernels); });
+        run->kernels.push_back(part->meshProperty->shareMesh());
+    m_job.start(
+        namesOf(task.operation).job, [run](Progress const& progress) { combine(*run, progress); },
+        [this, run](JobOutcome const& outcome) { end(*run, outcome); });
     return true;
 }
 
-void PartCombination::mend(Kernels& kernels, Progress const& progress) const
+void PartCombination::combine(Run& run, Progress const& progress)
 {
-    for (int const index : m_task.toMend) {
-        MeshKernel copy(*kernels[std::size_t(index)]);
-        copy.toRclMesh();
-        Repair::RepairMethods(&copy).autoRepair_simple_advanced(progress);
-        kernels[std::size_t(index)] = asReadOnly(copy);
-    }
-}
-
-void PartCombination::run(Kernels kernels)
-{
-    Report report;
-    SolidOperations::Result result;
+    auto const share = [&](int from, int to) {
+        return [&progress, from, to](int percent) { progress(from + percent * (to - from) / 100); };
+    };
+    Report& report = run.report;
     try {
-        Base::SequencerLauncher display(namesOf(m_task.operation).job, 100, true);
-        display.setCancelEnabled(true);
-        int const mended = m_task.toMend.empty() ? 0 : 40;
-        auto const show = [&](int from, int to) {
-            return [&display, this, from, to](int percent) {
-                if (m_isStopping)
-                    throw Mell::AbortException("Aborting...");
-                display.setProgress(std::uint64_t(from + percent * (to - from) / 100));
-            };
-        };
-        mend(kernels, show(0, mended));
-        result = SolidOperations::apply(m_task.operation, kernels, show(mended, 90));
-        report.isOpen = isOpen(result.pieces, show(90, 100));
-        report.nothing = result.nothing;
-        report.bodies = result.bodies;
-        report.outcome = result.pieces.empty() ? Outcome::Nothing : Outcome::Done;
-    } catch (Mell::AbortException const&) {
-        report.outcome = Outcome::Cancelled;
+        int const mended = run.task.toMend.empty() ? 0 : 40;
+        mend(run.task.toMend, run.kernels, share(0, mended));
+        run.result = SolidOperations::apply(run.task.operation, run.kernels, share(mended, 90));
+        report.isOpen = isOpen(run.result.pieces, share(90, 100));
     } catch (Mell::FlawException const& flaw) {
-        report.outcome = Outcome::Failed;
-        report.reason = QString::fromUtf8(flaw.what());
         report.place = flaw.place();
         if (auto const* const own = dynamic_cast<SolidOperations::OperandFlaw const*>(&flaw))
             report.operand = own->operand();
         report.repairMayHelp = report.operand >= 0;
-    } catch (Mell::Exception const& failure) {
-        report.outcome = Outcome::Failed;
-        report.reason = QString::fromUtf8(failure.what());
-    } catch (std::bad_alloc const&) {
-        report.outcome = Outcome::Failed;
-        report.reason =
-            tr("There is not enough memory; close other programs, or take fewer parts.");
+        throw;
     }
-    if (report.outcome != Outcome::Done)
-        result = {};
-    kernels.clear();
-    QMetaObject::invokeMethod(
-        this,
-        [this, report, result = std::move(result)] {
-            if (report.outcome == Outcome::Done)
-                take(result);
-            m_hold.reset();
-            emit finished(report);
-        },
-        Qt::QueuedConnection);
+    report.nothing = run.result.nothing;
+    report.bodies = run.result.bodies;
+}
+
+void PartCombination::end(Run& run, JobOutcome const& outcome)
+{
+    m_report = run.report;
+    m_report.reason = outcome.problem;
+    m_report.outcome = outcome.isCancelled         ? Outcome::Cancelled
+                       : !outcome.isDone()         ? Outcome::Failed
+                       : run.result.pieces.empty() ? Outcome::Nothing
+                                                   : Outcome::Done;
+    // Parts that are replaced let their meshes go.
+    run.kernels.clear();
+    if (m_report.outcome == Outcome::Done)
+        take(run.result);
 }
 
 void PartCombination::take(SolidOperations::Result const& result)

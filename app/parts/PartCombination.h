@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/jobs/JobGuard.h"
+#include "app/jobs/WindowJob.h"
 #include "app/parts/SolidOperations.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 
 #include <QObject>
-#include <QThreadPool>
 
-#include <atomic>
 #include <optional>
 #include <set>
 
@@ -61,7 +59,7 @@ public:
         bool repairMayHelp = false;
     };
 
-    PartCombination() = default;
+    PartCombination();
     /// Stops and waits for a job that runs; it then has no result.
     ~PartCombination() override;
 
@@ -77,15 +75,16 @@ signals:
 private:
     using Kernels = std::vector<SolidOperations::Kernel>;
 
-    void run(Kernels kernels);
-    void mend(Kernels& kernels, std::function<void(int)> const& progress) const;
+    struct Run;
+
+    static void combine(Run& run, WindowJob::Progress const& progress);
+    void end(Run& run, JobOutcome const& outcome);
     void take(SolidOperations::Result const& result);
     void replaceFirst(SolidOperations::Piece const& piece);
     void addPieces(std::vector<SolidOperations::Piece> const& pieces);
 
     Mesh::Document* m_document = nullptr;
     Task m_task;
-    std::atomic<bool> m_isStopping = false;
-    std::unique_ptr<JobGuard::Hold> m_hold;
-    QThreadPool m_thread;
+    Report m_report;
+    WindowJob m_job;
 };

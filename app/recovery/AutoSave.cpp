@@ -5,8 +5,6 @@
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/ActiveDocument.h"
 
-#include <QRunnable>
-
 #include <exception>
 #include <sys/resource.h>
 #include <utility>
@@ -40,10 +38,10 @@ AutoSave::AutoSave(DocumentFiles& files, std::unique_ptr<RecoveryFolder> folder,
 {
     m_thread.setMaxThreadCount(1);
     m_thread.setExpiryTimeout(-1);
-    m_thread.start(QRunnable::create([] {
+    m_thread.start([] {
         // On Linux the priority of one thread; a refusal does no harm.
         (void)::setpriority(PRIO_PROCESS, 0, writingNiceness);
-    }));
+    });
     m_timer.setSingleShot(true);
     m_timer.setInterval(delay);
     connect(&m_timer, &QTimer::timeout, this, &AutoSave::save);
@@ -98,10 +96,10 @@ void AutoSave::save()
 void AutoSave::write(std::function<void(RecoveryFolder&)> const& work)
 {
     ++m_writing;
-    m_thread.start(QRunnable::create([this, work, folder = m_folder] {
+    m_thread.start([this, work, folder = m_folder] {
         QString const problem = problemOf([&] { work(*folder); });
         QMetaObject::invokeMethod(this, [this, problem] { written(problem); });
-    }));
+    });
 }
 
 void AutoSave::written(QString const& problem)

@@ -33,7 +33,7 @@ bool recover(std::shared_ptr<RecoveryFolder> const& folder, DocumentFiles& files
     RecoveryList const list = folder->list();
     return files.recover(
         list.projectFile, list.time,
-        [folder](FileJob::Progress const& progress) {
+        [folder](WindowJob::Progress const& progress) {
             RecoveryFolder::Contents contents = folder->read(progress);
             return DocumentFiles::Recovered{std::move(contents.objects), contents.problems};
         },

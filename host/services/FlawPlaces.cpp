@@ -21,6 +21,34 @@ using Edge = std::pair<std::uint32_t, std::uint32_t>;
 /// Of the triangles that cross others; so many lie in one plane across x within a fraction of a second.
 constexpr std::size_t mostInvolved = 20000;
 
+/// Counts steps of a few microseconds at most, and polls now and then.
+class Steps
+{
+public:
+    explicit Steps(std::function<void()> const& poll) : m_poll(poll) {}
+
+    void count()
+    {
+        constexpr std::size_t between = 1 << 13;
+        if (++m_count % between == 0 && m_poll)
+            m_poll();
+    }
+
+    /// By keys that all differ, so that there is one order.
+    template <typename Item, typename Key>
+    void sort(std::vector<Item>& items, Key const& key)
+    {
+        std::ranges::sort(items, [&](Item const& a, Item const& b) {
+            count();
+            return key(a) < key(b);
+        });
+    }
+
+private:
+    std::function<void()> const& m_poll;
+    std::size_t m_count = 0;
+};
+
 bool isFinite(UPoint3<float> const& p)
 {
     return std::isfinite(p.X()) && std::isfinite(p.Y()) && std::isfinite(p.Z());
@@ -79,13 +107,16 @@ bool hasNumbers(MeshArrays const& mesh, std::size_t triangle)
 
 /// Edges of one kind, joined where they share a vertex.
 void addEdges(MeshArrays const& mesh, std::vector<Edge> const& edges, FlawKind kind,
-              std::size_t most, std::vector<FlawPlace>& all)
+              std::size_t most, std::vector<FlawPlace>& all, Steps& steps)
 {
     DisjointSets sets(mesh.points.size());
-    for (auto const& [a, b] : edges)
+    for (auto const& [a, b] : edges) {
+        steps.count();
         sets.unite(a, b);
+    }
     Places places(kind, most);
     for (auto const& [a, b] : edges) {
+        steps.count();
         if (!isFinite(mesh.points[a]) || !isFinite(mesh.points[b]))
             continue;
         if (FlawPlace* const place = places.of(sets.root(a))) {
@@ -100,7 +131,7 @@ void addEdges(MeshArrays const& mesh, std::vector<Edge> const& edges, FlawKind k
 class EdgeLists
 {
 public:
-    explicit EdgeLists(MeshArrays const& mesh)
+    EdgeLists(MeshArrays const& mesh, Steps& steps)
     {
         struct Side
         {
@@ -111,6 +142,7 @@ public:
         std::vector<Side> sides;
         sides.reserve(3 * mesh.triangles.size());
         for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t) {
+            steps.count();
             if (mesh.isCollapsed(t))
                 continue;
             for (std::size_t corner = 0; corner < 3; ++corner) {
@@ -119,8 +151,9 @@ public:
                 sides.push_back({std::minmax(a, b), t, a < b});
             }
         }
-        std::ranges::sort(sides, {}, [](Side const& s) { return std::pair(s.edge, s.triangle); });
+        steps.sort(sides, [](Side const& s) { return std::pair(s.edge, s.triangle); });
         for (std::size_t i = 0; i < sides.size();) {
+            steps.count();
             std::size_t end = i + 1;
             std::size_t forwards = sides[i].isForwards;
             for (; end < sides.size() && sides[end].edge == sides[i].edge; ++end)
@@ -139,33 +172,36 @@ public:
 };
 
 void addTriangles(MeshArrays const& mesh, std::vector<std::uint32_t> const& triangles,
-                  FlawKind kind, std::size_t most, std::vector<FlawPlace>& all)
+                  FlawKind kind, std::size_t most, std::vector<FlawPlace>& all, Steps& steps)
 {
     Places places(kind, most);
-    for (std::uint32_t const t : triangles)
-        if (hasNumbers(mesh, t))
-            if (FlawPlace* const place = places.of(t)) {
-                place->count = 1;
-                addSides(*place, mesh, t);
-            }
+    for (std::uint32_t const t : triangles) {
+        steps.count();
+        FlawPlace* const place = hasNumbers(mesh, t) ? places.of(t) : nullptr;
+        if (!place)
+            continue;
+        place->count = 1;
+        addSides(*place, mesh, t);
+    }
     places.moveTo(all);
 }
 
-std::vector<std::uint32_t> duplicates(MeshArrays const& mesh)
+std::vector<std::uint32_t> duplicates(MeshArrays const& mesh, Steps& steps)
 {
     std::vector<std::pair<MeshArrays::Corners, std::uint32_t>> sorted;
     for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t) {
+        steps.count();
         MeshArrays::Corners corners = mesh.triangles[t];
         std::ranges::sort(corners);
         if (!mesh.isCollapsed(t))
             sorted.emplace_back(corners, t);
     }
-    std::ranges::sort(sorted);
+    steps.sort(sorted, [](auto const& item) { return item; });
     std::vector<std::uint32_t> found;
     for (std::size_t i = 1; i < sorted.size(); ++i)
         if (sorted[i].first == sorted[i - 1].first)
             found.push_back(sorted[i].second);
-    std::ranges::sort(found);
+    steps.sort(found, [](std::uint32_t t) { return t; });
     return found;
 }
 
@@ -178,48 +214,55 @@ UBox3<float> boxOf(MeshArrays const& mesh, std::size_t triangle)
 }
 
 /// The pairs among triangles that meet: a sweep along x.
-std::vector<Edge> meetingPairs(MeshArrays const& mesh, std::vector<std::uint32_t> triangles)
+std::vector<Edge> meetingPairs(MeshArrays const& mesh, std::vector<std::uint32_t> triangles,
+                               Steps& steps)
 {
     std::vector<std::pair<UBox3<float>, std::uint32_t>> boxes;
     for (std::uint32_t const t : triangles)
         boxes.emplace_back(boxOf(mesh, t), t);
-    std::ranges::sort(boxes, {}, [](auto const& b) { return std::pair(b.first.MinX(), b.second); });
+    steps.sort(boxes, [](auto const& b) { return std::pair(b.first.MinX(), b.second); });
     std::vector<Edge> pairs;
     for (std::size_t i = 0; i < boxes.size(); ++i)
         for (std::size_t k = i + 1;
              k < boxes.size() && boxes[k].first.MinX() <= boxes[i].first.MaxX(); ++k) {
+            steps.count();
             UBox3<float> const &a = boxes[i].first, &b = boxes[k].first;
             if (a.MinY() <= b.MaxY() && b.MinY() <= a.MaxY() && a.MinZ() <= b.MaxZ() &&
                 b.MinZ() <= a.MaxZ() && doTrianglesMeet(mesh, boxes[i].second, boxes[k].second))
                 pairs.push_back(std::minmax(boxes[i].second, boxes[k].second));
         }
-    std::ranges::sort(pairs);
+    steps.sort(pairs, [](Edge const& pair) { return pair; });
     return pairs;
 }
 
 /// Pairs are at one place where their triangles share a vertex, or are the same.
 void addCrossings(MeshArrays const& mesh, std::vector<std::uint8_t> const& isInvolved,
-                  std::size_t most, std::vector<FlawPlace>& all)
+                  std::size_t most, std::vector<FlawPlace>& all, Steps& steps)
 {
     std::vector<std::uint32_t> involved;
     for (std::uint32_t t = 0; t < isInvolved.size(); ++t)
         if (isInvolved[t] && hasNumbers(mesh, t) && involved.size() < mostInvolved)
             involved.push_back(t);
-    std::vector<Edge> const pairs = meetingPairs(mesh, involved);
+    std::vector<Edge> const pairs = meetingPairs(mesh, involved, steps);
     DisjointSets sets(mesh.points.size());
-    for (auto const& [a, b] : pairs)
+    for (auto const& [a, b] : pairs) {
+        steps.count();
         for (std::uint32_t const t : {a, b})
             for (std::uint32_t const vertex : mesh.triangles[t])
                 sets.unite(mesh.triangles[a][0], vertex);
+    }
     Places places(FlawKind::Crossing, most);
     std::vector<std::uint8_t> isDrawn(mesh.triangles.size());
-    for (auto const& [a, b] : pairs)
-        if (FlawPlace* const place = places.of(sets.root(mesh.triangles[a][0]))) {
-            ++place->count;
-            for (std::uint32_t const t : {a, b})
-                if (!std::exchange(isDrawn[t], 1))
-                    addSides(*place, mesh, t);
-        }
+    for (auto const& [a, b] : pairs) {
+        steps.count();
+        FlawPlace* const place = places.of(sets.root(mesh.triangles[a][0]));
+        if (!place)
+            continue;
+        ++place->count;
+        for (std::uint32_t const t : {a, b})
+            if (!std::exchange(isDrawn[t], 1))
+                addSides(*place, mesh, t);
+    }
     places.moveTo(all);
 }
 
@@ -237,10 +280,11 @@ void addBox(FlawPlace& place, UBox3<float> const& box)
 }
 
 void addTurnedShells(MeshArrays const& mesh, MeshErrors const& errors, std::size_t most,
-                     std::vector<FlawPlace>& all)
+                     std::vector<FlawPlace>& all, Steps& steps)
 {
     std::map<std::uint32_t, std::pair<UBox3<float>, std::size_t>> shells;
     for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+        steps.count();
         std::uint32_t const shell = errors.topology.shellOf[t];
         if (!errors.isMisoriented[shell])
             continue;
@@ -264,31 +308,33 @@ void addTurnedShells(MeshArrays const& mesh, MeshErrors const& errors, std::size
 
 }  // namespace
 
-std::vector<FlawPlace> placesOf(FlawSurvey const& survey, std::size_t most)
+std::vector<FlawPlace> placesOf(FlawSurvey const& survey, std::size_t most,
+                                std::function<void()> const& poll)
 {
+    Steps steps(poll);
     MeshArrays const& mesh = survey.mesh;
     MeshErrors const& errors = survey.errors;
     EvaluateErrors::Counts const& counts = errors.counts;
     std::vector<FlawPlace> all;
     if (counts.borderEdges + counts.nonManifoldEdges + counts.inconsistentEdges > 0) {
-        EdgeLists const edges(mesh);
-        addEdges(mesh, edges.open, FlawKind::OpenEdges, most, all);
-        addEdges(mesh, edges.crowded, FlawKind::CrowdedEdges, most, all);
-        addEdges(mesh, edges.inconsistent, FlawKind::InconsistentEdges, most, all);
+        EdgeLists const edges(mesh, steps);
+        addEdges(mesh, edges.open, FlawKind::OpenEdges, most, all, steps);
+        addEdges(mesh, edges.crowded, FlawKind::CrowdedEdges, most, all, steps);
+        addEdges(mesh, edges.inconsistent, FlawKind::InconsistentEdges, most, all, steps);
     }
     if (counts.degenerateTriangles > 0) {
         std::vector<std::uint32_t> flat;
         for (std::uint32_t t = 0; t < mesh.triangles.size(); ++t)
             if (errors.topology.isDegenerate[t])
                 flat.push_back(t);
-        addTriangles(mesh, flat, FlawKind::DegenerateTriangle, most, all);
+        addTriangles(mesh, flat, FlawKind::DegenerateTriangle, most, all, steps);
     }
     if (counts.duplicateTriangles > 0)
-        addTriangles(mesh, duplicates(mesh), FlawKind::DuplicateTriangle, most, all);
+        addTriangles(mesh, duplicates(mesh, steps), FlawKind::DuplicateTriangle, most, all, steps);
     if (counts.selfIntersections > 0)
-        addCrossings(mesh, errors.intersections.isInvolved, most, all);
+        addCrossings(mesh, errors.intersections.isInvolved, most, all, steps);
     if (counts.misorientedShells > 0)
-        addTurnedShells(mesh, errors, most, all);
+        addTurnedShells(mesh, errors, most, all, steps);
     return all;
 }
 

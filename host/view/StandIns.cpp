@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace {
@@ -37,6 +38,18 @@ std::size_t costOf(PaintedPart const& part)
     std::size_t const each =
         (hasFaces(part.look) ? 1 : 0) + ((part.look.edges & 255) ? edgesCost : 0);
     return part.shape->triangles() * each;
+}
+
+/// Null if the memory does not suffice: then all pictures are exact.
+std::shared_ptr<StandIn const> standInFor(UMesh<float> const& mesh)
+{
+    try {
+        std::function<void(int)> const none;
+        StageProgress progress(none);
+        return std::make_shared<StandIn>(copyArrays(mesh, progress));
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
 }
 
 }  // namespace
@@ -208,13 +221,8 @@ void StandIns::make(std::shared_ptr<PartShape> const& shape)
     ++m_running;
     m_thread.start(
         [this, asked = std::weak_ptr<PartShape>(shape), held = std::move(mesh)]() mutable {
-            std::shared_ptr<StandIn const> made;
             // Who has taken the part away meanwhile does not need it.
-            if (held.use_count() > 1) {
-                std::function<void(int)> const none;
-                StageProgress progress(none);
-                made = std::make_shared<StandIn>(copyArrays(*held, progress));
-            }
+            auto made = held.use_count() > 1 ? standInFor(*held) : nullptr;
             held.reset();
             m_made.put({std::move(asked), std::move(made)});
             QMetaObject::invokeMethod(this, &StandIns::enterMade, Qt::QueuedConnection);

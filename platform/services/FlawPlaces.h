@@ -4,6 +4,7 @@
 #include "platform/geometry/UPoint3.h"
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 struct FlawSurvey;
@@ -41,6 +42,8 @@ struct FlawPlace
 /// most  of each kind no more than this. Of triangles that cross, only the first 20,000 are looked at
 /// cost  nothing without errors; else one sort of the mesh's edges, and in proportion to the
 ///       triangles that cross
-std::vector<FlawPlace> placesOf(FlawSurvey const& survey, std::size_t most);
+/// poll  called all the time, once in some milliseconds at least; what it throws passes
+std::vector<FlawPlace> placesOf(FlawSurvey const& survey, std::size_t most,
+                                std::function<void()> const& poll = {});
 
 }  // namespace Repair

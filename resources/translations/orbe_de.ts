@@ -1045,10 +1045,6 @@
         <translation>Nicht alle Bauteile wurden exportiert.</translation>
     </message>
     <message>
-        <source>There is not enough free memory; close other programs and try again.</source>
-        <translation>Der freie Speicher reicht nicht; andere Programme schließen und noch einmal versuchen.</translation>
-    </message>
-    <message>
         <source>Saved %1.</source>
         <translation>%1 gespeichert.</translation>
     </message>
@@ -2056,10 +2052,6 @@
         <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
         <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
     </message>
-    <message>
-        <source>There is not enough memory; close other programs, or take fewer parts.</source>
-        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
-    </message>
 </context>
 <context>
     <name>HeightCutDialog</name>
@@ -2945,6 +2937,14 @@
         <source>Apply</source>
         <translation>Anwenden</translation>
     </message>
+    <message>
+        <source>There is not enough free memory; close other programs and try again.</source>
+        <translation>Der freie Speicher reicht nicht; andere Programme schließen und noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>This could not be found out.</source>
+        <translation>Das ließ sich nicht ermitteln.</translation>
+    </message>
 </context>
 <context>
     <name>MellQuantitySpinBox</name>
@@ -3149,20 +3149,6 @@
     <message>
         <source>%1, %2 corners</source>
         <translation>%1, %2 Ecken</translation>
-    </message>
-</context>
-<context>
-    <name>PartCheck</name>
-    <message>
-        <source>There is not enough memory; close other programs, or take fewer parts.</source>
-        <translation>Der Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>
-    </message>
-</context>
-<context>
-    <name>PartCombination</name>
-    <message>
-        <source>There is not enough memory; close other programs, or take fewer parts.</source>
-        <translation>Der Speicher reicht nicht; schließen Sie andere Programme oder nehmen Sie weniger Bauteile.</translation>
     </message>
 </context>
 <context>
@@ -4606,6 +4592,13 @@
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>WindowJob</name>
+    <message>
+        <source>There is not enough free memory; close other programs, or take fewer parts.</source>
+        <translation>Der freie Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>
     </message>
 </context>
 <context>

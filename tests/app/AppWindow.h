@@ -14,6 +14,7 @@
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Places.h"
 #include "tests/support/TestDocument.h"
+#include "tests/support/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -26,17 +27,6 @@
 #include <QWindow>
 
 #include <memory>
-
-/// Lets the window do what it has to do, until a condition holds or twenty seconds are over.
-template <typename Condition>
-bool waitUntil(Condition const& condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < 20000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}
 
 /// Answers that need nobody.
 class ScriptedAnswers : public FileQuestions

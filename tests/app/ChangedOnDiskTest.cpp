@@ -122,7 +122,7 @@ TEST(ChangedOnDisk, AProjectThatIsNewerThanTheRecoveredWorkIsAskedAbout)
         bool isTakenOver = false;
         EXPECT_TRUE(scene.files.recover(
             scene.path("plate.3mf"), time,
-            [](FileJob::Progress const&) { return DocumentFiles::Recovered(); },
+            [](WindowJob::Progress const&) { return DocumentFiles::Recovered(); },
             [&] { isTakenOver = true; }));
         scene.finish();
         EXPECT_TRUE(isTakenOver);

@@ -81,7 +81,7 @@ TEST_F(GermanFailures, SaysInGermanWhyAFileCannotBeOpened)
         {"bare.3mf", threeMfPackage("millimeter", "<resources/><build/>"),
          "Ihr Bauauftrag platziert kein Netz; erwartet wurde mindestens eines."},
         {"picture.png", "\x89PNG",
-         "Der Inhalt hat kein bekanntes Format; erwartet wurde .stl, .ply, .3mf oder .obj."},
+         "Der Inhalt hat kein bekanntes Format; erwartet wurde .stl, .ply, .3mf, .obj oder .off."},
     };
     ScratchFolder const folder;
     for (Broken const& file : files) {

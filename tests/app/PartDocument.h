@@ -4,11 +4,11 @@
 #include "platform/document/DocumentObjectGroup.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
+#include "tests/support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QElapsedTimer>
 
 #include <functional>
 #include <map>
@@ -38,17 +38,6 @@ inline void handleEvents()
 {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
-}
-
-/// Handles events until a condition holds; false if it does not in a generous time.
-inline bool waitUntil(std::function<bool()> const& condition)
-{
-    constexpr int patienceMs = 30000;
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < patienceMs)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
 }
 
 /// A hash over all that is saved of a document: objects in order with names, visibility, colours

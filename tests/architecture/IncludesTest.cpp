@@ -237,11 +237,13 @@ TEST(Includes, ConnectorsKnowOfTheJobsOnlyTheCommonParts)
     // The jobs know the connectors, so what the connectors share with them must know nobody.
     std::string const common = "cutjobs/common/";
     for (Include const& include : includesBelow("connectors"))
-        if (include.target.starts_with("cutjobs/"))
+        if (include.target.starts_with("cutjobs/")) {
             EXPECT_TRUE(include.target.starts_with(common)) << include.place();
+        }
     for (Include const& include : includesBelow("cutjobs/common"))
-        if (include.isQuoted && !include.target.starts_with("platform/"))
+        if (include.isQuoted && !include.target.starts_with("platform/")) {
             EXPECT_TRUE(include.target.starts_with(common)) << include.place();
+        }
 }
 
 TEST(Includes, PlatformHasHeadersOnly)
@@ -265,8 +267,9 @@ TEST(Includes, ExactGeometryLibraryIsSeenByItsFolderAlone)
             heavyHeaders.insert(include.file);
         }
     for (Include const& include : all)
-        if (heavyHeaders.contains(include.target))
+        if (heavyHeaders.contains(include.target)) {
             EXPECT_TRUE(include.file.starts_with("host/services/exact/")) << include.place();
+        }
 }
 
 TEST(Includes, CutsKnowNothingOfTheRepair)
@@ -338,6 +341,7 @@ TEST(Includes, ModuleIsKnownToNobody)
 {
     for (std::string const& folder : plugInFolders)
         for (Include const& include : includesBelow(folder))
-            if (folder != "module")
+            if (folder != "module") {
                 EXPECT_NE(firstFolderOf(include.target), "module") << include.place();
+            }
 }

@@ -19,6 +19,28 @@ TEST(FreecutCommandLine, TellsItsVersion)
     EXPECT_EQ(result.output.find("freecut "), 0u) << result.output;
 }
 
+TEST(FreecutCommandLine, AnUnknownOptionIsNamedWithTheNearestOne)
+{
+    FreecutFolder const folder;
+    auto const errorsOf = [&](std::vector<std::string> const& arguments) {
+        auto const result = folder.run(arguments);
+        EXPECT_EQ(result.status, 2);
+        return result.errors;
+    };
+    EXPECT_EQ(errorsOf({"--verson"}),
+              "freecut: \"--verson\" is no option of freecut. Did you mean \"--version\"?\n");
+    EXPECT_EQ(errorsOf({"section", "block.stl", "--nromal=0,0,1"}),
+              "freecut: \"--nromal\" is no option of freecut section. Did you mean "
+              "\"--normal\"?\n");
+    EXPECT_EQ(errorsOf({"zcut", "block.stl", "--height", "1", "--xyzzyxyzzy"}),
+              "freecut: \"--xyzzyxyzzy\" is no option of freecut zcut. See freecut zcut --help.\n");
+    // What is known is not to blame, nor are names of files.
+    EXPECT_NE(errorsOf({"section", "block.stl", "--normal", "0,0,1"}).find("--center"),
+              std::string::npos);
+    EXPECT_EQ(errorsOf({"zcut", "--", "--verson"}).find("is no option"), std::string::npos);
+    EXPECT_EQ(folder.run({"zcut", "--help"}).status, 0);
+}
+
 TEST(FreecutCommandLine, AnUnknownCommandIsNamedWithTheNearestOne)
 {
     FreecutFolder const folder;

@@ -94,7 +94,7 @@ protected:
     {
         EXPECT_TRUE(ui().ok->isEnabled());
         ui().ok->click();
-        EXPECT_TRUE(comesTrue([] { return !dialog(); }));
+        EXPECT_TRUE(waitUntil([] { return !dialog(); }));
         std::vector<std::string> pieces;
         Formats::MeshFormat const& stl = *Formats::FormatRegistry::instance().byName("stl");
         for (Mesh::DocumentObject* const part : scene.test.document->getMeshObjects()) {

@@ -135,7 +135,8 @@ struct Recorded
     std::size_t milliseconds;
 };
 
-Recorded record(SECTIONCUTTYPE type, int partCount, bool isPin, float gap)
+/// reach  how far connectors reach from the plane; the block ends 10 mm below and 20 mm above it
+Recorded record(SECTIONCUTTYPE type, int partCount, bool isPin, float gap, float reach)
 {
     TestDocument test;
     PluggedSink const sink;
@@ -150,8 +151,10 @@ Recorded record(SECTIONCUTTYPE type, int partCount, bool isPin, float gap)
     pins.faceclearance = gap;
     // One is enough.
     pins.spacing = 100;
+    pins.height = reach;
     LapJointParas joint;
     joint.frontClearance = gap;
+    joint.notchDepth = reach;
     SectionCutImp worker(nullptr);
     worker.setObjects(parts);
     worker.setCutType(type);
@@ -198,7 +201,7 @@ TEST(SectionProgress, OfAPlainCutGivesEachPartItsShare)
             expected.push_back((part + 1) * 100 / partCount);
         }
         expected.push_back(100);
-        expectSequence(record(SECTIONCUT_PLANE, partCount, true, 0), expected);
+        expectSequence(record(SECTIONCUT_PLANE, partCount, true, 0, 3), expected);
     }
 }
 
@@ -211,7 +214,19 @@ TEST(SectionProgress, OfConnectorsGivesEachStageItsShare)
     for (Form const& form : forms())
         for (int const partCount : {1, 2, 3}) {
             SCOPED_TRACE(testing::Message() << form.name << " in " << partCount << " parts");
-            expectSequence(record(form.type, partCount, form.isPin, form.gap),
+            // Connectors that leave the part are combined with it.
+            expectSequence(record(form.type, partCount, form.isPin, form.gap, 30),
                            expectedOf(form, partCount, planeCut, boolean));
+        }
+}
+
+TEST(SectionProgress, OfConnectorsThatMeetTheFaceAloneTellsTheEndOfEachSpan)
+{
+    Values const planeCut = reportsOfPlaneCut();
+    for (Form const& form : forms())
+        for (int const partCount : {1, 2, 3}) {
+            SCOPED_TRACE(testing::Message() << form.name << " in " << partCount << " parts");
+            expectSequence(record(form.type, partCount, form.isPin, form.gap, 3),
+                           expectedOf(form, partCount, planeCut, {100}));
         }
 }

@@ -83,7 +83,7 @@ protected:
     void settle() const
     {
         QCoreApplication::processEvents();
-        ASSERT_TRUE(comesTrue([&] { return !preview().runner().isBusy(); }));
+        ASSERT_TRUE(waitUntil([&] { return !preview().runner().isBusy(); }));
         QCoreApplication::processEvents();
     }
     bool isSomethingShown() const { return preview().item() && preview().item()->isWorking(); }
@@ -133,7 +133,7 @@ protected:
         auto const counting =
             QObject::connect(EventNotify::instance(), &EventNotify::endEvent, [&] { ++ended; });
         ui().ok->click();
-        ASSERT_TRUE(comesTrue([&] { return ended > 0; }));
+        ASSERT_TRUE(waitUntil([&] { return ended > 0; }));
         QObject::disconnect(counting);
     }
     /// How many pins the lower piece has.
@@ -479,4 +479,17 @@ TEST(ConnectorPicking, AHoleOfTheSectionIsNotOnIt)
     EXPECT_EQ(*ConnectorPicking::snapped({-2.8f, 2, 0}, survey, 0.5f), Point(-3, 2, 0));
     EXPECT_EQ(*ConnectorPicking::snapped({0.75f, 0.5f, 0}, survey, 0.5f), Point(1, 0.5f, 0));
     EXPECT_FALSE(ConnectorPicking::snapped({3, 0, 0}, survey, 0.5f));
+}
+
+TEST_F(Preview, ASurveyThatFailsLeavesNothingOfTheOneBefore)
+{
+    openWithPins();
+    ASSERT_FALSE(connectors().empty());
+    auto& work = static_cast<Freecut::NewestWork&>(preview().runner());
+    work.ask(
+        [](Freecut::NewestWork::Poll const&) -> std::function<void()> { throw std::bad_alloc(); });
+    work.finish();
+    EXPECT_TRUE(preview().runner().result().surveys.empty());
+    EXPECT_TRUE(preview().text().contains("There is not enough free memory"));
+    EXPECT_FALSE(isSomethingShown());
 }

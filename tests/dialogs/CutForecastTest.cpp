@@ -5,6 +5,7 @@
 #include "dialogs/ToolButton.h"
 #include "display/NewestWork.h"
 #include "platform/jobs/EventNotify.h"
+#include "platform/jobs/Exceptions.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/DialogWindowManager.h"
 #include "platform/ui/DisplayUnit.h"
@@ -31,6 +32,8 @@
 #include <cmath>
 #include <condition_variable>
 #include <mutex>
+#include <new>
+#include <stdexcept>
 
 namespace {
 
@@ -86,7 +89,7 @@ protected:
     void settle() const
     {
         QCoreApplication::processEvents();
-        ASSERT_TRUE(comesTrue([&] { return !forecast().work().isBusy(); }));
+        ASSERT_TRUE(waitUntil([&] { return !forecast().work().isBusy(); }));
         QCoreApplication::processEvents();
     }
     std::vector<VolumeForecast> const& parts() const { return forecast().result().forecasts; }
@@ -280,9 +283,9 @@ TEST_F(Forecast, IsWhatTheCutThenMakes)
     QPointer<DialogPolygoncut> const open = dialog;
     ui().ok->click();
     EXPECT_FALSE(forecast().item());
-    ASSERT_TRUE(comesTrue([&] { return ended > 0; }));
+    ASSERT_TRUE(waitUntil([&] { return ended > 0; }));
     QObject::disconnect(counting);
-    ASSERT_TRUE(comesTrue([&] {
+    ASSERT_TRUE(waitUntil([&] {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return open.isNull();
     }));
@@ -316,12 +319,39 @@ TEST(NewestWork, DoesTheFirstAndTheLastOfManyRequestsAndSkipsThoseBetween)
         isOpen = true;
     }
     changed.notify_all();
-    ASSERT_TRUE(comesTrue([&] { return !work.isBusy(); }));
+    ASSERT_TRUE(waitUntil([&] { return !work.isBusy(); }));
     ASSERT_FALSE(done.empty());
     EXPECT_EQ(done.back(), 9);
     // The first may have begun before the others were asked for.
     EXPECT_LE(done.size(), 2u);
     EXPECT_EQ(told, done);
+}
+
+TEST(NewestWork, TellsWhyWorkCameToNothing)
+{
+    NewestWork work;
+    int told = 0;
+    QObject::connect(&work, &NewestWork::ready, [&] { ++told; });
+    auto const failureOf = [&](auto const& failure) {
+        work.ask([&](NewestWork::Poll const&) -> std::function<void()> { throw failure; });
+        work.finish();
+        EXPECT_FALSE(work.isBusy());
+        return work.failure().toStdString();
+    };
+    EXPECT_EQ(failureOf(std::bad_alloc()),
+              "There is not enough free memory; close other programs and try again.");
+    EXPECT_EQ(failureOf(Mell::Exception("The part is open.")), "The part is open.");
+    EXPECT_EQ(failureOf(std::runtime_error("A library's.")), "A library's.");
+    EXPECT_EQ(failureOf(42), "This could not be found out.");
+    EXPECT_EQ(told, 4);
+    bool isDone = false;
+    work.ask([&](NewestWork::Poll const&) { return [&] { isDone = true; }; });
+    work.finish();
+    EXPECT_TRUE(isDone);
+    EXPECT_TRUE(work.failure().isEmpty());
+    failureOf(std::bad_alloc());
+    work.drop();
+    EXPECT_TRUE(work.failure().isEmpty());
 }
 
 TEST(NewestWork, GivesOldWorkUpForNewerAndTellsNothingOfWhatWasDropped)
@@ -339,10 +369,10 @@ TEST(NewestWork, GivesOldWorkUpForNewerAndTellsNothingOfWhatWasDropped)
         for (;;)
             poll();
     });
-    ASSERT_TRUE(comesTrue([&] { return hasBegun.load(); }));
+    ASSERT_TRUE(waitUntil([&] { return hasBegun.load(); }));
     work.drop();
     EXPECT_FALSE(work.isBusy());
-    ASSERT_TRUE(comesTrue([&] { return isLeft.load(); }));
+    ASSERT_TRUE(waitUntil([&] { return isLeft.load(); }));
     work.ask([&](NewestWork::Poll const&) { return [&] { isTold = true; }; });
     work.finish();
     EXPECT_TRUE(isTold);

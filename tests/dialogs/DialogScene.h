@@ -11,8 +11,7 @@
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/ScratchSettings.h"
 #include "tests/support/TestDocument.h"
-
-#include <QElapsedTimer>
+#include "tests/support/WaitUntil.h"
 
 /// A main window with a view from above on one document of parts, with the commands of the plug-in
 /// and settings of its own. Nothing of it is shown.
@@ -41,14 +40,3 @@ public:
     MainWindow window;
     Mesh::GLView view;
 };
-
-/// Handles events until a condition holds or twenty seconds are over.
-template <typename Condition>
-bool comesTrue(Condition const& condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < 20000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}

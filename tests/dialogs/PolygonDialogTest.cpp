@@ -297,12 +297,12 @@ TEST_F(PolygonDialog, WhatIsFoundOutAboutALongOutlineFollowsItFromTheBackground)
     drawTriangle();
     showLongOutline();
     find<QCheckBox>("Clearance")->click();
-    ASSERT_TRUE(comesTrue([&] { return !background().isBusy(); }));
+    ASSERT_TRUE(waitUntil([&] { return !background().isBusy(); }));
     typeClearance(30);
     EXPECT_TRUE(background().isBusy());
     EXPECT_TRUE(ui().problem->text().isEmpty());
     EXPECT_TRUE(
-        comesTrue([&] { return ui().problem->text().startsWith("The clearance leaves nothing"); }));
+        waitUntil([&] { return ui().problem->text().startsWith("The clearance leaves nothing"); }));
 }
 
 TEST_F(PolygonDialog, CutsALongOutlineWithTheClearanceTypedLast)
@@ -315,7 +315,7 @@ TEST_F(PolygonDialog, CutsALongOutlineWithTheClearanceTypedLast)
     EXPECT_TRUE(background().isBusy());
     ui().ok->click();
     QPointer<DialogPolygoncut> const open(dialog);
-    ASSERT_TRUE(comesTrue([&] { return open.isNull(); }));
+    ASSERT_TRUE(waitUntil([&] { return open.isNull(); }));
     dialog = nullptr;
     double volume = 0;
     for (Mesh::DocumentObject* const part : scene.test.document->getMeshObjects())
@@ -330,7 +330,7 @@ TEST_F(PolygonDialog, CutsAndClosesInOneStep)
     ui().removeOriginal->setChecked(true);
     ui().ok->click();
     QPointer<DialogPolygoncut> const open(dialog);
-    ASSERT_TRUE(comesTrue([&] { return open.isNull(); }));
+    ASSERT_TRUE(waitUntil([&] { return open.isNull(); }));
     dialog = nullptr;
     std::vector<Mesh::DocumentObject*> const parts = scene.test.document->getMeshObjects();
     ASSERT_EQ(parts.size(), 2u);

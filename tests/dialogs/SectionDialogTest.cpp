@@ -96,7 +96,7 @@ protected:
     {
         JobEvents const events;
         ui().ok->click();
-        ASSERT_TRUE(comesTrue([&] { return events.ended > 0; }));
+        ASSERT_TRUE(waitUntil([&] { return events.ended > 0; }));
         EXPECT_EQ(events.started, 1);
         EXPECT_EQ(events.ended, 1);
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/jobs/Exceptions.h"
 #include "platform/services/FlawPlaces.h"
 #include "platform/services/Repair.h"
 #include "tests/support/MeshBuilders.h"
@@ -125,4 +126,35 @@ TEST(FlawPlaces, AreNoMoreThanAskedOfEachKind)
     }
     EXPECT_EQ(check(soup).places.size(), 9u);
     EXPECT_EQ(check(soup, 5).places.size(), 5u);
+}
+
+TEST(FlawPlaces, CanBeGivenUpWhereverTheSearchTakesLong)
+{
+    // Nothing but crossings in the one, nothing but open edges in the other.
+    Soup crossing = sphere(10, 60, 120);
+    Soup other = sphere(10, 60, 120);
+    for (auto& point : other.points)
+        point.X() += 7;
+    crossing.append(other);
+    Soup open = sphere(10, 60, 120);
+    open.triangles.pop_back();
+    for (Soup const& soup : {crossing, open}) {
+        auto const kernel = kernelOf(soup);
+        Repair::EvaluateErrors errors(kernel.get());
+        errors.evaluate(Repair::EvaluateErrors::ERROR_ALL, false, true, {});
+        int polls = 0;
+        auto const counted = Repair::placesOf(*errors.survey(), 1000, [&] { ++polls; });
+        EXPECT_EQ(counted.size(), Repair::placesOf(*errors.survey(), 1000).size());
+        ASSERT_GT(polls, 1);
+        // At whichever poll it is.
+        for (int last = 1; last <= polls; ++last) {
+            int left = last;
+            EXPECT_THROW(Repair::placesOf(*errors.survey(), 1000,
+                                          [&] {
+                                              if (--left == 0)
+                                                  throw Mell::AbortException("Aborting...");
+                                          }),
+                         Mell::AbortException);
+        }
+    }
 }

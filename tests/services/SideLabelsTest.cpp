@@ -68,6 +68,51 @@ bool doSidesAgree(Soup const& part, Soup const& tool)
     return SoupBoolean(soup).resolve(std::move(contacts), sources, progress);
 }
 
+/// A shell with triangles that are folded onto others in the plane z = 2.
+Soup foldedShell()
+{
+    Soup soup;
+    for (auto const& p : std::initializer_list<UPoint3<float>>{
+             {2, 2, 2}, {-1, -1, 2}, {5, 2, 2}, {2, 3, 2}, {2, 3, 6}, {5, 3, 2}})
+        soup.add(p);
+    for (auto const& t : {MeshArrays::Corners{0, 1, 4},
+                          {0, 4, 3},
+                          {1, 2, 5},
+                          {1, 5, 4},
+                          {2, 0, 3},
+                          {2, 3, 5},
+                          {0, 2, 1},
+                          {3, 4, 5}})
+        soup.add(t[0], t[1], t[2]);
+    return soup;
+}
+
+/// A prism whose lower cap has a corner beyond the edge of the triangle beside it, so that a thin
+/// triangle is folded onto the cap.
+Soup capWithAFold()
+{
+    Soup soup = box(4, 4, 4);
+    soup.joinPoints();
+    // A point on the cap's diagonal goes beyond a side of one of the two triangles.
+    std::size_t const cap = std::size_t(std::find_if(soup.triangles.begin(), soup.triangles.end(),
+                                                     [&](auto const& t) {
+                                                         return soup.points[t[0]].Z() == 0 &&
+                                                                soup.points[t[1]].Z() == 0 &&
+                                                                soup.points[t[2]].Z() == 0;
+                                                     }) -
+                                        soup.triangles.begin());
+    auto const t = soup.triangles[cap];
+    auto const& a = soup.points[t[0]];
+    auto const& b = soup.points[t[1]];
+    auto const& c = soup.points[t[2]];
+    // Beyond the edge from a to b.
+    auto const beyond = soup.add(a + (b - a) * 0.5f - (c - a) * 0.1f);
+    soup.triangles[cap] = {t[0], t[1], beyond};
+    soup.add(t[1], t[2], beyond);
+    soup.add(t[2], t[0], beyond);
+    return soup;
+}
+
 /// A box with a tetrahedron in it that has a corner of the box for its tip.
 Soup boxAroundATetrahedron()
 {
@@ -102,6 +147,14 @@ TEST(SideLabels, AgreeForAPartAndItsCopyThatCrossThemselves)
 {
     Soup const part = together({box(4, 4, 2), box(2, 2, 4, {1, 1, 1}), box(1, 5, 1, {3, -1, 1})});
     EXPECT_TRUE(doSidesAgree(part, part));
+}
+
+// Caps of tools with a thousand corners had such triangles: all of the part went the slow way.
+TEST(SideLabels, AgreeWhereATriangleIsFoldedOntoItsNeighbour)
+{
+    EXPECT_TRUE(doSidesAgree(box(3, 1, 4, {1, 1, 1}), capWithAFold()));
+    EXPECT_TRUE(doSidesAgree(box(3, 2, 1, {1, 1, 1}), foldedShell()));
+    EXPECT_TRUE(doSidesAgree(box(3, 2, 3, {1, 1, 0}), foldedShell()));
 }
 
 // What is around the common vertex lies outside the box and inside it.

@@ -9,6 +9,7 @@
 #include "tests/support/SkipReasons.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/ViewEvents.h"
+#include "tests/support/WaitUntil.h"
 
 #include <gtest/gtest.h>
 
@@ -19,17 +20,6 @@
 #include <QWindow>
 
 #include <memory>
-
-/// Lets the window system do what it has to do, until a condition holds or two seconds are over.
-template <typename Condition>
-bool waitUntil(Condition const& condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < 2000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return condition();
-}
 
 inline bool hasDisplay()
 {

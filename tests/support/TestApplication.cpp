@@ -7,10 +7,14 @@
 
 #include <QDeadlineTimer>
 #include <QEvent>
+#include <QRunnable>
 #include <QThread>
+#include <QThreadPool>
 
 #include <dlfcn.h>
+#include <functional>
 #include <sanitizer/tsan_interface.h>
+#include <utility>
 
 namespace {
 
@@ -26,13 +30,36 @@ Function* original(char const* symbol)
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, symbol));
 }
 
+/// Work for a pool, ordered by its own address: that is known before anything of it is read.
+class OrderedWork : public QRunnable
+{
+public:
+    OrderedWork(QThreadPool& pool, std::function<void()> work)
+        : m_pool(pool), m_work(std::move(work))
+    {}
+
+    void run() override
+    {
+        __tsan_acquire(this);
+        m_work();
+        m_work = {};
+        __tsan_release(&m_pool);
+    }
+
+private:
+    QThreadPool& m_pool;
+    std::function<void()> m_work;
+};
+
 }  // namespace
 
 bool TestApplication::notify(QObject* receiver, QEvent* event)
 {
     // Both types reach a receiver only through the queue of its thread.
-    if (event->type() == QEvent::MetaCall || event->type() == QEvent::DeferredDelete)
+    if (event->type() == QEvent::MetaCall || event->type() == QEvent::DeferredDelete) {
         __tsan_acquire(&eventQueues);
+        __tsan_acquire(receiver);
+    }
     bool const isHandled = QApplication::notify(receiver, event);
     __tsan_release(QThread::currentThread());
     return isHandled;
@@ -47,6 +74,36 @@ void QMetaObject::activate(QObject* sender, QMetaObject const* type, int signal,
         "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
     __tsan_release(&eventQueues);
     activateInQt(sender, type, signal, arguments);
+}
+
+bool QMetaObject::invokeMethodImpl(QObject* object, QtPrivate::QSlotObjectBase* slot,
+                                   Qt::ConnectionType type, void* result)
+{
+    static auto* const invokeInQt =
+        original<bool(QObject*, QtPrivate::QSlotObjectBase*, Qt::ConnectionType, void*)>(
+            "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt"
+            "14ConnectionTypeEPv");
+    __tsan_release(object);
+    return invokeInQt(object, slot, type, result);
+}
+
+void QThreadPool::start(std::function<void()> work, int priority)
+{
+    static auto* const startInQt =
+        original<void(QThreadPool*, QRunnable*, int)>("_ZN11QThreadPool5startEP9QRunnablei");
+    auto* const ordered = new OrderedWork(*this, std::move(work));
+    __tsan_release(ordered);
+    startInQt(this, ordered, priority);
+}
+
+bool QThreadPool::waitForDone(int milliseconds)
+{
+    static auto* const waitInQt =
+        original<bool(QThreadPool*, int)>("_ZN11QThreadPool11waitForDoneEi");
+    bool const isDone = waitInQt(this, milliseconds);
+    if (isDone)
+        __tsan_acquire(this);
+    return isDone;
 }
 
 void QThread::quit()

@@ -10,12 +10,17 @@
 /// tells it of the ways in which Qt orders threads here:
 ///
 /// - what a thread did before it emitted a signal comes before every queued slot that runs later;
+/// - what a thread did before it queued a call to an object comes before what that object is called
+///   for later;
+/// - what a thread did before it gave work to a thread pool comes before that work, and the work
+///   before waitForDone() returns;
 /// - what a thread did before QThread::quit() comes before the deletions that follow the loop's
 /// end;
 /// - what an event loop's thread did comes before QThread::wait() on that thread returns.
 ///
-/// Nothing else becomes ordered: what a thread does after it has emitted is still a race with the
-/// slot. Parallel loops run on the thread that starts them.
+/// Nothing else becomes ordered: what a thread does after it has emitted or queued is still a race
+/// with the slot, and what it does after it has given work away with the work. Parallel loops run on
+/// the thread that starts them.
 class TestApplication : public QApplication
 {
 public:

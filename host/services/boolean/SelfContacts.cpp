@@ -2,6 +2,7 @@
 #include "host/services/boolean/SelfContacts.h"
 
 #include "host/services/Polling.h"
+#include "host/services/TrianglePair.h"
 
 #include <algorithm>
 #include <functional>
@@ -66,13 +67,40 @@ private:
         int shared = 0;
         for (std::uint32_t const corner : a)
             shared += std::find(b.begin(), b.end(), corner) != b.end();
-        if (shared > 1)
+        if (shared > 1) {
+            if (shared == 2 && doTrianglesMeet(m_mesh, t, u))
+                joinAtFold(t, u);
             return;
+        }
         TriangleContact const contact =
             contactOf({m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)},
                       {m_mesh.point(u, 0), m_mesh.point(u, 1), m_mesh.point(u, 2)});
         if (contact.count > (shared == 1 ? 1 : 0) || (contact.isCoplanar && shared == 0))
             m_pairs.push_back({t, u, contact});
+    }
+
+    /// Neighbours in one plane that lie on each other: what lies on one of them ends at their edge.
+    void joinAtFold(std::uint32_t t, std::uint32_t u)
+    {
+        Corners const& a = m_mesh.triangles[t];
+        Corners const& b = m_mesh.triangles[u];
+        std::size_t const apexA = apexOf(a, b), apexB = apexOf(b, a);
+        auto const useOf = [](Corners const& c, std::size_t apex, std::uint32_t triangle) {
+            std::size_t const k = (apex + 1) % 3, l = (apex + 2) % 3;
+            auto const [low, high] = std::minmax(c[k], c[l]);
+            return EdgeUse{low, high, triangle, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)};
+        };
+        joinAtEdge(useOf(a, apexA, t), useOf(b, apexB, u));
+        m_pairs.back().contact.isCoplanar = true;
+    }
+
+    /// The corner of a triangle that its neighbour does not have.
+    static std::size_t apexOf(Corners const& corners, Corners const& neighbour)
+    {
+        std::size_t k = 0;
+        while (std::find(neighbour.begin(), neighbour.end(), corners[k]) != neighbour.end())
+            ++k;
+        return k;
     }
 
     /// Edges of suspects that do not join two triangles that agree.

@@ -8,8 +8,8 @@
 
 /// The contacts of a mesh's triangles with each other that divide what is around its surface: where
 /// triangles cross or lie on each other, and along edges that have more or fewer than two triangles
-/// or that two run along the same way. Neighbours that have just their edge in common are no
-/// contact. Works on one thread.
+/// or that two run along the same way, or at which neighbours are folded onto each other. Neighbours
+/// that have just their edge in common are no contact. Works on one thread.
 ///
 /// tree      over the mesh, whose triangles all have an area
 /// suspects  the triangles that may meet others or be at such an edge
