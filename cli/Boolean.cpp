@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Throws UsageError for a file that holds several solids.
+/// Throws UsageError for a file that holds several solids, or a folder that holds several files.
 void checkSolids(std::vector<CutPart> const& parts)
 {
     auto const isInFile = [](CutPart const& part) { return part.isOnlyOfFile; };
@@ -20,6 +20,9 @@ void checkSolids(std::vector<CutPart> const& parts)
     if (extra != parts.end())
         throw UsageError("A boolean takes one solid from each file, but " + extra->source +
                          " holds several; put each into a file of its own.");
+    if (parts.size() != 2)
+        throw UsageError("A boolean takes two files, but " + std::to_string(parts.size()) +
+                         " were given.");
 }
 
 int runBoolean(BooleanOptions const& options)

@@ -51,8 +51,14 @@ SourceScale CommonOptions::scale() const
     return {*scale, unitLength};
 }
 
-void addKeepGoing(CLI::App& command, bool& keepGoing)
+void addManyFiles(CLI::App& command, CommonOptions& common, bool& keepGoing)
 {
+    command.get_option("FILE")->description(
+        "The parts: STL, OBJ, PLY, OFF or 3MF files, folders of these, or patterns in quotes such "
+        "as "
+        "\"parts/*.stl\"");
+    command.add_flag("--recursive", common.isRecursive,
+                     "Take the files of folders within folders too");
     command.add_flag("--keep-going", keepGoing,
                      "Carry on with the other files when one fails; the exit status tells that "
                      "one did");

@@ -22,6 +22,8 @@ struct CommonOptions
     /// One of the units that the command line knows.
     std::string unit = "mm";
     bool quiet = false;
+    /// Folders stand for the files of the folders in them too.
+    bool isRecursive = false;
 
     void addTo(CLI::App& command);
 
@@ -31,8 +33,9 @@ struct CommonOptions
     bool wantsTable() const { return !quiet && report != "-"; }
 };
 
-/// What is said of a file that fails does not end the command.
-void addKeepGoing(CLI::App& command, bool& keepGoing);
+/// For commands that take any number of files: these may be in folders, and one that fails does not
+/// end the command.
+void addManyFiles(CLI::App& command, CommonOptions& common, bool& keepGoing);
 
 /// Plugs the progress line in and limits the threads. Throws UsageError for what is wrong in the
 /// options.

@@ -9,7 +9,7 @@
 void CutOptions::addSources(CLI::App& command)
 {
     common.addTo(command);
-    addKeepGoing(command, keepGoing);
+    addManyFiles(command, common, keepGoing);
 }
 
 void CutOptions::addRepair(CLI::App& command)

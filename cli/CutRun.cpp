@@ -8,6 +8,7 @@
 #include "cli/OtherFileError.h"
 #include "cli/PieceMending.h"
 #include "cli/SavePieces.h"
+#include "cli/SourceList.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
@@ -100,7 +101,8 @@ void CutRun::cut(CutPart& part, std::function<void()> const& job)
 
 void CutRun::readParts()
 {
-    for (std::string const& file : m_options.common.files)
+    for (std::string const& file :
+         sourceFiles(m_options.common.files, m_options.common.isRecursive))
         readFile(file);
 }
 

@@ -3,6 +3,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Numbers.h"
 #include "cli/SourceFiles.h"
+#include "cli/SourceList.h"
 #include "cli/SubCommands.h"
 #include "host/services/PartReview.h"
 #include "platform/jobs/Exceptions.h"
@@ -112,7 +113,8 @@ int runInfo(InfoOptions const& options)
     std::optional<Failure> failure;
     std::size_t errors = 0;
     report.time("check", [&] {
-        for (std::string const& file : options.common.files)
+        for (std::string const& file :
+             sourceFiles(options.common.files, options.common.isRecursive))
             try {
                 errors += tellOf(file, options.common, parts);
             } catch (Mell::AbortException const&) {
@@ -141,7 +143,7 @@ void addInfo(CLI::App& commandLine, Action& action)
         "info", "Tell size, volume and errors of parts. All numbers are millimetres.");
     auto const options = std::make_shared<InfoOptions>();
     options->common.addTo(*command);
-    addKeepGoing(*command, options->keepGoing);
+    addManyFiles(*command, options->common, options->keepGoing);
     command->add_flag("--check", options->check, "Fail with exit status 1 if a part has errors");
     command->footer(
         "Examples:\n"

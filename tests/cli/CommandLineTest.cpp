@@ -132,7 +132,8 @@ TEST(FreecutCommandLine, PartsAreScaledFirst)
     auto const result =
         folder.run({"zcut", "inch.stl", "--scale", "25.4", "--height", "12.7", "--json", "-"});
     ASSERT_EQ(result.status, 0) << result.errors;
-    for (auto const& piece : result.json()["parts"][0]["pieces"])
+    auto const report = result.json();
+    for (auto const& piece : report["parts"][0]["pieces"])
         EXPECT_NEAR(piece["volume"].get<double>(), 25.4 * 25.4 * 12.7, 1e-2);
     for (std::string const scale : {"0", "-1", "big", "nan"})
         EXPECT_EQ(folder.run({"info", "inch.stl", "--scale", scale}).status, 2) << scale;

@@ -57,7 +57,6 @@ bool ResultCheck::acceptsAround(ToolTree const& result, BooleanRule rule,
 {
     static constexpr std::array<std::array<double, 3>, 3> ways{
         {{0, 0, 0}, {0.51, 0.67, -0.53}, {-0.61, 0.37, 0.71}}};
-    int wrong = 0;
     std::optional<std::array<int, 2>> first;
     for (auto const& way : ways) {
         RayOrigin const p(UPoint3<float>(float(centre.X() + reach * way[0]),
@@ -68,7 +67,8 @@ bool ResultCheck::acceptsAround(ToolTree const& result, BooleanRule rule,
             return true;
         first = {*inPart, *inTool};
         auto const inResult = result.windingAt(p);
-        wrong += !inResult || *inResult != rule.layersAt(*inPart, *inTool > 0);
+        if (inResult && *inResult == rule.layersAt(*inPart, *inTool > 0))
+            return true;
     }
-    return wrong < int(ways.size());
+    return false;
 }
