@@ -10,6 +10,8 @@
 #include <QEvent>
 #include <QTimer>
 
+#include <memory>
+
 namespace Freecut {
 
 namespace {
@@ -51,16 +53,27 @@ bool boxIsMet(UBox3<float> const& box, MissedParts::Scene const& scene)
     return sides.areBoth();
 }
 
-/// Where the plane meets the part the first points tell it, for they lie on both sides soon.
-bool isMet(Mesh::DocumentObject const& part, MissedParts::Scene const& scene)
+/// A part, as values.
+struct Candidate
 {
-    MeshKernel const* const kernel = kernelOfPart(&part);
-    if (!kernel || !boxIsMet(part.getBoundingBox(), scene))
-        return !kernel;
+    QString name;
+    UMatrix4<float> matrix;
+    /// Null if its box is not met: then no point has to be looked at.
+    std::shared_ptr<UMesh<float> const> mesh;
+};
+
+/// Where the plane meets the part the first points tell it, for they lie on both sides soon.
+bool isMet(Candidate const& part, MissedParts::Scene const& scene, NewestWork::Poll const& poll)
+{
+    if (!part.mesh)
+        return false;
+    constexpr std::size_t betweenPolls = 1 << 14;
     Sides sides;
-    auto const mesh = kernel->readMesh();
-    for (auto const* const vertex : mesh->vertices) {
-        sides.offer(heightOf(kernel->getMatrix() * vertex->cP(), scene));
+    std::size_t count = 0;
+    for (auto const* const vertex : part.mesh->vertices) {
+        if (++count % betweenPolls == 0)
+            poll();
+        sides.offer(heightOf(part.matrix * vertex->cP(), scene));
         if (sides.areBoth())
             return true;
     }
@@ -87,6 +100,10 @@ MissedParts::MissedParts(QWidget* parent) : QLabel(parent)
     setWordWrap(true);
     setTextFormat(Qt::RichText);
     hide();
+    connect(&m_work, &NewestWork::ready, this, [this] {
+        if (!m_work.failure().isEmpty())
+            tell({});
+    });
 }
 
 void MissedParts::refresh()
@@ -103,16 +120,38 @@ void MissedParts::refresh()
 void MissedParts::look()
 {
     std::optional<Scene> const scene = m_scene ? m_scene() : std::nullopt;
-    std::vector<Mesh::DocumentObject const*> missed;
+    std::vector<Candidate> candidates;
+    bool areBoxesEnough = true;
     if (scene)
         for (Mesh::DocumentObject const* const part : scene->parts)
-            if (!isMet(*part, *scene))
-                missed.push_back(part);
+            if (MeshKernel const* const kernel = kernelOfPart(part)) {
+                bool const isNear = boxIsMet(part->getBoundingBox(), *scene);
+                candidates.push_back({QString::fromStdString(part->getName()), kernel->getMatrix(),
+                                      isNear ? kernel->readMesh() : nullptr});
+                areBoxesEnough = areBoxesEnough && !isNear;
+            }
+    if (areBoxesEnough) {
+        m_work.drop();
+        QStringList names;
+        for (Candidate const& part : candidates)
+            names << part.name;
+        return tell(names);
+    }
+    m_work.ask([this, plane = *scene, candidates](NewestWork::Poll const& poll) {
+        QStringList missed;
+        for (Candidate const& part : candidates)
+            if (!isMet(part, plane, poll))
+                missed << part.name;
+        return [this, missed] { tell(missed); };
+    });
+}
+
+void MissedParts::tell(QStringList const& missed)
+{
     setVisible(!missed.empty());
     if (missed.empty())
         return clear();
-    QString const first = QString::fromStdString(missed.front()->getName());
-    QString const text = textFor(first, int(missed.size()) - 1);
+    QString const text = textFor(missed.front(), missed.size() - 1);
     setText(QStringLiteral("<span style=\"color:%1\">%2</span>")
                 .arg(themeColor("caution").name(), text.toHtmlEscaped()));
 }

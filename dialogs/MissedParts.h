@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/NewestWork.h"
 #include "platform/geometry/UPoint3.h"
 
 #include <QLabel>
@@ -16,7 +17,8 @@ class DocumentObject;
 namespace Freecut {
 
 /// Warns before the cut of parts that the plane does not meet: a line of text with their names, or
-/// nothing. It is told of every change by refresh() and looks once the events are done.
+/// nothing. It is told of every change by refresh() and looks once the events are done: at the boxes
+/// of the parts at once, at the points of those whose box is met in the background.
 class MissedParts : public QLabel
 {
     Q_OBJECT
@@ -36,15 +38,19 @@ public:
     void setScene(std::function<std::optional<Scene>()> scene) { m_scene = std::move(scene); }
     /// Something may have changed.
     void refresh();
+    /// What looks at points.
+    NewestWork const& work() const { return m_work; }
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void look();
+    void tell(QStringList const& missed);
 
     std::function<std::optional<Scene>()> m_scene;
     bool m_isPending = false;
+    NewestWork m_work;
 };
 
 }  // namespace Freecut

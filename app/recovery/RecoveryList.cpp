@@ -38,6 +38,22 @@ QJsonArray matrixNumbers(UMatrix4<float> const& matrix)
     return numbers;
 }
 
+QJsonArray planeNumbers(ProjectObject const& look)
+{
+    QJsonArray numbers;
+    for (auto const& plane : look.cutPlanes)
+        for (double const number : plane)
+            numbers.append(number);
+    return numbers;
+}
+
+void readPlanes(QJsonArray const& numbers, ProjectObject& look)
+{
+    for (int i = 0; i + 3 < numbers.size(); i += 4)
+        look.cutPlanes.push_back({numbers[i].toDouble(), numbers[i + 1].toDouble(),
+                                  numbers[i + 2].toDouble(), numbers[i + 3].toDouble()});
+}
+
 QJsonObject objectOf(RecoveryList::Entry const& entry)
 {
     ProjectObject const& look = entry.look;
@@ -52,6 +68,10 @@ QJsonObject objectOf(RecoveryList::Entry const& entry)
     if (look.kind == ProjectObject::Kind::Part) {
         object.insert("mesh", bytesAsText(entry.meshFile));
         object.insert("matrix", matrixNumbers(entry.matrix));
+        if (look.cutFamily != 0) {
+            object.insert("family", double(look.cutFamily));
+            object.insert("cuts", planeNumbers(look));
+        }
     }
     return object;
 }
@@ -84,6 +104,8 @@ RecoveryList::Entry entryOf(QJsonObject const& object, std::filesystem::path con
         throw FileError(path, FileError::tr("it is not whole, and cannot be read."));
     for (int i = 0; i < matrixSize; ++i)
         entry.matrix.data()[i] = float(numbers[i].toDouble());
+    look.cutFamily = unsigned(object["family"].toDouble());
+    readPlanes(object["cuts"].toArray(), look);
     return entry;
 }
 

@@ -102,10 +102,9 @@ CutMemory placedMemory(MeshKernel const& kernel)
 /// What its pieces inherit.
 CutMemory familyOf(DocumentObject const& source)
 {
-    static unsigned lastFamily = 0;
     CutMemory memory = cutMemoryOf(source);
     if (memory.family == 0)
-        memory.family = ++lastFamily;
+        memory.family = newCutFamily();
     return memory;
 }
 
@@ -164,6 +163,22 @@ void rememberAs(MeshKernel const& before, MeshKernel const& after)
 {
     if (before.readMesh() && after.readMesh())
         setMemory(after.readMesh(), memoryOf(before.readMesh()));
+}
+
+CutMemory cutMemoryInRecords(MeshKernel const& kernel)
+{
+    return kernel.readMesh() ? memoryOf(kernel.readMesh()) : CutMemory();
+}
+
+void setCutMemoryInRecords(MeshKernel const& kernel, CutMemory memory)
+{
+    setMemory(kernel.readMesh(), std::move(memory));
+}
+
+unsigned newCutFamily()
+{
+    static unsigned lastFamily = 0;
+    return ++lastFamily;
 }
 
 }  // namespace Mesh

@@ -3,6 +3,7 @@
 
 #include "host/formats/MeshFormat.h"
 
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -33,6 +34,11 @@ struct ProjectObject
     unsigned color = 0;
     /// A part that carries support structures.
     bool isSupport = false;
+    /// Of a part that cuts have made: which parts of the project come from one, counted from 1, and the
+    /// planes of the cuts in the coordinates of its records, as a unit normal out of the part and the
+    /// distance along it. 0 for others.
+    unsigned cutFamily = 0;
+    std::vector<std::array<double, 4>> cutPlanes;
     /// Of a part: its records and its placement. Null for a group.
     std::shared_ptr<MeshKernel> kernel;
 };
@@ -40,7 +46,7 @@ struct ProjectObject
 /// Writes a project: a 3MF package in which every part is an object of its own, with its colour as
 /// a base material and its placement as the transform of its build item, so that other programs
 /// find the parts where they stand. What 3MF has no place for (groups, visibility, identifiers,
-/// the order of all objects) is an attachment that other programs pass over. Coordinates and
+/// the planes of cuts, the order of all objects) is an attachment that other programs pass over. Coordinates and
 /// placements come back bit by bit. The file appears under its name when it is complete, or not at
 /// all. The same objects give the same bytes.
 ///

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace Formats {
 namespace {
@@ -35,6 +36,44 @@ std::string hexText(unsigned rgba)
            std::string(digits.data(), end);
 }
 
+template <typename Number>
+std::string numberText(Number number)
+{
+    std::array<char, 32> digits;
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+}
+
+std::string planesText(std::vector<std::array<double, 4>> const& planes)
+{
+    std::string text;
+    for (auto const& plane : planes)
+        for (double const number : plane)
+            text += (text.empty() ? "" : " ") + numberText(number);
+    return text;
+}
+
+/// Nothing if it is not as planesText() writes it, with normals of length one.
+std::vector<std::array<double, 4>> planesFrom(std::string const& text)
+{
+    std::vector<std::array<double, 4>> planes;
+    char const* next = text.data();
+    char const* const end = next + text.size();
+    while (next != end) {
+        std::array<double, 4> plane;
+        for (double& number : plane) {
+            next += next != end && *next == ' ';
+            auto const read = std::from_chars(next, end, number);
+            if (read.ec != std::errc() || !std::isfinite(number))
+                return {};
+            next = read.ptr;
+        }
+        if (!(std::abs(std::hypot(plane[0], plane[1], plane[2]) - 1) < 1e-6))
+            return {};
+        planes.push_back(plane);
+    }
+    return planes;
+}
+
 std::string elementText(ProjectEntry const& entry)
 {
     ProjectObject const& object = entry.object;
@@ -50,6 +89,9 @@ std::string elementText(ProjectEntry const& entry)
         text += " support=\"yes\"";
     if (object.color != 0)
         text += attribute("color", hexText(object.color));
+    if (object.cutFamily != 0)
+        text += attribute("family", numberText(object.cutFamily)) +
+                attribute("cuts", planesText(object.cutPlanes));
     return text + "/>\n";
 }
 
@@ -74,6 +116,10 @@ ProjectEntry entryFrom(QXmlStreamAttributes const& attributes, ProjectObject::Ki
     object.isSupport = textOf(attributes, "support") == "yes";
     std::string const color = textOf(attributes, "color");
     std::from_chars(color.data(), color.data() + color.size(), object.color, 16);
+    std::string const family = textOf(attributes, "family");
+    std::from_chars(family.data(), family.data() + family.size(), object.cutFamily);
+    if (object.cutFamily != 0)
+        object.cutPlanes = planesFrom(textOf(attributes, "cuts"));
     return entry;
 }
 

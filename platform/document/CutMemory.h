@@ -56,4 +56,13 @@ void rememberSlices(DocumentObject const& source, std::vector<double> const& hei
 /// before  the kernel that it had
 void rememberAs(MeshKernel const& before, MeshKernel const& after);
 
+// For keeping it beyond the document: in the coordinates of the kernel's records, which do not change
+// with the placement.
+
+CutMemory cutMemoryInRecords(MeshKernel const& kernel);
+/// A family of 0 gives nothing.
+void setCutMemoryInRecords(MeshKernel const& kernel, CutMemory memory);
+/// One that no part has yet.
+unsigned newCutFamily();
+
 }  // namespace Mesh

@@ -110,6 +110,7 @@ TEST_F(MissedPartsWindow, AreToldByTheirPointsAndNotByTheirBoxes)
         distance = at;
         label.refresh();
         settle();
+        ASSERT_TRUE(waitUntil([&] { return !label.work().isBusy(); }));
         EXPECT_EQ(!label.isHidden(), isMissed) << at;
     }
     // Where it stands now, and not where its records are.
@@ -117,5 +118,6 @@ TEST_F(MissedPartsWindow, AreToldByTheirPointsAndNotByTheirBoxes)
     ring->translate({5, 5, 0}, 0);
     label.refresh();
     settle();
+    ASSERT_TRUE(waitUntil([&] { return !label.work().isBusy(); }));
     EXPECT_TRUE(label.isHidden());
 }

@@ -83,13 +83,16 @@ protected:
     /// The corners of the polygon.
     Points drawn() const { return polygonTool()->getPolygon()->getPoints(); }
 
-    /// Until the window rests, with the connectors of the section dialog shown.
+    /// Until the window rests, with the connectors of the section dialog shown, and what it misses.
     void settle() const
     {
+        auto const isLooking = [this] {
+            return sectionDialog() && (sectionDialog()->widgets().preview->runner().isBusy() ||
+                                       sectionDialog()->widgets().missed->work().isBusy());
+        };
         QElapsedTimer timer;
         timer.start();
-        while (timer.elapsed() < 120 ||
-               (sectionDialog() && sectionDialog()->widgets().preview->runner().isBusy()))
+        while (timer.elapsed() < 120 || isLooking())
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     QPoint positionOf(Point const& world) const

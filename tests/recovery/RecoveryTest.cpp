@@ -2,6 +2,7 @@
 #include "app/recovery/RecoveryOffer.h"
 #include "app/recovery/RecoveryPicture.h"
 #include "host/document/DocumentProject.h"
+#include "platform/document/CutMemory.h"
 #include "tests/app/FilesScene.h"
 #include "tests/app/ObjectStates.h"
 
@@ -110,6 +111,39 @@ TEST(Recovery, BringsADocumentBackAsItWas)
     Mesh::Document document;
     addProject(document, std::move(contents.objects));
     EXPECT_EQ(statesOf(document), before);
+}
+
+TEST(Recovery, BringsBackByWhichPlanesPartsWereCut)
+{
+    Application const application;
+    ScratchFolder const folder;
+    Mesh::Document document;
+    std::vector<Mesh::DocumentObject*> parts;
+    for (char const* const name : {"bar", "left", "right"}) {
+        auto* const part = new Mesh::DocumentObject;
+        float const x = parts.size() == 2 ? 20.0f : 0.0f;
+        part->meshProperty->setMesh(kernelOf(box(20, 10, 10, {x, 0, 0})).release(), true);
+        document.addObject(part, name, true);
+        parts.push_back(part);
+    }
+    Mesh::rememberCut(*parts[0], {{0.6, 0, 0.8}, 1.0 / 3}, *parts[1], *parts[2]);
+    parts[2]->translate({1, 2, 3}, 0);
+    RecoveryFolder::make(folder / "r")->write(recoveryStateOf(document, {}));
+    RecoveryFolder::Contents contents =
+        RecoveryFolder::leftOver(folder / "r").at(0)->read([](int) {});
+    Mesh::Document found;
+    addProject(found, std::move(contents.objects));
+    auto const all = found.getMeshObjects();
+    ASSERT_THAT(all, SizeIs(3));
+    EXPECT_EQ(Mesh::cutMemoryOf(*all[0]).family, 0u);
+    EXPECT_NE(Mesh::cutMemoryOf(*all[1]).family, 0u);
+    for (std::size_t i = 1; i < 3; ++i) {
+        auto const expected = Mesh::cutMemoryOf(*parts[i]), memory = Mesh::cutMemoryOf(*all[i]);
+        EXPECT_EQ(memory.family, Mesh::cutMemoryOf(*all[1]).family);
+        ASSERT_THAT(memory.faces, SizeIs(1));
+        EXPECT_EQ(memory.faces[0].normal, expected.faces[0].normal);
+        EXPECT_EQ(memory.faces[0].distance, expected.faces[0].distance);
+    }
 }
 
 TEST(Recovery, AFolderIsLeftOverOnlyWhenItsProgramIsGone)
