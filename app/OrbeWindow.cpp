@@ -4,13 +4,16 @@
 #include "app/commands/ArrangeCommand.h"
 #include "app/commands/CombineCommands.h"
 #include "app/commands/CommandGate.h"
+#include "app/commands/CopyMeasureCommand.h"
 #include "app/commands/CutFaceCommand.h"
 #include "app/commands/EditCommands.h"
 #include "app/commands/FileCommands.h"
+#include "app/commands/FlawCommands.h"
 #include "app/commands/HeightCutCommand.h"
 #include "app/commands/PanelCommands.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
+#include "app/commands/ViewMenu.h"
 #include "app/commands/WindowCommands.h"
 #include "app/files/DocumentFiles.h"
 #include "app/files/FileDrop.h"
@@ -20,12 +23,15 @@
 #include "app/files/WindowFileQuestions.h"
 #include "app/files/WindowTitle.h"
 #include "app/jobs/JobGuard.h"
+#include "app/panels/MisfitMarks.h"
+#include "app/panels/SectionAreaNote.h"
 #include "app/recovery/RecoveryDialog.h"
 #include "app/view/ViewAppearance.h"
 #include "app/view/WindowSettings.h"
 #include "app/window/DockTitles.h"
 #include "app/window/FirstSize.h"
 #include "app/window/JobProgressBar.h"
+#include "app/window/KeyBindings.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PartPreparation.h"
 #include "app/window/StatusLine.h"
@@ -115,6 +121,7 @@ void OrbeWindow::buildCentre()
     m_toolLock = new ToolLock(*m_view);
     m_view->OnViewType(isometricView);
     m_appearance = new ViewAppearance(*m_view, this);
+    new MisfitMarks(*m_view, *m_appearance);
 }
 
 void OrbeWindow::buildStatusLine()
@@ -127,7 +134,7 @@ void OrbeWindow::buildFiles(std::unique_ptr<FileQuestions> questions)
 {
     m_files = new DocumentFiles(std::move(questions), this);
     m_preparation = std::make_unique<PartPreparation>(*m_files);
-    new FileDrop(this, *m_files);
+    new FileDrop(this, *m_view, *m_files);
     new WindowTitle(this, *m_files);
     m_viewColumn->insertWidget(0, new ReloadOffer(*m_files, centralWidget()));
     // When the job that has opened them is over for everybody.
@@ -145,6 +152,9 @@ void OrbeWindow::buildCommands()
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
     registerPanelCommands(manager, *m_panels, *m_appearance);
+    registerFlawCommands(manager, *m_panels);
+    auto* const area = new SectionAreaNote(*m_view);
+    registerCopyMeasureCommand(manager, *area);
     registerArrangeCommand(manager);
     registerCutFaceCommand(manager);
     registerHeightCutCommand(manager);
@@ -155,6 +165,7 @@ void OrbeWindow::buildCommands()
         m_status->showMessage(reason, 5000);
     };
     connect(m_gate, &CommandGate::refused, this, tell);
+    connect(area, &SectionAreaNote::changed, m_gate, &CommandGate::refreshLater);
     connect(m_toolLock, &ToolLock::refused, this, tell);
     connect(m_view, &Base::GLView::signalInteractModeChanged, this, [this] {
         // What was said of the tool.
@@ -173,6 +184,8 @@ void OrbeWindow::buildMenus()
     m_menus = new WindowMenus(*this, Application::Instance->commandManager());
     m_menus->setRecentFiles(new RecentMenu(*m_files, this));
     connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
+    connect(new ViewMenu(*m_view, Application::Instance->commandManager()), &ViewMenu::aboutToShow,
+            m_gate, &CommandGate::refresh);
     connect(m_menus, &WindowMenus::filled, this, [this] {
         m_menus->windowMenu()->addSeparator();
         for (QDockWidget* const dock : m_panelDocks)
@@ -222,6 +235,7 @@ void OrbeWindow::showEvent(QShowEvent* event)
 void OrbeWindow::commandsAdded()
 {
     m_menus->fill();
+    KeyBindings::apply(Application::Instance->commandManager());
     m_gate->refresh();
 }
 

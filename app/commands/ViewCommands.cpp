@@ -2,7 +2,9 @@
 #include "app/commands/ViewCommands.h"
 
 #include "app/commands/CheckableCommand.h"
+#include "app/commands/PictureDialog.h"
 #include "app/view/ViewAppearance.h"
+#include "host/view/ViewPicture.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/CommandManager.h"
@@ -100,13 +102,20 @@ public:
         Base::GLView* const view = activeView();
         if (!view)
             return;
+        PictureDialog dialog(view->size() * view->devicePixelRatioF(), MainWindow::getInstance());
+        if (dialog.exec() != QDialog::Accepted)
+            return;
         QString const folder =
             QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + "/orbe.png";
         QString const file = QFileDialog::getSaveFileName(
             MainWindow::getInstance(), translated(QT_TRANSLATE_NOOP("HostCommand", "Save Picture")),
             folder, translated(QT_TRANSLATE_NOOP("HostCommand", "PNG pictures (*.png)")));
         QString reason;
-        if (!file.isEmpty() && !view->saveScreenshot(file, &reason))
+        if (file.isEmpty())
+            return;
+        QImage const picture =
+            takePicture(*view, dialog.pictureSize(), dialog.isTransparent(), &reason);
+        if (picture.isNull() || !savePicture(picture, file, &reason))
             throw Mell::Exception(reason.toStdString());
     }
 };

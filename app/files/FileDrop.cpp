@@ -2,6 +2,7 @@
 #include "app/files/FileDrop.h"
 
 #include "app/files/DocumentFiles.h"
+#include "app/files/DropHighlight.h"
 #include "app/jobs/JobGuard.h"
 
 #include <QDropEvent>
@@ -10,7 +11,8 @@
 #include <QUrl>
 #include <QWidget>
 
-FileDrop::FileDrop(QWidget* target, DocumentFiles& files) : QObject(target), m_files(files)
+FileDrop::FileDrop(QWidget* target, QWidget& highlighted, DocumentFiles& files)
+    : QObject(target), m_files(files), m_highlight(new DropHighlight(highlighted))
 {
     target->setAcceptDrops(true);
     target->installEventFilter(this);
@@ -28,6 +30,8 @@ QStringList FileDrop::filesIn(QMimeData const* data)
 bool FileDrop::eventFilter(QObject* watched, QEvent* event)
 {
     bool const isDrop = event->type() == QEvent::Drop;
+    if (isDrop || event->type() == QEvent::DragLeave)
+        m_highlight->setFiles(0);
     if (!isDrop && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return QObject::eventFilter(watched, event);
     auto& drop = *static_cast<QDropEvent*>(event);
@@ -38,6 +42,8 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event)
     }
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
+    if (event->type() == QEvent::DragEnter)
+        m_highlight->setFiles(files.size());
     // The program that the files come from waits until this returns.
     if (isDrop)
         QMetaObject::invokeMethod(

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class DocumentFiles;
+class DropHighlight;
 class QMimeData;
 class QWidget;
 
@@ -14,9 +15,10 @@ class FileDrop : public QObject
     Q_OBJECT
 
 public:
-    /// target  becomes the parent
-    /// files   borrowed; outlives the target
-    FileDrop(QWidget* target, DocumentFiles& files);
+    /// target       becomes the parent
+    /// highlighted  within it, what is lit while files hover that a drop would open
+    /// files        borrowed; outlives the target
+    FileDrop(QWidget* target, QWidget& highlighted, DocumentFiles& files);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -25,4 +27,5 @@ private:
     static QStringList filesIn(QMimeData const* data);
 
     DocumentFiles& m_files;
+    DropHighlight* m_highlight;
 };

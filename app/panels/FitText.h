@@ -11,4 +11,8 @@ namespace FitText {
 /// it.
 QString of(UBox3<float> const& box, BuildVolume const& room);
 
+/// By how much a part is too large, or else reaches out of the room and where; empty if it stands
+/// within the room.
+QString misfit(UBox3<float> const& box, BuildVolume const& room);
+
 }  // namespace FitText

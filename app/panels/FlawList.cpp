@@ -142,6 +142,19 @@ void FlawList::showChosen()
         Base::PlaceMark::show(*view, chosen.place.point, chosen.part);
 }
 
+void FlawList::step(int rows)
+{
+    if (m_shown.empty())
+        return;
+    int const row = m_list->currentRow();
+    int const from = row >= 0 ? row : rows > 0 ? -1 : 0;
+    m_list->setCurrentRow((from + rows + count()) % count());
+    m_list->scrollToItem(m_list->currentItem());
+    // Also of the only place, which is not chosen anew.
+    if (m_list->currentRow() == row)
+        showChosen();
+}
+
 void FlawList::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)

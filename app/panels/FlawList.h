@@ -26,6 +26,11 @@ public:
     /// What is known of these parts from now on; of others it stays.
     void take(PartCheck::Findings const& findings);
 
+    /// How many places are listed now.
+    int count() const { return int(m_shown.size()); }
+    /// Chooses the place so many rows on, and goes around at the ends.
+    void step(int rows);
+
     QListWidget& list() const { return *m_list; }
 
 protected:

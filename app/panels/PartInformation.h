@@ -43,6 +43,7 @@ public:
     QString report() const;
     PushButtonAnimate& checkButton() const { return *m_check; }
     PushButtonAnimate& repairButton() const { return *m_repair; }
+    FlawList& flaws() const { return *m_flaws; }
 
     /// What the buttons do; without a selection or while a job runs they do nothing.
     void checkSelected();

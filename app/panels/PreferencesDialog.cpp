@@ -112,7 +112,7 @@ void PreferencesDialog::buildView()
 {
     m_viewGroup = new QGroupBox(this);
     m_viewForm = formOf(m_viewGroup);
-    m_navigation = choiceOf(3, this);
+    m_navigation = choiceOf(4, this);
     m_projection = choiceOf(2, this);
     m_plateWidth = new MellQuantitySpinBox(this);
     m_plateDepth = new MellQuantitySpinBox(this);
@@ -234,7 +234,7 @@ void PreferencesDialog::retranslate()
     setTexts(*m_unit, {tr("Millimetres"), tr("Inches")});
     setTexts(*m_navigation,
              {tr("Turn: right; move: middle"), tr("Turn: middle; move: Shift + middle"),
-              tr("Turn: middle; move: right")});
+              tr("Turn: middle; move: right"), tr("Touchpad: turn: left; move: Shift + left")});
     setTexts(*m_projection, {tr("Parallel"), tr("Perspective")});
     m_systemSize->setText(tr("As the system"));
     m_buttons->button(QDialogButtonBox::Close)->setText(tr("Close"));

@@ -19,6 +19,31 @@ Eye eyeOf(QModelIndex const& index)
     return Eye(index.data(PartTreeModel::EyeRole).toInt());
 }
 
+/// A triangle with an exclamation mark.
+QIcon misfitSign(int side)
+{
+    QPixmap picture(side, side);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QRectF const rect = QRectF(picture.rect()).adjusted(1, 1, -1, -1);
+    painter.setPen(QPen(QColor(0xa8, 0x5a, 0x00), 1));
+    painter.setBrush(QColor(0xff, 0xb4, 0x2e));
+    painter.drawPolygon(
+        QPolygonF({QPointF(rect.center().x(), rect.top()), rect.bottomRight(), rect.bottomLeft()}));
+    QFont font = painter.font();
+    font.setBold(true);
+    font.setPixelSize(std::max(6, int(rect.height() * 0.7)));
+    painter.setFont(font);
+    painter.setPen(QColor(0x30, 0x20, 0x00));
+    painter.drawText(rect.adjusted(0, rect.height() * 0.15, 0, 0), Qt::AlignCenter,
+                     QStringLiteral("!"));
+    QIcon sign(picture);
+    // It has the same colours in the selection.
+    sign.addPixmap(picture, QIcon::Selected);
+    return sign;
+}
+
 }  // namespace
 
 QSize PartListDelegate::sizeHint(QStyleOptionViewItem const& option, QModelIndex const& index) const
@@ -47,6 +72,14 @@ void PartListDelegate::initStyleOption(QStyleOptionViewItem* option, QModelIndex
         option->state &= ~QStyle::State_Enabled;
     if (index.column() == PartTreeModel::NameColumn && index.model()->rowCount(index) > 0)
         option->font.setBold(true);
+    if (index.column() != PartTreeModel::NameColumn ||
+        index.data(PartTreeModel::MisfitRole).toString().isEmpty())
+        return;
+    int const side = option->fontMetrics.height();
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->icon = misfitSign(side);
+    option->decorationSize = {side, side};
+    option->decorationPosition = QStyleOptionViewItem::Right;
 }
 
 void PartListDelegate::paint(QPainter* painter, QStyleOptionViewItem const& option,

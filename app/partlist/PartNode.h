@@ -34,6 +34,8 @@ struct PartNode
         UMatrix4<float> matrix;
         /// Empty while it is not known yet.
         std::optional<std::size_t> openEdges;
+        /// Of a part that is shown; null for others.
+        UBox3<float> box;
 
         bool operator==(Look const&) const = default;
     };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/jobs/JobGuard.h"
+#include "app/panels/FitText.h"
 #include "app/partlist/PartTreeModel.h"
 #include "platform/document/q2s.h"
 
@@ -100,6 +101,8 @@ QVariant PartTreeModel::data(QModelIndex const& index, int role) const
             return colorOf(node);
         case ClosedRole:
             return closedOf(node);
+        case MisfitRole:
+            return FitText::misfit(node.look.box, m_room);
         default:
             return {};
     }
@@ -124,8 +127,9 @@ QString PartTreeModel::toolTip(PartNode const& node, int column) const
                                                       : tr("Shown; click to hide");
     if (column == ColorColumn)
         return tr("Click to choose a colour");
+    QString const misfit = FitText::misfit(node.look.box, m_room);
     if (column != ClosedColumn || node.isGroup)
-        return node.look.name;
+        return misfit.isEmpty() ? node.look.name : node.look.name + '\n' + misfit;
     if (!node.look.openEdges)
         return tr("Being checked...");
     if (node.look.triangles == 0)

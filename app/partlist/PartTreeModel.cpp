@@ -2,6 +2,7 @@
 #include "app/partlist/PartTreeModel.h"
 
 #include "app/parts/MeshSurvey.h"
+#include "app/view/BuildVolumeChanges.h"
 #include "platform/ui/Application.h"
 
 #include <algorithm>
@@ -10,6 +11,9 @@ PartTreeModel::PartTreeModel(QObject* parent)
     : QAbstractItemModel(parent), m_survey(MeshSurvey::shared())
 {
     connect(m_survey.get(), &MeshSurvey::measured, this, &PartTreeModel::scheduleUpdate);
+    m_room = BuildVolume::stored();
+    connect(&BuildVolumeChanges::instance(), &BuildVolumeChanges::changed, this,
+            &PartTreeModel::volumeChanged);
     if (Application::Instance)
         Application::Instance->signalActiveDocument.connect(this,
                                                             &PartTreeModel::followActiveDocument);
@@ -17,6 +21,18 @@ PartTreeModel::PartTreeModel(QObject* parent)
 }
 
 PartTreeModel::~PartTreeModel() = default;
+
+void PartTreeModel::volumeChanged()
+{
+    m_room = BuildVolume::stored();
+    auto const tell = [this](QModelIndex const& parent) {
+        if (int const rows = rowCount(parent))
+            emit dataChanged(index(0, NameColumn, parent), index(rows - 1, NameColumn, parent));
+    };
+    tell({});
+    for (int i = 0; i < rowCount(); ++i)
+        tell(index(i, NameColumn));
+}
 
 void PartTreeModel::followActiveDocument()
 {
@@ -79,6 +95,7 @@ void PartTreeModel::objectChanged(Base::DocumentObject* object)
     if (part && place != m_nodes.end()) {
         PartNode::Look look = lookOfPart(*part);
         look.openEdges = place->second->look.openEdges;
+        look.box = place->second->look.box;
         if (look == place->second->look)
             m_survey->forget(*part);
     }
@@ -223,6 +240,8 @@ PartNode::Look PartTreeModel::lookOf(PartNode const& node) const
     PartNode::Look look = lookOfPart(part);
     if (auto const facts = m_survey->facts(part))
         look.openEdges = facts->openEdges();
+    if (part.isVisible())
+        look.box = part.getBoundingBox();
     return look;
 }
 

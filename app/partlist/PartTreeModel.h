@@ -3,6 +3,7 @@
 
 #include "app/partlist/PartNode.h"
 #include "app/parts/PartEdits.h"
+#include "app/view/BuildVolume.h"
 #include "platform/document/sigslot.h"
 
 #include <QAbstractItemModel>
@@ -37,7 +38,10 @@ public:
         /// QColor; invalid for the view's own choice
         ColorRole,
         /// bool; invalid while it is not known, and for groups
-        ClosedRole
+        ClosedRole,
+        /// QString: by how much a part does not fit the build volume; empty if it does, for groups,
+        /// and for parts that are not shown
+        MisfitRole
     };
 
     explicit PartTreeModel(QObject* parent = nullptr);
@@ -89,6 +93,7 @@ private:
     void objectChanged(Base::DocumentObject* object);
     void selectionChanged() { emit documentSelectionChanged(); }
     void scheduleUpdate();
+    void volumeChanged();
 
     void reconcile(PartNode& parent, Objects const& wanted);
     void removeMissing(PartNode& parent, Objects const& wanted);
@@ -112,4 +117,5 @@ private:
     PartNode m_root;
     std::unordered_map<Base::DocumentObject const*, PartNode*> m_nodes;
     bool m_isUpdateScheduled = false;
+    BuildVolume m_room;
 };

@@ -15,9 +15,6 @@ namespace PlateArranging {
 
 namespace {
 
-/// What rounding may take of a room that fits to the bit.
-constexpr double slackMm = 1e-4;
-
 double sizeOf(UBox3<float> const& box, int axis)
 {
     return double(box.max[axis]) - double(box.min[axis]);

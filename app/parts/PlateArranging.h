@@ -17,6 +17,9 @@ using Parts = std::vector<Mesh::DocumentObject*>;
 /// Of a printer: width, depth and height, in millimetres; the plate is centred at the origin.
 using Volume = std::array<double, 3>;
 
+/// What rounding may take of a room that fits to the bit.
+constexpr double slackMm = 1e-4;
+
 /// By how much a box is larger than a volume, along its own axes; 0 where it fits. Of the two ways
 /// in which it can stand, by a quarter turn, that counts which has less to spare.
 Volume excess(UBox3<float> const& box, Volume const& volume);

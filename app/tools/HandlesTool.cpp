@@ -3,7 +3,7 @@
 
 #include "app/jobs/JobGuard.h"
 #include "app/parts/PartPlacement.h"
-#include "app/tools/OverlayLabel.h"
+#include "app/view/OverlayLabel.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
 #include "platform/view/ClickReach.h"

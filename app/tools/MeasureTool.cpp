@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tools/MeasureTool.h"
 
-#include "app/tools/OverlayLabel.h"
+#include "app/view/OverlayLabel.h"
+#include "host/view/PickReadiness.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/ui/DisplayUnit.h"
@@ -96,6 +97,8 @@ std::string MeasureTool::getClassName() const
 
 void MeasureTool::initialize()
 {
+    QObject::connect(&m_probe, &WallProbe::found, &m_probe,
+                     [this](bool hasWall, double thickness) { showHovered(hasWall, thickness); });
     if (Base::Document* const document = m_view->getDocument()) {
         document->signalObjectChanged.connect(this, &MeasureTool::objectChanged);
         document->signalDelObject.connect(this, &MeasureTool::objectWent);
@@ -119,6 +122,8 @@ int MeasureTool::mouseMoveEvent(QMouseEvent* event)
 {
     if (isBeyondClick(event->pos() - m_press))
         m_isPressed = false;
+    if (event->buttons() == Qt::NoButton && m_places.empty())
+        hover(event->pos());
     return 0;
 }
 
@@ -152,6 +157,7 @@ void MeasureTool::take(QPoint position)
     place.point = {point.X(), point.Y(), point.Z()};
     place.normal = Measuring::outwardNormal(pick.part->getMatrix(), *pick.triangle);
     m_places.push_back(place);
+    m_probe.forget();
     // From the point under the mouse: through a corner there is no wall.
     SurfacePoint const under{{pick.point.X(), pick.point.Y(), pick.point.Z()}, place.normal};
     m_thickness = m_places.size() == 1
@@ -160,8 +166,39 @@ void MeasureTool::take(QPoint position)
     show();
 }
 
+void MeasureTool::hover(QPoint position)
+{
+    auto const* const view = dynamic_cast<Mesh::GLView const*>(m_view);
+    Mesh::GLView::Pick pick;
+    if (!view || !arePicksQuick(view->scene()) || !view->pickPoint(position, pick)) {
+        if (!m_text.isEmpty())
+            clear();
+        m_probe.forget();
+        return;
+    }
+    m_hovered = position;
+    SurfacePoint under;
+    under.point = {pick.point.X(), pick.point.Y(), pick.point.Z()};
+    under.normal = Measuring::outwardNormal(pick.part->getMatrix(), *pick.triangle);
+    m_probe.ask(*pick.part->meshProperty->getMesh(), under);
+}
+
+void MeasureTool::showHovered(bool hasWall, double thickness)
+{
+    showText({wallText(hasWall ? std::optional(thickness) : std::nullopt)});
+    m_label->putBeside(m_hovered);
+}
+
+QString MeasureTool::wallText(std::optional<double> const& thickness)
+{
+    return thickness ? translated(QT_TRANSLATE_NOOP("MeasureTool", "Wall thickness: %1"))
+                           .arg(lengthText(*thickness))
+                     : translated(QT_TRANSLATE_NOOP("MeasureTool", "No wall: open behind it"));
+}
+
 void MeasureTool::clear()
 {
+    m_probe.forget();
     m_places.clear();
     m_text.clear();
     delete m_label;
@@ -172,10 +209,7 @@ void MeasureTool::show()
 {
     QStringList lines;
     if (m_places.size() == 1) {
-        lines << (m_thickness
-                      ? translated(QT_TRANSLATE_NOOP("MeasureTool", "Wall thickness: %1"))
-                            .arg(lengthText(*m_thickness))
-                      : translated(QT_TRANSLATE_NOOP("MeasureTool", "No wall: open behind it")));
+        lines << wallText(m_thickness);
     } else {
         Measuring::Between const measure = Measuring::between(m_places[0], m_places[1]);
         lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance: %1"))
@@ -190,12 +224,17 @@ void MeasureTool::show()
             lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance of the faces: %1"))
                          .arg(lengthText(*measure.betweenFaces));
     }
+    showText(lines);
+    m_view->redraw();
+}
+
+void MeasureTool::showText(QStringList const& lines)
+{
     m_text = lines.join('\n');
     if (!m_label)
         m_label = new OverlayLabel(*m_view, "Measure");
     m_label->setText(m_text);
     m_label->show();
-    m_view->redraw();
 }
 
 void MeasureTool::draw()

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "app/parts/Measuring.h"
+#include "app/tools/WallProbe.h"
 #include "platform/document/sigslot.h"
 #include "platform/view/AbstractMouseSelection.h"
 
 #include <QPoint>
 #include <QPointer>
-#include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -17,7 +18,8 @@ namespace Base {
 class DocumentObject;
 }
 
-/// Measures on parts. A click tells the wall thickness under the mouse; a second one the distance of
+/// Measures on parts. While the mouse rests or moves over a part and nothing is clicked yet, the
+/// wall thickness there is told, worked out in the background. A click tells the wall thickness under the mouse; a second one the distance of
 /// the two places and the angle of their faces, and the distance of parallel faces; the next begins
 /// anew. Near a corner of the triangle under the mouse the corner is taken. Ctrl+C copies what is
 /// shown. A change of the document takes it away.
@@ -50,6 +52,10 @@ private:
     void take(QPoint position);
     void clear();
     void show();
+    void hover(QPoint position);
+    void showHovered(bool hasWall, double thickness);
+    void showText(QStringList const& lines);
+    static QString wallText(std::optional<double> const& thickness);
     void objectChanged(Base::DocumentObject*) { clear(); }
     void objectWent(Base::DocumentObject*, std::string) { clear(); }
 
@@ -59,4 +65,6 @@ private:
     std::optional<double> m_thickness;
     QString m_text;
     QPointer<OverlayLabel> m_label;
+    WallProbe m_probe;
+    QPoint m_hovered;
 };

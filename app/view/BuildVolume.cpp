@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/view/BuildVolume.h"
 
+#include "app/view/BuildVolumeChanges.h"
 #include "app/view/ViewPreferences.h"
 #include "platform/ui/Settings.h"
 #include "platform/ui/StoredSettings.h"
@@ -47,6 +48,7 @@ BuildVolume BuildVolume::stored()
 void BuildVolume::storeHeight(double millimetres)
 {
     storeValue(heightKey, millimetres);
+    emit BuildVolumeChanges::instance().changed();
 }
 
 QString BuildVolume::ownFile()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/view/ViewPreferences.h"
 
+#include "app/view/BuildVolumeChanges.h"
 #include "platform/ui/StoredSettings.h"
 #include "platform/view/MeshGLView.h"
 
@@ -13,7 +14,8 @@ QString const navigationKey = QStringLiteral("/View/navigation");
 QString const plateWidthKey = QStringLiteral("/View/plateWidth");
 QString const plateDepthKey = QStringLiteral("/View/plateDepth");
 /// In the order of the presets.
-std::array<QString, 3> const navigationNames{"turnByRight", "turnByMiddle", "moveByRight"};
+std::array<QString, 4> const navigationNames{"turnByRight", "turnByMiddle", "moveByRight",
+                                             "turnByLeft"};
 
 double storedPlate(QString const& key)
 {
@@ -56,6 +58,7 @@ void ViewPreferences::setPlateSize(QSizeF const& millimetres)
     storeValue(plateWidthKey, m_plate.width());
     storeValue(plateDepthKey, m_plate.height());
     apply();
+    emit BuildVolumeChanges::instance().changed();
 }
 
 void ViewPreferences::apply()

@@ -1,21 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/ShortcutList.h"
 
+#include "app/window/KeyBindings.h"
 #include "platform/ui/Action.h"
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
+#include "platform/ui/MainWindow.h"
 #include "platform/ui/MellLineEdit.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int otherWordsRole = Qt::UserRole;
+constexpr int commandRole = Qt::UserRole + 1;
 
 struct OtherWords
 {
@@ -80,22 +86,38 @@ QString otherWordsFor(std::string const& command)
     return {};
 }
 
+/// Not the action's text, which may name the step that would be undone.
+QString titleOf(Base::Command const& command)
+{
+    return QCoreApplication::translate(command.className(),
+                                       command.getMenuText().toUtf8().constData())
+        .remove('&');
+}
+
 }  // namespace
 
 ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset preset, QWidget* parent)
-    : QDialog(parent), m_list(new QTreeWidget(this))
+    : QDialog(parent),
+      m_manager(manager),
+      m_list(new QTreeWidget(this)),
+      m_message(new QLabel(this))
 {
+    m_message->setObjectName(QStringLiteral("Message"));
+    m_message->setWordWrap(true);
     setObjectName(QStringLiteral("ShortcutList"));
     setWindowTitle(tr("Keyboard and Mouse"));
     m_list->setColumnCount(2);
     m_list->setHeaderLabels({tr("What it does"), tr("Keys")});
     m_list->setRootIsDecorated(false);
     m_list->setAlternatingRowColors(true);
-    m_list->setSelectionMode(QAbstractItemView::NoSelection);
-    m_list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(1, QHeaderView::Stretch);
+    m_list->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_list->installEventFilter(this);
+    m_list->setWordWrap(true);
     m_list->header()->setStretchLastSection(false);
-    addCommands(manager);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(1, QHeaderView::Fixed);
+    m_list->header()->resizeSection(1, fontMetrics().height() * 15);
+    addCommands();
     addMouse(preset);
 
     auto* const search = new MellLineEdit(this);
@@ -104,42 +126,171 @@ ShortcutList::ShortcutList(Base::CommandManager const& manager, Preset preset, Q
     search->setClearButtonEnabled(true);
     connect(search, &QLineEdit::textChanged, this, &ShortcutList::filter);
     search->setFocus();
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(search);
     column->addWidget(m_list);
-    column->addWidget(buttons);
+    column->addWidget(m_message);
+    column->addWidget(buildButtons());
+    connect(m_list, &QTreeWidget::itemClicked, this, &ShortcutList::begin);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, &ShortcutList::end);
+    end();
     int const unit = fontMetrics().height();
-    resize(unit * 30, unit * 36);
+    resize(unit * 40, unit * 36);
 }
 
-void ShortcutList::addCommands(Base::CommandManager const& manager)
+void ShortcutList::addCommands()
 {
-    for (Base::Command* const command : manager.getAllCommands()) {
+    for (Base::Command* const command : m_manager.getAllCommands()) {
         Base::Action const* const action = command->getAction();
-        QKeySequence const keys = action ? action->getQAction()->shortcut() : QKeySequence();
-        // Not the action's text, which may name the step that would be undone.
-        QString const text = QCoreApplication::translate(
-            command->className(), command->getMenuText().toUtf8().constData());
-        if (keys.isEmpty())
+        // Keys of what stands in no menu would do nothing.
+        if (!action || action->getQAction()->associatedWidgets().isEmpty())
             continue;
-        auto* const item = new QTreeWidgetItem(
-            m_list, {QString(text).remove('&'), keys.toString(QKeySequence::NativeText)});
+        auto* const item = new QTreeWidgetItem(m_list, {titleOf(*command), QString()});
         item->setData(0, otherWordsRole, otherWordsFor(command->getName()));
+        item->setData(0, commandRole, QString::fromStdString(command->getName()));
     }
+    showKeys();
+}
+
+QDialogButtonBox* ShortcutList::buildButtons()
+{
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    m_clear = buttons->addButton(tr("No Key"), QDialogButtonBox::ActionRole);
+    m_usual = buttons->addButton(tr("Usual Key"), QDialogButtonBox::ActionRole);
+    auto* const all = buttons->addButton(tr("All Usual Keys"), QDialogButtonBox::ResetRole);
+    for (QPushButton* const button : {m_clear, m_usual, all})
+        button->setAutoDefault(false);
+    connect(m_clear, &QPushButton::clicked, this, [this] { give({}); });
+    connect(m_usual, &QPushButton::clicked, this,
+            [this] { take(KeyBindings::usualKeysOf(*chosen())); });
+    connect(all, &QPushButton::clicked, this, [this] {
+        KeyBindings::reset(m_manager);
+        end();
+        showKeys();
+    });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    return buttons;
+}
+
+Base::Command* ShortcutList::commandOf(QTreeWidgetItem const* item) const
+{
+    QString const name = item ? item->data(0, commandRole).toString() : QString();
+    return name.isEmpty() ? nullptr : m_manager.getCommandByName(name.toStdString());
+}
+
+Base::Command* ShortcutList::chosen() const
+{
+    return commandOf(m_list->currentItem());
+}
+
+void ShortcutList::showKeys()
+{
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const item = m_list->topLevelItem(i);
+        if (Base::Command* const command = commandOf(item))
+            item->setText(1, KeyBindings::keysOf(*command).toString(QKeySequence::NativeText));
+    }
+}
+
+// A click on a command waits for its keys.
+void ShortcutList::begin(QTreeWidgetItem* item)
+{
+    end();
+    if (!commandOf(item))
+        return;
+    m_waiting = item;
+    item->setText(1, tr("Press the keys..."));
+}
+
+void ShortcutList::end()
+{
+    m_waiting = nullptr;
+    m_refused = {};
+    showKeys();
+    m_clear->setEnabled(chosen());
+    m_usual->setEnabled(chosen());
+    m_message->setText(tr("Click on a command to change its keys."));
+}
+
+bool ShortcutList::eventFilter(QObject* watched, QEvent* event)
+{
+    bool const isKey =
+        event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (watched != m_list || !m_waiting || !isKey)
+        return QDialog::eventFilter(watched, event);
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        pressed(*static_cast<QKeyEvent*>(event));
+    return true;
+}
+
+void ShortcutList::pressed(QKeyEvent const& event)
+{
+    int const key = event.key();
+    bool const isModifier = key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
+                            key == Qt::Key_Meta || key == Qt::Key_AltGr;
+    if (isModifier || key == 0 || key == Qt::Key_unknown)
+        return;
+    if (key == Qt::Key_Escape) {
+        end();
+        return;
+    }
+    // Shift is in the sign already: "?" is not Shift and "?".
+    bool const isSign =
+        key < Qt::Key_Escape && !(key >= Qt::Key_A && key <= Qt::Key_Z) && key != Qt::Key_Space;
+    int const modifiers =
+        int(event.modifiers() & ~Qt::KeypadModifier) & ~(isSign ? int(Qt::ShiftModifier) : 0);
+    take(QKeySequence(key | modifiers));
+}
+
+/// What others have is given at the second press alone.
+void ShortcutList::take(QKeySequence const& keys)
+{
+    Base::Command* const command = chosen();
+    if (!command)
+        return;
+    QString const text = keys.toString(QKeySequence::NativeText);
+    if (KeyBindings::areTaken(keys)) {
+        m_message->setText(
+            tr("%1 means something in the view and in lists. Press other keys.").arg(text));
+        return;
+    }
+    Base::Command* const other = KeyBindings::holder(m_manager, keys, *command);
+    if (other && m_refused != keys) {
+        m_refused = keys;
+        m_message->setText(
+            tr("%1 belongs to \"%2\". Once more takes it from there.").arg(text, titleOf(*other)));
+        return;
+    }
+    if (other)
+        KeyBindings::setKeys(*other, {});
+    give(keys);
+    if (other)
+        m_message->setText(tr("\"%1\" has no keys now.").arg(titleOf(*other)));
+}
+
+void ShortcutList::give(QKeySequence const& keys)
+{
+    KeyBindings::setKeys(*chosen(), keys);
+    end();
+    if (MainWindow* const window = MainWindow::getInstance())
+        emit window->signalUpdateToolbuttonState();
 }
 
 void ShortcutList::addMouse(Preset preset)
 {
     bool const turnsByRight = preset == Preset::TurnByRight;
     bool const movesByRight = preset == Preset::MoveByRight;
+    bool const turnsByLeft = preset == Preset::TurnByLeft;
     QString const right = tr("Drag with the right button");
-    QString const turn = turnsByRight ? right : tr("Drag with the middle button");
-    QString const move = turnsByRight   ? tr("Drag with the middle button, or right with Shift")
+    QString const turn = turnsByLeft ? tr("Drag with the left button; with Alt while a tool runs")
+                         : turnsByRight ? right
+                                        : tr("Drag with the middle button");
+    QString const move = turnsByLeft    ? tr("Drag with the left button and Shift")
+                         : turnsByRight ? tr("Drag with the middle button, or right with Shift")
                          : movesByRight ? right
                                         : tr("Drag with the middle button and Shift");
-    QString const zoom = turnsByRight || movesByRight
+    QString const zoom = turnsByRight || movesByRight || turnsByLeft
                              ? tr("Wheel, or drag with the right button and Ctrl")
                              : tr("Wheel, or drag with the middle button and Ctrl");
     QStringList const rows[] = {
@@ -150,6 +301,9 @@ void ShortcutList::addMouse(Preset preset)
         {tr("Draw a polygon's edge by 15 degrees and round lengths"), tr("Shift")},
         {tr("Draw a polygon's corner to the parts or in line with others"), tr("Ctrl")},
         {tr("Select a part; with Ctrl, one more"), tr("Left click")},
+        {tr("Select the parts within a rectangle"),
+         turnsByLeft ? tr("Drag beside the parts, with Ctrl") : tr("Drag beside the parts")},
+        {tr("Menu of the part, or of the view"), tr("Right click")},
         {tr("Orbit about the point under the mouse"), turn},
         {tr("Move the view"), move},
         {tr("Zoom to the mouse"), zoom},

@@ -3,7 +3,9 @@
 
 #include "host/view/ContextChoice.h"
 #include "host/view/DrawValues.h"
+#include "host/view/PictureFrame.h"
 #include "host/view/ViewColors.h"
+#include "host/view/ViewPicture.h"
 #include "host/view/ViewScene.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/ui/Theme.h"
@@ -13,7 +15,6 @@
 
 #include <QMouseEvent>
 #include <QOpenGLContext>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -238,18 +239,19 @@ void GLView::paintGL()
     auto const paintGround = [this] {
         setDepthRange();
         m_paintedCamera = *m_camera;
+        if (m_scene->frame() && m_scene->frame()->flatGround())
+            return;
         paintBackground();
         paintSurroundings();
     };
     m_scene->paintPicture(paintGround, [this, device] {
-        if (AbstractMouseSelection* const tool = m_navigation->mouseModel())
+        AbstractMouseSelection* const tool = m_navigation->receiver();
+        if (tool && !m_scene->frame())
             tool->draw();
         device->resetState();
-        if (m_scene->hasSelection()) {
-            double const ratio = devicePixelRatioF();
-            device->drawOutline(m_scene->target(), size() * ratio, float(outlineWidth * ratio),
-                                viewColors().outline);
-        }
+        if (m_scene->hasSelection())
+            device->drawOutline(m_scene->target(), m_scene->pixelSize(),
+                                float(outlineWidth * m_scene->pixelRatio()), viewColors().outline);
         paintOverlay();
     });
 }
@@ -289,16 +291,7 @@ bool GLView::saveScreenshot(QString const& file, QString* reason)
         m_scene->finishPreparing();
         picture = grabFramebuffer();
     }
-    picture = picture.convertToFormat(QImage::Format_RGB32);
-    QSaveFile target(file);
-    bool const isSaved = !picture.isNull() && target.open(QIODevice::WriteOnly) &&
-                         picture.save(&target, "PNG") && target.commit();
-    if (!isSaved && reason)
-        *reason = picture.isNull()
-                      ? tr("There is no picture to save: show the view first.")
-                      : tr("The picture could not be saved as %1: %2. Choose another folder.")
-                            .arg(file, target.errorString());
-    return isSaved;
+    return savePicture(picture.convertToFormat(QImage::Format_RGB32), file, reason);
 }
 
 void GLView::mousePressEvent(QMouseEvent* event)

@@ -39,7 +39,8 @@ void forCorners(UBox3<float> const& box, Function const& function)
 
 GLCamera* GLView::getCamera() const
 {
-    m_camera->set_screen(width(), height());
+    QSize const screen = m_scene->logicalSize();
+    m_camera->set_screen(screen.width(), screen.height());
     return m_camera.get();
 }
 

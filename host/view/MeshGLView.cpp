@@ -2,12 +2,17 @@
 #include "platform/view/MeshGLView.h"
 
 #include "host/view/BuildPlate.h"
+#include "host/view/FreeGroundSelection.h"
 #include "host/view/MeshViewProvider.h"
 #include "host/view/OrientationCube.h"
+#include "host/view/PickReadiness.h"
 #include "host/view/ViewScene.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/view/NavigationStyle.h"
 
 #include <QMouseEvent>
+
+#include <algorithm>
 
 namespace Mesh {
 
@@ -18,7 +23,11 @@ void GLView::init()
     initSubclass(classTypeId, "Mesh::GLView", "Base::GLView", nullptr);
 }
 
-GLView::GLView(QWidget* parent) : Base::GLView(parent) {}
+GLView::GLView(QWidget* parent) : Base::GLView(parent)
+{
+    navigationStyle()->setRestingTool(std::make_unique<FreeGroundSelection>());
+    scene().setTopmost([this] { OrientationCube::paint(*this, m_hoveredView); });
+}
 
 Base::Type GLView::getTypeId() const
 {
@@ -145,6 +154,8 @@ UPoint3<float> GLView::turningPoint(QPoint position) const
 void GLView::clicked(QMouseEvent* event)
 {
     Base::Document* const document = getDocument();
+    if (event->button() == Qt::RightButton && document)
+        askForMenu(event->pos());
     if (event->button() != Qt::LeftButton || !document)
         return;
     bool const isAdding = event->modifiers() & Qt::ControlModifier;
@@ -153,6 +164,44 @@ void GLView::clicked(QMouseEvent* event)
         pick.part->setSelected(!(isAdding && pick.part->isSelected()), true, !isAdding);
     else if (!isAdding)
         document->clearSelection();
+}
+
+// A menu is about what is under the mouse.
+void GLView::askForMenu(QPoint position)
+{
+    Pick pick;
+    bool const isOnPart = pickPoint(position, pick);
+    if (isOnPart && !pick.part->isSelected())
+        pick.part->setSelected(true, true, true);
+    emit contextMenuRequested(position, isOnPart);
+}
+
+bool GLView::canHover() const
+{
+    if (navigationStyle()->mouseModel() || scene().standIns().isSlow())
+        return false;
+    return arePicksQuick(scene());
+}
+
+DocumentObject const* GLView::hoveredPart() const
+{
+    return navigationStyle()->mouseModel() ? nullptr : m_hoveredPart;
+}
+
+void GLView::hoverPart(DocumentObject const* part)
+{
+    if (part == m_hoveredPart)
+        return;
+    m_hoveredPart = part;
+    emit hoveredPartChanged();
+    redraw();
+}
+
+void GLView::hoverPartAt(QPoint position)
+{
+    Pick pick;
+    bool const isOnPart = canHover() && m_hoveredView < 0 && pickPoint(position, pick);
+    hoverPart(isOnPart ? pick.part : nullptr);
 }
 
 void GLView::hover(int standardView)
@@ -186,8 +235,10 @@ void GLView::mouseMoveEvent(QMouseEvent* event)
     if (!(event->buttons() & Qt::LeftButton))
         m_pressedView = -1;
     scene().standIns().moved();
-    if (event->buttons() == Qt::NoButton)
+    if (event->buttons() == Qt::NoButton) {
         hover(OrientationCube::viewAt(*this, event->pos()));
+        hoverPartAt(event->pos());
+    }
     if (m_pressedView < 0)
         Base::GLView::mouseMoveEvent(event);
 }
@@ -209,6 +260,7 @@ void GLView::mouseReleaseEvent(QMouseEvent* event)
 void GLView::leaveEvent(QEvent* event)
 {
     hover(-1);
+    hoverPart(nullptr);
     Base::GLView::leaveEvent(event);
 }
 
@@ -241,8 +293,9 @@ void GLView::paintOverlay()
         if (shown && m_sectionPlane)
             shown->paintSectionLine(*m_sectionPlane);
     }
+    if (scene().frame())
+        return;
     paintAxes(scene(), width(), height());
-    OrientationCube::paint(*this, m_hoveredView);
 }
 
 }  // namespace Mesh

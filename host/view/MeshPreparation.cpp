@@ -10,6 +10,9 @@ namespace Mesh {
 
 namespace {
 
+/// A million triangles take about 0.2 s to sort.
+constexpr std::size_t mostForHover = 100000;
+
 MeshArrays copyOf(UMesh<float> const& mesh)
 {
     std::function<void(int)> const none;
@@ -122,6 +125,19 @@ bool ViewProvider::takeTree(PartShape::Mesh const& mesh) const
     if (other)
         m_tree = other->m_tree;
     return other != nullptr;
+}
+
+bool ViewProvider::isPickReady() const
+{
+    MeshKernel const* const shown = kernel();
+    return !shown || takeTree(shown->readMesh());
+}
+
+void ViewProvider::makePickReady() const
+{
+    MeshKernel const* const shown = kernel();
+    if (shown && shown->readMesh()->triangles.size() <= mostForHover)
+        tree(shown->readMesh());
 }
 
 // False if it is not ready.

@@ -99,7 +99,7 @@ void ViewProvider::paintCap(SurfaceLook const& look, QMatrix4x4 const& toClip)
         CapLook cap;
         cap.fill = mixed(look.front, 0xffffffff, 0.25);
         cap.hatch = mixed(look.front, 0x000000ff, 0.35);
-        cap.hatchPitch = hatchPitch * float(m_view->devicePixelRatioF());
+        cap.hatchPitch = hatchPitch * float(m_view->scene().pixelRatio());
         cap.isMarked = look.isMarked;
         device.drawCap(*points, int(shown->cap.size()) - 4, cap, toClip);
     }

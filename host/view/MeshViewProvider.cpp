@@ -24,6 +24,17 @@ unsigned withAlpha(unsigned rgba, unsigned alpha)
     return (rgba & 0xffffff00) | alpha;
 }
 
+/// A third of the way to white.
+unsigned lit(unsigned rgba)
+{
+    unsigned lighter = rgba & 255;
+    for (int shift = 8; shift <= 24; shift += 8) {
+        unsigned const level = rgba >> shift & 255;
+        lighter |= (level + (255 - level) / 3) << shift;
+    }
+    return lighter;
+}
+
 }  // namespace
 
 constinit Base::Type ViewProvider::classTypeId;
@@ -122,6 +133,13 @@ unsigned ViewProvider::edgeColor(MeshKernel const& kernel) const
     return withAlpha(viewColors().edges, unsigned(std::lround(full * share)));
 }
 
+/// The mouse is over it, and a click would select it.
+bool ViewProvider::isLit() const
+{
+    auto const* const view = dynamic_cast<GLView const*>(m_view);
+    return view && view->hoveredPart() == part();
+}
+
 SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
 {
     SurfaceLook look;
@@ -135,6 +153,8 @@ SurfaceLook ViewProvider::look(MeshKernel const& kernel) const
         look.front = withAlpha(colors.selected, look.front & 255);
     else if (m_object->isSemiSelected())
         look.front = withAlpha(colors.candidate, look.front & 255);
+    if (isLit())
+        look.front = lit(look.front);
     if (isGhost()) {
         look.front = withAlpha(look.front, ghostAlpha);
         look.back = withAlpha(look.front, ghostAlpha);

@@ -54,6 +54,11 @@ public:
     /// The first place on a ray in world space.
     std::optional<Hit> firstHit(PickTree::Ray const& ray) const;
 
+    /// Whether firstHit answers without having to sort the mesh first.
+    bool isPickReady() const;
+    /// Sorts the mesh for that if it is not large; that of a large one is made with its picture.
+    void makePickReady() const;
+
     /// How strong a line is that a plane leaves on the part.
     enum class LineLook
     {
@@ -101,6 +106,7 @@ private:
     ViewProvider const* twin(bool (ViewProvider::*has)(PartShape::Mesh const&) const,
                              PartShape::Mesh const& mesh) const;
     SurfaceLook look(MeshKernel const& kernel) const;
+    bool isLit() const;
     unsigned edgeColor(MeshKernel const& kernel) const;
     PickTree const& tree(PartShape::Mesh const& mesh) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;

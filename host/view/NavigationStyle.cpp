@@ -88,6 +88,8 @@ NavigationStyle::~NavigationStyle() = default;
 
 void NavigationStyle::setMouseModel(std::unique_ptr<AbstractMouseSelection> tool)
 {
+    if (!m_tool)
+        endResting();
     // What has been pressed for one tool is no press of the next one.
     forgetPresses();
     if (m_tool) {
@@ -102,14 +104,31 @@ void NavigationStyle::setMouseModel(std::unique_ptr<AbstractMouseSelection> tool
     m_view->redraw();
 }
 
+void NavigationStyle::setRestingTool(std::unique_ptr<AbstractMouseSelection> tool)
+{
+    m_resting = std::move(tool);
+    if (m_resting)
+        m_resting->grabMouseModel(m_view);
+}
+
+// What it spans is over when a tool comes.
+void NavigationStyle::endResting()
+{
+    if (!m_resting || !m_held)
+        return;
+    QMouseEvent end(QEvent::MouseButtonRelease, m_press, m_view->mapToGlobal(m_press), Qt::NoButton,
+                    Qt::NoButton, {});
+    m_resting->mouseReleaseEvent(&end);
+}
+
 int NavigationStyle::deliver(QEvent* event)
 {
-    if (!m_tool)
+    if (!receiver())
         return 0;
     if (m_view->isToolLocked())
         return deliverLocked(event);
     Delivery const busy(*this);
-    AbstractMouseSelection& tool = *m_tool;
+    AbstractMouseSelection& tool = *receiver();
     switch (event->type()) {
         case QEvent::MouseButtonPress:
             return tool.mousePressEvent(static_cast<QMouseEvent*>(event));
@@ -175,7 +194,17 @@ NavigationStyle::Action NavigationStyle::actionFor(QMouseEvent const& event) con
         {Preset::MoveByRight, Qt::MiddleButton, Qt::NoModifier, Action::Turn},
         {Preset::MoveByRight, Qt::RightButton, Qt::NoModifier, Action::Move},
         {Preset::MoveByRight, Qt::RightButton, Qt::ControlModifier, Action::Zoom},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::NoModifier, Action::Turn},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::ShiftModifier, Action::Move},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::AltModifier, Action::Turn},
+        {Preset::TurnByLeft, Qt::RightButton, Qt::NoModifier, Action::Turn},
+        {Preset::TurnByLeft, Qt::RightButton, Qt::ShiftModifier, Action::Move},
+        {Preset::TurnByLeft, Qt::RightButton, Qt::ControlModifier, Action::Zoom},
+        {Preset::TurnByLeft, Qt::MiddleButton, Qt::NoModifier, Action::Move},
     };
+    bool const isTools = m_tool && event.button() == Qt::LeftButton && !isViewsAlone(event);
+    if (isTools)
+        return Action::None;
     for (Binding const& binding : bindings)
         if (binding.preset == m_preset && binding.button == event.button() &&
             binding.modifiers == event.modifiers())
@@ -183,9 +212,17 @@ NavigationStyle::Action NavigationStyle::actionFor(QMouseEvent const& event) con
     return Action::None;
 }
 
+bool NavigationStyle::isViewsAlone(QMouseEvent const& event) const
+{
+    return m_preset == Preset::TurnByLeft && event.button() == Qt::LeftButton &&
+           event.modifiers() == Qt::AltModifier;
+}
+
 // The view has taken the drag, or it has ended in another way than by its release.
 void NavigationStyle::deliverEnd(QMouseEvent const& event)
 {
+    if (m_isPressViews)
+        return;
     QMouseEvent end(QEvent::MouseButtonRelease, event.localPos(), event.windowPos(),
                     event.screenPos(), Qt::NoButton, event.buttons(), event.modifiers());
     deliver(&end);
@@ -221,7 +258,8 @@ void NavigationStyle::press(QMouseEvent* event)
     }
     beginPress(*event);
     m_action = actionFor(*event);
-    if (deliver(event) != 0)
+    m_isPressViews = isViewsAlone(*event);
+    if (!m_isPressViews && deliver(event) != 0)
         m_action = Action::None;
 }
 
@@ -243,7 +281,7 @@ void NavigationStyle::doubleClick(QMouseEvent* event)
         beginPress(*event);
     }
     AbstractMouseSelection const* const tool = m_tool.get();
-    if (deliver(event) != 0 || m_tool.get() != tool)
+    if (!isViewsAlone(*event) && (deliver(event) != 0 || m_tool.get() != tool))
         return;
     if (isFirst)
         m_held = 0;
@@ -273,7 +311,7 @@ void NavigationStyle::move(QMouseEvent* event)
         begin();
     if (m_isNavigating)
         step(event->pos());
-    else
+    else if (!isPressed || !m_isPressViews)
         deliver(event);
 }
 
@@ -297,9 +335,12 @@ void NavigationStyle::release(QMouseEvent* event)
         m_action = Action::None;
         m_putBack = nullptr;
     }
-    if (m_tool)
-        deliver(event);
-    else if (!m_hasMoved && button == m_button)
+    if (m_isPressViews && button == m_button)
+        return;
+    // A tool that ends with its release leaves no click behind.
+    bool const hasTool = m_tool != nullptr;
+    bool const isTaken = deliver(event) != 0 || hasTool;
+    if (!isTaken && !m_hasMoved && button == m_button)
         m_view->clicked(event);
 }
 
@@ -314,7 +355,7 @@ bool NavigationStyle::cancelDrag()
     bool const isToolsToo = (m_held & m_button) != 0;
     Qt::MouseButtons const buttons(m_held);
     forgetPresses();
-    if (!isToolsToo)
+    if (!isToolsToo || m_isPressViews)
         return true;
     Delivery const busy(*this);
     auto const sendAtPress = [&](QEvent::Type type) {

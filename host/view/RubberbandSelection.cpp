@@ -56,12 +56,16 @@ int RubberbandSelection::mouseMoveEvent(QMouseEvent* event)
 
 int RubberbandSelection::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!m_isPressed || event->button() != Qt::LeftButton)
+    // No button: the drag was taken back.
+    bool const isTakenBack = event->button() == Qt::NoButton;
+    if (!m_isPressed || (event->button() != Qt::LeftButton && !isTakenBack))
         return 0;
     m_isPressed = false;
     QRect const band = m_band;
     m_band = QRect();
-    if (band.isNull())
+    if (isTakenBack)
+        m_view->redraw();
+    else if (band.isNull())
         clicked(event);
     else
         bandSpanned(band, event);

@@ -2,6 +2,7 @@
 #include "host/view/DrawTrace.h"
 #include "host/view/MeshViewProvider.h"
 #include "host/view/PartSpread.h"
+#include "host/view/PictureFrame.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
@@ -38,11 +39,6 @@ bool isPainted(Base::ViewProvider const* provider)
         return true;
     auto const* const part = dynamic_cast<Mesh::ViewProvider const*>(provider);
     return part && part->isGhost();
-}
-
-QSize sizeOf(Base::GLView const& view)
-{
-    return view.size() * view.devicePixelRatioF();
 }
 
 }  // namespace
@@ -88,7 +84,7 @@ void ViewScene::paintPicture(Paint const& ground, Paint const& rest)
     if (m_isKept)
         return;
     if (way == Way::Finished) {
-        m_isSampled = m_samples.begin(sizeOf(*m_view));
+        m_isSampled = m_samples.begin(pixelSize());
         paintRest(rest);
         m_steps.drop();
     } else {
@@ -98,8 +94,9 @@ void ViewScene::paintPicture(Paint const& ground, Paint const& rest)
                                                   : Manner::CoarseOrNot);
         paintWhole(ground, rest);
     }
-    m_pictureTarget = m_view->defaultFramebufferObject();
-    m_pictureSize = sizeOf(*m_view);
+    // What is drawn in a frame leaves the widget without a picture.
+    m_pictureTarget = m_frame ? 0 : m_view->defaultFramebufferObject();
+    m_pictureSize = pixelSize();
 }
 
 ViewScene::Way ViewScene::wayOfPicture(Paint const& ground)
@@ -126,14 +123,15 @@ ViewScene::Way ViewScene::wayOfPicture(Paint const& ground)
 
 bool ViewScene::hasPicture() const
 {
-    return m_pictureTarget == m_view->defaultFramebufferObject() &&
-           m_pictureSize == sizeOf(*m_view);
+    return m_pictureTarget == m_view->defaultFramebufferObject() && m_pictureSize == pixelSize();
 }
 
 void ViewScene::clearPicture()
 {
     QOpenGLFunctions& gl = *m_view->context()->functions();
-    gl.glClearColor(0, 0, 0, 1);
+    bool const isFlat = m_frame && m_frame->flatGround();
+    QColor const ground = isFlat ? *m_frame->flatGround() : QColor(Qt::black);
+    gl.glClearColor(float(ground.redF()), float(ground.greenF()), float(ground.blueF()), 1);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     gl.glDepthMask(GL_TRUE);
     gl.glStencilMask(0xff);
@@ -144,12 +142,30 @@ void ViewScene::clearPicture()
 // With several samples for each pixel, or at once in the widget if it is a coarse one.
 void ViewScene::paintWhole(Paint const& ground, Paint const& rest)
 {
-    m_isSampled = !m_standIns.isCoarse() && m_samples.begin(sizeOf(*m_view));
+    m_isSampled = !m_standIns.isCoarse() && (!m_frame || m_frame->isSampled()) &&
+                  m_samples.begin(pixelSize());
     if (m_isSampled)
         m_steps.lose();
+    beginFrame();
     clearPicture();
     paintGroundAndParts(ground);
     paintRest(rest);
+}
+
+void ViewScene::beginFrame()
+{
+    if (!m_frame)
+        return;
+    if (!m_isSampled)
+        m_frame->bind();
+    m_view->context()->functions()->glViewport(0, 0, pixelSize().width(), pixelSize().height());
+}
+
+void ViewScene::endFrame()
+{
+    if (m_frame)
+        m_view->context()->functions()->glBindFramebuffer(GL_FRAMEBUFFER,
+                                                          m_view->defaultFramebufferObject());
 }
 
 void ViewScene::paintGroundAndParts(Paint const& ground)
@@ -165,7 +181,8 @@ void ViewScene::paintRest(Paint const& rest)
 {
     paintProviders(true);
     rest();
-    paintItems();
+    if (!m_frame)
+        paintItems();
     // What was blended has left an alpha of its own, by which the window would shine through.
     QOpenGLFunctions& gl = *m_view->context()->functions();
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
@@ -173,12 +190,13 @@ void ViewScene::paintRest(Paint const& rest)
     gl.glClear(GL_COLOR_BUFFER_BIT);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     if (std::exchange(m_isSampled, false))
-        m_samples.end(m_view->defaultFramebufferObject());
+        m_samples.end(goal());
+    endFrame();
 }
 
 GLuint ViewScene::target() const
 {
-    return m_isSampled ? m_samples.target() : m_view->defaultFramebufferObject();
+    return m_isSampled ? m_samples.target() : goal();
 }
 
 void ViewScene::paintLeaving()
@@ -214,6 +232,9 @@ void ViewScene::paintItems()
         item->paintGL();
     }
     m_device->resetState();
+    if (m_paintTopmost)
+        m_paintTopmost();
+    m_device->resetState();
 }
 
 void ViewScene::trace(DrawTrace& trace, Paint const& ground)
@@ -232,7 +253,7 @@ PictureSteps::Outcome ViewScene::drawStep(std::size_t from, std::size_t to)
         return Outcome::NotNow;
     m_view->makeCurrent();
     arrangeParts();
-    QSize const size = sizeOf(*m_view);
+    QSize const size = pixelSize();
     DrawTrace step(from, to);
     if (m_samples.begin(size)) {
         m_view->context()->functions()->glViewport(0, 0, size.width(), size.height());

@@ -86,6 +86,8 @@ public:
     bool isMoving() const { return m_isMoving; }
 
     void setManner(Manner manner) { m_manner = manner; }
+    /// Whether the last exact picture took longer than a smooth movement allows.
+    bool isSlow() const { return isLarge() && m_isSlow; }
     /// Whether the picture that has begun is coarse.
     bool isCoarse() const { return m_manner == Manner::Coarse || m_manner == Manner::CoarseOrNot; }
     /// Whether what is shown is not the exact picture of what there is.

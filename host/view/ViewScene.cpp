@@ -2,6 +2,7 @@
 #include "host/view/ViewScene.h"
 
 #include "host/view/MeshViewProvider.h"
+#include "host/view/PictureFrame.h"
 #include "platform/document/DocumentObject.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
@@ -179,6 +180,26 @@ void ViewScene::paint(PaintedPart& part)
     QMatrix4x4 const clip = camera.getProjectionMatrix() * toEye;
     if (!m_standIns.paint(*m_device, part, clip, toEye))
         m_device->draw(*part.shape->geometry, part.look, clip, toEye);
+}
+
+QSize ViewScene::logicalSize() const
+{
+    return m_frame ? m_frame->logicalSize() : m_view->size();
+}
+
+double ViewScene::pixelRatio() const
+{
+    return m_frame ? m_frame->pixelRatio() : m_view->devicePixelRatioF();
+}
+
+QSize ViewScene::pixelSize() const
+{
+    return m_frame ? m_frame->pixels() : m_view->size() * m_view->devicePixelRatioF();
+}
+
+GLuint ViewScene::goal() const
+{
+    return m_frame ? m_frame->handle() : m_view->defaultFramebufferObject();
 }
 
 void ViewScene::drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,

@@ -21,6 +21,8 @@ class GLView;
 class ViewProvider;
 }  // namespace Base
 
+class PictureFrame;
+
 /// What a view shows, and the order in which it is painted:
 ///
 /// 1. the surroundings;
@@ -28,7 +30,8 @@ class ViewProvider;
 /// 3. providers of tools, Base::GraphicViewProvider and below;
 /// 4. the mouse tool's drawing;
 /// 5. the overlay;
-/// 6. the graphics items.
+/// 6. the graphics items;
+/// 7. what is topmost.
 ///
 /// Within each the order is that in which they came. Each provider and item starts from the same
 /// state of OpenGL.
@@ -75,6 +78,14 @@ public:
     void setForScreen(bool isForScreen) { m_isForScreen = isForScreen; }
     /// The framebuffer object in which the picture is being drawn.
     GLuint target() const;
+    /// Pictures are drawn in the frame, borrowed, and not in the widget; null for the widget again.
+    void setFrame(PictureFrame* frame) { m_frame = frame; }
+    PictureFrame const* frame() const { return m_frame; }
+    /// The size of pictures, in pixels independent of the device, and how many of the device's each
+    /// of them has.
+    QSize logicalSize() const;
+    double pixelRatio() const;
+    QSize pixelSize() const;
     /// An exact picture is being drawn in steps.
     bool isDrawingInSteps() const { return m_steps.isWorking(); }
 
@@ -93,6 +104,8 @@ public:
     /// ready and what they come from still stands in their place.
     bool isHeldBack(PaintedPart const& part) const;
     void paint(PaintedPart& part);
+    /// Paints what nothing may cover, the items included.
+    void setTopmost(Paint paint) { m_paintTopmost = std::move(paint); }
 
     /// Draws points of the moment: uploads, draws and forgets them.
     void drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,
@@ -102,6 +115,10 @@ public:
     QMatrix4x4 toClip() const;
 
 private:
+    /// Where the picture is to be in the end.
+    GLuint goal() const;
+    void beginFrame();
+    void endFrame();
     void askForPicture();
     void dropLeaving();
     void paintLeaving();
@@ -140,6 +157,8 @@ private:
     std::unique_ptr<DrawDevice> m_device;
     PartTints m_tints;
     SampledPicture m_samples;
+    PictureFrame* m_frame = nullptr;
+    std::function<void()> m_paintTopmost;
     bool m_isSampled = false;
     bool m_isForScreen = false;
     /// Where the last picture was put; none is there if the framebuffer object is another now.

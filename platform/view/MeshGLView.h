@@ -12,7 +12,9 @@ namespace Mesh {
 class DocumentObject;
 
 /// A 3D view that shows a mesh document, with the build plate and the axes. A click selects the
-/// part under the mouse while no tool runs; with the control key it adds to the selection. A cube
+/// part under the mouse while no tool runs; with the control key it adds to the selection. A drag
+/// that begins beside the parts spans a rectangle, which selects those within it. The part that a
+/// click would select is lit, where pictures are quick enough for that. A cube
 /// in the upper right corner shows how the view lies; a click on one of its faces, or on the corner
 /// at the front, the right and above, turns to that standard view, and no tool sees it.
 class GLView : public Base::GLView
@@ -89,6 +91,14 @@ public:
     UPoint3<float> turningPoint(QPoint position) const override;
     void clicked(QMouseEvent* event) override;
 
+    /// The part under the mouse that is lit; for comparing only, it may be gone. Null for none.
+    DocumentObject const* hoveredPart() const;
+
+signals:
+    /// A click with the right button while no tool runs. The part under it is selected by then.
+    void contextMenuRequested(QPoint position, bool isOnPart);
+    void hoveredPartChanged();
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -101,6 +111,10 @@ protected:
 
 private:
     void hover(int standardView);
+    void hoverPart(DocumentObject const* part);
+    void hoverPartAt(QPoint position);
+    bool canHover() const;
+    void askForMenu(QPoint position);
 
     float m_plateWidth = 200;
     float m_plateDepth = 200;
@@ -110,6 +124,7 @@ private:
     std::optional<SectionPlane> m_sectionPlane;
     double m_drawnApart = 0;
     bool m_arePartsTinted = false;
+    DocumentObject const* m_hoveredPart = nullptr;
     /// The standard views on the cube that are under the mouse, and that were pressed; -1 for none.
     int m_hoveredView = -1;
     int m_pressedView = -1;

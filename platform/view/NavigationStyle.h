@@ -21,8 +21,9 @@ class GLView;
 
 /// Takes the events of a view to its mouse tool and turns, moves and zooms the view with what the
 /// tool leaves. A drag becomes the view's once it is longer than a click; until then the tool sees
-/// all of it. The left button alone is never the view's. A release goes where its press went; a
-/// release whose press was seen by nobody here goes nowhere.
+/// all of it. While a tool runs the left button is the tool's, but with Alt where the left button
+/// turns. A release goes where its press went; a release whose press was seen by nobody here goes
+/// nowhere. While no tool runs a resting tool sees the events, if the view has one.
 ///
 /// The view turns about the point under the mouse: sideways about the world's z axis, up and down
 /// about the screen's horizontal, as far as straight above and below. The wheel zooms to the mouse.
@@ -39,7 +40,10 @@ public:
         /// Middle turns; middle with shift moves; middle with control zooms.
         TurnByMiddle,
         /// Middle turns; right moves; right with control zooms.
-        MoveByRight
+        MoveByRight,
+        /// For touchpads: left turns and left with shift moves while no tool runs; left with Alt
+        /// turns and no tool sees it; right and middle as in the first.
+        TurnByLeft
     };
 
     explicit NavigationStyle(GLView* view);
@@ -54,6 +58,11 @@ public:
     /// that is busy with an event is deleted when the event is over, and takes no cursor of the
     /// next one along.
     void setMouseModel(std::unique_ptr<AbstractMouseSelection> tool);
+    /// What sees the events while no tool runs. It is no tool to anybody who asks for one. A click
+    /// that it makes nothing of, by returning 0, is the view's.
+    void setRestingTool(std::unique_ptr<AbstractMouseSelection> tool);
+    /// The running tool, or else the resting one; null without both.
+    AbstractMouseSelection* receiver() const { return m_tool ? m_tool.get() : m_resting.get(); }
 
     // Events of the view, in its widget coordinates.
 
@@ -87,6 +96,8 @@ private:
 
     int deliver(QEvent* event);
     void deliverEnd(QMouseEvent const& event);
+    void endResting();
+    bool isViewsAlone(QMouseEvent const& event) const;
     void forgetPresses();
     int deliverLocked(QEvent* event);
     void beginPress(QMouseEvent const& event);
@@ -102,6 +113,7 @@ private:
     GLView* m_view;
     Preset m_preset = Preset::TurnByRight;
     std::unique_ptr<AbstractMouseSelection> m_tool;
+    std::unique_ptr<AbstractMouseSelection> m_resting;
     std::vector<std::unique_ptr<AbstractMouseSelection>> m_ended;
     int m_deliveries = 0;
 
@@ -112,6 +124,8 @@ private:
     bool m_isNavigating = false;
     bool m_hasMoved = false;
     bool m_hasTurned = false;
+    /// No tool has seen the press, and none sees what follows from it.
+    bool m_isPressViews = false;
     /// The buttons whose press has been seen here, and not their release.
     int m_held = 0;
     std::function<void()> m_putBack;

@@ -1618,6 +1618,30 @@
         <source>fits, but reaches beyond the plate</source>
         <translation>passt, ragt aber über die Platte hinaus</translation>
     </message>
+    <message>
+        <source>%1 beyond the plate at the left</source>
+        <translation>%1 links über die Platte hinaus</translation>
+    </message>
+    <message>
+        <source>%1 beyond the plate at the right</source>
+        <translation>%1 rechts über die Platte hinaus</translation>
+    </message>
+    <message>
+        <source>%1 beyond the plate at the front</source>
+        <translation>%1 vorn über die Platte hinaus</translation>
+    </message>
+    <message>
+        <source>%1 beyond the plate at the back</source>
+        <translation>%1 hinten über die Platte hinaus</translation>
+    </message>
+    <message>
+        <source>%1 below the plate</source>
+        <translation>%1 unter der Platte</translation>
+    </message>
+    <message>
+        <source>%1 above the build volume</source>
+        <translation>%1 über dem Bauraum</translation>
+    </message>
 </context>
 <context>
     <name>FlawList</name>
@@ -2037,6 +2061,10 @@
     <message>
         <source>The picture could not be saved as %1: %2. Choose another folder.</source>
         <translation>Das Bild konnte nicht als %1 gespeichert werden: %2. Einen anderen Ordner wählen.</translation>
+    </message>
+    <message>
+        <source>The picture is too large for this computer: choose a smaller one.</source>
+        <translation>Das Bild ist zu groß für diesen Rechner: ein kleineres wählen.</translation>
     </message>
 </context>
 <context>
@@ -2737,6 +2765,38 @@
     <message>
         <source>No other part is shown.</source>
         <translation>Kein anderes Bauteil ist sichtbar.</translation>
+    </message>
+    <message>
+        <source>No errors are listed: check the selected parts first.</source>
+        <translation>Keine Fehler sind aufgeführt: zuerst die ausgewählten Bauteile prüfen.</translation>
+    </message>
+    <message>
+        <source>Next Error</source>
+        <translation>Nächster Fehler</translation>
+    </message>
+    <message>
+        <source>Show the next place of an error that Check has found.</source>
+        <translation>Die nächste Stelle eines Fehlers zeigen, den Prüfen gefunden hat.</translation>
+    </message>
+    <message>
+        <source>Previous Error</source>
+        <translation>Voriger Fehler</translation>
+    </message>
+    <message>
+        <source>Show the place of an error that Check has found before this one.</source>
+        <translation>Die Stelle davor zeigen, an der Prüfen einen Fehler gefunden hat.</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y the Measure</source>
+        <translation>Maß &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Copy what is measured, or the area of the cut.</source>
+        <translation>Kopieren, was gemessen ist, oder die Fläche des Schnitts.</translation>
+    </message>
+    <message>
+        <source>Nothing is measured: use Measure or the cut view first.</source>
+        <translation>Nichts ist gemessen: zuerst messen oder die Schnittansicht einschalten.</translation>
     </message>
 </context>
 <context>
@@ -3692,6 +3752,10 @@
         <source>Build height</source>
         <translation>Bauhöhe</translation>
     </message>
+    <message>
+        <source>Touchpad: turn: left; move: Shift + left</source>
+        <translation>Touchpad: drehen: links; schieben: Umschalt + links</translation>
+    </message>
 </context>
 <context>
     <name>PresetButton</name>
@@ -4218,6 +4282,66 @@
     <message>
         <source>Ctrl</source>
         <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Drag with the left button; with Alt while a tool runs</source>
+        <translation>Mit der linken Taste ziehen; mit Alt, wenn ein Werkzeug läuft</translation>
+    </message>
+    <message>
+        <source>Drag with the left button and Shift</source>
+        <translation>Mit der linken Taste und Umschalt ziehen</translation>
+    </message>
+    <message>
+        <source>Select the parts within a rectangle</source>
+        <translation>Die Bauteile in einem Rechteck auswählen</translation>
+    </message>
+    <message>
+        <source>Drag beside the parts, with Ctrl</source>
+        <translation>Neben den Bauteilen ziehen, mit Strg</translation>
+    </message>
+    <message>
+        <source>Drag beside the parts</source>
+        <translation>Neben den Bauteilen ziehen</translation>
+    </message>
+    <message>
+        <source>Menu of the part, or of the view</source>
+        <translation>Menü des Bauteils oder der Ansicht</translation>
+    </message>
+    <message>
+        <source>Right click</source>
+        <translation>Rechtsklick</translation>
+    </message>
+    <message>
+        <source>No Key</source>
+        <translation>Keine Taste</translation>
+    </message>
+    <message>
+        <source>Usual Key</source>
+        <translation>Übliche Taste</translation>
+    </message>
+    <message>
+        <source>All Usual Keys</source>
+        <translation>Alle üblichen Tasten</translation>
+    </message>
+    <message>
+        <source>Press the keys...</source>
+        <translation>Tasten drücken...</translation>
+    </message>
+    <message>
+        <source>Click on a command to change its keys.</source>
+        <translation>Auf einen Befehl klicken, um seine Tasten zu ändern.</translation>
+    </message>
+    <message>
+        <source>%1 means something in the view and in lists. Press other keys.</source>
+        <translation>%1 hat in der Ansicht und in Listen eine Bedeutung. Andere Tasten drücken.</translation>
+    </message>
+    <message>
+        <source>%1 belongs to &quot;%2&quot;. Once more takes it from there.</source>
+        <translation>%1 gehört zu „%2“. Noch einmal nimmt sie von dort.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no keys now.</source>
+        <translation>„%1“ hat jetzt keine Tasten.</translation>
     </message>
 </context>
 <context>
@@ -4846,6 +4970,66 @@
             <numerusform>%1 und %n weiteres</numerusform>
             <numerusform>%1 und %n weitere</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureDialog</name>
+    <message>
+        <source>Save Picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Transparent ground, without the plate</source>
+        <translation>Durchsichtiger Grund, ohne die Platte</translation>
+    </message>
+    <message>
+        <source>As the view (%1 x %2)</source>
+        <translation>Wie die Ansicht (%1 x %2)</translation>
+    </message>
+    <message>
+        <source>Another size</source>
+        <translation>Andere Größe</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Speichern...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>DropHighlight</name>
+    <message numerus="yes">
+        <source>Let go to open %n files</source>
+        <translation>
+            <numerusform>Loslassen, um %n Datei zu öffnen</numerusform>
+            <numerusform>Loslassen, um %n Dateien zu öffnen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SectionAreaNote</name>
+    <message>
+        <source>Area of the cut: %1</source>
+        <translation>Fläche des Schnitts: %1</translation>
+    </message>
+    <message>
+        <source>Area of the cut: unknown, a part is open there</source>
+        <translation>Fläche des Schnitts: unbekannt, ein Bauteil ist dort offen</translation>
     </message>
 </context>
 <context>

@@ -130,6 +130,16 @@
     </message>
 </context>
 <context>
+    <name>DropHighlight</name>
+    <message numerus="yes">
+        <source>Let go to open %n files</source>
+        <translation>
+            <numerusform>Let go to open %n file</numerusform>
+            <numerusform>Let go to open %n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>StepText</name>
     <message numerus="yes">
         <source>%n part(s)</source>

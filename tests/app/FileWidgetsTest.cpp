@@ -115,7 +115,7 @@ TEST(FileDrop, FilesAreOpenedAndOtherThingsAreNot)
 {
     FilesScene scene;
     QWidget target;
-    FileDrop const drop(&target, scene.files);
+    FileDrop const drop(&target, target, scene.files);
     EXPECT_TRUE(target.acceptDrops());
     QMimeData text;
     text.setText("no file");
@@ -140,6 +140,44 @@ TEST(FileDrop, FilesAreOpenedAndOtherThingsAreNot)
     EXPECT_THAT(scene.names(), IsEmpty());
     scene.finish();
     EXPECT_THAT(scene.names(), ElementsAre("a", "b"));
+}
+
+TEST(FileDrop, LightsTheViewWhileFilesHover)
+{
+    FilesScene scene;
+    QWidget target;
+    QWidget view(&target);
+    view.resize(300, 200);
+    FileDrop const drop(&target, view, scene.files);
+    target.show();
+    auto const* const light = view.findChild<QWidget*>("DropHighlight");
+    ASSERT_TRUE(light);
+    auto const leave = [&] {
+        QDragLeaveEvent event;
+        QCoreApplication::sendEvent(&target, &event);
+    };
+    EXPECT_FALSE(light->isVisible());
+    QMimeData text;
+    text.setText("no file");
+    EXPECT_FALSE(isTaken<QDragEnterEvent>(target, text));
+    EXPECT_FALSE(light->isVisible());
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(scene.partFile("a.stl", box(1, 1, 1)))});
+    EXPECT_TRUE(isTaken<QDragEnterEvent>(target, files));
+    EXPECT_TRUE(light->isVisible());
+    EXPECT_EQ(light->geometry(), view.rect());
+    leave();
+    EXPECT_FALSE(light->isVisible());
+    EXPECT_TRUE(isTaken<QDragEnterEvent>(target, files));
+    EXPECT_TRUE(isTaken<QDropEvent>(target, files));
+    EXPECT_FALSE(light->isVisible());
+    {
+        JobGuard::Hold const hold;
+        EXPECT_FALSE(isTaken<QDragEnterEvent>(target, files));
+        EXPECT_FALSE(light->isVisible());
+    }
+    scene.finish();
+    EXPECT_THAT(scene.names(), ElementsAre("a"));
 }
 
 TEST(WindowTitle, FollowsNameAndModifiedFlag)

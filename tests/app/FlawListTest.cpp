@@ -128,3 +128,26 @@ TEST_F(FlawListInWindow, ANewDocumentHasNoMarks)
     QCoreApplication::processEvents();
     EXPECT_TRUE(rows().isEmpty());
 }
+
+TEST_F(FlawListInWindow, KeysGoThroughThePlacesOneByOneAndAround)
+{
+    EXPECT_FALSE(action("Std_NextFlaw")->isEnabled());
+    check({tray, other});
+    ASSERT_EQ(list().count(), 2);
+    window->view().setFocus();
+    auto const press = [&](Qt::KeyboardModifiers modifiers) {
+        QCoreApplication::processEvents();
+        QTest::keyClick(window->windowHandle(), Qt::Key_F8, modifiers);
+        QCoreApplication::processEvents();
+        return list().currentRow();
+    };
+    EXPECT_TRUE(action("Std_NextFlaw")->isEnabled());
+    EXPECT_EQ(press({}), 0);
+    EXPECT_EQ(press({}), 1);
+    EXPECT_EQ(press({}), 0);
+    EXPECT_EQ(press(Qt::ShiftModifier), 1);
+    EXPECT_EQ(press(Qt::ShiftModifier), 0);
+    select({});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(press({}), -1);
+}

@@ -270,6 +270,9 @@ TEST_F(GermanWindow, ListsWhatTheMouseDoesInTheChosenPreset)
         {Preset::TurnByMiddle, middle, "Mit der mittleren Taste und Umschalt ziehen",
          "Mausrad oder mit der mittleren Taste und Strg ziehen"},
         {Preset::MoveByRight, middle, right, "Mausrad oder mit der rechten Taste und Strg ziehen"},
+        {Preset::TurnByLeft, "Mit der linken Taste ziehen; mit Alt, wenn ein Werkzeug läuft",
+         "Mit der linken Taste und Umschalt ziehen",
+         "Mausrad oder mit der rechten Taste und Strg ziehen"},
     };
     for (Row const& row : rows) {
         ViewPreferences(window->view()).setNavigation(row.preset);

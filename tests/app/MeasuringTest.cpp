@@ -122,3 +122,31 @@ TEST_F(MeasuringByHand, WhatHasChangedIsNoLongerShown)
     EXPECT_EQ(shown(), "");
     EXPECT_FALSE(view().findChild<QLabel*>("Measure"));
 }
+
+TEST_F(MeasuringByHand, TheMouseOverAPartTellsItsWallInTheBackground)
+{
+    MouseInWindow const mouse(*window);
+    auto const hover = [&](UPoint3<float> const& world) {
+        QPoint position;
+        view().getWidgetcoordFromWCS(world, position.rx(), position.ry());
+        // The first move sorts the mesh.
+        mouse.moveTo(view(), position + QPoint(1, 1));
+        mouse.moveTo(view(), position);
+    };
+    hover({7, 0, 13});
+    EXPECT_TRUE(waitUntil([&] { return shown() == "Wall thickness: 30.000 mm"; }));
+    QTest::keyClick(&view(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Wall thickness: 30.000 mm");
+    mouse.moveTo(view(), {4, view().height() - 4});
+    EXPECT_EQ(shown(), "");
+    // What a click tells stays.
+    click({7, 0, 13});
+    mouse.moveTo(view(), {4, view().height() - 4});
+    EXPECT_EQ(shown(), "Wall thickness: 30.000 mm");
+    click({12, 0, 20});
+    QString const distance = shown();
+    EXPECT_TRUE(distance.startsWith("Distance")) << qPrintable(distance);
+    hover({7, 0, 13});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown(), distance);
+}

@@ -146,6 +146,13 @@ TEST_F(Navigation, PresetsSayWhichButtonDoesWhat)
         {Preset::MoveByRight, Qt::MiddleButton, Qt::NoModifier, true, false, false},
         {Preset::MoveByRight, Qt::RightButton, Qt::NoModifier, false, true, false},
         {Preset::MoveByRight, Qt::RightButton, Qt::ControlModifier, false, false, true},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::NoModifier, true, false, false},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::AltModifier, true, false, false},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::ShiftModifier, false, true, false},
+        {Preset::TurnByLeft, Qt::LeftButton, Qt::ControlModifier, false, false, false},
+        {Preset::TurnByLeft, Qt::RightButton, Qt::NoModifier, true, false, false},
+        {Preset::TurnByLeft, Qt::RightButton, Qt::ControlModifier, false, false, true},
+        {Preset::TurnByLeft, Qt::MiddleButton, Qt::NoModifier, false, true, false},
     };
     for (Case const& c : cases) {
         SCOPED_TRACE(testing::Message() << int(c.preset) << " " << c.button);

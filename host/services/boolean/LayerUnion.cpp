@@ -70,7 +70,9 @@ std::optional<MeshArrays> unitedLayers(MeshArrays const& mesh, StageProgress& pr
     soup.mesh = layers.mesh;
     auto const tree = layers.tree ? std::make_unique<ToolTree>(layers.mesh, std::move(layers.tree))
                                   : std::make_unique<ToolTree>(layers.mesh, progress);
-    auto contacts = findSelfContacts(*tree, layers.suspects, progress);
+    // Shells that hardly differ are folded in slivers: united by curves they cross after rounding,
+    // and the repair knows better ways.
+    auto contacts = findSelfContacts(*tree, layers.suspects, progress, false);
     if (contacts.size() > mostContacts(availableMemory()))
         return {};
 

@@ -25,8 +25,8 @@ struct EdgeUse
 class SelfContacts
 {
 public:
-    SelfContacts(ToolTree const& tree, std::vector<std::uint32_t> const& suspects)
-        : m_tree(tree), m_mesh(tree.mesh()), m_suspects(suspects)
+    SelfContacts(ToolTree const& tree, std::vector<std::uint32_t> const& suspects, bool folds)
+        : m_tree(tree), m_mesh(tree.mesh()), m_suspects(suspects), m_folds(folds)
     {}
 
     std::vector<TrianglePair> run(StageProgress& progress)
@@ -68,7 +68,7 @@ private:
         for (std::uint32_t const corner : a)
             shared += std::find(b.begin(), b.end(), corner) != b.end();
         if (shared > 1) {
-            if (shared == 2 && doTrianglesMeet(m_mesh, t, u))
+            if (shared == 2 && m_folds && doTrianglesMeet(m_mesh, t, u))
                 joinAtFold(t, u);
             return;
         }
@@ -142,6 +142,7 @@ private:
     ToolTree const& m_tree;
     MeshArrays const& m_mesh;
     std::vector<std::uint32_t> const& m_suspects;
+    bool m_folds;
     std::vector<TrianglePair> m_pairs;
 };
 
@@ -149,7 +150,7 @@ private:
 
 std::vector<TrianglePair> findSelfContacts(ToolTree const& tree,
                                            std::vector<std::uint32_t> const& suspects,
-                                           StageProgress& progress)
+                                           StageProgress& progress, bool folds)
 {
-    return SelfContacts(tree, suspects).run(progress);
+    return SelfContacts(tree, suspects, folds).run(progress);
 }

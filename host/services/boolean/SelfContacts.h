@@ -13,7 +13,8 @@
 ///
 /// tree      over the mesh, whose triangles all have an area
 /// suspects  the triangles that may meet others or be at such an edge
+/// folds     whether the edges of neighbours that are folded onto each other count
 /// returns   in the order of the triangles, the smaller first
 std::vector<TrianglePair> findSelfContacts(ToolTree const& tree,
                                            std::vector<std::uint32_t> const& suspects,
-                                           StageProgress& progress);
+                                           StageProgress& progress, bool folds = true);

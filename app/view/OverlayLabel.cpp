@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/tools/OverlayLabel.h"
+#include "app/view/OverlayLabel.h"
 
 #include <algorithm>
 
