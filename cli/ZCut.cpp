@@ -13,6 +13,11 @@ int runZCut(ZCutOptions const& options)
 {
     CutRun run("zcut", options);
     return run.perform([&] {
+        if (options.isSliced()) {
+            float const distance = options.distance();
+            run.cutEach([&](CutPart& part) { cutIntoSlices(part, distance); });
+            return;
+        }
         std::vector<float> const heights = options.heightsFor(run.parts().size());
         run.cutEach([&](CutPart& part) {
             cutAtHeight(run.document(), part, heights[part.place], options.repair);
@@ -31,6 +36,7 @@ void addZCut(CLI::App& commandLine, Action& action)
     command->footer(
         "Examples:\n"
         "  freecut zcut bracket.stl --height 12.5\n"
+        "  freecut zcut tower.stl --every 40\n"
         "  freecut zcut a.stl b.3mf --heights 10,22.5 -o pieces --format 3mf\n"
         "  freecut zcut big.stl --height 40 --no-repair --json report.json");
     command->callback([options, &action] { action = [options] { return runZCut(*options); }; });

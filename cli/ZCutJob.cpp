@@ -4,12 +4,18 @@
 #include "cli/DocumentParts.h"
 #include "cli/Errors.h"
 #include "cutjobs/SectionZCut.h"
+#include "cutjobs/common/RemarkTexts.h"
+#include "host/services/HeightSlices.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
+#include "platform/document/RenamePara.h"
+#include "platform/jobs/FlawException.h"
+#include "platform/jobs/SequencerLauncher.h"
 
 #include <QEventLoop>
 
 #include <optional>
+#include <span>
 
 namespace {
 
@@ -59,5 +65,33 @@ void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairSc
             part.pieces.back().repair = repairs[i];
             part.pieces.back().side = i;
         }
+    }
+}
+
+void cutIntoSlices(CutPart& part, float distance)
+{
+    std::vector<double> const heights =
+        HeightSlices::everyDistance(part.object->getBoundingBox(), double(distance));
+    if (heights.size() >= HeightSlices::mostHeights)
+        throw UsageError("--every " + std::to_string(distance) + " makes more than " +
+                         std::to_string(HeightSlices::mostHeights) +
+                         " slices of a part; give a greater height.");
+    Base::SequencerLauncher display("Cutting at heights", 100, true);
+    display.setCancelEnabled(true);
+    HeightSlices slices;
+    try {
+        slices = sliceAtHeights(*part.object->meshProperty->shareMesh(), heights,
+                                [&](int percent) { display.setProgress(std::uint64_t(percent)); });
+    } catch (Mell::FlawException const& flaw) {
+        throw CutError({flaw.what(), flaw.place(), flaw.repairMayHelp(), part.object}, {});
+    }
+    part.remarks = remarksOn(slices.notes, part.object);
+    if (slices.pieces.size() == 1)
+        part.remarks.push_back(planeMisses(part.object, false));
+    std::string const stem = part.object->getName() + Mesh::g_RenamePara.suffix.toStdString();
+    for (auto slice = slices.pieces.rbegin(); slice != slices.pieces.rend(); ++slice) {
+        CutPiece& piece = part.pieces.emplace_back();
+        piece.name = stem + std::to_string(part.pieces.size());
+        piece.kernel = *slice;
     }
 }

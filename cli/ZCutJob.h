@@ -14,3 +14,9 @@ class Document;
 /// throws  CutError that says why the cut failed; Mell::AbortException if the user has cancelled.
 ///         The document is then unchanged
 void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairScope repair);
+
+/// Cuts a part into slices behind a progress display, and enters these as its pieces, from above.
+///
+/// distance  from the part's lowest point to the first plane, and from plane to plane
+/// throws    as cutAtHeight(); UsageError for more slices than there can be
+void cutIntoSlices(CutPart& part, float distance);

@@ -39,9 +39,26 @@ void ZCutOptions::addTo(CLI::App& command)
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(checkHeight);
+    heightGroup
+        ->add_option(
+            "--every", every,
+            "Cut each part into slices of this height, from its lowest point on; the uppermost "
+            "has number 1")
+        ->type_name("MM")
+        ->check(checkHeight);
     heightGroup->require_option(1);
     addNames(command, "UPPER,LOWER", "Number 1 is the upper piece, 2 the lower one");
     addPieces(command);
+}
+
+float ZCutOptions::distance() const
+{
+    float const distance = parseMillimetres(every, "--every");
+    if (!(distance > 0))
+        throw UsageError("--every takes a height above 0 such as 40, but got \"" + every + "\".");
+    if (!names.empty())
+        throw UsageError("--name names two pieces; the slices of --every have numbers.");
+    return distance;
 }
 
 std::vector<float> ZCutOptions::heightsFor(std::size_t partCount) const

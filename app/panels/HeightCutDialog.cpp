@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/HeightCutDialog.h"
 
+#include "host/services/HeightSlices.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/MellLineEdit.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -94,9 +95,9 @@ std::vector<double> HeightCutDialog::heightsIn(QString const& text, QString& wro
 std::vector<double> HeightCutDialog::heights(QString& wrong) const
 {
     wrong.clear();
-    return HeightCut::within(m_box, m_every->isChecked()
-                                        ? HeightCut::everyDistance(m_box, m_distance->value())
-                                        : heightsIn(m_heights->text(), wrong));
+    return HeightSlices::within(m_box, m_every->isChecked()
+                                           ? HeightSlices::everyDistance(m_box, m_distance->value())
+                                           : heightsIn(m_heights->text(), wrong));
 }
 
 HeightCut::Plan HeightCutDialog::plan() const
@@ -111,7 +112,7 @@ void HeightCutDialog::refresh()
     m_distance->setEnabled(m_every->isChecked());
     QString wrong;
     std::size_t const count = heights(wrong).size();
-    bool const isTooMany = count >= HeightCut::mostHeights;
+    bool const isTooMany = count >= HeightSlices::mostHeights;
     m_cut->setEnabled(count > 0 && !isTooMany);
     if (!wrong.isEmpty())
         m_summary->setText(tr("\"%1\" is no number.").arg(wrong));

@@ -53,13 +53,6 @@ public:
     /// finished().
     bool start(Mesh::Document& document, Parts const& parts, Plan const& plan);
 
-    /// The heights that go through a box, each once, from below.
-    static std::vector<double> within(UBox3<float> const& box, std::vector<double> heights);
-    /// From the bottom of a box on every so many millimetres; nothing for a distance that is not
-    /// above zero, and no more than `mostHeights`.
-    static std::vector<double> everyDistance(UBox3<float> const& box, double distance);
-    static constexpr std::size_t mostHeights = 500;
-
 signals:
     /// pieces  how many there are now
     /// reason  the sentence for the user if Failed
@@ -88,7 +81,6 @@ private:
     };
 
     static void cut(Run& run, Progress const& progress);
-    static void slice(Slices& slices, Progress const& progress);
     void take(Run const& run, JobOutcome const& outcome);
     int integrate(std::vector<Slices> const& slices) const;
 

@@ -2075,7 +2075,7 @@
     </message>
 </context>
 <context>
-    <name>HeightCut</name>
+    <name>HeightSlices</name>
     <message>
         <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
         <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>

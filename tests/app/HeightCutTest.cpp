@@ -2,6 +2,7 @@
 #include "app/panels/HeightCutDialog.h"
 #include "app/panels/LogConsole.h"
 #include "host/mesh/MeshFacts.h"
+#include "host/services/HeightSlices.h"
 #include "platform/document/CutMemory.h"
 #include "platform/ui/CutView.h"
 #include "tests/app/ToolWindow.h"
@@ -72,14 +73,14 @@ protected:
 TEST(HeightCut, HeightsAreThoseWithinEachOnceFromBelow)
 {
     UBox3<float> const box({0, 0, 10}, {1, 1, 40});
-    EXPECT_EQ(HeightCut::within(box, {30, 10, 20, 40, 30, -5, 20.000000001}),
+    EXPECT_EQ(HeightSlices::within(box, {30, 10, 20, 40, 30, -5, 20.000000001}),
               (std::vector<double>{20, 30}));
-    EXPECT_EQ(HeightCut::everyDistance(box, 10), (std::vector<double>{20, 30}));
-    EXPECT_EQ(HeightCut::everyDistance(box, 12), (std::vector<double>{22, 34}));
-    EXPECT_TRUE(HeightCut::everyDistance(box, 0).empty());
-    EXPECT_TRUE(HeightCut::everyDistance(box, -1).empty());
-    EXPECT_TRUE(HeightCut::everyDistance({}, 1).empty());
-    EXPECT_EQ(HeightCut::everyDistance(box, 1e-9).size(), HeightCut::mostHeights);
+    EXPECT_EQ(HeightSlices::everyDistance(box, 10), (std::vector<double>{20, 30}));
+    EXPECT_EQ(HeightSlices::everyDistance(box, 12), (std::vector<double>{22, 34}));
+    EXPECT_TRUE(HeightSlices::everyDistance(box, 0).empty());
+    EXPECT_TRUE(HeightSlices::everyDistance(box, -1).empty());
+    EXPECT_TRUE(HeightSlices::everyDistance({}, 1).empty());
+    EXPECT_EQ(HeightSlices::everyDistance(box, 1e-9).size(), HeightSlices::mostHeights);
 }
 
 TEST(HeightCut, NumbersAreReadWithEitherSignAndTheFirstWrongWordIsTold)

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/services/HeightSlices.h"
+
+#include "host/mesh/MeshFacts.h"
+#include "platform/jobs/Exceptions.h"
+#include "platform/mesh/TakenMesh.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+using Kernel = std::shared_ptr<MeshKernel>;
+
+class SliceTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(HeightSlices)
+};
+
+void append(std::vector<UPoint3<float>>& all, std::vector<UPoint3<float>> const& some)
+{
+    all.insert(all.end(), some.begin(), some.end());
+}
+
+/// A horizontal rectangle that faces upward and covers a box.
+Kernel planeOver(UBox3<float> const& box, float height)
+{
+    constexpr float margin = 10;
+    auto mesh = std::make_unique<UMesh<float>>();
+    float const left = box.MinX() - margin, right = box.MaxX() + margin;
+    float const front = box.MinY() - margin, back = box.MaxY() + margin;
+    std::array<UVertex<float>*, 4> corners{};
+    std::array<UPoint3<float>, 4> const places = {{{left, front, height},
+                                                   {right, front, height},
+                                                   {right, back, height},
+                                                   {left, back, height}}};
+    for (std::size_t i = 0; i < 4; ++i) {
+        corners[i] = new UVertex<float>(places[i]);
+        mesh->AddVertex(corners[i]);
+    }
+    for (std::array<std::size_t, 3> const& ids :
+         {std::array<std::size_t, 3>{0, 1, 2}, std::array<std::size_t, 3>{2, 3, 0}}) {
+        auto* const triangle = new UTriangle<float>;
+        for (int i = 0; i < 3; ++i)
+            triangle->V0(i) = corners[ids[std::size_t(i)]];
+        triangle->N() = triangle->ComputeNormalizedNormal();
+        mesh->AddTriangle(triangle);
+    }
+    return std::make_shared<MeshKernel>(mesh.release());
+}
+
+bool isEmpty(MeshKernel const& kernel)
+{
+    return kernel.readMesh()->triangles.empty();
+}
+
+Kernel cleaned(MeshKernel& piece)
+{
+    piece.DeleteDegenerateTris();
+    piece.DeleteUnreferenceVerts();
+    piece.UpdateTrisID();
+    piece.UpdateVertsID();
+    piece.UpdateBoundingBox();
+    return asReadOnly(piece);
+}
+
+/// By measures that know nothing of the cut: pieces of a closed part are closed, and have its
+/// volume together.
+///
+/// throws  Mell::Exception
+void requireSound(MeshKernel const& part, std::vector<Kernel> const& pieces)
+{
+    constexpr double tolerance = 1e-4;
+    MeshFacts const whole = measureMesh(part);
+    if (!whole.closed)
+        return;
+    double volume = 0;
+    bool isClosed = true;
+    for (Kernel const& piece : pieces) {
+        MeshFacts const facts = measureMesh(*piece);
+        isClosed = isClosed && facts.closed;
+        volume += facts.volume;
+    }
+    if (isClosed && std::abs(volume - whole.volume) <= tolerance * std::abs(whole.volume))
+        return;
+    throw Mell::Exception(
+        SliceTexts::tr("The pieces would not be sound. Repair the part, or change the heights a "
+                       "little.")
+            .toStdString());
+}
+
+}  // namespace
+
+std::vector<double> HeightSlices::within(UBox3<float> const& box, std::vector<double> heights)
+{
+    std::erase_if(heights, [&](double height) {
+        return !(float(height) > box.MinZ() && float(height) < box.MaxZ());
+    });
+    std::sort(heights.begin(), heights.end());
+    // Two that are one as a coordinate would leave nothing between them.
+    auto const isSame = [](double a, double b) { return float(a) == float(b); };
+    heights.erase(std::unique(heights.begin(), heights.end(), isSame), heights.end());
+    return heights;
+}
+
+std::vector<double> HeightSlices::everyDistance(UBox3<float> const& box, double distance)
+{
+    std::vector<double> heights;
+    if (box.Isnullptr() || !(distance > 0))
+        return heights;
+    for (std::size_t i = 1; heights.size() < mostHeights; ++i) {
+        double const height = double(box.MinZ()) + double(i) * distance;
+        // What is left of the last one by rounding is no piece.
+        if (height > double(box.MaxZ()) - 1e-3)
+            break;
+        heights.push_back(height);
+    }
+    return heights;
+}
+
+HeightSlices sliceAtHeights(MeshKernel const& part, std::vector<double> const& heights,
+                            std::function<void(int)> const& progress)
+{
+    HeightSlices slices;
+    Kernel rest = std::make_shared<MeshKernel>(part);
+    int const count = int(heights.size());
+    for (int i = 0; i < count; ++i) {
+        Kernel const plane = planeOver(part.GetBox(), float(heights[std::size_t(i)]));
+        MeshKernel upper, lower, section;
+        PlaneCutNotes const notes = cutByPlaneWithNotes(
+            *rest, *plane, upper, lower, &section,
+            [&](int percent) { progress((90 * i + percent * 9 / 10) / count); });
+        append(slices.notes.turned, notes.turned);
+        append(slices.notes.doubled, notes.doubled);
+        append(slices.notes.crossing, notes.crossing);
+        if (!isEmpty(lower))
+            slices.pieces.push_back(cleaned(lower));
+        rest = cleaned(upper);
+        if (isEmpty(*rest))
+            break;
+    }
+    if (!isEmpty(*rest))
+        slices.pieces.push_back(rest);
+    requireSound(part, slices.pieces);
+    progress(100);
+    return slices;
+}
