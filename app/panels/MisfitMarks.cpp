@@ -58,7 +58,9 @@ MisfitMarks::MisfitMarks(Mesh::GLView& view, ViewAppearance const& appearance)
 
 MisfitMarks::~MisfitMarks()
 {
-    m_view.removeGraphicsItem(this);
+    // A view that is going with all its children is no more than a widget by then.
+    if (qobject_cast<Base::GLView*>(parent()))
+        m_view.removeGraphicsItem(this);
 }
 
 bool MisfitMarks::isShown() const

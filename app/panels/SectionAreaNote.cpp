@@ -21,18 +21,17 @@ constexpr int axesPixels = 90;
 }  // namespace
 
 SectionAreaNote::SectionAreaNote(Mesh::GLView& view)
-    : QObject(&view),
-      m_view(view),
-      m_follower(new DocumentFollower(this)),
-      m_label(new OverlayLabel(view, "SectionArea"))
+    : QObject(&view), m_view(view), m_follower(new DocumentFollower(this))
 {
     m_thread.setMaxThreadCount(1);
-    m_label->hide();
     view.addGraphicsItem(this);
     view.installEventFilter(this);
     connect(m_follower, &DocumentFollower::changed, this, &SectionAreaNote::refresh);
     connect(m_follower, &DocumentFollower::replaced, this, &SectionAreaNote::refresh);
-    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, [this] { show(m_area); });
+    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, [this] {
+        if (m_label)
+            show(m_area);
+    });
 }
 
 SectionAreaNote::~SectionAreaNote()
@@ -40,12 +39,14 @@ SectionAreaNote::~SectionAreaNote()
     ++*m_number;
     m_thread.clear();
     m_thread.waitForDone();
-    m_view.removeGraphicsItem(this);
+    // A view that is going with all its children is no more than a widget by then.
+    if (qobject_cast<Base::GLView*>(parent()))
+        m_view.removeGraphicsItem(this);
 }
 
 QString SectionAreaNote::text() const
 {
-    return m_label->isHidden() ? QString() : m_label->text();
+    return m_label ? m_label->text() : QString();
 }
 
 std::optional<SectionAreaNote::Plane> SectionAreaNote::plane() const
@@ -71,7 +72,7 @@ void SectionAreaNote::refresh()
     if (!m_plane || !document) {
         ++*m_number;
         m_asked.reset();
-        m_label->hide();
+        dropLabel();
         emit changed();
         return;
     }
@@ -119,6 +120,8 @@ void SectionAreaNote::show(std::optional<double> area)
     if (!m_asked)
         return;
     m_area = area;
+    if (!m_label)
+        m_label = new OverlayLabel(m_view, "SectionArea");
     m_label->setText(area ? tr("Area of the cut: %1").arg(MeasureText::areaMm2(*area))
                           : tr("Area of the cut: unknown, a part is open there"));
     m_label->show();
@@ -129,15 +132,23 @@ void SectionAreaNote::show(std::optional<double> area)
 // In the lower left corner, above the axes.
 void SectionAreaNote::place()
 {
+    if (!m_label)
+        return;
     m_label->adjustSize();
     m_label->move(marginPixels, std::max(0, m_view.height() - axesPixels - m_label->height()));
+}
+
+void SectionAreaNote::dropLabel()
+{
+    delete m_label;
+    m_label = nullptr;
 }
 
 bool SectionAreaNote::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize)
         place();
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange && m_label)
         show(m_area);
     return QObject::eventFilter(watched, event);
 }

@@ -74,10 +74,12 @@ private:
     void take(int number, std::optional<double> area);
     void show(std::optional<double> area);
     void place();
+    void dropLabel();
 
     Mesh::GLView& m_view;
     DocumentFollower* m_follower;
-    OverlayLabel* m_label;
+    /// Null while there is nothing to tell: views are searched for labels of others.
+    OverlayLabel* m_label = nullptr;
     std::optional<Plane> m_plane;
     std::optional<Question> m_asked;
     std::optional<double> m_area;

@@ -156,6 +156,8 @@ TEST_F(AppWindow, TheKeyOfACommandThatIsOffTellsWhatIsMissing)
 TEST_F(AppWindow, TheQuestionMarkListsAllShortcuts)
 {
     ASSERT_NO_FATAL_FAILURE(show());
+    // Shortcuts are those of the active window, which it is some time after it is shown.
+    ASSERT_TRUE(waitUntil([&] { return window->isActiveWindow(); }));
     QTest::keyClick(window->windowHandle(), Qt::Key_Question);
     auto* const list = window->findChild<QTreeWidget*>();
     ASSERT_TRUE(list);
