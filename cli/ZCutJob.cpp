@@ -5,12 +5,12 @@
 #include "cli/Errors.h"
 #include "cutjobs/SectionZCut.h"
 #include "cutjobs/common/RemarkTexts.h"
-#include "host/services/HeightSlices.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/document/RenamePara.h"
 #include "platform/jobs/FlawException.h"
 #include "platform/jobs/SequencerLauncher.h"
+#include "platform/services/HeightSlices.h"
 
 #include <QEventLoop>
 

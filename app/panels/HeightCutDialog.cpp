@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/HeightCutDialog.h"
 
-#include "host/services/HeightSlices.h"
+#include "platform/services/HeightSlices.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/MellLineEdit.h"
 #include "platform/ui/MellQuantitySpinBox.h"

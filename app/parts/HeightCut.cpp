@@ -2,10 +2,10 @@
 #include "app/parts/HeightCut.h"
 
 #include "app/parts/EditStep.h"
-#include "host/services/HeightSlices.h"
 #include "platform/document/CutMemory.h"
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/RenamePara.h"
+#include "platform/services/HeightSlices.h"
 
 HeightCut::HeightCut()
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/services/HeightSlices.h"
+#include "platform/services/HeightSlices.h"
 
 #include "host/mesh/MeshFacts.h"
 #include "platform/jobs/Exceptions.h"
