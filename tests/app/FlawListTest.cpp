@@ -3,24 +3,19 @@
 #include "app/panels/PartInformation.h"
 #include "app/window/WindowPanels.h"
 #include "platform/view/PlaceMark.h"
-#include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 
 #include <QListWidget>
 
 namespace {
 
 /// Two open trays, one of them turned away from the viewer, whose errors are looked for.
-class FlawListInWindow : public AppWindow
+class FlawListInWindow : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         tray = test->add(openBox(30, 30, 30), "tray");
         other = test->add(openBox(30, 30, 30), "other");
         other->translate({50, 0, 0}, 0);
@@ -28,7 +23,6 @@ protected:
         view().fitAll();
     }
 
-    Mesh::GLView& view() const { return window->view(); }
     QListWidget& list() const { return window->findChild<FlawList*>()->list(); }
     void check(std::vector<Mesh::DocumentObject*> const& parts)
     {
@@ -54,14 +48,9 @@ protected:
     /// Of the colour of the marks.
     int markedPixels() const
     {
-        QImage const picture = view().grabFramebuffer();
-        int count = 0;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x) {
-                QColor const color = picture.pixelColor(x, y);
-                count += color.red() > 200 && color.green() < 80 && color.blue() < 70;
-            }
-        return count;
+        return pixelsIn([](QColor const& color) {
+            return color.red() > 200 && color.green() < 80 && color.blue() < 70;
+        });
     }
 
     Mesh::DocumentObject* tray = nullptr;

@@ -2,9 +2,8 @@
 #include "app/tools/HandleShape.h"
 #include "app/tools/HandlesTool.h"
 #include "app/window/ToolHint.h"
-#include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 
 #include <QLabel>
 
@@ -13,15 +12,11 @@ namespace {
 using Names = std::vector<std::string>;
 
 /// A hand moves and turns parts by their handles, in the window.
-class HandlesByHand : public AppWindow
+class HandlesByHand : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         part = test->add(box(20, 30, 40), "block");
         part->translate({-10, -15, 0}, 0);
         view().OnViewType(6);
@@ -31,7 +26,6 @@ protected:
         ASSERT_EQ(view().getInteractModeName(), "HandlesTool");
     }
 
-    Mesh::GLView& view() const { return window->view(); }
     UPoint3<float> middle() const
     {
         UBox3<float> const box = part->getBoundingBox();

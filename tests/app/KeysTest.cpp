@@ -2,9 +2,8 @@
 #include "app/window/KeyBindings.h"
 #include "app/window/ShortcutList.h"
 #include "platform/ui/StoredSettings.h"
-#include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -13,15 +12,11 @@
 namespace {
 
 /// A hand changes keys in the list of them.
-class Keys : public AppWindow
+class Keys : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         test->add(box(10, 10, 10), "part");
         open();
     }

@@ -4,8 +4,7 @@
 #include "app/partlist/PartTreeModel.h"
 #include "app/partlist/PartTreeView.h"
 #include "app/view/ViewPreferences.h"
-#include "tests/app/AppWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 
 #include <QLabel>
 
@@ -14,21 +13,16 @@ namespace {
 BuildVolume const room{{}, 100, 80, 60};
 
 /// Parts on a plate of 100 x 80 mm under 60 mm, in the shown window.
-class Misfits : public AppWindow
+class Misfits : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         preferences = std::make_unique<ViewPreferences>(view());
         preferences->setPlateSize({100, 80});
         BuildVolume::storeHeight(60);
     }
 
-    Mesh::GLView& view() const { return window->view(); }
     void settle() const
     {
         for (int i = 0; i < 5; ++i)
@@ -51,14 +45,9 @@ protected:
     /// Of the colour of the boxes.
     int redPixels() const
     {
-        QImage const picture = view().grabFramebuffer();
-        int count = 0;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x) {
-                QColor const color = picture.pixelColor(x, y);
-                count += color.red() > 180 && color.green() < 90 && color.blue() < 80;
-            }
-        return count;
+        return pixelsIn([](QColor const& color) {
+            return color.red() > 180 && color.green() < 90 && color.blue() < 80;
+        });
     }
 
     std::unique_ptr<ViewPreferences> preferences;

@@ -3,8 +3,7 @@
 #include "app/window/WindowPanels.h"
 #include "platform/ui/CutView.h"
 #include "platform/ui/DisplayUnit.h"
-#include "tests/app/AppWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 
 #include <QClipboard>
 #include <QTest>
@@ -12,15 +11,11 @@
 namespace {
 
 /// The area that the corner of the shown view tells, of a block of 20 x 30 x 40 mm.
-class SectionAreaInWindow : public AppWindow
+class SectionAreaInWindow : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         part = test->add(box(20, 30, 40), "block");
         window->view().fitAll();
     }

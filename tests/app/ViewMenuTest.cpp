@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/NavigationStyle.h"
-#include "tests/app/AppWindow.h"
 #include "tests/app/MouseInWindow.h"
-#include "tests/support/SkipReasons.h"
+#include "tests/app/ShownWindow.h"
 #include "tests/support/ViewEvents.h"
 
 #include <QMenu>
@@ -10,21 +9,16 @@
 namespace {
 
 /// The right button in the shown view, over two boxes.
-class ViewMenuByHand : public AppWindow
+class ViewMenuByHand : public ShownWindow
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
-        if (!hasDisplay())
-            GTEST_SKIP() << displayIsMissing;
-        AppWindow::SetUp();
-        show();
         a = test->add(box(20, 20, 20), "a");
         b = test->add(box(20, 20, 20, {40, 0, 0}), "b");
         view().OnViewType(2);
         view().fitAll();
     }
-    Mesh::GLView& view() const { return window->view(); }
     QPoint positionOf(UPoint3<float> const& world) const
     {
         QPoint position;
