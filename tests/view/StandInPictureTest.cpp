@@ -110,7 +110,13 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return !standIns().isWorking(); }));
     }
 
-    void moveMouse() { ::move(*view, {5, 5}); }
+    /// Out of the view in the end: where exact pictures are fast, it lights the part under it.
+    void moveMouse()
+    {
+        ::move(*view, {5, 5});
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(view.get(), &leave);
+    }
     QImage whileMoving()
     {
         moveMouse();
@@ -217,7 +223,8 @@ TEST_P(StandInPictures, StayCloseToTheExactOnesWhileTheMouseMoves)
     // So near that few triangles are in sight, these are drawn themselves.
     view->getCamera()->zoom(0.3);
     QRect const middle(200, 200, 500, 300);
-    EXPECT_LT(Difference(exact().copy(middle), whileMoving().copy(middle)).shareApart, 0.001);
+    QImage const moving = whileMoving().copy(middle), expected = exact().copy(middle);
+    EXPECT_LT(Difference(expected, moving).shareApart, 0.001);
 }
 
 TEST_P(StandInPictures, OfRealPartsStayClose)
@@ -301,9 +308,10 @@ TEST_P(StandInPictures, AreFollowedByOneExactPicture)
     PictureCount pictures(*view);
     moveMouse();
     view->redraw();
-    ASSERT_TRUE(waitUntil([&] { return pictures.count >= 2; }));
+    // One while the mouse moves, one with which the exact one is begun when it rests, and that one.
+    ASSERT_TRUE(waitUntil([&] { return pictures.count >= 3; }));
     settle();
-    EXPECT_EQ(pictures.count, 2);
+    EXPECT_EQ(pictures.count, 3);
     EXPECT_EQ(view->grabFramebuffer(), expected);
     // So is one that nobody has moved the mouse for, as soon as the exact one is drawn.
     pictures.count = 0;
