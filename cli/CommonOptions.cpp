@@ -20,7 +20,8 @@ std::map<std::string, float> const unitLengths = {
 
 void CommonOptions::addTo(CLI::App& command)
 {
-    command.add_option("FILE", files, "The parts: STL, OBJ, PLY, OFF or 3MF files")->required();
+    // Each command says what its files are.
+    command.add_option("FILE", files)->required();
     command
         .add_option("--unit", unit,
                     "What the numbers of files are that do not say it themselves, which is all but "
