@@ -105,7 +105,7 @@ struct FourBoxes
     }
 };
 
-/// The boxes of the tool's triangles in one block of cells.
+/// The boxes and planes of the tool's triangles in one block of cells.
 class BlockBoxes
 {
 public:
@@ -113,13 +113,20 @@ public:
     {
         m_fours.assign((references.size() + 3) / 4, {});
         m_unions.assign((m_fours.size() + 3) / 4, {});
+        m_planes.clear();
+        m_planes.reserve(references.size());
         for (std::size_t i = 0; i < references.size(); ++i) {
-            Box const box =
-                boxOf(cornersOf(soup, soup.firstTriangleOfSecond + references[i].triangle));
+            TriangleCorners const corners =
+                cornersOf(soup, soup.firstTriangleOfSecond + references[i].triangle);
+            Box const box = boxOf(corners);
             m_fours[i / 4].widen(i % 4, box);
             m_unions[i / 16].widen(i / 4 % 4, box);
+            m_planes.emplace_back(corners);
         }
     }
+
+    /// The plane of the triangle of a reference.
+    QuickPlane const& plane(std::size_t i) const { return m_planes[i]; }
 
     /// Calls `visit(i)` for the places of references whose triangles' boxes overlap a box.
     template <typename Visit>
@@ -138,6 +145,7 @@ private:
     std::vector<FourBoxes> m_fours;
     /// Each of the boxes around one of the fours.
     std::vector<FourBoxes> m_unions;
+    std::vector<QuickPlane> m_planes;
 };
 
 /// The blocks that one thread has looked at last: triangles that lie close together share them.
@@ -154,7 +162,7 @@ public:
 
 private:
     /// Where many triangles lie in one cell, few blocks are kept.
-    static constexpr std::size_t mostBoxes = 1 << 18;
+    static constexpr std::size_t mostBoxes = 1 << 17;
 
     struct Entry
     {
@@ -271,7 +279,7 @@ private:
         for (std::uint32_t const t : candidates) {
             std::uint32_t const second = m_soup.firstTriangleOfSecond + t;
             TriangleCorners const others = cornersOf(m_soup, second);
-            if (plane.hasOnOneSide(others) || QuickPlane(others).hasOnOneSide(corners))
+            if (plane.hasOnOneSide(others))
                 continue;
             TriangleContact const contact = contactOf(corners, others);
             if (contact.count > 0 || contact.isCoplanar)
@@ -279,7 +287,8 @@ private:
         }
     }
 
-    /// The tool's triangles with cells and a box in common with a triangle, in order.
+    /// The tool's triangles with cells and a box in common with a triangle, in order, but for those
+    /// whose plane certainly has it on one side: of long triangles that lie aslant, most.
     void findCandidates(TriangleCorners const& corners, LatestBlocks& blocks,
                         std::vector<std::uint32_t>& candidates) const
     {
@@ -289,8 +298,9 @@ private:
             m_grid.placeOf(corners[0]), m_grid.placeOf(corners[1]), m_grid.placeOf(corners[2]),
             [&](ToolGrid::CellsOfBlock const& cells) {
                 auto const references = m_grid.referencesOf(cells.block);
-                blocks.at(m_soup, m_grid, cells.block).forOverlapping(box, [&](std::size_t i) {
-                    if (cells.meet(references[i]))
+                BlockBoxes const& boxes = blocks.at(m_soup, m_grid, cells.block);
+                boxes.forOverlapping(box, [&](std::size_t i) {
+                    if (cells.meet(references[i]) && !boxes.plane(i).hasOnOneSide(corners))
                         candidates.push_back(references[i].triangle);
                 });
             });

@@ -2,6 +2,7 @@
 #include "host/services/boolean/CurveNetwork.h"
 
 #include "host/services/Polling.h"
+#include "host/services/boolean/GroupedSort.h"
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -165,7 +166,8 @@ void CurveNetwork::addContacts(std::vector<TrianglePair> const& contacts, StageP
 {
     // Room that is not used takes no memory, and growing takes some more.
     m_segments.reserve(contacts.size());
-    m_points.reserve(contacts.size());
+    m_points.reserve(std::size_t(std::ranges::count_if(
+        contacts, [](TrianglePair const& pair) { return pair.contact.count == 2; })));
     for (TrianglePair const& pair : contacts) {
         if ((&pair - contacts.data()) % 4096 == 0)
             progress.add(0);
@@ -215,9 +217,15 @@ void CurveNetwork::spread(StageProgress& progress)
             if (s.edges[o] == CurveSegment::inside)
                 m_faceSegments.emplace_back(s.triangles[o], undirected(s.from, s.to));
         }
-    sortUniquely(m_facePoints, progress);
-    sortUniquely(m_faceSegments, progress);
-    sortUniquely(m_edgePoints, progress);
+    auto const placeOfFace = [this](auto const& entry) { return m_faceOf[entry.first]; };
+    sortInGroups(m_facePoints, m_touched.size(), placeOfFace, progress);
+    sortInGroups(m_faceSegments, m_touched.size(), placeOfFace, progress);
+    // A large soup with few contacts has many points and few of them on edges.
+    if (m_edgePoints.size() > m_soup.pointCount() / 8)
+        sortInGroups(
+            m_edgePoints, m_soup.pointCount(), [](EdgePoint const& p) { return p.low; }, progress);
+    else
+        sortUniquely(m_edgePoints, progress);
 }
 
 void CurveNetwork::spreadEnd(CurveSegment const& segment, int operand, std::uint32_t point,

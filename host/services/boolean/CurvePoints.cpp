@@ -93,6 +93,13 @@ CurvePoints::CurvePoints(OperandSoup const& soup)
         m_standIns[i] = i;
 }
 
+void CurvePoints::reserve(std::size_t points)
+{
+    m_points.reserve(points);
+    m_byKey = FlatMap<Key, KeyHash>(points);
+    m_byPlace = PointsByPlace(points);
+}
+
 std::uint32_t CurvePoints::add(TriangleContact::Point const& point, std::uint32_t first,
                                std::uint32_t second)
 {

@@ -29,7 +29,8 @@ public:
 
     explicit CurvePoints(OperandSoup const& soup);
 
-    void reserve(std::size_t points) { m_points.reserve(points); }
+    /// points  about how many will be added
+    void reserve(std::size_t points);
 
     /// The number of the point of a contact of two triangles, new or known.
     std::uint32_t add(TriangleContact::Point const& point, std::uint32_t first,

@@ -5,6 +5,7 @@
 #include "host/services/boolean/RayOrigin.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -20,15 +21,23 @@ public:
         for (std::size_t i = 0; i < points.size(); ++i)
             m_order.emplace_back(points[i][1], i);
         std::sort(m_order.begin(), m_order.end());
+        m_firstIn.fill(m_order.size());
+        for (std::size_t i = m_order.size(); i-- > 0;)
+            m_firstIn[stripOf(m_order[i].first)] = i;
+        for (std::size_t strip = stripCount - 1; strip-- > 0;)
+            m_firstIn[strip] = std::min(m_firstIn[strip], m_firstIn[strip + 1]);
     }
 
     void pass(Point const& a, Point const& b, Point const& c)
     {
+        if (m_order.empty())
+            return;
         auto const [low, high] = std::minmax({a[1], b[1], c[1]});
         auto const [lowZ, highZ] = std::minmax({a[2], b[2], c[2]});
-        auto next =
-            std::lower_bound(m_order.begin(), m_order.end(), std::pair(low, std::size_t(0)));
+        auto next = m_order.begin() + std::ptrdiff_t(m_firstIn[stripOf(low)]);
         for (; next != m_order.end() && next->first <= high; ++next) {
+            if (next->first < low)
+                continue;
             float const z = m_points[next->second][2];
             if (z < lowZ || z > highZ)
                 continue;
@@ -50,8 +59,20 @@ public:
     }
 
 private:
+    static constexpr std::size_t stripCount = 1024;
+
+    /// Never less for a greater coordinate; all lines lie in strips.
+    std::size_t stripOf(float y) const
+    {
+        float const first = m_order.front().first, size = m_order.back().first - first;
+        float const strip = size > 0 ? (y - first) / size * float(stripCount) : 0;
+        return strip > 0 ? std::size_t(std::min(strip, float(stripCount - 1))) : 0;
+    }
+
     std::vector<Point> const& m_points;
     std::vector<std::pair<float, std::size_t>> m_order;
+    /// The first line that lies in a strip or behind it.
+    std::array<std::size_t, stripCount> m_firstIn;
     std::vector<LinePassage> m_sums;
     std::vector<bool> m_isOn;
 };
@@ -82,8 +103,8 @@ bool PartRays::maySpread(ToolGrid::Place a, ToolGrid::Place b, ToolGrid::Place c
     return false;
 }
 
-std::vector<std::optional<int>> PartRays::numbers(UMesh<float> const& part,
-                                                  std::span<UTriangle<float> const* const> rest,
+std::vector<std::optional<int>> PartRays::numbers(UMesh<float> const& part, MeshArrays const& rest,
+                                                  std::size_t restCount,
                                                   StageProgress& progress) const
 {
     Polling polling(progress);
@@ -93,9 +114,7 @@ std::vector<std::optional<int>> PartRays::numbers(UMesh<float> const& part,
             polling.step();
             lines.pass(part.vertices[a]->cP(), part.vertices[b]->cP(), part.vertices[c]->cP());
         }
-    for (UTriangle<float> const* const triangle : rest) {
-        polling.step();
-        lines.pass(triangle->cP(0), triangle->cP(1), triangle->cP(2));
-    }
+    for (std::size_t t = 0; t < restCount; ++t, polling.step())
+        lines.pass(rest.point(t, 0), rest.point(t, 1), rest.point(t, 2));
     return lines.numbers();
 }

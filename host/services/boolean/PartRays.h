@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/services/MeshArrays.h"
 #include "host/services/boolean/ToolGrid.h"
 #include "platform/mesh/UMesh.h"
 
@@ -37,10 +38,9 @@ public:
     /// The numbers, once all triangles but some have been offered; nothing where a point lies on
     /// the part, or its line tells that the part is open.
     ///
-    /// rest  the triangles that were not offered
-    std::vector<std::optional<int>> numbers(UMesh<float> const& part,
-                                            std::span<UTriangle<float> const* const> rest,
-                                            StageProgress& progress) const;
+    /// rest  begins with the triangles that were not offered, which are restCount
+    std::vector<std::optional<int>> numbers(UMesh<float> const& part, MeshArrays const& rest,
+                                            std::size_t restCount, StageProgress& progress) const;
 
 private:
     static constexpr ToolGrid::Place inRow = ToolGrid::Place(1) << 30;

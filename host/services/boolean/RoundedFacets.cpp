@@ -56,11 +56,15 @@ void RoundedFacets::numberPoints()
     CurvePoints const& points = m_network.points();
     m_numbers.resize(points.size());
     m_isMended.assign(points.size(), false);
-    PointsByPlace byPlace(points.size() - m_soup.pointCount() + 3 * m_network.facets().ends.size());
+    PointsByPlace byPlace(points.size() - m_soup.pointCount() + m_network.facets().ends.size());
     Polling polling(m_progress);
+    std::vector<bool> isEntered(m_soup.pointCount(), false);
     for (Facets::End const& face : m_network.facets().ends)
         for (std::uint32_t const corner : m_soup.corners(face.triangle)) {
             polling.step();
+            if (isEntered[corner])
+                continue;
+            isEntered[corner] = true;
             if (std::uint32_t& known = byPlace[placeKey(place(corner))]; known == byPlace.none)
                 known = points.numberOf(corner);
         }

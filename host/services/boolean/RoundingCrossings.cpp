@@ -4,9 +4,9 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
-#include "host/services/TopologyCheck.h"
 #include "host/services/TrianglePair.h"
 #include "host/services/TriangleTree.h"
+#include "host/services/boolean/AskedStars.h"
 #include "host/services/boolean/BoxCells.h"
 
 #include <algorithm>
@@ -122,7 +122,7 @@ bool isFlat(MeshArrays const& mesh, std::size_t t)
 std::vector<std::size_t> findMeeting(MeshArrays const& mesh, std::vector<bool> const& asked,
                                      StageProgress& progress)
 {
-    TopologyReport const topology = checkTopology(mesh, progress);
+    TopologyReport const topology = starsOfAsked(mesh, asked, progress);
     TriangleTree const tree(mesh, topology, progress);
     IntersectionReport const report = findIntersections(mesh, topology, tree, progress, asked);
     std::vector<std::size_t> meeting;

@@ -84,7 +84,7 @@ private:
         copies.copyTriangles();
         m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
         m_near = gatherNear(copies, m_part.vertices.size(), m_tool.mesh, m_progress);
-        setAnchors(rays.numbers(m_part, copies.meeting(), m_progress));
+        setAnchors(rays.numbers(m_part, m_soup.mesh, m_soup.firstTriangleOfSecond, m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
             return combineWithoutFlatTriangles();
         m_progress.begin(copiesDone, curvesDone, 3 * m_soup.triangleCount());
