@@ -122,11 +122,14 @@ private:
         std::uint32_t open = a.overlapping(m_tree.levels()[0][pair.second]);
         for (; open != 0; open &= open - 1) {
             int const i = std::countr_zero(open);
-            std::uint32_t met = b.overlapping(a.box(i));
+            std::uint32_t met = (m_asked.places(pair.first) >> i & 1) != 0
+                                    ? ~std::uint32_t(0)
+                                    : m_asked.places(pair.second);
             if (isSame)
                 met &= ~((2u << i) - 1);
-            if ((m_asked.places(pair.first) >> i & 1) == 0)
-                met &= m_asked.places(pair.second);
+            if (met == 0)
+                continue;
+            met &= b.overlapping(a.box(i));
             if (met != 0)
                 met &= ~b.neighbouring(a, i);
             for (; met != 0; met &= met - 1)
