@@ -37,13 +37,14 @@ struct ErrorKind
 };
 
 constexpr std::array<ErrorKind, 7> errorKinds = {{
-    {"border edges", "borderEdges", &Counts::borderEdges},
+    {"open edges", "borderEdges", &Counts::borderEdges},
     {"edges with more than two triangles", "nonManifoldEdges", &Counts::nonManifoldEdges},
-    {"edges with inconsistent orientation", "inconsistentEdges", &Counts::inconsistentEdges},
-    {"degenerate triangles", "degenerateTriangles", &Counts::degenerateTriangles},
-    {"duplicate triangles", "duplicateTriangles", &Counts::duplicateTriangles},
-    {"self-intersections", "selfIntersections", &Counts::selfIntersections},
-    {"misoriented shells", "misorientedShells", &Counts::misorientedShells},
+    {"edges between triangles that face different ways", "inconsistentEdges",
+     &Counts::inconsistentEdges},
+    {"triangles without area", "degenerateTriangles", &Counts::degenerateTriangles},
+    {"triangles that are there twice", "duplicateTriangles", &Counts::duplicateTriangles},
+    {"pairs of triangles that cross", "selfIntersections", &Counts::selfIntersections},
+    {"shells that are inside out", "misorientedShells", &Counts::misorientedShells},
 }};
 
 /// Takes the part's geometry.

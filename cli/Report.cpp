@@ -59,11 +59,11 @@ std::string openPlacesOf(MeshFacts const& facts)
         if (count > 0)
             text += (text.empty() ? "" : ", ") + grouped(count) + (count == 1 ? one : many);
     };
-    add(facts.borderEdges, " border edge", " border edges");
+    add(facts.borderEdges, " open edge", " open edges");
     add(facts.nonManifoldEdges, " edge with more than two triangles",
         " edges with more than two triangles");
-    add(facts.inconsistentEdges, " edge with inconsistent orientation",
-        " edges with inconsistent orientation");
+    add(facts.inconsistentEdges, " edge between triangles that face different ways",
+        " edges between triangles that face different ways");
     return text.empty() ? "it has no triangles" : text;
 }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Places.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 TEST(FreecutInfo, TellsSizeVolumeAndErrors)
 {
@@ -12,9 +15,29 @@ TEST(FreecutInfo, TellsSizeVolumeAndErrors)
     ASSERT_EQ(result.status, 0) << result.errors;
     for (char const* text :
          {"part.stl", "triangles  12\n", "vertices   8\n", "shells     1\n",
-          "(0, 0, 0) to (2, 3, 4) mm", "24.000 mm3", "52.000 mm2", "closed     yes",
-          "0 border edges", "0 self-intersections", "0 misoriented shells"})
+          "(0, 0, 0) to (2, 3, 4) mm", "24.000 mm3", "52.000 mm2", "closed     yes", "0 open edges",
+          "0 pairs of triangles that cross", "0 shells that are inside out"})
         EXPECT_NE(result.output.find(text), std::string::npos) << text << "\n" << result.output;
+}
+
+TEST(FreecutInfo, CallsErrorsWhatTheGuideCallsThem)
+{
+    FreecutFolder folder;
+    folder.addStl(box(2, 3, 4), "part.stl");
+    auto const result = folder.run({"info", "part.stl"});
+    std::ifstream guide(sourcePath("docs/guide.md"));
+    std::string line;
+    while (std::getline(guide, line) && !line.starts_with("| Error |")) {
+    }
+    std::getline(guide, line);
+    int count = 0;
+    while (std::getline(guide, line) && line.starts_with("| ")) {
+        std::string const error = line.substr(2, line.find(" |", 2) - 2);
+        EXPECT_NE(result.output.find("0 " + error), std::string::npos) << error << "\n"
+                                                                       << result.output;
+        ++count;
+    }
+    EXPECT_EQ(count, 7);
 }
 
 TEST(FreecutInfo, CountsEachKindOfError)
@@ -41,7 +64,7 @@ TEST(FreecutInfo, AnOpenPartHasNoVolume)
     auto const result = folder.run({"info", "open.stl"});
     ASSERT_EQ(result.status, 0) << result.errors;
     for (char const* text :
-         {"volume     none, it is not closed\n", "closed     no, 4 border edges\n"})
+         {"volume     none, it is not closed\n", "closed     no, 4 open edges\n"})
         EXPECT_NE(result.output.find(text), std::string::npos) << text << "\n" << result.output;
     auto const report = folder.run({"info", "open.stl", "--json", "-"}).json();
     EXPECT_TRUE(report["parts"][0]["volume"].is_null());

@@ -116,8 +116,8 @@ TEST(FreecutRun, APieceThatIsNotClosedIsToldByExitStatusFour)
     Names const cut{"zcut", "open.stl", "--height", "1", "--no-repair", "--force", "--json", "-"};
     auto const refused = folder.run(cut);
     EXPECT_EQ(refused.status, 4);
-    EXPECT_EQ(
-        refused.errors.find("freecut: open_cut1.stl: The piece is not closed: 4 border edges"), 0u)
+    EXPECT_EQ(refused.errors.find("freecut: open_cut1.stl: The piece is not closed: 4 open edges"),
+              0u)
         << refused.errors;
     EXPECT_EQ(folder.files(), (Names{"open.stl", "open_cut1.stl", "open_cut2.stl"}));
     Json const part = refused.json()["parts"][0];
