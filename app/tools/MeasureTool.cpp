@@ -1,40 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tools/MeasureTool.h"
 
+#include "app/tools/MeasuredText.h"
 #include "app/view/OverlayLabel.h"
 #include "host/view/PickReadiness.h"
 #include "platform/document/Document.h"
 #include "platform/document/MeshDocumentObject.h"
-#include "platform/ui/DisplayUnit.h"
-#include "platform/ui/Quantity.h"
 #include "platform/view/ClickReach.h"
 #include "platform/view/MeshGLView.h"
 #include "platform/view/OverlayLines.h"
 
 #include <QClipboard>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <algorithm>
 
 namespace {
 
 using Measuring::SurfacePoint;
 
 constexpr int cornerReachPixels = 8;
+constexpr int edgeReachPixels = 6;
 constexpr double crossPixels = 7;
 constexpr Base::OverlayLook lineLook{0xd02020ff, 2.5f, false};
-
-QString translated(char const* text)
-{
-    return QCoreApplication::translate("MeasureTool", text);
-}
-
-QString lengthText(double millimetres)
-{
-    return Base::Quantity::toUserString(millimetres, Base::Unit::length, 'f',
-                                        DisplayUnit::instance().decimals(), ' ', false);
-}
+constexpr Base::OverlayLook edgeLook{0xd02020ff, 4, false};
+constexpr Base::OverlayLook faceLook{0xd0202090, 1.5f, false};
 
 UPoint3<float> narrowed(UPoint3<double> const& p)
 {
@@ -48,11 +40,12 @@ QPoint onScreen(Base::GLView const& view, UPoint3<float> const& point)
     return position;
 }
 
-/// The corner of the triangle near the mouse, else the point under it.
-UPoint3<float> snapped(Mesh::GLView const& view, Mesh::GLView::Pick const& pick, QPoint position)
+/// The corner of the triangle near the mouse; none if all are farther.
+std::optional<UPoint3<float>> cornerNear(Mesh::GLView const& view, Mesh::GLView::Pick const& pick,
+                                         QPoint position)
 {
     UMatrix4<float> const matrix = pick.part->getMatrix();
-    UPoint3<float> nearest = pick.point;
+    std::optional<UPoint3<float>> nearest;
     int least = cornerReachPixels + 1;
     for (int corner = 0; corner < 3; ++corner) {
         UPoint3<float> const place = matrix * pick.triangle->cP(corner);
@@ -99,6 +92,8 @@ void MeasureTool::initialize()
 {
     QObject::connect(&m_probe, &WallProbe::found, &m_probe,
                      [this](bool hasWall, double thickness) { showHovered(hasWall, thickness); });
+    QObject::connect(&m_surroundings, &SurroundingsProbe::found, &m_surroundings,
+                     [this] { show(); });
     if (Base::Document* const document = m_view->getDocument()) {
         document->signalObjectChanged.connect(this, &MeasureTool::objectChanged);
         document->signalDelObject.connect(this, &MeasureTool::objectWent);
@@ -150,14 +145,21 @@ void MeasureTool::take(QPoint position)
     Mesh::GLView::Pick pick;
     if (!view || !view->pickPoint(position, pick))
         return clear();
-    if (m_places.size() == 2)
+    if (m_places.size() == 2) {
         m_places.clear();
-    UPoint3<float> const point = snapped(*view, pick, position);
+        m_surroundings.clear();
+    }
+    auto const corner = cornerNear(*view, pick, position);
+    UPoint3<float> const point = corner.value_or(pick.point);
     SurfacePoint place;
     place.point = {point.X(), point.Y(), point.Z()};
     place.normal = Measuring::outwardNormal(pick.part->getMatrix(), *pick.triangle);
     m_places.push_back(place);
     m_probe.forget();
+    // A corner is meant by itself.
+    if (!corner)
+        m_surroundings.ask(int(m_places.size()) - 1, *pick.part->meshProperty->getMesh(), place,
+                           edgeReachPixels * millimetresPerPixel());
     // From the point under the mouse: through a corner there is no wall.
     SurfacePoint const under{{pick.point.X(), pick.point.Y(), pick.point.Z()}, place.normal};
     m_thickness = m_places.size() == 1
@@ -185,20 +187,21 @@ void MeasureTool::hover(QPoint position)
 
 void MeasureTool::showHovered(bool hasWall, double thickness)
 {
-    showText({wallText(hasWall ? std::optional(thickness) : std::nullopt)});
+    showText({MeasuredText::wall(hasWall ? std::optional(thickness) : std::nullopt)});
     m_label->putBeside(m_hovered);
 }
 
-QString MeasureTool::wallText(std::optional<double> const& thickness)
+double MeasureTool::millimetresPerPixel() const
 {
-    return thickness ? translated(QT_TRANSLATE_NOOP("MeasureTool", "Wall thickness: %1"))
-                           .arg(lengthText(*thickness))
-                     : translated(QT_TRANSLATE_NOOP("MeasureTool", "No wall: open behind it"));
+    double width = 0, height = 0;
+    m_view->getCamera()->get_view_rect(width, height);
+    return height / m_view->height();
 }
 
 void MeasureTool::clear()
 {
     m_probe.forget();
+    m_surroundings.clear();
     m_places.clear();
     m_text.clear();
     delete m_label;
@@ -209,20 +212,13 @@ void MeasureTool::show()
 {
     QStringList lines;
     if (m_places.size() == 1) {
-        lines << wallText(m_thickness);
+        lines << MeasuredText::wall(m_thickness);
+        if (auto const* const around = m_surroundings.at(0))
+            lines << MeasuredText::of(*around);
     } else {
-        Measuring::Between const measure = Measuring::between(m_places[0], m_places[1]);
-        lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance: %1"))
-                     .arg(lengthText(measure.distance));
-        lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "X: %1  Y: %2  Z: %3"))
-                     .arg(lengthText(measure.offset.X()), lengthText(measure.offset.Y()),
-                          lengthText(measure.offset.Z()));
-        if (measure.angle)
-            lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Angle of the faces: %1"))
-                         .arg(QLocale().toString(*measure.angle, 'f', 2) + QChar(0xb0));
-        if (measure.betweenFaces)
-            lines << translated(QT_TRANSLATE_NOOP("MeasureTool", "Distance of the faces: %1"))
-                         .arg(lengthText(*measure.betweenFaces));
+        lines << MeasuredText::between(m_places[0], m_places[1])
+              << MeasuredText::betweenEnds({m_places[0], m_surroundings.at(0)},
+                                           {m_places[1], m_surroundings.at(1)});
     }
     showText(lines);
     m_view->redraw();
@@ -241,9 +237,8 @@ void MeasureTool::draw()
 {
     if (m_places.empty())
         return;
-    double width = 0, height = 0;
-    m_view->getCamera()->get_view_rect(width, height);
-    auto const reach = float(crossPixels * height / m_view->height());
+    drawSurroundings();
+    auto const reach = float(crossPixels * millimetresPerPixel());
     UVector3<float> const up = m_view->getViewUpDirection();
     UVector3<float> const right = up * m_view->getViewDirection();
     std::vector<UPoint3<float>> points;
@@ -259,4 +254,25 @@ void MeasureTool::draw()
     Base::drawLines(*m_view, points, lineLook);
     if (m_label)
         m_label->putBeside(onScreen(*m_view, narrowed(m_places.back().point)));
+}
+
+// The edge that is meant, else the outline of the face.
+void MeasureTool::drawSurroundings() const
+{
+    for (int number = 0; number < int(m_places.size()); ++number) {
+        Measuring::Surroundings const* const around = m_surroundings.at(number);
+        if (!around)
+            continue;
+        std::vector<UPoint3<float>> points;
+        auto const add = [&](Measuring::Edge const& edge) {
+            points.push_back(narrowed(edge.from));
+            points.push_back(narrowed(edge.to));
+        };
+        if (around->edge)
+            add(*around->edge);
+        else if (around->face)
+            std::for_each(around->face->outline.begin(), around->face->outline.end(), add);
+        if (!points.empty())
+            Base::drawLines(*m_view, points, around->edge ? edgeLook : faceLook);
+    }
 }

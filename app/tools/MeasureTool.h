@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/parts/Measuring.h"
+#include "app/tools/SurroundingsProbe.h"
 #include "app/tools/WallProbe.h"
 #include "platform/document/sigslot.h"
 #include "platform/view/AbstractMouseSelection.h"
@@ -19,9 +20,10 @@ class DocumentObject;
 }
 
 /// Measures on parts. While the mouse rests or moves over a part and nothing is clicked yet, the
-/// wall thickness there is told, worked out in the background. A click tells the wall thickness under the mouse; a second one the distance of
-/// the two places and the angle of their faces, and the distance of parallel faces; the next begins
-/// anew. Near a corner of the triangle under the mouse the corner is taken. Ctrl+C copies what is
+/// wall thickness there is told, worked out in the background. A click tells the wall thickness under the mouse, the length of
+/// the edge near it and the area of the face; a second one the distance of the two places, or of what
+/// was picked there, and the angle of faces or edges; the next begins anew. Near a corner of the
+/// triangle under the mouse the corner is taken. Ctrl+C copies what is
 /// shown. A change of the document takes it away.
 class MeasureTool : public Base::AbstractMouseSelection,
                     public sigslot::has_slots<sigslot::single_threaded>
@@ -55,7 +57,8 @@ private:
     void hover(QPoint position);
     void showHovered(bool hasWall, double thickness);
     void showText(QStringList const& lines);
-    static QString wallText(std::optional<double> const& thickness);
+    double millimetresPerPixel() const;
+    void drawSurroundings() const;
     void objectChanged(Base::DocumentObject*) { clear(); }
     void objectWent(Base::DocumentObject*, std::string) { clear(); }
 
@@ -66,5 +69,6 @@ private:
     QString m_text;
     QPointer<OverlayLabel> m_label;
     WallProbe m_probe;
+    SurroundingsProbe m_surroundings;
     QPoint m_hovered;
 };

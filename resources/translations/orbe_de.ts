@@ -2911,6 +2911,30 @@
 <context>
     <name>MeasureTool</name>
     <message>
+        <source>Length of the edge: %1</source>
+        <translation>Länge der Kante: %1</translation>
+    </message>
+    <message>
+        <source>Area of the face: %1</source>
+        <translation>Inhalt der Fläche: %1</translation>
+    </message>
+    <message>
+        <source>Distance of the edges: %1</source>
+        <translation>Abstand der Kanten: %1</translation>
+    </message>
+    <message>
+        <source>Angle of the edges: %1</source>
+        <translation>Winkel der Kanten: %1</translation>
+    </message>
+    <message>
+        <source>Distance to the face: %1</source>
+        <translation>Abstand zur Fläche: %1</translation>
+    </message>
+    <message>
+        <source>Distance to the edge: %1</source>
+        <translation>Abstand zur Kante: %1</translation>
+    </message>
+    <message>
         <source>Wall thickness: %1</source>
         <translation>Wandstärke: %1</translation>
     </message>
