@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/panels/SectionAreaNote.h"
 
-#include "app/panels/MeasureText.h"
 #include "app/parts/SectionArea.h"
+#include "app/view/MeasureText.h"
 #include "app/view/OverlayLabel.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tools/MeasuredText.h"
 
-#include "app/panels/MeasureText.h"
+#include "app/view/MeasureText.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
 

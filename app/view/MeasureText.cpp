@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/panels/MeasureText.h"
+#include "app/view/MeasureText.h"
 
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
