@@ -2,15 +2,13 @@
 // Where the work on a boolean is cut short, nothing may come out wrong in silence. The limits and
 // what follows stand in docs/decisions/0005-booleans.md.
 #include "host/services/boolean/BooleanNotes.h"
-#include "host/services/boolean/ContactFinder.h"
-#include "host/services/boolean/CurveNetwork.h"
 #include "host/services/boolean/RoundingCrossings.h"
 #include "host/services/boolean/RoundingMending.h"
-#include "host/services/boolean/SelfContacts.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "tests/services/BoxUnderATip.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/OperandContacts.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +16,6 @@
 #include <cmath>
 #include <functional>
 #include <numbers>
-#include <numeric>
 
 namespace {
 
@@ -42,33 +39,6 @@ Soup crossingPlates(int count, bool isLongOneFirst)
 Soup slabFor(int count)
 {
     return box(2 * float(count) + 11, 30, 10, {-5, -5, 0});
-}
-
-/// The curves of two solids and of the second with itself.
-bool areCurvesBuilt(Soup const& part, Soup const& tool)
-{
-    StageProgress progress(nobody);
-    OperandSoup soup;
-    Soup both = part;
-    both.append(tool);
-    soup.mesh = {both.points, both.triangles};
-    soup.firstPointOfSecond = std::uint32_t(part.points.size());
-    soup.firstTriangleOfSecond = std::uint32_t(part.triangles.size());
-    MeshArrays const second{tool.points, tool.triangles};
-    ToolTree const tree(second, progress);
-    TriangleTree::Box bounds;
-    for (auto const& p : both.points)
-        bounds.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    ToolGrid const grid(tree, bounds, 1 << 12, progress);
-    auto contacts = findContacts(soup, grid, 1'000'000, progress).value();
-    std::vector<std::uint32_t> all(tool.triangles.size());
-    std::iota(all.begin(), all.end(), 0u);
-    for (TrianglePair pair : findSelfContacts(tree, all, progress)) {
-        pair.first += soup.firstTriangleOfSecond;
-        pair.second += soup.firstTriangleOfSecond;
-        contacts.push_back(pair);
-    }
-    return CurveNetwork(soup).build(std::move(contacts), progress);
 }
 
 /// Boxes under tips that rounding has pushed through their tops, or not yet.
@@ -123,7 +93,7 @@ TEST(BooleanLimits, CurvesAcrossOneSegmentAreDividedInFewRoundsHoweverManyTheyAr
     for (bool const isLongOneFirst : {false, true}) {
         constexpr int count = 60;
         Soup const part = slabFor(count), tool = crossingPlates(count, isLongOneFirst);
-        EXPECT_TRUE(areCurvesBuilt(part, tool));
+        EXPECT_TRUE(OperandContacts(part, tool).areCurvesBuilt());
         Soup const rest = combined(part, tool, Intersect::BOOLEAN_SUBTRACT);
         EXPECT_EQ(closedSolidFaults(rest), "");
         // Of the long plate what the others leave.

@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What lies on which side where operands cross themselves, touch themselves in a point and coincide,
 // told by the curves alone. Where they contradict each other, all of both solids goes the slow way.
-#include "host/services/boolean/ContactFinder.h"
-#include "host/services/boolean/SelfContacts.h"
 #include "host/services/boolean/SeparateFans.h"
-#include "host/services/boolean/SoupBoolean.h"
 #include "host/services/boolean/ToolPreparation.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/OperandContacts.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
-#include <numeric>
+#include <random>
 
 namespace {
 
@@ -33,39 +31,9 @@ Soup together(std::initializer_list<Soup> shells)
     return soup;
 }
 
-/// Whether the curves of two solids and of the second with itself agree with each other and with
-/// winding numbers.
 bool doSidesAgree(Soup const& part, Soup const& tool)
 {
-    StageProgress progress(nobody);
-    MeshArrays const first = meshOf(part), second = meshOf(tool);
-    OperandSoup soup;
-    soup.mesh = meshOf(together({part, tool}));
-    soup.firstPointOfSecond = std::uint32_t(first.points.size());
-    soup.firstTriangleOfSecond = std::uint32_t(first.triangles.size());
-    ToolTree const firstTree(first, progress), secondTree(second, progress);
-    TriangleTree::Box bounds;
-    for (auto const& p : soup.mesh.points)
-        bounds.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-    ToolGrid const grid(secondTree, bounds, 1 << 12, progress);
-    auto contacts = findContacts(soup, grid, 1'000'000, progress).value();
-    std::vector<std::uint32_t> all(second.triangles.size());
-    std::iota(all.begin(), all.end(), 0u);
-    for (TrianglePair pair : findSelfContacts(secondTree, all, progress)) {
-        pair.first += soup.firstTriangleOfSecond;
-        pair.second += soup.firstTriangleOfSecond;
-        contacts.push_back(pair);
-    }
-    WindingSources sources;
-    sources.isSecondSimple = false;
-    sources.ofFirst = [&](std::span<RayOrigin const> points) {
-        WindingSources::Numbers numbers;
-        for (RayOrigin const& point : points)
-            numbers.push_back(firstTree.windingAt(point));
-        return numbers;
-    };
-    sources.ofSecond = [&](RayOrigin const& point) { return secondTree.windingAt(point); };
-    return SoupBoolean(soup).resolve(std::move(contacts), sources, progress);
+    return OperandContacts(part, tool).doSidesAgree();
 }
 
 /// A shell with triangles that are folded onto others in the plane z = 2.
@@ -113,6 +81,42 @@ Soup capWithAFold()
     return soup;
 }
 
+/// A box of 8 mm whose upper side has more corners, each anywhere in its plane.
+Soup boxWithMoreCorners(std::mt19937& random, int corners)
+{
+    Soup soup = box(8, 8, 8);
+    soup.joinPoints();
+    auto const isUp = [&](MeshArrays::Corners const& t) {
+        return std::all_of(t.begin(), t.end(), [&](auto c) { return soup.points[c].Z() == 8; });
+    };
+    for (int i = 0; i < corners; ++i) {
+        std::vector<std::size_t> upper;
+        for (std::size_t t = 0; t < soup.triangles.size(); ++t)
+            if (isUp(soup.triangles[t]))
+                upper.push_back(t);
+        std::size_t const chosen = upper[random() % upper.size()];
+        auto const t = soup.triangles[chosen];
+        auto const corner =
+            soup.add({float(int(random() % 13)) - 2, float(int(random() % 13)) - 2, 8});
+        soup.triangles[chosen] = {t[0], t[1], corner};
+        soup.add(t[1], t[2], corner);
+        soup.add(t[2], t[0], corner);
+    }
+    return soup;
+}
+
+/// The same without triangles that have no area: others are folded onto their neighbours, and their
+/// edges run across third ones. It is solid where the box is.
+Soup boxWithACrumpledSide(std::mt19937& random, int corners)
+{
+    StageProgress progress(nobody);
+    for (;;) {
+        Soup soup = boxWithMoreCorners(random, corners);
+        if (!hasFlatTriangle(meshOf(soup), progress))
+            return soup;
+    }
+}
+
 /// A box with a tetrahedron in it that has a corner of the box for its tip.
 Soup boxAroundATetrahedron()
 {
@@ -155,6 +159,82 @@ TEST(SideLabels, AgreeWhereATriangleIsFoldedOntoItsNeighbour)
     EXPECT_TRUE(doSidesAgree(box(3, 1, 4, {1, 1, 1}), capWithAFold()));
     EXPECT_TRUE(doSidesAgree(box(3, 2, 1, {1, 1, 1}), foldedShell()));
     EXPECT_TRUE(doSidesAgree(box(3, 2, 3, {1, 1, 0}), foldedShell()));
+}
+
+// Neither neighbour of such an edge leaves the plane, so that no other contact divides what it runs
+// across: rounded teeth had such caps, and all of both solids went the slow way.
+TEST(SideLabels, AgreeWhereTheEdgeOfAFoldRunsAcrossOtherTrianglesOfItsPlane)
+{
+    std::mt19937 random(4);
+    for (int i = 0; i < 40 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        Soup const crumpled = boxWithACrumpledSide(random, 1 + i % 5);
+        float const x = float(int(random() % 9)) - 2, y = float(int(random() % 9)) - 2;
+        // Through the side, on it, and under it.
+        float const height = i % 3 == 0 ? 6.0f : 3.0f;
+        Soup const other = box(5, 4, height, {x, y, i % 3 == 1 ? 8.0f : 5.0f});
+        EXPECT_TRUE(doSidesAgree(other, crumpled)) << "tool";
+        EXPECT_TRUE(doSidesAgree(crumpled, other)) << "part";
+        EXPECT_TRUE(doSidesAgree(crumpled, boxWithACrumpledSide(random, 2))) << "both";
+        for (bool const isPart : {false, true}) {
+            auto const [within, outside] = isPart ? split(crumpled, other) : split(other, crumpled);
+            Soup const smooth = box(8, 8, 8);
+            auto const [expectedWithin, expectedOutside] =
+                isPart ? split(smooth, other) : split(other, smooth);
+            EXPECT_NEAR(volumeOf(within), volumeOf(expectedWithin), 1e-3);
+            EXPECT_NEAR(volumeOf(outside), volumeOf(expectedOutside), 1e-3);
+        }
+    }
+}
+
+/// A box with fins of no thickness in the plane of one of its sides, all on one edge.
+Soup boxWithFins(std::initializer_list<UPoint3<float>> tips)
+{
+    Soup soup = box(4, 4, 4);
+    soup.joinPoints();
+    auto const find = [&](UPoint3<float> const& p) {
+        return std::uint32_t(std::find(soup.points.begin(), soup.points.end(), p) -
+                             soup.points.begin());
+    };
+    auto const low = find({4, 4, 0}), high = find({4, 4, 4});
+    for (auto const& p : tips) {
+        auto const tip = soup.add(p);
+        soup.add(low, high, tip);
+        soup.add(high, low, tip);
+    }
+    return soup;
+}
+
+// Both sides of a fin are on the same three corners, and fins may lie on each other.
+TEST(SideLabels, AgreeWhereTheToolHasFinsOfNoThickness)
+{
+    Soup const part = box(6, 6, 3, {2, 2, 0});
+    for (Soup const& tool : {boxWithFins({{9, 4, 2}}), boxWithFins({{9, 4, 2}, {7, 4, 1}}),
+                             boxWithFins({{9, 4, 2}, {7, 4, 1}, {5, 4, 3}})}) {
+        EXPECT_TRUE(doSidesAgree(part, tool));
+        auto const [within, outside] = split(part, tool);
+        EXPECT_NEAR(volumeOf(within), 2 * 2 * 3, 1e-5);
+        EXPECT_NEAR(volumeOf(outside), volumeOf(part) - 2 * 2 * 3, 1e-5);
+    }
+}
+
+// A triangle of one shell may lie on two of another between which no curve runs: which of the
+// shells speaks for the side must not change from one to the other.
+TEST(SideLabels, AgreeWhereShellsOfTheToolHaveSidesInOnePlane)
+{
+    std::mt19937 random(3);
+    auto const whole = [&](int least, int most) {
+        return float(least + int(random() % unsigned(most - least + 1)));
+    };
+    for (int i = 0; i < 100 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        Soup tool;
+        for (int shell = 0; shell < 3; ++shell)
+            tool.append(box(whole(1, 3), whole(1, 3), whole(1, 3), {whole(0, 2), whole(0, 2), 0}));
+        Soup const part = box(3, 3, 2, {whole(0, 1), whole(0, 1), whole(-1, 1)});
+        EXPECT_TRUE(doSidesAgree(part, tool));
+        EXPECT_TRUE(doSidesAgree(tool, part));
+    }
 }
 
 // What is around the common vertex lies outside the box and inside it.

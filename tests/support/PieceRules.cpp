@@ -30,6 +30,20 @@ Expected united(int winding, bool isInTool)
     return {{allowed}, std::max(0, allowed.high)};
 }
 
+}  // namespace
+
+Expected inPiece(std::size_t piece, int winding)
+{
+    Expected expected{{{}, {}}, mostFor(winding)};
+    expected.pieces[piece] = solidAs(winding);
+    return expected;
+}
+
+Expected onlyWhere(bool isThere, int winding)
+{
+    return isThere ? Expected{{solidAs(winding)}, mostFor(winding)} : Expected{{{}}, 0};
+}
+
 Expected combined(Combination combination, int winding, bool isInTool)
 {
     switch (combination) {
@@ -43,20 +57,6 @@ Expected combined(Combination combination, int winding, bool isInTool)
             break;
     }
     return inPiece(isInTool ? 0 : 1, winding);
-}
-
-}  // namespace
-
-Expected inPiece(std::size_t piece, int winding)
-{
-    Expected expected{{{}, {}}, mostFor(winding)};
-    expected.pieces[piece] = solidAs(winding);
-    return expected;
-}
-
-Expected onlyWhere(bool isThere, int winding)
-{
-    return isThere ? Expected{{solidAs(winding)}, mostFor(winding)} : Expected{{{}}, 0};
 }
 
 Rule planeRule(Plane const& plane, double margin)

@@ -34,6 +34,9 @@ enum class Combination
     Split
 };
 
+/// At a point around which the part winds so often, of the pieces in their order.
+Expected combined(Combination combination, int winding, bool isInTool);
+
 /// Two operands: the part counts in layers, the tool is solid where it winds above zero.
 Rule combinationRule(Soup const& tool, Combination combination, double margin);
 

@@ -71,7 +71,7 @@ private:
 
     int timesOfSecond(SideLabels::SecondSides const& sides) const
     {
-        if (!sides.stack.isLead)
+        if (!sides.isLead)
             return 0;
         bool const front = sides.isSolidInFront, behind = sides.isSolidBehind;
         if (sides.stack.along + sides.stack.against == 0)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/CurveNetwork.h"
 
+#include "host/mesh/ExactSigns.h"
 #include "host/services/Polling.h"
+#include "host/services/boolean/FoldContacts.h"
 #include "host/services/boolean/GroupedSort.h"
 
 #include <tbb/blocked_range.h>
@@ -55,6 +57,7 @@ FaceSegment undirected(std::uint32_t a, std::uint32_t b)
 
 bool CurveNetwork::build(std::vector<TrianglePair> contacts, StageProgress& progress)
 {
+    addFoldContacts(m_soup, contacts, progress);
     addContacts(contacts, progress);
     markTouched(contacts);
     collectCoplanar(contacts, progress);
@@ -465,11 +468,11 @@ void CurveNetwork::mend(FaceFaults const& faults, StageProgress& progress)
         points.emplace_back(fault.segment, fault.point);
     for (FaceFaults::Crossing const& fault : faults.crossings) {
         polling.step();
-        std::uint32_t const a = partnerOf(fault.triangle, fault.first, index);
-        std::uint32_t const b = partnerOf(fault.triangle, fault.second, index);
-        if (a == none || b == none)
+        auto const a = cutterOf(fault.triangle, fault.first, index);
+        auto const b = cutterOf(fault.triangle, fault.second, index);
+        if (!a || !b)
             continue;  // not expected; a crossing that stays sends the solids the exact way
-        std::uint32_t const point = m_points.addCrossing({fault.triangle, a, b});
+        std::uint32_t const point = addCrossing(fault.triangle, *a, *b);
         points.emplace_back(fault.first, point);
         points.emplace_back(fault.second, point);
     }
@@ -509,17 +512,45 @@ void CurveNetwork::sortAlong(FaceSegment const& segment, std::span<SegmentPoint>
         }
 }
 
-std::uint32_t CurveNetwork::partnerOf(std::uint32_t triangle, FaceSegment const& segment,
-                                      SegmentIndex const& index) const
+std::uint32_t CurveNetwork::addCrossing(std::uint32_t triangle, Cutter const& a, Cutter const& b)
+{
+    if (a.isEdge && b.isEdge)
+        return m_points.addMeeting(a.edge, b.edge);
+    if (a.isEdge || b.isEdge)
+        return m_points.addPassage(a.isEdge ? a.edge : b.edge, a.isEdge ? b.triangle : a.triangle);
+    return m_points.addCrossing({triangle, a.triangle, b.triangle});
+}
+
+std::optional<CurveNetwork::Cutter> CurveNetwork::cutterOf(std::uint32_t triangle,
+                                                           FaceSegment const& segment,
+                                                           SegmentIndex const& index) const
 {
     for (std::uint32_t const i : index.at(segment)) {
         CurveSegment const& s = m_segments[i];
-        for (std::size_t o = 0; o < 2; ++o)
-            if (s.triangles[o] == triangle && undirected(s.from, s.to) == segment)
-                return s.triangles[1 - o];
+        for (std::size_t o = 0; o < 2; ++o) {
+            if (s.triangles[o] != triangle || undirected(s.from, s.to) != segment)
+                continue;
+            std::uint32_t const partner = s.triangles[1 - o];
+            if (!areInOnePlane(triangle, partner))
+                return Cutter{partner};
+            if (s.edges[1 - o] == CurveSegment::inside)
+                return {};
+            std::size_t const k = std::size_t(s.edges[1 - o]);
+            auto const& corners = m_soup.corners(partner);
+            return Cutter{partner, {corners[k], corners[(k + 1) % 3]}, true};
+        }
     }
     assert(false && "a face has only segments that are there");
-    return none;
+    return {};
+}
+
+bool CurveNetwork::areInOnePlane(std::uint32_t a, std::uint32_t b) const
+{
+    auto const corner = [&](std::uint32_t t, int k) { return m_soup.mesh.point(t, k); };
+    for (int k = 0; k < 3; ++k)
+        if (ExactSigns::orient3d(corner(a, 0), corner(a, 1), corner(a, 2), corner(b, k)) != 0)
+            return false;
+    return true;
 }
 
 void CurveNetwork::breakSegment(FaceSegment const& segment, std::uint32_t point,

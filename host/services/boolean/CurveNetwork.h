@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -111,8 +112,18 @@ private:
     using SegmentPoint = std::pair<FaceSegment, std::uint32_t>;
     void sortAlong(FaceSegment const& segment, std::span<SegmentPoint> points) const;
     void breakSegment(FaceSegment const& segment, std::uint32_t point, SegmentIndex& index);
-    std::uint32_t partnerOf(std::uint32_t triangle, FaceSegment const& segment,
-                            SegmentIndex const& index) const;
+    /// What makes a segment within a triangle: another triangle, or its edge where both lie in one
+    /// plane.
+    struct Cutter
+    {
+        std::uint32_t triangle;
+        CurvePoints::Edge edge{};
+        bool isEdge = false;
+    };
+    std::optional<Cutter> cutterOf(std::uint32_t triangle, FaceSegment const& segment,
+                                   SegmentIndex const& index) const;
+    std::uint32_t addCrossing(std::uint32_t triangle, Cutter const& a, Cutter const& b);
+    bool areInOnePlane(std::uint32_t a, std::uint32_t b) const;
 
     OperandSoup const& m_soup;
     CurvePoints m_points;

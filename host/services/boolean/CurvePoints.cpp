@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/CurvePoints.h"
 
+#include "host/mesh/ExactSigns.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -132,38 +134,87 @@ void CurvePoints::finish()
 std::uint32_t CurvePoints::addCrossing(std::array<std::uint32_t, 3> const& triangles)
 {
     Definition definition;
-    definition.sources = triangles;
-    definition.isCrossing = true;
-    locate(definition);
+    std::copy(triangles.begin(), triangles.end(), definition.sources.begin());
+    definition.origin = Origin::crossing;
     return addNew(definition);
+}
+
+std::uint32_t CurvePoints::addPassage(Edge const& edge, std::uint32_t triangle)
+{
+    return addNew(passageOf(edge, triangle));
+}
+
+std::uint32_t CurvePoints::addMeeting(Edge const& first, Edge const& second)
+{
+    return addNew(meetingOf(first, second));
 }
 
 CurvePoints::Definition CurvePoints::define(TriangleContact::Point const& point,
                                             std::uint32_t first, std::uint32_t second) const
 {
-    std::uint32_t const plane = point.isEdgeOfFirst ? second : first;
-    Corners const& corners = m_soup.corners(point.isEdgeOfFirst ? first : second);
-    int const k = point.isEdgeOfFirst ? point.inFirst.index() : point.inSecond.index();
-    auto const [p, q] = std::minmax(corners[k], corners[(k + 1) % 3]);
+    auto const edgeAt = [&](std::uint32_t triangle, TrianglePlace place) -> Edge {
+        Corners const& corners = m_soup.corners(triangle);
+        return {corners[std::size_t(place.index())], corners[std::size_t((place.index() + 1) % 3)]};
+    };
+    if (point.isInOnePlane)
+        return meetingOf(edgeAt(first, point.inFirst), edgeAt(second, point.inSecond));
+    if (point.isEdgeOfFirst)
+        return passageOf(edgeAt(first, point.inFirst), second);
+    return passageOf(edgeAt(second, point.inSecond), first);
+}
+
+CurvePoints::Definition CurvePoints::passageOf(Edge const& edge, std::uint32_t triangle)
+{
+    auto const [p, q] = std::minmax(edge[0], edge[1]);
     Definition definition;
-    definition.sources = {p, q, plane};
-    locate(definition);
+    definition.sources = {p, q, triangle};
     return definition;
+}
+
+CurvePoints::Definition CurvePoints::meetingOf(Edge const& first, Edge const& second)
+{
+    auto const [p, q] = std::minmax(first[0], first[1]);
+    auto const [a, b] = std::minmax(second[0], second[1]);
+    Definition definition;
+    definition.sources = {p, q, a, b};
+    definition.origin = Origin::meeting;
+    return definition;
+}
+
+/// A point that spans a plane with the second of two edges, through which the first passes.
+UPoint3<float> CurvePoints::besidePlane(Definition const& meeting) const
+{
+    std::array<UPoint3<float>, 4> ends;
+    float largest = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        ends[i] = m_soup.mesh.points[meeting.sources[i]];
+        for (int axis = 0; axis < 3; ++axis)
+            largest = std::max(largest, std::abs(ends[i][axis]));
+    }
+    Vector const u = offset(ends[0], ends[1]), v = offset(ends[2], ends[3]);
+    std::array<double, 3> const normal{std::abs(u.y * v.z - u.z * v.y),
+                                       std::abs(u.z * v.x - u.x * v.z),
+                                       std::abs(u.x * v.y - u.y * v.x)};
+    int axis = int(std::max_element(normal.begin(), normal.end()) - normal.begin());
+    for (int tries = 0; tries < 2 && ExactSigns::orient2d(ends[2], ends[3], ends[0], axis) == 0;
+         ++tries)
+        axis = (axis + 1) % 3;
+    UPoint3<float> beside = ends[2];
+    beside[axis] = beside[axis] == 0 ? largest : 0;
+    return beside;
 }
 
 /// Fills in the coordinates of a definition.
 void CurvePoints::locate(Definition& definition) const
 {
-    auto const& points = m_soup.mesh.points;
-    if (!definition.isCrossing) {
-        Corners const& plane = m_soup.corners(definition.sources[2]);
-        definition.estimate = passage(points[definition.sources[0]], points[definition.sources[1]],
-                                      points[plane[0]], points[plane[1]], points[plane[2]]);
-    }
-    if (!definition.isCrossing && isRoundingSafe(definition.estimate)) {
-        auto const& place = definition.estimate.place;
-        definition.rounded = {float(place[0]), float(place[1]), float(place[2])};
-        return;
+    if (definition.origin != Origin::crossing) {
+        auto const p = exact(definition).points;
+        definition.estimate = passage(p[0], p[1], p[2], p[3], p[4]);
+        if (isRoundingSafe(definition.estimate)) {
+            auto const& place = definition.estimate.place;
+            definition.rounded = {float(place[0]), float(place[1]), float(place[2])};
+            return;
+        }
     }
     Exact::RoundedPoint const rounded = Exact::round(exact(definition));
     definition.rounded = rounded.single;
@@ -187,8 +238,9 @@ std::uint32_t CurvePoints::addVertex(std::uint32_t vertex)
     return vertex;
 }
 
-std::uint32_t CurvePoints::addNew(Definition const& definition)
+std::uint32_t CurvePoints::addNew(Definition definition)
 {
+    locate(definition);
     std::uint32_t& first = m_byPlace[placeKey(definition.rounded)];
     if (first != none) {
         Exact::ImplicitPoint const point = exact(definition);
@@ -217,21 +269,28 @@ Exact::ImplicitPoint CurvePoints::exact(std::uint32_t point) const
 Exact::ImplicitPoint CurvePoints::exact(Definition const& definition) const
 {
     auto const& points = m_soup.mesh.points;
+    auto const& sources = definition.sources;
     Exact::ImplicitPoint implicit;
     std::size_t next = 0;
     auto const appendPlane = [&](std::uint32_t triangle) {
         for (std::uint32_t const corner : m_soup.corners(triangle))
             implicit.points[next++] = points[corner];
     };
-    implicit.kind = definition.isCrossing ? Exact::ImplicitPoint::Kind::threePlanes
-                                          : Exact::ImplicitPoint::Kind::edgeThroughPlane;
-    if (definition.isCrossing) {
-        for (std::uint32_t const triangle : definition.sources)
-            appendPlane(triangle);
+    if (definition.origin == Origin::crossing) {
+        implicit.kind = Exact::ImplicitPoint::Kind::threePlanes;
+        for (std::size_t i = 0; i < 3; ++i)
+            appendPlane(sources[i]);
         return implicit;
     }
-    implicit.points[next++] = points[definition.sources[0]];
-    implicit.points[next++] = points[definition.sources[1]];
-    appendPlane(definition.sources[2]);
+    implicit.kind = Exact::ImplicitPoint::Kind::edgeThroughPlane;
+    implicit.points[next++] = points[sources[0]];
+    implicit.points[next++] = points[sources[1]];
+    if (definition.origin == Origin::passage) {
+        appendPlane(sources[2]);
+        return implicit;
+    }
+    implicit.points[next++] = points[sources[2]];
+    implicit.points[next++] = points[sources[3]];
+    implicit.points[next++] = besidePlane(definition);
     return implicit;
 }

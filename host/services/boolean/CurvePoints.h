@@ -11,7 +11,7 @@
 #include <vector>
 
 /// The points in which the surfaces of two operands meet. They stay defined by what they come from
-/// (a vertex, an edge through a plane, three planes) until all decisions are made: coordinates in
+/// (a vertex, an edge through a plane, two edges in one plane, three planes) until all decisions are made: coordinates in
 /// double with an error bound serve as a filter, exact ones decide, and the float coordinates are
 /// the exact ones rounded once.
 ///
@@ -27,6 +27,9 @@ public:
         double error;
     };
 
+    /// The vertices at its ends.
+    using Edge = std::array<std::uint32_t, 2>;
+
     explicit CurvePoints(OperandSoup const& soup);
 
     /// points  about how many will be added
@@ -38,6 +41,12 @@ public:
 
     /// The number of the point that the planes of three triangles share.
     std::uint32_t addCrossing(std::array<std::uint32_t, 3> const& triangles);
+
+    /// The number of the point in which an edge passes through the plane of a triangle.
+    std::uint32_t addPassage(Edge const& edge, std::uint32_t triangle);
+
+    /// The number of the point in which edges of one plane cross.
+    std::uint32_t addMeeting(Edge const& first, Edge const& second);
 
     /// Frees what only adding needs: nothing is added from now on.
     void finish();
@@ -69,13 +78,21 @@ public:
     Exact::ImplicitPoint exact(std::uint32_t point) const;
 
 private:
+    enum class Origin : std::uint8_t
+    {
+        /// Two ends of an edge and a triangle.
+        passage,
+        /// Two ends each of two edges in one plane.
+        meeting,
+        /// Three triangles.
+        crossing,
+    };
     struct Definition
     {
         Estimate estimate{};
         UPoint3<float> rounded;
-        /// Two ends of an edge and a triangle; or three triangles.
-        std::array<std::uint32_t, 3> sources{};
-        bool isCrossing = false;
+        std::array<std::uint32_t, 4> sources{};
+        Origin origin = Origin::passage;
     };
     /// What a point lies in of either operand: a vertex, an edge or a triangle.
     struct Key
@@ -94,9 +111,12 @@ private:
 
     Definition define(TriangleContact::Point const& point, std::uint32_t first,
                       std::uint32_t second) const;
+    static Definition passageOf(Edge const& edge, std::uint32_t triangle);
+    static Definition meetingOf(Edge const& first, Edge const& second);
     void locate(Definition& definition) const;
+    UPoint3<float> besidePlane(Definition const& meeting) const;
     std::uint32_t addVertex(std::uint32_t vertex);
-    std::uint32_t addNew(Definition const& definition);
+    std::uint32_t addNew(Definition definition);
     Exact::ImplicitPoint exact(Definition const& definition) const;
 
     OperandSoup const& m_soup;

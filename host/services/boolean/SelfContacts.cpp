@@ -43,7 +43,7 @@ public:
             });
         }
         addOddEdges(progress);
-        sortPolled(m_pairs, progress, [](TrianglePair const& a, TrianglePair const& b) {
+        sortPolled<true>(m_pairs, progress, [](TrianglePair const& a, TrianglePair const& b) {
             return a.first != b.first ? a.first < b.first : a.second < b.second;
         });
         return std::move(m_pairs);
@@ -68,39 +68,39 @@ private:
         for (std::uint32_t const corner : a)
             shared += std::find(b.begin(), b.end(), corner) != b.end();
         if (shared > 1) {
-            if (shared == 2 && m_folds && doTrianglesMeet(m_mesh, t, u))
-                joinAtFold(t, u);
+            if (m_folds && (shared == 3 || doTrianglesMeet(m_mesh, t, u)))
+                joinAtFolds(t, u);
             return;
         }
         TriangleContact const contact =
             contactOf({m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)},
                       {m_mesh.point(u, 0), m_mesh.point(u, 1), m_mesh.point(u, 2)});
-        if (contact.count > (shared == 1 ? 1 : 0) || (contact.isCoplanar && shared == 0))
+        // Neighbours at a vertex mostly lie beside each other in their plane.
+        bool const liesOn =
+            contact.isCoplanar && (shared == 0 || (m_folds && doTrianglesMeet(m_mesh, t, u)));
+        if (contact.count > (shared == 1 ? 1 : 0) || liesOn)
             m_pairs.push_back({t, u, contact});
     }
 
-    /// Neighbours in one plane that lie on each other: what lies on one of them ends at their edge.
-    void joinAtFold(std::uint32_t t, std::uint32_t u)
+    /// Neighbours in one plane that lie on each other: what lies on one of them ends at the edge that
+    /// they have in common, or at all three.
+    void joinAtFolds(std::uint32_t t, std::uint32_t u)
     {
-        Corners const& a = m_mesh.triangles[t];
-        Corners const& b = m_mesh.triangles[u];
-        std::size_t const apexA = apexOf(a, b), apexB = apexOf(b, a);
-        auto const useOf = [](Corners const& c, std::size_t apex, std::uint32_t triangle) {
-            std::size_t const k = (apex + 1) % 3, l = (apex + 2) % 3;
-            auto const [low, high] = std::minmax(c[k], c[l]);
-            return EdgeUse{low, high, triangle, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)};
-        };
-        joinAtEdge(useOf(a, apexA, t), useOf(b, apexB, u));
-        m_pairs.back().contact.isCoplanar = true;
+        for (std::size_t k = 0; k < 3; ++k)
+            for (std::size_t l = 0; l < 3; ++l) {
+                EdgeUse const a = useOf(t, k), b = useOf(u, l);
+                if (!a.isSameEdge(b))
+                    continue;
+                joinAtEdge(a, b);
+                m_pairs.back().contact.isCoplanar = true;
+            }
     }
 
-    /// The corner of a triangle that its neighbour does not have.
-    static std::size_t apexOf(Corners const& corners, Corners const& neighbour)
+    EdgeUse useOf(std::uint32_t triangle, std::size_t k) const
     {
-        std::size_t k = 0;
-        while (std::find(neighbour.begin(), neighbour.end(), corners[k]) != neighbour.end())
-            ++k;
-        return k;
+        Corners const& c = m_mesh.triangles[triangle];
+        auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
+        return {low, high, triangle, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)};
     }
 
     /// Edges of suspects that do not join two triangles that agree.
@@ -111,9 +111,7 @@ private:
         for (std::uint32_t const t : m_suspects)
             for (std::size_t k = 0; k < 3; ++k) {
                 polling.step();
-                Corners const& c = m_mesh.triangles[t];
-                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
-                uses.push_back({low, high, t, std::int8_t(k), std::int8_t(c[k] == low ? 1 : -1)});
+                uses.push_back(useOf(t, k));
             }
         sortPolled(uses, progress, std::less<>());
         for (std::size_t begin = 0, end = 0; begin < uses.size(); begin = end) {

@@ -31,6 +31,7 @@ struct Sheet
     std::array<int, 2> before{};
     std::array<int, 2> after{};
     SheetStack stack = {};
+    std::uint32_t stackNumber = 0;
     /// Whether it only counts for what lies around it: no segment divides the triangle here.
     bool isSilent = false;
 };
@@ -135,10 +136,10 @@ private:
         // What is behind both, or behind one of them only.
         std::array<int, 2> both{}, first{}, second{};
         ++both[a], ++both[b], ++first[a], ++second[b];
-        std::array<SideSeed, 4> const seeds{{{s.triangles[0], s.from, s.to, second, both, {}},
-                                             {s.triangles[0], s.to, s.from, {}, first, {}},
-                                             {s.triangles[1], s.from, s.to, {}, second, {}},
-                                             {s.triangles[1], s.to, s.from, first, both, {}}}};
+        std::array<SideSeed, 4> const seeds{{{s.triangles[0], s.from, s.to, second, both, {}, 0},
+                                             {s.triangles[0], s.to, s.from, {}, first, {}, 1},
+                                             {s.triangles[1], s.from, s.to, {}, second, {}, 2},
+                                             {s.triangles[1], s.to, s.from, first, both, {}, 3}}};
         return m_visit(seeds);
     }
 
@@ -386,7 +387,7 @@ private:
                 m_sheets[i].before = before;
                 m_sheets[i].after = winding;
             }
-            tellStack(std::span(m_sheets).subspan(begin, end - begin));
+            tellStack(std::span(m_sheets).subspan(begin, end - begin), begin);
             for (std::size_t o = 0; o < 2; ++o)
                 lowest[o] = std::min(lowest[o], winding[o]);
             begin = end;
@@ -400,26 +401,26 @@ private:
     }
 
     /// Sheets that lie on each other.
-    void tellStack(std::span<Sheet> sheets) const
+    void tellStack(std::span<Sheet> sheets, std::size_t number) const
     {
-        std::uint32_t lead = CurveNetwork::none;
         int lefts = 0, rights = 0;
         for (Sheet const& sheet : sheets)
-            if (operandOf(sheet.triangle) == 1)
-                lead = std::min(lead, sheet.triangle);
-            else
+            if (operandOf(sheet.triangle) == 0)
                 ++(sheet.change < 0 ? lefts : rights);
-        for (Sheet& sheet : sheets)
+        for (Sheet& sheet : sheets) {
             sheet.stack = {std::uint16_t(sheet.change < 0 ? lefts : rights),
-                           std::uint16_t(sheet.change < 0 ? rights : lefts),
-                           sheet.triangle == lead};
+                           std::uint16_t(sheet.change < 0 ? rights : lefts)};
+            sheet.stackNumber = std::uint32_t(number);
+        }
     }
 
     static SideSeed seedOf(Sheet const& sheet, std::uint32_t low, std::uint32_t high)
     {
         if (sheet.change < 0)
-            return {sheet.triangle, low, high, sheet.after, sheet.before, sheet.stack};
-        return {sheet.triangle, high, low, sheet.before, sheet.after, sheet.stack};
+            return {sheet.triangle,   low, high, sheet.after, sheet.before, sheet.stack,
+                    sheet.stackNumber};
+        return {sheet.triangle,   high, low, sheet.before, sheet.after, sheet.stack,
+                sheet.stackNumber};
     }
 
     OperandSoup const& m_soup;

@@ -8,15 +8,12 @@
 #include <functional>
 #include <span>
 
-/// Triangles of the first operand that lie on a region of the second, and whether the region speaks
-/// for all of the second's that lie on each other there.
+/// Triangles of the first operand that lie on a region of the second: how many face as the region
+/// does, and how many the other way.
 struct SheetStack
 {
-    /// How many of the first operand's triangles there face as the region does, and how many the
-    /// other way.
     std::uint16_t along = 0;
     std::uint16_t against = 0;
-    bool isLead = true;
     bool operator==(SheetStack const&) const = default;
 };
 
@@ -34,6 +31,8 @@ struct SideSeed
     std::array<int, 2> behind;
     /// For regions of the second operand.
     SheetStack stack;
+    /// Regions with the same number lie on each other.
+    std::uint32_t stackNumber;
 };
 
 /// Finds for all segments how often the operands wind around what lies beside them.

@@ -45,6 +45,17 @@ void SideGroups::joinFace(std::uint32_t face)
                 m_sets.unite(corner - m_firstPoint, m_pointCount + facets.regions[f]);
 }
 
+/// Whether a point lies on the line through two vertices.
+bool SideGroups::isOnLine(std::span<std::uint32_t const> vertices, std::uint32_t point) const
+{
+    CurvePoints const& points = m_network.points();
+    for (int axis = 0; axis < 3; ++axis)
+        if (Exact::orient2d(points.exact(vertices[0]), points.exact(vertices[1]),
+                            points.exact(point), axis) != 0)
+            return false;
+    return true;
+}
+
 /// Joins regions of neighbouring triangles at edges between two points of the curves along which no
 /// curve runs: no vertex may be there to join them.
 void SideGroups::joinAcrossSides(StageProgress& progress)
@@ -81,13 +92,16 @@ void SideGroups::joinAcrossSides(StageProgress& progress)
             curves.push_back({std::min(s.from, s.to), std::max(s.from, s.to)});
     sortPolled(curves, progress, std::less<>());
     sortPolled<true>(sides, progress, [](Side const& a, Side const& b) { return a.edge < b.edge; });
-    // Edges of different shells at one place are no one's common edge.
+    // Edges of different shells at one place are no one's common edge, nor are those of triangles that
+    // share another one.
     auto const areNeighbours = [&](Side const& a, Side const& b) {
-        int shared = 0;
+        std::vector<std::uint32_t> shared;
         MeshArrays::Corners const& corners = m_soup.corners(b.triangle);
         for (std::uint32_t const corner : m_soup.corners(a.triangle))
-            shared += std::find(corners.begin(), corners.end(), corner) != corners.end();
-        return shared > 1;
+            if (std::find(corners.begin(), corners.end(), corner) != corners.end())
+                shared.push_back(corner);
+        return shared.size() == 3 ||
+               (shared.size() == 2 && isOnLine(shared, a.edge.from) && isOnLine(shared, a.edge.to));
     };
     for (std::size_t first = 0, end = 0; first < sides.size(); first = end) {
         polling.step();

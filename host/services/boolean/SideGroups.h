@@ -4,6 +4,9 @@
 #include "host/mesh/DisjointSets.h"
 #include "host/services/boolean/CurveNetwork.h"
 
+#include <cstdint>
+#include <span>
+
 /// Vertices of one operand, and the regions of its divided triangles, that lie together on one side
 /// of the other operand: a group is what hangs together without a curve between.
 class SideGroups
@@ -57,6 +60,7 @@ private:
     void joinTriangle(std::uint32_t triangle);
     void joinFace(std::uint32_t face);
     void joinAcrossSides(StageProgress& progress);
+    bool isOnLine(std::span<std::uint32_t const> vertices, std::uint32_t point) const;
 
     OperandSoup const& m_soup;
     CurveNetwork const& m_network;

@@ -2,7 +2,7 @@
 #include "host/services/boolean/SideLabels.h"
 
 #include "host/services/Polling.h"
-#include "host/services/boolean/SideGroups.h"
+#include "host/services/boolean/LabelledGroups.h"
 #include "host/services/boolean/WindingPotentials.h"
 
 #include <algorithm>
@@ -31,53 +31,6 @@ RayOrigin pointIn(CurvePoints const& points, Corners const& facet,
     return {place, error + 0x1p-50 * size, triangle};
 }
 
-/// The groups of one operand with what the curves say about each.
-struct LabelledGroups
-{
-    /// The winding numbers behind a group less those in front of it.
-    using Change = std::array<int, 2>;
-
-    LabelledGroups(OperandSoup const& soup, CurveNetwork const& network, Operand o,
-                   StageProgress& progress)
-        : groups(soup, network, o, progress), isOn(groups.size(), false), operand(o)
-    {}
-
-    std::size_t own() const { return std::size_t(operand); }
-
-    /// What is behind a group that lies on nothing.
-    Change plainChange() const { return {operand == Operand::first, operand == Operand::second}; }
-
-    Change changeOf(std::uint32_t group) const
-    {
-        auto const at = std::lower_bound(
-            stacked.begin(), stacked.end(), group,
-            [](Stacked const& s, std::uint32_t number) { return s.group < number; });
-        return isOn[group] ? at->change : plainChange();
-    }
-    SheetStack stackOf(std::uint32_t group) const
-    {
-        auto const at = std::lower_bound(
-            stacked.begin(), stacked.end(), group,
-            [](Stacked const& s, std::uint32_t number) { return s.group < number; });
-        return isOn[group] ? at->stack : SheetStack();
-    }
-
-    /// Groups that lie on others.
-    struct Stacked
-    {
-        std::uint32_t group;
-        Change change;
-        SheetStack stack;
-    };
-
-    SideGroups groups;
-    std::vector<bool> isOn;
-    /// Groups that a seed says lie on nothing.
-    std::vector<bool> isPlain = std::vector<bool>(isOn.size(), false);
-    std::vector<Stacked> stacked;
-    Operand operand;
-};
-
 class Labelling
 {
 public:
@@ -101,8 +54,8 @@ public:
                 labels.contradiction = seeds.front().from;
             return agrees;
         };
-        if (!forSideSeeds(m_soup, m_network, relate, m_progress) || !sortStacked(m_first) ||
-            !sortStacked(m_second))
+        if (!forSideSeeds(m_soup, m_network, relate, m_progress) ||
+            !m_first.sortStacked(m_progress) || !m_second.sortStacked(m_progress))
             return false;
         numberFromVertices();
         if (!numberFromOwnRays())
@@ -127,21 +80,32 @@ private:
         return operand == Operand::first ? group : m_first.groups.size() + group;
     }
 
+    LabelledGroups& groupsOf(Operand operand)
+    {
+        return operand == Operand::first ? m_first : m_second;
+    }
+
     /// Winding numbers of the second operand are kept in front of the groups of both, those of the
     /// first in front of the second's only: the first is not divided where it crosses itself.
     bool relateSeeds(std::span<SideSeed const> seeds)
     {
         poll();
-        std::uint32_t reference = CurveNetwork::none, referenceOfSecond = CurveNetwork::none;
-        int number = 0, layers = 0;
+        m_groups.clear();
         for (SideSeed const& seed : seeds) {
             std::uint32_t const region = m_network.regionLeftOf(seed.triangle, seed.from, seed.to);
             if (region == CurveNetwork::none)
                 return false;
+            m_groups.push_back(groupsOf(m_soup.operandOf(seed.triangle)).groups.ofRegion(region));
+        }
+        if (!tellLeads(seeds))
+            return false;
+        std::uint32_t reference = CurveNetwork::none, referenceOfSecond = CurveNetwork::none;
+        int number = 0, layers = 0;
+        for (std::size_t i = 0; i < seeds.size(); ++i) {
+            SideSeed const& seed = seeds[i];
             Operand const operand = m_soup.operandOf(seed.triangle);
-            LabelledGroups& labelled = operand == Operand::first ? m_first : m_second;
-            std::uint32_t const group = labelled.groups.ofRegion(region);
-            noteChange(labelled, group, seed);
+            std::uint32_t const group = m_groups[i];
+            groupsOf(operand).note(group, seed, m_isLead[i]);
             std::uint32_t const node = nodeOf(operand, group);
             if (reference == CurveNetwork::none) {
                 reference = node;
@@ -161,42 +125,21 @@ private:
         return true;
     }
 
-    static void noteChange(LabelledGroups& labelled, std::uint32_t group, SideSeed const& seed)
+    /// Of the second's groups that lie on each other at a segment the one with the smallest number
+    /// speaks for all. Returns false where one lies on itself.
+    bool tellLeads(std::span<SideSeed const> seeds)
     {
-        LabelledGroups::Change change{seed.behind[0] - seed.front[0],
-                                      seed.behind[1] - seed.front[1]};
-        // The first operand's own number is not kept.
-        if (labelled.operand == Operand::first)
-            change[0] = 1;
-        bool const isAlone = seed.stack.along + seed.stack.against == 0 && seed.stack.isLead;
-        if (change == labelled.plainChange() && (labelled.operand == Operand::first || isAlone)) {
-            labelled.isPlain[group] = true;
-            return;
-        }
-        labelled.isOn[group] = true;
-        if (labelled.operand == Operand::first)
-            labelled.stacked.push_back({group, change, {}});
-        else
-            labelled.stacked.push_back({group, change, seed.stack});
-    }
-
-    /// Returns false if seeds contradict each other.
-    bool sortStacked(LabelledGroups& labelled)
-    {
-        auto& stacked = labelled.stacked;
-        sortPolled<true>(stacked, m_progress,
-                         [](auto const& a, auto const& b) { return a.group < b.group; });
-        std::size_t kept = 0;
-        for (std::size_t i = 0; i < stacked.size(); ++i) {
-            if (labelled.isPlain[stacked[i].group])
-                return false;
-            if (kept == 0 || stacked[kept - 1].group != stacked[i].group)
-                stacked[kept++] = stacked[i];
-            else if (stacked[kept - 1].change != stacked[i].change ||
-                     !(stacked[kept - 1].stack == stacked[i].stack))
-                return false;
-        }
-        stacked.resize(kept);
+        m_isLead.assign(seeds.size(), true);
+        for (std::size_t i = 0; i < seeds.size(); ++i)
+            for (std::size_t k = 0; k < i; ++k) {
+                if (seeds[i].stackNumber != seeds[k].stackNumber ||
+                    m_soup.operandOf(seeds[i].triangle) == Operand::first ||
+                    m_soup.operandOf(seeds[k].triangle) == Operand::first)
+                    continue;
+                if (m_groups[i] == m_groups[k])
+                    return false;
+                m_isLead[m_groups[i] < m_groups[k] ? k : i] = false;
+            }
         return true;
     }
 
@@ -209,7 +152,7 @@ private:
             if (groups.isOnCurve(v))
                 continue;
             std::uint32_t const group = groups.ofVertex(v);
-            if (m_first.isOn[group] || m_aroundSecond.numberOf(group))
+            if (m_first.isOn(group) || m_aroundSecond.numberOf(group))
                 continue;
             if (m_sources.isSecondSimple && isKnown(v))
                 m_aroundSecond.set(group, m_sources.known[v]);
@@ -494,7 +437,8 @@ private:
     {
         int const number = m_aroundSecond.numberOf(nodeOf(Operand::second, group)).value_or(0);
         return {m_aroundFirst.numberOf(group).value_or(0), number > 0,
-                number + m_second.changeOf(group)[1] > 0, m_second.stackOf(group)};
+                number + m_second.changeOf(group)[1] > 0, m_second.stackOf(group),
+                m_second.isLead(group)};
     }
 
     OperandSoup const& m_soup;
@@ -504,6 +448,9 @@ private:
     unsigned m_steps = 0;
     LabelledGroups m_first;
     LabelledGroups m_second;
+    /// Of the seeds of one segment.
+    std::vector<std::uint32_t> m_groups;
+    std::vector<bool> m_isLead;
     /// The first operand's winding numbers in front of the second's groups.
     WindingPotentials m_aroundFirst;
     /// The second operand's winding numbers in front of the groups of both.

@@ -36,6 +36,8 @@ struct SideLabels
         bool isSolidInFront = false;
         bool isSolidBehind = true;
         SheetStack stack = {};
+        /// Whether it speaks for all of the second's that lie on each other there.
+        bool isLead = true;
     };
 
     /// By region; those of the second operand stay unknown.

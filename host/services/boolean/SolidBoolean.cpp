@@ -131,7 +131,11 @@ private:
     /// Few enough to find and label quickly, many enough to leave few triangles near the tool.
     std::size_t cellCount() const
     {
-        return std::clamp<std::size_t>(m_part.triangles.size() / 16, 1 << 12, 1 << 20);
+        constexpr std::size_t few = 1 << 6, many = 1 << 12, most = 1 << 20;
+        // Of small operands all triangles may be near each other: the cells would cost the most.
+        std::size_t const least =
+            std::clamp<std::size_t>(8 * (m_part.triangles.size() + m_toolCount), few, many);
+        return std::clamp<std::size_t>(m_part.triangles.size() / 16, least, most);
     }
 
     TriangleTree::Box boxOfPart() const

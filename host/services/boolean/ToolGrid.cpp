@@ -12,6 +12,9 @@ namespace {
 constexpr double slack = 1e-3;
 /// Cells along the longest axis, but those at the border.
 constexpr double maximalCells = 1000;
+/// Cells on a face of the space that both share, for each that the tool may touch: of thin tools many
+/// more are clear than touched.
+constexpr double cellsOfFace = 16;
 
 using Layers = std::array<std::uint64_t, 8>;
 
@@ -110,8 +113,13 @@ void ToolGrid::measure(Box const& part, std::size_t touching)
             {magnitude, std::abs(double(common.low[k])), std::abs(double(common.high[k]))});
     }
     double const byArea = std::sqrt(2 * areaWithin(m_tool.mesh(), common) / double(touching));
+    // Where boxes hardly overlap there may be no area between them, and a million cells.
+    double face = 0;
+    for (std::size_t k = 0; k < 3; ++k)
+        face = std::max(face, extentOf(common, k) * extentOf(common, (k + 1) % 3));
+    double const byFace = std::sqrt(face / (cellsOfFace * double(touching)));
     // Not so small that the rounding of floats would matter.
-    m_cellSize = std::max({byArea, longest / maximalCells, magnitude * 1e-5, 1e-30});
+    m_cellSize = std::max({byArea, byFace, longest / maximalCells, magnitude * 1e-5, 1e-30});
     m_perUnit = 1 / m_cellSize;
     for (int k = 0; k < 3; ++k) {
         double const extent = extentOf(common, std::size_t(k));

@@ -76,19 +76,31 @@ std::optional<TrianglePlace> placeFrom(Signs const& inside)
     return {};
 }
 
+/// An axis along which a triangle has an area, and its sign.
+struct View
+{
+    explicit View(TriangleCorners const& t)
+    {
+        while (axis < 2 && ExactSigns::orient2d(t[0], t[1], t[2], axis) == 0)
+            ++axis;
+        facing = ExactSigns::orient2d(t[0], t[1], t[2], axis);
+    }
+    int orient(UPoint3<float> const& a, UPoint3<float> const& b, UPoint3<float> const& c) const
+    {
+        return facing * ExactSigns::orient2d(a, b, c, axis);
+    }
+    int axis = 0;
+    int facing = 0;
+};
+
 /// Where a point in the plane of a triangle lies in it.
 std::optional<TrianglePlace> placeOfPoint(UPoint3<float> const& p, TriangleCorners const& t)
 {
-    for (int axis = 0; axis < 3; ++axis) {
-        int const facing = ExactSigns::orient2d(t[0], t[1], t[2], axis);
-        if (facing == 0)
-            continue;
-        Signs inside;
-        for (int k = 0; k < 3; ++k)
-            inside[k] = facing * ExactSigns::orient2d(t[k], t[next(k)], p, axis);
-        return placeFrom(inside);
-    }
-    return {};
+    View const view(t);
+    Signs inside;
+    for (std::size_t k = 0; k < 3; ++k)
+        inside[k] = view.orient(t[k], t[std::size_t(next(int(k)))], p);
+    return placeFrom(inside);
 }
 
 /// Where an edge that passes through a triangle's plane does so. `from` lies behind the plane.
@@ -114,7 +126,52 @@ std::optional<TrianglePlace> placeIn(TriangleCorners const& o, TrianglePlace end
     return sides[k] < 0 ? placeOfEdge(t[k], t[l], o) : placeOfEdge(t[l], t[k], o);
 }
 
+/// Whether a point on the line through two others lies between them.
+bool isBetween(UPoint3<float> const& from, UPoint3<float> const& point, UPoint3<float> const& to)
+{
+    for (int axis = 0; axis < 3; ++axis)
+        if (from[axis] != to[axis])
+            return (from[axis] < point[axis]) == (point[axis] < to[axis]) &&
+                   point[axis] != from[axis] && point[axis] != to[axis];
+    return false;
+}
+
 }  // namespace
+
+TriangleContact contactOfEdge(TriangleCorners const& first, int edge, TriangleCorners const& second)
+{
+    UPoint3<float> const &from = first[std::size_t(edge)], &to = first[std::size_t(next(edge))];
+    TriangleContact contact;
+    View const view(second);
+    Signs left;
+    for (std::size_t k = 0; k < 3; ++k)
+        left[k] = view.orient(from, to, second[k]);
+    if (areAllOnOneSide(left))
+        return contact;
+    // An end of the edge in the second triangle, or an end of the second's chord on the edge.
+    auto const endOf = [&](int corner, TrianglePlace ofChord,
+                           bool isStart) -> std::optional<TriangleContact::Point> {
+        if (auto const place = placeOfPoint(first[std::size_t(corner)], second))
+            return TriangleContact::Point{TrianglePlace::corner(corner), *place, true};
+        std::size_t const k = std::size_t(ofChord.index()), l = std::size_t(next(int(k)));
+        int const before = isStart ? -1 : 1;
+        bool const isOnEdge = ofChord.isCorner()
+                                  ? isBetween(from, second[k], to)
+                                  : view.orient(second[k], second[l], from) == before &&
+                                        view.orient(second[k], second[l], to) == -before;
+        if (!isOnEdge)
+            return {};
+        return TriangleContact::Point{TrianglePlace::edge(edge), ofChord, true, ofChord.isEdge()};
+    };
+    Chord const chord = chordOf(left);
+    auto const start = endOf(edge, chord.start, true);
+    auto const end = start ? endOf(next(edge), chord.end, false) : start;
+    if (!start || !end || start->isSameAs(*end))
+        return contact;
+    contact.points = {*start, *end};
+    contact.count = 2;
+    return contact;
+}
 
 TriangleContact contactOf(TriangleCorners const& first, TriangleCorners const& second)
 {

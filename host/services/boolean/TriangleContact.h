@@ -40,12 +40,14 @@ private:
 struct TriangleContact
 {
     /// A point of both triangles. Where neither place is a corner, it is where an edge of one of
-    /// them, `isEdgeOfFirst` tells which, passes through the other's plane.
+    /// them, `isEdgeOfFirst` tells which, passes through the other's plane, or where edges of both
+    /// cross in one plane.
     struct Point
     {
         TrianglePlace inFirst = TrianglePlace::face();
         TrianglePlace inSecond = TrianglePlace::face();
         bool isEdgeOfFirst = true;
+        bool isInOnePlane = false;
 
         bool isSameAs(Point const& o) const
         {
@@ -64,3 +66,8 @@ using TriangleCorners = std::array<UPoint3<float>, 3>;
 
 /// Exact. Both triangles have an area.
 TriangleContact contactOf(TriangleCorners const& first, TriangleCorners const& second);
+
+/// What an edge of the first triangle has in common with the second, which lies in its plane: a
+/// segment from the edge's start towards its end, or nothing. Exact.
+TriangleContact contactOfEdge(TriangleCorners const& first, int edge,
+                              TriangleCorners const& second);
