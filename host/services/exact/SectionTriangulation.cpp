@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/exact/SectionTriangulation.h"
 
+#include "host/services/exact/PlainTriangulation.h"
+#include "host/services/exact/SectionLayers.h"
+
 #include <CGAL/Constrained_Delaunay_triangulation_2.h>
 #include <CGAL/Constrained_triangulation_plus_2.h>
 #include <CGAL/Exact_predicates_exact_constructions_kernel.h>
@@ -46,10 +49,6 @@ using Structure = CGAL::Triangulation_data_structure_2<
 template <typename Kernel, typename Tag>
 using Triangulated = CGAL::Constrained_Delaunay_triangulation_2<Kernel, Structure<Kernel>, Tag>;
 
-/// Takes segments that meet in common ends only, or that run through points; it throws where two
-/// segments cross.
-using PlainTriangulation =
-    Triangulated<RoundingKernel, CGAL::No_constraint_intersection_requiring_constructions_tag>;
 /// Makes points where segments cross, and remembers on which points each segment was split. Where
 /// rounding takes a crossing out of the triangles beside an edge, because they are narrower than
 /// that, it splits on an end of the edge instead, however far away.
@@ -59,15 +58,19 @@ using SplittingTriangulation = CGAL::Constrained_triangulation_plus_2<
 using ExactTriangulation = CGAL::Constrained_triangulation_plus_2<
     Triangulated<ExactKernel, CGAL::Exact_intersections_tag>>;
 
-/// A segment has to be split, which the plain triangulation does not keep account of.
-struct SplitNeeded
-{
-};
-
 /// A segment was split on a point that does not lie on it.
 struct SplitAstray
 {
 };
+
+SectionFilling fillBorder(std::vector<SectionPoint2> const& all,
+                          std::vector<SectionSegment>& segments,
+                          std::function<void(int)> const& progress)
+{
+    PointsInUse const used(segments);
+    auto points = used.of(all);
+    return used.numbered(fillSection(points, segments, progress));
+}
 
 template <typename Triangulation>
 class SectionFiller
@@ -76,7 +79,6 @@ class SectionFiller
     using FaceHandle = typename Triangulation::Face_handle;
     using Kernel = typename Triangulation::Geom_traits;
     using Point = typename Kernel::Point_2;
-    static constexpr bool isPlain = std::is_same_v<Triangulation, PlainTriangulation>;
     static constexpr bool isExact = std::is_same_v<Triangulation, ExactTriangulation>;
 
 public:
@@ -104,7 +106,7 @@ public:
         if (m_triangulation.dimension() < 2)
             return {};
         spreadRegions();
-        return collect();
+        return layersOf(solidFaces(), [this](auto& border) { return fillPart(border); });
     }
 
 private:
@@ -135,37 +137,15 @@ private:
         }
     }
 
-    void insertSegments()
-    {
-        m_weights.reserve(2 * m_segments.size());
-        if constexpr (isPlain)
-            insertPlainSegments();
-        else
-            insertSplittingSegments();
-    }
-
     void reportSegment(std::size_t i) const
     {
         if (i % batch == 0)
             report(int(40 + 40 * i / m_segments.size()));
     }
 
-    void insertPlainSegments()
+    void insertSegments()
     {
-        for (std::size_t i = 0; i < m_segments.size(); ++i) {
-            reportSegment(i);
-            SectionSegment const& segment = m_segments[i];
-            VertexHandle const from = m_handles[segment.from];
-            VertexHandle const to = m_handles[segment.to];
-            m_triangulation.insert_constraint(from, to);
-            if (!m_triangulation.is_edge(from, to))
-                throw SplitNeeded();
-            addWeight(segment.from, segment.to, segment);
-        }
-    }
-
-    void insertSplittingSegments()
-    {
+        m_weights.reserve(2 * m_segments.size());
         std::vector<typename Triangulation::Constraint_id> constraints;
         constraints.reserve(m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i) {
@@ -285,93 +265,42 @@ private:
         return region;
     }
 
-    SectionFilling collect()
+    /// Those that segments run around.
+    std::vector<PlaneFace> solidFaces() const
     {
-        SectionFilling filling;
-        int most = 0;
+        std::unordered_map<FaceHandle, std::uint32_t> numbers;
         for (FaceHandle const face : m_triangulation.finite_face_handles())
-            most = std::max(most, std::abs(face->info().winding));
-        filling.layers = most;
-        if (most <= 1) {
-            for (FaceHandle const face : m_triangulation.finite_face_handles())
-                if (int const winding = face->info().winding; winding != 0)
-                    filling.triangles.push_back(cornersOf(face, winding < 0));
-            return filling;
-        }
-        for (int layer = 1; layer <= most; ++layer) {
-            appendLayer(layer, filling);
-            appendLayer(-layer, filling);
-        }
-        return filling;
-    }
-
-    static std::array<std::uint32_t, 3> cornersOf(FaceHandle face, bool isReversed)
-    {
-        auto const corner = [&](int i) { return face->vertex(i)->info().value; };
-        return {corner(0), corner(isReversed ? 2 : 1), corner(isReversed ? 1 : 2)};
-    }
-
-    bool isInLayer(FaceHandle face, int layer) const
-    {
-        if (m_triangulation.is_infinite(face))
-            return false;
-        int const winding = face->info().winding;
-        return layer > 0 ? winding >= layer : winding <= layer;
-    }
-
-    /// A layer shares no edge inside with the others: it is triangulated from its own border alone.
-    void appendLayer(int layer, SectionFilling& filling)
-    {
-        std::vector<SectionSegment> border;
+            if (face->info().winding != 0)
+                numbers.emplace(face, std::uint32_t(numbers.size()));
+        std::vector<PlaneFace> faces;
+        faces.reserve(numbers.size());
         for (FaceHandle const face : m_triangulation.finite_face_handles()) {
-            if (!isInLayer(face, layer))
+            if (face->info().winding == 0)
                 continue;
-            for (int i = 0; i < 3; ++i)
-                if (!isInLayer(face->neighbor(i), layer)) {
-                    std::uint32_t from = face->vertex(Triangulation::ccw(i))->info().value;
-                    std::uint32_t to = face->vertex(Triangulation::cw(i))->info().value;
-                    if (layer < 0)
-                        std::swap(from, to);
-                    border.push_back({from, to});
-                }
+            PlaneFace& solid = faces.emplace_back();
+            solid.winding = face->info().winding;
+            for (int i = 0; i < 3; ++i) {
+                solid.corners[std::size_t(i)] = face->vertex(i)->info().value;
+                auto const beyond = numbers.find(face->neighbor(Triangulation::cw(i)));
+                solid.beyond[std::size_t(i)] =
+                    beyond == numbers.end() ? PlaneFace::none : beyond->second;
+            }
         }
-        if (border.empty())
-            return;
-        SectionFilling const part = fillPart(border);
-        filling.triangles.insert(filling.triangles.end(), part.triangles.begin(),
-                                 part.triangles.end());
+        return faces;
     }
 
     /// Fills with just the points that the segments use.
-    SectionFilling fillPart(std::vector<SectionSegment> segments) const
+    SectionFilling fillPart(std::vector<SectionSegment>& segments) const
     {
-        std::unordered_map<std::uint32_t, std::uint32_t> places;
-        std::vector<std::uint32_t> origins;
-        std::vector<SectionPoint2> points;
-        std::vector<Point> exactPlaces;
-        auto const localOf = [&](std::uint32_t global) {
-            auto const [place, isNew] = places.try_emplace(global, std::uint32_t(points.size()));
-            if (isNew) {
-                points.push_back(m_points[global]);
-                exactPlaces.push_back(m_places[global]);
-                origins.push_back(global);
-            }
-            return place->second;
-        };
-        for (SectionSegment& segment : segments) {
-            segment.from = localOf(segment.from);
-            segment.to = localOf(segment.to);
-        }
-        SectionFilling filling;
         // Rounded, borders might cross.
-        if constexpr (isExact)
-            filling = SectionFiller(points, std::move(exactPlaces), segments, m_progress).fill();
-        else
-            filling = fillSection(points, segments, m_progress);
-        for (auto& triangle : filling.triangles)
-            for (std::uint32_t& corner : triangle)
-                corner = origins[corner];
-        return filling;
+        if constexpr (isExact) {
+            auto const used = PointsInUse(segments);
+            auto points = used.of(m_points);
+            return used.numbered(
+                SectionFiller(points, used.of(m_places), segments, m_progress).fill());
+        } else {
+            return fillBorder(m_points, segments, m_progress);
+        }
     }
 
     static constexpr std::size_t batch = 1024;
@@ -395,11 +324,8 @@ SectionFilling fillSection(std::vector<SectionPoint2>& points,
 {
     if (segments.empty())
         return {};
-    try {
-        return SectionFiller<PlainTriangulation>(points, segments, progress).fill();
-    } catch (PlainTriangulation::Intersection_of_constraints_exception const&) {
-    } catch (SplitNeeded const&) {
-    }
+    if (auto const faces = plainTriangulation(points, segments, progress))
+        return layersOf(*faces, [&](auto& border) { return fillBorder(points, border, progress); });
     std::size_t const given = points.size();
     try {
         return SectionFiller<SplittingTriangulation>(points, segments, progress).fill();

@@ -1,17 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SectionPoints.h"
 
-#include <bit>
 #include <utility>
-
-std::size_t SectionPoints::PlaceHash::operator()(std::array<double, 2> const& p) const
-{
-    std::uint64_t hash = 0;
-    for (double const c : p)
-        // Adding zero gives both zeros the same bits.
-        hash = (hash ^ std::bit_cast<std::uint64_t>(c + 0.0)) * 0x9e3779b97f4a7c15u;
-    return hash ^ (hash >> 32);
-}
 
 SectionPoints::SectionPoints(SideCopies& copies, UMesh<float> const& source, CutPlane const& plane)
     : m_copies(copies), m_source(source), m_plane(plane)
@@ -46,8 +36,8 @@ std::vector<std::uint32_t> SectionPoints::verticesInPlane(
 void SectionPoints::reserve(std::size_t count)
 {
     m_points.reserve(count);
-    m_ofEdge.reserve(count);
-    m_byPlace.reserve(count);
+    m_ofEdge = FlatMap<std::uint64_t, KeyHash>(count);
+    m_byPlace = FlatMap<std::array<double, 2>, FlatPlaceHash>(count);
 }
 
 std::uint32_t SectionPoints::add(UPoint3<float> const& place)
@@ -59,32 +49,32 @@ std::uint32_t SectionPoints::add(UPoint3<float> const& place)
 /// The point whose plane coordinates are those of `place`.
 std::uint32_t SectionPoints::pointAt(UPoint3<float> const& place)
 {
-    auto const [entry, isNew] = m_byPlace.try_emplace(m_plane.project(place), 0);
-    if (isNew)
-        entry->second = add(place);
-    return entry->second;
+    std::uint32_t& point = m_byPlace[m_plane.project(place)];
+    if (point == m_byPlace.none)
+        point = add(place);
+    return point;
 }
 
 std::uint32_t SectionPoints::ofEdge(std::uint32_t belowPlace, std::uint32_t abovePlace)
 {
-    auto const [entry, isNew] = m_ofEdge.try_emplace(key(belowPlace, abovePlace), 0);
-    if (isNew)
+    std::uint32_t& point = m_ofEdge[key(belowPlace, abovePlace)];
+    if (point == m_ofEdge.none)
         // The third coordinate follows from the other two, so that it does not depend on which of
         // several edges through one place comes first.
-        entry->second = pointAt(m_plane.lift(m_plane.project(crossing(belowPlace, abovePlace))));
-    return entry->second;
+        point = pointAt(m_plane.lift(m_plane.project(crossing(belowPlace, abovePlace))));
+    return point;
 }
 
 std::uint32_t SectionPoints::ofVertex(std::uint32_t vertexPlace)
 {
-    auto const [entry, isNew] = m_ofVertex.try_emplace(vertexPlace, 0);
-    if (isNew) {
+    std::uint32_t& point = m_ofVertex[vertexPlace];
+    if (point == m_ofVertex.none) {
         UPoint3<float> const place = m_source.vertices[vertexPlace]->cP();
-        entry->second = pointAt(place);
+        point = pointAt(place);
         // Where a vertex and the crossing of an edge are one point, the vertex stays where it was.
-        m_points[entry->second].place = place;
+        m_points[point].place = place;
     }
-    return entry->second;
+    return point;
 }
 
 void SectionPoints::move(std::uint32_t point, UPoint3<float> const& place)

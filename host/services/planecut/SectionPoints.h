@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/services/planecut/FlatPlaceHash.h"
 #include "host/services/planecut/SideCopies.h"
 
 #include <array>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 /// The points in which a part's edges and vertices meet the plane, each once: points whose
@@ -52,9 +52,9 @@ private:
         std::array<Vertex*, 2> copies{};
     };
 
-    struct PlaceHash
+    struct KeyHash
     {
-        std::size_t operator()(std::array<double, 2> const& p) const;
+        std::uint64_t operator()(std::uint64_t key) const { return mixBits(key); }
     };
 
     UPoint3<float> crossing(std::uint32_t belowPlace, std::uint32_t abovePlace) const;
@@ -68,7 +68,7 @@ private:
     UMesh<float> const& m_source;
     CutPlane const& m_plane;
     std::vector<Point> m_points;
-    std::unordered_map<std::uint64_t, std::uint32_t> m_ofEdge;
-    std::unordered_map<std::uint32_t, std::uint32_t> m_ofVertex;
-    std::unordered_map<std::array<double, 2>, std::uint32_t, PlaceHash> m_byPlace;
+    FlatMap<std::uint64_t, KeyHash> m_ofEdge;
+    FlatMap<std::uint32_t, KeyHash> m_ofVertex;
+    FlatMap<std::array<double, 2>, FlatPlaceHash> m_byPlace;
 };

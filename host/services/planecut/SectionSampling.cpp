@@ -2,10 +2,10 @@
 #include "host/services/planecut/SectionSampling.h"
 
 #include "host/mesh/DisjointSets.h"
+#include "host/services/planecut/FlatPlaceHash.h"
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <tuple>
 
 namespace {
@@ -188,12 +188,13 @@ private:
     std::uint32_t numberOf(Point const& place)
     {
         Exact::SectionPoint2 const flat = m_axes.of(place);
-        auto const [entry, isNew] = m_numbers.try_emplace(flat, std::uint32_t(m_places.size()));
-        if (isNew) {
+        std::uint32_t& number = m_numbers[flat];
+        if (number == m_numbers.none) {
+            number = std::uint32_t(m_places.size());
             m_places.push_back(place);
             m_flat.push_back(flat);
         }
-        return entry->second;
+        return number;
     }
 
     SectionPoints const& m_points;
@@ -203,7 +204,7 @@ private:
     mutable DisjointSets m_faces;
     std::vector<FaceSize> m_sizes;
     std::vector<Exact::SectionSegment> m_border;
-    std::map<Exact::SectionPoint2, std::uint32_t> m_numbers;
+    FlatMap<Exact::SectionPoint2, FlatPlaceHash> m_numbers;
     std::vector<Point> m_places;
     std::vector<Exact::SectionPoint2> m_flat;
     std::vector<Exact::SectionSegment> m_segments;
