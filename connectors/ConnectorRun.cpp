@@ -15,11 +15,11 @@ FilledSides filledSides(Halves const& halves)
             !halves.upper->readMesh()->triangles.empty()};
 }
 
-void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel& cap,
+void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel* cap,
                 std::function<void(int)> const& stage)
 {
     runMeshStage([&] {
-        Intersect::cutByPlane(&part, &plane, halves.upper.get(), halves.lower.get(), &cap, stage,
+        Intersect::cutByPlane(&part, &plane, halves.upper.get(), halves.lower.get(), cap, stage,
                               true);
     });
 }
@@ -77,18 +77,17 @@ PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel*
     auto const copy = std::make_shared<MeshKernel>(static_cast<MeshKernel const*>(source));
     int const span = m_form.cutSpan;
     if (!m_form.hasTwoCuts) {
-        cutByPlane(*copy, m_base, part.plain, *part.cap, part.stage({0, span}));
+        cutByPlane(*copy, m_base, part.plain, part.cap.get(), part.stage({0, span}));
         remarkOnCuts(remarks, object, filledSides(part.plain), filledSides(part.plain), m_bounded);
         return part;
     }
     Halves atOffset;
     Halves atBase;
-    MeshKernel unread;
-    cutByPlane(*copy, m_offset, atOffset, unread, part.stage({0, span}));
+    cutByPlane(*copy, m_offset, atOffset, nullptr, part.stage({0, span}));
     FilledSides const filledAtOffset = filledSides(atOffset);
     // Its records would be in the way of the second cut's.
     atOffset.lower.reset();
-    cutByPlane(*copy, m_base, atBase, *part.cap, part.stage({span, span}));
+    cutByPlane(*copy, m_base, atBase, part.cap.get(), part.stage({span, span}));
     remarkOnCuts(remarks, object, filledSides(atBase), filledAtOffset, m_bounded);
     part.plain = {atBase.lower, atOffset.upper};
     return part;

@@ -32,9 +32,11 @@ bool isClean(UMesh<float> const& mesh)
 
 CutSides CutSides::cut(MeshKernel const* part, MeshKernel* plane,
                        std::function<void(int)> const& progress, int index, int partCount,
-                       CutFailure& failure)
+                       bool wantsSection, CutFailure& failure)
 {
     CutSides sides;
+    if (wantsSection)
+        sides.section = std::make_shared<MeshKernel>();
     auto const copy = std::make_shared<MeshKernel>(part);
     ServiceCall::run(failure, [&] {
         sides.notes = cutByPlaneWithNotes(

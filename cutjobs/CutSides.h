@@ -17,18 +17,20 @@ struct CutSides
     /// The piece on the side to which the plane's normal points.
     std::shared_ptr<MeshKernel> sideA = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> sideB = std::make_shared<MeshKernel>();
-    std::shared_ptr<MeshKernel> section = std::make_shared<MeshKernel>();
+    /// Null if it was not asked for.
+    std::shared_ptr<MeshKernel> section;
     PlaneCutNotes notes;
 
     /// Cuts a working copy of the part and cleans up side A and then side B.
     ///
     /// progress          of the whole job; may be empty
     /// index, partCount  the part's place in the job
+    /// wantsSection      whether the cut's face is made, in `section`
     /// failure           receives why the cut failed
     /// throws            as ServiceCall::run
     static CutSides cut(MeshKernel const* part, MeshKernel* plane,
                         std::function<void(int)> const& progress, int index, int partCount,
-                        CutFailure& failure);
+                        bool wantsSection, CutFailure& failure);
 
     /// Whether the plane left the part whole: one side holds all of it.
     bool isUncut() const;

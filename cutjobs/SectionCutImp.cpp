@@ -124,8 +124,8 @@ bool SectionCutImp::planeCut(std::function<void(int)> progress)
         if (!kernel)
             continue;
         jobFailure().part = part;
-        CutSides const sides =
-            CutSides::cut(kernel, plane.get(), progress, i, partCount, jobFailure());
+        CutSides const sides = CutSides::cut(kernel, plane.get(), progress, i, partCount,
+                                             m_measuresSections, jobFailure());
         addRemarks(sides.remarks(part, m_checkBoundary));
         if (m_measuresSections)
             m_sections[part] = {sectionArea(*sides.section),

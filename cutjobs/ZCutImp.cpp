@@ -85,7 +85,7 @@ bool ZCutImp::zCut(std::function<void(int)> progress)
             continue;
         jobFailure().part = part;
         CutSides const sides =
-            CutSides::cut(kernel, plane.get(), progress, i, partCount, jobFailure());
+            CutSides::cut(kernel, plane.get(), progress, i, partCount, false, jobFailure());
         addRemarks(sides.remarks(part, false));
         finish(sides, part, progress, (i + 1) * 100 / partCount);
     }

@@ -129,9 +129,9 @@ HeightSlices sliceAtHeights(MeshKernel const& part, std::vector<double> const& h
     int const count = int(heights.size());
     for (int i = 0; i < count; ++i) {
         Kernel const plane = planeOver(part.GetBox(), float(heights[std::size_t(i)]));
-        MeshKernel upper, lower, section;
+        MeshKernel upper, lower;
         PlaneCutNotes const notes = cutByPlaneWithNotes(
-            *rest, *plane, upper, lower, &section,
+            *rest, *plane, upper, lower, nullptr,
             [&](int percent) { progress((90 * i + percent * 9 / 10) / count); });
         append(slices.notes.turned, notes.turned);
         append(slices.notes.doubled, notes.doubled);

@@ -96,7 +96,7 @@ PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plan
     if (mesh->triangles.empty())
         return {};
     CutPlane const cutPlane(plane);
-    PlaneCutResult result = cutMeshByPlane(*mesh, cutPlane, progress);
+    PlaneCutResult result = cutMeshByPlane(*mesh, cutPlane, section != nullptr, progress);
     if (result.whole != PlaneCutResult::Whole::no) {
         bool const isAbove = result.whole == PlaneCutResult::Whole::above;
         (isAbove ? sideA : sideB).shareMeshOf(placed);

@@ -19,6 +19,8 @@ struct PlaneCutNotes
 };
 
 /// Does what Intersect::cutByPlane does, and tells about it. What is told is in the log as well.
+///
+/// section  null if nobody wants it, which saves a good part of a cut with long contours
 PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plane,
                                   MeshKernel& sideA, MeshKernel& sideB, MeshKernel* section,
                                   std::function<void(int)> const& progress);

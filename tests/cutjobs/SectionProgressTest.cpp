@@ -32,7 +32,8 @@ Values reportsOf(std::function<void(Progress)> const& call)
     return shortest;
 }
 
-Values reportsOfPlaneCut()
+/// A cut whose face nobody wants does not report its making.
+Values reportsOfPlaneCut(bool wantsSection)
 {
     Soup plane;
     plane.points = {{-50, -50, 10}, {50, -50, 10}, {50, 50, 10}, {-50, 50, 10}};
@@ -41,8 +42,8 @@ Values reportsOfPlaneCut()
     auto const planeKernel = kernelOf(plane);
     return reportsOf([&](Progress const& progress) {
         MeshKernel above, below, section;
-        Intersect::cutByPlane(part.get(), planeKernel.get(), &above, &below, &section, progress,
-                              true);
+        Intersect::cutByPlane(part.get(), planeKernel.get(), &above, &below,
+                              wantsSection ? &section : nullptr, progress, true);
     });
 }
 
@@ -70,6 +71,7 @@ struct Call
     bool isBoolean;
     Share stage;
     Share span{0, 100};
+    bool wantsSection = true;
 };
 
 struct Form
@@ -85,7 +87,7 @@ struct Form
 
 std::vector<Form> forms()
 {
-    Call const firstCut{false, {0, 20}};
+    Call const firstCut{false, {0, 20}, {0, 100}, false};
     Call const secondCut{false, {20, 20}};
     Call const onlyCut{false, {0, 25}};
     auto const halves = [](Share stage) {
@@ -112,14 +114,15 @@ std::vector<Form> forms()
 }
 
 /// The percentages of a connector run over some parts.
-Values expectedOf(Form const& form, int partCount, Values const& planeCut, Values const& boolean)
+Values expectedOf(Form const& form, int partCount, Values const& boolean)
 {
+    Values const plain = reportsOfPlaneCut(false), withSection = reportsOfPlaneCut(true);
     Values expected;
     if (form.reportsStart)
         expected.push_back(0);
     for (int part = 0; part < partCount; ++part)
-        for (auto const& [isBoolean, stage, span] : form.calls)
-            for (int x : isBoolean ? boolean : planeCut) {
+        for (auto const& [isBoolean, stage, span, wantsSection] : form.calls)
+            for (int x : isBoolean ? boolean : wantsSection ? withSection : plain) {
                 if (isBoolean)
                     x = int(x / 100.0 * span.span + span.start);
                 int const ofPart = int(std::min(x, 100) / 100.0 * stage.span + stage.start);
@@ -189,7 +192,7 @@ void expectSequence(Recorded const& recorded, Values const& expected)
 
 TEST(SectionProgress, OfAPlainCutGivesEachPartItsShare)
 {
-    Values const planeCut = reportsOfPlaneCut();
+    Values const planeCut = reportsOfPlaneCut(false);
     ASSERT_EQ(planeCut.front(), 0);
     ASSERT_EQ(planeCut.back(), 100);
     for (int const partCount : {1, 2, 3}) {
@@ -207,7 +210,6 @@ TEST(SectionProgress, OfAPlainCutGivesEachPartItsShare)
 
 TEST(SectionProgress, OfConnectorsGivesEachStageItsShare)
 {
-    Values const planeCut = reportsOfPlaneCut();
     Values const boolean = reportsOfBoolean();
     ASSERT_EQ(boolean.front(), 0);
     ASSERT_EQ(boolean.back(), 100);
@@ -216,17 +218,16 @@ TEST(SectionProgress, OfConnectorsGivesEachStageItsShare)
             SCOPED_TRACE(testing::Message() << form.name << " in " << partCount << " parts");
             // Connectors that leave the part are combined with it.
             expectSequence(record(form.type, partCount, form.isPin, form.gap, 30),
-                           expectedOf(form, partCount, planeCut, boolean));
+                           expectedOf(form, partCount, boolean));
         }
 }
 
 TEST(SectionProgress, OfConnectorsThatMeetTheFaceAloneTellsTheEndOfEachSpan)
 {
-    Values const planeCut = reportsOfPlaneCut();
     for (Form const& form : forms())
         for (int const partCount : {1, 2, 3}) {
             SCOPED_TRACE(testing::Message() << form.name << " in " << partCount << " parts");
             expectSequence(record(form.type, partCount, form.isPin, form.gap, 3),
-                           expectedOf(form, partCount, planeCut, {100}));
+                           expectedOf(form, partCount, {100}));
         }
 }

@@ -58,10 +58,11 @@ std::function<void(int)> stageOf(std::function<void(int)> const& progress, int b
 class PlaneCutter
 {
 public:
-    PlaneCutter(UMesh<float> const& part, CutPlane const& plane,
+    PlaneCutter(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
                 std::function<void(int)> const& progress)
         : m_part(part),
           m_plane(plane),
+          m_wantsSection(wantsSection),
           m_progress(progress),
           m_copies(part, plane, progress),
           m_points(m_copies, part, plane),
@@ -229,7 +230,9 @@ private:
         if (m_copies.mesh(sideAbove).triangles.empty())
             return whole(PlaneCutResult::Whole::below);
         PlaneCutResult result;
-        result.section = sectionMesh(m_points, filling, m_plane, stage(roundingDone, sectionDone));
+        if (m_wantsSection)
+            result.section =
+                sectionMesh(m_points, filling, m_plane, stage(roundingDone, sectionDone));
         result.above = finishSide(sideAbove);
         result.below = finishSide(sideBelow);
         if (m_progress)
@@ -239,6 +242,7 @@ private:
 
     UMesh<float> const& m_part;
     CutPlane const& m_plane;
+    bool m_wantsSection;
     std::function<void(int)> const& m_progress;
     SideCopies m_copies;
     SectionPoints m_points;
@@ -249,14 +253,15 @@ private:
 
 }  // namespace
 
-PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
                               std::function<void(int)> const& progress)
 {
-    if (auto result = PlaneCutter(part, plane, progress).run(false))
+    if (auto result = PlaneCutter(part, plane, wantsSection, progress).run(false))
         return std::move(*result);
     OrderedPart ordered = orderAtPlane(part, plane, stageOf(progress, firstTryDone, orderDone));
     auto const rest = stageOf(progress, orderDone, 100);
-    auto result = PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, rest).run(true);
+    auto result =
+        PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, wantsSection, rest).run(true);
     if (result->whole == PlaneCutResult::Whole::no) {
         result->notes.turned = std::move(ordered.turned);
         result->notes.doubled = std::move(ordered.doubled);

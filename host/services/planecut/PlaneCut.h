@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-/// The three meshes of a plane cut; a side may be empty.
+/// The meshes of a plane cut; a side may be empty, and the section is there only if it is wanted.
 struct PlaneCutResult
 {
     std::unique_ptr<UMesh<float>> above;
@@ -33,5 +33,5 @@ struct PlaneCutResult
 /// the part.
 ///
 /// See docs/decisions/0001-plane-cut.md.
-PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
                               std::function<void(int)> const& progress);
