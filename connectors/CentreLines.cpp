@@ -94,7 +94,7 @@ private:
             (triangle->cP(place.edge) + triangle->cP(Triangle::Next(place.edge))) / 2.0f;
         EdgePlace const other = across(place);
         m_edges[other.triangle].visited[std::size_t(other.edge)] = true;
-        bool const isUsable = isClearOfContours(m_contours.distance(middle), m_clearance);
+        bool const isUsable = isClearOfContours(m_contours, middle, m_clearance);
         for (EdgePlace const& side : {place, other})
             if (isUsable)
                 pointAt(side) = middle;
@@ -156,4 +156,9 @@ std::vector<std::vector<Point>> extractCentreLines(UMesh<float>& mesh,
                                                    ConnectorProgress::Poll const& poll)
 {
     return CentreLineBuilder(mesh, contours, clearance).run(poll);
+}
+
+bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance)
+{
+    return contours.isBeyond(p, double(clearance) + 0.1);
 }

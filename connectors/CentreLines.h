@@ -21,8 +21,5 @@ std::vector<std::vector<UPoint3<float>>> extractCentreLines(
     UMesh<float>& mesh, ContourDistance const& contours, float clearance,
     ConnectorProgress::Poll const& poll = {});
 
-/// Whether a distance from the contours leaves the margin of 0.1 mm beyond a clearance.
-inline bool isClearOfContours(float distance, float clearance)
-{
-    return double(distance) > double(clearance) + 0.1;
-}
+/// Whether a point's distance from the contours leaves the margin of 0.1 mm beyond a clearance.
+bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance);

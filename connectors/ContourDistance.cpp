@@ -57,31 +57,30 @@ ContourDistance::ContourDistance(std::vector<SectionContour> const& contours)
     }
 }
 
-float ContourDistance::distance(UPoint3<float> const& p) const
+bool ContourDistance::isBeyond(UPoint3<float> const& p, double limit) const
 {
-    float best = std::numeric_limits<float>::max();
     for (std::size_t i = 0; i < m_levels.back().size(); ++i)
-        search(m_levels.size() - 1, i, p, best);
-    return best;
+        if (isNear(m_levels.size() - 1, i, p, limit))
+            return false;
+    return true;
 }
 
-void ContourDistance::search(std::size_t level, std::size_t box, UPoint3<float> const& p,
-                             float& best) const
+/// Whether a segment in a box is no farther than a limit.
+bool ContourDistance::isNear(std::size_t level, std::size_t box, UPoint3<float> const& p,
+                             double limit) const
 {
+    if (m_levels[level][box].distance(p) > limit + m_slack)
+        return false;
     std::size_t const first = box * fanOut;
     if (level == 0) {
         std::size_t const end = std::min(first + fanOut, m_segments.size());
-        for (std::size_t i = first; i < end; ++i)
-            best =
-                std::min(best, MellMath<float>::DisPt2Segment(p, m_segments[i].a, m_segments[i].b));
-        return;
+        return std::any_of(
+            m_segments.begin() + std::ptrdiff_t(first), m_segments.begin() + std::ptrdiff_t(end),
+            [&](Segment const& s) { return MellMath<float>::DisPt2Segment(p, s.a, s.b) <= limit; });
     }
-    std::vector<Box> const& below = m_levels[level - 1];
-    std::size_t const count = std::min(fanOut, below.size() - first);
-    std::array<std::pair<double, std::size_t>, fanOut> nearest;
-    for (std::size_t i = 0; i < count; ++i)
-        nearest[i] = {below[first + i].distance(p), first + i};
-    std::sort(nearest.begin(), nearest.begin() + std::ptrdiff_t(count));
-    for (std::size_t i = 0; i < count && nearest[i].first <= best + m_slack; ++i)
-        search(level - 1, nearest[i].second, p, best);
+    std::size_t const end = std::min(first + fanOut, m_levels[level - 1].size());
+    for (std::size_t i = first; i < end; ++i)
+        if (isNear(level - 1, i, p, limit))
+            return true;
+    return false;
 }

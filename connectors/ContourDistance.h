@@ -5,16 +5,17 @@
 
 #include <array>
 
-/// Distances of points from the nearest of many contours, each of which counts as closed.
+/// Whether points are near one of many contours, each of which counts as closed.
 ///
-/// cost  linear to build; a query looks only at the segments that may be the nearest
+/// cost  linear to build; a query looks only at segments around the point, up to the first that is
+///       near
 class ContourDistance
 {
 public:
     explicit ContourDistance(std::vector<SectionContour> const& contours);
 
-    /// The smallest MellMath::DisPt2Segment over all segments, 3.4028235e38 without contours.
-    float distance(UPoint3<float> const& p) const;
+    /// Whether MellMath::DisPt2Segment is greater than a limit for all segments.
+    bool isBeyond(UPoint3<float> const& p, double limit) const;
 
 private:
     static constexpr std::size_t fanOut = 8;
@@ -33,7 +34,7 @@ private:
         double distance(UPoint3<float> const& p) const;
     };
 
-    void search(std::size_t level, std::size_t box, UPoint3<float> const& p, float& best) const;
+    bool isNear(std::size_t level, std::size_t box, UPoint3<float> const& p, double limit) const;
 
     std::vector<Segment> m_segments;
     /// Boxes over runs of segments, then over runs of boxes, up to a single one.

@@ -82,8 +82,7 @@ std::vector<Point> PinPlacement::onCentreLines(std::vector<SectionContour> const
     std::vector<Point> positions = distributeAlongLines(
         extractCentreLines(*cap->getMesh(), distances, clearance, m_poll), m_paras.spacing, m_poll);
     if (m_paras.keepClear)
-        std::erase_if(positions, [&](Point const& p) {
-            return !isClearOfContours(distances.distance(p), clearance);
-        });
+        std::erase_if(positions,
+                      [&](Point const& p) { return !isClearOfContours(distances, p, clearance); });
     return positions;
 }

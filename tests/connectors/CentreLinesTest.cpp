@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 namespace {
@@ -130,7 +131,7 @@ TEST(CentreLines, OfALoneTriangleThereAreNone)
     EXPECT_TRUE(linesOf({{0, 0}, {60, 0}, {30, 52}}, {{0, 1, 2}}, 1).empty());
 }
 
-TEST(ContourDistance, IsThatOfTheNearestSegmentOfAll)
+TEST(ContourDistance, IsBeyondWhatTheNearestSegmentOfAllIsBeyond)
 {
     std::mt19937 random(3);
     std::uniform_real_distribution<float> place(-50, 50);
@@ -146,12 +147,16 @@ TEST(ContourDistance, IsThatOfTheNearestSegmentOfAll)
         ContourDistance const distances(contours);
         for (int i = 0; i < 200; ++i) {
             Point const p(place(random), place(random), 1000);
-            EXPECT_EQ(distances.distance(p), distanceFrom(contours, p));
+            double const nearest = distanceFrom(contours, p);
+            EXPECT_FALSE(distances.isBeyond(p, nearest));
+            EXPECT_FALSE(distances.isBeyond(p, 2 * nearest));
+            EXPECT_TRUE(distances.isBeyond(p, std::nextafter(nearest, 0)));
+            EXPECT_TRUE(distances.isBeyond(p, nearest / 2));
         }
     }
 }
 
-TEST(ContourDistance, WithoutContoursIsTheLargestFloat)
+TEST(ContourDistance, WithoutContoursIsBeyondAll)
 {
-    EXPECT_EQ(ContourDistance({}).distance({1, 2, 3}), 3.4028235e38f);
+    EXPECT_TRUE(ContourDistance({}).isBeyond({1, 2, 3}, 1e30));
 }
