@@ -8,26 +8,17 @@
 
 #include <utility>
 
-namespace {
-
-std::size_t shellsOf(MeshKernel const& kernel, ConnectorProgress::Poll const& poll)
-{
-    return countBodies(kernel, poll).shells;
-}
-
-}  // namespace
-
 ShellSurvey::ShellSurvey(PartOfRun const& part, ConnectorProgress::Poll poll)
     : m_object(part.object),
       m_poll(std::move(poll)),
-      m_plainLower(shellsOf(*part.plain.lower, m_poll)),
-      m_plainUpper(shellsOf(*part.plain.upper, m_poll))
+      m_plainLower(countShells(*part.plain.lower, m_poll)),
+      m_plainUpper(countShells(*part.plain.upper, m_poll))
 {}
 
 void ShellSurvey::tellOf(Halves const& joined, CutRemarks& remarks) const
 {
     auto const compare = [&](char const* text, MeshKernel const& half, std::size_t plain) {
-        std::size_t const count = shellsOf(half, m_poll);
+        std::size_t const count = countShells(half, m_poll);
         if (count > plain)
             remarks.push_back({m_object,
                                CutRemark::Kind::PieceFallsApart,

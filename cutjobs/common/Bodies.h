@@ -20,3 +20,6 @@ struct BodyCount
 /// throws  what the poll throws
 /// cost    two passes over the mesh
 BodyCount countBodies(MeshKernel const& kernel, std::function<void()> const& poll = {});
+
+/// The shells alone, in one pass.
+std::size_t countShells(MeshKernel const& kernel, std::function<void()> const& poll = {});

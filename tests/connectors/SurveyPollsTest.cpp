@@ -52,8 +52,8 @@ TEST(SurveyPolls, ShellsPollInProportionToTheHalves)
             halves->lower = kernelOf(ball);
             halves->upper = kernelOf(ball);
         }
-        // Two passes over each half.
-        int const of = 2 * int(ball.triangles.size()) / interval;
+        // One pass over each half.
+        int const of = int(ball.triangles.size()) / interval;
         int const polls = pollsOf([&](Poll const& poll) { ShellSurvey(part, poll); });
         EXPECT_EQ(polls, 2 * of);
         CutRemarks remarks;

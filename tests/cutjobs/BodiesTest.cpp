@@ -44,4 +44,5 @@ TEST(Bodies, ApartFromEachOtherAreCountedEach)
     soup.append(hourglass());
     EXPECT_EQ(countBodies(*kernelOf(soup)).shells, 2u);
     EXPECT_EQ(countBodies(*kernelOf(soup)).bodies, 2u);
+    EXPECT_EQ(countShells(*kernelOf(soup)), 2u);
 }

@@ -10,7 +10,9 @@ using Point2 = PlaneCoordinates::Point2;
 using Edge = PrismShells::Edge;
 
 constexpr std::size_t edgesPerRow = 4;
-constexpr std::size_t mostRows = 4096;
+constexpr std::size_t mostRows = 65536;
+/// On average.
+constexpr double mostRowsPerEdge = 8;
 constexpr std::size_t mostCellsPerSide = 256;
 
 double turn(Point2 const& a, Point2 const& b, Point2 const& c)
@@ -66,6 +68,17 @@ bool contains(std::span<Point2 const> polygon, Point2 const& p)
     return isInside;
 }
 
+/// How many rows an outline gets: few enough edges in each, and each edge in few enough.
+std::size_t rowCountFor(std::vector<Edge> const& outline, double height)
+{
+    double climbed = 0;
+    for (Edge const& edge : outline)
+        climbed += std::abs(edge[1][1] - edge[0][1]);
+    auto const edges = double(outline.size());
+    double const rows = std::min(edges / edgesPerRow, mostRowsPerEdge * edges * height / climbed);
+    return std::size_t(std::clamp(rows, 1.0, double(mostRows)));
+}
+
 }  // namespace
 
 void PrismRegions::Box::add(Point2 const& p)
@@ -119,8 +132,9 @@ PrismRegions::Region PrismRegions::regionOf(PrismShells::Shell const& shell) con
         }
     if (shell.outline.empty())
         return region;
-    region.rows.resize(std::clamp<std::size_t>(shell.outline.size() / edgesPerRow, 1, mostRows));
-    region.rowHeight = (region.box.high[1] - region.box.low[1]) / double(region.rows.size());
+    double const height = region.box.high[1] - region.box.low[1];
+    region.rows.resize(rowCountFor(shell.outline, height));
+    region.rowHeight = height / double(region.rows.size());
     for (Edge const& edge : shell.outline) {
         auto const [low, high] = std::minmax(edge[0][1], edge[1][1]);
         for (std::size_t row = region.rowOf(low - m_reach); row <= region.rowOf(high + m_reach);
@@ -168,7 +182,9 @@ bool PrismRegions::isNear(Region const& region, std::span<Point2 const> polygon,
     for (std::size_t row = region.rowOf(box.low[1]); row <= region.rowOf(box.high[1]); ++row)
         for (Edge const& edge : region.rows[row]) {
             auto const [left, right] = std::minmax(edge[0][0], edge[1][0]);
-            if (left - m_reach > box.high[0] || right + m_reach < box.low[0])
+            auto const [bottom, top] = std::minmax(edge[0][1], edge[1][1]);
+            if (left - m_reach > box.high[0] || right + m_reach < box.low[0] ||
+                bottom - m_reach > box.high[1] || top + m_reach < box.low[1])
                 continue;
             if (comesNear(edge, polygon, m_reach) || contains(polygon, edge[0]))
                 return true;
