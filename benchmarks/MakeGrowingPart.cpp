@@ -11,17 +11,21 @@
 #include <cstdio>
 #include <cstdlib>
 #include <numbers>
+#include <random>
 #include <string>
 
 namespace {
 
-/// An upright prism, 10 mm high, between two rings of points around the origin.
-Soup ringPrism(std::uint32_t count, float outer, float inner, float spike)
+/// An upright prism, 10 mm high, between two rings of points around the origin, every second of which
+/// stands out by `spike`, and each by up to `roughness` at random.
+Soup ringPrism(std::uint32_t count, float outer, float inner, float spike, float roughness = 0)
 {
     Soup soup;
+    std::mt19937 random(1);
     for (std::uint32_t i = 0; i < count; ++i) {
         double const angle = 2 * std::numbers::pi * i / count;
-        float const added = i % 2 == 0 ? spike : 0;
+        float const rough = roughness * float(double(random()) / double(std::mt19937::max()));
+        float const added = (i % 2 == 0 ? spike : 0) + rough;
         for (float const radius : {outer + added, inner - added})
             for (float const z : {0.0f, 10.0f})
                 soup.add({radius * float(std::cos(angle)), radius * float(std::sin(angle)), z});
@@ -115,6 +119,8 @@ Soup made(std::string const& kind, std::uint32_t count)
         return box(float(count), 20, 20);
     if (kind == "ring")
         return ringPrism(count, 50, 40, 0);
+    if (kind == "rough")
+        return ringPrism(count, 50, 40, 0, 1);
     if (kind == "spikes")
         return ringPrism(count, 50, 40, 2);
     if (kind == "plate")
@@ -130,8 +136,9 @@ int main(int argc, char** argv)
 try {
     Soup const soup = argc == 4 ? made(argv[1], std::uint32_t(std::atol(argv[2]))) : Soup();
     if (soup.triangles.empty()) {
-        std::fputs("usage: make_growing_part shells|bar|ring|spikes|plate|pegs COUNT OUT.stl\n",
-                   stderr);
+        std::fputs(
+            "usage: make_growing_part shells|bar|ring|rough|spikes|plate|pegs COUNT OUT.stl\n",
+            stderr);
         return 2;
     }
     Formats::writePart(argv[3], "part", *kernelOf(soup),
