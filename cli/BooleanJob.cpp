@@ -66,9 +66,11 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
                       ? split(solidA, solidB, progress)
                       : combine(solidA, solidB, operation, progress);
     } catch (OperandError const& error) {
+        std::string const text =
+            error.what() + std::string(" Repair it (freecut repair) and try again.");
         if (!error.isSecond())
-            throw;
-        throw OtherFileError(b.label, error.what());
+            throw CutError(text);
+        throw OtherFileError(b.label, text);
     }
     for (auto const& [what, kernel] : kernels) {
         if (kernel->readMesh()->triangles.empty())

@@ -59,6 +59,8 @@ JobOutcome WindowJob::run(char const* title) const
                 tr("There is not enough free memory; close other programs, or take fewer parts.")};
     } catch (std::exception const& error) {
         return {false, QString::fromUtf8(error.what())};
+    } catch (...) {
+        return {false, tr("This could not be done.")};
     }
 }
 

@@ -154,16 +154,18 @@ void PartCombiner::tellFailure(PartCombination::Report const& report)
     PartCombination::Task const task = m_job.task();
     Mesh::DocumentObject const* const part =
         report.operand >= 0 ? task.parts[std::size_t(report.operand)] : nullptr;
-    QString const reason =
-        part ? QStringLiteral("%1: %2").arg(nameOf(part), report.reason) : report.reason;
+    QString reason = report.reason;
     QStringList buttons{tr("OK")};
     int show = -1, repair = -1;
     if (report.place) {
         show = int(buttons.size());
         buttons << tr("Show in View");
     }
-    // A part that has been mended already is told of only.
-    if (report.repairMayHelp && !task.toMend.contains(report.operand)) {
+    if (report.repairMayHelp && task.toMend.contains(report.operand)) {
+        reason +=
+            ' ' + tr("The repair has not mended it. Move one of the parts a little, or mend this "
+                     "one in the program that it comes from.");
+    } else if (report.repairMayHelp) {
         repair = int(buttons.size());
         buttons << tr("Repair and Try Again");
     }

@@ -5,6 +5,7 @@
 #include "platform/document/CutMemory.h"
 #include "platform/document/DocumentObjectGroup.h"
 #include "platform/document/RenamePara.h"
+#include "platform/jobs/FlawException.h"
 #include "platform/services/HeightSlices.h"
 
 HeightCut::HeightCut()
@@ -48,9 +49,19 @@ void HeightCut::cut(Run& run, Progress const& progress)
     for (int i = 0; i < count; ++i) {
         Slices& each = run.slices[std::size_t(i)];
         run.at = each.name;
-        each.pieces = sliceAtHeights(*each.kernel, each.heights, [&](int percent) {
-                          progress((100 * i + percent) / count);
-                      }).pieces;
+        each.pieces = slicesOf(each, [&](int percent) { progress((100 * i + percent) / count); });
+    }
+}
+
+std::vector<HeightCut::Kernel> HeightCut::slicesOf(Slices const& slices, Progress const& progress)
+{
+    try {
+        return sliceAtHeights(*slices.kernel, slices.heights, progress).pieces;
+    } catch (Mell::FlawException const& flaw) {
+        if (!flaw.repairMayHelp())
+            throw;
+        QString const advice = tr("Repair the part and cut again.");
+        throw Mell::Exception(std::string(flaw.what()) + ' ' + advice.toStdString());
     }
 }
 

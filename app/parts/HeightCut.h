@@ -81,6 +81,8 @@ private:
     };
 
     static void cut(Run& run, Progress const& progress);
+    /// What a repair may help with says so.
+    static std::vector<Kernel> slicesOf(Slices const& slices, Progress const& progress);
     void take(Run const& run, JobOutcome const& outcome);
     int integrate(std::vector<Slices> const& slices) const;
 

@@ -69,6 +69,7 @@ bool isOpen(std::vector<SolidOperations::Piece> const& pieces, Progress const& p
 struct PartCombination::Run
 {
     Task task;
+    std::vector<QString> names;
     Kernels kernels;
     Report report;
     SolidOperations::Result result;
@@ -92,8 +93,10 @@ bool PartCombination::start(Mesh::Document& document, Task const& task)
     m_task = task;
     auto const run = std::make_shared<Run>();
     run->task = task;
-    for (Mesh::DocumentObject const* const part : task.parts)
+    for (Mesh::DocumentObject const* const part : task.parts) {
+        run->names.push_back(QString::fromStdString(part->getName()));
         run->kernels.push_back(part->meshProperty->shareMesh());
+    }
     m_job.start(
         namesOf(task.operation).job, [run](Progress const& progress) { combine(*run, progress); },
         [this, run](JobOutcome const& outcome) { end(*run, outcome); });
@@ -114,18 +117,27 @@ void PartCombination::combine(Run& run, Progress const& progress)
     } catch (Mell::FlawException const& flaw) {
         report.place = flaw.place();
         if (auto const* const own = dynamic_cast<SolidOperations::OperandFlaw const*>(&flaw))
-            report.operand = own->operand();
-        report.repairMayHelp = report.operand >= 0;
+            blame(*own, run);
         throw;
     }
     report.nothing = run.result.nothing;
     report.bodies = run.result.bodies;
 }
 
+void PartCombination::blame(SolidOperations::OperandFlaw const& flaw, Run& run)
+{
+    Report& report = run.report;
+    report.operand = flaw.operand();
+    report.repairMayHelp = report.operand >= 0;
+    report.reason = flaw.findingOf(report.repairMayHelp ? run.names[std::size_t(report.operand)]
+                                                        : tr("One of the parts"));
+}
+
 void PartCombination::end(Run& run, JobOutcome const& outcome)
 {
     m_report = run.report;
-    m_report.reason = outcome.problem;
+    if (m_report.reason.isEmpty())
+        m_report.reason = outcome.problem;
     m_report.outcome = outcome.isCancelled         ? Outcome::Cancelled
                        : !outcome.isDone()         ? Outcome::Failed
                        : run.result.pieces.empty() ? Outcome::Nothing

@@ -51,8 +51,9 @@ public:
         std::size_t bodies = 0;
         /// If Done: what was made has open edges, as one of the parts had.
         bool isOpen = false;
-        /// If Failed: the sentence for the user, where it is known the place in world millimetres
-        /// and which of the parts is to blame, else -1.
+        /// If Failed: what is wrong, of the part that is to blame by its name, and what to do about
+        /// it unless a repair may help; where it is known the place in world millimetres and which
+        /// of the parts is to blame, else -1.
         QString reason;
         std::optional<UPoint3<float>> place;
         int operand = -1;
@@ -78,6 +79,7 @@ private:
     struct Run;
 
     static void combine(Run& run, WindowJob::Progress const& progress);
+    static void blame(SolidOperations::OperandFlaw const& flaw, Run& run);
     void end(Run& run, JobOutcome const& outcome);
     void take(SolidOperations::Result const& result);
     void replaceFirst(SolidOperations::Piece const& piece);

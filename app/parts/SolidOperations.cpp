@@ -32,7 +32,8 @@ void blaming(std::size_t second, Service const& service)
     try {
         service();
     } catch (OperandError const& error) {
-        throw OperandFlaw(error, error.isSecond() ? int(second) : second == 1 ? 0 : -1);
+        int const operand = error.isSecond() ? int(second) : second == 1 ? 0 : -1;
+        throw OperandFlaw(error, operand, error.text());
     }
 }
 

@@ -4,6 +4,8 @@
 #include "platform/jobs/FlawException.h"
 #include "platform/mesh/MeshKernel.h"
 
+#include <QString>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -36,14 +38,18 @@ class OperandFlaw : public Mell::FlawException
 {
 public:
     /// operand  its index; -1 if it may be any of them
-    OperandFlaw(Mell::FlawException const& flaw, int operand)
-        : FlawException(flaw), m_operand(operand)
+    /// text     what is wrong, with a place marker for its name
+    OperandFlaw(Mell::FlawException const& flaw, int operand, QString const& text)
+        : FlawException(flaw), m_operand(operand), m_text(text)
     {}
 
     int operand() const { return m_operand; }
+    /// What is wrong, of a solid that has this name.
+    QString findingOf(QString const& name) const { return m_text.arg(name); }
 
 private:
     int m_operand;
+    QString m_text;
 };
 
 struct Piece

@@ -155,7 +155,7 @@ void requireClosed(MeshKernel const& piece, MeshKernel const& part)
     throw Mell::FlawException(
         QCoreApplication::translate("CutJobs",
                                     "A piece would be open near (%1, %2, %3), so it is not made. "
-                                    "Move the cut a little, or repair the part and cut again.")
+                                    "Move the cut a little.")
             .arg(double(place.X()))
             .arg(double(place.Y()))
             .arg(double(place.Z()))

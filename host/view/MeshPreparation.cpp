@@ -4,6 +4,8 @@
 #include "host/view/ViewScene.h"
 #include "platform/view/GLView.h"
 
+#include <new>
+
 // Where a part's provider has from what it draws and picks with: its own, that of another part with
 // the same mesh, or what was made on another thread.
 namespace Mesh {
@@ -156,15 +158,21 @@ bool ViewProvider::findTree(PartShape::Mesh const& mesh) const
     return made != nullptr;
 }
 
-PickTree const& ViewProvider::tree(PartShape::Mesh const& mesh) const
+// Null if the memory does not suffice.
+PickTree const* ViewProvider::tree(PartShape::Mesh const& mesh) const
 {
     if (takeTree(mesh))
-        return *m_tree;
-    if (auto const made = m_view ? m_view->scene().preparer().takeReady(mesh) : nullptr)
+        return m_tree.get();
+    if (auto const made = m_view ? m_view->scene().preparer().takeReady(mesh) : nullptr) {
         take(*made, mesh);
-    else
+        return m_tree.get();
+    }
+    try {
         m_tree = std::make_shared<PickTree>(mesh, copyOf(*mesh));
-    return *m_tree;
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
+    return m_tree.get();
 }
 
 }  // namespace Mesh

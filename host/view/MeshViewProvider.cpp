@@ -213,7 +213,8 @@ std::optional<ViewProvider::Hit> ViewProvider::firstHit(PickTree::Ray const& ray
         return {};
     // A reflection turns the ray and the corners alike, so fronts stay fronts.
     PickTree::Ray const local = placedBack(ray, shown->getMatrix());
-    auto const hit = tree(shown->readMesh()).firstHit(*shown->readMesh(), local);
+    PickTree const* const sorted = tree(shown->readMesh());
+    auto const hit = sorted ? sorted->firstHit(*shown->readMesh(), local) : std::nullopt;
     if (!hit)
         return {};
     return Hit{shown->readMesh()->triangles[hit->triangle],

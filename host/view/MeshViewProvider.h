@@ -108,7 +108,7 @@ private:
     SurfaceLook look(MeshKernel const& kernel) const;
     bool isLit() const;
     unsigned edgeColor(MeshKernel const& kernel) const;
-    PickTree const& tree(PartShape::Mesh const& mesh) const;
+    PickTree const* tree(PartShape::Mesh const& mesh) const;
     std::optional<ViewPlane> cutPlane(MeshKernel const& kernel) const;
     bool hasCaps() const;
     PartSection const* section(std::unique_ptr<PartSection>& kept, ViewPlane const& plane) const;

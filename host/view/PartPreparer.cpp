@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 
+#include <new>
 #include <utility>
 
 namespace {
@@ -10,9 +11,16 @@ namespace {
 /// A million triangles take about 0.2 s.
 constexpr std::size_t mostAtOnce = 200000;
 
+std::shared_ptr<PreparedPart> preparedPart(PartPreparer::Mesh const& mesh)
+{
+    return std::make_shared<PreparedPart>(mesh);
+}
+
 }  // namespace
 
-PartPreparer::PartPreparer()
+PartPreparer::PartPreparer() : PartPreparer(preparedPart) {}
+
+PartPreparer::PartPreparer(Make make) : m_make(std::move(make))
 {
     m_thread.setMaxThreadCount(1);
 }
@@ -27,11 +35,14 @@ void PartPreparer::beginPicture()
 {
     m_granted = 0;
     // What the last picture has left is of a part that is shown no more.
-    for (auto item = m_entries.begin(); item != m_entries.end();)
-        if (item->second.result && std::exchange(item->second.wasOffered, true))
+    for (auto item = m_entries.begin(); item != m_entries.end();) {
+        Entry& entry = item->second;
+        bool const hasEnded = entry.result || entry.hasFailed;
+        if (hasEnded && std::exchange(entry.wasOffered, true))
             item = m_entries.erase(item);
         else
             ++item;
+    }
 }
 
 bool PartPreparer::takesAtOnce(Mesh const& mesh)
@@ -53,6 +64,8 @@ std::shared_ptr<PreparedPart> PartPreparer::take(Mesh const& mesh)
     // A new mesh may lie where a former one was.
     if (entry.request == 0 || entry.mesh.lock() != mesh)
         begin(mesh, entry);
+    else
+        entry.wasOffered = false;
     return nullptr;
 }
 
@@ -73,38 +86,52 @@ void PartPreparer::forget(UMesh<float> const* mesh)
 
 void PartPreparer::begin(Mesh const& mesh, Entry& entry)
 {
+    entry = {};
     entry.mesh = mesh;
     entry.request = ++m_lastRequest;
-    entry.wasOffered = false;
-    entry.result.reset();
     ++m_running;
     m_thread.start([this, request = entry.request, held = Mesh(mesh)]() mutable {
-        UMesh<float> const* const key = held.get();
-        // Who has taken the part away meanwhile does not need it.
-        auto result = held.use_count() > 1 ? std::make_shared<PreparedPart>(held) : nullptr;
-        held.reset();
-        m_ready.put({key, request, std::move(result)});
+        m_ready.put(make(std::move(held), request));
         QMetaObject::invokeMethod(this, &PartPreparer::enterReady, Qt::QueuedConnection);
     });
+}
+
+// Lets go of the mesh.
+PartPreparer::Ready PartPreparer::make(Mesh mesh, unsigned long request) const
+{
+    Ready ready{mesh.get(), request, false, nullptr};
+    // Who has taken the part away meanwhile does not need it.
+    if (mesh.use_count() == 1)
+        return ready;
+    try {
+        ready.result = m_make(mesh);
+    } catch (std::bad_alloc const&) {
+        ready.hasFailed = true;
+    }
+    return ready;
 }
 
 void PartPreparer::enterReady()
 {
     for (Ready& ready : m_ready.takeAll())
-        enter(ready.mesh, ready.request, std::move(ready.result));
+        enter(std::move(ready));
 }
 
-void PartPreparer::enter(UMesh<float> const* mesh, unsigned long request,
-                         std::shared_ptr<PreparedPart> result)
+void PartPreparer::enter(Ready ready)
 {
     --m_running;
-    auto const found = m_entries.find(mesh);
-    bool const isAsked = found != m_entries.end() && found->second.request == request;
-    if (isAsked && (!result || found->second.mesh.expired()))
+    auto const found = m_entries.find(ready.mesh);
+    bool const isAsked = found != m_entries.end() && found->second.request == ready.request;
+    bool const isOfUse = (ready.result || ready.hasFailed) && isAsked;
+    if (isAsked && (!isOfUse || found->second.mesh.expired())) {
         m_entries.erase(found);
-    else if (isAsked)
-        found->second.result = std::move(result);
+    } else if (isAsked) {
+        found->second.result = std::move(ready.result);
+        found->second.hasFailed = ready.hasFailed;
+    }
     emit prepared();
+    if (isOfUse && ready.hasFailed)
+        emit failed();
 }
 
 void PartPreparer::finish()

@@ -4,12 +4,16 @@
 #include "host/view/MeshViewProvider.h"
 #include "host/view/PictureFrame.h"
 #include "platform/document/DocumentObject.h"
+#include "platform/jobs/ConsoleSingleton.h"
+#include "platform/ui/MainWindow.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/GLView.h"
 #include "platform/view/GraphicViewProvider.h"
 #include "platform/view/MeshGLView.h"
 
+#include <QCoreApplication>
 #include <QOpenGLContext>
+#include <QStatusBar>
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +23,20 @@ namespace {
 bool isTool(Base::ViewProvider const* provider)
 {
     return dynamic_cast<Base::GraphicViewProvider const*>(provider) != nullptr;
+}
+
+constexpr int messageMilliseconds = 20000;
+
+// A message box would stand before each picture.
+void tellPartIsNotShown()
+{
+    QString const text = QCoreApplication::translate(
+        "GLView",
+        "There is not enough free memory to show a part. Close other programs, then hide the part "
+        "and show it again.");
+    Base::ConsoleSingleton::Instance().Log(text.toStdString());
+    if (MainWindow* const window = MainWindow::getInstance())
+        window->statusBar()->showMessage(text, messageMilliseconds);
 }
 
 }  // namespace
@@ -33,6 +51,7 @@ ViewScene::ViewScene(Base::GLView* view)
     QObject::connect(&m_standIns, &StandIns::rested, &m_standIns, [this] { askForPicture(); });
     QObject::connect(&m_preparer, &PartPreparer::prepared, &m_preparer,
                      [this] { askForPicture(); });
+    QObject::connect(&m_preparer, &PartPreparer::failed, &m_preparer, tellPartIsNotShown);
     QObject::connect(&m_standIns, &StandIns::arrived, &m_standIns, [this] {
         if (m_isKept)
             askForPicture();

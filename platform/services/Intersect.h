@@ -87,7 +87,7 @@ public:
     /// do not touch the other solid are kept as they are, in their order.
     ///
     /// throws   Mell::AbortException from `progress`; Mell::Exception "The part is open where the
-    ///          two meet, near (x, y, z). Repair it and cut again." (or "The tool ...") if an
+    ///          two meet, near (x, y, z)." (or "The tool ...") if an
     ///          operand has a border there, so that the result could not be closed, and sentences
     ///          on points that are no numbers. `out` stays empty then
     /// cost     one pass over both solids, plus some microseconds per pair of triangles that cross.

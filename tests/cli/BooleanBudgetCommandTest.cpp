@@ -46,7 +46,7 @@ TEST(BooleanCommand, WithTooLittleMemoryEndsWithASentenceAndWritesNothing)
         EXPECT_EQ(process.exitCode(), 1);
         std::string const errors = process.readAllStandardError().toStdString();
         EXPECT_NE(errors.find("The two solids meet in too many places to be combined. Move one of "
-                              "them a little and cut again."),
+                              "them a little and try again."),
                   std::string::npos)
             << kibibytes << ": " << errors;
         EXPECT_EQ(folder.files(), (std::vector<std::string>{"a.stl", "b.stl"}));

@@ -217,5 +217,8 @@ TEST(FreecutBoolean, NamesTheFileThatIsToBlameAndThePlace)
     EXPECT_NE(asPart.errors.find("lidless.stl: The part is open where the two meet, near (10, "),
               std::string::npos)
         << asPart.errors;
+    for (auto const& refused : {asTool, asPart})
+        EXPECT_TRUE(refused.errors.ends_with(" Repair it (freecut repair) and try again.\n"))
+            << refused.errors;
     EXPECT_EQ(folder.files().size(), 2u);
 }

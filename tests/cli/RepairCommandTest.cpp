@@ -110,6 +110,8 @@ TEST(FreecutRepair, APartThatCannotBeMendedIsRefusedForWhatItIs)
               refused.errors.substr(0, refused.errors.size() - advice.size()) +
                   " A repair does not mend it without changing the shape: close the part in a "
                   "modelling program, or cut elsewhere.\n");
+    // And nothing else.
+    EXPECT_EQ(result.errors.find("Repair the part"), std::string::npos) << result.errors;
     EXPECT_EQ(folder.files(), (Names{"band.stl"}));
 }
 

@@ -79,76 +79,43 @@ std::optional<Flaw> nearestFlaw(MeshArrays const& operand, std::optional<Point> 
 
 [[noreturn]] void throwFlaw(Operand operand, Flaw const& flaw)
 {
-    bool const isPart = operand == Operand::first;
     QString const text =
-        flaw.isOpen && isPart
+        flaw.isOpen
             ? QCoreApplication::translate("Services",
-                                          "The part is open near (%1, %2, %3), so that the two "
-                                          "could not be combined. Repair it and cut again.")
-        : flaw.isOpen
-            ? QCoreApplication::translate("Services",
-                                          "The tool is open near (%1, %2, %3), so that the two "
-                                          "could not be combined. Repair it and cut again.")
-        : isPart
-            ? QCoreApplication::translate("Services",
-                                          "The part crosses itself near (%1, %2, %3), so that the "
-                                          "two could not be combined. Repair it and cut again.")
+                                          "%4 is open near (%1, %2, %3), so that the two could not "
+                                          "be combined.")
             : QCoreApplication::translate("Services",
-                                          "The tool crosses itself near (%1, %2, %3), so that the "
-                                          "two could not be combined. Repair it and cut again.");
-    throw OperandError(operand == Operand::second, withPlace(text, flaw.place).toStdString(),
-                       flaw.place);
+                                          "%4 crosses itself near (%1, %2, %3), so that the two "
+                                          "could not be combined.");
+    throw OperandError(operand == Operand::second, withPlace(text, flaw.place), flaw.place);
 }
 
 }  // namespace
 
 void Refusal::throwOpen(Operand operand, Point const& place)
 {
-    QString const text =
-        operand == Operand::first
-            ? QCoreApplication::translate("Services",
-                                          "The part is open where the two meet, near (%1, %2, "
-                                          "%3). Repair it and cut again.")
-            : QCoreApplication::translate("Services",
-                                          "The tool is open where the two meet, near (%1, %2, "
-                                          "%3). Repair it and cut again.");
-    throw OperandError(operand == Operand::second, withPlace(text, place).toStdString(), place);
+    QString const text = QCoreApplication::translate(
+        "Services", "%4 is open where the two meet, near (%1, %2, %3).");
+    throw OperandError(operand == Operand::second, withPlace(text, place), place);
 }
 
 void Refusal::throwNotFinite(Operand operand, std::optional<Point> const& place)
 {
-    bool const isPart = operand == Operand::first;
     QString const text =
-        place && isPart
-            ? QCoreApplication::translate("Services",
-                                          "The part has a point whose coordinates are no numbers, "
-                                          "beside (%1, %2, %3). Repair it and cut again.")
-        : place
-            ? QCoreApplication::translate("Services",
-                                          "The tool has a point whose coordinates are no numbers, "
-                                          "beside (%1, %2, %3). Repair it and cut again.")
-        : isPart
-            ? QCoreApplication::translate(
-                  "Services",
-                  "The part has a point whose coordinates are no numbers. Repair it and cut again.")
-            : QCoreApplication::translate("Services",
-                                          "The tool has a point whose coordinates are no numbers. "
-                                          "Repair it and cut again.");
-    throw OperandError(operand == Operand::second,
-                       (place ? withPlace(text, *place) : text).toStdString(), place);
+        place ? withPlace(QCoreApplication::translate("Services",
+                                                      "%4 has a point whose coordinates are no "
+                                                      "numbers, beside (%1, %2, %3)."),
+                          *place)
+              : QCoreApplication::translate("Services",
+                                            "%1 has a point whose coordinates are no numbers.");
+    throw OperandError(operand == Operand::second, text, place);
 }
 
 void Refusal::throwFlat(Point const& place)
 {
-    throw OperandError(
-        false,
-        withPlace(QCoreApplication::translate("Services",
-                                              "The part has triangles without area that cannot be "
-                                              "removed, near (%1, %2, %3). Repair it and cut "
-                                              "again."),
-                  place)
-            .toStdString(),
-        place);
+    QString const text = QCoreApplication::translate(
+        "Services", "%4 has triangles without area that cannot be removed, near (%1, %2, %3).");
+    throw OperandError(false, withPlace(text, place), place);
 }
 
 void Refusal::throwTooMuch()
@@ -156,7 +123,7 @@ void Refusal::throwTooMuch()
     throw Mell::Exception(
         QCoreApplication::translate("Services",
                                     "The two solids meet in too many places to be combined. "
-                                    "Move one of them a little and cut again.")
+                                    "Move one of them a little and try again.")
             .toStdString());
 }
 
@@ -173,10 +140,10 @@ void Refusal::throwNotCombined(MeshArrays const& part, MeshArrays const& tool,
         place ? withPlace(QCoreApplication::translate(
                               "Services",
                               "The two solids could not be combined near (%1, %2, %3). Move one of "
-                              "them a little and cut again."),
+                              "them a little and try again."),
                           *place)
               : QCoreApplication::translate("Services",
                                             "The two solids could not be combined. Move one of "
-                                            "them a little and cut again.");
+                                            "them a little and try again.");
     throw Mell::FlawException(text.toStdString(), place, false);
 }

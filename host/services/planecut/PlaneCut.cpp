@@ -47,11 +47,10 @@ std::function<void(int)> stageOf(std::function<void(int)> const& progress, int b
         fault.isOpen
             ? QCoreApplication::translate("Services",
                                           "The part is open where the plane meets it, near (%1, "
-                                          "%2, %3). Repair the part and cut again.")
+                                          "%2, %3).")
             : QCoreApplication::translate("Services",
                                           "Triangles of the part face different ways where the "
-                                          "plane meets it, near (%1, %2, %3). Repair the part and "
-                                          "cut again.");
+                                          "plane meets it, near (%1, %2, %3).");
     throw Mell::FlawException(withPlace(text, fault.place).toStdString(), fault.place, true);
 }
 
