@@ -88,6 +88,26 @@ float unitOf(Point const& p)
     return std::nextafter(size, std::numeric_limits<float>::infinity()) - size;
 }
 
+/// Whether a triangle has corners on both sides of the plane of another.
+bool passesThrough(MeshArrays const& mesh, std::size_t t, std::size_t plane)
+{
+    bool isInFront = false, isBehind = false;
+    for (int k = 0; k < 3; ++k) {
+        int const side = ExactSigns::orient3d(mesh.point(plane, 0), mesh.point(plane, 1),
+                                              mesh.point(plane, 2), mesh.point(t, k));
+        isInFront |= side > 0;
+        isBehind |= side < 0;
+    }
+    return isInFront && isBehind;
+}
+
+/// Whether triangles lie on each other or one ends on the other. Their parts do so too, wherever
+/// rounding has moved these.
+bool doTouch(MeshArrays const& mesh, std::size_t t, std::size_t u)
+{
+    return !(passesThrough(mesh, t, u) && passesThrough(mesh, u, t)) && doTrianglesMeet(mesh, t, u);
+}
+
 /// Some triangles of a piece, on points of their own.
 MeshArrays compacted(std::span<PieceTriangle const> piece, std::vector<std::size_t> const& some,
                      std::vector<Point> const& places, StageProgress& progress)
@@ -218,12 +238,13 @@ bool RoundingCrossings::isAsInOperand(PieceTriangle const& t,
            places[t.corners[2]] == m_soup.mesh.point(t.triangle, 3 - second);
 }
 
-/// Whether two triangles do not come from two that cross in one operand.
+/// Whether two triangles do not come from two that cross in one operand, or touch there.
 bool RoundingCrossings::isOfRounding(PieceTriangle const& t, PieceTriangle const& u) const
 {
     return t.triangle == u.triangle ||
            m_soup.operandOf(t.triangle) != m_soup.operandOf(u.triangle) ||
-           !isDeep(m_soup.mesh, t.triangle, u.triangle);
+           !(isDeep(m_soup.mesh, t.triangle, u.triangle) ||
+             doTouch(m_soup.mesh, t.triangle, u.triangle));
 }
 
 bool RoundingCrossings::hasFree(PieceTriangle const& t) const

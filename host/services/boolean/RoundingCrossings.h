@@ -27,7 +27,7 @@ public:
     {}
 
     /// The pairs that meet elsewhere than in common edges and points, have a free corner, and do
-    /// not come from triangles that cross in an operand.
+    /// not come from triangles that cross in an operand, or touch there as shells on each other do.
     ///
     /// piece    without triangles that have a corner twice
     /// returns  in ascending order
