@@ -71,6 +71,36 @@ std::vector<SectionPoint2> square(double x, double y, double size, bool isClockw
 
 }  // namespace
 
+TEST(SectionTriangulation, PointsInOnePlaceCountAsOne)
+{
+    for (std::uint32_t seed = 0; seed < 60; ++seed) {
+        // Each ring has points of its own, of which one lies where one of the first ring lies.
+        Outlines rings;
+        std::mt19937 random(seed);
+        std::uint32_t const count = 3 + seed;
+        rings.add(roughCircle(count, 50, 0.3, seed));
+        std::uint32_t const shared = random() % count;
+        SectionPoint2 const corner = rings.points[shared];
+        rings.points.push_back(corner);
+        for (SectionSegment& segment : rings.segments)
+            if (segment.from == shared)
+                segment.from = count;
+        double area = 0;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            SectionPoint2 const& a = rings.points[i];
+            SectionPoint2 const& b = rings.points[(i + 1) % count];
+            area += a[0] * b[1] - a[1] * b[0];
+        }
+        double filled = 0;
+        for (auto const& t : Exact::fillSection(rings.points, rings.segments, {}).triangles) {
+            auto const& [a, b, c] = t;
+            SectionPoint2 const &p = rings.points[a], &q = rings.points[b], &r = rings.points[c];
+            filled += (q[0] - p[0]) * (r[1] - p[1]) - (q[1] - p[1]) * (r[0] - p[0]);
+        }
+        EXPECT_NEAR(filled, area, 1e-6 * area) << seed;
+    }
+}
+
 TEST(SectionTriangulation, FillsRoughRingsByAConstrainedDelaunayTriangulation)
 {
     for (int round = 0; round < rounds(40); ++round) {

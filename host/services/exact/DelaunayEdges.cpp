@@ -49,10 +49,20 @@ void DelaunayEdges::order(std::size_t begin, std::size_t end, Axis axis)
     order(middle, end, other(axis));
 }
 
+/// Points in one place are neighbours in the order of the axis that parts them: two of the few that are
+/// left at the end, or the last of one half and the first of the other.
+void DelaunayEdges::expectDistinct(std::uint32_t a, std::uint32_t b) const
+{
+    if (placeOf(a) == placeOf(b))
+        throw CoincidingPoints();
+}
+
 DelaunayEdges::Hull DelaunayEdges::triangulate(std::size_t begin, std::size_t end, Axis axis)
 {
     if (end - begin <= 3) {
         m_done += end - begin;
+        for (std::size_t i = begin + 1; i < end; ++i)
+            expectDistinct(std::uint32_t(i - 1), std::uint32_t(i));
         return end - begin == 2 ? ofTwo(begin) : ofThree(begin);
     }
     std::size_t const middle = begin + (end - begin) / 2;
@@ -111,6 +121,7 @@ DelaunayEdges::Hull DelaunayEdges::seenFrom(Axis axis, Hull const& hull) const
 DelaunayEdges::Hull DelaunayEdges::merge(Hull left, Hull right)
 {
     Edge fromLeft = left.last, fromRight = right.first;
+    expectDistinct(m_edges.from(fromLeft), m_edges.from(fromRight));
     for (;;) {
         if (isLeftOf(m_edges.from(fromRight), fromLeft))
             fromLeft = m_edges.nextOnLeft(fromLeft);

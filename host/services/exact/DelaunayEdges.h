@@ -10,6 +10,11 @@
 
 namespace Exact {
 
+/// Two points of a triangulation have the same place.
+struct CoincidingPoints
+{
+};
+
 /// A Delaunay triangulation of points in a plane, by halving and merging, across and along in turn.
 ///
 /// After Guibas and Stolfi, 1985, for the merging and Dwyer, "A faster divide-and-conquer algorithm
@@ -26,7 +31,7 @@ public:
         std::uint32_t number;
     };
 
-    /// points    distinct; brought into an order in which neighbours lie close together, by whose
+    /// points    brought into an order in which neighbours lie close together, by whose
     ///           places the edges know them
     /// progress  a percentage; may throw
     /// cost      O(n log n) for n points
@@ -36,6 +41,8 @@ public:
     {}
 
     /// Returns an edge that runs around all points anticlockwise; nothing for fewer than two.
+    ///
+    /// throws  CoincidingPoints
     std::optional<Edge> run();
 
 private:
@@ -57,6 +64,7 @@ private:
     static bool isBefore(Axis axis, FlatPlace const& a, FlatPlace const& b);
 
     void order(std::size_t begin, std::size_t end, Axis axis);
+    void expectDistinct(std::uint32_t a, std::uint32_t b) const;
     Hull triangulate(std::size_t begin, std::size_t end, Axis axis);
     Hull ofTwo(std::size_t begin);
     Hull ofThree(std::size_t begin);

@@ -173,7 +173,11 @@ std::optional<std::vector<PlaneFace>> plainTriangulation(
     std::vector<SectionPoint2> const& points, std::vector<SectionSegment> const& segments,
     std::function<void(int)> const& progress)
 {
-    return PlainTriangulation(points, segments, progress).run();
+    try {
+        return PlainTriangulation(points, segments, progress).run();
+    } catch (CoincidingPoints const&) {
+        return {};
+    }
 }
 
 }  // namespace Exact

@@ -22,9 +22,9 @@ struct PlaneFace
 };
 
 /// A constrained Delaunay triangulation of segments that meet in common ends only, without what has
-/// a winding number of zero. Returns nothing where segments cross or run through a point.
+/// a winding number of zero. Returns nothing where segments cross or run through a point, or points
+/// coincide.
 ///
-/// points    distinct
 /// progress  a percentage; may throw
 /// cost      O(k log k) for k points, if segments cross few edges of their Delaunay triangulation
 std::optional<std::vector<PlaneFace>> plainTriangulation(

@@ -18,6 +18,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <optional>
 #include <type_traits>
 #include <unordered_map>
 
@@ -146,17 +147,21 @@ private:
     void insertSegments()
     {
         m_weights.reserve(2 * m_segments.size());
-        std::vector<typename Triangulation::Constraint_id> constraints;
-        constraints.reserve(m_segments.size());
+        std::vector<std::optional<typename Triangulation::Constraint_id>> constraints(
+            m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i) {
             reportSegment(i);
-            constraints.push_back(m_triangulation.insert_constraint(m_handles[m_segments[i].from],
-                                                                    m_handles[m_segments[i].to]));
+            VertexHandle const from = m_handles[m_segments[i].from];
+            VertexHandle const to = m_handles[m_segments[i].to];
+            // Points in one place have one vertex.
+            if (from != to)
+                constraints[i] = m_triangulation.insert_constraint(from, to);
         }
         // Only now: a later segment may have split an earlier one.
-        std::vector<std::vector<std::uint32_t>> chains;
+        std::vector<std::vector<std::uint32_t>> chains(m_segments.size());
         for (std::size_t i = 0; i < m_segments.size(); ++i)
-            chains.push_back(chainOf(m_segments[i], constraints[i]));
+            if (constraints[i])
+                chains[i] = chainOf(m_segments[i], *constraints[i]);
         if (!isExact)
             checkSplits(chains);
         for (std::size_t i = 0; i < m_segments.size(); ++i)
@@ -170,7 +175,7 @@ private:
         auto const end = m_triangulation.vertices_in_constraint_end(constraint);
         for (auto v = m_triangulation.vertices_in_constraint_begin(constraint); v != end; ++v)
             chain.push_back(placeOf(*v));
-        if (chain.front() != segment.from)
+        if (chain.front() != m_handles[segment.from]->info().value)
             std::reverse(chain.begin(), chain.end());
         return chain;
     }
@@ -201,6 +206,8 @@ private:
 
     void split(SectionSegment& segment, std::vector<std::uint32_t> const& chain)
     {
+        if (chain.empty())
+            return;
         for (std::size_t i = 0; i + 1 < chain.size(); ++i)
             addWeight(chain[i], chain[i + 1], segment);
         segment.splits.assign(chain.begin() + 1, chain.end() - 1);
