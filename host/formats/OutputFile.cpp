@@ -63,7 +63,10 @@ OutputFile::OutputFile(std::filesystem::path target, Overwrite overwrite)
         throw FileError(m_target, FileError::tr("it is a folder, but a file name was expected."));
     if (std::filesystem::exists(status) && overwrite == Overwrite::Refuse)
         throw FileError(m_target, existsAlready());
-    createTemporary();
+    if (std::filesystem::is_other(std::filesystem::status(m_target, error)))
+        openStream();
+    else
+        createTemporary();
     if (std::filesystem::is_regular_file(status))
         keepPermissionsOfTarget();
 }
@@ -72,8 +75,15 @@ OutputFile::~OutputFile()
 {
     if (m_descriptor >= 0)
         close(m_descriptor);
-    if (!m_isCommitted)
+    if (!m_isCommitted && !m_temporary.empty())
         unlink(m_temporary.c_str());
+}
+
+void OutputFile::openStream()
+{
+    m_descriptor = open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
+    if (m_descriptor < 0)
+        throw FileError(m_target, whyNotWritten());
 }
 
 void OutputFile::createTemporary()
@@ -141,12 +151,14 @@ void OutputFile::flush()
 void OutputFile::commit()
 {
     flush();
-    if (m_overwrite == Overwrite::Allow)
+    bool const isStream = m_temporary.empty();
+    if (m_overwrite == Overwrite::Allow && !isStream)
         sync();
     // A network file system may report a full disk only now.
     if (close(std::exchange(m_descriptor, -1)) != 0)
         throw FileError(m_target, whyNotWritten());
-    rename();
+    if (!isStream)
+        rename();
     m_isCommitted = true;
 }
 

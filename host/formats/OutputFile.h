@@ -19,7 +19,8 @@ enum class Overwrite
 
 /// A file that comes into being all at once: everything goes to a temporary name beside the target,
 /// and commit() gives it its own name in one step. Without a commit, after an exception or a
-/// cancel, the temporary file is removed and the target stays what it was.
+/// cancel, the temporary file is removed and the target stays what it was. A device or a pipe is written
+/// to as it comes instead: it must not be replaced by a file.
 class OutputFile
 {
 public:
@@ -44,6 +45,7 @@ public:
 private:
     static constexpr std::size_t bufferSize = std::size_t(1) << 20;
 
+    void openStream();
     void createTemporary();
     void keepPermissionsOfTarget() const;
     void writeThrough(std::span<std::byte const> bytes);
@@ -53,6 +55,7 @@ private:
 
     std::filesystem::path m_target;
     Overwrite m_overwrite;
+    /// Empty for a device or a pipe.
     std::filesystem::path m_temporary;
     int m_descriptor = -1;
     bool m_isCommitted = false;
