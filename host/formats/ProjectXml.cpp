@@ -48,7 +48,7 @@ std::string planesText(std::vector<std::array<double, 4>> const& planes)
     std::string text;
     for (auto const& plane : planes)
         for (double const number : plane)
-            text += (text.empty() ? "" : " ") + numberText(number);
+            text.append(text.empty() ? "" : " ").append(numberText(number));
     return text;
 }
 
