@@ -38,6 +38,7 @@ void BooleanOptions::addTo(CLI::App& command)
             std::string("--") + nameOf(choice), [this, chosen = choice] { operation = chosen; },
             help);
     group->require_option(1);
+    addNamePattern(command);
     addRepair(command);
     pieces.addTo(command);
 }

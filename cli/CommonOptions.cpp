@@ -55,9 +55,8 @@ SourceScale CommonOptions::scale() const
 void addManyFiles(CLI::App& command, CommonOptions& common, bool& keepGoing)
 {
     command.get_option("FILE")->description(
-        "The parts: STL, OBJ, PLY, OFF or 3MF files, folders of these, or patterns in quotes such "
-        "as "
-        "\"parts/*.stl\"");
+        "The parts: STL, OBJ, PLY, OFF or 3MF files, folders of these, patterns in quotes such as "
+        "\"parts/*.stl\", or - for standard input");
     command.add_flag("--recursive", common.isRecursive,
                      "Take the files of folders within folders too");
     command.add_flag("--keep-going", keepGoing,

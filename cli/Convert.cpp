@@ -33,6 +33,7 @@ void addConvert(CLI::App& commandLine, Action& action)
     // What is open may stay so: nothing has been done to it.
     options->pieces.allowOpen = true;
     options->addSources(*command);
+    options->addNamePattern(*command);
     options->pieces.addFilesTo(*command);
     command->footer(
         "Examples:\n"

@@ -2,6 +2,7 @@
 #include "cli/CutOptions.h"
 
 #include "cli/Errors.h"
+#include "cli/NamePattern.h"
 #include "cli/PieceFiles.h"
 
 #include <CLI/CLI.hpp>
@@ -37,24 +38,39 @@ void CutOptions::addRepair(CLI::App& command)
 void CutOptions::addNames(CLI::App& command, char const* meanings, char const* numbers)
 {
     command
+        .add_option("--name", names,
+                    std::string("Name the two pieces PART_") +
+                        "NAME instead of by numbers, or all pieces by a pattern such as "
+                        "\"{stem}_{piece:02}\". " +
+                        numbers)
+        ->type_name(std::string(meanings) + "|PATTERN")
+        ->delimiter(',')
+        ->expected(1, 2)
+        ->allow_extra_args(false);
+}
+
+void CutOptions::addNamePattern(CLI::App& command)
+{
+    command
         .add_option(
             "--name", names,
-            std::string("Name the two pieces PART_") + "NAME instead of by numbers. " + numbers)
-        ->type_name(meanings)
-        ->delimiter(',')
-        ->expected(2)
-        ->allow_extra_args(false);
+            "Name what is written by a pattern such as \"{stem}_{piece:02}\", in which also "
+            "{part} and {name} stand for the part and for the usual name")
+        ->type_name("PATTERN")
+        ->expected(1);
 }
 
 void CutOptions::checkNames() const
 {
     if (names.empty())
         return;
+    if (names.size() == 1 && isNamePattern(names[0]))
+        return void(NamePattern(names[0]));
     if (names.size() != 2 || safeFileName(names[0]) == safeFileName(names[1]) || names[0].empty() ||
         names[1].empty())
         throw UsageError(
             "--name takes two different names with a comma between them, such as "
-            "top,bottom.");
+            "top,bottom, or a pattern such as \"{stem}_{piece:02}\".");
 }
 
 void CutOptions::addPieces(CLI::App& command)

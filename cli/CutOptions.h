@@ -21,7 +21,8 @@ struct CutOptions
     /// A file that fails does not end the run.
     bool keepGoing = false;
     bool failIfUncut = false;
-    /// For the two pieces of a part, in the order of CutPiece::side; or empty.
+    /// For the two pieces of a part, in the order of CutPiece::side; or one pattern for all pieces; or
+    /// empty.
     std::vector<std::string> names;
     /// The parts themselves are written too.
     bool keepOriginal = false;
@@ -37,7 +38,9 @@ struct CutOptions
     /// meanings  of the two names, such as "UPPER,LOWER"
     /// numbers   says which piece gets which number without them
     void addNames(CLI::App& command, char const* meanings, char const* numbers);
+    /// For commands that do not make two pieces of a part.
+    void addNamePattern(CLI::App& command);
 
-    /// Throws UsageError for names that cannot tell two pieces apart.
+    /// Throws UsageError for names that cannot tell two pieces apart, and for what is no pattern.
     void checkNames() const;
 };

@@ -5,10 +5,12 @@
 #include "cli/DocumentParts.h"
 #include "cli/Errors.h"
 #include "cli/ExitStatus.h"
+#include "cli/NamePattern.h"
 #include "cli/OtherFileError.h"
 #include "cli/PieceMending.h"
 #include "cli/SavePieces.h"
 #include "cli/SourceList.h"
+#include "cli/StandardStreams.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
@@ -25,13 +27,30 @@ void failIfUncut(CutPart const& part)
             throw CutError(remark.text);
 }
 
-/// A part that fell into one piece has no other to be told apart from.
-void namePieces(CutPart& part, std::vector<std::string> const& names)
+void nameByPattern(CutPart& part, NamePattern const& pattern)
 {
-    if (names.empty() || part.pieces.size() != 2)
+    for (std::size_t i = 0; i < part.pieces.size(); ++i) {
+        CutPiece& piece = part.pieces[i];
+        piece.name = pattern.nameOf({std::filesystem::path(part.source).stem().string(),
+                                     part.object->getName(), piece.name, i + 1});
+    }
+}
+
+/// A part that fell into one piece has no other to be told apart from.
+void nameBySide(CutPart& part, std::vector<std::string> const& names)
+{
+    if (part.pieces.size() != 2)
         return;
     for (CutPiece& piece : part.pieces)
         piece.name = part.object->getName() + '_' + names[piece.side];
+}
+
+void namePieces(CutPart& part, std::vector<std::string> const& names)
+{
+    if (names.size() == 1)
+        nameByPattern(part, NamePattern(names[0]));
+    else if (!names.empty())
+        nameBySide(part, names);
 }
 
 }  // namespace
@@ -43,7 +62,9 @@ CutRun::CutRun(std::string const& command, CutOptions const& options)
 {
     applyCommonOptions(options.common);
     options.checkNames();
-    if (!isDry())
+    if (goesToStandardOutput() && options.common.report == standardStream)
+        throw UsageError("Standard output takes the piece or the report, but not both.");
+    if (!isDry() && !goesToStandardOutput())
         m_files.emplace(options.pieces.folder, options.pieces.overwrite());
 }
 
@@ -159,8 +180,15 @@ void CutRun::stopUnlessGoingOn() const
         throw Stopped();
 }
 
+bool CutRun::goesToStandardOutput() const
+{
+    return m_options.pieces.folder == standardStream;
+}
+
 void CutRun::savePieces()
 {
+    if (goesToStandardOutput())
+        return writeToStandardOutput(m_parts, m_options.pieces);
     if (m_options.keepOriginal)
         appendOriginals(m_parts, m_options.pieces, *m_files);
     writePieces(m_parts, m_options.pieces, *m_files);
@@ -181,7 +209,7 @@ void CutRun::finish()
         return;
     if (m_files)
         m_files->keep();
-    if (m_options.common.wantsTable() && !isDry())
+    if (m_options.common.wantsTable() && !isDry() && !goesToStandardOutput())
         printTable(m_parts);
     for (CutPart const& part : m_parts) {
         tellOfRepairs(part);

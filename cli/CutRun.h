@@ -58,6 +58,7 @@ private:
     /// Whether the work was done; otherwise the part bears the failure, and it has been said.
     bool attempt(CutPart& part, std::function<void()> const& work);
     void stopUnlessGoingOn() const;
+    bool goesToStandardOutput() const;
     void savePieces();
     void finish();
     bool isKept() const;

@@ -21,7 +21,11 @@ std::vector<std::string> formatNames()
 
 void PieceOptions::addFilesTo(CLI::App& command)
 {
-    command.add_option("-o", folder, "The folder for the pieces, made if need be (default: \".\")")
+    command
+        .add_option("-o,--output", folder,
+                    "The folder for the pieces, made if need be (default: \".\"); - for standard "
+                    "output, which "
+                    "takes one")
         ->type_name("DIR")
         ->check([](std::string const& text) {
             return text.empty() ? "takes a folder such as \".\"" : "";

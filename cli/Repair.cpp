@@ -43,6 +43,7 @@ void addRepair(CLI::App& commandLine, Action& action)
         "change their shape is left and told.");
     auto const options = std::make_shared<CutOptions>();
     options->addSources(*command);
+    options->addNamePattern(*command);
     options->pieces.addTo(*command);
     command->footer(
         "Examples:\n"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/SourceFiles.h"
 
+#include "cli/StandardStreams.h"
 #include "host/formats/PartFiles.h"
 #include "platform/jobs/SequencerLauncher.h"
 
@@ -13,16 +14,33 @@ void multiply(MeshKernel& kernel, float scale)
     kernel.UpdateBoundingBox();
 }
 
+/// The file itself, or what has come by standard input.
+class Source
+{
+public:
+    explicit Source(std::string const& file) : m_path(file)
+    {
+        if (file == standardStream)
+            m_path = spoolStandardInput(m_spool.emplace());
+    }
+    std::filesystem::path const& path() const { return m_path; }
+
+private:
+    std::optional<ScratchFolder> m_spool;
+    std::filesystem::path m_path;
+};
+
 }  // namespace
 
 std::vector<SourcePart> readSource(std::string const& file, SourceScale const& scale)
 {
     Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
     display.setCancelEnabled(true);
+    Source const source(file);
     Formats::MeshFormat const& format =
-        Formats::FormatRegistry::instance().forContent(Formats::InputFile(file, {}));
-    auto loaded =
-        Formats::readParts(file, [&](int percent) { display.setProgress(std::uint64_t(percent)); });
+        Formats::FormatRegistry::instance().forContent(Formats::InputFile(source.path(), {}));
+    auto loaded = Formats::readParts(
+        source.path(), [&](int percent) { display.setProgress(std::uint64_t(percent)); });
     float const factor = format.namesUnit() ? scale.ofAll : scale.ofAll * scale.unit;
     std::vector<SourcePart> parts;
     for (Formats::LoadedPart& part : loaded) {

@@ -56,8 +56,10 @@ float ZCutOptions::distance() const
     float const distance = parseMillimetres(every, "--every");
     if (!(distance > 0))
         throw UsageError("--every takes a height above 0 such as 40, but got \"" + every + "\".");
-    if (!names.empty())
-        throw UsageError("--name names two pieces; the slices of --every have numbers.");
+    if (names.size() == 2)
+        throw UsageError(
+            "--name names two pieces, but the slices of --every have numbers; a pattern "
+            "such as \"{stem}_{piece:02}\" names them all.");
     return distance;
 }
 

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/StandardStreams.h"
+
+#include "cli/Cancel.h"
+#include "cli/Errors.h"
+#include "cli/PieceFiles.h"
+#include "host/formats/FileError.h"
+#include "host/formats/FormatRegistry.h"
+#include "host/formats/OutputFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <poll.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t blockSize = std::size_t(1) << 20;
+
+/// Waits until there is something, or its end, to read.
+void awaitInput()
+{
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    constexpr int patienceMs = 50;
+    do {
+        if (Cancel::isRequested())
+            throw Mell::AbortException("Aborting...");
+    } while (poll(&input, 1, patienceMs) == 0);
+}
+
+std::size_t readInput(std::string& block)
+{
+    for (;;) {
+        awaitInput();
+        ssize_t const count = read(STDIN_FILENO, block.data(), block.size());
+        if (count >= 0)
+            return std::size_t(count);
+        if (errno != EINTR)
+            throw Formats::FileError("standard input",
+                                     "it cannot be read: " + Formats::systemReason(errno) + '.');
+    }
+}
+
+CutPiece& onlyPieceOf(std::vector<CutPart>& parts)
+{
+    CutPiece* only = nullptr;
+    std::size_t count = 0;
+    for (CutPart& part : parts)
+        for (CutPiece& piece : part.pieces) {
+            only = &piece;
+            ++count;
+        }
+    if (count != 1)
+        throw UsageError("Standard output takes one piece, but there are " + std::to_string(count) +
+                         "; use -o DIR.");
+    return *only;
+}
+
+void copyToStandardOutput(fs::path const& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string block(blockSize, 0);
+    while (file.read(block.data(), std::streamsize(blockSize)) || file.gcount() > 0) {
+        if (Cancel::isRequested())
+            throw Mell::AbortException("Aborting...");
+        auto const count = std::size_t(file.gcount());
+        if (std::fwrite(block.data(), 1, count, stdout) != count)
+            throw Formats::FileError("standard output", "the piece cannot be written to it.");
+    }
+}
+
+}  // namespace
+
+ScratchFolder::ScratchFolder()
+{
+    std::string name = (fs::temp_directory_path() / "freecut-XXXXXX").string();
+    if (!mkdtemp(name.data()))
+        throw Formats::FileError(
+            name, "this folder cannot be made: " + Formats::systemReason(errno) + '.');
+    m_path = name;
+}
+
+ScratchFolder::~ScratchFolder()
+{
+    std::error_code error;
+    fs::remove_all(m_path, error);
+}
+
+fs::path spoolStandardInput(ScratchFolder const& folder)
+{
+    fs::path const path = folder.path() / "stdin";
+    Formats::OutputFile file(path, Formats::Overwrite::Refuse);
+    std::string block(blockSize, 0);
+    while (std::size_t const count = readInput(block))
+        file.write(std::string_view(block).substr(0, count));
+    file.commit();
+    return path;
+}
+
+void writeToStandardOutput(std::vector<CutPart>& parts, PieceOptions const& options)
+{
+    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
+    CutPiece& only = onlyPieceOf(parts);
+    for (CutPart& part : parts)
+        for (CutPiece& piece : part.pieces)
+            piece.format = chosen ? chosen : part.format;
+    ScratchFolder const folder;
+    PieceFiles files(folder.path(), Formats::Overwrite::Refuse);
+    fs::path const path = files.reserve("stdout", *only.format);
+    files.write(path, only.name, *only.kernel, *only.format);
+    copyToStandardOutput(path);
+    only.file = standardStream;
+}
