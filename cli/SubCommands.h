@@ -19,6 +19,8 @@ void addSection(CLI::App& commandLine, Action& action);
 void addBoolean(CLI::App& commandLine, Action& action);
 void addRepair(CLI::App& commandLine, Action& action);
 void addConvert(CLI::App& commandLine, Action& action);
+/// Many of the others at once; the command line must outlive the action.
+void addBatch(CLI::App& commandLine, Action& action);
 /// What shells and readers want to know of the command line itself; it must outlive the action.
 void addCompletion(CLI::App& commandLine, Action& action);
 void addManual(CLI::App& commandLine, Action& action);

@@ -73,7 +73,10 @@ int main(int argc, char** argv)
         "Exit status: 0 done, 1 the cut failed, 2 wrong usage, 3 a file cannot be read or "
         "written,\n4 the pieces are written but one of them is not closed. Cancelled: 130 by "
         "Ctrl-C, 143 by\na termination, 129 when the terminal has gone.");
-    commandLine.set_version_flag("--version", "freecut " FREECUT_VERSION);
+    commandLine.set_version_flag("--version", [] {
+        return std::string("freecut " FREECUT_VERSION "\nQt ") + qVersion() +
+               ", " FREECUT_LIBRARIES;
+    });
     Action action;
     addInfo(commandLine, action);
     addZCut(commandLine, action);
@@ -82,6 +85,7 @@ int main(int argc, char** argv)
     addTools(commandLine, action);
     addRepair(commandLine, action);
     addConvert(commandLine, action);
+    addBatch(commandLine, action);
     addCompletion(commandLine, action);
     addManual(commandLine, action);
     try {
