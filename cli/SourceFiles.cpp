@@ -26,7 +26,7 @@ public:
     std::filesystem::path const& path() const { return m_path; }
 
 private:
-    std::optional<ScratchFolder> m_spool;
+    std::optional<SpoolFolder> m_spool;
     std::filesystem::path m_path;
 };
 

@@ -75,7 +75,7 @@ void copyToStandardOutput(fs::path const& path)
 
 }  // namespace
 
-ScratchFolder::ScratchFolder()
+SpoolFolder::SpoolFolder()
 {
     std::string name = (fs::temp_directory_path() / "freecut-XXXXXX").string();
     if (!mkdtemp(name.data()))
@@ -84,13 +84,13 @@ ScratchFolder::ScratchFolder()
     m_path = name;
 }
 
-ScratchFolder::~ScratchFolder()
+SpoolFolder::~SpoolFolder()
 {
     std::error_code error;
     fs::remove_all(m_path, error);
 }
 
-fs::path spoolStandardInput(ScratchFolder const& folder)
+fs::path spoolStandardInput(SpoolFolder const& folder)
 {
     fs::path const path = folder.path() / "stdin";
     Formats::OutputFile file(path, Formats::Overwrite::Refuse);
@@ -108,7 +108,7 @@ void writeToStandardOutput(std::vector<CutPart>& parts, PieceOptions const& opti
     for (CutPart& part : parts)
         for (CutPiece& piece : part.pieces)
             piece.format = chosen ? chosen : part.format;
-    ScratchFolder const folder;
+    SpoolFolder const folder;
     PieceFiles files(folder.path(), Formats::Overwrite::Refuse);
     fs::path const path = files.reserve("stdout", *only.format);
     files.write(path, only.name, *only.kernel, *only.format);

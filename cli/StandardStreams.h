@@ -12,14 +12,14 @@
 inline constexpr char const* standardStream = "-";
 
 /// A folder that goes with its object.
-class ScratchFolder
+class SpoolFolder
 {
 public:
     /// throws  Formats::FileError
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(ScratchFolder const&) = delete;
-    ScratchFolder& operator=(ScratchFolder const&) = delete;
+    SpoolFolder();
+    ~SpoolFolder();
+    SpoolFolder(SpoolFolder const&) = delete;
+    SpoolFolder& operator=(SpoolFolder const&) = delete;
 
     std::filesystem::path const& path() const { return m_path; }
 
@@ -30,7 +30,7 @@ private:
 /// Standard input as a file named "stdin", since formats are told by looking into a file twice.
 ///
 /// throws  Formats::FileError; Mell::AbortException if the user cancels
-std::filesystem::path spoolStandardInput(ScratchFolder const& folder);
+std::filesystem::path spoolStandardInput(SpoolFolder const& folder);
 
 /// Writes the only piece of all parts to standard output.
 ///

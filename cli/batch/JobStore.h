@@ -41,7 +41,7 @@ private:
     void removeLeftovers();
     std::filesystem::path fileOf(std::string const& key) const;
 
-    std::optional<ScratchFolder> m_scratch;
+    std::optional<SpoolFolder> m_scratch;
     std::filesystem::path m_folder;
     unsigned m_serial = 0;
 };
