@@ -78,6 +78,10 @@ void PartList::buildView()
     for (int const column : {int(PartTreeModel::ClosedColumn), int(PartTreeModel::ColorColumn),
                              int(PartTreeModel::EyeColumn)})
         header->resizeSection(column, fontMetrics().height() * 3 / 2);
+    connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int size) {
+        if (column == PartTreeModel::TrianglesColumn && size > 0)
+            fitColumns();
+    });
     int const margin = fontMetrics().height() / 3;
     m_summary->setContentsMargins(margin, 0, margin, margin);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -86,6 +90,27 @@ void PartList::buildView()
 void PartList::synchronize()
 {
     m_model->synchronize();
+}
+
+/// Which part is which matters more than how many triangles it has.
+void PartList::fitColumns()
+{
+    QHeaderView* const header = m_view->header();
+    if (!header->isSectionHidden(PartTreeModel::TrianglesColumn))
+        m_trianglesWidth = header->sectionSize(PartTreeModel::TrianglesColumn);
+    int room = width() - m_trianglesWidth - m_view->indentation();
+    for (int const column : {int(PartTreeModel::ClosedColumn), int(PartTreeModel::ColorColumn),
+                             int(PartTreeModel::EyeColumn)})
+        room -= header->sectionSize(column);
+    constexpr int fewestLetters = 12;
+    header->setSectionHidden(PartTreeModel::TrianglesColumn,
+                             room < fewestLetters * fontMetrics().averageCharWidth());
+}
+
+void PartList::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitColumns();
 }
 
 void PartList::changeEvent(QEvent* event)

@@ -41,9 +41,12 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildView();
+    /// Hides the number of triangles where it would leave no room for names.
+    void fitColumns();
     void retranslate();
     void updateSummary();
     void buttonClicked(QModelIndex const& index);
@@ -58,5 +61,7 @@ private:
     PartTreeView* m_view;
     QLabel* m_summary;
     PartSelectionLink* m_link;
+    /// Of its column when it was last shown.
+    int m_trianglesWidth = 0;
     ColorChooser m_chooseColor;
 };

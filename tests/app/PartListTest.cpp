@@ -101,6 +101,19 @@ protected:
 
 }  // namespace
 
+TEST_F(PartListTest, NamesAreReadWhereThereIsNoRoomForTheNumbersOfTriangles)
+{
+    QFontMetrics const metrics = list.fontMetrics();
+    for (int const width : {420, 200, 420}) {
+        list.resize(width, 300);
+        handleEvents();
+        EXPECT_EQ(list.view()->isColumnHidden(PartTreeModel::TrianglesColumn), width == 200);
+        EXPECT_GT(list.view()->columnWidth(PartTreeModel::NameColumn) - list.view()->indentation(),
+                  metrics.horizontalAdvance("bracket"))
+            << width;
+    }
+}
+
 TEST_F(PartListTest, GroupsHoldTheirPartsInTheDocumentsOrder)
 {
     QAbstractItemModelTester const tester(list.model());
