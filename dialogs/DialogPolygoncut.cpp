@@ -8,9 +8,8 @@
 #include "dialogs/PolygonCutUI.h"
 #include "dialogs/SolidHandOver.h"
 #include "dialogs/ToolButton.h"
-#include "dialogs/ToolProblem.h"
+#include "dialogs/ToolFindings.h"
 #include "dialogs/UndoKeys.h"
-#include "display/VolumeViewProvider.h"
 #include "messages/Attention.h"
 #include "platform/document/Document.h"
 #include "platform/ui/MellQuantitySpinBox.h"
@@ -58,6 +57,7 @@ DialogPolygoncut::DialogPolygoncut(QWidget* parent)
 {
     ui.build(*this);
     loadParas();
+    followFindings();
     connectAll();
     new UndoKeys(*this);
     m_movedPoint.emplace(*this, ui.moveFields);
@@ -91,6 +91,19 @@ void DialogPolygoncut::connectAll()
     connect(ui.ok, &QAbstractButton::clicked, this, &DialogPolygoncut::on_cut_clicked);
     connect(ui.cancel, &QAbstractButton::clicked, this, &DialogPolygoncut::on_cancel_clicked);
     connect(ui.allParts, &QAbstractButton::toggled, this, &DialogPolygoncut::updateGUI);
+}
+
+void DialogPolygoncut::followFindings()
+{
+    m_findings = new ToolFindings(
+        [this] { return toolOfPage(); },
+        [this](VolumeGraphicObject& tool) { return page().isComplete(tool); }, this);
+    connect(m_findings, &ToolFindings::found, this,
+            [this](QString const& problem) { ui.showProblem(problem); });
+    connect(m_findings, &ToolFindings::derived, this, [this] {
+        if (!m_preview.isOn())
+            showFindings();
+    });
 }
 
 void DialogPolygoncut::loadParas()
@@ -206,7 +219,7 @@ void DialogPolygoncut::setObject(VolumeGraphicObject* tool)
         object->signalChanged.connect(this, &DialogPolygoncut::updateGUI);
         object->signalRestored.connect(this, &DialogPolygoncut::showRestored);
     }
-    followOutlines();
+    m_findings->follow(object);
     updateModelData();
     updateGUI();
 }
@@ -324,26 +337,8 @@ void DialogPolygoncut::updateGUI()
 
 void DialogPolygoncut::showFindings()
 {
-    // What was found last stays until the outlines are there.
-    if (VolumeGraphicObject* const tool = toolOfPage(); !tool || hasDerivedOutlines(*tool))
-        ui.showProblem(problem());
+    m_findings->refresh();
     ui.forecast->refresh();
-}
-
-void DialogPolygoncut::followOutlines()
-{
-    disconnect(m_outlinesDerived);
-    auto const* const provider =
-        object ? dynamic_cast<VolumeViewProvider const*>(object->getViewProvider()) : nullptr;
-    if (!provider)
-        return;
-    m_outlinesDerived = connect(
-        &provider->background(), &NewestWork::ready, this,
-        [this] {
-            if (!m_preview.isOn())
-                showFindings();
-        },
-        Qt::QueuedConnection);
 }
 
 CutForecast::Scene DialogPolygoncut::forecastScene() const
@@ -370,12 +365,6 @@ void DialogPolygoncut::showRestored()
     QSignalBlocker const quiet(ui.cutTill);
     ui.cutTill->setChecked(values.isCutTillEnabled);
     ui.cutTillValue->setValue(double(values.cutTill));
-}
-
-QString DialogPolygoncut::problem() const
-{
-    VolumeGraphicObject* const tool = toolOfPage();
-    return tool && page().isComplete(*tool) ? problemOfTool(*tool) : QString();
 }
 
 std::optional<UPoint3<float>> DialogPolygoncut::shownPoint() const
@@ -462,7 +451,7 @@ void DialogPolygoncut::execute()
     if (parts.empty())
         return;
     if (!handOverSolids(*m_worker, *tool, page().isClearanceOn())) {
-        QString const why = problem();
+        QString const why = m_findings->problem();
         if (view())
             view()->redraw();
         getDocument()->abortTransaction();

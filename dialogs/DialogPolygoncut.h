@@ -30,6 +30,7 @@ class CylindercutSelection;
 class DialogCoordinateUI;
 class PolygoncutSelection;
 class SolidToolPage;
+class ToolFindings;
 class VolumeGraphicObject;
 
 /// The dialog of the volume cut: one tab for each kind of solid tool. It starts the mouse tool of
@@ -120,18 +121,15 @@ private:
     void refreshPages();
     void showRestored();
     std::optional<UPoint3<float>> shownPoint() const;
-    /// Why the tool of the page cannot cut; empty if it can, or if there is none yet.
-    QString problem() const;
     /// What is wrong with the tool, and what a cut would do.
     void showFindings();
-    /// Shows them anew whenever long outlines have been derived.
-    void followOutlines();
+    void followFindings();
     void execute();
 
     PolygonCutWidgets ui;
     VolumeGraphicObject* object = nullptr;
     QPointer<Base::GLView> m_filtered;
-    QMetaObject::Connection m_outlinesDerived;
+    ToolFindings* m_findings = nullptr;
     DialogCoordinateUI* m_coordinates = nullptr;
     ToolPreview m_preview;
     int m_viewIndex = -1;
