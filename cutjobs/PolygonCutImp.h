@@ -28,6 +28,9 @@ public:
     /// in   the solid that the first piece lies in
     /// out  the solid that the second piece lies outside of; null if `in` serves for both
     void setInOutPolygonMesh(MeshKernel* in, MeshKernel* out);
+    /// Of the edges of the tools, towards where they were drawn from; of no length if they have none.
+    void setDirection(UVector3<float> const& direction) { m_direction = direction; }
+    UVector3<float> const& direction() const { return m_direction; }
 
     /// The pieces of the last job: what lies within the tool before what lies outside.
     CutResultMap getResult() const { return m_result; }
@@ -47,6 +50,7 @@ private:
     CutResultMap m_result;
     bool m_useClearance = false;
     bool m_singleTool = false;
+    UVector3<float> m_direction;
     std::unique_ptr<MeshKernel> m_in;
     std::unique_ptr<MeshKernel> m_out;
 };

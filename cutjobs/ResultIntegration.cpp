@@ -55,7 +55,7 @@ ResultIntegration::PartMap ResultIntegration::begin(CutResultMap const& pieces)
     for (auto const& [source, kernels] : pieces)
         for (auto const& kernel : kernels)
             parts[source].push_back(addPart(source, *kernel, kernels.size() == 1));
-    rememberPlanes(parts);
+    rememberCut(parts);
     if (m_rules.removesSources)
         for (auto const& [source, kernels] : pieces)
             if (!kernels.empty())
@@ -89,12 +89,15 @@ Mesh::DocumentObject* ResultIntegration::addPart(Mesh::DocumentObject* source, M
     return part;
 }
 
-void ResultIntegration::rememberPlanes(PartMap const& parts) const
+void ResultIntegration::rememberCut(PartMap const& parts) const
 {
-    for (auto const& [source, plane] : m_rules.planes) {
-        auto const place = parts.find(source);
-        if (place != parts.end() && place->second.size() == 2)
-            Mesh::rememberCut(*source, plane, *place->second[0], *place->second[1]);
+    for (auto const& [source, pieces] : parts) {
+        if (pieces.size() != 2)
+            continue;
+        if (auto const plane = m_rules.planes.find(source); plane != m_rules.planes.end())
+            Mesh::rememberCut(*source, plane->second, *pieces[0], *pieces[1]);
+        else if (m_rules.shapeDirection)
+            Mesh::rememberShapeCut(*source, *m_rules.shapeDirection, *pieces[0], *pieces[1]);
     }
 }
 

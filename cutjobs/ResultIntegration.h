@@ -5,6 +5,7 @@
 #include "platform/document/CutMemory.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,8 +38,13 @@ struct IntegrationRules
     bool selectsPieces = false;
     /// Brings the counts of the meshes up to date.
     bool writesCounts = false;
-    /// The planes of the cut by source part, which two pieces of one remember; none for other cuts.
+    // What two pieces of one part remember of the cut.
+
+    /// The planes of a plane cut by source part.
     std::map<Mesh::DocumentObject*, Mesh::CutFace> planes = {};
+    /// Of a cut by a drawn shape, whose inner pieces come first: the direction of its edges towards
+    /// where it was drawn from.
+    std::optional<UVector3<double>> shapeDirection = {};
 };
 
 /// Turns the pieces of a cut into parts of a document, in one undoable step.
@@ -65,7 +71,7 @@ private:
     Mesh::DocumentObject* addPart(Mesh::DocumentObject* source, MeshKernel& piece, bool isOnly);
     std::string nameOf(std::string const& base, bool isOnly) const;
     void removeSource(Mesh::DocumentObject* source);
-    void rememberPlanes(PartMap const& parts) const;
+    void rememberCut(PartMap const& parts) const;
 
     Base::Document* m_document;
     IntegrationRules m_rules;

@@ -480,6 +480,8 @@ void DialogPolygoncut::handleResult(bool ok)
     IntegrationRules rules;
     rules.transactionName = "Polygon Cut";
     rules.removesSources = ui.removeOriginal->isChecked();
+    if (UVector3<float> const& along = m_worker->direction(); along.GetLength() > 0)
+        rules.shapeDirection = {along.X(), along.Y(), along.Z()};
     DialogCut::takeResult(*m_worker, getDocument(), rules, [this] {
         saveParas();
         m_cut->end();

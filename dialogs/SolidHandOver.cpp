@@ -5,6 +5,7 @@
 #include "platform/mesh/MeshKernel.h"
 #include "platform/mesh/UMesh.h"
 #include "tools/VolumeGraphicObject.h"
+#include "tools/VolumeProperty.h"
 
 #include <memory>
 #include <vector>
@@ -34,6 +35,7 @@ bool handOverSolids(PolygonCutImp& worker, VolumeGraphicObject& tool, bool hasCl
     Kernels kernels = solidsOf(tool, hasClearance);
     if (kernels.empty() || kernels.front()->getMesh()->triangles.empty())
         return false;
+    worker.setDirection(tool.getVolumeProperty().getExtrudeVector());
     worker.setParas(hasClearance, kernels.size() == 1);
     worker.setInOutPolygonMesh(kernels[0].release(),
                                kernels.size() > 1 ? kernels[1].release() : nullptr);

@@ -7,7 +7,7 @@ namespace Freecut {
 
 class VolumeGraphicObject;
 
-/// Hands the solids of a tool to the worker that cuts with them, as copies.
+/// Hands the solids of a tool to the worker that cuts with them, as copies, and their direction.
 ///
 /// worker   idle
 /// returns  false, and nothing is handed over, if there is no solid to cut with

@@ -74,21 +74,60 @@ CutFace inRecords(CutFace const& face, Matrix const& matrix)
     return {normal * (1 / length), (face.distance - (face.normal | column(matrix, 3))) / length};
 }
 
-/// The middle of a part's range along a direction, as some thousand of its vertices show it.
-double middleAlong(MeshKernel const& kernel, Vector const& direction)
+/// A way in which a placement takes what moves along this one in the records.
+Vector placedWay(Vector const& way, Matrix const& matrix)
+{
+    Vector const moved =
+        column(matrix, 0) * way[0] + column(matrix, 1) * way[1] + column(matrix, 2) * way[2];
+    return moved * (1 / moved.GetLength());
+}
+
+/// The way in the records that a placement makes this one, by the inverse but for a factor.
+Vector wayInRecords(Vector const& way, Matrix const& matrix)
+{
+    Vector const x = column(matrix, 0), y = column(matrix, 1), z = column(matrix, 2);
+    Vector const back((y * z) | way, (z * x) | way, (x * y) | way);
+    double const sense = (x | (y * z)) < 0 ? -1 : 1;
+    return back * (sense / back.GetLength());
+}
+
+struct Range
+{
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
+};
+
+/// A part's range along a direction, as some thousand of its vertices show it.
+Range rangeAlong(MeshKernel const& kernel, Vector const& direction)
 {
     constexpr std::size_t samples = 4096;
     auto const mesh = kernel.readMesh();
     Matrix const& matrix = kernel.getMatrix();
-    double low = std::numeric_limits<double>::infinity(), high = -low;
+    Range range;
     std::size_t const step = mesh->vertices.size() / samples + 1;
     for (std::size_t i = 0; i < mesh->vertices.size(); i += step) {
         UPoint3<float> const p = matrix * mesh->vertices[i]->cP();
         double const along = direction | Vector(p.X(), p.Y(), p.Z());
-        low = std::min(low, along);
-        high = std::max(high, along);
+        range.low = std::min(range.low, along);
+        range.high = std::max(range.high, along);
     }
-    return (low + high) / 2;
+    return range;
+}
+
+double middleAlong(MeshKernel const& kernel, Vector const& direction)
+{
+    Range const range = rangeAlong(kernel, direction);
+    return (range.low + range.high) / 2;
+}
+
+/// The direction or its opposite: that in which the inner piece has less of the outer one before it.
+Vector wayOut(MeshKernel const& inner, MeshKernel const& outer, Vector const& direction)
+{
+    // Of the outer piece's height: what is as near to one end as to the other goes forward.
+    constexpr double alike = 0.01;
+    Range const within = rangeAlong(inner, direction), around = rangeAlong(outer, direction);
+    double const before = around.high - within.high, behind = within.low - around.low;
+    return behind + alike * (around.high - around.low) < before ? direction * -1 : direction;
 }
 
 CutMemory placedMemory(MeshKernel const& kernel)
@@ -96,6 +135,8 @@ CutMemory placedMemory(MeshKernel const& kernel)
     CutMemory memory = memoryOf(kernel.readMesh());
     for (CutFace& face : memory.faces)
         face = placed(face, kernel.getMatrix());
+    for (Vector& way : memory.ways)
+        way = placedWay(way, kernel.getMatrix());
     return memory;
 }
 
@@ -113,6 +154,8 @@ void remember(DocumentObject const& piece, CutMemory memory)
     MeshKernel const& kernel = *piece.meshProperty->getMesh();
     for (CutFace& each : memory.faces)
         each = inRecords(each, kernel.getMatrix());
+    for (Vector& way : memory.ways)
+        way = wayInRecords(way, kernel.getMatrix());
     setMemory(kernel.readMesh(), std::move(memory));
 }
 
@@ -142,6 +185,20 @@ void rememberCut(DocumentObject const& source, CutFace const& plane, DocumentObj
     ofOther.faces.push_back(isFirstAbove ? plane : back);
     remember(first, std::move(ofFirst));
     remember(other, std::move(ofOther));
+}
+
+void rememberShapeCut(DocumentObject const& source, UVector3<double> const& along,
+                      DocumentObject const& inner, DocumentObject const& outer)
+{
+    if (!hasMesh(inner) || !hasMesh(outer))
+        return;
+    Vector const way = wayOut(*inner.meshProperty->getMesh(), *outer.meshProperty->getMesh(),
+                              along * (1 / along.GetLength()));
+    CutMemory ofInner = familyOf(source), ofOuter = ofInner;
+    ofInner.ways.push_back(way);
+    ofOuter.ways.push_back(way * -1);
+    remember(inner, std::move(ofInner));
+    remember(outer, std::move(ofOuter));
 }
 
 void rememberSlices(DocumentObject const& source, std::vector<double> const& heights,

@@ -42,7 +42,7 @@ void giveCuts(MeshKernel const& kernel, ProjectObject const& given, Families& fa
     auto const [family, isNew] = families.try_emplace(given.cutFamily, 0);
     if (isNew)
         family->second = Mesh::newCutFamily();
-    Mesh::CutMemory memory{family->second, {}};
+    Mesh::CutMemory memory{family->second, {}, {}};
     for (auto const& [x, y, z, distance] : given.cutPlanes)
         memory.faces.push_back({{x, y, z}, distance});
     Mesh::setCutMemoryInRecords(kernel, std::move(memory));

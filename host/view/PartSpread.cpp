@@ -79,7 +79,22 @@ std::vector<Vector> normalsOf(std::vector<Part*> const& family)
     return normals;
 }
 
-/// Pieces of one part go along the normals of its cuts; the family goes as one part does.
+/// Pieces that a drawn shape has made go along their ways: where they are spread by as much as they
+/// are high together they are clear of each other.
+void spreadAlongWays(std::vector<Part*> const& family, double share)
+{
+    for (Part const* const part : family)
+        for (Vector const& way : part->memory.ways) {
+            Range all;
+            for (Part const* const each : family)
+                all.add(rangeAlong(way, *each));
+            part->provider->setApart(part->provider->apart() +
+                                     way * (share * (all.high - all.low) / 2));
+        }
+}
+
+/// Pieces of one part go along the normals of its cuts, and along their ways; the family goes as one
+/// part does.
 void spreadFamily(std::vector<Part*> const& family, Vector const& centre, double share)
 {
     UBox3<float> box;
@@ -99,6 +114,7 @@ void spreadFamily(std::vector<Part*> const& family, Vector const& centre, double
                 part->provider->apart() +
                 normal * (share * (rangeAlong(normal, *part).middle() - all.middle())));
     }
+    spreadAlongWays(family, share);
 }
 
 std::vector<Part> shownParts(std::vector<Base::ViewProvider*> const& providers, double share)

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/// What is remembered of the plane cuts that have made a part: a view draws the pieces apart along
-/// them, and a piece can be laid on the face that a cut made.
+/// What is remembered of the cuts that have made a part: a view draws the pieces apart along them,
+/// and a piece can be laid on the face that a plane cut made.
 ///
 /// It goes with the part's mesh: copies of a part have it too, undo brings it back, a part follows
 /// it wherever it is moved, and another mesh, such as one that was read from a file, has none.
@@ -31,6 +31,9 @@ struct CutMemory
     /// In the order of the cuts. A cut's face need not be there any more: a later cut may have
     /// taken it to another piece.
     std::vector<CutFace> faces;
+    /// Of the cuts by drawn shapes, in their order: unit vectors along which the piece comes clear of
+    /// its counterpart.
+    std::vector<UVector3<double>> ways;
 };
 
 /// As the part is placed, in world millimetres.
@@ -43,6 +46,13 @@ CutMemory cutMemoryOf(DocumentObject const& part);
 /// first, other in any order
 void rememberCut(DocumentObject const& source, CutFace const& plane, DocumentObject const& first,
                  DocumentObject const& other);
+
+/// Two pieces are what a prism has made of a part, which has its mesh still. The inner one comes out
+/// of the other to the side where less stands in its way.
+///
+/// along  of the prism's edges, towards where it was drawn from; of any length but 0
+void rememberShapeCut(DocumentObject const& source, UVector3<double> const& along,
+                      DocumentObject const& inner, DocumentObject const& outer);
 
 /// Pieces are what horizontal planes have made of a part, which has its mesh still.
 ///

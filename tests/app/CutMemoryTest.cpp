@@ -126,6 +126,63 @@ TEST_F(CutMemory, PiecesAreLaidOnTheFaceOfTheCutHoweverTheyLie)
     }
 }
 
+TEST_F(CutMemory, PiecesOfADrawnShapeKnowTheirWaysHoweverTheyLie)
+{
+    auto const cutByShape = [&](Soup const& inner) {
+        Mesh::DocumentObject* const part = test.add(box(30, 20, 10), "slab");
+        IntegrationRules rules;
+        rules.removesSources = true;
+        rules.shapeDirection = {0, 0, 25};
+        std::vector<std::shared_ptr<MeshKernel>> pieces;
+        pieces.emplace_back(kernelOf(inner));
+        pieces.emplace_back(kernelOf(box(30, 20, 10)));
+        ResultIntegration integration(test.document, rules);
+        Parts const parts = integration.begin({{part, pieces}})[part];
+        integration.end();
+        return parts;
+    };
+    // Through all of it, into its top, and into its bottom.
+    std::pair<Soup, double> const plugs[] = {
+        {box(4, 4, 10, {9, 9, 0}), 1}, {box(4, 4, 3, {9, 9, 7}), 1}, {box(4, 4, 3, {9, 9, 0}), -1}};
+    for (auto const& [plug, up] : plugs) {
+        Parts const pieces = cutByShape(plug);
+        auto const inner = Mesh::cutMemoryOf(*pieces[0]), outer = Mesh::cutMemoryOf(*pieces[1]);
+        EXPECT_NE(inner.family, 0u);
+        EXPECT_EQ(inner.family, outer.family);
+        EXPECT_TRUE(inner.faces.empty());
+        EXPECT_EQ(inner.ways, std::vector{Vector(0, 0, up)});
+        EXPECT_EQ(outer.ways, std::vector{Vector(0, 0, -up)});
+        // A way goes along with the part, through a slanting scale too.
+        pieces[0]->rotate({1, 2, 3}, 1.1f, {1, 2, 3}, false);
+        pieces[0]->scale({5, 0, 0}, {2, 0.5f, 3});
+        pieces[0]->mirror({1, 2, 3}, {1, 2, -1});
+        UMatrix4<float> const& matrix = pieces[0]->getMatrix();
+        UPoint3<float> const from = matrix * UPoint3<float>(9, 9, 0);
+        UPoint3<float> const to = matrix * UPoint3<float>(9, 9, float(10 * up));
+        Vector const moved(double(to.X()) - from.X(), double(to.Y()) - from.Y(),
+                           double(to.Z()) - from.Z());
+        Vector const way = Mesh::cutMemoryOf(*pieces[0]).ways.at(0);
+        EXPECT_NEAR(way.GetLength(), 1, 1e-6);
+        EXPECT_NEAR(way | moved, moved.GetLength(), 1e-4 * moved.GetLength());
+    }
+}
+
+TEST_F(CutMemory, WaysStandInTheRecordsOfAMovedPart)
+{
+    // The pieces of a part may have its placement: what is kept goes with their records.
+    Mesh::DocumentObject* const part = test.add(box(30, 20, 10), "slab");
+    Parts const pieces{test.add(box(4, 4, 10), "plug"), test.add(box(30, 20, 10), "rest")};
+    for (Mesh::DocumentObject* const piece : pieces) {
+        piece->rotate({1, 2, 3}, 0.7f, {3, 2, 1}, false);
+        piece->scale({5, 0, 0}, {2, 0.5f, 3});
+        piece->mirror({1, 2, 3}, {1, 2, -1});
+    }
+    Vector const along(0.36, 0.48, 0.8);
+    Mesh::rememberShapeCut(*part, along, *pieces[0], *pieces[1]);
+    Vector const way = Mesh::cutMemoryOf(*pieces[0]).ways.at(0);
+    EXPECT_NEAR(std::abs(way | along), 1, 1e-6);
+}
+
 TEST_F(CutMemory, PartsWithoutACutFaceLieOnTheirLargestFace)
 {
     Mesh::DocumentObject* const bar = test.add(box(4, 50, 60), "bar");

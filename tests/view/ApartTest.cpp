@@ -89,6 +89,25 @@ TEST_P(DrawnApart, TheSectionLineStaysOnThePart)
     EXPECT_NE(colorAt(apart, {10, 0, 50}), colorAt(apart, {10, 0, 55}));
 }
 
+TEST_P(DrawnApart, APieceComesOutOfTheHoleThatAShapeHasMade)
+{
+    // Drawn from above; the middles of both lie in one place.
+    low->setVisible(false);
+    Mesh::DocumentObject* const plug = test.add(box(4, 4, 20, {8, 8, 20}), "plug");
+    Mesh::rememberShapeCut(*low, {0, 0, 1}, *plug, *high);
+    view->setDrawnApart(1);
+    view->grabFramebuffer();
+    auto const apartOf = [&](Mesh::DocumentObject const* part) {
+        return dynamic_cast<Mesh::ViewProvider const&>(*test.document->getViewProvider(part))
+            .apart();
+    };
+    // Clear of each other as soon as they are spread by their height, and no lower than they were.
+    EXPECT_NEAR(apartOf(plug).Z() - apartOf(high).Z(), 20, 1e-4);
+    EXPECT_NEAR(apartOf(high).Z(), 0, 1e-4);
+    EXPECT_NEAR(apartOf(plug).X(), apartOf(high).X(), 1e-4);
+    EXPECT_EQ(partAt({10, 0, 50}), plug);
+}
+
 TEST_P(DrawnApart, PartsInTurnHaveColoursThatStay)
 {
     QColor const plain = colorAt(view->grabFramebuffer(), {10, 0, 30});
