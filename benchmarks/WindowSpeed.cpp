@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a person feels who works with a large part in the window: how long a picture takes while the
 // mouse drags, how long the window does not answer while files are opened and parts are cut.
-// window_speed [--cut] FILE...; needs a display. With --cut nothing is dragged.
+// window_speed [--cut] FILE...; needs a display. With --cut nothing is dragged. What the window was at
+// in each long wait is told as stacks, with how often each was seen.
 #include "app/OrbeWindow.h"
 #include "app/files/DocumentFiles.h"
 #include "app/jobs/JobGuard.h"
+#include "benchmarks/StackSampler.h"
 #include "host/view/ViewScene.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
@@ -63,11 +65,14 @@ public:
         timer.start();
         double const processor = processorMs();
         ++m_depth;
+        m_sampler.begin();
         bool const result = QApplication::notify(receiver, event);
+        m_sampler.end();
         --m_depth;
         double const ms = double(timer.nsecsElapsed()) / 1e6;
         if (ms >= toldFrom)
-            waits.push_back({ms, processorMs() - processor, name + " " + QByteArray::number(type)});
+            waits.push_back({ms, processorMs() - processor, name + " " + QByteArray::number(type),
+                             StackSampler::seen()});
         return result;
     }
 
@@ -79,11 +84,13 @@ public:
         double processor;
         /// The receiver's class and the event's type.
         QByteArray name;
+        std::vector<std::string> stacks;
     };
     std::vector<Wait> waits;
 
 private:
     int m_depth = 0;
+    StackSampler m_sampler{std::chrono::milliseconds(20)};
 };
 
 TimedApplication& application()
@@ -219,9 +226,12 @@ private:
         rest(600);
         std::printf("%-12s %6.0f ms; waits of %.0f ms and more:", name, result,
                     TimedApplication::toldFrom);
-        for (TimedApplication::Wait const& wait : application().waits)
-            std::printf(" %.0f (%s, processor %.0f)", wait.ms, wait.name.constData(),
+        for (TimedApplication::Wait const& wait : application().waits) {
+            std::printf("\n  %.0f (%s, processor %.0f)", wait.ms, wait.name.constData(),
                         wait.processor);
+            for (std::string const& stack : wait.stacks)
+                std::printf("\n      %s", stack.c_str());
+        }
         std::puts("");
         std::fflush(stdout);
     }
