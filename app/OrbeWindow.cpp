@@ -11,6 +11,8 @@
 #include "app/commands/FlawCommands.h"
 #include "app/commands/HeightCutCommand.h"
 #include "app/commands/PanelCommands.h"
+#include "app/commands/SavedViewCommands.h"
+#include "app/commands/SavedViews.h"
 #include "app/commands/SelectCommands.h"
 #include "app/commands/ViewCommands.h"
 #include "app/commands/ViewMenu.h"
@@ -151,6 +153,8 @@ void OrbeWindow::buildCommands()
     registerCombineCommands(manager, *m_view);
     registerSelectCommands(manager);
     registerViewCommands(manager, *m_appearance);
+    m_savedViews = new SavedViews(*m_view, *m_appearance, *m_files, this);
+    registerSavedViewCommands(manager, *m_savedViews);
     registerPanelCommands(manager, *m_panels, *m_appearance);
     registerFlawCommands(manager, *m_panels);
     auto* const area = new SectionAreaNote(*m_view);
@@ -183,6 +187,15 @@ void OrbeWindow::buildMenus()
 {
     m_menus = new WindowMenus(*this, Application::Instance->commandManager());
     m_menus->setRecentFiles(new RecentMenu(*m_files, this));
+    auto* const keptViews = new QMenu(this);
+    keptViews->setToolTipsVisible(true);
+    m_menus->setKeptViews(keptViews);
+    auto const fillViews = [this, keptViews] {
+        fillSavedViewMenu(*keptViews, Application::Instance->commandManager());
+        m_gate->refresh();
+    };
+    connect(m_savedViews, &SavedViews::changed, keptViews, fillViews);
+    connect(m_menus, &WindowMenus::filled, keptViews, fillViews);
     connect(m_menus, &WindowMenus::aboutToShow, m_gate, &CommandGate::refresh);
     connect(new ViewMenu(*m_view, Application::Instance->commandManager()), &ViewMenu::aboutToShow,
             m_gate, &CommandGate::refresh);
@@ -294,6 +307,7 @@ void OrbeWindow::retranslate()
 {
     Application::Instance->commandManager().languageChange();
     m_menus->retranslate();
+    emit m_savedViews->changed();
     m_panels->retranslate();
     refresh();
 }

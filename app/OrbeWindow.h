@@ -18,6 +18,7 @@ class NoticeBar;
 class PartPreparation;
 class QHBoxLayout;
 class QVBoxLayout;
+class SavedViews;
 class StatusLine;
 class ToolLock;
 class ViewAppearance;
@@ -91,6 +92,7 @@ private:
     ViewAppearance* m_appearance = nullptr;
     CommandGate* m_gate = nullptr;
     WindowMenus* m_menus = nullptr;
+    SavedViews* m_savedViews = nullptr;
     DockTitles* m_dockTitles = nullptr;
     std::vector<QDockWidget*> m_panelDocks;
     WindowPanels* m_panels = nullptr;

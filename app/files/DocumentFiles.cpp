@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QTimer>
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -135,6 +137,7 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project,
     bool const wasEmpty = loaded.project || !document() || document()->getMeshObjects().empty();
     if (loaded.project) {
         Mesh::Document* const fresh = replaceDocument(project);
+        takeViews(*loaded.project);
         addProject(*fresh, std::move(*loaded.project));
         fresh->clearHistory();
         fresh->setModified(false);
@@ -214,6 +217,7 @@ void DocumentFiles::takeOver(Recovered& recovered, QString const& projectFile,
 {
     m_isTakingOver = true;
     Mesh::Document* const fresh = replaceDocument(projectFile);
+    takeViews(recovered.objects);
     addProject(*fresh, std::move(recovered.objects));
     fresh->clearHistory();
     fresh->setModified(true);
@@ -224,6 +228,27 @@ void DocumentFiles::takeOver(Recovered& recovered, QString const& projectFile,
     emit opened();
     if (!recovered.problems.isEmpty())
         tellLater(recovered.problems.mid(0, mostSentences).join(QStringLiteral("\n\n")));
+}
+
+void DocumentFiles::setViews(Views views)
+{
+    if (!document())
+        return;
+    m_views = std::move(views);
+    m_hasChangedMeanwhile = true;
+    document()->setModified(true);
+    emit viewsChanged();
+    emit titleChanged();
+}
+
+/// Those among the objects of a project.
+void DocumentFiles::takeViews(Views const& objects)
+{
+    m_views.clear();
+    std::copy_if(
+        objects.begin(), objects.end(), std::back_inserter(m_views),
+        [](auto const& object) { return object.kind == Formats::ProjectObject::Kind::View; });
+    emit viewsChanged();
 }
 
 void DocumentFiles::watchProject(std::optional<FileStamp> asKnown)
@@ -321,6 +346,7 @@ void DocumentFiles::activeDocumentChanged()
     }
     m_watched = active;
     m_projectFile.clear();
+    takeViews({});
     m_guard.release();
     m_knownSteps = active ? active->undoNames().size() : 0;
     if (active) {

@@ -92,6 +92,13 @@ public:
     QString displayName() const;
     bool isModified() const;
 
+    /// The views of the active document that were kept by name: objects of that kind. They are saved
+    /// with the project; undo does not know them.
+    using Views = std::vector<Formats::ProjectObject>;
+    Views const& views() const { return m_views; }
+    /// Counts as a change of the document.
+    void setViews(Views views);
+
     RecentFiles& recentFiles() { return m_recent; }
     /// Whether a file is being read or written, or waits for its turn.
     bool isWorking() const { return m_job.isRunning() || !m_waiting.isEmpty(); }
@@ -111,11 +118,14 @@ signals:
     void written(QString const& sentence, QString const& folder);
     /// Parts were added, or a project was opened.
     void opened();
+    void viewsChanged();
 
 private:
     void openWaiting();
     void takeOver(LoadedFiles& loaded, QString const& project,
                   std::optional<FileStamp> projectAsRead);
+    void takeViews(Views const& objects);
+    Views objectsToSave() const;
     void watchProject(std::optional<FileStamp> asKnown);
     void addParts(LoadedFiles& loaded);
     void tellProblems(QStringList const& problems);
@@ -141,6 +151,7 @@ private:
     PartLoader::Preparation m_preparation;
     QStringList m_waiting;
     QString m_projectFile;
+    Views m_views;
     ProjectGuard m_guard;
     /// The document whose signals are heard.
     Base::Document* m_watched = nullptr;

@@ -91,7 +91,7 @@ void DocumentFiles::startSaving(QString const& file)
     m_hasChangedMeanwhile = false;
     m_job.start(
         QT_TRANSLATE_NOOP("JobGuard", "Saving the project"),
-        [objects = projectOf(*document()), file](WindowJob::Progress const& progress) {
+        [objects = objectsToSave(), file](WindowJob::Progress const& progress) {
             Formats::writeProject(systemPath(file), objects, progress, Formats::Overwrite::Allow);
         },
         [this, file, saved = document()](JobOutcome const& outcome) {
@@ -100,6 +100,13 @@ void DocumentFiles::startSaving(QString const& file)
             else if (!outcome.problem.isEmpty())
                 tellLater(tr("The project was not saved.") + "\n\n" + outcome.problem);
         });
+}
+
+DocumentFiles::Views DocumentFiles::objectsToSave() const
+{
+    Views objects = projectOf(*document());
+    objects.insert(objects.end(), m_views.begin(), m_views.end());
+    return objects;
 }
 
 void DocumentFiles::finishSaving(QString const& file)

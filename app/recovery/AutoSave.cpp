@@ -89,7 +89,9 @@ void AutoSave::save()
     }
     m_isKeeping = true;
     auto const state =
-        std::make_shared<RecoveryState const>(recoveryStateOf(*document, m_files.projectFile()));
+        std::make_shared<RecoveryState>(recoveryStateOf(*document, m_files.projectFile()));
+    for (Formats::ProjectObject const& view : m_files.views())
+        state->objects.push_back({view});
     write([state](RecoveryFolder& folder) { folder.write(*state); });
 }
 

@@ -38,25 +38,57 @@ QJsonArray matrixNumbers(UMatrix4<float> const& matrix)
     return numbers;
 }
 
-QJsonArray planeNumbers(ProjectObject const& look)
+template <std::size_t Size>
+using Rows = std::vector<std::array<double, Size>>;
+
+template <std::size_t Size>
+QJsonArray numbersOf(Rows<Size> const& rows)
 {
     QJsonArray numbers;
-    for (auto const& plane : look.cutPlanes)
-        for (double const number : plane)
+    for (auto const& row : rows)
+        for (double const number : row)
             numbers.append(number);
     return numbers;
 }
 
-void readPlanes(QJsonArray const& numbers, ProjectObject& look)
+/// What is left over at the end is passed over.
+template <std::size_t Size>
+void readRows(QJsonArray const& numbers, Rows<Size>& rows)
 {
-    for (int i = 0; i + 3 < numbers.size(); i += 4)
-        look.cutPlanes.push_back({numbers[i].toDouble(), numbers[i + 1].toDouble(),
-                                  numbers[i + 2].toDouble(), numbers[i + 3].toDouble()});
+    for (int first = 0; first + int(Size) <= numbers.size(); first += int(Size)) {
+        std::array<double, Size>& row = rows.emplace_back();
+        for (std::size_t i = 0; i < Size; ++i)
+            row[i] = numbers[first + int(i)].toDouble();
+    }
+}
+
+QJsonObject viewOf(ProjectObject const& view)
+{
+    using Vectors = Rows<3>;
+    return {
+        {"view", bytesAsText(view.name)},
+        {"camera", numbersOf(Vectors{view.camera.direction, view.camera.up, view.camera.middle})},
+        {"height", view.camera.height},
+        {"perspective", view.camera.isPerspective}};
+}
+
+/// Of what viewOf() made.
+void readView(QJsonObject const& object, ProjectObject& view)
+{
+    Rows<3> vectors;
+    readRows(object["camera"].toArray(), vectors);
+    vectors.resize(3);
+    view.kind = ProjectObject::Kind::View;
+    view.name = bytesOf(object["view"]);
+    view.camera = {vectors[0], vectors[1], vectors[2], object["height"].toDouble(),
+                   object["perspective"].toBool()};
 }
 
 QJsonObject objectOf(RecoveryList::Entry const& entry)
 {
     ProjectObject const& look = entry.look;
+    if (look.kind == ProjectObject::Kind::View)
+        return viewOf(look);
     QJsonObject object{{"uuid", bytesAsText(look.uuid)},
                        {"source", bytesAsText(look.parentUuid)},
                        {"group", bytesAsText(look.groupUuid)},
@@ -70,7 +102,8 @@ QJsonObject objectOf(RecoveryList::Entry const& entry)
         object.insert("matrix", matrixNumbers(entry.matrix));
         if (look.cutFamily != 0) {
             object.insert("family", double(look.cutFamily));
-            object.insert("cuts", planeNumbers(look));
+            object.insert("cuts", numbersOf(look.cutPlanes));
+            object.insert("ways", numbersOf(look.cutWays));
         }
     }
     return object;
@@ -86,6 +119,10 @@ RecoveryList::Entry entryOf(QJsonObject const& object, std::filesystem::path con
 {
     RecoveryList::Entry entry;
     ProjectObject& look = entry.look;
+    if (object.contains("view")) {
+        readView(object, look);
+        return entry;
+    }
     look.uuid = bytesOf(object["uuid"]);
     look.parentUuid = bytesOf(object["source"]);
     look.groupUuid = bytesOf(object["group"]);
@@ -105,7 +142,8 @@ RecoveryList::Entry entryOf(QJsonObject const& object, std::filesystem::path con
     for (int i = 0; i < matrixSize; ++i)
         entry.matrix.data()[i] = float(numbers[i].toDouble());
     look.cutFamily = unsigned(object["family"].toDouble());
-    readPlanes(object["cuts"].toArray(), look);
+    readRows(object["cuts"].toArray(), look.cutPlanes);
+    readRows(object["ways"].toArray(), look.cutWays);
     return entry;
 }
 

@@ -41,6 +41,8 @@ constexpr OtherWords otherWords[] = {
     {"Std_SelectNone", QT_TRANSLATE_NOOP("ShortcutWords", "deselect, clear selection")},
     {"Std_RectangleSelect", QT_TRANSLATE_NOOP("ShortcutWords", "box select, marquee, lasso")},
     {"Std_PickPoint", QT_TRANSLATE_NOOP("ShortcutWords", "coordinates, probe, measure")},
+    {"Std_SaveView",
+     QT_TRANSLATE_NOOP("ShortcutWords", "camera, bookmark, named view, store view")},
     {"Std_FitAll", QT_TRANSLATE_NOOP("ShortcutWords", "zoom to everything, home, reset view")},
     {"Std_FitSelection", QT_TRANSLATE_NOOP("ShortcutWords", "zoom to selection, focus, frame")},
     {"Std_ShowEdges", QT_TRANSLATE_NOOP("ShortcutWords", "wireframe, mesh, triangles")},

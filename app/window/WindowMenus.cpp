@@ -27,6 +27,7 @@ struct Menu
 };
 
 char const* const recentFiles = "recent files";
+char const* const keptViews = "kept views";
 char const* const windowTitle = QT_TRANSLATE_NOOP("WindowMenus", "&Window");
 
 std::vector<Menu> const& menus()
@@ -40,9 +41,26 @@ std::vector<Menu> const& menus()
           "Std_SelectAll", "Std_SelectNone", "Std_InvertSelection", "-", "Std_RectangleSelect",
           "Std_PickPoint", "Std_Measure", "Std_CopyMeasure", "-", "Std_Preferences"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&View"),
-         {"Std_View0", "Std_View1", "Std_View2", "Std_View3", "Std_View4", "Std_View5", "Std_View6",
-          "-", "Std_FitAll", "Std_FitSelection", "-", "Std_Perspective", "Std_Parallel", "-",
-          "Std_ShowEdges", "Std_ShowPlate", "Std_TintParts", "-", "Std_CutView"}},
+         {"Std_View0",
+          "Std_View1",
+          "Std_View2",
+          "Std_View3",
+          "Std_View4",
+          "Std_View5",
+          "Std_View6",
+          keptViews,
+          "-",
+          "Std_FitAll",
+          "Std_FitSelection",
+          "-",
+          "Std_Perspective",
+          "Std_Parallel",
+          "-",
+          "Std_ShowEdges",
+          "Std_ShowPlate",
+          "Std_TintParts",
+          "-",
+          "Std_CutView"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Part"),
          {"Std_Hide",
           "Std_Show",
@@ -197,9 +215,8 @@ void WindowMenus::fillMenu(QMenu& menu, std::vector<char const*> const& entries)
             isSeparated = false;
         } else if (*entry == '#') {
             heading = entry;
-        } else if (entry == recentFiles) {
-            if (m_recentFiles)
-                menu.addMenu(m_recentFiles);
+        } else if (QMenu* const below = submenu(entry)) {
+            menu.addMenu(below);
         } else if (m_manager.getCommandByName(entry)) {
             if (!isSeparated && !menu.isEmpty())
                 menu.addSeparator();
@@ -210,6 +227,14 @@ void WindowMenus::fillMenu(QMenu& menu, std::vector<char const*> const& entries)
             heading = nullptr;
         }
     }
+}
+
+// Null for an entry that is none, or for one that nobody has set.
+QMenu* WindowMenus::submenu(char const* entry) const
+{
+    return entry == recentFiles ? m_recentFiles.data()
+           : entry == keptViews ? m_keptViews.data()
+                                : nullptr;
 }
 
 void WindowMenus::addHeading(QMenu& menu, char const* text)

@@ -29,8 +29,10 @@ public:
     void fill();
     void retranslate();
 
-    /// The submenu of the recent files, borrowed; shown when the menus are filled next.
+    // Submenus, borrowed; shown when the menus are filled next.
+
     void setRecentFiles(QMenu* menu) { m_recentFiles = menu; }
+    void setKeptViews(QMenu* menu) { m_keptViews = menu; }
     /// The tool bars, whose toggles belong into the window menu.
     std::vector<QToolBar*> const& toolBars() const { return m_toolBars; }
     /// The menu to which the window adds its panels; never null after fill().
@@ -46,6 +48,7 @@ private:
     QMenu* addMenu(char const* title);
     void fillMenu(QMenu& menu, std::vector<char const*> const& entries);
     void fillMenus();
+    QMenu* submenu(char const* entry) const;
     void fillToolBar(QToolBar& bar, std::vector<char const*> const& entries);
     void addHeading(QMenu& menu, char const* text);
 
@@ -65,6 +68,7 @@ private:
     QVector<Title> m_titles;
     QVector<Heading> m_headings;
     QPointer<QMenu> m_recentFiles;
+    QPointer<QMenu> m_keptViews;
     QMenu* m_window = nullptr;
     std::vector<QToolBar*> m_toolBars;
 };

@@ -33,6 +33,8 @@ void takeCuts(ProjectObject& taken, Families& families)
     taken.cutFamily = families.try_emplace(memory.family, families.size() + 1).first->second;
     for (Mesh::CutFace const& face : memory.faces)
         taken.cutPlanes.push_back({face.normal[0], face.normal[1], face.normal[2], face.distance});
+    for (UVector3<double> const& way : memory.ways)
+        taken.cutWays.push_back({way[0], way[1], way[2]});
 }
 
 void giveCuts(MeshKernel const& kernel, ProjectObject const& given, Families& families)
@@ -45,6 +47,8 @@ void giveCuts(MeshKernel const& kernel, ProjectObject const& given, Families& fa
     Mesh::CutMemory memory{family->second, {}, {}};
     for (auto const& [x, y, z, distance] : given.cutPlanes)
         memory.faces.push_back({{x, y, z}, distance});
+    for (auto const& [x, y, z] : given.cutWays)
+        memory.ways.emplace_back(x, y, z);
     Mesh::setCutMemoryInRecords(kernel, std::move(memory));
 }
 
@@ -90,6 +94,8 @@ void addProject(Mesh::Document& document, std::vector<ProjectObject> objects)
     Families families;
     std::vector<std::pair<Mesh::DocumentObject*, std::string>> members;
     for (ProjectObject& given : objects) {
+        if (given.kind == ProjectObject::Kind::View)
+            continue;
         std::unique_ptr<Base::DocumentObject> object;
         if (given.kind == ProjectObject::Kind::Group) {
             auto group = std::make_unique<Mesh::DocumentObjectGroup>();

@@ -12,7 +12,7 @@
 /// cost    no geometry is copied
 std::vector<Formats::ProjectObject> projectOf(Mesh::Document const& document);
 
-/// Adds the objects of a project to a document; the kernels become the parts'. Open a transaction
+/// Adds the objects of a project to a document, but for its views; the kernels become the parts'. Open a transaction
 /// around it to make it undoable.
 ///
 /// thread  the user interface thread

@@ -12,13 +12,30 @@
 
 namespace Formats {
 
-/// What a project file holds for one object of a document: a part, or a group of parts.
+/// A camera, in world millimetres.
+struct ProjectCamera
+{
+    /// Unit vectors towards the eye and up on the screen.
+    std::array<double, 3> direction{0, -1, 0};
+    std::array<double, 3> up{0, 0, 1};
+    /// What is in the middle of the picture.
+    std::array<double, 3> middle{};
+    /// Of the picture.
+    double height = 200;
+    bool isPerspective = false;
+
+    bool operator==(ProjectCamera const&) const = default;
+};
+
+/// What a project file holds for one object of a document: a part, or a group of parts; or for a
+/// view that was kept by its name.
 struct ProjectObject
 {
     enum class Kind
     {
         Part,
-        Group
+        Group,
+        View
     };
 
     Kind kind = Kind::Part;
@@ -39,14 +56,18 @@ struct ProjectObject
     /// distance along it. 0 for others.
     unsigned cutFamily = 0;
     std::vector<std::array<double, 4>> cutPlanes;
-    /// Of a part: its records and its placement. Null for a group.
+    /// The ways out of such a part, in the same coordinates: unit vectors.
+    std::vector<std::array<double, 3>> cutWays;
+    /// Of a part: its records and its placement. Null for others.
     std::shared_ptr<MeshKernel> kernel;
+    /// Of a view.
+    ProjectCamera camera;
 };
 
 /// Writes a project: a 3MF package in which every part is an object of its own, with its colour as
 /// a base material and its placement as the transform of its build item, so that other programs
-/// find the parts where they stand. What 3MF has no place for (groups, visibility, identifiers,
-/// the planes of cuts, the order of all objects) is an attachment that other programs pass over. Coordinates and
+/// find the parts where they stand. What 3MF has no place for (groups, views, visibility, identifiers,
+/// the planes and ways of cuts, the order of all objects) is an attachment that other programs pass over. Coordinates and
 /// placements come back bit by bit. The file appears under its name when it is complete, or not at
 /// all. The same objects give the same bytes.
 ///

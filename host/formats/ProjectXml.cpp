@@ -7,6 +7,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 
 namespace Formats {
 namespace {
@@ -43,40 +44,82 @@ std::string numberText(Number number)
     return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
 }
 
-std::string planesText(std::vector<std::array<double, 4>> const& planes)
+template <typename Numbers>
+std::string numbersText(std::vector<Numbers> const& rows)
 {
     std::string text;
-    for (auto const& plane : planes)
-        for (double const number : plane)
+    for (Numbers const& row : rows)
+        for (double const number : row)
             text.append(text.empty() ? "" : " ").append(numberText(number));
     return text;
 }
 
-/// Nothing if it is not as planesText() writes it, with normals of length one.
-std::vector<std::array<double, 4>> planesFrom(std::string const& text)
+/// Nothing if it is not as numbersText() writes it, each row with a vector of length one first.
+template <typename Numbers>
+std::vector<Numbers> vectorsFrom(std::string const& text)
 {
-    std::vector<std::array<double, 4>> planes;
+    std::vector<Numbers> rows;
     char const* next = text.data();
     char const* const end = next + text.size();
     while (next != end) {
-        std::array<double, 4> plane;
-        for (double& number : plane) {
+        Numbers row;
+        for (double& number : row) {
             next += next != end && *next == ' ';
             auto const read = std::from_chars(next, end, number);
             if (read.ec != std::errc() || !std::isfinite(number))
                 return {};
             next = read.ptr;
         }
-        if (!(std::abs(std::hypot(plane[0], plane[1], plane[2]) - 1) < 1e-6))
+        if (!(std::abs(std::hypot(row[0], row[1], row[2]) - 1) < 1e-6))
             return {};
-        planes.push_back(plane);
+        rows.push_back(row);
     }
-    return planes;
+    return rows;
+}
+
+/// Direction, up, middle, height, and 1 for a perspective or 0.
+using CameraNumbers = std::array<double, 11>;
+
+CameraNumbers numbersOf(ProjectCamera const& camera)
+{
+    auto const& [direction, up, middle, height, isPerspective] = camera;
+    return {direction[0],
+            direction[1],
+            direction[2],
+            up[0],
+            up[1],
+            up[2],
+            middle[0],
+            middle[1],
+            middle[2],
+            height,
+            isPerspective ? 1.0 : 0.0};
+}
+
+/// Nothing for what no camera can be.
+std::optional<ProjectCamera> cameraFrom(std::string const& text)
+{
+    auto const rows = vectorsFrom<CameraNumbers>(text);
+    if (rows.size() != 1)
+        return {};
+    auto const& n = rows.front();
+    ProjectCamera const camera{
+        {n[0], n[1], n[2]}, {n[3], n[4], n[5]}, {n[6], n[7], n[8]}, n[9], n[10] != 0};
+    bool const isUnit = std::abs(std::hypot(n[3], n[4], n[5]) - 1) < 1e-6;
+    return isUnit && camera.height > 0 ? std::optional(camera) : std::nullopt;
+}
+
+std::string viewText(ProjectObject const& view)
+{
+    return " <view" + attribute("name", view.name) +
+           attribute("camera", numbersText(std::vector{numbersOf(view.camera)})) + "/>\n";
 }
 
 std::string elementText(ProjectEntry const& entry)
 {
     ProjectObject const& object = entry.object;
+    if (object.kind == ProjectObject::Kind::View)
+        return viewText(object);
     std::string text = object.kind == ProjectObject::Kind::Group ? " <group" : " <part";
     text += attribute("uuid", object.uuid) + attribute("name", object.name) +
             attribute("item", entry.item) + attribute("group", object.groupUuid) +
@@ -91,7 +134,8 @@ std::string elementText(ProjectEntry const& entry)
         text += attribute("color", hexText(object.color));
     if (object.cutFamily != 0)
         text += attribute("family", numberText(object.cutFamily)) +
-                attribute("cuts", planesText(object.cutPlanes));
+                attribute("cuts", numbersText(object.cutPlanes)) +
+                attribute("ways", numbersText(object.cutWays));
     return text + "/>\n";
 }
 
@@ -118,9 +162,22 @@ ProjectEntry entryFrom(QXmlStreamAttributes const& attributes, ProjectObject::Ki
     std::from_chars(color.data(), color.data() + color.size(), object.color, 16);
     std::string const family = textOf(attributes, "family");
     std::from_chars(family.data(), family.data() + family.size(), object.cutFamily);
-    if (object.cutFamily != 0)
-        object.cutPlanes = planesFrom(textOf(attributes, "cuts"));
+    if (object.cutFamily != 0) {
+        object.cutPlanes = vectorsFrom<std::array<double, 4>>(textOf(attributes, "cuts"));
+        object.cutWays = vectorsFrom<std::array<double, 3>>(textOf(attributes, "ways"));
+    }
     return entry;
+}
+
+void appendView(std::vector<ProjectEntry>& entries, QXmlStreamAttributes const& attributes)
+{
+    auto const camera = cameraFrom(textOf(attributes, "camera"));
+    if (!camera)
+        return;
+    ProjectObject& view = entries.emplace_back().object;
+    view.kind = ProjectObject::Kind::View;
+    view.name = textOf(attributes, "name");
+    view.camera = *camera;
 }
 
 void requireVersion(QXmlStreamAttributes const& attributes, std::filesystem::path const& path)
@@ -186,6 +243,8 @@ std::vector<ProjectEntry> parseProjectXml(std::string const& text,
             entries.push_back(entryFrom(reader.attributes(), ProjectObject::Kind::Part));
         else if (reader.name() == QLatin1String("group"))
             entries.push_back(entryFrom(reader.attributes(), ProjectObject::Kind::Group));
+        else if (reader.name() == QLatin1String("view"))
+            appendView(entries, reader.attributes());
     }
     if (reader.hasError())
         throw FileError(path, FileError::tr("its list of objects, %1, is damaged in line %2: %3")

@@ -11,14 +11,14 @@ inline constexpr char modelEntryName[] = "3D/3dmodel.model";
 inline constexpr char projectRelationship[] = "urn:orbe:relationships:project";
 
 /// A project's object, with the identifier of the build item that holds its geometry; empty for a
-/// group and for a part without triangles.
+/// group, for a view and for a part without triangles.
 struct ProjectEntry
 {
     ProjectObject object;
     std::string item;
 };
 
-/// The objects of a project, after the kernels have been found for the items: groups, parts with a
+/// The objects of a project, after the kernels have been found for the items: groups, views, parts with a
 /// kernel, and the parts that have no triangles, which get an empty one.
 std::vector<ProjectObject> completeObjects(std::vector<ProjectEntry> entries);
 

@@ -2214,6 +2214,94 @@
 <context>
     <name>HostCommand</name>
     <message>
+        <source>&amp;Keep This View...</source>
+        <translation>Ansicht &amp;merken...</translation>
+    </message>
+    <message>
+        <source>Keep where you look from by a name, with the project.</source>
+        <translation>Merken, von wo Sie blicken, unter einem Namen und mit dem Projekt.</translation>
+    </message>
+    <message>
+        <source>There are nine views: remove one first.</source>
+        <translation>Es gibt neun Ansichten: zuerst eine entfernen.</translation>
+    </message>
+    <message>
+        <source>Keep This View</source>
+        <translation>Ansicht merken</translation>
+    </message>
+    <message>
+        <source>Name of the view:</source>
+        <translation>Name der Ansicht:</translation>
+    </message>
+    <message>
+        <source>&amp;Remove a View...</source>
+        <translation>Ansicht &amp;entfernen...</translation>
+    </message>
+    <message>
+        <source>Forget a view that was kept.</source>
+        <translation>Eine gemerkte Ansicht vergessen.</translation>
+    </message>
+    <message>
+        <source>No view was kept.</source>
+        <translation>Es ist keine Ansicht gemerkt.</translation>
+    </message>
+    <message>
+        <source>Remove a View</source>
+        <translation>Ansicht entfernen</translation>
+    </message>
+    <message>
+        <source>View to remove:</source>
+        <translation>Zu entfernende Ansicht:</translation>
+    </message>
+    <message>
+        <source>Look from where you kept a view.</source>
+        <translation>Wieder von dort blicken, wo eine Ansicht gemerkt wurde.</translation>
+    </message>
+    <message>
+        <source>So many views were not kept yet.</source>
+        <translation>So viele Ansichten sind noch nicht gemerkt.</translation>
+    </message>
+    <message>
+        <source>&amp;Kept Views</source>
+        <translation>&amp;Gemerkte Ansichten</translation>
+    </message>
+    <message>
+        <source>Kept View 1</source>
+        <translation>Gemerkte Ansicht 1</translation>
+    </message>
+    <message>
+        <source>Kept View 2</source>
+        <translation>Gemerkte Ansicht 2</translation>
+    </message>
+    <message>
+        <source>Kept View 3</source>
+        <translation>Gemerkte Ansicht 3</translation>
+    </message>
+    <message>
+        <source>Kept View 4</source>
+        <translation>Gemerkte Ansicht 4</translation>
+    </message>
+    <message>
+        <source>Kept View 5</source>
+        <translation>Gemerkte Ansicht 5</translation>
+    </message>
+    <message>
+        <source>Kept View 6</source>
+        <translation>Gemerkte Ansicht 6</translation>
+    </message>
+    <message>
+        <source>Kept View 7</source>
+        <translation>Gemerkte Ansicht 7</translation>
+    </message>
+    <message>
+        <source>Kept View 8</source>
+        <translation>Gemerkte Ansicht 8</translation>
+    </message>
+    <message>
+        <source>Kept View 9</source>
+        <translation>Gemerkte Ansicht 9</translation>
+    </message>
+    <message>
         <source>&amp;Undo</source>
         <translation>&amp;Rückgängig</translation>
     </message>
@@ -3966,6 +4054,13 @@
     </message>
 </context>
 <context>
+    <name>SavedViews</name>
+    <message>
+        <source>View %1</source>
+        <translation>Ansicht %1</translation>
+    </message>
+</context>
+<context>
     <name>ScaleFields</name>
     <message>
         <source>Keep proportions</source>
@@ -4834,6 +4929,10 @@
     <message>
         <source>save as STL, write, convert</source>
         <translation>als STL speichern, schreiben, umwandeln</translation>
+    </message>
+    <message>
+        <source>camera, bookmark, named view, store view</source>
+        <translation>Kamera, Lesezeichen, benannte Ansicht, Ansicht speichern</translation>
     </message>
     <message>
         <source>take back, revert, step back</source>

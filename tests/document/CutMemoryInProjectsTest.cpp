@@ -29,6 +29,9 @@ protected:
         Mesh::DocumentObject* const a = test.add(box(8, 8, 4), "a");
         Mesh::DocumentObject* const b = test.add(box(8, 8, 4, {0, 0, 4}), "b");
         Mesh::rememberCut(*other, {{0, 0, 1}, 4}, *a, *b);
+        Mesh::DocumentObject* const plug = test.add(box(2, 2, 8, {3, 3, 0}), "plug");
+        Mesh::rememberShapeCut(*a, {0.36, 0.48, 0.8}, *plug, *a);
+        plug->loadMatrix(UMatrix4<float>(turned));
         test.document->removeObject(bar);
         test.document->removeObject(other);
         test.add(box(1, 1, 1), "plain");
@@ -61,8 +64,12 @@ TEST_F(CutMemoryInProjects, PlanesComeBackToTheBit)
             EXPECT_EQ(found.faces[j].normal, expected.faces[j].normal);
             EXPECT_EQ(found.faces[j].distance, expected.faces[j].distance);
         }
+        EXPECT_EQ(found.ways, expected.ways) << before[i]->getName();
     }
     EXPECT_EQ(Mesh::cutMemoryOf(*all[before.size()]).faces.size(), 2u);
+    // The plug, and what it came out of.
+    EXPECT_EQ(Mesh::cutMemoryOf(*all[2 * before.size() - 2]).ways.size(), 1u);
+    EXPECT_EQ(Mesh::cutMemoryOf(*all[before.size() + 2]).ways.size(), 1u);
 }
 
 TEST_F(CutMemoryInProjects, FamiliesStayApart)
@@ -72,14 +79,15 @@ TEST_F(CutMemoryInProjects, FamiliesStayApart)
     std::vector<unsigned> families;
     for (Mesh::DocumentObject const* const part : test.document->getMeshObjects())
         families.push_back(Mesh::cutMemoryOf(*part).family);
-    // left, right, a, b, plain; saved again with what was read before.
-    ASSERT_GE(families.size(), 15u);
-    EXPECT_EQ(families[5], families[6]);
-    EXPECT_EQ(families[7], families[8]);
-    EXPECT_EQ(families[9], 0u);
-    EXPECT_NE(families[5], families[7]);
-    EXPECT_NE(families[5], families[0]);
-    EXPECT_NE(families[10], families[5]);
+    // left, right, a, b, plug, plain; saved again with what was read before.
+    ASSERT_GE(families.size(), 18u);
+    EXPECT_EQ(families[6], families[7]);
+    EXPECT_EQ(families[8], families[9]);
+    EXPECT_EQ(families[8], families[10]);
+    EXPECT_EQ(families[11], 0u);
+    EXPECT_NE(families[6], families[8]);
+    EXPECT_NE(families[6], families[0]);
+    EXPECT_NE(families[12], families[6]);
 }
 
 TEST_F(CutMemoryInProjects, WhatCannotBeMeantIsPassedOver)
