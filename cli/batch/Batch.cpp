@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Cancel.h"
 #include "cli/ExitStatus.h"
 #include "cli/SubCommands.h"
 #include "cli/batch/BatchRun.h"
@@ -16,8 +17,10 @@ namespace {
 
 std::string textOf(std::string const& list)
 {
-    if (list == "-")
+    if (list == standardStream) {
+        Cancel::AtOnce const waiting;
         return {std::istreambuf_iterator<char>(std::cin), {}};
+    }
     std::ifstream file(list, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(file), {}};
     if (!file)

@@ -212,3 +212,15 @@ TEST(FreecutBatchCancel, EndsTheJobsThatRunAndKeepsWhatWasDone)
             .errors,
         HasSubstr("1 of them in runs before"));
 }
+
+TEST(FreecutBatchCancel, WaitingForTheListEndsAtOnce)
+{
+    FreecutFolder const folder;
+    QProcess process;
+    folder.prepare(process, {"batch", "-"});
+    process.start();
+    ASSERT_TRUE(waitUntilInterruptible(process));
+    process.terminate();
+    process.waitForFinished(-1);
+    EXPECT_EQ(process.exitCode(), 143);
+}
