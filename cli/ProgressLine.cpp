@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr char const* wipeLine = "\r\x1b[K";
 constexpr auto refreshPeriod = std::chrono::milliseconds(100);
 
 }  // namespace

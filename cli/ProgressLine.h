@@ -6,6 +6,9 @@
 #include <chrono>
 #include <mutex>
 
+/// Goes back to the beginning of a terminal's line, and empties it.
+inline constexpr char const* wipeLine = "\r\x1b[K";
+
 /// Shows what runs, with percentage and elapsed time, in one line of standard error that is wiped
 /// out at the end. It renews the line ten times a second, counted over all operations, so that many
 /// short ones are seen too. It also hands the user's cancel to the operation that runs, visible or

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr char const* wipeLine = "\r\x1b[K";
 constexpr double refreshSeconds = 0.1;
 /// Before, the first jobs say too little of the others.
 constexpr double secondsBeforeAnEstimate = 2;

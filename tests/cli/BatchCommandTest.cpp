@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/cli/FolderContent.h"
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -38,13 +39,7 @@ public:
         return run(options);
     }
 
-    std::string pieces() const
-    {
-        std::string all;
-        for (std::string const& name : files("pieces"))
-            all += name + '\n' + read("pieces/" + name);
-        return all;
-    }
+    std::string pieces() const { return contentOf(*this, "pieces"); }
 };
 
 std::vector<Json> resultsIn(std::string const& text)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/cli/FolderContent.h"
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
 
@@ -41,13 +42,7 @@ public:
         return options;
     }
 
-    std::string pieces() const
-    {
-        std::string all;
-        for (std::string const& name : files("pieces"))
-            all += name + '\n' + read("pieces/" + name);
-        return all;
-    }
+    std::string pieces() const { return contentOf(*this, "pieces"); }
 
     /// Each result that is remembered speaks of pieces that are there as a whole.
     void expectOnlyWhatWasDone() const

@@ -3,6 +3,7 @@
 #include "host/services/TrianglePair.h"
 #include "host/services/boolean/RoundingCrossings.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/OneOperand.h"
 #include "tests/support/RandomSolids.h"
 #include "tests/support/Rounds.h"
 
@@ -16,16 +17,6 @@ namespace {
 using Pairs = std::vector<RoundingCrossings::Pair>;
 
 std::function<void(int)> const nobody;
-
-OperandSoup operandOf(Soup const& soup)
-{
-    OperandSoup operand;
-    operand.mesh.points = soup.points;
-    operand.mesh.triangles = soup.triangles;
-    operand.firstPointOfSecond = operand.pointCount();
-    operand.firstTriangleOfSecond = operand.triangleCount();
-    return operand;
-}
 
 /// What a search through all pairs finds, if one of both has a point that was moved.
 Pairs allPairs(Soup const& soup, std::vector<bool> const& isMoved)

@@ -4,6 +4,7 @@
 #include "platform/services/Repair.h"
 #include "tests/services/BoxUnderATip.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/OneOperand.h"
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
@@ -16,16 +17,6 @@ using Point = UPoint3<float>;
 using Pieces = std::vector<std::vector<PieceTriangle>>;
 
 std::function<void(int)> const nobody;
-
-OperandSoup operandOf(Soup const& soup)
-{
-    OperandSoup operand;
-    operand.mesh.points = soup.points;
-    operand.mesh.triangles = soup.triangles;
-    operand.firstPointOfSecond = operand.pointCount();
-    operand.firstTriangleOfSecond = operand.triangleCount();
-    return operand;
-}
 
 /// All triangles of a soup.
 std::vector<PieceTriangle> wholeOf(Soup const& soup)

@@ -218,8 +218,7 @@ TEST(SideLabels, AgreeWhereTheToolHasFinsOfNoThickness)
     }
 }
 
-// A triangle of one shell may lie on two of another between which no curve runs: which of the
-// shells speaks for the side must not change from one to the other.
+// A triangle of one shell may lie on two of another between which no curve runs.
 TEST(SideLabels, AgreeWhereShellsOfTheToolHaveSidesInOnePlane)
 {
     std::mt19937 random(3);
