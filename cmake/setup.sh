@@ -53,9 +53,17 @@ log_build() {
     [[ -z $is_terminal ]] || printf '\r\033[K' >&2
 }
 
+# What a compiler cache, where there is one, needs to know a file again in a checkout elsewhere or built from
+# another terminal: it keeps the compiler's messages too, and their language.
+share_compiler_cache() {
+    export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$root} CCACHE_NOHASHDIR=1 LANG=C.UTF-8
+    unset LC_ALL LC_CTYPE LC_MESSAGES
+}
+
 # build PRESET TARGET...
 # Two compilers at a time, since each may need more than a gigabyte.
 build() {
+    share_compiler_cache
     local preset=$1 folder=$root/build/$1
     shift
     mkdir -p "$folder"
