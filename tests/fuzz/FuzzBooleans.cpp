@@ -3,9 +3,11 @@
 // not, then all operations on random broken parts, and judges every result; then reads spoilt
 // files:
 //
-//     test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1]
+//     test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1] [--tell S]
 //               [--kind solids|broken|small|files] [--operation NAME] [--inverted 1]
 //
+// What has been done is told every minute, or every --tell seconds, and at the end, which SIGTERM
+// and SIGINT bring about after the seed that runs.
 // Without --kind each has a fourth of the time. Small are booleans of parts of some tens of
 // triangles, hundreds or thousands in a second. With --exact 1 it judges the exact combination,
 // which the operations fall back to. --operation takes one of the operations on broken parts only,
@@ -18,6 +20,7 @@
 #include "tests/fuzz/BrokenRuns.h"
 #include "tests/fuzz/FileRuns.h"
 #include "tests/fuzz/FuzzFiles.h"
+#include "tests/fuzz/FuzzProgress.h"
 #include "tests/fuzz/FuzzSolids.h"
 #include "tests/fuzz/SmallRuns.h"
 #include "tests/support/BooleanRuns.h"
@@ -47,6 +50,7 @@ struct Options
     unsigned failures = 20;
     unsigned exact = 0;
     unsigned inverted = 0;
+    unsigned tell = 60;
     std::string kind;
     std::string operation;
 };
@@ -63,7 +67,8 @@ bool readOption(char const* name, char const* value, Options& options)
     for (auto const& [option, number] :
          {std::pair("--seconds", &options.seconds), std::pair("--seed", &options.seed),
           std::pair("--runs", &options.runs), std::pair("--failures", &options.failures),
-          std::pair("--exact", &options.exact), std::pair("--inverted", &options.inverted)})
+          std::pair("--exact", &options.exact), std::pair("--inverted", &options.inverted),
+          std::pair("--tell", &options.tell)})
         if (std::strcmp(name, option) == 0)
             return readNumber(value, *number);
     if (std::strcmp(name, "--operation") == 0)
@@ -183,20 +188,22 @@ extern "C" void tellSeed(int signal)
     std::raise(signal);
 }
 
-/// Runs seed after seed until time, runs or failures are used up; returns the failures.
+/// Runs seed after seed until time, runs or failures are used up or a signal comes; returns the
+/// failures.
 template <typename Runs>
 unsigned repeat(char const* kind, Runs& runs, Options const& options, unsigned seconds)
 {
     auto const end = Clock::now() + std::chrono::seconds(seconds);
-    unsigned done = 0, failures = 0;
-    while (done < options.runs && Clock::now() < end && failures < options.failures) {
-        unsigned const seed = options.seed + done++;
+    FuzzProgress progress(kind, options.seed, std::chrono::seconds(options.tell));
+    while (progress.seeds() < options.runs && Clock::now() < end &&
+           progress.failures() < options.failures && !isFuzzEndedBySignal()) {
+        unsigned const seed = progress.nextSeed();
         currentSeed = std::sig_atomic_t(seed);
-        failures += !runs.run(seed);
+        bool const isRight = runs.run(seed);
+        progress.count(isRight, runs.operations());
     }
-    std::printf("%s: %lu operations in %u runs from seed %u, %u failures; go on with --seed %u\n",
-                kind, runs.operations(), done, options.seed, failures, options.seed + done);
-    return failures;
+    progress.tell();
+    return progress.failures();
 }
 
 }  // namespace
@@ -207,12 +214,13 @@ int main(int argc, char** argv)
     if (!readOptions(argc, argv, options)) {
         std::fputs(
             "usage: test_fuzz [--seconds S] [--seed N] [--runs R] [--failures F] [--exact 1] "
-            "[--kind solids|broken|small|files] [--operation NAME] [--inverted 1]\n",
+            "[--tell S] [--kind solids|broken|small|files] [--operation NAME] [--inverted 1]\n",
             stderr);
         return 2;
     }
     for (int const signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS})
         std::signal(signal, tellSeed);
+    endFuzzBySignals();
     unsigned const seconds = options.kind.empty() ? options.seconds / 4 : options.seconds;
     unsigned failures = 0;
     auto const isAskedFor = [&](char const* kind) {
