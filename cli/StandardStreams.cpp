@@ -26,10 +26,13 @@ void awaitInput()
 {
     pollfd input{STDIN_FILENO, POLLIN, 0};
     constexpr int patienceMs = 50;
+    int ready = 0;
     do {
         if (Cancel::isRequested())
             throw Mell::AbortException("Aborting...");
-    } while (poll(&input, 1, patienceMs) == 0);
+        ready = poll(&input, 1, patienceMs);
+        // Reading would be taken up again after the signal that has ended the wait.
+    } while (ready == 0 || (ready < 0 && errno == EINTR));
 }
 
 std::size_t readInput(std::string& block)

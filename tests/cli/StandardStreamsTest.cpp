@@ -87,8 +87,13 @@ TEST(FreecutStandardInput, WaitingForItCanBeCancelled)
     Piped const folder;
     QProcess process;
     folder.start(process, {"info", "-"});
-    ASSERT_TRUE(waitUntilInterruptible(process));
+    // The file that takes the input is made before it is waited for.
+    while (folder.files("scratch").empty())
+        ASSERT_FALSE(process.waitForFinished(5));
+    process.waitForFinished(120);
     process.terminate();
+    EXPECT_TRUE(process.waitForFinished(60'000));
+    process.kill();
     process.waitForFinished(-1);
     EXPECT_EQ(process.exitCode(), 143);
     EXPECT_THAT(folder.files("scratch"), IsEmpty());
