@@ -17,6 +17,8 @@ using Vector = UVector3<double>;
 constexpr double parallelDegrees = 0.01;
 /// Of the size of the coordinates: nearer than this a ray has not left its own face.
 constexpr double ownFace = 1e-6;
+/// Some microseconds of work.
+constexpr std::size_t trianglesBetweenQuestions = 1000;
 
 /// Corners in the world.
 class Corners
@@ -95,7 +97,8 @@ UVector3<double> outwardNormal(UMatrix4<float> const& placement, UTriangle<float
     return length > 0 ? normal * (1 / length) : Vector();
 }
 
-std::optional<double> wallThickness(MeshKernel const& part, SurfacePoint const& at)
+std::optional<double> wallThickness(MeshKernel const& part, SurfacePoint const& at,
+                                    std::stop_token const& unwanted)
 {
     Vector const inward = -at.normal;
     if (inward.GetLength() == 0)
@@ -105,7 +108,14 @@ std::optional<double> wallThickness(MeshKernel const& part, SurfacePoint const& 
     Corners const world(part.getMatrix());
     double const sense = part.getMatrix().linearDeterminant() < 0 ? -1 : 1;
     std::optional<double> least;
-    for (UTriangle<float> const* const triangle : part.readMesh()->triangles) {
+    std::size_t untilAsked = 0;
+    auto const mesh = part.readMesh();
+    for (UTriangle<float> const* const triangle : mesh->triangles) {
+        if (untilAsked-- == 0) {
+            if (unwanted.stop_requested())
+                break;
+            untilAsked = trianglesBetweenQuestions;
+        }
         auto const corners = world.of(*triangle);
         auto const way = passage(at.point, inward, corners);
         if (!way || *way < ownFace * size || (least && *way >= *least))

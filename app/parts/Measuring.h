@@ -5,6 +5,7 @@
 #include "platform/mesh/MeshKernel.h"
 
 #include <optional>
+#include <stop_token>
 
 /// What can be measured at places on the surfaces of parts, in world millimetres and degrees.
 namespace Measuring {
@@ -35,7 +36,9 @@ UVector3<double> outwardNormal(UMatrix4<float> const& placement, UTriangle<float
 /// How far it is from a point on a part's surface, straight into the part, to where the surface is
 /// left again; none where it is not, as the part is open there.
 ///
-/// cost  one pass over the triangles
-std::optional<double> wallThickness(MeshKernel const& part, SurfacePoint const& at);
+/// unwanted  gives the pass up, with what has been found until then
+/// cost      one pass over the triangles
+std::optional<double> wallThickness(MeshKernel const& part, SurfacePoint const& at,
+                                    std::stop_token const& unwanted = {});
 
 }  // namespace Measuring

@@ -90,8 +90,9 @@ std::string MeasureTool::getClassName() const
 
 void MeasureTool::initialize()
 {
-    QObject::connect(&m_probe, &WallProbe::found, &m_probe,
-                     [this](bool hasWall, double thickness) { showHovered(hasWall, thickness); });
+    QObject::connect(&m_probe, &WallProbe::found, &m_probe, [this](bool hasWall, double thickness) {
+        enterWall(hasWall ? std::optional(thickness) : std::nullopt);
+    });
     QObject::connect(&m_surroundings, &SurroundingsProbe::found, &m_surroundings,
                      [this] { show(); });
     if (Base::Document* const document = m_view->getDocument()) {
@@ -155,16 +156,16 @@ void MeasureTool::take(QPoint position)
     place.point = {point.X(), point.Y(), point.Z()};
     place.normal = Measuring::outwardNormal(pick.part->getMatrix(), *pick.triangle);
     m_places.push_back(place);
-    m_probe.forget();
     // A corner is meant by itself.
     if (!corner)
         m_surroundings.ask(int(m_places.size()) - 1, *pick.part->meshProperty->getMesh(), place,
                            edgeReachPixels * millimetresPerPixel());
+    m_probe.forget();
+    m_wall.clear();
     // From the point under the mouse: through a corner there is no wall.
-    SurfacePoint const under{{pick.point.X(), pick.point.Y(), pick.point.Z()}, place.normal};
-    m_thickness = m_places.size() == 1
-                      ? Measuring::wallThickness(*pick.part->meshProperty->getMesh(), under)
-                      : std::nullopt;
+    if (m_places.size() == 1)
+        m_probe.ask(*pick.part->meshProperty->getMesh(),
+                    {{pick.point.X(), pick.point.Y(), pick.point.Z()}, place.normal});
     show();
 }
 
@@ -185,9 +186,17 @@ void MeasureTool::hover(QPoint position)
     m_probe.ask(*pick.part->meshProperty->getMesh(), under);
 }
 
-void MeasureTool::showHovered(bool hasWall, double thickness)
+void MeasureTool::enterWall(std::optional<double> const& thickness)
 {
-    showText({MeasuredText::wall(hasWall ? std::optional(thickness) : std::nullopt)});
+    if (m_places.empty())
+        return showHovered(thickness);
+    m_wall = MeasuredText::wall(thickness);
+    show();
+}
+
+void MeasureTool::showHovered(std::optional<double> const& thickness)
+{
+    showText({MeasuredText::wall(thickness)});
     m_label->putBeside(m_hovered);
 }
 
@@ -212,7 +221,8 @@ void MeasureTool::show()
 {
     QStringList lines;
     if (m_places.size() == 1) {
-        lines << MeasuredText::wall(m_thickness);
+        if (!m_wall.isEmpty())
+            lines << m_wall;
         if (auto const* const around = m_surroundings.at(0))
             lines << MeasuredText::of(*around);
     } else {
@@ -230,7 +240,7 @@ void MeasureTool::showText(QStringList const& lines)
     if (!m_label)
         m_label = new OverlayLabel(*m_view, "Measure");
     m_label->setText(m_text);
-    m_label->show();
+    m_label->setVisible(!m_text.isEmpty());
 }
 
 void MeasureTool::draw()

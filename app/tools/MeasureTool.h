@@ -20,11 +20,11 @@ class DocumentObject;
 }
 
 /// Measures on parts. While the mouse rests or moves over a part and nothing is clicked yet, the
-/// wall thickness there is told, worked out in the background. A click tells the wall thickness under the mouse, the length of
-/// the edge near it and the area of the face; a second one the distance of the two places, or of what
-/// was picked there, and the angle of faces or edges; the next begins anew. Near a corner of the
-/// triangle under the mouse the corner is taken. Ctrl+C copies what is
-/// shown. A change of the document takes it away.
+/// wall thickness there is told. A click tells the wall thickness under the mouse, the length of the
+/// edge near it and the area of the face; a second one the distance of the two places, or of what was
+/// picked there, and the angle of faces or edges; the next begins anew. Near a corner of the triangle
+/// under the mouse the corner is taken. Walls, edges and faces are found in the background and told
+/// when they are known. Ctrl+C copies what is shown. A change of the document takes it away.
 class MeasureTool : public Base::AbstractMouseSelection,
                     public sigslot::has_slots<sigslot::single_threaded>
 {
@@ -55,7 +55,8 @@ private:
     void clear();
     void show();
     void hover(QPoint position);
-    void showHovered(bool hasWall, double thickness);
+    void enterWall(std::optional<double> const& thickness);
+    void showHovered(std::optional<double> const& thickness);
     void showText(QStringList const& lines);
     double millimetresPerPixel() const;
     void drawSurroundings() const;
@@ -65,7 +66,8 @@ private:
     bool m_isPressed = false;
     QPoint m_press;
     std::vector<Measuring::SurfacePoint> m_places;
-    std::optional<double> m_thickness;
+    /// Of the wall at the first place, once it is known.
+    QString m_wall;
     QString m_text;
     QPointer<OverlayLabel> m_label;
     WallProbe m_probe;

@@ -10,22 +10,29 @@ WallProbe::WallProbe()
 
 WallProbe::~WallProbe()
 {
-    m_thread.clear();
+    forget();
     m_thread.waitForDone();
 }
 
 void WallProbe::ask(MeshKernel const& part, Measuring::SurfacePoint const& at)
 {
-    m_thread.clear();
-    int const number = ++m_number;
-    m_thread.start([this, number, at, kernel = std::make_shared<MeshKernel const>(part)] {
-        auto const thickness = Measuring::wallThickness(*kernel, at);
+    forget();
+    m_thread.start([this, unwanted = m_unwanted.get_token(), at,
+                    kernel = std::make_shared<MeshKernel const>(part)] {
+        auto const thickness = Measuring::wallThickness(*kernel, at, unwanted);
         QMetaObject::invokeMethod(
             this,
-            [this, number, thickness] {
-                if (number == m_number)
+            [this, unwanted, thickness] {
+                if (!unwanted.stop_requested())
                     emit found(thickness.has_value(), thickness.value_or(0));
             },
             Qt::QueuedConnection);
     });
+}
+
+void WallProbe::forget()
+{
+    m_unwanted.request_stop();
+    m_unwanted = std::stop_source();
+    m_thread.clear();
 }

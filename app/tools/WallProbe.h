@@ -6,8 +6,10 @@
 #include <QObject>
 #include <QThreadPool>
 
-/// Works out wall thicknesses in the background, one place after the other; only the place asked for
-/// last counts.
+#include <stop_token>
+
+/// Works out wall thicknesses in the background; only the place asked for last counts, and work on
+/// any other is given up.
 ///
 /// thread  the user interface thread
 class WallProbe : public QObject
@@ -16,18 +18,17 @@ class WallProbe : public QObject
 
 public:
     WallProbe();
-    /// Waits for the place at which the thread is.
     ~WallProbe() override;
 
     void ask(MeshKernel const& part, Measuring::SurfacePoint const& at);
     /// What has been asked is not wanted any more.
-    void forget() { ++m_number; }
+    void forget();
 
 signals:
     /// hasWall  false where the part is open behind the place
     void found(bool hasWall, double thickness);
 
 private:
-    int m_number = 0;
+    std::stop_source m_unwanted;
     QThreadPool m_thread;
 };

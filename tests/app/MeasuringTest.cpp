@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/parts/Surroundings.h"
 #include "app/tools/MeasureTool.h"
+#include "app/tools/WallProbe.h"
 #include "app/window/ToolHint.h"
 #include "platform/view/AbstractMouseSelection.h"
 #include "platform/view/NavigationStyle.h"
@@ -9,6 +10,7 @@
 
 #include <QClipboard>
 #include <QLabel>
+#include <QMouseEvent>
 
 #include <numbers>
 
@@ -46,10 +48,23 @@ protected:
     {
         return waitUntil([&] { return shown().split('\n').contains(line); });
     }
-    QString shown() const
+    QString shown() const { return tool().text(); }
+    MeasureTool& tool() const
     {
-        return static_cast<MeasureTool const*>(view().navigationStyle()->mouseModel())->text();
+        return static_cast<MeasureTool&>(*view().navigationStyle()->mouseModel());
     }
+    /// A click after which nothing from the background has come yet.
+    void clickWithoutEvents(UPoint3<float> const& world) const
+    {
+        QPoint position;
+        view().getWidgetcoordFromWCS(world, position.rx(), position.ry());
+        QMouseEvent press(QEvent::MouseButtonPress, position, Qt::LeftButton, Qt::LeftButton, {});
+        tool().mousePressEvent(&press);
+        QMouseEvent release(QEvent::MouseButtonRelease, position, Qt::LeftButton, {}, {});
+        tool().mouseReleaseEvent(&release);
+    }
+    /// Long after whatever is found in the background has come.
+    static void waitForAll() { QTest::qWait(200); }
 
     Mesh::DocumentObject* part = nullptr;
 };
@@ -100,6 +115,7 @@ TEST_F(MeasuringByHand, OneClickTellsTheWallAndTwoTheDistance)
 {
     EXPECT_TRUE(toolHint("MeasureTool", commands()).startsWith("Click on a part"));
     click({7, 0, 13});
+    EXPECT_TRUE(tells("Wall thickness: 30.000 mm")) << qPrintable(shown());
     EXPECT_TRUE(tells("Area of the face: 8.00 cm\u00b2")) << qPrintable(shown());
     EXPECT_EQ(shown(), "Wall thickness: 30.000 mm\nArea of the face: 8.00 cm\u00b2");
     // Near the corners they are taken themselves.
@@ -115,7 +131,7 @@ TEST_F(MeasuringByHand, OneClickTellsTheWallAndTwoTheDistance)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), shown());
     // The next click begins anew, one beside the parts ends it.
     click({7, 0, 13});
-    EXPECT_TRUE(shown().startsWith("Wall thickness: 30.000 mm")) << qPrintable(shown());
+    EXPECT_TRUE(tells("Wall thickness: 30.000 mm")) << qPrintable(shown());
     MouseInWindow(*window).click(view(), {4, view().height() - 4});
     EXPECT_EQ(shown(), "");
     EXPECT_TRUE(test->document->undoNames().empty());
@@ -197,10 +213,60 @@ TEST_F(MeasuringByHand, EdgesAndFacesAreEndsOfADistance)
 TEST_F(MeasuringByHand, WhatHasChangedIsNoLongerShown)
 {
     click({7, 0, 13});
-    EXPECT_FALSE(shown().isEmpty());
+    EXPECT_TRUE(tells("Wall thickness: 30.000 mm"));
     part->translate({1, 0, 0}, 0);
     EXPECT_EQ(shown(), "");
     EXPECT_FALSE(view().findChild<QLabel*>("Measure"));
+}
+
+TEST_F(MeasuringByHand, TheWallOfAClickIsFoundInTheBackground)
+{
+    // The first pick sorts the mesh.
+    click({7, 0, 13});
+    click({12, 0, 20});
+    clickWithoutEvents({7, 0, 13});
+    EXPECT_EQ(shown(), "");
+    EXPECT_TRUE(tells("Wall thickness: 30.000 mm")) << qPrintable(shown());
+    // A second place asks for no wall, and the first one's is not told beside it.
+    click({7, 0, 13});
+    clickWithoutEvents({7, 0, 13});
+    clickWithoutEvents({12, 0, 20});
+    waitForAll();
+    EXPECT_TRUE(shown().startsWith("Distance")) << qPrintable(shown());
+    EXPECT_FALSE(shown().contains("Wall")) << qPrintable(shown());
+}
+
+TEST_F(MeasuringByHand, AWallThatIsFoundTooLateIsNotTold)
+{
+    // Of a part that is no longer as it was.
+    clickWithoutEvents({7, 0, 13});
+    part->translate({1, 0, 0}, 0);
+    waitForAll();
+    EXPECT_EQ(shown(), "");
+    EXPECT_FALSE(view().findChild<QLabel*>("Measure"));
+    // When the tool has been put away.
+    clickWithoutEvents({7, 0, 13});
+    view().stopSelection();
+    waitForAll();
+    EXPECT_FALSE(view().findChild<QLabel*>("Measure"));
+}
+
+TEST(WallProbe, TellsOfThePlaceAskedForLast)
+{
+    auto const block = kernelOf(box(20, 30, 40));
+    WallProbe probe;
+    std::vector<double> told;
+    QObject::connect(&probe, &WallProbe::found, &probe,
+                     [&](bool, double thickness) { told.push_back(thickness); });
+    probe.ask(*block, {{7, 0, 13}, {0, -1, 0}});
+    probe.ask(*block, {{20, 5, 13}, {1, 0, 0}});
+    EXPECT_TRUE(waitUntil([&] { return !told.empty(); }));
+    EXPECT_EQ(told, std::vector<double>{20});
+    probe.ask(*block, {{7, 0, 13}, {0, -1, 0}});
+    probe.forget();
+    probe.ask(*block, {{7, 5, 40}, {0, 0, 1}});
+    EXPECT_TRUE(waitUntil([&] { return told.size() > 1; }));
+    EXPECT_EQ(told, (std::vector<double>{20, 40}));
 }
 
 TEST_F(MeasuringByHand, TheMouseOverAPartTellsItsWallInTheBackground)
@@ -222,7 +288,7 @@ TEST_F(MeasuringByHand, TheMouseOverAPartTellsItsWallInTheBackground)
     // What a click tells stays.
     click({7, 0, 13});
     mouse.moveTo(view(), {4, view().height() - 4});
-    EXPECT_TRUE(shown().startsWith("Wall thickness: 30.000 mm")) << qPrintable(shown());
+    EXPECT_TRUE(tells("Wall thickness: 30.000 mm")) << qPrintable(shown());
     click({12, 0, 20});
     QString const distance = shown();
     EXPECT_TRUE(distance.startsWith("Distance")) << qPrintable(distance);
