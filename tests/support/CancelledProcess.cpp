@@ -43,6 +43,9 @@ pid_t start(std::string const& program, std::vector<std::string> const& argument
         throw std::runtime_error("no process can be started");
     if (process > 0)
         return process;
+    // What a shell starts in the background ignores Ctrl-C, and would until it listens.
+    for (int const number : {SIGINT, SIGTERM, SIGHUP})
+        signal(number, SIG_DFL);
     int const nowhere = open("/dev/null", O_RDWR);
     for (int const stream : {0, 1, 2})
         dup2(nowhere, stream);
