@@ -7,7 +7,16 @@
 #include "host/formats/FileError.h"
 
 #include <cstdio>
+#include <exception>
 #include <new>
+
+namespace {
+
+/// Of what has been thrown without a sentence.
+constexpr char const* unknownFailure =
+    "An unknown error occurred; freecut info --check tells whether the part has errors.";
+
+}  // namespace
 
 Failure failureInFlight()
 {
@@ -26,6 +35,11 @@ Failure failureInFlight()
                 "There is not enough memory; close other programs or cut the parts one at a time."};
     } catch (std::exception const& e) {
         return {EXIT_CUT_FAILED, e.what()};
+    } catch (char const* text) {
+        // A job that has failed throws an empty one.
+        return {EXIT_CUT_FAILED, *text ? text : unknownFailure};
+    } catch (...) {
+        return {EXIT_CUT_FAILED, unknownFailure};
     }
 }
 

@@ -12,7 +12,7 @@ struct Failure
     std::string message;
 };
 
-/// Inside a handler: what the exception in flight means.
+/// Inside a handler: what the exception in flight means, whatever its type.
 Failure failureInFlight();
 
 /// Writes a line to standard error, after the program's name.

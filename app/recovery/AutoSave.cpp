@@ -25,9 +25,12 @@ QString problemOf(std::function<void()> const& work)
         reason = QString::fromUtf8(error.what());
     } catch (std::exception const& error) {
         reason = QString::fromUtf8(error.what());
+    } catch (...) {
+        // Nothing is known but that it failed.
     }
-    return AutoSave::tr("Unsaved changes cannot be kept for recovery; save the project soon.") +
-           ' ' + reason;
+    return (AutoSave::tr("Unsaved changes cannot be kept for recovery; save the project soon.") +
+            ' ' + reason)
+        .trimmed();
 }
 
 }  // namespace

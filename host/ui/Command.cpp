@@ -14,16 +14,16 @@
 #include <QIcon>
 
 #include <exception>
+#include <new>
 
 namespace Base {
 
 namespace {
 
-void showFailure(char const* message)
+void showFailure(QString const& message)
 {
     MellMessageBox::warning(MainWindow::getInstance(),
-                            QCoreApplication::translate("MellCommons", "Attention"),
-                            QString::fromUtf8(message),
+                            QCoreApplication::translate("MellCommons", "Attention"), message,
                             QCoreApplication::translate("MellCommons", "OK"), "", "", 0, -1);
 }
 
@@ -102,9 +102,15 @@ void Command::invoke(int state)
         } catch (Mell::AbortException const&) {
             ConsoleSingleton::Instance().Log("Command Abort.");
         } catch (Mell::Exception const& exception) {
-            showFailure(exception.what());
+            showFailure(QString::fromUtf8(exception.what()));
+        } catch (std::bad_alloc const&) {
+            showFailure(QCoreApplication::translate(
+                "MellCommons",
+                "There is not enough free memory; close other programs and try again."));
         } catch (std::exception const& exception) {
-            showFailure(exception.what());
+            showFailure(QString::fromUtf8(exception.what()));
+        } catch (...) {
+            showFailure(QCoreApplication::translate("MellCommons", "This could not be done."));
         }
     };
     if (Application::Instance)

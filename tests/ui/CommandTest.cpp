@@ -8,6 +8,7 @@
 #include "platform/ui/Command.h"
 #include "platform/ui/CommandManager.h"
 #include "platform/ui/Theme.h"
+#include "tests/support/AnsweredMessages.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,10 @@
 #include <QToolButton>
 #include <QTranslator>
 
+#include <functional>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -47,11 +51,14 @@ public:
         states.push_back(state);
         if (!failure.empty())
             throw Mell::AbortException(failure.c_str());
+        if (work)
+            work();
     }
 
     static inline int alive = 0;
     bool active = true;
     std::string failure;
+    std::function<void()> work;
     std::vector<int> states;
 };
 
@@ -170,6 +177,30 @@ TEST(Command, CancelThatACommandLetsOutIsLogged)
     EXPECT_NO_THROW(command.invoke(0));
     Base::ConsoleSingleton::Instance().setListener({});
     EXPECT_EQ(lines, std::vector<std::string>{"Command Abort."});
+}
+
+TEST(Command, WhateverACommandThrowsIsToldAndEndsItAlone)
+{
+    struct Case
+    {
+        std::function<void()> work;
+        char const* told;
+    };
+    std::vector<Case> const cases{
+        {[] { throw Mell::Exception("Open a part first."); }, "Open a part first."},
+        {[] { throw std::bad_alloc(); },
+         "There is not enough free memory; close other programs and try again."},
+        {[] { throw std::runtime_error("Broken."); }, "Broken."},
+        {[] { throw ""; }, "This could not be done."},
+        {[] { throw 7; }, "This could not be done."},
+    };
+    CmdTurn command;
+    for (Case const& each : cases) {
+        command.work = each.work;
+        AnsweredMessages messages;
+        EXPECT_NO_THROW(command.invoke(0)) << each.told;
+        EXPECT_EQ(messages.texts, QStringList{each.told});
+    }
 }
 
 TEST(Command, PictureFollowsTheTheme)
