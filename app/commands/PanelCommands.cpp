@@ -117,7 +117,7 @@ void registerPlacement(Base::CommandManager& manager)
 {
     manager.addCommand(new PartsCommand(
         "Std_DropToPlate",
-        {QT_TRANSLATE_NOOP("HostCommand", "&Drop to the Plate"),
+        {QT_TRANSLATE_NOOP("HostCommand", "&Drop to Plate"),
          QT_TRANSLATE_NOOP("HostCommand", "Let the selected parts down onto the build plate."),
          "app_drop", "D"},
         [](Mesh::Document& document) {
@@ -125,7 +125,7 @@ void registerPlacement(Base::CommandManager& manager)
         }));
     manager.addCommand(new PartsCommand(
         "Std_CentreOnPlate",
-        {QT_TRANSLATE_NOOP("HostCommand", "&Centre on the Plate"),
+        {QT_TRANSLATE_NOOP("HostCommand", "&Centre on Plate"),
          QT_TRANSLATE_NOOP("HostCommand", "Move the selected parts to the middle of the plate."),
          "app_place"},
         [](Mesh::Document& document) {

@@ -107,7 +107,7 @@ void PartInformation::changeEvent(QEvent* event)
 
 void PartInformation::retranslate()
 {
-    setWindowTitle(tr("Part Information"));
+    setWindowTitle(tr("Information"));
     QStringList const titles{tr("Name"), tr("Triangles"), tr("Size"),   tr("Volume"),
                              tr("Area"), tr("Surface"),   tr("Errors"), tr("Printer")};
     for (int line = 0; line < LineCount; ++line)

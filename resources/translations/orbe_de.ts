@@ -2650,7 +2650,7 @@
         <translation>Farbschema, Sprache, Einheiten und Mausbedienung wählen.</translation>
     </message>
     <message>
-        <source>&amp;Drop to the Plate</source>
+        <source>&amp;Drop to Plate</source>
         <translation>Auf die Platte a&amp;bsetzen</translation>
     </message>
     <message>
@@ -2658,7 +2658,7 @@
         <translation>Die ausgewählten Bauteile auf die Bauplatte absetzen.</translation>
     </message>
     <message>
-        <source>&amp;Centre on the Plate</source>
+        <source>&amp;Centre on Plate</source>
         <translation>Auf der Platte &amp;zentrieren</translation>
     </message>
     <message>
@@ -3128,6 +3128,10 @@
         <source>This could not be found out.</source>
         <translation>Das ließ sich nicht ermitteln.</translation>
     </message>
+    <message>
+        <source>This could not be done.</source>
+        <translation>Das ließ sich nicht ausführen.</translation>
+    </message>
 </context>
 <context>
     <name>MellQuantitySpinBox</name>
@@ -3411,7 +3415,7 @@
 <context>
     <name>PartInformation</name>
     <message>
-        <source>Part Information</source>
+        <source>Information</source>
         <translation>Information</translation>
     </message>
     <message>

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QStyleOption>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -17,6 +18,18 @@
 namespace {
 
 using namespace Freecut;
+
+/// Tells what a tab shows of its text.
+class TabTexts : public QTabBar
+{
+public:
+    static QString shownBy(QTabBar const& tabs, int index)
+    {
+        QStyleOptionTab option;
+        (tabs.*&TabTexts::initStyleOption)(&option, index);
+        return option.text;
+    }
+};
 
 class SmallScreens : public ToolWindow
 {
@@ -145,6 +158,19 @@ TEST_F(SmallScreens, NoFieldIsHiddenByTheScrollBarInEitherLanguage)
             settle();
             removeAllParts();
         }
+}
+
+TEST_F(SmallScreens, TheEnglishTitlesOfPanelsAreWholeAt800Pixels)
+{
+    window->resize(800, 600);
+    settle();
+    takePicture("small-titles");
+    int titles = 0;
+    for (QTabBar const* const tabs :
+         window->findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly))
+        for (int i = 0; tabs->isVisible() && i < tabs->count(); ++i, ++titles)
+            EXPECT_EQ(TabTexts::shownBy(*tabs, i).toStdString(), tabs->tabText(i).toStdString());
+    EXPECT_GT(titles, 2);
 }
 
 // No mouse at all: the plane comes from the live cut view.
