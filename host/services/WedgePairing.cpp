@@ -48,6 +48,18 @@ std::vector<Spoke> spokes(MeshArrays const& mesh, std::span<std::uint32_t const>
     return result;
 }
 
+/// Turns the order so that no wedge reaches from its end to its beginning.
+void beginOutside(std::vector<Spoke>& around)
+{
+    std::ptrdiff_t depth = 0, least = 0, begin = 0;
+    for (std::size_t i = 0; i < around.size(); ++i) {
+        depth += around[i].isForward ? -1 : 1;
+        if (depth < least)
+            least = depth, begin = std::ptrdiff_t(i) + 1;
+    }
+    std::rotate(around.begin(), around.begin() + begin, around.end());
+}
+
 }  // namespace
 
 std::vector<std::pair<std::uint32_t, std::uint32_t>> wedgePairs(
@@ -67,4 +79,35 @@ std::vector<std::pair<std::uint32_t, std::uint32_t>> wedgePairs(
             pairs.emplace_back(around[i].halfEdge, next.halfEdge);
     }
     return pairs;
+}
+
+std::vector<NestedWedge> nestedWedges(MeshArrays const& mesh,
+                                      std::span<std::uint32_t const> halfEdges)
+{
+    std::vector<Spoke> around = spokes(mesh, halfEdges);
+    auto const forward = std::count_if(around.begin(), around.end(),
+                                       [](Spoke const& spoke) { return spoke.isForward; });
+    if (2 * std::size_t(forward) != around.size())
+        return {};
+    // Those that begin wedges come first at an angle, the outermost before the others; of those that
+    // end them it comes last.
+    std::sort(around.begin(), around.end(), [](Spoke const& a, Spoke const& b) {
+        if (a.angle != b.angle)
+            return a.angle < b.angle;
+        if (a.isForward != b.isForward)
+            return b.isForward;
+        return a.isForward ? a.halfEdge > b.halfEdge : a.halfEdge < b.halfEdge;
+    });
+    beginOutside(around);
+    std::vector<NestedWedge> wedges;
+    std::vector<std::uint32_t> open;
+    for (Spoke const& spoke : around) {
+        if (!spoke.isForward) {
+            open.push_back(spoke.halfEdge);
+            continue;
+        }
+        wedges.push_back({open.back(), spoke.halfEdge, open.size() - 1});
+        open.pop_back();
+    }
+    return wedges;
 }

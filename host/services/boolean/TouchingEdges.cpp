@@ -162,36 +162,42 @@ void TouchingEdges::separate(std::span<Use> uses)
         return;
     for (Use& use : uses)
         use.triangle = holderOf(use);
-    std::vector<Pair> pairs;
+    std::vector<Wedge> wedges;
     for (std::size_t begin = 0, end = 0; begin < uses.size(); begin = end) {
         while (end < uses.size() && uses[end].low == uses[begin].low &&
                uses[end].high == uses[begin].high)
             ++end;
-        appendPairs(uses.subspan(begin, end - begin), pairs);
+        appendWedges(uses.subspan(begin, end - begin), wedges);
     }
-    // The narrowest keeps the edge, for it has the least room for a point within.
-    std::stable_sort(pairs.begin(), pairs.end(),
-                     [this](Pair const& a, Pair const& b) { return openingOf(a) > openingOf(b); });
+    sortForLeading(wedges);
     // What is no pair here has partners elsewhere, and keeps the edge.
-    std::size_t const kept = 2 * pairs.size() == uses.size() ? 1 : 0;
-    std::size_t left = pairs.size();
+    std::size_t const kept = 2 * wedges.size() == uses.size() ? 1 : 0;
+    std::size_t left = wedges.size();
     for (bool const mayTurn : {false, true})
-        std::erase_if(pairs, [&](Pair const& pair) {
-            bool const isAside = left > kept && leadAside(pair, mayTurn);
+        std::erase_if(wedges, [&](Wedge const& wedge) {
+            bool const isAside = left > kept && leadAside(wedge.pair, mayTurn);
             left -= isAside;
             return isAside;
         });
 }
 
+/// In the order in which they are led aside; the last one keeps the edge. Those within others go
+/// first, the outer before the inner, for these have to go further. Of the others the narrowest is
+/// the last, for it has the least room for a point within.
+void TouchingEdges::sortForLeading(std::vector<Wedge>& wedges) const
+{
+    std::stable_sort(wedges.begin(), wedges.end(), [this](Wedge const& a, Wedge const& b) {
+        bool const isHeldA = a.depth > 0, isHeldB = b.depth > 0;
+        if (isHeldA != isHeldB)
+            return isHeldA;
+        return a.depth != b.depth ? a.depth < b.depth : openingOf(a.pair) > openingOf(b.pair);
+    });
+}
+
 /// The triangles between two points by twos that run along the edge in opposite ways and bound a
 /// wedge of solid; none if others are missing.
-void TouchingEdges::appendPairs(std::span<Use const> uses, std::vector<Pair>& pairs) const
+void TouchingEdges::appendWedges(std::span<Use const> uses, std::vector<Wedge>& wedges) const
 {
-    std::vector<Use> upward, downward;
-    for (Use const& use : uses)
-        (use.isUpward ? upward : downward).push_back(use);
-    if (upward.size() != downward.size())
-        return;
     MeshArrays around;
     around.points = {m_places[uses[0].low], m_places[uses[0].high]};
     std::vector<Index> halfEdges;
@@ -202,12 +208,12 @@ void TouchingEdges::appendPairs(std::span<Use const> uses, std::vector<Pair>& pa
         around.triangles.push_back(use.isUpward ? MeshArrays::Corners{0, 1, apex}
                                                 : MeshArrays::Corners{1, 0, apex});
     }
-    auto const wedges = wedgePairs(around, halfEdges);
-    for (auto const& [a, b] : wedges)
-        pairs.push_back({uses[a / 3], uses[b / 3]});
-    // Layers thinner than rounding have no order: any triangles that close the edge will do.
-    for (std::size_t i = 0; i < upward.size() && wedges.empty(); ++i)
-        pairs.push_back({upward[i], downward[i]});
+    auto const separate = wedgePairs(around, halfEdges);
+    for (auto const& [a, b] : separate)
+        wedges.push_back({{uses[a / 3], uses[b / 3]}, 0});
+    if (separate.empty())
+        for (NestedWedge const& wedge : nestedWedges(around, halfEdges))
+            wedges.push_back({{uses[wedge.first / 3], uses[wedge.second / 3]}, wedge.depth});
 }
 
 /// Grows with the angle of the wedge of solid between two triangles, from 0 to 4.

@@ -21,6 +21,8 @@
 /// Own derivation. The triangles at such an edge are taken in pairs that bound one wedge of solid.
 /// One pair keeps the edge. Every other one is led through a new point that lies a unit or a few of
 /// the last place within its wedge, off the middle of the edge: both of its triangles become two.
+/// Where layers of solid lie in each other, wedges do so too: one that no other holds keeps the
+/// edge, for led inward it would pass through those that it holds.
 /// No point moves, so that nothing around changes, and every chain of triangles stays closed.
 class TouchingEdges
 {
@@ -61,6 +63,12 @@ private:
         auto operator<=>(Use const&) const = default;
     };
     using Pair = std::array<Use, 2>;
+    /// A pair, and how many others hold its wedge.
+    struct Wedge
+    {
+        Pair pair;
+        std::size_t depth;
+    };
 
     std::vector<bool> pointsAtPlaces(std::vector<bool> const& isAtCurve,
                                      StageProgress& progress) const;
@@ -69,7 +77,8 @@ private:
     bool areOfOneEdge(std::span<Use const> uses) const;
     bool isOfOperand(Use const& use) const;
     void separate(std::span<Use> uses);
-    void appendPairs(std::span<Use const> uses, std::vector<Pair>& pairs) const;
+    void appendWedges(std::span<Use const> uses, std::vector<Wedge>& wedges) const;
+    void sortForLeading(std::vector<Wedge>& wedges) const;
     double openingOf(Pair const& pair) const;
     bool leadAside(Pair const& pair, bool mayTurn);
     std::vector<Place> placesAside(Pair const& pair) const;
