@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a person feels who works with a large part in the window: how long a picture takes while the
 // mouse drags, how long the window does not answer while files are opened and parts are cut.
-// window_speed [--cut] FILE...; needs a display. With --cut nothing is dragged. What the window was at
-// in each long wait is told as stacks, with how often each was seen.
+// window_speed [--cut | --many] FILE...; needs a display. With --cut nothing is dragged. With --many the
+// files are opened together and arranged. What the window was at in each long wait is told as stacks,
+// with how often each was seen.
 #include "app/OrbeWindow.h"
 #include "app/files/DocumentFiles.h"
 #include "app/jobs/JobGuard.h"
@@ -30,6 +31,7 @@
 #include <QLibrary>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <QWindow>
 
@@ -56,7 +58,8 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override
     {
-        if (m_depth > 0)
+        // Workers have events of their own.
+        if (QThread::currentThread() != thread() || m_depth > 0)
             return QApplication::notify(receiver, event);
         // Both may be gone afterwards.
         QByteArray const name = receiver->metaObject()->className();
@@ -154,10 +157,10 @@ public:
         rest(300);
     }
 
-    void open(QString const& file)
+    void open(QStringList const& files)
     {
         waits("opening", [&] {
-            m_window->files().openFiles({file});
+            m_window->files().openFiles(files);
             waitWhile([&] { return m_window->files().isWorking(); });
         });
         view().OnViewType(6);
@@ -199,6 +202,21 @@ public:
             waitWhile([] { return JobGuard::instance()->isBusy(); });
         });
         std::printf("parts now: %zu\n", document().getMeshObjects().size());
+        step("Std_Hide");
+        step("Std_ShowAll");
+        step("Std_Undo");
+        step("Std_Redo");
+        step("Std_Undo");
+        step("Std_SelectAll");
+        step("Std_Delete");
+    }
+
+    void arrange()
+    {
+        for (char const* const name : {"Std_Arrange", "Std_SelectAll", "Std_SelectNone", "Std_Undo",
+                                       "Std_Redo", "Std_SelectAll", "Std_Duplicate", "Std_Undo",
+                                       "Std_Delete", "Std_Undo"})
+            step(name);
     }
 
 private:
@@ -211,6 +229,16 @@ private:
     void trigger(char const* name)
     {
         m_application.commandManager().getCommandByName(name)->getAction()->getQAction()->trigger();
+    }
+
+    void step(char const* command)
+    {
+        waits(command, [&] {
+            // As a person's click does, by an event.
+            QTimer::singleShot(0, m_window.get(), [&] { trigger(command); });
+            rest(0);
+            waitWhile([] { return JobGuard::instance()->isBusy(); });
+        });
     }
 
     /// Tells how long it takes until the pictures are there, and the longest wait meanwhile.
@@ -335,7 +363,7 @@ private:
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        std::fputs("usage: window_speed [--cut] FILE...\n", stderr);
+        std::fputs("usage: window_speed [--cut | --many] FILE...\n", stderr);
         return 2;
     }
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -344,9 +372,19 @@ int main(int argc, char** argv)
     QSettings::setPath(g_AppSettingFormat, QSettings::UserScope, settings.path());
     QCoreApplication::setApplicationName("window_speed");
     Session session;
-    bool const isDragged = std::string_view(argv[1]) != "--cut";
+    std::string_view const way = argv[1];
+    bool const isMany = way == "--many";
+    bool const isDragged = way != "--cut" && !isMany;
+    QStringList files;
     for (int i = isDragged ? 1 : 2; i < argc; ++i)
-        session.open(QString::fromLocal8Bit(argv[i]));
+        files << QString::fromLocal8Bit(argv[i]);
+    if (isMany) {
+        session.open(files);
+        session.arrange();
+        return 0;
+    }
+    for (QString const& file : files)
+        session.open({file});
     if (isDragged)
         session.pictures();
     session.cut();

@@ -8,6 +8,8 @@
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/view/OpenGLPath.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int positionPlace = 0;
@@ -75,13 +77,19 @@ void DrawDevice::resetState()
     setPolygonMode(GL_FILL);
 }
 
-std::unique_ptr<DrawDevice::Geometry> DrawDevice::makeGeometry(void const* data, std::size_t bytes)
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::emptyGeometry()
 {
     auto geometry = std::make_unique<Geometry>();
     if (keepsVertexArrays()) {
         geometry->m_array.create();
         geometry->m_array.bind();
     }
+    return geometry;
+}
+
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::makeGeometry(void const* data, std::size_t bytes)
+{
+    auto geometry = emptyGeometry();
     geometry->m_vertices.create();
     geometry->m_vertices.bind();
     geometry->m_vertices.allocate(data, int(bytes));
@@ -103,47 +111,31 @@ std::unique_ptr<DrawDevice::Geometry> DrawDevice::upload(PartSurface const& surf
 {
     auto geometry = makeGeometry(surface.vertices.data(),
                                  surface.vertices.size() * sizeof(PartSurface::Vertex));
-    geometry->m_hasFacets = true;
-    geometry->m_count = int(surface.indices.size());
-    geometry->m_identity = ++m_surfaces;
-    geometry->m_indices.create();
-    geometry->m_indices.bind();
-    geometry->m_indices.allocate(surface.indices.data(),
-                                 int(surface.indices.size() * sizeof(std::uint32_t)));
-    if (keepsVertexArrays())
-        describe(*geometry);
-    release(*geometry);
+    beSurface(*geometry);
+    append(*geometry, surface.indices);
     return geometry;
 }
 
-std::unique_ptr<DrawDevice::Geometry> DrawDevice::reserve(std::size_t vertices, std::size_t indices)
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::reserve(std::size_t vertices)
 {
     auto geometry = makeGeometry(nullptr, vertices * sizeof(PartSurface::Vertex));
-    reserveIndices(*geometry, indices);
+    beSurface(*geometry);
     return geometry;
 }
 
-std::unique_ptr<DrawDevice::Geometry> DrawDevice::reserve(Geometry const& withVertices,
-                                                          std::size_t indices)
+std::unique_ptr<DrawDevice::Geometry> DrawDevice::sharing(Geometry const& withVertices)
 {
-    auto geometry = std::make_unique<Geometry>();
-    if (keepsVertexArrays()) {
-        geometry->m_array.create();
-        geometry->m_array.bind();
-    }
+    auto geometry = emptyGeometry();
     geometry->m_vertices = withVertices.m_vertices;
-    reserveIndices(*geometry, indices);
+    beSurface(*geometry);
     return geometry;
 }
 
-void DrawDevice::reserveIndices(Geometry& geometry, std::size_t indices)
+// One that was just made.
+void DrawDevice::beSurface(Geometry& geometry)
 {
     geometry.m_hasFacets = true;
-    geometry.m_count = int(indices);
     geometry.m_identity = ++m_surfaces;
-    geometry.m_indices.create();
-    geometry.m_indices.bind();
-    geometry.m_indices.allocate(int(indices * sizeof(std::uint32_t)));
     if (keepsVertexArrays())
         describe(geometry);
     release(geometry);
@@ -158,13 +150,18 @@ void DrawDevice::write(Geometry& surface, std::size_t first,
     surface.m_vertices.release();
 }
 
-void DrawDevice::write(Geometry& surface, std::size_t first, std::span<std::uint32_t const> indices)
+void DrawDevice::append(Geometry& surface, std::span<std::uint32_t const> indices)
 {
+    Geometry::Indices added;
+    added.first = std::size_t(surface.m_count);
+    added.count = indices.size();
     bind(surface);
-    surface.m_indices.bind();
-    surface.m_indices.write(int(first * sizeof(std::uint32_t)), indices.data(),
-                            int(indices.size_bytes()));
+    added.buffer.create();
+    added.buffer.bind();
+    added.buffer.allocate(indices.data(), int(indices.size_bytes()));
     release(surface);
+    surface.m_indices.push_back(added);
+    surface.m_count += int(indices.size());
 }
 
 void DrawDevice::describe(Geometry& geometry)
@@ -178,7 +175,6 @@ void DrawDevice::describe(Geometry& geometry)
     m_gl.glEnableVertexAttribArray(facetPlace);
     m_gl.glVertexAttribPointer(facetPlace, 2, GL_SHORT, GL_TRUE, stride,
                                reinterpret_cast<void*>(offsetof(PartSurface::Vertex, facet)));
-    geometry.m_indices.bind();
 }
 
 void DrawDevice::bind(Geometry& geometry)
@@ -250,9 +246,18 @@ void DrawDevice::draw(Geometry& surface, SurfaceLook const& look, QMatrix4x4 con
 void DrawDevice::drawRanges(Geometry& surface, std::span<IndexRange const> ranges)
 {
     bind(surface);
-    for (IndexRange const& range : ranges)
-        m_gl.glDrawElements(GL_TRIANGLES, GLsizei(range.count), GL_UNSIGNED_INT,
-                            reinterpret_cast<void*>(range.first * sizeof(std::uint32_t)));
+    for (Geometry::Indices& indices : surface.m_indices) {
+        indices.buffer.bind();
+        for (IndexRange const& range : ranges) {
+            std::size_t const from = std::max(range.first, indices.first);
+            std::size_t const to =
+                std::min(range.first + range.count, indices.first + indices.count);
+            if (from < to)
+                m_gl.glDrawElements(
+                    GL_TRIANGLES, GLsizei(to - from), GL_UNSIGNED_INT,
+                    reinterpret_cast<void*>((from - indices.first) * sizeof(std::uint32_t)));
+        }
+    }
     release(surface);
 }
 

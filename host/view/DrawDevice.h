@@ -76,13 +76,20 @@ public:
     class Geometry
     {
     public:
-        Geometry() : m_vertices(QOpenGLBuffer::VertexBuffer), m_indices(QOpenGLBuffer::IndexBuffer)
-        {}
+        Geometry() : m_vertices(QOpenGLBuffer::VertexBuffer) {}
 
     private:
         friend class DrawDevice;
+        /// Whole triangles. A buffer of its own for each step of an upload, since some drivers fill a
+        /// new one with zeros, which takes long for a large one.
+        struct Indices
+        {
+            QOpenGLBuffer buffer{QOpenGLBuffer::IndexBuffer};
+            std::size_t first = 0;
+            std::size_t count = 0;
+        };
         QOpenGLBuffer m_vertices;
-        QOpenGLBuffer m_indices;
+        std::vector<Indices> m_indices;
         QOpenGLVertexArrayObject m_array;
         int m_count = 0;
         bool m_hasFacets = false;
@@ -98,13 +105,14 @@ public:
     std::unique_ptr<Geometry> upload(std::span<UPoint3<float> const> points);
     std::unique_ptr<Geometry> upload(PartSurface const& surface);
 
-    // A surface that is uploaded in pieces: room for it, and what fills it.
+    // A surface that is uploaded in pieces: room for its vertices, and what fills it.
 
-    std::unique_ptr<Geometry> reserve(std::size_t vertices, std::size_t indices);
+    std::unique_ptr<Geometry> reserve(std::size_t vertices);
     /// With the vertices of another surface, which may go.
-    std::unique_ptr<Geometry> reserve(Geometry const& withVertices, std::size_t indices);
+    std::unique_ptr<Geometry> sharing(Geometry const& withVertices);
     void write(Geometry& surface, std::size_t first, std::span<PartSurface::Vertex const> vertices);
-    void write(Geometry& surface, std::size_t first, std::span<std::uint32_t const> indices);
+    /// Adds triangles.
+    void append(Geometry& surface, std::span<std::uint32_t const> indices);
 
     void draw(Geometry& points, std::span<DrawRun const> runs, QMatrix4x4 const& toClip);
     /// toEye  for the light; its linear part may scale
@@ -162,7 +170,8 @@ protected:
 
 private:
     std::unique_ptr<Geometry> makeGeometry(void const* data, std::size_t bytes);
-    void reserveIndices(Geometry& geometry, std::size_t indices);
+    std::unique_ptr<Geometry> emptyGeometry();
+    void beSurface(Geometry& geometry);
     void describe(Geometry& geometry);
     void bind(Geometry& geometry);
     void release(Geometry& geometry);

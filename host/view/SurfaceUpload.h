@@ -17,8 +17,9 @@ public:
     /// Of vertices that are on the device.
     SurfaceUpload(DrawDevice& device, DrawDevice::Geometry const& withVertices, Indices indices);
 
-    /// Uploads so many bytes more, or what is left.
+    /// Makes the room for the vertices, or uploads so many bytes more, or what is left.
     ///
+    /// bytes  enough for a triangle
     /// Returns whether all is there.
     bool step(std::size_t bytes);
 
