@@ -145,8 +145,8 @@ void DocumentFiles::takeOver(LoadedFiles& loaded, QString const& project,
     }
     if (!loaded.parts.empty())
         addParts(loaded);
-    for (auto file = loaded.good.crbegin(); file != loaded.good.crend(); ++file)
-        m_recent.add(*file);
+    if (!loaded.good.isEmpty())
+        m_recent.addAll(loaded.good);
     m_isTakingOver = false;
     if (wasEmpty)
         fitIntoView();

@@ -20,12 +20,13 @@ QStringList RecentFiles::files() const
     return files;
 }
 
-void RecentFiles::add(QString const& file)
+void RecentFiles::addAll(QStringList const& added)
 {
-    QString const absolute = QFileInfo(file).absoluteFilePath();
-    QStringList all = files();
-    all.removeAll(absolute);
-    all.push_front(absolute);
+    QStringList all;
+    for (QString const& file : added)
+        all.push_back(QFileInfo(file).absoluteFilePath());
+    all += files();
+    all.removeDuplicates();
     store(all.mid(0, most));
 }
 

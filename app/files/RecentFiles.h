@@ -22,7 +22,10 @@ public:
     QStringList files() const;
 
     /// Puts a file in front.
-    void add(QString const& file);
+    void add(QString const& file) { addAll({file}); }
+    /// Puts files in front, the first of them foremost. The settings are written once, which waits
+    /// for the disk.
+    void addAll(QStringList const& added);
     void remove(QString const& file);
     void clear();
 

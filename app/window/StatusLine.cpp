@@ -12,10 +12,12 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QEvent>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QPainter>
 #include <QStyleOption>
+#include <QToolTip>
 #include <QUrl>
 
 namespace {
@@ -26,11 +28,48 @@ char const* const viewHint =
     QT_TRANSLATE_NOOP("StatusLine", "Click a part to select it. Press ? for all shortcuts.");
 constexpr int writtenMilliseconds = 30000;
 
+/// Ends what has no room with dots, and tells all of it in a tip.
+class HintLabel : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip)
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                               isCut() ? text() : QString(), this);
+        return event->type() == QEvent::ToolTip || QLabel::event(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        if (!isCut()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        QString const shown =
+            fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+        style()->drawItemText(&painter, contentsRect(),
+                              int(QStyle::visualAlignment(layoutDirection(), alignment())),
+                              palette(), isEnabled(), shown, foregroundRole());
+    }
+
+private:
+    bool isCut() const
+    {
+        return textFormat() == Qt::PlainText &&
+               fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    }
+};
+
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
-      m_hint(new QLabel(this)),
+      m_hint(new HintLabel(this)),
       m_selection(new QLabel(this)),
       m_progress(new JobProgressBar(this))
 {

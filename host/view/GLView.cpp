@@ -203,9 +203,17 @@ bool GLView::event(QEvent* event)
                              event->type() == QEvent::Show;
     if (comesBefore && !context())
         setFormat(chooseContextFormat());
+    if (event->type() == QEvent::Paint && m_scene->isResizing())
+        return true;
+    if (event->type() == QEvent::Resize)
+        m_scene->setResizing(true);
     m_scene->setForScreen(event->type() == QEvent::Paint);
     bool const isTaken = QOpenGLWidget::event(event);
     m_scene->setForScreen(false);
+    if (event->type() == QEvent::Resize) {
+        m_scene->setResizing(false);
+        update();
+    }
     return isTaken;
 }
 

@@ -121,6 +121,12 @@ ViewScene::Way ViewScene::wayOfPicture(Paint const& ground)
     return areReady && m_standIns.isMeasured() ? Way::Coarse : Way::Kept;
 }
 
+void ViewScene::setResizing(bool isResizing)
+{
+    m_isResizing = isResizing;
+    m_pictureSize = {};
+}
+
 bool ViewScene::hasPicture() const
 {
     return m_pictureTarget == m_view->defaultFramebufferObject() && m_pictureSize == pixelSize();

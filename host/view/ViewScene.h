@@ -76,6 +76,10 @@ public:
     void paintPicture(Paint const& ground, Paint const& rest);
     /// Whether pictures go to the screen now. Others are painted at once.
     void setForScreen(bool isForScreen) { m_isForScreen = isForScreen; }
+    /// Around a change of the widget's size, which takes the picture away. Qt would have one painted
+    /// within the change, and the same again afterwards.
+    void setResizing(bool isResizing);
+    bool isResizing() const { return m_isResizing; }
     /// The framebuffer object in which the picture is being drawn.
     GLuint target() const;
     /// Pictures are drawn in the frame, borrowed, and not in the widget; null for the widget again.
@@ -161,6 +165,7 @@ private:
     std::function<void()> m_paintTopmost;
     bool m_isSampled = false;
     bool m_isForScreen = false;
+    bool m_isResizing = false;
     /// Where the last picture was put; none is there if the framebuffer object is another now.
     GLuint m_pictureTarget = 0;
     QSize m_pictureSize;

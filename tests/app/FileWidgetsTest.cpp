@@ -73,6 +73,26 @@ TEST(RecentFiles, HoldTheLastTenNewestFirst)
     EXPECT_THAT(recent.files(), IsEmpty());
 }
 
+TEST(RecentFiles, ManyAtOnceStandInTheirOrderAndAreToldOnce)
+{
+    ScratchSettings const settings;
+    RecentFiles recent;
+    recent.add("/parts/old.stl");
+    recent.add("/parts/2.stl");
+    int told = 0;
+    QObject::connect(&recent, &RecentFiles::changed, [&] { ++told; });
+    recent.addAll({"/parts/1.stl", "/parts/2.stl", "/parts/3.stl"});
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(recent.files(),
+              QStringList({"/parts/1.stl", "/parts/2.stl", "/parts/3.stl", "/parts/old.stl"}));
+    QStringList many;
+    for (int i = 0; i < 500; ++i)
+        many.push_back(QString("/parts/many %1.stl").arg(i));
+    recent.addAll(many);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(recent.files(), many.mid(0, 10));
+}
+
 TEST(RecentFiles, SettingsWithoutSenseAreLeftOut)
 {
     ScratchSettings const settings;

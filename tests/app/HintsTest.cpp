@@ -75,3 +75,20 @@ TEST_F(Hints, OfAToolGoesWithTheTool)
     settle();
     EXPECT_TRUE(shown().startsWith("Click a part to select it.")) << qPrintable(shown());
 }
+
+TEST_F(Hints, WhatHasNoRoomEndsInDots)
+{
+    auto* const label = window->statusLine().findChild<QLabel*>("Hint");
+    auto const pictureOf = [&](QString const& text) {
+        label->setTextFormat(Qt::PlainText);
+        label->setText(text);
+        return label->grab().toImage();
+    };
+    QString const sentence = "Drag an arrow to move the selected parts, or a ring to turn them.";
+    label->resize(label->fontMetrics().horizontalAdvance(sentence) / 2, label->height());
+    QImage const shown = pictureOf(sentence);
+    QString const cut = label->fontMetrics().elidedText(sentence, Qt::ElideRight, label->width());
+    ASSERT_NE(cut, sentence);
+    EXPECT_EQ(shown, pictureOf(cut));
+    EXPECT_NE(shown, pictureOf(sentence.left(cut.size() - 1)));
+}

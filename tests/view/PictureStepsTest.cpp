@@ -2,6 +2,7 @@
 #include "host/view/DrawTrace.h"
 #include "host/view/ViewScene.h"
 #include "platform/ui/ThemeSwitch.h"
+#include "platform/view/GLGraphicsItem.h"
 #include "platform/view/ViewProvider.h"
 #include "tests/support/ShownView.h"
 
@@ -81,6 +82,15 @@ protected:
         view->update();
         ASSERT_TRUE(waitUntil([&] { return scene().isDrawingInSteps(); }));
     }
+};
+
+/// How often the view has been painted.
+class PaintingCount : public Base::GLGraphicsItem
+{
+public:
+    void paintGL() override { ++count; }
+    void initGL() override {}
+    int count = 0;
 };
 
 constexpr IndexRange ranges[] = {{0, 300}, {600, 30}};
@@ -176,6 +186,26 @@ TEST_P(PicturesInSteps, BeginAnewIfSomethingChanges)
         EXPECT_EQ(result, exact()) << name;
         view->OnViewType(6);
     }
+}
+
+// Qt asks for a picture within the change of size, and for the same one afterwards.
+TEST_P(PicturesInSteps, AChangeOfSizeDoesNotPaintTwice)
+{
+    addPart();
+    PaintingCount item;
+    view->addGraphicsItem(&item);
+    exact();
+    standIns().setUse(StandIns::Use::Never);
+    settle();
+    item.count = 0;
+    view->resize(640, 470);
+    EXPECT_EQ(item.count, 0);
+    settle();
+    EXPECT_GT(item.count, 0);
+    QImage const result = shown();
+    EXPECT_EQ(result.size(), view->size() * view->devicePixelRatioF());
+    EXPECT_EQ(result, view->grabFramebuffer().convertToFormat(QImage::Format_RGB32));
+    view->removeGraphicsItem(&item);
 }
 
 TEST_P(PicturesInSteps, ShowStandInsMeanwhileIfThereAreSome)
