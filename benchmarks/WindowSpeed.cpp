@@ -213,9 +213,9 @@ public:
 
     void arrange()
     {
-        for (char const* const name : {"Std_Arrange", "Std_SelectAll", "Std_SelectNone", "Std_Undo",
-                                       "Std_Redo", "Std_SelectAll", "Std_Duplicate", "Std_Undo",
-                                       "Std_Delete", "Std_Undo"})
+        for (char const* const name :
+             {"Std_Arrange", "Std_SelectAll", "Std_SelectNone", "Std_Undo", "Std_Redo",
+              "Std_SelectAll", "Std_Duplicate", "Std_Undo", "Std_Delete", "Std_Undo"})
             step(name);
     }
 
