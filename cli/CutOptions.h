@@ -29,6 +29,8 @@ struct CutOptions
     /// Measure, but cut and write nothing.
     bool dryRun = false;
     RepairScope repair = RepairScope::None;
+    /// Parts are cut while they are read, and never in memory as a whole.
+    bool stream = false;
 
     // In this order a command's help tells first what is read, then the cut, then what is written.
     void addSources(CLI::App& command);

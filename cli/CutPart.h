@@ -17,6 +17,7 @@
 namespace Formats {
 class MeshFormat;
 }
+class StreamedPiece;
 namespace Mesh {
 class DocumentObject;
 }
@@ -25,7 +26,10 @@ class DocumentObject;
 struct CutPiece
 {
     std::string name;
+    /// Null for a piece that was cut while its part was read.
     std::shared_ptr<MeshKernel const> kernel;
+    /// The file that it went to, which has no name yet; null for others.
+    std::shared_ptr<StreamedPiece> streamed;
     Formats::MeshFormat const* format = nullptr;
     std::filesystem::path file;
     /// Measured once the part is cut.
@@ -59,8 +63,11 @@ struct CutPart
     std::string label;
     bool isOnlyOfFile = true;
     Formats::MeshFormat const* format = nullptr;
-    /// The part in the document; null if the file could not be read.
+    /// Pieces are named after it.
+    std::string name;
+    /// The part in the document; null if the file could not be read, or is cut while it is read.
     Mesh::DocumentObject* object = nullptr;
+    bool isStreamed = false;
     std::size_t triangles = 0;
     /// Measured only for a report.
     MeshFacts facts;
@@ -73,4 +80,6 @@ struct CutPart
     std::optional<Failure> failure;
     /// What the cut, or the command line, has to say about it.
     CutRemarks remarks;
+
+    bool isThere() const { return object || isStreamed; }
 };

@@ -42,7 +42,10 @@ Report pieceReport(CutPiece const& piece)
     Report report;
     report["name"] = piece.name;
     report["file"] = piece.file.string();
-    appendFacts(report, piece.facts);
+    if (piece.streamed)
+        appendStreamedFacts(report, piece.facts);
+    else
+        appendFacts(report, piece.facts);
     appendRepair(report, piece.repair);
     return report;
 }
@@ -128,7 +131,9 @@ Report partReport(CutPart const& part)
         report["error"] = part.failure->message;
     for (CutRemark const& remark : part.remarks)
         report["remarks"].push_back(remarkReport(remark));
-    if (part.object) {
+    if (part.isStreamed)
+        report["streamed"] = true;
+    if (part.isThere()) {
         report["triangles"] = part.triangles;
         report["volume"] = volumeReport(part.facts);
         report["closed"] = part.facts.closed;
@@ -173,13 +178,12 @@ void printTable(std::vector<CutPart> const& parts)
         for (CutPiece const& piece : part.pieces)
             width = std::max(width, piece.file.string().size());
     for (CutPart const& part : parts) {
-        if (!part.object)
+        if (!part.isThere())
             continue;
         std::printf("%s: %s triangles\n", part.label.c_str(), grouped(part.triangles).c_str());
         for (CutPiece const& piece : part.pieces) {
             std::printf("  %s  %10s triangles  %s\n", padded(piece.file.string(), width).c_str(),
-                        grouped(piece.kernel->readMesh()->triangles.size()).c_str(),
-                        boxText(piece.kernel->GetBox()).c_str());
+                        grouped(piece.facts.triangles).c_str(), boxText(piece.facts.box).c_str());
         }
     }
 }
@@ -188,8 +192,8 @@ void complainOfOpenPieces(CutPart const& part, bool isAllowed)
 {
     for (CutPiece const& piece : part.pieces)
         if (!piece.facts.closed)
-            complain(piece.file.string() +
-                     ": The piece is not closed: " + openPlacesOf(piece.facts) +
+            complain(piece.file.string() + ": The piece is not closed" +
+                     (piece.streamed ? "" : ": " + openPlacesOf(piece.facts)) +
                      (isAllowed ? "." : ". Repair the part, or accept it with --allow-open."));
 }
 

@@ -11,6 +11,7 @@
 #include "cli/SavePieces.h"
 #include "cli/SourceList.h"
 #include "cli/StandardStreams.h"
+#include "cli/streaming/StreamJob.h"
 #include "platform/document/MeshDocument.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/Exceptions.h"
@@ -31,8 +32,8 @@ void nameByPattern(CutPart& part, NamePattern const& pattern)
 {
     for (std::size_t i = 0; i < part.pieces.size(); ++i) {
         CutPiece& piece = part.pieces[i];
-        piece.name = pattern.nameOf({std::filesystem::path(part.source).stem().string(),
-                                     part.object->getName(), piece.name, i + 1});
+        piece.name = pattern.nameOf(
+            {std::filesystem::path(part.source).stem().string(), part.name, piece.name, i + 1});
     }
 }
 
@@ -42,7 +43,7 @@ void nameBySide(CutPart& part, std::vector<std::string> const& names)
     if (part.pieces.size() != 2)
         return;
     for (CutPiece& piece : part.pieces)
-        piece.name = part.object->getName() + '_' + names[piece.side];
+        piece.name = part.name + '_' + names[piece.side];
 }
 
 void namePieces(CutPart& part, std::vector<std::string> const& names)
@@ -102,16 +103,18 @@ void CutRun::cutEach(std::function<void(CutPart&)> const& job)
 
 void CutRun::cut(CutPart& part, std::function<void()> const& job)
 {
-    if (!part.object)
+    if (!part.isThere())
         return;
     bool const isDone = attempt(part, [&] {
         cutOrMendFirst(part, m_options.repair, job);
         if (m_options.failIfUncut)
             failIfUncut(part);
-        mendPieces(part, m_options.repair);
+        if (!part.isStreamed)
+            mendPieces(part, m_options.repair);
         namePieces(part, m_options.names);
         for (CutPiece& piece : part.pieces)
-            piece.facts = measureMesh(*piece.kernel);
+            if (piece.kernel)
+                piece.facts = measureMesh(*piece.kernel);
     });
     if (isDone)
         for (CutRemark const& remark : part.remarks)
@@ -129,6 +132,8 @@ void CutRun::readParts()
 
 void CutRun::readFile(std::string const& file)
 {
+    if (m_options.stream)
+        return append(partToStream(file));
     CutPart unread;
     unread.source = file;
     std::vector<SourcePart> sources;
@@ -169,7 +174,8 @@ bool CutRun::attempt(CutPart& part, std::function<void()> const& work)
         part.failure = failureInFlight();
         part.pieces.clear();
         // What cannot be read is named by its message.
-        complain(part.object ? part.label + ": " + part.failure->message : part.failure->message);
+        complain(part.isThere() ? part.label + ": " + part.failure->message
+                                : part.failure->message);
         return false;
     }
 }

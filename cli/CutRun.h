@@ -39,6 +39,8 @@ public:
     int perform(std::function<void()> const& cut);
 
     // Inside perform():
+    /// Where pieces go; there are none of a dry run, and none for standard output.
+    PieceFiles& files() { return *m_files; }
     /// One for each part, and one for each file that could not be read.
     std::vector<CutPart>& parts() { return m_parts; }
     /// Runs the job on each part, which gives it its pieces. A job that throws fails for its part

@@ -16,6 +16,7 @@ CutPart addPart(Mesh::Document& document, SourcePart source, bool measure)
     part.object->meshProperty->setMesh(source.kernel.release(), true);
     std::string const name = document.getUniqueObjectName(source.name.c_str(), {}, false, false);
     document.addObject(part.object, name.c_str(), false);
+    part.name = part.object->getName();
     return part;
 }
 

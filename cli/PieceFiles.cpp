@@ -2,6 +2,7 @@
 #include "cli/PieceFiles.h"
 
 #include "host/formats/FileError.h"
+#include "host/formats/GrowingStl.h"
 #include "host/formats/PartFiles.h"
 #include "platform/jobs/SequencerLauncher.h"
 
@@ -90,6 +91,22 @@ void PieceFiles::write(fs::path const& path, std::string const& name, MeshKernel
     Formats::writePart(
         path, name, kernel, format,
         [&](int percent) { display.setProgress(std::uint64_t(percent)); }, m_overwrite);
+    if (isNew)
+        m_created.push_back(path);
+}
+
+fs::path PieceFiles::begin(std::string const& name, Formats::MeshFormat const& format) const
+{
+    std::error_code error;
+    fs::create_directories(m_folder, error);
+    return fileFor(name, format);
+}
+
+void PieceFiles::complete(Formats::GrowingStl& file, fs::path const& path)
+{
+    std::error_code error;
+    bool const isNew = !fs::exists(path, error);
+    file.commitAs(path, m_overwrite);
     if (isNew)
         m_created.push_back(path);
 }

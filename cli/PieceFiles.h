@@ -10,8 +10,9 @@
 
 class MeshKernel;
 namespace Formats {
+class GrowingStl;
 class MeshFormat;
-}
+}  // namespace Formats
 
 /// The files that a cut leaves: all of them, or none that is new.
 class PieceFiles
@@ -37,6 +38,11 @@ public:
     /// throws  Formats::FileError; Mell::AbortException if the user cancels
     void write(std::filesystem::path const& path, std::string const& name, MeshKernel const& kernel,
                Formats::MeshFormat const& format);
+
+    /// What names a piece in messages until its file is complete. Makes the folder.
+    std::filesystem::path begin(std::string const& name, Formats::MeshFormat const& format) const;
+    /// Gives a file that was begun so its path, as reserve() has given it. Throws Formats::FileError.
+    void complete(Formats::GrowingStl& file, std::filesystem::path const& path);
 
     /// All pieces are written.
     void keep() { m_created.clear(); }

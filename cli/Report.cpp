@@ -52,6 +52,15 @@ void appendFacts(Report& object, MeshFacts const& facts)
     object["box"] = boxReport(facts.box);
 }
 
+void appendStreamedFacts(Report& object, MeshFacts const& facts)
+{
+    object["triangles"] = facts.triangles;
+    object["volume"] = volumeReport(facts);
+    object["area"] = facts.area;
+    object["closed"] = facts.closed;
+    object["box"] = boxReport(facts.box);
+}
+
 std::string openPlacesOf(MeshFacts const& facts)
 {
     std::string text;

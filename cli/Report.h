@@ -21,6 +21,10 @@ Report volumeReport(MeshFacts const& facts);
 /// box.
 void appendFacts(Report& object, MeshFacts const& facts);
 
+/// Appends what is known of a mesh that has never been in memory: triangles, volume, area, closed and
+/// box.
+void appendStreamedFacts(Report& object, MeshFacts const& facts);
+
 /// The edges that keep a mesh from being closed, in words.
 std::string openPlacesOf(MeshFacts const& facts);
 

@@ -2,6 +2,7 @@
 #include "cli/SavePieces.h"
 
 #include "cli/DocumentParts.h"
+#include "cli/streaming/StreamedPiece.h"
 #include "host/formats/FormatRegistry.h"
 #include "platform/document/MeshDocumentObject.h"
 
@@ -16,7 +17,10 @@ void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, Piece
         }
     for (CutPart const& part : parts)
         for (CutPiece const& piece : part.pieces)
-            files.write(piece.file, piece.name, *piece.kernel, *piece.format);
+            if (piece.streamed)
+                files.complete(piece.streamed->file(), piece.file);
+            else
+                files.write(piece.file, piece.name, *piece.kernel, *piece.format);
 }
 
 void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,

@@ -35,7 +35,7 @@ void awaitInput()
     } while (ready == 0 || (ready < 0 && errno == EINTR));
 }
 
-std::size_t readInput(std::string& block)
+std::size_t readInput(std::span<std::byte> block)
 {
     for (;;) {
         awaitInput();
@@ -97,11 +97,23 @@ fs::path spoolStandardInput(SpoolFolder const& folder)
 {
     fs::path const path = folder.path() / "stdin";
     Formats::OutputFile file(path, Formats::Overwrite::Refuse);
-    std::string block(blockSize, 0);
+    std::vector<std::byte> block(blockSize);
     while (std::size_t const count = readInput(block))
-        file.write(std::string_view(block).substr(0, count));
+        file.write(std::span(block).first(count));
     file.commit();
     return path;
+}
+
+std::size_t readStandardInput(std::span<std::byte> buffer)
+{
+    std::size_t done = 0;
+    while (done < buffer.size()) {
+        std::size_t const count = readInput(buffer.subspan(done));
+        if (count == 0)
+            break;
+        done += count;
+    }
+    return done;
 }
 
 void writeToStandardOutput(std::vector<CutPart>& parts, PieceOptions const& options)

@@ -4,7 +4,9 @@
 #include "cli/CutPart.h"
 #include "cli/PieceOptions.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -31,6 +33,11 @@ private:
 ///
 /// throws  Formats::FileError; Mell::AbortException if the user cancels
 std::filesystem::path spoolStandardInput(SpoolFolder const& folder);
+
+/// Fills a buffer from standard input as far as it goes, and returns how many bytes that were.
+///
+/// throws  Formats::FileError; Mell::AbortException if the user cancels
+std::size_t readStandardInput(std::span<std::byte> buffer);
 
 /// Writes the only piece of all parts to standard output.
 ///

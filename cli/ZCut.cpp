@@ -2,6 +2,7 @@
 #include "cli/CutRun.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
+#include "cli/streaming/StreamJob.h"
 
 #include <CLI/CLI.hpp>
 
@@ -9,9 +10,31 @@
 
 namespace {
 
-int runZCut(ZCutOptions const& options)
+int streamZCut(CutRun& run, ZCutOptions const& options)
 {
+    requireStreamable(options);
+    return run.perform([&] {
+        float const distance = options.isSliced() ? options.distance() : 0;
+        std::vector<float> const heights = options.isSliced()
+                                               ? std::vector<float>(run.parts().size())
+                                               : options.heightsFor(run.parts().size());
+        run.cutEach([&](CutPart& part) {
+            cutWhileReading(part, {{heights[part.place]}, distance}, options, run.files());
+        });
+    });
+}
+
+int runZCut(ZCutOptions options)
+{
+    bool const isTooLarge = !options.stream && mustBeStreamed(options);
+    options.stream |= isTooLarge;
     CutRun run("zcut", options);
+    if (isTooLarge)
+        run.remark(CutRemark::Kind::RequestChanged,
+                   "The parts do not fit into memory: they are cut while they are read, and not "
+                   "mended.");
+    if (options.stream)
+        return streamZCut(run, options);
     return run.perform([&] {
         if (options.isSliced()) {
             float const distance = options.distance();

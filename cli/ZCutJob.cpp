@@ -68,14 +68,19 @@ void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairSc
     }
 }
 
-void cutIntoSlices(CutPart& part, float distance)
+std::vector<double> heightsOfSlices(UBox3<float> const& box, float distance)
 {
-    std::vector<double> const heights =
-        HeightSlices::everyDistance(part.object->getBoundingBox(), double(distance));
+    std::vector<double> heights = HeightSlices::everyDistance(box, double(distance));
     if (heights.size() >= HeightSlices::mostHeights)
         throw UsageError("--every " + std::to_string(distance) + " makes more than " +
                          std::to_string(HeightSlices::mostHeights) +
                          " slices of a part; give a greater height.");
+    return heights;
+}
+
+void cutIntoSlices(CutPart& part, float distance)
+{
+    std::vector<double> const heights = heightsOfSlices(part.object->getBoundingBox(), distance);
     Base::SequencerLauncher display("Cutting at heights", 100, true);
     display.setCancelEnabled(true);
     HeightSlices slices;

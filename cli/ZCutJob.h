@@ -15,6 +15,9 @@ class Document;
 ///         The document is then unchanged
 void cutAtHeight(Mesh::Document& document, CutPart& part, float height, RepairScope repair);
 
+/// The heights that cut what fills a box into slices. Throws UsageError if there would be too many.
+std::vector<double> heightsOfSlices(UBox3<float> const& box, float distance);
+
 /// Cuts a part into slices behind a progress display, and enters these as its pieces, from above.
 ///
 /// distance  from the part's lowest point to the first plane, and from plane to plane

@@ -86,7 +86,7 @@ private:
     char const* m_end;
 };
 
-bool scanFacet(Scanner& scanner, UPoint3<float>* corners)
+bool scanFacet(Scanner& scanner, Facet& corners)
 {
     if (!scanner.text("facet normal"))
         return false;
@@ -110,15 +110,15 @@ bool scanFacet(Scanner& scanner, UPoint3<float>* corners)
 
 AsciiFacets scanPiece(std::string_view text)
 {
-    AsciiFacets facets;
-    facets.corners.reserve(text.size() / usualFacetBytes * 3);
+    AsciiFacets taken;
+    taken.facets.reserve(text.size() / usualFacetBytes);
     Scanner scanner(text);
-    UPoint3<float> corners[3];
-    while (scanFacet(scanner, corners)) {
-        facets.corners.insert(facets.corners.end(), corners, corners + 3);
-        facets.bytes = std::size_t(scanner.place() - text.data());
+    Facet facet;
+    while (scanFacet(scanner, facet)) {
+        taken.facets.push_back(facet);
+        taken.bytes = std::size_t(scanner.place() - text.data());
     }
-    return facets;
+    return taken;
 }
 
 /// Where a text may be divided so that each piece begins with a facet; the last is the text's end.
@@ -157,7 +157,7 @@ AsciiFacets scanAsciiFacets(std::string_view text)
     AsciiFacets all;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         // Only what follows without a gap: the words between are not for this reader.
-        all.corners.insert(all.corners.end(), pieces[i].corners.begin(), pieces[i].corners.end());
+        all.facets.insert(all.facets.end(), pieces[i].facets.begin(), pieces[i].facets.end());
         all.bytes = startOf(i) + pieces[i].bytes;
         if (all.bytes != ends[i])
             break;

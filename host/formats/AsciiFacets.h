@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/geometry/UPoint3.h"
+#include "host/formats/Facet.h"
 
 #include <cstddef>
 #include <string_view>
@@ -15,12 +15,12 @@ struct AsciiFacets
     /// The statements of a facet stand on seven lines.
     static constexpr std::size_t linesPerFacet = 7;
 
-    /// Three for each facet, in millimetres as in the file; all of them finite.
-    std::vector<UPoint3<float>> corners;
+    /// Of finite coordinates.
+    std::vector<Facet> facets;
     /// What of the text they take, from its start.
     std::size_t bytes = 0;
 
-    std::size_t count() const { return corners.size() / 3; }
+    std::size_t count() const { return facets.size(); }
 };
 
 /// Takes facets from the start of a text as long as they are written in the way of most programs:

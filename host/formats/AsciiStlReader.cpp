@@ -9,6 +9,7 @@
 #include "host/formats/TextTokens.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Formats {
 namespace {
@@ -44,21 +45,23 @@ bool isText(std::string_view head)
 class FacetParser
 {
 public:
-    explicit FacetParser(InputFile& input)
+    FacetParser(InputFile& input, TakeFacets const& take)
         : m_path(input.path()),
           m_lines(input, std::min<std::uint64_t>(bufferBytes, input.size() + 1)),
-          m_builder(input.size() / bytesPerFacet / 2, input.size() / bytesPerFacet / 4)
+          m_take(take)
     {}
 
-    std::unique_ptr<MeshKernel> parse()
+    void parse()
     {
         expect("solid");
         do {
             parseSolid();
         } while (startsAnotherSolid());
-        if (m_builder.isEmpty())
-            throw error(FileError::tr("the file has no facet; a mesh was expected."));
-        return m_builder.finish();
+    }
+
+    FileError hasNoFacet() const
+    {
+        return error(FileError::tr("the file has no facet; a mesh was expected."));
     }
 
 private:
@@ -98,10 +101,7 @@ private:
             return;
         m_lines.skip(facets.bytes, facets.count() * AsciiFacets::linesPerFacet);
         m_rest = {};
-        m_joined.resize(facets.corners.size());
-        m_builder.points().join(facets.corners, m_joined.data());
-        for (std::size_t i = 0; i < m_joined.size(); i += 3)
-            m_builder.addTriangle(m_joined[i], m_joined[i + 1], m_joined[i + 2]);
+        m_take(facets.facets);
     }
 
     void parseFacet()
@@ -112,15 +112,15 @@ private:
                 "FileError", "the normal's number"));  // not used, and not a number in some files
         expect("outer");
         expect("loop");
-        UVertex<float>* corners[3];
-        for (UVertex<float>*& corner : corners)
+        Facet facet;
+        for (UPoint3<float>& corner : facet)
             corner = parseCorner();
         expect("endloop");
         expect("endfacet");
-        m_builder.addTriangle(corners[0], corners[1], corners[2]);
+        m_take({&facet, 1});
     }
 
-    UVertex<float>* parseCorner()
+    UPoint3<float> parseCorner()
     {
         expect("vertex");
         UPoint3<float> point;
@@ -131,10 +131,10 @@ private:
                 throw unexpected(word, FileError::tr(coordinate));
             point[i] = *value;
         }
-        if (auto* const vertex = m_builder.points().join(point))
-            return vertex;
-        throw error(
-            FileError::tr("a coordinate is not a finite number in the range of single precision."));
+        if (!std::isfinite(point.X()) || !std::isfinite(point.Y()) || !std::isfinite(point.Z()))
+            throw error(FileError::tr(
+                "a coordinate is not a finite number in the range of single precision."));
+        return point;
     }
 
     std::string_view nextWord(char const* expected)
@@ -170,9 +170,8 @@ private:
 
     std::filesystem::path const& m_path;
     LineReader m_lines;
-    MeshBuilder m_builder;
+    TakeFacets const& m_take;
     std::string_view m_rest;
-    std::vector<UVertex<float>*> m_joined;
 };
 
 }  // namespace
@@ -190,10 +189,27 @@ bool looksLikeAsciiStl(std::string_view head)
     return lowered.find("facet") != lowered.npos || lowered.find("endsolid") != lowered.npos;
 }
 
+void readAsciiFacets(InputFile& input, TakeFacets const& take)
+{
+    FacetParser(input, take).parse();
+}
+
 std::unique_ptr<MeshKernel> readAsciiStl(InputFile& input)
 {
     requireMemoryFor(input.size() / bytesPerFacet / 4, input.path());
-    return FacetParser(input).parse();
+    MeshBuilder builder(input.size() / bytesPerFacet / 2, input.size() / bytesPerFacet / 4);
+    std::vector<UVertex<float>*> joined;
+    TakeFacets const join = [&](std::span<Facet const> facets) {
+        joined.resize(facets.size() * 3);
+        builder.points().join({facets.front().data(), joined.size()}, joined.data());
+        for (std::size_t i = 0; i < joined.size(); i += 3)
+            builder.addTriangle(joined[i], joined[i + 1], joined[i + 2]);
+    };
+    FacetParser parser(input, join);
+    parser.parse();
+    if (builder.isEmpty())
+        throw parser.hasNoFacet();
+    return builder.finish();
 }
 
 }  // namespace Formats

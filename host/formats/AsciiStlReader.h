@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/formats/Facet.h"
 #include "host/formats/InputFile.h"
 #include "platform/mesh/MeshKernel.h"
 
@@ -17,5 +18,8 @@ bool looksLikeAsciiStl(std::string_view head);
 /// The stored normals are not used. Throws FileError, with the line, for anything else than the
 /// word or number that the format has there, and for a file that ends before "endsolid".
 std::unique_ptr<MeshKernel> readAsciiStl(InputFile& input);
+
+/// The same, handing on the facets as they are read.
+void readAsciiFacets(InputFile& input, TakeFacets const& take);
 
 }  // namespace Formats

@@ -1,30 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/BinaryStlReader.h"
 
+#include "host/formats/BinaryStlRecords.h"
 #include "host/formats/FileError.h"
 #include "host/formats/MemoryNeed.h"
 #include "host/formats/MeshBuilder.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstring>
 #include <vector>
-
-static_assert(std::endian::native == std::endian::little, "binary STL is little-endian");
 
 namespace Formats {
 namespace {
 
-constexpr std::size_t headerBytes = 84;
-constexpr std::size_t countOffset = 80;
-constexpr std::size_t recordBytes = 50;
-constexpr std::size_t normalBytes = 12;
-/// Triangles of one read: about 1.6 MB, so that the bytes are still in the cache when they are
-/// used.
-constexpr std::size_t recordsPerRead = 32768;
-/// Triangles whose points are joined together.
-constexpr std::size_t recordsPerBatch = 64;
+using BinaryStl::countOffset;
+using BinaryStl::endOfTriangles;
+using BinaryStl::headerBytes;
+using BinaryStl::recordBytes;
+
 /// The most that a file may have behind its triangles, unless it is triangles again.
 constexpr std::uint64_t paddingBytes = 4096;
 
@@ -35,60 +28,50 @@ std::uint32_t countIn(std::string_view header)
     return count;
 }
 
-std::uint64_t endOfTriangles(std::uint32_t count)
+std::uint32_t readCount(InputFile& input, BinaryStl::ReadBytes const& read)
 {
-    return headerBytes + std::uint64_t(count) * recordBytes;
-}
-
-std::uint32_t readCount(InputFile& input)
-{
-    std::array<char, headerBytes> header;
-    if (input.read(std::as_writable_bytes(std::span(header))) < headerBytes)
-        throw FileError::atByte(
-            input.path(), input.size(),
-            FileError::tr("the file ends within the 84 bytes of a binary STL header; "
-                          "it is truncated or no STL file."));
-    std::uint32_t const count = countIn({header.data(), header.size()});
+    std::uint32_t const count = BinaryStl::readCount(input.path(), read);
     if (endOfTriangles(count) > input.size())
-        throw FileError::atByte(
-            input.path(), input.size(),
-            FileError::tr("the file ends here, but its header announces %1 triangles, "
-                          "which end at byte %2; it is truncated or no STL file.")
-                .arg(count)
-                .arg(endOfTriangles(count)));
-    if (count == 0)
-        throw FileError::atByte(
-            input.path(), countOffset,
-            FileError::tr("the header announces no triangles, but a mesh was expected."));
+        throw BinaryStl::endsTooEarly(input.path(), input.size(), count);
     return count;
 }
 
-/// Joins and adds the triangles of a piece of the file.
-///
-/// firstRecord  of the piece, for error messages
-void addRecords(MeshBuilder& builder, std::span<std::byte const> bytes, std::uint64_t firstRecord,
-                InputFile const& input)
+/// Joins facets into a mesh.
+class FacetJoiner
 {
-    std::array<UPoint3<float>, recordsPerBatch * 3> points;
-    std::array<UVertex<float>*, recordsPerBatch * 3> vertices;
-    std::size_t const records = bytes.size() / recordBytes;
-    for (std::size_t done = 0; done < records; done += recordsPerBatch) {
-        std::size_t const count = std::min(recordsPerBatch, records - done);
-        for (std::size_t i = 0; i < count; ++i)
-            std::memcpy(&points[i * 3], &bytes[(done + i) * recordBytes + normalBytes],
-                        3 * sizeof points[0]);
+public:
+    FacetJoiner(std::filesystem::path const& path, MeshBuilder& builder)
+        : m_path(path), m_builder(builder)
+    {}
+
+    void add(std::span<Facet const> facets)
+    {
+        std::size_t const count = facets.size() * 3;
+        m_vertices.resize(std::max(m_vertices.size(), count));
         std::size_t const joined =
-            builder.points().join(std::span(points).first(count * 3), vertices.data());
-        if (joined < count * 3)
-            throw FileError::atByte(input.path(),
-                                    headerBytes + (firstRecord + done + joined / 3) * recordBytes +
-                                        normalBytes + (joined % 3) * sizeof points[0],
-                                    FileError::tr("a coordinate is not a finite number; three "
-                                                  "coordinates of a corner were expected."));
-        for (std::size_t i = 0; i < count; ++i)
-            builder.addTriangle(vertices[i * 3], vertices[i * 3 + 1], vertices[i * 3 + 2]);
+            m_builder.points().join({facets.front().data(), count}, m_vertices.data());
+        if (joined < count)
+            throw notFinite(joined);
+        for (std::size_t i = 0; i < count; i += 3)
+            m_builder.addTriangle(m_vertices[i], m_vertices[i + 1], m_vertices[i + 2]);
+        m_done += facets.size();
     }
-}
+
+private:
+    FileError notFinite(std::size_t corner) const
+    {
+        return FileError::atByte(m_path,
+                                 endOfTriangles(std::uint32_t(m_done + corner / 3)) +
+                                     BinaryStl::normalBytes + (corner % 3) * sizeof(UPoint3<float>),
+                                 FileError::tr("a coordinate is not a finite number; three "
+                                               "coordinates of a corner were expected."));
+    }
+
+    std::filesystem::path const& m_path;
+    MeshBuilder& m_builder;
+    std::vector<UVertex<float>*> m_vertices;
+    std::uint64_t m_done = 0;
+};
 
 /// Throws if behind the triangles that the header announces there are more of them. Padding is let
 /// pass.
@@ -119,22 +102,14 @@ bool looksLikeBinaryStl(std::string_view head, std::uint64_t fileSize)
 
 std::unique_ptr<MeshKernel> readBinaryStl(InputFile& input)
 {
-    std::uint32_t const count = readCount(input);
+    auto const read = [&](std::span<std::byte> buffer) { return input.read(buffer); };
+    std::uint32_t const count = readCount(input, read);
     requireMemoryFor(count, input.path());
     // A closed surface has half as many points as triangles.
     MeshBuilder builder(count, count / 2 + 16);
-    std::size_t const bufferBytes = std::min<std::size_t>(count, recordsPerRead) * recordBytes;
-    std::vector<std::byte> buffer(bufferBytes);
-    for (std::uint64_t done = 0; done < count;) {
-        std::size_t const wanted = std::min<std::uint64_t>(count - done, recordsPerRead);
-        auto const bytes = std::span(buffer).first(wanted * recordBytes);
-        if (input.read(bytes) < bytes.size())
-            throw FileError::atByte(
-                input.path(), input.position(),
-                FileError::tr("the file has become shorter while it was read."));
-        addRecords(builder, bytes, done, input);
-        done += wanted;
-    }
+    FacetJoiner joiner(input.path(), builder);
+    BinaryStl::readFacets(input.path(), count, read,
+                          [&](std::span<Facet const> facets) { joiner.add(facets); });
     checkEnd(input, count);
     if (builder.isEmpty())
         throw FileError::atByte(

@@ -148,6 +148,30 @@ void OutputFile::flush()
     writeThrough({m_buffer.get(), filled});
 }
 
+void OutputFile::rewrite(std::uint64_t offset, std::span<std::byte const> bytes)
+{
+    flush();
+    while (!bytes.empty()) {
+        ssize_t const count = pwrite(m_descriptor, bytes.data(), bytes.size(), off_t(offset));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw FileError(m_target, whyNotWritten());
+        offset += std::uint64_t(count);
+        bytes = bytes.subspan(std::size_t(count));
+    }
+}
+
+void OutputFile::commitAs(std::filesystem::path const& target, Overwrite overwrite)
+{
+    m_target = targetBehindLinks(target);
+    m_overwrite = overwrite;
+    std::error_code error;
+    if (std::filesystem::is_regular_file(m_target, error))
+        keepPermissionsOfTarget();
+    commit();
+}
+
 void OutputFile::commit()
 {
     flush();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -36,6 +37,13 @@ public:
     /// Appends. Throws FileError when the system takes no more, for instance on a full disk.
     void write(std::span<std::byte const> bytes);
     void write(std::string_view text);
+
+    /// Writes over what was written before, within it. Throws FileError, also for a device or a pipe.
+    void rewrite(std::uint64_t offset, std::span<std::byte const> bytes);
+
+    /// Gives the file another name than it was begun with, and another permission to replace what
+    /// bears it, then as commit().
+    void commitAs(std::filesystem::path const& target, Overwrite overwrite);
 
     /// Gives the file its name. A file of that name that appeared meanwhile is still not replaced
     /// without permission; that throws FileError. One that may be replaced is so only when the new

@@ -45,15 +45,29 @@ std::uint64_t freeInControlGroup()
     return limit > used ? limit - used : 0;
 }
 
-std::uint64_t freeAddressSpace()
+/// Of what the system counts in pages: the numbers in /proc/self/statm, from 0.
+enum PageCount
+{
+    AddressSpace = 0,
+    Data = 5,
+};
+
+std::uint64_t bytesUsed(PageCount what)
+{
+    std::ifstream counts("/proc/self/statm");
+    counts.imbue(std::locale::classic());
+    std::uint64_t pages = 0;
+    for (int i = 0; i <= what; ++i)
+        counts >> pages;
+    return counts ? pages * std::uint64_t(sysconf(_SC_PAGESIZE)) : 0;
+}
+
+std::uint64_t freeWithin(int resource, PageCount what)
 {
     rlimit limit{};
-    if (getrlimit(RLIMIT_AS, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY)
+    if (getrlimit(resource, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY)
         return unlimited;
-    std::uint64_t const pages = numberIn("/proc/self/statm");
-    if (pages == unlimited)
-        return limit.rlim_cur;
-    std::uint64_t const used = pages * std::uint64_t(sysconf(_SC_PAGESIZE));
+    std::uint64_t const used = bytesUsed(what);
     return limit.rlim_cur > used ? limit.rlim_cur - used : 0;
 }
 
@@ -61,5 +75,6 @@ std::uint64_t freeAddressSpace()
 
 std::uint64_t availableMemory()
 {
-    return std::min({freeOnMachine(), freeInControlGroup(), freeAddressSpace()});
+    return std::min({freeOnMachine(), freeInControlGroup(), freeWithin(RLIMIT_AS, AddressSpace),
+                     freeWithin(RLIMIT_DATA, Data)});
 }

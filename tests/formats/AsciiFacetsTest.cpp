@@ -44,8 +44,8 @@ TEST(AsciiFacets, ManyAreTakenInTheOrderOfTheText)
     ASSERT_EQ(taken.count(), many);
     EXPECT_EQ(taken.bytes, text.size());
     for (std::size_t i = 0; i < many; ++i)
-        ASSERT_EQ(taken.corners[i * 3], UPoint3<float>(float(i + 2), 0, 0));
-    EXPECT_EQ(taken.corners.back(), UPoint3<float>(0, 1, 0));
+        ASSERT_EQ(taken.facets[i][0], UPoint3<float>(float(i + 2), 0, 0));
+    EXPECT_EQ(taken.facets.back()[2], UPoint3<float>(0, 1, 0));
 }
 
 TEST(AsciiFacets, LineEndsOfOtherSystemsAreUsual)

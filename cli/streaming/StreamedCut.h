@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/streaming/Slabs.h"
+#include "cli/streaming/StreamedPiece.h"
+#include "host/formats/MeshBuilder.h"
+#include "platform/services/PlaneCutNotes.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// Cuts a part at heights while it is read. Triangles that meet no plane go to their piece at once. The
+/// others are kept, a band around each plane, and are cut at the end like any part: nothing of the
+/// part that is not there bears on where it meets the planes.
+///
+/// Memory: the triangles that meet the planes, and a buffer for each piece.
+class StreamedCut
+{
+public:
+    /// heights  ascending, each another number in single precision
+    /// begun    as of GrowingStl, for all pieces
+    StreamedCut(std::vector<double> heights, std::filesystem::path begun);
+
+    /// The next triangles of the part, with finite coordinates. Throws Formats::FileError.
+    void take(std::span<Formats::Facet const> facets);
+
+    /// Cuts what was kept, once, after the last triangle.
+    ///
+    /// throws  as sliceAtHeights(); Mell::Exception if the part is closed and its pieces are not, or have
+    ///         another volume
+    PlaneCutNotes finish(std::function<void(int)> const& progress);
+
+    /// Of the whole part.
+    MeshFacts facts() const;
+    /// From above; none is empty.
+    std::vector<std::unique_ptr<StreamedPiece>> takePieces();
+
+private:
+    StreamedPiece& pieceIn(std::size_t slab);
+    void keep(Formats::Facet const& facet);
+    PlaneCutNotes cutBand(std::function<void(int)> const& progress);
+    void requireSound() const;
+
+    Slabs m_slabs;
+    std::vector<double> m_heights;
+    std::filesystem::path m_begun;
+    std::optional<UPoint3<float>> m_origin;
+    std::vector<std::unique_ptr<StreamedPiece>> m_pieces;
+    /// What was kept: the band, its measures, and what the pieces measured before it was cut.
+    Formats::MeshBuilder m_band;
+    std::optional<FacetSums> m_bandSums;
+    MeshFacts m_facts;
+};
