@@ -1277,35 +1277,35 @@
     </message>
     <message>
         <source>it cannot be cut while it is read: %1</source>
-        <translation>sie kann nicht beim Lesen geschnitten werden: %1</translation>
+        <translation>Sie kann nicht beim Lesen geschnitten werden: %1</translation>
     </message>
     <message>
         <source>its vertices have lists.</source>
-        <translation>ihre Eckpunkte haben Listen.</translation>
+        <translation>Ihre Eckpunkte haben Listen.</translation>
     </message>
     <message>
         <source>its vertices have no x, y and z of type float or double.</source>
-        <translation>ihre Eckpunkte haben kein x, y und z vom Typ float oder double.</translation>
+        <translation>Ihre Eckpunkte haben kein x, y und z vom Typ float oder double.</translation>
     </message>
     <message>
         <source>a face has %1 corners, but only triangles can be cut while they are read.</source>
-        <translation>eine Fläche hat %1 Ecken, aber nur Dreiecke können beim Lesen geschnitten werden.</translation>
+        <translation>Eine Fläche hat %1 Ecken, aber nur Dreiecke können beim Lesen geschnitten werden.</translation>
     </message>
     <message>
         <source>it is a PLY file of text.</source>
-        <translation>sie ist eine PLY-Datei aus Text.</translation>
+        <translation>Sie ist eine PLY-Datei aus Text.</translation>
     </message>
     <message>
         <source>it does not begin with vertices and, behind them, faces.</source>
-        <translation>sie beginnt nicht mit Eckpunkten und Flächen dahinter.</translation>
+        <translation>Sie beginnt nicht mit Eckpunkten und Flächen dahinter.</translation>
     </message>
     <message>
         <source>a coordinate of triangle %1 is not a finite number.</source>
-        <translation>eine Koordinate des Dreiecks %1 ist keine endliche Zahl.</translation>
+        <translation>Eine Koordinate des Dreiecks %1 ist keine endliche Zahl.</translation>
     </message>
     <message>
         <source>it cannot be cut while it is read: only STL and binary PLY files can.</source>
-        <translation>sie kann nicht beim Lesen geschnitten werden: das geht nur mit STL- und binären PLY-Dateien.</translation>
+        <translation>Sie kann nicht beim Lesen geschnitten werden: das geht nur mit STL- und binären PLY-Dateien.</translation>
     </message>
     <message>
         <source>no triangle has three different corners; a mesh was expected.</source>
