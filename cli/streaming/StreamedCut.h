@@ -16,6 +16,7 @@
 /// part that is not there bears on where it meets the planes.
 ///
 /// Memory: the triangles that meet the planes, and a buffer for each piece.
+/// See docs/decisions/0019-parts-larger-than-memory.md.
 class StreamedCut
 {
 public:
