@@ -5,6 +5,8 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/services/Polling.h"
 #include "host/services/SelfIntersections.h"
+#include "host/services/SpreadStar.h"
+#include "host/services/VertexStars.h"
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/SeparateFans.h"
 
@@ -12,6 +14,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace {
@@ -159,8 +162,9 @@ private:
         bool isSameEdge(EdgeUse const& o) const { return low == o.low && high == o.high; }
     };
 
-    /// Whether a shell is one closed surface without handles that bends outward at every edge, so
-    /// that it does not meet itself. Two such surfaces that share a vertex are none.
+    /// Whether a shell is one closed surface without handles that bends outward at every edge and
+    /// goes around every vertex once, so that it does not meet itself. Two such surfaces that share
+    /// a vertex are none.
     bool isConvex(Shell const& shell)
     {
         m_uses.clear();
@@ -179,9 +183,26 @@ private:
             if (!isPair || !bendsOutward(m_uses[i], m_uses[i + 1]))
                 return false;
         }
-        return vertexCount(shell) + shell.triangles.size() == m_uses.size() / 2 + 2;
+        return vertexCount(shell) + shell.triangles.size() == m_uses.size() / 2 + 2 &&
+               goesOnceAroundVertices();
     }
 
+    /// Whether the triangles at each of the vertices at hand go around it once: those of a pyramid
+    /// over a star bend outward at all edges too. Each takes less than half a turn, so that fewer
+    /// than five do not go around twice.
+    bool goesOnceAroundVertices()
+    {
+        constexpr std::size_t fewest = 5;
+        if (!m_stars)
+            m_stars.emplace(m_tool, m_progress);
+        return std::all_of(m_vertices.begin(), m_vertices.end(), [&](std::uint32_t vertex) {
+            poll(vertex);
+            auto const corners = m_stars->corners(vertex);
+            return corners.size() < fewest || isStarSpread(m_tool, vertex, corners);
+        });
+    }
+
+    /// Lists the vertices of a shell.
     std::size_t vertexCount(Shell const& shell)
     {
         m_vertices.clear();
@@ -191,7 +212,8 @@ private:
                 m_vertices.push_back(corner);
         }
         sortPolled(m_vertices, m_progress, std::less<>());
-        return std::size_t(std::unique(m_vertices.begin(), m_vertices.end()) - m_vertices.begin());
+        m_vertices.erase(std::unique(m_vertices.begin(), m_vertices.end()), m_vertices.end());
+        return m_vertices.size();
     }
 
     bool bendsOutward(EdgeUse const& a, EdgeUse const& b) const
@@ -233,6 +255,8 @@ private:
     std::vector<Shell> m_shells;
     std::vector<EdgeUse> m_uses;
     std::vector<std::uint32_t> m_vertices;
+    /// Made when the first shell is else found to be convex.
+    std::optional<VertexStars> m_stars;
 };
 
 /// A triangle's edge.
