@@ -25,9 +25,9 @@ void checkSolids(std::vector<CutPart> const& parts)
                          " were given.");
 }
 
-int runBoolean(BooleanOptions const& options)
+int runBoolean(BooleanOptions const& options, Caller& caller)
 {
-    CutRun run("boolean", options);
+    CutRun run("boolean", options, caller);
     run.reportHead()["operation"] = nameOf(options.operation);
     return run.perform([&] {
         checkSolids(run.parts());
@@ -55,5 +55,7 @@ void addBoolean(CLI::App& commandLine, Action& action)
         "\n"
         "Pieces are named after A: A_union, A_intersect, A_subtract; A_inside and A_outside for\n"
         "--split. An empty result is no failure and writes no file.");
-    command->callback([options, &action] { action = [options] { return runBoolean(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runBoolean(*options, caller); };
+    });
 }

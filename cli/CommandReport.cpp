@@ -3,8 +3,9 @@
 
 #include "host/jobs/Threads.h"
 
-CommandReport::CommandReport(std::string const& command, CommonOptions const& options)
-    : m_options(options)
+CommandReport::CommandReport(std::string const& command, CommonOptions const& options,
+                             Caller& caller)
+    : m_options(options), m_caller(caller)
 {
     checkReportTarget(options.report, options.files);
     m_head["schema"] = schema;
@@ -23,5 +24,7 @@ void CommandReport::write(Report parts, int status, std::optional<Failure> const
     report["seconds"] = m_seconds;
     report["seconds"]["total"] = m_total.seconds();
     report["threads"] = Threads::threadCount();
-    writeReport(m_options.report, report);
+    m_caller.takeReport(report);
+    if (!m_options.report.empty())
+        writeReport(m_options.report, report);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/Caller.h"
 #include "cli/CommonOptions.h"
 #include "cli/Failure.h"
 #include "cli/Report.h"
@@ -17,9 +18,9 @@ public:
     static constexpr int schema = 1;
 
     /// throws  as checkReportTarget
-    CommandReport(std::string const& command, CommonOptions const& options);
+    CommandReport(std::string const& command, CommonOptions const& options, Caller& caller);
 
-    bool isWanted() const { return !m_options.report.empty(); }
+    bool isWanted() const { return m_caller.wantsReport() || !m_options.report.empty(); }
     /// The fields of the command itself, which stand before the parts.
     Report& head() { return m_head; }
     /// Runs a stage of the command; the report tells how long it took.
@@ -31,7 +32,7 @@ public:
         m_seconds[stage] = watch.seconds();
     }
 
-    /// Writes the report if one is wanted.
+    /// Writes the report if a file is named for it, and hands it to the caller.
     ///
     /// failure  of the whole command, not of one of its parts
     /// throws   Formats::FileError
@@ -39,6 +40,7 @@ public:
 
 private:
     CommonOptions const& m_options;
+    Caller& m_caller;
     Report m_head;
     Report m_seconds = Report::object();
     Stopwatch m_total;

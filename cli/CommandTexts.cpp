@@ -33,6 +33,8 @@ OptionText textOf(CLI::Option const& option)
     std::string const type = option.get_type_name();
     text.value = type.substr(0, type.find(':'));
     text.choices = choicesIn(type);
+    text.repeats = option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll ||
+                   (option.get_items_expected_max() > 1 && option.get_delimiter() == 0);
     return text;
 }
 

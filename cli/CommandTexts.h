@@ -17,6 +17,8 @@ struct OptionText
     std::string value;
     /// What the value can be; empty if that is no list.
     std::vector<std::string> choices;
+    /// It can be given several times, and each counts.
+    bool repeats = false;
     std::string help;
 
     bool takesFolder() const { return value == "DIR"; }

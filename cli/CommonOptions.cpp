@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommonOptions.h"
 
+#include "cli/Caller.h"
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
-#include "cli/ProgressLine.h"
 #include "host/jobs/Threads.h"
 
 #include <CLI/CLI.hpp>
@@ -64,10 +64,10 @@ void addManyFiles(CLI::App& command, CommonOptions& common, bool& keepGoing)
                      "one did");
 }
 
-void applyCommonOptions(CommonOptions const& options)
+void applyCommonOptions(CommonOptions const& options, Caller& caller)
 {
     options.scale();
     if (options.threads > 0)
         Threads::setThreadCount(options.threads);
-    Base::setProgressSink(std::make_shared<ProgressLine>(isTerminal() && !options.quiet));
+    Base::setProgressSink(caller.progressSink(options.quiet));
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+class Caller;
 namespace CLI {
 class App;
 }
@@ -37,6 +38,6 @@ struct CommonOptions
 /// end the command.
 void addManyFiles(CLI::App& command, CommonOptions& common, bool& keepGoing);
 
-/// Plugs the progress line in and limits the threads. Throws UsageError for what is wrong in the
+/// Plugs the caller's progress in and limits the threads. Throws UsageError for what is wrong in the
 /// options.
-void applyCommonOptions(CommonOptions const& options);
+void applyCommonOptions(CommonOptions const& options, Caller& caller);

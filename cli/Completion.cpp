@@ -233,7 +233,7 @@ void addCompletion(CLI::App& commandLine, Action& action)
         "  freecut completion zsh > ~/.zfunc/_freecut\n"
         "  freecut completion fish > ~/.config/fish/completions/freecut.fish");
     command->callback([&commandLine, shell, &action] {
-        action = [&commandLine, shell] {
+        action = [&commandLine, shell](Caller&) {
             Texts const texts = textsOf(commandLine);
             std::string const text = *shell == "bash"  ? bashCompletion(texts)
                                      : *shell == "zsh" ? zshCompletion(texts)

@@ -15,9 +15,9 @@ void keepWhole(CutPart& part)
     part.pieces.push_back(pieceOf(*part.object));
 }
 
-int runConvert(CutOptions const& options)
+int runConvert(CutOptions const& options, Caller& caller)
 {
-    CutRun run("convert", options);
+    CutRun run("convert", options, caller);
     return run.perform([&] { run.cutEach(keepWhole); });
 }
 
@@ -41,5 +41,7 @@ void addConvert(CLI::App& commandLine, Action& action)
         "  freecut convert *.stl --unit inch --format 3mf -o millimetres\n"
         "\n"
         "Each part of a file is written by itself, under its name.");
-    command->callback([options, &action] { action = [options] { return runConvert(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runConvert(*options, caller); };
+    });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutReport.h"
 
+#include "cli/Caller.h"
 #include "cli/Numbers.h"
 
 #include <algorithm>
@@ -147,6 +148,12 @@ Report partReport(CutPart const& part)
     return report;
 }
 
+/// A piece that is in memory alone has no file.
+std::string labelOf(CutPiece const& piece)
+{
+    return piece.file.empty() ? piece.name : piece.file.string();
+}
+
 std::string boxText(UBox3<float> const& box)
 {
     auto const corner = [](UPoint3<float> const& p) {
@@ -188,26 +195,31 @@ void printTable(std::vector<CutPart> const& parts)
     }
 }
 
-void complainOfOpenPieces(CutPart const& part, bool isAllowed)
+void complainOfOpenPieces(CutPart const& part, bool isAllowed, Caller& caller)
 {
-    for (CutPiece const& piece : part.pieces)
-        if (!piece.facts.closed)
-            complain(piece.file.string() + ": The piece is not closed" +
-                     (piece.streamed ? "" : ": " + openPlacesOf(piece.facts)) +
-                     (isAllowed ? "." : ". Repair the part, or accept it with --allow-open."));
+    for (CutPiece const& piece : part.pieces) {
+        if (piece.facts.closed)
+            continue;
+        std::string const text = labelOf(piece) + ": The piece is not closed" +
+                                 (piece.streamed ? "" : ": " + openPlacesOf(piece.facts));
+        if (isAllowed)
+            caller.tell(text + '.');
+        else
+            caller.complain(text + ". Repair the part, or accept it with --allow-open.");
+    }
 }
 
-void tellOfRepairs(CutPart const& part)
+void tellOfRepairs(CutPart const& part, Caller& caller)
 {
-    auto const tell = [](std::string const& name, std::optional<Repair::Report> const& repair) {
+    auto const tell = [&](std::string const& name, std::optional<Repair::Report> const& repair) {
         std::string text;
         for (std::string const& line :
              repair ? Repair::linesOf(*repair) : std::vector<std::string>())
             text += ' ' + line;
         if (!text.empty())
-            complain(name + ':' + text);
+            caller.tell(name + ':' + text);
     };
     tell(part.label, part.repair);
     for (CutPiece const& piece : part.pieces)
-        tell(piece.file.string(), piece.repair);
+        tell(labelOf(piece), piece.repair);
 }

@@ -4,6 +4,8 @@
 #include "cli/CutPart.h"
 #include "cli/Report.h"
 
+class Caller;
+
 /// A remark, for a report.
 Report remarkReport(CutRemark const& remark);
 
@@ -14,7 +16,7 @@ Report partsReport(std::vector<CutPart> const& parts);
 void printTable(std::vector<CutPart> const& parts);
 
 /// Says what repairs did to the pieces of a part, in one line for each piece.
-void tellOfRepairs(CutPart const& part);
+void tellOfRepairs(CutPart const& part, Caller& caller);
 
 /// Says which pieces of a part are not closed, and what can be done.
-void complainOfOpenPieces(CutPart const& part, bool isAllowed);
+void complainOfOpenPieces(CutPart const& part, bool isAllowed, Caller& caller);

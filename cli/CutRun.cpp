@@ -9,7 +9,6 @@
 #include "cli/OtherFileError.h"
 #include "cli/PieceMending.h"
 #include "cli/SavePieces.h"
-#include "cli/SourceList.h"
 #include "cli/StandardStreams.h"
 #include "cli/streaming/StreamJob.h"
 #include "platform/document/MeshDocument.h"
@@ -56,22 +55,23 @@ void namePieces(CutPart& part, std::vector<std::string> const& names)
 
 }  // namespace
 
-CutRun::CutRun(std::string const& command, CutOptions const& options)
+CutRun::CutRun(std::string const& command, CutOptions const& options, Caller& caller)
     : m_options(options),
-      m_report(command, options.common),
+      m_caller(caller),
+      m_report(command, options.common, caller),
       m_document(*Application::Instance->newDocument("freecut"))
 {
-    applyCommonOptions(options.common);
+    applyCommonOptions(options.common, caller);
     options.checkNames();
     if (goesToStandardOutput() && options.common.report == standardStream)
         throw UsageError("Standard output takes the piece or the report, but not both.");
-    if (!isDry() && !goesToStandardOutput())
+    if (!isDry() && !goesToStandardOutput() && caller.wantsFiles())
         m_files.emplace(options.pieces.folder, options.pieces.overwrite());
 }
 
 void CutRun::remark(CutRemark::Kind kind, std::string text)
 {
-    complain(text);
+    m_caller.tell(text);
     reportHead()["remarks"].push_back(remarkReport({nullptr, kind, std::move(text), {}}));
 }
 
@@ -89,7 +89,7 @@ int CutRun::perform(std::function<void()> const& cut)
         throw;
     } catch (...) {
         m_failure = failureInFlight();
-        complain(m_failure->message);
+        m_caller.complain(m_failure->message);
     }
     finish();
     return status();
@@ -118,26 +118,27 @@ void CutRun::cut(CutPart& part, std::function<void()> const& job)
     });
     if (isDone)
         for (CutRemark const& remark : part.remarks)
-            complain(part.label + ": " + remark.text);
+            m_caller.tell(part.label + ": " + remark.text);
     if (!isDone)
         stopUnlessGoingOn();
 }
 
 void CutRun::readParts()
 {
-    for (std::string const& file :
-         sourceFiles(m_options.common.files, m_options.common.isRecursive))
-        readFile(file);
+    for (PartSource const& source : m_caller.sources(m_options.common))
+        read(source);
 }
 
-void CutRun::readFile(std::string const& file)
+void CutRun::read(PartSource const& from)
 {
+    if (m_options.stream && !from.isFile)
+        throw UsageError("--stream cuts files while they are read, but a part is in memory.");
     if (m_options.stream)
-        return append(partToStream(file));
+        return append(partToStream(from.name));
     CutPart unread;
-    unread.source = file;
+    unread.source = from.name;
     std::vector<SourcePart> sources;
-    if (!attempt(unread, [&] { sources = readSource(file, m_options.common.scale()); })) {
+    if (!attempt(unread, [&] { sources = from.read(); })) {
         append(std::move(unread));
         return stopUnlessGoingOn();
     }
@@ -168,14 +169,14 @@ bool CutRun::attempt(CutPart& part, std::function<void()> const& work)
     } catch (OtherFileError const& e) {
         part.failure = failureInFlight();
         part.pieces.clear();
-        complain(e.label() + ": " + part.failure->message);
+        m_caller.complain(e.label() + ": " + part.failure->message);
         return false;
     } catch (...) {
         part.failure = failureInFlight();
         part.pieces.clear();
         // What cannot be read is named by its message.
-        complain(part.isThere() ? part.label + ": " + part.failure->message
-                                : part.failure->message);
+        m_caller.complain(part.isThere() ? part.label + ": " + part.failure->message
+                                         : part.failure->message);
         return false;
     }
 }
@@ -196,8 +197,9 @@ void CutRun::savePieces()
     if (goesToStandardOutput())
         return writeToStandardOutput(m_parts, m_options.pieces);
     if (m_options.keepOriginal)
-        appendOriginals(m_parts, m_options.pieces, *m_files);
-    writePieces(m_parts, m_options.pieces, *m_files);
+        appendOriginals(m_parts, m_options.pieces, m_files ? &*m_files : nullptr);
+    if (m_files)
+        writePieces(m_parts, m_options.pieces, *m_files);
 }
 
 void CutRun::finish()
@@ -209,7 +211,7 @@ void CutRun::finish()
         m_report.write(partsReport(m_parts), status(), m_failure);
     } catch (...) {
         m_failure = failureInFlight();
-        complain(m_failure->message);
+        m_caller.complain(m_failure->message);
     }
     if (!isKept())
         return;
@@ -218,9 +220,10 @@ void CutRun::finish()
     if (m_options.common.wantsTable() && !isDry() && !goesToStandardOutput())
         printTable(m_parts);
     for (CutPart const& part : m_parts) {
-        tellOfRepairs(part);
-        complainOfOpenPieces(part, m_options.pieces.allowOpen);
+        tellOfRepairs(part, m_caller);
+        complainOfOpenPieces(part, m_options.pieces.allowOpen, m_caller);
     }
+    m_caller.takePieces(m_parts);
 }
 
 bool CutRun::isKept() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/Caller.h"
 #include "cli/CommandReport.h"
 #include "cli/CutOptions.h"
 #include "cli/CutPart.h"
@@ -21,7 +22,7 @@ class CutRun
 public:
     /// throws  UsageError or Formats::FileError if report or pieces could not be written where they
     ///         shall go. Nothing has been read yet
-    CutRun(std::string const& command, CutOptions const& options);
+    CutRun(std::string const& command, CutOptions const& options, Caller& caller);
 
     Mesh::Document& document() { return m_document; }
     bool isDry() const { return m_options.dryRun; }
@@ -55,7 +56,7 @@ private:
     };
 
     void readParts();
-    void readFile(std::string const& file);
+    void read(PartSource const& from);
     void append(CutPart part);
     /// Whether the work was done; otherwise the part bears the failure, and it has been said.
     bool attempt(CutPart& part, std::function<void()> const& work);
@@ -67,6 +68,7 @@ private:
     int status() const;
 
     CutOptions const& m_options;
+    Caller& m_caller;
     CommandReport m_report;
     std::optional<PieceFiles> m_files;
     Mesh::Document& m_document;

@@ -2,8 +2,6 @@
 #include "cli/CommandReport.h"
 #include "cli/ExitStatus.h"
 #include "cli/Numbers.h"
-#include "cli/SourceFiles.h"
-#include "cli/SourceList.h"
 #include "cli/SubCommands.h"
 #include "host/services/PartReview.h"
 #include "platform/jobs/Exceptions.h"
@@ -92,11 +90,11 @@ void printPart(SourcePart const& part, MeshFacts const& facts, Counts const& cou
         printLine(std::exchange(label, ""), grouped(counts.*kind.count) + " " + kind.text);
 }
 
-/// Tells about the parts of a file, and how many errors they have together.
-std::size_t tellOf(std::string const& file, CommonOptions const& options, Report& parts)
+/// Tells about the parts of a source, and how many errors they have together.
+std::size_t tellOf(PartSource const& source, CommonOptions const& options, Report& parts)
 {
     std::size_t errors = 0;
-    for (SourcePart& part : readSource(file, options.scale())) {
+    for (SourcePart& part : source.read()) {
         auto const [facts, counts] = review(part);
         errors += counts.total();
         parts.push_back(partReport(part, facts, counts));
@@ -106,24 +104,23 @@ std::size_t tellOf(std::string const& file, CommonOptions const& options, Report
     return errors;
 }
 
-int runInfo(InfoOptions const& options)
+int runInfo(InfoOptions const& options, Caller& caller)
 {
-    CommandReport report("info", options.common);
-    applyCommonOptions(options.common);
+    CommandReport report("info", options.common, caller);
+    applyCommonOptions(options.common, caller);
     Report parts = Report::array();
     std::optional<Failure> failure;
     std::size_t errors = 0;
     report.time("check", [&] {
-        for (std::string const& file :
-             sourceFiles(options.common.files, options.common.isRecursive))
+        for (PartSource const& source : caller.sources(options.common))
             try {
-                errors += tellOf(file, options.common, parts);
+                errors += tellOf(source, options.common, parts);
             } catch (Mell::AbortException const&) {
                 throw;
             } catch (...) {
                 Failure const here = failureInFlight();
-                complain(here.message);
-                parts.push_back({{"source", file}, {"error", here.message}});
+                caller.complain(here.message);
+                parts.push_back({{"source", source.name}, {"error", here.message}});
                 failure = failure.value_or(here);
                 if (!options.keepGoing)
                     break;
@@ -150,5 +147,7 @@ void addInfo(CLI::App& commandLine, Action& action)
         "Examples:\n"
         "  freecut info bracket.stl --json -\n"
         "  freecut info *.stl --check --keep-going --quiet");
-    command->callback([options, &action] { action = [options] { return runInfo(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runInfo(*options, caller); };
+    });
 }

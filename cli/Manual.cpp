@@ -91,7 +91,7 @@ void addManual(CLI::App& commandLine, Action& action)
         "Examples:\n"
         "  freecut manual > freecut.1 && man ./freecut.1");
     command->callback([&commandLine, &action] {
-        action = [&commandLine] {
+        action = [&commandLine](Caller&) {
             std::fputs(manual(textsOf(commandLine)).c_str(), stdout);
             return EXIT_DONE;
         };

@@ -27,9 +27,9 @@ void mend(CutPart& part)
     piece.repair = repair.report();
 }
 
-int runRepair(CutOptions const& options)
+int runRepair(CutOptions const& options, Caller& caller)
 {
-    CutRun run("repair", options);
+    CutRun run("repair", options, caller);
     return run.perform([&] { run.cutEach(mend); });
 }
 
@@ -51,5 +51,7 @@ void addRepair(CLI::App& commandLine, Action& action)
         "  freecut repair *.stl -o mended --keep-going --json report.json\n"
         "\n"
         "Each part is written whole, under its name and \"_repaired\".");
-    command->callback([options, &action] { action = [options] { return runRepair(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runRepair(*options, caller); };
+    });
 }

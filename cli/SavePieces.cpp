@@ -24,7 +24,7 @@ void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, Piece
 }
 
 void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
-                     PieceFiles const& files)
+                     PieceFiles const* files)
 {
     auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
     for (CutPart& part : parts) {
@@ -32,8 +32,8 @@ void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
             continue;
         std::string const name = part.object->getName();
         std::error_code error;
-        if (std::filesystem::equivalent(files.fileFor(name, chosen ? *chosen : *part.format),
-                                        part.source, error))
+        if (files && std::filesystem::equivalent(
+                         files->fileFor(name, chosen ? *chosen : *part.format), part.source, error))
             continue;
         part.pieces.push_back(pieceOf(*part.object));
         part.pieces.back().facts = measureMesh(*part.pieces.back().kernel);

@@ -13,5 +13,7 @@ void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, Piece
 
 /// Lets the parts themselves follow the pieces that they were cut into, except where they come from
 /// the very file that they would go to.
+///
+/// files  null if nothing is written
 void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,
-                     PieceFiles const& files);
+                     PieceFiles const* files);

@@ -95,11 +95,11 @@ void cutSection(CutRun& run, CutPart& part, Freecut::PlaneGraphicObject& plane,
         printSurvey(part);
 }
 
-int runSection(SectionOptions& options)
+int runSection(SectionOptions& options, Caller& caller)
 {
     options.connectors.loadPreset();
     options.check();
-    CutRun run("section", options);
+    CutRun run("section", options, caller);
     return run.perform([&] {
         Freecut::PlaneSize const size = sizeOf(options, run.document());
         describe(run.reportHead(), options, size);
@@ -127,5 +127,7 @@ void addSection(CLI::App& commandLine, Action& action)
         "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --holes --dry-run --json -\n"
         "  freecut section arm.stl --center 40,0,0 --normal 1,0,0 --pins --without 3 --at "
         "40,2.5,1");
-    command->callback([options, &action] { action = [options] { return runSection(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runSection(*options, caller); };
+    });
 }

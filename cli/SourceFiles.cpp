@@ -7,13 +7,6 @@
 
 namespace {
 
-void multiply(MeshKernel& kernel, float scale)
-{
-    for (UVertex<float>* const vertex : kernel.getMesh()->vertices)
-        vertex->P() = vertex->cP() * scale;
-    kernel.UpdateBoundingBox();
-}
-
 /// The file itself, or what has come by standard input.
 class Source
 {
@@ -32,6 +25,15 @@ private:
 
 }  // namespace
 
+void multiplyPoints(MeshKernel& kernel, float factor)
+{
+    if (factor == 1)
+        return;
+    for (UVertex<float>* const vertex : kernel.getMesh()->vertices)
+        vertex->P() = vertex->cP() * factor;
+    kernel.UpdateBoundingBox();
+}
+
 std::vector<SourcePart> readSource(std::string const& file, SourceScale const& scale)
 {
     Base::SequencerLauncher display(("Reading " + file).c_str(), 100, true);
@@ -44,8 +46,7 @@ std::vector<SourcePart> readSource(std::string const& file, SourceScale const& s
     float const factor = format.namesUnit() ? scale.ofAll : scale.ofAll * scale.unit;
     std::vector<SourcePart> parts;
     for (Formats::LoadedPart& part : loaded) {
-        if (factor != 1)
-            multiply(*part.kernel, factor);
+        multiplyPoints(*part.kernel, factor);
         parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
     }
     return parts;

@@ -29,6 +29,9 @@ struct SourceScale
     float unit = 1;
 };
 
+/// Multiplies the points of a mesh, and renews its box.
+void multiplyPoints(MeshKernel& kernel, float factor);
+
 /// Reads all parts of a file, in order, behind a progress display.
 ///
 /// throws  Formats::FileError; Mell::AbortException if the user cancels

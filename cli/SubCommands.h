@@ -3,13 +3,14 @@
 
 #include <functional>
 
+class Caller;
 namespace CLI {
 class App;
 }
 
 /// What a sub-command does once the command line is understood. Returns the exit status; failures
-/// are exceptions that main() turns into a message.
-using Action = std::function<int()>;
+/// are exceptions, which whoever calls it turns into a message.
+using Action = std::function<int(Caller&)>;
 
 // Each adds its sub-command with its options and help to the command line, and sets `action` when
 // it was chosen. The options live as long as the action.

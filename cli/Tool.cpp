@@ -184,11 +184,11 @@ Freecut::VolumeGraphicObject& drawn(ToolOptions const& options, ToolScene& scene
     return *options.draw(scene);
 }
 
-int runTool(ToolOptions& options)
+int runTool(ToolOptions& options, Caller& caller)
 {
     options.load();
     checkPicture(options);
-    CutRun run(options.name(), options);
+    CutRun run(options.name(), options, caller);
     return run.perform([&] {
         ToolScene scene(run.document(), options.view());
         Freecut::VolumeGraphicObject& tool = drawn(options, scene);
@@ -217,7 +217,9 @@ void addTool(CLI::App& commandLine, Action& action, char const* what, char const
                              "comes off. All numbers are millimetres.");
     options->addTo(*command);
     command->footer(examples);
-    command->callback([options, &action] { action = [options] { return runTool(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runTool(*options, caller); };
+    });
 }
 
 }  // namespace

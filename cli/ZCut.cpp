@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CutRun.h"
+#include "cli/Errors.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
 #include "cli/streaming/StreamJob.h"
@@ -24,11 +25,14 @@ int streamZCut(CutRun& run, ZCutOptions const& options)
     });
 }
 
-int runZCut(ZCutOptions options)
+int runZCut(ZCutOptions options, Caller& caller)
 {
-    bool const isTooLarge = !options.stream && mustBeStreamed(options);
+    bool const isTooLarge = caller.wantsFiles() && !options.stream && mustBeStreamed(options);
     options.stream |= isTooLarge;
-    CutRun run("zcut", options);
+    if (options.stream && !caller.wantsFiles())
+        throw UsageError(
+            "--stream writes pieces to files while a part is read; name a folder for them.");
+    CutRun run("zcut", options, caller);
     if (isTooLarge)
         run.remark(CutRemark::Kind::RequestChanged,
                    "The parts do not fit into memory: they are cut while they are read, and not "
@@ -62,5 +66,7 @@ void addZCut(CLI::App& commandLine, Action& action)
         "  freecut zcut tower.stl --every 40\n"
         "  freecut zcut a.stl b.3mf --heights 10,22.5 -o pieces --format 3mf\n"
         "  freecut zcut big.stl --height 40 --no-repair --json report.json");
-    command->callback([options, &action] { action = [options] { return runZCut(*options); }; });
+    command->callback([options, &action] {
+        action = [options](Caller& caller) { return runZCut(*options, caller); };
+    });
 }

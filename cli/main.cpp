@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Cancel.h"
+#include "cli/CommandLine.h"
 #include "cli/ExitStatus.h"
 #include "cli/Failure.h"
 #include "cli/NearestCommand.h"
-#include "cli/SubCommands.h"
+#include "cli/Terminal.h"
 #include "platform/ui/Application.h"
 
 #include <CLI/CLI.hpp>
@@ -14,18 +15,6 @@
 #include <memory>
 
 namespace {
-
-/// Runs the chosen sub-command and turns what it throws into a message and an exit status.
-int run(Action const& action)
-{
-    try {
-        return action();
-    } catch (...) {
-        Failure const failure = failureInFlight();
-        complain(failure.message);
-        return failure.status;
-    }
-}
 
 /// What is printed may be all that a command was called for.
 int statusOfOutput(int status)
@@ -59,7 +48,6 @@ int main(int argc, char** argv)
 {
     CLI::App commandLine("Cuts triangle-mesh parts for 3D printing. All numbers are millimetres.",
                          "freecut");
-    commandLine.require_subcommand(1);
     commandLine.footer(
         "Examples:\n"
         "  freecut info bracket.stl\n"
@@ -78,16 +66,7 @@ int main(int argc, char** argv)
                ", " FREECUT_LIBRARIES;
     });
     Action action;
-    addInfo(commandLine, action);
-    addZCut(commandLine, action);
-    addSection(commandLine, action);
-    addBoolean(commandLine, action);
-    addTools(commandLine, action);
-    addRepair(commandLine, action);
-    addConvert(commandLine, action);
-    addBatch(commandLine, action);
-    addCompletion(commandLine, action);
-    addManual(commandLine, action);
+    addCommands(commandLine, action);
     try {
         commandLine.parse(argc, argv);
     } catch (CLI::ParseError const& e) {
@@ -106,5 +85,6 @@ int main(int argc, char** argv)
     auto const application = makeApplication(argc, argv, isToolChosen(commandLine));
     QCoreApplication::setApplicationName("freecut");
     Application const host;
-    return statusOfOutput(run(action));
+    Terminal terminal;
+    return statusOfOutput(runFor(terminal, action));
 }

@@ -92,7 +92,7 @@ void addBatch(CLI::App& commandLine, Action& action)
         "The\n"
         "exit status is that of the worst job.");
     command->callback([options, &action, &commandLine] {
-        action = [options, &commandLine] {
+        action = [options, &commandLine](Caller&) {
             return runBatch(*options, JobLines(textsOf(commandLine)));
         };
     });

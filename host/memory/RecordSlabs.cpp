@@ -38,7 +38,7 @@ constexpr std::size_t refillCount = 1024;
 constexpr std::size_t listLimit = 2048;
 
 template <typename Record>
-__attribute__((tls_model("initial-exec"))) thread_local constinit Cache cache;
+thread_local constinit Cache cache;
 
 /// Gives a thread's stock back when the thread ends. The cache itself has no destructor, so that
 /// other thread-local objects may still free records after this one has gone.

@@ -39,7 +39,7 @@ Names namedPages()
     Names names;
     for (char const* const folder :
          {"platform", "host", "drawings", "cutjobs", "connectors", "tools", "messages", "selection",
-          "display", "dialogs", "module", "app", "cli"})
+          "display", "dialogs", "module", "app", "cli", "python"})
         for (fs::directory_entry const& entry :
              fs::recursive_directory_iterator(sourcePath(folder)))
             if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")

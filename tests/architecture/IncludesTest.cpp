@@ -33,7 +33,7 @@ std::vector<std::string> const plugInFolders = {"drawings", "cutjobs",  "connect
                                                 "display",  "dialogs",  "module"};
 std::vector<std::string> const allFolders = {
     "platform",  "host",    "drawings", "cutjobs", "connectors", "tools", "messages",
-    "selection", "display", "dialogs",  "module",  "app",        "cli"};
+    "selection", "display", "dialogs",  "module",  "app",        "cli",   "python"};
 
 /// Which rooms the files of a room may include, besides their own and platform. The rooms of host and
 /// app are folders within these.
@@ -63,6 +63,7 @@ std::map<std::string, std::set<std::string>> const allowed = {
     {"cli",
      {"drawings", "display", "cutjobs", "connectors", "tools", "host/formats", "host/jobs",
       "host/mesh", "host/services"}},
+    {"python", {"cli", "drawings", "connectors", "cutjobs", "host/formats", "host/jobs"}},
 
     {"app",
      {"app/commands", "app/files", "app/jobs", "app/modules", "app/panels", "app/recovery",

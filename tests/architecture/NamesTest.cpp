@@ -73,7 +73,7 @@ std::map<std::string, std::vector<std::string>> placesOfClasses()
     fs::path const root = sourcePath("");
     for (char const* const folder :
          {"platform", "host", "cutjobs", "connectors", "tools", "messages", "selection", "display",
-          "dialogs", "module", "app", "cli", "tests"})
+          "dialogs", "module", "app", "cli", "python", "tests"})
         for (auto const& entry : fs::recursive_directory_iterator(root / folder)) {
             std::string const end = entry.path().extension().string();
             if (end == ".h" || end == ".cpp")
