@@ -218,7 +218,7 @@ TEST(SideLabels, AgreeWhereTheToolHasFinsOfNoThickness)
     }
 }
 
-// A triangle of one shell may lie on two of another between which no curve runs.
+// Sides of several shells lie beside each other and on each other in one plane, the part's too.
 TEST(SideLabels, AgreeWhereShellsOfTheToolHaveSidesInOnePlane)
 {
     std::mt19937 random(3);
