@@ -10,28 +10,60 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
-// Entries of ctest that run a part of the window's tests name them by patterns. What is renamed would drop
-// out of them in silence.
+// Entries of ctest that run a part of the window's tests name them by patterns, and tests that need models
+// which not every clone has name one that does not. What is renamed would drop out of them in silence.
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// Every test of the window, as "Suite.Name".
+struct WrittenTest
+{
+    /// "Suite.Name".
+    std::string name;
+    /// From its first line to the next test.
+    std::string text;
+    /// The test that does the same in every clone; empty if none is named above it.
+    std::string inEveryClone;
+};
+
+void appendTestsOf(fs::path const& path, std::vector<WrittenTest>& tests)
+{
+    static std::regex const test(
+        R"((?:// In every clone: ([\w.]+)\n)?TEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\s*\))");
+    std::ifstream file(path);
+    std::string const text{std::istreambuf_iterator<char>(file), {}};
+    for (std::sregex_iterator match(text.begin(), text.end(), test), end; match != end;) {
+        std::smatch const here = *match++;
+        auto const from = std::size_t(here.position());
+        auto const to = match == end ? text.size() : std::size_t(match->position());
+        tests.push_back(
+            {here[2].str() + "." + here[3].str(), text.substr(from, to - from), here[1].str()});
+    }
+}
+
+std::vector<WrittenTest> testsBelow(char const* folder)
+{
+    std::vector<WrittenTest> tests;
+    for (fs::directory_entry const& entry : fs::recursive_directory_iterator(sourcePath(folder)))
+        if (entry.path().extension() == ".cpp")
+            appendTestsOf(entry.path(), tests);
+    return tests;
+}
+
 std::set<std::string> appTests()
 {
-    static std::regex const test(R"(TEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\s*\))");
     std::set<std::string> names;
-    for (fs::directory_entry const& entry : fs::directory_iterator(sourcePath("tests/app"))) {
-        if (entry.path().extension() != ".cpp")
-            continue;
-        std::ifstream file(entry.path());
-        std::string const text{std::istreambuf_iterator<char>(file), {}};
-        for (std::sregex_iterator match(text.begin(), text.end(), test), end; match != end; ++match)
-            names.insert((*match)[1].str() + "." + (*match)[2].str());
-    }
+    for (WrittenTest const& test : testsBelow("tests/app"))
+        names.insert(test.name);
     return names;
+}
+
+bool needsModels(WrittenTest const& test)
+{
+    return test.text.find("GTEST_SKIP() << modelsAreMissing") != std::string::npos;
 }
 
 bool matchesAny(std::string const& pattern, std::set<std::string> const& names)
@@ -57,4 +89,22 @@ TEST(NamedTests, OfTheWindowAreThere)
     for (std::string pattern; std::getline(patterns, pattern, ':'); ++count)
         EXPECT_TRUE(matchesAny(pattern, names)) << "No test of the window matches " << pattern;
     EXPECT_GT(count, 5);
+}
+
+TEST(NamedTests, WhatIsTriedOnRealModelsIsTriedInEveryClone)
+{
+    std::vector<WrittenTest> const tests = testsBelow("tests");
+    std::set<std::string> everywhere;
+    for (WrittenTest const& test : tests)
+        if (!needsModels(test))
+            everywhere.insert(test.name);
+    int count = 0;
+    for (WrittenTest const& test : tests)
+        if (needsModels(test)) {
+            ++count;
+            EXPECT_TRUE(everywhere.contains(test.inEveryClone))
+                << test.name << " is passed over where the real models are missing; above it the "
+                << "test that needs none must be named, not \"" << test.inEveryClone << '"';
+        }
+    EXPECT_GT(count, 3);
 }

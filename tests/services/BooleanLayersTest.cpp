@@ -329,6 +329,7 @@ TEST(BooleanLayers, LongWorkAsksForACancelOftenOnOperandsThatCrossThemselves)
     }
 }
 
+// In every clone: BooleanLayers.SolidsThatCrossThemselvesMeetThemselves
 TEST(BooleanLayers, RealModelsThatCrossThemselves)
 {
     for (char const* const name :

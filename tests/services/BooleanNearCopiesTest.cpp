@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/NearCopies.h"
 #include "tests/support/Rounds.h"
@@ -7,6 +8,8 @@
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace {
 
@@ -62,6 +65,13 @@ TEST(BooleanNearCopies, AreClosedWithoutEdgesOfFourTriangles)
         expectSoundBesideItself(part);
 }
 
+TEST(BooleanNearCopies, OfModelsAreClosedWithoutEdgesOfFourTriangles)
+{
+    expectSoundBesideItself({"plate", mechanicalPlate()});
+    expectSoundBesideItself({"head", scannedHead(20)});
+}
+
+// In every clone: BooleanNearCopies.OfModelsAreClosedWithoutEdgesOfFourTriangles
 TEST(BooleanNearCopies, OfRealModelsAreClosedWithoutEdgesOfFourTriangles)
 {
     bool hasModel = false;
@@ -78,6 +88,17 @@ TEST(BooleanNearCopies, OfRealModelsAreClosedWithoutEdgesOfFourTriangles)
 // A point of a curve takes in another one; a vertex beside the curve has edges to both, which become
 // one of four triangles.
 TEST(BooleanNearCopies, EdgesBesideJoinedPointsAreTakenApart)
+{
+    Soup waves = torus(20, 7, 60, 60);
+    for (auto& p : waves.points)
+        p[2] += 0.7f * std::sin(3.1f * p[0]) * std::cos(2.3f * p[1]);
+    for (double const radians : {4.1472e-7, 4.97664e-7})
+        for (auto const kind : {Intersect::BOOLEAN_SUBTRACT, Intersect::BOOLEAN_UNION})
+            EXPECT_EQ(faultsOf(combined(waves, turnedCopy(waves, radians), kind)), "");
+}
+
+// In every clone: BooleanNearCopies.EdgesBesideJoinedPointsAreTakenApart
+TEST(BooleanNearCopies, EdgesBesideJoinedPointsOfAScanAreTakenApart)
 {
     Soup const model = realMesh("nefertiti-100k.stl");
     if (model.triangles.empty())

@@ -253,6 +253,7 @@ TEST(BoundedPlaneCut, LegOfAFigureIsCutOffAndTheOthersStay)
     EXPECT_LT(box.MinZ(), 1) << "the other legs";
 }
 
+// In every clone: BoundedPlaneCut.LegOfAFigureIsCutOffAndTheOthersStay
 TEST(BoundedPlaneCut, LegOfAnAnimalIsCutOff)
 {
     Soup const model = realMesh("spot-6k.stl");
@@ -280,6 +281,7 @@ TEST(BoundedPlaneCut, LegOfAnAnimalIsCutOff)
     EXPECT_LT(box.MinY(), 1);
 }
 
+// In every clone: BoundedPlaneCut.LegOfAFigureIsCutOffAndTheOthersStay
 TEST(BoundedPlaneCut, HandOfAFigureIsCutOffAndItsFeetStay)
 {
     Soup const model = realMesh("armadillo-86k.stl");

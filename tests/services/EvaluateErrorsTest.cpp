@@ -280,6 +280,7 @@ TEST(EvaluateErrors, JudgesMadeModelsAsTheyAre)
     EXPECT_EQ(countsOf(head).total(), 9u);
 }
 
+// In every clone: EvaluateErrors.JudgesMadeModelsAsTheyAre
 TEST(EvaluateErrors, JudgesRealModelsAsTheyAre)
 {
     Soup const cow = realMesh("cow-6k.stl");

@@ -315,6 +315,7 @@ TEST(RepairMethods, MendsTheMadeModelsThatNeedIt)
     }
 }
 
+// In every clone: RepairMethods.MendsTheMadeModelsThatNeedIt
 TEST(RepairMethods, MendsTheRealModelsThatNeedIt)
 {
     for (char const* name : {"cow-6k.stl", "open-bunny-69k.stl", "misoriented-propeller-7k.stl"}) {

@@ -5,6 +5,7 @@
 #include "platform/ui/ThemeSwitch.h"
 #include "platform/view/GLGraphicsItem.h"
 #include "platform/view/ViewProvider.h"
+#include "tests/support/MadeModels.h"
 #include "tests/support/ShownView.h"
 #include "tests/view/PictureDifference.h"
 
@@ -227,14 +228,14 @@ TEST_P(StandInPictures, StayCloseToTheExactOnesWhileTheMouseMoves)
     EXPECT_LT(Difference(expected, moving).shareApart, 0.001);
 }
 
-TEST_P(StandInPictures, OfRealPartsStayClose)
+TEST_P(StandInPictures, OfScannedAndMechanicalPartsStayClose)
 {
     view->setPlateVisible(false);
     view->OnViewType(6);
-    for (char const* const name : {"igea-269k.stl", "fandisk-13k.stl", "rocker-arm-20k.stl"}) {
-        Soup soup = realMesh(name);
-        if (soup.triangles.empty())
-            GTEST_SKIP() << modelsAreMissing;
+    std::vector<NamedSoup> models = withReal({"head", scannedHead(60)}, "igea-269k.stl");
+    for (NamedSoup& model : withReal({"flange", turnedFlange()}, "fandisk-13k.stl"))
+        models.push_back(std::move(model));
+    for (auto& [name, soup] : models) {
         while (soup.triangles.size() < 200000)
             soup = subdivided(soup);
         Mesh::DocumentObject* const part = test.add(soup, name);
@@ -246,10 +247,8 @@ TEST_P(StandInPictures, OfRealPartsStayClose)
         EXPECT_EQ(beyond(a, b, expected.size(), 3), 0) << name;
         EXPECT_EQ(beyond(b, a, expected.size(), 3), 0) << name;
         EXPECT_LT(Difference(expected, moving).mean, 3) << name;
-        expected.save(
-            QString::fromStdString(picturePath(std::string("stand-in-exact-") + name + ".png")));
-        moving.save(
-            QString::fromStdString(picturePath(std::string("stand-in-moving-") + name + ".png")));
+        expected.save(QString::fromStdString(picturePath("stand-in-exact-" + name + ".png")));
+        moving.save(QString::fromStdString(picturePath("stand-in-moving-" + name + ".png")));
         standIns().rest();
         test.document->removeObject(part);
     }
