@@ -7,6 +7,7 @@
 #include "app/OrbeWindow.h"
 #include "app/files/DocumentFiles.h"
 #include "app/jobs/JobGuard.h"
+#include "app/parts/PartPlacement.h"
 #include "benchmarks/StackSampler.h"
 #include "host/view/ViewScene.h"
 #include "platform/document/MeshDocument.h"
@@ -79,7 +80,7 @@ public:
         return result;
     }
 
-    static constexpr double toldFrom = 50;
+    double toldFrom = 50;
     struct Wait
     {
         double ms;
@@ -211,6 +212,18 @@ public:
         step("Std_Delete");
     }
 
+    /// What the window waits for while changed work is kept for recovery.
+    void keep()
+    {
+        m_window->keepUnsavedWork(m_recovery.path().toStdString());
+        application().toldFrom = 10;
+        waits("keeping work", [&] {
+            PartPlacement::move(document(), {document().getMeshObjects().back()}, {0, 0, 1});
+            rest(8000);
+        });
+        application().toldFrom = 50;
+    }
+
     void arrange()
     {
         for (char const* const name :
@@ -253,7 +266,7 @@ private:
         waitWhile([&] { return view().scene().preparer().isWorking(); });
         rest(600);
         std::printf("%-12s %6.0f ms; waits of %.0f ms and more:", name, result,
-                    TimedApplication::toldFrom);
+                    application().toldFrom);
         for (TimedApplication::Wait const& wait : application().waits) {
             std::printf("\n  %.0f (%s, processor %.0f)", wait.ms, wait.name.constData(),
                         wait.processor);
@@ -354,6 +367,7 @@ private:
         rest(500);
     }
 
+    QTemporaryDir m_recovery;
     Application m_application;
     std::unique_ptr<OrbeWindow> m_window;
 };
@@ -381,6 +395,7 @@ int main(int argc, char** argv)
     if (isMany) {
         session.open(files);
         session.arrange();
+        session.keep();
         return 0;
     }
     for (QString const& file : files)
@@ -388,5 +403,7 @@ int main(int argc, char** argv)
     if (isDragged)
         session.pictures();
     session.cut();
+    session.open(files.mid(0, 1));
+    session.keep();
     return 0;
 }

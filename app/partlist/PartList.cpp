@@ -2,6 +2,7 @@
 #include "app/partlist/PartList.h"
 
 #include "app/jobs/JobGuard.h"
+#include "app/panels/ElidedLabel.h"
 #include "app/partlist/PartListDelegate.h"
 #include "app/partlist/PartMenu.h"
 #include "app/partlist/PartSelectionLink.h"
@@ -11,7 +12,6 @@
 #include <QColorDialog>
 #include <QEvent>
 #include <QHeaderView>
-#include <QLabel>
 #include <QLocale>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -38,7 +38,7 @@ PartList::PartList(QWidget* parent)
     : QWidget(parent),
       m_model(new PartTreeModel(this)),
       m_view(new PartTreeView(this)),
-      m_summary(new QLabel(this)),
+      m_summary(new ElidedLabel(this)),
       m_chooseColor(askForColor)
 {
     setObjectName("PartList");
@@ -82,8 +82,8 @@ void PartList::buildView()
         if (column == PartTreeModel::TrianglesColumn && size > 0)
             fitColumns();
     });
-    int const margin = fontMetrics().height() / 3;
-    m_summary->setContentsMargins(margin, 0, margin, margin);
+    int const height = fontMetrics().height();
+    m_summary->setContentsMargins(height / 4, 0, height / 4, height / 3);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 

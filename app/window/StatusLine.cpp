@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window/StatusLine.h"
 
+#include "app/panels/ElidedLabel.h"
 #include "app/window/JobProgressBar.h"
 #include "app/window/ToolHint.h"
 #include "platform/document/MeshDocument.h"
@@ -12,12 +13,9 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QEvent>
-#include <QHelpEvent>
-#include <QLabel>
 #include <QLocale>
 #include <QPainter>
 #include <QStyleOption>
-#include <QToolTip>
 #include <QUrl>
 
 namespace {
@@ -28,55 +26,16 @@ char const* const viewHint =
     QT_TRANSLATE_NOOP("StatusLine", "Click a part to select it. Press ? for all shortcuts.");
 constexpr int writtenMilliseconds = 30000;
 
-/// Ends what has no room with dots, and tells all of it in a tip.
-class HintLabel : public QLabel
-{
-public:
-    using QLabel::QLabel;
-
-protected:
-    bool event(QEvent* event) override
-    {
-        if (event->type() == QEvent::ToolTip)
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                               isCut() ? text() : QString(), this);
-        return event->type() == QEvent::ToolTip || QLabel::event(event);
-    }
-
-    void paintEvent(QPaintEvent* event) override
-    {
-        if (!isCut()) {
-            QLabel::paintEvent(event);
-            return;
-        }
-        QPainter painter(this);
-        QString const shown =
-            fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
-        style()->drawItemText(&painter, contentsRect(),
-                              int(QStyle::visualAlignment(layoutDirection(), alignment())),
-                              palette(), isEnabled(), shown, foregroundRole());
-    }
-
-private:
-    bool isCut() const
-    {
-        return textFormat() == Qt::PlainText &&
-               fontMetrics().horizontalAdvance(text()) > contentsRect().width();
-    }
-};
-
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
-      m_hint(new HintLabel(this)),
+      m_hint(new ElidedLabel(this)),
       m_selection(new QLabel(this)),
       m_progress(new JobProgressBar(this))
 {
     m_hint->setObjectName(QStringLiteral("Hint"));
     m_selection->setObjectName(QStringLiteral("SelectionSummary"));
-    // A long hint must not keep the window from being narrow.
-    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     // Permanent, and the message in it: a widget that gives way to messages comes back before its
     // time, on top of the message, when another one beside it appears.
     addPermanentWidget(m_hint, 1);

@@ -41,6 +41,16 @@ bool isPainted(Base::ViewProvider const* provider)
     return part && part->isGhost();
 }
 
+/// Without them for most of the triangles, as with many small parts, a coarse picture takes as long as
+/// the exact one.
+bool haveStandIns(StandIns::Shapes const& shapes)
+{
+    std::size_t with = 0, without = 0;
+    for (std::shared_ptr<PartShape> const& shape : shapes)
+        (shape->standIn ? with : without) += shape->triangles();
+    return with > without;
+}
+
 }  // namespace
 
 // Before anything is painted, so that all of the picture goes by what is ready.
@@ -118,7 +128,8 @@ ViewScene::Way ViewScene::wayOfPicture(Paint const& ground)
     }
     m_ground = ground;
     m_steps.begin(whole.fingerprint(), whole.cost());
-    return areReady && m_standIns.isMeasured() ? Way::Coarse : Way::Kept;
+    bool const canBeCoarse = areReady && m_standIns.isMeasured() && haveStandIns(shownShapes());
+    return canBeCoarse ? Way::Coarse : Way::Kept;
 }
 
 void ViewScene::setResizing(bool isResizing)

@@ -229,3 +229,17 @@ TEST_F(SmallScreens, TheKeyboardAloneSetsBothConnectorPagesAndCuts)
         ASSERT_EQ(document().getMeshObjects().size(), 1u);
     }
 }
+
+TEST_F(SmallScreens, ASelectionDoesNotWidenTheWindow)
+{
+    Mesh::DocumentObject* const part = addBlock();
+    part->setSelected(false, true, false);
+    settle();
+    window->resize(window->minimumSizeHint());
+    settle();
+    int const width = window->width();
+    part->setSelected(true, true, false);
+    settle();
+    EXPECT_EQ(window->width(), width);
+    EXPECT_EQ(window->minimumSizeHint().width(), width);
+}

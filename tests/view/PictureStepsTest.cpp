@@ -227,6 +227,32 @@ TEST_P(PicturesInSteps, ShowStandInsMeanwhileIfThereAreSome)
     EXPECT_EQ(shown(), expected);
 }
 
+// They have no stand-ins: a picture meanwhile would be the whole one, at once.
+TEST_P(PicturesInSteps, ManySmallPartsAreNotPaintedMeanwhile)
+{
+    for (int i = 0; i < 40; ++i)
+        test.add(torus(30, 1 + 0.1 * i, 90, 50), "part " + std::to_string(i));
+    PaintingCount item;
+    view->addGraphicsItem(&item);
+    view->OnViewType(6);
+    view->fitAll();
+    exact();
+    ASSERT_TRUE(waitUntil([&] { return !scene().isPreparing(); }));
+    finishSteps();
+    view->OnViewType(0);
+    exact();
+    item.count = 0;
+    PictureCount pictures(*view);
+    view->update();
+    ASSERT_TRUE(waitUntil([&] { return pictures.count == 1; }));
+    EXPECT_EQ(item.count, 0);
+    EXPECT_TRUE(scene().isDrawingInSteps());
+    finishSteps();
+    EXPECT_GT(item.count, 0);
+    EXPECT_EQ(shown(), exact());
+    view->removeGraphicsItem(&item);
+}
+
 TEST_P(PicturesInSteps, AreNotNeededForSmallParts)
 {
     test.add(torus(30, 8, 300, 200), "small");
