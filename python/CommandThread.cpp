@@ -20,7 +20,7 @@ void passFailuresOn(QtMsgType type, QMessageLogContext const&, QString const& te
 }
 
 /// An application without a display that leaves the process's locale and environment as they are.
-/// See docs/decisions/0019-python-module.md.
+/// See docs/decisions/0020-python-module.md.
 class QuietApplication
 {
 public:
