@@ -97,6 +97,20 @@ TEST(BooleanNearCopies, EdgesBesideJoinedPointsAreTakenApart)
             EXPECT_EQ(faultsOf(combined(waves, turnedCopy(waves, radians), kind)), "");
 }
 
+// Layers at both sides of a vertex that no curve goes through: its edges to points that are one after
+// rounding become one, of four triangles; others come to be while crossings are mended.
+TEST(BooleanNearCopies, EdgesWithOneEndAtACurveAreTakenApart)
+{
+    Soup waves = torus(20, 7, 40, 40);
+    for (auto& p : waves.points)
+        p[2] += 0.7f * std::sin(3.1f * p[0]) * std::cos(2.3f * p[1]);
+    for (double const radians : {3.98e-7, 4.98e-7, 5.01e-7, 7.17e-7})
+        expectSound(waves, turnedCopy(waves, radians));
+    Soup const head = scannedHead(36);
+    for (double const radians : {2.4e-7, 3.46e-7})
+        expectSound(head, turnedCopy(head, radians));
+}
+
 // In every clone: BooleanNearCopies.EdgesBesideJoinedPointsAreTakenApart
 TEST(BooleanNearCopies, EdgesBesideJoinedPointsOfAScanAreTakenApart)
 {

@@ -117,6 +117,9 @@ bool RoundingMending::mendWithin(BoxCells const& cells, StageProgress& progress)
         for (PieceTriangle& triangle : piece)
             triangle.corners = *mended++;
     excerpt.putBack(m_pieces, m_places);
+    m_nearChanges.resize(m_places.size(), false);
+    for (Index point = 0; point < isFree.size(); ++point)
+        m_nearChanges[excerpt.numberOf(point)] = true;
     for (std::vector<PieceTriangle>& piece : m_pieces)
         std::erase_if(piece, [](PieceTriangle const& t) {
             return t.corners[0] == t.corners[1] || t.corners[1] == t.corners[2] ||

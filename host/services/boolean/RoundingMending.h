@@ -55,6 +55,10 @@ public:
     /// cost  milliseconds for each pair, up to a limit in proportion to the triangles near the pairs
     std::vector<UPoint3<float>> run(StageProgress& progress);
 
+    /// By point number: the points in the neighbourhoods in which something was changed. Empty if
+    /// nothing was.
+    std::vector<bool> const& pointsNearChanges() const { return m_nearChanges; }
+
 private:
     bool isMendedWhole() const;
     BoxCells cellsOf(std::vector<TriangleTree::Box> boxes) const;
@@ -65,4 +69,5 @@ private:
     std::vector<UPoint3<float>>& m_places;
     std::vector<bool> const& m_isFree;
     Limits m_limits;
+    std::vector<bool> m_nearChanges;
 };

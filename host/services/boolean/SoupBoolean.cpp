@@ -7,6 +7,13 @@
 
 #include <algorithm>
 
+namespace {
+
+/// How often pieces are taken apart where they touch themselves, and mended after it.
+constexpr int mostSeparations = 3;
+
+}  // namespace
+
 bool SoupBoolean::resolve(std::vector<TrianglePair> contacts, WindingSources const& sources,
                           StageProgress& progress)
 {
@@ -59,10 +66,27 @@ std::vector<UPoint3<float>> SoupBoolean::mendRounding(
         m_network.reset();
         m_labels = {};
     }
-    for (auto& piece : pieces)
-        TouchingEdges(m_soup, piece, places).separate(isAtCurve, progress);
-    isFree.resize(places.size(), true);
-    auto left = RoundingMending(m_soup, pieces, places, isFree).run(progress);
+    std::vector<UPoint3<float>> left;
+    // A point that was led aside, or became one with another while crossings were mended, may make an
+    // edge that was not there before.
+    for (int round = 0; round < mostSeparations; ++round) {
+        std::size_t const before = places.size();
+        for (auto& piece : pieces)
+            TouchingEdges(m_soup, piece, places).separate(isAtCurve, progress);
+        bool const isSeparated = places.size() > before;
+        if (round > 0 && !isSeparated)
+            break;
+        isFree.resize(places.size(), true);
+        RoundingMending mending(m_soup, pieces, places, isFree);
+        left = mending.run(progress);
+        std::vector<bool> const& changed = mending.pointsNearChanges();
+        if (!isSeparated && changed.empty())
+            break;
+        isAtCurve.resize(places.size(), true);
+        for (std::size_t point = 0; point < changed.size(); ++point)
+            if (changed[point])
+                isAtCurve[point] = true;
+    }
     m_mendedPlaces = std::move(places);
     return left;
 }

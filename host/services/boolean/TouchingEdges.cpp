@@ -107,7 +107,7 @@ std::vector<TouchingEdges::Use> TouchingEdges::usesOfFullEdges(std::vector<bool>
             MeshArrays::Corners const& c = m_piece[t].corners;
             for (std::size_t k = 0; k < 3; ++k) {
                 Index const from = c[k], to = c[k == 2 ? 0 : k + 1];
-                if (!mayTouch[from] || !mayTouch[to])
+                if (!mayTouch[from] && !mayTouch[to])
                     continue;
                 std::uint64_t const a = hashOf(m_places[from]), b = hashOf(m_places[to]);
                 if (a == b)

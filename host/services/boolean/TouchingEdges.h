@@ -42,8 +42,8 @@ public:
         : m_soup(soup), m_piece(piece), m_places(places), m_which(which)
     {}
 
-    /// isAtCurve  by point number: where surfaces met or points became one. Only edges between the
-    ///            places of two such points are looked at.
+    /// isAtCurve  by point number: where surfaces met or points became one. Only edges at the places of
+    ///            such points are looked at: of one end alone where a vertex has layers on all sides.
     /// cost       some nanoseconds per triangle, and microseconds for each edge found
     void separate(std::vector<bool> const& isAtCurve, StageProgress& progress);
 
