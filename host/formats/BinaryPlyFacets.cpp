@@ -46,8 +46,8 @@ public:
         for (PlyProperty const& property : vertices.properties) {
             if (property.isList)
                 throw notInOnePass(input, FileError::tr("its vertices have lists."));
-            int const axis = property.name.size() == 1 ? property.name[0] - 'x' : -1;
-            if (axis >= 0 && axis < 3)
+            int const axis = axisOf(property);
+            if (axis >= 0)
                 m_axes[std::size_t(axis)] = {m_stride, property.type};
             m_stride += sizeOf(property.type);
         }
@@ -96,12 +96,6 @@ private:
     std::array<Axis, 3> m_axes;
     std::size_t m_stride = 0;
 };
-
-bool holdsCorners(PlyProperty const& property)
-{
-    return property.isList && property.type != PlyType::Float && property.type != PlyType::Double &&
-           (property.name == "vertex_indices" || property.name == "vertex_index");
-}
 
 /// Goes over the faces one by one.
 class FaceReader

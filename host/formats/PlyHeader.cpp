@@ -164,6 +164,21 @@ std::uint64_t PlyElement::smallestSize() const
     return size;
 }
 
+int axisOf(PlyProperty const& property)
+{
+    if (property.isList || property.name.size() != 1)
+        return -1;
+    int const axis = property.name[0] - 'x';
+    return axis >= 0 && axis < 3 ? axis : -1;
+}
+
+bool holdsCorners(PlyProperty const& property)
+{
+    bool const isWhole = property.type != PlyType::Float && property.type != PlyType::Double;
+    return property.isList && isWhole &&
+           (property.name == "vertex_indices" || property.name == "vertex_index");
+}
+
 PlyHeader readPlyHeader(InputFile const& input, LineReader& lines)
 {
     return HeaderParser(input, lines).parse();

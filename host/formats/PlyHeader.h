@@ -55,6 +55,11 @@ struct PlyHeader
     std::vector<PlyElement> elements;
 };
 
+/// 0, 1 or 2 for a property that is a coordinate, x, y or z; else -1.
+int axisOf(PlyProperty const& property);
+/// Whether a property is a face's list of vertices.
+bool holdsCorners(PlyProperty const& property);
+
 /// Reads up to and with "end_header". Throws FileError with the line.
 PlyHeader readPlyHeader(InputFile const& input, LineReader& lines);
 

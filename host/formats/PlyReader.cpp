@@ -6,24 +6,6 @@
 #include <algorithm>
 
 namespace Formats {
-namespace {
-
-int axisOf(PlyProperty const& property)
-{
-    if (property.isList || property.name.size() != 1)
-        return -1;
-    int const axis = property.name[0] - 'x';
-    return axis >= 0 && axis < 3 ? axis : -1;
-}
-
-bool holdsCorners(PlyProperty const& property)
-{
-    bool const isWhole = property.type != PlyType::Float && property.type != PlyType::Double;
-    return property.isList && isWhole &&
-           (property.name == "vertex_indices" || property.name == "vertex_index");
-}
-
-}  // namespace
 
 PlyReader::PlyReader(InputFile& input)
     : m_input(input), m_lines(input), m_header(readPlyHeader(input, m_lines))
