@@ -55,3 +55,31 @@ TEST(OutputFile, APipeIsNotWrittenToUnlessItMayBeReplaced)
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_THROW(OutputFile(pipe, Overwrite::Refuse), Formats::FileError);
 }
+
+TEST(OutputFile, ANameGivenAtTheEndIsTakenAsFarAsItMayBe)
+{
+    QTemporaryDir const folder;
+    std::filesystem::path const begun = folder.filePath("begun").toStdString();
+    std::filesystem::path const taken = folder.filePath("taken").toStdString();
+    auto const contentOf = [](std::filesystem::path const& path) {
+        return allOf(open(path.c_str(), O_RDONLY));
+    };
+    OutputFile first(begun, Overwrite::Refuse);
+    first.write("0bc");
+    first.rewrite(0, std::as_bytes(std::span("a", 1)));
+    first.write("d");
+    first.commitAs(taken, Overwrite::Refuse);
+    EXPECT_EQ(contentOf(taken), "abcd");
+    {
+        OutputFile second(begun, Overwrite::Allow);
+        second.write("second");
+        EXPECT_THROW(second.commitAs(taken, Overwrite::Refuse), Formats::FileError);
+    }
+    EXPECT_EQ(contentOf(taken), "abcd");
+    OutputFile third(begun, Overwrite::Refuse);
+    third.write("third");
+    third.commitAs(taken, Overwrite::Allow);
+    EXPECT_EQ(contentOf(taken), "third");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path().toStdString()), {}),
+              1);
+}
