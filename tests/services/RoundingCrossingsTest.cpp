@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -90,4 +91,52 @@ TEST(RoundingCrossings, AreThoseThatASearchThroughAllPairsFinds)
     }
     EXPECT_GT(found, std::size_t(count / 4));
     EXPECT_GT(without, std::size_t(count / 20));
+}
+
+/// Once points are moved to mend what was found, only their surroundings are searched again.
+TEST(RoundingCrossings, AmongSomePointsAreThoseOfAllThatTouchThem)
+{
+    std::mt19937 random(61);
+    std::size_t inside = 0, outside = 0;
+    int const count = rounds(400);
+    for (int round = 0; round < count; ++round) {
+        Soup const right = randomSoup(random);
+        Soup pushed = right;
+        for (std::size_t moves = 1 + random() % 12; moves > 0; --moves)
+            for (int k = 0; k < 3; ++k)
+                pushed.points[random() % pushed.points.size()][k] += float(random() % 2001) / 1000;
+        std::vector<PieceTriangle> piece;
+        for (std::uint32_t t = 0; t < pushed.triangles.size(); ++t)
+            piece.push_back({pushed.triangles[t], t, false});
+        std::vector<bool> const isFree(pushed.points.size(), true);
+        std::vector<bool> among(pushed.points.size());
+        for (std::size_t point = 0; point < among.size(); ++point)
+            among[point] = random() % 16 == 0;
+        auto const isAmong = [&](std::size_t t) {
+            auto const& c = pushed.triangles[t];
+            return among[c[0]] || among[c[1]] || among[c[2]];
+        };
+        auto const isNew = [&](std::size_t t) {
+            for (std::size_t k = 0; k < 3; ++k)
+                if (!(pushed.points[pushed.triangles[t][k]] == right.points[right.triangles[t][k]]))
+                    return true;
+            return false;
+        };
+        OperandSoup operand = operandOf(right);
+        StageProgress progress(nobody);
+        RoundingCrossings const crossings(operand, isFree);
+        Pairs expected = crossings.find(piece, pushed.points, progress);
+        if (expected.size() >= RoundingCrossings::mostPairs)
+            continue;
+        std::size_t const all = expected.size();
+        std::erase_if(expected, [&](RoundingCrossings::Pair const& pair) {
+            return !std::any_of(pair.begin(), pair.end(),
+                                [&](std::size_t t) { return isAmong(t) && isNew(t); });
+        });
+        ASSERT_EQ(crossings.find(piece, pushed.points, progress, among), expected) << round;
+        inside += expected.size();
+        outside += all - expected.size();
+    }
+    EXPECT_GT(inside, std::size_t(count / 4));
+    EXPECT_GT(outside, std::size_t(count / 4));
 }

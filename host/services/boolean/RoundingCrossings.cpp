@@ -179,13 +179,17 @@ void visitOverlapping(MeshArrays const& mesh, std::vector<std::size_t> const& so
 
 std::vector<RoundingCrossings::Pair> RoundingCrossings::find(std::span<PieceTriangle const> piece,
                                                              std::vector<Point> const& places,
-                                                             StageProgress& progress) const
+                                                             StageProgress& progress,
+                                                             std::vector<bool> const& among) const
 {
+    auto const isAmong = [&](PieceTriangle const& t) {
+        return among.empty() || among[t.corners[0]] || among[t.corners[1]] || among[t.corners[2]];
+    };
     std::vector<bool> isMade(piece.size());
     Box bounds;
     Polling polling(progress);
     for (std::size_t t = 0; t < piece.size(); ++t, polling.step())
-        if (!isAsInOperand(piece[t], places)) {
+        if (isAmong(piece[t]) && !isAsInOperand(piece[t], places)) {
             isMade[t] = true;
             bounds.add(boxOf(piece[t].corners, places));
         }

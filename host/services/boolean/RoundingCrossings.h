@@ -30,11 +30,13 @@ public:
     /// not come from triangles that cross in an operand, or touch there as shells on each other do.
     ///
     /// piece    without triangles that have a corner twice
+    /// among    by point number: only pairs of which one is at one of these, and is not as the
+    ///          operand had it; empty for all
     /// returns  in ascending order
     /// cost     some nanoseconds for a triangle of an operand, a microsecond for others
     std::vector<Pair> find(std::span<PieceTriangle const> piece,
-                           std::vector<UPoint3<float>> const& places,
-                           StageProgress& progress) const;
+                           std::vector<UPoint3<float>> const& places, StageProgress& progress,
+                           std::vector<bool> const& among = {}) const;
 
     /// Whether two triangles cross by more than rounding can do.
     static bool isDeep(MeshArrays const& mesh, std::size_t t, std::size_t u);

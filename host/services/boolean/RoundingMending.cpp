@@ -37,13 +37,14 @@ Box widened(Box box)
 
 std::vector<Point> RoundingMending::run(StageProgress& progress)
 {
-    bool isChanged = true;
     for (int pass = 0;; ++pass) {
         std::vector<Point> left;
         std::vector<Box> boxes;
         bool isTooMuch = false;
         for (std::vector<PieceTriangle> const& piece : m_pieces) {
-            auto const pairs = RoundingCrossings(m_soup, m_isFree).find(piece, m_places, progress);
+            // After the first pass all pairs are where something was changed.
+            auto const pairs =
+                RoundingCrossings(m_soup, m_isFree).find(piece, m_places, progress, m_nearChanges);
             isTooMuch |= pairs.size() >= RoundingCrossings::mostPairs;
             for (auto const& [t, u] : pairs) {
                 left.push_back(m_places[piece[t].corners[0]]);
@@ -52,9 +53,9 @@ std::vector<Point> RoundingMending::run(StageProgress& progress)
                 boxes.push_back(widened(box));
             }
         }
-        if (left.empty() || isTooMuch || !isChanged || pass == (isMendedWhole() ? 1 : mostPasses))
+        if (left.empty() || isTooMuch || pass == (isMendedWhole() ? 1 : mostPasses) ||
+            !mendWithin(cellsOf(std::move(boxes)), progress))
             return left;
-        isChanged = mendWithin(cellsOf(std::move(boxes)), progress);
     }
 }
 

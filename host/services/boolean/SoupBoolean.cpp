@@ -58,9 +58,9 @@ std::vector<UPoint3<float>> SoupBoolean::mendRounding(
     std::vector<bool> isFree(pointCount(), true);
     for (std::uint32_t vertex = 0; vertex < m_soup.firstPointOfSecond; ++vertex, polling.step())
         isFree[vertex] = isFree[m_facets->numberOf(vertex)] = false;
-    std::vector<bool> isAtCurve(pointCount());
+    std::vector<bool> mayTouch(pointCount());
     for (std::uint32_t point = 0; point < pointCount(); ++point, polling.step())
-        isAtCurve[point] = m_network->points().isOnCurve(point) || m_facets->isMended(point);
+        mayTouch[point] = m_network->points().isOnCurve(point) || m_facets->isMended(point);
     if (after == AfterMending::onlyPlaces) {
         m_facets.reset();
         m_network.reset();
@@ -72,7 +72,7 @@ std::vector<UPoint3<float>> SoupBoolean::mendRounding(
     for (int round = 0; round < mostSeparations; ++round) {
         std::size_t const before = places.size();
         for (auto& piece : pieces)
-            TouchingEdges(m_soup, piece, places).separate(isAtCurve, progress);
+            TouchingEdges(m_soup, piece, places).separate(mayTouch, progress);
         bool const isSeparated = places.size() > before;
         if (round > 0 && !isSeparated)
             break;
@@ -82,10 +82,12 @@ std::vector<UPoint3<float>> SoupBoolean::mendRounding(
         std::vector<bool> const& changed = mending.pointsNearChanges();
         if (!isSeparated && changed.empty())
             break;
-        isAtCurve.resize(places.size(), true);
+        // Everywhere else all edges have been looked at.
+        mayTouch.assign(before, false);
+        mayTouch.resize(places.size(), true);
         for (std::size_t point = 0; point < changed.size(); ++point)
             if (changed[point])
-                isAtCurve[point] = true;
+                mayTouch[point] = true;
     }
     m_mendedPlaces = std::move(places);
     return left;
