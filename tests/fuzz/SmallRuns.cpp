@@ -3,8 +3,8 @@
 
 #include "tests/fuzz/FuzzFiles.h"
 #include "tests/fuzz/QuickField.h"
-#include "tests/fuzz/SmallParts.h"
 #include "tests/support/BooleanRuns.h"
+#include "tests/support/SmallParts.h"
 
 #include <algorithm>
 #include <array>

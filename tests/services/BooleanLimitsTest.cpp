@@ -139,7 +139,7 @@ TEST(BooleanLimits, AThousandPairsThatCrossByRoundingAreNamedAndLeftAsTheyAre)
     EXPECT_TRUE(RoundingMending(operand, pieces, places, isFree).run(progress).empty());
 }
 
-// Lines along x pass the tubes' open ends, or run along their walls: none of the sixty-four that are
+// Lines along x pass the tubes' open ends, or run along their walls: none that is
 // asked tells what lies within.
 TEST(BooleanLimits, WhereNoLineTellsTheCurvesDo)
 {

@@ -62,6 +62,7 @@ WindingSources OperandContacts::windings() const
 {
     WindingSources sources;
     sources.isSecondSimple = false;
+    sources.isFirstClosed = true;
     sources.ofFirst = [this](std::span<RayOrigin const> points) {
         WindingSources::Numbers numbers;
         for (RayOrigin const& point : points)

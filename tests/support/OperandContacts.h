@@ -18,7 +18,8 @@ public:
 
     OperandSoup const& soup() const { return m_soup; }
     std::vector<TrianglePair> const& contacts() const { return m_contacts; }
-    /// Winding numbers by rays through the whole solids. Borrow from this.
+    /// Winding numbers by rays through the whole solids, which are taken to be closed. Borrow from
+    /// this.
     WindingSources windings() const;
 
     /// Whether the curves come to an end.

@@ -3,6 +3,7 @@
 
 #include "host/services/Polling.h"
 #include "host/services/boolean/LabelledGroups.h"
+#include "host/services/boolean/PlaceKey.h"
 #include "host/services/boolean/WindingPotentials.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ public:
         if (!numberFromOwnRays())
             return false;
         numberFromKnown();
-        if (!agreesWithKnown() || !layerByRays())
+        if (!numberWhereOpen() || !agreesWithKnown() || !layerByRays())
             return false;
         write(labels);
         return true;
@@ -177,7 +178,7 @@ private:
     }
 
     /// The second operand's own numbers. What hangs together is asked in several places, as a
-    /// check.
+    /// check. Returns false where two answers disagree.
     bool numberFromOwnRays()
     {
         if (m_sources.isSecondSimple) {
@@ -187,36 +188,76 @@ private:
                 m_aroundSecond.set(nodeOf(Operand::second, group), 0);
             return true;
         }
-        constexpr int mostQuestions = 64, mostAnswers = 3;
-        std::vector<std::int8_t> questions(m_first.groups.size() + m_second.groups.size(), -1);
-        std::vector<std::int8_t> answers(questions.size(), 0);
+        struct Asked
+        {
+            std::int16_t questions = 0;
+            std::int8_t answers = 0;
+            /// Whether there is nothing more to ask.
+            bool isDone = true;
+        };
+        constexpr int mostAnswers = 3, enoughQuestions = 64, mostQuestions = 4096;
+        std::vector<Asked> asked(m_first.groups.size() + m_second.groups.size());
         std::size_t open = 0;
         for (std::uint32_t const group : openGroups([](std::uint32_t) { return true; })) {
-            std::int8_t& count =
-                questions[m_aroundSecond.placeOf(nodeOf(Operand::second, group)).root];
-            open += count < 0;
-            count = 0;
+            bool& isDone =
+                asked[m_aroundSecond.placeOf(nodeOf(Operand::second, group)).root].isDone;
+            open += isDone;
+            isDone = false;
         }
         bool agrees = true;
         forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
             std::uint32_t const node = nodeOf(Operand::second, group);
-            std::uint32_t const root = m_aroundSecond.placeOf(node).root;
-            if (questions[root] >= mostQuestions || answers[root] >= mostAnswers)
+            Asked& piece = asked[m_aroundSecond.placeOf(node).root];
+            // A ray within a triangle tells nothing, and does not count.
+            int const facing = piece.isDone ? 0 : facingOf(triangle);
+            if (facing == 0)
                 return true;
             poll();
-            int const facing = facingOf(triangle);
-            auto const number =
-                m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)));
-            if (number && facing != 0) {
-                ++answers[root];
+            ++piece.questions;
+            if (auto const number =
+                    m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)))) {
+                ++piece.answers;
                 agrees = m_aroundSecond.set(
                     node, facing > 0 ? *number : *number - m_second.changeOf(group)[1]);
             }
-            ++questions[root];
-            open -= questions[root] == mostQuestions || answers[root] == mostAnswers;
+            piece.isDone = piece.answers == mostAnswers ||
+                           piece.questions >= (piece.answers > 0 ? enoughQuestions : mostQuestions);
+            open -= piece.isDone;
             return agrees && open > 0;
         });
         return agrees;
+    }
+
+    /// Where the second operand is open, so that rays tell nothing, its numbers are the least that
+    /// the curves allow. Returns false where it is closed and none of a piece's facets had an answer.
+    bool numberWhereOpen()
+    {
+        auto const isOpen = [this](std::uint32_t g) {
+            return !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
+        };
+        if (openGroups(isOpen).empty())
+            return true;
+        if (isSecondClosed())
+            return false;
+        numberByFloors(Operand::second);
+        return true;
+    }
+
+    /// Whether the second operand's edges are run along as often one way as the other: random numbers
+    /// of theirs add up to 0.
+    bool isSecondClosed()
+    {
+        std::uint64_t sum = 0;
+        for (std::uint32_t t = m_soup.firstTriangleOfSecond; t < m_soup.triangleCount(); ++t) {
+            poll();
+            Corners const& c = m_soup.corners(t);
+            for (std::size_t k = 0; k < 3; ++k) {
+                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
+                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
+                sum += c[k] == low ? number : -number;
+            }
+        }
+        return sum == 0;
     }
 
     RayOrigin::Triangle cornersOf(std::uint32_t triangle) const
@@ -253,26 +294,17 @@ private:
         });
     }
 
-    /// The groups of the second operand that `isOpen(group)` holds for.
+    /// The groups of the second operand that have a triangle and that `isOpen(group)` holds for.
     template <typename IsOpen>
     std::vector<std::uint32_t> openGroups(IsOpen const& isOpen)
     {
-        SideGroups& groups = m_second.groups;
-        std::vector<bool> isSeen(groups.size(), false);
+        std::vector<bool> isSeen(m_second.groups.size(), false);
         std::vector<std::uint32_t> open;
-        auto const look = [&](std::uint32_t group) {
-            poll();
-            if (isSeen[group])
-                return;
-            isSeen[group] = true;
-            if (isOpen(group))
+        forPieces(m_second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
+            if (!isSeen[group] && isOpen(group))
                 open.push_back(group);
-        };
-        for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
-            if (!groups.isOnCurve(v))
-                look(groups.ofVertex(v));
-        groups.forFacets([&](std::uint32_t region, Corners const&, std::uint32_t) {
-            look(groups.ofRegion(region));
+            isSeen[group] = true;
+            return true;
         });
         return open;
     }
@@ -290,6 +322,9 @@ private:
         }
         return true;
     }
+
+    /// How many facets of a piece of surface are asked for a number before it is given up.
+    static constexpr std::uint8_t mostFacets = 64;
 
     /// The first operand's numbers by the rays that are there, and by new ones where these tell
     /// nothing.
@@ -309,7 +344,12 @@ private:
         ask(questionsAtVertices(isOpen));
         ask(questionsInFacets(isOpen));
         if (!openGroups(isOpen).empty())
-            layerByFloors();
+            ask(questionsInFacets(isOpen, mostFacets));
+        if (openGroups(isOpen).empty())
+            return true;
+        if (m_sources.isFirstClosed)
+            return false;
+        numberByFloors(Operand::first);
         return true;
     }
 
@@ -328,23 +368,24 @@ private:
     {
         SideGroups& groups = m_second.groups;
         std::vector<Question> questions;
-        std::vector<bool> isListed(groups.size(), false);
+        std::vector<std::uint8_t> counts(groups.size(), 0);
         for (std::uint32_t v = 0; v < groups.pointCount(); ++v, poll())
-            if (!groups.isOnCurve(v) && isNew(isListed, groups.ofVertex(v), isAsked))
+            if (!groups.isOnCurve(v) && isListed(counts, groups.ofVertex(v), isAsked))
                 questions.push_back(
                     {groups.ofVertex(v), 0, RayOrigin(m_soup.mesh.points[groups.globalOf(v)])});
         return questions;
     }
 
+    /// most  for each group
     template <typename IsAsked>
-    std::vector<Question> questionsInFacets(IsAsked const& isAsked)
+    std::vector<Question> questionsInFacets(IsAsked const& isAsked, std::uint8_t most = 1)
     {
         std::vector<Question> questions;
-        std::vector<bool> isListed(m_second.groups.size(), false);
+        std::vector<std::uint8_t> counts(m_second.groups.size(), 0);
         forPieces(m_second, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
             int const change = m_second.changeOf(group)[0];
             int const facing = facingOf(triangle);
-            if ((facing != 0 || change == 0) && isNew(isListed, group, isAsked))
+            if ((facing != 0 || change == 0) && isListed(counts, group, isAsked, most))
                 questions.push_back({group, facing < 0 ? change : 0,
                                      pointIn(m_network.points(), facet, cornersOf(triangle))});
             return true;
@@ -353,11 +394,12 @@ private:
     }
 
     template <typename IsAsked>
-    static bool isNew(std::vector<bool>& isListed, std::uint32_t group, IsAsked const& isAsked)
+    static bool isListed(std::vector<std::uint8_t>& counts, std::uint32_t group,
+                         IsAsked const& isAsked, std::uint8_t most = 1)
     {
-        if (isListed[group] || !isAsked(group))
+        if (counts[group] == most || !isAsked(group))
             return false;
-        isListed[group] = true;
+        ++counts[group];
         return true;
     }
 
@@ -378,22 +420,27 @@ private:
         return agrees;
     }
 
-    /// Where the first operand is open, so that rays tell nothing, a piece has the least numbers
-    /// that what lies around its curves allows.
-    void layerByFloors()
+    /// Pieces without a number of an operand get the least that what lies around their curves
+    /// allows.
+    void numberByFloors(Operand operand)
     {
+        WindingPotentials& numbers = operand == Operand::first ? m_aroundFirst : m_aroundSecond;
         std::vector<std::pair<std::uint32_t, int>> lowest;
         forSideSeeds(
             m_soup, m_network,
             [&](std::span<SideSeed const> seeds) {
                 for (SideSeed const& seed : seeds) {
-                    if (m_soup.operandOf(seed.triangle) == Operand::first)
+                    Operand const of = m_soup.operandOf(seed.triangle);
+                    if (of == Operand::first && operand == Operand::first)
                         continue;
-                    std::uint32_t const group = m_second.groups.ofRegion(
+                    std::uint32_t const group = groupsOf(of).groups.ofRegion(
                         m_network.regionLeftOf(seed.triangle, seed.from, seed.to));
-                    auto const place = m_aroundFirst.placeOf(group);
-                    if (!m_aroundFirst.numberOf(group))
-                        lowest.emplace_back(place.root, seed.front[0] - place.offset);
+                    std::uint32_t const member =
+                        operand == Operand::first ? group : nodeOf(of, group);
+                    auto const place = numbers.placeOf(member);
+                    if (!numbers.numberOf(member))
+                        lowest.emplace_back(place.root,
+                                            seed.front[std::size_t(operand)] - place.offset);
                 }
                 poll();
                 return true;
@@ -402,7 +449,7 @@ private:
         sortPolled(lowest, m_progress, std::less<>());
         for (std::size_t i = 0; i < lowest.size(); ++i)
             if (i + 1 == lowest.size() || lowest[i + 1].first != lowest[i].first)
-                m_aroundFirst.set(lowest[i].first, lowest[i].second);
+                numbers.set(lowest[i].first, lowest[i].second);
     }
 
     void write(SideLabels& labels)

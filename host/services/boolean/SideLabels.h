@@ -66,6 +66,9 @@ struct WindingSources
     /// Whether the first operand may be open somewhere. Then each piece of the second's surface
     /// between curves is asked for by itself.
     bool isFirstInDoubt = false;
+    /// Whether each edge of the first operand is run along as often one way as the other. Then a piece
+    /// that no ray has an answer for is a contradiction.
+    bool isFirstClosed = false;
     /// Whether the second operand is known to wind once around its inside, and nowhere else.
     bool isSecondSimple = true;
     /// The winding numbers of the first operand around points; nothing where a point lies on it, or

@@ -82,7 +82,8 @@ private:
         };
         Copies copies(m_part, sides, wantedSides(), copyProgress);
         copies.copyTriangles();
-        m_isPartInDoubt = copies.edgeSum() != 0 && !m_isChecked;
+        m_isPartClosed = copies.edgeSum() == 0;
+        m_isPartInDoubt = !m_isPartClosed && !m_isChecked;
         m_near = gatherNear(copies, m_part.vertices.size(), m_tool.mesh, m_progress);
         setAnchors(rays.numbers(m_part, m_soup.mesh, m_soup.firstTriangleOfSecond, m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
@@ -180,6 +181,7 @@ private:
         sources.known = m_near.known;
         sources.anchors = m_anchors;
         sources.isFirstInDoubt = m_isPartInDoubt;
+        sources.isFirstClosed = m_isPartClosed;
         sources.isSecondSimple = m_tool.isSimple;
         sources.ofFirst = [this](std::span<RayOrigin const> points) { return partAround(points); };
         sources.ofSecond = [&tool](RayOrigin const& point) { return tool.windingAt(point); };
@@ -408,7 +410,9 @@ private:
     OperandSoup& m_soup = m_near.soup;
     /// Vertices of the tool with the part's winding number around them.
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
-    /// Whether the part's edges tell that it may be open, and its results are not checked.
+    /// Whether the part's edges tell that it is closed.
+    bool m_isPartClosed = false;
+    /// Whether they tell that it may be open, and its results are not checked.
     bool m_isPartInDoubt = false;
     /// Whether a line through a point tells that the part is open.
     bool m_isPartOpen = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/fuzz/SmallParts.h"
+#include "tests/support/SmallParts.h"
 
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
