@@ -245,8 +245,9 @@ void OrbeWindow::showEvent(QShowEvent* event)
     m_hasStoredPlaces = true;
 }
 
-void OrbeWindow::commandsAdded()
+void OrbeWindow::commandsAdded(std::vector<std::string> const& ofOthers)
 {
+    m_menus->setCommandsOfOthers(ofOthers);
     m_menus->fill();
     KeyBindings::apply(Application::Instance->commandManager());
     m_gate->refresh();

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <vector>
 
 class AutoSave;
@@ -41,7 +42,9 @@ public:
     ~OrbeWindow() override;
 
     /// Shows commands that have been registered since, such as those of a module.
-    void commandsAdded();
+    ///
+    /// ofOthers  names of those that have a menu of their own, of modules that the window does not know
+    void commandsAdded(std::vector<std::string> const& ofOthers = {});
 
     Mesh::GLView& view() const override { return *m_view; }
     QDockWidget* addPanel(QWidget* panel, QString const& name, Qt::DockWidgetArea area) override;

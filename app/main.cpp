@@ -97,7 +97,8 @@ int runWindow(StartOptions const& options)
     OrbeWindow window;
     Modules modules;
     modules.load(options.plugin.isEmpty() ? Modules::installedLibrary() : options.plugin);
-    window.commandsAdded();
+    modules.loadOthers(Modules::folderOfOthers());
+    window.commandsAdded(modules.commandsOfOthers());
     for (QString const& message : modules.messages())
         window.addNotice(message);
     window.show();

@@ -17,6 +17,6 @@ function(mell_target target)
   if(type STREQUAL "SHARED_LIBRARY")
     target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
   endif()
-  # The libraries lie beside the programs, in the build tree and wherever they are installed.
-  set_target_properties(${target} PROPERTIES BUILD_RPATH "$ORIGIN" INSTALL_RPATH "$ORIGIN/../lib")
+  # The libraries lie beside the programs in the build tree; for where they are installed see InstalledPlaces.
+  set_target_properties(${target} PROPERTIES BUILD_RPATH "$ORIGIN")
 endfunction()

@@ -28,6 +28,7 @@ struct Menu
 
 char const* const recentFiles = "recent files";
 char const* const keptViews = "kept views";
+char const* const modulesTitle = QT_TRANSLATE_NOOP("WindowMenus", "&Modules");
 char const* const windowTitle = QT_TRANSLATE_NOOP("WindowMenus", "&Window");
 
 std::vector<Menu> const& menus()
@@ -97,6 +98,7 @@ std::vector<Menu> const& menus()
           "FreecutPlaneXZPlane", "FreecutPlaneYZPlane",
           QT_TRANSLATE_NOOP("WindowMenus", "#By a drawn shape"), "Std_Polygoncut", "FreecutPolygon",
           "FreecutCylinder", "FreecutCuboid"}},
+        {modulesTitle, {}},
         {windowTitle, {"Std_FullScreen", "Std_ResetLayout"}},
         {QT_TRANSLATE_NOOP("WindowMenus", "&Help"), {"Std_Shortcuts", "-", "Std_About"}},
     };
@@ -189,6 +191,9 @@ void WindowMenus::fillMenus()
     for (Menu const& entry : menus()) {
         QMenu* const menu = addMenu(entry.title);
         fillMenu(*menu, entry.entries);
+        if (entry.title == modulesTitle)
+            for (std::string const& name : m_ofOthers)
+                m_manager.addTo(name.c_str(), menu);
         if (entry.title == windowTitle)
             m_window = menu;
         else if (menu->isEmpty())

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <string>
+#include <utility>
 #include <vector>
 
 class QLabel;
@@ -33,6 +35,8 @@ public:
 
     void setRecentFiles(QMenu* menu) { m_recentFiles = menu; }
     void setKeptViews(QMenu* menu) { m_keptViews = menu; }
+    /// The commands of the menu of modules, by name; shown when the menus are filled next.
+    void setCommandsOfOthers(std::vector<std::string> names) { m_ofOthers = std::move(names); }
     /// The tool bars, whose toggles belong into the window menu.
     std::vector<QToolBar*> const& toolBars() const { return m_toolBars; }
     /// The menu to which the window adds its panels; never null after fill().
@@ -69,6 +73,7 @@ private:
     QVector<Heading> m_headings;
     QPointer<QMenu> m_recentFiles;
     QPointer<QMenu> m_keptViews;
+    std::vector<std::string> m_ofOthers;
     QMenu* m_window = nullptr;
     std::vector<QToolBar*> m_toolBars;
 };

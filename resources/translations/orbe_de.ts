@@ -4897,6 +4897,10 @@
         <translation>&amp;Fenster</translation>
     </message>
     <message>
+        <source>&amp;Modules</source>
+        <translation>&amp;Module</translation>
+    </message>
+    <message>
         <source>&amp;File</source>
         <translation>&amp;Datei</translation>
     </message>
