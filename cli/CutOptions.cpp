@@ -35,6 +35,15 @@ void CutOptions::addRepair(CLI::App& command)
         ->excludes(scope);
 }
 
+void CutOptions::addStream(CLI::App& command, char const* meeting)
+{
+    command.add_flag("--stream", stream,
+                     std::string("Cut parts while they are read, in memory for what the ") +
+                         meeting +
+                         " alone; STL and binary PLY only, and nothing is mended. Chosen by "
+                         "itself for parts that do not fit into memory");
+}
+
 void CutOptions::addNames(CLI::App& command, char const* meanings, char const* numbers)
 {
     command

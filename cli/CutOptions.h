@@ -37,6 +37,8 @@ struct CutOptions
     /// The help names what `repair` is as the default.
     void addRepair(CLI::App& command);
     void addPieces(CLI::App& command);
+    /// meeting  what keeps a triangle in memory, such as "planes meet"
+    void addStream(CLI::App& command, char const* meeting);
     /// meanings  of the two names, such as "UPPER,LOWER"
     /// numbers   says which piece gets which number without them
     void addNames(CLI::App& command, char const* meanings, char const* numbers);

@@ -5,6 +5,9 @@
 #include "cli/SectionJob.h"
 #include "cli/SubCommands.h"
 #include "cli/SurveyReport.h"
+#include "cli/streaming/FreePlane.h"
+#include "cli/streaming/StreamChoice.h"
+#include "cli/streaming/StreamJob.h"
 #include "platform/document/MeshDocument.h"
 #include "tools/SceneBox.h"
 
@@ -21,14 +24,16 @@ Freecut::PlaneSize sizeOf(SectionOptions const& options, Mesh::Document const& d
     return options.size().value_or(Freecut::PlaneSize{.width = suitable, .height = suitable});
 }
 
-void describe(Report& head, SectionOptions const& options, Freecut::PlaneSize const& size)
+/// size  none if the plane is as large as each part
+void describe(Report& head, SectionOptions const& options,
+              std::optional<Freecut::PlaneSize> const& size)
 {
     UPoint3<float> const center = options.center();
     UVector3<float> const normal = options.normal();
     head["connectors"] = options.connectors.name();
     head["plane"] = {{"center", {tidy(center.X()), tidy(center.Y()), tidy(center.Z())}},
                      {"normal", {tidy(normal.X()), tidy(normal.Y()), tidy(normal.Z())}},
-                     {"size", {tidy(size.width), tidy(size.height)}},
+                     {"size", size ? Report{tidy(size->width), tidy(size->height)} : Report()},
                      {"bounded", options.bounded}};
     head["dryRun"] = options.dryRun;
 }
@@ -95,11 +100,30 @@ void cutSection(CutRun& run, CutPart& part, Freecut::PlaneGraphicObject& plane,
         printSurvey(part);
 }
 
-int runSection(SectionOptions& options, Caller& caller)
+int streamSection(CutRun& run, SectionOptions const& options)
+{
+    return run.perform([&] {
+        describe(run.reportHead(), options, options.size());
+        run.cutEach([&](CutPart& part) {
+            auto const planesFor = [&](FacetFile const&) {
+                return std::make_unique<FreePlane>(
+                    FreePlane::Place{options.center(), options.normal(), options.size()},
+                    run.wantsReport());
+            };
+            cutWhileReading(part, planesFor, "(cut)", options, run.files());
+        });
+    });
+}
+
+int runSection(SectionOptions options, Caller& caller)
 {
     options.connectors.loadPreset();
     options.check();
+    Streaming const streaming = chooseStreaming(options, caller, options.givenForMemory());
     CutRun run("section", options, caller);
+    tellOfStreaming(run, streaming);
+    if (options.stream)
+        return streamSection(run, options);
     return run.perform([&] {
         Freecut::PlaneSize const size = sizeOf(options, run.document());
         describe(run.reportHead(), options, size);

@@ -36,6 +36,7 @@ void SectionOptions::addTo(CLI::App& command)
                      "Write the parts themselves too, beside their pieces");
     command.add_flag("--dry-run", dryRun,
                      "Measure the section and place the connectors, but cut and write nothing");
+    addStream(command, "plane meets");
     addNames(command, "UPPER,LOWER",
              "Number 1 is the upper piece and 2 the lower one; with connectors it is the other way "
              "round");
@@ -80,6 +81,16 @@ std::optional<Freecut::PlaneSize> SectionOptions::size() const
             throw UsageError("--size must be at least " + decimal(leastSize) +
                              " mm in both directions, but is " + sizeText + ".");
     return Freecut::PlaneSize{.width = numbers[0], .height = numbers[1]};
+}
+
+std::vector<std::string> SectionOptions::givenForMemory() const
+{
+    std::vector<std::string> given;
+    if (connectors.cutType() != SECTIONCUT_PLANE)
+        given.push_back(std::string("--") + connectors.name());
+    if (bounded)
+        given.emplace_back("--bounded");
+    return given;
 }
 
 void SectionOptions::check() const

@@ -26,6 +26,8 @@ struct SectionOptions : CutOptions
     UVector3<float> normal() const;
     /// None if it was not given.
     std::optional<Freecut::PlaneSize> size() const;
+    /// What was given that only a cut of parts in memory can do.
+    std::vector<std::string> givenForMemory() const;
     /// All of it, before anything is read.
     void check() const;
 };

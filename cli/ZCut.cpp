@@ -3,6 +3,8 @@
 #include "cli/Errors.h"
 #include "cli/SubCommands.h"
 #include "cli/ZCutJob.h"
+#include "cli/streaming/LevelPlanes.h"
+#include "cli/streaming/StreamChoice.h"
 #include "cli/streaming/StreamJob.h"
 
 #include <CLI/CLI.hpp>
@@ -11,32 +13,44 @@
 
 namespace {
 
+UBox3<float> boxOf(FacetFile const& file)
+{
+    if (!file.isFile())
+        throw UsageError(
+            "--every reads a part twice if it is cut while it is read; give a file instead of "
+            "standard input.");
+    UBox3<float> box;
+    file.read([&](std::span<Formats::Facet const> facets) {
+        for (Formats::Facet const& facet : facets)
+            for (UPoint3<float> const& corner : facet)
+                box.Add(corner);
+    });
+    return box;
+}
+
 int streamZCut(CutRun& run, ZCutOptions const& options)
 {
-    requireStreamable(options);
     return run.perform([&] {
         float const distance = options.isSliced() ? options.distance() : 0;
         std::vector<float> const heights = options.isSliced()
                                                ? std::vector<float>(run.parts().size())
                                                : options.heightsFor(run.parts().size());
         run.cutEach([&](CutPart& part) {
-            cutWhileReading(part, {{heights[part.place]}, distance}, options, run.files());
+            auto const planesFor = [&](FacetFile const& file) {
+                return std::make_unique<LevelPlanes>(
+                    distance > 0 ? heightsOfSlices(boxOf(file), distance)
+                                 : std::vector<double>{heights[part.place]});
+            };
+            cutWhileReading(part, planesFor, distance > 0 ? "_cut1" : "_cut", options, run.files());
         });
     });
 }
 
 int runZCut(ZCutOptions options, Caller& caller)
 {
-    bool const isTooLarge = caller.wantsFiles() && !options.stream && mustBeStreamed(options);
-    options.stream |= isTooLarge;
-    if (options.stream && !caller.wantsFiles())
-        throw UsageError(
-            "--stream writes pieces to files while a part is read; name a folder for them.");
+    Streaming const streaming = chooseStreaming(options, caller, {});
     CutRun run("zcut", options, caller);
-    if (isTooLarge)
-        run.remark(CutRemark::Kind::RequestChanged,
-                   "The parts do not fit into memory: they are cut while they are read, and not "
-                   "mended.");
+    tellOfStreaming(run, streaming);
     if (options.stream)
         return streamZCut(run, options);
     return run.perform([&] {

@@ -47,11 +47,7 @@ void ZCutOptions::addTo(CLI::App& command)
         ->type_name("MM")
         ->check(checkHeight);
     heightGroup->require_option(1);
-    command.add_flag(
-        "--stream", stream,
-        "Cut parts while they are read, in memory for what the planes meet alone; STL and "
-        "binary PLY only, and nothing is mended. Chosen by itself for parts that do not "
-        "fit into memory");
+    addStream(command, "planes meet");
     addNames(command, "UPPER,LOWER", "Number 1 is the upper piece, 2 the lower one");
     addPieces(command);
 }

@@ -29,8 +29,13 @@ std::vector<UPoint3<float>> keyPointsOf(Freecut::PlaneGraphicObject const& plane
 
 SectionPlanes::SectionPlanes(Freecut::PlaneGraphicObject const& plane,
                              std::vector<Mesh::DocumentObject*> const& parts, bool checkBoundary)
+    : SectionPlanes(plane, boxOfParts(parts), checkBoundary)
+{}
+
+SectionPlanes::SectionPlanes(Freecut::PlaneGraphicObject const& plane, UBox3<float> const& partsBox,
+                             bool checkBoundary)
     : m_keyPoints(keyPointsOf(plane)),
-      m_partsBox(boxOfParts(parts)),
+      m_partsBox(partsBox),
       m_checkBoundary(checkBoundary),
       m_frame(std::span<UPoint3<float> const, keyPointCount>(m_keyPoints.data(), keyPointCount))
 {}

@@ -23,6 +23,9 @@ public:
     /// checkBoundary  the plane ends at its drawn corners
     SectionPlanes(Freecut::PlaneGraphicObject const& plane,
                   std::vector<Mesh::DocumentObject*> const& parts, bool checkBoundary);
+    /// The same for parts of which only the box is known.
+    SectionPlanes(Freecut::PlaneGraphicObject const& plane, UBox3<float> const& partsBox,
+                  bool checkBoundary);
 
     /// Whether the plane ends at its drawn corners.
     bool isBounded() const { return m_checkBoundary; }

@@ -4,23 +4,28 @@
 #include <algorithm>
 #include <cmath>
 
-Slabs::Slabs(std::vector<double> heights) : m_heights(std::move(heights))
+Slabs::Slabs(UVector3<double> const& normal, std::vector<double> heights, double leastNear)
+    : m_normal(normal), m_heights(std::move(heights)), m_leastNear(leastNear)
 {
-    for (double& height : m_heights) {
-        height = double(float(height));
+    for (double const height : m_heights)
         m_reach = std::max(m_reach, std::abs(height));
-    }
+}
+
+double Slabs::heightOf(UPoint3<float> const& point) const
+{
+    return m_normal.X() * point.X() + m_normal.Y() * point.Y() + m_normal.Z() * point.Z();
 }
 
 std::optional<std::size_t> Slabs::of(UPoint3<float> const& point) const
 {
     // Points of a section are rounded to single precision; this is sixty times as much.
     constexpr double nearness = 0x1p-18;
-    double const z = point.Z();
-    double const size =
-        std::max({m_reach, std::abs(z), std::abs(double(point.X())), std::abs(double(point.Y()))});
-    std::size_t const below = around(z - size * nearness);
-    if (below < m_heights.size() && m_heights[below] <= z + size * nearness)
+    double const height = heightOf(point);
+    double const size = std::max({m_reach, std::abs(double(point.X())), std::abs(double(point.Y())),
+                                  std::abs(double(point.Z()))});
+    double const near = std::max(size * nearness, m_leastNear);
+    std::size_t const below = around(height - near);
+    if (below < m_heights.size() && m_heights[below] <= height + near)
         return {};
     return below;
 }

@@ -2,20 +2,25 @@
 #pragma once
 
 #include "host/formats/Facet.h"
+#include "platform/geometry/UVector3.h"
 
 #include <optional>
 #include <vector>
 
-/// What horizontal planes divide space into, numbered from below. What is so near to a plane that
+/// What parallel planes divide space into, numbered along their normal. What is so near to a plane that
 /// rounding could put it there lies in none.
 class Slabs
 {
 public:
-    /// heights  ascending, each another number in single precision
-    explicit Slabs(std::vector<double> heights);
+    /// normal     of length one
+    /// heights    of the planes above the origin along the normal, ascending, no two equal
+    /// leastNear  what is within this distance of a plane counts as near wherever it lies
+    Slabs(UVector3<double> const& normal, std::vector<double> heights, double leastNear = 0);
 
     std::size_t count() const { return m_heights.size() + 1; }
+    std::vector<double> const& heights() const { return m_heights; }
 
+    double heightOf(UPoint3<float> const& point) const;
     std::optional<std::size_t> of(UPoint3<float> const& point) const;
     /// The slab that all corners lie in.
     std::optional<std::size_t> of(Formats::Facet const& facet) const;
@@ -23,6 +28,8 @@ public:
     std::size_t around(double height) const;
 
 private:
+    UVector3<double> m_normal;
     std::vector<double> m_heights;
+    double m_leastNear;
     double m_reach = 0;
 };

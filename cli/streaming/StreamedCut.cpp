@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/streaming/StreamedCut.h"
 
-#include "platform/jobs/Exceptions.h"
-#include "platform/services/HeightSlices.h"
+#include "host/mesh/SoundPieces.h"
 
 #include <algorithm>
-#include <cmath>
 
 using Formats::Facet;
 
@@ -21,18 +19,12 @@ Facet facetOf(UTriangle<float> const& triangle)
     return {triangle.cP(0), triangle.cP(1), triangle.cP(2)};
 }
 
-double middleOf(UBox3<float> const& box)
-{
-    return (double(box.MinZ()) + double(box.MaxZ())) / 2;
-}
-
 }  // namespace
 
-StreamedCut::StreamedCut(std::vector<double> heights, std::filesystem::path begun)
-    : m_slabs(heights),
-      m_heights(std::move(heights)),
+StreamedCut::StreamedCut(std::unique_ptr<StreamPlanes> planes, std::filesystem::path begun)
+    : m_planes(std::move(planes)),
       m_begun(std::move(begun)),
-      m_pieces(m_slabs.count()),
+      m_pieces(m_planes->slabs().count()),
       m_band(0, 0)
 {}
 
@@ -45,7 +37,7 @@ void StreamedCut::take(std::span<Facet const> facets)
     for (Facet const& facet : facets) {
         if (!hasThreeCorners(facet))
             continue;
-        if (auto const slab = m_slabs.of(facet))
+        if (auto const slab = m_planes->slabs().of(facet))
             pieceIn(*slab).add(facet);
         else
             keep(facet);
@@ -67,27 +59,24 @@ void StreamedCut::keep(Facet const& facet)
     m_band.addTriangle(corners[0], corners[1], corners[2]);
 }
 
-PlaneCutNotes StreamedCut::finish(std::function<void(int)> const& progress)
+void StreamedCut::finish(std::function<void(int)> const& progress)
 {
     m_facts = facts();
-    PlaneCutNotes notes;
     if (!m_band.isEmpty())
-        notes = cutBand(progress);
+        cutBand(progress);
     requireSound();
-    return notes;
 }
 
-PlaneCutNotes StreamedCut::cutBand(std::function<void(int)> const& progress)
+void StreamedCut::cutBand(std::function<void(int)> const& progress)
 {
-    auto const band = m_band.finish();
-    HeightSlices const slices =
-        sliceAtHeights(*band, HeightSlices::within(band->GetBox(), m_heights), progress);
-    for (auto const& slice : slices.pieces) {
-        StreamedPiece& piece = pieceIn(m_slabs.around(middleOf(slice->GetBox())));
-        for (UTriangle<float> const* const triangle : slice->readMesh()->triangles)
+    CutBand const cut = m_planes->cut(*m_band.finish(), m_facts.box, progress);
+    for (auto const& [mesh, slab] : cut.pieces) {
+        StreamedPiece& piece = pieceIn(slab);
+        for (UTriangle<float> const* const triangle : mesh->readMesh()->triangles)
             piece.add(facetOf(*triangle));
     }
-    return slices.notes;
+    m_notes = cut.notes;
+    m_section = cut.section;
 }
 
 MeshFacts StreamedCut::facts() const
@@ -103,20 +92,11 @@ MeshFacts StreamedCut::facts() const
 
 void StreamedCut::requireSound() const
 {
-    constexpr double tolerance = 1e-4;
-    if (!m_facts.closed)
-        return;
-    double volume = 0;
-    bool isClosed = true;
+    std::vector<MeshFacts> pieces;
     for (auto const& piece : m_pieces)
-        if (piece) {
-            volume += piece->sums().volume();
-            isClosed = isClosed && piece->sums().facts().closed;
-        }
-    if (isClosed && std::abs(volume - m_facts.volume) <= tolerance * std::abs(m_facts.volume))
-        return;
-    throw Mell::Exception(
-        "The pieces would not be sound. Repair the part, or change the heights a little.");
+        if (piece)
+            pieces.push_back(piece->sums().facts());
+    requireSoundPieces(m_facts, pieces);
 }
 
 std::vector<std::unique_ptr<StreamedPiece>> StreamedCut::takePieces()

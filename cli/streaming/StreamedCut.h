@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/streaming/Slabs.h"
+#include "cli/streaming/StreamPlanes.h"
 #include "cli/streaming/StreamedPiece.h"
 #include "host/formats/MeshBuilder.h"
-#include "platform/services/PlaneCutNotes.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
-/// Cuts a part at heights while it is read. Triangles that meet no plane go to their piece at once. The
+/// Cuts a part by planes while it is read. Triangles that meet no plane go to their piece at once. The
 /// others are kept, a band around each plane, and are cut at the end like any part: nothing of the
 /// part that is not there bears on where it meets the planes.
 ///
@@ -20,32 +19,33 @@
 class StreamedCut
 {
 public:
-    /// heights  ascending, each another number in single precision
-    /// begun    as of GrowingStl, for all pieces
-    StreamedCut(std::vector<double> heights, std::filesystem::path begun);
+    /// begun  as of GrowingStl, for all pieces
+    StreamedCut(std::unique_ptr<StreamPlanes> planes, std::filesystem::path begun);
 
     /// The next triangles of the part, with finite coordinates. Throws Formats::FileError.
     void take(std::span<Formats::Facet const> facets);
 
     /// Cuts what was kept, once, after the last triangle.
     ///
-    /// throws  as sliceAtHeights(); Mell::Exception if the part is closed and its pieces are not, or have
-    ///         another volume
-    PlaneCutNotes finish(std::function<void(int)> const& progress);
+    /// throws  as StreamPlanes::cut() and requireSoundPieces()
+    void finish(std::function<void(int)> const& progress);
 
     /// Of the whole part.
     MeshFacts facts() const;
+    /// What the cut had to say, once it is made.
+    PlaneCutNotes const& notes() const { return m_notes; }
+    /// Only if the planes measure it.
+    std::optional<SectionFacts> const& section() const { return m_section; }
     /// From above; none is empty.
     std::vector<std::unique_ptr<StreamedPiece>> takePieces();
 
 private:
     StreamedPiece& pieceIn(std::size_t slab);
     void keep(Formats::Facet const& facet);
-    PlaneCutNotes cutBand(std::function<void(int)> const& progress);
+    void cutBand(std::function<void(int)> const& progress);
     void requireSound() const;
 
-    Slabs m_slabs;
-    std::vector<double> m_heights;
+    std::unique_ptr<StreamPlanes> m_planes;
     std::filesystem::path m_begun;
     std::optional<UPoint3<float>> m_origin;
     std::vector<std::unique_ptr<StreamedPiece>> m_pieces;
@@ -53,4 +53,6 @@ private:
     Formats::MeshBuilder m_band;
     std::optional<FacetSums> m_bandSums;
     MeshFacts m_facts;
+    PlaneCutNotes m_notes;
+    std::optional<SectionFacts> m_section;
 };

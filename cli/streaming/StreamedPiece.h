@@ -16,7 +16,6 @@ public:
     UVector3<float> add(Formats::Facet const& facet);
     void add(FacetSums const& other);
 
-    double volume() const { return m_volume; }
     EdgeSum const& edges() const { return m_edges; }
     /// Without what only a mesh in memory can tell: vertices, shells and kinds of edges.
     MeshFacts facts() const;

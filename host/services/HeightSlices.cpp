@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/HeightSlices.h"
 
-#include "host/mesh/MeshFacts.h"
-#include "platform/jobs/Exceptions.h"
+#include "host/mesh/SoundPieces.h"
 #include "platform/mesh/TakenMesh.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace {
 
 using Kernel = std::shared_ptr<MeshKernel>;
-
-class SliceTexts
-{
-    Q_DECLARE_TR_FUNCTIONS(HeightSlices)
-};
 
 void append(std::vector<UPoint3<float>>& all, std::vector<UPoint3<float>> const& some)
 {
@@ -67,29 +58,15 @@ Kernel cleaned(MeshKernel& piece)
     return asReadOnly(piece);
 }
 
-/// By measures that know nothing of the cut: pieces of a closed part are closed, and have its
-/// volume together.
-///
-/// throws  Mell::Exception
 void requireSound(MeshKernel const& part, std::vector<Kernel> const& pieces)
 {
-    constexpr double tolerance = 1e-4;
     MeshFacts const whole = measureMesh(part);
     if (!whole.closed)
         return;
-    double volume = 0;
-    bool isClosed = true;
-    for (Kernel const& piece : pieces) {
-        MeshFacts const facts = measureMesh(*piece);
-        isClosed = isClosed && facts.closed;
-        volume += facts.volume;
-    }
-    if (isClosed && std::abs(volume - whole.volume) <= tolerance * std::abs(whole.volume))
-        return;
-    throw Mell::Exception(
-        SliceTexts::tr("The pieces would not be sound. Repair the part, or change the heights a "
-                       "little.")
-            .toStdString());
+    std::vector<MeshFacts> facts;
+    for (Kernel const& piece : pieces)
+        facts.push_back(measureMesh(*piece));
+    requireSoundPieces(whole, facts);
 }
 
 }  // namespace

@@ -2107,10 +2107,10 @@
     </message>
 </context>
 <context>
-    <name>HeightSlices</name>
+    <name>SoundPieces</name>
     <message>
-        <source>The pieces would not be sound. Repair the part, or change the heights a little.</source>
-        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder ändern Sie die Höhen ein wenig.</translation>
+        <source>The pieces would not be sound. Repair the part, or cut it a little elsewhere.</source>
+        <translation>Die Stücke wären nicht einwandfrei. Reparieren Sie das Bauteil oder schneiden Sie es ein wenig daneben.</translation>
     </message>
 </context>
 <context>

@@ -441,7 +441,7 @@ TEST(ConnectorPicking, FindsTheConnectorWhoseAxisIsNearestToTheSight)
     PlaneGraphicObject plane;
     plane.getProperty().setCorners({-10, -10, 5}, {10, -10, 5}, {10, 10, 5}, true);
     plane.getProperty().updateKeyPoints();
-    SectionPlanes const planes(plane, {}, false);
+    SectionPlanes const planes(plane, UBox3<float>(), false);
     SectionSurvey survey;
     survey.connectors = {{{0, 0, 5}}, {{3, 0, 5}}};
     PinHoleParas paras;
@@ -465,7 +465,7 @@ TEST(ConnectorPicking, AHoleOfTheSectionIsNotOnIt)
     PlaneGraphicObject plane;
     plane.getProperty().setCorners({-10, -10, 0}, {10, -10, 0}, {10, 10, 0}, true);
     plane.getProperty().updateKeyPoints();
-    SectionPlanes const planes(plane, {}, false);
+    SectionPlanes const planes(plane, UBox3<float>(), false);
     SectionSurvey survey;
     survey.contours = {{{-5, -5, 0}, {-5, -5, 0}, {-5, 5, 0}, {5, 5, 0}, {5, -5, 0}},
                        {{-1, -1, 0}, {-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}};
