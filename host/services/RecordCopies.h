@@ -65,7 +65,13 @@ public:
     std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
 
 protected:
-    void copyVertices(bool areSidesKnown);
+    /// What the triangles before some place in the source's list have come to.
+    struct BlockEnd
+    {
+        std::size_t triangles = 0;
+        std::array<std::size_t, 2> copied{};
+        std::size_t meeting = 0;
+    };
 
     UMesh<float> const& m_source;
     RecordIndex<Vertex> m_place;
@@ -73,14 +79,18 @@ protected:
     std::vector<Vertex*> m_copies;
     std::vector<Triangle const*> m_meeting;
     std::array<std::unique_ptr<UMesh<float>>, 2> m_meshes;
+    std::array<std::size_t, 2> m_counts{};
+    /// In the order of the source; the last one is the whole.
+    std::vector<BlockEnd> m_blockEnds;
+    std::function<void(int)> const& m_progress;
 
 private:
     struct Stocks;
     struct VertexBlock;
     struct TriangleBlock;
 
-    bool copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown, Stocks& stocks,
-                         VertexBlock& block);
+    void copyVertices();
+    bool copyVertexBlock(std::size_t begin, std::size_t end, Stocks& stocks, VertexBlock& block);
     void copyTriangleBlock(std::size_t begin, std::size_t end, Stocks& stocks,
                            TriangleBlock& block) const;
     void collect(std::vector<TriangleBlock> const& blocks);
@@ -89,7 +99,5 @@ private:
 
     Sorter const& m_sorter;
     Wanted m_wanted;
-    std::function<void(int)> const& m_progress;
-    std::array<std::size_t, 2> m_counts{};
     std::uint64_t m_edges = 0;
 };

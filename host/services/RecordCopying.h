@@ -116,9 +116,9 @@ struct RecordCopies<Sorter>::TriangleBlock
 template <typename Sorter>
 RecordCopies<Sorter>::RecordCopies(UMesh<float> const& source, Sorter const& sorter, Wanted wanted,
                                    std::function<void(int)> const& progress)
-    : m_source(source), m_sorter(sorter), m_wanted(wanted), m_progress(progress)
+    : m_source(source), m_progress(progress), m_sorter(sorter), m_wanted(wanted)
 {
-    copyVertices(false);
+    copyVertices();
 }
 
 /// Runs `work(stocks, block, begin, end)` over all blocks of `count` records.
@@ -146,7 +146,7 @@ void RecordCopies<Sorter>::forBlocks(std::size_t count, int percentBegin, int pe
 }
 
 template <typename Sorter>
-void RecordCopies<Sorter>::copyVertices(bool areSidesKnown)
+void RecordCopies<Sorter>::copyVertices()
 {
     m_meshes = {std::make_unique<UMesh<float>>(), std::make_unique<UMesh<float>>()};
     m_sides.resize(m_source.vertices.size());
@@ -160,7 +160,7 @@ void RecordCopies<Sorter>::copyVertices(bool areSidesKnown)
     try {
         forBlocks(m_source.vertices.size(), 0, 20,
                   [&](Stocks& stocks, std::size_t block, std::size_t begin, std::size_t end) {
-                      if (!copyVertexBlock(begin, end, areSidesKnown, stocks, blocks[block]))
+                      if (!copyVertexBlock(begin, end, stocks, blocks[block]))
                           areIdentifiersValid = false;
                   });
     } catch (...) {
@@ -174,8 +174,8 @@ void RecordCopies<Sorter>::copyVertices(bool areSidesKnown)
 
 /// Returns whether the identifiers of the block's vertices are their places.
 template <typename Sorter>
-bool RecordCopies<Sorter>::copyVertexBlock(std::size_t begin, std::size_t end, bool areSidesKnown,
-                                           Stocks& stocks, VertexBlock& block)
+bool RecordCopies<Sorter>::copyVertexBlock(std::size_t begin, std::size_t end, Stocks& stocks,
+                                           VertexBlock& block)
 {
     bool areIdentifiersValid = true;
     RecordCopying::beginNotes(stocks.vertices, block.runs);
@@ -184,8 +184,7 @@ bool RecordCopies<Sorter>::copyVertexBlock(std::size_t begin, std::size_t end, b
             __builtin_prefetch(m_source.vertices[v + RecordCopying::farAhead]);
         Vertex const* const vertex = m_source.vertices[v];
         areIdentifiersValid &= vertex->cID() == v;
-        if (!areSidesKnown)
-            m_sides[v] = std::int8_t(m_sorter.sideOf(std::uint32_t(v), vertex->cP()));
+        m_sides[v] = std::int8_t(m_sorter.sideOf(std::uint32_t(v), vertex->cP()));
         int const side = m_sides[v];
         m_copies[v] = side == 0 || !m_wanted[RecordCopying::sideIndex(side)]
                           ? nullptr
@@ -253,10 +252,14 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
     for (TriangleBlock const& block : blocks)
         meeting += block.meeting.size();
     m_meeting.reserve(meeting);
+    m_blockEnds.reserve(blocks.size());
     for (TriangleBlock const& block : blocks) {
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
         for (std::size_t side = 0; side < 2; ++side)
             m_counts[side] += block.counts[side];
         m_edges += block.edges;
+        std::size_t const end = (m_blockEnds.size() + 1) * RecordCopying::blockSize;
+        m_blockEnds.push_back(
+            {std::min(m_source.triangles.size(), end), m_counts, m_meeting.size()});
     }
 }

@@ -8,15 +8,6 @@ constexpr std::size_t batch = 16384;
 
 }  // namespace
 
-void SideCopies::moveToPlane(std::vector<std::uint32_t> const& places)
-{
-    for (std::uint32_t const place : places)
-        m_sides[place] = 0;
-    m_meeting.clear();
-    copyVertices(true);
-    copyTriangles();
-}
-
 std::vector<SideCopies::Places> SideCopies::copiedTriangles(StageProgress& progress) const
 {
     std::vector<Places> triangles;
