@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/AsciiFacets.h"
 
+#include "host/formats/Decimals.h"
+
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstring>
 
@@ -58,7 +59,7 @@ public:
     {
         if (!blanks())
             return false;
-        auto const [end, error] = std::from_chars(m_place, m_end, value);
+        auto const [end, error] = fromDecimal(m_place, m_end, value);
         if (error != std::errc() || !std::isfinite(value))
             return false;
         m_place = end;

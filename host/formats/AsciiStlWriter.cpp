@@ -4,7 +4,9 @@
 #include "host/formats/TextTokens.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -94,26 +96,41 @@ char* put(char* place, std::string_view text)
     return place + text.size();
 }
 
+/// The two digits of each number below a hundred.
+constexpr std::array<char, 200> pairsOfDigits = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = char('0' + i / 10);
+        pairs[2 * i + 1] = char('0' + i % 10);
+    }
+    return pairs;
+}();
+
+char* putPair(char* place, std::uint32_t number)
+{
+    std::memcpy(place, &pairsOfDigits[2 * number], 2);
+    return place + 2;
+}
+
 /// A number from -1 to 1 with up to six decimals: readers take normals from the corners, so that
 /// further digits would only make the file longer.
 char* putCosine(char* place, float value)
 {
-    constexpr int decimals = 6;
-    constexpr long one = 1000000;
-    long millionths = std::lround(double(value) * one);
-    if (millionths < 0) {
+    constexpr std::uint32_t one = 1000000;
+    double const size = std::abs(double(value)) * one;
+    std::uint32_t millionths = std::uint32_t(size);
+    // Halves away from zero.
+    millionths += size - millionths >= 0.5;
+    if (value < 0 && millionths > 0)
         *place++ = '-';
-        millionths = -millionths;
-    }
     *place++ = char('0' + millionths / one);
     millionths %= one;
     if (millionths == 0)
         return place;
     *place++ = '.';
-    char* const end = place + decimals;
-    for (char* digit = end; digit-- != place; millionths /= 10)
-        *digit = char('0' + millionths % 10);
-    place = end;
+    place = putPair(place, millionths / 10000);
+    place = putPair(place, millionths / 100 % 100);
+    place = putPair(place, millionths % 100);
     while (place[-1] == '0')
         --place;
     return place;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/ModelMeshes.h"
 
+#include "host/formats/Decimals.h"
 #include "host/formats/MemoryNeed.h"
 
 #include <charconv>
@@ -137,11 +138,21 @@ public:
         return text;
     }
 
+    static std::from_chars_result read(char const* first, char const* last, float& value)
+    {
+        return fromDecimal(first, last, value);
+    }
+    template <typename Number>
+    static std::from_chars_result read(char const* first, char const* last, Number& value)
+    {
+        return std::from_chars(first, last, value);
+    }
+
     template <typename Number>
     Number number()
     {
         Number value{};
-        auto const [end, error] = std::from_chars(m_place, m_end, value);
+        auto const [end, error] = read(m_place, m_end, value);
         if (error != std::errc())
             throw Unusual();
         m_place = end;

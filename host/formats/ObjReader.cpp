@@ -18,7 +18,8 @@ ObjReader::ObjReader(InputFile& input)
     : m_path(input.path()),
       m_lines(input),
       m_builder(input.size() / bytesPerFace, input.size() / bytesPerFace / 2),
-      m_splitter(m_builder)
+      m_splitter(m_builder),
+      m_positions(m_builder.points())
 {
     m_builder.allowUnusedPoints();
 }
@@ -35,7 +36,7 @@ std::unique_ptr<MeshKernel> ObjReader::read()
     }
     if (m_builder.isEmpty())
         throw error(
-            m_positions.empty()
+            m_positions.size() == 0
                 ? FileError::tr("the file ends without a position or a face; a mesh was expected.")
                 : FileError::tr("the file ends without a face of three different "
                                 "corners; a mesh was expected."));
@@ -72,11 +73,9 @@ void ObjReader::readPosition(std::string_view rest)
                             .arg(FileError::tr("a coordinate"), quoted(word)));
         point[i] = *value;
     }
-    auto* const vertex = m_builder.points().join(point);
-    if (!vertex)
+    if (!m_positions.add(point))
         throw error(
             FileError::tr("a coordinate is not a finite number in the range of single precision."));
-    m_positions.push_back(vertex);
 }
 
 void ObjReader::readFace(std::string_view rest)
@@ -94,7 +93,7 @@ void ObjReader::readFace(std::string_view rest)
     m_splitter.add(m_corners);
 }
 
-UVertex<float>* ObjReader::cornerFrom(std::string_view word) const
+UVertex<float>* ObjReader::cornerFrom(std::string_view word)
 {
     // Only the first of "position/texture/normal" counts.
     auto const index = numberFrom<std::int64_t>(word.substr(0, word.find('/')));
@@ -108,7 +107,7 @@ UVertex<float>* ObjReader::cornerFrom(std::string_view word) const
             FileError::tr("the face refers to position %1, but there are %2 positions above it.")
                 .arg(*index)
                 .arg(count));
-    return m_positions[std::size_t(place)];
+    return m_positions.at(std::size_t(place));
 }
 
 FileError ObjReader::error(QString const& problem) const

@@ -4,6 +4,7 @@
 #include "host/formats/FileError.h"
 #include "host/formats/LineReader.h"
 #include "host/formats/MeshBuilder.h"
+#include "host/formats/NumberedPoints.h"
 #include "host/formats/PolygonSplitter.h"
 
 #include <string>
@@ -25,15 +26,14 @@ private:
     bool nextStatement(std::string_view& statement);
     void readPosition(std::string_view rest);
     void readFace(std::string_view rest);
-    UVertex<float>* cornerFrom(std::string_view word) const;
+    UVertex<float>* cornerFrom(std::string_view word);
     FileError error(QString const& problem) const;
 
     std::filesystem::path const& m_path;
     LineReader m_lines;
     MeshBuilder m_builder;
     PolygonSplitter m_splitter;
-    /// The joined vertex of each position in the file.
-    std::vector<UVertex<float>*> m_positions;
+    NumberedPoints m_positions;
     std::vector<UVertex<float>*> m_corners;
     std::string m_continued;
 };

@@ -58,15 +58,16 @@ std::unique_ptr<MeshKernel> OffReader::read()
     requireMemoryFor(std::max(faces, vertices / 2), m_input.path());
     m_builder = std::make_unique<MeshBuilder>(faces, vertices);
     m_builder->allowUnusedPoints();
+    m_vertices = std::make_unique<NumberedPoints>(m_builder->points());
     m_splitter = std::make_unique<PolygonSplitter>(*m_builder);
-    m_vertices.reserve(vertices);
+    m_vertices->reserve(vertices);
     for (std::uint64_t i = 0; i < vertices; ++i)
         readVertex(nextLine());
     for (std::uint64_t i = 0; i < faces; ++i)
         readFace(nextLine());
     if (m_builder->isEmpty())
         throw error(FileError::tr("no face has three different corners; a mesh was expected."));
-    m_vertices = {};
+    m_vertices.reset();
     return m_builder->finish();
 }
 
@@ -119,11 +120,9 @@ void OffReader::readVertex(std::string_view line)
                             .arg(FileError::tr("a coordinate"), quoted(word)));
         point[i] = *value;
     }
-    auto* const vertex = m_builder->points().join(point);
-    if (!vertex)
+    if (!m_vertices->add(point))
         throw error(
             FileError::tr("a coordinate is not a finite number in the range of single precision."));
-    m_vertices.push_back(vertex);
 }
 
 /// What follows the corners is a colour.
@@ -139,18 +138,18 @@ void OffReader::readFace(std::string_view line)
     m_splitter->add(m_corners);
 }
 
-UVertex<float>* OffReader::cornerFrom(std::string_view word) const
+UVertex<float>* OffReader::cornerFrom(std::string_view word)
 {
     auto const index = numberFrom<std::int64_t>(word);
     if (!index)
         throw error(FileError::tr("%1 was expected, but there is %2.")
                         .arg(FileError::tr("the number of a vertex"), quoted(word)));
-    if (*index < 0 || *index >= std::int64_t(m_vertices.size()))
+    if (*index < 0 || *index >= std::int64_t(m_vertices->size()))
         throw error(FileError::tr(
                         "the face refers to vertex %1, but there are %2 vertices, counted from 0.")
                         .arg(*index)
-                        .arg(m_vertices.size()));
-    return m_vertices[std::size_t(*index)];
+                        .arg(m_vertices->size()));
+    return m_vertices->at(std::size_t(*index));
 }
 
 FileError OffReader::error(QString const& problem) const

@@ -4,6 +4,7 @@
 #include "host/formats/FileError.h"
 #include "host/formats/LineReader.h"
 #include "host/formats/MeshBuilder.h"
+#include "host/formats/NumberedPoints.h"
 #include "host/formats/PolygonSplitter.h"
 
 #include <memory>
@@ -33,15 +34,14 @@ private:
     std::uint64_t countFrom(std::string_view word) const;
     void readVertex(std::string_view line);
     void readFace(std::string_view line);
-    UVertex<float>* cornerFrom(std::string_view word) const;
+    UVertex<float>* cornerFrom(std::string_view word);
     FileError error(QString const& problem) const;
 
     InputFile& m_input;
     LineReader m_lines;
     std::unique_ptr<MeshBuilder> m_builder;
     std::unique_ptr<PolygonSplitter> m_splitter;
-    /// The joined vertex of each in the file.
-    std::vector<UVertex<float>*> m_vertices;
+    std::unique_ptr<NumberedPoints> m_vertices;
     std::vector<UVertex<float>*> m_corners;
 };
 

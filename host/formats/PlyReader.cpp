@@ -22,6 +22,7 @@ PlyReader::PlyReader(InputFile& input)
     }
     m_builder = std::make_unique<MeshBuilder>(faceElement()->count, element("vertex")->count);
     m_builder->allowUnusedPoints();
+    m_vertices = std::make_unique<NumberedPoints>(m_builder->points());
     m_splitter = std::make_unique<PolygonSplitter>(*m_builder);
 }
 
@@ -38,7 +39,7 @@ std::unique_ptr<MeshKernel> PlyReader::read()
     if (m_builder->isEmpty())
         throw m_values->error(
             FileError::tr("no face has three different corners; a mesh was expected."));
-    m_vertices = {};
+    m_vertices.reset();
     return m_builder->finish();
 }
 
@@ -94,7 +95,7 @@ void PlyReader::checkSize() const
 
 void PlyReader::readVertices(PlyElement const& vertices)
 {
-    m_vertices.reserve(vertices.count);
+    m_vertices->reserve(vertices.count);
     for (std::uint64_t i = 0; i < vertices.count; ++i) {
         UPoint3<float> point;
         for (PlyProperty const& property : vertices.properties) {
@@ -104,13 +105,11 @@ void PlyReader::readVertices(PlyElement const& vertices)
             else
                 skip(property);
         }
-        auto* const vertex = m_builder->points().join(point);
-        if (!vertex)
+        if (!m_vertices->add(point))
             throw m_values->error(
                 FileError::tr("a coordinate of vertex %1 is not a finite number in "
                               "the range of single precision.")
                     .arg(i));
-        m_vertices.push_back(vertex);
     }
 }
 
@@ -137,15 +136,15 @@ void PlyReader::readFace(PlyProperty const& indices, std::uint64_t corners)
     m_splitter->add(m_corners);
 }
 
-UVertex<float>* PlyReader::vertexAt(double index) const
+UVertex<float>* PlyReader::vertexAt(double index)
 {
-    if (!(index >= 0 && index < double(m_vertices.size())))
+    if (!(index >= 0 && index < double(m_vertices->size())))
         throw m_values->error(
             FileError::tr(
                 "the face refers to vertex %1, but there are %2 vertices, counted from 0.")
                 .arg(std::int64_t(index))
-                .arg(m_vertices.size()));
-    return m_vertices[std::size_t(index)];
+                .arg(m_vertices->size()));
+    return m_vertices->at(std::size_t(index));
 }
 
 void PlyReader::readStrips(PlyElement const& strips)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/formats/MeshBuilder.h"
+#include "host/formats/NumberedPoints.h"
 #include "host/formats/PlyValues.h"
 #include "host/formats/PolygonSplitter.h"
 
@@ -30,7 +31,7 @@ private:
     void readFace(PlyProperty const& indices, std::uint64_t corners);
     void readStrips(PlyElement const& strips);
     void readStrip(PlyProperty const& indices, std::uint64_t length);
-    UVertex<float>* vertexAt(double index) const;
+    UVertex<float>* vertexAt(double index);
     /// The element with the faces, or the one with strips; null if there is neither.
     PlyElement const* faceElement() const;
     void skipElement(PlyElement const& element);
@@ -43,8 +44,7 @@ private:
     std::unique_ptr<PlyValues> m_values;
     std::unique_ptr<MeshBuilder> m_builder;
     std::unique_ptr<PolygonSplitter> m_splitter;
-    /// The joined vertex of each vertex in the file.
-    std::vector<UVertex<float>*> m_vertices;
+    std::unique_ptr<NumberedPoints> m_vertices;
     std::vector<UVertex<float>*> m_corners;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/formats/Decimals.h"
+
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -77,7 +79,7 @@ inline std::optional<float> coordinateFrom(std::string_view word)
         return hexadecimal;
     char const* const last = word.data() + word.size();
     float value = 0;
-    auto const [end, error] = std::from_chars(word.data(), last, value);
+    auto const [end, error] = fromDecimal(word.data(), last, value);
     if (end != last || error == std::errc::invalid_argument)
         return std::nullopt;
     if (error == std::errc())
