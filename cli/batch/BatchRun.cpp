@@ -93,8 +93,8 @@ int BatchRun::perform()
 void BatchRun::startWhatFits()
 {
     int const cores = std::max(1u, std::thread::hardware_concurrency());
-    std::size_t const slots = std::size_t(m_options.jobsAtOnce > 0 ? m_options.jobsAtOnce : cores);
-    while (m_next < m_jobs.size() && m_running.size() < slots && !Cancel::isRequested())
+    std::size_t const places = std::size_t(m_options.jobsAtOnce > 0 ? m_options.jobsAtOnce : cores);
+    while (m_next < m_jobs.size() && m_running.size() < places && !Cancel::isRequested())
         if (!startNext())
             return;
 }

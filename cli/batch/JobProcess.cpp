@@ -48,10 +48,10 @@ constexpr double patienceSeconds = 2;
 
 sigset_t endOfAProcess()
 {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGCHLD);
-    return signals;
+    sigset_t ends;
+    sigemptyset(&ends);
+    sigaddset(&ends, SIGCHLD);
+    return ends;
 }
 
 }  // namespace
@@ -120,19 +120,19 @@ void JobProcess::endIfTimeIsOver()
 
 ChildWatch::ChildWatch()
 {
-    sigset_t const signals = endOfAProcess();
-    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    sigset_t const ends = endOfAProcess();
+    sigprocmask(SIG_BLOCK, &ends, nullptr);
 }
 
 ChildWatch::~ChildWatch()
 {
-    sigset_t const signals = endOfAProcess();
-    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+    sigset_t const ends = endOfAProcess();
+    sigprocmask(SIG_UNBLOCK, &ends, nullptr);
 }
 
 void ChildWatch::wait() const
 {
-    sigset_t const signals = endOfAProcess();
+    sigset_t const ends = endOfAProcess();
     timespec const patience{0, 50'000'000};
-    sigtimedwait(&signals, nullptr, &patience);
+    sigtimedwait(&ends, nullptr, &patience);
 }

@@ -66,20 +66,32 @@ std::set<std::string> classesOf(fs::path const& path)
     return classes;
 }
 
-/// Where each class is defined, over all that may be in one process.
-std::map<std::string, std::vector<std::string>> placesOfClasses()
+/// All that may be in one process.
+std::vector<fs::path> sources()
 {
-    std::map<std::string, std::vector<std::string>> places;
-    fs::path const root = sourcePath("");
+    std::vector<fs::path> files;
     for (char const* const folder :
          {"platform", "host", "cutjobs", "connectors", "tools", "messages", "selection", "display",
           "dialogs", "module", "app", "cli", "python", "tests"})
-        for (auto const& entry : fs::recursive_directory_iterator(root / folder)) {
+        for (auto const& entry : fs::recursive_directory_iterator(sourcePath(folder))) {
             std::string const end = entry.path().extension().string();
             if (end == ".h" || end == ".cpp")
-                for (std::string const& name : classesOf(entry.path()))
-                    places[name].push_back(fs::relative(entry.path(), root).string());
+                files.push_back(entry.path());
         }
+    return files;
+}
+
+std::string placeOf(fs::path const& file)
+{
+    return fs::relative(file, sourcePath("")).string();
+}
+
+std::map<std::string, std::vector<std::string>> placesOfClasses()
+{
+    std::map<std::string, std::vector<std::string>> places;
+    for (fs::path const& file : sources())
+        for (std::string const& name : classesOf(file))
+            places[name].push_back(placeOf(file));
     return places;
 }
 
@@ -93,4 +105,18 @@ TEST(Names, AClassIsDefinedInOnePlaceOnly)
     EXPECT_TRUE(places.count("Freecut::PlanecutSelection"));
     for (auto const& [name, files] : places)
         EXPECT_EQ(files.size(), 1u) << name << " in " << files[0] << " and " << files.back();
+}
+
+// A build without a compiler cache reads Qt's headers before every file: these words mean nothing else there.
+TEST(Names, WordsOfQtNameNothingElse)
+{
+    static std::regex const sectionOfAClass(
+        R"(\b(?:(?:public|protected|private)\s+slots|signals)\s*:(?!:))");
+    static std::regex const word(R"(\b(?:slots|signals|foreach|forever)\b)");
+    for (fs::path const& file : sources()) {
+        std::string const code = std::regex_replace(bareCode(file), sectionOfAClass, "");
+        std::smatch match;
+        EXPECT_FALSE(std::regex_search(code, match, word))
+            << match.str() << " in " << placeOf(file);
+    }
 }
