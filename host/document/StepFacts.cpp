@@ -185,9 +185,12 @@ StepFacts factsOf(Transaction const& step)
         Change const each{&change, part};
         (each.isRemoved() ? removed : each.isAdded() ? added : changed).push_back(each);
     }
-    std::vector<Change> const& subjects = !removed.empty()   ? removed
-                                          : !changed.empty() ? changed
-                                                             : added;
+    std::vector<Change> subjects = removed;
+    // What took others in, as in a merge, is one of those that were merged.
+    if (added.empty())
+        subjects.insert(subjects.begin(), changed.begin(), changed.end());
+    if (subjects.empty())
+        subjects = changed.empty() ? added : changed;
     for (Change const& each : subjects)
         facts.parts.push_back(each.nameBefore());
     if (removed.empty() && changed.size() == 1 && changed[0].change->name)

@@ -14,8 +14,8 @@ namespace Base {
 struct StepFacts
 {
     std::string name;
-    /// The names of the parts that it was done to, as they were before: those that were taken away,
-    /// or else changed, or else added.
+    /// The names of the parts that it was done to, as they were before: those that were taken away, with
+    /// those that changed if nothing was added, or else changed, or else added.
     std::vector<std::string> parts;
     /// Of a single part that got another name.
     std::optional<std::string> renamed;

@@ -98,6 +98,15 @@ TEST_F(StepTextTest, SaysAtWhichHeightsPartsWereCut)
     EXPECT_EQ(last(), "Section Cut: above at 7.5 mm");
 }
 
+TEST_F(StepTextTest, CountsAPartThatTookInOthers)
+{
+    document.openTransaction("Merge");
+    parts.first->meshProperty->setMesh(kernelOf(box(20, 20, 20, {0, 0, 0})).release(), true);
+    document.removeObject(parts.second);
+    document.commitTransaction();
+    EXPECT_EQ(last(), "Merge: 2 parts");
+}
+
 TEST_F(StepTextTest, SaysItInGerman)
 {
     LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
