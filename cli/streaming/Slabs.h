@@ -28,6 +28,11 @@ public:
     std::size_t around(double height) const;
 
 private:
+    /// The slab that heights from one to another lie in, with a margin.
+    std::optional<std::size_t> between(double lowest, double highest, double near) const;
+    /// What counts as near for a point whose largest coordinate has this size.
+    double nearAt(float size) const;
+
     UVector3<double> m_normal;
     std::vector<double> m_heights;
     double m_leastNear;

@@ -24,6 +24,15 @@ HalfCrossings::HalfCrossings(std::vector<HalfTriangle> const& made,
             m_near.push_back({box, i});
 }
 
+std::vector<HalfTriangle> HalfCrossings::near() const
+{
+    std::vector<HalfTriangle> triangles;
+    triangles.reserve(m_near.size());
+    for (Place const& place : m_near)
+        triangles.push_back(m_made[place.triangle]);
+    return triangles;
+}
+
 HalfRecords HalfCrossings::run(StageProgress& progress)
 {
     HalfRecords crossing;

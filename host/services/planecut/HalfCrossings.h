@@ -20,6 +20,9 @@ public:
     /// How many tests of two boxes it takes.
     std::size_t effort() const { return m_some.size() * m_near.size(); }
 
+    /// Those that can cross, and may overlap one of them; they among them.
+    std::vector<HalfTriangle> near() const;
+
     /// All that cross.
     HalfRecords run(StageProgress& progress);
 
@@ -30,7 +33,7 @@ private:
         std::size_t triangle;
     };
 
-    bool canCross(std::size_t i) const { return !m_areCapsExact || !m_made[i].isCap; }
+    bool canCross(std::size_t i) const { return !m_areCapsExact || !m_made[i].isCap(); }
     bool isFlat(std::size_t i) const;
     bool doCross(std::size_t i, std::size_t k);
 

@@ -8,11 +8,6 @@
 
 using Triangle = UTriangle<float>;
 
-std::array<UPoint3<float>, 3> cornersOf(Triangle const& triangle)
-{
-    return {triangle.cP(0), triangle.cP(1), triangle.cP(2)};
-}
-
 TriangleTree::Box boxOf(Triangle const& triangle)
 {
     TriangleTree::Box box;
@@ -30,19 +25,19 @@ double roundingUnitAt(UPoint3<float> const& p)
 }
 
 std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
-                                        std::array<std::vector<Triangle*>, 2> const& caps,
-                                        CutPlane const& plane)
+                                        std::array<std::vector<Triangle*>, 2> const& caps)
 {
     std::vector<HalfTriangle> faces;
+    std::size_t count = 0;
+    for (CutSide const side : {sideAbove, sideBelow})
+        count += walls.written(side).size() + caps[side].size();
+    faces.reserve(count);
     for (CutSide const side : {sideAbove, sideBelow}) {
         auto const& written = walls.written(side);
         for (std::size_t i = 0; i < written.size(); ++i)
-            faces.push_back({written[i], cornersOf(*walls.origins(side)[i]), side, false});
-        auto source = plane.corners();
-        if (side == sideAbove)
-            std::swap(source[1], source[2]);
+            faces.push_back({written[i], walls.origins(side)[i], side});
         for (Triangle* const cap : caps[side])
-            faces.push_back({cap, source, side, true});
+            faces.push_back({cap, nullptr, side});
     }
     return faces;
 }

@@ -12,15 +12,15 @@
 struct HalfTriangle
 {
     UTriangle<float>* record;
-    /// The triangle that it is a part of.
-    std::array<UPoint3<float>, 3> source;
+    /// The triangle that it is a part of; of a cap none.
+    UTriangle<float> const* source;
     CutSide side;
-    bool isCap;
+
+    bool isCap() const { return !source; }
 };
 
 using HalfRecords = std::unordered_set<UTriangle<float> const*>;
 
-std::array<UPoint3<float>, 3> cornersOf(UTriangle<float> const& triangle);
 TriangleTree::Box boxOf(UTriangle<float> const& triangle);
 
 /// The difference between the largest coordinate of a point and the next float.
@@ -30,5 +30,4 @@ double roundingUnitAt(UPoint3<float> const& p);
 ///
 /// caps  the triangles that close each half
 std::vector<HalfTriangle> trianglesMade(SectionWalls const& walls,
-                                        std::array<std::vector<UTriangle<float>*>, 2> const& caps,
-                                        CutPlane const& plane);
+                                        std::array<std::vector<UTriangle<float>*>, 2> const& caps);

@@ -142,7 +142,7 @@ std::array<std::vector<std::size_t>, 2> addCopies(SideCopies& copies, SectionWal
                 stage.add(0);
             if (!surroundings.reach(*all[t]))
                 continue;
-            near.push_back({all[t], cornersOf(*all[t]), side, false});
+            near.push_back({all[t], all[t], side});
             standing[side].push_back(t);
         }
         for (std::size_t t = copied; t < all.size(); ++t)
@@ -229,13 +229,8 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
     StageProgress stage(progress);
     stage.begin(0, 100, 1);
     PointNumbers const numbers(m_points);
-    std::vector<HalfTriangle> const made = trianglesMade(m_walls, caps, m_plane);
-    std::vector<std::size_t> const doubted = withOneOf(m_isInDoubt, made, numbers);
-    HalfCrossings search(made, doubted, m_plane.isAxisParallel());
-    HalfRecords const crossing =
-        search.effort() > mostTests
-            ? SectionSoup(made, m_points, numbers, m_isInDoubt).crossing(stage)
-            : search.run(stage);
+    std::vector<HalfTriangle> const made = trianglesMade(m_walls, caps);
+    HalfRecords const crossing = crossingAmong(made, numbers, stage);
     if (crossing.empty())
         return {};
     m_isInDoubt = cornersAmong(m_isInDoubt, crossing, made, numbers);
@@ -248,11 +243,21 @@ std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling&
             near.push_back(triangle);
     Mended mended;
     mended.mayGo = addCopies(m_copies, m_walls, caps, surroundings, near, stage);
-    SectionSoup soup(std::move(near), m_points, numbers, m_isInDoubt);
+    SectionSoup soup(std::move(near), m_plane, m_points, numbers, m_isInDoubt);
     auto left = RoundingMending(soup.operands, soup.pieces, soup.places, soup.isFree).run(stage);
     write(soup, mended);
     takeOver(mended, caps, filling);
     return left;
+}
+
+/// Triangles that cross others, with a point in doubt at one of the two.
+HalfRecords SectionRounding::crossingAmong(std::vector<HalfTriangle> const& made,
+                                           PointNumbers const& numbers, StageProgress& stage) const
+{
+    HalfCrossings search(made, withOneOf(m_isInDoubt, made, numbers), m_plane.isAxisParallel());
+    if (search.effort() <= mostTests)
+        return search.run(stage);
+    return SectionSoup(search.near(), m_plane, m_points, numbers, m_isInDoubt).crossing(stage);
 }
 
 /// Gives the triangles their new corners.

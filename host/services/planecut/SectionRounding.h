@@ -2,13 +2,16 @@
 #pragma once
 
 #include "host/services/exact/SectionTriangulation.h"
+#include "host/services/planecut/HalfTriangles.h"
 #include "host/services/planecut/SectionWalls.h"
 
 #include <array>
 #include <functional>
 #include <vector>
 
+class PointNumbers;
 class SectionSoup;
+class StageProgress;
 
 /// Mends what rounding has done to the pieces of a plane cut: section points are where exact ones
 /// are to the nearest float, so a needle or a triangle that nearly lies in the plane may have come
@@ -53,6 +56,8 @@ public:
 private:
     struct Mended;
 
+    HalfRecords crossingAmong(std::vector<HalfTriangle> const& made, PointNumbers const& numbers,
+                              StageProgress& stage) const;
     void write(SectionSoup& soup, Mended& mended);
     void takeOver(Mended const& mended, Triangles& caps, Exact::SectionFilling& filling);
     void doubt(WallPiece const& piece);

@@ -4,16 +4,32 @@
 #include <algorithm>
 #include <utility>
 
-SectionSoup::SectionSoup(std::vector<HalfTriangle> some, SectionPoints const& points,
-                         PointNumbers const& numbers, std::vector<bool> const& isInDoubt)
+namespace {
+
+/// The triangle that one of the cut's is a part of; of a cap it is the plane's.
+std::array<UPoint3<float>, 3> sourceOf(HalfTriangle const& face, CutPlane const& plane)
+{
+    if (!face.isCap())
+        return {face.source->cP(0), face.source->cP(1), face.source->cP(2)};
+    auto corners = plane.corners();
+    if (face.side == sideAbove)
+        std::swap(corners[1], corners[2]);
+    return corners;
+}
+
+}  // namespace
+
+SectionSoup::SectionSoup(std::vector<HalfTriangle> some, CutPlane const& plane,
+                         SectionPoints const& points, PointNumbers const& numbers,
+                         std::vector<bool> const& isInDoubt)
     : faces(std::move(some)), pieces(2), m_numbers(numbers), m_pointCount(points.size())
 {
     for (std::uint32_t p = 0; p < points.size(); ++p)
         places.push_back(points.place(p));
     std::stable_partition(faces.begin(), faces.end(),
-                          [](HalfTriangle const& f) { return !f.isCap; });
+                          [](HalfTriangle const& f) { return !f.isCap(); });
     for (std::uint32_t i = 0; i < faces.size(); ++i)
-        add(faces[i], i);
+        add(faces[i], i, plane);
     isFree = isInDoubt;
     isFree.resize(places.size(), false);
 }
@@ -28,12 +44,13 @@ HalfRecords SectionSoup::crossing(StageProgress& progress) const
     return found;
 }
 
-void SectionSoup::add(HalfTriangle const& face, std::uint32_t place)
+void SectionSoup::add(HalfTriangle const& face, std::uint32_t place, CutPlane const& plane)
 {
     auto const first = std::uint32_t(operands.mesh.points.size());
+    auto const source = sourceOf(face, plane);
     operands.mesh.triangles.push_back({first, first + 1, first + 2});
-    operands.mesh.points.insert(operands.mesh.points.end(), face.source.begin(), face.source.end());
-    if (!face.isCap) {
+    operands.mesh.points.insert(operands.mesh.points.end(), source.begin(), source.end());
+    if (!face.isCap()) {
         operands.firstTriangleOfSecond = place + 1;
         operands.firstPointOfSecond = first + 3;
     }

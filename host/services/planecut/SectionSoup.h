@@ -16,7 +16,7 @@ class SectionSoup
 {
 public:
     /// isInDoubt  by section point; what is, may be moved
-    SectionSoup(std::vector<HalfTriangle> some, SectionPoints const& points,
+    SectionSoup(std::vector<HalfTriangle> some, CutPlane const& plane, SectionPoints const& points,
                 PointNumbers const& numbers, std::vector<bool> const& isInDoubt);
 
     /// Those that cross others, with a point in doubt at one of the two.
@@ -44,7 +44,7 @@ public:
     OperandSoup operands;
 
 private:
-    void add(HalfTriangle const& face, std::uint32_t place);
+    void add(HalfTriangle const& face, std::uint32_t place, CutPlane const& plane);
     std::uint32_t numberOf(CutSide side, UVertex<float>* vertex);
 
     PointNumbers const& m_numbers;
