@@ -3,12 +3,12 @@
 #include "app/StartOptions.h"
 #include "app/files/DocumentFiles.h"
 #include "app/modules/Modules.h"
+#include "app/window/EventGuard.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/LanguageSwitch.h"
 #include "platform/ui/ThemeSwitch.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QIcon>
 #include <QStandardPaths>
@@ -84,7 +84,7 @@ std::filesystem::path recoveryFolder()
     return QDir(data).filePath(QStringLiteral("recovery")).toStdString();
 }
 
-int runWindow(StartOptions const& options)
+int runWindow(StartOptions const& options, EventGuard const& guard)
 {
     Base::setOpenGLPath(options.openGL);
     QGuiApplication::setDesktopFileName(QStringLiteral("orbe"));
@@ -101,6 +101,7 @@ int runWindow(StartOptions const& options)
     window.commandsAdded(modules.commandsOfOthers());
     for (QString const& message : modules.messages())
         window.addNotice(message);
+    QObject::connect(&guard, &EventGuard::failed, &window, &OrbeWindow::addNotice);
     window.show();
     // When there is a window to ask in.
     QTimer::singleShot(0, &window, [&] {
@@ -125,11 +126,11 @@ int main(int argc, char** argv)
     }
     prepareQt();
     QStringList const own = takeOwnArguments(argc, argv);
-    QApplication const qt(argc, argv);
+    GuardedApplication const qt(argc, argv);
     StartOptions const options = StartOptions::parse(own + QApplication::arguments().mid(1));
     if (!options.error.isEmpty()) {
         std::fprintf(stderr, "orbe: %s\n", qPrintable(options.error));
         return 2;
     }
-    return runWindow(options);
+    return runWindow(options, qt.guard());
 }

@@ -2,13 +2,12 @@
 #include "display/NewestWork.h"
 
 #include "platform/jobs/Exceptions.h"
+#include "platform/ui/FailureText.h"
 
 #include <QCoreApplication>
 #include <QThread>
 
 #include <algorithm>
-#include <exception>
-#include <new>
 
 namespace Freecut {
 
@@ -17,23 +16,6 @@ namespace {
 /// Work that has run for longer is given up when other work is wanted.
 constexpr qint64 mostOutdatedMs = 60;
 constexpr qint64 longestRestMs = 50;
-
-/// The sentence of the exception that is being handled.
-QString currentFailure()
-{
-    try {
-        throw;
-    } catch (Mell::Exception const& failure) {
-        return QString::fromUtf8(failure.what());
-    } catch (std::bad_alloc const&) {
-        return QCoreApplication::translate(
-            "MellCommons", "There is not enough free memory; close other programs and try again.");
-    } catch (std::exception const& failure) {
-        return QString::fromUtf8(failure.what());
-    } catch (...) {
-        return QCoreApplication::translate("MellCommons", "This could not be found out.");
-    }
-}
 
 }  // namespace
 
@@ -105,7 +87,8 @@ void NewestWork::run(Work const& work, unsigned long serial)
         end();
         return;
     } catch (...) {
-        failure = currentFailure();
+        failure =
+            Base::failureText(QT_TRANSLATE_NOOP("MellCommons", "This could not be found out."));
     }
     end();
     QMetaObject::invokeMethod(

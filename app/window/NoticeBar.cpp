@@ -31,6 +31,8 @@ NoticeBar::NoticeBar(QWidget* parent)
 
 void NoticeBar::add(QString const& message)
 {
+    if (m_messages.contains(message))
+        return;
     m_messages << message;
     m_text->setText(m_messages.join('\n'));
     show();

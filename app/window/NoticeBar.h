@@ -15,7 +15,7 @@ class NoticeBar : public QFrame
 public:
     explicit NoticeBar(QWidget* parent = nullptr);
 
-    /// Adds a message to those that are shown.
+    /// Adds a message to those that are shown, unless it is one of them.
     void add(QString const& message);
     QString text() const;
 

@@ -7,14 +7,12 @@
 #include "platform/ui/Action.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
+#include "platform/ui/FailureText.h"
 #include "platform/ui/MainWindow.h"
 #include "platform/ui/MellMessageBox.h"
 
 #include <QApplication>
 #include <QIcon>
-
-#include <exception>
-#include <new>
 
 namespace Base {
 
@@ -101,16 +99,8 @@ void Command::invoke(int state)
             activated(state);
         } catch (Mell::AbortException const&) {
             ConsoleSingleton::Instance().Log("Command Abort.");
-        } catch (Mell::Exception const& exception) {
-            showFailure(QString::fromUtf8(exception.what()));
-        } catch (std::bad_alloc const&) {
-            showFailure(QCoreApplication::translate(
-                "MellCommons",
-                "There is not enough free memory; close other programs and try again."));
-        } catch (std::exception const& exception) {
-            showFailure(QString::fromUtf8(exception.what()));
         } catch (...) {
-            showFailure(QCoreApplication::translate("MellCommons", "This could not be done."));
+            showFailure(failureText());
         }
     };
     if (Application::Instance)
