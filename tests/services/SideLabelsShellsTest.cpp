@@ -5,12 +5,15 @@
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/LabelJudge.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/OperandContacts.h"
 #include "tests/support/SmallParts.h"
 #include "tests/support/Validator.h"
 #include "tests/support/WindingField.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
 #include <initializer_list>
 #include <random>
 
@@ -113,6 +116,27 @@ TEST(SideLabelsOfShells, HoldInResultsThatAreTooLargeToBeChecked)
     ASSERT_GT(part.triangles.size(), 100'000u);
     EXPECT_EQ(wrongPointsOfUnion(part, boxAndTurnedPyramids()), 0u);
     EXPECT_EQ(wrongPointsOfUnion(part, boxesAndATurnedPyramid()), 0u);
+}
+
+// A bar through a block: the curves tell what lies around both patches where it comes through, and the
+// rays that are needed start elsewhere. One of the patches is told wrongly if they disagree there.
+TEST(SideLabelsOfShells, AreHeldAgainstARayForEachPieceBetweenCurves)
+{
+    OperandContacts const contacts(box(4, 4, 4), box(8, 2, 2, {-2, 1, 1}));
+    std::function<void(int)> const nobody;
+    StageProgress progress(nobody);
+    CurveNetwork network(contacts.soup());
+    ASSERT_TRUE(network.build(contacts.contacts(), progress));
+    WindingSources const right = contacts.windings();
+    SideLabels labels;
+    EXPECT_TRUE(labelSides(contacts.soup(), network, right, labels, progress));
+    WindingSources wrong = right;
+    wrong.ofSecond = [&](RayOrigin const& point) -> std::optional<int> {
+        auto const& [x, y, z] = point.place;
+        bool const isInPatch = std::abs(x) < 0.1 && y > 1 && y < 3 && z > 1 && z < 3;
+        return isInPatch ? 0 : right.ofSecond(point);
+    };
+    EXPECT_FALSE(labelSides(contacts.soup(), network, wrong, labels, progress));
 }
 
 TEST(SideLabelsOfShells, HoldOnBothSidesOfEachFacetOfAnyShells)

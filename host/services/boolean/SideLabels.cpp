@@ -2,8 +2,8 @@
 #include "host/services/boolean/SideLabels.h"
 
 #include "host/services/Polling.h"
+#include "host/services/boolean/FlatMap.h"
 #include "host/services/boolean/LabelledGroups.h"
-#include "host/services/boolean/PlaceKey.h"
 #include "host/services/boolean/WindingPotentials.h"
 
 #include <algorithm>
@@ -62,7 +62,7 @@ public:
         if (!numberFromOwnRays())
             return false;
         numberFromKnown();
-        if (!numberWhereOpen() || !agreesWithKnown() || !layerByRays())
+        if (!numberWhereOpen() || !agreesWithKnown() || !agreesWithRays() || !layerByRays())
             return false;
         write(labels);
         return true;
@@ -325,6 +325,38 @@ private:
 
     /// How many facets of a piece of surface are asked for a number before it is given up.
     static constexpr std::uint8_t mostFacets = 64;
+
+    /// Whether rays through the second operand from some facet of each group agree, as many as take
+    /// little of the time. One that the curves tell wrongly between two groups contradicts nothing
+    /// where no other curve leads around.
+    bool agreesWithRays()
+    {
+        if (!isSecondClosed())
+            return true;
+        std::size_t left = 1000 + m_soup.triangleCount() / 64;
+        return agreesWithRays(m_first, left) &&
+               (m_sources.isSecondSimple || agreesWithRays(m_second, left));
+    }
+
+    bool agreesWithRays(LabelledGroups& labelled, std::size_t& left)
+    {
+        bool agrees = true;
+        std::vector<bool> isAsked(labelled.groups.size(), false);
+        forPieces(labelled, [&](std::uint32_t group, Corners const& facet, std::uint32_t triangle) {
+            int const facing = isAsked[group] ? 0 : facingOf(triangle);
+            if (facing == 0)
+                return true;
+            if (auto const number =
+                    m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)))) {
+                isAsked[group] = true;
+                agrees = m_aroundSecond.set(
+                    nodeOf(labelled.operand, group),
+                    facing > 0 ? *number : *number - labelled.changeOf(group)[1]);
+            }
+            return agrees && --left > 0;
+        });
+        return agrees;
+    }
 
     /// The first operand's numbers by the rays that are there, and by new ones where these tell
     /// nothing.
