@@ -195,8 +195,12 @@ void ToolGrid::touchCells(std::uint32_t triangle)
         low[k] = int(std::clamp(least - slack, 0.0, last));
         high[k] = int(std::clamp(most + slack, 0.0, last));
     }
-    if (low[0] == high[0] && low[1] == high[1] && low[2] == high[2]) {
-        touch(triangle, low[0], low[1], low[2]);
+    // Within one row of cells, as most small triangles are, it touches all between its ends.
+    if ((low[0] != high[0]) + (low[1] != high[1]) + (low[2] != high[2]) <= 1) {
+        for (int z = low[2]; z <= high[2]; ++z)
+            for (int y = low[1]; y <= high[1]; ++y)
+                for (int x = low[0]; x <= high[0]; ++x)
+                    touch(triangle, x, y, z);
         return;
     }
     double u[3], v[3], normal[3];

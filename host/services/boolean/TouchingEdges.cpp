@@ -100,34 +100,27 @@ std::vector<bool> TouchingEdges::pointsAtPlaces(std::vector<bool> const& isAtCur
 std::vector<TouchingEdges::Use> TouchingEdges::usesOfFullEdges(std::vector<bool> const& mayTouch,
                                                                StageProgress& progress) const
 {
-    // Of most triangles that are near no curve no hash is asked for.
-    auto const forTriangles = [&](auto const& visit) {
-        Polling polling(progress);
-        for (std::size_t t = 0; t < m_piece.size(); ++t) {
-            polling.step();
-            MeshArrays::Corners const& c = m_piece[t].corners;
-            std::array const may{mayTouch[c[0]], mayTouch[c[1]], mayTouch[c[2]]};
-            if (may[0] || may[1] || may[2])
-                visit(t, c, may);
-        }
-    };
-    using May = std::array<bool, 3>;
+    Polling polling(progress);
+    std::vector<Index> near;
+    for (Index t = 0; t < m_piece.size(); ++t, polling.step())
+        if (std::ranges::any_of(m_piece[t].corners, [&](Index corner) { return mayTouch[corner]; }))
+            near.push_back(t);
     using Hashes = std::array<std::uint64_t, 2>;
     auto const forEdges = [&](auto const& visit) {
-        forTriangles([&](std::size_t t, MeshArrays::Corners const& c, May const& may) {
+        for (Index const t : near) {
+            polling.step();
+            MeshArrays::Corners const& c = m_piece[t].corners;
             std::array const hashes{hashOf(m_places[c[0]]), hashOf(m_places[c[1]]),
                                     hashOf(m_places[c[2]])};
             for (std::size_t k = 0, next = 1; k < 3; ++k, next = k == 2 ? 0 : k + 1) {
                 std::uint64_t const a = hashes[k], b = hashes[next];
-                if ((may[k] || may[next]) && a != b)
+                if ((mayTouch[c[k]] || mayTouch[c[next]]) && a != b)
                     visit(Hashes{std::min(a, b), std::max(a, b)}, c[k], c[next], a < b, t);
             }
-        });
+        }
     };
     auto const mixed = [](Hashes const& hashes) { return mixBits(hashes[0] + 3 * hashes[1]); };
-    std::size_t triangles = 0;
-    forTriangles([&](std::size_t, MeshArrays::Corners const&, May const&) { ++triangles; });
-    FewCounts counts(3 * triangles);
+    FewCounts counts(3 * near.size());
     forEdges(
         [&](Hashes const& hashes, Index, Index, bool, std::size_t) { counts.add(mixed(hashes)); });
     std::vector<Use> uses;
