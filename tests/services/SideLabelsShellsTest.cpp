@@ -109,6 +109,20 @@ TEST(SideLabelsOfShells, AreAbsoluteWhereTheFirstFacetsAreParallelToTheRays)
     EXPECT_EQ(faultsOfLabels(part, boxesAndATurnedPyramid()), "");
 }
 
+// All of it is parallel to the rays, and there is nothing inside.
+TEST(SideLabelsOfShells, AgreeWhereAShellIsFoldedFlat)
+{
+    Soup flat;
+    for (auto const& p : std::initializer_list<UPoint3<float>>{
+             {2, 3, 0}, {3, 4, 0}, {3, 3, 0}, {0, 3, 0}, {2, 2, 0}})
+        flat.add(p);
+    for (Corners const& t : std::initializer_list<Corners>{
+             {0, 1, 2}, {1, 0, 3}, {1, 4, 2}, {4, 1, 3}, {4, 0, 2}, {0, 4, 3}})
+        flat.add(t[0], t[1], t[2]);
+    EXPECT_EQ(faultsOfLabels(box(1, 1, 3, {3, 3, 3}), flat), "");
+    EXPECT_EQ(faultsOfLabels(box(9, 9, 9, {-2, -2, -4}), flat), "");
+}
+
 // Of so large operands results are not held against them.
 TEST(SideLabelsOfShells, HoldInResultsThatAreTooLargeToBeChecked)
 {

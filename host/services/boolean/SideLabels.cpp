@@ -232,8 +232,11 @@ private:
     /// the curves allow. Returns false where it is closed and none of a piece's facets had an answer.
     bool numberWhereOpen()
     {
+        // What is folded flat bounds nothing, whatever is around it; all of it may be parallel to the
+        // rays.
         auto const isOpen = [this](std::uint32_t g) {
-            return !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
+            return m_second.changeOf(g)[1] != 0 &&
+                   !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
         };
         if (openGroups(isOpen).empty())
             return true;
