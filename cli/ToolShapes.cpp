@@ -54,7 +54,7 @@ void PolygonOptions::addShape(CLI::App& command)
     m_outline.addTo(command, points);
     command.add_option("--teeth", m_teeth, teethHelp())
         ->type_name("STYLE:EDGE,...;...")
-        ->expected(1)
+        ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     addRound(command, m_round);
 }

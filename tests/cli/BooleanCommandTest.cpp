@@ -176,7 +176,7 @@ TEST(FreecutBoolean, CtrlCEndsWith130AndLeavesNoFile)
     folder.prepare(process, {"boolean", "a.stl", "b.stl", "--union", "-o", "pieces"});
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
-    kill(pid_t(process.processId()), SIGINT);
+    sendSignal(process, SIGINT);
     process.waitForFinished(-1);
     ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 130);

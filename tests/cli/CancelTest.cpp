@@ -52,7 +52,7 @@ TEST(FreecutCancel, CtrlCEndsWith130AndLeavesNoFile)
     folder.prepare(process, arguments);
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
-    kill(pid_t(process.processId()), SIGINT);
+    sendSignal(process, SIGINT);
     process.waitForFinished(-1);
     ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 130);
@@ -69,7 +69,7 @@ TEST(FreecutCancel, EverySignalThatAsksToStopLeavesNoFile)
         folder.prepare(process, arguments);
         process.start();
         ASSERT_TRUE(waitUntilInterruptible(process));
-        kill(pid_t(process.processId()), signalNumber);
+        sendSignal(process, signalNumber);
         process.waitForFinished(-1);
         ASSERT_EQ(process.exitStatus(), QProcess::NormalExit) << signalNumber;
         EXPECT_EQ(process.exitCode(), 128 + signalNumber);
@@ -88,7 +88,7 @@ TEST(FreecutCancel, WithNohupItOutlivesItsTerminal)
         {QString::fromStdString(builtPath("freecut")), "zcut", "--height", "1.234", "ball.stl"});
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
-    kill(pid_t(process.processId()), SIGHUP);
+    sendSignal(process, SIGHUP);
     process.waitForFinished(-1);
     ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 0);
@@ -104,7 +104,7 @@ TEST(FreecutCancel, AtAnyMomentThereAreAllPiecesOrNone)
         process.start();
         waitUntilInterruptible(process);
         QThread::msleep(delayMs);
-        kill(pid_t(process.processId()), SIGINT);
+        sendSignal(process, SIGINT);
         process.waitForFinished(-1);
         ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
         Names const left = folder.files().size() == 1 ? Names() : folder.files("pieces");

@@ -69,6 +69,13 @@ FreecutFolder::Result FreecutFolder::run(std::vector<std::string> const& argumen
             process.readAllStandardError().toStdString()};
 }
 
+void sendSignal(QProcess const& process, int signalNumber)
+{
+    // Of one that has ended the number is 0, which means all processes of the test's own group.
+    if (auto const id = pid_t(process.processId()); id > 0)
+        kill(id, signalNumber);
+}
+
 bool waitUntilInterruptible(QProcess& process)
 {
     process.waitForStarted(-1);

@@ -44,3 +44,6 @@ private:
 
 /// Waits until a process of that id catches Ctrl-C; false if it has ended before.
 bool waitUntilInterruptible(QProcess& process);
+
+/// Sends a signal to a process, unless it has ended.
+void sendSignal(QProcess const& process, int signalNumber);

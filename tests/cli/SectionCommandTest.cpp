@@ -383,7 +383,7 @@ TEST(FreecutSection, CtrlCEndsWith130AndLeavesNoFile)
     folder.prepare(process, arguments);
     process.start();
     ASSERT_TRUE(waitUntilInterruptible(process));
-    kill(pid_t(process.processId()), SIGINT);
+    sendSignal(process, SIGINT);
     process.waitForFinished(-1);
     ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 130);

@@ -78,6 +78,15 @@ TEST(FreecutTeeth, EdgesMayHaveTeethOfTheirOwn)
     EXPECT_NEAR(folder.volumeWithin({"jagged:all;count=3"}), plain + 12 * 1 * 20, 0.2);
 }
 
+TEST(FreecutTeeth, WhatFollowsThemIsAFile)
+{
+    ToothedBlock const folder;
+    auto const result =
+        folder.run({"polygon", "--view", "top", "--points", "5,5;25,5;25,20;5,20",
+                    "--teeth=jagged:1;count=4", "--teeth=dovetail:2;count=2", "block.stl"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+}
+
 TEST(FreecutTeeth, SpacingByDistanceIsWhatStandsIfNothingIsGiven)
 {
     // (20 - 2) / 3 + 1 teeth; an offset of 4 mm leaves (16 - 2) / 3 + 1.

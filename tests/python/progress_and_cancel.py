@@ -29,6 +29,7 @@ class ProgressAndCancel(unittest.TestCase):
         self.assertIn("Joining", {title for _, title, _ in told})
         self.assertEqual({thread for _, _, thread in told}, {threading.get_ident()})
         percents = [percent for percent, title, _ in told if title == "Joining"]
+        self.assertEqual(percents, sorted(percents))
         self.assertTrue(0 <= percents[0] and percents[-1] <= 100 and len(percents) > 5, percents)
 
     def test_what_progress_raises_ends_the_work(self):

@@ -427,5 +427,11 @@ std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel cons
                                          std::function<void(int)> const& progress,
                                          BooleanSurvey* survey)
 {
-    return SolidBoolean(part, tool, pieces, progress, survey).run();
+    // Stages that are done over, or that several threads count, tell what was reached before.
+    int reached = 0;
+    std::function<void(int)> const rising = [&](int percent) {
+        reached = std::max(reached, percent);
+        progress(reached);
+    };
+    return SolidBoolean(part, tool, pieces, progress ? rising : progress, survey).run();
 }
