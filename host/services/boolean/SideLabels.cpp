@@ -232,11 +232,8 @@ private:
     /// the curves allow. Returns false where it is closed and none of a piece's facets had an answer.
     bool numberWhereOpen()
     {
-        // What is folded flat bounds nothing, whatever is around it; all of it may be parallel to the
-        // rays.
         auto const isOpen = [this](std::uint32_t g) {
-            return m_second.changeOf(g)[1] != 0 &&
-                   !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
+            return boundsAnything(g) && !m_aroundSecond.numberOf(nodeOf(Operand::second, g));
         };
         if (openGroups(isOpen).empty())
             return true;
@@ -244,6 +241,14 @@ private:
             return false;
         numberByFloors(Operand::second);
         return true;
+    }
+
+    /// What is folded flat bounds nothing, whatever is around it; all of it may be parallel to the rays.
+    /// On a face of the first operand it may still stand for that.
+    bool boundsAnything(std::uint32_t groupOfSecond)
+    {
+        auto const change = m_second.changeOf(groupOfSecond);
+        return change[0] != 0 || change[1] != 0;
     }
 
     /// Whether the second operand's edges are run along as often one way as the other: random numbers
@@ -380,7 +385,8 @@ private:
         ask(questionsInFacets(isOpen));
         if (!openGroups(isOpen).empty())
             ask(questionsInFacets(isOpen, mostFacets));
-        if (openGroups(isOpen).empty())
+        auto const isMissed = [&](std::uint32_t g) { return isOpen(g) && boundsAnything(g); };
+        if (openGroups(isMissed).empty())
             return true;
         if (m_sources.isFirstClosed)
             return false;
