@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/BothWays.h"
-#include "tests/support/MeshBuilders.h"
+#include "tests/cli/Rings.h"
 #include "tests/support/Validator.h"
 
 #include <gmock/gmock.h>
@@ -13,11 +13,6 @@ using testing::IsEmpty;
 namespace {
 
 using Words = std::vector<std::string>;
-
-Soup ring()
-{
-    return torus(20, 7, 90, 60);
-}
 
 }  // namespace
 
@@ -94,11 +89,7 @@ TEST(FreecutStream, StandardInputIsCutAsItComes)
 TEST(FreecutStream, WhatIsOpenInThePlaneIsRefusedWithThePlaceAndLeavesNothing)
 {
     FreecutFolder folder;
-    Soup part = ring();
-    std::erase_if(part.triangles, [&](auto const& corners) {
-        return part.points[corners[0]].X() > 26 && std::abs(part.points[corners[0]].Z()) < 2;
-    });
-    folder.addStl(part, "torn.stl");
+    folder.addStl(tornRing(), "torn.stl");
     auto const result =
         folder.run({"zcut", "torn.stl", "--height", "0.1", "--stream", "-o", "pieces"});
     EXPECT_EQ(result.status, 1);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/AllOrNothing.h"
 #include "tests/cli/BothWays.h"
-#include "tests/support/MeshBuilders.h"
+#include "tests/cli/Rings.h"
 #include "tests/support/Validator.h"
 
 #include <gmock/gmock.h>
@@ -26,11 +26,6 @@ std::string asText(UPoint3<float> const& p)
     nlohmann::json const numbers{p.X(), p.Y(), p.Z()};
     std::string const text = numbers.dump();
     return text.substr(1, text.size() - 2);
-}
-
-Soup ring()
-{
-    return torus(20, 7, 90, 60);
 }
 
 Soup moved(Soup soup, UVector3<float> const& way)
@@ -123,11 +118,7 @@ TEST(FreecutStreamedSection, APlaneThatMayBeOffByMoreThanWasKeptIsRefused)
 TEST(FreecutStreamedSection, WhatIsOpenInThePlaneIsRefusedWithThePlaceAndLeavesNothing)
 {
     FreecutFolder folder;
-    Soup part = ring();
-    std::erase_if(part.triangles, [&](auto const& corners) {
-        return part.points[corners[0]].X() > 26 && std::abs(part.points[corners[0]].Z()) < 2;
-    });
-    folder.addStl(part, "torn.stl");
+    folder.addStl(tornRing(), "torn.stl");
     auto const result = folder.run(with(sectionOf("torn.stl", "0,0,0", "0.01,0,1"), {"--stream"}));
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors, HasSubstr("near ("));
