@@ -36,6 +36,25 @@ bool doCross(Edge const& a, Edge const& b)
            (turn(b[0], b[1], a[0]) < 0) != (turn(b[0], b[1], a[1]) < 0);
 }
 
+/// Whether an edge lies beyond a side of a convex polygon, and farther from it than a reach.
+bool isBeyondSide(Edge const& edge, std::span<Point2 const> polygon, double reach)
+{
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        Point2 const &a = polygon[i], &b = polygon[(i + 1) % polygon.size()];
+        double low = 0, high = 0;
+        for (Point2 const& p : polygon) {
+            low = std::min(low, turn(a, b, p));
+            high = std::max(high, turn(a, b, p));
+        }
+        double const first = turn(a, b, edge[0]), second = turn(a, b, edge[1]);
+        double const gap = std::max(std::min(first, second) - high, low - std::max(first, second));
+        double const x = b[0] - a[0], y = b[1] - a[1];
+        if (gap > 0 && gap * gap > reach * reach * (x * x + y * y))
+            return true;
+    }
+    return false;
+}
+
 /// Whether an edge comes nearer to the border of a polygon than a reach.
 bool comesNear(Edge const& edge, std::span<Point2 const> polygon, double reach)
 {
@@ -80,6 +99,12 @@ std::size_t rowCountFor(std::vector<Edge> const& outline, double height)
 }
 
 }  // namespace
+
+PrismRegions::Box::Box(std::span<Point2 const> points)
+{
+    for (Point2 const& p : points)
+        add(p);
+}
 
 void PrismRegions::Box::add(Point2 const& p)
 {
@@ -155,40 +180,70 @@ PrismRegions::Cells PrismRegions::cellsOf(Box const& box) const
              {cellAt(box.high[0], 0), cellAt(box.high[1], 1)}}};
 }
 
-void PrismRegions::findNear(std::span<Point2 const> polygon,
-                            std::vector<std::uint32_t>& found) const
+/// Asks for the regions in the cells that a box overlaps, some more than once, until one passes.
+template <typename Test>
+bool PrismRegions::anyRegionAt(Box const& box, Test const& test) const
 {
-    Box box;
-    for (Point2 const& p : polygon)
-        box.add(p);
     if (!box.overlaps(m_bounds))
-        return;
-    std::size_t const first = found.size();
+        return false;
     Cells const cells = cellsOf(box);
     for (std::size_t y = cells[0][1]; y <= cells[1][1]; ++y)
         for (std::size_t x = cells[0][0]; x <= cells[1][0]; ++x)
             for (std::uint32_t const i : m_cells[y * m_cellsPerSide + x])
-                if (isNear(m_regions[i], polygon, box))
-                    found.push_back(i);
+                if (test(i))
+                    return true;
+    return false;
+}
+
+void PrismRegions::findNear(std::span<Point2 const> polygon,
+                            std::vector<std::uint32_t>& found) const
+{
+    Box const box(polygon);
+    Met met = nullptr;
+    std::size_t const first = found.size();
+    anyRegionAt(box, [&](std::uint32_t i) {
+        if (isNear(m_regions[i], polygon, box, met))
+            found.push_back(i);
+        return false;
+    });
     std::sort(found.begin() + std::ptrdiff_t(first), found.end());
     found.erase(std::unique(found.begin() + std::ptrdiff_t(first), found.end()), found.end());
 }
 
-bool PrismRegions::isNear(Region const& region, std::span<Point2 const> polygon,
-                          Box const& box) const
+bool PrismRegions::isAnyNear(std::span<Point2 const> polygon, Met& met) const
+{
+    Box const box(polygon);
+    return (met && meets(*met, polygon, box)) || anyRegionAt(box, [&](std::uint32_t i) {
+               return isNear(m_regions[i], polygon, box, met);
+           });
+}
+
+/// Whether a polygon comes near to an edge of an outline, or has it inside.
+bool PrismRegions::meets(Edge const& edge, std::span<Point2 const> polygon, Box const& box) const
+{
+    auto const [left, right] = std::minmax(edge[0][0], edge[1][0]);
+    auto const [bottom, top] = std::minmax(edge[0][1], edge[1][1]);
+    if (left - m_reach > box.high[0] || right + m_reach < box.low[0] ||
+        bottom - m_reach > box.high[1] || top + m_reach < box.low[1])
+        return false;
+    // The box of a needle holds much that is nowhere near it.
+    if (isBeyondSide(edge, polygon, m_reach))
+        return false;
+    return comesNear(edge, polygon, m_reach) || contains(polygon, edge[0]);
+}
+
+/// met  receives the edge that the polygon meets, if it meets one
+bool PrismRegions::isNear(Region const& region, std::span<Point2 const> polygon, Box const& box,
+                          Met& met) const
 {
     if (!box.overlaps(region.box))
         return false;
     for (std::size_t row = region.rowOf(box.low[1]); row <= region.rowOf(box.high[1]); ++row)
-        for (Edge const& edge : region.rows[row]) {
-            auto const [left, right] = std::minmax(edge[0][0], edge[1][0]);
-            auto const [bottom, top] = std::minmax(edge[0][1], edge[1][1]);
-            if (left - m_reach > box.high[0] || right + m_reach < box.low[0] ||
-                bottom - m_reach > box.high[1] || top + m_reach < box.low[1])
-                continue;
-            if (comesNear(edge, polygon, m_reach) || contains(polygon, edge[0]))
+        for (Edge const& edge : region.rows[row])
+            if (meets(edge, polygon, box)) {
+                met = &edge;
                 return true;
-        }
+            }
     bool isInside = false;
     for (Edge const& edge : region.rows[region.rowOf(polygon[0][1])])
         if (passes(polygon[0], edge))

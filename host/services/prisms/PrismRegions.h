@@ -20,12 +20,23 @@ public:
     /// polygon  one point or more; may be flat
     void findNear(std::span<Point2 const> polygon, std::vector<std::uint32_t>& found) const;
 
+    /// What a polygon has met, which the next one is likely to meet as well.
+    using Met = PrismShells::Edge const*;
+
+    /// Whether findNear() would find any.
+    ///
+    /// met  null at first, then for one polygon after the other. The answer does not depend on it:
+    ///      neighbours in a face of needles are told at once by what the needle before has met
+    bool isAnyNear(std::span<Point2 const> polygon, Met& met) const;
+
 private:
     struct Box
     {
         Point2 low{1e300, 1e300};
         Point2 high{-1e300, -1e300};
 
+        Box() = default;
+        explicit Box(std::span<Point2 const> points);
         void add(Point2 const& p);
         bool overlaps(Box const& other) const;
     };
@@ -42,7 +53,12 @@ private:
 
     Region regionOf(PrismShells::Shell const& shell) const;
     Cells cellsOf(Box const& box) const;
-    bool isNear(Region const& region, std::span<Point2 const> polygon, Box const& box) const;
+    template <typename Test>
+    bool anyRegionAt(Box const& box, Test const& test) const;
+    bool meets(PrismShells::Edge const& edge, std::span<Point2 const> polygon,
+               Box const& box) const;
+    bool isNear(Region const& region, std::span<Point2 const> polygon, Box const& box,
+                Met& met) const;
 
     double m_reach;
     std::vector<Region> m_regions;

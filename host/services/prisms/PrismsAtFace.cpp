@@ -30,9 +30,7 @@ public:
         std::array<Point2, 3> const corners{m_coordinates.placeOf(triangle.cP(0)),
                                             m_coordinates.placeOf(triangle.cP(1)),
                                             m_coordinates.placeOf(triangle.cP(2))};
-        m_found.clear();
-        m_regions.findNear(corners, m_found);
-        return !m_found.empty();
+        return m_regions.isAnyNear(corners, m_met);
     }
 
 private:
@@ -40,7 +38,7 @@ private:
     PlaneCoordinates const& m_coordinates;
     StageProgress& m_progress;
     std::size_t m_asked = 0;
-    std::vector<std::uint32_t> m_found;
+    PrismRegions::Met m_met = nullptr;
 };
 
 }  // namespace
