@@ -48,21 +48,19 @@ FreePlane::FreePlane(Place const& place, bool measuresSection)
     : StreamPlanes(slabsAt(place)), m_place(place), m_measuresSection(measuresSection)
 {}
 
-CutBand FreePlane::cut(MeshKernel const& band, UBox3<float> const& part,
-                       std::function<void(int)> const& progress) const
+BandFacts FreePlane::cut(MeshKernel const& band, UBox3<float> const& part, TakePiece const& take,
+                         std::function<void(int)> const& progress) const
 {
     auto const plane = meshBeyond(part);
     requireNear(*plane->readMesh(), part);
-    auto const upper = std::make_shared<MeshKernel>(), lower = std::make_shared<MeshKernel>();
+    auto const takeSide = [&](bool isAbove, std::shared_ptr<MeshKernel> const& piece) {
+        cleanUpPiece(*piece);
+        take(*piece->readMesh(), isAbove ? 1 : 0);
+    };
     MeshKernel section;
-    CutBand result;
-    result.notes = cutByPlaneWithNotes(band, *plane, *upper, *lower,
-                                       m_measuresSection ? &section : nullptr, progress);
-    for (CutBand::Piece const& side : {CutBand::Piece{lower, 0}, CutBand::Piece{upper, 1}}) {
-        cleanUpPiece(*side.mesh);
-        if (!side.mesh->readMesh()->triangles.empty())
-            result.pieces.push_back(side);
-    }
+    BandFacts result;
+    result.notes =
+        cutByPlaneInTurn(band, *plane, takeSide, m_measuresSection ? &section : nullptr, progress);
     if (m_measuresSection)
         result.section = factsOf(section);
     return result;

@@ -21,8 +21,8 @@ public:
 
     FreePlane(Place const& place, bool measuresSection);
 
-    CutBand cut(MeshKernel const& band, UBox3<float> const& part,
-                std::function<void(int)> const& progress) const override;
+    BandFacts cut(MeshKernel const& band, UBox3<float> const& part, TakePiece const& take,
+                  std::function<void(int)> const& progress) const override;
 
 private:
     std::shared_ptr<MeshKernel> meshBeyond(UBox3<float> const& part) const;

@@ -24,16 +24,13 @@ LevelPlanes::LevelPlanes(std::vector<double> const& heights)
     : StreamPlanes(Slabs({0, 0, 1}, rounded(heights)))
 {}
 
-CutBand LevelPlanes::cut(MeshKernel const& band, UBox3<float> const&,
-                         std::function<void(int)> const& progress) const
+BandFacts LevelPlanes::cut(MeshKernel const& band, UBox3<float> const&, TakePiece const& take,
+                           std::function<void(int)> const& progress) const
 {
-    HeightSlices slices =
-        sliceAtHeights(band, HeightSlices::within(band.GetBox(), slabs().heights()), progress);
-    CutBand result;
-    result.notes = std::move(slices.notes);
-    for (auto& slice : slices.pieces) {
-        std::size_t const slab = slabs().around(middleOf(slice->GetBox()));
-        result.pieces.push_back({std::move(slice), slab});
-    }
-    return result;
+    auto const takeSlice = [&](std::shared_ptr<MeshKernel> const& slice) {
+        take(*slice->readMesh(), slabs().around(middleOf(slice->GetBox())));
+    };
+    return {sliceInTurn(band, HeightSlices::within(band.GetBox(), slabs().heights()), takeSlice,
+                        progress),
+            {}};
 }

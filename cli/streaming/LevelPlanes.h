@@ -10,6 +10,6 @@ public:
     /// heights  ascending, each another number in single precision
     explicit LevelPlanes(std::vector<double> const& heights);
 
-    CutBand cut(MeshKernel const& band, UBox3<float> const& part,
-                std::function<void(int)> const& progress) const override;
+    BandFacts cut(MeshKernel const& band, UBox3<float> const& part, TakePiece const& take,
+                  std::function<void(int)> const& progress) const override;
 };

@@ -69,14 +69,13 @@ void StreamedCut::finish(std::function<void(int)> const& progress)
 
 void StreamedCut::cutBand(std::function<void(int)> const& progress)
 {
-    CutBand const cut = m_planes->cut(*m_band.finish(), m_facts.box, progress);
-    for (auto const& [mesh, slab] : cut.pieces) {
-        StreamedPiece& piece = pieceIn(slab);
-        for (UTriangle<float> const* const triangle : mesh->readMesh()->triangles)
-            piece.add(facetOf(*triangle));
-    }
-    m_notes = cut.notes;
-    m_section = cut.section;
+    auto const take = [&](UMesh<float> const& mesh, std::size_t slab) {
+        for (UTriangle<float> const* const triangle : mesh.triangles)
+            pieceIn(slab).add(facetOf(*triangle));
+    };
+    BandFacts facts = m_planes->cut(*m_band.finish(), m_facts.box, take, progress);
+    m_notes = std::move(facts.notes);
+    m_section = facts.section;
 }
 
 MeshFacts StreamedCut::facts() const

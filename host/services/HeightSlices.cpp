@@ -98,29 +98,40 @@ std::vector<double> HeightSlices::everyDistance(UBox3<float> const& box, double 
     return heights;
 }
 
+PlaneCutNotes sliceInTurn(MeshKernel const& part, std::vector<double> const& heights,
+                          TakeSlice const& take, std::function<void(int)> const& progress)
+{
+    PlaneCutNotes notes;
+    Kernel rest = std::make_shared<MeshKernel>(part);
+    int const count = int(heights.size());
+    for (int i = 0; i < count && !isEmpty(*rest); ++i) {
+        Kernel const plane = planeOver(part.GetBox(), float(heights[std::size_t(i)]));
+        Kernel above = std::make_shared<MeshKernel>();
+        PlaneCutNotes const more = cutByPlaneInTurn(
+            *rest, *plane,
+            [&](bool isAbove, Kernel const& piece) {
+                if (isAbove)
+                    above = piece;
+                else
+                    take(cleaned(*piece));
+            },
+            nullptr, [&](int percent) { progress((90 * i + percent * 9 / 10) / count); });
+        append(notes.turned, more.turned);
+        append(notes.doubled, more.doubled);
+        append(notes.crossing, more.crossing);
+        rest = cleaned(*above);
+    }
+    if (!isEmpty(*rest))
+        take(rest);
+    return notes;
+}
+
 HeightSlices sliceAtHeights(MeshKernel const& part, std::vector<double> const& heights,
                             std::function<void(int)> const& progress)
 {
     HeightSlices slices;
-    Kernel rest = std::make_shared<MeshKernel>(part);
-    int const count = int(heights.size());
-    for (int i = 0; i < count; ++i) {
-        Kernel const plane = planeOver(part.GetBox(), float(heights[std::size_t(i)]));
-        MeshKernel upper, lower;
-        PlaneCutNotes const notes = cutByPlaneWithNotes(
-            *rest, *plane, upper, lower, nullptr,
-            [&](int percent) { progress((90 * i + percent * 9 / 10) / count); });
-        append(slices.notes.turned, notes.turned);
-        append(slices.notes.doubled, notes.doubled);
-        append(slices.notes.crossing, notes.crossing);
-        if (!isEmpty(lower))
-            slices.pieces.push_back(cleaned(lower));
-        rest = cleaned(upper);
-        if (isEmpty(*rest))
-            break;
-    }
-    if (!isEmpty(*rest))
-        slices.pieces.push_back(rest);
+    slices.notes = sliceInTurn(
+        part, heights, [&](Kernel const& slice) { slices.pieces.push_back(slice); }, progress);
     requireSound(part, slices.pieces);
     progress(100);
     return slices;

@@ -86,6 +86,33 @@ void Intersect::cutByPlane(MeshKernel* part, MeshKernel* plane, MeshKernel* side
     cutByPlaneWithNotes(*part, *plane, *sideA, *sideB, section, progress);
 }
 
+PlaneCutNotes cutByPlaneInTurn(MeshKernel const& part, MeshKernel const& plane,
+                               TakeCutSide const& take, MeshKernel* section,
+                               std::function<void(int)> const& progress)
+{
+    PlacedSolid const solid(part);
+    MeshKernel const& placed = solid.kernel();
+    auto const mesh = placed.readMesh();
+    if (mesh->triangles.empty())
+        return {};
+    PlaneCutResult result = cutMeshByPlane(
+        *mesh, CutPlane(plane), section != nullptr,
+        [&](CutSide side, std::unique_ptr<UMesh<float>> half) {
+            take(side == sideAbove, std::make_shared<MeshKernel>(half.release()));
+        },
+        progress);
+    if (result.whole != PlaneCutResult::Whole::no) {
+        auto const all = std::make_shared<MeshKernel>();
+        all->shareMeshOf(placed);
+        take(result.whole == PlaneCutResult::Whole::above, all);
+        return {};
+    }
+    if (section)
+        section->replaceMesh(std::move(result.section));
+    logNotes(result.notes);
+    return std::move(result.notes);
+}
+
 PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plane,
                                   MeshKernel& sideA, MeshKernel& sideB, MeshKernel* section,
                                   std::function<void(int)> const& progress)
@@ -95,15 +122,19 @@ PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plan
     auto const mesh = placed.readMesh();
     if (mesh->triangles.empty())
         return {};
-    CutPlane const cutPlane(plane);
-    PlaneCutResult result = cutMeshByPlane(*mesh, cutPlane, section != nullptr, progress);
+    // Nothing is handed out before all of it is there.
+    std::array<std::unique_ptr<UMesh<float>>, 2> halves;
+    PlaneCutResult result = cutMeshByPlane(
+        *mesh, CutPlane(plane), section != nullptr,
+        [&](CutSide side, std::unique_ptr<UMesh<float>> half) { halves[side] = std::move(half); },
+        progress);
     if (result.whole != PlaneCutResult::Whole::no) {
         bool const isAbove = result.whole == PlaneCutResult::Whole::above;
         (isAbove ? sideA : sideB).shareMeshOf(placed);
         return {};
     }
-    sideA.replaceMesh(std::move(result.above));
-    sideB.replaceMesh(std::move(result.below));
+    sideA.replaceMesh(std::move(halves[sideAbove]));
+    sideB.replaceMesh(std::move(halves[sideBelow]));
     if (section)
         section->replaceMesh(std::move(result.section));
     logNotes(result.notes);

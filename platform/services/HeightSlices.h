@@ -24,6 +24,14 @@ struct HeightSlices
     static constexpr std::size_t mostHeights = 500;
 };
 
+/// Takes over a piece, clean.
+using TakeSlice = std::function<void(std::shared_ptr<MeshKernel> const&)>;
+
+/// Cuts a part at heights and hands the pieces out as they are made, from below. Whether they are
+/// sound is left to whoever takes them; else as sliceAtHeights().
+PlaneCutNotes sliceInTurn(MeshKernel const& part, std::vector<double> const& heights,
+                          TakeSlice const& take, std::function<void(int)> const& progress);
+
 /// Cuts a part at heights, from below, and cleans the pieces.
 ///
 /// part      only read

@@ -4,6 +4,7 @@
 #include "platform/mesh/MeshKernel.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 /// What a plane cut did to a part beyond cutting it, and what it could not mend: a place of each in
@@ -24,3 +25,14 @@ struct PlaneCutNotes
 PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plane,
                                   MeshKernel& sideA, MeshKernel& sideB, MeshKernel* section,
                                   std::function<void(int)> const& progress);
+
+/// Takes over a piece of a plane cut, which has triangles and nobody else uses unless it is the whole
+/// part.
+using TakeCutSide = std::function<void(bool isAbove, std::shared_ptr<MeshKernel> const& piece)>;
+
+/// The same, but each piece is handed out when it is made, that below first and as a rule before there
+/// is another one: so that both need not be in memory at once. Where it throws, one may have been
+/// handed out.
+PlaneCutNotes cutByPlaneInTurn(MeshKernel const& part, MeshKernel const& plane,
+                               TakeCutSide const& take, MeshKernel* section,
+                               std::function<void(int)> const& progress);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
+#include "tests/cli/Rings.h"
 #include "tests/support/MadeModels.h"
 #include "tests/support/SkipReasons.h"
 
@@ -50,6 +51,29 @@ TEST(IndependentJudge, FindsNothingToMendInThePiecesOfAllClosedShapes)
         expectNothingToMend(folder.path("part_cut1.stl"), name);
         expectNothingToMend(folder.path("part_cut2.stl"), name);
     }
+}
+
+TEST(IndependentJudge, FindsNothingToMendInWhatIsCutWhileItIsRead)
+{
+    FreecutFolder folder;
+    folder.addStl(ring(), "small.stl");
+    if (admeshReport(folder.path("small.stl")).empty())
+        GTEST_SKIP() << admeshIsMissing;
+    folder.addStl(torus(20, 7, fineness(900), 300), "middle.stl");
+    std::vector<std::vector<std::string>> const cuts{
+        {"zcut", "--height", "1.234"},
+        {"zcut", "--every", "3.3"},
+        {"section", "--center", "3,0,1", "--normal", "0.3,0.2,1"}};
+    for (std::string const part : {"small.stl", "middle.stl"})
+        for (auto cut : cuts) {
+            cut.insert(cut.end(), {part, "--stream", "--force", "-o", "pieces"});
+            auto const result = folder.run(cut);
+            ASSERT_EQ(result.status, 0) << result.errors;
+            auto const pieces = folder.files("pieces");
+            EXPECT_GE(pieces.size(), 2u);
+            for (std::string const& piece : pieces)
+                expectNothingToMend(folder.path("pieces/" + piece), piece);
+        }
 }
 
 TEST(IndependentJudge, FindsNothingToMendInThePiecesOfModels)

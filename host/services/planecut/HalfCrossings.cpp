@@ -5,61 +5,72 @@
 #include "host/services/TrianglePair.h"
 #include "host/services/boolean/BoxCells.h"
 
-HalfCrossings::HalfCrossings(std::vector<HalfTriangle> const& made,
-                             std::vector<std::size_t> const& some, bool areCapsExact)
-    : m_made(made), m_areCapsExact(areCapsExact)
+#include <algorithm>
+
+HalfCrossings::HalfCrossings(VisitAll const& visitAll, SectionPoints const& points,
+                             std::vector<bool> const& isAsked, bool areCapsExact)
+    : m_points(points)
 {
+    auto const canCross = [&](HalfTriangle const& t) { return !areCapsExact || !t.isCap(); };
+    auto const isAskedAbout = [&](HalfTriangle const& t) {
+        return std::any_of(t.corners.begin(), t.corners.end(), [&](HalfCorner const& corner) {
+            return corner.isPoint() && isAsked[corner.point];
+        });
+    };
+    std::vector<TriangleTree::Box> boxes;
     TriangleTree::Box bounds;
-    for (std::size_t const i : some)
-        if (canCross(i) && !isFlat(i)) {
-            m_some.push_back({boxOf(*made[i].record), i});
-            bounds.add(m_some.back().box);
-        }
+    visitAll([&](HalfTriangle const& triangle) {
+        if (!canCross(triangle) || !isAskedAbout(triangle) || isFlat(triangle))
+            return;
+        boxes.push_back(boxOf(triangle, points));
+        bounds.add(boxes.back());
+    });
+    if (boxes.empty())
+        return;
     BoxCells cells(bounds);
-    for (Place const& place : m_some)
-        cells.add(place.box);
-    for (std::size_t i = 0; i < made.size() && !m_some.empty(); ++i)
-        if (TriangleTree::Box const box = boxOf(*made[i].record);
-            canCross(i) && cells.areMetBy(box))
-            m_near.push_back({box, i});
+    for (TriangleTree::Box const& box : boxes)
+        cells.add(box);
+    visitAll([&](HalfTriangle const& triangle) {
+        if (!canCross(triangle))
+            return;
+        TriangleTree::Box const box = boxOf(triangle, points);
+        if (!cells.areMetBy(box))
+            return;
+        if (isAskedAbout(triangle) && !isFlat(triangle))
+            m_asked.push_back(m_near.size());
+        m_boxes.push_back(box);
+        m_near.push_back(triangle);
+    });
 }
 
-std::vector<HalfTriangle> HalfCrossings::near() const
+std::vector<std::size_t> HalfCrossings::run(StageProgress& progress)
 {
-    std::vector<HalfTriangle> triangles;
-    triangles.reserve(m_near.size());
-    for (Place const& place : m_near)
-        triangles.push_back(m_made[place.triangle]);
-    return triangles;
-}
-
-HalfRecords HalfCrossings::run(StageProgress& progress)
-{
-    HalfRecords crossing;
-    for (Place const& a : m_some) {
+    std::vector<std::size_t> crossing;
+    for (std::size_t const i : m_asked) {
         progress.add(0);
-        for (Place const& b : m_near)
-            if (a.box.overlaps(b.box) && doCross(a.triangle, b.triangle)) {
-                crossing.insert(m_made[a.triangle].record);
-                crossing.insert(m_made[b.triangle].record);
+        for (std::size_t k = 0; k < m_boxes.size(); ++k)
+            if (m_boxes[i].overlaps(m_boxes[k]) && doCross(i, k)) {
+                crossing.push_back(i);
+                crossing.push_back(k);
             }
     }
     return crossing;
 }
 
-bool HalfCrossings::isFlat(std::size_t i) const
+bool HalfCrossings::isFlat(HalfTriangle const& triangle) const
 {
-    UTriangle<float> const& t = *m_made[i].record;
-    return isDegenerate(t.cP(0), t.cP(1), t.cP(2));
+    return isDegenerate(triangle.corners[0].placeAmong(m_points),
+                        triangle.corners[1].placeAmong(m_points),
+                        triangle.corners[2].placeAmong(m_points));
 }
 
 bool HalfCrossings::doCross(std::size_t i, std::size_t k)
 {
-    if (m_made[i].side != m_made[k].side || i == k || isFlat(k))
+    if (m_near[i].side != m_near[k].side || i == k || isFlat(m_near[k]))
         return false;
     for (std::size_t c = 0; c < 3; ++c) {
-        m_pair.points[c] = m_made[i].record->cP(int(c));
-        m_pair.points[c + 3] = m_made[k].record->cP(int(c));
+        m_pair.points[c] = m_near[i].corners[c].placeAmong(m_points);
+        m_pair.points[c + 3] = m_near[k].corners[c].placeAmong(m_points);
     }
     return doTrianglesMeet(m_pair, 0, 1);
 }

@@ -24,10 +24,12 @@ using Corners = std::array<std::uint32_t, 3>;
 constexpr int copiesDone = 60;
 constexpr int sortingDone = 70;
 constexpr int fillingDone = 90;
-constexpr int boundingDone = 95;
+constexpr int boundingDone = 94;
+constexpr int searchDone = 95;
 constexpr int wallsDone = 96;
 constexpr int roundingDone = 97;
-constexpr int sectionDone = 99;
+constexpr int sectionDone = 98;
+constexpr int halfDone = 99;
 // Of a cut that is done twice.
 constexpr int firstTryDone = sortingDone;
 constexpr int orderDone = 75;
@@ -58,10 +60,11 @@ class PlaneCutter
 {
 public:
     PlaneCutter(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
-                std::function<void(int)> const& progress)
+                TakeHalf const& take, std::function<void(int)> const& progress)
         : m_part(part),
           m_plane(plane),
           m_wantsSection(wantsSection),
+          m_take(take),
           m_progress(progress),
           m_copies(part, plane, progress),
           m_points(m_copies, part, plane),
@@ -79,12 +82,9 @@ public:
         m_copies.copyTriangles();
         if (auto const vertices = m_points.verticesInPlane(m_copies.meeting()); !vertices.empty())
             m_copies.moveToPlane(vertices);
-        SectionContours edges;
-        m_walls.sort(edges, stage(copiesDone, sortingDone));
+        Contours contours = findContours();
         if (isBesidePlane())
             return whole(PlaneCutResult::Whole::above);
-        Contours contours = edges.contours(
-            m_points, [this](auto const& a, auto const& b) { return m_plane.reaches(a, b); });
         if (contours.fault && !isLastTry)
             return {};
         if (contours.fault)
@@ -93,18 +93,14 @@ public:
             throwFault(*contours.fault);
         auto& segments = contours.segments;
         bool const isCovered = !contours.isPartial && isWithinPlane(segments);
+        if (isCovered)
+            m_points.forgetOrigins();
         Exact::SectionFilling filling = fill(segments);
         if (!isCovered && !bound(contours, filling))
             return whole(PlaneCutResult::Whole::above);
-        bool const isInDoubt = m_rounding.isInDoubt(filling);
-        m_walls.write(segments, stage(isCovered ? fillingDone : boundingDone, wallsDone));
-        writeCaps(filling);
-        std::vector<UPoint3<float>> crossing;
-        if (isInDoubt)
-            crossing = m_rounding.mend(m_caps, filling, stage(wallsDone, roundingDone));
-        PlaneCutResult result = finish(filling);
-        result.notes.crossing = std::move(crossing);
-        return result;
+        m_walls.split(segments);
+        contours = {};
+        return finish(filling);
     }
 
 private:
@@ -118,6 +114,14 @@ private:
     std::function<void(int)> stage(int begin, int end) const
     {
         return stageOf(m_progress, begin, end);
+    }
+
+    Contours findContours()
+    {
+        SectionContours edges;
+        m_walls.sort(edges, stage(copiesDone, sortingDone));
+        return edges.contours(
+            m_points, [this](auto const& a, auto const& b) { return m_plane.reaches(a, b); });
     }
 
     /// Whether the part crosses the plane, but nowhere within the plane mesh, so that no face can
@@ -183,14 +187,13 @@ private:
         return filling;
     }
 
-    /// The section closes the half below as it is and the half above turned round.
-    void writeCaps(Exact::SectionFilling const& filling)
+    void writeHalf(CutSide side, Exact::SectionFilling const& filling,
+                   std::function<void(int)> const& progress)
     {
-        UVector3<float> const normal = m_plane.unitNormal();
-        for (Corners const& t : filling.triangles) {
-            addCap(sideBelow, {t[0], t[1], t[2]}, normal);
-            addCap(sideAbove, {t[0], t[2], t[1]}, -normal);
-        }
+        m_walls.write(side, progress);
+        UVector3<float> const up = m_plane.unitNormal();
+        for (Corners const& triangle : filling.triangles)
+            addCap(side, capCorners(triangle, side), side == sideBelow ? up : -up);
     }
 
     void addCap(CutSide side, Corners const& corners, UVector3<float> const& normal)
@@ -218,22 +221,45 @@ private:
         mesh.UpdateVertsID();
         mesh.triangleCount = std::uint32_t(mesh.triangles.size());
         mesh.vertexCount = std::uint32_t(mesh.vertices.size());
+        m_walls.forget(side);
+        m_caps[side] = {};
         return m_copies.takeMesh(side);
     }
 
-    PlaneCutResult finish(Exact::SectionFilling const& filling)
+    /// Whether a half will have triangles.
+    bool isAnythingOn(CutSide side, Exact::SectionFilling const& filling)
+    {
+        auto const& pieces = m_walls.pieces();
+        return !m_copies.mesh(side).triangles.empty() || !filling.triangles.empty() ||
+               std::any_of(pieces.begin(), pieces.end(), [&](WallPiece const& piece) {
+                   return piece.side == side && piece.size > 2;
+               });
+    }
+
+    PlaneCutResult finish(Exact::SectionFilling& filling)
     {
         // Vertices that no triangle uses may have made a part look cut.
-        if (m_copies.mesh(sideBelow).triangles.empty())
+        if (!isAnythingOn(sideBelow, filling))
             return whole(PlaneCutResult::Whole::above);
-        if (m_copies.mesh(sideAbove).triangles.empty())
+        if (!isAnythingOn(sideAbove, filling))
             return whole(PlaneCutResult::Whole::below);
         PlaneCutResult result;
+        bool const isToMend = m_rounding.isAnyCrossing(filling, stage(boundingDone, searchDone));
+        if (isToMend) {
+            writeHalf(sideBelow, filling, stage(searchDone, wallsDone));
+            writeHalf(sideAbove, filling, stage(searchDone, wallsDone));
+            result.notes.crossing =
+                m_rounding.mend(m_caps, filling, stage(wallsDone, roundingDone));
+        }
         if (m_wantsSection)
             result.section =
                 sectionMesh(m_points, filling, m_plane, stage(roundingDone, sectionDone));
-        result.above = finishSide(sideAbove);
-        result.below = finishSide(sideBelow);
+        for (CutSide const side : {sideBelow, sideAbove}) {
+            if (!isToMend)
+                writeHalf(side, filling,
+                          stage(side == sideBelow ? sectionDone : halfDone, halfDone));
+            m_take(side, finishSide(side));
+        }
         if (m_progress)
             m_progress(100);
         return result;
@@ -242,6 +268,7 @@ private:
     UMesh<float> const& m_part;
     CutPlane const& m_plane;
     bool m_wantsSection;
+    TakeHalf const& m_take;
     std::function<void(int)> const& m_progress;
     SideCopies m_copies;
     SectionPoints m_points;
@@ -253,14 +280,14 @@ private:
 }  // namespace
 
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
-                              std::function<void(int)> const& progress)
+                              TakeHalf const& take, std::function<void(int)> const& progress)
 {
-    if (auto result = PlaneCutter(part, plane, wantsSection, progress).run(false))
+    if (auto result = PlaneCutter(part, plane, wantsSection, take, progress).run(false))
         return std::move(*result);
     OrderedPart ordered = orderAtPlane(part, plane, stageOf(progress, firstTryDone, orderDone));
     auto const rest = stageOf(progress, orderDone, 100);
     auto result =
-        PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, wantsSection, rest).run(true);
+        PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, wantsSection, take, rest).run(true);
     if (result->whole == PlaneCutResult::Whole::no) {
         result->notes.turned = std::move(ordered.turned);
         result->notes.doubled = std::move(ordered.doubled);

@@ -7,13 +7,16 @@
 #include <functional>
 #include <memory>
 
-/// The meshes of a plane cut; a side may be empty, and the section is there only if it is wanted.
+/// Takes over a half of a plane cut, which has triangles.
+using TakeHalf = std::function<void(CutSide, std::unique_ptr<UMesh<float>>)>;
+
+/// What a plane cut makes beside its halves.
 struct PlaneCutResult
 {
-    std::unique_ptr<UMesh<float>> above;
-    std::unique_ptr<UMesh<float>> below;
+    /// Only if it is wanted.
     std::unique_ptr<UMesh<float>> section;
-    /// The plane meets nothing of the part: all of it belongs to one side, and nothing was copied.
+    /// The plane meets nothing of the part: all of it belongs to one side, and nothing was copied or
+    /// handed out.
     enum class Whole
     {
         no,
@@ -32,6 +35,8 @@ struct PlaneCutResult
 /// Where the contours have a fault, all this is done once more with what orderAtPlane() makes of
 /// the part.
 ///
+/// take  receives each half once, that below first, and as a rule before the other one is made
+///
 /// See docs/decisions/0001-plane-cut.md.
 PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
-                              std::function<void(int)> const& progress);
+                              TakeHalf const& take, std::function<void(int)> const& progress);

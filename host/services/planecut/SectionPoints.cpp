@@ -40,6 +40,12 @@ void SectionPoints::reserve(std::size_t count)
     m_byPlace = FlatMap<std::array<double, 2>, FlatPlaceHash>(count);
 }
 
+void SectionPoints::forgetOrigins()
+{
+    reserve(0);
+    m_ofVertex = FlatMap<std::uint32_t, KeyHash>(0);
+}
+
 std::uint32_t SectionPoints::add(UPoint3<float> const& place)
 {
     m_points.push_back({place});

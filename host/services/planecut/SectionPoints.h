@@ -31,6 +31,9 @@ public:
     /// A point that belongs to no edge, where contours cross.
     std::uint32_t add(UPoint3<float> const& place);
 
+    /// Forgets what the points were made of: the places of the source are not asked for any more.
+    void forgetOrigins();
+
     std::size_t size() const { return m_points.size(); }
     UPoint3<float> const& place(std::uint32_t point) const { return m_points[point].place; }
 

@@ -92,36 +92,6 @@ bool isNarrow(Point const& a, Point const& b, Point const& c)
     return (normal | normal) <= width * width * longest;
 }
 
-/// The places of those triangles that have one of some section points for a corner.
-std::vector<std::size_t> withOneOf(std::vector<bool> const& points,
-                                   std::vector<HalfTriangle> const& made,
-                                   PointNumbers const& numbers)
-{
-    std::vector<std::size_t> found;
-    for (std::size_t i = 0; i < made.size(); ++i)
-        for (int k = 0; k < 3; ++k) {
-            std::uint32_t const p = numbers(made[i].side, made[i].record->cV(k));
-            if (p != WallCorner::none && points[p]) {
-                found.push_back(i);
-                break;
-            }
-        }
-    return found;
-}
-
-/// Those of some section points that are corners of some triangles.
-std::vector<bool> cornersAmong(std::vector<bool> const& points, HalfRecords const& triangles,
-                               std::vector<HalfTriangle> const& made, PointNumbers const& numbers)
-{
-    std::vector<bool> corners(points.size(), false);
-    for (HalfTriangle const& triangle : made)
-        for (int k = 0; k < 3 && triangles.contains(triangle.record); ++k)
-            if (std::uint32_t const p = numbers(triangle.side, triangle.record->cV(k));
-                p != WallCorner::none)
-                corners[p] = points[p];
-    return corners;
-}
-
 /// Adds the triangles beside the plane that stand in some surroundings: what was copied may be in
 /// the way. A pass over the part.
 ///
@@ -130,6 +100,7 @@ std::vector<bool> cornersAmong(std::vector<bool> const& points, HalfRecords cons
 std::array<std::vector<std::size_t>, 2> addCopies(SideCopies& copies, SectionWalls const& walls,
                                                   SectionRounding::Triangles const& caps,
                                                   Surroundings const& surroundings,
+                                                  PointNumbers const& numbers,
                                                   std::vector<HalfTriangle>& near,
                                                   StageProgress& stage)
 {
@@ -142,7 +113,7 @@ std::array<std::vector<std::size_t>, 2> addCopies(SideCopies& copies, SectionWal
                 stage.add(0);
             if (!surroundings.reach(*all[t]))
                 continue;
-            near.push_back({all[t], all[t], side});
+            near.push_back(halfTriangleOf(all[t], all[t], side, numbers));
             standing[side].push_back(t);
         }
         for (std::size_t t = copied; t < all.size(); ++t)
@@ -223,41 +194,72 @@ void SectionRounding::doubt(WallPiece const& piece)
             m_isAny = m_isInDoubt[piece.corners[i].point] = true;
 }
 
+bool SectionRounding::isAnyCrossing(Exact::SectionFilling const& filling,
+                                    std::function<void(int)> const& progress)
+{
+    if (!isInDoubt(filling))
+        return false;
+    StageProgress stage(progress);
+    stage.begin(0, 100, 1);
+    m_isInDoubt = pointsAtCrossings(filling, stage);
+    return std::find(m_isInDoubt.begin(), m_isInDoubt.end(), true) != m_isInDoubt.end();
+}
+
+/// The points in doubt at triangles that cross others, with a point in doubt at one of the two.
+std::vector<bool> SectionRounding::pointsAtCrossings(Exact::SectionFilling const& filling,
+                                                     StageProgress& stage) const
+{
+    HalfCrossings search(
+        [&](VisitHalfTriangle const& visit) {
+            visitTrianglesToMake(m_walls, m_copies, filling, visit);
+        },
+        m_points, m_isInDoubt, m_plane.isAxisParallel());
+    std::vector<bool> found(m_isInDoubt.size(), false);
+    auto const enter = [&](HalfTriangle const& triangle) {
+        for (HalfCorner const& corner : triangle.corners)
+            if (corner.isPoint())
+                found[corner.point] = m_isInDoubt[corner.point];
+    };
+    if (search.effort() <= mostTests) {
+        for (std::size_t const i : search.run(stage))
+            enter(search.near()[i]);
+        return found;
+    }
+    SectionSoup const soup(search.takeNear(), m_plane, m_points, m_isInDoubt);
+    for (std::size_t const i : soup.crossing(stage))
+        enter(soup.faces[i]);
+    return found;
+}
+
 std::vector<Point> SectionRounding::mend(Triangles& caps, Exact::SectionFilling& filling,
                                          std::function<void(int)> const& progress)
 {
     StageProgress stage(progress);
     stage.begin(0, 100, 1);
     PointNumbers const numbers(m_points);
-    std::vector<HalfTriangle> const made = trianglesMade(m_walls, caps);
-    HalfRecords const crossing = crossingAmong(made, numbers, stage);
-    if (crossing.empty())
-        return {};
-    m_isInDoubt = cornersAmong(m_isInDoubt, crossing, made, numbers);
+    auto const visitMade = [&](VisitHalfTriangle const& visit) {
+        visitTrianglesMade(m_walls, caps, numbers, visit);
+    };
+    auto const isToMove = [&](HalfCorner const& corner) {
+        return corner.isPoint() && m_isInDoubt[corner.point];
+    };
     Surroundings surroundings;
-    for (std::size_t const i : withOneOf(m_isInDoubt, made, numbers))
-        surroundings.add(*made[i].record);
+    visitMade([&](HalfTriangle const& triangle) {
+        if (std::any_of(triangle.corners.begin(), triangle.corners.end(), isToMove))
+            surroundings.add(*triangle.record);
+    });
     std::vector<HalfTriangle> near;
-    for (HalfTriangle const& triangle : made)
+    visitMade([&](HalfTriangle const& triangle) {
         if (surroundings.reach(*triangle.record))
             near.push_back(triangle);
+    });
     Mended mended;
-    mended.mayGo = addCopies(m_copies, m_walls, caps, surroundings, near, stage);
-    SectionSoup soup(std::move(near), m_plane, m_points, numbers, m_isInDoubt);
+    mended.mayGo = addCopies(m_copies, m_walls, caps, surroundings, numbers, near, stage);
+    SectionSoup soup(std::move(near), m_plane, m_points, m_isInDoubt);
     auto left = RoundingMending(soup.operands, soup.pieces, soup.places, soup.isFree).run(stage);
     write(soup, mended);
     takeOver(mended, caps, filling);
     return left;
-}
-
-/// Triangles that cross others, with a point in doubt at one of the two.
-HalfRecords SectionRounding::crossingAmong(std::vector<HalfTriangle> const& made,
-                                           PointNumbers const& numbers, StageProgress& stage) const
-{
-    HalfCrossings search(made, withOneOf(m_isInDoubt, made, numbers), m_plane.isAxisParallel());
-    if (search.effort() <= mostTests)
-        return search.run(stage);
-    return SectionSoup(search.near(), m_plane, m_points, numbers, m_isInDoubt).crossing(stage);
 }
 
 /// Gives the triangles their new corners.

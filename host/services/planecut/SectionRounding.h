@@ -9,7 +9,6 @@
 #include <functional>
 #include <vector>
 
-class PointNumbers;
 class SectionSoup;
 class StageProgress;
 
@@ -31,13 +30,16 @@ public:
         : m_plane(plane), m_copies(copies), m_points(points), m_walls(walls)
     {}
 
-    /// Whether there is any doubt. To be called before the walls are written.
+    /// Whether anything of what the cut is about to make crosses something. To be called before the
+    /// walls are written.
     ///
-    /// cost  some ten nanoseconds for a triangle at the section
-    bool isInDoubt(Exact::SectionFilling const& filling);
+    /// progress  percentages
+    /// cost      some ten nanoseconds for a triangle at the section where there is no doubt
+    bool isAnyCrossing(Exact::SectionFilling const& filling,
+                       std::function<void(int)> const& progress);
 
-    /// Moves section points until nothing crosses near those in doubt, in both halves alike. Points
-    /// that become one take their triangles out of the meshes.
+    /// Moves section points until nothing crosses near those at a crossing, in both halves alike,
+    /// which are written. Points that become one take their triangles out of the meshes.
     ///
     /// caps      the triangles that close each half, in the order of the filling, which goes with
     ///           them
@@ -56,8 +58,9 @@ public:
 private:
     struct Mended;
 
-    HalfRecords crossingAmong(std::vector<HalfTriangle> const& made, PointNumbers const& numbers,
-                              StageProgress& stage) const;
+    bool isInDoubt(Exact::SectionFilling const& filling);
+    std::vector<bool> pointsAtCrossings(Exact::SectionFilling const& filling,
+                                        StageProgress& stage) const;
     void write(SectionSoup& soup, Mended& mended);
     void takeOver(Mended const& mended, Triangles& caps, Exact::SectionFilling& filling);
     void doubt(WallPiece const& piece);
@@ -66,7 +69,7 @@ private:
     SideCopies& m_copies;
     SectionPoints& m_points;
     SectionWalls const& m_walls;
-    /// By section point.
+    /// By section point; in the end those at a crossing.
     std::vector<bool> m_isInDoubt;
     bool m_isAny = false;
     std::vector<Triangle*> m_gone;

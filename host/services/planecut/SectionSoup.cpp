@@ -20,9 +20,8 @@ std::array<UPoint3<float>, 3> sourceOf(HalfTriangle const& face, CutPlane const&
 }  // namespace
 
 SectionSoup::SectionSoup(std::vector<HalfTriangle> some, CutPlane const& plane,
-                         SectionPoints const& points, PointNumbers const& numbers,
-                         std::vector<bool> const& isInDoubt)
-    : faces(std::move(some)), pieces(2), m_numbers(numbers), m_pointCount(points.size())
+                         SectionPoints const& points, std::vector<bool> const& isInDoubt)
+    : faces(std::move(some)), pieces(2), m_pointCount(points.size())
 {
     for (std::uint32_t p = 0; p < points.size(); ++p)
         places.push_back(points.place(p));
@@ -34,13 +33,13 @@ SectionSoup::SectionSoup(std::vector<HalfTriangle> some, CutPlane const& plane,
     isFree.resize(places.size(), false);
 }
 
-HalfRecords SectionSoup::crossing(StageProgress& progress) const
+std::vector<std::size_t> SectionSoup::crossing(StageProgress& progress) const
 {
-    HalfRecords found;
+    std::vector<std::size_t> found;
     for (auto const& piece : pieces)
         for (auto const& pair : RoundingCrossings(operands, isFree).find(piece, places, progress))
             for (std::size_t const t : pair)
-                found.insert(faces[piece[t].triangle].record);
+                found.push_back(piece[t].triangle);
     return found;
 }
 
@@ -55,20 +54,20 @@ void SectionSoup::add(HalfTriangle const& face, std::uint32_t place, CutPlane co
         operands.firstPointOfSecond = first + 3;
     }
     MeshArrays::Corners corners;
-    for (int i = 0; i < 3; ++i)
-        corners[std::size_t(i)] = numberOf(face.side, face.record->V(i));
+    for (std::size_t i = 0; i < 3; ++i)
+        corners[i] = numberOf(face.side, face.corners[i]);
     pieces[face.side].push_back({corners, place, false});
     before.push_back(corners);
 }
 
-std::uint32_t SectionSoup::numberOf(CutSide side, UVertex<float>* vertex)
+std::uint32_t SectionSoup::numberOf(CutSide side, HalfCorner const& corner)
 {
-    if (std::uint32_t const point = m_numbers(side, vertex); point != WallCorner::none)
-        return point;
-    auto const [entry, isNew] = m_others.try_emplace(vertex, std::uint32_t(places.size()));
+    if (corner.isPoint())
+        return corner.point;
+    auto const [entry, isNew] = m_others.try_emplace(corner.vertex, std::uint32_t(places.size()));
     if (isNew) {
-        places.push_back(vertex->cP());
-        m_natives.push_back({vertex, side});
+        places.push_back(corner.vertex->cP());
+        m_natives.push_back({corner.vertex, side});
     }
     return entry->second;
 }

@@ -4,7 +4,6 @@
 #include "host/services/StageProgress.h"
 #include "host/services/boolean/RoundingCrossings.h"
 #include "host/services/planecut/HalfTriangles.h"
-#include "host/services/planecut/PointNumbers.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -17,10 +16,10 @@ class SectionSoup
 public:
     /// isInDoubt  by section point; what is, may be moved
     SectionSoup(std::vector<HalfTriangle> some, CutPlane const& plane, SectionPoints const& points,
-                PointNumbers const& numbers, std::vector<bool> const& isInDoubt);
+                std::vector<bool> const& isInDoubt);
 
-    /// Those that cross others, with a point in doubt at one of the two.
-    HalfRecords crossing(StageProgress& progress) const;
+    /// Those that cross others, with a point in doubt at one of the two, by place in `faces`.
+    std::vector<std::size_t> crossing(StageProgress& progress) const;
 
     /// A vertex beside the plane.
     struct Native
@@ -45,9 +44,8 @@ public:
 
 private:
     void add(HalfTriangle const& face, std::uint32_t place, CutPlane const& plane);
-    std::uint32_t numberOf(CutSide side, UVertex<float>* vertex);
+    std::uint32_t numberOf(CutSide side, HalfCorner const& corner);
 
-    PointNumbers const& m_numbers;
     std::size_t m_pointCount;
     std::vector<Native> m_natives;
     std::unordered_map<UVertex<float> const*, std::uint32_t> m_others;

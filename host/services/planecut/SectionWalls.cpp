@@ -151,8 +151,7 @@ void SectionWalls::assignHalves(std::vector<CutSide> const& halfOfPiece,
     m_pieces = std::move(settled);
 }
 
-void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments,
-                         std::function<void(int)> const& progress)
+void SectionWalls::split(std::vector<Exact::SectionSegment> const& segments)
 {
     for (Exact::SectionSegment const& segment : segments) {
         if (segment.splits.empty())
@@ -162,9 +161,19 @@ void SectionWalls::write(std::vector<Exact::SectionSegment> const& segments,
         m_splits[(std::uint64_t(segment.from) << 32) | segment.to] = segment.splits;
         m_splits[(std::uint64_t(segment.to) << 32) | segment.from] = std::move(backwards);
     }
+}
+
+void SectionWalls::write(CutSide half, std::function<void(int)> const& progress)
+{
+    std::vector<WallTriangle> triangles;
     for (std::size_t i = 0; i < m_pieces.size(); ++i) {
         reportShare(progress, i, m_pieces.size());
-        writePiece(m_pieces[i]);
+        if (m_pieces[i].side != half)
+            continue;
+        triangles.clear();
+        collectTriangles(m_pieces[i], triangles);
+        for (WallTriangle const& triangle : triangles)
+            writeTriangle(m_pieces[i], triangle);
     }
 }
 
@@ -180,13 +189,13 @@ std::array<std::array<std::size_t, 3>, 2> SectionWalls::trianglesOf(Piece const&
     return {{{1, 2, 3}, {1, 3, 0}}};
 }
 
-void SectionWalls::writePiece(Piece const& piece)
+void SectionWalls::collectTriangles(Piece const& piece, std::vector<WallTriangle>& triangles) const
 {
     auto const& c = piece.corners;
-    auto const triangles = trianglesOf(piece);
+    auto const whole = trianglesOf(piece);
     for (int i = 0; i < piece.size - 2; ++i) {
-        auto const& [first, second, third] = triangles[std::size_t(i)];
-        writeTriangle(piece, c[first], c[second], c[third]);
+        auto const& [first, second, third] = whole[std::size_t(i)];
+        collectParts({c[first], c[second], c[third]}, triangles);
     }
 }
 
@@ -198,10 +207,9 @@ std::vector<std::uint32_t> const* SectionWalls::splitsOf(Corner const& from, Cor
     return found == m_splits.end() ? nullptr : &found->second;
 }
 
-void SectionWalls::writeTriangle(Piece const& piece, Corner const& a, Corner const& b,
-                                 Corner const& c)
+/// The parts of a triangle at the first of its edges that is split, or else itself.
+void SectionWalls::collectParts(WallTriangle const& corners, std::vector<WallTriangle>& parts) const
 {
-    Corner const corners[3] = {a, b, c};
     for (std::size_t i = 0; i < 3; ++i) {
         Corner const& to = corners[(i + 1) % 3];
         Corner const& apex = corners[(i + 2) % 3];
@@ -210,15 +218,20 @@ void SectionWalls::writeTriangle(Piece const& piece, Corner const& a, Corner con
             continue;
         Corner last = corners[i];
         for (std::uint32_t const split : *splits) {
-            writeTriangle(piece, last, {split, none}, apex);
+            collectParts({last, {split, none}, apex}, parts);
             last = {split, none};
         }
-        writeTriangle(piece, last, to, apex);
+        collectParts({last, to, apex}, parts);
         return;
     }
+    parts.push_back(corners);
+}
+
+void SectionWalls::writeTriangle(Piece const& piece, WallTriangle const& corners)
+{
     auto* const triangle = new Triangle;
     for (int i = 0; i < 3; ++i)
-        triangle->V0(i) = vertexOf(piece.side, corners[i]);
+        triangle->V0(i) = vertexOf(piece.side, corners[std::size_t(i)]);
     triangle->N() = piece.origin->cN();
     m_copies.mesh(piece.side).AddTriangle(triangle);
     m_written[piece.side].push_back(triangle);
@@ -233,5 +246,5 @@ SectionWalls::Vertex* SectionWalls::vertexOf(CutSide side, Corner const& corner)
 
 UPoint3<float> SectionWalls::placeOf(Corner const& corner) const
 {
-    return corner.isPoint() ? m_points.place(corner.point) : m_copies.copyOf(corner.vertex)->cP();
+    return corner.isPoint() ? m_points.place(corner.point) : m_copies.pointAt(corner.vertex);
 }

@@ -21,6 +21,8 @@ struct WallCorner
     bool operator==(WallCorner const&) const = default;
 };
 
+using WallTriangle = std::array<WallCorner, 3>;
+
 /// A polygon of three or four corners on one side, in the order of the triangle it comes from.
 /// Where corners coincide it may have fewer, and is nothing then.
 struct WallPiece
@@ -54,15 +56,25 @@ public:
     /// Has every piece written to the given half. A triangle that was taken apart at points that
     /// are not cut is made whole again.
     void assignHalves(std::vector<CutSide> const& halfOfPiece, std::vector<bool> const& isCutPoint);
-    /// Makes the triangles of both halves, split as the segments are.
-    void write(std::vector<Exact::SectionSegment> const& segments,
-               std::function<void(int)> const& progress);
+    /// Has the triangles split as the segments are.
+    void split(std::vector<Exact::SectionSegment> const& segments);
+    /// Makes the triangles of one half.
+    void write(CutSide half, std::function<void(int)> const& progress);
 
     /// The triangles written, by side, and those that they are parts of.
     std::vector<Triangle*> const& written(CutSide side) const { return m_written[side]; }
     std::vector<Triangle const*> const& origins(CutSide side) const { return m_origins[side]; }
+    /// Has no triangles of a half any more, which somebody else has.
+    void forget(CutSide half)
+    {
+        m_written[half] = {};
+        m_origins[half] = {};
+    }
 
-    /// The corners of the two triangles that a piece is written as, or twice those of the one.
+    /// The triangles that a piece is written as.
+    void collectTriangles(WallPiece const& piece, std::vector<WallTriangle>& triangles) const;
+    /// The corners of the two triangles that a piece is written as where none is split, or twice
+    /// those of the one.
     std::array<std::array<std::size_t, 3>, 2> trianglesOf(WallPiece const& piece) const;
     UPoint3<float> placeOf(WallCorner const& corner) const;
 
@@ -78,8 +90,8 @@ private:
     CutSide sideInPlane(Triangle const& triangle) const;
     Corner cornerOf(Vertex const* vertex);
     Piece wholePiece(Triangle const& triangle, CutSide side);
-    void writePiece(Piece const& piece);
-    void writeTriangle(Piece const& piece, Corner const& a, Corner const& b, Corner const& c);
+    void collectParts(WallTriangle const& corners, std::vector<WallTriangle>& parts) const;
+    void writeTriangle(Piece const& piece, WallTriangle const& corners);
     std::vector<std::uint32_t> const* splitsOf(Corner const& from, Corner const& to) const;
     Vertex* vertexOf(CutSide side, Corner const& corner);
 

@@ -52,6 +52,9 @@ public:
         return isThere ? m_copies[place] : anotherCopy(half, place);
     }
 
+    /// Where a vertex of the source is.
+    UPoint3<float> pointAt(std::uint32_t place) const { return m_source.vertices[place]->cP(); }
+
     /// The places of the corners of every triangle that was copied, in the order of the source.
     std::vector<Places> copiedTriangles(StageProgress& progress) const;
     /// Moves every copied triangle, in the order of the source, to the given half, and its vertices

@@ -85,7 +85,7 @@ SideCopies::Vertex* SideCopies::anotherCopy(CutSide half, std::uint32_t place)
 {
     Vertex*& copy = m_otherCopies[place];
     if (!copy) {
-        copy = new Vertex(m_copies[place]->cP());
+        copy = new Vertex(pointAt(place));
         m_meshes[half]->AddVertex(copy);
     }
     return copy;
