@@ -4,7 +4,7 @@
 #include "cli/Errors.h"
 #include "cli/SubCommands.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <cstdio>

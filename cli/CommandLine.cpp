@@ -4,7 +4,7 @@
 #include "cli/Caller.h"
 #include "cli/Failure.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 void addCommands(CLI::App& commandLine, Action& action)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommandTexts.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <sstream>
 

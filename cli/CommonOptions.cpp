@@ -6,7 +6,7 @@
 #include "cli/Numbers.h"
 #include "host/jobs/Threads.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <map>
 

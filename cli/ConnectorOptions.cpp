@@ -5,7 +5,7 @@
 #include "cli/Numbers.h"
 #include "connectors/ConnectorPositions.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <charconv>

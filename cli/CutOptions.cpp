@@ -5,7 +5,7 @@
 #include "cli/NamePattern.h"
 #include "cli/PieceFiles.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 void CutOptions::addSources(CLI::App& command)
 {

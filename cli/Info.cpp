@@ -7,7 +7,7 @@
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <array>
 #include <cstdio>

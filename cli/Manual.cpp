@@ -3,7 +3,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/SubCommands.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/NearestCommand.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <numeric>

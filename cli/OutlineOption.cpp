@@ -4,7 +4,7 @@
 #include "cli/Errors.h"
 #include "cli/ToolOptions.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 void OutlineOption::addTo(CLI::App& command, CLI::Option* points)
 {

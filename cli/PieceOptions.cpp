@@ -3,7 +3,7 @@
 
 #include "host/formats/FormatRegistry.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <vector>
 

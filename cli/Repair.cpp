@@ -4,7 +4,7 @@
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <memory>
 

@@ -11,7 +11,7 @@
 #include "platform/document/MeshDocument.h"
 #include "tools/SceneBox.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <cstdio>
 #include <memory>

@@ -4,7 +4,7 @@
 #include "cli/Errors.h"
 #include "cli/Numbers.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <cmath>
 

@@ -13,7 +13,7 @@
 #include "tools/PolygonProperty.h"
 #include "tools/VolumeProperty.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 #include "cli/StoredShape.h"
 #include "tools/ToolLimits.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 

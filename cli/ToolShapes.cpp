@@ -9,7 +9,7 @@
 #include "tools/PolygonGraphicObject.h"
 #include "tools/ToolLimits.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <cmath>
 #include <numbers>

@@ -7,7 +7,7 @@
 #include "cli/streaming/StreamChoice.h"
 #include "cli/streaming/StreamJob.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <memory>
 

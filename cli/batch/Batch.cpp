@@ -5,7 +5,7 @@
 #include "cli/batch/BatchRun.h"
 #include "host/formats/FileError.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <algorithm>
 #include <fstream>

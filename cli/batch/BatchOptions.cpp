@@ -3,7 +3,7 @@
 
 #include "cli/Errors.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 void BatchOptions::addTo(CLI::App& command)
 {
