@@ -141,7 +141,10 @@ public:
     {
         if (a == b || b == c || c == a)
             return;
-        auto* const triangle = new Triangle(vertexAt(a), vertexAt(b), vertexAt(c), {});
+        // Each compiler would make the vertices of arguments in an order of its own.
+        UVertex<float>*const first = vertexAt(a), *const second = vertexAt(b),
+                             *const third = vertexAt(c);
+        auto* const triangle = new Triangle(first, second, third, {});
         triangle->N() = triangle->ComputeNormalizedNormal();
         m_mesh->AddTriangle(triangle);
     }

@@ -259,3 +259,18 @@ TEST(ToolClosing, CanBeLeftAndThenTheToolIsAsItWas)
         EXPECT_EQ(soupOf(*tool).triangles, before.triangles);
     }
 }
+
+TEST(ToolClosing, VerticesStandInTheOrderInWhichTrianglesNameThem)
+{
+    auto const tool = prism(doubled, {0, 0, 10});
+    closeTool(*tool);
+    auto const mesh = tool->readMesh();
+    unsigned long next = 0;
+    for (auto const* const triangle : mesh->triangles)
+        for (int k = 0; k < 3; ++k) {
+            EXPECT_LE(triangle->cV(k)->cID(), next);
+            if (triangle->cV(k)->cID() == next)
+                ++next;
+        }
+    EXPECT_EQ(next, mesh->vertices.size());
+}

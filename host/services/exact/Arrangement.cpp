@@ -163,7 +163,8 @@ void Arrangement::intersect(Triangle t, Triangle u)
         m_divisions[t].points.push_back(id);
         m_divisions[u].points.push_back(id);
     } else if (auto const* const segment = boost::get<ExactKernel::Segment_3>(&*found)) {
-        Edge const edge(idOf(segment->source()), idOf(segment->target()));
+        // Braces: of arguments each compiler would number another one first.
+        Edge const edge{idOf(segment->source()), idOf(segment->target())};
         m_divisions[t].segments.push_back(edge);
         m_divisions[u].segments.push_back(edge);
     } else if (auto const* const triangle = boost::get<ExactKernel::Triangle_3>(&*found)) {
@@ -176,7 +177,7 @@ void Arrangement::intersect(Triangle t, Triangle u)
 void Arrangement::addPolygon(Triangle t, Triangle u, std::vector<Point> const& corners)
 {
     for (std::size_t i = 0; i < corners.size(); ++i) {
-        Edge const edge(idOf(corners[i]), idOf(corners[(i + 1) % corners.size()]));
+        Edge const edge{idOf(corners[i]), idOf(corners[(i + 1) % corners.size()])};
         m_divisions[t].segments.push_back(edge);
         m_divisions[u].segments.push_back(edge);
     }
