@@ -1,43 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PackedText.h"
 
+#include "host/formats/Deflate.h"
+
 #include <tbb/task_group.h>
 
 #include <algorithm>
-#include <new>
 #include <zlib.h>
 
 namespace Formats {
 namespace {
 
-/// The next level takes twice the time for a fifth less of text that is mostly digits.
-constexpr int compressionLevel = 1;
 constexpr std::size_t pieceBytes = 1 << 18;
-/// As far as deflate looks back.
-constexpr std::size_t dictionaryBytes = 1 << 15;
 /// Under way at a time.
 constexpr std::size_t mostPieces = 8;
-
-Bytef* bytesOf(std::string const& text)
-{
-    return reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-}
-
-class DeflateState
-{
-public:
-    DeflateState()
-    {
-        if (deflateInit2(&stream, compressionLevel, Z_DEFLATED, -MAX_WBITS, MAX_MEM_LEVEL,
-                         Z_DEFAULT_STRATEGY) != Z_OK)
-            throw std::bad_alloc();
-    }
-    ~DeflateState() { deflateEnd(&stream); }
-    DeflateState(DeflateState const&) = delete;
-    DeflateState& operator=(DeflateState const&) = delete;
-
-    z_stream stream{};
-};
 
 }  // namespace
 
@@ -48,7 +24,7 @@ struct PackedText::Tasks
 
 struct PackedText::Piece
 {
-    std::string dictionary;
+    std::string before;
     std::string text;
     bool isLast = false;
     std::string packed;
@@ -56,19 +32,9 @@ struct PackedText::Piece
 
     void pack()
     {
-        checksum = std::uint32_t(crc32(0, bytesOf(text), uInt(text.size())));
-        DeflateState state;
-        z_stream& stream = state.stream;
-        if (!dictionary.empty())
-            deflateSetDictionary(&stream, bytesOf(dictionary), uInt(dictionary.size()));
-        // A piece that is not the last ends at a whole byte, with an empty block of a few bytes.
-        packed.resize(deflateBound(&stream, uLong(text.size())) + 16);
-        stream.next_in = bytesOf(text);
-        stream.avail_in = uInt(text.size());
-        stream.next_out = bytesOf(packed);
-        stream.avail_out = uInt(packed.size());
-        deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
-        packed.resize(packed.size() - stream.avail_out);
+        checksum =
+            std::uint32_t(crc32(0, reinterpret_cast<Bytef const*>(text.data()), uInt(text.size())));
+        packed = deflated(before, text, isLast);
     }
 };
 
@@ -105,8 +71,8 @@ void PackedText::start(bool isLast)
 {
     auto piece = std::make_unique<Piece>();
     piece->isLast = isLast;
-    piece->dictionary = m_dictionary;
-    m_dictionary = m_text.substr(m_text.size() - std::min(m_text.size(), dictionaryBytes));
+    piece->before = m_before;
+    m_before = m_text.substr(m_text.size() - std::min(m_text.size(), deflateReach));
     piece->text = std::move(m_text);
     m_text = {};
     if (!isLast)
