@@ -5,6 +5,9 @@
 #include "host/services/Polling.h"
 #include "host/services/VertexStars.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <array>
 #include <span>
@@ -19,10 +22,17 @@ class FanSeparation
 public:
     explicit FanSeparation(MeshArrays& mesh) : m_mesh(mesh) {}
 
+    /// Whether the triangles at a vertex are one fan; false as well where that takes a closer look.
+    /// Any thread.
+    bool isOneFan(std::span<Index const> corners) const
+    {
+        return corners.size() < 2 || areChained(corners);
+    }
+
     /// corners  all at a vertex, as VertexStars gives them
     bool separate(std::span<Index const> corners)
     {
-        if (corners.size() < 2 || areChained(corners))
+        if (isOneFan(corners))
             return false;
         m_rim.clear();
         for (Index i = 0; i < corners.size(); ++i)
@@ -95,9 +105,25 @@ bool separateFans(MeshArrays& mesh, StageProgress& progress)
 {
     VertexStars const stars(mesh, progress);
     FanSeparation separation(mesh);
+    using Range = tbb::blocked_range<std::size_t>;
+    auto const doubtful = tbb::parallel_reduce(
+        Range(0, stars.vertexCount(), 4096), std::vector<std::size_t>(),
+        [&](Range const& range, std::vector<std::size_t> found) {
+            for (std::size_t vertex = range.begin(); vertex != range.end(); ++vertex)
+                if (!separation.isOneFan(stars.corners(vertex)))
+                    found.push_back(vertex);
+            progress.add(0);
+            return found;
+        },
+        [](std::vector<std::size_t> before, std::vector<std::size_t> const& after) {
+            before.insert(before.end(), after.begin(), after.end());
+            return before;
+        });
+    // Triangles at one edge are in one fan at both of its ends, so that none falls apart where another
+    // is given a vertex.
     Polling polling(progress);
     bool isChanged = false;
-    for (std::size_t vertex = 0; vertex < stars.vertexCount(); ++vertex) {
+    for (std::size_t const vertex : doubtful) {
         polling.step();
         isChanged |= separation.separate(stars.corners(vertex));
     }

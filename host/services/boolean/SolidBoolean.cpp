@@ -294,14 +294,11 @@ private:
         for (std::uint32_t v = 0; v < m_soup.firstPointOfSecond; ++v, polling.step())
             if (copies.sideOf(m_near.places[v]) == (keepsOutside ? 1 : -1))
                 writer.useVertex(v, copies.copyOf(m_near.places[v]));
-        writer.reserve(triangles.size());
-        for (PieceTriangle const& t : triangles) {
-            polling.step();
-            writer.add(t, t.triangle < m_soup.firstTriangleOfSecond
-                              ? copies.meeting()[t.triangle]->cN()
-                              : UVector3<float>());
-        }
-        m_progress.add(triangles.size());
+        auto const normalOf = [&](PieceTriangle const& t) {
+            return t.triangle < m_soup.firstTriangleOfSecond ? copies.meeting()[t.triangle]->cN()
+                                                             : UVector3<float>();
+        };
+        writer.add(triangles, normalOf, m_progress);
         return {writer.finish(m_progress)};
     }
 

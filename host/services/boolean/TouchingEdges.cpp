@@ -6,6 +6,10 @@
 #include "host/services/Polling.h"
 #include "host/services/WedgePairing.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -16,6 +20,8 @@ namespace {
 
 using Point = UPoint3<float>;
 using Vector = UVector3<double>;
+using Range = tbb::blocked_range<std::size_t>;
+constexpr std::size_t grain = 1 << 14;
 
 /// How far off the middle of an edge a new point may lie, in units of the last place.
 constexpr std::array unitsInward{0.75, 1.5, 3.0};
@@ -66,6 +72,28 @@ private:
     std::vector<std::uint64_t> m_words;
 };
 
+/// A set of numbers, by two bits of one word for each: holds one in some hundreds that is not in it
+/// as well.
+class RoughSet
+{
+public:
+    explicit RoughSet(std::size_t expected)
+        : m_words(std::bit_ceil(std::max<std::size_t>(expected / 2, 16)), 0)
+    {}
+
+    void add(std::uint64_t hash) { m_words[placeOf(hash)] |= bitsOf(hash); }
+    bool mayHold(std::uint64_t hash) const { return (~m_words[placeOf(hash)] & bitsOf(hash)) == 0; }
+
+private:
+    std::size_t placeOf(std::uint64_t hash) const { return (hash >> 12) & (m_words.size() - 1); }
+    static std::uint64_t bitsOf(std::uint64_t hash)
+    {
+        return std::uint64_t(1) << (hash & 63) | std::uint64_t(1) << (hash >> 6 & 63);
+    }
+
+    std::vector<std::uint64_t> m_words;
+};
+
 }  // namespace
 
 void TouchingEdges::separate(std::vector<bool> const& isAtCurve, StageProgress& progress)
@@ -81,30 +109,51 @@ void TouchingEdges::separate(std::vector<bool> const& isAtCurve, StageProgress& 
     }
 }
 
-/// The points at the places of some, and few others.
-std::vector<bool> TouchingEdges::pointsAtPlaces(std::vector<bool> const& isAtCurve,
-                                                StageProgress& progress) const
+/// Marks the points at the places of some, and few others.
+std::vector<std::uint8_t> TouchingEdges::pointsAtPlaces(std::vector<bool> const& isAtCurve,
+                                                        StageProgress& progress) const
 {
     Polling polling(progress);
-    FewCounts counts(std::size_t(std::count(isAtCurve.begin(), isAtCurve.end(), true)));
+    RoughSet atCurve(std::size_t(std::count(isAtCurve.begin(), isAtCurve.end(), true)));
     for (Index p = 0; p < isAtCurve.size(); ++p, polling.step())
         if (isAtCurve[p])
-            counts.add(hashOf(m_places[p]));
-    std::vector<bool> isAtPlace(m_places.size(), false);
-    for (Index p = 0; p < isAtCurve.size(); ++p, polling.step())
-        isAtPlace[p] = isAtCurve[p] || counts.of(hashOf(m_places[p])) > 0;
+            atCurve.add(hashOf(m_places[p]));
+    std::vector<std::uint8_t> isAtPlace(m_places.size());
+    tbb::parallel_for(Range(0, m_places.size(), grain), [&](Range const& range) {
+        for (std::size_t p = range.begin(); p != range.end(); ++p)
+            isAtPlace[p] = atCurve.mayHold(hashOf(m_places[p]));
+        progress.add(0);
+    });
     return isAtPlace;
 }
 
+/// The triangles with a corner that is marked, in order.
+std::vector<TouchingEdges::Index> TouchingEdges::trianglesAt(
+    std::vector<std::uint8_t> const& isMarked, StageProgress& progress) const
+{
+    return tbb::parallel_reduce(
+        Range(0, m_piece.size(), grain), std::vector<Index>(),
+        [&](Range const& range, std::vector<Index> found) {
+            for (std::size_t t = range.begin(); t != range.end(); ++t) {
+                MeshArrays::Corners const& c = m_piece[t].corners;
+                if ((isMarked[c[0]] | isMarked[c[1]] | isMarked[c[2]]) != 0)
+                    found.push_back(Index(t));
+            }
+            progress.add(0);
+            return found;
+        },
+        [](std::vector<Index> before, std::vector<Index> const& after) {
+            before.insert(before.end(), after.begin(), after.end());
+            return before;
+        });
+}
+
 /// The triangles at all edges that may have more than two, sorted by these.
-std::vector<TouchingEdges::Use> TouchingEdges::usesOfFullEdges(std::vector<bool> const& mayTouch,
-                                                               StageProgress& progress) const
+std::vector<TouchingEdges::Use> TouchingEdges::usesOfFullEdges(
+    std::vector<std::uint8_t> const& mayTouch, StageProgress& progress) const
 {
     Polling polling(progress);
-    std::vector<Index> near;
-    for (Index t = 0; t < m_piece.size(); ++t, polling.step())
-        if (std::ranges::any_of(m_piece[t].corners, [&](Index corner) { return mayTouch[corner]; }))
-            near.push_back(t);
+    std::vector<Index> const near = trianglesAt(mayTouch, progress);
     using Hashes = std::array<std::uint64_t, 2>;
     auto const forEdges = [&](auto const& visit) {
         for (Index const t : near) {

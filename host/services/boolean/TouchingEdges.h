@@ -70,9 +70,11 @@ private:
         std::size_t depth;
     };
 
-    std::vector<bool> pointsAtPlaces(std::vector<bool> const& isAtCurve,
-                                     StageProgress& progress) const;
-    std::vector<Use> usesOfFullEdges(std::vector<bool> const& mayTouch,
+    std::vector<std::uint8_t> pointsAtPlaces(std::vector<bool> const& isAtCurve,
+                                             StageProgress& progress) const;
+    std::vector<Index> trianglesAt(std::vector<std::uint8_t> const& isMarked,
+                                   StageProgress& progress) const;
+    std::vector<Use> usesOfFullEdges(std::vector<std::uint8_t> const& mayTouch,
                                      StageProgress& progress) const;
     bool areOfOneEdge(std::span<Use const> uses) const;
     bool isOfOperand(Use const& use) const;
