@@ -2,6 +2,7 @@
 #include "host/services/boolean/TouchingEdges.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/mesh/RoundingUnit.h"
 #include "host/services/EdgeGroups.h"
 #include "host/services/Polling.h"
 #include "host/services/WedgePairing.h"
@@ -14,7 +15,6 @@
 #include <bit>
 #include <cmath>
 #include <functional>
-#include <limits>
 
 namespace {
 
@@ -34,12 +34,6 @@ Vector offset(Point const& from, Point const& to)
 {
     ExactSigns::Offset const o(from, to);
     return {o.x, o.y, o.z};
-}
-
-double unitAt(Point const& p)
-{
-    float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
-    return double(std::nextafter(size, std::numeric_limits<float>::infinity())) - double(size);
 }
 
 std::uint64_t hashOf(Point const& p)
@@ -317,7 +311,7 @@ std::vector<UPoint3<float>> TouchingEdges::placesAside(Pair const& pair) const
         inward = inward - normal.Normalize() + apex.Normalize() * 0x1p-10;
     }
     inward.Normalize();
-    double const unit = unitAt(a);
+    double const unit = roundingUnitAt(a);
     std::vector<Place> places;
     auto const add = [&](Vector const& aside) {
         Vector const way = along + aside;

@@ -2,6 +2,7 @@
 #include "host/services/planecut/CutPlane.h"
 
 #include "host/mesh/ExactSigns.h"
+#include "host/mesh/RoundingUnit.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,7 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
                 .toStdString());
     for (int i = 0; i < 3; ++i)
         m_corners[std::size_t(i)] = planeKernel.getMatrix() * mesh->triangles[0]->cP(i);
-    double u[3], v[3];
+    double u[3], v[3], magnitude[3];
     for (int i = 0; i < 3; ++i) {
         m_origin[i] = m_corners[0][i];
         u[i] = double(m_corners[1][i]) - m_corners[0][i];
@@ -27,7 +28,7 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
         int const j = (i + 1) % 3;
         int const k = (i + 2) % 3;
         m_normal[i] = u[j] * v[k] - u[k] * v[j];
-        m_magnitude[i] = std::abs(u[j] * v[k]) + std::abs(u[k] * v[j]);
+        magnitude[i] = std::abs(u[j] * v[k]) + std::abs(u[k] * v[j]);
     }
     m_dropped = int(std::max_element(m_normal, m_normal + 3,
                                      [](double a, double b) { return std::abs(a) < std::abs(b); }) -
@@ -43,11 +44,35 @@ CutPlane::CutPlane(MeshKernel const& planeKernel)
     m_second = (m_dropped + (m_upSign > 0 ? 2 : 1)) % 3;
     m_level = m_corners[0][m_dropped];
     m_isAxisParallel = u[m_dropped] == 0 && v[m_dropped] == 0;
+    setDoubt(magnitude);
     for (UTriangle<float> const* const triangle : mesh->triangles) {
         auto& corners = m_triangles.emplace_back();
         for (int i = 0; i < 3; ++i)
             corners[std::size_t(i)] = planeKernel.getMatrix() * triangle->cP(i);
     }
+}
+
+void CutPlane::setDoubt(double const (&magnitude)[3])
+{
+    // Three subtractions, two levels of products and sums: the rounding errors stay below this
+    // multiple of the sum of magnitudes.
+    constexpr double errorFactor = 16 * 1.1102230246251565e-16;
+    // At least what a unit is to its coordinate.
+    constexpr double unitFactor = 1.001 * 0x1p-23;
+    double size = 0;
+    for (UPoint3<float> const& corner : m_corners) {
+        m_cornerUnit = std::max(m_cornerUnit, roundingUnitAt(corner));
+        for (int i = 0; i < 3; ++i)
+            size = std::max(size, double(std::fabs(corner[i])));
+    }
+    m_doubt = m_length * (m_cornerUnit + unitFactor * size);
+    for (int i = 0; i < 3; ++i)
+        m_doubtPerOffset[i] = errorFactor * magnitude[i] + unitFactor * m_length;
+}
+
+bool CutPlane::isWithinRounding(UPoint3<float> const& p) const
+{
+    return distanceOf(p) <= std::max(m_cornerUnit, roundingUnitAt(p));
 }
 
 int CutPlane::exactSideOf(UPoint3<float> const& p) const

@@ -18,7 +18,10 @@ public:
     /// throws  Mell::Exception if the mesh has no triangle or its corners lie on one line
     explicit CutPlane(MeshKernel const& planeKernel);
 
-    /// +1 on the side to which N points, -1 on the other, 0 in the plane. Exact.
+    /// +1 on the side to which N points, -1 on the other, 0 in the plane. Exact, but for points that
+    /// an oblique plane passes by less than a unit of the last place of its corners' coordinates or
+    /// the point's: they count as in the plane. It is known no better, and what an earlier cut there
+    /// has made is beside it by as much.
     int sideOf(UPoint3<float> const& p) const
     {
         if (m_isAxisParallel) {
@@ -27,14 +30,13 @@ public:
         }
         double const x = p.X() - m_origin[0], y = p.Y() - m_origin[1], z = p.Z() - m_origin[2];
         double const height = m_normal[0] * x + m_normal[1] * y + m_normal[2] * z;
-        double const bound =
-            errorFactor * (m_magnitude[0] * std::abs(x) + m_magnitude[1] * std::abs(y) +
-                           m_magnitude[2] * std::abs(z));
+        double const bound = m_doubt + m_doubtPerOffset[0] * std::abs(x) +
+                             m_doubtPerOffset[1] * std::abs(y) + m_doubtPerOffset[2] * std::abs(z);
         if (height > bound)
             return 1;
         if (height < -bound)
             return -1;
-        return exactSideOf(p);
+        return isWithinRounding(p) ? 0 : exactSideOf(p);
     }
 
     /// Where the edge between two points on different sides meets the plane, rounded to float. It
@@ -69,19 +71,20 @@ public:
     double distanceOf(UPoint3<float> const& p) const { return std::abs(heightOf(p)) / m_length; }
 
 private:
-    // Three subtractions, two levels of products and sums: the rounding errors stay below this
-    // multiple of the sum of magnitudes.
-    static constexpr double errorFactor = 16 * 1.1102230246251565e-16;
-
     using Corners = std::array<UPoint3<float>, 3>;
 
+    void setDoubt(double const (&magnitude)[3]);
+    bool isWithinRounding(UPoint3<float> const& p) const;
     int exactSideOf(UPoint3<float> const& p) const;
 
     Corners m_corners;
     std::vector<Corners> m_triangles;
     double m_origin[3];
     double m_normal[3];
-    double m_magnitude[3];
+    /// Heights below the one, and as much more for each offset from the origin, need a closer look.
+    double m_doubt = 0;
+    double m_doubtPerOffset[3];
+    double m_cornerUnit = 0;
     int m_first = 0;
     int m_second = 1;
     int m_dropped = 2;

@@ -3,9 +3,6 @@
 
 #include "host/services/planecut/PointNumbers.h"
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 using Triangle = UTriangle<float>;
@@ -34,12 +31,6 @@ TriangleTree::Box boxOf(Triangle const& triangle)
         box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
     }
     return box;
-}
-
-double roundingUnitAt(UPoint3<float> const& p)
-{
-    float const size = std::max({std::fabs(p[0]), std::fabs(p[1]), std::fabs(p[2])});
-    return double(std::nextafter(size, std::numeric_limits<float>::infinity())) - size;
 }
 
 HalfTriangle halfTriangleOf(Triangle* record, Triangle const* source, CutSide side,

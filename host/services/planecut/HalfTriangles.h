@@ -42,9 +42,6 @@ std::array<std::uint32_t, 3> capCorners(std::array<std::uint32_t, 3> const& tria
 TriangleTree::Box boxOf(UTriangle<float> const& triangle);
 TriangleTree::Box boxOf(HalfTriangle const& triangle, SectionPoints const& points);
 
-/// The difference between the largest coordinate of a point and the next float.
-double roundingUnitAt(UPoint3<float> const& p);
-
 /// A triangle with its record, whose vertices at the plane have the given numbers.
 HalfTriangle halfTriangleOf(UTriangle<float>* record, UTriangle<float> const* source, CutSide side,
                             PointNumbers const& numbers);

@@ -5,6 +5,7 @@
 #include "host/services/PlaceText.h"
 #include "host/services/planecut/BoundedCut.h"
 #include "host/services/planecut/OrderAtPlane.h"
+#include "host/services/planecut/RidgeDivision.h"
 #include "host/services/planecut/SectionRounding.h"
 #include "host/services/planecut/SectionSampling.h"
 #include "host/services/planecut/SectionWalls.h"
@@ -99,6 +100,7 @@ public:
         if (!isCovered && !bound(contours, filling))
             return whole(PlaneCutResult::Whole::above);
         m_walls.split(segments);
+        divideAtRidges(contours, m_plane, m_points, filling);
         contours = {};
         return finish(filling);
     }

@@ -141,10 +141,12 @@ Contours SectionContours::contours(SectionPoints const& points, SectionReach con
         EdgeUse use;
         for (; i < m_edges.size() && m_edges[i].low == low && m_edges[i].high == high; ++i)
             use.add(m_edges[i]);
+        if (!use.isOnBothSides() || use.weight() == 0)
+            contours.ridges.push_back({low, high});
         if (!use.isOnBothSides())
             continue;
         if (use.isDisputed())
-            contours.m_disputes.push_back({low, high, use.above % 2 == use.below % 2});
+            contours.m_disputes.push_back({{low, high}, use.above % 2 == use.below % 2});
         if (int const weight = use.weight(); weight > 0)
             contours.segments.push_back({low, high, weight});
         else if (weight < 0)

@@ -19,6 +19,13 @@ struct SectionFault
 /// Whether the cut reaches what runs from one point to another.
 using SectionReach = std::function<bool(UPoint3<float> const&, UPoint3<float> const&)>;
 
+/// An edge between two section points.
+struct SectionEdge
+{
+    std::uint32_t low;
+    std::uint32_t high;
+};
+
 /// The contours of a section.
 class Contours
 {
@@ -26,6 +33,8 @@ public:
     /// Ordered by their points, one for each pair of points. What bounds nothing has a weight of 0.
     std::vector<Exact::SectionSegment> segments;
     std::optional<SectionFault> fault;
+    /// Edges in the plane that bound nothing, though a half has triangles there.
+    std::vector<SectionEdge> ridges;
     /// Contours with faults were left out, for the cut does not reach them.
     bool isPartial = false;
 
@@ -36,10 +45,8 @@ private:
     friend class SectionContours;
 
     /// An edge in the plane whose triangles above and below do not agree.
-    struct Dispute
+    struct Dispute : SectionEdge
     {
-        std::uint32_t low;
-        std::uint32_t high;
         /// Not because there are more of them on one side, as where a wall ends.
         bool isOfTurned;
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/planecut/SectionRounding.h"
 
+#include "host/mesh/RoundingUnit.h"
 #include "host/services/boolean/RoundingMending.h"
 #include "host/services/planecut/HalfCrossings.h"
 #include "host/services/planecut/PointNumbers.h"

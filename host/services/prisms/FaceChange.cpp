@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/prisms/FaceChange.h"
 
+#include "host/mesh/RoundingUnit.h"
 #include "host/services/planecut/HalfTriangles.h"
 #include "host/services/prisms/EdgeBalance.h"
 
