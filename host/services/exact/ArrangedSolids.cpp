@@ -6,6 +6,7 @@
 #include "host/services/exact/Arrangement.h"
 #include "host/services/exact/ExactWinding.h"
 #include "host/services/exact/ResultMesh.h"
+#include "host/services/exact/WantedResults.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,12 +20,7 @@ namespace Exact {
 namespace {
 
 /// A winding number of each result at one place.
-struct Layers
-{
-    int united = 0;
-    int common = 0;
-    int difference = 0;
-};
+using Layers = ResultNumbers;
 
 class ArrangedSolids
 {
@@ -53,7 +49,9 @@ public:
         findPatches();
         measureSteps();
         m_progress.begin(95, 100, 3);
-        return assembleWanted(wanted);
+        return wantedResults(wanted, [this](int ResultNumbers::*number, auto& result) {
+            return assemble(number, result);
+        });
     }
 
 private:
@@ -147,17 +145,6 @@ private:
     static Layers layersOf(int first, bool isInSecond)
     {
         return isInSecond ? Layers{1, first, 0} : Layers{first, 0, first};
-    }
-
-    CombinedSolids assembleWanted(WantedSolids wanted) const
-    {
-        CombinedSolids solids;
-        bool const done = (!wanted.united || assemble(&Layers::united, solids.united)) &&
-                          (!wanted.common || assemble(&Layers::common, solids.common)) &&
-                          (!wanted.difference || assemble(&Layers::difference, solids.difference));
-        if (done)
-            return solids;
-        return {.fault = CombinationFault::resultNotClosed};
     }
 
     bool assemble(int Layers::*step, std::optional<MeshArrays>& result) const

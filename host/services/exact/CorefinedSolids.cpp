@@ -6,6 +6,7 @@
 #include "host/services/exact/ExactSurface.h"
 #include "host/services/exact/ExactWinding.h"
 #include "host/services/exact/ResultMesh.h"
+#include "host/services/exact/WantedResults.h"
 
 #include <CGAL/Polygon_mesh_processing/corefinement.h>
 
@@ -21,12 +22,7 @@ namespace {
 namespace PMP = CGAL::Polygon_mesh_processing;
 
 /// How often, and which way round, the faces of a patch belong to each result.
-struct Shares
-{
-    int united = 0;
-    int common = 0;
-    int difference = 0;
-};
+using Shares = ResultNumbers;
 
 /// Asks for a cancel at every step of the corefinement that the library tells of.
 struct CorefinementPolling : PMP::Corefinement::Default_visitor<ExactSurface::Mesh>
@@ -69,7 +65,9 @@ public:
         m_sharesOfA = sharesOfFirst();
         m_sharesOfB = sharesOfSecond();
         m_progress.begin(45, 50, 3);
-        return assembleWanted(wanted);
+        return wantedResults(wanted, [this](int ResultNumbers::*number, auto& result) {
+            return assemble(number, result);
+        });
     }
 
 private:
@@ -189,17 +187,6 @@ private:
         int const layers = m_aroundFirst.beside(point, normal, m_progress);
         int const way = back - front;
         return {.united = way * (1 - layers), .common = way * layers, .difference = -way * layers};
-    }
-
-    CombinedSolids assembleWanted(WantedSolids wanted) const
-    {
-        CombinedSolids solids;
-        bool const done = (!wanted.united || assemble(&Shares::united, solids.united)) &&
-                          (!wanted.common || assemble(&Shares::common, solids.common)) &&
-                          (!wanted.difference || assemble(&Shares::difference, solids.difference));
-        if (done)
-            return solids;
-        return {.fault = CombinationFault::resultNotClosed};
     }
 
     /// Returns false if the outcome is not closed.
