@@ -1,19 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/formats/PackedText.h"
 
-#include "host/formats/Deflate.h"
-
 #include <tbb/task_group.h>
 
 #include <algorithm>
+#include <new>
 #include <zlib.h>
 
 namespace Formats {
 namespace {
 
+/// The fastest level, told to look at one earlier place only and to remember all places within short matches: a
+/// seventh less of a text that is mostly digits, in less time. A small table stays near.
+constexpr int compressionLevel = 1, longestRemembered = 32, longestMatch = 258, placesTried = 1;
+constexpr int memoryLevel = 7;
 constexpr std::size_t pieceBytes = 1 << 18;
+/// As far as deflate looks back.
+constexpr std::size_t dictionaryBytes = 1 << 15;
 /// Under way at a time.
 constexpr std::size_t mostPieces = 8;
+
+Bytef* bytesOf(std::string const& text)
+{
+    return reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+}
+
+class DeflateState
+{
+public:
+    DeflateState()
+    {
+        if (deflateInit2(&stream, compressionLevel, Z_DEFLATED, -MAX_WBITS, memoryLevel,
+                         Z_DEFAULT_STRATEGY) != Z_OK)
+            throw std::bad_alloc();
+        constexpr int goodMatch = 4;
+        deflateTune(&stream, goodMatch, longestRemembered, longestMatch, placesTried);
+    }
+    ~DeflateState() { deflateEnd(&stream); }
+    DeflateState(DeflateState const&) = delete;
+    DeflateState& operator=(DeflateState const&) = delete;
+
+    z_stream stream{};
+};
 
 }  // namespace
 
@@ -24,7 +52,7 @@ struct PackedText::Tasks
 
 struct PackedText::Piece
 {
-    std::string before;
+    std::string dictionary;
     std::string text;
     bool isLast = false;
     std::string packed;
@@ -32,9 +60,19 @@ struct PackedText::Piece
 
     void pack()
     {
-        checksum =
-            std::uint32_t(crc32(0, reinterpret_cast<Bytef const*>(text.data()), uInt(text.size())));
-        packed = deflated(before, text, isLast);
+        checksum = std::uint32_t(crc32(0, bytesOf(text), uInt(text.size())));
+        DeflateState state;
+        z_stream& stream = state.stream;
+        if (!dictionary.empty())
+            deflateSetDictionary(&stream, bytesOf(dictionary), uInt(dictionary.size()));
+        // A piece that is not the last ends at a whole byte, with an empty block of a few bytes.
+        packed.resize(deflateBound(&stream, uLong(text.size())) + 16);
+        stream.next_in = bytesOf(text);
+        stream.avail_in = uInt(text.size());
+        stream.next_out = bytesOf(packed);
+        stream.avail_out = uInt(packed.size());
+        deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
+        packed.resize(packed.size() - stream.avail_out);
     }
 };
 
@@ -71,8 +109,8 @@ void PackedText::start(bool isLast)
 {
     auto piece = std::make_unique<Piece>();
     piece->isLast = isLast;
-    piece->before = m_before;
-    m_before = m_text.substr(m_text.size() - std::min(m_text.size(), deflateReach));
+    piece->dictionary = m_dictionary;
+    m_dictionary = m_text.substr(m_text.size() - std::min(m_text.size(), dictionaryBytes));
     piece->text = std::move(m_text);
     m_text = {};
     if (!isLast)

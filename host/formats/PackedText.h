@@ -42,7 +42,7 @@ private:
     std::vector<std::unique_ptr<Piece>> m_pieces;
     std::string m_text;
     /// The end of the piece before, to which the next may refer.
-    std::string m_before;
+    std::string m_dictionary;
     std::string m_bytes;
     std::uint64_t m_size = 0;
     std::uint32_t m_checksum = 0;
