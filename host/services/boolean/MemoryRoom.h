@@ -17,6 +17,9 @@ constexpr std::size_t mostContacts(std::uint64_t available)
     return std::size_t(std::min(most, available / perContact));
 }
 
+/// So few that there is always memory for them: some megabytes.
+constexpr std::size_t contactsThatFit = 10'000;
+
 /// Whether the exact way of combining two solids stays below four gigabytes and what there is.
 ///
 /// triangles  of both operands
