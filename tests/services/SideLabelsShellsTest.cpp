@@ -6,6 +6,7 @@
 #include "tests/support/LabelJudge.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/OperandContacts.h"
+#include "tests/support/Rounds.h"
 #include "tests/support/SmallParts.h"
 #include "tests/support/Validator.h"
 #include "tests/support/WindingField.h"
@@ -156,7 +157,7 @@ TEST(SideLabelsOfShells, AreHeldAgainstARayForEachPieceBetweenCurves)
 TEST(SideLabelsOfShells, HoldOnBothSidesOfEachFacetOfAnyShells)
 {
     std::mt19937 random(11);
-    for (int i = 0; i < 150 && !HasFailure(); ++i) {
+    for (int i = 0; i < rounds(1000) && !HasFailure(); ++i) {
         SCOPED_TRACE(i);
         Soup const first = randomSmallPart(random), second = randomSmallPart(random);
         EXPECT_EQ(faultsOfLabels(first, second), "");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/LabelJudge.h"
 
+#include "host/services/boolean/SeparateFans.h"
 #include "host/services/boolean/SideGroups.h"
 #include "tests/support/OperandContacts.h"
 #include "tests/support/WindingField.h"
@@ -16,12 +17,21 @@ std::function<void(int)> const nobody;
 using Point = UPoint3<double>;
 using Numbers = std::array<std::optional<int>, 2>;
 
+/// The same surface as a boolean has its second operand: shells that touch in a point do not share it.
+Soup withSeparateFans(Soup const& soup)
+{
+    StageProgress progress(nobody);
+    MeshArrays mesh{soup.points, soup.triangles};
+    separateFans(mesh, progress);
+    return {mesh.points, mesh.triangles};
+}
+
 class LabelJudge
 {
 public:
     LabelJudge(Soup const& first, Soup const& second)
         : m_progress(nobody),
-          m_contacts(first, second),
+          m_contacts(first, withSeparateFans(second)),
           m_network(m_contacts.soup()),
           m_first(first),
           m_second(second)
