@@ -6,6 +6,7 @@
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
+#include "platform/services/PlaneCutNotes.h"
 
 namespace {
 
@@ -22,6 +23,15 @@ void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshK
         Intersect::cutByPlane(&part, &plane, halves.upper.get(), halves.lower.get(), cap, stage,
                               true);
     });
+}
+
+/// Returns whether there is anything on the other side.
+bool cutOff(MeshKernel const& part, MeshKernel const& plane, PlaneSide side, MeshKernel& half,
+            MeshKernel* cap, std::function<void(int)> const& stage)
+{
+    bool isOtherFilled = false;
+    runMeshStage([&] { isOtherFilled = cutOffByPlane(part, plane, side, half, cap, stage); });
+    return isOtherFilled;
 }
 
 }  // namespace
@@ -81,14 +91,13 @@ PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel*
         remarkOnCuts(remarks, object, filledSides(part.plain), filledSides(part.plain), m_bounded);
         return part;
     }
-    Halves atOffset;
-    Halves atBase;
-    cutByPlane(*copy, m_offset, atOffset, nullptr, part.stage({0, span}));
-    FilledSides const filledAtOffset = filledSides(atOffset);
-    // Its records would be in the way of the second cut's.
-    atOffset.lower.reset();
-    cutByPlane(*copy, m_base, atBase, part.cap.get(), part.stage({span, span}));
-    remarkOnCuts(remarks, object, filledSides(atBase), filledAtOffset, m_bounded);
-    part.plain = {atBase.lower, atOffset.upper};
+    // Of each cut one half alone is kept.
+    bool const isLowerLeft =
+        cutOff(*copy, m_offset, PlaneSide::a, *part.plain.upper, nullptr, part.stage({0, span}));
+    bool const isUpperLeft = cutOff(*copy, m_base, PlaneSide::b, *part.plain.lower, part.cap.get(),
+                                    part.stage({span, span}));
+    FilledSides const filled = filledSides(part.plain);
+    remarkOnCuts(remarks, object, {filled.lower, isUpperLeft}, {isLowerLeft, filled.upper},
+                 m_bounded);
     return part;
 }

@@ -96,7 +96,7 @@ PlaneCutNotes cutByPlaneInTurn(MeshKernel const& part, MeshKernel const& plane,
     if (mesh->triangles.empty())
         return {};
     PlaneCutResult result = cutMeshByPlane(
-        *mesh, CutPlane(plane), section != nullptr,
+        *mesh, CutPlane(plane), {true, true, section != nullptr},
         [&](CutSide side, std::unique_ptr<UMesh<float>> half) {
             take(side == sideAbove, std::make_shared<MeshKernel>(half.release()));
         },
@@ -125,7 +125,7 @@ PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plan
     // Nothing is handed out before all of it is there.
     std::array<std::unique_ptr<UMesh<float>>, 2> halves;
     PlaneCutResult result = cutMeshByPlane(
-        *mesh, CutPlane(plane), section != nullptr,
+        *mesh, CutPlane(plane), {true, true, section != nullptr},
         [&](CutSide side, std::unique_ptr<UMesh<float>> half) { halves[side] = std::move(half); },
         progress);
     if (result.whole != PlaneCutResult::Whole::no) {
@@ -139,6 +139,32 @@ PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plan
         section->replaceMesh(std::move(result.section));
     logNotes(result.notes);
     return std::move(result.notes);
+}
+
+bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
+                   MeshKernel& piece, MeshKernel* section, std::function<void(int)> const& progress)
+{
+    PlacedSolid const solid(part);
+    MeshKernel const& placed = solid.kernel();
+    auto const mesh = placed.readMesh();
+    if (mesh->triangles.empty())
+        return false;
+    bool const isAbove = side == PlaneSide::a;
+    std::unique_ptr<UMesh<float>> half;
+    PlaneCutResult result = cutMeshByPlane(
+        *mesh, CutPlane(plane), {isAbove, !isAbove, section != nullptr},
+        [&](CutSide, std::unique_ptr<UMesh<float>> made) { half = std::move(made); }, progress);
+    if (result.whole != PlaneCutResult::Whole::no) {
+        bool const isHere = isAbove == (result.whole == PlaneCutResult::Whole::above);
+        if (isHere)
+            piece.shareMeshOf(placed);
+        return !isHere;
+    }
+    piece.replaceMesh(std::move(half));
+    if (section)
+        section->replaceMesh(std::move(result.section));
+    logNotes(result.notes);
+    return true;
 }
 
 void Intersect::boolean(MeshKernel* a, MeshKernel* b, std::vector<MeshKernel*>& out,

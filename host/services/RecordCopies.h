@@ -4,6 +4,7 @@
 #include "host/mesh/RecordIndex.h"
 #include "platform/mesh/UMesh.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -44,7 +45,12 @@ public:
                  std::function<void(int)> const& progress);
 
     /// True if no vertex lies on the given side, so that everything belongs to the other one.
-    bool isEmpty(CutSide side) const { return m_meshes[side]->vertices.empty(); }
+    bool isEmpty(CutSide side) const
+    {
+        return std::find(m_sides.begin(), m_sides.end(), side == sideAbove ? 1 : -1) ==
+               m_sides.end();
+    }
+    bool isWanted(CutSide side) const { return m_wanted[side]; }
 
     /// Copies the triangles.
     void copyTriangles();

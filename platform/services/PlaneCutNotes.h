@@ -36,3 +36,19 @@ using TakeCutSide = std::function<void(bool isAbove, std::shared_ptr<MeshKernel>
 PlaneCutNotes cutByPlaneInTurn(MeshKernel const& part, MeshKernel const& plane,
                                TakeCutSide const& take, MeshKernel* section,
                                std::function<void(int)> const& progress);
+
+/// The two sides of a plane cut.
+enum class PlaneSide
+{
+    a,
+    b,
+};
+
+/// Does what Intersect::cutByPlane does, but makes only the piece on one side, the same to the byte:
+/// the other takes neither time nor memory where the plane covers the section, as a rule.
+///
+/// piece    empty; receives the piece
+/// returns  whether there is anything on the other side
+bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
+                   MeshKernel& piece, MeshKernel* section,
+                   std::function<void(int)> const& progress);

@@ -105,7 +105,7 @@ TEST(SideCopies, TakeBackWhatIsAtVerticesThatMoveToThePlane)
     std::function<void(int)> const nobody;
     for (std::size_t const count : {1, 2, 20, 400, 6000}) {
         SCOPED_TRACE(count);
-        SideCopies copies(*mesh, cut.plane, nobody);
+        SideCopies copies(*mesh, cut.plane, {true, true}, nobody);
         copies.copyTriangles();
         // Twice: what is taken back first is no longer there.
         auto places = cut.someVertices(count, 1);
@@ -131,7 +131,7 @@ TEST(SideCopies, StayAsTheyAreWhereAMoveIsCancelled)
         if (isCancelled)
             throw std::runtime_error("cancelled");
     };
-    SideCopies copies(*mesh, cut.plane, cancel);
+    SideCopies copies(*mesh, cut.plane, {true, true}, cancel);
     copies.copyTriangles();
     isCancelled = true;
     EXPECT_THROW(copies.moveToPlane(cut.someVertices(20, 1)), std::runtime_error);

@@ -51,9 +51,9 @@ HalfTriangle wallOf(WallPiece const& piece, WallTriangle const& corners, SideCop
 {
     HalfTriangle triangle{{}, piece.origin, piece.side};
     for (std::size_t i = 0; i < 3; ++i)
-        triangle.corners[i] = corners[i].isPoint()
-                                  ? HalfCorner{corners[i].point}
-                                  : HalfCorner{WallCorner::none, copies.copyOf(corners[i].vertex)};
+        triangle.corners[i] =
+            corners[i].isPoint() ? HalfCorner{corners[i].point}
+                                 : HalfCorner{WallCorner::none, copies.sourceOf(corners[i].vertex)};
     return triangle;
 }
 

@@ -60,20 +60,21 @@ std::function<void(int)> stageOf(std::function<void(int)> const& progress, int b
 class PlaneCutter
 {
 public:
-    PlaneCutter(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
+    PlaneCutter(UMesh<float> const& part, CutPlane const& plane, PlaneCutWants const& wants,
                 TakeHalf const& take, std::function<void(int)> const& progress)
         : m_part(part),
           m_plane(plane),
-          m_wantsSection(wantsSection),
+          m_wants(wants),
           m_take(take),
           m_progress(progress),
-          m_copies(part, plane, progress),
+          m_copies(part, plane, {wants.above, wants.below}, progress),
           m_points(m_copies, part, plane),
           m_walls(m_copies, m_points, plane),
           m_rounding(plane, m_copies, m_points, m_walls)
     {}
 
-    /// Returns nothing if the contours have a fault and there is another try to come.
+    /// Returns nothing if the contours have a fault and there is another try to come, or if one half
+    /// alone is wanted and cannot be had without the other.
     std::optional<PlaneCutResult> run(bool isLastTry)
     {
         if (m_copies.isEmpty(sideBelow))
@@ -94,6 +95,8 @@ public:
             throwFault(*contours.fault);
         auto& segments = contours.segments;
         bool const isCovered = !contours.isPartial && isWithinPlane(segments);
+        if (!isCovered && !m_wants.bothHalves())
+            return {};
         if (isCovered)
             m_points.forgetOrigins();
         Exact::SectionFilling filling = fill(segments);
@@ -232,13 +235,15 @@ private:
     bool isAnythingOn(CutSide side, Exact::SectionFilling const& filling)
     {
         auto const& pieces = m_walls.pieces();
-        return !m_copies.mesh(side).triangles.empty() || !filling.triangles.empty() ||
+        bool const isAnyCopied = m_copies.isWanted(side) ? !m_copies.mesh(side).triangles.empty()
+                                                         : m_copies.countOf(side) > 0;
+        return isAnyCopied || !filling.triangles.empty() ||
                std::any_of(pieces.begin(), pieces.end(), [&](WallPiece const& piece) {
                    return piece.side == side && piece.size > 2;
                });
     }
 
-    PlaneCutResult finish(Exact::SectionFilling& filling)
+    std::optional<PlaneCutResult> finish(Exact::SectionFilling& filling)
     {
         // Vertices that no triangle uses may have made a part look cut.
         if (!isAnythingOn(sideBelow, filling))
@@ -247,19 +252,26 @@ private:
             return whole(PlaneCutResult::Whole::below);
         PlaneCutResult result;
         bool const isToMend = m_rounding.isAnyCrossing(filling, stage(boundingDone, searchDone));
+        if (isToMend && !m_wants.bothHalves())
+            return {};
         if (isToMend) {
             writeHalf(sideBelow, filling, stage(searchDone, wallsDone));
             writeHalf(sideAbove, filling, stage(searchDone, wallsDone));
             result.notes.crossing =
                 m_rounding.mend(m_caps, filling, stage(wallsDone, roundingDone));
         }
-        if (m_wantsSection)
+        if (m_wants.section)
             result.section =
                 sectionMesh(m_points, filling, m_plane, stage(roundingDone, sectionDone));
         for (CutSide const side : {sideBelow, sideAbove}) {
+            auto const report = stage(side == sideBelow ? sectionDone : halfDone, halfDone);
+            if (!m_copies.isWanted(side)) {
+                if (report)
+                    report(0);
+                continue;
+            }
             if (!isToMend)
-                writeHalf(side, filling,
-                          stage(side == sideBelow ? sectionDone : halfDone, halfDone));
+                writeHalf(side, filling, report);
             m_take(side, finishSide(side));
         }
         if (m_progress)
@@ -269,7 +281,7 @@ private:
 
     UMesh<float> const& m_part;
     CutPlane const& m_plane;
-    bool m_wantsSection;
+    PlaneCutWants m_wants;
     TakeHalf const& m_take;
     std::function<void(int)> const& m_progress;
     SideCopies m_copies;
@@ -279,17 +291,40 @@ private:
     SectionRounding::Triangles m_caps;
 };
 
+/// Makes one half alone, or where it cannot be had so both, and hands out the one.
+PlaneCutResult cutOneHalf(UMesh<float> const& part, CutPlane const& plane,
+                          PlaneCutWants const& wants, TakeHalf const& take,
+                          std::function<void(int)> const& progress)
+{
+    int told = 0;
+    std::function<void(int)> const rising = [&](int percent) {
+        told = std::max(told, percent);
+        if (progress)
+            progress(told);
+    };
+    if (auto result = PlaneCutter(part, plane, wants, take, rising).run(false))
+        return std::move(*result);
+    auto const takeOne = [&](CutSide side, std::unique_ptr<UMesh<float>> half) {
+        if (side == sideAbove ? wants.above : wants.below)
+            take(side, std::move(half));
+    };
+    return cutMeshByPlane(part, plane, {true, true, wants.section}, takeOne, rising);
+}
+
 }  // namespace
 
-PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
-                              TakeHalf const& take, std::function<void(int)> const& progress)
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+                              PlaneCutWants const& wants, TakeHalf const& take,
+                              std::function<void(int)> const& progress)
 {
-    if (auto result = PlaneCutter(part, plane, wantsSection, take, progress).run(false))
+    if (!wants.bothHalves())
+        return cutOneHalf(part, plane, wants, take, progress);
+    if (auto result = PlaneCutter(part, plane, wants, take, progress).run(false))
         return std::move(*result);
     OrderedPart ordered = orderAtPlane(part, plane, stageOf(progress, firstTryDone, orderDone));
     auto const rest = stageOf(progress, orderDone, 100);
     auto result =
-        PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, wantsSection, take, rest).run(true);
+        PlaneCutter(ordered.mesh ? *ordered.mesh : part, plane, wants, take, rest).run(true);
     if (result->whole == PlaneCutResult::Whole::no) {
         result->notes.turned = std::move(ordered.turned);
         result->notes.doubled = std::move(ordered.doubled);

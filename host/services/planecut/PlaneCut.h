@@ -7,6 +7,16 @@
 #include <functional>
 #include <memory>
 
+/// What is wanted of a plane cut: at least one half.
+struct PlaneCutWants
+{
+    bool above = true;
+    bool below = true;
+    bool section = true;
+
+    bool bothHalves() const { return above && below; }
+};
+
 /// Takes over a half of a plane cut, which has triangles.
 using TakeHalf = std::function<void(CutSide, std::unique_ptr<UMesh<float>>)>;
 
@@ -35,8 +45,12 @@ struct PlaneCutResult
 /// Where the contours have a fault, all this is done once more with what orderAtPlane() makes of
 /// the part.
 ///
-/// take  receives each half once, that below first, and as a rule before the other one is made
+/// wants  a half that is made alone has the same bytes as if both were made. Both are made all the
+///        same where the plane does not cover the section, or rounding leaves something to mend
+/// take   receives each half that is wanted once, that below first, and as a rule before the other
+///        one is made
 ///
 /// See docs/decisions/0001-plane-cut.md.
-PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane, bool wantsSection,
-                              TakeHalf const& take, std::function<void(int)> const& progress);
+PlaneCutResult cutMeshByPlane(UMesh<float> const& part, CutPlane const& plane,
+                              PlaneCutWants const& wants, TakeHalf const& take,
+                              std::function<void(int)> const& progress);

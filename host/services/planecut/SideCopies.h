@@ -29,12 +29,11 @@ public:
     using Places = std::array<std::uint32_t, 3>;
     using RecordCopies<PlaneSides>::sideOf;
 
-    /// Finds every vertex's side and copies the vertices.
-    SideCopies(UMesh<float> const& source, CutPlane const& plane,
+    /// Finds every vertex's side and copies the vertices of the sides that are wanted.
+    SideCopies(UMesh<float> const& source, CutPlane const& plane, Wanted wanted,
                std::function<void(int)> const& progress)
         : PlaneSides(plane),
-          RecordCopies<PlaneSides>(source, static_cast<PlaneSides const&>(*this), {true, true},
-                                   progress)
+          RecordCopies<PlaneSides>(source, static_cast<PlaneSides const&>(*this), wanted, progress)
     {}
 
     /// Counts the given vertices as in the plane: takes their copies back, and those of the triangles
@@ -54,13 +53,14 @@ public:
 
     /// Where a vertex of the source is.
     UPoint3<float> pointAt(std::uint32_t place) const { return m_source.vertices[place]->cP(); }
+    Vertex* sourceOf(std::uint32_t place) const { return m_source.vertices[place]; }
 
     /// The places of the corners of every triangle that was copied, in the order of the source.
     std::vector<Places> copiedTriangles(StageProgress& progress) const;
     /// Moves every copied triangle, in the order of the source, to the given half, and its vertices
     /// with it; one at triangles of both halves is then there twice. Vertices at no copied triangle
     /// go to the half given for their place. To be called before anything is added to the meshes.
-    /// Nothing has changed if `progress` throws.
+    /// Nothing has changed if `progress` throws. Both sides are wanted.
     void distribute(std::vector<CutSide> const& halfOfTriangle, std::vector<CutSide> halfOfVertex,
                     StageProgress& progress);
 

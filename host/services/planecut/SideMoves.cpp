@@ -168,7 +168,8 @@ void SideCopies::takeTrianglesBack(std::vector<std::uint32_t> const& places,
     }
     m_meeting = std::move(taken.meeting);
     for (std::size_t half = 0; half < 2; ++half) {
-        eraseRecords(m_meshes[half]->triangles, taken.surplus[half]);
+        if (isWanted(CutSide(half)))
+            eraseRecords(m_meshes[half]->triangles, taken.surplus[half]);
         m_counts[half] -= taken.surplus[half].size();
     }
 }
@@ -189,7 +190,8 @@ void SideCopies::takeVerticesBack(std::vector<std::uint32_t> const& places)
         surplus[half].push_back(before[half]);
     }
     for (std::size_t half = 0; half < 2; ++half)
-        eraseRecords(m_meshes[half]->vertices, surplus[half]);
+        if (isWanted(CutSide(half)))
+            eraseRecords(m_meshes[half]->vertices, surplus[half]);
     for (std::uint32_t const place : places) {
         m_sides[place] = 0;
         m_copies[place] = nullptr;
