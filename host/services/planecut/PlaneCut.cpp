@@ -189,6 +189,8 @@ private:
         auto filling = Exact::fillSection(places, segments, stage(sortingDone, fillingDone));
         for (std::size_t i = m_points.size(); i < places.size(); ++i)
             m_points.add(m_plane.lift(places[i]));
+        if (m_progress)
+            m_progress(fillingDone);
         return filling;
     }
 
