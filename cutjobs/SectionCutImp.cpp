@@ -40,6 +40,8 @@ bool runCutter(Cutter cutter, std::function<void(int)> const& progress, CutResul
 
 SectionCutImp::SectionCutImp(QObject* parent) : CutWorker(parent) {}
 
+SectionCutImp::~SectionCutImp() = default;
+
 void SectionCutImp::setObjects(std::vector<Mesh::DocumentObject*> objects)
 {
     m_objects = std::move(objects);
@@ -57,7 +59,11 @@ void SectionCutImp::setCheckBoundary(bool checkBoundary)
 
 void SectionCutImp::setPlaneObject(Freecut::PlaneGraphicObject* plane)
 {
-    m_plane = plane;
+    m_plane.reset();
+    if (!plane)
+        return;
+    m_plane = std::make_unique<Freecut::PlaneGraphicObject>();
+    m_plane->getProperty().setKeyPoints(plane->getProperty().getKeyPoints());
 }
 
 void SectionCutImp::setPinHoleParas(PinHoleParas const& paras)

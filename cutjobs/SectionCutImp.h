@@ -11,6 +11,7 @@
 #include "platform/document/CutMemory.h"
 
 #include <map>
+#include <memory>
 #include <vector>
 
 template <typename T>
@@ -27,13 +28,14 @@ class SectionCutImp : public CutWorker
 
 public:
     explicit SectionCutImp(QObject* parent);
+    ~SectionCutImp() override;
 
     void setObjects(std::vector<Mesh::DocumentObject*> objects);
     /// What is neither the plain plane nor pins and holes is the lap joint.
     void setCutType(SECTIONCUTTYPE type);
     /// The plane ends at its drawn corners; otherwise it reaches beyond all parts.
     void setCheckBoundary(bool checkBoundary);
-    /// Borrowed; only read while a job runs.
+    /// The plane as it is now: the tool that it belongs to may move it or end while a job runs. Null for none.
     void setPlaneObject(Freecut::PlaneGraphicObject* plane);
     void setPinHoleParas(PinHoleParas const& paras);
     void setLapJointParas(LapJointParas const& paras);
@@ -68,7 +70,7 @@ private:
     PinHoleParas m_pinHoleParas{-1, -1, -1, -1, -1, -1, -1, -1};
     LapJointParas m_lapJointParas{-1, -1, -1, -1, -1, -1};
     ConnectorPositions m_connectorPositions;
-    Freecut::PlaneGraphicObject* m_plane = nullptr;
+    std::unique_ptr<Freecut::PlaneGraphicObject> m_plane;
     bool m_checkBoundary = false;
     bool m_measuresSections = false;
     std::vector<Mesh::DocumentObject*> m_objects;

@@ -27,7 +27,6 @@ struct SectionRun
         placePlane({15, 15, 10}, 20);
         worker.setObjects(parts);
         worker.setCutType(type);
-        worker.setPlaneObject(&plane);
         worker.setPinHoleParas({});
         worker.setLapJointParas({});
     }
@@ -37,6 +36,7 @@ struct SectionRun
         plane.getProperty().setKeyPoints(
             {c, c + UVector3<float>(-reach, -reach, 0), c + UVector3<float>(reach, -reach, 0),
              c + UVector3<float>(reach, reach, 0), c + UVector3<float>(-reach, reach, 0)});
+        worker.setPlaneObject(&plane);
     }
 
     Freecut::PlaneGraphicObject plane;
@@ -64,6 +64,23 @@ int reportCount(SECTIONCUTTYPE type)
 }
 
 }  // namespace
+
+TEST(SectionCutImp, TheToolOfThePlaneMayEndBeforeTheJob)
+{
+    for (SECTIONCUTTYPE const type : allTypes) {
+        TestDocument test;
+        auto* const part = test.add(block, "part");
+        SectionRun run({part}, type);
+        auto tool = std::make_unique<Freecut::PlaneGraphicObject>();
+        tool->getProperty().setKeyPoints(run.plane.getProperty().getKeyPoints());
+        run.worker.setPlaneObject(tool.get());
+        tool->getProperty().setKeyPoints({});
+        tool.reset();
+        run.worker.doWork();
+        EXPECT_EQ(run.worker.getResult().size(), 1u);
+        EXPECT_EQ(run.worker.planes().at(part).distance, 10);
+    }
+}
 
 TEST(SectionCutImp, PartsThatThePlaneMissesAreToldOfAndNoOthers)
 {
