@@ -268,21 +268,26 @@ void DialogPolygoncut::slotTabCurrentChanged(int)
 
 bool DialogPolygoncut::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_filtered && event->type() == QEvent::Paint && isVisible() &&
-        !m_preview.isOn()) {
-        int const shown = isAxisView(m_filtered->viewIndex()) ? m_filtered->viewIndex() : -1;
-        if (shown != m_viewIndex) {
-            m_viewIndex = shown;
-            // The tool follows the camera first: what is written now is derived for where it lies.
-            m_filtered->paintPending();
-            updateGUI();
-            updateModelData();
-        }
-    }
-    // A camera that was turned takes the tool along.
-    if (watched == m_filtered && event->type() == QEvent::Paint)
+    // Of a view that is being destroyed, which is no view any more, other events come.
+    if (event->type() == QEvent::Paint && watched == m_filtered) {
+        if (isVisible() && !m_preview.isOn())
+            followView();
+        // A camera that was turned takes the tool along.
         ui.forecast->refresh();
+    }
     return DialogWidgetOneOff::eventFilter(watched, event);
+}
+
+void DialogPolygoncut::followView()
+{
+    int const shown = isAxisView(m_filtered->viewIndex()) ? m_filtered->viewIndex() : -1;
+    if (shown == m_viewIndex)
+        return;
+    m_viewIndex = shown;
+    // The tool follows the camera first: what is written now is derived for where it lies.
+    m_filtered->paintPending();
+    updateGUI();
+    updateModelData();
 }
 
 // What it shows.

@@ -108,6 +108,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    /// Takes over that the camera looks along another axis, or along none.
+    void followView();
     void connectAll();
     void initStatus();
     void restoreStatus();

@@ -136,7 +136,7 @@ void cancelAtEveryValue(Paras const& paras, int stagesEnd)
                                         {scene.test.add(block, "a"), scene.test.add(block, "b")});
     }();
     std::set<int> const percentages(values.begin(), values.end());
-    EXPECT_GE(percentages.size(), 12u);
+    EXPECT_GE(percentages.size(), 15u);
     bool const reportsStart = values.front() == 0 && values[1] == 0;
     std::size_t number = std::size_t(stagesEnd);
     for (int const percent : percentages) {
