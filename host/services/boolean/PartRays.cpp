@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/PartRays.h"
 
-#include "host/services/Polling.h"
 #include "host/services/boolean/RayOrigin.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
 
 #include <algorithm>
 #include <array>
@@ -48,6 +50,15 @@ public:
         }
     }
 
+    /// Adds what lines through the same points have been passed by.
+    void add(Lines const& other)
+    {
+        for (std::size_t i = 0; i < m_sums.size(); ++i) {
+            m_sums[i] += other.m_sums[i];
+            m_isOn[i] = m_isOn[i] || other.m_isOn[i];
+        }
+    }
+
     std::vector<std::optional<int>> numbers() const
     {
         std::vector<std::optional<int>> numbers;
@@ -69,13 +80,35 @@ private:
         return strip > 0 ? std::size_t(std::min(strip, float(stripCount - 1))) : 0;
     }
 
-    std::vector<Point> const& m_points;
+    std::span<Point const> m_points;
     std::vector<std::pair<float, std::size_t>> m_order;
     /// The first line that lies in a strip or behind it.
     std::array<std::size_t, stripCount> m_firstIn;
     std::vector<LinePassage> m_sums;
     std::vector<bool> m_isOn;
 };
+
+/// The lines through some points, passed by triangles 0 to count on all cores.
+///
+/// pass  called with lines and a triangle's number
+template <typename Pass>
+Lines passedLines(std::vector<Point> const& points, std::size_t count, StageProgress& progress,
+                  Pass const& pass)
+{
+    using Range = tbb::blocked_range<std::size_t>;
+    return tbb::parallel_reduce(
+        Range(0, count, 1 << 14), Lines(points),
+        [&](Range const& range, Lines lines) {
+            for (std::size_t i = range.begin(); i != range.end(); ++i)
+                pass(lines, i);
+            progress.add(0);
+            return lines;
+        },
+        [](Lines lines, Lines const& others) {
+            lines.add(others);
+            return lines;
+        });
+}
 
 }  // namespace
 
@@ -107,14 +140,13 @@ std::vector<std::optional<int>> PartRays::numbers(UMesh<float> const& part, Mesh
                                                   std::size_t restCount,
                                                   StageProgress& progress) const
 {
-    Polling polling(progress);
-    Lines lines(m_points);
+    Lines lines = passedLines(m_points, restCount, progress, [&](Lines& some, std::size_t t) {
+        some.pass(rest.point(t, 0), rest.point(t, 1), rest.point(t, 2));
+    });
     for (auto const& noted : m_noted)
-        for (auto const& [a, b, c] : noted) {
-            polling.step();
-            lines.pass(part.vertices[a]->cP(), part.vertices[b]->cP(), part.vertices[c]->cP());
-        }
-    for (std::size_t t = 0; t < restCount; ++t, polling.step())
-        lines.pass(rest.point(t, 0), rest.point(t, 1), rest.point(t, 2));
+        lines.add(passedLines(m_points, noted.size(), progress, [&](Lines& some, std::size_t i) {
+            auto const& [a, b, c] = noted[i];
+            some.pass(part.vertices[a]->cP(), part.vertices[b]->cP(), part.vertices[c]->cP());
+        }));
     return lines.numbers();
 }

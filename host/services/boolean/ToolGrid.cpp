@@ -81,6 +81,8 @@ ToolGrid::ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching,
     m_pages.assign(
         std::size_t(m_pageCounts[0]) * std::size_t(m_pageCounts[1]) * std::size_t(m_pageCounts[2]),
         uniformBase);
+    // Room that is not used takes no memory; most small triangles are in one block.
+    m_references.reserve(2 * tool.mesh().triangles.size());
     for (std::uint32_t t = 0; t < tool.mesh().triangles.size(); ++t) {
         touchCells(t);
         if (t % 1024 == 0)
