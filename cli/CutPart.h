@@ -31,6 +31,8 @@ struct CutPiece
     /// The file that it went to, which has no name yet; null for others.
     std::shared_ptr<StreamedPiece> streamed;
     Formats::MeshFormat const* format = nullptr;
+    /// As 0xRRGGBBAA; 0 for none.
+    unsigned color = 0;
     std::filesystem::path file;
     /// Measured once the part is cut.
     MeshFacts facts;
@@ -68,6 +70,8 @@ struct CutPart
     /// The part in the document; null if the file could not be read, or is cut while it is read.
     Mesh::DocumentObject* object = nullptr;
     bool isStreamed = false;
+    /// As 0xRRGGBBAA, which its pieces get; 0 for none.
+    unsigned color = 0;
     std::size_t triangles = 0;
     /// Measured only for a report.
     MeshFacts facts;

@@ -9,6 +9,7 @@ CutPart addPart(Mesh::Document& document, SourcePart source, bool measure)
     CutPart part;
     part.source = part.label = source.file;
     part.format = source.format;
+    part.color = source.color;
     part.triangles = source.kernel->readMesh()->triangles.size();
     if (measure)
         part.facts = measureMesh(*source.kernel);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/PieceFiles.h"
 
+#include "cli/CutPart.h"
 #include "host/formats/FileError.h"
 #include "host/formats/GrowingStl.h"
 #include "host/formats/PartFiles.h"
 #include "platform/jobs/SequencerLauncher.h"
 
+#include <array>
 #include <cstring>
 #include <unistd.h>
 
@@ -79,8 +81,7 @@ fs::path PieceFiles::reserve(std::string const& name, Formats::MeshFormat const&
     return path;
 }
 
-void PieceFiles::write(fs::path const& path, std::string const& name, MeshKernel const& kernel,
-                       Formats::MeshFormat const& format)
+void PieceFiles::write(fs::path const& path, CutPiece const& piece)
 {
     Base::SequencerLauncher display(("Writing " + path.string()).c_str(), 100, true);
     display.setCancelEnabled(true);
@@ -88,8 +89,9 @@ void PieceFiles::write(fs::path const& path, std::string const& name, MeshKernel
     std::error_code error;
     fs::create_directories(m_folder, error);
     bool const isNew = !fs::exists(path, error);
-    Formats::writePart(
-        path, name, kernel, format,
+    std::array const parts{Formats::NamedMesh{piece.name, piece.kernel.get(), piece.color}};
+    Formats::writeParts(
+        path, parts, *piece.format,
         [&](int percent) { display.setProgress(std::uint64_t(percent)); }, m_overwrite);
     if (isNew)
         m_created.push_back(path);

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-class MeshKernel;
+struct CutPiece;
 namespace Formats {
 class GrowingStl;
 class MeshFormat;
@@ -33,11 +33,10 @@ public:
     /// within one cut. Throws Formats::FileError if the file exists and must not be replaced.
     std::filesystem::path reserve(std::string const& name, Formats::MeshFormat const& format);
 
-    /// Writes a piece behind a progress display.
+    /// Writes a piece, which has its format, behind a progress display.
     ///
     /// throws  Formats::FileError; Mell::AbortException if the user cancels
-    void write(std::filesystem::path const& path, std::string const& name, MeshKernel const& kernel,
-               Formats::MeshFormat const& format);
+    void write(std::filesystem::path const& path, CutPiece const& piece);
 
     /// What names a piece in messages until its file is complete. Makes the folder.
     std::filesystem::path begin(std::string const& name, Formats::MeshFormat const& format) const;

@@ -2,25 +2,24 @@
 #include "cli/SavePieces.h"
 
 #include "cli/DocumentParts.h"
+#include "cli/PieceForms.h"
 #include "cli/streaming/StreamedPiece.h"
 #include "host/formats/FormatRegistry.h"
 #include "platform/document/MeshDocumentObject.h"
 
 void writePieces(std::vector<CutPart>& parts, PieceOptions const& options, PieceFiles& files)
 {
-    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
+    settleForms(parts, options);
     // All names first: a file in the way is found before anything is written.
     for (CutPart& part : parts)
-        for (CutPiece& piece : part.pieces) {
-            piece.format = chosen ? chosen : part.format;
+        for (CutPiece& piece : part.pieces)
             piece.file = files.reserve(piece.name, *piece.format);
-        }
     for (CutPart const& part : parts)
         for (CutPiece const& piece : part.pieces)
             if (piece.streamed)
                 files.complete(piece.streamed->file(), piece.file);
             else
-                files.write(piece.file, piece.name, *piece.kernel, *piece.format);
+                files.write(piece.file, piece);
 }
 
 void appendOriginals(std::vector<CutPart>& parts, PieceOptions const& options,

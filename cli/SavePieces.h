@@ -5,7 +5,7 @@
 #include "cli/PieceFiles.h"
 #include "cli/PieceOptions.h"
 
-/// Gives every piece its format and file and writes it.
+/// Gives every piece its form and its file and writes it.
 ///
 /// throws  Formats::FileError, before anything is written if a file is in the way;
 ///         Mell::AbortException if the user cancels

@@ -18,9 +18,10 @@
 
 namespace {
 
-Freecut::PlaneSize sizeOf(SectionOptions const& options, Mesh::Document const& document)
+/// parts  the box of all of them
+Freecut::PlaneSize sizeOf(SectionOptions const& options, UBox3<float> const& parts)
 {
-    float const suitable = Freecut::suitableSize(Freecut::boxOfAllParts(document));
+    float const suitable = Freecut::suitableSize(parts);
     return options.size().value_or(Freecut::PlaneSize{.width = suitable, .height = suitable});
 }
 
@@ -112,6 +113,11 @@ int streamSection(CutRun& run, SectionOptions const& options)
             };
             cutWhileReading(part, planesFor, "(cut)", options, run.files());
         });
+        // How large parts are is known now.
+        UBox3<float> parts;
+        for (CutPart const& part : run.parts())
+            parts.Add(part.facts.box);
+        describe(run.reportHead(), options, sizeOf(options, parts));
     });
 }
 
@@ -125,7 +131,7 @@ int runSection(SectionOptions options, Caller& caller)
     if (options.stream)
         return streamSection(run, options);
     return run.perform([&] {
-        Freecut::PlaneSize const size = sizeOf(options, run.document());
+        Freecut::PlaneSize const size = sizeOf(options, Freecut::boxOfAllParts(run.document()));
         describe(run.reportHead(), options, size);
         auto const plane = Freecut::makeTangentPlane(options.center(), options.normal(), size);
         refuseSeveral(run, options);

@@ -47,7 +47,7 @@ std::vector<SourcePart> readSource(std::string const& file, SourceScale const& s
     std::vector<SourcePart> parts;
     for (Formats::LoadedPart& part : loaded) {
         multiplyPoints(*part.kernel, factor);
-        parts.push_back({file, &format, std::move(part.name), std::move(part.kernel)});
+        parts.push_back({file, &format, std::move(part.name), std::move(part.kernel), part.color});
     }
     return parts;
 }

@@ -19,6 +19,8 @@ struct SourcePart
     Formats::MeshFormat const* format = nullptr;
     std::string name;
     std::unique_ptr<MeshKernel> kernel;
+    /// As 0xRRGGBBAA; 0 if the file gives none.
+    unsigned color = 0;
 };
 
 /// What coordinates are multiplied by when they are read.

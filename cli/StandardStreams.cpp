@@ -4,8 +4,8 @@
 #include "cli/Cancel.h"
 #include "cli/Errors.h"
 #include "cli/PieceFiles.h"
+#include "cli/PieceForms.h"
 #include "host/formats/FileError.h"
-#include "host/formats/FormatRegistry.h"
 #include "host/formats/OutputFile.h"
 
 #include <cerrno>
@@ -118,15 +118,12 @@ std::size_t readStandardInput(std::span<std::byte> buffer)
 
 void writeToStandardOutput(std::vector<CutPart>& parts, PieceOptions const& options)
 {
-    auto const* const chosen = Formats::FormatRegistry::instance().byName(options.format);
     CutPiece& only = onlyPieceOf(parts);
-    for (CutPart& part : parts)
-        for (CutPiece& piece : part.pieces)
-            piece.format = chosen ? chosen : part.format;
+    settleForms(parts, options);
     SpoolFolder const folder;
     PieceFiles files(folder.path(), Formats::Overwrite::Refuse);
     fs::path const path = files.reserve("stdout", *only.format);
-    files.write(path, only.name, *only.kernel, *only.format);
+    files.write(path, only);
     copyToStandardOutput(path);
     only.file = standardStream;
 }

@@ -4,6 +4,7 @@
 #include "cli/Cancel.h"
 #include "cli/ExitStatus.h"
 #include "cli/Failure.h"
+#include "cli/batch/JobNeed.h"
 #include "platform/jobs/Exceptions.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr double baseNeedMb = 40;
 /// Of memory that is free, what jobs may have; the rest is room for an estimate that was too low.
 constexpr double shareOfFree = 0.8;
 
@@ -25,25 +25,6 @@ double freeMemoryMb()
         if (name == "MemAvailable:")
             return kilobytes / 1000;
     return 1e6;
-}
-
-/// Megabytes that a command takes at its peak for each of the file. A triangle takes 50 bytes in most
-/// formats, but a third of it where they are packed.
-double needPerSize(std::filesystem::path const& file)
-{
-    return file.extension() == ".3mf" || file.extension() == ".3MF" ? 25 : 8;
-}
-
-double needMbOf(std::vector<std::string> const& files)
-{
-    double need = baseNeedMb;
-    for (std::string const& file : files) {
-        std::error_code error;
-        auto const size = std::filesystem::file_size(file, error);
-        if (!error)
-            need += double(size) / 1e6 * needPerSize(file);
-    }
-    return need;
 }
 
 Shard shardOf(BatchOptions const& options)
@@ -102,7 +83,7 @@ void BatchRun::startWhatFits()
 bool BatchRun::startNext()
 {
     auto const files = m_lines.filesReadBy(m_jobs[m_next]);
-    double const need = needMbOf(files);
+    double const need = neededMemoryMb(m_jobs[m_next], files);
     double needOfAll = need;
     for (Running const& running : m_running)
         needOfAll += running.needMb;
@@ -141,11 +122,13 @@ bool BatchRun::holds(JobResult const& result) const
 void BatchRun::collect()
 {
     for (std::size_t i = 0; i < m_running.size();) {
-        auto const result = m_running[i].attempt->poll();
+        auto result = m_running[i].attempt->poll();
         if (!result) {
             ++i;
             continue;
         }
+        if (result->fields.contains("measured"))
+            result->fields["measured"]["expectedMemoryMb"] = m_running[i].needMb;
         if (!result->mayChange)
             m_store.keep(m_running[i].attempt->key(), *result);
         take(m_running[i].job, *result, true);

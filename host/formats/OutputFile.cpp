@@ -27,6 +27,39 @@ QString whyNotWritten()
     return FileError::tr("it cannot be written: %1.").arg(systemReason(error));
 }
 
+QString whyNotNamed(int error)
+{
+    return FileError::tr("it cannot be given its name: %1.").arg(systemReason(error));
+}
+
+std::string folderOf(std::filesystem::path const& target)
+{
+    return target.has_parent_path() ? target.parent_path().string() : ".";
+}
+
+/// What stands for an open file among those of the process.
+std::filesystem::path placeOf(int descriptor)
+{
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
+/// Opens a file without a name beside the target: it goes with the process, however that ends. -1 where
+/// the file system knows none, or where none could be given a name later.
+int openNameless(std::filesystem::path const& target)
+{
+    int const descriptor = open(folderOf(target).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (descriptor < 0 || access(placeOf(descriptor).c_str(), F_OK) == 0)
+        return descriptor;
+    close(descriptor);
+    return -1;
+}
+
+/// Whether a temporary file that is open has no name, but its place instead.
+bool isNameless(std::filesystem::path const& temporary, int descriptor)
+{
+    return descriptor >= 0 && temporary == placeOf(descriptor);
+}
+
 std::filesystem::path targetBehindLinks(std::filesystem::path const& path)
 {
     std::error_code error;
@@ -48,6 +81,35 @@ std::filesystem::path temporaryName(std::filesystem::path const& target)
     std::string name = ".";
     name += target.filename().string().substr(0, 200);
     return target.parent_path() / (name + suffix);
+}
+
+/// A temporary name under which something could be made; empty if it could not, for the reason that
+/// errno has.
+template <typename Make>
+std::filesystem::path underTemporaryName(std::filesystem::path const& target, Make const& make)
+{
+    // A leftover of a process that was killed may bear the name.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        std::filesystem::path name = temporaryName(target);
+        if (make(name.c_str()))
+            return name;
+        if (errno != EEXIST)
+            break;
+    }
+    return {};
+}
+
+/// Gives a file without a name a temporary one. Its own it gets by a rename, which replaces another
+/// file of that name where that is allowed.
+std::filesystem::path withTemporaryName(std::filesystem::path const& place,
+                                        std::filesystem::path const& target)
+{
+    auto name = underTemporaryName(target, [&](char const* candidate) {
+        return linkat(AT_FDCWD, place.c_str(), AT_FDCWD, candidate, AT_SYMLINK_FOLLOW) == 0;
+    });
+    if (name.empty())
+        throw FileError(target, whyNotNamed(errno));
+    return name;
 }
 
 }  // namespace
@@ -73,9 +135,10 @@ OutputFile::OutputFile(std::filesystem::path target, Overwrite overwrite)
 
 OutputFile::~OutputFile()
 {
+    bool const hasName = !m_temporary.empty() && !isNameless(m_temporary, m_descriptor);
     if (m_descriptor >= 0)
         close(m_descriptor);
-    if (!m_isCommitted && !m_temporary.empty())
+    if (!m_isCommitted && hasName)
         unlink(m_temporary.c_str());
 }
 
@@ -88,19 +151,21 @@ void OutputFile::openStream()
 
 void OutputFile::createTemporary()
 {
-    // A leftover of a process that was killed may bear the name.
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        m_temporary = temporaryName(m_target);
-        m_descriptor = open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (m_descriptor >= 0 || errno != EEXIST)
-            break;
+    m_descriptor = openNameless(m_target);
+    if (m_descriptor >= 0) {
+        m_temporary = placeOf(m_descriptor);
+        return;
     }
-    if (m_descriptor >= 0)
+    m_temporary = underTemporaryName(m_target, [&](char const* name) {
+        m_descriptor = open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        return m_descriptor >= 0;
+    });
+    if (!m_temporary.empty())
         return;
     int const error = errno;
-    std::string const folder = m_target.has_parent_path() ? m_target.parent_path().string() : ".";
-    throw FileError(m_target, FileError::tr("no file can be made in the folder '%1': %2.")
-                                  .arg(QString::fromStdString(folder), systemReason(error)));
+    throw FileError(m_target,
+                    FileError::tr("no file can be made in the folder '%1': %2.")
+                        .arg(QString::fromStdString(folderOf(m_target)), systemReason(error)));
 }
 
 void OutputFile::keepPermissionsOfTarget() const
@@ -178,6 +243,8 @@ void OutputFile::commit()
     bool const isStream = m_temporary.empty();
     if (m_overwrite == Overwrite::Allow && !isStream)
         sync();
+    if (isNameless(m_temporary, m_descriptor))
+        m_temporary = withTemporaryName(m_temporary, m_target);
     // A network file system may report a full disk only now.
     if (close(std::exchange(m_descriptor, -1)) != 0)
         throw FileError(m_target, whyNotWritten());
@@ -214,10 +281,7 @@ void OutputFile::rename()
     if (result == 0)
         return;
     int const error = errno;
-    throw FileError(
-        m_target, error == EEXIST
-                      ? existsAlready()
-                      : FileError::tr("it cannot be given its name: %1.").arg(systemReason(error)));
+    throw FileError(m_target, error == EEXIST ? existsAlready() : whyNotNamed(error));
 }
 
 }  // namespace Formats

@@ -2,6 +2,7 @@
 #include "tests/cli/FolderContent.h"
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
+#include "tests/support/Rounds.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -238,4 +239,32 @@ TEST(FreecutBatch, AnInputFileOfAnOptionBelongsToTheJob)
     EXPECT_THAT(folder.run(arguments).errors, HasSubstr("1 of them in runs before"));
     folder.addFile("shape.svg", outlineOf(6));
     EXPECT_THAT(folder.run(arguments).errors, Not(HasSubstr("runs before")));
+}
+
+TEST(FreecutBatch, ExpectsAboutTheMemoryThatJobsTake)
+{
+    if (isUnderSanitizers)
+        GTEST_SKIP() << "memory is another one under sanitizers";
+    FreecutFolder folder;
+    folder.addStl(torus(20, 7, 500, 300), "ring.stl");
+    for (std::string const format : {"stl-ascii", "obj", "off", "ply", "ply-ascii", "3mf"})
+        ASSERT_EQ(folder.run({"convert", "ring.stl", "--format", format, "-o", format}).status, 0);
+    folder.addFile("jobs.jsonl",
+                   R"({"command": "info", "files": "3mf/ring.3mf"}
+{"command": "info", "files": "stl-ascii/ring.stl"}
+{"command": "convert", "files": "ply-ascii/ring.ply", "format": "off", "output": "made"}
+{"command": "repair", "files": "obj/ring.obj", "output": "repaired"}
+{"command": "zcut", "files": "ring.stl", "height": 1, "output": "cut"}
+{"command": "zcut", "files": "off/ring.off", "every": 2, "output": "slices"}
+{"command": "section", "files": "ply/ring.ply", "center": "0,0,1", "normal": "0,1,1", "output": "section"}
+{"command": "cuboid", "files": "3mf/ring.3mf", "view": "top", "center": "20,0", "length": 20, "width": 20, "output": "in"}
+)");
+    auto const result = folder.run({"batch", "jobs.jsonl", "--results", "-"});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    for (Json const& line : resultsIn(result.output)) {
+        double const expected = line["measured"]["expectedMemoryMb"];
+        double const taken = line["measured"]["peakMemoryMb"];
+        EXPECT_GT(expected, taken / 1.5) << line["command"] << line["files"];
+        EXPECT_LT(expected, taken * 1.5) << line["command"] << line["files"];
+    }
 }

@@ -23,6 +23,8 @@ void BothWays::expectTheSame(std::vector<std::string> const& command, std::size_
     ASSERT_EQ(streamed.status, 0) << streamed.errors;
     EXPECT_GE(files("usual").size(), leastPieces);
     expectTheSameFiles();
+    using Json = nlohmann::ordered_json;
+    EXPECT_EQ(streamed.json().value("plane", Json()), usual.json().value("plane", Json()));
     auto const part = streamed.json()["parts"][0], usualPart = usual.json()["parts"][0];
     auto const pieces = part["pieces"], expected = usualPart["pieces"];
     ASSERT_EQ(pieces.size(), expected.size());

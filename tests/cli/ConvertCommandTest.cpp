@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/formats/FormatRegistry.h"
+#include "host/formats/PartFiles.h"
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
@@ -63,4 +65,39 @@ TEST(FreecutConvert, PartsOfTheSameNameGetFilesOfTheirOwn)
     ASSERT_EQ(
         folder.run({"convert", "part.stl", "part.obj", "--format", "ply", "-o", "out"}).status, 0);
     EXPECT_EQ(folder.files("out"), (Names{"part.ply", "part1.ply"}));
+}
+
+TEST(FreecutConvert, PiecesOfEveryCommandKeepTheColourOfTheirPart)
+{
+    FreecutFolder folder;
+    constexpr unsigned color = 0x3366CCFF;
+    for (auto const& [name, soup] :
+         {std::pair("a", box(10, 10, 10)), {"b", box(10, 10, 10, {5, 5, 5})}}) {
+        auto const kernel = kernelOf(soup);
+        std::array const parts{Formats::NamedMesh{name, kernel.get(), color}};
+        Formats::writeParts(folder.path(std::string(name) + ".3mf"), parts,
+                            *Formats::FormatRegistry::instance().byName("3mf"), {},
+                            Formats::Overwrite::Refuse);
+    }
+    std::vector<Names> const commands{
+        {"convert"},
+        {"repair"},
+        {"zcut", "--height", "3"},
+        {"zcut", "--every", "4"},
+        {"section", "--center", "5,5,5", "--normal", "1,1,1", "--pins", "--keep-original"},
+        {"polygon", "--view", "top", "--points", "2,2;8,2;8,8"},
+        {"boolean", "b.3mf", "--split"},
+    };
+    for (Names command : commands) {
+        SCOPED_TRACE(command.front());
+        command.insert(command.begin() + 1, "a.3mf");
+        command.insert(command.end(), {"--force", "-o", command.front()});
+        auto const result = folder.run(command);
+        ASSERT_EQ(result.status, 0) << result.errors;
+        auto const pieces = folder.files(command[0]);
+        EXPECT_FALSE(pieces.empty());
+        for (std::string const& piece : pieces)
+            for (auto const& part : Formats::readParts(folder.path(command[0] + '/' + piece)))
+                EXPECT_EQ(part.color, color) << piece;
+    }
 }
