@@ -49,6 +49,8 @@ TEST(PlaneCutInTurn, HandsOutThePartWhereThePlaneMissesIt)
     EXPECT_EQ(sides, std::vector{false});
 }
 
+// Under the address sanitizer each record is an allocation of its own.
+#if !defined(__SANITIZE_ADDRESS__)
 // Nearly all triangles meet the plane, so that what the halves have is made by the cut.
 TEST(PlaneCutInTurn, HasOneHalfInMemoryAtATime)
 {
@@ -68,3 +70,4 @@ TEST(PlaneCutInTurn, HasOneHalfInMemoryAtATime)
                      nullptr, {});
     EXPECT_EQ(pieces, 2u);
 }
+#endif

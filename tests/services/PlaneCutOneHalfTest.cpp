@@ -102,6 +102,8 @@ TEST(PlaneCutOneHalf, IsRefusedWithTheWholeCut)
     }
 }
 
+// Under the address sanitizer each record is an allocation of its own.
+#if !defined(__SANITIZE_ADDRESS__)
 // Nearly all triangles meet the plane, so that what the half has is made by the cut.
 TEST(PlaneCutOneHalf, HasNothingOfTheOtherInMemory)
 {
@@ -115,3 +117,4 @@ TEST(PlaneCutOneHalf, HasNothingOfTheOtherInMemory)
     EXPECT_LT(most, countOf(*part) * sizeof(UTriangle<float>) / 2);
     EXPECT_GT(most, countOf(piece) * sizeof(UTriangle<float>) / 2);
 }
+#endif
