@@ -7,14 +7,38 @@
 #include "host/formats/FileError.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <new>
+#include <string_view>
+#include <unistd.h>
 
 namespace {
 
 /// Of what has been thrown without a sentence.
 constexpr char const* unknownFailure =
     "An unknown error occurred; freecut info --check tells whether the part has errors.";
+
+std::string_view environment(char const* name)
+{
+    char const* const value = std::getenv(name);
+    return value ? value : "";
+}
+
+bool showsColours()
+{
+    return isatty(STDERR_FILENO) != 0 && environment("NO_COLOR").empty() &&
+           environment("TERM") != "dumb";
+}
+
+/// colour  a number of ECMA-48's, for the program's name
+void printMessage(std::string const& message, int colour)
+{
+    if (showsColours())
+        std::fprintf(stderr, "\033[%dmfreecut:\033[0m %s\n", colour, message.c_str());
+    else
+        std::fprintf(stderr, "freecut: %s\n", message.c_str());
+}
 
 }  // namespace
 
@@ -45,5 +69,12 @@ Failure failureInFlight()
 
 void complain(std::string const& message)
 {
-    std::fprintf(stderr, "freecut: %s\n", message.c_str());
+    constexpr int red = 31;
+    printMessage(message, red);
+}
+
+void remark(std::string const& message)
+{
+    constexpr int yellow = 33;
+    printMessage(message, yellow);
 }

@@ -15,5 +15,8 @@ struct Failure
 /// Inside a handler: what the exception in flight means, whatever its type.
 Failure failureInFlight();
 
-/// Writes a line to standard error, after the program's name.
+/// Writes a line to standard error, after the program's name: what went wrong, or, by remark(), what is
+/// worth knowing. On a terminal the name is red or yellow, unless the environment has NO_COLOR or the
+/// terminal is a dumb one.
 void complain(std::string const& message);
+void remark(std::string const& message);

@@ -26,7 +26,7 @@ std::shared_ptr<Base::ProgressSink> Terminal::progressSink(bool isQuiet)
 
 void Terminal::tell(std::string const& text)
 {
-    ::complain(text);
+    remark(text);
 }
 
 void Terminal::complain(std::string const& text)

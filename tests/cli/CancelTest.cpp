@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
+#include "tests/cli/TestTerminal.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Places.h"
 #include "tests/support/Validator.h"
@@ -8,9 +9,7 @@
 
 #include <QThread>
 
-#include <fcntl.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 namespace {
@@ -25,21 +24,6 @@ Names longCommand(FreecutFolder& folder)
     for (int i = 0; i < 12; ++i)
         arguments.push_back("ball.stl");
     return arguments;
-}
-
-/// Reads what a process writes to its terminal, until it has ended.
-std::string readTerminal(int terminal, QProcess& process)
-{
-    fcntl(terminal, F_SETFL, O_NONBLOCK);
-    std::string text;
-    char buffer[4096];
-    bool isRunning = true;
-    while (isRunning) {
-        isRunning = !process.waitForFinished(5) && process.state() != QProcess::NotRunning;
-        for (ssize_t count; (count = read(terminal, buffer, sizeof buffer)) > 0;)
-            text.append(buffer, std::size_t(count));
-    }
-    return text;
 }
 
 }  // namespace
@@ -119,17 +103,10 @@ TEST(FreecutCancel, AtAnyMomentThereAreAllPiecesOrNone)
 
 TEST(FreecutCancel, OnATerminalALineShowsThePercentage)
 {
-    int const terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_GE(terminal, 0);
-    ASSERT_EQ(grantpt(terminal), 0);
-    ASSERT_EQ(unlockpt(terminal), 0);
     FreecutFolder folder;
     QProcess process;
     folder.prepare(process, longCommand(folder));
-    process.setStandardErrorFile(ptsname(terminal));
-    process.start();
-    std::string const shown = readTerminal(terminal, process);
-    close(terminal);
+    std::string const shown = shownOnTerminal(process);
     EXPECT_EQ(process.exitCode(), 0);
     EXPECT_NE(shown.find(" %  "), std::string::npos) << shown;
     EXPECT_NE(shown.find('\r'), std::string::npos);
