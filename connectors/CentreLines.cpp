@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "connectors/CentreLines.h"
 
-#include "connectors/ContourDistance.h"
 #include "platform/mesh/UMesh.h"
 
 #include <algorithm>
@@ -94,7 +93,7 @@ private:
             (triangle->cP(place.edge) + triangle->cP(Triangle::Next(place.edge))) / 2.0f;
         EdgePlace const other = across(place);
         m_edges[other.triangle].visited[std::size_t(other.edge)] = true;
-        bool const isUsable = isClearOfContours(m_contours, middle, m_clearance);
+        bool const isUsable = isClearOfContours(m_contours, middle, m_clearance, m_recall);
         for (EdgePlace const& side : {place, other})
             if (isUsable)
                 pointAt(side) = middle;
@@ -145,6 +144,7 @@ private:
     UMesh<float>& m_mesh;
     ContourDistance const& m_contours;
     float m_clearance;
+    ContourDistance::Recall m_recall;
     std::vector<Edges> m_edges;
     std::vector<bool> m_closedCorner;
 };
@@ -158,7 +158,8 @@ std::vector<std::vector<Point>> extractCentreLines(UMesh<float>& mesh,
     return CentreLineBuilder(mesh, contours, clearance).run(poll);
 }
 
-bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance)
+bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance,
+                       ContourDistance::Recall& recall)
 {
-    return contours.isBeyond(p, double(clearance) + 0.1);
+    return contours.isBeyond(p, double(clearance) + 0.1, recall);
 }

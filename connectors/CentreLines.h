@@ -2,9 +2,9 @@
 #pragma once
 
 #include "connectors/ConnectorProgress.h"
+#include "connectors/ContourDistance.h"
 #include "connectors/SectionContour.h"
 
-class ContourDistance;
 template <typename T>
 class UMesh;
 
@@ -22,4 +22,7 @@ std::vector<std::vector<UPoint3<float>>> extractCentreLines(
     ConnectorProgress::Poll const& poll = {});
 
 /// Whether a point's distance from the contours leaves the margin of 0.1 mm beyond a clearance.
-bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance);
+///
+/// recall  kept from point to point
+bool isClearOfContours(ContourDistance const& contours, UPoint3<float> const& p, float clearance,
+                       ContourDistance::Recall& recall);

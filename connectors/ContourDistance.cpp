@@ -59,28 +59,59 @@ ContourDistance::ContourDistance(std::vector<SectionContour> const& contours)
 
 bool ContourDistance::isBeyond(UPoint3<float> const& p, double limit) const
 {
-    for (std::size_t i = 0; i < m_levels.back().size(); ++i)
-        if (isNear(m_levels.size() - 1, i, p, limit))
-            return false;
+    return firstNear(p, limit) == m_segments.size();
+}
+
+bool ContourDistance::isBeyond(UPoint3<float> const& p, double limit, Recall& recall) const
+{
+    if (recall.near < m_segments.size() && isNear(m_segments[recall.near], p, limit))
+        return false;
+    if (double(MellMath<float>::DisPt2Pt(p, recall.free)) + limit + 2 * m_slack < recall.reach)
+        return true;
+    std::size_t const near = firstNear(p, limit);
+    if (near < m_segments.size()) {
+        recall.near = near;
+        return false;
+    }
+    if (isBeyond(p, 2 * limit)) {
+        recall.free = p;
+        recall.reach = 2 * limit;
+    }
     return true;
 }
 
-/// Whether a segment in a box is no farther than a limit.
-bool ContourDistance::isNear(std::size_t level, std::size_t box, UPoint3<float> const& p,
-                             double limit) const
+bool ContourDistance::isNear(Segment const& segment, UPoint3<float> const& p, double limit) const
 {
+    return MellMath<float>::DisPt2Segment(p, segment.a, segment.b) <= limit;
+}
+
+/// The number of a segment that is no farther than a limit; that of all segments if none is.
+std::size_t ContourDistance::firstNear(UPoint3<float> const& p, double limit) const
+{
+    std::size_t near = m_segments.size();
+    for (std::size_t i = 0; i < m_levels.back().size() && near == m_segments.size(); ++i)
+        near = firstNear(m_levels.size() - 1, i, p, limit);
+    return near;
+}
+
+/// The same among the segments in a box.
+std::size_t ContourDistance::firstNear(std::size_t level, std::size_t box, UPoint3<float> const& p,
+                                       double limit) const
+{
+    std::size_t const none = m_segments.size();
     if (m_levels[level][box].distance(p) > limit + m_slack)
-        return false;
+        return none;
     std::size_t const first = box * fanOut;
-    if (level == 0) {
-        std::size_t const end = std::min(first + fanOut, m_segments.size());
-        return std::any_of(
-            m_segments.begin() + std::ptrdiff_t(first), m_segments.begin() + std::ptrdiff_t(end),
-            [&](Segment const& s) { return MellMath<float>::DisPt2Segment(p, s.a, s.b) <= limit; });
+    std::size_t const end =
+        std::min(first + fanOut, level == 0 ? m_segments.size() : m_levels[level - 1].size());
+    for (std::size_t i = first; i < end; ++i) {
+        std::size_t near = none;
+        if (level > 0)
+            near = firstNear(level - 1, i, p, limit);
+        else if (isNear(m_segments[i], p, limit))
+            near = i;
+        if (near != none)
+            return near;
     }
-    std::size_t const end = std::min(first + fanOut, m_levels[level - 1].size());
-    for (std::size_t i = first; i < end; ++i)
-        if (isNear(level - 1, i, p, limit))
-            return true;
-    return false;
+    return none;
 }

@@ -81,8 +81,10 @@ std::vector<Point> PinPlacement::onCentreLines(std::vector<SectionContour> const
     ContourDistance const distances(contours);
     std::vector<Point> positions = distributeAlongLines(
         extractCentreLines(*cap->getMesh(), distances, clearance, m_poll), m_paras.spacing, m_poll);
+    ContourDistance::Recall recall;
     if (m_paras.keepClear)
-        std::erase_if(positions,
-                      [&](Point const& p) { return !isClearOfContours(distances, p, clearance); });
+        std::erase_if(positions, [&](Point const& p) {
+            return !isClearOfContours(distances, p, clearance, recall);
+        });
     return positions;
 }

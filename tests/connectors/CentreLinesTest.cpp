@@ -156,7 +156,34 @@ TEST(ContourDistance, IsBeyondWhatTheNearestSegmentOfAllIsBeyond)
     }
 }
 
+TEST(ContourDistance, AnswersAlikeWithWhatEarlierPointsTold)
+{
+    // Spikes that stand close together, and points that walk in and out among and beside them.
+    SectionContour spikes;
+    for (int i = 0; i < 400; ++i)
+        spikes.push_back({0.01f * float(i), i % 2 == 0 ? 2.0f : 0.0f, 5});
+    ContourDistance const distances({spikes});
+    std::mt19937 random(5);
+    std::uniform_real_distribution<float> step(-0.3f, 0.3f);
+    double const limit = 0.6;
+    ContourDistance::Recall recall;
+    int beyond = 0;
+    Point p(2, 1, 5);
+    for (int i = 0; i < 5000; ++i) {
+        // Every now and then far away, where nothing told holds.
+        p = i % 500 == 0 ? Point(2 + step(random), 3, 5)
+                         : p + UVector3<float>(step(random), step(random), 0);
+        bool const isBeyond = distances.isBeyond(p, limit);
+        EXPECT_EQ(distances.isBeyond(p, limit, recall), isBeyond);
+        beyond += isBeyond;
+    }
+    EXPECT_GT(beyond, 500);
+    EXPECT_LT(beyond, 4500);
+}
+
 TEST(ContourDistance, WithoutContoursIsBeyondAll)
 {
+    ContourDistance::Recall recall;
+    EXPECT_TRUE(ContourDistance({}).isBeyond({1, 2, 3}, 1e30, recall));
     EXPECT_TRUE(ContourDistance({}).isBeyond({1, 2, 3}, 1e30));
 }
