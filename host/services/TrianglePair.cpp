@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 // Own derivation. Closed triangles are convex, so two of them meet exactly if an edge of one
@@ -141,21 +142,25 @@ double planeSide(Offset const& u, Offset const& v, Offset const& w)
            w.z * (u.x * v.y - u.y * v.x);
 }
 
-/// Whether q certainly lies on one side of the plane of p.
-bool isBesidePlane(Turned const& p, Turned const& q)
+/// Whether q, but for the vertices that both share, certainly lies on one side of the plane of p.
+bool isBesidePlane(Turned const& p, Turned const& q, int shared)
 {
     Offset const u(p[0], p[1]), v(p[0], p[2]);
-    Offset const w[3] = {{p[0], q[0]}, {p[0], q[1]}, {p[0], q[2]}};
-    auto const largest = [&](double Offset::*axis) {
-        double size = std::max(std::abs(u.*axis), std::abs(v.*axis));
-        for (Offset const& offset : w)
-            size = std::max(size, std::abs(offset.*axis));
-        return size;
-    };
-    double const bound = ExactSigns::volumeErrorBound * largest(&Offset::x) * largest(&Offset::y) *
-                         largest(&Offset::z);
-    double const a = planeSide(u, v, w[0]), b = planeSide(u, v, w[1]), c = planeSide(u, v, w[2]);
-    return (a > bound && b > bound && c > bound) || (a < -bound && b < -bound && c < -bound);
+    double size[3] = {std::max(std::abs(u.x), std::abs(v.x)),
+                      std::max(std::abs(u.y), std::abs(v.y)),
+                      std::max(std::abs(u.z), std::abs(v.z))};
+    double lowest = std::numeric_limits<double>::infinity(), highest = -lowest;
+    for (int i = shared; i < 3; ++i) {
+        Offset const w(p[0], q[i]);
+        size[0] = std::max(size[0], std::abs(w.x));
+        size[1] = std::max(size[1], std::abs(w.y));
+        size[2] = std::max(size[2], std::abs(w.z));
+        double const side = planeSide(u, v, w);
+        lowest = std::min(lowest, side);
+        highest = std::max(highest, side);
+    }
+    double const bound = ExactSigns::volumeErrorBound * size[0] * size[1] * size[2];
+    return lowest > bound || highest < -bound;
 }
 
 /// Turns both triangles so that what they share comes first, in the same order in both. Returns how
@@ -230,10 +235,9 @@ bool doTrianglesMeet(MeshArrays const& mesh, std::size_t first, std::size_t seco
 {
     Turned p{{&mesh.point(first, 0), &mesh.point(first, 1), &mesh.point(first, 2)}};
     Turned q{{&mesh.point(second, 0), &mesh.point(second, 1), &mesh.point(second, 2)}};
-    if (isBesidePlane(p, q) || isBesidePlane(q, p))
-        return false;
     int const shared = alignShared(p, q);
-    if (shared < 2 && areApart(p, q, shared))
+    if (shared < 2 &&
+        (isBesidePlane(p, q, shared) || isBesidePlane(q, p, shared) || areApart(p, q, shared)))
         return false;
     switch (shared) {
         case 0:
