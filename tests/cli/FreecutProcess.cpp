@@ -10,6 +10,8 @@
 #include <iterator>
 #include <signal.h>
 
+template class nlohmann::basic_json<nlohmann::ordered_map>;
+
 namespace fs = std::filesystem;
 
 std::string FreecutFolder::path(std::string const& name) const
@@ -56,6 +58,11 @@ void FreecutFolder::prepare(QProcess& process, std::vector<std::string> const& a
     process.setProgram(QString::fromStdString(builtPath("freecut")));
     process.setArguments(list);
     process.setWorkingDirectory(m_folder.path());
+}
+
+nlohmann::ordered_json FreecutFolder::Result::json() const
+{
+    return nlohmann::ordered_json::parse(output);
 }
 
 FreecutFolder::Result FreecutFolder::run(std::vector<std::string> const& arguments) const

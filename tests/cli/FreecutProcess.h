@@ -11,6 +11,9 @@
 #include <string>
 #include <vector>
 
+// Compiled in one file instead of all.
+extern template class nlohmann::basic_json<nlohmann::ordered_map>;
+
 /// A folder of its own, and freecut run in it.
 class FreecutFolder
 {
@@ -30,7 +33,7 @@ public:
         std::string output;
         std::string errors;
 
-        nlohmann::ordered_json json() const { return nlohmann::ordered_json::parse(output); }
+        nlohmann::ordered_json json() const;
     };
     Result run(std::vector<std::string> const& arguments) const;
 
