@@ -2,6 +2,7 @@
 #include "benchmarks/BenchmarkMeshes.h"
 #include "benchmarks/BooleanOperands.h"
 #include "benchmarks/PeerBoolean.h"
+#include "benchmarks/ProcessorTime.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/Soup.h"
 #include "tests/support/Validator.h"
@@ -47,13 +48,28 @@ void split(MeshKernel& part, MeshKernel& tool, Outcome& outcome)
         &part, &tool, &outcome.first, &outcome.second, [](int) {}, 1);
 }
 
-/// The seconds that one operation takes.
-double timeOf(Operation operation, MeshKernel& part, MeshKernel& tool)
+struct Times
+{
+    std::vector<double> wall, processor;
+};
+
+/// Runs one operation, and notes the seconds that it takes by the clock and of the processor.
+void timeInto(Times& times, Operation operation, MeshKernel& part, MeshKernel& tool)
 {
     Outcome outcome;
     auto const start = std::chrono::steady_clock::now();
+    double const processor = processorSeconds();
     operation(part, tool, outcome);
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    times.processor.push_back(processorSeconds() - processor);
+    times.wall.push_back(
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+}
+
+/// Touches the memory.
+void warmUp(Operation operation, MeshKernel& part, MeshKernel& tool)
+{
+    Times uncounted;
+    timeInto(uncounted, operation, part, tool);
 }
 
 double medianOf(std::vector<double> values)
@@ -111,11 +127,13 @@ void judgeOnce(benchmark::State& state, Operation operation, int cylinders, Mesh
         state.counters["peak B/triangle"] = judged[name];
 }
 
-void countPerTriangle(benchmark::State& state, MeshKernel const& part,
-                      std::vector<double> const& seconds)
+void countPerTriangle(benchmark::State& state, MeshKernel const& part, Times const& times)
 {
-    state.counters["triangles"] = double(trianglesOf(part));
-    state.counters["ns/triangle"] = 1e9 * medianOf(seconds) / double(trianglesOf(part));
+    double const triangles = double(trianglesOf(part));
+    state.counters["triangles"] = triangles;
+    state.counters["wall ms"] = 1e3 * medianOf(times.wall);
+    state.counters["ns/triangle"] = 1e9 * medianOf(times.wall) / triangles;
+    state.counters["processor ns/triangle"] = 1e9 * medianOf(times.processor) / triangles;
 }
 
 void timeOperation(benchmark::State& state, Operation operation, int cylinders)
@@ -125,11 +143,11 @@ void timeOperation(benchmark::State& state, Operation operation, int cylinders)
     MeshKernel part(largePart(int(state.range(0))));
     auto const tool = cylinders > 0 ? cylindersOn(part, cylinders) : prismThrough(part);
     judgeOnce(state, operation, cylinders, part, *tool);
-    timeOf(operation, part, *tool);
-    std::vector<double> times;
+    warmUp(operation, part, *tool);
+    Times times;
     for (auto _ : state) {
-        times.push_back(timeOf(operation, part, *tool));
-        state.SetIterationTime(times.back());
+        timeInto(times, operation, part, *tool);
+        state.SetIterationTime(times.wall.back());
     }
     countPerTriangle(state, part, times);
 }
@@ -141,21 +159,22 @@ void splitBesideDifference(benchmark::State& state)
                                       std::size_t(state.range(1)));
     MeshKernel part(largePart(int(state.range(0))));
     auto const tool = prismThrough(part);
-    timeOf(difference, part, *tool);
-    timeOf(split, part, *tool);
-    std::vector<double> splits, differences;
+    warmUp(difference, part, *tool);
+    warmUp(split, part, *tool);
+    Times splits, differences;
     for (auto _ : state) {
-        splits.push_back(timeOf(split, part, *tool));
-        differences.push_back(timeOf(difference, part, *tool));
-        state.SetIterationTime(splits.back());
+        timeInto(splits, split, part, *tool);
+        timeInto(differences, difference, part, *tool);
+        state.SetIterationTime(splits.wall.back());
     }
     countPerTriangle(state, part, splits);
-    state.counters["split ms"] = 1e3 * medianOf(splits);
-    state.counters["difference ms"] = 1e3 * medianOf(differences);
-    state.counters["ratio"] = medianOf(splits) / medianOf(differences);
+    state.counters["split ms"] = 1e3 * medianOf(splits.wall);
+    state.counters["difference ms"] = 1e3 * medianOf(differences.wall);
+    state.counters["ratio"] = medianOf(splits.wall) / medianOf(differences.wall);
 }
 
-/// The difference beside CGAL's on the same meshes, in turn. The peer's conversion is not counted.
+/// The difference beside CGAL's on the same meshes, in turn; processor time. The peer's conversion is
+/// not counted.
 void differenceBesidePeer(benchmark::State& state)
 {
     tbb::global_control const threads(tbb::global_control::max_allowed_parallelism,
@@ -163,23 +182,26 @@ void differenceBesidePeer(benchmark::State& state)
     MeshKernel part(largePart(int(state.range(0))));
     auto const tool = cylindersOn(part, int(state.range(1)));
     PeerDifference peer(part, *tool);
-    timeOf(difference, part, *tool);
+    warmUp(difference, part, *tool);
     peer.run();
     Outcome outcome;
     difference(part, *tool, outcome);
     double const volume = volumeOf(soupOf(outcome.first));
     if (!(std::abs(volume - peer.volume()) < 1e-6 * volume))
         state.SkipWithError("the two differences are not the same solid");
-    std::vector<double> ours, theirs;
+    Times ours;
+    std::vector<double> theirs;
     for (auto _ : state) {
-        ours.push_back(timeOf(difference, part, *tool));
+        timeInto(ours, difference, part, *tool);
         theirs.push_back(peer.run());
-        state.SetIterationTime(ours.back());
+        state.SetIterationTime(ours.processor.back());
     }
     countPerTriangle(state, part, ours);
-    state.counters["ours ms"] = 1e3 * medianOf(ours);
+    state.counters["ours ms"] = 1e3 * medianOf(ours.processor);
     state.counters["CGAL ms"] = 1e3 * medianOf(theirs);
-    state.counters["CGAL/ours"] = medianOf(theirs) / medianOf(ours);
+    state.counters["CGAL/ours"] = medianOf(theirs) / medianOf(ours.processor);
+    state.counters["result triangles"] = double(trianglesOf(outcome.first));
+    state.counters["CGAL triangles"] = double(peer.triangles());
 }
 
 /// Said at the head of the output.

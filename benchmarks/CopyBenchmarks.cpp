@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "benchmarks/BenchmarkMeshes.h"
 #include "benchmarks/BooleanOperands.h"
+#include "benchmarks/ProcessorTime.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/NearCopies.h"
 #include "tests/support/Validator.h"
@@ -9,13 +10,13 @@
 #include <tbb/global_control.h>
 
 #include <algorithm>
-#include <ctime>
+#include <chrono>
 #include <malloc.h>
 #include <numbers>
 #include <vector>
 
 // A large part and a moved copy of it: both operands are large, and they meet along one long curve
-// or all over. Kernels in to kernels out, processor time of one thread.
+// or all over. Kernels in to kernels out, processor time.
 
 namespace {
 
@@ -30,11 +31,10 @@ enum class Copy
 
 constexpr std::size_t folds = 42;
 
-double processorSeconds()
+double medianOf(std::vector<double> values)
 {
-    timespec time;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
 }
 
 struct Operands
@@ -67,7 +67,8 @@ double run(Operands& operands, Intersect::BooleanType type, MeshKernel& result)
 
 void combineWithCopy(benchmark::State& state, Copy kind, Intersect::BooleanType type)
 {
-    tbb::global_control const threads(tbb::global_control::max_allowed_parallelism, 1);
+    tbb::global_control const threads(tbb::global_control::max_allowed_parallelism,
+                                      std::size_t(state.range(0)));
     Operands operands(kind);
     {
         // What is freed here must not count as free for the run that is measured.
@@ -84,21 +85,29 @@ void combineWithCopy(benchmark::State& state, Copy kind, Intersect::BooleanType 
         if (!faults.empty())
             state.SkipWithError(faults.c_str());
     }
-    std::vector<double> times;
+    std::vector<double> times, walls;
     for (auto _ : state) {
         MeshKernel result;
+        auto const start = std::chrono::steady_clock::now();
         times.push_back(run(operands, type, result));
+        walls.push_back(
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
         state.SetIterationTime(times.back());
     }
-    std::sort(times.begin(), times.end());
-    if (!times.empty())
-        state.counters["ns/triangle"] =
-            1e9 * times[times.size() / 2] / double(operands.triangles());
+    if (times.empty())
+        return;
+    state.counters["ns/triangle"] = 1e9 * medianOf(times) / double(operands.triangles());
+    state.counters["wall ms"] = 1e3 * medianOf(walls);
 }
 
 void setUp(benchmark::internal::Benchmark* cases)
 {
-    cases->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
+    cases->ArgName("threads")
+        ->Arg(1)
+        ->Arg(2)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime()
+        ->Iterations(5);
 }
 
 }  // namespace

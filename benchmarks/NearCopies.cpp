@@ -7,6 +7,7 @@
 // out.
 #include "tests/support/NearCopies.h"
 
+#include "benchmarks/ProcessorTime.h"
 #include "platform/services/Intersect.h"
 #include "tests/support/BooleanRuns.h"
 #include "tests/support/MadeModels.h"
@@ -16,7 +17,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <string>
 
 namespace {
@@ -25,13 +25,6 @@ struct Tally
 {
     std::size_t pairs = 0, bad = 0, open = 0, crowded = 0, refused = 0, volumes = 0;
 };
-
-double processorSeconds()
-{
-    timespec time;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return double(time.tv_sec) + 1e-9 * double(time.tv_nsec);
-}
 
 /// What is wrong with one piece, in words.
 std::string edgeFaults(char const* name, Soup const& piece, Tally& tally)

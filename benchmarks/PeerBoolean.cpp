@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "benchmarks/PeerBoolean.h"
 
+#include "benchmarks/ProcessorTime.h"
+
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
 #include <CGAL/Polygon_mesh_processing/corefinement.h>
 #include <CGAL/Polygon_mesh_processing/measure.h>
 #include <CGAL/Surface_mesh.h>
 
-#include <chrono>
 #include <unordered_map>
 
 namespace {
@@ -52,10 +53,10 @@ double PeerDifference::run()
     Mesh first = m_meshes->first;
     Mesh second = m_meshes->second;
     m_meshes->result = {};
-    auto const start = std::chrono::steady_clock::now();
+    double const start = processorSeconds();
     if (!PMP::corefine_and_compute_difference(first, second, m_meshes->result))
         m_meshes->result = {};
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return processorSeconds() - start;
 }
 
 std::size_t PeerDifference::triangles() const

@@ -17,7 +17,7 @@ public:
     PeerDifference(PeerDifference const&) = delete;
     PeerDifference& operator=(PeerDifference const&) = delete;
 
-    /// The seconds that one difference takes. The copies of the operands that it spoils are made
+    /// The seconds of processor time that one difference takes. The copies of the operands that it spoils are made
     /// before.
     double run();
 
