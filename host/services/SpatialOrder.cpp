@@ -14,7 +14,8 @@
 namespace {
 
 constexpr int bitsPerAxis = 10;
-constexpr int bitsPerPass = 10;
+/// Three passes hold the bits of all axes and the one above them.
+constexpr int bitsPerPass = 11;
 /// From here on the triangles of a cell are ordered within it.
 constexpr std::size_t leastCrowd = 8;
 /// Above the bits of the cell.
@@ -193,8 +194,6 @@ std::vector<std::uint32_t> spatialOrder(MeshArrays const& mesh,
         sortByBits(entries, sorted, 32 + pass * bitsPerPass);
         entries.swap(sorted);
     }
-    std::stable_partition(entries.begin(), entries.end(),
-                          [](std::uint64_t entry) { return (entry >> 32 & longBit) == 0; });
     orderWithinCells(entries, mesh, grid);
     std::transform(entries.begin(), entries.end(), order.begin(),
                    [](std::uint64_t entry) { return std::uint32_t(entry); });

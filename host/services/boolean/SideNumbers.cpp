@@ -1,7 +1,53 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SideNumbers.h"
 
+#include "host/services/boolean/FlatMap.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <functional>
+
+std::vector<std::uint32_t> const& SideNumbers::groupsWithTriangles(LabelledGroups& labelled)
+{
+    auto& groups = m_groupsWithTriangles[std::size_t(labelled.operand)];
+    if (!groups.empty())
+        return groups;
+    std::vector<bool> isSeen(labelled.groups.size(), false);
+    std::uint32_t last = CurveNetwork::none;
+    forPieces(labelled, [&](std::uint32_t group, Corners const&, std::uint32_t) {
+        if (group != last && !isSeen[group]) {
+            groups.push_back(group);
+            isSeen[group] = true;
+        }
+        last = group;
+        return true;
+    });
+    return groups;
+}
+
+bool SideNumbers::isSecondClosed()
+{
+    using Range = tbb::blocked_range<std::uint32_t>;
+    auto const sumOf = [this](Range const& range, std::uint64_t sum) {
+        for (std::uint32_t t = range.begin(); t != range.end(); ++t) {
+            Corners const& c = m_soup.corners(t);
+            for (std::size_t k = 0; k < 3; ++k) {
+                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
+                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
+                sum += c[k] == low ? number : -number;
+            }
+        }
+        m_progress.add(0);
+        return sum;
+    };
+    // Sums of whole numbers are the same in any order.
+    if (!m_isSecondClosed)
+        m_isSecondClosed =
+            tbb::parallel_reduce(Range(m_soup.firstTriangleOfSecond, m_soup.triangleCount(), 4096),
+                                 std::uint64_t(0), sumOf, std::plus<>()) == 0;
+    return *m_isSecondClosed;
+}
 
 bool SideNumbers::relate(SideLabels& labels)
 {
@@ -124,9 +170,18 @@ void SideNumbers::write(SideLabels& labels)
         labels.ofSecond[region] = secondSides(ofSecond.ofRegion(region));
     });
     labels.ofSecondVertices.resize(ofSecond.pointCount());
-    for (std::uint32_t v = 0; v < ofSecond.pointCount(); ++v, poll())
-        if (!ofSecond.isOnCurve(v))
-            labels.ofSecondVertices[v] = secondSides(ofSecond.ofVertex(v));
+    // Vertices that follow each other are mostly of one group.
+    std::uint32_t last = CurveNetwork::none;
+    SideLabels::SecondSides sides;
+    for (std::uint32_t v = 0; v < ofSecond.pointCount(); ++v, poll()) {
+        if (ofSecond.isOnCurve(v))
+            continue;
+        if (std::uint32_t const group = ofSecond.ofVertex(v); group != last) {
+            last = group;
+            sides = secondSides(group);
+        }
+        labels.ofSecondVertices[v] = sides;
+    }
 }
 
 SideLabels::SecondSides SideNumbers::secondSides(std::uint32_t group)

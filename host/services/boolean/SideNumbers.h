@@ -6,7 +6,11 @@
 #include "host/services/boolean/SideLabels.h"
 #include "host/services/boolean/WindingPotentials.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <iterator>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -73,20 +77,21 @@ public:
         });
     }
 
-    /// The groups of the second operand that have a triangle and that `isOpen(group)` holds for.
+    /// The groups of an operand that have a triangle, in the order of `forPieces`.
+    std::vector<std::uint32_t> const& groupsWithTriangles(LabelledGroups& labelled);
+
+    /// Those of the second operand that `isOpen(group)` holds for.
     template <typename IsOpen>
     std::vector<std::uint32_t> openGroups(IsOpen const& isOpen)
     {
-        std::vector<bool> isSeen(second.groups.size(), false);
         std::vector<std::uint32_t> open;
-        forPieces(second, [&](std::uint32_t group, Corners const&, std::uint32_t) {
-            if (!isSeen[group] && isOpen(group))
-                open.push_back(group);
-            isSeen[group] = true;
-            return true;
-        });
+        std::ranges::copy_if(groupsWithTriangles(second), std::back_inserter(open), isOpen);
         return open;
     }
+
+    /// Whether the second operand's edges are run along as often one way as the other: random numbers
+    /// of theirs add up to 0.
+    bool isSecondClosed();
 
     LabelledGroups first;
     LabelledGroups second;
@@ -109,4 +114,7 @@ private:
     /// Of the seeds of one segment.
     std::vector<std::uint32_t> m_groups;
     std::vector<bool> m_isLead;
+    /// Of each operand, once somebody asked.
+    std::array<std::vector<std::uint32_t>, 2> m_groupsWithTriangles;
+    std::optional<bool> m_isSecondClosed;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/services/boolean/SideRays.h"
 
-#include "host/services/boolean/FlatMap.h"
 #include "host/services/boolean/SideNumbers.h"
 
 #include <algorithm>
@@ -144,7 +143,7 @@ private:
         };
         if (m_numbers.openGroups(isOpen).empty())
             return true;
-        if (isSecondClosed())
+        if (m_numbers.isSecondClosed())
             return false;
         m_numbers.numberByFloors(Operand::second);
         return true;
@@ -156,23 +155,6 @@ private:
     {
         auto const change = m_numbers.second.changeOf(groupOfSecond);
         return change[0] != 0 || change[1] != 0;
-    }
-
-    /// Whether the second operand's edges are run along as often one way as the other: random numbers
-    /// of theirs add up to 0.
-    bool isSecondClosed()
-    {
-        std::uint64_t sum = 0;
-        for (std::uint32_t t = m_soup.firstTriangleOfSecond; t < m_soup.triangleCount(); ++t) {
-            m_numbers.poll();
-            Corners const& c = m_soup.corners(t);
-            for (std::size_t k = 0; k < 3; ++k) {
-                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
-                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
-                sum += c[k] == low ? number : -number;
-            }
-        }
-        return sum == 0;
     }
 
     RayOrigin::Triangle cornersOf(std::uint32_t triangle) const
@@ -210,7 +192,7 @@ private:
     /// where no other curve leads around.
     bool agreesWithRays()
     {
-        if (!isSecondClosed())
+        if (!m_numbers.isSecondClosed())
             return true;
         std::size_t left = 1000 + m_soup.triangleCount() / 64;
         return agreesWithRays(m_numbers.first, left) &&
@@ -221,6 +203,7 @@ private:
     {
         bool agrees = true;
         std::vector<bool> isAsked(labelled.groups.size(), false);
+        std::size_t open = m_numbers.groupsWithTriangles(labelled).size();
         m_numbers.forPieces(labelled, [&](std::uint32_t group, Corners const& facet,
                                           std::uint32_t triangle) {
             int const facing = isAsked[group] ? 0 : facingOf(triangle);
@@ -229,11 +212,12 @@ private:
             if (auto const number =
                     m_sources.ofSecond(pointIn(m_network.points(), facet, cornersOf(triangle)))) {
                 isAsked[group] = true;
+                --open;
                 agrees = m_numbers.aroundSecond.set(
                     m_numbers.nodeOf(labelled.operand, group),
                     facing > 0 ? *number : *number - labelled.changeOf(group)[1]);
             }
-            return agrees && --left > 0;
+            return agrees && --left > 0 && open > 0;
         });
         return agrees;
     }

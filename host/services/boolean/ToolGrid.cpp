@@ -3,8 +3,12 @@
 
 #include "host/services/Polling.h"
 
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
+
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -46,11 +50,13 @@ double extentOf(TriangleTree::Box const& box, std::size_t axis)
     return double(box.high[axis]) - box.low[axis];
 }
 
-/// The area of the triangles that reach into a box.
-double areaWithin(MeshArrays const& mesh, TriangleTree::Box const& box)
+using Range = tbb::blocked_range<std::size_t>;
+
+/// The area of the triangles of a range that reach into a box.
+double areaWithin(MeshArrays const& mesh, TriangleTree::Box const& box, Range const& range)
 {
     double area = 0;
-    for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+    for (std::size_t t = range.begin(); t != range.end(); ++t) {
         double e[2][3], corners[3][3];
         bool isApart = false;
         for (int k = 0; k < 3; ++k) {
@@ -63,12 +69,49 @@ double areaWithin(MeshArrays const& mesh, TriangleTree::Box const& box)
             for (int i = 0; i < 2; ++i)
                 e[i][k] = std::clamp(corners[i + 1][k] - corners[0][k], -most, most);
         }
-        if (!isApart)
-            area += 0.5 * std::hypot(e[0][1] * e[1][2] - e[0][2] * e[1][1],
-                                     e[0][2] * e[1][0] - e[0][0] * e[1][2],
-                                     e[0][0] * e[1][1] - e[0][1] * e[1][0]);
+        if (isApart)
+            continue;
+        double squared = 0;
+        for (int k = 0; k < 3; ++k) {
+            int const u = (k + 1) % 3, v = (k + 2) % 3;
+            double const side = e[0][u] * e[1][v] - e[0][v] * e[1][u];
+            squared += side * side;
+        }
+        area += 0.5 * std::sqrt(squared);
     }
     return area;
+}
+
+/// The area of the triangles that reach into a box; the same on any number of threads.
+double areaWithin(MeshArrays const& mesh, TriangleTree::Box const& box, StageProgress& progress)
+{
+    return tbb::parallel_deterministic_reduce(
+        Range(0, mesh.triangles.size(), 16384), 0.0,
+        [&](Range const& range, double area) {
+            progress.add(0);
+            return area + areaWithin(mesh, box, range);
+        },
+        std::plus<>());
+}
+
+TriangleTree::Box boxAround(MeshArrays const& mesh, StageProgress& progress)
+{
+    using Box = TriangleTree::Box;
+    return tbb::parallel_reduce(
+        Range(0, mesh.triangles.size(), 16384), Box(),
+        [&](Range const& range, Box box) {
+            progress.add(0);
+            for (std::size_t t = range.begin(); t != range.end(); ++t)
+                for (std::uint32_t const corner : mesh.triangles[t]) {
+                    UPoint3<float> const& p = mesh.points[corner];
+                    box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
+                }
+            return box;
+        },
+        [](Box a, Box const& b) {
+            a.add(b);
+            return a;
+        });
 }
 
 }  // namespace
@@ -77,7 +120,7 @@ ToolGrid::ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching,
                    StageProgress& progress)
     : m_tool(tool)
 {
-    measure(part, touching);
+    measure(part, touching, progress);
     m_pages.assign(
         std::size_t(m_pageCounts[0]) * std::size_t(m_pageCounts[1]) * std::size_t(m_pageCounts[2]),
         uniformBase);
@@ -92,16 +135,9 @@ ToolGrid::ToolGrid(ToolTree const& tool, Box const& part, std::size_t touching,
     findStates(progress);
 }
 
-void ToolGrid::measure(Box const& part, std::size_t touching)
+void ToolGrid::measure(Box const& part, std::size_t touching, StageProgress& progress)
 {
-    Box tool;
-    for (MeshArrays::Corners const& corners : m_tool.mesh().triangles)
-        for (std::uint32_t const corner : corners)
-            for (std::size_t k = 0; k < 3; ++k) {
-                float const x = m_tool.mesh().points[corner][int(k)];
-                tool.low[k] = std::min(tool.low[k], x);
-                tool.high[k] = std::max(tool.high[k], x);
-            }
+    Box const tool = boxAround(m_tool.mesh(), progress);
     Box common;
     double longest = 0, magnitude = 0;
     for (std::size_t k = 0; k < 3; ++k) {
@@ -114,7 +150,8 @@ void ToolGrid::measure(Box const& part, std::size_t touching)
         magnitude = std::max(
             {magnitude, std::abs(double(common.low[k])), std::abs(double(common.high[k]))});
     }
-    double const byArea = std::sqrt(2 * areaWithin(m_tool.mesh(), common) / double(touching));
+    double const byArea =
+        std::sqrt(2 * areaWithin(m_tool.mesh(), common, progress) / double(touching));
     // Where boxes hardly overlap there may be no area between them, and a million cells.
     double face = 0;
     for (std::size_t k = 0; k < 3; ++k)

@@ -158,7 +158,7 @@ private:
         return detail.inside[layer] & bit ? State::inside : State::outside;
     }
 
-    void measure(Box const& part, std::size_t touching);
+    void measure(Box const& part, std::size_t touching, StageProgress& progress);
     void touchCells(std::uint32_t triangle);
     void touch(std::uint32_t triangle, int x, int y, int z);
     void sortReferences(StageProgress& progress);

@@ -47,11 +47,19 @@ public:
                 shell = std::uint32_t(m_shells.size());
                 m_shells.emplace_back();
             }
-            m_shells[shell].triangles.push_back(t);
-            for (int k = 0; k < 3; ++k) {
-                UPoint3<float> const& p = tool.point(t, k);
+            ++m_shells[shell].count;
+        }
+        for (Shell& shell : m_shells)
+            shell.triangles.reserve(shell.count);
+        for (std::uint32_t t = 0; t < tool.triangles.size(); ++t) {
+            poll(t);
+            m_shells[shellAt[sets.root(tool.triangles[t][0])]].triangles.push_back(t);
+        }
+        for (std::uint32_t v = 0; v < tool.points.size(); ++v) {
+            poll(v);
+            UPoint3<float> const& p = tool.points[v];
+            if (std::uint32_t const shell = shellAt[sets.root(v)]; shell != none)
                 m_shells[shell].box.add({{p[0], p[1], p[2], 0}, {p[0], p[1], p[2], 0}});
-            }
         }
     }
 
@@ -61,10 +69,13 @@ public:
         findOverlaps();
         std::vector<std::uint32_t> suspects;
         for (Shell const& shell : m_shells) {
-            bool const isSafe = !isClearlyHollow(shell) && isConvex(shell);
+            if (isClearlyHollow(shell) || !isConvex(shell)) {
+                suspects.insert(suspects.end(), shell.triangles.begin(), shell.triangles.end());
+                continue;
+            }
             for (std::uint32_t const t : shell.triangles) {
                 poll(t);
-                if (!isSafe || isNearOthers(shell, t))
+                if (isNearOthers(shell, t))
                     suspects.push_back(t);
             }
         }
@@ -93,6 +104,8 @@ private:
     struct Shell
     {
         std::vector<std::uint32_t> triangles;
+        /// How many these are.
+        std::size_t count = 0;
         Box box;
         /// Where other shells' boxes overlap it.
         std::vector<Box> overlaps;
