@@ -57,24 +57,38 @@ void tellEnd(std::function<void(int)> const& progress, ConnectorProgress::Share 
         ConnectorProgress::span(progress, share)(100);
 }
 
-/// Takes prisms out of a half, which is given up.
-void takeOut(PrismsOfRun& prisms, std::shared_ptr<MeshKernel>& half, MeshKernel const& plane,
-             std::shared_ptr<MeshKernel>& result, std::function<void(int)> const& progress,
-             ConnectorProgress::Share share)
+/// A half on its way to its result, given up on the way.
+struct HalfInWork
 {
-    MeshKernel& left = prisms.combineWith(*half, plane, Intersect::BOOLEAN_SUBTRACT);
+    ShellSurvey::Half which;
+    std::shared_ptr<MeshKernel>& half;
+    MeshKernel const& plane;
+    std::shared_ptr<MeshKernel>& result;
+};
+
+HalfInWork upperOf(PartOfRun& part, Halves& joined)
+{
+    return {ShellSurvey::upper, part.plain.upper, *part.upperPlane, joined.upper};
+}
+
+/// Takes prisms out of a half.
+void takeOut(PrismsOfRun& prisms, HalfInWork const& work, ShellSurvey& shells,
+             std::function<void(int)> const& progress, ConnectorProgress::Share share)
+{
+    MeshKernel& left = prisms.combineWith(*work.half, work.plane, Intersect::BOOLEAN_SUBTRACT);
     if (isEmpty(left)) {
         tellEnd(progress, share);
-        result = std::move(half);
+        work.result = std::move(work.half);
         return;
     }
-    combine(*half, left, *result, Intersect::BOOLEAN_SUBTRACT, progress, share);
-    half.reset();
+    shells.lookAt(work.which, *work.half);
+    combine(*work.half, left, *work.result, Intersect::BOOLEAN_SUBTRACT, progress, share);
+    work.half.reset();
 }
 
 /// Joins prisms, as far as they lie in the part, to the lower half, which is given up.
 void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& result,
-           std::function<void(int)> const& progress)
+           ShellSurvey& shells, std::function<void(int)> const& progress)
 {
     PrismsOfRun prisms(part, raised);
     MeshKernel& left =
@@ -85,6 +99,7 @@ void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& res
         result = std::move(part.plain.lower);
         return;
     }
+    shells.lookAt(ShellSurvey::lower, *part.plain.lower);
     MeshKernel clipped;
     combine(*part.source, left, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
     combine(*part.plain.lower, clipped, *result, Intersect::BOOLEAN_UNION, progress, {40, 30});
@@ -94,12 +109,12 @@ void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& res
 }  // namespace
 
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
-                           std::function<void(int)> const& progress)
+                           ShellSurvey& shells, std::function<void(int)> const& progress)
 {
     Halves joined;
-    raise(part, raised, joined.lower, progress);
+    raise(part, raised, joined.lower, shells, progress);
     PrismsOfRun prisms(part, hollow);
-    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {70, 30});
+    takeOut(prisms, upperOf(part, joined), shells, progress, {70, 30});
     return joined;
 }
 
@@ -116,11 +131,13 @@ void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap)
             vertex->P() += frame.normal() * -connectorOverlapMm;
 }
 
-Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress)
+Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, ShellSurvey& shells,
+                     std::function<void(int)> const& progress)
 {
     Halves joined;
     PrismsOfRun prisms(part, hollow);
-    takeOut(prisms, part.plain.lower, *part.lowerPlane, joined.lower, progress, {0, 50});
-    takeOut(prisms, part.plain.upper, *part.upperPlane, joined.upper, progress, {50, 50});
+    takeOut(prisms, {ShellSurvey::lower, part.plain.lower, *part.lowerPlane, joined.lower}, shells,
+            progress, {0, 50});
+    takeOut(prisms, upperOf(part, joined), shells, progress, {50, 50});
     return joined;
 }

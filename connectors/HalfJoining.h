@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "connectors/ConnectorRun.h"
+#include "connectors/ShellSurvey.h"
 
 class PlaneFrame;
 
@@ -15,10 +15,11 @@ inline constexpr float connectorOverlapMm = 0.01f;
 ///
 /// raised    trimmed to the material of the uncut part and joined to the lower half
 /// hollow    taken out of the upper half
+/// shells    looks at the halves that solids are combined with
 /// progress  of the stage; may be empty
 /// throws    as Intersect::boolean
 Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& hollow,
-                           std::function<void(int)> const& progress);
+                           ShellSurvey& shells, std::function<void(int)> const& progress);
 
 /// Sinks the floor of a hollow below the upper half's face, if it lies less than the overlap of
 /// raised solids below it: floor and face in one plane, as far as rounding tells, would leave a
@@ -29,4 +30,5 @@ Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& holl
 void sinkFloor(MeshKernel& hollow, PlaneFrame const& frame, float gap);
 
 /// Takes the same solid out of both halves.
-Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, std::function<void(int)> const& progress);
+Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, ShellSurvey& shells,
+                     std::function<void(int)> const& progress);

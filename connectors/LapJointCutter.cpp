@@ -66,9 +66,9 @@ std::optional<Halves> LapJointCutter::connect(PartOfRun& part, PlaneFrame const&
         ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks,
                         ConnectorProgress::poll())
             .ofJoint(paras, tongueOutline, notchOutline);
-        ShellSurvey const shells(part, ConnectorProgress::poll());
+        ShellSurvey shells(part.object, ConnectorProgress::poll());
         sinkFloor(notch.front(), frame, paras.frontClearance);
-        joined = applyLapJoint(part, tongue, notch);
+        joined = applyLapJoint(part, tongue, notch, shells);
         shells.tellOf(joined, m_remarks);
     });
     return joined;
@@ -91,8 +91,8 @@ std::vector<MeshKernel> LapJointCutter::createNotchMesh(std::vector<SectionConto
 }
 
 Halves LapJointCutter::applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& tongue,
-                                     std::vector<MeshKernel>& notch) const
+                                     std::vector<MeshKernel>& notch, ShellSurvey& shells) const
 {
     constexpr ConnectorProgress::Share stage{40, 60};
-    return joinRaisedAndHollow(part, tongue.front(), notch.front(), part.stage(stage));
+    return joinRaisedAndHollow(part, tongue.front(), notch.front(), shells, part.stage(stage));
 }

@@ -14,6 +14,7 @@ namespace POLYGON {
 class Polygons;
 }
 class PlaneFrame;
+class ShellSurvey;
 
 /// Cuts parts along a plane and shapes the two faces of each as tongue and notch. The lower half,
 /// from which the plane's normal points away, gets the tongue. Made for one run.
@@ -59,7 +60,7 @@ private:
                                             PlaneFrame const& frame, MeshKernel const& basePlane,
                                             bool tongue, POLYGON::Polygons& outline) const;
     Halves applyLapJoint(PartOfRun& part, std::vector<MeshKernel>& tongue,
-                         std::vector<MeshKernel>& notch) const;
+                         std::vector<MeshKernel>& notch, ShellSurvey& shells) const;
 
     bool checkBoundary;
     LapJointParas paras;

@@ -77,9 +77,9 @@ std::optional<Halves> PinHoleCutter::connect(PartOfRun& part, RunForm const& for
         ConnectorSurvey(part.object, PlacedMesh(*part.source), frame, m_remarks,
                         ConnectorProgress::poll())
             .ofPins(paras, positions);
-        ShellSurvey const shells(part, ConnectorProgress::poll());
-        joined = paras.isPin ? applyPins(part, form, frame, positions)
-                             : applyHoles(part, form, frame, positions);
+        ShellSurvey shells(part.object, ConnectorProgress::poll());
+        joined = paras.isPin ? applyPins(part, form, frame, positions, shells)
+                             : applyHoles(part, form, frame, positions, shells);
         shells.tellOf(joined, m_remarks);
     });
     return joined;
@@ -98,21 +98,23 @@ std::vector<UPoint3<float>> PinHoleCutter::placed(PartOfRun& part,
 }
 
 Halves PinHoleCutter::applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
-                                std::vector<UPoint3<float>> const& positions) const
+                                std::vector<UPoint3<float>> const& positions,
+                                ShellSurvey& shells) const
 {
     std::vector<MeshKernel> pins;
     std::vector<MeshKernel> holes;
     PinBodies(paras, frame).createPinBodies(positions, pins, holes);
     sinkFloor(holes.front(), frame, paras.faceclearance);
-    return joinRaisedAndHollow(part, pins.front(), holes.front(),
+    return joinRaisedAndHollow(part, pins.front(), holes.front(), shells,
                                part.stage({form.connectorStart, pinsEnd - form.connectorStart}));
 }
 
 Halves PinHoleCutter::applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
-                                 std::vector<UPoint3<float>> const& positions) const
+                                 std::vector<UPoint3<float>> const& positions,
+                                 ShellSurvey& shells) const
 {
     std::vector<MeshKernel> holes;
     PinBodies(paras, frame).createHoleBodies(positions, holes);
-    return takeOutOfBoth(part, holes.front(),
+    return takeOutOfBoth(part, holes.front(), shells,
                          part.stage({form.connectorStart, holesEnd - form.connectorStart}));
 }

@@ -13,6 +13,7 @@ namespace Freecut {
 class PlaneGraphicObject;
 }
 class PlaneFrame;
+class ShellSurvey;
 
 /// Cuts parts along a plane and puts pins and holes into the two faces of each: pins on the lower
 /// half, from which the plane's normal points away, and holes in the upper one, or holes in both.
@@ -58,9 +59,9 @@ private:
     std::vector<UPoint3<float>> placed(PartOfRun& part, std::vector<SectionContour> const& contours,
                                        PlaneFrame const& frame) const;
     Halves applyPins(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
-                     std::vector<UPoint3<float>> const& positions) const;
+                     std::vector<UPoint3<float>> const& positions, ShellSurvey& shells) const;
     Halves applyHoles(PartOfRun& part, RunForm const& form, PlaneFrame const& frame,
-                      std::vector<UPoint3<float>> const& positions) const;
+                      std::vector<UPoint3<float>> const& positions, ShellSurvey& shells) const;
 
     PinHoleParas paras;
     bool checkBoundary;

@@ -8,17 +8,21 @@
 
 #include <utility>
 
-ShellSurvey::ShellSurvey(PartOfRun const& part, ConnectorProgress::Poll poll)
-    : m_object(part.object),
-      m_poll(std::move(poll)),
-      m_plainLower(countShells(*part.plain.lower, m_poll)),
-      m_plainUpper(countShells(*part.plain.upper, m_poll))
+ShellSurvey::ShellSurvey(Mesh::DocumentObject* object, ConnectorProgress::Poll poll)
+    : m_object(object), m_poll(std::move(poll))
 {}
+
+void ShellSurvey::lookAt(Half which, MeshKernel const& half)
+{
+    m_plain[which] = countShells(half, m_poll);
+}
 
 void ShellSurvey::tellOf(Halves const& joined, CutRemarks& remarks) const
 {
-    auto const compare = [&](char const* text, MeshKernel const& half, std::size_t plain) {
-        std::size_t const count = countShells(half, m_poll);
+    auto const compare = [&](char const* text, MeshKernel const& half, Half which) {
+        if (!m_plain[which])
+            return;
+        std::size_t const plain = *m_plain[which], count = countShells(half, m_poll);
         if (count > plain)
             remarks.push_back({m_object,
                                CutRemark::Kind::PieceFallsApart,
@@ -31,9 +35,9 @@ void ShellSurvey::tellOf(Halves const& joined, CutRemarks& remarks) const
     compare(QT_TRANSLATE_NOOP("CutRemarks",
                               "The lower piece consists of %1 shells; without "
                               "connectors it would be %2."),
-            *joined.lower, m_plainLower);
+            *joined.lower, lower);
     compare(QT_TRANSLATE_NOOP("CutRemarks",
                               "The upper piece consists of %1 shells; without "
                               "connectors it would be %2."),
-            *joined.upper, m_plainUpper);
+            *joined.upper, upper);
 }

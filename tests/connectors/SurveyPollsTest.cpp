@@ -46,20 +46,19 @@ TEST(SurveyPolls, ShellsPollInProportionToTheHalves)
 {
     for (int const rings : {60, 120, 240}) {
         Soup const ball = sphere(20, rings, 2 * rings);
-        PartOfRun part{};
-        Halves joined;
-        for (Halves* const halves : {&part.plain, &joined}) {
-            halves->lower = kernelOf(ball);
-            halves->upper = kernelOf(ball);
-        }
-        // One pass over each half.
+        Halves const joined{kernelOf(ball), kernelOf(ball)};
+        // One pass over each half that is looked at, before and after.
         int const of = int(ball.triangles.size()) / interval;
-        int const polls = pollsOf([&](Poll const& poll) { ShellSurvey(part, poll); });
-        EXPECT_EQ(polls, 2 * of);
+        int const polls = pollsOf([&](Poll const& poll) {
+            ShellSurvey(nullptr, poll).lookAt(ShellSurvey::lower, *joined.lower);
+        });
+        EXPECT_EQ(polls, of);
         CutRemarks remarks;
-        int both = 0;
-        ShellSurvey(part, [&] { ++both; }).tellOf(joined, remarks);
-        EXPECT_EQ(both, 4 * of);
+        int all = 0;
+        ShellSurvey survey(nullptr, [&] { ++all; });
+        survey.lookAt(ShellSurvey::upper, *joined.upper);
+        survey.tellOf(joined, remarks);
+        EXPECT_EQ(all, 2 * of);
         EXPECT_TRUE(remarks.empty());
     }
 }

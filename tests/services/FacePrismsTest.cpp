@@ -109,6 +109,8 @@ int wrongPoints(MeshKernel const& result, Soup const& half, Soup const& prisms, 
 void expectSound(MeshKernel const& result, Soup const& half, Soup const& prisms, bool isRaised)
 {
     EXPECT_EQ(closedSolidFaults(result), "");
+    // What a face joins stays joined, and prisms join nothing to it but themselves.
+    EXPECT_EQ(shellsOf(result), componentsOf(half));
     EXPECT_EQ(judge::crossingsOf(soupOf(result)).total(), 0u);
     EXPECT_EQ(wrongPoints(result, half, prisms, isRaised), 0);
 }
