@@ -47,11 +47,11 @@ FaceSegment undirected(Number a, Number b)
 }  // namespace
 
 DividedFace::DividedFace(WholeTriangle const& face, std::vector<WholeTriangle> const& cutters,
-                         std::function<void(int)> polled)
+                         std::function<void(int)> polled, FaceTriangulation::Limits limits)
     : m_soup(soupOf(face, cutters)),
       m_points(m_soup),
       m_polled(std::move(polled)),
-      m_triangulation(m_soup, m_points, m_progress)
+      m_triangulation(m_soup, m_points, m_progress, limits)
 {
     while (m_axis < 2 && normalOf(face)[std::size_t(m_axis)] == 0)
         ++m_axis;

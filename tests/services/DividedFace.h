@@ -16,7 +16,7 @@ public:
     using Edge = std::pair<Number, Number>;
 
     DividedFace(WholeTriangle const& face, std::vector<WholeTriangle> const& cutters,
-                std::function<void(int)> polled = {});
+                std::function<void(int)> polled = {}, FaceTriangulation::Limits limits = {});
 
     /// Fills in facets and faults.
     bool divide();

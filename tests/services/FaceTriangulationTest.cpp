@@ -290,3 +290,87 @@ TEST(FaceTriangulation, CrowdedFacesAreCoveredAndAllSegmentsRespected)
     }
     EXPECT_GT(mostInside, 64u);
 }
+
+TEST(FaceTriangulation, WithoutFlipsForTheirShapeFacesAreDividedAllTheSame)
+{
+    std::mt19937 random(3);
+    std::size_t different = 0;
+    for (int i = 0; i < 100 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        WholeTriangle const t = randomTriangle(random, -7, 7);
+        std::vector<WholeTriangle> cutters(1 + random() % 12);
+        for (WholeTriangle& cutter : cutters)
+            cutter = randomTriangle(random, -7, 7);
+        DividedFace face(t, cutters, {}, {.forShape = 0, .forShapePerFacet = 0});
+        ASSERT_TRUE(face.divide());
+        for (int round = 0; round < 30 && face.isFaulty(); ++round) {
+            face.mend();
+            ASSERT_TRUE(face.divide());
+        }
+        EXPECT_TRUE(face.faults.isEmpty());
+        expectDivided(face);
+        DividedFace best(t, cutters);
+        ASSERT_TRUE(best.divide());
+        for (int round = 0; round < 30 && best.isFaulty(); ++round) {
+            best.mend();
+            ASSERT_TRUE(best.divide());
+        }
+        different += best.facets.corners != face.facets.corners;
+    }
+    EXPECT_GT(different, 20u);
+}
+
+TEST(FaceTriangulation, LongRowsOnTwoSidesAreDividedThoughNotTheBestWay)
+{
+    constexpr int points = 400;
+    WholeTriangle const wide{WholePoint{{0, 0, 0}}, WholePoint{{points + 1, 0, 0}},
+                             WholePoint{{0, points + 1, 0}}};
+    std::vector<WholeTriangle> walls;
+    for (int i = 1; i < points; ++i) {
+        walls.push_back(wall(i, 0, i + 1, 0));
+        walls.push_back(wall(0, i, 0, i + 1));
+    }
+    DividedFace face(wide, walls), best(wide, walls, {}, {.forShape = 10 * points * points});
+    ASSERT_TRUE(face.divide());
+    ASSERT_TRUE(best.divide());
+    EXPECT_EQ(face.facets.corners.size(), 1u + 2 * points);
+    expectDivided(face);
+    expectDivided(best);
+    EXPECT_NE(face.facets.corners, best.facets.corners);
+}
+
+TEST(FaceTriangulation, SegmentsAreInTheFaceOrToldWhateverTheLimits)
+{
+    // A limit that exact segments do not reach, made so small that they do.
+    std::mt19937 random(4);
+    int left = 0, divided = 0;
+    for (int i = 0; i < 400 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        WholeTriangle const t = randomTriangle(random, -7, 7);
+        std::vector<WholeTriangle> cutters(1 + random() % 6);
+        for (WholeTriangle& cutter : cutters)
+            cutter = randomTriangle(random, -7, 7);
+        DividedFace face(t, cutters, {}, {.forSegment = 0, .forSegmentPerSquare = 0});
+        if (!face.divide()) {
+            ++left;
+            continue;
+        }
+        ++divided;
+        if (face.isFaulty())
+            EXPECT_FALSE(face.faults.isEmpty());
+        else
+            expectDivided(face);
+    }
+    EXPECT_GT(left, 20);
+    EXPECT_GT(divided, 20);
+}
+
+TEST(FaceTriangulation, PointThatIsNotFoundIsNotLeftOut)
+{
+    // A limit that exact points do not reach, made so small that they do.
+    std::vector<WholeTriangle> const walls{wall(1, 1, 4, 1), wall(4, 1, 2, 3), wall(2, 3, 1, 1)};
+    DividedFace face(plainFace, walls, {}, {.forPoint = 0, .forPointPerFacet = 0});
+    EXPECT_FALSE(face.divide());
+    DividedFace found(plainFace, walls);
+    EXPECT_TRUE(found.divide());
+}

@@ -22,8 +22,9 @@ bool FaceTriangulation::divide(Face const& face, Facets& facets, FaceFaults& fau
     for (std::size_t i = 0; i < m_places.size(); ++i)
         m_locals.emplace_back(m_places[i].number, int(i));
     std::sort(m_locals.begin(), m_locals.end());
-    for (std::size_t i = 0; i < face.segments.size() && !m_isLeft; ++i)
-        addSegment(int(i), face.segments[i], face, faults);
+    for (std::size_t i = 0; i < face.segments.size(); ++i)
+        if (!addSegment(int(i), face.segments[i], face, faults))
+            return false;
     improve();
     if (m_isLeft)
         return false;
@@ -195,7 +196,8 @@ bool FaceTriangulation::addInnerPoint(std::uint32_t number)
 /// Walks to the facet in which a point lies, and to the edge if it lies on one.
 bool FaceTriangulation::locate(int point, int& facet, int& edge)
 {
-    std::size_t const limit = 2 * m_mesh.facets().size() + 16;
+    std::size_t const limit =
+        m_limits.forPoint + m_limits.forPointPerFacet * m_mesh.facets().size();
     for (std::size_t step = 0; step < limit && goesOn(); ++step) {
         Facet const& f = m_mesh.facet(facet);
         int zeros = 0;
@@ -227,17 +229,24 @@ int FaceTriangulation::localOf(std::uint32_t number) const
     return found != m_locals.end() && found->first == number ? found->second : none;
 }
 
-void FaceTriangulation::addSegment(int index, FaceSegment const& segment, Face const& face,
+/// Returns false if a segment is neither there after it nor told to be crossed.
+bool FaceTriangulation::addSegment(int index, FaceSegment const& segment, Face const& face,
                                    FaceFaults& faults)
 {
     int from = localOf(segment.from);
     int const to = localOf(segment.to);
-    while (from != none && from != to) {
+    if (from == none || to == none)
+        return false;
+    while (from != to) {
+        std::size_t const crossings = faults.crossings.size();
         int const reached = addStretch(from, to, index, face, faults);
-        if (reached != none && reached != to)
+        if (reached == none)
+            return faults.crossings.size() > crossings;
+        if (reached != to)
             faults.breaks.push_back({segment, m_places[std::size_t(reached)].number});
         from = reached;
     }
+    return true;
 }
 
 int FaceTriangulation::addStretch(int from, int to, int segment, Face const& face,
@@ -271,8 +280,9 @@ int FaceTriangulation::addStretch(int from, int to, int segment, Face const& fac
             if (!crossedEdges({facet, next(k)}, from, reached, segment, face, faults) ||
                 !flipAway(from, reached))
                 return none;
-            m_mesh.fix(m_mesh.findEdge(from, reached), segment);
-            return reached;
+            Edge const made = m_mesh.findEdge(from, reached);
+            m_mesh.fix(made, segment);
+            return made.facet == none ? none : reached;
         }
         facet = f.neighbours[std::size_t(isClockwise ? k : previous(k))];
         if (facet == none && !isClockwise) {
@@ -328,9 +338,10 @@ bool FaceTriangulation::crossedEdges(Edge edge, int from, int& to, int segment, 
 /// Flips the collected edges until none crosses the segment.
 bool FaceTriangulation::flipAway(int from, int to)
 {
-    std::size_t const limit = 64 + 8 * m_crossed.size() * m_crossed.size();
+    std::size_t const limit =
+        m_limits.forSegment + m_limits.forSegmentPerSquare * m_crossed.size() * m_crossed.size();
     for (std::size_t i = 0; i < m_crossed.size(); ++i) {
-        if (i > limit || !goesOn())
+        if (i >= limit || !goesOn())
             return false;
         auto const [p, q] = m_crossed[i];
         Edge const edge = m_mesh.findEdge(p, q);
@@ -393,7 +404,8 @@ void FaceTriangulation::improveFrom(std::size_t firstNew)
 void FaceTriangulation::flipWhereBetter()
 {
     std::size_t flips = 0;
-    std::size_t const limit = 64 + 32 * m_mesh.facets().size();
+    std::size_t const limit =
+        m_limits.forShape + m_limits.forShapePerFacet * m_mesh.facets().size();
     while (!m_stack.empty() && flips < limit && goesOn()) {
         Edge const edge = m_stack.back();
         m_stack.pop_back();

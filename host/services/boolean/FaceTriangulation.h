@@ -90,9 +90,32 @@ struct FaceFaults
 class FaceTriangulation
 {
 public:
+    /// How much is done at most before facets are taken as they are, or the input as one that
+    /// contradicts itself.
+    struct Limits
+    {
+        /// Of facets on the way to a point: so many, and so many more for each that there is.
+        /// Beyond, the input contradicts itself.
+        std::size_t forPoint = 16;
+        std::size_t forPointPerFacet = 2;
+        /// Of flips for a segment: so many, and so many more for the square of how many edges it
+        /// crosses, which is what exact segments need at worst. Beyond, the input contradicts itself.
+        std::size_t forSegment = 64;
+        std::size_t forSegmentPerSquare = 8;
+        /// Of flips for facets that are less acute: so many, and so many more for each facet. Beyond,
+        /// facets stay as they are: to make the best of rows of points on two sides takes as many
+        /// flips as there are pairs of points.
+        std::size_t forShape = 64;
+        std::size_t forShapePerFacet = 32;
+    };
+
     /// progress  polled in proportion to the work: a face with hundreds of segments takes seconds
+    FaceTriangulation(OperandSoup const& soup, CurvePoints const& points, StageProgress& progress,
+                      Limits limits)
+        : m_soup(soup), m_points(points), m_progress(progress), m_limits(limits)
+    {}
     FaceTriangulation(OperandSoup const& soup, CurvePoints const& points, StageProgress& progress)
-        : m_soup(soup), m_points(points), m_progress(progress)
+        : FaceTriangulation(soup, points, progress, Limits())
     {}
 
     /// Appends the facets of a face; appends to the faults and writes facets that do not respect
@@ -128,9 +151,10 @@ private:
     bool locate(int point, int& facet, int& edge);
 
     int localOf(std::uint32_t number) const;
-    void addSegment(int index, FaceSegment const& segment, Face const& face, FaceFaults& faults);
+    bool addSegment(int index, FaceSegment const& segment, Face const& face, FaceFaults& faults);
     /// Makes edges from one point towards another as far as no third point lies between; returns
-    /// the point reached, or `none` if a segment is in the way.
+    /// the point reached, or `none` if a segment is in the way, which is told, or the input
+    /// contradicts itself.
     int addStretch(int from, int to, int segment, Face const& face, FaceFaults& faults);
     bool crossedEdges(Edge first, int from, int& to, int segment, Face const& face,
                       FaceFaults& faults);
@@ -148,6 +172,7 @@ private:
     OperandSoup const& m_soup;
     CurvePoints const& m_points;
     StageProgress& m_progress;
+    Limits m_limits;
     unsigned m_steps = 0;
     bool m_isLeft = false;
     int m_axis = 2;
