@@ -3,21 +3,23 @@
 
 #include "cli/CommandReport.h"
 #include "cli/Errors.h"
-#include "host/formats/FileError.h"
+#include "host/formats/InputFile.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 
 #include <charconv>
+#include <cstddef>
+#include <vector>
 
 namespace {
 
 QByteArray hashOfFile(std::string const& name)
 {
-    QFile file(QFile::decodeName(name.c_str()));
+    Formats::InputFile file(name, {});
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
-        throw Formats::FileError(name, "it cannot be read: " + file.errorString() + '.');
+    std::vector<std::byte> block(1 << 20);
+    while (std::size_t const count = file.read(block))
+        hash.addData(reinterpret_cast<char const*>(block.data()), int(count));
     return hash.result();
 }
 

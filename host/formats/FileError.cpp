@@ -32,7 +32,8 @@ namespace {
 FileError::FileError(std::filesystem::path const& path, QString const& problem)
     : Mell::Exception(FileError::tr("File '%1': %2")
                           .arg(QString::fromStdString(path.string()), problem)
-                          .toStdString())
+                          .toStdString()),
+      m_problem(problem)
 {}
 
 FileError FileError::atByte(std::filesystem::path const& path, std::uint64_t offset,

@@ -29,6 +29,12 @@ public:
     /// For text; `line` counts from 1.
     static FileError atLine(std::filesystem::path const& path, std::uint64_t line,
                             QString const& problem);
+
+    /// The text after the name of the file.
+    QString const& problem() const { return m_problem; }
+
+private:
+    QString m_problem;
 };
 
 /// At most 40 characters of what a file has in place of what was expected, for the text of an
