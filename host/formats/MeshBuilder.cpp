@@ -14,8 +14,7 @@ MeshBuilder::MeshBuilder(std::size_t expectedTriangles, std::size_t expectedVert
     : m_mesh(std::make_unique<UMesh<float>>())
 {
     auto& list = m_mesh->triangles;
-    list.reserve(expectedTriangles);
-    preferHugePages(list.data(), list.capacity() * sizeof list[0]);
+    reserveOnHugePages(list, expectedTriangles);
     m_points = std::make_unique<PointJoiner>(*m_mesh, expectedVertices);
 }
 

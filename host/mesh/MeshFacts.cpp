@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mesh/MeshFacts.h"
 
+#include "host/memory/HugePages.h"
 #include "host/mesh/DisjointSets.h"
 #include "host/mesh/JoinedPlaces.h"
 #include "host/mesh/RecordIndex.h"
@@ -37,7 +38,7 @@ std::vector<UPoint3<float>> pointsOf(UMesh<float> const& mesh, UMatrix4<float> c
 {
     bool const isPlain = placement.isIdentity();
     std::vector<UPoint3<float>> points;
-    points.reserve(mesh.vertices.size());
+    reserveOnHugePages(points, mesh.vertices.size());
     for (UVertex<float> const* const vertex : mesh.vertices)
         points.push_back(isPlain ? vertex->cP() : placement * vertex->cP());
     return points;
@@ -47,7 +48,7 @@ Corners cornersOf(UMesh<float> const& mesh)
 {
     RecordIndex<UVertex<float>> const place{mesh.vertices};
     Corners corners;
-    corners.reserve(mesh.triangles.size());
+    reserveOnHugePages(corners, mesh.triangles.size());
     for (UTriangle<float> const* const t : mesh.triangles)
         corners.push_back({place(t->cV(0)), place(t->cV(1)), place(t->cV(2))});
     return corners;
@@ -104,7 +105,7 @@ Corners joinedCorners(std::span<std::array<Place, 3> const> corners,
 {
     std::vector<Place> const places = joinedPlaces(points);
     Corners joined;
-    joined.reserve(corners.size());
+    reserveOnHugePages(joined, corners.size());
     for (auto const& [i, j, k] : corners)
         if (keepsItsCorners({places[i], places[j], places[k]}))
             joined.push_back({places[i], places[j], places[k]});
@@ -124,7 +125,9 @@ void joinShells(Corners const& corners, std::size_t vertexCount, MeshFacts& fact
     };
     eachSide([&](Place low, Side const&) { ++ends[low + 1]; });
     std::partial_sum(ends.begin(), ends.end(), ends.begin());
-    std::vector<Side> sides(corners.size() * 3);
+    std::vector<Side> sides;
+    reserveOnHugePages(sides, corners.size() * 3);
+    sides.resize(corners.size() * 3);
     eachSide([&](Place low, Side const& side) { sides[ends[low]++] = side; });
 
     DisjointSets triangles(corners.size());
