@@ -83,15 +83,15 @@ std::vector<std::uint32_t> joinedPlaces(std::span<UPoint3<float> const> points)
     std::vector<std::uint32_t> places;
     reserveOnHugePages(places, points.size());
     places.resize(points.size());
-    std::array<std::size_t, batchSize> slots;
+    std::array<std::size_t, batchSize> starts;
     for (std::size_t begin = 0; begin < points.size(); begin += batchSize) {
         std::size_t const count = std::min(batchSize, points.size() - begin);
         for (std::size_t k = 0; k < count; ++k)
-            slots[k] = table.fetchSlot(begin + k);
+            starts[k] = table.fetchSlot(begin + k);
         for (std::size_t k = 0; k < count; ++k)
-            table.fetchPoint(slots[k]);
+            table.fetchPoint(starts[k]);
         for (std::size_t k = 0; k < count; ++k)
-            places[begin + k] = table.enter(begin + k, slots[k]);
+            places[begin + k] = table.enter(begin + k, starts[k]);
     }
     return places;
 }

@@ -3,13 +3,13 @@
 
 #include "host/memory/FreeMemory.h"
 #include "host/services/MeshErrors.h"
+#include "host/services/TakenArrays.h"
 
 PartReview reviewPart(std::unique_ptr<MeshKernel> part, std::function<void(int)> const& progress)
 {
     StageProgress stages(progress);
     stages.begin(0, 10, part->readMesh()->triangles.size());
-    MeshArrays const mesh = copyArrays(*part, Frame::World, stages);
-    part.reset();
+    MeshArrays const mesh = takeArrays(std::move(part), stages);
     giveFreeRecordsBack();
     giveFreeMemoryBack();
     PartReview review;

@@ -14,8 +14,8 @@ struct PartReview
     Repair::EvaluateErrors::Counts errors;
 };
 
-/// Measures a part and counts its errors. Its records, which are most of what it takes, are freed
-/// before.
+/// Measures a part, which belongs to nobody else, and counts its errors. Its records, which are most of
+/// what it takes, are freed before.
 ///
 /// progress  percentages; may throw, and what it throws is let pass
 /// cost      that of measureMesh and of EvaluateErrors; 110 bytes per triangle at the most
