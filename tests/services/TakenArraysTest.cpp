@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/memory/RecordSlabs.h"
+#include "host/services/EveryStep.h"
 #include "host/services/TakenArrays.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/MeshBuilders.h"
@@ -56,6 +57,7 @@ TEST(TakenArrays, FreeAllRecordsAlsoWhenStopped)
         if (percent >= 50)
             throw Mell::AbortException("Aborting...");
     };
+    EveryStep const everyStep;
     StageProgress progress(stop);
     progress.begin(0, 100, kernel->readMesh()->triangles.size());
     EXPECT_THROW(takeArrays(std::move(kernel), progress), Mell::AbortException);
