@@ -18,6 +18,8 @@ namespace {
 constexpr int maximalRounds = 30;
 /// How many triangles one thread divides in one go.
 constexpr std::size_t blockSize = 128;
+/// How many of these goes are put together at once.
+constexpr std::size_t blocksAtOnce = 256;
 
 /// The edge of a triangle on which two of its places lie, or `inside`.
 int commonEdge(TrianglePlace a, TrianglePlace b)
@@ -302,29 +304,47 @@ bool CurveNetwork::divide(FaceFaults& faults, StageProgress& progress)
         FaceFaults faults;
         bool isDone = false;
     };
-    std::vector<Block> blocks((m_touched.size() + blockSize - 1) / blockSize);
-    using Range = tbb::blocked_range<std::size_t>;
-    tbb::parallel_for(Range(0, blocks.size(), 1), [&](Range const& range) {
-        for (std::size_t b = range.begin(); b != range.end(); ++b) {
-            std::size_t const end = std::min(m_touched.size(), (b + 1) * blockSize);
-            blocks[b].isDone =
-                divideBlock(b * blockSize, end, blocks[b].facets, blocks[b].faults, progress);
-            if (!progress.add(end - b * blockSize))
-                return;
-        }
-    });
     m_facets = {};
-    for (Block const& block : blocks) {
-        if (!block.isDone)
-            return false;
-        append(block.facets);
-        progress.add(0);
-        faults.breaks.insert(faults.breaks.end(), block.faults.breaks.begin(),
-                             block.faults.breaks.end());
-        faults.crossings.insert(faults.crossings.end(), block.faults.crossings.begin(),
-                                block.faults.crossings.end());
+    reserveFacets();
+    std::size_t const count = (m_touched.size() + blockSize - 1) / blockSize;
+    using Range = tbb::blocked_range<std::size_t>;
+    // Of what is written twice, facets take the most memory: they are put together some at a time.
+    for (std::size_t first = 0; first < count; first += blocksAtOnce) {
+        std::vector<Block> blocks(std::min(blocksAtOnce, count - first));
+        tbb::parallel_for(Range(0, blocks.size(), 1), [&](Range const& range) {
+            for (std::size_t b = range.begin(); b != range.end(); ++b) {
+                std::size_t const begin = (first + b) * blockSize;
+                std::size_t const end = std::min(m_touched.size(), begin + blockSize);
+                blocks[b].isDone =
+                    divideBlock(begin, end, blocks[b].facets, blocks[b].faults, progress);
+                if (!progress.add(end - begin))
+                    return;
+            }
+        });
+        for (Block const& block : blocks) {
+            if (!block.isDone)
+                return false;
+            append(block.facets);
+            progress.add(0);
+            faults.breaks.insert(faults.breaks.end(), block.faults.breaks.begin(),
+                                 block.faults.breaks.end());
+            faults.crossings.insert(faults.crossings.end(), block.faults.crossings.begin(),
+                                    block.faults.crossings.end());
+        }
     }
     return true;
+}
+
+/// Makes room for all facets, as long as no edge has more than two triangles. Room that is not used
+/// takes no memory, and growing takes as much again.
+void CurveNetwork::reserveFacets()
+{
+    std::size_t const facets = m_touched.size() + 2 * m_facePoints.size() + 2 * m_edgePoints.size();
+    m_facets.corners.reserve(facets);
+    m_facets.regions.reserve(facets);
+    m_facets.borders.reserve(3 * m_touched.size() + 2 * m_edgePoints.size() +
+                             2 * m_faceSegments.size());
+    m_facets.ends.reserve(m_touched.size());
 }
 
 /// Divides the touched triangles from one place in their list to another.

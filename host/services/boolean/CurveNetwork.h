@@ -107,6 +107,7 @@ private:
     bool divideBlock(std::size_t begin, std::size_t end, Facets& facets, FaceFaults& faults,
                      StageProgress& progress) const;
     void append(Facets const& facets);
+    void reserveFacets();
     void mend(FaceFaults const& faults, StageProgress& progress);
     class SegmentIndex;
     using SegmentPoint = std::pair<FaceSegment, std::uint32_t>;
