@@ -5,7 +5,9 @@
 #include "platform/view/GLView.h"
 #include "platform/view/OpenGLPath.h"
 
+#include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
 
 namespace Freecut {
 
@@ -15,6 +17,10 @@ GLGraphicsItem::~GLGraphicsItem()
 {
     if (makeContextCurrent(viewer))
         g_OPENGL_3_3 ? releaseShader_GL_3_3() : releaseShader_GL_2_1();
+    // Of a view that has gone, these have nothing left on the device.
+    delete vao;
+    delete buffer;
+    delete program;
 }
 
 void GLGraphicsItem::setColor(float red, float green, float blue, float alpha)
@@ -45,18 +51,14 @@ void GLGraphicsItem::initShader_GL_3_3()
 
 void GLGraphicsItem::releaseShader_GL_2_1()
 {
-    if (!hasLineFunctions(*viewer))
-        return;
-    deleteVertexBuffer21(*viewer, vbo);
-    delete program;
+    if (hasLineFunctions(*viewer))
+        deleteVertexBuffer21(*viewer, vbo);
 }
 
 void GLGraphicsItem::releaseShader_GL_3_3()
 {
-    if (!hasLineFunctions(*viewer))
-        return;
-    deleteBuffers33(vao, buffer);
-    delete program;
+    if (hasLineFunctions(*viewer))
+        deleteBuffers33(vao, buffer);
 }
 
 void GLGraphicsItem::paintGL()
