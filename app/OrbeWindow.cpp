@@ -41,6 +41,7 @@
 #include "app/window/WindowMenus.h"
 #include "app/window/WindowPanels.h"
 #include "platform/document/Document.h"
+#include "platform/jobs/BackgroundWork.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/Application.h"
 #include "platform/ui/CommandManager.h"
@@ -77,6 +78,7 @@ OrbeWindow::OrbeWindow() : OrbeWindow(std::make_unique<WindowFileQuestions>()) {
 
 OrbeWindow::OrbeWindow(std::unique_ptr<FileQuestions> questions)
 {
+    BackgroundWork::setGivingWay(true);
     setObjectName(QStringLiteral("OrbeWindow"));
     setDockNestingEnabled(true);
     setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);

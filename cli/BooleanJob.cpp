@@ -2,10 +2,11 @@
 #include "cli/BooleanJob.h"
 
 #include "cli/OtherFileError.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "host/mesh/OperandError.h"
 #include "platform/document/MeshDocumentObject.h"
 #include "platform/jobs/SequencerLauncher.h"
-#include "platform/services/Intersect.h"
+#include "platform/services/CombiningNotes.h"
 
 #include <functional>
 #include <utility>
@@ -16,23 +17,23 @@ using Progress = std::function<void(int)>;
 
 using Kernels = std::vector<std::pair<std::string, std::shared_ptr<MeshKernel>>>;
 
-Kernels split(MeshKernel& a, MeshKernel& b, Progress const& progress)
+Kernels split(MeshKernel const& a, MeshKernel const& b, Progress const& progress,
+              CombiningNotes& notes)
 {
     Kernels kernels{{"inside", std::make_shared<MeshKernel>()},
                     {"outside", std::make_shared<MeshKernel>()}};
-    Intersect::boolean_subtract_keep(&a, &b, kernels[0].second.get(), kernels[1].second.get(),
-                                     progress, 1);
+    notes = splitWithNotes(a, b, *kernels[0].second, *kernels[1].second, progress);
     return kernels;
 }
 
-Kernels combine(MeshKernel& a, MeshKernel& b, BooleanOperation operation, Progress const& progress)
+Kernels combine(MeshKernel const& a, MeshKernel const& b, BooleanOperation operation,
+                Progress const& progress, CombiningNotes& notes)
 {
     Kernels kernels{{nameOf(operation), std::make_shared<MeshKernel>()}};
-    std::vector<MeshKernel*> out{kernels[0].second.get()};
     auto const type = operation == BooleanOperation::Union       ? Intersect::BOOLEAN_UNION
                       : operation == BooleanOperation::Intersect ? Intersect::BOOLEAN_INTERSECT
                                                                  : Intersect::BOOLEAN_SUBTRACT;
-    Intersect::boolean(&a, &b, out, type, progress, 1);
+    notes = combineWithNotes(a, b, *kernels[0].second, type, progress);
     return kernels;
 }
 
@@ -61,10 +62,11 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
     MeshKernel& solidA = *a.object->meshProperty->getMesh();
     MeshKernel& solidB = *b.object->meshProperty->getMesh();
     Kernels kernels;
+    CombiningNotes notes;
     try {
         kernels = operation == BooleanOperation::Split
-                      ? split(solidA, solidB, progress)
-                      : combine(solidA, solidB, operation, progress);
+                      ? split(solidA, solidB, progress, notes)
+                      : combine(solidA, solidB, operation, progress, notes);
     } catch (OperandError const& error) {
         std::string const text =
             error.what() + std::string(" Repair it (freecut repair) and try again.");
@@ -72,6 +74,8 @@ void combineParts(CutPart& a, CutPart const& b, BooleanOperation operation)
             throw CutError(text);
         throw OtherFileError(b.label, text);
     }
+    for (CutRemark const& remark : remarksOn(notes, a.object))
+        a.remarks.push_back(remark);
     for (auto const& [what, kernel] : kernels) {
         if (kernel->readMesh()->triangles.empty())
             continue;

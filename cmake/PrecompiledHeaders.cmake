@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What nearly every file includes of libraries, read once per build instead of once per file.
+# What nearly every file includes of libraries, read once per build instead of once per file. How much that saves depends
+# on the compiler: docs/decisions/0024-two-compilers.md.
 #
 # Each source still includes what it uses: builds with a compiler cache, which serves single files better,
 # go without and fail where an include is missing.

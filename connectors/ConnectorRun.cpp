@@ -3,6 +3,7 @@
 
 #include "connectors/FilledSides.h"
 #include "cutjobs/common/PartMesh.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/services/Intersect.h"
@@ -62,6 +63,8 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress, Connect
         PartOfRun current = cut(i, part, source, progress, remarks);
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;
+        for (CutRemark const& remark : remarksOn(halves.notes, part))
+            remarks.push_back(remark);
         bool const isUpperFirst = !connected && m_form.plainUpperFirst;
         storePiece(result, part, isUpperFirst ? halves.upper : halves.lower);
         storePiece(result, part, isUpperFirst ? halves.lower : halves.upper);

@@ -5,6 +5,7 @@
 #include "cutjobs/common/CutRemark.h"
 #include "cutjobs/common/CutResultMap.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/CombiningNotes.h"
 
 #include <functional>
 #include <memory>
@@ -34,6 +35,8 @@ struct Halves
 {
     std::shared_ptr<MeshKernel> lower = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> upper = std::make_shared<MeshKernel>();
+    /// What is to be told of both.
+    CombiningNotes notes;
 };
 
 /// One part on its way through a run.

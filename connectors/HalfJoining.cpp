@@ -2,17 +2,17 @@
 #include "connectors/HalfJoining.h"
 
 #include "connectors/PlaneFrame.h"
-#include "cutjobs/common/SolidCombining.h"
 #include "platform/services/FacePrisms.h"
 
 #include <algorithm>
 
 namespace {
 
-void combine(MeshKernel& a, MeshKernel& b, MeshKernel& result, Intersect::BooleanType type,
-             std::function<void(int)> const& stage, ConnectorProgress::Share share)
+CombiningNotes combine(MeshKernel const& a, MeshKernel const& b, MeshKernel& result,
+                       Intersect::BooleanType type, std::function<void(int)> const& stage,
+                       ConnectorProgress::Share share)
 {
-    combineSolids(a, b, result, type, ConnectorProgress::span(stage, share));
+    return combineWithNotes(a, b, result, type, ConnectorProgress::span(stage, share));
 }
 
 /// Only asks whether the user has cancelled: the percentages of a span are its booleans'.
@@ -64,11 +64,12 @@ struct HalfInWork
     std::shared_ptr<MeshKernel>& half;
     MeshKernel const& plane;
     std::shared_ptr<MeshKernel>& result;
+    CombiningNotes& notes;
 };
 
 HalfInWork upperOf(PartOfRun& part, Halves& joined)
 {
-    return {ShellSurvey::upper, part.plain.upper, *part.upperPlane, joined.upper};
+    return {ShellSurvey::upper, part.plain.upper, *part.upperPlane, joined.upper, joined.notes};
 }
 
 /// Takes prisms out of a half.
@@ -82,13 +83,14 @@ void takeOut(PrismsOfRun& prisms, HalfInWork const& work, ShellSurvey& shells,
         return;
     }
     shells.lookAt(work.which, *work.half);
-    combine(*work.half, left, *work.result, Intersect::BOOLEAN_SUBTRACT, progress, share);
+    append(work.notes,
+           combine(*work.half, left, *work.result, Intersect::BOOLEAN_SUBTRACT, progress, share));
     work.half.reset();
 }
 
 /// Joins prisms, as far as they lie in the part, to the lower half, which is given up.
-void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& result,
-           ShellSurvey& shells, std::function<void(int)> const& progress)
+void raise(PartOfRun& part, MeshKernel& raised, Halves& joined, ShellSurvey& shells,
+           std::function<void(int)> const& progress)
 {
     PrismsOfRun prisms(part, raised);
     MeshKernel& left =
@@ -96,13 +98,14 @@ void raise(PartOfRun& part, MeshKernel& raised, std::shared_ptr<MeshKernel>& res
     if (isEmpty(left)) {
         tellEnd(progress, {0, 40});
         tellEnd(progress, {40, 30});
-        result = std::move(part.plain.lower);
+        joined.lower = std::move(part.plain.lower);
         return;
     }
     shells.lookAt(ShellSurvey::lower, *part.plain.lower);
     MeshKernel clipped;
     combine(*part.source, left, clipped, Intersect::BOOLEAN_INTERSECT, progress, {0, 40});
-    combine(*part.plain.lower, clipped, *result, Intersect::BOOLEAN_UNION, progress, {40, 30});
+    append(joined.notes, combine(*part.plain.lower, clipped, *joined.lower,
+                                 Intersect::BOOLEAN_UNION, progress, {40, 30}));
     part.plain.lower.reset();
 }
 
@@ -112,7 +115,7 @@ Halves joinRaisedAndHollow(PartOfRun& part, MeshKernel& raised, MeshKernel& holl
                            ShellSurvey& shells, std::function<void(int)> const& progress)
 {
     Halves joined;
-    raise(part, raised, joined.lower, shells, progress);
+    raise(part, raised, joined, shells, progress);
     PrismsOfRun prisms(part, hollow);
     takeOut(prisms, upperOf(part, joined), shells, progress, {70, 30});
     return joined;
@@ -136,8 +139,9 @@ Halves takeOutOfBoth(PartOfRun& part, MeshKernel& hollow, ShellSurvey& shells,
 {
     Halves joined;
     PrismsOfRun prisms(part, hollow);
-    takeOut(prisms, {ShellSurvey::lower, part.plain.lower, *part.lowerPlane, joined.lower}, shells,
-            progress, {0, 50});
+    takeOut(prisms,
+            {ShellSurvey::lower, part.plain.lower, *part.lowerPlane, joined.lower, joined.notes},
+            shells, progress, {0, 50});
     takeOut(prisms, upperOf(part, joined), shells, progress, {50, 50});
     return joined;
 }

@@ -5,17 +5,20 @@
 #include "cutjobs/ToolClosing.h"
 #include "cutjobs/common/PartMesh.h"
 #include "cutjobs/common/ProgressScale.h"
+#include "cutjobs/common/RemarkTexts.h"
 #include "cutjobs/common/ServiceCall.h"
-#include "cutjobs/common/SolidCombining.h"
 
 #include <QCoreApplication>
 
 namespace {
 
-void combine(MeshKernel& part, MeshKernel& tool, MeshKernel& piece, Intersect::BooleanType type,
-             std::function<void(int)> const& progress, CutFailure& failure)
+/// Combines a part and a tool into a piece, and adds to what is to be told.
+void combine(MeshKernel const& part, MeshKernel const& tool, MeshKernel& piece,
+             Intersect::BooleanType type, std::function<void(int)> const& progress,
+             CutFailure& failure, CombiningNotes& notes)
 {
-    ServiceCall::run(failure, [&] { combineSolids(part, tool, piece, type, progress); });
+    ServiceCall::run(failure,
+                     [&] { append(notes, combineWithNotes(part, tool, piece, type, progress)); });
 }
 
 /// Sees to it that there is a tool to cut with, and that it closes.
@@ -78,6 +81,8 @@ void PolygonCutImp::run(std::function<void(int)> progress)
             isSplit ? split(*kernel, *in, progress, i) : cutApart(*kernel, *in, *out, progress, i);
         if (auto const remark = pieces.remark(part, *kernel))
             jobRemarks().push_back(*remark);
+        for (CutRemark const& remark : remarksOn(pieces.notes, part))
+            jobRemarks().push_back(remark);
         storePiece(m_result, part, pieces.first);
         storePiece(m_result, part, pieces.second);
     }
@@ -90,9 +95,9 @@ VolumePieces PolygonCutImp::split(MeshKernel const& part, MeshKernel& in,
     VolumePieces pieces;
     MeshKernel copy(part);
     ServiceCall::run(jobFailure(), [&] {
-        Intersect::boolean_subtract_keep(
-            &copy, &in, pieces.first.get(), pieces.second.get(),
-            ProgressScale::scaled(progress, ProgressScale::splitBySolid, index, partCount()), 1);
+        pieces.notes = splitWithNotes(
+            copy, in, *pieces.first, *pieces.second,
+            ProgressScale::scaled(progress, ProgressScale::splitBySolid, index, partCount()));
     });
     return pieces;
 }
@@ -104,9 +109,9 @@ VolumePieces PolygonCutImp::cutApart(MeshKernel const& part, MeshKernel& in, Mes
     MeshKernel copy(part);
     combine(copy, in, *pieces.first, Intersect::BOOLEAN_INTERSECT,
             ProgressScale::scaled(progress, ProgressScale::firstBoolean, index, partCount()),
-            jobFailure());
+            jobFailure(), pieces.notes);
     combine(copy, out, *pieces.second, Intersect::BOOLEAN_SUBTRACT,
             ProgressScale::scaled(progress, ProgressScale::secondBoolean, index, partCount()),
-            jobFailure());
+            jobFailure(), pieces.notes);
     return pieces;
 }

@@ -3,6 +3,7 @@
 
 #include "cutjobs/common/CutRemark.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/CombiningNotes.h"
 
 #include <memory>
 #include <optional>
@@ -14,6 +15,8 @@ struct VolumePieces
     /// nothing.
     std::shared_ptr<MeshKernel> first = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> second = std::make_shared<MeshKernel>();
+    /// What is to be told of both.
+    CombiningNotes notes;
 
     bool hasFirst() const { return !first->readMesh()->triangles.empty(); }
     bool hasSecond() const { return !second->readMesh()->triangles.empty(); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cutjobs/CutWorker.h"
+#include "platform/jobs/BackgroundWork.h"
 
 #include <QDeadlineTimer>
 #include <QThread>
@@ -16,6 +17,8 @@ template <typename Front>
 void start(QThread& thread, CutWorker* worker, Front* front)
 {
     worker->moveToThread(&thread);
+    // On the thread that has started.
+    QObject::connect(&thread, &QThread::started, &BackgroundWork::giveWay);
     QObject::connect(&thread, &QThread::finished, worker, &QObject::deleteLater);
     QObject::connect(front, &Front::signalOperate, worker, &CutWorker::doWork);
     QObject::connect(worker, &CutWorker::resultReady, front, &Front::handleResult);

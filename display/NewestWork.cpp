@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/NewestWork.h"
 
+#include "platform/jobs/BackgroundWork.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/ui/FailureText.h"
 
@@ -65,6 +66,7 @@ void NewestWork::rest()
 
 void NewestWork::run(Work const& work, unsigned long serial)
 {
+    BackgroundWork::giveWay();
     rest();
     // Another one may have been asked for meanwhile.
     if (m_latest != serial)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/jobs/WindowJob.h"
 
+#include "platform/jobs/BackgroundWork.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
 #include "platform/jobs/SequencerLauncher.h"
@@ -32,6 +33,7 @@ void WindowJob::start(char const* title, Work work, TakeOver takeOver)
     m_takeOver = std::move(takeOver);
     m_isStopping = false;
     m_thread.start([this, title = std::string(title)] {
+        BackgroundWork::giveWay();
         JobOutcome const outcome = run(title.c_str());
         QMetaObject::invokeMethod(
             this, [this, outcome] { end(outcome); }, Qt::QueuedConnection);

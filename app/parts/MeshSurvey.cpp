@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/parts/MeshSurvey.h"
 
+#include "platform/jobs/BackgroundWork.h"
+
 #include <cmath>
 #include <new>
 
@@ -129,6 +131,7 @@ void MeshSurvey::begin(Key const& key, std::shared_ptr<UMesh<float> const> mesh)
     unsigned long const request = m_entries[key].request = ++m_lastRequest;
     ++m_running;
     m_thread.start([this, key, request, mesh = std::move(mesh)]() mutable {
+        BackgroundWork::giveWay();
         std::optional<MeshFacts> const facts = factsOf(*mesh, matrixOf(key.second));
         mesh.reset();
         QMetaObject::invokeMethod(

@@ -12,6 +12,24 @@ CutRemark remark(Mesh::DocumentObject* part, Kind kind, char const* text)
     return {part, kind, QCoreApplication::translate("CutRemarks", text).toStdString(), {}};
 }
 
+/// A remark with places, if there are any.
+void tell(CutRemarks& remarks, Mesh::DocumentObject* part,
+          std::vector<UPoint3<float>> const& places, Kind kind, char const* text)
+{
+    if (places.empty())
+        return;
+    remarks.push_back(remark(part, kind, text));
+    remarks.back().places = places;
+}
+
+void tellCrossing(CutRemarks& remarks, Mesh::DocumentObject* part,
+                  std::vector<UPoint3<float>> const& places)
+{
+    tell(remarks, part, places, Kind::PieceCrossesItself,
+         QT_TRANSLATE_NOOP("CutRemarks",
+                           "A piece crosses itself where coordinates had to be rounded."));
+}
+
 }  // namespace
 
 CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded)
@@ -27,23 +45,22 @@ CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded)
 CutRemarks remarksOn(PlaneCutNotes const& notes, Mesh::DocumentObject* part)
 {
     CutRemarks remarks;
-    auto const tell = [&](std::vector<UPoint3<float>> const& places, Kind kind, char const* text) {
-        if (places.empty())
-            return;
-        remarks.push_back(remark(part, kind, text));
-        remarks.back().places = places;
-    };
-    tell(notes.turned, Kind::PartPutInOrder,
+    tell(remarks, part, notes.turned, Kind::PartPutInOrder,
          QT_TRANSLATE_NOOP("CutRemarks",
                            "Triangles at the plane faced the other way than those around them; "
                            "they were turned."));
-    tell(notes.doubled, Kind::PartPutInOrder,
+    tell(remarks, part, notes.doubled, Kind::PartPutInOrder,
          QT_TRANSLATE_NOOP("CutRemarks",
                            "Triangles at the plane lay there more than once; what was too much "
                            "was left out."));
-    tell(notes.crossing, Kind::PieceCrossesItself,
-         QT_TRANSLATE_NOOP("CutRemarks",
-                           "A piece crosses itself where coordinates had to be rounded."));
+    tellCrossing(remarks, part, notes.crossing);
+    return remarks;
+}
+
+CutRemarks remarksOn(CombiningNotes const& notes, Mesh::DocumentObject* part)
+{
+    CutRemarks remarks;
+    tellCrossing(remarks, part, notes.crossing);
     return remarks;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cutjobs/common/CutRemark.h"
+#include "platform/services/CombiningNotes.h"
 #include "platform/services/PlaneCutNotes.h"
 
 // The remarks that cuts make, in words.
@@ -10,6 +11,8 @@
 CutRemark planeMisses(Mesh::DocumentObject* part, bool bounded);
 /// What a plane cut did beyond cutting.
 CutRemarks remarksOn(PlaneCutNotes const& notes, Mesh::DocumentObject* part);
+/// What combining solids has left in the pieces.
+CutRemarks remarksOn(CombiningNotes const& notes, Mesh::DocumentObject* part);
 CutRemark toolMisses(Mesh::DocumentObject* part);
 CutRemark toolHoldsPart(Mesh::DocumentObject* part);
 

@@ -4,6 +4,7 @@
 #include <tbb/task_group.h>
 
 #include <algorithm>
+#include <libdeflate.h>
 #include <new>
 #include <zlib.h>
 
@@ -60,7 +61,7 @@ struct PackedText::Piece
 
     void pack()
     {
-        checksum = std::uint32_t(crc32(0, bytesOf(text), uInt(text.size())));
+        checksum = libdeflate_crc32(0, text.data(), text.size());
         DeflateState state;
         z_stream& stream = state.stream;
         if (!dictionary.empty())

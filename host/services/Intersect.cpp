@@ -3,9 +3,11 @@
 
 #include "host/mesh/Placement.h"
 #include "host/services/PlaceText.h"
+#include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/SolidBoolean.h"
 #include "host/services/planecut/PlaneCut.h"
 #include "platform/jobs/ConsoleSingleton.h"
+#include "platform/services/CombiningNotes.h"
 #include "platform/services/SolidSplit.h"
 
 #include <QCoreApplication>
@@ -75,6 +77,19 @@ void deliver(std::vector<BooleanResult>& results, PlacedSolid const& part,
             kernels[i]->replaceMesh(std::move(results[i].mesh));
         else
             kernels[i]->shareMeshOf(part.kernel());
+}
+
+CombiningNotes combineLogged(MeshKernel const& a, MeshKernel const& b,
+                             std::span<BooleanPiece const> pieces,
+                             std::span<MeshKernel* const> kernels,
+                             std::function<void(int)> const& progress)
+{
+    PlacedSolid const part(a);
+    CombiningNotes notes;
+    auto results = combineSolids(part.kernel(), b, pieces, progress, notes);
+    deliver(results, part, kernels);
+    logCrossings(notes.crossing);
+    return notes;
 }
 
 }  // namespace
@@ -170,20 +185,27 @@ bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide si
 void Intersect::boolean(MeshKernel* a, MeshKernel* b, std::vector<MeshKernel*>& out,
                         BooleanType type, std::function<void(int)> progress, int)
 {
-    PlacedSolid const part(*a);
-    std::array const pieces{pieceOf(type)};
-    auto results = combineSolids(part.kernel(), *b, pieces, progress);
-    deliver(results, part, out);
+    combineWithNotes(*a, *b, *out[0], type, progress);
 }
 
 void Intersect::boolean_subtract_keep(MeshKernel* a, MeshKernel* b, MeshKernel* first,
                                       MeshKernel* second, std::function<void(int)> progress, int)
 {
-    PlacedSolid const part(*a);
-    std::array const pieces{BooleanPiece::common, BooleanPiece::difference};
-    auto results = combineSolids(part.kernel(), *b, pieces, progress);
-    std::array const kernels{first, second};
-    deliver(results, part, kernels);
+    splitWithNotes(*a, *b, *first, *second, progress);
+}
+
+CombiningNotes combineWithNotes(MeshKernel const& a, MeshKernel const& b, MeshKernel& out,
+                                Intersect::BooleanType type,
+                                std::function<void(int)> const& progress)
+{
+    return combineLogged(a, b, std::array{pieceOf(type)}, std::array{&out}, progress);
+}
+
+CombiningNotes splitWithNotes(MeshKernel const& a, MeshKernel const& b, MeshKernel& first,
+                              MeshKernel& second, std::function<void(int)> const& progress)
+{
+    return combineLogged(a, b, std::array{BooleanPiece::common, BooleanPiece::difference},
+                         std::array{&first, &second}, progress);
 }
 
 ContourLines splitWithContours(MeshKernel const& part, MeshKernel const& tool, MeshKernel* inside,
@@ -200,8 +222,9 @@ ContourLines splitWithContours(MeshKernel const& part, MeshKernel const& tool, M
     };
     want(inside, BooleanPiece::common);
     want(outside, BooleanPiece::difference);
+    CombiningNotes unlogged;
     BooleanSurvey survey;
-    auto results = combineSolids(solid.kernel(), tool, pieces, progress, &survey);
+    auto results = combineSolids(solid.kernel(), tool, pieces, progress, unlogged, &survey);
     deliver(results, solid, kernels);
     return std::move(survey.contours);
 }

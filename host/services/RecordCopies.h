@@ -67,6 +67,8 @@ public:
     std::size_t countOf(CutSide side) const { return m_counts[side]; }
     /// The sum of what the sorter says of the edges of all triangles, modulo 2^64.
     std::uint64_t edgeSum() const { return m_edges; }
+    /// The same of those that lie apart from the cut on a side.
+    std::uint64_t edgeSum(CutSide side) const { return m_sideEdges[side]; }
     UMesh<float>& mesh(CutSide side) { return *m_meshes[side]; }
     std::unique_ptr<UMesh<float>> takeMesh(CutSide side) { return std::move(m_meshes[side]); }
 
@@ -106,4 +108,5 @@ private:
     Sorter const& m_sorter;
     Wanted m_wanted;
     std::uint64_t m_edges = 0;
+    std::array<std::uint64_t, 2> m_sideEdges{};
 };

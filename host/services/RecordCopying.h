@@ -111,6 +111,7 @@ struct RecordCopies<Sorter>::TriangleBlock
     std::array<std::size_t, 2> counts{};
     std::vector<Triangle const*> meeting;
     std::uint64_t edges = 0;
+    std::array<std::uint64_t, 2> sideEdges{};
 };
 
 template <typename Sorter>
@@ -226,13 +227,15 @@ void RecordCopies<Sorter>::copyTriangleBlock(std::size_t begin, std::size_t end,
         std::uint32_t const a = m_place(triangle->cV(0));
         std::uint32_t const b = m_place(triangle->cV(1));
         std::uint32_t const c = m_place(triangle->cV(2));
-        block.edges += m_sorter.edgesOf(a, b, c);
+        std::uint64_t const edges = m_sorter.edgesOf(a, b, c);
+        block.edges += edges;
         int const side = m_sides[a];
         if (side == 0 || m_sides[b] != side || m_sides[c] != side || !m_sorter.isApart(a, b, c)) {
             block.meeting.push_back(triangle);
             continue;
         }
         ++block.counts[RecordCopying::sideIndex(side)];
+        block.sideEdges[RecordCopying::sideIndex(side)] += edges;
         if (!m_wanted[RecordCopying::sideIndex(side)])
             continue;
         new (RecordCopying::takePlace(stocks.triangles, side))
@@ -248,6 +251,7 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
         RecordCopying::collectRuns(blocks, side, m_meshes[side]->triangles);
     m_counts = {};
     m_edges = 0;
+    m_sideEdges = {};
     std::size_t meeting = m_meeting.size();
     for (TriangleBlock const& block : blocks)
         meeting += block.meeting.size();
@@ -255,8 +259,10 @@ void RecordCopies<Sorter>::collect(std::vector<TriangleBlock> const& blocks)
     m_blockEnds.reserve(blocks.size());
     for (TriangleBlock const& block : blocks) {
         m_meeting.insert(m_meeting.end(), block.meeting.begin(), block.meeting.end());
-        for (std::size_t side = 0; side < 2; ++side)
+        for (std::size_t side = 0; side < 2; ++side) {
             m_counts[side] += block.counts[side];
+            m_sideEdges[side] += block.sideEdges[side];
+        }
         m_edges += block.edges;
         std::size_t const end = (m_blockEnds.size() + 1) * RecordCopying::blockSize;
         m_blockEnds.push_back(

@@ -126,12 +126,21 @@ public:
     /// many as those that run the other way, within the quad that the four points at `cover` span.
     void drawCap(Geometry& points, int cover, CapLook const& look, QMatrix4x4 const& toClip);
 
+    /// In device pixels, from the lower left corner.
+    struct OutlineArea
+    {
+        /// Where the line may be.
+        QRect line;
+        /// What lies around it as far as the line reaches.
+        QRect asked;
+    };
     /// Draws a line around all that has the mark. Needs OpenGL 3.0 or its framebuffer objects;
     /// without them there is no line.
     ///
     /// target  the framebuffer object of the picture
     /// size, reach  of the picture and the width of the line, in device pixels
-    void drawOutline(GLuint target, QSize size, float reach, unsigned rgba);
+    void drawOutline(GLuint target, QSize size, float reach, unsigned rgba,
+                     OutlineArea const& area);
 
     /// Tells what is to be drawn to `trace`, and draws what that lets through; null for all. The line
     /// around what has the mark is left out of this.

@@ -77,10 +77,17 @@ void DrawDevice::markToAlpha()
     m_gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
 }
 
-void DrawDevice::drawOutline(GLuint target, QSize size, float reach, unsigned rgba)
+void DrawDevice::drawOutline(GLuint target, QSize size, float reach, unsigned rgba,
+                             OutlineArea const& area)
 {
-    if (!QOpenGLFramebufferObject::hasOpenGLFramebufferBlit())
+    if (!QOpenGLFramebufferObject::hasOpenGLFramebufferBlit() || area.line.isEmpty())
         return;
+    auto const limitTo = [this](QRect const& r) {
+        m_gl.glScissor(r.x(), r.y(), r.width(), r.height());
+    };
+    QRect const& asked = area.asked;
+    m_gl.glEnable(GL_SCISSOR_TEST);
+    limitTo(asked);
     m_gl.glDisable(GL_DEPTH_TEST);
     markToAlpha();
     if (!m_mask || m_mask->size() != size)
@@ -89,12 +96,18 @@ void DrawDevice::drawOutline(GLuint target, QSize size, float reach, unsigned rg
     m_gl.glBindFramebuffer(GL_READ_FRAMEBUFFER, target);
     m_gl.glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_mask->handle());
     m_gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    extra.glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
-                            GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    int const left = asked.x(), low = asked.y();
+    int const right = left + asked.width(), high = low + asked.height();
+    extra.glBlitFramebuffer(left, low, right, high, left, low, right, high, GL_COLOR_BUFFER_BIT,
+                            GL_NEAREST);
     m_gl.glBindFramebuffer(GL_FRAMEBUFFER, target);
+    limitTo(area.line);
     m_gl.glActiveTexture(GL_TEXTURE0);
     m_gl.glBindTexture(GL_TEXTURE_2D, m_mask->texture());
     m_gl.glEnable(GL_BLEND);
+    // What has the mark itself is left out, and asks the mask nothing.
+    m_gl.glEnable(GL_STENCIL_TEST);
+    m_gl.glStencilFunc(GL_NOTEQUAL, markBit, markBit);
     m_outline.bind();
     m_outline.setUniformValue("mvp", QMatrix4x4());
     m_outline.setUniformValue("mask", 0);
@@ -105,5 +118,7 @@ void DrawDevice::drawOutline(GLuint target, QSize size, float reach, unsigned rg
     m_outline.release();
     m_gl.glBindTexture(GL_TEXTURE_2D, 0);
     m_gl.glDisable(GL_BLEND);
+    m_gl.glDisable(GL_STENCIL_TEST);
+    m_gl.glDisable(GL_SCISSOR_TEST);
     m_gl.glEnable(GL_DEPTH_TEST);
 }

@@ -258,8 +258,7 @@ void GLView::paintGL()
             tool->draw();
         device->resetState();
         if (m_scene->hasSelection())
-            device->drawOutline(m_scene->target(), m_scene->pixelSize(),
-                                float(outlineWidth * m_scene->pixelRatio()), viewColors().outline);
+            m_scene->drawOutline(float(outlineWidth), viewColors().outline);
         paintOverlay();
     });
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/view/PartPreparer.h"
 
+#include "platform/jobs/BackgroundWork.h"
+
 #include <QCoreApplication>
 
 #include <new>
@@ -91,6 +93,7 @@ void PartPreparer::begin(Mesh const& mesh, Entry& entry)
     entry.request = ++m_lastRequest;
     ++m_running;
     m_thread.start([this, request = entry.request, held = Mesh(mesh)]() mutable {
+        BackgroundWork::giveWay();
         m_ready.put(make(std::move(held), request));
         QMetaObject::invokeMethod(this, &PartPreparer::enterReady, Qt::QueuedConnection);
     });

@@ -12,6 +12,7 @@ PartShape::PartShape(std::unique_ptr<DrawDevice::Geometry> uploaded, PartSurface
     : geometry(std::move(uploaded)),
       meanEdge(surface.meanEdge),
       isSolid(surface.isSolid),
+      box(surface.box),
       bytes(surface.vertices.size() * sizeof(PartSurface::Vertex) +
             surface.indices.size() * sizeof(std::uint32_t)),
       mesh(source),

@@ -28,6 +28,7 @@ struct PartShape
     /// As PartSurface has them.
     double meanEdge;
     bool isSolid;
+    UBox3<float> box;
     std::size_t bytes;
     /// Reset when the records have changed.
     std::weak_ptr<UMesh<float> const> mesh;

@@ -97,8 +97,10 @@ PartSurface::PartSurface(MeshArrays const& mesh)
     : meanEdge(meanEdgeOf(mesh)), isSolid(isClosed(mesh) && isOutward(mesh))
 {
     vertices.reserve(std::max(mesh.points.size(), mesh.triangles.size()));
-    for (MeshArrays::Point const& point : mesh.points)
+    for (MeshArrays::Point const& point : mesh.points) {
         vertices.push_back({point, {0, 0}});
+        box.Add(point);
+    }
     indices.reserve(mesh.triangles.size() * 3);
     std::vector<bool> isLast(mesh.points.size(), false);
     for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {

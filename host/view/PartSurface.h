@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/services/MeshArrays.h"
+#include "platform/geometry/UBox3.h"
 
 #include <cstdint>
 #include <vector>
@@ -24,6 +25,8 @@ struct PartSurface
 
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
+    /// Null without points.
+    UBox3<float> box;
     /// The mean length of the edges, in the mesh's coordinates; 0 without triangles.
     double meanEdge = 0;
     /// Closed, and each connected region faces outward as a whole: from outside, triangles seen

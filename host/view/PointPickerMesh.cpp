@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/view/PointPickerMesh.h"
 
-#include "host/view/PointLabel.h"
+#include "host/view/PickedPointLabel.h"
 #include "host/view/ViewScene.h"
 #include "platform/view/ClickReach.h"
 #include "platform/view/MeshGLView.h"
@@ -94,7 +94,7 @@ void PointPickerMesh::mark(std::optional<UPoint3<float>> point)
         delete m_label;
     } else {
         if (!m_label)
-            m_label = new PointLabel(m_view);
+            m_label = new PickedPointLabel(m_view);
         m_label->setPoint(*point);
         m_label->show();
     }

@@ -188,6 +188,7 @@ void ViewScene::endFrame()
 void ViewScene::paintGroundAndParts(Paint const& ground)
 {
     m_device->resetState();
+    m_marked.clear();
     ground();
     m_standIns.beginParts(*m_device);
     paintProviders(false);
@@ -200,14 +201,15 @@ void ViewScene::paintRest(Paint const& rest)
     rest();
     if (!m_frame)
         paintItems();
-    // What was blended has left an alpha of its own, by which the window would shine through.
+    if (std::exchange(m_isSampled, false))
+        m_samples.end(goal());
+    // What was blended has left an alpha of its own, by which the window would shine through. Where
+    // there is one sample for each pixel, that takes least.
     QOpenGLFunctions& gl = *m_view->context()->functions();
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
     gl.glClearColor(0, 0, 0, 1);
     gl.glClear(GL_COLOR_BUFFER_BIT);
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    if (std::exchange(m_isSampled, false))
-        m_samples.end(goal());
     endFrame();
 }
 

@@ -6,6 +6,7 @@
 #include "host/view/DrawTrace.h"
 #include "host/view/StandIn.h"
 #include "host/view/StandInShape.h"
+#include "platform/jobs/BackgroundWork.h"
 
 #include <QGuiApplication>
 
@@ -221,6 +222,7 @@ void StandIns::make(std::shared_ptr<PartShape> const& shape)
     ++m_running;
     m_thread.start(
         [this, asked = std::weak_ptr<PartShape>(shape), held = std::move(mesh)]() mutable {
+            BackgroundWork::giveWay();
             // Who has taken the part away meanwhile does not need it.
             auto made = held.use_count() > 1 ? standInFor(*held) : nullptr;
             held.reset();

@@ -16,6 +16,7 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -23,6 +24,15 @@ namespace {
 bool isTool(Base::ViewProvider const* provider)
 {
     return dynamic_cast<Base::GraphicViewProvider const*>(provider) != nullptr;
+}
+
+/// What is drawn coarsely may lie that much outside.
+UBox3<float> grown(UBox3<float> box, float by)
+{
+    UVector3<float> const margin(by, by, by);
+    if (!box.Isnullptr())
+        box = {box.min - margin, box.max + margin};
+    return box;
 }
 
 constexpr int messageMilliseconds = 20000;
@@ -199,6 +209,17 @@ void ViewScene::paint(PaintedPart& part)
     QMatrix4x4 const clip = camera.getProjectionMatrix() * toEye;
     if (!m_standIns.paint(*m_device, part, clip, toEye))
         m_device->draw(*part.shape->geometry, part.look, clip, toEye);
+    if (part.look.isMarked)
+        m_marked.add(grown(part.shape->box, float(part.coarseness)), clip);
+}
+
+void ViewScene::drawOutline(float width, unsigned rgba)
+{
+    float const reach = width * float(pixelRatio());
+    auto const within = [&](float margin) {
+        return m_marked.inPicture(pixelSize(), int(std::ceil(margin)) + 1);
+    };
+    m_device->drawOutline(target(), pixelSize(), reach, rgba, {within(reach), within(2 * reach)});
 }
 
 QSize ViewScene::logicalSize() const

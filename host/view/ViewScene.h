@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/view/DeviceWork.h"
+#include "host/view/MarkedArea.h"
 #include "host/view/PartPreparer.h"
 #include "host/view/PartShape.h"
 #include "host/view/PartTints.h"
@@ -115,6 +116,11 @@ public:
     void drawOnce(std::vector<UPoint3<float>> const& points, std::span<DrawRun const> runs,
                   QMatrix4x4 const& toClip);
 
+    /// Draws the line around what is selected into the picture that is being painted.
+    ///
+    /// width  in pixels independent of the device
+    void drawOutline(float width, unsigned rgba);
+
     /// World to clip space.
     QMatrix4x4 toClip() const;
 
@@ -160,6 +166,8 @@ private:
     std::vector<Base::GLGraphicsItem*> m_items;
     std::unique_ptr<DrawDevice> m_device;
     PartTints m_tints;
+    /// Of the picture that was painted or traced last.
+    MarkedArea m_marked;
     SampledPicture m_samples;
     PictureFrame* m_frame = nullptr;
     std::function<void()> m_paintTopmost;

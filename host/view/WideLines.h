@@ -10,6 +10,9 @@
 
 /// Lines of any width as triangles in clip space: OpenGL 3.3 core draws none wider than a pixel.
 ///
+/// Of very many lines those are left out that lie within a pixel, where nothing is seen of them but the
+/// time that they take; what remains still meets, and a pixel that had lines keeps at least a dot.
+///
 /// joins   makes the lines longer by half their width at both ends, so that there is no notch where
 ///         two meet; where they overlap, translucent ones would show it
 /// points  pairs of ends; lines that reach behind the eye are left out

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-class PointLabel;
+class PickedPointLabel;
 
 namespace Mesh {
 
@@ -46,7 +46,7 @@ private:
     bool m_isPressed = false;
     QPoint m_press;
     std::optional<UPoint3<float>> m_point;
-    QPointer<PointLabel> m_label;
+    QPointer<PickedPointLabel> m_label;
 };
 
 }  // namespace Mesh

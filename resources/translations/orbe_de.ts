@@ -3805,7 +3805,7 @@
     </message>
 </context>
 <context>
-    <name>PointLabel</name>
+    <name>PickedPointLabel</name>
     <message>
         <source>X: %1  Y: %2  Z: %3 %4</source>
         <extracomment>Coordinates of a picked point and their unit.</extracomment>

@@ -172,7 +172,7 @@ TEST_F(HeightCutWindow, WhatMakesNoSenseIsToldInTheDialogAndCutsNothing)
     addSelected(box(10, 10, 50), "bar");
     for (auto const& [text, told] :
          {std::pair{"1 x", "\"x\" is no number."}, {"70", "No height goes through the parts."}}) {
-        cut([&](HeightCutDialog& dialog) { type(dialog, text); }, Qt::Key_Return);
+        cut([&, typed = text](HeightCutDialog& dialog) { type(dialog, typed); }, Qt::Key_Return);
         EXPECT_EQ(summary, told);
         EXPECT_EQ(names(), std::vector<std::string>{"bar"});
     }

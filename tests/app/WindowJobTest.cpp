@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/jobs/WindowJob.h"
+#include "platform/jobs/BackgroundWork.h"
 #include "platform/jobs/Exceptions.h"
 #include "tests/support/WaitUntil.h"
 
@@ -7,6 +8,7 @@
 
 #include <new>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <thread>
 
 namespace {
@@ -45,6 +47,16 @@ TEST(WindowJob, EndsWellWithoutAWord)
                     progress(50);
                 }).isDone());
     EXPECT_NE(where, std::this_thread::get_id());
+}
+
+TEST(WindowJob, StandsBackBehindTheWindow)
+{
+    BackgroundWork::setGivingWay(true);
+    int niceness = 0;
+    EXPECT_TRUE(outcomeOf([&](WindowJob::Progress const&) {
+                    niceness = getpriority(PRIO_PROCESS, 0);
+                }).isDone());
+    EXPECT_GT(niceness, getpriority(PRIO_PROCESS, 0));
 }
 
 TEST(WindowJob, WhateverItsWorkThrowsEndsItWithASentence)

@@ -33,16 +33,17 @@ void collect(fs::path const& path, Names& names)
         names.insert(match->str());
 }
 
-/// The pages that the sources name.
+/// The pages that the sources name, and what builds them.
 Names namedPages()
 {
+    Names const extensions{".h", ".cpp", ".cmake"};
     Names names;
     for (char const* const folder :
          {"platform", "host", "drawings", "cutjobs", "connectors", "tools", "messages", "selection",
-          "display", "dialogs", "module", "app", "cli", "python"})
+          "display", "dialogs", "module", "app", "cli", "python", "cmake"})
         for (fs::directory_entry const& entry :
              fs::recursive_directory_iterator(sourcePath(folder)))
-            if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")
+            if (extensions.contains(entry.path().extension().string()))
                 collect(entry.path(), names);
     return names;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/FreecutProcess.h"
+#include "tests/support/CrossingPair.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Validator.h"
 
@@ -221,4 +222,22 @@ TEST(FreecutBoolean, NamesTheFileThatIsToBlameAndThePlace)
         EXPECT_TRUE(refused.errors.ends_with(" Repair it (freecut repair) and try again.\n"))
             << refused.errors;
     EXPECT_EQ(folder.files().size(), 2u);
+}
+
+TEST(FreecutBoolean, TellsThatAPieceCrossesItselfByRounding)
+{
+    FreecutFolder folder;
+    SolidPair const pair = pairLeftCrossing();
+    folder.addStl(pair.a, "a.stl");
+    folder.addStl(pair.b, "b.stl");
+    auto const result =
+        folder.run({"boolean", "a.stl", "b.stl", "--subtract", "--json", "-", "--quiet"});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    EXPECT_NE(result.errors.find("A piece crosses itself where coordinates had to be rounded."),
+              std::string::npos)
+        << result.errors;
+    auto const remarks = result.json()["parts"][0]["remarks"];
+    ASSERT_EQ(remarks.size(), 1u);
+    EXPECT_EQ(remarks[0]["kind"], "pieceCrossesItself");
+    EXPECT_FALSE(remarks[0]["places"].empty());
 }

@@ -17,8 +17,8 @@ TEST(FreecutCommandLine, TellsItsVersion)
     auto const result = folder.run({"--version"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output.find("freecut "), 0u) << result.output;
-    for (std::string const library :
-         {"Qt", "CGAL", "oneTBB", "Clipper", "lib3mf", "zlib", "CLI11", "nlohmann-json"}) {
+    for (std::string const library : {"Qt", "CGAL", "oneTBB", "Clipper", "lib3mf", "zlib",
+                                      "libdeflate", "CLI11", "nlohmann-json"}) {
         std::size_t const name = result.output.find(library + ' ');
         ASSERT_NE(name, std::string::npos) << result.output;
         EXPECT_TRUE(std::isdigit(result.output[name + library.size() + 1])) << result.output;

@@ -2,6 +2,7 @@
 #include "cutjobs/PolygonCutImp.h"
 #include "tests/cutjobs/ConsoleLines.h"
 #include "tests/cutjobs/RecordingSink.h"
+#include "tests/support/CrossingPair.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/TestDocument.h"
 #include "tests/support/Validator.h"
@@ -233,6 +234,26 @@ TEST(PolygonCutImp, ACancelIsLoggedOnceAndTheMessageOfAFailureIsKept)
     EXPECT_EQ(run.events, Events{"process end"});
     EXPECT_EQ(console.lines(), Events{"Command Abort."});
     EXPECT_EQ(run.worker.getErrorMessage(), "");
+}
+
+TEST(PolygonCutImp, APieceThatRoundingLeavesCrossingItselfIsTold)
+{
+    SolidPair const pair = pairLeftCrossing();
+    for (bool const isApart : {false, true}) {
+        TestDocument test;
+        Mesh::DocumentObject* const part = test.add(pair.a, "part");
+        PolygonRun run({part});
+        if (isApart)
+            run.cutApart(pair.b, pair.b);
+        else
+            run.cut(pair.b);
+        ASSERT_EQ(run.events.back(), "true");
+        ASSERT_EQ(run.worker.remarks().size(), 1u) << isApart;
+        CutRemark const& remark = run.worker.remarks()[0];
+        EXPECT_EQ(remark.kind, CutRemark::Kind::PieceCrossesItself);
+        EXPECT_EQ(remark.part, part);
+        EXPECT_FALSE(remark.places.empty());
+    }
 }
 
 TEST(PolygonCutImp, WithoutAToolTheJobFails)

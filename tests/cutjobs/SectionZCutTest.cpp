@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cutjobs/SectionZCut.h"
 #include "platform/document/DocumentObjectGroup.h"
+#include "platform/jobs/BackgroundWork.h"
 #include "platform/jobs/EventNotify.h"
 #include "platform/ui/MellViewSlider.h"
 #include "tests/cutjobs/ConsoleLines.h"
@@ -10,6 +11,9 @@
 #include "tests/support/Validator.h"
 
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <sys/resource.h>
 
 using Names = std::vector<std::string>;
 using Points = std::vector<UPoint3<float>>;
@@ -67,6 +71,21 @@ TEST(SectionZCut, AHeightBelowAllPartsLeavesEachWhole)
     Names names = test.names();
     std::sort(names.begin(), names.end());
     EXPECT_EQ(names, (Names{"a_cut", "b_cut"}));
+}
+
+TEST(SectionZCut, StandsBackBehindAWindow)
+{
+    BackgroundWork::setGivingWay(true);
+    TestDocument test;
+    auto* const part = test.add(box(2, 3, 4), "box");
+    PluggedSink const sink;
+    std::atomic<int> niceness = 0;
+    sink->onProgress = [&](RecordingSink&, int) { niceness = getpriority(PRIO_PROCESS, 0); };
+    ZCutRun run;
+    run.cutAt(test, {part}, 1.5f);
+    BackgroundWork::setGivingWay(false);
+    EXPECT_EQ(run.code, 1);
+    EXPECT_GT(niceness, getpriority(PRIO_PROCESS, 0));
 }
 
 TEST(SectionZCut, AStartWithoutADocumentFinishesBeforeItReturns)

@@ -8,8 +8,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
 using namespace Formats;
 using testing::HasSubstr;
@@ -33,7 +36,7 @@ std::string facets(std::size_t count)
 }
 
 /// More than one thread reads at once.
-constexpr std::size_t many = 5000;
+constexpr std::size_t many = 15000;
 
 }  // namespace
 
@@ -46,6 +49,35 @@ TEST(AsciiFacets, ManyAreTakenInTheOrderOfTheText)
     for (std::size_t i = 0; i < many; ++i)
         ASSERT_EQ(taken.facets[i][0], UPoint3<float>(float(i + 2), 0, 0));
     EXPECT_EQ(taken.facets.back()[2], UPoint3<float>(0, 1, 0));
+}
+
+TEST(AsciiFacets, CornersHaveTheNumbersOfTheirOwnLine)
+{
+    std::mt19937 random(5);
+    // Few that come again and again, short and long ones, which differ in one digit here or there.
+    std::vector<std::string> numbers;
+    for (std::string const digits :
+         {"1", "1.25", "10000001", "-3.1250000000000000000000000", "72.5e-3"})
+        for (char const digit : {'2', '3', '4'})
+            numbers.push_back(std::string(digits).replace(digits.size() / 2, 1, 1, digit));
+    std::string text;
+    std::vector<Facet> expected(many);
+    for (Facet& corners : expected) {
+        text += "facet normal 0 0 1\nouter loop\n";
+        for (UPoint3<float>& corner : corners) {
+            text += "vertex";
+            for (int axis = 0; axis < 3; ++axis) {
+                std::string const& number = numbers[random() % numbers.size()];
+                text += ' ' + number;
+                corner[axis] = std::strtof(number.c_str(), nullptr);
+            }
+            text += '\n';
+        }
+        text += "endloop\nendfacet\n";
+    }
+    AsciiFacets const taken = scanAsciiFacets(text);
+    EXPECT_EQ(taken.bytes, text.size());
+    EXPECT_TRUE(taken.facets == expected);
 }
 
 TEST(AsciiFacets, LineEndsOfOtherSystemsAreUsual)

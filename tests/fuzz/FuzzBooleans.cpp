@@ -96,8 +96,9 @@ BooleanPieces exactPiecesOf(Soup const& a, Soup const& b)
     StageProgress progress(unasked);
     static constexpr std::array wanted{BooleanPiece::united, BooleanPiece::common,
                                        BooleanPiece::difference};
+    CombiningNotes notes;
     auto results = combineExactly({a.points, a.triangles}, {b.points, b.triangles}, wanted, {},
-                                  false, progress);
+                                  notes, progress);
     auto const soup = [&](std::size_t i) { return soupOf(MeshKernel(results[i].mesh.release())); };
     Soup const united = soup(0), common = soup(1), difference = soup(2);
     return {united, common, difference, common, difference};

@@ -172,10 +172,8 @@ void DividedFace::addContact(Number cutter)
                                m_soup.mesh.point(t, 2)};
     };
     TriangleContact const contact = contactOf(cornersOf(0), cornersOf(cutter));
-    if (contact.count != 2)
-        return;
     Number ends[2];
-    for (std::size_t i = 0; i < 2; ++i) {
+    for (std::size_t i = 0; i < std::size_t(contact.count); ++i) {
         TrianglePlace const place = contact.points[i].inFirst;
         ends[i] = m_points.add(contact.points[i], 0, cutter);
         if (place.isFace())
@@ -183,7 +181,7 @@ void DividedFace::addContact(Number cutter)
         if (place.isEdge())
             m_onEdges[std::size_t(place.index())].push_back(ends[i]);
     }
-    if (commonSide(contact.points[0].inFirst, contact.points[1].inFirst) < 0)
+    if (contact.count == 2 && commonSide(contact.points[0].inFirst, contact.points[1].inFirst) < 0)
         m_cutters.try_emplace(undirected(ends[0], ends[1]), cutter);
 }
 

@@ -367,10 +367,13 @@ TEST(FaceTriangulation, SegmentsAreInTheFaceOrToldWhateverTheLimits)
 
 TEST(FaceTriangulation, PointThatIsNotFoundIsNotLeftOut)
 {
-    // A limit that exact points do not reach, made so small that they do.
-    std::vector<WholeTriangle> const walls{wall(1, 1, 4, 1), wall(4, 1, 2, 3), wall(2, 3, 1, 1)};
-    DividedFace face(plainFace, walls, {}, {.forPoint = 0, .forPointPerFacet = 0});
+    // A limit that exact points do not reach, made so small that they do. No segment ends at the point,
+    // and would be missed.
+    WholeTriangle const tip{WholePoint{{2, 2, 0}}, WholePoint{{2, 3, 4}}, WholePoint{{3, 2, 4}}};
+    DividedFace face(plainFace, {tip}, {}, {.forPoint = 0, .forPointPerFacet = 0});
     EXPECT_FALSE(face.divide());
-    DividedFace found(plainFace, walls);
+    DividedFace found(plainFace, {tip});
     EXPECT_TRUE(found.divide());
+    EXPECT_EQ(found.facets.corners.size(), 3u);
+    EXPECT_TRUE(found.segments().empty());
 }

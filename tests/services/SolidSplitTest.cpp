@@ -51,14 +51,14 @@ struct Prism
 /// the wall's plane, and the piece of line against the wall's upright ends.
 double sectionLength(Soup const& part, Prism const& prism, std::size_t wall)
 {
-    auto const& [ax, ay] = prism.outline[wall];
-    auto const& [bx, by] = prism.outline[(wall + 1) % prism.outline.size()];
-    double const width = std::hypot(bx - ax, by - ay);
+    std::array<double, 2> const& a = prism.outline[wall];
+    std::array<double, 2> const& b = prism.outline[(wall + 1) % prism.outline.size()];
+    double const width = std::hypot(b[0] - a[0], b[1] - a[1]);
     auto const across = [&](Point const& p) {
-        return ((bx - ax) * (p.Y() - ay) - (by - ay) * (p.X() - ax)) / width;
+        return ((b[0] - a[0]) * (p.Y() - a[1]) - (b[1] - a[1]) * (p.X() - a[0])) / width;
     };
     auto const along = [&](Point const& p) {
-        return ((bx - ax) * (p.X() - ax) + (by - ay) * (p.Y() - ay)) / width;
+        return ((b[0] - a[0]) * (p.X() - a[0]) + (b[1] - a[1]) * (p.Y() - a[1])) / width;
     };
     double length = 0;
     for (auto const& triangle : part.triangles) {

@@ -104,24 +104,31 @@ Soup gridPrism(std::mt19937& random)
 
 NamedSoup randomGridSolid(std::mt19937& random, bool withSelfTouching)
 {
-    auto const side = [&] { return float(numberBetween(random, 1, 4)); };
+    // Compilers evaluate arguments in orders of their own; all of them are to make the same solids.
+    auto const randomBox = [&](UPoint3<float> const& corner) {
+        float const depth = float(numberBetween(random, 1, 4));
+        float const width = float(numberBetween(random, 1, 4));
+        float const length = float(numberBetween(random, 1, 4));
+        return box(length, width, depth, corner);
+    };
     switch (random() % (withSelfTouching ? 7 : 5)) {
         case 0:
-            return {"box", box(side(), side(), side())};
+            return {"box", randomBox({0, 0, 0})};
         case 1:
             return {"tetrahedron", gridTetrahedron(random)};
         case 2:
             return {"prism", gridPrism(random)};
         case 3:
-            return {"hollow box",
-                    hollow(box(5, 5, 5), box(side(), side(), side(), {0.5f, 0.5f, 0.5f}))};
+            return {"hollow box", hollow(box(5, 5, 5), randomBox({0.5f, 0.5f, 0.5f}))};
         case 4: {
-            Soup soup = box(side(), side(), side());
-            soup.append(box(side(), side(), side(), {5, 0, 1}));
+            Soup soup = randomBox({0, 0, 0});
+            soup.append(randomBox({5, 0, 1}));
             return {"two boxes", soup};
         }
-        case 5:
-            return {"voxels", randomVoxels(2 + int(random() % 2), unsigned(random()))};
+        case 5: {
+            auto const seed = unsigned(random());
+            return {"voxels", randomVoxels(2 + int(random() % 2), seed)};
+        }
         default: {
             Soup soup = box(2, 2, 2);
             soup.append(box(2, 3, 2, {2, 2, float(random() % 2)}));

@@ -1,7 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+// g++ defines a macro where the address sanitizer is built in, clang++ answers a question.
 #if defined(__SANITIZE_ADDRESS__)
+#define MELL_CHECKS_LEAKS
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define MELL_CHECKS_LEAKS
+#endif
+#endif
+
+#if defined(MELL_CHECKS_LEAKS)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -10,7 +19,7 @@
 class UncheckedLeaks
 {
 public:
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(MELL_CHECKS_LEAKS)
     UncheckedLeaks()
     {
         __lsan_disable();

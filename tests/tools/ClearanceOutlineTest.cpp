@@ -95,7 +95,8 @@ TEST(ClearanceOutline, BelowAThousandthItIsOff)
     CuboidScene scene;
     EXPECT_TRUE(scene.update(2, 0.0009f).innerRing().empty());
     EXPECT_TRUE(scene.update(2, 0.0009f).outerRing().empty());
-    EXPECT_EQ(scene.update(2, 0.0009f).topRing(), scene.update(2, 0).baseRing());
+    auto const topRing = scene.update(2, 0.0009f).topRing();
+    EXPECT_EQ(topRing, scene.update(2, 0).baseRing());
     EXPECT_FALSE(scene.update(2, 0.001f).outerRing().empty());
     scene.record.setClearanceEnabled(false);
     EXPECT_TRUE(scene.update(2, 1).outerRing().empty());

@@ -44,9 +44,10 @@ public:
             FlatRing loop{start};
             bool isClosed = true;
             while (end != start) {
-                auto const next = std::find_if(
-                    segments.begin(), segments.end(),
-                    [&](Segment const& s) { return s.start == end && s.flag == flag; });
+                auto const next = std::find_if(segments.begin(), segments.end(),
+                                               [place = end, side = flag](Segment const& s) {
+                                                   return s.start == place && s.flag == side;
+                                               });
                 isClosed = next != segments.end();
                 if (!isClosed)
                     break;

@@ -2,7 +2,6 @@
 #include "host/services/boolean/ExactCombination.h"
 
 #include "host/services/MeshMaking.h"
-#include "host/services/boolean/BooleanNotes.h"
 #include "host/services/boolean/Refusals.h"
 #include "host/services/boolean/ResultCheck.h"
 #include "host/services/boolean/SolidMending.h"
@@ -34,8 +33,8 @@ std::optional<MeshArrays>& solidOf(Exact::CombinedSolids& combined, BooleanPiece
 
 std::vector<BooleanResult> combineExactly(MeshArrays const& part, MeshArrays const& tool,
                                           std::span<BooleanPiece const> pieces,
-                                          std::optional<UPoint3<float>> doubtful, bool isLogged,
-                                          StageProgress& progress)
+                                          std::optional<UPoint3<float>> doubtful,
+                                          CombiningNotes& notes, StageProgress& progress)
 {
     ResultCheck const check(part, tool, progress);
     // The solids as results, mended; none if one of them is missing or wrong.
@@ -57,8 +56,7 @@ std::vector<BooleanResult> combineExactly(MeshArrays const& part, MeshArrays con
             }
             results.push_back({makeMesh(*solids[i], progress)});
         }
-        if (isLogged)
-            logCrossings(crossings);
+        notes.crossing = crossings;
         return results;
     };
     Exact::WantedSolids const wanted = wantedOf(pieces);

@@ -14,8 +14,8 @@
 /// held against the operands; throws what Refusal::throwNotCombined() throws if none is right.
 ///
 /// doubtful  a place where other results were seen to be wrong, for the refusal
-/// isLogged  whether crossings that are left are told in the log
+/// notes     receives the crossings that are left
 std::vector<BooleanResult> combineExactly(MeshArrays const& part, MeshArrays const& tool,
                                           std::span<BooleanPiece const> pieces,
-                                          std::optional<UPoint3<float>> doubtful, bool isLogged,
-                                          StageProgress& progress);
+                                          std::optional<UPoint3<float>> doubtful,
+                                          CombiningNotes& notes, StageProgress& progress);

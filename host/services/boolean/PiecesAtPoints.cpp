@@ -4,7 +4,7 @@
 #include "host/mesh/ExactSigns.h"
 #include "host/services/Polling.h"
 #include "host/services/TrianglePair.h"
-#include "host/services/boolean/TriangleGap.h"
+#include "host/services/boolean/MeetingInReach.h"
 
 #include <algorithm>
 #include <array>
@@ -161,27 +161,28 @@ float PiecesAtPoints::unitAt(Index point) const
     return unitOf(m_mesh.points[point]);
 }
 
-std::array<Point, 3> PiecesAtPoints::cornersOf(std::size_t t) const
-{
-    return {m_mesh.point(t, 0), m_mesh.point(t, 1), m_mesh.point(t, 2)};
-}
-
 bool PiecesAtPoints::takeBestMove(Pair const& pair, StageProgress& progress)
 {
     std::set<Index> points;
     for (std::size_t const t : pair)
         for (Index const corner : m_mesh.triangles[t])
-            if (m_isFree[corner])
+            if (m_isFree[corner] && !isKnownVain(corner))
                 points.insert(corner);
-    std::vector<std::size_t> const near = trianglesNear(points, progress);
+    if (points.empty())
+        return false;
+    std::vector<Near> const near = trianglesNear(points, progress);
     std::optional<Move> best;
     for (Index const point : points) {
         progress.add(0);
+        bool const isFirst = !best;
         listNeighbours(point, near);
         int const before = faultsNow();
         if (best && before <= best->gain)
             continue;
         for (Move& move : movesOf(point)) {
+            // A point that is moved leaves what meets wherever it is; one that is joined may not.
+            if (!move.into && before - int(m_lasting.size()) <= (best ? best->gain : 0))
+                break;
             move.gain = before - faultsAfter(move, before - (best ? best->gain : 0));
             if (move.gain > 0 && (!best || move.gain > best->gain))
                 best = move;
@@ -190,6 +191,8 @@ bool PiecesAtPoints::takeBestMove(Pair const& pair, StageProgress& progress)
         }
         if (best && best->point == point && best->gain == before)
             break;
+        if (isFirst && !best)
+            m_vain[point] = {boxAround(point), m_changes.size()};
     }
     if (best)
         apply(*best);
@@ -202,52 +205,80 @@ float PiecesAtPoints::reachOf(Index point) const
     return unitAt(point) * float(2 * joinUnits);
 }
 
+/// Where the triangles around a point are, wherever it is moved.
+PiecesAtPoints::Box PiecesAtPoints::boxAround(Index point) const
+{
+    Box box;
+    for (std::size_t const t : m_around[point])
+        if (!isGone(t))
+            box.add(grown(boxOf(t), reachOf(point)));
+    return box;
+}
+
+/// Whether all moves of a point were tried in vain, and nothing that they might meet has changed.
+bool PiecesAtPoints::isKnownVain(Index point) const
+{
+    auto const known = m_vain.find(point);
+    return known != m_vain.end() &&
+           std::none_of(m_changes.begin() + std::ptrdiff_t(known->second.changes), m_changes.end(),
+                        [&](Box const& box) { return box.overlaps(known->second.box); });
+}
+
 /// The triangles that those around some points may meet.
-std::vector<std::size_t> PiecesAtPoints::trianglesNear(std::set<Index> const& points,
-                                                       StageProgress& progress)
+std::vector<PiecesAtPoints::Near> PiecesAtPoints::trianglesNear(std::set<Index> const& points,
+                                                                StageProgress& progress)
 {
     Box box;
     for (Index const point : points)
-        for (std::size_t const t : m_around[point])
-            if (!isGone(t))
-                box.add(grown(boxOf(t), reachOf(point)));
-    std::vector<std::size_t> near;
+        box.add(boxAround(point));
+    std::vector<Near> near;
     Polling polling(progress);
     for (std::size_t t = 0; t < m_mesh.triangles.size(); ++t, polling.step())
-        if (!isGone(t) && boxOf(t).overlaps(box))
-            near.push_back(t);
+        if (!isGone(t))
+            if (Box const own = boxOf(t); own.overlaps(box))
+                near.push_back({t, own});
     m_work += m_mesh.triangles.size();
     return near;
 }
 
 /// Lists, for each triangle around a point, which others it may meet while the point moves.
-void PiecesAtPoints::listNeighbours(Index point, std::vector<std::size_t> const& near)
+void PiecesAtPoints::listNeighbours(Index point, std::vector<Near> const& near)
 {
     m_neighbours.clear();
     m_obstacles.clear();
+    m_lasting.clear();
     m_corners.clear();
-    for (std::size_t const t : near)
-        for (Index const corner : m_mesh.triangles[t])
-            m_corners.push_back(corner);
+    Box const within = boxAround(point);
+    std::vector<Near const*> candidates;
+    for (Near const& other : near)
+        if (other.box.overlaps(within)) {
+            candidates.push_back(&other);
+            for (Index const corner : m_mesh.triangles[other.triangle])
+                m_corners.push_back(corner);
+        }
     std::sort(m_corners.begin(), m_corners.end());
     m_corners.erase(std::unique(m_corners.begin(), m_corners.end()), m_corners.end());
     float const reach = reachOf(point);
+    MeetingInReach const meeting(m_mesh, point, double(reach));
     for (std::size_t const t : m_around[point]) {
         if (isGone(t))
             continue;
         Neighbours& of = m_neighbours.emplace_back();
         of.triangle = t;
         Box const box = grown(boxOf(t), reach);
-        for (std::size_t const u : near) {
+        for (Near const* const other : candidates) {
+            std::size_t const u = other->triangle;
             bool const isAround = hasCorner(u, point);
-            if (u == t || (isAround && u < t) || m_sources[u].piece != m_sources[t].piece)
+            if (u == t || (isAround && u < t) || m_sources[u].piece != m_sources[t].piece ||
+                (!isAround && !other->box.overlaps(box)) || meeting.isNone(t, u))
                 continue;
-            if (isAround || (boxOf(u).overlaps(box) &&
-                             !areFurtherApart(cornersOf(t), cornersOf(u), double(reach))))
+            if (meeting.isCertain(t, u))
+                m_lasting.push_back({t, u});
+            else
                 of.others.push_back(u);
         }
     }
-    m_work += m_neighbours.size() * near.size();
+    m_work += m_neighbours.size() * candidates.size();
 }
 
 bool PiecesAtPoints::hasCorner(std::size_t triangle, Index point) const
@@ -260,7 +291,7 @@ bool PiecesAtPoints::hasCorner(std::size_t triangle, Index point) const
 /// flat or turned over. Puts what they meet first in their lists.
 int PiecesAtPoints::faultsNow()
 {
-    int count = 0;
+    int count = int(m_lasting.size());
     m_workPerMove = 0;
     for (Neighbours& of : m_neighbours) {
         m_workPerMove += 1 + of.others.size();
@@ -285,7 +316,9 @@ int PiecesAtPoints::faultsNow()
 /// moves leave what met before, and are told by this alone.
 int PiecesAtPoints::faultsBelow(int limit)
 {
-    int count = 0;
+    int count = int(std::count_if(m_lasting.begin(), m_lasting.end(), [this](Pair const& pair) {
+        return !isGone(pair[0]) && !isGone(pair[1]);
+    }));
     for (Neighbours const& of : m_neighbours) {
         if (count >= limit)
             return count;
@@ -472,6 +505,8 @@ void PiecesAtPoints::replaceCorners(std::vector<std::size_t> const& triangles, I
 
 void PiecesAtPoints::apply(Move const& move)
 {
+    // What the moved triangles leave, and where they come.
+    m_changes.push_back(boxAround(move.point));
     if (!move.into) {
         m_mesh.points[move.point] = move.place;
         return;

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <set>
+#include <unordered_map>
 #include <vector>
 
 /// All pieces of a boolean in one list of triangles, by the numbers of their points, whose points can
@@ -70,20 +71,33 @@ private:
         std::size_t met = 0;
     };
 
+    struct Near
+    {
+        std::size_t triangle;
+        Box box;
+    };
+    /// Of a point no move of which is better: what was looked at, and how many changes were before.
+    struct Vain
+    {
+        Box box;
+        std::size_t changes;
+    };
+
     bool isWorthWork() const;
     bool isGone(std::size_t triangle) const { return m_mesh.isCollapsed(triangle); }
     bool isFlat(std::size_t t) const;
     bool isTurned(std::size_t t) const;
     bool doMeet(std::size_t t, std::size_t u) const;
     bool hasCorner(std::size_t triangle, Index point) const;
-    std::array<Point, 3> cornersOf(std::size_t t) const;
     Box boxOf(std::size_t t) const;
     float unitAt(Index point) const;
     float reachOf(Index point) const;
 
     bool takeBestMove(Pair const& pair, StageProgress& progress);
-    std::vector<std::size_t> trianglesNear(std::set<Index> const& points, StageProgress& progress);
-    void listNeighbours(Index point, std::vector<std::size_t> const& near);
+    Box boxAround(Index point) const;
+    bool isKnownVain(Index point) const;
+    std::vector<Near> trianglesNear(std::set<Index> const& points, StageProgress& progress);
+    void listNeighbours(Index point, std::vector<Near> const& near);
     int faultsNow();
     int faultsBelow(int limit);
     int obstaclesMet(int limit) const;
@@ -113,11 +127,16 @@ private:
     /// Of the point at hand: the triangles around it, and the points nearby.
     std::vector<Neighbours> m_neighbours;
     std::vector<Index> m_corners;
+    /// What meets wherever the point is moved.
+    std::vector<Pair> m_lasting;
     /// What its moves have met that it did not meet before.
     std::vector<Pair> m_obstacles;
     /// What looking at all that a move of this point may change is taken for.
     std::size_t m_workPerMove = 0;
     std::size_t m_work = 0;
+    std::unordered_map<Index, Vain> m_vain;
+    /// Where moves have changed something, in turn.
+    std::vector<Box> m_changes;
     /// What of the work mended pairs, and what was done for pairs that go on meeting.
     std::size_t m_workOfMended = 0;
     std::size_t m_workInVain = 0;

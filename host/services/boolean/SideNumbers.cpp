@@ -2,11 +2,7 @@
 #include "host/services/boolean/SideNumbers.h"
 
 #include "host/services/boolean/FlatMap.h"
-
-#include <tbb/blocked_range.h>
-#include <tbb/parallel_reduce.h>
-
-#include <functional>
+#include "host/services/boolean/PieceClosure.h"
 
 std::vector<std::uint32_t> const& SideNumbers::groupsWithTriangles(LabelledGroups& labelled)
 {
@@ -28,24 +24,9 @@ std::vector<std::uint32_t> const& SideNumbers::groupsWithTriangles(LabelledGroup
 
 bool SideNumbers::isSecondClosed()
 {
-    using Range = tbb::blocked_range<std::uint32_t>;
-    auto const sumOf = [this](Range const& range, std::uint64_t sum) {
-        for (std::uint32_t t = range.begin(); t != range.end(); ++t) {
-            Corners const& c = m_soup.corners(t);
-            for (std::size_t k = 0; k < 3; ++k) {
-                auto const [low, high] = std::minmax(c[k], c[(k + 1) % 3]);
-                std::uint64_t const number = mixBits(std::uint64_t(low) << 32 | high);
-                sum += c[k] == low ? number : -number;
-            }
-        }
-        m_progress.add(0);
-        return sum;
-    };
-    // Sums of whole numbers are the same in any order.
     if (!m_isSecondClosed)
-        m_isSecondClosed =
-            tbb::parallel_reduce(Range(m_soup.firstTriangleOfSecond, m_soup.triangleCount(), 4096),
-                                 std::uint64_t(0), sumOf, std::plus<>()) == 0;
+        m_isSecondClosed = areClosed(
+            std::span(m_soup.mesh.triangles).subspan(m_soup.firstTriangleOfSecond), m_progress);
     return *m_isSecondClosed;
 }
 

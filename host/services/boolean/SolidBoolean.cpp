@@ -13,6 +13,7 @@
 #include "host/services/boolean/NearSoup.h"
 #include "host/services/boolean/OperandOrder.h"
 #include "host/services/boolean/PartWindings.h"
+#include "host/services/boolean/PieceClosure.h"
 #include "host/services/boolean/PieceContours.h"
 #include "host/services/boolean/PieceWriter.h"
 #include "host/services/boolean/Refusals.h"
@@ -43,12 +44,13 @@ class SolidBoolean
 public:
     SolidBoolean(MeshKernel const& part, MeshKernel const& tool,
                  std::span<BooleanPiece const> pieces, std::function<void(int)> const& progress,
-                 BooleanSurvey* survey)
+                 CombiningNotes& notes, BooleanSurvey* survey)
         : m_partKernel(part),
           m_mesh(part.readMesh()),
           m_part(*m_mesh),
           m_pieces(pieces),
           m_progress(progress),
+          m_notes(notes),
           m_survey(survey)
     {
         m_progress.begin(0, gridDone, 8 * tool.readMesh()->triangles.size());
@@ -84,6 +86,7 @@ private:
         copies.copyTriangles();
         m_isPartClosed = copies.edgeSum() == 0;
         m_isPartInDoubt = !m_isPartClosed && !m_isChecked;
+        m_isToolClosed = areClosed(m_tool.mesh.triangles, m_progress);
         m_near = gatherNear(copies, m_part.vertices.size(), m_tool.mesh, m_progress);
         setAnchors(rays.numbers(m_part, m_soup.mesh, m_soup.firstTriangleOfSecond, m_progress));
         if (hasFlatTriangle(m_soup.mesh, m_progress))
@@ -104,6 +107,7 @@ private:
         if (results.size() < m_pieces.size())
             m_doubtful = boolean.doubtfulPlace();
         if (results.size() < m_pieces.size() || !holdAgainstOperands(results)) {
+            m_notes = {};
             if (m_survey)
                 m_survey->contours.clear();
             results = combineWholes(boolean);
@@ -117,6 +121,12 @@ private:
     static bool isKept(BooleanPiece piece, bool isIn)
     {
         return BooleanRule(piece).timesOfFirst(isIn, isIn) > 0;
+    }
+
+    /// Of what is copied for a piece.
+    static CutSide sideOf(BooleanPiece piece)
+    {
+        return isKept(piece, false) ? sideAbove : sideBelow;
     }
 
     Copies::Wanted wantedSides() const
@@ -233,17 +243,31 @@ private:
             triangles,
             m_isChecked ? SoupBoolean::AfterMending::all : SoupBoolean::AfterMending::onlyPlaces,
             m_progress);
+        for (std::size_t i = 0; i < m_pieces.size(); ++i)
+            if (!closes(boolean, copies, m_pieces[i], triangles[i]))
+                return {};
         if (!m_isChecked)
             freeOperands();
         if (m_survey)
             m_survey->contours =
                 contoursOf(triangles, boolean, m_soup.firstTriangleOfSecond, m_progress);
-        else
-            logCrossings(crossings);
+        m_notes.crossing = crossings;
         std::vector<BooleanResult> results;
         for (std::size_t i = 0; i < m_pieces.size(); ++i)
             results.push_back(write(boolean, copies, m_pieces[i], triangles[i]));
         return results;
+    }
+
+    /// Whether a piece of closed operands is closed, with all that was copied for it.
+    bool closes(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
+                std::vector<PieceTriangle> const& triangles)
+    {
+        if (!m_isPartClosed || !m_isToolClosed)
+            return true;
+        CutSide const side = sideOf(piece);
+        PieceClosure const closure(m_near.places, std::uint32_t(m_part.vertices.size()));
+        return closure.closes(copies.edgeSum(side), triangles, m_progress) ||
+               closesByPlaces(copies.mesh(side), triangles, boolean.places(), m_progress);
     }
 
     /// Whether results are held against their operands. They are where it takes no time that a
@@ -294,8 +318,8 @@ private:
     BooleanResult write(SoupBoolean const& boolean, Copies& copies, BooleanPiece piece,
                         std::vector<PieceTriangle> const& triangles)
     {
-        bool const keepsOutside = isKept(piece, false);
-        CutSide const side = keepsOutside ? sideAbove : sideBelow;
+        CutSide const side = sideOf(piece);
+        bool const keepsOutside = side == sideAbove;
         if (isWholePart(triangles, copies, side))
             return {};
         PieceWriter writer(copies.takeMesh(side), boolean);
@@ -348,7 +372,7 @@ private:
         std::function<void(int)> const rest = [this](int percent) {
             m_progress.begin(copiesDone + percent * (100 - copiesDone) / 100, 100, 1);
         };
-        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest, m_survey);
+        auto results = combineSolids(clean, *toolKernel(), m_pieces, rest, m_notes, m_survey);
         for (BooleanResult& result : results)
             if (!result.mesh)
                 result.mesh = takeMesh(clean);
@@ -376,7 +400,7 @@ private:
             m_progress.begin(curvesDone + percent * (100 - curvesDone) / 100, 100, 1);
         };
         return combineSolids(orderlyPart ? *orderlyPart : m_partKernel,
-                             orderlyTool ? *orderlyTool : *tool, m_pieces, rest, m_survey);
+                             orderlyTool ? *orderlyTool : *tool, m_pieces, rest, m_notes, m_survey);
     }
 
     std::unique_ptr<MeshKernel> toolKernel()
@@ -397,7 +421,7 @@ private:
         if (!hasExactRoom(part.triangles.size() + m_tool.mesh.triangles.size(),
                           boolean.curveCount(), availableMemory()))
             Refusal::throwTooMuch();
-        return combineExactly(part, m_tool.mesh, m_pieces, m_doubtful, !m_survey, m_progress);
+        return combineExactly(part, m_tool.mesh, m_pieces, m_doubtful, m_notes, m_progress);
     }
 
     MeshKernel const& m_partKernel;
@@ -405,6 +429,7 @@ private:
     UMesh<float> const& m_part;
     std::span<BooleanPiece const> m_pieces;
     StageProgress m_progress;
+    CombiningNotes& m_notes;
     BooleanSurvey* m_survey;
     PreparedTool m_tool;
     std::size_t m_toolCount = 0;
@@ -418,6 +443,8 @@ private:
     std::vector<std::pair<std::uint32_t, int>> m_anchors;
     /// Whether the part's edges tell that it is closed.
     bool m_isPartClosed = false;
+    /// The same of the tool's.
+    bool m_isToolClosed = false;
     /// Whether they tell that it may be open, and its results are not checked.
     bool m_isPartInDoubt = false;
     /// Whether a line through a point tells that the part is open.
@@ -431,7 +458,7 @@ private:
 std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
                                          std::function<void(int)> const& progress,
-                                         BooleanSurvey* survey)
+                                         CombiningNotes& notes, BooleanSurvey* survey)
 {
     // Stages that are done over, or that several threads count, tell what was reached before.
     int reached = 0;
@@ -439,5 +466,5 @@ std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel cons
         reached = std::max(reached, percent);
         progress(reached);
     };
-    return SolidBoolean(part, tool, pieces, progress ? rising : progress, survey).run();
+    return SolidBoolean(part, tool, pieces, progress ? rising : progress, notes, survey).run();
 }

@@ -3,6 +3,7 @@
 
 #include "host/services/boolean/BooleanRule.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/CombiningNotes.h"
 #include "platform/services/SolidSplit.h"
 
 #include <functional>
@@ -38,9 +39,11 @@ struct BooleanSurvey
 /// part        without a matrix; only read
 /// tool        only read; a matrix is applied
 /// pieces      what to give; of `united` and `difference` at most one
-/// survey      receives what it is for, and nothing is logged then; may be null
+/// notes       receives what is to be told of the pieces
+/// survey      receives what it is for, and what the operands were put in order by is not logged
+///             then; may be null
 /// throws      as Intersect::boolean
 std::vector<BooleanResult> combineSolids(MeshKernel const& part, MeshKernel const& tool,
                                          std::span<BooleanPiece const> pieces,
                                          std::function<void(int)> const& progress,
-                                         BooleanSurvey* survey = nullptr);
+                                         CombiningNotes& notes, BooleanSurvey* survey = nullptr);

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -47,6 +48,8 @@ public:
     {
         return m_mendedPlaces.empty() ? m_network->points().rounded(point) : m_mendedPlaces[point];
     }
+    /// By point, once pieces have been mended.
+    std::span<UPoint3<float> const> places() const { return m_mendedPlaces; }
     std::uint32_t pointCount() const
     {
         return m_mendedPlaces.empty() ? m_network->points().size()

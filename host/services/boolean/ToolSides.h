@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/services/boolean/PartRays.h"
+#include "host/services/boolean/SignedEdge.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -38,19 +39,10 @@ public:
     /// is run along as often one way as the other they add up to 0, and over others hardly ever.
     std::uint64_t edgesOf(std::uint32_t a, std::uint32_t b, std::uint32_t c) const
     {
-        return edge(a, b) + edge(b, c) + edge(c, a);
+        return signedEdge(a, b) + signedEdge(b, c) + signedEdge(c, a);
     }
 
 private:
-    static std::uint64_t edge(std::uint32_t from, std::uint32_t to)
-    {
-        std::uint64_t number = std::uint64_t(std::min(from, to)) << 32 | std::max(from, to);
-        number *= 0x9e3779b97f4a7c15;
-        number ^= number >> 32;
-        number *= 0xd6e8feb86659fd93;
-        return from < to ? number : 0 - number;
-    }
-
     ToolGrid const& m_grid;
     PartRays const& m_rays;
     /// Written once per vertex, each by one thread.

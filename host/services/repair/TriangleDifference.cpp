@@ -141,6 +141,12 @@ bool areOnSamePlaces(MeshArrays const& a, std::size_t s, MeshArrays const& b, st
     return true;
 }
 
+bool beginsWith(std::vector<MeshArrays::Point> const& points,
+                std::vector<MeshArrays::Point> const& first)
+{
+    return points.size() >= first.size() && std::equal(first.begin(), first.end(), points.begin());
+}
+
 }  // namespace
 
 std::vector<std::uint32_t> trianglesNotIn(MeshArrays const& mesh, MeshArrays const& other,
@@ -188,8 +194,12 @@ std::vector<std::uint32_t> matchedInOrder(MeshArrays const& mesh, MeshArrays con
 {
     std::size_t const count = mesh.triangles.size(), earlierCount = earlier.triangles.size();
     std::vector<std::uint32_t> matched(count, unmatched);
+    // Where points have only been added, the same numbers are the same places.
+    bool const areNumbersKept = beginsWith(mesh.points, earlier.points);
     auto const areSame = [&](std::size_t t, std::size_t e) {
-        return t < count && e < earlierCount && areOnSamePlaces(mesh, t, earlier, e);
+        return t < count && e < earlierCount &&
+               ((areNumbersKept && mesh.triangles[t] == earlier.triangles[e]) ||
+                areOnSamePlaces(mesh, t, earlier, e));
     };
     // What is in vain, for triangles added before others, stays in proportion.
     std::size_t stepsLeft = 4 * earlierCount;

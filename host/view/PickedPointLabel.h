@@ -7,12 +7,12 @@
 
 /// The coordinates of a picked point as a label over the view, in the unit and language of the
 /// moment. The mouse does not see it.
-class PointLabel : public QLabel
+class PickedPointLabel : public QLabel
 {
     Q_OBJECT
 
 public:
-    explicit PointLabel(QWidget* view);
+    explicit PickedPointLabel(QWidget* view);
 
     /// point  world millimetres
     void setPoint(UPoint3<float> const& point);

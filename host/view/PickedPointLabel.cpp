@@ -1,28 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/view/PointLabel.h"
+#include "host/view/PickedPointLabel.h"
 
 #include "platform/ui/DisplayUnit.h"
 #include "platform/ui/Quantity.h"
 
 #include <QEvent>
 
-PointLabel::PointLabel(QWidget* view) : QLabel(view)
+PickedPointLabel::PickedPointLabel(QWidget* view) : QLabel(view)
 {
     setObjectName(QStringLiteral("PickedPoint"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setStyleSheet(
         QStringLiteral("background: #fffbe6; color: #202020;"
                        "border: 1px solid #a09060; padding: 2px;"));
-    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, &PointLabel::showPoint);
+    connect(&DisplayUnit::instance(), &DisplayUnit::changed, this, &PickedPointLabel::showPoint);
 }
 
-void PointLabel::setPoint(UPoint3<float> const& point)
+void PickedPointLabel::setPoint(UPoint3<float> const& point)
 {
     m_point = point;
     showPoint();
 }
 
-void PointLabel::showPoint()
+void PickedPointLabel::showPoint()
 {
     DisplayUnit const& unit = DisplayUnit::instance();
     auto const number = [&](float value) {
@@ -35,7 +35,7 @@ void PointLabel::showPoint()
     adjustSize();
 }
 
-void PointLabel::changeEvent(QEvent* event)
+void PickedPointLabel::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         showPoint();
