@@ -11,7 +11,7 @@ namespace RecordSlabs {
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(MELL_ADDRESS_SANITIZER)
 constexpr bool everyRecordAlone = true;
 #else
 constexpr bool everyRecordAlone = false;

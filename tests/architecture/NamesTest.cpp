@@ -120,3 +120,19 @@ TEST(Names, WordsOfQtNameNothingElse)
             << match.str() << " in " << placeOf(file);
     }
 }
+
+// Compilers name their sanitizers differently: code that asks one of them quietly checks less with the others.
+TEST(Names, SanitizersAreKnownByWhatTheBuildFilesSay)
+{
+    static std::regex const compilersOwn(R"(__SANITIZE_\w+|__has_feature)");
+    static std::regex const ours(R"(\bMELL_(?:ADDRESS|THREAD)_SANITIZER\b)");
+    std::size_t askedFor = 0;
+    for (fs::path const& file : sources()) {
+        std::string const code = bareCode(file);
+        std::smatch match;
+        EXPECT_FALSE(std::regex_search(code, match, compilersOwn))
+            << match.str() << " in " << placeOf(file);
+        askedFor += std::regex_search(code, ours);
+    }
+    EXPECT_GT(askedFor, 5u);
+}

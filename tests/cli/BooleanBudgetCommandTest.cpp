@@ -25,7 +25,7 @@ Soup plates(int count, bool areUpright)
 /// More than a million pairs of triangles meet, for which there is no room.
 TEST(BooleanCommand, WithTooLittleMemoryEndsWithASentenceAndWritesNothing)
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(MELL_ADDRESS_SANITIZER) || defined(MELL_THREAD_SANITIZER)
     GTEST_SKIP() << "Sanitizers take more address space than the limit.";
 #endif
     // The first is too little for the contacts, the second for what becomes of them.

@@ -126,7 +126,7 @@ TEST(Records, ThreadsThatMakeAndFreeAtTheSameTimeDoNotDisturbEachOther)
         thread.join();
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(MELL_ADDRESS_SANITIZER)
 TEST(Records, MeshOfAMillionTrianglesTakesAtMost120BytesPerTriangle)
 {
     std::size_t const triangles = 1000000;

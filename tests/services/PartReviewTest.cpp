@@ -59,7 +59,7 @@ TEST(PartReview, TellsOfEachPartWhatIsToldOfAKernel)
     }
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(MELL_ADDRESS_SANITIZER)
 TEST(PartReview, RecordsAreGoneWhenErrorsAreLookedFor)
 {
     Soup soup = box(10, 10, 10);

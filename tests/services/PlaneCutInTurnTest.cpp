@@ -50,7 +50,7 @@ TEST(PlaneCutInTurn, HandsOutThePartWhereThePlaneMissesIt)
 }
 
 // Under the address sanitizer each record is an allocation of its own.
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(MELL_ADDRESS_SANITIZER)
 // Nearly all triangles meet the plane, so that what the halves have is made by the cut.
 TEST(PlaneCutInTurn, HasOneHalfInMemoryAtATime)
 {

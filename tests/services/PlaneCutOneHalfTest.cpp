@@ -103,7 +103,7 @@ TEST(PlaneCutOneHalf, IsRefusedWithTheWholeCut)
 }
 
 // Under the address sanitizer each record is an allocation of its own.
-#if !defined(__SANITIZE_ADDRESS__)
+#if !defined(MELL_ADDRESS_SANITIZER)
 // Nearly all triangles meet the plane, so that what the half has is made by the cut.
 TEST(PlaneCutOneHalf, HasNothingOfTheOtherInMemory)
 {

@@ -6,7 +6,7 @@
 /// How much of the many alike is tried. Under sanitizers everything takes ten times as long and more,
 /// and one input of a kind shows as much there: tests make fewer rounds, of the same inputs.
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(MELL_ADDRESS_SANITIZER) || defined(MELL_THREAD_SANITIZER)
 inline constexpr bool isUnderSanitizers = true;
 #else
 inline constexpr bool isUnderSanitizers = false;

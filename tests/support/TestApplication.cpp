@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/TestApplication.h"
 
-#if defined(__SANITIZE_THREAD__)
+#if defined(MELL_THREAD_SANITIZER)
 
 #include <tbb/global_control.h>
 

@@ -26,7 +26,7 @@ class TestApplication : public QApplication
 public:
     using QApplication::QApplication;
 
-#if defined(__SANITIZE_THREAD__)
+#if defined(MELL_THREAD_SANITIZER)
     bool notify(QObject* receiver, QEvent* event) override;
 #endif
 };

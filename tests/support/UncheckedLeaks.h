@@ -1,16 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// g++ defines a macro where the address sanitizer is built in, clang++ answers a question.
-#if defined(__SANITIZE_ADDRESS__)
-#define MELL_CHECKS_LEAKS
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define MELL_CHECKS_LEAKS
-#endif
-#endif
-
-#if defined(MELL_CHECKS_LEAKS)
+#if defined(MELL_ADDRESS_SANITIZER)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -19,7 +10,7 @@
 class UncheckedLeaks
 {
 public:
-#if defined(MELL_CHECKS_LEAKS)
+#if defined(MELL_ADDRESS_SANITIZER)
     UncheckedLeaks()
     {
         __lsan_disable();
