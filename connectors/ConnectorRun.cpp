@@ -6,7 +6,6 @@
 #include "cutjobs/common/RemarkTexts.h"
 #include "platform/jobs/ConsoleSingleton.h"
 #include "platform/jobs/Exceptions.h"
-#include "platform/services/Intersect.h"
 #include "platform/services/PlaneCutNotes.h"
 
 namespace {
@@ -17,22 +16,27 @@ FilledSides filledSides(Halves const& halves)
             !halves.upper->readMesh()->triangles.empty()};
 }
 
-void cutByPlane(MeshKernel& part, MeshKernel& plane, Halves const& halves, MeshKernel* cap,
-                std::function<void(int)> const& stage)
+PlaneCutNotes cutByPlane(MeshKernel const& part, MeshKernel const& plane, Halves const& halves,
+                         MeshKernel* cap, std::function<void(int)> const& stage)
 {
+    PlaneCutNotes notes;
     runMeshStage([&] {
-        Intersect::cutByPlane(&part, &plane, halves.upper.get(), halves.lower.get(), cap, stage,
-                              true);
+        notes = cutByPlaneWithNotes(part, plane, *halves.upper, *halves.lower, cap, stage);
     });
+    return notes;
 }
 
-/// Returns whether there is anything on the other side.
-bool cutOff(MeshKernel const& part, MeshKernel const& plane, PlaneSide side, MeshKernel& half,
-            MeshKernel* cap, std::function<void(int)> const& stage)
+CutOffNotes cutOff(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
+                   MeshKernel& half, MeshKernel* cap, std::function<void(int)> const& stage)
 {
-    bool isOtherFilled = false;
-    runMeshStage([&] { isOtherFilled = cutOffByPlane(part, plane, side, half, cap, stage); });
-    return isOtherFilled;
+    CutOffNotes notes;
+    runMeshStage([&] { notes = cutOffByPlane(part, plane, side, half, cap, stage); });
+    return notes;
+}
+
+void tell(CutRemarks& remarks, CutRemarks const& more)
+{
+    remarks.insert(remarks.end(), more.begin(), more.end());
 }
 
 }  // namespace
@@ -63,8 +67,7 @@ CutResultMap ConnectorRun::run(std::function<void(int)> const& progress, Connect
         PartOfRun current = cut(i, part, source, progress, remarks);
         std::optional<Halves> const connected = connect(current);
         Halves const& halves = connected ? *connected : current.plain;
-        for (CutRemark const& remark : remarksOn(halves.notes, part))
-            remarks.push_back(remark);
+        tell(remarks, remarksOn(halves.notes, part));
         bool const isUpperFirst = !connected && m_form.plainUpperFirst;
         storePiece(result, part, isUpperFirst ? halves.upper : halves.lower);
         storePiece(result, part, isUpperFirst ? halves.lower : halves.upper);
@@ -90,17 +93,22 @@ PartOfRun ConnectorRun::cut(int index, Mesh::DocumentObject* object, MeshKernel*
     auto const copy = std::make_shared<MeshKernel>(static_cast<MeshKernel const*>(source));
     int const span = m_form.cutSpan;
     if (!m_form.hasTwoCuts) {
-        cutByPlane(*copy, m_base, part.plain, part.cap.get(), part.stage({0, span}));
+        PlaneCutNotes const notes =
+            cutByPlane(*copy, m_base, part.plain, part.cap.get(), part.stage({0, span}));
         remarkOnCuts(remarks, object, filledSides(part.plain), filledSides(part.plain), m_bounded);
+        tell(remarks, remarksOn(notes, object));
         return part;
     }
     // Of each cut one half alone is kept.
-    bool const isLowerLeft =
+    CutOffNotes const offset =
         cutOff(*copy, m_offset, PlaneSide::a, *part.plain.upper, nullptr, part.stage({0, span}));
-    bool const isUpperLeft = cutOff(*copy, m_base, PlaneSide::b, *part.plain.lower, part.cap.get(),
+    CutOffNotes const base = cutOff(*copy, m_base, PlaneSide::b, *part.plain.lower, part.cap.get(),
                                     part.stage({span, span}));
     FilledSides const filled = filledSides(part.plain);
-    remarkOnCuts(remarks, object, {filled.lower, isUpperLeft}, {isLowerLeft, filled.upper},
-                 m_bounded);
+    remarkOnCuts(remarks, object, {filled.lower, base.isOtherFilled},
+                 {offset.isOtherFilled, filled.upper}, m_bounded);
+    PlaneCutNotes notes = offset.ofCut;
+    append(notes, base.ofCut);
+    tell(remarks, remarksOn(notes, object));
     return part;
 }

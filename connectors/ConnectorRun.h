@@ -36,7 +36,7 @@ struct Halves
     std::shared_ptr<MeshKernel> lower = std::make_shared<MeshKernel>();
     std::shared_ptr<MeshKernel> upper = std::make_shared<MeshKernel>();
     /// What is to be told of both.
-    CombiningNotes notes;
+    CombiningNotes notes = {};
 };
 
 /// One part on its way through a run.

@@ -108,9 +108,7 @@ void PartCombiner::finish(PartCombination::Report const& report)
 {
     switch (report.outcome) {
         case PartCombination::Outcome::Done:
-            if (report.isOpen)
-                tell(tr("%1 is open somewhere. Check shows where, and Repair may close it.")
-                         .arg(nameOf(m_job.task().parts.front())));
+            tellFlaws(report);
             break;
         case PartCombination::Outcome::Cancelled:
             tell(tr("The operation was cancelled; the parts are as they were."));
@@ -122,6 +120,20 @@ void PartCombiner::finish(PartCombination::Report const& report)
             tellFailure(report);
             break;
     }
+}
+
+void PartCombiner::tellFlaws(PartCombination::Report const& report) const
+{
+    QString const first = nameOf(m_job.task().parts.front());
+    QStringList told;
+    if (report.isOpen)
+        told << tr("%1 is open somewhere. Check shows where, and Repair may close it.").arg(first);
+    if (report.isCrossing)
+        told << tr("%1 crosses itself where coordinates had to be rounded. Check shows where, and "
+                   "Repair may mend it.")
+                    .arg(first);
+    if (!told.isEmpty())
+        tell(told.join(' '));
 }
 
 void PartCombiner::tellNothing(PartCombination::Report const& report) const

@@ -35,6 +35,7 @@ public:
 private:
     bool askWhatStays(PartCombination::Task& task) const;
     void finish(PartCombination::Report const& report);
+    void tellFlaws(PartCombination::Report const& report) const;
     void tellNothing(PartCombination::Report const& report) const;
     void tellFailure(PartCombination::Report const& report);
 

@@ -120,6 +120,7 @@ void PartCombination::combine(Run& run, Progress const& progress)
             blame(*own, run);
         throw;
     }
+    report.isCrossing = !run.result.notes.crossing.empty();
     report.nothing = run.result.nothing;
     report.bodies = run.result.bodies;
 }

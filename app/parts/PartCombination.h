@@ -51,6 +51,8 @@ public:
         std::size_t bodies = 0;
         /// If Done: what was made has open edges, as one of the parts had.
         bool isOpen = false;
+        /// If Done: what was made crosses itself where coordinates had to be rounded.
+        bool isCrossing = false;
         /// If Failed: what is wrong, of the part that is to blame by its name, and what to do about
         /// it unless a repair may help; where it is known the place in world millimetres and which
         /// of the parts is to blame, else -1.

@@ -3,7 +3,6 @@
 
 #include "host/mesh/OperandError.h"
 #include "host/mesh/Placement.h"
-#include "platform/services/Intersect.h"
 #include "platform/services/SolidBodies.h"
 
 namespace SolidOperations {
@@ -38,28 +37,31 @@ void blaming(std::size_t second, Service const& service)
 }
 
 Kernel combined(Kernel const& a, Kernel const& b, Intersect::BooleanType type, std::size_t second,
-                Progress const& progress)
+                CombiningNotes& notes, Progress const& progress)
 {
     auto const result = std::make_shared<MeshKernel>();
-    std::vector<MeshKernel*> out{result.get()};
-    blaming(second, [&] { Intersect::boolean(a.get(), b.get(), out, type, progress, 1); });
+    blaming(second, [&] { append(notes, combineWithNotes(*a, *b, *result, type, progress)); });
     return result;
 }
 
 Result fold(std::vector<Kernel> const& solids, Intersect::BooleanType type,
             Progress const& progress)
 {
+    Result result;
     Kernel sum = solids[0];
     for (std::size_t i = 1; i < solids.size(); ++i) {
-        sum = combined(sum, solids[i], type, i, stepOf(progress, i - 1, solids.size() - 1));
+        sum = combined(sum, solids[i], type, i, result.notes,
+                       stepOf(progress, i - 1, solids.size() - 1));
         if (isEmpty(sum))
             return {{}, Nothing::NotCommon};
     }
-    return {{{sum, ""}}};
+    result.pieces.push_back({sum, ""});
+    return result;
 }
 
 /// What of the first lies in each of the others, empty where it is nothing; behind them the rest.
-std::vector<Kernel> parted(std::vector<Kernel> const& solids, Progress const& progress)
+std::vector<Kernel> parted(std::vector<Kernel> const& solids, CombiningNotes& notes,
+                           Progress const& progress)
 {
     std::vector<Kernel> pieces;
     Kernel rest = solids[0];
@@ -67,9 +69,8 @@ std::vector<Kernel> parted(std::vector<Kernel> const& solids, Progress const& pr
         auto const inside = std::make_shared<MeshKernel>();
         auto const outside = std::make_shared<MeshKernel>();
         blaming(i, [&] {
-            Intersect::boolean_subtract_keep(rest.get(), solids[i].get(), inside.get(),
-                                             outside.get(),
-                                             stepOf(progress, i - 1, solids.size() - 1), 1);
+            append(notes, splitWithNotes(*rest, *solids[i], *inside, *outside,
+                                         stepOf(progress, i - 1, solids.size() - 1)));
         });
         if (!isEmpty(inside))
             rest = outside;
@@ -83,20 +84,22 @@ std::vector<Kernel> parted(std::vector<Kernel> const& solids, Progress const& pr
 
 Result takeAway(std::vector<Kernel> const& solids, Progress const& progress)
 {
-    Kernel const rest = parted(solids, progress).back();
+    Result result;
+    Kernel const rest = parted(solids, result.notes, progress).back();
     if (rest == solids[0])
         return {{}, Nothing::NotCommon};
     if (isEmpty(rest))
         return {{}, Nothing::AllTaken};
-    return {{{rest, ""}}};
+    result.pieces.push_back({rest, ""});
+    return result;
 }
 
 Result split(std::vector<Kernel> const& solids, Progress const& progress)
 {
-    std::vector<Kernel> const parts = parted(solids, progress);
+    Result result;
+    std::vector<Kernel> const parts = parted(solids, result.notes, progress);
     if (parts.back() == solids[0])
         return {{}, Nothing::NotCommon};
-    Result result;
     for (Kernel const& part : parts)
         if (!isEmpty(part))
             result.pieces.push_back({part, part == parts.back() ? "_outside" : "_inside"});

@@ -3,6 +3,7 @@
 
 #include "platform/jobs/FlawException.h"
 #include "platform/mesh/MeshKernel.h"
+#include "platform/services/CombiningNotes.h"
 
 #include <QString>
 
@@ -80,6 +81,8 @@ struct Result
     Nothing nothing = Nothing::No;
     /// How many bodies there are, where they were counted.
     std::size_t bodies = 0;
+    /// What no step of it could mend.
+    CombiningNotes notes;
 };
 
 constexpr std::size_t mostBodies = 1000;

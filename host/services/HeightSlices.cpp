@@ -11,11 +11,6 @@ namespace {
 
 using Kernel = std::shared_ptr<MeshKernel>;
 
-void append(std::vector<UPoint3<float>>& all, std::vector<UPoint3<float>> const& some)
-{
-    all.insert(all.end(), some.begin(), some.end());
-}
-
 /// A horizontal rectangle that faces upward and covers a box.
 Kernel planeOver(UBox3<float> const& box, float height)
 {
@@ -116,9 +111,7 @@ PlaneCutNotes sliceInTurn(MeshKernel const& part, std::vector<double> const& hei
                     take(cleaned(*piece));
             },
             nullptr, [&](int percent) { progress((90 * i + percent * 9 / 10) / count); });
-        append(notes.turned, more.turned);
-        append(notes.doubled, more.doubled);
-        append(notes.crossing, more.crossing);
+        append(notes, more);
         rest = cleaned(*above);
     }
     if (!isEmpty(*rest))

@@ -156,14 +156,15 @@ PlaneCutNotes cutByPlaneWithNotes(MeshKernel const& part, MeshKernel const& plan
     return std::move(result.notes);
 }
 
-bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
-                   MeshKernel& piece, MeshKernel* section, std::function<void(int)> const& progress)
+CutOffNotes cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
+                          MeshKernel& piece, MeshKernel* section,
+                          std::function<void(int)> const& progress)
 {
     PlacedSolid const solid(part);
     MeshKernel const& placed = solid.kernel();
     auto const mesh = placed.readMesh();
     if (mesh->triangles.empty())
-        return false;
+        return {};
     bool const isAbove = side == PlaneSide::a;
     std::unique_ptr<UMesh<float>> half;
     PlaneCutResult result = cutMeshByPlane(
@@ -173,13 +174,13 @@ bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide si
         bool const isHere = isAbove == (result.whole == PlaneCutResult::Whole::above);
         if (isHere)
             piece.shareMeshOf(placed);
-        return !isHere;
+        return {!isHere, {}};
     }
     piece.replaceMesh(std::move(half));
     if (section)
         section->replaceMesh(std::move(result.section));
     logNotes(result.notes);
-    return true;
+    return {true, std::move(result.notes)};
 }
 
 void Intersect::boolean(MeshKernel* a, MeshKernel* b, std::vector<MeshKernel*>& out,

@@ -19,6 +19,14 @@ struct PlaneCutNotes
     std::vector<UPoint3<float>> crossing;
 };
 
+/// Adds what is told of one cut to what is told of others.
+inline void append(PlaneCutNotes& all, PlaneCutNotes const& notes)
+{
+    all.turned.insert(all.turned.end(), notes.turned.begin(), notes.turned.end());
+    all.doubled.insert(all.doubled.end(), notes.doubled.begin(), notes.doubled.end());
+    all.crossing.insert(all.crossing.end(), notes.crossing.begin(), notes.crossing.end());
+}
+
 /// Does what Intersect::cutByPlane does, and tells about it. What is told is in the log as well.
 ///
 /// section  null if nobody wants it, which saves a good part of a cut with long contours
@@ -44,11 +52,18 @@ enum class PlaneSide
     b,
 };
 
-/// Does what Intersect::cutByPlane does, but makes only the piece on one side, the same to the byte:
+/// What a cut that makes one piece tells.
+struct CutOffNotes
+{
+    /// Whether there is anything on the other side.
+    bool isOtherFilled = false;
+    PlaneCutNotes ofCut;
+};
+
+/// Does what cutByPlaneWithNotes does, but makes only the piece on one side, the same to the byte:
 /// the other takes neither time nor memory where the plane covers the section, as a rule.
 ///
-/// piece    empty; receives the piece
-/// returns  whether there is anything on the other side
-bool cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
-                   MeshKernel& piece, MeshKernel* section,
-                   std::function<void(int)> const& progress);
+/// piece  empty; receives the piece
+CutOffNotes cutOffByPlane(MeshKernel const& part, MeshKernel const& plane, PlaneSide side,
+                          MeshKernel& piece, MeshKernel* section,
+                          std::function<void(int)> const& progress);

@@ -3439,6 +3439,10 @@
         <source>%1 is open somewhere. Check shows where, and Repair may close it.</source>
         <translation>%1 ist irgendwo offen. Prüfen zeigt wo, und Reparieren kann es vielleicht schließen.</translation>
     </message>
+    <message>
+        <source>%1 crosses itself where coordinates had to be rounded. Check shows where, and Repair may mend it.</source>
+        <translation>%1 kreuzt sich selbst, wo Koordinaten gerundet werden mussten. Prüfen zeigt wo, und Reparieren kann es vielleicht beheben.</translation>
+    </message>
 </context>
 <context>
     <name>PartInformation</name>

@@ -10,6 +10,8 @@
 #include "tests/app/AppWindow.h"
 #include "tests/support/AnsweredMessages.h"
 #include "tests/support/CorpusParts.h"
+#include "tests/support/CrossingPair.h"
+#include "tests/support/Crossings.h"
 #include "tests/support/Validator.h"
 
 #include <QCheckBox>
@@ -319,6 +321,27 @@ TEST_F(CombineParts, AResultThatIsOpenIsNamed)
     EXPECT_EQ(window->statusLine().currentMessage(),
               "left is open somewhere. Check shows where, and Repair may close it.");
     trigger("Std_Undo");
+    select({left, right});
+    combine("Std_Join");
+    EXPECT_EQ(window->statusLine().currentMessage(), "");
+}
+
+TEST_F(CombineParts, AResultThatRoundingLeavesCrossingItselfIsNamed)
+{
+    SolidPair const pair = pairLeftCrossing();
+    QString const told =
+        "hollow crosses itself where coordinates had to be rounded. Check shows "
+        "where, and Repair may mend it.";
+    for (char const* const command : {"Std_TakeAway", "Std_SplitByParts"}) {
+        auto* const hollow = test->add(pair.a, "hollow");
+        select({hollow, test->add(pair.b, "other")});
+        AnsweredDialog<CombinationDialog> const dialog;
+        combine(command);
+        ASSERT_GT(judge::crossingsOf(soupOf(test->document->getMeshObjects().back())).pairs, 0u)
+            << "take a pair that is left crossing";
+        EXPECT_EQ(window->statusLine().currentMessage(), told) << command;
+        trigger("Std_Undo");
+    }
     select({left, right});
     combine("Std_Join");
     EXPECT_EQ(window->statusLine().currentMessage(), "");

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using Kind = CutRemark::Kind;
@@ -188,4 +190,22 @@ TEST(ConnectorSurvey, TheRunKeepsTheSections)
     EXPECT_EQ(section.contours, 1u);
     EXPECT_FALSE(section.positions.empty());
     EXPECT_EQ(cutter.sections().at(beside).contours, 0u);
+}
+
+TEST(ConnectorSurvey, WhatIsPutInOrderAtThePlaneIsTold)
+{
+    Soup turned = box(40, 30, 20);
+    for (auto& triangle : turned.triangles) {
+        auto const isBelow = [&](std::uint32_t corner) { return turned.points[corner].Z() < 10; };
+        if (std::ranges::any_of(triangle, isBelow) && !std::ranges::all_of(triangle, isBelow)) {
+            std::swap(triangle[1], triangle[2]);
+            break;
+        }
+    }
+    EXPECT_EQ(kindsOf(remarksOf<PinHoleCutter>(usualPins(), turned, 10)),
+              Kinds{Kind::PartPutInOrder});
+    EXPECT_EQ(kindsOf(remarksOf<PinHoleCutter>(usualPins(false), turned, 10)),
+              Kinds{Kind::PartPutInOrder});
+    EXPECT_EQ(kindsOf(remarksOf<LapJointCutter>(usualJoint(), turned, 10)),
+              Kinds{Kind::PartPutInOrder});
 }

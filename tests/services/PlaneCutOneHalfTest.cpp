@@ -30,13 +30,13 @@ void expectHalvesOf(MeshKernel& part, MeshKernel& plane)
         MeshKernel const& other = side == PlaneSide::a ? whole->below : whole->above;
         MeshKernel piece, section;
         int last = 0;
-        bool const isOtherThere = cutOffByPlane(part, plane, side, piece, &section, [&](int p) {
+        CutOffNotes const notes = cutOffByPlane(part, plane, side, piece, &section, [&](int p) {
             EXPECT_GE(p, last);
             last = p;
         });
         EXPECT_TRUE(bytesOf(piece) == bytesOf(expected));
         EXPECT_TRUE(bytesOf(section) == bytesOf(whole->section));
-        EXPECT_EQ(isOtherThere, countOf(other) > 0);
+        EXPECT_EQ(notes.isOtherFilled, countOf(other) > 0);
         for (std::size_t v = 0; v < piece.readMesh()->vertices.size(); ++v)
             ASSERT_EQ(piece.readMesh()->vertices[v]->cID(), v);
     }

@@ -2,6 +2,7 @@
 #include "host/services/boolean/RoundingMending.h"
 
 #include "host/services/boolean/BoxCells.h"
+#include "host/services/boolean/PairMending.h"
 #include "host/services/boolean/PieceExcerpt.h"
 #include "host/services/boolean/PiecesAtPoints.h"
 #include "host/services/boolean/RoundingCrossings.h"
@@ -93,10 +94,9 @@ bool RoundingMending::mendWithin(BoxCells const& cells, StageProgress& progress)
         isFree[point] = isFree[point] && m_isFree[excerpt.numberOf(point)];
     for (std::vector<PieceTriangle> const& piece : excerpt.pieces)
         triangles += piece.size();
-    PiecesAtPoints pieces(m_soup, excerpt.pieces, excerpt.places, isFree,
-                          {m_limits.work + m_limits.workPerTriangle * triangles,
-                           m_limits.vainWork + m_limits.vainWorkPerTriangle * triangles},
-                          progress);
+    PiecesAtPoints pieces(m_soup, excerpt.pieces, excerpt.places, isFree, progress);
+    PairMending mending(pieces, {m_limits.work + m_limits.workPerTriangle * triangles,
+                                 m_limits.vainWork + m_limits.vainWorkPerTriangle * triangles});
     bool isAnyChanged = false;
     bool isChanged = true;
     for (int round = 0; round < mostRounds && isChanged; ++round) {
@@ -105,7 +105,7 @@ bool RoundingMending::mendWithin(BoxCells const& cells, StageProgress& progress)
         for (std::vector<PieceTriangle> const& piece : excerpt.pieces) {
             std::size_t const end = begin + piece.size();
             for (auto const& pair : pieces.pairsBetween(begin, end, progress))
-                isChanged |= pieces.mend(pair, progress);
+                isChanged |= mending.mend(pair, progress);
             begin = end;
         }
         isAnyChanged |= isChanged;
