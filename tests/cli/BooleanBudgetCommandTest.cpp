@@ -2,6 +2,7 @@
 #include "tests/cli/FreecutProcess.h"
 #include "tests/support/MeshBuilders.h"
 #include "tests/support/Places.h"
+#include "tests/support/Rounds.h"
 
 #include <gtest/gtest.h>
 
@@ -25,9 +26,8 @@ Soup plates(int count, bool areUpright)
 /// More than a million pairs of triangles meet, for which there is no room.
 TEST(BooleanCommand, WithTooLittleMemoryEndsWithASentenceAndWritesNothing)
 {
-#if defined(MELL_ADDRESS_SANITIZER) || defined(MELL_THREAD_SANITIZER)
-    GTEST_SKIP() << "Sanitizers take more address space than the limit.";
-#endif
+    if (isUnderSanitizers)
+        GTEST_SKIP() << "Sanitizers take more address space than the limit.";
     // The first is too little for the contacts, the second for what becomes of them.
     for (char const* const kibibytes : {"400000", "550000"}) {
         FreecutFolder folder;

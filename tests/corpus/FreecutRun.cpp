@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/corpus/FreecutRun.h"
 
+#include "tests/support/Rounds.h"
+
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
@@ -30,8 +32,11 @@ std::string contentOf(fs::path const& path)
 /// In the child: only calls that are allowed between fork and exec.
 [[noreturn]] void become(char* const* arguments, char const* folder, Limits const& limits)
 {
-    rlimit const memory{limits.megabytes << 20, limits.megabytes << 20};
-    setrlimit(RLIMIT_AS, &memory);
+    // Sanitizers take more address space than any limit.
+    if (!isUnderSanitizers) {
+        rlimit const memory{limits.megabytes << 20, limits.megabytes << 20};
+        setrlimit(RLIMIT_AS, &memory);
+    }
     rlimit const noDump{0, 0};
     setrlimit(RLIMIT_CORE, &noDump);
     if (chdir(folder) == 0) {
