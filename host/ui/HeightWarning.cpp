@@ -56,8 +56,7 @@ void HeightWarning::refresh(Base::Document const* document, float height)
         chosen = parts->getPartList();
     bool const isCutHere = std::ranges::any_of(chosen, endsAt(height)) &&
                            std::ranges::any_of(chosen, beginsAt(height));
-    int missed = 0;
-    QString first;
+    Missed missed{0, int(chosen.size()), isSelection, {}};
     for (Mesh::DocumentObject const* const part : chosen) {
         UBox3<float> const box = part->getBoundingBox();
         if (!box.Isnullptr() && height > box.MinZ() && height < box.MaxZ())
@@ -65,36 +64,46 @@ void HeightWarning::refresh(Base::Document const* document, float height)
         // Pieces that were parted here are no mistake of the height.
         if (isCutHere && (endsAt(height)(part) || beginsAt(height)(part)))
             continue;
-        if (missed++ == 0)
-            first = QString::fromStdString(part->getName());
+        if (missed.parts++ == 0)
+            missed.first = QString::fromStdString(part->getName());
     }
     // What is not selected is not going to be cut.
-    if (!isSelection && missed < int(chosen.size()))
-        missed = 0;
-    show(missed, int(chosen.size()), first);
+    if (!isSelection && missed.parts < missed.all)
+        missed.parts = 0;
+    show(missed);
 }
 
-void HeightWarning::show(int missed, int parts, QString const& first)
+void HeightWarning::show(Missed const& missed)
 {
-    if (missed == m_missed && parts == m_parts && first == m_first)
+    if (missed == m_missed)
         return;
     m_missed = missed;
-    m_parts = parts;
-    m_first = first;
-    setVisible(missed > 0);
-    //: Beside the height, in a narrow column: of how many parts how many are missed.
-    setText(missed == parts ? tr("meets no part") : tr("misses %1 of %2").arg(missed).arg(parts));
-    setToolTip(missed == 1
+    setVisible(missed.parts > 0);
+    setTexts();
+}
+
+void HeightWarning::setTexts()
+{
+    auto const& [parts, all, isSelection, first] = m_missed;
+    if (parts < all)
+        //: Beside the height, in a narrow column: of how many parts how many are missed.
+        setText(tr("misses %1 of %2").arg(parts).arg(all));
+    else if (isSelection)
+        //: Beside the height, in a narrow column.
+        setText(tr("misses the selection"));
+    else
+        //: Beside the height, in a narrow column.
+        setText(tr("meets no part"));
+    setToolTip(parts == 1
                    ? tr("A cut at this height does not meet %1.").arg(first)
-                   : tr("A cut at this height does not meet %1 and %n more.", nullptr, missed - 1)
+                   : tr("A cut at this height does not meet %1 and %n more.", nullptr, parts - 1)
                          .arg(first));
 }
 
 void HeightWarning::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        int const missed = std::exchange(m_missed, -1);
-        show(missed, m_parts, QString(m_first));
+        setTexts();
     } else if (event->type() == QEvent::StyleChange) {
         setColor();
     }

@@ -24,10 +24,21 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void show(int missed, int parts, QString const& first);
+    /// What a cut would miss.
+    struct Missed
+    {
+        int parts = 0;
+        /// Of how many.
+        int all = 0;
+        bool isSelection = false;
+        QString first;
+
+        bool operator==(Missed const&) const = default;
+    };
+
+    void show(Missed const& missed);
+    void setTexts();
     void setColor();
 
-    int m_missed = 0;
-    int m_parts = 0;
-    QString m_first;
+    Missed m_missed;
 };

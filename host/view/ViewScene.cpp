@@ -216,10 +216,11 @@ void ViewScene::paint(PaintedPart& part)
 void ViewScene::drawOutline(float width, unsigned rgba)
 {
     float const reach = width * float(pixelRatio());
-    auto const within = [&](float margin) {
-        return m_marked.inPicture(pixelSize(), int(std::ceil(margin)) + 1);
-    };
-    m_device->drawOutline(target(), pixelSize(), reach, rgba, {within(reach), within(2 * reach)});
+    // A pixel more for what is between two of them.
+    int const margin = int(std::ceil(reach)) + 1;
+    m_device->drawOutline(
+        target(), pixelSize(), reach, rgba,
+        {m_marked.inPicture(pixelSize(), margin), m_marked.inPicture(pixelSize(), 2 * margin)});
 }
 
 QSize ViewScene::logicalSize() const

@@ -2205,8 +2205,13 @@
     <name>HeightWarning</name>
     <message>
         <source>meets no part</source>
-        <extracomment>Beside the height, in a narrow column: of how many parts how many are missed.</extracomment>
+        <extracomment>Beside the height, in a narrow column.</extracomment>
         <translation>trifft kein Bauteil</translation>
+    </message>
+    <message>
+        <source>misses the selection</source>
+        <extracomment>Beside the height, in a narrow column.</extracomment>
+        <translation>verfehlt die Auswahl</translation>
     </message>
     <message>
         <source>misses %1 of %2</source>

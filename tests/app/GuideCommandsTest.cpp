@@ -74,7 +74,7 @@ TEST_F(LeftBehind, TheHeightOfACutIsNoMistakeForItsPieces)
     MainWindow::getViewSlider()->setHeight(15);
     document().getMeshObjects()[0]->setSelected(true, true, true);
     settle();
-    EXPECT_EQ(warning.text(), "meets no part");
+    EXPECT_EQ(warning.text(), "misses the selection");
 }
 
 TEST_F(LeftBehind, NumbersAreThoseOfTheLanguage)

@@ -49,10 +49,10 @@ TEST_F(MissedPartsWindow, AreNamedBesideTheHeight)
     takePicture("height-misses");
     tall->setSelected(false, true, false);
     settle();
-    EXPECT_EQ(atHeight().text(), "meets no part");
+    EXPECT_EQ(atHeight().text(), "misses the selection");
     LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
     settle();
-    EXPECT_EQ(atHeight().text(), "trifft kein Bauteil");
+    EXPECT_EQ(atHeight().text(), "verfehlt die Auswahl");
     EXPECT_EQ(atHeight().toolTip(),
               QString::fromUtf8("Ein Schnitt in dieser Höhe trifft low nicht."));
     // The top face alone is nothing to cut.
@@ -60,6 +60,9 @@ TEST_F(MissedPartsWindow, AreNamedBesideTheHeight)
     EXPECT_TRUE(atHeight().isVisible());
     setHeight(9.99f);
     EXPECT_FALSE(atHeight().isVisible());
+    low->setSelected(false, true, false);
+    setHeight(70);
+    EXPECT_EQ(atHeight().text(), "trifft kein Bauteil");
 }
 
 TEST_F(MissedPartsWindow, AreToldAfterTheCutByTheNamesThatTheyHad)
