@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <tbb/blocked_range.h>
-#include <tbb/info.h>
+#include <tbb/global_control.h>
 #include <tbb/parallel_for.h>
 
 #include <algorithm>
@@ -27,13 +27,14 @@ void onThread(std::function<void()> const& work)
     std::thread(work).join();
 }
 
-/// How far each thread stands back that takes part in a loop, of which several do, if there are
-/// several.
+/// How far each thread stands back that takes part in a loop, of which several do, if several may.
 std::map<std::thread::id, int> nicenessOfLoop()
 {
     std::mutex mutex;
     std::map<std::thread::id, int> found;
-    auto const wanted = std::size_t(std::min(2, tbb::info::default_concurrency()));
+    using Control = tbb::global_control;
+    auto const wanted =
+        std::min<std::size_t>(2, Control::active_value(Control::max_allowed_parallelism));
     auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     auto const isWaiting = [&] {
         std::lock_guard const lock(mutex);
