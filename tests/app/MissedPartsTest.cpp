@@ -50,9 +50,11 @@ TEST_F(MissedPartsWindow, AreNamedBesideTheHeight)
     tall->setSelected(false, true, false);
     settle();
     EXPECT_EQ(atHeight().text(), "misses the selection");
+    takePicture("height-misses-selection");
     LanguageSwitch::setLanguage(LanguageSwitch::Choice::German);
     settle();
     EXPECT_EQ(atHeight().text(), "verfehlt die Auswahl");
+    takePicture("height-misses-selection-german");
     EXPECT_EQ(atHeight().toolTip(),
               QString::fromUtf8("Ein Schnitt in dieser Höhe trifft low nicht."));
     // The top face alone is nothing to cut.
